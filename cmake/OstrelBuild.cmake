@@ -1,0 +1,31 @@
+# SPDX-FileCopyrightText: 2026 The Ostrel developers
+# SPDX-License-Identifier: BSD-3-Clause
+
+# What every target of the project is built with.
+
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTOUIC ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+
+find_program(OSTREL_CCACHE ccache)
+if(OSTREL_CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${OSTREL_CCACHE})
+endif()
+
+add_library(ostrel_house INTERFACE)
+target_compile_features(ostrel_house INTERFACE cxx_std_20)
+target_compile_options(ostrel_house INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+target_compile_definitions(ostrel_house INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING
+    QT_NO_FOREACH QT_NO_CONTEXTLESS_CONNECT QT_STRICT_ITERATORS
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+target_link_options(ostrel_house INTERFACE -Wl,--no-undefined)
+if(OSTREL_WARNINGS_AS_ERRORS)
+    target_compile_options(ostrel_house INTERFACE -Werror)
+endif()
+if(OSTREL_SANITIZE)
+    add_compile_options(-fsanitize=${OSTREL_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=${OSTREL_SANITIZE})
+endif()

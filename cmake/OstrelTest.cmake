@@ -1,0 +1,49 @@
+# SPDX-FileCopyrightText: 2026 The Ostrel developers
+# SPDX-License-Identifier: BSD-3-Clause
+
+# Declares a test: an executable of its own, run in a home directory of its own under the build tree.
+#
+#   ostrel_add_test(tst_name [SOURCES file...] [LIBRARIES target...] [WORKBENCH] [DISPLAY] [TIMEOUT seconds])
+#
+# SOURCES    default tst_name.cpp
+# WORKBENCH  links the workbench's libraries; without it the shell's objects are linked with the recording host
+# DISPLAY    needs a real window system: runs under a virtual display with a window manager, label "display"
+# TIMEOUT    default 120 seconds; one test function may take a quarter of it
+function(ostrel_add_test name)
+    cmake_parse_arguments(arg "WORKBENCH;DISPLAY" "TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
+    if(NOT arg_SOURCES)
+        set(arg_SOURCES ${name}.cpp)
+    endif()
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 120)
+    endif()
+
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE ostrel_house ostrel_testsupport ${arg_LIBRARIES} Qt6::Test)
+    if(NOT arg_WORKBENCH)
+        target_link_libraries(${name} PRIVATE ostrelgui_objects hostdouble)
+    endif()
+
+    set(sandbox ${CMAKE_BINARY_DIR}/sandbox/${name})
+    file(MAKE_DIRECTORY ${sandbox}/config ${sandbox}/config-dirs ${sandbox}/data ${sandbox}/run ${sandbox}/tmp)
+    file(CHMOD ${sandbox}/run PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+    math(EXPR function_timeout "${arg_TIMEOUT} * 250")
+
+    if(arg_DISPLAY)
+        set(platform xcb)
+        add_test(NAME ${name} COMMAND ${CMAKE_SOURCE_DIR}/tests/support/with-display $<TARGET_FILE:${name}>)
+    else()
+        set(platform offscreen)
+        add_test(NAME ${name} COMMAND ${name})
+    endif()
+    set_tests_properties(${name} PROPERTIES
+        TIMEOUT ${arg_TIMEOUT}
+        ENVIRONMENT "HOME=${sandbox};XDG_CONFIG_HOME=${sandbox}/config;XDG_CONFIG_DIRS=${sandbox}/config-dirs;\
+XDG_DATA_HOME=${sandbox}/data;XDG_RUNTIME_DIR=${sandbox}/run;TMPDIR=${sandbox}/tmp;QT_QPA_PLATFORM=${platform};\
+QT_STYLE_OVERRIDE=Fusion;QT_FONT_DPI=96;QT_LOGGING_RULES=;LC_ALL=C.UTF-8;QTEST_FUNCTION_TIMEOUT=${function_timeout};\
+LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0;\
+UBSAN_OPTIONS=print_stacktrace=1")
+    if(arg_DISPLAY)
+        set_tests_properties(${name} PROPERTIES LABELS display)
+    endif()
+endfunction()

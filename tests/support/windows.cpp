@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "support/windows.h"
+
+#include <QTest>
+#include <QWidget>
+
+bool show_active(QWidget* window)
+{
+    window->show();
+    window->raise();
+    window->activateWindow();
+    return QTest::qWaitForWindowActive(window);
+}

@@ -1,0 +1,10 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+class QWidget;
+
+/** Shows @p window and makes it the active one. Returns whether that worked: to be verified, never ignored.
+ */
+[[nodiscard]] bool show_active(QWidget* window);
