@@ -1,0 +1,348 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "console/CommandWidget.h"
+#include "console/CommandWindow.h"
+#include "hostdouble/HostDouble.h"
+#include "support/TestCase.h"
+#include "support/windows.h"
+#include "workbench/console/ConsoleOwner.h"
+#include "workbench/console/LineInterpreter.h"
+
+#include <QClipboard>
+#include <QFile>
+#include <QGuiApplication>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** Records the lines that it is given and does with them what the test says. */
+class ScriptedInterpreter : public LineInterpreter
+{
+public:
+    Outcome enter(const QString& line) override
+    {
+        lines << line;
+        return reply ? reply(line) : Outcome();
+    }
+    void reset() override { ++resets; }
+
+    QStringList lines;
+    int resets = 0;
+    std::function<Outcome(const QString&)> reply;
+};
+
+void paste(CommandWidget* page, const QString& text)
+{
+    QGuiApplication::clipboard()->setText(text);
+    page->paste();
+}
+
+} // namespace
+
+class TstConsoleOwner : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void command_page_comes_first_and_is_current();
+    void typed_line_reaches_the_interpreter_and_its_reply_stands_above_the_next_prompt();
+    void incomplete_command_is_answered_with_an_indented_continuation_prompt();
+    void pasted_lines_run_in_order();
+    void trailing_empty_element_is_ignored_but_a_middle_one_runs();
+    void carriage_returns_before_pasted_line_ends_are_dropped();
+    void pasted_lines_go_where_the_caret_is();
+    void line_that_comes_while_another_runs_waits_for_its_end();
+    void lines_that_wait_can_be_given_up();
+    void run_line_keeps_what_is_half_typed();
+    void up_and_down_walk_the_history();
+    void command_is_in_the_history_file_before_it_runs();
+    void mode_change_tells_the_host_and_changes_the_prompt();
+    void mode_change_drops_the_pending_lines_of_the_old_mode();
+    void line_goes_to_the_interpreter_of_the_mode();
+    void clearing_drops_pending_lines();
+    void error_stands_on_its_page_below_its_line_and_warns();
+    void error_page_in_sight_gets_no_warning();
+    void exception_is_told_and_the_prompt_comes_back();
+    void unwritable_history_is_told_once();
+    void pages_leave_the_console_with_their_owner();
+
+private:
+    void type(const QString& text) { QTest::keyClicks(page(), text); }
+    void enter(const QString& text)
+    {
+        type(text);
+        QTest::keyClick(page(), Qt::Key_Return);
+    }
+    CommandWidget* page() const { return mOwner->command_page(); }
+    QString text() const { return page()->toPlainText(); }
+    QTabWidget* tabs() const { return mWindow->findChild<QTabWidget*>(u"mCommandTab"_s); }
+    int error_tab() const { return tabs()->indexOf(mOwner->error_page()); }
+    void make_owner(const QString& history_file);
+
+    std::unique_ptr<CommandWindow> mWindow;
+    std::unique_ptr<ConsoleOwner> mOwner;
+    ScriptedInterpreter mCommands;
+    ScriptedInterpreter mPython;
+    QTemporaryDir mDirectory;
+};
+
+void TstConsoleOwner::init()
+{
+    TestCase::init();
+    HostDouble::instance().reset();
+    mCommands = {};
+    mPython = {};
+    mWindow = std::make_unique<CommandWindow>();
+    make_owner({});
+}
+
+void TstConsoleOwner::make_owner(const QString& history_file)
+{
+    mOwner.reset();
+    mOwner = std::make_unique<ConsoleOwner>(mWindow.get(), history_file);
+    mOwner->set_interpreters(&mCommands, &mPython);
+    mOwner->set_mode_handler([](bool python) { HostDouble::instance().python_mode = python; });
+    mOwner->prompt();
+}
+
+void TstConsoleOwner::cleanup()
+{
+    mOwner.reset();
+    mWindow.reset();
+    TestCase::cleanup();
+}
+
+void TstConsoleOwner::command_page_comes_first_and_is_current()
+{
+    QCOMPARE(tabs()->count(), 2);
+    QCOMPARE(tabs()->widget(0), page());
+    QCOMPARE(tabs()->currentWidget(), page());
+    QCOMPARE(text(), u"Fennar>"_s);
+}
+
+void TstConsoleOwner::typed_line_reaches_the_interpreter_and_its_reply_stands_above_the_next_prompt()
+{
+    mCommands.reply = [this](const QString&) {
+        mWindow->print_data(u"reply\n"_s);
+        return LineInterpreter::Outcome();
+    };
+    enter(u"echo 1"_s);
+    QCOMPARE(mCommands.lines, QStringList{u"echo 1"_s});
+    QCOMPARE(text(), u"Fennar>echo 1\nreply\nFennar>"_s);
+}
+
+void TstConsoleOwner::incomplete_command_is_answered_with_an_indented_continuation_prompt()
+{
+    mCommands.reply = [](const QString&) { return LineInterpreter::Outcome{true, u"    "_s}; };
+    enter(u"echo \\"_s);
+    QCOMPARE(text(), u"Fennar>echo \\\nFennar>    "_s);
+    mCommands.reply = nullptr;
+    enter(u"2"_s);
+    QCOMPARE(mCommands.lines, QStringList({u"echo \\"_s, u"    2"_s}));
+    QVERIFY(text().endsWith(u"\nFennar>"_s));
+}
+
+void TstConsoleOwner::pasted_lines_run_in_order()
+{
+    mCommands.reply = [this](const QString& line) {
+        mWindow->print_data(line + u"!\n"_s);
+        return LineInterpreter::Outcome();
+    };
+    paste(page(), u"a\nb"_s);
+    QCOMPARE(mCommands.lines, QStringList({u"a"_s, u"b"_s}));
+    QCOMPARE(text(), u"Fennar>a\na!\nFennar>b\nb!\nFennar>"_s);
+}
+
+void TstConsoleOwner::trailing_empty_element_is_ignored_but_a_middle_one_runs()
+{
+    paste(page(), u"a\n\nb\n"_s);
+    QCOMPARE(mCommands.lines, QStringList({u"a"_s, QString(), u"b"_s}));
+}
+
+void TstConsoleOwner::carriage_returns_before_pasted_line_ends_are_dropped()
+{
+    paste(page(), u"a\r\nb\r\n"_s);
+    QCOMPARE(mCommands.lines, QStringList({u"a"_s, u"b"_s}));
+}
+
+void TstConsoleOwner::pasted_lines_go_where_the_caret_is()
+{
+    type(u"echo end"_s);
+    for (int i = 0; i < 3; ++i)
+        QTest::keyClick(page(), Qt::Key_Left);
+    paste(page(), u"1 \n2"_s);
+    QCOMPARE(mCommands.lines, QStringList({u"echo 1 end"_s, u"2"_s}));
+}
+
+void TstConsoleOwner::line_that_comes_while_another_runs_waits_for_its_end()
+{
+    QStringList log;
+    mCommands.reply = [&](const QString& line) {
+        log << u"begin "_s + line;
+        if (line == u"outer"_s)
+            mOwner->run_line(u"inner"_s);
+        log << u"end "_s + line;
+        return LineInterpreter::Outcome();
+    };
+    enter(u"outer"_s);
+    QCOMPARE(log, QStringList({u"begin outer"_s, u"end outer"_s, u"begin inner"_s, u"end inner"_s}));
+    QCOMPARE(text(), u"Fennar>outer\nFennar>inner\nFennar>"_s);
+}
+
+void TstConsoleOwner::lines_that_wait_can_be_given_up()
+{
+    mCommands.reply = [&](const QString&) {
+        mOwner->forget_waiting();
+        return LineInterpreter::Outcome();
+    };
+    paste(page(), u"a\nb\nc"_s);
+    QCOMPARE(mCommands.lines, QStringList{u"a"_s});
+}
+
+void TstConsoleOwner::run_line_keeps_what_is_half_typed()
+{
+    type(u"half"_s);
+    mOwner->run_line(u"echo 1"_s);
+    QCOMPARE(text(), u"Fennar>echo 1\nFennar>half"_s);
+}
+
+void TstConsoleOwner::up_and_down_walk_the_history()
+{
+    enter(u"one"_s);
+    enter(u"two"_s);
+    type(u"half"_s);
+    QTest::keyClick(page(), Qt::Key_Up);
+    QCOMPARE(page()->currentCommand(), u"two"_s);
+    QTest::keyClick(page(), Qt::Key_Up);
+    QCOMPARE(page()->currentCommand(), u"one"_s);
+    QTest::keyClick(page(), Qt::Key_Down);
+    QTest::keyClick(page(), Qt::Key_Down);
+    QCOMPARE(page()->currentCommand(), u"half"_s);
+    QTest::keyClick(page(), Qt::Key_Up);
+    QTest::keyClick(page(), Qt::Key_Return);
+    QCOMPARE(mOwner->history().entries(), QStringList({u"one"_s, u"two"_s}));
+    QTest::keyClick(page(), Qt::Key_Up);
+    QCOMPARE(page()->currentCommand(), u"two"_s);
+}
+
+void TstConsoleOwner::command_is_in_the_history_file_before_it_runs()
+{
+    const QString file = mDirectory.filePath(u"history"_s);
+    make_owner(file);
+    QByteArray seen;
+    mCommands.reply = [&](const QString&) {
+        QFile written(file);
+        if (written.open(QIODevice::ReadOnly))
+            seen = written.readAll();
+        return LineInterpreter::Outcome();
+    };
+    enter(u"crash"_s);
+    QCOMPARE(seen, "crash\n");
+}
+
+void TstConsoleOwner::mode_change_tells_the_host_and_changes_the_prompt()
+{
+    type(u"half"_s);
+    emit mWindow->commandModeChanged(true);
+    QVERIFY(HostDouble::instance().python_mode);
+    QVERIFY(mOwner->python_mode());
+    QCOMPARE(text(), u">>>"_s);
+    emit mWindow->commandModeChanged(false);
+    QVERIFY(!HostDouble::instance().python_mode);
+    QCOMPARE(text(), u"Fennar>"_s);
+}
+
+void TstConsoleOwner::mode_change_drops_the_pending_lines_of_the_old_mode()
+{
+    mCommands.reply = [](const QString&) { return LineInterpreter::Outcome{true, {}}; };
+    enter(u"a \\"_s);
+    emit mWindow->commandModeChanged(true);
+    QCOMPARE(mCommands.resets, 1);
+    QCOMPARE(mPython.resets, 0);
+}
+
+void TstConsoleOwner::line_goes_to_the_interpreter_of_the_mode()
+{
+    emit mWindow->commandModeChanged(true);
+    enter(u"1 + 1"_s);
+    QCOMPARE(mPython.lines, QStringList{u"1 + 1"_s});
+    emit mWindow->commandModeChanged(false);
+    enter(u"echo"_s);
+    QCOMPARE(mCommands.lines, QStringList{u"echo"_s});
+    QCOMPARE(mPython.lines.size(), 1);
+}
+
+void TstConsoleOwner::clearing_drops_pending_lines()
+{
+    mCommands.reply = [](const QString&) { return LineInterpreter::Outcome{true, {}}; };
+    enter(u"a \\"_s);
+    page()->clearToPrompt();
+    QCOMPARE(mCommands.resets, 1);
+    QCOMPARE(text(), u"Fennar>"_s);
+}
+
+void TstConsoleOwner::error_stands_on_its_page_below_its_line_and_warns()
+{
+    mCommands.reply = [this](const QString&) {
+        mOwner->report_error(u"ERROR: first\n"_s);
+        mOwner->report_error(u"more\n"_s);
+        return LineInterpreter::Outcome();
+    };
+    QVERIFY(show_active(mWindow.get()));
+    QVERIFY(tabs()->tabIcon(error_tab()).isNull());
+    enter(u"bad"_s);
+    QCOMPARE(mOwner->error_page()->toPlainText(), u"Fennar>bad\nERROR: first\nmore\n"_s);
+    QVERIFY(!tabs()->tabIcon(error_tab()).isNull());
+    tabs()->setCurrentIndex(error_tab());
+    QVERIFY(tabs()->tabIcon(error_tab()).isNull());
+}
+
+void TstConsoleOwner::error_page_in_sight_gets_no_warning()
+{
+    QVERIFY(show_active(mWindow.get()));
+    tabs()->setCurrentIndex(error_tab());
+    mOwner->report_error(u"ERROR: seen\n"_s);
+    QVERIFY(tabs()->tabIcon(error_tab()).isNull());
+}
+
+void TstConsoleOwner::exception_is_told_and_the_prompt_comes_back()
+{
+    mCommands.reply = [](const QString&) -> LineInterpreter::Outcome { throw std::runtime_error("broken"); };
+    enter(u"bad"_s);
+    QCOMPARE(text(), u"Fennar>bad\nERROR: broken\nFennar>"_s);
+    QCOMPARE(mOwner->error_page()->toPlainText(), u"Fennar>bad\nERROR: broken\n"_s);
+    mCommands.reply = nullptr;
+    enter(u"good"_s);
+    QCOMPARE(mCommands.lines, QStringList({u"bad"_s, u"good"_s}));
+}
+
+void TstConsoleOwner::unwritable_history_is_told_once()
+{
+    make_owner(mDirectory.path());
+    enter(u"a"_s);
+    enter(u"b"_s);
+    QCOMPARE(mOwner->error_page()->toPlainText().count(u"history"_s), 1);
+    QCOMPARE(mOwner->history().entries(), QStringList({u"a"_s, u"b"_s}));
+}
+
+void TstConsoleOwner::pages_leave_the_console_with_their_owner()
+{
+    mOwner.reset();
+    QCOMPARE(tabs()->count(), 0);
+    mWindow->append_command(u"nothing"_s);
+    mWindow->print_data(u"nobody\n"_s);
+}
+
+OSTREL_TEST_MAIN(TstConsoleOwner)
+#include "tst_consoleowner.moc"

@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "host/ostrelfw/CLOptions.h"
+#include "support/TestCase.h"
+#include "workbench/ostrelfw/CommandLine.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class TstCommandLine : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void no_words_start_the_window_with_nothing_to_play();
+    void words_are_read_data();
+    void words_are_read();
+    void mistakes_are_named_data();
+    void mistakes_are_named();
+    void graphics_state_is_kept();
+    void application_has_one_command_line();
+};
+
+void TstCommandLine::no_words_start_the_window_with_nothing_to_play()
+{
+    CommandLine line{QStringList()};
+    QCOMPARE(line.error(), QString());
+    QVERIFY(!line.batch_mode());
+    QVERIFY(!line.help());
+    QVERIFY(!line.version());
+    QCOMPARE(line.journal(), QString());
+}
+
+void TstCommandLine::words_are_read_data()
+{
+    QTest::addColumn<QStringList>("words");
+    QTest::addColumn<bool>("batch");
+    QTest::addColumn<QString>("journal");
+    QTest::newRow("journal") << QStringList{u"--play"_s, u"a b.jou"_s} << false << u"a b.jou"_s;
+    QTest::newRow("batch before the journal")
+        << QStringList{u"--batch"_s, u"--play"_s, u"a.jou"_s} << true << u"a.jou"_s;
+    QTest::newRow("batch behind the journal")
+        << QStringList{u"--play"_s, u"a.jou"_s, u"--batch"_s} << true << u"a.jou"_s;
+    QTest::newRow("journal named like an argument")
+        << QStringList{u"--play"_s, u"--batch"_s} << false << u"--batch"_s;
+}
+
+void TstCommandLine::words_are_read()
+{
+    QFETCH(QStringList, words);
+    CommandLine line(words);
+    QCOMPARE(line.error(), QString());
+    QTEST(line.batch_mode(), "batch");
+    QTEST(line.journal(), "journal");
+}
+
+void TstCommandLine::mistakes_are_named_data()
+{
+    QTest::addColumn<QStringList>("words");
+    QTest::addColumn<QString>("error");
+    QTest::newRow("unknown argument") << QStringList{u"--fast"_s} << u"unknown argument \"--fast\""_s;
+    QTest::newRow("journal without a name")
+        << QStringList{u"--play"_s} << u"--play needs the name of a journal"_s;
+    QTest::newRow("batch without a journal")
+        << QStringList{u"--batch"_s} << u"--batch needs a journal: add --play FILE"_s;
+}
+
+void TstCommandLine::mistakes_are_named()
+{
+    QFETCH(QStringList, words);
+    QTEST(CommandLine(words).error(), "error");
+}
+
+void TstCommandLine::graphics_state_is_kept()
+{
+    CommandLine line{QStringList()};
+    QCOMPARE(line.graphics_state(), 0);
+    line.set_graphics_state(2);
+    QCOMPARE(line.graphics_state(), 2);
+}
+
+void TstCommandLine::application_has_one_command_line()
+{
+    QCOMPARE(CLOptions::instance(), &CommandLine::of_application());
+}
+
+OSTREL_TEST_MAIN(TstCommandLine)
+#include "tst_commandline.moc"

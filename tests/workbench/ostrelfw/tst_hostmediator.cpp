@@ -1,0 +1,136 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "host/ostrelfw/Broker.h"
+#include "host/ostrelfw/ComponentRecord.h"
+#include "host/ostrelfw/ComponentTracker.h"
+#include "support/TestCase.h"
+#include "workbench/ostrelfw/HostMediator.h"
+
+#include <QCoreApplication>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class TstHostMediator : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup();
+
+    void broker_hands_it_out();
+    void exit_request_reaches_the_handler();
+    void new_event_reaches_the_handler();
+    void requests_without_a_handler_do_nothing();
+    void playback_directory_rule_is_kept();
+    void trackers_stay_in_order_and_are_added_once();
+    void unknown_and_null_trackers_are_ignored();
+    void there_are_no_components();
+    void component_path_is_kept();
+    void search_for_components_starts_beside_the_program();
+};
+
+void TstHostMediator::cleanup()
+{
+    HostMediator::instance().set_exit_handler(nullptr);
+    HostMediator::instance().set_event_handler(nullptr);
+    TestCase::cleanup();
+}
+
+void TstHostMediator::broker_hands_it_out()
+{
+    QCOMPARE(Broker::instance(), &HostMediator::instance());
+}
+
+void TstHostMediator::exit_request_reaches_the_handler()
+{
+    int requests = 0;
+    HostMediator::instance().set_exit_handler([&] { ++requests; });
+    Broker::instance()->request_exit();
+    QCOMPARE(requests, 1);
+}
+
+void TstHostMediator::new_event_reaches_the_handler()
+{
+    int events = 0;
+    HostMediator::instance().set_event_handler([&] { ++events; });
+    Broker::instance()->handle_new_event();
+    Broker::instance()->handle_new_event();
+    QCOMPARE(events, 2);
+}
+
+void TstHostMediator::requests_without_a_handler_do_nothing()
+{
+    bool called = false;
+    HostMediator::instance().set_exit_handler([&] { called = true; });
+    HostMediator::instance().set_exit_handler(nullptr);
+    Broker::instance()->request_exit();
+    Broker::instance()->handle_new_event();
+    QVERIFY(!called);
+}
+
+void TstHostMediator::playback_directory_rule_is_kept()
+{
+    QVERIFY(!Broker::instance()->change_dir_on_playback());
+    Broker::instance()->set_change_dir_on_playback(true);
+    QVERIFY(Broker::instance()->change_dir_on_playback());
+    Broker::instance()->set_change_dir_on_playback(false);
+    QVERIFY(!Broker::instance()->change_dir_on_playback());
+}
+
+void TstHostMediator::trackers_stay_in_order_and_are_added_once()
+{
+    ComponentTracker first;
+    ComponentTracker second;
+    HostMediator& mediator = HostMediator::instance();
+    mediator.add_component_tracker(&first);
+    mediator.add_component_tracker(&second);
+    mediator.add_component_tracker(&first);
+    QCOMPARE(mediator.trackers(), (std::vector<ComponentTracker*>{&first, &second}));
+    mediator.remove_component_tracker(&first);
+    QCOMPARE(mediator.trackers(), std::vector<ComponentTracker*>{&second});
+    mediator.remove_component_tracker(&second);
+    QVERIFY(mediator.trackers().empty());
+}
+
+void TstHostMediator::unknown_and_null_trackers_are_ignored()
+{
+    ComponentTracker known;
+    ComponentTracker unknown;
+    HostMediator& mediator = HostMediator::instance();
+    mediator.add_component_tracker(&known);
+    mediator.add_component_tracker(nullptr);
+    mediator.remove_component_tracker(&unknown);
+    mediator.remove_component_tracker(nullptr);
+    QCOMPARE(mediator.trackers(), std::vector<ComponentTracker*>{&known});
+    mediator.remove_component_tracker(&known);
+}
+
+void TstHostMediator::there_are_no_components()
+{
+    std::vector<ComponentRecord> components(3);
+    Broker::instance()->get_components(components);
+    QVERIFY(components.empty());
+}
+
+void TstHostMediator::component_path_is_kept()
+{
+    Broker::instance()->set_component_path(u"/a;/b c"_s);
+    QString path;
+    Broker::instance()->get_component_path(path);
+    QCOMPARE(path, u"/a;/b c"_s);
+    Broker::instance()->set_component_path({});
+    Broker::instance()->get_component_path(path);
+    QCOMPARE(path, QString());
+}
+
+void TstHostMediator::search_for_components_starts_beside_the_program()
+{
+    QString directory;
+    Broker::instance()->get_component_directory(directory);
+    QCOMPARE(directory, QCoreApplication::applicationDirPath());
+}
+
+OSTREL_TEST_MAIN(TstHostMediator)
+#include "tst_hostmediator.moc"

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "frame/MainFrame.h"
+
+#include <QElapsedTimer>
+#include <QString>
+
+#include <memory>
+
+class ConsoleOwner;
+class LineInterpreter;
+
+/**
+ * The reference application: joins the shell, the command interpreter, Python and the console owner.
+ *
+ * It shows how a host drives the shell, call by call. One object at a time; it needs an application object and is
+ * used on its thread.
+ */
+class Workbench
+{
+public:
+    /** Makes the interpreters ready. There is no window yet. */
+    Workbench();
+    ~Workbench();
+
+    /**
+     * Brings the main window up, with a splash screen meanwhile.
+     *
+     * @return false if there is no QApplication: the workbench then can only play_batch().
+     */
+    bool load();
+    /** Runs the event loop until the user closes the window or enters "quit". */
+    void run();
+    /** Takes the main window down. */
+    void unload();
+
+    /** Plays @p journal as though "play" had been typed, once the event loop runs. */
+    void play_later(const QString& journal);
+
+    /**
+     * Plays @p journal without a window. Output goes to standard output, errors to standard error.
+     *
+     * @return the program's exit status: 0, or 1 if the journal failed.
+     */
+    int play_batch(const QString& journal);
+
+    /** The console's pages; null while there is no window. */
+    ConsoleOwner* console() const { return mConsole.get(); }
+    /** Where the commands entered are kept for the next run. */
+    static QString history_file();
+
+private:
+    void set_up_commands();
+    void set_up_python();
+    void report_error(const QString& text);
+    void echo(const QString& line);
+    void give_turn();
+    void quit();
+
+    MainFrame mFrame;
+    std::unique_ptr<LineInterpreter> mCommands;
+    std::unique_ptr<LineInterpreter> mPython;
+    std::unique_ptr<ConsoleOwner> mConsole;
+    QElapsedTimer mLastTurn;
+};

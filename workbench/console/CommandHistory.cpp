@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/console/CommandHistory.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+/** Entries that may gather in the file beyond the limit before it is written anew. */
+constexpr qsizetype slack = 1000;
+
+QStringList read_lines(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+CommandHistory::CommandHistory(const QString& file) : mFile(file)
+{
+    if (!mFile.isEmpty())
+        mEntries = read_lines(mFile);
+    const qsizetype surplus = mEntries.size() - limit;
+    if (surplus > 0)
+        mEntries.remove(0, surplus);
+    if (surplus > slack) {
+        QSaveFile shortened(mFile);
+        if (shortened.open(QIODevice::WriteOnly)) {
+            shortened.write(mEntries.join(u'\n').toUtf8() + '\n');
+            shortened.commit();
+        }
+    }
+    mPosition = mEntries.size();
+}
+
+bool CommandHistory::add(const QString& command)
+{
+    QString entry = command;
+    std::replace_if(
+        entry.begin(), entry.end(),
+        [](QChar c) { return c == u'\n' || c == u'\r' || c == QChar::ParagraphSeparator; }, u' ');
+    bool written = true;
+    if (!entry.trimmed().isEmpty() && (mEntries.isEmpty() || mEntries.last() != entry)) {
+        mEntries.append(entry);
+        if (mEntries.size() > limit)
+            mEntries.removeFirst();
+        if (!mFile.isEmpty()) {
+            QDir().mkpath(QFileInfo(mFile).path());
+            const QByteArray line = entry.toUtf8() + '\n';
+            QFile file(mFile);
+            written = file.open(QIODevice::WriteOnly | QIODevice::Append) &&
+                      file.write(line) == line.size() && file.flush();
+        }
+    }
+    reset_position();
+    return written;
+}
+
+QString CommandHistory::previous(const QString& typed)
+{
+    if (mEntries.isEmpty())
+        return typed;
+    if (mPosition == mEntries.size())
+        mTyped = typed;
+    mPosition = std::max<qsizetype>(mPosition - 1, 0);
+    return mEntries[mPosition];
+}
+
+QString CommandHistory::next(const QString& typed)
+{
+    if (mPosition == mEntries.size())
+        return typed;
+    ++mPosition;
+    return mPosition == mEntries.size() ? std::exchange(mTyped, {}) : mEntries[mPosition];
+}
+
+void CommandHistory::reset_position()
+{
+    mPosition = mEntries.size();
+    mTyped.clear();
+}

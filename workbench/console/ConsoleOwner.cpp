@@ -1,0 +1,182 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/console/ConsoleOwner.h"
+
+#include "console/CommandWidget.h"
+#include "console/CommandWindow.h"
+#include "workbench/console/LineInterpreter.h"
+
+#include <QScrollBar>
+#include <QTextCursor>
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+ConsoleOwner::ConsoleOwner(CommandWindow* window, const QString& history_file)
+    : mWindow(window),
+      mPage(std::make_unique<CommandWidget>()),
+      mErrors(std::make_unique<QPlainTextEdit>()),
+      mHistory(history_file)
+{
+    mPage->setObjectName(u"commandPage"_s);
+    mPage->setAccessibleName(tr("Command"));
+    mPage->setPrompt(u"Fennar>"_s);
+    mErrors->setObjectName(u"errorPage"_s);
+    mErrors->setAccessibleName(tr("Errors"));
+    mErrors->setReadOnly(true);
+    mErrors->setLineWrapMode(QPlainTextEdit::NoWrap);
+
+    connect(window, &CommandWindow::readOnlyChanged, mPage.get(), &CommandWidget::setReadOnly);
+    connect(window, &CommandWindow::readyForPrompt, mPage.get(), &CommandWidget::printPrompt);
+    connect(window, &CommandWindow::dataToPrint, mPage.get(), &CommandWidget::printOutput);
+    connect(window, &CommandWindow::commandToPrint, mPage.get(), &CommandWidget::addExternalCommand);
+    connect(window, &CommandWindow::commandModeChanged, this, &ConsoleOwner::change_mode);
+
+    connect(mPage.get(), &CommandWidget::commandEntered, this, &ConsoleOwner::run_entered);
+    connect(mPage.get(), &CommandWidget::commandsEntered, this, &ConsoleOwner::run_pasted);
+    connect(mPage.get(), &CommandWidget::contentsCleared, this, &ConsoleOwner::forget_pending);
+    connect(mPage.get(), &CommandWidget::resetHistoryIndex, this, [this] { mHistory.reset_position(); });
+    connect(mPage.get(), &CommandWidget::historyUpEvent, this,
+            [this] { mPage->setCurrentCommand(mHistory.previous(mPage->currentCommand())); });
+    connect(mPage.get(), &CommandWidget::historyDownEvent, this,
+            [this] { mPage->setCurrentCommand(mHistory.next(mPage->currentCommand())); });
+
+    window->add_command_tab(tr("Command"), mPage.get());
+    window->add_command_tab(tr("Errors"), mErrors.get());
+}
+
+ConsoleOwner::~ConsoleOwner()
+{
+    mWindow->remove_command_tab(mErrors.get());
+    mWindow->remove_command_tab(mPage.get());
+}
+
+void ConsoleOwner::set_interpreters(LineInterpreter* commands, LineInterpreter* python)
+{
+    mCommands = commands;
+    mPython = python;
+}
+
+void ConsoleOwner::set_mode_handler(std::function<void(bool)> handler)
+{
+    mModeHandler = std::move(handler);
+}
+
+void ConsoleOwner::prompt()
+{
+    mWindow->print_prompt(mIncomplete, mIndent.toUtf8().constData());
+}
+
+void ConsoleOwner::run_line(const QString& line)
+{
+    mWaiting.append(line);
+    if (mRunning)
+        return;
+    const QString typed = mPage->currentCommand();
+    run_waiting();
+    if (!typed.isEmpty() && !mIncomplete)
+        mPage->setCurrentCommand(typed);
+}
+
+void ConsoleOwner::run_entered(const QString& line)
+{
+    // The page has opened a new line already. What cannot run now is shown again when its turn comes.
+    if (mRunning) {
+        mWaiting.append(line);
+        return;
+    }
+    run_now(line);
+    run_waiting();
+}
+
+void ConsoleOwner::run_pasted(const QStringList& lines)
+{
+    QStringList commands = lines;
+    for (QString& command : commands) {
+        if (command.endsWith(u'\r'))
+            command.chop(1);
+    }
+    // A text that ends in a line end is complete; there is no empty command behind it.
+    if (!commands.isEmpty() && commands.last().isEmpty())
+        commands.removeLast();
+    if (commands.isEmpty())
+        return;
+    if (!mRunning) {
+        // Lines pasted into a half-typed command go where the caret is, as a single word would.
+        QString typed = mPage->currentCommand();
+        const int caret = mPage->cursorIndex();
+        commands.first() = typed.insert(caret < 0 ? typed.size() : caret, commands.first());
+    }
+    mWaiting.append(commands);
+    if (!mRunning)
+        run_waiting();
+}
+
+void ConsoleOwner::run_waiting()
+{
+    while (!mWaiting.isEmpty()) {
+        const QString line = mWaiting.takeFirst();
+        mPage->addExternalCommand(line);
+        run_now(line);
+    }
+}
+
+void ConsoleOwner::run_now(const QString& line)
+{
+    if (!mHistory.add(line) && !std::exchange(mHistoryBroken, true))
+        report_error(tr("The command history cannot be written; it will be lost at the end.\n"));
+    mErrorContext = mPage->prompt() + line;
+    mRunning = true;
+    LineInterpreter::Outcome outcome;
+    try {
+        if (LineInterpreter* running = interpreter())
+            outcome = running->enter(line);
+    } catch (const std::exception& exception) {
+        const QString text = tr("ERROR: %1\n").arg(QString::fromUtf8(exception.what()));
+        mWindow->print_data(text);
+        report_error(text);
+    }
+    mRunning = false;
+    mIncomplete = outcome.incomplete;
+    mIndent = outcome.indent;
+    prompt();
+}
+
+void ConsoleOwner::forget_waiting()
+{
+    mWaiting.clear();
+}
+
+void ConsoleOwner::report_error(const QString& text)
+{
+    QString entry = text;
+    if (!mErrorContext.isEmpty())
+        entry.prepend(std::exchange(mErrorContext, {}) + u'\n');
+    QTextCursor cursor(mErrors->document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertText(entry);
+    mErrors->verticalScrollBar()->setValue(mErrors->verticalScrollBar()->maximum());
+    if (!mErrors->isVisible())
+        mWindow->set_tab_warning(mErrors.get());
+}
+
+void ConsoleOwner::change_mode(bool python)
+{
+    forget_pending();
+    mPythonMode = python;
+    if (mModeHandler)
+        mModeHandler(python);
+    mWindow->set_python_mode(python);
+}
+
+void ConsoleOwner::forget_pending()
+{
+    if (LineInterpreter* pending = interpreter())
+        pending->reset();
+    mIncomplete = false;
+    mIndent.clear();
+}

@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/Workbench.h"
+#include "workbench/ostrelfw/CommandLine.h"
+
+#include <QApplication>
+
+#include <algorithm>
+#include <clocale>
+#include <cstdio>
+#include <cstring>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** Whether the program can do what it was asked to without a display. */
+bool works_without_display(int argc, char** argv)
+{
+    return std::any_of(argv + 1, argv + argc, [](const char* word) {
+        return !std::strcmp(word, "--batch") || !std::strcmp(word, "--help") || !std::strcmp(word, "-h") ||
+               !std::strcmp(word, "--version");
+    });
+}
+
+std::unique_ptr<QCoreApplication> make_application(int& argc, char** argv)
+{
+    QCoreApplication::setOrganizationName(u"ostrel"_s);
+    QCoreApplication::setApplicationName(u"fennar"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(OSTREL_VERSION));
+    std::unique_ptr<QCoreApplication> application;
+    if (works_without_display(argc, argv))
+        application = std::make_unique<QCoreApplication>(argc, argv);
+    else
+        application = std::make_unique<QApplication>(argc, argv);
+    // The application object has taken the numbers of the user's language over for all of the C library. Commands,
+    // Python and files have a decimal point in every language.
+    std::setlocale(LC_NUMERIC, "C");
+    return application;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const std::unique_ptr<QCoreApplication> application = make_application(argc, argv);
+    CommandLine& command_line = CommandLine::of_application();
+    if (!command_line.error().isEmpty()) {
+        std::fprintf(stderr, "fennar: %s\n%s", qPrintable(command_line.error()), qPrintable(CommandLine::usage()));
+        return 2;
+    }
+    if (command_line.help()) {
+        std::fputs(qPrintable(CommandLine::usage()), stdout);
+        return 0;
+    }
+    if (command_line.version()) {
+        std::puts("fennar " OSTREL_VERSION);
+        return 0;
+    }
+
+    Workbench workbench;
+    if (command_line.batch_mode())
+        return workbench.play_batch(command_line.journal());
+    workbench.load();
+    if (!command_line.journal().isEmpty())
+        workbench.play_later(command_line.journal());
+    workbench.run();
+    workbench.unload();
+    return 0;
+}

@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/ostrelfw/CommandLine.h"
+
+#include <QCoreApplication>
+
+using namespace Qt::StringLiterals;
+
+CommandLine::CommandLine(const QStringList& words)
+{
+    for (qsizetype i = 0; i < words.size() && mError.isEmpty(); ++i) {
+        const QString& word = words[i];
+        if (word == "--batch"_L1)
+            mBatch = true;
+        else if (word == "--help"_L1 || word == "-h"_L1)
+            mHelp = true;
+        else if (word == "--version"_L1)
+            mVersion = true;
+        else if (word == "--play"_L1 && i + 1 < words.size())
+            mJournal = words[++i];
+        else if (word == "--play"_L1)
+            mError = u"--play needs the name of a journal"_s;
+        else
+            mError = u"unknown argument \"%1\""_s.arg(word);
+    }
+    if (mError.isEmpty() && mBatch && mJournal.isEmpty() && !mHelp && !mVersion)
+        mError = u"--batch needs a journal: add --play FILE"_s;
+}
+
+CommandLine::~CommandLine() = default;
+
+CommandLine& CommandLine::of_application()
+{
+    static CommandLine command_line(QCoreApplication::arguments().mid(1));
+    return command_line;
+}
+
+QString CommandLine::usage()
+{
+    return u"Usage: fennar [--batch] [--play FILE]\n"
+           "\n"
+           "  --play FILE  play a journal of commands, or of Python if its name ends in .py\n"
+           "  --batch      open no window: play the journal and end, with status 1 if it failed\n"
+           "  --version    print the version and end\n"
+           "  --help       print this text and end\n"_s;
+}
+
+void CommandLine::set_graphics_state(int state)
+{
+    mGraphicsState = state;
+}
+
+bool CommandLine::batch_mode()
+{
+    return mBatch;
+}

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "host/ostrelfw/CLParser.h"
+
+#include <QString>
+#include <QStringList>
+
+/** The workbench's command line. */
+class CommandLine : public CLParser
+{
+public:
+    /** Reads the words behind the program's name. */
+    explicit CommandLine(const QStringList& words);
+    ~CommandLine() override;
+
+    /** The one that the application was started with, as CLOptions gives it; an application object must
+     * exist. */
+    static CommandLine& of_application();
+
+    /** What is wrong with the command line, as a text for the user; empty if nothing is. */
+    QString error() const { return mError; }
+    /** Whether only the usage was asked for. */
+    bool help() const { return mHelp; }
+    /** Whether only the version was asked for. */
+    bool version() const { return mVersion; }
+    /** The journal to play after the start; empty for none. */
+    QString journal() const { return mJournal; }
+    /** How the program is called, as a text of several lines. */
+    static QString usage();
+
+    /** What the main window has reported last: 0 nothing, 1 its graphics widget has gone, 2 one has come. */
+    int graphics_state() const { return mGraphicsState; }
+
+    void set_graphics_state(int state) override;
+    bool batch_mode() override;
+
+private:
+    QString mError;
+    QString mJournal;
+    int mGraphicsState = 0;
+    bool mBatch = false;
+    bool mHelp = false;
+    bool mVersion = false;
+};
