@@ -9,15 +9,17 @@
 #include <QString>
 
 #include <memory>
+#include <mutex>
 
 class ConsoleOwner;
 class LineInterpreter;
+class OutputHandler;
 
 /**
  * The reference application: joins the shell, the command interpreter, Python and the console owner.
  *
- * It shows how a host drives the shell, call by call. One object at a time; it needs an application object and is
- * used on its thread.
+ * It shows how a host drives the shell, call by call. One object at a time; it needs an application object
+ * and is used on its thread.
  */
 class Workbench
 {
@@ -55,8 +57,10 @@ public:
 private:
     void set_up_commands();
     void set_up_python();
+    void set_console(OutputHandler* window);
     void report_error(const QString& text);
     void echo(const QString& line);
+    void announce_output();
     void give_turn();
     void quit();
 
@@ -65,4 +69,8 @@ private:
     std::unique_ptr<LineInterpreter> mPython;
     std::unique_ptr<ConsoleOwner> mConsole;
     QElapsedTimer mLastTurn;
+    /** Guards mAnnounce, and the window while a thread announces its output. */
+    std::mutex mFrameMutex;
+    bool mAnnounce = false;
+    bool mQuitting = false;
 };

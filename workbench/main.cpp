@@ -34,8 +34,8 @@ std::unique_ptr<QCoreApplication> make_application(int& argc, char** argv)
         application = std::make_unique<QCoreApplication>(argc, argv);
     else
         application = std::make_unique<QApplication>(argc, argv);
-    // The application object has taken the numbers of the user's language over for all of the C library. Commands,
-    // Python and files have a decimal point in every language.
+    // The application object has taken the numbers of the user's language over for all of the C library.
+    // Commands, Python and files have a decimal point in every language.
     std::setlocale(LC_NUMERIC, "C");
     return application;
 }
@@ -47,7 +47,8 @@ int main(int argc, char** argv)
     const std::unique_ptr<QCoreApplication> application = make_application(argc, argv);
     CommandLine& command_line = CommandLine::of_application();
     if (!command_line.error().isEmpty()) {
-        std::fprintf(stderr, "fennar: %s\n%s", qPrintable(command_line.error()), qPrintable(CommandLine::usage()));
+        std::fprintf(stderr, "fennar: %s\n%s", qPrintable(command_line.error()),
+                     qPrintable(CommandLine::usage()));
         return 2;
     }
     if (command_line.help()) {

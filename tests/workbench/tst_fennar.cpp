@@ -1,0 +1,250 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "support/TestCase.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** How a run of the program ended, and what it printed. */
+struct Run
+{
+    QProcess::ExitStatus status = QProcess::CrashExit;
+    int code = -1;
+    QString output;
+    QString errors;
+};
+
+/** Far longer than any run takes; a program that hangs is killed then. */
+constexpr int patience_ms = 60'000;
+
+Run run(const QStringList& arguments, const QHash<QString, QString>& environment = {},
+        const QString& program = QStringLiteral(FENNAR))
+{
+    QProcess process;
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    for (auto it = environment.begin(); it != environment.end(); ++it)
+        variables.insert(it.key(), it.value());
+    process.setProcessEnvironment(variables);
+    process.start(program, arguments);
+    Run result;
+    if (!process.waitForFinished(patience_ms)) {
+        process.kill();
+        process.waitForFinished();
+        result.errors = u"did not end: "_s + QString::fromUtf8(process.readAllStandardError());
+        return result;
+    }
+    result.status = process.exitStatus();
+    result.code = process.exitCode();
+    result.output = QString::fromUtf8(process.readAllStandardOutput());
+    result.errors = QString::fromUtf8(process.readAllStandardError());
+    return result;
+}
+
+} // namespace
+
+/** The program as it is started from a shell. */
+class TstFennar : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void help_and_version_need_no_display();
+    void wrong_argument_is_named_with_the_usage();
+    void batch_run_prints_and_succeeds();
+    void batch_run_fails_with_file_and_line();
+    void batch_run_of_python_tells_the_traceback_of_a_failure();
+    void batch_run_of_a_missing_journal_fails();
+    void window_run_plays_and_ends_with_quit();
+    void numbers_have_a_point_in_a_german_system_data();
+    void numbers_have_a_point_in_a_german_system();
+    void python_of_the_environment_is_not_used();
+    void command_that_crashes_the_program_is_in_the_history_after_it();
+    void navigation_files_that_are_missing_or_broken_keep_the_window_usable_data();
+    void navigation_files_that_are_missing_or_broken_keep_the_window_usable();
+
+private:
+    QString write(const QString& name, const QByteArray& content);
+
+    std::unique_ptr<QTemporaryDir> mDirectory;
+};
+
+void TstFennar::init()
+{
+    TestCase::init();
+    mDirectory = std::make_unique<QTemporaryDir>();
+}
+
+QString TstFennar::write(const QString& name, const QByteArray& content)
+{
+    const QString path = mDirectory->filePath(name);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("the file could not be written");
+    return path;
+}
+
+void TstFennar::help_and_version_need_no_display()
+{
+    const QHash<QString, QString> no_display{{u"QT_QPA_PLATFORM"_s, u"no-such-platform"_s}};
+    const Run help = run({u"--help"_s}, no_display);
+    QCOMPARE(help.code, 0);
+    QVERIFY2(help.output.startsWith("Usage: fennar "_L1), qPrintable(help.output));
+    const Run version = run({u"--version"_s}, no_display);
+    QCOMPARE(version.code, 0);
+    QVERIFY2(version.output.startsWith("fennar "_L1), qPrintable(version.output));
+}
+
+void TstFennar::wrong_argument_is_named_with_the_usage()
+{
+    const Run wrong = run({u"--batch"_s, u"--fast"_s});
+    QCOMPARE(wrong.code, 2);
+    QVERIFY2(wrong.errors.contains("unknown argument \"--fast\""_L1), qPrintable(wrong.errors));
+    QVERIFY2(wrong.errors.contains("Usage: fennar "_L1), qPrintable(wrong.errors));
+}
+
+void TstFennar::batch_run_prints_and_succeeds()
+{
+    const QString journal = write(u"good.jou"_s, "set a 1.5\necho a is $a\npython print(2.5)\n");
+    const Run good = run({u"--batch"_s, u"--play"_s, journal}, {{u"QT_QPA_PLATFORM"_s, u"no-such-platform"_s}});
+    QCOMPARE(good.code, 0);
+    QCOMPARE(good.errors, QString());
+    QVERIFY2(good.output.contains("a is 1.5\n"_L1), qPrintable(good.output));
+    QVERIFY2(good.output.contains("2.5\n"_L1), qPrintable(good.output));
+}
+
+void TstFennar::batch_run_fails_with_file_and_line()
+{
+    const QString journal = write(u"bad.jou"_s, "echo one\nnonsense\necho never\n");
+    const Run bad = run({u"--batch"_s, u"--play"_s, journal});
+    QCOMPARE(bad.code, 1);
+    QVERIFY2(bad.errors.contains(journal + u":2"_s), qPrintable(bad.errors));
+    QVERIFY(!bad.output.contains("never"_L1));
+}
+
+void TstFennar::batch_run_of_python_tells_the_traceback_of_a_failure()
+{
+    const QString journal = write(u"bad.py"_s, "print('one')\nraise ValueError('wrong')\n");
+    const Run bad = run({u"--batch"_s, u"--play"_s, journal});
+    QCOMPARE(bad.code, 1);
+    QVERIFY2(bad.output.contains("one\n"_L1), qPrintable(bad.output));
+    QVERIFY2(bad.errors.contains("line 2"_L1), qPrintable(bad.errors));
+    QVERIFY2(bad.errors.contains("ValueError: wrong"_L1), qPrintable(bad.errors));
+}
+
+void TstFennar::batch_run_of_a_missing_journal_fails()
+{
+    const Run missing = run({u"--batch"_s, u"--play"_s, u"/no/such/journal.jou"_s});
+    QCOMPARE(missing.code, 1);
+    QVERIFY2(missing.errors.contains("/no/such/journal.jou"_L1), qPrintable(missing.errors));
+}
+
+void TstFennar::window_run_plays_and_ends_with_quit()
+{
+    const QString picture = mDirectory->filePath(u"window.png"_s);
+    const QString journal = write(u"short.jou"_s, "echo one\npicture \"" + picture.toUtf8() + "\"\nquit\n");
+    const Run ended = run({u"--play"_s, journal});
+    QCOMPARE(ended.status, QProcess::NormalExit);
+    QCOMPARE(ended.code, 0);
+    QVERIFY(QFileInfo::exists(picture));
+}
+
+void TstFennar::numbers_have_a_point_in_a_german_system_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("without a window") << QStringList{u"--batch"_s};
+    QTest::newRow("with a window") << QStringList();
+}
+
+void TstFennar::numbers_have_a_point_in_a_german_system()
+{
+    QFETCH(QStringList, arguments);
+    const QString result = mDirectory->filePath(u"result"_s);
+    // The C library's own formatting is asked through ctypes, so that Python's does not hide it.
+    write(u"numbers.py"_s, "import ctypes, fennar, locale\n"
+                           "libc = ctypes.CDLL(None)\n"
+                           "buffer = ctypes.create_string_buffer(20)\n"
+                           "libc.snprintf(buffer, 20, b'%.2f', ctypes.c_double(1.5))\n"
+                           "libc.strtod.restype = ctypes.c_double\n"
+                           "fennar.cmd('set a 2.25')\n"
+                           "with open('" +
+                               result.toUtf8() +
+                               "', 'w') as file:\n"
+                               "    print(locale.setlocale(locale.LC_CTYPE), file=file)\n"
+                               "    print(locale.setlocale(locale.LC_NUMERIC), file=file)\n"
+                               "    print(buffer.value.decode(), libc.strtod(b'2.5', None), 3.5, file=file)\n");
+    const QString journal =
+        write(u"numbers.jou"_s, "play \"" + mDirectory->filePath(u"numbers.py"_s).toUtf8() + "\"\nquit\n");
+    const Run german =
+        run(arguments + QStringList{u"--play"_s, journal},
+            {{u"LC_ALL"_s, u"de_DE.UTF-8"_s}, {u"LANG"_s, u"de_DE.UTF-8"_s}, {u"LANGUAGE"_s, u"de"_s}});
+    QVERIFY2(german.code == 0, qPrintable(german.errors));
+    QFile file(result);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArrayList lines = file.readAll().split('\n');
+    QCOMPARE(lines.value(0), "de_DE.UTF-8");
+    QCOMPARE(lines.value(1), "C");
+    QCOMPARE(lines.value(2), "1.50 2.5 3.5");
+}
+
+void TstFennar::python_of_the_environment_is_not_used()
+{
+    const QString journal = write(u"paths.py"_s, "import sys\nprint('\\n'.join(sys.path))\nimport json\n");
+    const Run isolated = run({u"--batch"_s, u"--play"_s, journal},
+                             {{u"PYTHONHOME"_s, u"/no/such/python"_s},
+                              {u"PYTHONPATH"_s, u"/no/such/path"_s},
+                              {u"PATH"_s, u"/no/such/programs"_s}});
+    QVERIFY2(isolated.code == 0, qPrintable(isolated.errors));
+    QVERIFY2(!isolated.output.contains("/no/such"_L1), qPrintable(isolated.output));
+}
+
+void TstFennar::command_that_crashes_the_program_is_in_the_history_after_it()
+{
+    const QString data = mDirectory->filePath(u"data"_s);
+    const QString journal = write(u"crash.py"_s, "import os\nos._exit(7)\n");
+    QCOMPARE(run({u"--play"_s, journal}, {{u"XDG_DATA_HOME"_s, data}}).code, 7);
+    QFile history(data + u"/ostrel/fennar/history"_s);
+    QVERIFY(history.open(QIODevice::ReadOnly));
+    QVERIFY(QString::fromUtf8(history.readAll()).contains(journal));
+}
+
+void TstFennar::navigation_files_that_are_missing_or_broken_keep_the_window_usable_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("no directory") << QByteArray();
+    QTest::newRow("broken file") << QByteArray("<navigation version=\"1\"><page title=");
+    QTest::newRow("binary file") << QByteArray("\x7f"
+                                               "ELF\0\0\xff\xfe",
+                                               8);
+}
+
+void TstFennar::navigation_files_that_are_missing_or_broken_keep_the_window_usable()
+{
+    QFETCH(QByteArray, content);
+    // The program looks beside itself for the files.
+    const QString program = mDirectory->filePath(u"fennar"_s);
+    QVERIFY(QFile::copy(QStringLiteral(FENNAR), program));
+    if (!content.isNull()) {
+        QVERIFY(QDir(mDirectory->path()).mkpath(u"xml/action-based-xml"_s));
+        write(u"xml/action-based-xml/a.xml"_s, content);
+    }
+    const QString picture = mDirectory->filePath(u"window.png"_s);
+    const QString journal = write(u"short.jou"_s, "picture \"" + picture.toUtf8() + "\"\nquit\n");
+    const Run ended = run({u"--play"_s, journal}, {}, program);
+    QVERIFY2(ended.code == 0, qPrintable(ended.errors));
+    QVERIFY(QFileInfo::exists(picture));
+}
+
+OSTREL_TEST_MAIN(TstFennar)
+#include "tst_fennar.moc"

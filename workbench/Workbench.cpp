@@ -1,0 +1,262 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/Workbench.h"
+
+#include "console/CommandWindow.h"
+#include "frame/Ostrel.h"
+#include "host/ostrelfw/Broker.h"
+#include "host/ostrelfw/Framework.h"
+#include "host/ostrelfw/Mediator.h"
+#include "host/ostrelfw/OutputHandler.h"
+#include "workbench/console/ConsoleOwner.h"
+#include "workbench/console/LineInterpreter.h"
+#include "workbench/fennar_python/PythonConsole.h"
+#include "workbench/fennar_python/PythonRuntime.h"
+#include "workbench/fennar_python/make_python_interpreter.h"
+#include "workbench/fennari19/CommandCall.h"
+#include "workbench/fennari19/Fennar.h"
+#include "workbench/navigation/CommandSink.h"
+#include "workbench/ostrelfw/FrameworkInterpreters.h"
+#include "workbench/ostrelfw/HostMediator.h"
+#include "workbench/ostrelfw/OutputRouter.h"
+
+#include <QCoreApplication>
+#include <QPixmap>
+#include <QStandardPaths>
+#include <QTimer>
+
+#include <algorithm>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** How often, in milliseconds, work that goes on gives the shell its turn. */
+constexpr qint64 turn_interval = 50;
+
+class CommandLines : public LineInterpreter
+{
+public:
+    Outcome enter(const QString& line) override
+    {
+        return {Fennar::instance().interpreter().enter(line) == CommandInterpreter::Result::Incomplete, {}};
+    }
+    void reset() override { Fennar::instance().interpreter().reset(); }
+};
+
+class PythonLines : public LineInterpreter
+{
+public:
+    Outcome enter(const QString& line) override
+    {
+        const PythonConsole::Outcome outcome = mConsole.enter(line);
+        return {outcome.incomplete, outcome.indent};
+    }
+    void reset() override { mConsole.reset(); }
+
+private:
+    PythonConsole mConsole{PythonRuntime::user_namespace()};
+};
+
+void print_to(std::FILE* file, const QString& text)
+{
+    const QByteArray bytes = text.toUtf8();
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), file);
+    std::fflush(file);
+}
+
+/** "python STATEMENT...": the words, joined with blanks, are one Python source. */
+void run_python_command(CommandCall& call)
+{
+    QStringList words;
+    for (qsizetype i = 1; i < std::max<qsizetype>(call.count(), 2); ++i)
+        words << call.text(i, u"a Python statement");
+    const QByteArray source = words.join(u' ').toUtf8();
+    FennarPythonInterpreter* python = Framework::user_python_interpreter();
+    if (!python || !python->IsInitialized())
+        throw call.error(0, u"Python is not available"_s);
+    if (python->Run_SimpleString(source.constData()) != 0)
+        throw call.error(1, u"the Python statement failed"_s);
+}
+
+/** "picture FILE": the main window as the user sees it. */
+void write_picture(CommandCall& call)
+{
+    const QString file = call.text(1, u"the name of a picture file");
+    call.expect_end();
+    Ostrel* window = Ostrel::instance();
+    if (!window)
+        throw call.error(0, u"there is no window to take a picture of"_s);
+    if (!window->grab().save(file))
+        throw call.error(1, u"the picture cannot be written to \"%1\""_s.arg(file));
+}
+
+} // namespace
+
+Workbench::Workbench()
+{
+    set_up_commands();
+    set_up_python();
+    HostMediator::instance().set_exit_handler([this] { mFrame.end_application(); });
+    HostMediator::instance().set_event_handler([] { PythonRuntime::deliver_output(); });
+    OutputRouter::instance().set_window_listener([this](OutputHandler* window) { set_console(window); });
+    mLastTurn.start();
+}
+
+Workbench::~Workbench()
+{
+    PythonRuntime::stop();
+    OutputRouter::instance().set_window_listener(nullptr);
+    HostMediator::instance().set_event_handler(nullptr);
+    HostMediator::instance().set_exit_handler(nullptr);
+}
+
+QString Workbench::history_file()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + u"/history"_s;
+}
+
+void Workbench::set_up_commands()
+{
+    Fennar& fennar = Fennar::instance();
+    fennar.interpreter().set_output([](const QString& text) { Broker::command << text; });
+    fennar.interpreter().set_error_output([this](const QString& text) { report_error(text); });
+    fennar.services().history = [this] { return mConsole ? mConsole->history().entries() : QStringList(); };
+    fennar.services().quit = [this] { quit(); };
+    fennar.playback().set_echo([this](const QString& line) { echo(line); });
+    fennar.playback().set_turn([this] { give_turn(); });
+    fennar.playback().set_wait([this] { mFrame.check_interrupt_session(nullptr); });
+    fennar.playback().set_python_hook(&PythonRuntime::run_file);
+    fennar.playback().set_change_directory([] { return Broker::instance()->change_dir_on_playback(); });
+    fennar.registry().add({u"python"_s, u"python STATEMENT..."_s, u"Run a Python statement"_s,
+                           u"The words are joined with blanks; quote the statement to keep its own quotes."_s,
+                           u"workbench"_s, &run_python_command});
+    fennar.registry().add({u"picture"_s, u"picture FILE"_s, u"Write a picture of the main window"_s,
+                           u"The ending of FILE selects the format, as .png or .jpg."_s, u"workbench"_s,
+                           &write_picture});
+}
+
+void Workbench::set_up_python()
+{
+    PythonHooks hooks;
+    hooks.output = [](const QString& text) { Broker::command << text; };
+    hooks.error_output = [this](const QString& text) { report_error(text); };
+    hooks.run_command = [](const QString& text) {
+        return Fennar::instance().interpreter().run(text) == CommandInterpreter::Result::Done;
+    };
+    hooks.wake = [this] { announce_output(); };
+    hooks.turn = [this] { give_turn(); };
+    PythonRuntime::start(hooks);
+    set_framework_interpreters(make_python_interpreter(PythonRuntime::framework_namespace()),
+                               make_python_interpreter(PythonRuntime::user_namespace()));
+    mCommands = std::make_unique<CommandLines>();
+    mPython = std::make_unique<PythonLines>();
+}
+
+bool Workbench::load()
+{
+    mFrame.start_splash(":/workbench/splash.png");
+    mFrame.show_splash_message("Loading the main window");
+    const bool loaded = mFrame.load_gui();
+    mFrame.finish_splash();
+    if (!loaded)
+        return false;
+    {
+        const std::scoped_lock lock(mFrameMutex);
+        mAnnounce = true;
+    }
+    // What Python's threads have written before could not be announced.
+    PythonRuntime::deliver_output();
+    set_command_sink([this](const QString& line) { mConsole->run_line(line); });
+    mConsole->prompt();
+    Ostrel::instance()->set_focus_to_command_window();
+    return true;
+}
+
+void Workbench::run()
+{
+    mFrame.run_application();
+}
+
+void Workbench::unload()
+{
+    {
+        const std::scoped_lock lock(mFrameMutex);
+        mAnnounce = false;
+    }
+    set_command_sink(nullptr);
+    mFrame.unload_gui();
+}
+
+void Workbench::play_later(const QString& journal)
+{
+    QTimer::singleShot(0, Ostrel::instance(),
+                       [this, journal] { mConsole->run_line(u"play "_s + quote_word(journal)); });
+}
+
+int Workbench::play_batch(const QString& journal)
+{
+    OutputRouter::instance().set_fallback([](const QString& text) { print_to(stdout, text); });
+    const Playback::Outcome outcome = Fennar::instance().playback().play(journal);
+    PythonRuntime::deliver_output();
+    OutputRouter::instance().set_fallback(nullptr);
+    return mQuitting || outcome == Playback::Outcome::Played ? 0 : 1;
+}
+
+void Workbench::set_console(OutputHandler* window)
+{
+    mConsole.reset();
+    auto* console = dynamic_cast<CommandWindow*>(window);
+    if (!console)
+        return;
+    mConsole = std::make_unique<ConsoleOwner>(console, history_file());
+    mConsole->set_interpreters(mCommands.get(), mPython.get());
+    mConsole->set_mode_handler([](bool python) { Fennar::instance().set_python_mode(python); });
+}
+
+void Workbench::report_error(const QString& text)
+{
+    if (!mConsole) {
+        print_to(stderr, text);
+        return;
+    }
+    Broker::command << text;
+    mConsole->report_error(text);
+}
+
+void Workbench::echo(const QString& line)
+{
+    if (OutputHandler* window = OutputRouter::instance().window())
+        window->print_command(line);
+    else
+        Broker::command << u"Fennar>"_s << line << u"\n"_s;
+}
+
+void Workbench::announce_output()
+{
+    // Called on a thread of Python's: the window must not go meanwhile.
+    const std::scoped_lock lock(mFrameMutex);
+    if (mAnnounce)
+        mFrame.new_event();
+}
+
+void Workbench::give_turn()
+{
+    if (mLastTurn.elapsed() < turn_interval)
+        return;
+    mFrame.check_interrupt_session(nullptr);
+    mLastTurn.start();
+}
+
+void Workbench::quit()
+{
+    mQuitting = true;
+    Fennar::instance().playback().stop();
+    if (!mConsole)
+        return;
+    mConsole->forget_waiting();
+    // The command that asks for it must have ended before the window goes.
+    QTimer::singleShot(0, Ostrel::instance(), &QWidget::close);
+}
