@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/fennari19/CommandCall.h"
+#include "workbench/fennari19/CommandInterpreter.h"
+#include "workbench/fennari19/CommandRegistry.h"
+
+/** A registry and an interpreter whose output is kept, and a command "note" that keeps its words. */
+struct CommandSession
+{
+    CommandSession()
+    {
+        interpreter.set_output([this](const QString& text) { output += text; });
+        interpreter.set_error_output([this](const QString& text) { errors += text; });
+        add("note", [this](CommandCall& call) {
+            QStringList words;
+            for (const CommandWord& word : call.words().sliced(1))
+                words << word.text;
+            notes << words.join(u'|');
+        });
+    }
+
+    void add(const char* name, const std::function<void(CommandCall&)>& run, const char* owner = "test")
+    {
+        const QString text = QString::fromUtf8(name);
+        registry.add({text, text, {}, {}, QString::fromUtf8(owner), run});
+    }
+
+    QString take_errors() { return std::exchange(errors, QString()); }
+    QString take_output() { return std::exchange(output, QString()); }
+    QStringList take_notes() { return std::exchange(notes, QStringList()); }
+
+    CommandRegistry registry;
+    CommandInterpreter interpreter{registry};
+    QString output;
+    QString errors;
+    QStringList notes;
+};

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+/** Whether the user has asked the running work to stop. Cheap, and safe from any thread. */
+bool interrupt_requested();
+
+/** Asks the running work to stop. Safe from any thread. */
+void request_interrupt();
+
+/** Takes the request back. Safe from any thread. */
+void clear_interrupt();
+
+/**
+ * One piece of work that an interrupt can end, such as a command or the playback of a journal.
+ *
+ * Scopes nest. The outermost one takes back, at its start, a request that came while nothing ran, and, at its
+ * end, the one that was meant for it. GUI thread only.
+ */
+class InterruptScope
+{
+public:
+    InterruptScope();
+    ~InterruptScope();
+    InterruptScope(const InterruptScope&) = delete;
+    InterruptScope& operator=(const InterruptScope&) = delete;
+};

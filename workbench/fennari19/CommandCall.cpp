@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/fennari19/CommandCall.h"
+
+#include "workbench/fennar_util/Interrupt.h"
+#include "workbench/fennari19/CommandInterpreter.h"
+#include "workbench/fennari19/numbers.h"
+
+using namespace Qt::StringLiterals;
+
+CommandCall::CommandCall(const CommandWords& words, CommandInterpreter& interpreter)
+    : mWords(words), mInterpreter(interpreter)
+{}
+
+QString CommandCall::text(qsizetype i, QAnyStringView what)
+{
+    return word(i, what).text;
+}
+
+double CommandCall::number(qsizetype i, QAnyStringView what)
+{
+    const std::optional<double> value = parse_number(word(i, what).text);
+    if (!value)
+        throw expected(i, QString(what.toString() + " (a number)"_L1));
+    return *value;
+}
+
+int CommandCall::integer(qsizetype i, QAnyStringView what, int least, int most)
+{
+    const std::optional<qint64> value = parse_integer(word(i, what).text);
+    if (value && *value >= least && *value <= most)
+        return int(*value);
+    QString kind = u"a whole number"_s;
+    if (value && *value != int(*value)) // far out, so that both ends are worth telling
+        kind += u" from %1 to %2"_s.arg(least).arg(most);
+    else if (least != std::numeric_limits<int>::min() && most != std::numeric_limits<int>::max())
+        kind += u" from %1 to %2"_s.arg(least).arg(most);
+    else if (least != std::numeric_limits<int>::min())
+        kind += u" from %1 on"_s.arg(least);
+    else if (most != std::numeric_limits<int>::max())
+        kind += u" up to %1"_s.arg(most);
+    throw expected(i, QString(what.toString() + " ("_L1 + kind + ')'_L1));
+}
+
+std::optional<QString> CommandCall::optional(qsizetype i)
+{
+    if (!has(i))
+        return std::nullopt;
+    mNext = std::max(mNext, i + 1);
+    return mWords.words[i].text;
+}
+
+std::optional<double> CommandCall::optional_number(qsizetype i, QAnyStringView what)
+{
+    if (!has(i))
+        return std::nullopt;
+    return number(i, what);
+}
+
+void CommandCall::expect_end() const
+{
+    if (has(mNext))
+        throw expected(mNext, u"the end of the line");
+}
+
+CommandError CommandCall::expected(qsizetype i, QAnyStringView what) const
+{
+    const QString found = has(i) ? CommandError::shown(mWords.words[i].text) : u"the end of the line"_s;
+    return CommandError::expected(what.toString(), found, column(i));
+}
+
+CommandError CommandCall::error(qsizetype i, const QString& message) const
+{
+    return CommandError(message, column(i));
+}
+
+void CommandCall::print(const QString& text)
+{
+    mInterpreter.print(text);
+}
+
+bool CommandCall::interrupted() const
+{
+    return interrupt_requested();
+}
+
+const CommandWord& CommandCall::word(qsizetype i, QAnyStringView what)
+{
+    if (!has(i))
+        throw expected(i, what);
+    mNext = std::max(mNext, i + 1);
+    return mWords.words[i];
+}

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <exception>
+
+/**
+ * What a command throws to end with an error.
+ *
+ * CommandInterpreter catches it, together with everything else that a command throws, and prints it on its
+ * error output. Exported by name, so that a component with hidden symbols can throw it.
+ */
+class Q_DECL_EXPORT CommandError : public std::exception
+{
+public:
+    /**
+     * @param message  one line without the word "ERROR", the command's name and a line end.
+     * @param column   the character of the command's line that is at fault, from 1; 0 for none.
+     */
+    explicit CommandError(const QString& message, qsizetype column = 0);
+
+    /** "expected WHAT, found FOUND". @p found is used as it stands; shown() puts a word into quotes. */
+    static CommandError expected(const QString& what, const QString& found, qsizetype column);
+    /** Ends a command whose failure has been reported already: nothing more is printed. */
+    static CommandError reported();
+
+    const QString& message() const { return mMessage; }
+    qsizetype column() const { return mColumn; }
+    /** What would have been right; empty if the error did not come from expected(). */
+    const QString& expected_what() const { return mExpected; }
+    bool is_reported() const { return mReported; }
+
+    /** The message in UTF-8. */
+    const char* what() const noexcept override;
+
+    /** @p text in double quotes for a message: control characters escaped, cut behind @p most characters. */
+    static QString shown(QStringView text, qsizetype most = 60);
+
+private:
+    QString mMessage;
+    QString mExpected;
+    QByteArray mUtf8;
+    qsizetype mColumn;
+    bool mReported = false;
+};

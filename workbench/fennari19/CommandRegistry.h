@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+
+class CommandCall;
+
+/** A command of the command language. */
+struct Command
+{
+    /** One word: a letter or "_", then letters, digits, "_", "-" and ".", all of them ASCII. */
+    QString name;
+    /** The line behind "Usage:", as "set [NAME [VALUE...]]". */
+    QString usage;
+    /** What the command does in a few words, for the list of commands. */
+    QString summary;
+    /** More lines for "help NAME"; may be empty. */
+    QString help;
+    /** Who has added the command, as a component's name; remove_owner() goes by it. */
+    QString owner;
+    /** Runs the command. It ends with an error by throwing a CommandError. */
+    std::function<void(CommandCall&)> run;
+};
+
+/** The commands that can be typed. Names are compared exactly and case-sensitively. GUI thread only. */
+class CommandRegistry
+{
+public:
+    enum class AddResult {
+        Added,
+        /** Another command has the name; that one stays. */
+        NameTaken,
+        /** The name is no command name. */
+        BadName,
+        /** The command has no function to run. */
+        NothingToRun,
+    };
+
+    /** Adds a command; nothing changes unless the result is Added. */
+    AddResult add(const Command& command);
+    /** Removes a command. Returns false if there is none of that name. */
+    bool remove(const QString& name);
+    /**
+     * Removes all commands of @p owner and returns how many there were.
+     *
+     * A command that runs goes on to its end: the library that holds its code must stay loaded until then,
+     * see CommandInterpreter::is_running().
+     */
+    int remove_owner(const QString& owner);
+
+    /** The command of that name; null if there is none. It stays valid when it is removed meanwhile. */
+    std::shared_ptr<const Command> find(const QString& name) const { return mCommands.value(name); }
+    /** All names, sorted. */
+    QStringList names() const { return mCommands.keys(); }
+
+private:
+    QMap<QString, std::shared_ptr<const Command>> mCommands;
+};

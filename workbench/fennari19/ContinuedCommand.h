@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringView>
+
+/**
+ * One command while its lines come in: a line whose last character is a backslash continues on the next one.
+ *
+ * The lines are joined without the backslash and with nothing in between.
+ */
+class ContinuedCommand
+{
+public:
+    /** A place in the lines as they were typed. */
+    struct Position
+    {
+        /** 0 for the first line of the command. */
+        qsizetype line = 0;
+        /** The character of that line, from 1; a character outside the basic plane counts as one. */
+        qsizetype column = 0;
+    };
+
+    /**
+     * Takes the next line. One "\r" or "\r\n" or "\n" at its end is no part of it.
+     *
+     * @return whether the command is complete.
+     */
+    bool add(QStringView line);
+    void clear();
+
+    /** Whether no line has come yet. */
+    bool is_empty() const { return mStarts.isEmpty(); }
+    /** Whether lines have come and another one is needed. */
+    bool is_incomplete() const { return mIncomplete; }
+    qsizetype line_count() const { return mStarts.size(); }
+    const QString& text() const { return mText; }
+
+    /** Where the character at @p column (an index into text(), plus 1) was typed. */
+    Position position(qsizetype column) const;
+
+private:
+    QString mText;
+    /** Where each line starts in the text. */
+    QList<qsizetype> mStarts;
+    bool mIncomplete = false;
+};

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/fennari19/CommandInterpreter.h"
+#include "workbench/fennari19/CommandRegistry.h"
+#include "workbench/fennari19/Playback.h"
+#include "workbench/fennari19/builtin_commands.h"
+
+#include <memory>
+
+class AppUtil;
+
+/** The command side of the application, behind FennarInterface. GUI thread only. */
+class Fennar
+{
+public:
+    /** The one object; made at the first call. */
+    static Fennar& instance();
+
+    CommandRegistry& registry() { return mRegistry; }
+    CommandInterpreter& interpreter() { return mInterpreter; }
+    Playback& playback() { return mPlayback; }
+    /** What the built-in commands ask the application for. */
+    BuiltinServices& services() { return mServices; }
+    /** Never null. */
+    std::shared_ptr<AppUtil> app_util() const { return mAppUtil; }
+
+    /** Whether lines typed on the console are Python statements. At first they are commands. */
+    bool python_mode() const { return mPythonMode; }
+    void set_python_mode(bool python) { mPythonMode = python; }
+
+private:
+    Fennar();
+
+    CommandRegistry mRegistry;
+    CommandInterpreter mInterpreter;
+    Playback mPlayback;
+    BuiltinServices mServices;
+    std::shared_ptr<AppUtil> mAppUtil;
+    bool mPythonMode = false;
+};

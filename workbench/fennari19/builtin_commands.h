@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+class CommandInterpreter;
+class Playback;
+
+/** The lines typed so far, the oldest one first. */
+using HistorySource = std::function<QStringList()>;
+
+/** What the built-in commands need from the application; each may be null and may be set later. */
+struct BuiltinServices
+{
+    /** For "history": set by the owner of the console. */
+    HistorySource history;
+    /** For "quit": asks the application to end. */
+    std::function<void()> quit;
+};
+
+/**
+ * Adds help, echo, set, history, play and quit to the interpreter's registry, with the owner "fennari19".
+ * The arguments outlive the commands.
+ */
+void register_builtin_commands(CommandInterpreter& interpreter, Playback& playback,
+                               const BuiltinServices& services);
