@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/fennar_python/PythonEntry.h"
+
+#include "workbench/fennar_python/PythonRuntime.h"
+
+PythonState& PythonState::get()
+{
+    static PythonState state;
+    return state;
+}
+
+PythonEntry::PythonEntry() : mLock(PyGILState_Ensure())
+{
+    PythonState& state = PythonState::get();
+    if (state.depth++ == 0 && state.ticker)
+        state.ticker->set_active(true);
+}
+
+PythonEntry::~PythonEntry()
+{
+    PythonState& state = PythonState::get();
+    const bool last = --state.depth == 0;
+    if (last) {
+        if (state.ticker)
+            state.ticker->set_active(false);
+        // An interrupt that came too late must not hit the next run.
+        PyThreadState_SetAsyncExc(state.guiThreadIdent, nullptr);
+    }
+    PyGILState_Release(mLock);
+    if (last && state.stopWhenIdle)
+        PythonRuntime::stop();
+}

@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/fennar_python/PythonNamespace.h"
+#include "workbench/fennar_python/export.h"
+
+#include <QString>
+
+#include <functional>
+
+/** What Python needs of the application. Each may be null; its texts are then dropped, its answer is no. */
+struct PythonHooks
+{
+    /** Shows what Python code wrote to sys.stdout. Called on the GUI thread. */
+    std::function<void(const QString& text)> output;
+    /** Shows what Python code wrote to sys.stderr, tracebacks among it. Called on the GUI thread. */
+    std::function<void(const QString& text)> error_output;
+    /** Runs a command line for fennar.cmd() and tells whether it succeeded. Called on the GUI thread. */
+    std::function<bool(const QString& text)> run_command;
+    /**
+     * Another thread has written text that waits for PythonRuntime::deliver_output(). Called on that thread,
+     * once until the text has been fetched; it must only pass the word on, as by posting an event.
+     */
+    std::function<void()> wake;
+    /**
+     * Called on the GUI thread about ten times a second while Python code runs there, between two of its
+     * instructions, so that the application can show progress and see to cancelling.
+     */
+    std::function<void()> turn;
+};
+
+/**
+ * The one Python of the process. It is started once and may be stopped once.
+ *
+ * The thread that calls start() is the GUI thread; all other functions are for it too, but those that say
+ * something else. Between the calls Python's lock is free, so that Python's own threads go on.
+ * The hooks are called without that lock and may call back.
+ */
+class FENNAR_PYTHON_EXPORT PythonRuntime
+{
+public:
+    /**
+     * Starts Python. It takes nothing from the environment: neither variables nor PATH nor the user's own
+     * packages, and leaves the locale and the signal handlers as they are. A broken pipe no longer ends the
+     * process, unless the application handles that signal itself.
+     *
+     * @param hooks  kept until stop().
+     * @param home   the folder that holds Python's lib; empty for the installation that it was built with.
+     * @return false if it cannot be started, or was before; the reason goes to the hook for errors.
+     */
+    static bool start(PythonHooks hooks, const QString& home = QString());
+
+    /**
+     * Stops Python. Its threads are asked to end by a SystemExit; one that has not ended after a second is
+     * left standing still. Functions registered with atexit run. What was written before arrives first.
+     * Called from Python code, through a hook, it lets go of the hooks at once, ends that code by a
+     * SystemExit, and finishes when the code has returned. Without a start it does nothing.
+     */
+    static void stop();
+
+    /** Whether Python runs. May be called on any thread. */
+    static bool running();
+
+    /** Shows the text that other threads have written. Without any it does nothing. */
+    static void deliver_output();
+
+    /**
+     * Raises KeyboardInterrupt in the Python code that the GUI thread is running. May be called on any thread
+     * and from the hooks.
+     *
+     * @return false if none is running; a later run is then not affected.
+     */
+    static bool request_interrupt();
+
+    /**
+     * Runs a script in the user's name space.
+     *
+     * @param path    its file name, for tracebacks and __file__; the file is not read.
+     * @param source  its text.
+     * @return false if an exception was raised, SystemExit included; it has then been reported.
+     */
+    static bool run_file(const QString& path, const QString& source);
+
+    /** Where the application's own Python code runs. Empty while Python does not run. */
+    static PythonNamespace& framework_namespace();
+    /** Where the user's Python code runs: the module __main__, which has fennar imported. */
+    static PythonNamespace& user_namespace();
+};

@@ -1,0 +1,171 @@
+# SPDX-FileCopyrightText: 2026 The Ostrel developers
+# SPDX-License-Identifier: BSD-3-Clause
+
+"""The part of the embedded Python that is easiest said in Python: streams, tracebacks, the console's rules.
+
+The application runs this text once at the start and calls its functions. It defines __file__, write_output
+and write_error beforehand; the latter two take a string to where the application shows it.
+"""
+
+import codecs
+import codeop
+import io
+import linecache
+import sys
+import tokenize
+import traceback
+
+
+class Output(io.TextIOBase):
+    """A text stream that ends in a function of the application. Nothing closes it."""
+
+    encoding = "utf-8"
+    errors = "replace"
+    mode = "w"
+
+    def __init__(self, name, write):
+        self.name = name
+        # The function itself and not a method that calls it: a traceback then shows nothing of this text.
+        self.write = write
+        self.buffer = OutputBytes(write)
+
+    def writable(self):
+        return True
+
+    def reconfigure(self, **_settings):
+        """Accepted and ignored: there is no encoding and no buffer to change."""
+
+    def close(self):
+        pass
+
+
+class OutputBytes(io.BufferedIOBase):
+    """The bytes side of an Output: takes UTF-8 and replaces what is not."""
+
+    def __init__(self, write):
+        self._write = write
+        self._decode = codecs.getincrementaldecoder("utf-8")("replace").decode
+
+    def writable(self):
+        return True
+
+    def write(self, data):
+        size = memoryview(data).nbytes
+        self._write(self._decode(bytes(data)))
+        return size
+
+    def close(self):
+        pass
+
+
+class Input(io.TextIOWrapper):
+    """An input stream at its end, so that nothing waits for a terminal that may not be there."""
+
+    def __init__(self):
+        super().__init__(io.BytesIO(), encoding="utf-8")
+
+    def close(self):
+        """Not closed: exit() tries to, and goes on in this application."""
+
+
+def show_exception(value, trace):
+    """Prints an exception as Python does, without the steps inside this text."""
+    shown = traceback.TracebackException(type(value), value, trace)
+    pending, seen = [shown], set()
+    while pending:
+        part = pending.pop()
+        if part is None or id(part) in seen:
+            continue
+        seen.add(id(part))
+        if part.stack is not None:
+            part.stack[:] = [frame for frame in part.stack if frame.filename != __file__]
+        pending += [part.__cause__, part.__context__, *(part.exceptions or ())]
+    print("".join(shown.format()), end="", file=sys.stderr)
+
+
+def report(value, trace):
+    """Tells of an exception that nobody has caught. SystemExit is told of like any other."""
+    if isinstance(value, SystemExit):
+        print("SystemExit" if value.code is None else f"SystemExit: {value.code}", file=sys.stderr)
+        return
+    sys.last_type, sys.last_value, sys.last_traceback = type(value), value, trace
+    sys.last_exc = value
+    if sys.excepthook is not sys.__excepthook__:
+        try:
+            sys.excepthook(type(value), value, trace)
+            return
+        except BaseException as error:
+            print("Error in sys.excepthook:", file=sys.stderr)
+            show_exception(error, error.__traceback__)
+            print("\nOriginal exception was:", file=sys.stderr)
+    show_exception(value, trace)
+
+
+def remember_source(file, text):
+    """Makes tracebacks show the lines of a script as it was run, which need not be those on the disk."""
+    linecache.cache[file] = (len(text), None, text.splitlines(keepends=True), file)
+
+
+def compile_statement(source, flags):
+    """The code of a statement typed so far, None if it goes on, and the flags for the next statement."""
+    compiler = codeop.CommandCompiler()
+    compiler.compiler.flags |= flags
+    before, _, last = source.rpartition("\n")
+    if before and last and not last.strip():
+        source = before + "\n"
+    return compiler(source, "<console>", "single"), compiler.compiler.flags
+
+
+LEAVING = {"return", "pass", "break", "continue", "raise"}
+
+
+def leaves_block(line):
+    """Whether nothing can follow a logical line, given as its tokens, in the same block."""
+    depth = start = 0
+    for index, token in enumerate(line):
+        if token.type != tokenize.OP:
+            continue
+        if token.string in "([{":
+            depth += 1
+        elif token.string in ")]}":
+            depth -= 1
+        elif token.string == ":" and depth == 0 and line[start].string not in LEAVING:
+            return False  # the header of a block in one line: what leaves is only that one
+        elif token.string == ";" and depth == 0:
+            start = index + 1
+    return start < len(line) and line[start].string in LEAVING
+
+
+def next_indent(source):
+    """The blanks that the next line of an unfinished statement most likely begins with."""
+    last = source.rpartition("\n")[2]
+    white = last[: len(last) - len(last.lstrip())]
+    rows = source.count("\n") + 1
+    levels = [""]
+    line, ended = [], []
+    try:
+        for token in tokenize.generate_tokens(io.StringIO(source + "\n").readline):
+            if token.start[0] > rows:
+                break  # the end dedents everything, but the statement goes on
+            if token.type == tokenize.INDENT:
+                levels.append(token.string)
+            elif token.type == tokenize.DEDENT:
+                levels.pop()
+            elif token.type == tokenize.NEWLINE:
+                line, ended = [], line
+            elif token.type not in (tokenize.COMMENT, tokenize.NL):
+                line.append(token)
+    except (tokenize.TokenError, SyntaxError) as error:
+        return "" if "string" in str(error) else white  # blanks would become part of the string
+    if line or not ended or ended[-1].end[0] < rows:
+        return white
+    if ended[-1].string == ":":
+        return levels[-1] + "    "
+    if leaves_block(ended) and len(levels) > 1:
+        return levels[-2]
+    return levels[-1]
+
+
+sys.stdin = sys.__stdin__ = Input()
+sys.stdout = sys.__stdout__ = Output("<stdout>", write_output)
+sys.stderr = sys.__stderr__ = Output("<stderr>", write_error)
