@@ -45,4 +45,6 @@ public:
 private:
     NavigationResources* mResources = nullptr;
     NavigationModel* mModel = nullptr;
+    QSet<NavigationNode*>* mNodes = nullptr;
+    QMap<NavigationNode*, QString>* mTitles = nullptr;
 };

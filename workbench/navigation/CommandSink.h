@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+/**
+ * Sets who receives the command lines that users apply in a command panel; one for all panels. An empty
+ * function drops them, which is also the state before the first call.
+ *
+ * The sink runs inside the click on "Apply" and may do anything, also set another sink or delete the panel.
+ */
+void set_command_sink(std::function<void(const QString&)> sink);
+
+/** Hands @p line to the sink. */
+void send_command(const QString& line);

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QLayout>
+#include <QWidget>
+
+#include <memory>
+#include <vector>
+
+/** Lays items out line by line, as many in a line as the width takes. No item is ever wider than the line. */
+class FlowLayout : public QLayout
+{
+    Q_OBJECT
+
+public:
+    enum class Arrangement {
+        Flowing, ///< each item as wide as it likes
+        Columns, ///< all items as wide as the widest
+        Lines    ///< one item in a line, over the whole width
+    };
+
+    explicit FlowLayout(QWidget* parent);
+    ~FlowLayout() override;
+
+    void set_arrangement(Arrangement arrangement);
+    /** Lays the items out in the order of @p widgets, which are those that the layout has. */
+    void set_order(const QWidgetList& widgets);
+
+    void addItem(QLayoutItem* item) override;
+    int count() const override;
+    QLayoutItem* itemAt(int index) const override;
+    QLayoutItem* takeAt(int index) override;
+    Qt::Orientations expandingDirections() const override;
+    bool hasHeightForWidth() const override;
+    int heightForWidth(int width) const override;
+    QSize minimumSize() const override;
+    QSize sizeHint() const override;
+    void setGeometry(const QRect& rectangle) override;
+
+private:
+    int lay_out(const QRect& rectangle, bool apply) const;
+
+    std::vector<std::unique_ptr<QLayoutItem>> mItems;
+    Arrangement mArrangement = Arrangement::Flowing;
+};

@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/navigation/PanelView.h"
+
+#include "workbench/navigation/CommandForm.h"
+#include "workbench/navigation/NavigationEntries.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+PanelView::PanelView(QWidget* panel)
+    : QScrollArea(panel),
+      mCursor(new NavigationCursor(this)),
+      mContents(new QWidget(this)),
+      mLevels(new QVBoxLayout),
+      mNothing(new QLabel(tr("There are no commands."), mContents)),
+      mForm(new CommandForm(mContents))
+{
+    setObjectName(u"panelView"_s);
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    // All contents fit into any width.
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);
+    setWidget(mContents);
+    mNothing->setObjectName(u"nothingLabel"_s);
+    mNothing->setForegroundRole(QPalette::PlaceholderText);
+    mNothing->setWordWrap(true);
+
+    auto* layout = new QVBoxLayout(mContents);
+    layout->addLayout(mLevels);
+    layout->addWidget(mNothing);
+    layout->addWidget(mForm);
+    layout->addStretch();
+
+    auto* around = new QVBoxLayout(panel);
+    around->setContentsMargins(0, 0, 0, 0);
+    around->addWidget(this);
+
+    connect(mCursor, &NavigationCursor::changed, this, &PanelView::show_place);
+}
+
+QSize PanelView::sizeHint() const
+{
+    return {240, 400};
+}
+
+QSize PanelView::minimumSizeHint() const
+{
+    return {80, 80};
+}
+
+void PanelView::choose(const QModelIndex& entry)
+{
+    if (!entry.isValid())
+        return;
+    mCursor->go_to(entry);
+    if (mForm->isVisible())
+        mForm->focus_line();
+}
+
+void PanelView::show_place()
+{
+    mOutdated = !isVisible();
+    if (mOutdated)
+        return;
+    show_levels();
+    const QModelIndex current = mCursor->current();
+    const bool command = current.isValid() && entry_kind(current) == NavigationKind::Command;
+    mForm->set_entry(command ? current : QModelIndex());
+    mNothing->setVisible(mCursor->entries(mCursor->root()).isEmpty());
+
+    const QWidgetList controls = level_controls() + mForm->controls();
+    for (qsizetype next = 1; next < controls.size(); ++next)
+        setTabOrder(controls[next - 1], controls[next]);
+}
+
+void PanelView::showEvent(QShowEvent* event)
+{
+    QScrollArea::showEvent(event);
+    if (mOutdated)
+        show_place();
+}
