@@ -10,6 +10,7 @@ does one that finds no file to look at.
 
 import os
 import re
+import shutil
 import subprocess
 import sys
 
@@ -24,10 +25,12 @@ OWN_FOLDERS = SHELL + ("host", "workbench", "tests", "benchmarks", "tools")
 
 def read_tree(root):
     """The text files of the tree: path -> text. Binary files are left out."""
-    listed = subprocess.run(
-        ["git", "-C", root, "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
-        capture_output=True, check=False)
-    if listed.returncode == 0:
+    listed = None
+    if shutil.which("git"):
+        listed = subprocess.run(
+            ["git", "-C", root, "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
+            capture_output=True, check=False)
+    if listed and listed.returncode == 0:
         paths = sorted(set(listed.stdout.decode().split("\0")) - {""})
     else:  # an unpacked archive
         paths = []
