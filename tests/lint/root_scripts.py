@@ -83,7 +83,9 @@ class Scripts(unittest.TestCase):
     def test_run_without_display_plays_the_tour_and_names_its_pictures(self):
         run = self.call("run")
         self.assertEqual(run.returncode, 0, run.stderr)
-        self.assertEqual(self.calls("fennar"), [f"fennar --play {self.root}/workbench/journals/tour.jou"])
+        self.assertEqual(self.calls("fennar"), ["fennar --play tour.jou"])
+        with open(os.path.join(self.root, "build/pictures/tour.jou"), encoding="utf-8") as journal:
+            self.assertIn("echo hello", journal.read())
         self.assertEqual(len(self.calls("with-display")), 1)
         self.assertTrue(os.path.exists(os.path.join(self.root, "build/pictures/first.png")) and
                         run.stdout.endswith("build/pictures/first.png\n"))
