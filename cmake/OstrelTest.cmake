@@ -1,6 +1,17 @@
 # SPDX-FileCopyrightText: 2026 The Ostrel developers
 # SPDX-License-Identifier: BSD-3-Clause
 
+# The tests find a German locale, whose decimal point is a comma, whatever the machine has installed.
+set(OSTREL_TEST_LOCALES ${CMAKE_BINARY_DIR}/locale)
+if(NOT EXISTS ${OSTREL_TEST_LOCALES}/de_DE.UTF-8/LC_NUMERIC)
+    file(MAKE_DIRECTORY ${OSTREL_TEST_LOCALES})
+    execute_process(COMMAND localedef -i de_DE -f UTF-8 ${OSTREL_TEST_LOCALES}/de_DE.UTF-8
+        RESULT_VARIABLE failed OUTPUT_VARIABLE output ERROR_VARIABLE output)
+    if(failed)
+        message(WARNING "No German locale; tests that use one will fail. Is the package locales installed? ${output}")
+    endif()
+endif()
+
 # Declares a test: an executable of its own, run in a home directory of its own under the build tree.
 #
 #   ostrel_add_test(tst_name [SOURCES file...] [LIBRARIES target...] [WORKBENCH] [DISPLAY] [TIMEOUT seconds])
@@ -40,7 +51,8 @@ function(ostrel_add_test name)
         TIMEOUT ${arg_TIMEOUT}
         ENVIRONMENT "HOME=${sandbox};XDG_CONFIG_HOME=${sandbox}/config;XDG_CONFIG_DIRS=${sandbox}/config-dirs;\
 XDG_DATA_HOME=${sandbox}/data;XDG_RUNTIME_DIR=${sandbox}/run;TMPDIR=${sandbox}/tmp;QT_QPA_PLATFORM=${platform};\
-QT_STYLE_OVERRIDE=Fusion;QT_FONT_DPI=96;QT_LOGGING_RULES=;LC_ALL=C.UTF-8;QTEST_FUNCTION_TIMEOUT=${function_timeout};\
+QT_STYLE_OVERRIDE=Fusion;QT_FONT_DPI=96;QT_LOGGING_RULES=;LC_ALL=C.UTF-8;LOCPATH=${OSTREL_TEST_LOCALES};\
+QTEST_FUNCTION_TIMEOUT=${function_timeout};\
 LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0;\
 UBSAN_OPTIONS=print_stacktrace=1")
     if(arg_DISPLAY)

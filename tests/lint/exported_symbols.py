@@ -1,0 +1,101 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 The Ostrel developers
+# SPDX-License-Identifier: BSD-3-Clause
+
+"""Checks that the shell's library exports its public classes and nothing else:  exported_symbols.py ROOT LIBRARY
+
+The classes are those below. They must be the ones that the headers mark, and each must be in the library.
+"""
+
+import glob
+import os
+import re
+import subprocess
+import sys
+
+PUBLIC = {"MainFrame", "Ostrel", "OstrelEventFilter", "CommandWindow", "CommandWidget"}
+
+SHELL = ("frame", "console", "files", "journal", "menus", "options", "resources")
+
+# What the compiler makes for a class beside its members.
+MADE_FOR = r"(?:(?:vtable|VTT|typeinfo|typeinfo name|guard variable) for|(?:non-virtual|virtual) thunk to) "
+# Symbols of the compiler's own, as the sanitizers and the linker add them.
+TOOLS_OWN = re.compile(r"_init$|_fini$|_edata$|_end$|__")
+# Templates of other libraries that were instantiated here: weak, and visible because their library says so.
+FOREIGN_TEMPLATE = re.compile(rf"(?:{MADE_FOR})?(?:[\w:<>,&* ()]+ )?(?:std|__gnu_cxx|QtPrivate)::")
+
+
+def owner(name):
+    """The class that a demangled symbol belongs to, or None."""
+    m = re.match(rf"(?:{MADE_FOR})?(\w+)(::|$)", name)
+    if m and (m.group(2) or name != m.group(1)):
+        return m.group(1)
+    return None
+
+
+def judge(lines):
+    """For lines as nm -DC prints them: the public classes seen, and the symbols that should not be there."""
+    seen, strays = set(), []
+    for line in lines:
+        m = re.match(r"[0-9a-f]+ ([A-Za-z]) (.+)$", line)
+        if not m:
+            continue
+        kind, name = m.groups()
+        name = name.split("@")[0]
+        if owner(name) in PUBLIC:
+            seen.add(owner(name))
+        elif TOOLS_OWN.match(name) or (kind in "WVuvw" and FOREIGN_TEMPLATE.match(name)):
+            continue
+        else:
+            strays.append(name)
+    return seen, strays
+
+
+def prove():
+    """What is wrong with judge() itself."""
+    fine = ["0000000000001000 T Ostrel::instance()", "0000000000001000 V vtable for MainFrame",
+            "0000000000001000 T non-virtual thunk to CommandWindow::print_data(QString const&)",
+            "0000000000001000 D CommandWidget::staticMetaObject",
+            "0000000000001000 W void std::vector<int>::_M_realloc_insert<int>(int&&)",
+            "0000000000001000 B __bss_start", "0000000000001000 V typeinfo name for OstrelEventFilter"]
+    stray = ["0000000000001000 T load_icon(char const*)", "0000000000001000 T OstrelSplitter::OstrelSplitter()",
+             "0000000000001000 V vtable for EventCatcher", "0000000000001000 T OstrelSplitterToo::f(Ostrel::A)",
+             "0000000000001000 W ProgressControl::text() const", "0000000000001000 B counter",
+             "0000000000001000 T qInitResources_ostrelgui()", "0000000000001000 T std::make(Ostrel)"]
+    faults = []
+    seen, strays = judge(fine)
+    if seen != PUBLIC or strays:
+        faults.append(f"misjudged what is fine: {seen}, {strays}")
+    faults += [f"missed: {line}" for line in stray if len(judge([line])[1]) != 1]
+    return faults
+
+
+def marked_classes(root):
+    """The classes that the headers of the shell mark for export."""
+    marked = set()
+    for folder in SHELL:
+        for path in glob.glob(os.path.join(root, folder, "*.h")):
+            with open(path, encoding="utf-8") as file:
+                marked |= set(re.findall(r"^(?:class|struct) OSTRELGUI_EXPORT (\w+)", file.read(), re.M))
+    return marked
+
+
+def main():
+    root, library = sys.argv[1:]
+    faults = prove()
+    marked = marked_classes(root)
+    faults += [f"marked for export, but not one of the public classes: {c}" for c in sorted(marked - PUBLIC)]
+    faults += [f"a public class that no header marks for export: {c}" for c in sorted(PUBLIC - marked)]
+    lines = subprocess.run(["nm", "-DC", "--defined-only", library], capture_output=True, text=True,
+                           check=True).stdout.splitlines()
+    seen, strays = judge(lines)
+    faults += [f"not in the library: {c}" for c in sorted(PUBLIC - seen)]
+    faults += [f"exported beyond the public classes: {name}" for name in strays]
+    for fault in faults:
+        print(fault)
+    print(f"{len(lines)} symbols, {len(seen)} classes: {len(faults)} faults")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

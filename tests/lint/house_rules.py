@@ -1,0 +1,327 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 The Ostrel developers
+# SPDX-License-Identifier: BSD-3-Clause
+
+"""Checks the rules of the house that no compiler checks:  house_rules.py ROOT
+
+Each rule is proved on samples of its own first: one that stops to catch what it is there for fails the run, and so
+does one that finds no file to look at.
+"""
+
+import os
+import re
+import shutil
+import subprocess
+import sys
+
+# What a plain count of the tree must reach, so that a listing gone wrong does not pass for a clean tree.
+LEAST_FILES = {".h": 25, ".cpp": 8, "CMakeLists.txt": 12, "script": 5}
+
+SHELL = ("frame", "console", "files", "journal", "menus", "options", "resources")
+OWN_FOLDERS = SHELL + ("host", "workbench", "tests", "benchmarks", "tools")
+
+
+# --- The files -------------------------------------------------------------------------------------------------
+
+def read_tree(root):
+    """The text files of the tree: path -> text. Binary files are left out."""
+    listed = None
+    if shutil.which("git"):
+        listed = subprocess.run(
+            ["git", "-C", root, "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
+            capture_output=True, check=False)
+    if listed and listed.returncode == 0:
+        paths = sorted(set(listed.stdout.decode().split("\0")) - {""})
+    else:  # an unpacked archive
+        paths = []
+        for folder, folders, names in os.walk(root):
+            here = os.path.relpath(folder, root)
+            folders[:] = [f for f in folders if f not in (".git", ".cache", "__pycache__")
+                          and not (here == "." and re.match("build(-|$)", f))]
+            paths += [os.path.normpath(os.path.join(here, name)) for name in names]
+        paths.sort()
+    tree = {}
+    for path in paths:
+        full = os.path.join(root, path)
+        if os.path.islink(full) or not os.path.isfile(full):
+            continue
+        with open(full, "rb") as file:
+            content = file.read()
+        if b"\0" in content:
+            continue
+        try:
+            tree[path] = content.decode("utf-8")
+        except UnicodeDecodeError:
+            continue
+    return tree
+
+
+def is_code(path):
+    return path.endswith((".h", ".cpp"))
+
+
+def is_script(path, text):
+    return text.startswith("#!") or path.endswith((".py", ".sh"))
+
+
+def is_licence(path):
+    return os.path.basename(path) in ("LICENSE", "OFL.txt")
+
+
+def folder_of(path):
+    return path.split("/")[0] if "/" in path else ""
+
+
+def matches(pattern, path, text, complaint):
+    """A complaint for each place in the text that the pattern matches."""
+    return [(path, text.count("\n", 0, m.start()) + 1, f"{complaint}: {m.group(0).strip()}")
+            for m in re.finditer(pattern, text)]
+
+
+# --- The rules: each takes the tree and yields the files it looked at and its complaints -----------------------------
+
+def spdx_lines(tree):
+    """Every source file names holder and licence in its first lines."""
+    seen = [p for p, t in tree.items()
+            if is_code(p) or is_script(p, t) or os.path.basename(p) == "CMakeLists.txt"
+            or p.endswith((".cmake", ".ui", ".svg"))]
+    bad = []
+    for path in seen:
+        head = "\n".join(tree[path].split("\n")[:5])
+        # Put together here, so that tools which look for such lines do not take these for this file's own.
+        for tag, value in (("FileCopyrightText", r"\d{4} The Ostrel developers"),
+                           ("License-Identifier", "BSD-3-Clause")):
+            if not re.search(f"SPDX-{tag}: {value}", head):
+                bad.append((path, 1, f"no line SPDX-{tag}"))
+    return seen, bad
+
+
+def no_bare_waits(tree):
+    """A test waits for what it wants to see, not for time to pass, and does not skip."""
+    seen = [p for p in tree if is_code(p) and folder_of(p) == "tests"]
+    pattern = r"\bqSleep\b|\bqWait\s*\(|\bu?m?sleep\s*\(|\bsleep_(for|until)\s*\(|\bnanosleep\s*\(|\bQSKIP\s*\("
+    return seen, [b for p in seen for b in matches(pattern, p, tree[p], "waits by the clock, or skips")]
+
+
+def no_stray_words(tree):
+    """The tree speaks of itself, promises nothing for later, and names no package host."""
+    seen = [p for p in tree if not is_licence(p)]
+    # In pieces, so that this file passes its own rule.
+    words = "|".join("".join(w) for w in (
+        (r"\b[Ss]pecifi", r"cations?\b"), (r"\bspec\.", r"md\b"), (r"\bPar", r"ts? \d+\.\d"),
+        (r"\bdesign\.", r"md\b"), (r"\bstyle\.", r"md\b"), (r"\bshared", r"/"), (r"\b[Ii]ssue ", r"#?\d"),
+        (r"\bTO", r"DO\b"), (r"\bFIX", r"ME\b"), (r"\bX", r"XX\b"), (r"\bHA", r"CK\b"),
+        (r"\bdebian\.", r"org\b"), (r"\bnpmjs\.", r"(org|com)\b"), (r"\bpypi\.", r"org\b"),
+        (r"\bgolang\.", r"org\b"), (r"\bcrates\.", r"io\b"), (r"\bartifact-", r"registry\b")))
+    return seen, [b for p in seen for b in matches(words, p, tree[p], "a word that does not belong here")]
+
+
+def includes_by_folder(tree):
+    """Own headers are included with their folder, in quotes, and exist."""
+    seen = [p for p in tree if is_code(p)]
+    bad = []
+    for path in seen:
+        roots = ["", "tests/"] if folder_of(path) in ("tests", "benchmarks") else [""]
+        for m in re.finditer(r'^[ \t]*#[ \t]*include[ \t]*(["<])([^">]+)[">]', tree[path], re.M):
+            line = tree[path].count("\n", 0, m.start()) + 1
+            quote, name = m.groups()
+            base = os.path.basename(name)
+            if quote == "<":
+                if folder_of(name) in OWN_FOLDERS:
+                    bad.append((path, line, f"own header in angle brackets: {name}"))
+            elif base.startswith("ui_") or base.endswith(".moc") or base.startswith("moc_"):
+                continue  # made by the build
+            elif "/" not in name or ".." in name:
+                bad.append((path, line, f"include without its folder: {name}"))
+            elif not any(root + name in tree for root in roots):
+                bad.append((path, line, f"no such header: {name}"))
+    return seen, bad
+
+
+def no_string_connections(tree):
+    """Connections are checked by the compiler."""
+    seen = [p for p in tree if is_code(p)]
+    pattern = r"\bconnect\s*\([^;]*?\b(SIGNAL|SLOT)\s*\("
+    return seen, [b for p in seen for b in matches(pattern, p, tree[p], "connection by string")]
+
+
+def headers_guarded_once(tree):
+    """Headers are guarded by #pragma once, and by nothing else."""
+    seen = [p for p in tree if p.endswith(".h")]
+    bad = []
+    for path in seen:
+        if len(re.findall(r"^#pragma once$", tree[path], re.M)) != 1:
+            bad.append((path, 1, "not exactly one #pragma once"))
+        bad += matches(r"^#ifndef +\w+_(H|HPP|H_|INCLUDED)_*\n#define", path, tree[path], "guard by macro")
+        bad += matches(r"(?m)^#ifndef +\w+_H_*$", path, tree[path], "guard by macro")
+    return seen, bad
+
+
+def dependencies_point_one_way(tree):
+    """The shell uses host/ and itself, host/ only itself, nothing uses tests/ but tests and benchmarks."""
+    allowed = {folder: SHELL + ("host",) for folder in SHELL}
+    allowed["host"] = ("host",)
+    allowed["workbench"] = SHELL + ("host", "workbench")
+    seen = [p for p in tree if is_code(p) and folder_of(p) in allowed]
+    bad = []
+    for path in seen:
+        for m in re.finditer(r'^[ \t]*#[ \t]*include[ \t]*["<]([^">/]+)/', tree[path], re.M):
+            used = m.group(1)
+            if used in OWN_FOLDERS + ("support", "hostdouble") and used not in allowed[folder_of(path)]:
+                line = tree[path].count("\n", 0, m.start()) + 1
+                bad.append((path, line, f"{folder_of(path)}/ must not include from {used}/"))
+    return seen, bad
+
+
+def sources_are_built(tree):
+    """Every source is named in the CMakeLists.txt of its folder or of one above it; a test that is not never runs."""
+    seen = [p for p in tree if p.endswith(".cpp")]
+    bad = []
+    for path in seen:
+        stem = os.path.splitext(os.path.basename(path))[0]
+        folder = os.path.dirname(path)
+        lists = []
+        while True:
+            lists.append(tree.get(os.path.join(folder, "CMakeLists.txt"), ""))
+            if not folder:
+                break
+            folder = os.path.dirname(folder)
+        if not any(re.search(rf"(?<![\w.]){re.escape(stem)}\b", text) for text in lists):
+            bad.append((path, 1, "named in no CMakeLists.txt"))
+    return seen, bad
+
+
+def scripts_parse(tree):
+    """Shell scripts are read by sh without complaint."""
+    seen = [p for p, t in tree.items() if re.match(r"#! ?(/usr)?/bin/(env )?(ba)?sh\b", t)]
+    bad = []
+    for path in seen:
+        run = subprocess.run(["bash" if "bash" in tree[path].split("\n")[0] else "sh", "-n"],
+                             input=tree[path].encode(), capture_output=True, check=False)
+        if run.returncode != 0:
+            bad.append((path, 1, run.stderr.decode().strip()))
+    return seen, bad
+
+
+def plain_lines(tree):
+    """Lines end in one line feed and nothing before it; the last one too."""
+    seen = [p for p, t in tree.items()
+            if is_code(p) or is_script(p, t) or p.endswith((".md", ".cmake", "CMakeLists.txt", ".ui", ".svg", ".qrc"))]
+    bad = []
+    for path in seen:
+        bad += matches(r"(?m)[ \t\r]+$", path, tree[path], "blanks at the end of the line")
+        if tree[path] and not tree[path].endswith("\n"):
+            bad.append((path, tree[path].count("\n") + 1, "no line feed at the end"))
+    return seen, bad
+
+
+# --- The samples ---------------------------------------------------------------------------------------------------
+
+SPDX = "// SPDX-FileCopyrightText: 2026 The Ostrel developers\n// SPDX-License-Identifier: BSD-3-Clause\n"
+HASH_SPDX = SPDX.replace("//", "#")
+
+GOOD = {
+    "CMakeLists.txt": HASH_SPDX + "add_subdirectory(frame)\n",
+    "frame/CMakeLists.txt": HASH_SPDX + "target_sources(a PRIVATE Box.h Box.cpp)\n",
+    "frame/Box.h": SPDX + '#pragma once\n\n#include "host/a/Lid.h"\n\n#include <QObject>\n',
+    "frame/Box.cpp": SPDX + '#include "frame/Box.h"\n\nvoid f() { connect(a, &A::b, c, &C::d); }\n',
+    "host/a/Lid.h": SPDX + "#pragma once\n",
+    "tests/support/wait.h": SPDX + "#pragma once\n",
+    "tests/frame/CMakeLists.txt": HASH_SPDX + "ostrel_add_test(tst_box)\n",
+    "tests/frame/tst_box.cpp": SPDX + '#include "frame/Box.h"\n#include "support/wait.h"\n'
+                                      'void t() { QTRY_VERIFY(a); QVERIFY(QTest::qWaitFor(b)); }\n#include "tst_box.moc"\n',
+    "workbench/CMakeLists.txt": HASH_SPDX + "add_executable(fennar console/main.cpp)\n",
+    "workbench/console/main.cpp": SPDX + '#include "frame/Box.h"\n',
+    "run": "#!/bin/sh\n" + HASH_SPDX + "if true; then echo; fi\n",
+    "README.md": "A shell, and its parts.\n",
+}
+
+# For each rule, trees that differ from the good one in the files given; the rule must complain about each.
+BAD = {
+    spdx_lines: [
+        {"frame/Box.h": "#pragma once\n"},
+        {"frame/Box.cpp": SPDX.split("\n", 1)[1]},
+        {"frame/Box.cpp": SPDX.split("\n", 1)[0] + "\n"},
+        {"frame/CMakeLists.txt": "# Box.h Box.cpp\n"},
+        {"cmake/a.cmake": "set(a b)\n"},
+        {"run": "#!/bin/sh\necho\n"},
+        {"frame/box.ui": "<ui/>\n"},
+        {"resources/a.svg": "<svg/>\n"},
+    ],
+    no_bare_waits: [{"tests/frame/tst_box.cpp": SPDX + f"void t() {{ {call} }}\n"} for call in (
+        "QTest::qSleep(5);", "QTest::qWait(100);", "QThread::msleep(5);", "QThread::usleep (5);", "sleep(1);",
+        "std::this_thread::sleep_for(1s);", 'QSKIP("why");')],
+    no_stray_words: [{"README.md": text + "\n"} for text in (
+        "See the specifi" + "cation.", "As Par" + "t 1.1 says.", "// TO" + "DO: more", "FIX" + "ME", "/* X" + "XX */",
+        "a HA" + "CK", "http://deb.debian." + "org/debian", "registry.npmjs." + "org", "in ../shared" + "/a",
+        "closes issue " + "#2")],
+    includes_by_folder: [{"frame/Box.cpp": SPDX + line + "\n"} for line in (
+        '#include "Box.h"', '#include "../frame/Box.h"', '#include "frame/Bax.h"', "#include <frame/Box.h>",
+        '#include "support/wait.h"')],
+    no_string_connections: [{"frame/Box.cpp": SPDX + text + "\n"} for text in (
+        "void f() { connect(a, SIGNAL(b()), c, SLOT(d())); }",
+        "void f() { QObject::connect(a,\n &A::b, c,\n SLOT(d())); }")],
+    headers_guarded_once: [
+        {"frame/Box.h": SPDX},
+        {"frame/Box.h": SPDX + "#ifndef BOX_H\n#define BOX_H\n#endif\n"},
+        {"frame/Box.h": SPDX + "#pragma once\n#ifndef FRAME_BOX_H_\n#define FRAME_BOX_H_\n#endif\n"},
+        {"frame/Box.h": SPDX + "#pragma once\n#pragma once\n"},
+    ],
+    dependencies_point_one_way: [
+        {"frame/Box.cpp": SPDX + '#include "workbench/console/Pages.h"\n'},
+        {"resources/a.cpp": SPDX + "#include <workbench/console/Pages.h>\n"},
+        {"frame/Box.cpp": SPDX + '#include "tests/support/wait.h"\n'},
+        {"host/a/Lid.h": SPDX + '#pragma once\n#include "frame/Box.h"\n'},
+        {"workbench/console/main.cpp": SPDX + '#include "hostdouble/HostDouble.h"\n'},
+    ],
+    sources_are_built: [
+        {"tests/frame/tst_lid.cpp": SPDX},
+        {"tests/frame/CMakeLists.txt": HASH_SPDX + "ostrel_add_test(tst_boxes)\n"},
+        {"frame/x.cpp": SPDX, "console/CMakeLists.txt": HASH_SPDX + "# x.cpp\n"},
+    ],
+    scripts_parse: [{"run": "#!/bin/sh\n" + HASH_SPDX + "if true; then echo\n"}],
+    plain_lines: [
+        {"README.md": "one \ntwo\n"}, {"README.md": "one\r\n"}, {"README.md": "one"}, {"frame/Box.h": "int a;\t\n"}],
+}
+
+
+def prove():
+    """What is wrong with the rules themselves."""
+    faults = []
+    for rule, samples in BAD.items():
+        seen, complaints = rule(GOOD)
+        if complaints:
+            faults.append(f"{rule.__name__} complains about the good sample: {complaints}")
+        if not seen:
+            faults.append(f"{rule.__name__} looks at no file of the good sample")
+        if not samples:
+            faults.append(f"{rule.__name__} has no bad sample")
+        for sample in samples:
+            if not rule({**GOOD, **sample})[1]:
+                faults.append(f"{rule.__name__} misses its bad sample {sample}")
+    return faults
+
+
+def main():
+    root = sys.argv[1] if len(sys.argv) > 1 else "."
+    faults = prove()
+    tree = read_tree(root)
+    counts = {kind: sum(path.endswith(kind) for path in tree) for kind in LEAST_FILES if kind != "script"}
+    counts["script"] = sum(is_script(path, text) for path, text in tree.items())
+    for kind, least in LEAST_FILES.items():
+        if counts[kind] < least:
+            faults.append(f"only {counts[kind]} files of kind {kind} found in {root}, expected {least} or more")
+    for rule in BAD:
+        seen, complaints = rule(tree)
+        if not seen:
+            faults.append(f"{rule.__name__} finds no file to look at in {root}")
+        faults += [f"{path}:{line}: {text}  [{rule.__name__}]" for path, line, text in complaints]
+    for fault in faults:
+        print(fault)
+    samples = sum(len(s) for s in BAD.values())
+    print(f"{len(BAD)} rules, {samples} bad samples, {len(tree)} files: {len(faults)} faults")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
