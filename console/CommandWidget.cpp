@@ -2,3 +2,425 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "console/CommandWidget.h"
+
+#include "console/trim.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QFontInfo>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QPointer>
+#include <QScrollBar>
+#include <QTextBlock>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** "Inconsolata" at 10 points if it is there, else @p present with the hint that it be a typewriter font. */
+QFont console_font(const QFont& present)
+{
+    const auto family = u"Inconsolata"_s;
+    const QFont wanted(family, 10, -1, false);
+    if (QFontInfo(wanted).family() == family)
+        return wanted;
+    QFont fallback(present);
+    fallback.setStyleHint(QFont::TypeWriter, QFont::PreferDefault);
+    return fallback;
+}
+
+QString without_final_newline(const QString& text)
+{
+    return text.endsWith(u'\n') ? text.chopped(1) : text;
+}
+
+/** As QTextCursor::EndOfBlock, but without laying the block out. */
+QTextCursor end_of(const QTextBlock& block)
+{
+    QTextCursor cursor(block);
+    cursor.setPosition(block.position() + block.length() - 1);
+    return cursor;
+}
+
+/**
+ * Moves @p cursor over a prompt of @p length, or as far as the text goes.
+ *
+ * NextCharacter is what QTextCursor::Right is in left-to-right text. In a line that reads from right to left,
+ * as one with a Hebrew command behind the "$ " does, Right would run back into the output.
+ */
+void step_over_prompt(QTextCursor& cursor, qsizetype length, QTextCursor::MoveMode mode)
+{
+    cursor.movePosition(QTextCursor::NextCharacter, mode, static_cast<int>(length));
+}
+
+QTextCursor command_start(const QTextDocument* document, qsizetype prompt_length)
+{
+    QTextCursor cursor(document->lastBlock());
+    step_over_prompt(cursor, prompt_length, QTextCursor::MoveAnchor);
+    return cursor;
+}
+
+/**
+ * Whether the base class changes text on @p key, with the caret at @p index, although the event carries no
+ * text, so that nothing else tells it from a key that only moves the caret.
+ *
+ * There are keyboards with keys of their own for cut and paste, and Shift+Insert pastes. A paste moves the
+ * caret home by itself if that is outside the command, but would replace a selection that begins in the
+ * output.
+ */
+bool edits_without_text(const QKeyEvent* key, int index)
+{
+    return key->text().isEmpty() &&
+           (key->key() == Qt::Key_Backspace || key->matches(QKeySequence::Cut) ||
+            key->matches(QKeySequence::Delete) || key->matches(QKeySequence::DeleteEndOfWord) ||
+            key->matches(QKeySequence::DeleteEndOfLine) || (key->matches(QKeySequence::Paste) && index >= 0));
+}
+
+/** Whether @p input puts text into the document or shows text that is still being composed. */
+bool brings_text(const QInputMethodEvent* input)
+{
+    return !input->commitString().isEmpty() || !input->preeditString().isEmpty() ||
+           input->replacementLength() > 0;
+}
+
+} // namespace
+
+CommandWidget::CommandWidget(QWidget* parent)
+    : QPlainTextEdit(parent),
+      mPrompt(u"$ "_s),
+      mFocusFollowsCursor(false),
+      mOutputLineOpen(false),
+      mPromptShown(false)
+{
+    // A limit switches undo off as well, for good, also if it is 0 later. The page relies on it: undo would
+    // take output back.
+    document()->setMaximumBlockCount(1000);
+    setWordWrapMode(QTextOption::NoWrap);
+    setFont(console_font(font()));
+}
+
+CommandWidget::~CommandWidget() = default;
+
+QList<QString> CommandWidget::getCommands() const
+{
+    QList<QString> commands;
+    for (QTextBlock block = document()->firstBlock(); block.isValid(); block = block.next()) {
+        const QString line = block.text();
+        if (line.startsWith(mPrompt))
+            commands.append(line.sliced(mPrompt.size()));
+        else if (line.startsWith(mContinuationPrompt))
+            commands.append(line.sliced(mContinuationPrompt.size()));
+    }
+    return commands;
+}
+
+void CommandWidget::setFocusFollowsCursor(bool follows)
+{
+    mFocusFollowsCursor = follows;
+}
+
+bool CommandWidget::focusFollowsCursor() const
+{
+    return mFocusFollowsCursor;
+}
+
+void CommandWidget::setPrompt(const QString& prompt)
+{
+    setPrompt(prompt, prompt);
+    if (!mPromptShown)
+        return;
+    QTextCursor cursor(document()->lastBlock());
+    cursor.select(QTextCursor::LineUnderCursor);
+    cursor.insertText(mPrompt);
+}
+
+void CommandWidget::setPrompt(const QString& prompt, const QString& continuation)
+{
+    mPrompt = prompt;
+    mContinuationPrompt = continuation;
+}
+
+QString CommandWidget::prompt() const
+{
+    return mPrompt;
+}
+
+int CommandWidget::cursorIndex() const
+{
+    return textCursor().position() - command_start(document(), mPrompt.size()).position();
+}
+
+QString CommandWidget::currentCommand() const
+{
+    const QTextCursor start = command_start(document(), mPrompt.size());
+    return start.block().text().sliced(start.positionInBlock());
+}
+
+void CommandWidget::printOutput(const QString& output)
+{
+    const QTextBlock commandLine = document()->lastBlock();
+    // The open line is gone if the limit has dropped it, or if the page was emptied by other hands.
+    const QTextBlock openLine = mOutputLineOpen ? commandLine.previous() : QTextBlock();
+    const bool endsLine = output.endsWith(u'\n');
+
+    QTextCursor cursor(commandLine);
+    QString text = output;
+    if (openLine.isValid()) {
+        cursor = end_of(openLine);
+        // The line has its end already.
+        if (endsLine)
+            text.chop(output.endsWith("\r\n"_L1) ? 2 : 1);
+    } else if (!endsLine) {
+        text += u'\n';
+    }
+    mOutputLineOpen = !endsLine;
+
+    cursor.insertText(text.mid(dropped_at_once(text, document()->maximumBlockCount())));
+    scroll_to_end();
+}
+
+void CommandWidget::clearToPrompt()
+{
+    clear();
+    mPromptShown = false;
+    printPrompt();
+    emit contentsCleared();
+}
+
+void CommandWidget::addExternalCommand(const QString& command)
+{
+    if (!mPromptShown)
+        printPrompt();
+    setCurrentCommand(command);
+    end_of(document()->lastBlock()).insertText(u"\n"_s);
+    mPromptShown = false;
+}
+
+void CommandWidget::setCurrentCommand(const QString& command)
+{
+    QTextCursor cursor = command_start(document(), mPrompt.size());
+    cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    cursor.insertText(without_final_newline(command));
+}
+
+void CommandWidget::appendToCommand(const QString& command)
+{
+    end_of(document()->lastBlock()).insertText(command);
+}
+
+void CommandWidget::insertInCommand(const QString& command)
+{
+    if (cursorIndex() < 0)
+        setTextCursor(end_of(document()->lastBlock()));
+    textCursor().insertText(command);
+}
+
+void CommandWidget::printPrompt(bool continuation, const char* indent)
+{
+    mOutputLineOpen = false;
+    if (mPromptShown)
+        return;
+    // At the start of the line: what was typed ahead becomes part of the command.
+    QTextCursor cursor(document()->lastBlock());
+    cursor.insertText(continuation ? mContinuationPrompt : mPrompt);
+    if (indent && *indent)
+        cursor.insertText(QString::fromUtf8(indent));
+    mPromptShown = true;
+}
+
+void CommandWidget::setReadOnly(bool readOnly)
+{
+    QPlainTextEdit::setReadOnly(readOnly);
+}
+
+bool CommandWidget::event(QEvent* e)
+{
+    if (e->type() == QEvent::Enter && mFocusFollowsCursor)
+        setFocus(Qt::OtherFocusReason);
+    else if (e->type() == QEvent::InputMethod)
+        keep_input_in_command(static_cast<QInputMethodEvent*>(e));
+    return QPlainTextEdit::event(e);
+}
+
+void CommandWidget::keyPressEvent(QKeyEvent* e)
+{
+    // Taken before anything moves: all that follows goes by where the caret was.
+    const int index = cursorIndex();
+    const bool control = e->modifiers().testFlag(Qt::ControlModifier);
+
+    const bool outside = index < 0 || hasSelectionOutsideCommand();
+    const bool copies = control && e->key() == Qt::Key_C;
+    const bool types = !copies && !e->text().isEmpty();
+    if (outside && (types || edits_without_text(e, index)))
+        bring_caret_home(index);
+
+    switch (e->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: {
+        const QString command = currentCommand();
+        moveCursor(QTextCursor::End);
+        // Without modifiers, or Shift+Return would break the line inside the block.
+        QKeyEvent plain(e->type(), e->key(), Qt::NoModifier, e->text(), false,
+                        static_cast<quint16>(e->count()));
+        QPlainTextEdit::keyPressEvent(&plain);
+        scroll_to_end();
+        new_command(command);
+        return;
+    }
+    case Qt::Key_Home: {
+        QTextCursor cursor = textCursor();
+        if (cursor.block() != document()->lastBlock())
+            break;
+        const auto mode =
+            e->modifiers().testFlag(Qt::ShiftModifier) ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor;
+        cursor.movePosition(QTextCursor::StartOfLine, mode);
+        step_over_prompt(cursor, mPrompt.size(), mode);
+        setTextCursor(cursor);
+        return;
+    }
+    case Qt::Key_Backspace:
+        if (index <= 0 && !textCursor().hasSelection())
+            return;
+        if (e->matches(QKeySequence::DeleteStartOfWord))
+            keep_word_in_command();
+        break;
+    case Qt::Key_Up:
+        if (index < 0)
+            break;
+        emit historyUpEvent();
+        return;
+    case Qt::Key_Down:
+        if (index < 0)
+            break;
+        emit historyDownEvent();
+        return;
+    case Qt::Key_K:
+        if (!control)
+            break;
+        if (index >= 0)
+            setCurrentCommand(currentCommand().first(index));
+        return;
+    case Qt::Key_U:
+        if (!control)
+            break;
+        if (index >= 0)
+            setCurrentCommand(currentCommand().sliced(index));
+        return;
+    case Qt::Key_T: {
+        if (!control)
+            break;
+        QTextCursor cursor = end_of(document()->lastBlock());
+        cursor.insertText(u"fennar.cmd()"_s);
+        cursor.movePosition(QTextCursor::PreviousCharacter);
+        setTextCursor(cursor);
+        return;
+    }
+    default:
+        break;
+    }
+    QPlainTextEdit::keyPressEvent(e);
+}
+
+void CommandWidget::contextMenuEvent(QContextMenuEvent* e)
+{
+    // Guarded, since a command that runs while the menu is open may delete the page and the menu with it.
+    const QPointer<QMenu> menu = new QMenu(this);
+    const bool hasSelection = textCursor().hasSelection();
+    const bool hasBlocks = document()->blockCount() > 0;
+    const QClipboard* clipboard = QGuiApplication::clipboard();
+
+    // Not guarded as the keys are: the user who asks the menu to cut output gets it cut.
+    menu->addAction(tr("Cu&t"), QKeySequence::Cut, this, &CommandWidget::cut)->setEnabled(hasSelection);
+    menu->addAction(tr("&Copy"), QKeySequence::Copy, this, &CommandWidget::copy)->setEnabled(hasSelection);
+    menu->addAction(tr("&Paste"), QKeySequence::Paste, this, &CommandWidget::paste)
+        ->setEnabled(clipboard && !clipboard->text().isEmpty());
+    menu->addAction(tr("Clear"), this, &CommandWidget::clearToPrompt)->setEnabled(hasBlocks);
+    menu->addSeparator();
+    menu->addAction(tr("Select All"), this, &CommandWidget::selectAll)->setEnabled(hasBlocks);
+    menu->exec(e->globalPos());
+    delete menu;
+}
+
+void CommandWidget::dropEvent(QDropEvent* e)
+{
+    // The base class takes the selection away when the text comes from this page; without one, output is
+    // copied.
+    if (hasSelectionOutsideCommand())
+        moveCursor(QTextCursor::End);
+    QPlainTextEdit::dropEvent(e);
+}
+
+void CommandWidget::insertFromMimeData(const QMimeData* source)
+{
+    const QString text = source->text();
+    const QStringList lines = text.split(u'\n');
+    if (lines.size() > 1) {
+        emit commandsEntered(lines);
+        return;
+    }
+    insertInCommand(text);
+    ensureCursorVisible();
+}
+
+void CommandWidget::scroll_to_end()
+{
+    verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+}
+
+bool CommandWidget::hasSelectionOutsideCommand() const
+{
+    const QTextCursor cursor = textCursor();
+    return cursor.hasSelection() &&
+           cursor.selectionStart() < document()->lastBlock().position() + mPrompt.size();
+}
+
+void CommandWidget::new_command(const QString& command)
+{
+    mPromptShown = false;
+    emit resetHistoryIndex();
+    emit commandEntered(command);
+}
+
+void CommandWidget::bring_caret_home(int index)
+{
+    const bool inPrompt = index < 0 && index + mPrompt.size() >= 0;
+    setTextCursor(inPrompt ? command_start(document(), mPrompt.size()) : end_of(document()->lastBlock()));
+    scroll_to_end();
+}
+
+void CommandWidget::keep_word_in_command()
+{
+    QTextCursor cursor = textCursor();
+    if (isReadOnly() || cursor.hasSelection())
+        return;
+    const int start = command_start(document(), mPrompt.size()).position();
+    QTextCursor word = cursor;
+    word.movePosition(QTextCursor::PreviousWord);
+    if (word.position() >= start)
+        return;
+    cursor.setPosition(start, QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+}
+
+void CommandWidget::keep_input_in_command(QInputMethodEvent* input)
+{
+    if (!brings_text(input))
+        return;
+    const int index = cursorIndex();
+    if (index < 0 || hasSelectionOutsideCommand()) {
+        bring_caret_home(index);
+        // What the input method wanted to replace stands where the caret was.
+        input->setCommitString(input->commitString());
+        return;
+    }
+    const int start = command_start(document(), mPrompt.size()).position();
+    const int first = std::max(input->replacementStart(), start - textCursor().selectionStart());
+    const int behind = input->replacementStart() + input->replacementLength();
+    input->setCommitString(input->commitString(), first, std::max(behind - first, 0));
+}

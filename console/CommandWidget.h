@@ -21,8 +21,8 @@
  * as many characters behind the start of that line as the primary prompt is long, also behind a continuation
  * prompt of another length; that is intended, and CommandWindow::set_python_mode() keeps the two equal.
  *
- * The keyboard alters neither output nor prompt. The context menu's Cut may, and so may Cut of the base
- * class. GUI thread only.
+ * The keyboard, input methods included, alters neither output nor prompt. The context menu's Cut may, and so
+ * may the slots that the base class has for a program. There is no undo. GUI thread only.
  */
 class OSTRELGUI_EXPORT CommandWidget : public QPlainTextEdit
 {
@@ -127,6 +127,15 @@ protected:
     void new_command(const QString& command);
 
 private:
+    /** Moves the caret, found at @p index, to where text may be typed: to the start of the command if it was
+     * in the prompt, else to its end. */
+    void bring_caret_home(int index);
+    /** Selects what the base class is to delete of the last word, if that would reach into the prompt. */
+    void keep_word_in_command();
+    /** Does for @p input what keyPressEvent() does for typed text, so that it alters neither output nor
+     * prompt. */
+    void keep_input_in_command(QInputMethodEvent* input);
+
     QString mPrompt;
     QString mContinuationPrompt;
     bool mFocusFollowsCursor;
