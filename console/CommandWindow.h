@@ -33,9 +33,9 @@ public:
 
     void set_read_only(bool readOnly) override;
     void print_prompt(bool useContinue, const char* indent) override;
-    /** Also brings complete lines to the screen at once: by a repaint, or by posted events before the first
-     * prompt. */
-    void print_data(const QString& data) override;
+    /** If @p output ends a line, also brings it to the screen at once: by a repaint, or before the first
+     * prompt by sending all posted events. */
+    void print_data(const QString& output) override;
     void print_command(const QString& command) override;
     void append_command(const QString& command) override;
     void insert_command(const QString& command) override;
@@ -47,12 +47,14 @@ public:
      * A CommandWidget added while its limit is 0 keeps the limit of the other pages; that is intended.
      *
      * @param title  the tab's text.
-     * @param page   stays the caller's, who must remove it before deleting it; null adds nothing.
+     * @param page   stays the caller's until the window is destroyed, and then goes with it. A page that is
+     * deleted earlier leaves the console by itself. Null adds nothing.
      */
     void add_command_tab(const QString& title, QWidget* page);
-    /** Takes @p page out without deleting it. One that is not in the console is ignored. */
+    /** Takes @p page out without deleting it. Null and a page that is not in the console are ignored. */
     void remove_command_tab(QWidget* page);
-    /** Makes @p page the current tab and gives it the focus. */
+    /** Makes @p page the current tab and gives it the focus. Null and a page that is not in the console are
+     * ignored. */
     void switchTab(QWidget* page);
 
     /** Puts the warning icon on a tab until it is looked at. A null page, an index without a page and a title
@@ -65,10 +67,10 @@ public:
     void clear_tab_warning(int index);
     void clear_tab_warning(const QString& title);
 
-    /** The most lines kept on CommandWidget pages; 0 means no limit. */
+    /** The most lines kept on CommandWidget pages; 0 or less means no limit. */
     void set_cmd_max_lines(int lines);
     int get_cmd_max_lines() const;
-    /** The most lines kept on all other text pages; 0 means no limit. */
+    /** The most lines kept on all other text pages; 0 or less means no limit. */
     void set_other_max_lines(int lines);
     int get_other_max_lines() const;
     /** The font of the CommandWidget pages. */
@@ -85,7 +87,7 @@ public:
     /**
      * Tells the command being typed and the caret's index in it.
      *
-     * There must be a current CommandWidget: the caller has to know that.
+     * There must be a current CommandWidget: the caller has to know that, it is not checked.
      */
     void current_command_and_index(QString& command, int& index) const;
     /**
