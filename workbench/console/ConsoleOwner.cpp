@@ -45,6 +45,10 @@ ConsoleOwner::ConsoleOwner(CommandWindow* window, const QString& history_file)
     connect(mPage.get(), &CommandWidget::historyDownEvent, this,
             [this] { mPage->setCurrentCommand(mHistory.next(mPage->currentCommand())); });
 
+    // The window gives its font to each page. While nobody has chosen one, the page's own is the better one:
+    // output in columns needs a typewriter font.
+    if (window->get_font() == QFont())
+        window->set_font(mPage->font());
     window->add_command_tab(tr("Command"), mPage.get());
     window->add_command_tab(tr("Errors"), mErrors.get());
 }

@@ -56,6 +56,7 @@ private slots:
     void cleanup();
 
     void command_page_comes_first_and_is_current();
+    void page_keeps_its_font_until_another_is_chosen();
     void typed_line_reaches_the_interpreter_and_its_reply_stands_above_the_next_prompt();
     void incomplete_command_is_answered_with_an_indented_continuation_prompt();
     void pasted_lines_run_in_order();
@@ -129,6 +130,18 @@ void TstConsoleOwner::command_page_comes_first_and_is_current()
     QCOMPARE(tabs()->widget(0), page());
     QCOMPARE(tabs()->currentWidget(), page());
     QCOMPARE(text(), u"Fennar>"_s);
+}
+
+void TstConsoleOwner::page_keeps_its_font_until_another_is_chosen()
+{
+    QCOMPARE(page()->font().family(), CommandWidget().font().family());
+    QCOMPARE(mWindow->get_font(), page()->font());
+    QFont chosen(u"DejaVu Serif"_s, 13);
+    mOwner.reset();
+    mWindow = std::make_unique<CommandWindow>();
+    mWindow->set_font(chosen);
+    make_owner({});
+    QCOMPARE(page()->font(), chosen);
 }
 
 void TstConsoleOwner::typed_line_reaches_the_interpreter_and_its_reply_stands_above_the_next_prompt()
