@@ -1,0 +1,186 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "frame/MainFrame.h"
+
+#include "console/CommandWindow.h"
+#include "frame/EventCatcher.h"
+#include "frame/Ostrel.h"
+#include "frame/OstrelEventFilter.h"
+#include "host/navigation/NavigationReader.h"
+#include "host/navigation/NavigationResourcesDelay.h"
+#include "host/ostrelfw/Broker.h"
+#include "host/ostrelfw/Mediator.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QFontDatabase>
+#include <QPixmap>
+#include <QScreen>
+#include <QSettings>
+#include <QSplashScreen>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto new_event_type = QEvent::Type(1000);
+
+// Null as well for an application without a user interface, which is of no use to the shell.
+QApplication* gui_application()
+{
+    return qobject_cast<QApplication*>(QCoreApplication::instance());
+}
+
+// A window that nearly fills the screen comes up maximised.
+bool fits_with_room(const QSize& window, const QSize& screen)
+{
+    return screen.width() > window.width() + 10 && screen.height() > window.height() + 30;
+}
+
+QString navigation_directory()
+{
+    QSettings settings;
+    settings.beginGroup(u"/fennargui/commandpanel"_s);
+    const bool classic = settings.value(u"/classicnavigation"_s, false).toBool();
+    settings.endGroup();
+    return QCoreApplication::applicationDirPath() + u"/xml"_s +
+           (classic ? u"/entity-based-xml"_s : u"/action-based-xml"_s);
+}
+
+// Prints what the reader has to say, which is gone with it.
+void read_navigation(const QString& directory, NavigationResources* resources, NavigationModel* model)
+{
+    NavigationReader reader;
+    reader.setResources(resources);
+    reader.setModel(model, nullptr, nullptr);
+    reader.buildNavigation(directory, u".xml"_s);
+    for (const QString& message : std::as_const(reader.messages))
+        Broker::command << message << u"\n"_s;
+}
+
+} // namespace
+
+struct MainFramePrivate
+{
+    // Destroyed from the last to the first: the splash screen goes before the resources.
+    std::unique_ptr<NavigationResourcesDelay> resources = std::make_unique<NavigationResourcesDelay>();
+    std::unique_ptr<QSplashScreen> splash;
+};
+
+MainFrame::MainFrame()
+    : mPrivate(std::make_unique<MainFramePrivate>()),
+      mApplication(nullptr),
+      mEventCatcher(nullptr),
+      mMainWindow(nullptr)
+{}
+
+MainFrame::~MainFrame() = default;
+
+bool MainFrame::is_loaded()
+{
+    return mMainWindow != nullptr;
+}
+
+bool MainFrame::load_gui()
+{
+    mApplication = gui_application();
+    if (mApplication) {
+        // Before the window, whose console asks for the font. Without it the console takes what Qt offers.
+        QFontDatabase::addApplicationFont(u":/ostrelgui/fonts/Inconsolata-Regular.ttf"_s);
+        mEventCatcher = new EventCatcher(mApplication);
+        mMainWindow = new Ostrel(nullptr, nullptr);
+        if (fits_with_room(mMainWindow->size(), QGuiApplication::primaryScreen()->geometry().size()))
+            mMainWindow->show();
+        else
+            mMainWindow->showMaximized();
+
+        Broker::command.set_command_window(mMainWindow->command_line());
+        const QString directory = navigation_directory();
+        mPrivate->resources->model = mMainWindow->navigation_model();
+        read_navigation(directory, mPrivate->resources.get(), mMainWindow->navigation_model());
+    }
+    Broker::instance()->add_component_tracker(this);
+    return is_loaded();
+}
+
+void MainFrame::unload_gui()
+{
+    Broker::instance()->remove_component_tracker(this);
+    mPrivate.reset();
+    if (mMainWindow) {
+        // From here on the framework must not print to a console that is about to go.
+        Broker::command.set_command_window(nullptr);
+        delete mMainWindow;
+    }
+    delete mEventCatcher;
+    mApplication = nullptr;
+    mEventCatcher = nullptr;
+    mMainWindow = nullptr;
+}
+
+void MainFrame::new_event()
+{
+    if (mEventCatcher && mEventCatcher->application)
+        QCoreApplication::postEvent(mEventCatcher, new QEvent(new_event_type), 0);
+}
+
+void MainFrame::run_application()
+{
+    if (mApplication)
+        QApplication::exec();
+}
+
+void MainFrame::end_application()
+{
+    if (mApplication)
+        QCoreApplication::quit();
+}
+
+void MainFrame::start_progress_session(const char*, int) {}
+
+void MainFrame::update_progress_session(const char*, int) {}
+
+void MainFrame::end_progress_session(const char*) {}
+
+void MainFrame::check_interrupt_session(const char*)
+{
+    if (mMainWindow && mMainWindow->progress())
+        mMainWindow->mEventFilter->processEvents(true);
+}
+
+void MainFrame::set_status_text(const char*) {}
+
+void MainFrame::enable_cancel(bool) {}
+
+void MainFrame::start_splash(const char* file)
+{
+    const bool wanted = QSettings().value(u"/ostrelgui/ostrel/splash"_s, true).toBool();
+    if (!wanted || !mPrivate || mPrivate->splash || !gui_application())
+        return;
+    mPrivate->splash =
+        std::make_unique<QSplashScreen>(QPixmap(QString::fromUtf8(file)), Qt::WindowStaysOnTopHint);
+    mPrivate->splash->show();
+}
+
+void MainFrame::show_splash_message(const char* text)
+{
+    if (mPrivate && mPrivate->splash)
+        mPrivate->splash->showMessage(QString::fromUtf8(text), Qt::AlignBottom | Qt::AlignHCenter, Qt::white);
+}
+
+void MainFrame::finish_splash()
+{
+    if (!mPrivate || !mPrivate->splash)
+        return;
+    mPrivate->splash->close();
+    mPrivate->splash.reset();
+}
+
+void MainFrame::component_loaded(const char* name)
+{
+    mPrivate->resources->recheckResources();
+    // The tracker is registered even when no window could be built.
+    if (mMainWindow)
+        mMainWindow->component_finished_loading(name);
+}

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "frame/export.h"
+#include "host/ostrelfw/ComponentTracker.h"
+#include "host/ostrelfw/OstrelGUI.h"
+
+#include <memory>
+
+class EventCatcher;
+class Ostrel;
+class QApplication;
+struct MainFramePrivate;
+
+/**
+ * The shell's entry object: what the framework creates after loading the library, and all that it sees of it.
+ *
+ * The framework creates and owns it. The usual order is start_splash(), load_gui(), finish_splash(),
+ * run_application(), unload_gui(), destruction. It may exist before any application object does; until
+ * load_gui() has found a QApplication, the application, progress and status operations do nothing.
+ *
+ * GUI thread only, but for new_event().
+ */
+class OSTRELGUI_EXPORT MainFrame : public OstrelGUI, public ComponentTracker
+{
+public:
+    MainFrame();
+    /** Takes down a splash screen that is still up. Does not delete the main window: call unload_gui() first.
+     */
+    ~MainFrame() override;
+
+    /** Whether the main window exists. */
+    bool is_loaded() override;
+    /**
+     * Builds and shows the main window, makes the console the framework's output, reads the navigation files,
+     * prints what the reader has to say, and registers as a component tracker. To be called once only, and
+     * not after unload_gui().
+     *
+     * Without a QApplication nothing is built, but the tracker is registered all the same.
+     *
+     * @return is_loaded().
+     */
+    bool load_gui() override;
+    /** Undoes load_gui() and deletes the splash screen. Afterwards the object is good for destruction only.
+     */
+    void unload_gui() override;
+    /** Posts one event to the GUI thread, from any thread; each call leads to one
+     * Mediator::handle_new_event(). Does nothing unless loaded. */
+    void new_event() override;
+    /** Runs the event loop until it is ended. Returns at once unless load_gui() has found a QApplication. */
+    void run_application() override;
+    /** Ends the event loop. Does nothing unless load_gui() has found a QApplication. */
+    void end_application() override;
+
+    // The five operations from here on do nothing while there is no main window or no progress control.
+    void start_progress_session(const char* title, int process) override;
+    void update_progress_session(const char* title, int percent) override;
+    void end_progress_session(const char* title) override;
+    /** Runs the event queue with user input swallowed, whenever it was run last. @p title is not used. */
+    void check_interrupt_session(const char* title) override;
+    void set_status_text(const char* text) override;
+    void enable_cancel(bool on) override;
+
+    /**
+     * Shows a splash screen, on top of all windows.
+     *
+     * Nothing happens if the user has switched it off, if one is up, after unload_gui(), or without a
+     * QApplication. load_gui() is not needed.
+     *
+     * @param file  path of the picture, in UTF-8. One that cannot be read, or null, gives an empty splash
+     * screen.
+     */
+    void start_splash(const char* file) override;
+    /** Shows @p text (UTF-8) in white at the bottom of the splash screen. Does nothing if none is up. */
+    void show_splash_message(const char* text) override;
+    /** Closes and deletes the splash screen. Does nothing if none is up. */
+    void finish_splash() override;
+
+    /**
+     * Looks again at the navigation entries that wait for a component, and has the main window emit
+     * Ostrel::componentLoaded(). Without a main window only the former happens. Not to be called after
+     * unload_gui(), which ends the tracking.
+     */
+    void component_loaded(const char* name) override;
+
+private:
+    std::unique_ptr<MainFramePrivate> mPrivate;
+    QApplication* mApplication;
+    EventCatcher* mEventCatcher;
+    Ostrel* mMainWindow;
+};

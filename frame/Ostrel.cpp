@@ -1,0 +1,397 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "frame/Ostrel.h"
+
+#include "console/CommandWindow.h"
+#include "frame/OstrelEventFilter.h"
+#include "frame/OstrelSplitter.h"
+#include "host/navigation/BreadcrumbsPanel.h"
+#include "host/navigation/CommandButtonPanel.h"
+#include "host/navigation/CommandButtons.h"
+#include "host/navigation/NavigationModel.h"
+#include "host/ostrelfw/Broker.h"
+#include "host/ostrelfw/CLOptions.h"
+#include "host/ostrelfw/CLParser.h"
+#include "host/ostrelfw/Mediator.h"
+#include "resources/load_icon.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QDockWidget>
+#include <QKeyEvent>
+#include <QMap>
+#include <QMenuBar>
+#include <QPixmapCache>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+class MenuSections;
+
+struct Ostrel::Sections
+{
+    QMap<QString, MenuSections*> toolbars;
+    QMap<QString, MenuSections*> menus;
+};
+
+namespace {
+
+const auto default_title = u"Ostrel"_s;
+
+QWidget* make_black_placeholder()
+{
+    auto* placeholder = new QWidget;
+    placeholder->setObjectName(u"mDefaultWidget"_s);
+    QPalette palette = placeholder->palette();
+    palette.setBrush(placeholder->backgroundRole(), QBrush(Qt::black));
+    placeholder->setPalette(palette);
+    // A child shows its parent's background otherwise.
+    placeholder->setAutoFillBackground(true);
+    return placeholder;
+}
+
+QDockWidget* make_dock(const QString& name)
+{
+    auto* dock = new QDockWidget(name);
+    dock->setObjectName(name);
+    return dock;
+}
+
+// The text holds until the dock gets its final title, which the action then follows.
+void set_up_toggle_action(QAction* action, const QString& text, const QString& toolTip, const char* icon)
+{
+    action->setText(text);
+    action->setToolTip(toolTip);
+    action->setCheckable(true);
+    action->setChecked(true);
+    action->setIcon(load_icon(icon));
+}
+
+} // namespace
+
+Ostrel* Ostrel::mOstrel = nullptr;
+
+Ostrel::Ostrel(QWidget* parent, const char* name) : QMainWindow(parent), mTitle(default_title)
+{
+    setObjectName(name ? QString::fromUtf8(name) : default_title);
+    if (!mOstrel)
+        mOstrel = this;
+    setIconSize(QSize(22, 22));
+
+    auto* central = new QWidget(this);
+    central->setObjectName(u"qt_central_widget"_s);
+    setCentralWidget(central);
+    mLayout = new QVBoxLayout(central);
+    mLayout->setObjectName(u"QtOstrelLayout"_s);
+    mLayout->setContentsMargins(0, 0, 0, 0);
+    mLayout->setSpacing(0);
+
+    mGraphicsArea = new OstrelSplitter(Qt::Horizontal, central, "mGraphicsArea");
+    mGraphicsArea->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    mGraphicsArea->setMinimumSize(5, 5);
+    mLayout->addWidget(mGraphicsArea);
+
+    resize(QSize(1016, 819).expandedTo(sizeHint()));
+
+    mDefaultWidget = make_black_placeholder();
+    mGraphicsArea->addWidget(mDefaultWidget);
+    mGraphicsWidget = nullptr;
+    mCommandPanelDock = nullptr;
+    mCommandLineDock = nullptr;
+
+    // Before all widgets that register with it.
+    mEventFilter = std::make_unique<OstrelEventFilter>();
+
+    mSections = std::make_unique<Sections>();
+    mMenuBar = menuBar();
+    mLineupToolsAction = nullptr;
+
+    mFileMenu = nullptr;
+    mViewMenu = nullptr;
+    mToolsMenu = nullptr;
+    mWindowMenu = nullptr;
+    mHelpMenu = nullptr;
+
+    mNavigationModel = new NavigationModel(this);
+    mCommandPanel = nullptr;
+    mCommandWindow = nullptr;
+    mOptionsPanel = nullptr;
+    mGUIOptions = nullptr;
+    mProgress = nullptr;
+    mJournalEditor = nullptr;
+
+    // The side docks reach down beside the bottom dock.
+    setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+
+    mCommandLineDock = make_dock(u"OstrelCommandWindow"_s);
+    mCommandPanelDock = make_dock(u"FennarCommandPanel"_s);
+    set_up_toggle_action(mCommandLineDock->toggleViewAction(), tr("&Command Line"),
+                         tr("Show/hide command line workspace"), "cmdwindow_ot.svg");
+    set_up_toggle_action(mCommandPanelDock->toggleViewAction(), tr("Command Panel"),
+                         tr("Show/hide command panel"), "ctrlpanel_ot.svg");
+
+    mLineupToolsAction = new QAction(this);
+    mLineupToolsAction->setObjectName(u"lineupToolsAction"_s);
+    mLineupToolsAction->setText(tr("Line up"));
+
+    if (add_dock_window(mCommandLineDock, "framework", Qt::BottomDockWidgetArea, Qt::BottomDockWidgetArea)) {
+        mCommandWindow = new CommandWindow(mCommandLineDock);
+        mCommandLineDock->setWidget(mCommandWindow);
+        mCommandLineDock->setWindowTitle(tr("Command Line"));
+    } else {
+        delete mCommandLineDock;
+        mCommandLineDock = nullptr;
+    }
+
+    if (add_dock_window(mCommandPanelDock, "framework", Qt::RightDockWidgetArea,
+                        Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea)) {
+        mCommandPanel = new CommandButtonPanel(mCommandPanelDock);
+        mCommandPanelDock->setWidget(mCommandPanel);
+        mCommandPanelDock->setWindowTitle(tr("Command Panel"));
+        mCommandPanel->set_model(mNavigationModel, QModelIndex());
+    } else {
+        delete mCommandPanelDock;
+        mCommandPanelDock = nullptr;
+    }
+
+    auto* to_console = new QShortcut(QKeySequence(u"Ctrl+L"_s), this);
+    connect(to_console, &QShortcut::activated, this, &Ostrel::set_focus_to_command_window);
+
+    // Last, since it needs the console and may replace the command panel.
+    restore_settings();
+}
+
+Ostrel::~Ostrel()
+{
+    if (mOstrel == this)
+        mOstrel = nullptr;
+    QPixmapCache::clear();
+    mSections.reset();
+    delete mDefaultWidget;
+    delete mCommandWindow;
+    // After all widgets that may have registered with it.
+    mEventFilter.reset();
+}
+
+Ostrel* Ostrel::instance()
+{
+    return mOstrel;
+}
+
+TaskPanel* Ostrel::command_buttons() const
+{
+    return mCommandPanel;
+}
+
+CommandWindow* Ostrel::command_line() const
+{
+    return mCommandWindow;
+}
+
+JournalEditor* Ostrel::journal_editor() const
+{
+    return mJournalEditor;
+}
+
+OptionsPanel* Ostrel::options() const
+{
+    return mOptionsPanel;
+}
+
+OstrelFileMenu* Ostrel::file_menu() const
+{
+    return mFileMenu;
+}
+
+OstrelViewMenu* Ostrel::view_menu() const
+{
+    return mViewMenu;
+}
+
+OstrelToolsMenu* Ostrel::tools_menu() const
+{
+    return mToolsMenu;
+}
+
+OstrelHelpMenu* Ostrel::help_menu() const
+{
+    return mHelpMenu;
+}
+
+QWidget* Ostrel::graphics_widget() const
+{
+    return mGraphicsWidget;
+}
+
+OstrelSplitter* Ostrel::graphics_area() const
+{
+    return mGraphicsArea;
+}
+
+NavigationModel* Ostrel::navigation_model() const
+{
+    return mNavigationModel;
+}
+
+ProgressControl* Ostrel::progress() const
+{
+    return mProgress;
+}
+
+void Ostrel::set_title(const QString& t)
+{
+    mTitle = t.isEmpty() ? default_title : t;
+    update_title();
+}
+
+QString Ostrel::get_title() const
+{
+    return mTitle;
+}
+
+void Ostrel::update_title()
+{
+    setWindowTitle(mTitle);
+}
+
+void Ostrel::set_prompt(const QString& p)
+{
+    mPrompt = p.isEmpty() ? u"Fennar>"_s : p;
+}
+
+QString Ostrel::command_prompt() const
+{
+    return mPrompt;
+}
+
+void Ostrel::set_graphics_widget(QWidget* w)
+{
+    QWidget* const shown = mGraphicsWidget ? mGraphicsWidget : mDefaultWidget;
+    const int index = mGraphicsArea->indexOf(shown);
+    mGraphicsArea->removeWidget(shown);
+    if (mGraphicsWidget) {
+        mGraphicsWidget = nullptr;
+        CLOptions::instance()->set_graphics_state(1);
+    }
+
+    if (w) {
+        mGraphicsWidget = w;
+        w->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+        mGraphicsArea->insertWidget(index, w);
+        CLOptions::instance()->set_graphics_state(2);
+    } else {
+        mGraphicsArea->insertWidget(index, mDefaultWidget);
+    }
+}
+
+bool Ostrel::is_in_batch_mode() const
+{
+    return CLOptions::instance()->batch_mode();
+}
+
+bool Ostrel::usingButtonRows() const
+{
+    return qobject_cast<CommandButtonPanel*>(mCommandPanel) != nullptr;
+}
+
+void Ostrel::setUsingButtonRows(bool rows)
+{
+    if (usingButtonRows() != rows)
+        update_navigation_model(rows);
+}
+
+void Ostrel::setPanelButtonWidth(int width)
+{
+    // The new width is not stored, which is intended: it is the panels' own to change.
+    if (CommandButtons::mPanelButtonWidth != width && usingButtonRows())
+        update_navigation_model(true);
+}
+
+bool Ostrel::usingLargeButtonIcons() const
+{
+    const auto* breadcrumbs = qobject_cast<BreadcrumbsPanel*>(mCommandPanel);
+    return !breadcrumbs || breadcrumbs->usingLargeIcons;
+}
+
+void Ostrel::setUsingLargeButtonIcons(bool on)
+{
+    if (auto* breadcrumbs = qobject_cast<BreadcrumbsPanel*>(mCommandPanel))
+        breadcrumbs->setUsingLargeIcons(on);
+}
+
+void Ostrel::update_navigation_model(bool rows)
+{
+    // The replaced panel is not deleted, which is intended: it stays a hidden child of the dock.
+    const QModelIndex current = mCommandPanel->current_index();
+    if (rows)
+        mCommandPanel = new CommandButtonPanel(mCommandPanelDock);
+    else
+        mCommandPanel = new BreadcrumbsPanel(mCommandPanelDock);
+    mCommandPanelDock->setWidget(mCommandPanel);
+    mCommandPanel->set_model(mNavigationModel, QModelIndex());
+    mCommandPanel->set_current_index(current);
+}
+
+void Ostrel::display_context_menu(QContextMenuEvent*) {}
+
+void Ostrel::component_finished_loading(const char* name)
+{
+    emit componentLoaded(name);
+}
+
+bool Ostrel::add_dock_window(QDockWidget* dock, const char*, Qt::DockWidgetArea area,
+                             Qt::DockWidgetAreas allowed)
+{
+    if (!dock || !mSections || dock->objectName().isEmpty() || !(allowed & area))
+        return false;
+    addDockWidget(area, dock);
+    dock->setAllowedAreas(allowed);
+    return true;
+}
+
+bool Ostrel::eventFilter(QObject* object, QEvent* event)
+{
+    if (event->type() == QEvent::ContextMenu) {
+        display_context_menu(static_cast<QContextMenuEvent*>(event));
+        return true;
+    }
+    return QObject::eventFilter(object, event);
+}
+
+void Ostrel::set_focus_to_command_window()
+{
+    if (mCommandWindow)
+        mCommandWindow->set_focus();
+}
+
+void Ostrel::cancel_progress() {}
+
+void Ostrel::keyPressEvent(QKeyEvent* e)
+{
+    if (e->key() == Qt::Key_F1)
+        emit help_key_pressed();
+    else
+        QMainWindow::keyPressEvent(e);
+}
+
+void Ostrel::closeEvent(QCloseEvent* e)
+{
+    save_settings();
+    e->accept();
+    Broker::instance()->request_exit();
+}
+
+void Ostrel::showEvent(QShowEvent* e)
+{
+    QMainWindow::showEvent(e);
+}
+
+void Ostrel::about_to_quit_qt()
+{
+    if (!isHidden())
+        save_settings();
+}

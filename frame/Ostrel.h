@@ -1,0 +1,200 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "frame/export.h"
+
+#include <QMainWindow>
+#include <QString>
+
+#include <memory>
+
+class CommandWindow;
+class JournalEditor;
+class NavigationModel;
+class OptionsPanel;
+class OstrelEventFilter;
+class OstrelFileMenu;
+class OstrelGUIOptions;
+class OstrelHelpMenu;
+class OstrelSplitter;
+class OstrelToolsMenu;
+class OstrelViewMenu;
+class OstrelWindowMenu;
+class ProgressControl;
+class QContextMenuEvent;
+class QVBoxLayout;
+class TaskPanel;
+
+/**
+ * The application's one main window, and the place through which all parts of the shell and all components
+ * reach each other.
+ *
+ * MainFrame creates, shows and owns it. Components get it from instance() and use its accessors; what these
+ * return belongs to the window and dies with it, and is null where the window has no such part.
+ *
+ * GUI thread only.
+ */
+class OSTRELGUI_EXPORT Ostrel : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /**
+     * Builds the whole window and restores what was saved of it; nothing is shown yet.
+     *
+     * The first window built becomes instance() and stays so until it is destroyed.
+     *
+     * @param name  the object name, in UTF-8; null stands for "Ostrel".
+     */
+    explicit Ostrel(QWidget* parent = nullptr, const char* name = nullptr);
+    ~Ostrel() override;
+
+    /** The main window; null before it is built and after it is gone. */
+    static Ostrel* instance();
+
+    /** The panel in the command panel dock. It changes with setUsingButtonRows(). */
+    TaskPanel* command_buttons() const;
+    /** The console. */
+    CommandWindow* command_line() const;
+    JournalEditor* journal_editor() const;
+    OptionsPanel* options() const;
+    OstrelFileMenu* file_menu() const;
+    OstrelViewMenu* view_menu() const;
+    OstrelToolsMenu* tools_menu() const;
+    OstrelHelpMenu* help_menu() const;
+    /** What set_graphics_widget() has put in; null while the black placeholder is shown. */
+    QWidget* graphics_widget() const;
+    /** The central splitter. */
+    OstrelSplitter* graphics_area() const;
+    /** The model behind the command panel. */
+    NavigationModel* navigation_model() const;
+
+    /** Sets the window's title; an empty one stands for "Ostrel". */
+    void set_title(const QString& t);
+    QString get_title() const;
+    /** Writes the title anew. Called whenever the name of the current file changes. */
+    void update_title();
+
+    /** Keeps @p p for command_prompt(); an empty one stands for "Fennar>". Prints nothing. */
+    void set_prompt(const QString& p);
+    /** The prompt kept by set_prompt(); empty until then. */
+    QString command_prompt() const;
+
+    /**
+     * Puts @p w into the central area, in place of the widget that was there.
+     *
+     * @param w  stays the caller's, who must take it out before deleting it. Null brings the black
+     * placeholder back. The widget taken out is left alive and without a parent.
+     */
+    void set_graphics_widget(QWidget* w);
+
+    /** Whether the application was started to work through a script without a user. */
+    bool is_in_batch_mode() const;
+
+    /** Whether the command panel is the one of button rows. */
+    bool usingButtonRows() const;
+    /**
+     * Chooses between the panel of button rows and the breadcrumbs panel; the place that the user has reached
+     * is kept. Nothing happens if the choice is the present one.
+     */
+    void setUsingButtonRows(bool rows);
+    /**
+     * Builds a panel of button rows anew if @p width differs from CommandButtons::mPanelButtonWidth.
+     *
+     * The width, in pixels, is compared only, never stored; that is intended. Does nothing with a breadcrumbs
+     * panel.
+     */
+    void setPanelButtonWidth(int width);
+    /** Whether the command panel shows large icons; always true for button rows. */
+    bool usingLargeButtonIcons() const;
+    /** Sets the size of the breadcrumbs panel's icons. Does nothing with button rows. */
+    void setUsingLargeButtonIcons(bool on);
+
+    /** Opens the menu of docks and toolbars at the event's position. Does nothing while there is no view
+     * menu.
+     */
+    void display_context_menu(QContextMenuEvent* e);
+
+    /** Emits componentLoaded(). */
+    void component_finished_loading(const char* name);
+
+    /** Writes the window's state and the console's settings to QSettings. */
+    void save_settings();
+
+    /**
+     * Adds a dock to the window.
+     *
+     * @param dock       becomes the window's. It must have an object name.
+     * @param component  the owner mark of its entry in the view menu; null stands for the dock's object name.
+     * @param area       where to put it; must be one of @p allowed.
+     * @param allowed    where the user may drag it.
+     * @return false, with nothing done, if @p dock is null or has no object name or @p area is not allowed.
+     */
+    bool add_dock_window(QDockWidget* dock, const char* component, Qt::DockWidgetArea area,
+                         Qt::DockWidgetAreas allowed);
+
+    /**
+     * Turns context menu events of @p object into display_context_menu() and swallows them.
+     *
+     * The window is installed as a filter nowhere; do so for a widget that is to offer the window's menu.
+     */
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+signals:
+    /** F1 was pressed in the window. */
+    void help_key_pressed();
+    /** The component @p name has been loaded. */
+    void componentLoaded(const char* name);
+
+public slots:
+    /** Gives the focus to the console. */
+    void set_focus_to_command_window();
+    /** Asks the running command to stop. Does nothing while there is no progress control. */
+    void cancel_progress();
+
+protected:
+    void keyPressEvent(QKeyEvent* e) override;
+    void closeEvent(QCloseEvent* e) override;
+    void showEvent(QShowEvent* e) override;
+
+private:
+    friend class MainFrame;
+
+    struct Sections;
+
+    ProgressControl* progress() const;
+    void update_navigation_model(bool rows);
+    void restore_settings();
+    /** Saves the settings unless the window is hidden. For a host that quits Qt without closing the window.
+     */
+    void about_to_quit_qt();
+
+    OstrelSplitter* mGraphicsArea;
+    QWidget* mGraphicsWidget;
+    QWidget* mDefaultWidget;
+    QDockWidget* mCommandPanelDock;
+    QDockWidget* mCommandLineDock;
+    QMenuBar* mMenuBar;
+    std::unique_ptr<OstrelEventFilter> mEventFilter;
+    QVBoxLayout* mLayout;
+    QString mTitle;
+    QString mPrompt;
+    std::unique_ptr<Sections> mSections;
+    QAction* mLineupToolsAction;
+    OstrelFileMenu* mFileMenu;
+    OstrelViewMenu* mViewMenu;
+    OstrelToolsMenu* mToolsMenu;
+    OstrelWindowMenu* mWindowMenu;
+    OstrelHelpMenu* mHelpMenu;
+    NavigationModel* mNavigationModel;
+    TaskPanel* mCommandPanel;
+    CommandWindow* mCommandWindow;
+    OptionsPanel* mOptionsPanel;
+    OstrelGUIOptions* mGUIOptions;
+    ProgressControl* mProgress;
+    JournalEditor* mJournalEditor;
+
+    static Ostrel* mOstrel;
+};

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QSplitter>
+
+/** The central area of the main window: the splitter into which a component puts the graphics view. */
+class OstrelSplitter : public QSplitter
+{
+    Q_OBJECT
+
+public:
+    /** @param name  the object name, in UTF-8; null counts as empty. */
+    explicit OstrelSplitter(QWidget* parent = nullptr, const char* name = nullptr);
+    explicit OstrelSplitter(Qt::Orientation orientation, QWidget* parent = nullptr,
+                            const char* name = nullptr);
+
+    /** Takes @p widget out and leaves it without a parent. Anything that is not in the splitter, null
+     * included, is left alone. */
+    void removeWidget(QWidget* widget);
+};

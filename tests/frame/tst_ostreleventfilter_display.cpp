@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "frame/OstrelEventFilter.h"
+#include "support/TestCase.h"
+#include "support/windows.h"
+
+#include <QDeadlineTimer>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Lets the display's server see input as from the user's own devices. Returns whether it has been sent.
+bool xdotool(const QStringList& arguments)
+{
+    return QProcess::execute(u"xdotool"_s, arguments) == 0;
+}
+
+bool click(QWidget& target)
+{
+    const QPoint place = target.mapToGlobal(target.rect().center());
+    return xdotool(
+        {u"mousemove"_s, QString::number(place.x()), QString::number(place.y()), u"click"_s, u"1"_s});
+}
+
+// Runs the queue as the framework does during a command, until @p done. Nothing else runs it meanwhile, so
+// that no event arrives unfiltered.
+template <class Condition>
+bool run_until(OstrelEventFilter& filter, Condition done)
+{
+    const QDeadlineTimer give_up(10'000);
+    while (!done() && !give_up.hasExpired())
+        filter.processEvents(true);
+    return done();
+}
+
+class Window : public QWidget
+{
+public:
+    Window() : allowed(u"allowed"_s), other(u"other"_s)
+    {
+        auto* column = new QVBoxLayout(this);
+        column->addWidget(&allowed);
+        column->addWidget(&other);
+        column->addWidget(&edit);
+        connect(&allowed, &QPushButton::clicked, this, [this] { clicks << u"allowed"_s; });
+        connect(&other, &QPushButton::clicked, this, [this] { clicks << u"other"_s; });
+        resize(300, 200);
+    }
+
+    QPushButton allowed;
+    QPushButton other;
+    QLineEdit edit;
+    QStringList clicks;
+};
+
+} // namespace
+
+class TstOstrelEventFilterDisplay : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void real_click_is_lost_unless_allowed();
+    void real_key_is_lost();
+};
+
+void TstOstrelEventFilterDisplay::real_click_is_lost_unless_allowed()
+{
+    Window window;
+    QVERIFY(show_active(&window));
+    QVERIFY(click(window.other));
+    QTRY_COMPARE(window.clicks, QStringList{u"other"_s}); // the server's clicks do arrive
+    window.clicks.clear();
+
+    OstrelEventFilter filter;
+    filter.addObject(&window.allowed);
+    QVERIFY(click(window.other));
+    QVERIFY(click(window.allowed));
+    // Clicks arrive in order: when the second is there, the first has come and gone.
+    QVERIFY(run_until(filter, [&] { return !window.clicks.isEmpty(); }));
+    QCOMPARE(window.clicks, QStringList{u"allowed"_s});
+
+    // A last click, outside any run, ends the list; what was lost stays lost.
+    QVERIFY(click(window.allowed));
+    QTRY_COMPARE(window.clicks, (QStringList{u"allowed"_s, u"allowed"_s}));
+}
+
+void TstOstrelEventFilterDisplay::real_key_is_lost()
+{
+    Window window;
+    QVERIFY(show_active(&window));
+    window.edit.setFocus();
+    QVERIFY(xdotool({u"key"_s, u"x"_s}));
+    QTRY_COMPARE(window.edit.text(), u"x"_s); // the server's keys do arrive
+
+    OstrelEventFilter filter;
+    filter.addObject(&window.allowed);
+    QVERIFY(xdotool({u"key"_s, u"y"_s}));
+    QVERIFY(click(window.allowed));
+    QVERIFY(run_until(filter, [&] { return !window.clicks.isEmpty(); }));
+    QCOMPARE(window.edit.text(), u"x"_s);
+
+    window.edit.setFocus();
+    QVERIFY(xdotool({u"key"_s, u"z"_s}));
+    QTRY_COMPARE(window.edit.text(), u"xz"_s);
+}
+
+OSTREL_TEST_MAIN(TstOstrelEventFilterDisplay)
+
+#include "tst_ostreleventfilter_display.moc"
