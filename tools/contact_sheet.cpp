@@ -23,7 +23,7 @@ namespace {
 constexpr int kSizes[] = {16, 22, 36, 64};
 constexpr int kGap = 8;
 constexpr int kRow = 64 + 2 * kGap;
-constexpr int kNames = 150;
+constexpr int kNames = 170;
 constexpr int kColumns = 2;
 
 int strip_width()
