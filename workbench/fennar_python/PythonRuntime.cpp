@@ -81,6 +81,8 @@ py::ssize_t write(PythonOutput::Stream stream, const py::object& object)
     }
     PythonState& state = PythonState::get();
     const QString text = to_qstring(py::reinterpret_borrow<py::str>(object));
+    if (text.isEmpty())
+        return 0;
     if (state.on_gui_thread()) {
         without_python_lock([&] { state.output.show(stream, text); });
     } else if (state.output.enqueue(stream, text)) {
@@ -103,6 +105,7 @@ void install_support()
     names["__builtins__"] = py::module_::import("builtins");
     names["__name__"] = "fennar_support";
     names["__file__"] = "<fennar>";
+    names["executable"] = FENNAR_PYTHON_EXECUTABLE;
     names["write_output"] = py::cpp_function(
         [](const py::object& text) { return write(PythonOutput::Stream::Output, text); }, py::name("write"));
     names["write_error"] = py::cpp_function(

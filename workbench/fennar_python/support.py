@@ -3,8 +3,9 @@
 
 """The part of the embedded Python that is easiest said in Python: streams, tracebacks, the console's rules.
 
-The application runs this text once at the start and calls its functions. It defines __file__, write_output
-and write_error beforehand; the latter two take a string to where the application shows it.
+The application runs this text once at the start and calls its functions. It defines __file__ and executable
+beforehand, the latter being a Python for scripts to start, and write_output and write_error, which take a
+string to where the application shows it.
 """
 
 import codecs
@@ -166,6 +167,8 @@ def next_indent(source):
     return levels[-1]
 
 
+# Even an isolated Python takes this from the environment.
+sys.executable = sys._base_executable = executable
 sys.stdin = sys.__stdin__ = Input()
 sys.stdout = sys.__stdout__ = Output("<stdout>", write_output)
 sys.stderr = sys.__stderr__ = Output("<stderr>", write_error)

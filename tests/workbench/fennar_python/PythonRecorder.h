@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/fennar_python/PythonRuntime.h"
+
+#include <QStringList>
+
+#include <atomic>
+#include <functional>
+
+/** The application's side of Python in a test: keeps what arrives, and does what the test puts into it. */
+struct PythonRecorder
+{
+    QString output;
+    QString errors;
+    /** Both, each call as "out:TEXT" or "err:TEXT". */
+    QStringList calls;
+    QStringList commands;
+    std::atomic<int> wakes = 0;
+
+    std::function<void(const QString&)> onOutput;
+    std::function<bool(const QString&)> onCommand;
+    std::function<void()> onTurn;
+
+    PythonHooks hooks()
+    {
+        PythonHooks hooks;
+        hooks.output = [this](const QString& text) {
+            output += text;
+            calls += QStringLiteral("out:") + text;
+            if (onOutput)
+                onOutput(text);
+        };
+        hooks.error_output = [this](const QString& text) {
+            errors += text;
+            calls += QStringLiteral("err:") + text;
+        };
+        hooks.run_command = [this](const QString& text) {
+            commands += text;
+            return !onCommand || onCommand(text);
+        };
+        hooks.wake = [this] { ++wakes; };
+        hooks.turn = [this] {
+            if (onTurn)
+                onTurn();
+        };
+        return hooks;
+    }
+
+    void clear()
+    {
+        output.clear();
+        errors.clear();
+        calls.clear();
+        commands.clear();
+        wakes = 0;
+        onOutput = nullptr;
+        onCommand = nullptr;
+        onTurn = nullptr;
+    }
+};

@@ -1,0 +1,280 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "PythonRecorder.h"
+#include "support/TestCase.h"
+#include "workbench/fennar_python/PythonConsole.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class TstPythonConsole : public TestCase
+{
+    Q_OBJECT
+
+private:
+    PythonRecorder mRecorder;
+    PythonConsole mConsole{PythonRuntime::user_namespace()};
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(mConsole.enter(u"1"_s).failed); // not started yet
+        QVERIFY2(PythonRuntime::start(mRecorder.hooks()), qPrintable(mRecorder.errors));
+    }
+    void init()
+    {
+        TestCase::init();
+        mConsole.reset();
+        mRecorder.clear();
+    }
+    void cleanupTestCase() { PythonRuntime::stop(); }
+
+    void value_of_an_expression_is_shown_and_kept()
+    {
+        const PythonConsole::Outcome outcome = mConsole.enter(u"40 + 2"_s);
+        QVERIFY(!outcome.incomplete && !outcome.failed);
+        QCOMPARE(outcome.indent, QString());
+        QCOMPARE(mRecorder.output, u"42\n"_s);
+        mConsole.enter(u"_ * 2"_s);
+        mConsole.enter(u"'\\udc80'"_s);
+        mConsole.enter(u"None"_s);
+        QCOMPARE(mRecorder.output, u"42\n84\n'\\udc80'\n"_s);
+        QVERIFY(!mConsole.enter(u"assert _ == '\\udc80'"_s).failed);
+    }
+
+    void displayhook_of_the_user_is_asked()
+    {
+        mConsole.enter(u"import sys; sys.displayhook = lambda value: print('value', value)"_s);
+        mConsole.enter(u"3"_s);
+        mConsole.enter(u"sys.displayhook = sys.__displayhook__"_s);
+        QCOMPARE(mRecorder.output, u"value 3\n"_s);
+    }
+
+    void incomplete_lines_ask_for_more_data()
+    {
+        QTest::addColumn<QStringList>("lines");
+        QTest::addColumn<QString>("output");
+        QTest::newRow("block ends with an empty line")
+            << QStringList{u"for i in range(2):"_s, u"    print(i)"_s, QString()} << u"0\n1\n"_s;
+        QTest::newRow("block ends with a line of blanks")
+            << QStringList{u"for i in range(2):"_s, u"    print(i)"_s, u"    "_s} << u"0\n1\n"_s;
+        QTest::newRow("block in one line") << QStringList{u"if True: print('x')"_s, QString()} << u"x\n"_s;
+        QTest::newRow("else") << QStringList{u"if False:"_s, u"    pass"_s, u"else:"_s, u"    print('e')"_s,
+                                             QString()}
+                              << u"e\n"_s;
+        QTest::newRow("decorator") << QStringList{u"@staticmethod"_s, u"def f(): pass"_s, QString()}
+                                   << QString();
+        QTest::newRow("brackets") << QStringList{u"print(1,"_s, u"2,"_s, u"3)"_s} << u"1 2 3\n"_s;
+        QTest::newRow("empty line in brackets")
+            << QStringList{u"print(1,"_s, QString(), u"2)"_s} << u"1 2\n"_s;
+        QTest::newRow("triple quotes")
+            << QStringList{u"print('''a"_s, QString(), u"   "_s, u"b''')"_s} << u"a\n\n   \nb\n"_s;
+        QTest::newRow("backslash") << QStringList{u"print(1 + \\"_s, u"2)"_s} << u"3\n"_s;
+        QTest::newRow("tabs") << QStringList{u"if 1:"_s, u"\tprint('t')"_s, QString()} << u"t\n"_s;
+    }
+    void incomplete_lines_ask_for_more()
+    {
+        QFETCH(QStringList, lines);
+        QFETCH(QString, output);
+        for (const QString& line : lines.mid(0, lines.size() - 1)) {
+            const PythonConsole::Outcome outcome = mConsole.enter(line);
+            QVERIFY2(outcome.incomplete && !outcome.failed, qPrintable(line));
+            QCOMPARE(mRecorder.output, QString());
+        }
+        const PythonConsole::Outcome last = mConsole.enter(lines.last());
+        QVERIFY(!last.incomplete && !last.failed);
+        QCOMPARE(mRecorder.output, output);
+        QCOMPARE(mRecorder.errors, QString());
+    }
+
+    void complete_lines_ask_for_nothing_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::newRow("empty") << QString();
+        QTest::newRow("blanks") << u"   "_s;
+        QTest::newRow("comment") << u"# nothing"_s;
+        QTest::newRow("assignment") << u"x = 1"_s;
+        QTest::newRow("two statements") << u"x = 1; y = 2"_s;
+        QTest::newRow("final newline") << u"x = 1\n"_s;
+    }
+    void complete_lines_ask_for_nothing()
+    {
+        QFETCH(QString, line);
+        const PythonConsole::Outcome outcome = mConsole.enter(line);
+        QVERIFY(!outcome.incomplete && !outcome.failed);
+        QCOMPARE(outcome.indent, QString());
+        QCOMPARE(mRecorder.output + mRecorder.errors, QString());
+    }
+
+    void indent_follows_the_statement_data()
+    {
+        QTest::addColumn<QStringList>("lines");
+        QTest::addColumn<QString>("indent");
+        const QString four = u"    "_s;
+        const QString eight = four + four;
+        const auto row = [](const char* name, const QStringList& lines, const QString& indent) {
+            QTest::newRow(name) << lines << indent;
+        };
+        row("after a header", {u"def f():"_s}, four);
+        row("after a header with a comment", {u"def f():  # note: this"_s}, four);
+        row("after a header with a colon in a string", {u"if ':' in 'a:':"_s}, four);
+        row("after a header of two lines", {u"if (1 and"_s, u"        2):"_s}, four);
+        row("after a header within a block", {u"def f():"_s, u"    if x:"_s}, eight);
+        row("after a header of another width", {u"def f():"_s, u"  if x:"_s}, u"      "_s);
+        row("after a statement", {u"def f():"_s, u"    x = 1"_s}, four);
+        row("after a statement that ends with a string ending in a colon", {u"def f():"_s, u"    x = 'a:'"_s},
+            four);
+        row("after a comment that ends with a colon", {u"def f():"_s, u"    # so:"_s}, four);
+        row("after a statement of two lines", {u"def f():"_s, u"    x = g(1,"_s, u"          2)"_s}, four);
+        row("after a tab", {u"def f():"_s, u"\tx = 1"_s}, u"\t"_s);
+        row("after return", {u"def f():"_s, u"    return 1"_s}, QString());
+        row("after return of a lambda", {u"def f():"_s, u"    return lambda: 1"_s}, QString());
+        row("after return of two lines", {u"def f():"_s, u"    return (1,"_s, u"            2)"_s},
+            QString());
+        row("after pass in an inner block", {u"def f():"_s, u"    if x:"_s, u"        pass"_s}, four);
+        row("after break", {u"while 1:"_s, u"    break"_s}, QString());
+        row("after continue", {u"while 1:"_s, u"    continue"_s}, QString());
+        row("after raise", {u"def f():"_s, u"    raise ValueError(':')"_s}, QString());
+        row("after a second statement that leaves", {u"def f():"_s, u"    x = 1; return x"_s}, QString());
+        row("after a block in one line that leaves", {u"def f():"_s, u"    if x: return 1"_s}, four);
+        row("after a block in one line with two statements that leaves",
+            {u"def f():"_s, u"    if x: y = 1; return 1"_s}, four);
+        row("after a name that begins like a keyword", {u"def f():"_s, u"    returned = 1"_s}, four);
+        row("after a tab that leaves", {u"def f():"_s, u"\tif 1:"_s, u"\t\tpass"_s}, u"\t"_s);
+        row("within brackets", {u"x = ["_s, u"  1,"_s}, u"  "_s);
+        row("within brackets after a colon", {u"x = {'a':"_s}, QString());
+        row("within triple quotes", {u"def f():"_s, u"    x = '''a:"_s}, QString());
+        row("within a triple quoted format", {u"def f():"_s, u"    x = f'''a:"_s}, QString());
+        row("after a backslash", {u"def f():"_s, u"    x = 1 + \\"_s}, four);
+        row("after else", {u"if 0:"_s, u"    pass"_s, u"else:"_s}, four);
+        row("after a decorator", {u"@staticmethod"_s}, QString());
+        row("after a block in one line", {u"if x: y = 1"_s}, QString());
+        row("after a slice", {u"def f():"_s, u"    return x[1:]"_s}, QString());
+        row("after a case", {u"match 1:"_s, u"    case 1:"_s}, eight);
+    }
+    void indent_follows_the_statement()
+    {
+        QFETCH(QStringList, lines);
+        QFETCH(QString, indent);
+        PythonConsole::Outcome outcome;
+        for (const QString& line : lines)
+            outcome = mConsole.enter(line);
+        QVERIFY2(outcome.incomplete, qPrintable(mRecorder.errors));
+        QCOMPARE(outcome.indent, indent);
+    }
+
+    void traceback_names_the_console_and_nothing_of_ours()
+    {
+        const PythonConsole::Outcome outcome = mConsole.enter(u"1 / 0"_s);
+        QVERIFY(outcome.failed && !outcome.incomplete);
+        QCOMPARE(mRecorder.errors, u"Traceback (most recent call last):\n"
+                                   "  File \"<console>\", line 1, in <module>\n"
+                                   "ZeroDivisionError: division by zero\n"_s);
+    }
+
+    void syntax_error_is_told_without_a_traceback_and_drops_the_statement()
+    {
+        QVERIFY(mConsole.enter(u"x = = 1"_s).failed);
+        QVERIFY(mRecorder.errors.startsWith(u"  File \"<console>\", line 1\n    x = = 1\n"_s));
+        QVERIFY(mRecorder.errors.endsWith(u"SyntaxError: invalid syntax\n"_s));
+        mRecorder.clear();
+        QVERIFY(mConsole.enter(u"if 1:"_s).incomplete);
+        QVERIFY(mConsole.enter(u"    x = = 1"_s).failed);
+        QVERIFY(!mConsole.enter(u"2"_s).failed);
+        QCOMPARE(mRecorder.output, u"2\n"_s);
+    }
+
+    void lines_that_cannot_be_compiled_fail_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::newRow("null character") << QString::fromUtf16(u"x = '\0'", 7);
+        QTest::newRow("lone surrogate") << QString(u"x = '"_s + QChar(0xd800) + u'\'');
+        QTest::newRow("indented") << u"  x = 1"_s;
+        QTest::newRow("brackets too deep") << QString(QString(300, u'(') + u'1' + QString(300, u')'));
+    }
+    void lines_that_cannot_be_compiled_fail()
+    {
+        QFETCH(QString, line);
+        const PythonConsole::Outcome outcome = mConsole.enter(line);
+        QVERIFY(outcome.failed && !outcome.incomplete);
+        QVERIFY2(!mRecorder.errors.isEmpty() && !mRecorder.errors.contains(u"<fennar>"_s),
+                 qPrintable(mRecorder.errors));
+        QVERIFY(!mConsole.enter(u"1"_s).failed);
+    }
+
+    void reset_drops_the_pending_statement()
+    {
+        QVERIFY(mConsole.enter(u"x = ("_s).incomplete);
+        mConsole.reset();
+        mConsole.enter(u"3"_s);
+        QCOMPARE(mRecorder.output, u"3\n"_s);
+    }
+
+    void exit_is_told_and_the_console_goes_on_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<QString>("told");
+        QTest::newRow("sys.exit") << u"import sys; sys.exit(3)"_s << u"SystemExit: 3\n"_s;
+        QTest::newRow("exit") << u"exit()"_s << u"SystemExit\n"_s;
+        QTest::newRow("quit") << u"quit()"_s << u"SystemExit\n"_s;
+        QTest::newRow("raise") << u"raise SystemExit('text')"_s << u"SystemExit: text\n"_s;
+    }
+    void exit_is_told_and_the_console_goes_on()
+    {
+        QFETCH(QString, line);
+        QFETCH(QString, told);
+        QVERIFY(mConsole.enter(line).failed);
+        QCOMPARE(mRecorder.errors, told);
+        QVERIFY(!mConsole.enter(u"import sys; sys.stdin.read()"_s).failed);
+    }
+
+    void keyboard_interrupt_is_told()
+    {
+        QVERIFY(mConsole.enter(u"raise KeyboardInterrupt"_s).failed);
+        QVERIFY(mRecorder.errors.endsWith(u"KeyboardInterrupt\n"_s));
+        QVERIFY(!mConsole.enter(u"1"_s).failed);
+    }
+
+    void text_of_several_lines_counts_line_by_line()
+    {
+        QVERIFY(!mConsole.enter(u"for i in range(2):\r\n    print(i)\n\nprint('after')"_s).failed);
+        QCOMPARE(mRecorder.output, u"0\n1\nafter\n"_s);
+        const PythonConsole::Outcome outcome = mConsole.enter(u"1 / 0\nprint('on')"_s);
+        QVERIFY(outcome.failed);
+        QVERIFY(mRecorder.output.endsWith(u"on\n"_s));
+        QVERIFY(mConsole.enter(u"if 1:\n"_s).incomplete);
+    }
+
+    void switches_of_future_stay_on()
+    {
+        PythonConsole console(PythonRuntime::user_namespace());
+        QVERIFY(!console.enter(u"from __future__ import annotations"_s).failed);
+        QVERIFY(console.enter(u"def f(x: not_defined): pass"_s).incomplete);
+        QVERIFY(!console.enter(QString()).failed);
+        // Another console knows nothing of it.
+        QVERIFY(mConsole.enter(u"def f(x: not_defined): pass"_s).incomplete);
+        QVERIFY(mConsole.enter(QString()).failed);
+    }
+
+    void consoles_of_two_name_spaces_do_not_mix()
+    {
+        PythonConsole framework(PythonRuntime::framework_namespace());
+        QVERIFY(framework.enter(u"if 1:"_s).incomplete);
+        QVERIFY(!mConsole.enter(u"mine = 1"_s).failed);
+        framework.enter(u"    mine"_s);
+        QVERIFY(framework.enter(QString()).failed);
+        QVERIFY(mRecorder.errors.contains(u"NameError"_s));
+    }
+
+    void statement_that_enters_a_line_itself_finds_the_console_ready()
+    {
+        mRecorder.onCommand = [this](const QString& text) { return !mConsole.enter(text).failed; };
+        QVERIFY(!mConsole.enter(u"fennar.cmd('7 * 6')"_s).failed);
+        QCOMPARE(mRecorder.output, u"42\n"_s);
+    }
+};
+
+OSTREL_TEST_MAIN(TstPythonConsole)
+#include "tst_pythonconsole.moc"
