@@ -130,10 +130,10 @@ void Workbench::set_up_commands()
     fennar.playback().set_wait([this] { mFrame.check_interrupt_session(nullptr); });
     fennar.playback().set_python_hook(&PythonRuntime::run_file);
     fennar.playback().set_change_directory([] { return Broker::instance()->change_dir_on_playback(); });
-    fennar.registry().add({u"python"_s, u"python STATEMENT..."_s, u"Run a Python statement"_s,
+    fennar.registry().add({u"python"_s, u"python STATEMENT..."_s, u"Runs a Python statement."_s,
                            u"The words are joined with blanks; quote the statement to keep its own quotes."_s,
                            u"workbench"_s, &run_python_command});
-    fennar.registry().add({u"picture"_s, u"picture FILE"_s, u"Write a picture of the main window"_s,
+    fennar.registry().add({u"picture"_s, u"picture FILE"_s, u"Writes a picture of the main window."_s,
                            u"The ending of FILE selects the format, as .png or .jpg."_s, u"workbench"_s,
                            &write_picture});
 }
@@ -170,6 +170,7 @@ bool Workbench::load()
     // What Python's threads have written before could not be announced.
     PythonRuntime::deliver_output();
     set_command_sink([this](const QString& line) { mConsole->run_line(line); });
+    Ostrel::instance()->set_title(u"Fennar"_s);
     mConsole->prompt();
     Ostrel::instance()->set_focus_to_command_window();
     return true;

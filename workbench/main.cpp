@@ -5,6 +5,7 @@
 #include "workbench/ostrelfw/CommandLine.h"
 
 #include <QApplication>
+#include <QIcon>
 
 #include <algorithm>
 #include <clocale>
@@ -30,10 +31,12 @@ std::unique_ptr<QCoreApplication> make_application(int& argc, char** argv)
     QCoreApplication::setApplicationName(u"fennar"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(OSTREL_VERSION));
     std::unique_ptr<QCoreApplication> application;
-    if (works_without_display(argc, argv))
+    if (works_without_display(argc, argv)) {
         application = std::make_unique<QCoreApplication>(argc, argv);
-    else
+    } else {
         application = std::make_unique<QApplication>(argc, argv);
+        QApplication::setWindowIcon(QIcon(u":/ostrelgui/images/light/fennar.svg"_s));
+    }
     // The application object has taken the numbers of the user's language over for all of the C library.
     // Commands, Python and files have a decimal point in every language.
     std::setlocale(LC_NUMERIC, "C");

@@ -117,7 +117,8 @@ void TstFennar::wrong_argument_is_named_with_the_usage()
 void TstFennar::batch_run_prints_and_succeeds()
 {
     const QString journal = write(u"good.jou"_s, "set a 1.5\necho a is $a\npython print(2.5)\n");
-    const Run good = run({u"--batch"_s, u"--play"_s, journal}, {{u"QT_QPA_PLATFORM"_s, u"no-such-platform"_s}});
+    const Run good =
+        run({u"--batch"_s, u"--play"_s, journal}, {{u"QT_QPA_PLATFORM"_s, u"no-such-platform"_s}});
     QCOMPARE(good.code, 0);
     QCOMPARE(good.errors, QString());
     QVERIFY2(good.output.contains("a is 1.5\n"_L1), qPrintable(good.output));
@@ -172,18 +173,19 @@ void TstFennar::numbers_have_a_point_in_a_german_system()
     QFETCH(QStringList, arguments);
     const QString result = mDirectory->filePath(u"result"_s);
     // The C library's own formatting is asked through ctypes, so that Python's does not hide it.
-    write(u"numbers.py"_s, "import ctypes, fennar, locale\n"
-                           "libc = ctypes.CDLL(None)\n"
-                           "buffer = ctypes.create_string_buffer(20)\n"
-                           "libc.snprintf(buffer, 20, b'%.2f', ctypes.c_double(1.5))\n"
-                           "libc.strtod.restype = ctypes.c_double\n"
-                           "fennar.cmd('set a 2.25')\n"
-                           "with open('" +
-                               result.toUtf8() +
-                               "', 'w') as file:\n"
-                               "    print(locale.setlocale(locale.LC_CTYPE), file=file)\n"
-                               "    print(locale.setlocale(locale.LC_NUMERIC), file=file)\n"
-                               "    print(buffer.value.decode(), libc.strtod(b'2.5', None), 3.5, file=file)\n");
+    write(u"numbers.py"_s,
+          "import ctypes, fennar, locale\n"
+          "libc = ctypes.CDLL(None)\n"
+          "buffer = ctypes.create_string_buffer(20)\n"
+          "libc.snprintf(buffer, 20, b'%.2f', ctypes.c_double(1.5))\n"
+          "libc.strtod.restype = ctypes.c_double\n"
+          "fennar.cmd('set a 2.25')\n"
+          "with open('" +
+              result.toUtf8() +
+              "', 'w') as file:\n"
+              "    print(locale.setlocale(locale.LC_CTYPE), file=file)\n"
+              "    print(locale.setlocale(locale.LC_NUMERIC), file=file)\n"
+              "    print(buffer.value.decode(), libc.strtod(b'2.5', None), 3.5, file=file)\n");
     const QString journal =
         write(u"numbers.jou"_s, "play \"" + mDirectory->filePath(u"numbers.py"_s).toUtf8() + "\"\nquit\n");
     const Run german =
@@ -201,10 +203,9 @@ void TstFennar::numbers_have_a_point_in_a_german_system()
 void TstFennar::python_of_the_environment_is_not_used()
 {
     const QString journal = write(u"paths.py"_s, "import sys\nprint('\\n'.join(sys.path))\nimport json\n");
-    const Run isolated = run({u"--batch"_s, u"--play"_s, journal},
-                             {{u"PYTHONHOME"_s, u"/no/such/python"_s},
-                              {u"PYTHONPATH"_s, u"/no/such/path"_s},
-                              {u"PATH"_s, u"/no/such/programs"_s}});
+    const Run isolated = run({u"--batch"_s, u"--play"_s, journal}, {{u"PYTHONHOME"_s, u"/no/such/python"_s},
+                                                                    {u"PYTHONPATH"_s, u"/no/such/path"_s},
+                                                                    {u"PATH"_s, u"/no/such/programs"_s}});
     QVERIFY2(isolated.code == 0, qPrintable(isolated.errors));
     QVERIFY2(!isolated.output.contains("/no/such"_L1), qPrintable(isolated.output));
 }

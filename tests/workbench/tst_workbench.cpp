@@ -129,6 +129,7 @@ void TstWorkbench::window_has_a_black_area_a_command_panel_and_a_console()
         QVERIFY2(dock && dock->isVisible(), qPrintable(name));
     }
     QVERIFY(page()->isVisible());
+    QCOMPARE(window->windowTitle(), u"Fennar"_s);
 }
 
 void TstWorkbench::typed_command_is_answered_above_the_next_prompt()
