@@ -1,0 +1,734 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "console/CommandWindow.h"
+#include "frame/EventCatcher.h"
+#include "frame/MainFrame.h"
+#include "frame/Ostrel.h"
+#include "host/ostrelfw/ComponentTracker.h"
+#include "hostdouble/HostDouble.h"
+#include "support/TestCase.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QPointer>
+#include <QScreen>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QSplashScreen>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QThread>
+#include <QTimer>
+
+#include <thread>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+HostDouble& host()
+{
+    return HostDouble::instance();
+}
+
+// Loads on construction, and unloads at the end even if a test fails half-way.
+class LoadedFrame : public MainFrame
+{
+public:
+    LoadedFrame() { load_gui(); }
+    ~LoadedFrame() override
+    {
+        if (is_loaded())
+            unload_gui();
+    }
+};
+
+QList<QSplashScreen*> splash_screens()
+{
+    QList<QSplashScreen*> found;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (auto* splash = qobject_cast<QSplashScreen*>(window))
+            found << splash;
+    }
+    return found;
+}
+
+// Writes a picture of one colour and returns its path.
+QString make_picture(const QTemporaryDir& directory, const QString& name, const QSize& size)
+{
+    QImage picture(size, QImage::Format_RGB32);
+    picture.fill(Qt::black);
+    const QString path = directory.filePath(name);
+    return picture.save(path) ? path : QString();
+}
+
+// Sees all events of the type that announces work, with the object that they are for.
+class AnnouncementWatch : public QObject
+{
+public:
+    AnnouncementWatch() { QCoreApplication::instance()->installEventFilter(this); }
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Type(1000))
+            receivers << watched;
+        return false;
+    }
+    QList<QPointer<QObject>> receivers;
+};
+
+QString announcement()
+{
+    return u"Mediator::handle_new_event()"_s;
+}
+
+int announcements()
+{
+    return int(host().calls.count(announcement()));
+}
+
+} // namespace
+
+class TstMainFrame : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void construction_makes_the_resources_and_no_more();
+    void destruction_deletes_splash_and_resources();
+    void destruction_leaves_window_and_catcher();
+    void nothing_but_splash_works_before_loading();
+
+    void loading_goes_in_order();
+    void loading_builds_and_shows_the_window();
+    void batch_mode_makes_no_difference_to_loading();
+    void console_font_is_registered();
+    void console_becomes_the_output();
+    void window_that_nearly_fills_the_screen_is_maximised_data();
+    void window_that_nearly_fills_the_screen_is_maximised();
+    void restored_geometry_counts_for_maximising_data();
+    void restored_geometry_counts_for_maximising();
+    void navigation_directory_follows_the_setting_data();
+    void navigation_directory_follows_the_setting();
+    void reader_fills_the_model_with_resources_that_know_it();
+    void messages_of_the_reader_are_printed();
+    void tracker_is_registered();
+
+    void unloading_goes_in_order();
+    void nothing_works_after_unloading();
+    void unloading_without_loading_unregisters_the_tracker();
+
+    void new_event_is_posted_not_sent();
+    void new_event_has_normal_priority();
+    void new_events_from_a_thread_are_all_handled_on_the_gui_thread();
+    void catcher_answers_every_event();
+
+    void end_application_ends_the_run();
+    void accepted_close_ends_the_run_when_the_host_says_so();
+
+    void splash_shows_the_picture();
+    void splash_can_be_switched_off();
+    void second_splash_is_ignored();
+    void unreadable_picture_gives_an_empty_splash_data();
+    void unreadable_picture_gives_an_empty_splash();
+    void splash_message_is_white_at_the_bottom_centre();
+    void finished_splash_is_closed_and_gone();
+    void splash_goes_with_unloading();
+    void message_and_finish_do_nothing_without_splash();
+
+    void loaded_component_is_rechecked_then_announced();
+    void other_component_calls_have_no_effect();
+};
+
+void TstMainFrame::init()
+{
+    TestCase::init();
+    host().reset();
+}
+
+void TstMainFrame::construction_makes_the_resources_and_no_more()
+{
+    {
+        MainFrame frame;
+        QCOMPARE(host().take_calls(), QStringList{u"NavigationResourcesDelay()"_s});
+        QVERIFY(!frame.is_loaded());
+        QVERIFY(!Ostrel::instance());
+        QVERIFY(splash_screens().isEmpty());
+    }
+    QCOMPARE(host().take_calls(), QStringList{u"~NavigationResourcesDelay()"_s});
+}
+
+void TstMainFrame::destruction_deletes_splash_and_resources()
+{
+    QPointer<QSplashScreen> splash;
+    {
+        MainFrame frame;
+        frame.start_splash(nullptr);
+        QCOMPARE(splash_screens().size(), 1);
+        splash = splash_screens().constFirst();
+        connect(splash, &QObject::destroyed, this, [] { host().record(u"splash deleted"_s); });
+        host().take_calls();
+    }
+    QVERIFY(!splash);
+    QCOMPARE(host().take_calls(), (QStringList{u"splash deleted"_s, u"~NavigationResourcesDelay()"_s}));
+}
+
+void TstMainFrame::destruction_leaves_window_and_catcher()
+{
+    AnnouncementWatch watch;
+    QPointer<Ostrel> window;
+    {
+        MainFrame frame;
+        frame.load_gui();
+        window = Ostrel::instance();
+        frame.new_event();
+        QCoreApplication::processEvents();
+        host().take_calls();
+    }
+    QCOMPARE(host().take_calls(), QStringList{u"~NavigationResourcesDelay()"_s});
+    QVERIFY(window);
+    QVERIFY(window->isVisible());
+    QCOMPARE(watch.receivers.size(), 1);
+    QVERIFY(watch.receivers.constFirst());
+    delete window;
+    delete watch.receivers.constFirst();
+}
+
+void TstMainFrame::nothing_but_splash_works_before_loading()
+{
+    AnnouncementWatch watch;
+    MainFrame frame;
+    host().take_calls();
+
+    frame.new_event();
+    QCoreApplication::processEvents();
+    QVERIFY(watch.receivers.isEmpty());
+
+    bool run = false;
+    QTimer::singleShot(0, this, [&] { run = true; });
+    frame.run_application();
+    frame.start_progress_session("work", 1);
+    frame.update_progress_session("work", 50);
+    frame.check_interrupt_session("work");
+    frame.end_progress_session("work");
+    frame.set_status_text("working");
+    frame.set_status_text(nullptr);
+    frame.enable_cancel(true);
+    QVERIFY(!run);
+
+    // The loop outlives end_application(): it goes on to what is queued behind it.
+    QTimer::singleShot(0, this, [&] {
+        frame.end_application();
+        QMetaObject::invokeMethod(
+            this, [] { QCoreApplication::exit(7); }, Qt::QueuedConnection);
+    });
+    QCOMPARE(QCoreApplication::exec(), 7);
+    QCOMPARE(host().take_calls(), QStringList());
+}
+
+void TstMainFrame::loading_goes_in_order()
+{
+    host().navigation_messages = {u"one"_s, u"two"_s};
+    LoadedFrame frame;
+    const QString directory = QCoreApplication::applicationDirPath() + u"/xml/action-based-xml"_s;
+    QCOMPARE(host().take_calls(), (QStringList{
+                                      u"NavigationResourcesDelay()"_s,
+                                      u"CommandButtonPanel::CommandButtonPanel"_s,
+                                      u"CommandButtonPanel::set_model(set, invalid)"_s,
+                                      u"CLParser::batch_mode()"_s,
+                                      u"BrokerCommand::set_command_window(set)"_s,
+                                      u"NavigationReader()"_s,
+                                      u"NavigationReader::setResources(set)"_s,
+                                      u"NavigationReader::setModel(set, null, null)"_s,
+                                      u"NavigationReader::buildNavigation(\"%1\", \".xml\")"_s.arg(directory),
+                                      u"BrokerCommand::operator<<(\"one\")"_s,
+                                      u"BrokerCommand::operator<<(\"\n\")"_s,
+                                      u"BrokerCommand::operator<<(\"two\")"_s,
+                                      u"BrokerCommand::operator<<(\"\n\")"_s,
+                                      u"~NavigationReader()"_s,
+                                      u"Mediator::add_component_tracker(set)"_s,
+                                  }));
+}
+
+void TstMainFrame::loading_builds_and_shows_the_window()
+{
+    MainFrame frame;
+    const bool loaded = frame.load_gui();
+    const QPointer<Ostrel> window = Ostrel::instance();
+    QVERIFY(window);
+    const bool shown = window->isVisible();
+    const bool is_loaded = frame.is_loaded();
+    const QString name = window->objectName();
+    const QWidget* const parent = window->parentWidget();
+    frame.unload_gui();
+
+    QVERIFY(loaded);
+    QVERIFY(is_loaded);
+    QVERIFY(shown);
+    QCOMPARE(name, u"Ostrel"_s);
+    QCOMPARE(parent, nullptr);
+}
+
+void TstMainFrame::batch_mode_makes_no_difference_to_loading()
+{
+    QStringList calls[2];
+    for (const bool batch : {false, true}) {
+        host().reset();
+        host().batch_mode = batch;
+        LoadedFrame frame;
+        QVERIFY(frame.is_loaded());
+        QVERIFY(Ostrel::instance()->isVisible());
+        calls[batch] = host().take_calls();
+    }
+    QVERIFY(!calls[0].isEmpty());
+    QCOMPARE(calls[1], calls[0]);
+}
+
+void TstMainFrame::console_font_is_registered()
+{
+    QFontDatabase::removeAllApplicationFonts();
+    QVERIFY(!QFontDatabase::families().contains("Inconsolata"_L1));
+    LoadedFrame frame;
+    QVERIFY(QFontDatabase::families().contains("Inconsolata"_L1));
+}
+
+void TstMainFrame::console_becomes_the_output()
+{
+    LoadedFrame frame;
+    CommandWindow* const console = Ostrel::instance()->command_line();
+    QVERIFY(console);
+    QCOMPARE(host().command_window, static_cast<OutputHandler*>(console));
+}
+
+void TstMainFrame::window_that_nearly_fills_the_screen_is_maximised_data()
+{
+    QTest::addColumn<QSize>("room");
+    QTest::addColumn<bool>("maximised");
+
+    QTest::newRow("enough room on both axes") << QSize(11, 31) << false;
+    QTest::newRow("ten pixels beside it are not enough") << QSize(10, 31) << true;
+    QTest::newRow("thirty pixels below it are not enough") << QSize(11, 30) << true;
+    QTest::newRow("not enough on either axis") << QSize(10, 30) << true;
+    QTest::newRow("plenty of height does not help") << QSize(10, 300) << true;
+    QTest::newRow("plenty of width does not help") << QSize(300, 30) << true;
+    QTest::newRow("larger than the screen") << QSize(-200, -200) << true;
+}
+
+void TstMainFrame::window_that_nearly_fills_the_screen_is_maximised()
+{
+    QFETCH(const QSize, room);
+    QFETCH(const bool, maximised);
+    const QSize size = QGuiApplication::primaryScreen()->geometry().size() - room;
+    {
+        QSettings settings;
+        settings.setValue(u"/ostrelgui/ostrel/width"_s, size.width());
+        settings.setValue(u"/ostrelgui/ostrel/height"_s, size.height());
+    }
+    LoadedFrame frame;
+    QVERIFY(Ostrel::instance()->isVisible());
+    QCOMPARE(Ostrel::instance()->isMaximized(), maximised);
+    // Only an exact size puts the limits to the test. Maximising has not changed it yet.
+    QCOMPARE(Ostrel::instance()->size(), size);
+}
+
+void TstMainFrame::restored_geometry_counts_for_maximising_data()
+{
+    QTest::addColumn<QSize>("room");
+    QTest::addColumn<bool>("maximised");
+
+    QTest::newRow("enough room on both axes") << QSize(11, 31) << false;
+    QTest::newRow("ten pixels beside it are not enough") << QSize(10, 31) << true;
+    QTest::newRow("thirty pixels below it are not enough") << QSize(11, 30) << true;
+}
+
+void TstMainFrame::restored_geometry_counts_for_maximising()
+{
+    QFETCH(const QSize, room);
+    QFETCH(const bool, maximised);
+    {
+        QWidget like_last_time;
+        like_last_time.move(2, 2);
+        like_last_time.resize(QGuiApplication::primaryScreen()->geometry().size() - room);
+        QSettings().setValue(u"geometry"_s, like_last_time.saveGeometry());
+    }
+    LoadedFrame frame;
+    QVERIFY(Ostrel::instance()->isVisible());
+    QCOMPARE(Ostrel::instance()->isMaximized(), maximised);
+}
+
+void TstMainFrame::navigation_directory_follows_the_setting_data()
+{
+    QTest::addColumn<QVariant>("classic");
+    QTest::addColumn<QString>("directory");
+
+    QTest::newRow("missing key") << QVariant() << u"/xml/action-based-xml"_s;
+    QTest::newRow("switched off") << QVariant(false) << u"/xml/action-based-xml"_s;
+    QTest::newRow("switched on") << QVariant(true) << u"/xml/entity-based-xml"_s;
+}
+
+void TstMainFrame::navigation_directory_follows_the_setting()
+{
+    QFETCH(const QVariant, classic);
+    QFETCH(const QString, directory);
+    if (classic.isValid())
+        QSettings().setValue(u"/fennargui/commandpanel/classicnavigation"_s, classic);
+    LoadedFrame frame;
+    const QString call = u"NavigationReader::buildNavigation(\"%1%2\", \".xml\")"_s.arg(
+        QCoreApplication::applicationDirPath(), directory);
+    QCOMPARE(host().calls.filter(u"buildNavigation"_s), QStringList{call});
+}
+
+void TstMainFrame::reader_fills_the_model_with_resources_that_know_it()
+{
+    LoadedFrame frame;
+    QVERIFY(Ostrel::instance()->navigation_model());
+    QCOMPARE(host().resources_model, Ostrel::instance()->navigation_model());
+}
+
+void TstMainFrame::messages_of_the_reader_are_printed()
+{
+    host().navigation_messages = {u"first"_s, QString(), u"third"_s};
+    {
+        LoadedFrame frame;
+        QVERIFY(frame.is_loaded());
+        QCOMPARE(host().printed, u"first\n\nthird\n"_s);
+    }
+    host().reset();
+    LoadedFrame frame;
+    QCOMPARE(host().printed, QString());
+}
+
+void TstMainFrame::tracker_is_registered()
+{
+    LoadedFrame frame;
+    QCOMPARE(host().trackers, std::vector<ComponentTracker*>{&frame});
+}
+
+void TstMainFrame::unloading_goes_in_order()
+{
+    AnnouncementWatch watch;
+    MainFrame frame;
+    frame.start_splash(nullptr);
+    frame.load_gui();
+    frame.new_event();
+    QCoreApplication::processEvents();
+    QCOMPARE(watch.receivers.size(), 1);
+    QCOMPARE(splash_screens().size(), 1);
+    QPointer<QObject> catcher = watch.receivers.constFirst();
+    QPointer<Ostrel> window = Ostrel::instance();
+    const auto announce = [](const QObject* object, const QString& what) {
+        connect(object, &QObject::destroyed, object, [what] { host().record(what); });
+    };
+    announce(splash_screens().constFirst(), u"splash deleted"_s);
+    announce(window, u"window deleted"_s);
+    announce(catcher, u"catcher deleted"_s);
+    host().take_calls();
+
+    frame.unload_gui();
+    QCOMPARE(host().take_calls(), (QStringList{
+                                      u"Mediator::remove_component_tracker(set)"_s,
+                                      u"splash deleted"_s,
+                                      u"~NavigationResourcesDelay()"_s,
+                                      u"BrokerCommand::set_command_window(null)"_s,
+                                      u"window deleted"_s,
+                                      u"catcher deleted"_s,
+                                  }));
+    QVERIFY(host().trackers.empty());
+    QVERIFY(!frame.is_loaded());
+    QVERIFY(!Ostrel::instance());
+}
+
+void TstMainFrame::nothing_works_after_unloading()
+{
+    AnnouncementWatch watch;
+    MainFrame frame;
+    frame.load_gui();
+    frame.unload_gui();
+    host().take_calls();
+
+    frame.start_splash(nullptr);
+    frame.show_splash_message("late");
+    frame.finish_splash();
+    QVERIFY(splash_screens().isEmpty());
+
+    frame.new_event();
+    QCoreApplication::processEvents();
+    QVERIFY(watch.receivers.isEmpty());
+
+    bool run = false;
+    QTimer::singleShot(0, this, [&] { run = true; });
+    frame.run_application();
+    frame.check_interrupt_session("work");
+    frame.set_status_text("working");
+    QVERIFY(!run);
+    QCOMPARE(host().take_calls(), QStringList());
+}
+
+void TstMainFrame::unloading_without_loading_unregisters_the_tracker()
+{
+    MainFrame frame;
+    host().take_calls();
+    frame.unload_gui();
+    QCOMPARE(host().take_calls(),
+             (QStringList{u"Mediator::remove_component_tracker(set)"_s, u"~NavigationResourcesDelay()"_s}));
+}
+
+void TstMainFrame::new_event_is_posted_not_sent()
+{
+    AnnouncementWatch watch;
+    LoadedFrame frame;
+    QCoreApplication::processEvents();
+    host().take_calls();
+    frame.new_event();
+    frame.new_event();
+    QVERIFY(watch.receivers.isEmpty());
+    QCOMPARE(announcements(), 0);
+
+    QCoreApplication::processEvents();
+    QCOMPARE(announcements(), 2);
+    QCOMPARE(watch.receivers.size(), 2);
+    QVERIFY(qobject_cast<EventCatcher*>(watch.receivers.constFirst()));
+    QCOMPARE(static_cast<EventCatcher*>(watch.receivers.constFirst().data())->application, qApp);
+    QCOMPARE(watch.receivers.constFirst()->parent(), nullptr);
+}
+
+void TstMainFrame::new_event_has_normal_priority()
+{
+    LoadedFrame frame;
+    QCoreApplication::processEvents();
+    QStringList order;
+    host().on_handle_new_event = [&] { order << u"announced"_s; };
+    QMetaObject::invokeMethod(
+        this, [&] { order << u"before"_s; }, Qt::QueuedConnection);
+    frame.new_event();
+    QMetaObject::invokeMethod(
+        this, [&] { order << u"after"_s; }, Qt::QueuedConnection);
+    QCoreApplication::processEvents();
+    QCOMPARE(order, (QStringList{u"before"_s, u"announced"_s, u"after"_s}));
+    host().on_handle_new_event = nullptr;
+}
+
+void TstMainFrame::new_events_from_a_thread_are_all_handled_on_the_gui_thread()
+{
+    constexpr int count = 1000;
+    LoadedFrame frame;
+    int handled = 0;
+    int elsewhere = 0;
+    std::thread framework;
+    host().on_handle_new_event = [&] {
+        ++handled;
+        elsewhere += QThread::currentThread() != qApp->thread();
+        if (handled == count)
+            frame.end_application();
+    };
+    QTimer::singleShot(0, this, [&] {
+        framework = std::thread([&frame] {
+            for (int i = 0; i < count; ++i)
+                frame.new_event();
+        });
+    });
+    frame.run_application();
+    framework.join();
+    QCoreApplication::processEvents();
+    QCOMPARE(handled, count);
+    QCOMPARE(elsewhere, 0);
+    host().on_handle_new_event = nullptr;
+}
+
+void TstMainFrame::catcher_answers_every_event()
+{
+    EventCatcher catcher(nullptr);
+    QVERIFY(!catcher.application);
+    for (const QEvent::Type type : {QEvent::Type(1000), QEvent::None, QEvent::Timer, QEvent::DeferredDelete,
+                                    QEvent::User, QEvent::KeyPress}) {
+        QEvent event(type);
+        QVERIFY(catcher.event(&event));
+    }
+    QCOMPARE(announcements(), 6);
+    QCOMPARE(host().take_calls(), QStringList(6, announcement()));
+}
+
+void TstMainFrame::end_application_ends_the_run()
+{
+    LoadedFrame frame;
+    QTimer::singleShot(0, this, [&] { frame.end_application(); });
+    frame.run_application(); // does not return otherwise
+    // Qt has asked the windows to close first.
+    QVERIFY(frame.is_loaded());
+    QVERIFY(!Ostrel::instance()->isVisible());
+    QVERIFY(host().calls.contains("Mediator::request_exit()"_L1));
+}
+
+void TstMainFrame::accepted_close_ends_the_run_when_the_host_says_so()
+{
+    LoadedFrame frame;
+    host().on_request_exit = [&] { frame.end_application(); };
+    QTimer::singleShot(0, this, [] { Ostrel::instance()->close(); });
+    frame.run_application();
+    QCOMPARE(host().calls.count(u"Mediator::request_exit()"_s), 1);
+    host().on_request_exit = nullptr;
+}
+
+void TstMainFrame::splash_shows_the_picture()
+{
+    const QTemporaryDir directory;
+    const QString picture = make_picture(directory, u"caf\u00e9.png"_s, QSize(120, 80));
+    QVERIFY(!picture.isEmpty());
+    MainFrame frame;
+    frame.start_splash(picture.toUtf8().constData());
+    QCOMPARE(splash_screens().size(), 1);
+    const QSplashScreen* const splash = splash_screens().constFirst();
+    QVERIFY(splash->isVisible());
+    QCOMPARE(splash->pixmap().size(), QSize(120, 80));
+    QVERIFY(splash->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+}
+
+void TstMainFrame::splash_can_be_switched_off()
+{
+    QSettings().setValue(u"/ostrelgui/ostrel/splash"_s, false);
+    MainFrame frame;
+    frame.start_splash(nullptr);
+    QVERIFY(splash_screens().isEmpty());
+    frame.show_splash_message("text");
+    frame.finish_splash();
+    QVERIFY(splash_screens().isEmpty());
+
+    QSettings().setValue(u"/ostrelgui/ostrel/splash"_s, true);
+    frame.start_splash(nullptr);
+    QCOMPARE(splash_screens().size(), 1);
+}
+
+void TstMainFrame::second_splash_is_ignored()
+{
+    const QTemporaryDir directory;
+    const QString first = make_picture(directory, u"first.png"_s, QSize(120, 80));
+    const QString second = make_picture(directory, u"second.png"_s, QSize(60, 40));
+    MainFrame frame;
+    frame.start_splash(first.toUtf8().constData());
+    QCOMPARE(splash_screens().size(), 1);
+    QSplashScreen* const splash = splash_screens().constFirst();
+    frame.start_splash(second.toUtf8().constData());
+    QCOMPARE(splash_screens(), QList<QSplashScreen*>{splash});
+    QCOMPARE(splash->pixmap().size(), QSize(120, 80));
+}
+
+void TstMainFrame::unreadable_picture_gives_an_empty_splash_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::newRow("no such file") << QByteArray("/no/such/picture.png");
+    QTest::newRow("empty name") << QByteArray("");
+    QTest::newRow("null") << QByteArray();
+}
+
+void TstMainFrame::unreadable_picture_gives_an_empty_splash()
+{
+    QFETCH(const QByteArray, file);
+    MainFrame frame;
+    frame.start_splash(file.isNull() ? nullptr : file.constData());
+    QCOMPARE(splash_screens().size(), 1);
+    QVERIFY(splash_screens().constFirst()->isVisible());
+    QVERIFY(splash_screens().constFirst()->pixmap().isNull());
+}
+
+void TstMainFrame::splash_message_is_white_at_the_bottom_centre()
+{
+    const QTemporaryDir directory;
+    const QSize size(400, 200);
+    const QString picture = make_picture(directory, u"black.png"_s, size);
+    MainFrame frame;
+    frame.start_splash(picture.toUtf8().constData());
+    QCOMPARE(splash_screens().size(), 1);
+    QSplashScreen* const splash = splash_screens().constFirst();
+    frame.show_splash_message("loading caf\xc3\xa9 \xe2\x96\x88");
+    QCOMPARE(splash->message(), u"loading caf\u00e9 \u2588"_s);
+
+    const QImage image = splash->grab().toImage();
+    QRect written;
+    bool white = false;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor colour = image.pixelColor(x, y);
+            if (colour.value() > 50)
+                written |= QRect(x, y, 1, 1);
+            white |= colour == Qt::white;
+        }
+    }
+    QVERIFY(white);
+    QCOMPARE_GT(written.top(), size.height() * 3 / 4);
+    QCOMPARE_LT(qAbs(written.center().x() - size.width() / 2), 10);
+}
+
+void TstMainFrame::finished_splash_is_closed_and_gone()
+{
+    class CloseWatch : public QObject
+    {
+    public:
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            closed |= event->type() == QEvent::Close;
+            return false;
+        }
+        bool closed = false;
+    } watch;
+    MainFrame frame;
+    frame.start_splash(nullptr);
+    QCOMPARE(splash_screens().size(), 1);
+    const QPointer<QSplashScreen> splash = splash_screens().constFirst();
+    splash->installEventFilter(&watch);
+    frame.finish_splash();
+    QVERIFY(!splash);
+    QVERIFY(watch.closed);
+
+    frame.start_splash(nullptr);
+    QCOMPARE(splash_screens().size(), 1);
+}
+
+void TstMainFrame::splash_goes_with_unloading()
+{
+    LoadedFrame frame;
+    frame.start_splash(nullptr);
+    QCOMPARE(splash_screens().size(), 1);
+    frame.unload_gui();
+    QVERIFY(splash_screens().isEmpty());
+}
+
+void TstMainFrame::message_and_finish_do_nothing_without_splash()
+{
+    MainFrame frame;
+    frame.show_splash_message("text");
+    QVERIFY(splash_screens().isEmpty());
+    frame.finish_splash();
+    QVERIFY(splash_screens().isEmpty());
+}
+
+void TstMainFrame::loaded_component_is_rechecked_then_announced()
+{
+    LoadedFrame frame;
+    connect(Ostrel::instance(), &Ostrel::componentLoaded, this,
+            [](const char* name) { host().record(u"announced "_s + QString::fromUtf8(name)); });
+    host().take_calls();
+    QCOMPARE(host().trackers.size(), size_t(1));
+    host().trackers.front()->component_loaded("geometry");
+    QCOMPARE(host().take_calls(),
+             (QStringList{u"NavigationResourcesDelay::recheckResources()"_s, u"announced geometry"_s}));
+}
+
+void TstMainFrame::other_component_calls_have_no_effect()
+{
+    LoadedFrame frame;
+    const QSignalSpy announced(Ostrel::instance(), &Ostrel::componentLoaded);
+    host().take_calls();
+    QCOMPARE(host().trackers.size(), size_t(1));
+    ComponentTracker* const tracker = host().trackers.front();
+    tracker->component_loading("geometry");
+    tracker->component_unloading("geometry");
+    tracker->component_unloaded("geometry");
+    QCOMPARE(host().take_calls(), QStringList());
+    QVERIFY(announced.isEmpty());
+}
+
+OSTREL_TEST_MAIN(TstMainFrame)
+
+#include "tst_mainframe.moc"
