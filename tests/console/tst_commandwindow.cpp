@@ -206,6 +206,7 @@ private slots:
     void command_page_added_without_command_limit_keeps_the_other_limit();
     void command_page_gets_the_font_and_others_keep_theirs();
     void command_page_becomes_current_and_others_do_not();
+    void command_page_becomes_current_even_if_tab_changes_are_ignored();
     void command_page_added_late_does_not_follow_the_cursor();
     void page_of_a_derived_class_counts_as_command_page();
     void command_widget_casts();
@@ -605,6 +606,18 @@ void TstCommandWindow::command_page_becomes_current_and_others_do_not()
     QCOMPARE(working_page(window), one);
     auto* two = add<CommandWidget>(window, u"two"_s);
     QCOMPARE(tabs(window)->currentWidget(), two);
+    QCOMPARE(working_page(window), two);
+}
+
+void TstCommandWindow::command_page_becomes_current_even_if_tab_changes_are_ignored()
+{
+    class DeafWindow : public CommandWindow
+    {
+    public:
+        void tabPageChanged(int) override {}
+    } window;
+    add<CommandWidget>(window, u"one"_s);
+    auto* two = add<CommandWidget>(window, u"two"_s);
     QCOMPARE(working_page(window), two);
 }
 

@@ -11,6 +11,8 @@ class SettingsSandbox
 public:
     SettingsSandbox();
 
+    /** Whether there is such a directory. If not, settings must not be touched. */
+    bool is_valid() const { return mDirectory.isValid(); }
     /** The file behind a default-constructed QSettings. */
     QString file() const;
 

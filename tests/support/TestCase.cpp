@@ -19,6 +19,7 @@ void TestCase::init()
     // The offscreen platform warns of three things that it cannot do; they mean nothing to a test.
     QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support )"_s));
     mSettings = std::make_unique<SettingsSandbox>();
+    QVERIFY2(mSettings->is_valid(), "no directory for the settings");
 }
 
 void TestCase::cleanup()
@@ -37,7 +38,7 @@ int run_test(int argc, char** argv, QObject* (*make_test)())
 {
     const QString home = QDir::homePath();
     const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    if (!home.contains("/sandbox/"_L1) || !config.startsWith(home)) {
+    if (!home.contains("/sandbox/"_L1) || !config.startsWith(home + u'/')) {
         std::fprintf(stderr, "Tests run in a home of their own: start them through ctest.\n");
         return 2;
     }
