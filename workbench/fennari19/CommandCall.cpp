@@ -20,7 +20,7 @@ QString CommandCall::text(qsizetype i, QAnyStringView what)
 
 double CommandCall::number(qsizetype i, QAnyStringView what)
 {
-    const std::optional<double> value = parse_number(word(i, what).text);
+    const std::optional<double> value = has(i) ? parse_number(word(i, what).text) : std::nullopt;
     if (!value)
         throw expected(i, QString(what.toString() + " (a number)"_L1));
     return *value;
@@ -28,7 +28,7 @@ double CommandCall::number(qsizetype i, QAnyStringView what)
 
 int CommandCall::integer(qsizetype i, QAnyStringView what, int least, int most)
 {
-    const std::optional<qint64> value = parse_integer(word(i, what).text);
+    const std::optional<qint64> value = has(i) ? parse_integer(word(i, what).text) : std::nullopt;
     if (value && *value >= least && *value <= most)
         return int(*value);
     QString kind = u"a whole number"_s;

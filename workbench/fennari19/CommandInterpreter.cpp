@@ -93,15 +93,12 @@ CommandInterpreter::Result CommandInterpreter::run(const QString& text, const QS
 
 void CommandInterpreter::print(const QString& text) const
 {
-    // A copy, since the receiver may set another one.
-    if (const Output output = mOutput)
-        output(text);
+    mOutput(text);
 }
 
 void CommandInterpreter::print_error(const QString& text) const
 {
-    if (const Output output = mErrorOutput)
-        output(text);
+    mErrorOutput(text);
 }
 
 void CommandInterpreter::report(const QString& message) const

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "workbench/fennari19/Callback.h"
 #include "workbench/fennari19/CommandVariables.h"
 #include "workbench/fennari19/ContinuedCommand.h"
 
@@ -96,8 +97,8 @@ private:
 
     CommandRegistry& mRegistry;
     CommandVariables mVariables;
-    Output mOutput;
-    Output mErrorOutput;
+    Callback<void(const QString&)> mOutput;
+    Callback<void(const QString&)> mErrorOutput;
     ContinuedCommand mEntered;
     /** The calls that run, the outermost one first. */
     QList<const Call*> mCalls;

@@ -19,14 +19,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** Calls a copy, since the function may set another one in its place. */
-template <typename Function, typename... Arguments>
-void call(const Function& function, const Arguments&... arguments)
-{
-    if (const Function copy = function)
-        copy(arguments...);
-}
-
 bool is_python(QStringView text)
 {
     while (!text.isEmpty()) {
@@ -68,6 +60,9 @@ Text read_text(const QString& path)
         return {{}, u"%1 does not exist"_s.arg(shown)};
     if (info.isDir())
         return {{}, u"%1 is a directory"_s.arg(shown)};
+    // A device or a pipe might never end.
+    if (!info.isFile())
+        return {{}, u"%1 is no regular file"_s.arg(shown)};
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {{}, u"cannot read %1: %2"_s.arg(shown, file.errorString())};
@@ -79,7 +74,8 @@ Text read_text(const QString& path)
         return {{},
                 u"%1 is no text file: it holds a NUL byte on line %2"_s.arg(shown).arg(
                     bytes.first(nul).count('\n') + 1)};
-    QStringDecoder decoder(QStringDecoder::Utf8);
+    // Stateless, so that a character cut off at the end is an error as well.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     QString text = decoder.decode(bytes);
     if (decoder.hasError())
         return {{}, u"%1 is not UTF-8 on line %2"_s.arg(shown).arg(first_bad_line(bytes))};
@@ -99,7 +95,7 @@ Playback::Outcome Playback::play(const QString& path)
         return fail(read.error);
 
     const QString directory = QDir::currentPath();
-    const bool change = mChangeDirectory && mChangeDirectory();
+    const bool change = mChangeDirectory();
     if (change)
         QDir::setCurrent(QFileInfo(path).absolutePath());
     const auto go_back = qScopeGuard([&] {
@@ -170,7 +166,7 @@ Playback::Outcome Playback::play_journal(QStringView text, const QString& name)
             return report_end(outcome, name + u':' + QString::number(last_command));
         last_command = first_line;
         for (const QString& one : echoed)
-            call(mEcho, one);
+            mEcho(one);
         const QString run = text.sliced(command_start, start - command_start).toString();
         if (const Outcome outcome = run_command(run, name, first_line); outcome != Outcome::Played)
             return outcome;
@@ -198,13 +194,12 @@ Playback::Outcome Playback::play_python(const QString& text, const QString& name
 {
     if (const Outcome outcome = turn_and_wait(); outcome != Outcome::Played)
         return report_end(outcome, name);
-    const PythonHook hook = mPythonHook;
-    if (!hook)
+    if (!mPythonHook)
         return fail(u"%1 is a Python script, and there is no Python here"_s.arg(
             CommandError::shown(name, name.size())));
     bool done = false;
     try {
-        done = hook(name, text);
+        done = mPythonHook(name, text);
     } catch (const std::exception& error) {
         return fail(QString::fromUtf8(error.what()));
     } catch (...) {
@@ -217,9 +212,9 @@ Playback::Outcome Playback::play_python(const QString& text, const QString& name
 
 Playback::Outcome Playback::turn_and_wait()
 {
-    call(mTurn);
+    mTurn();
     while (mPaused && mWait && test_end() == Outcome::Played)
-        call(mWait);
+        mWait();
     return test_end();
 }
 
@@ -250,5 +245,5 @@ void Playback::set_paused(bool paused)
     if (mPaused == paused)
         return;
     mPaused = paused;
-    call(mPauseChanged, paused);
+    mPauseChanged(paused);
 }

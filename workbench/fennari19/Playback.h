@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/fennari19/Callback.h"
+
 #include <QString>
 #include <QStringList>
 #include <QStringView>
@@ -90,12 +92,12 @@ private:
     void set_paused(bool paused);
 
     CommandInterpreter& mInterpreter;
-    Echo mEcho;
-    Turn mTurn;
-    Turn mWait;
-    std::function<void(bool)> mPauseChanged;
-    PythonHook mPythonHook;
-    std::function<bool()> mChangeDirectory;
+    Callback<void(const QString&)> mEcho;
+    Callback<void()> mTurn;
+    Callback<void()> mWait;
+    Callback<void(bool)> mPauseChanged;
+    Callback<bool(const QString&, const QString&)> mPythonHook;
+    Callback<bool()> mChangeDirectory;
     int mDepth = 0;
     bool mPaused = false;
     bool mStop = false;
