@@ -7,8 +7,9 @@
 
 PythonState& PythonState::get()
 {
-    static PythonState state;
-    return state;
+    // Never destroyed: a thread of Python's may still write while the process ends.
+    static PythonState* const state = new PythonState;
+    return *state;
 }
 
 PythonEntry::PythonEntry() : mLock(PyGILState_Ensure())

@@ -132,6 +132,9 @@ int take_turn(void*)
         } catch (const std::exception& error) {
             PyErr_SetString(PyExc_RuntimeError, error.what());
             return -1;
+        } catch (...) {
+            PyErr_SetString(PyExc_RuntimeError, "unknown error of the application");
+            return -1;
         }
     }
     return 0;

@@ -55,7 +55,10 @@ int play_second_try()
     if (PythonRuntime::start(recorder.hooks(), u"/nonexistent"_s))
         return 2;
     recorder.clear();
-    return show(recorder, PythonRuntime::start(recorder.hooks()) ? 0 : 3);
+    if (!PythonRuntime::start(recorder.hooks()))
+        return show(recorder, 3);
+    PythonRuntime::stop();
+    return show(recorder, 0);
 }
 
 /** Shows the locale before and behind a run of Python, in the locale of the environment but for the numbers.
@@ -105,11 +108,10 @@ int play_signals()
     const auto user = make_python_interpreter(PythonRuntime::user_namespace());
     user->Run_SimpleString("import os\nr, w = os.pipe()\nos.close(r)\n"
                            "try: os.write(w, b'x')\nexcept BrokenPipeError: print('told')");
-    if (handler(SIGINT) != interrupt)
-        return show(recorder, 3);
-    if (handler(SIGPIPE) != (pipe == SIG_DFL ? SIG_IGN : pipe))
-        return show(recorder, 4);
-    return show(recorder, 0);
+    const bool interruptKept = handler(SIGINT) == interrupt;
+    const bool pipeRight = handler(SIGPIPE) == (pipe == SIG_DFL ? SIG_IGN : pipe);
+    PythonRuntime::stop();
+    return show(recorder, !interruptKept ? 3 : !pipeRight ? 4 : 0);
 }
 
 int play_stop_without_start()

@@ -268,6 +268,19 @@ private slots:
         QVERIFY(mRecorder.errors.contains(u"NameError"_s));
     }
 
+    void help_is_shown_at_once()
+    {
+        QVERIFY(!mConsole.enter(u"help(len)"_s).failed);
+        QVERIFY2(mRecorder.output.contains(u"number of items"_s), qPrintable(mRecorder.output));
+    }
+
+    void breakpoint_finds_no_terminal_and_ends()
+    {
+        QVERIFY(mConsole.enter(u"breakpoint()"_s).failed);
+        QVERIFY2(mRecorder.errors.endsWith(u"bdb.BdbQuit\n"_s), qPrintable(mRecorder.errors));
+        QVERIFY(!mConsole.enter(u"1"_s).failed);
+    }
+
     void statement_that_enters_a_line_itself_finds_the_console_ready()
     {
         mRecorder.onCommand = [this](const QString& text) { return !mConsole.enter(text).failed; };

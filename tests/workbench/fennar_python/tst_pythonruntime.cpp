@@ -341,6 +341,13 @@ private slots:
         QVERIFY(mRecorder.errors.endsWith(u"KeyboardInterrupt\n"_s));
     }
 
+    void turn_that_throws_becomes_an_exception_of_python()
+    {
+        mRecorder.onTurn = [] { throw std::runtime_error("no more turns"); };
+        QVERIFY(!run("while True: pass"));
+        QVERIFY(mRecorder.errors.endsWith(u"RuntimeError: no more turns\n"_s));
+    }
+
     void turn_may_run_python()
     {
         int turns = 0;
