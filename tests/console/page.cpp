@@ -79,6 +79,13 @@ void Page::put_selection(int anchor, int position)
     setTextCursor(cursor);
 }
 
+QPoint Page::middle_of(int position) const
+{
+    QTextCursor cursor(document());
+    cursor.setPosition(position);
+    return cursorRect(cursor).center();
+}
+
 void Page::press(int key, Qt::KeyboardModifiers modifiers)
 {
     press(key, modifiers, key_text(key, modifiers));

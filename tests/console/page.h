@@ -27,6 +27,9 @@ public:
     void put_caret(int position) { put_selection(position, position); }
     void put_selection(int anchor, int position);
 
+    /** Where to click for the caret to come to @p position, in the viewport. */
+    QPoint middle_of(int position) const;
+
     /** Sends a key as a keyboard does, with the text that belongs to it. */
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void press(int key, Qt::KeyboardModifiers modifiers, const QString& text);

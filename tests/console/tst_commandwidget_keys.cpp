@@ -543,16 +543,8 @@ void TstCommandWidgetKeys::other_rows()
     row("Shift+Left may select the prompt", u"out\n$ |command"_s, Qt::SHIFT | Qt::Key_Left,
         u"out\n$| ^command"_s);
     row("End", u"out\n$ c|ommand"_s, Qt::Key_End, u"out\n$ command|"_s);
-    row("PageUp may go into the output", u"one
-two
-|$ c"_s, Qt::Key_PageUp, u"|one
-two
-$ c"_s);
-    row("PageDown may leave it", u"|one
-two
-$ c"_s, Qt::Key_PageDown, u"one
-two
-|$ c"_s);
+    row("PageUp may go into the output", u"one\ntwo\n|$ c"_s, Qt::Key_PageUp, u"|one\ntwo\n$ c"_s);
+    row("PageDown may leave it", u"|one\ntwo\n$ c"_s, Qt::Key_PageDown, u"one\ntwo\n|$ c"_s);
 }
 
 void TstCommandWidgetKeys::word_rows()

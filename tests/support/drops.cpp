@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "support/drops.h"
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+
+#include <chrono>
+
+using namespace std::chrono_literals;
+
+bool drop_text(QWidget* target, const QPoint& position, const QString& text)
+{
+    QMimeData data;
+    data.setText(text);
+    // No other program can be made to drag here, so the events are made by hand.
+    const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter(position, actions, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &enter);
+    QDropEvent drop(position, actions, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &drop);
+    return enter.isAccepted() && drop.isAccepted();
+}
+
+bool drag_by_mouse(QWidget* widget, const QPoint& from, const QPoint& to)
+{
+    QWindow* window = widget->window()->windowHandle();
+    const auto in_window = [&](const QPoint& position) { return widget->mapTo(widget->window(), position); };
+    bool dragging = false;
+    // The move that begins the drag returns when the drag is over, so the rest is done from within.
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, window, [&] {
+        if (!QGuiApplication::overrideCursor())
+            return;
+        timer.stop();
+        dragging = true;
+        QTest::mouseMove(window, in_window(to));
+        QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, in_window(to));
+    });
+    timer.start(5ms);
+    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, in_window(from));
+    QTest::mouseMove(window, in_window(from) + QPoint(QApplication::startDragDistance() + 1, 0));
+    if (!dragging)
+        QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, in_window(from));
+    return dragging;
+}

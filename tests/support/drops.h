@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QPoint>
+
+class QString;
+class QWidget;
+
+/** Drops @p text at @p position of @p target as another program would. Returns whether it was taken. */
+[[nodiscard]] bool drop_text(QWidget* target, const QPoint& position, const QString& text);
+
+/**
+ * Presses the mouse at @p from, drags what is selected there to @p to, and lets go.
+ *
+ * Runs the drag as the platform does, so that the widget is the source of its own drop. Only for a window
+ * that is shown. Returns whether a drag began.
+ */
+[[nodiscard]] bool drag_by_mouse(QWidget* widget, const QPoint& from, const QPoint& to);
