@@ -51,7 +51,12 @@ public:
     void new_event() override;
     /** Runs the event loop until it is ended. Returns at once unless load_gui() has found a QApplication. */
     void run_application() override;
-    /** Ends the event loop. Does nothing unless load_gui() has found a QApplication. */
+    /**
+     * Ends the event loop. Does nothing unless load_gui() has found a QApplication.
+     *
+     * Qt first asks every window that is still open to close, so an open main window saves its settings and
+     * calls Mediator::request_exit(), and may refuse.
+     */
     void end_application() override;
 
     // The five operations from here on do nothing while there is no main window or no progress control.

@@ -1,0 +1,524 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "console/CommandWindow.h"
+#include "frame/Ostrel.h"
+#include "hostdouble/HostDouble.h"
+#include "support/TestCase.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QDockWidget>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void set(const QString& key, const QVariant& value)
+{
+    QSettings().setValue(key, value);
+}
+
+QVariant get(const QString& key)
+{
+    return QSettings().value(key);
+}
+
+QString documents()
+{
+    return QStandardPaths::standardLocations(QStandardPaths::DocumentsLocation).constFirst();
+}
+
+QString current()
+{
+    return QDir(QDir::currentPath()).canonicalPath();
+}
+
+QString real(const QString& directory)
+{
+    return QDir(directory).canonicalPath();
+}
+
+} // namespace
+
+class TstOstrelSettings : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    // Position and size.
+    void position_is_restored_data();
+    void position_is_restored();
+    void half_a_position_moves_nothing_data();
+    void half_a_position_moves_nothing();
+    void size_is_restored_from_both_keys();
+    void half_a_size_resizes_nothing_data();
+    void half_a_size_resizes_nothing();
+    void geometry_of_the_last_life_overrides_position_and_size();
+    void broken_geometry_leaves_position_and_size_data();
+    void broken_geometry_leaves_position_and_size();
+    void arrangement_is_saved_but_does_not_come_back();
+    void position_and_size_keys_are_not_written();
+
+    // Working directory.
+    void directory_is_kept_data();
+    void directory_is_kept();
+    void directory_is_left_data();
+    void directory_is_left();
+    void test_of_the_directory_leaves_no_file();
+    void directory_that_nobody_can_write_is_left();
+    void restoring_does_without_the_test();
+    void failed_change_of_directory_is_not_noticed();
+
+    // Console.
+    void font_lives_on();
+    void missing_font_keys_leave_the_consoles_font();
+    void family_alone_keeps_the_size();
+    void size_alone_keeps_the_family();
+    void useless_font_size_is_ignored_data();
+    void useless_font_size_is_ignored();
+    void limits_are_restored_data();
+    void limits_are_restored();
+    void limits_live_on();
+    void switched_off_trimming_loses_the_limit();
+
+    // Panel, and the settings of others.
+    void panel_kind_is_restored_data();
+    void panel_kind_is_restored();
+    void settings_of_others_stay_as_they_are();
+
+private:
+    QString mDirectoryBefore;
+    std::unique_ptr<QTemporaryDir> mStart;
+    std::unique_ptr<QTemporaryDir> mSaved;
+};
+
+void TstOstrelSettings::init()
+{
+    TestCase::init();
+    HostDouble::instance().reset();
+    mDirectoryBefore = QDir::currentPath();
+    mStart = std::make_unique<QTemporaryDir>();
+    mSaved = std::make_unique<QTemporaryDir>();
+    QVERIFY(QDir().mkpath(documents()));
+    QVERIFY(QDir::setCurrent(mStart->path()));
+}
+
+void TstOstrelSettings::cleanup()
+{
+    QVERIFY(QDir::setCurrent(mDirectoryBefore));
+    mStart.reset();
+    mSaved.reset();
+    TestCase::cleanup();
+}
+
+void TstOstrelSettings::position_is_restored_data()
+{
+    QTest::addColumn<QPoint>("saved");
+    QTest::addColumn<QPoint>("position");
+
+    QTest::newRow("on the screen") << QPoint(30, 40) << QPoint(30, 40);
+    QTest::newRow("x too far") << QPoint(1201, 5) << QPoint(0, 0);
+    QTest::newRow("y too far") << QPoint(5, 1201) << QPoint(0, 0);
+    QTest::newRow("x far beyond, y negative") << QPoint(99999, -7) << QPoint(0, 0);
+    QTest::newRow("both at the limit") << QPoint(1200, 1200) << QPoint(1200, 1200);
+    QTest::newRow("negative") << QPoint(-30, -40) << QPoint(-30, -40);
+}
+
+void TstOstrelSettings::position_is_restored()
+{
+    QFETCH(const QPoint, saved);
+    QFETCH(const QPoint, position);
+    set(u"/ostrelgui/ostrel/x"_s, saved.x());
+    set(u"/ostrelgui/ostrel/y"_s, saved.y());
+    const Ostrel window;
+    QCOMPARE(window.pos(), position);
+    QVERIFY(window.testAttribute(Qt::WA_Moved));
+}
+
+void TstOstrelSettings::half_a_position_moves_nothing_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::newRow("x alone") << u"x"_s;
+    QTest::newRow("y alone") << u"y"_s;
+}
+
+void TstOstrelSettings::half_a_position_moves_nothing()
+{
+    QFETCH(const QString, key);
+    set(u"/ostrelgui/ostrel/"_s + key, 30);
+    const Ostrel window;
+    QCOMPARE(window.pos(), QPoint(0, 0));
+    QVERIFY(!window.testAttribute(Qt::WA_Moved));
+}
+
+void TstOstrelSettings::size_is_restored_from_both_keys()
+{
+    set(u"/ostrelgui/ostrel/width"_s, 640);
+    set(u"/ostrelgui/ostrel/height"_s, 480);
+    const Ostrel window;
+    QCOMPARE(window.size(), QSize(640, 480));
+}
+
+void TstOstrelSettings::half_a_size_resizes_nothing_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::newRow("width alone") << u"width"_s;
+    QTest::newRow("height alone") << u"height"_s;
+}
+
+void TstOstrelSettings::half_a_size_resizes_nothing()
+{
+    QFETCH(const QString, key);
+    set(u"/ostrelgui/ostrel/"_s + key, 640);
+    const Ostrel window;
+    QCOMPARE(window.size(), QSize(1016, 819));
+}
+
+void TstOstrelSettings::geometry_of_the_last_life_overrides_position_and_size()
+{
+    QByteArray geometry;
+    {
+        Ostrel window;
+        window.move(20, 30);
+        window.resize(600, 450);
+        window.save_settings();
+        geometry = window.saveGeometry();
+    }
+    QCOMPARE(get(u"geometry"_s).toByteArray(), geometry);
+
+    set(u"/ostrelgui/ostrel/x"_s, 70);
+    set(u"/ostrelgui/ostrel/y"_s, 80);
+    set(u"/ostrelgui/ostrel/width"_s, 640);
+    set(u"/ostrelgui/ostrel/height"_s, 480);
+    const Ostrel window;
+    QCOMPARE(window.size(), QSize(600, 450));
+    QVERIFY(window.pos() != QPoint(70, 80));
+}
+
+void TstOstrelSettings::broken_geometry_leaves_position_and_size_data()
+{
+    QTest::addColumn<QVariant>("geometry");
+    QTest::newRow("empty") << QVariant(QByteArray());
+    QTest::newRow("no geometry at all") << QVariant(QByteArray("something else"));
+    QTest::newRow("number") << QVariant(7);
+}
+
+void TstOstrelSettings::broken_geometry_leaves_position_and_size()
+{
+    QFETCH(const QVariant, geometry);
+    set(u"geometry"_s, geometry);
+    set(u"/ostrelgui/ostrel/x"_s, 70);
+    set(u"/ostrelgui/ostrel/y"_s, 80);
+    set(u"/ostrelgui/ostrel/width"_s, 640);
+    set(u"/ostrelgui/ostrel/height"_s, 480);
+    const Ostrel window;
+    QCOMPARE(window.size(), QSize(640, 480));
+    QCOMPARE(window.pos(), QPoint(70, 80));
+}
+
+void TstOstrelSettings::arrangement_is_saved_but_does_not_come_back()
+{
+    {
+        Ostrel window;
+        window.findChild<QDockWidget*>(u"FennarCommandPanel"_s)->hide();
+        window.save_settings();
+        QVERIFY(!window.saveState(0).isEmpty());
+        QCOMPARE(get(u"/ostrelgui/ostrel/saved_state"_s).toByteArray(), window.saveState(0));
+    }
+    const Ostrel window;
+    QVERIFY(!window.findChild<QDockWidget*>(u"FennarCommandPanel"_s)->isHidden());
+}
+
+void TstOstrelSettings::position_and_size_keys_are_not_written()
+{
+    Ostrel window;
+    window.save_settings();
+    const QStringList keys = QSettings().allKeys();
+    QVERIFY(keys.contains("geometry"_L1));
+    for (const auto* key : {"x", "y", "width", "height", "workingdir", "restoreWorkingDir", "splash"})
+        QVERIFY2(!keys.contains("ostrelgui/ostrel/"_L1 + QLatin1StringView(key)), key);
+    QVERIFY(keys.filter(u"fennargui"_s).isEmpty());
+}
+
+void TstOstrelSettings::directory_is_kept_data()
+{
+    QTest::addColumn<bool>("batch");
+    QTest::addColumn<QVariant>("restore");
+    QTest::newRow("fresh settings") << false << QVariant();
+    QTest::newRow("switched off") << false << QVariant(false);
+    QTest::newRow("batch mode, switched on") << true << QVariant(true);
+    QTest::newRow("batch mode, switched off") << true << QVariant(false);
+}
+
+void TstOstrelSettings::directory_is_kept()
+{
+    QFETCH(const bool, batch);
+    QFETCH(const QVariant, restore);
+    HostDouble::instance().batch_mode = batch;
+    if (restore.isValid())
+        set(u"/ostrelgui/ostrel/restoreWorkingDir"_s, restore);
+    set(u"/ostrelgui/ostrel/workingdir"_s, mSaved->path());
+    const Ostrel window;
+    QCOMPARE(current(), real(mStart->path()));
+}
+
+void TstOstrelSettings::directory_is_left_data()
+{
+    QTest::addColumn<bool>("batch");
+    QTest::addColumn<bool>("restore");
+    QTest::addColumn<bool>("writable");
+    QTest::addColumn<QString>("saved");
+    QTest::addColumn<QString>("target");
+
+    const auto switched_on = [](const char* row) -> QTestData& {
+        return QTest::newRow(row) << false << true << true;
+    };
+    switched_on("switched on, directory saved") << u"saved"_s << u"saved"_s;
+    switched_on("switched on, nothing saved") << u"missing"_s << u"documents"_s;
+    switched_on("switched on, empty text saved") << u"empty"_s << u"documents"_s;
+    switched_on("switched on, saved directory is gone") << u"gone"_s << u"documents"_s;
+    switched_on("switched on, a file saved") << u"file"_s << u"documents"_s;
+
+    const auto not_writable = [](const char* row, bool batch, bool restore) -> QTestData& {
+        return QTest::newRow(row) << batch << restore << false;
+    };
+    not_writable("not writable, directory saved", false, false) << u"saved"_s << u"saved"_s;
+    not_writable("not writable, nothing saved", false, false) << u"missing"_s << u"documents"_s;
+    not_writable("not writable, saved directory is gone", false, false) << u"gone"_s << u"documents"_s;
+    not_writable("not writable, batch mode, switched on", true, true) << u"saved"_s << u"saved"_s;
+    not_writable("not writable, batch mode, switched off", true, false) << u"saved"_s << u"saved"_s;
+}
+
+void TstOstrelSettings::directory_is_left()
+{
+    QFETCH(const bool, batch);
+    QFETCH(const bool, restore);
+    QFETCH(const bool, writable);
+    QFETCH(const QString, saved);
+    QFETCH(const QString, target);
+
+    HostDouble::instance().batch_mode = batch;
+    set(u"/ostrelgui/ostrel/restoreWorkingDir"_s, restore);
+    // Permissions would not hold the system administrator back; a directory in the file's place does.
+    if (!writable)
+        QVERIFY(QDir().mkdir(u".pwdtest"_s));
+    const QString key = u"/ostrelgui/ostrel/workingdir"_s;
+    if (saved == "saved"_L1)
+        set(key, mSaved->path());
+    else if (saved == "empty"_L1)
+        set(key, QString());
+    else if (saved == "gone"_L1)
+        set(key, mSaved->filePath(u"gone"_s));
+    else if (saved == "file"_L1) {
+        QFile file(mSaved->filePath(u"file"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        set(key, file.fileName());
+    }
+
+    const Ostrel window;
+    QCOMPARE(current(), real(target == "saved"_L1 ? mSaved->path() : documents()));
+}
+
+void TstOstrelSettings::test_of_the_directory_leaves_no_file()
+{
+    const Ostrel window;
+    QCOMPARE(current(), real(mStart->path()));
+    const auto everything = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    QCOMPARE(QDir(mStart->path()).entryList(everything), QStringList());
+}
+
+void TstOstrelSettings::directory_that_nobody_can_write_is_left()
+{
+    QVERIFY(QDir::setCurrent(u"/proc"_s));
+    const Ostrel window;
+    QCOMPARE(current(), real(documents()));
+}
+
+void TstOstrelSettings::restoring_does_without_the_test()
+{
+    // The test would remove the file.
+    QFile file(u".pwdtest"_s);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.close();
+    set(u"/ostrelgui/ostrel/restoreWorkingDir"_s, true);
+    {
+        const Ostrel window;
+        QVERIFY(QFile::exists(mStart->filePath(u".pwdtest"_s)));
+    }
+    QVERIFY(QDir::setCurrent(mStart->path()));
+    set(u"/ostrelgui/ostrel/restoreWorkingDir"_s, false);
+    const Ostrel window;
+    QVERIFY(!QFile::exists(mStart->filePath(u".pwdtest"_s)));
+}
+
+void TstOstrelSettings::failed_change_of_directory_is_not_noticed()
+{
+    set(u"/ostrelgui/ostrel/restoreWorkingDir"_s, true);
+    QVERIFY(QDir().rmdir(documents()));
+    const Ostrel window;
+    QCOMPARE(current(), real(mStart->path()));
+}
+
+void TstOstrelSettings::font_lives_on()
+{
+    {
+        Ostrel window;
+        window.command_line()->set_font(QFont(u"DejaVu Serif"_s, 17));
+        window.save_settings();
+    }
+    QCOMPARE(get(u"/ostrelgui/command/fontfamily"_s).toString(), u"DejaVu Serif"_s);
+    QCOMPARE(get(u"/ostrelgui/command/fontsize"_s).toInt(), 17);
+    const Ostrel window;
+    QCOMPARE(window.command_line()->get_font().family(), u"DejaVu Serif"_s);
+    QCOMPARE(window.command_line()->get_font().pointSize(), 17);
+}
+
+void TstOstrelSettings::missing_font_keys_leave_the_consoles_font()
+{
+    const QFont font = CommandWindow().get_font();
+    QVERIFY(font.pointSize() != 8);
+    const Ostrel window;
+    QCOMPARE(window.command_line()->get_font(), font);
+}
+
+void TstOstrelSettings::family_alone_keeps_the_size()
+{
+    set(u"/ostrelgui/command/fontfamily"_s, u"DejaVu Serif"_s);
+    const Ostrel window;
+    QCOMPARE(window.command_line()->get_font().family(), u"DejaVu Serif"_s);
+    QCOMPARE(window.command_line()->get_font().pointSize(), CommandWindow().get_font().pointSize());
+}
+
+void TstOstrelSettings::size_alone_keeps_the_family()
+{
+    set(u"/ostrelgui/command/fontfamily"_s, QString());
+    set(u"/ostrelgui/command/fontsize"_s, 17);
+    const Ostrel window;
+    QCOMPARE(window.command_line()->get_font().family(), CommandWindow().get_font().family());
+    QCOMPARE(window.command_line()->get_font().pointSize(), 17);
+}
+
+void TstOstrelSettings::useless_font_size_is_ignored_data()
+{
+    QTest::addColumn<QVariant>("size");
+    QTest::newRow("zero") << QVariant(0);
+    QTest::newRow("negative, as of a font in pixels") << QVariant(-1);
+    QTest::newRow("no number") << QVariant(u"large"_s);
+}
+
+void TstOstrelSettings::useless_font_size_is_ignored()
+{
+    QFETCH(const QVariant, size);
+    set(u"/ostrelgui/command/fontsize"_s, size);
+    const Ostrel window;
+    QCOMPARE(window.command_line()->get_font().pointSize(), CommandWindow().get_font().pointSize());
+}
+
+void TstOstrelSettings::limits_are_restored_data()
+{
+    QTest::addColumn<QVariant>("usetrim");
+    QTest::addColumn<QVariant>("trimlimit");
+    QTest::addColumn<QVariant>("historylimit");
+    QTest::addColumn<int>("command_lines");
+    QTest::addColumn<int>("other_lines");
+
+    const QVariant none;
+    QTest::newRow("fresh settings") << none << none << none << 1024 << 200;
+    QTest::newRow("trimming not mentioned") << none << QVariant(500) << none << 500 << 200;
+    QTest::newRow("trimming on") << QVariant(true) << QVariant(500) << QVariant(77) << 500 << 77;
+    QTest::newRow("trimming on without a limit") << QVariant(true) << none << none << 1024 << 200;
+    QTest::newRow("trimming off") << QVariant(false) << QVariant(500) << QVariant(77) << 0 << 77;
+}
+
+void TstOstrelSettings::limits_are_restored()
+{
+    QFETCH(const QVariant, usetrim);
+    QFETCH(const QVariant, trimlimit);
+    QFETCH(const QVariant, historylimit);
+    QFETCH(const int, command_lines);
+    QFETCH(const int, other_lines);
+    if (usetrim.isValid())
+        set(u"/ostrelgui/command/usetrim"_s, usetrim);
+    if (trimlimit.isValid())
+        set(u"/ostrelgui/command/trimlimit"_s, trimlimit);
+    if (historylimit.isValid())
+        set(u"/ostrelgui/command/historylimit"_s, historylimit);
+    const Ostrel window;
+    QCOMPARE(window.command_line()->get_cmd_max_lines(), command_lines);
+    QCOMPARE(window.command_line()->get_other_max_lines(), other_lines);
+}
+
+void TstOstrelSettings::limits_live_on()
+{
+    {
+        Ostrel window;
+        window.command_line()->set_cmd_max_lines(333);
+        window.command_line()->set_other_max_lines(44);
+        window.save_settings();
+    }
+    QCOMPARE(get(u"/ostrelgui/command/usetrim"_s).toString(), u"true"_s);
+    QCOMPARE(get(u"/ostrelgui/command/trimlimit"_s).toInt(), 333);
+    QCOMPARE(get(u"/ostrelgui/command/historylimit"_s).toInt(), 44);
+    const Ostrel window;
+    QCOMPARE(window.command_line()->get_cmd_max_lines(), 333);
+    QCOMPARE(window.command_line()->get_other_max_lines(), 44);
+}
+
+void TstOstrelSettings::switched_off_trimming_loses_the_limit()
+{
+    {
+        Ostrel window;
+        QCOMPARE(window.command_line()->get_cmd_max_lines(), 1024);
+        window.command_line()->set_cmd_max_lines(0);
+        window.save_settings();
+    }
+    QCOMPARE(get(u"/ostrelgui/command/usetrim"_s).toString(), u"false"_s);
+    QCOMPARE(get(u"/ostrelgui/command/trimlimit"_s).toInt(), 0);
+    const Ostrel window;
+    QCOMPARE(window.command_line()->get_cmd_max_lines(), 0);
+}
+
+void TstOstrelSettings::panel_kind_is_restored_data()
+{
+    QTest::addColumn<QVariant>("breadcrumbs");
+    QTest::addColumn<bool>("rows");
+    QTest::newRow("missing key") << QVariant() << true;
+    QTest::newRow("switched off") << QVariant(false) << true;
+    QTest::newRow("switched on") << QVariant(true) << false;
+}
+
+void TstOstrelSettings::panel_kind_is_restored()
+{
+    QFETCH(const QVariant, breadcrumbs);
+    QFETCH(const bool, rows);
+    if (breadcrumbs.isValid())
+        set(u"/fennargui/commandpanel/breadcrumbs"_s, breadcrumbs);
+    const Ostrel window;
+    QCOMPARE(window.usingButtonRows(), rows);
+    // The panel that the window was built with is not built a second time.
+    QCOMPARE(HostDouble::instance().calls.count(u"CommandButtonPanel::CommandButtonPanel"_s), 1);
+}
+
+void TstOstrelSettings::settings_of_others_stay_as_they_are()
+{
+    const QStringList keys{u"/ostrelgui/importdir"_s, u"/ostrelgui/ostrel/exportdir"_s,
+                           u"/ostrelgui/journal/x"_s, u"/fennargui/tabposition"_s, u"/somebody/else"_s};
+    for (const QString& key : keys)
+        set(key, u"kept"_s);
+    Ostrel window;
+    window.save_settings();
+    for (const QString& key : keys)
+        QCOMPARE(get(key), QVariant(u"kept"_s));
+}
+
+OSTREL_TEST_MAIN(TstOstrelSettings)
+
+#include "tst_ostrel_settings.moc"
