@@ -56,6 +56,19 @@ public:
     int arrived = 0;
 };
 
+/** A console inside of a window, as in a dock: below a title bar. */
+struct DockedConsole
+{
+    DockedConsole()
+    {
+        frame.resize(600, 400);
+        window->setGeometry(0, 20, 600, 380);
+    }
+
+    QWidget frame;
+    CommandWindow* window = new CommandWindow(&frame);
+};
+
 /** Makes the connections that the owner of a console makes. */
 void connect_page(const CommandWindow& window, const CommandWidget& page, Qt::ConnectionType type)
 {
@@ -312,17 +325,20 @@ void TstCommandWindowOutput::host_reaches_the_window_through_its_interface()
 
 void TstCommandWindowOutput::finished_line_is_painted_at_once()
 {
-    CommandWindow window;
+    DockedConsole console;
     auto* page = new CommandWidget;
-    window.add_command_tab(u"page"_s, page);
-    window.print_prompt(false, nullptr);
-    QVERIFY(show_active(&window));
-    const PaintSpy spy(&window);
+    console.window->add_command_tab(u"page"_s, page);
+    connect_page(*console.window, *page, Qt::DirectConnection);
+    console.window->print_prompt(false, nullptr);
+    QVERIFY(show_active(&console.frame));
+    const PaintSpy window_spy(console.window);
+    const PaintSpy page_spy(page->viewport());
     for (const QString& text : {u"line\n"_s, u"\n"_s, u"one\ntwo\n"_s, u"\r\n"_s}) {
-        const qsizetype before = spy.areas.size();
-        window.print_data(text);
-        QCOMPARE(spy.areas.size(), before + 1);
-        QCOMPARE(spy.areas.last(), window.geometry() & window.rect());
+        const qsizetype before = window_spy.areas.size();
+        const qsizetype page_before = page_spy.areas.size();
+        console.window->print_data(text);
+        QCOMPARE(window_spy.areas.size(), before + 1);
+        QCOMPARE(page_spy.areas.size(), page_before + 1);
     }
 }
 
@@ -437,11 +453,12 @@ void TstCommandWindowOutput::any_prompt_counts_as_printed()
 
 void TstCommandWindowOutput::page_has_the_text_before_the_screen_is_served()
 {
-    CommandWindow window;
+    DockedConsole console;
+    CommandWindow& window = *console.window;
     auto* page = new CommandWidget;
     window.add_command_tab(u"page"_s, page);
     connect_page(window, *page, Qt::DirectConnection);
-    QVERIFY(show_active(&window));
+    QVERIFY(show_active(&console.frame));
 
     // First road: an event that is sent sees the text.
     class Reader : public QObject
