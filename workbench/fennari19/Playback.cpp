@@ -178,12 +178,11 @@ Playback::Outcome Playback::run_command(const QString& command, const QString& n
 {
     mInnerEnded = false;
     const bool failed = mInterpreter.run(command, name, line) == CommandInterpreter::Result::Failed;
-    const bool inner_ended = std::exchange(mInnerEnded, false);
     Outcome outcome = test_end();
     if (outcome == Outcome::Played && failed)
         outcome = Outcome::Failed;
     const QString place = name + u':' + QString::number(line);
-    if (inner_ended && outcome != Outcome::Played) {
+    if (mInnerEnded && outcome != Outcome::Played) {
         mInterpreter.print_error(u"  played from %1\n"_s.arg(place));
         return outcome;
     }

@@ -38,7 +38,11 @@ public:
     };
     using Turn = std::function<void()>;
     using Echo = std::function<void(const QString& line)>;
-    /** Runs a Python script, reports its errors itself, and returns whether it went well. */
+    /**
+     * Runs a Python script, reports its errors itself, and returns whether it went well.
+     *
+     * The source is all that is to be run; the path is as it was given to play(), for messages.
+     */
     using PythonHook = std::function<bool(const QString& path, const QString& source)>;
 
     /** How deep journals may play journals. */

@@ -163,6 +163,7 @@ void TstCommandRegistry::nearest_name_data()
     QTest::newRow("two slips in a long word") << u"hystori"_s << u"history"_s;
     QTest::newRow("two slips in a short word") << u"paxy"_s << u""_s;
     QTest::newRow("the nearer one wins") << u"sett"_s << u"set"_s;
+    QTest::newRow("the nearer one wins, though not the last") << u"hystory"_s << u"history"_s;
     QTest::newRow("nothing near") << u"cylinder"_s << u""_s;
     QTest::newRow("another single letter") << u"y"_s << u""_s;
     QTest::newRow("pasted paragraph") << QString(100, u'x') << u""_s;
@@ -172,7 +173,8 @@ void TstCommandRegistry::nearest_name()
 {
     QFETCH(QString, typed);
     QFETCH(QString, nearest);
-    const QStringList names{u"history"_s, u"play"_s, u"set"_s, u"settle"_s, u"x"_s, QString(99, u'x')};
+    const QStringList names{u"history"_s, u"mystery"_s, u"play"_s,        u"set"_s,
+                            u"settle"_s,  u"x"_s,       QString(99, u'x')};
     QCOMPARE(::nearest_name(typed, names), nearest);
 }
 
