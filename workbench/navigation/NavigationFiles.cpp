@@ -7,7 +7,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QIcon>
+#include <QPoint>
 #include <QScopedValueRollback>
+#include <QStringDecoder>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -70,6 +72,24 @@ QString parent_name(const NavigationNode* parent)
     return parent ? element(element_name(parent->kind())) : element(Navigation);
 }
 
+/** Column and line of the first bytes of @p file that are no letter of UTF-8; null if there are none, or if
+ * the file says that it has another @p encoding. The XML reader tells only how far it had come. */
+QPoint first_wrong_letter(QFile& file, QStringView encoding)
+{
+    if (!file.seek(0) || !(encoding.isEmpty() || encoding.compare("UTF-8"_L1, Qt::CaseInsensitive) == 0))
+        return {};
+    const QByteArray mark = file.peek(2);
+    if (mark == "\xfe\xff" || mark == "\xff\xfe") // UTF-16
+        return {};
+    for (int line = 1; !file.atEnd(); ++line) {
+        QStringDecoder decoder(QStringDecoder::Utf8);
+        const QString text = decoder.decode(file.readLine());
+        if (decoder.hasError())
+            return {static_cast<int>(text.indexOf(QChar::ReplacementCharacter)) + 1, line};
+    }
+    return {};
+}
+
 } // namespace
 
 NavigationFiles::NavigationFiles(QStringList* messages) : mMessages(messages) {}
@@ -101,10 +121,10 @@ void NavigationFiles::read(const QString& path)
 
     if (file.error() != QFileDevice::NoError)
         tell_unreadable(file.errorString());
-    else if (xml.error() == QXmlStreamReader::PrematureEndOfDocumentError && file.pos() == 0)
+    else if (file.size() == 0)
         tell_at(1, 1, u"the file is empty"_s);
     else if (xml.hasError())
-        tell_at(xml.lineNumber(), xml.columnNumber() + 1, u"not well-formed: "_s + xml.errorString());
+        tell_xml_error(file);
     if (mTroubles > MostTroubles)
         mMessages->append(u"%1: %2 further troubles are not told"_s.arg(QDir::toNativeSeparators(mPath))
                               .arg(mTroubles - MostTroubles));
@@ -112,7 +132,12 @@ void NavigationFiles::read(const QString& path)
 
 void NavigationFiles::read_root()
 {
-    if (!mXml->readNextStartElement())
+    mEncoding.clear();
+    mXml->readNext();
+    // The reader forgets it with the next token.
+    if (mXml->isStartDocument())
+        mEncoding = mXml->documentEncoding().toString();
+    if (mXml->hasError() || !mXml->readNextStartElement())
         return;
     // White space before the root element is no token, so its beginning is not known.
     mLine = mXml->lineNumber();
@@ -332,6 +357,15 @@ void NavigationFiles::tell_at(qint64 line, qint64 column, const QString& trouble
     if (++mTroubles <= MostTroubles)
         mMessages->append(u"%1:%2:%3: %4"_s.arg(QDir::toNativeSeparators(mPath), QString::number(line),
                                                 QString::number(column), trouble));
+}
+
+void NavigationFiles::tell_xml_error(QFile& file)
+{
+    const QPoint wrong = first_wrong_letter(file, mEncoding);
+    if (wrong.isNull())
+        tell_at(mXml->lineNumber(), mXml->columnNumber() + 1, u"not well-formed: "_s + mXml->errorString());
+    else
+        tell_at(wrong.y(), wrong.x(), u"not well-formed: the text is not UTF-8"_s);
 }
 
 void NavigationFiles::tell_unreadable(const QString& reason)
