@@ -109,18 +109,23 @@ void LevelView::choose(const QModelIndex& entry)
 {
     const bool keyboard = has_keyboard();
     PanelView::choose(entry);
-    // The button that had the keyboard is gone.
-    const QWidgetList entries = mEntries->buttons();
-    if (keyboard && !entries.isEmpty())
-        entries.first()->setFocus(Qt::OtherFocusReason);
+    if (keyboard)
+        focus_first_entry();
 }
 
 void LevelView::choose_above(const QModelIndex& entry)
 {
     const bool keyboard = has_keyboard();
     cursor().go_to(entry);
+    if (keyboard)
+        focus_first_entry();
+}
+
+/** Gives the keyboard back, since the button that had it is gone. */
+void LevelView::focus_first_entry()
+{
     const QWidgetList entries = mEntries->buttons();
-    if (keyboard && !entries.isEmpty())
+    if (!entries.isEmpty())
         entries.first()->setFocus(Qt::OtherFocusReason);
 }
 

@@ -26,12 +26,12 @@ constexpr int DeepestGroup = 16;
 constexpr int MostTroubles = 50;
 
 constexpr QLatin1StringView Navigation("navigation");
+constexpr QLatin1StringView Version("version");
 constexpr QLatin1StringView SupportedVersion("1");
 
 constexpr QLatin1StringView PlaceAttributes[] = {"id"_L1, "title"_L1, "icon"_L1, "tip"_L1, "component"_L1};
 constexpr QLatin1StringView CommandAttributes[] = {"id"_L1,    "title"_L1,     "icon"_L1,   "tip"_L1,
                                                    "usage"_L1, "component"_L1, "command"_L1};
-constexpr QLatin1StringView RootAttributes[] = {"version"_L1};
 
 using Names = std::span<const QLatin1StringView>;
 
@@ -126,8 +126,8 @@ void NavigationFiles::read(const QString& path)
     else if (xml.hasError())
         tell_xml_error(file);
     if (mTroubles > MostTroubles)
-        mMessages->append(u"%1: %2 further troubles are not told"_s.arg(QDir::toNativeSeparators(mPath))
-                              .arg(mTroubles - MostTroubles));
+        mMessages->append(u"%1: %2 further troubles are not told"_s.arg(
+            QDir::toNativeSeparators(mPath), QString::number(mTroubles - MostTroubles)));
 }
 
 void NavigationFiles::read_root()
@@ -149,13 +149,13 @@ void NavigationFiles::read_root()
     }
     const QXmlStreamAttributes attributes = mXml->attributes();
     for (const QXmlStreamAttribute& each : attributes)
-        if (each.namespaceUri().isEmpty() && each.qualifiedName() != RootAttributes[0])
-            tell(u"unknown attribute "_s + quoted(each.qualifiedName().toString()) + u" in <navigation>; "_s +
-                 u"expected version"_s);
-    if (!attributes.hasAttribute(RootAttributes[0])) {
+        if (each.namespaceUri().isEmpty() && each.qualifiedName() != Version)
+            tell(u"unknown attribute "_s + quoted(each.qualifiedName().toString()) +
+                 u" in <navigation>; expected version"_s);
+    if (!attributes.hasAttribute(Version)) {
         tell(u"missing attribute \"version\" in <navigation>; the file is read as version \"1\""_s);
-    } else if (attribute(RootAttributes[0]) != SupportedVersion) {
-        tell(u"unsupported version "_s + quoted(attribute(RootAttributes[0])) + u"; expected \"1\""_s);
+    } else if (attribute(Version) != SupportedVersion) {
+        tell(u"unsupported version "_s + quoted(attribute(Version)) + u"; expected \"1\""_s);
         return;
     }
     read_contents(nullptr, 0);
@@ -294,7 +294,8 @@ std::unique_ptr<NavigationNode> NavigationFiles::new_node(NavigationKind kind)
 void NavigationFiles::check_attributes(NavigationKind kind)
 {
     const Names known = kind == NavigationKind::Command ? Names(CommandAttributes) : Names(PlaceAttributes);
-    for (const QXmlStreamAttribute& each : mXml->attributes()) {
+    const QXmlStreamAttributes attributes = mXml->attributes();
+    for (const QXmlStreamAttribute& each : attributes) {
         // Attributes of a namespace are notes of other programs.
         if (!each.namespaceUri().isEmpty() ||
             std::ranges::any_of(known, [&](QLatin1StringView name) { return each.qualifiedName() == name; }))
