@@ -35,7 +35,8 @@ public:
     /**
      * Reads all files of @p directory whose names end in @p extension, in the order of their names.
      *
-     * Whatever goes wrong is told in messages; what could be read stands in the model.
+     * Reading starts over: what the model and messages held before is gone. Whatever goes wrong is told in
+     * messages; what could be read stands in the model.
      */
     void buildNavigation(const QString& directory, const QString& extension);
 

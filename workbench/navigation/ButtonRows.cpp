@@ -40,7 +40,8 @@ void ButtonRows::show_levels()
             row.buttons->set_look(FlowLayout::Arrangement::Columns,
                                   std::min(mButtonWidth - Around, LargestIcon), mButtonWidth);
             row.buttons->setObjectName(u"buttonRow%1"_s.arg(used));
-            row.line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+            row.line->setFrameStyle(QFrame::HLine | QFrame::Plain);
+            row.line->setForegroundRole(QPalette::Mid);
             connect(row.buttons, &EntryButtons::chosen, this, &ButtonRows::choose);
             levels()->addWidget(row.buttons);
             levels()->addWidget(row.line);

@@ -3,9 +3,13 @@
 
 #include "workbench/navigation/EntryButton.h"
 
-#include "workbench/navigation/NavigationRoles.h"
+#include "workbench/navigation/NavigationEntries.h"
 
 #include <QIcon>
+#include <QStyleOption>
+#include <QStylePainter>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -13,8 +17,11 @@ namespace {
 
 /** Titles longer than this are broken into two lines below their picture. */
 constexpr int LongTitle = 10;
-/** No button wants to be wider than this many average letters; what is longer ends in dots. */
-constexpr int WidestTitle = 18;
+/** No button wants to be wider than this many average letters; longer titles are shortened. In the usual font
+ * two such buttons stand side by side in a dock of 200 pixels. */
+constexpr int WidestTitle = 14;
+/** The side of the square, in pixels, that holds the arrow. */
+constexpr int ArrowSize = 12;
 
 /** @p title with a line break at the blank nearest to its middle. */
 QString in_two_lines(const QString& title)
@@ -43,6 +50,8 @@ EntryButton::EntryButton(const QModelIndex& entry, QWidget* parent) : QToolButto
 {
     setAutoRaise(true);
     setCheckable(true);
+    // A tool button would refuse the width that its level gives to all of its buttons.
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
 }
 
 void EntryButton::update_texts()
@@ -64,7 +73,7 @@ void EntryButton::update_texts()
 QSize EntryButton::sizeHint() const
 {
     const QSize hint = QToolButton::sizeHint();
-    const int widest = iconSize().width() + WidestTitle * fontMetrics().averageCharWidth();
+    const int widest = std::max(iconSize().width(), WidestTitle * fontMetrics().averageCharWidth());
     return {std::max(std::min(hint.width(), widest), minimumWidth()), hint.height()};
 }
 
@@ -72,4 +81,38 @@ QSize EntryButton::minimumSizeHint() const
 {
     // A narrow dock may have less room than the title needs.
     return {iconSize().width(), sizeHint().height()};
+}
+
+void EntryButton::paintEvent(QPaintEvent* event)
+{
+    if (!has_arrow()) {
+        QToolButton::paintEvent(event);
+        return;
+    }
+    const QRect arrow(width() - ArrowSize - ArrowSize / 2, (height() - ArrowSize) / 2, ArrowSize, ArrowSize);
+    const QRect left_of_arrow(0, 0, arrow.left(), height());
+    QStylePainter painter(this);
+    QStyleOptionToolButton label;
+    initStyleOption(&label);
+    QStyleOptionToolButton panel = label;
+    panel.text.clear();
+    panel.icon = QIcon();
+    painter.drawComplexControl(QStyle::CC_ToolButton, panel);
+
+    const int frame = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &label, this);
+    label.rect =
+        QStyle::visualRect(layoutDirection(), rect(), left_of_arrow).adjusted(frame, frame, -frame, -frame);
+    painter.drawControl(QStyle::CE_ToolButtonLabel, label);
+
+    QStyleOption mark;
+    mark.initFrom(this);
+    mark.rect = QStyle::visualRect(layoutDirection(), rect(), arrow);
+    painter.drawPrimitive(isRightToLeft() ? QStyle::PE_IndicatorArrowLeft : QStyle::PE_IndicatorArrowRight,
+                          mark);
+}
+
+bool EntryButton::has_arrow() const
+{
+    return toolButtonStyle() == Qt::ToolButtonTextBesideIcon && mEntry.isValid() &&
+           entry_kind(mEntry) != NavigationKind::Command;
 }

@@ -6,7 +6,8 @@
 #include <QPersistentModelIndex>
 #include <QToolButton>
 
-/** The button of one entry of a navigation model: its picture and title, and what it is for as tool tip. */
+/** The button of one entry of a navigation model: its picture and title, and what it is for as tool tip.
+ * Where the title stands beside the picture, an arrow marks an entry that leads to others. */
 class EntryButton : public QToolButton
 {
     Q_OBJECT
@@ -23,6 +24,11 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
+    bool has_arrow() const;
+
     QPersistentModelIndex mEntry;
 };

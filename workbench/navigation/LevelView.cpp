@@ -14,13 +14,21 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/** A step of the way shows at most this many average letters of its title. */
+constexpr int LongestCrumb = 18;
+
+} // namespace
+
 LevelView::LevelView(QWidget* panel)
     : PanelView(panel), mCrumbs(new QWidget(contents())), mEntries(new EntryButtons(contents()))
 {
     mCrumbs->setObjectName(u"breadcrumbs"_s);
     mEntries->setObjectName(u"entries"_s);
     auto* line = new QFrame(contents());
-    line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+    line->setFrameStyle(QFrame::HLine | QFrame::Plain);
+    line->setForegroundRole(QPalette::Mid);
     new FlowLayout(mCrumbs);
     levels()->addWidget(mCrumbs);
     levels()->addWidget(line);
@@ -67,14 +75,20 @@ void LevelView::show_crumbs()
     for (qsizetype step = 0; step < steps.size(); ++step) {
         const QString title = steps[step].isValid() ? steps[step].data().toString() : tr("Commands");
         auto* button = new QToolButton(mCrumbs);
-        button->setText(QString(title).replace(u'&', u"&&"_s));
+        const int widest = LongestCrumb * button->fontMetrics().averageCharWidth();
+        const QString text = button->fontMetrics().elidedText(title, Qt::ElideMiddle, widest);
+        button->setText(QString(text).replace(u'&', u"&&"_s));
         button->setAutoRaise(true);
         button->setCheckable(true);
         button->setChecked(step == steps.size() - 1);
         button->setAccessibleName(title);
         button->setToolTip(tr("Go to %1").arg(title.toHtmlEscaped()));
         const QPersistentModelIndex target = steps[step];
-        connect(button, &QToolButton::clicked, this, [this, target] { choose_above(target); });
+        connect(button, &QToolButton::clicked, this, [this, target, is_root = step == 0] {
+            // An entry that was removed meanwhile is no way to the root.
+            if (is_root || target.isValid())
+                choose_above(target);
+        });
         if (step > 0) {
             auto* mark = new QLabel(u"\u203a"_s, mCrumbs);
             mCrumbs->layout()->addWidget(mark);
@@ -95,18 +109,23 @@ void LevelView::choose(const QModelIndex& entry)
 {
     const bool keyboard = has_keyboard();
     PanelView::choose(entry);
-    // The button that had the keyboard is gone.
-    const QWidgetList entries = mEntries->buttons();
-    if (keyboard && !entries.isEmpty())
-        entries.first()->setFocus(Qt::OtherFocusReason);
+    if (keyboard)
+        focus_first_entry();
 }
 
 void LevelView::choose_above(const QModelIndex& entry)
 {
     const bool keyboard = has_keyboard();
     cursor().go_to(entry);
+    if (keyboard)
+        focus_first_entry();
+}
+
+/** Gives the keyboard back, since the button that had it is gone. */
+void LevelView::focus_first_entry()
+{
     const QWidgetList entries = mEntries->buttons();
-    if (keyboard && !entries.isEmpty())
+    if (!entries.isEmpty())
         entries.first()->setFocus(Qt::OtherFocusReason);
 }
 

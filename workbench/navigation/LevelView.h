@@ -30,6 +30,7 @@ private:
     void choose_above(const QModelIndex& entry);
     void go_up();
     bool has_keyboard() const;
+    void focus_first_entry();
 
     QWidget* mCrumbs;
     EntryButtons* mEntries;

@@ -7,7 +7,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QIcon>
+#include <QPoint>
 #include <QScopedValueRollback>
+#include <QStringDecoder>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -24,12 +26,12 @@ constexpr int DeepestGroup = 16;
 constexpr int MostTroubles = 50;
 
 constexpr QLatin1StringView Navigation("navigation");
+constexpr QLatin1StringView Version("version");
 constexpr QLatin1StringView SupportedVersion("1");
 
 constexpr QLatin1StringView PlaceAttributes[] = {"id"_L1, "title"_L1, "icon"_L1, "tip"_L1, "component"_L1};
 constexpr QLatin1StringView CommandAttributes[] = {"id"_L1,    "title"_L1,     "icon"_L1,   "tip"_L1,
                                                    "usage"_L1, "component"_L1, "command"_L1};
-constexpr QLatin1StringView RootAttributes[] = {"version"_L1};
 
 using Names = std::span<const QLatin1StringView>;
 
@@ -70,6 +72,24 @@ QString parent_name(const NavigationNode* parent)
     return parent ? element(element_name(parent->kind())) : element(Navigation);
 }
 
+/** Column and line of the first bytes of @p file that are no letter of UTF-8; null if there are none, or if
+ * the file says that it has another @p encoding. The XML reader tells only how far it had come. */
+QPoint first_wrong_letter(QFile& file, QStringView encoding)
+{
+    if (!file.seek(0) || !(encoding.isEmpty() || encoding.compare("UTF-8"_L1, Qt::CaseInsensitive) == 0))
+        return {};
+    const QByteArray mark = file.peek(2);
+    if (mark == "\xfe\xff" || mark == "\xff\xfe") // UTF-16
+        return {};
+    for (int line = 1; !file.atEnd(); ++line) {
+        QStringDecoder decoder(QStringDecoder::Utf8);
+        const QString text = decoder.decode(file.readLine());
+        if (decoder.hasError())
+            return {static_cast<int>(text.indexOf(QChar::ReplacementCharacter)) + 1, line};
+    }
+    return {};
+}
+
 } // namespace
 
 NavigationFiles::NavigationFiles(QStringList* messages) : mMessages(messages) {}
@@ -101,18 +121,23 @@ void NavigationFiles::read(const QString& path)
 
     if (file.error() != QFileDevice::NoError)
         tell_unreadable(file.errorString());
-    else if (xml.error() == QXmlStreamReader::PrematureEndOfDocumentError && file.pos() == 0)
+    else if (file.size() == 0)
         tell_at(1, 1, u"the file is empty"_s);
     else if (xml.hasError())
-        tell_at(xml.lineNumber(), xml.columnNumber() + 1, u"not well-formed: "_s + xml.errorString());
+        tell_xml_error(file);
     if (mTroubles > MostTroubles)
-        mMessages->append(u"%1: %2 further troubles are not told"_s.arg(QDir::toNativeSeparators(mPath))
-                              .arg(mTroubles - MostTroubles));
+        mMessages->append(u"%1: %2 further troubles are not told"_s.arg(
+            QDir::toNativeSeparators(mPath), QString::number(mTroubles - MostTroubles)));
 }
 
 void NavigationFiles::read_root()
 {
-    if (!mXml->readNextStartElement())
+    mEncoding.clear();
+    mXml->readNext();
+    // The reader forgets it with the next token.
+    if (mXml->isStartDocument())
+        mEncoding = mXml->documentEncoding().toString();
+    if (mXml->hasError() || !mXml->readNextStartElement())
         return;
     // White space before the root element is no token, so its beginning is not known.
     mLine = mXml->lineNumber();
@@ -124,13 +149,13 @@ void NavigationFiles::read_root()
     }
     const QXmlStreamAttributes attributes = mXml->attributes();
     for (const QXmlStreamAttribute& each : attributes)
-        if (each.namespaceUri().isEmpty() && each.qualifiedName() != RootAttributes[0])
-            tell(u"unknown attribute "_s + quoted(each.qualifiedName().toString()) + u" in <navigation>; "_s +
-                 u"expected version"_s);
-    if (!attributes.hasAttribute(RootAttributes[0])) {
+        if (each.namespaceUri().isEmpty() && each.qualifiedName() != Version)
+            tell(u"unknown attribute "_s + quoted(each.qualifiedName().toString()) +
+                 u" in <navigation>; expected version"_s);
+    if (!attributes.hasAttribute(Version)) {
         tell(u"missing attribute \"version\" in <navigation>; the file is read as version \"1\""_s);
-    } else if (attribute(RootAttributes[0]) != SupportedVersion) {
-        tell(u"unsupported version "_s + quoted(attribute(RootAttributes[0])) + u"; expected \"1\""_s);
+    } else if (attribute(Version) != SupportedVersion) {
+        tell(u"unsupported version "_s + quoted(attribute(Version)) + u"; expected \"1\""_s);
         return;
     }
     read_contents(nullptr, 0);
@@ -269,7 +294,8 @@ std::unique_ptr<NavigationNode> NavigationFiles::new_node(NavigationKind kind)
 void NavigationFiles::check_attributes(NavigationKind kind)
 {
     const Names known = kind == NavigationKind::Command ? Names(CommandAttributes) : Names(PlaceAttributes);
-    for (const QXmlStreamAttribute& each : mXml->attributes()) {
+    const QXmlStreamAttributes attributes = mXml->attributes();
+    for (const QXmlStreamAttribute& each : attributes) {
         // Attributes of a namespace are notes of other programs.
         if (!each.namespaceUri().isEmpty() ||
             std::ranges::any_of(known, [&](QLatin1StringView name) { return each.qualifiedName() == name; }))
@@ -332,6 +358,15 @@ void NavigationFiles::tell_at(qint64 line, qint64 column, const QString& trouble
     if (++mTroubles <= MostTroubles)
         mMessages->append(u"%1:%2:%3: %4"_s.arg(QDir::toNativeSeparators(mPath), QString::number(line),
                                                 QString::number(column), trouble));
+}
+
+void NavigationFiles::tell_xml_error(QFile& file)
+{
+    const QPoint wrong = first_wrong_letter(file, mEncoding);
+    if (wrong.isNull())
+        tell_at(mXml->lineNumber(), mXml->columnNumber() + 1, u"not well-formed: "_s + mXml->errorString());
+    else
+        tell_at(wrong.y(), wrong.x(), u"not well-formed: the text is not UTF-8"_s);
 }
 
 void NavigationFiles::tell_unreadable(const QString& reason)

@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+class QFile;
 class QXmlStreamReader;
 
 /**
@@ -54,6 +55,7 @@ private:
     QString attribute(QLatin1StringView name) const;
     void tell(const QString& trouble);
     void tell_at(qint64 line, qint64 column, const QString& trouble);
+    void tell_xml_error(QFile& file);
     void tell_unreadable(const QString& reason);
 
     QStringList* mMessages;
@@ -64,6 +66,7 @@ private:
     // The file being read.
     QString mPath;
     QXmlStreamReader* mXml = nullptr;
+    QString mEncoding;
     int mTroubles = 0;
     qint64 mLine = 0;
     qint64 mColumn = 0;

@@ -86,5 +86,7 @@ void NavigationReader::buildNavigation(const QString& directory, const QString& 
     };
     if (mNodes || mTitles)
         std::ranges::for_each(pages, note);
-    mModel->invisibleRootItem()->appendRows(pages);
+    // One by one: appending a list would leave the entries inside the pages without their model.
+    for (QStandardItem* page : std::as_const(pages))
+        mModel->appendRow(page);
 }

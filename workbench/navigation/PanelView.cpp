@@ -7,9 +7,17 @@
 #include "workbench/navigation/NavigationEntries.h"
 
 #include <QLabel>
+#include <QTimer>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/** Around the contents, in pixels: narrow, since docks are. */
+constexpr int Margin = 4;
+
+} // namespace
 
 PanelView::PanelView(QWidget* panel)
     : QScrollArea(panel),
@@ -31,6 +39,7 @@ PanelView::PanelView(QWidget* panel)
     mNothing->setWordWrap(true);
 
     auto* layout = new QVBoxLayout(mContents);
+    layout->setContentsMargins(Margin, Margin, Margin, Margin);
     layout->addLayout(mLevels);
     layout->addWidget(mNothing);
     layout->addWidget(mForm);
@@ -58,8 +67,17 @@ void PanelView::choose(const QModelIndex& entry)
     if (!entry.isValid())
         return;
     mCursor->go_to(entry);
-    if (mForm->isVisible())
-        mForm->focus_line();
+    if (!mForm->isVisible())
+        return;
+    mForm->focus_line();
+    // Where the form will be is known when the levels above it have been laid out.
+    QTimer::singleShot(0, mForm, [this] {
+        // The last one goes first: if not all of it fits, the line is what matters.
+        ensureWidgetVisible(mForm, 0, 0);
+        const QWidgetList controls = mForm->controls();
+        for (auto control = controls.rbegin(); control != controls.rend(); ++control)
+            ensureWidgetVisible(*control, 0, 0);
+    });
 }
 
 void PanelView::show_place()
