@@ -51,7 +51,12 @@ public:
      * deleted earlier leaves the console by itself. Null adds nothing.
      */
     void add_command_tab(const QString& title, QWidget* page);
-    /** Takes @p page out without deleting it. Null and a page that is not in the console are ignored. */
+    /**
+     * Takes @p page out without deleting it. Null and a page that is not in the console are ignored.
+     *
+     * The page stays a hidden child of the console, and so goes with it, until its owner gives it another
+     * parent.
+     */
     void remove_command_tab(QWidget* page);
     /** Makes @p page the current tab and gives it the focus. Null and a page that is not in the console are
      * ignored. */

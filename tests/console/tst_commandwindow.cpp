@@ -218,6 +218,7 @@ private slots:
     void removing_null_or_a_stranger_does_nothing();
     void page_is_current_again_after_it_is_added_again();
     void pages_go_with_the_window();
+    void removed_page_goes_with_the_window_unless_it_got_another_parent();
     void deleted_page_leaves_the_console();
     void deleted_page_hands_over_to_a_selected_command_page();
     void page_moved_elsewhere_is_no_longer_written_to();
@@ -767,6 +768,23 @@ void TstCommandWindow::pages_go_with_the_window()
     window.reset();
     for (const auto& page : pages)
         QVERIFY(!page);
+}
+
+void TstCommandWindow::removed_page_goes_with_the_window_unless_it_got_another_parent()
+{
+    auto window = std::make_unique<OpenWindow>();
+    const QPointer<CommandWidget> left = add<CommandWidget>(*window, u"left"_s);
+    QWidget other_parent;
+    const QPointer<CommandWidget> moved = add<CommandWidget>(*window, u"moved"_s);
+    QVERIFY(show_active(window.get()));
+    window->remove_command_tab(left);
+    window->remove_command_tab(moved);
+    QVERIFY(left->isHidden());
+    QVERIFY(window->isAncestorOf(left));
+    moved->setParent(&other_parent);
+    window.reset();
+    QVERIFY(!left);
+    QVERIFY(moved);
 }
 
 void TstCommandWindow::deleted_page_leaves_the_console()
