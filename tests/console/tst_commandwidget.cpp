@@ -753,6 +753,7 @@ void TstCommandWidget::commands_data()
     data_row("an empty continuation prompt takes all", one, QString(), u"out\n$ a\n"_s,
              {u"out"_s, u"a"_s, QString()});
     data_row("an empty prompt takes all whole", QString(), two, u"out\n> a"_s, {u"out"_s, u"> a"_s});
+    data_row("an empty prompt takes empty lines", u""_s, two, u"\na"_s, {u""_s, u"a"_s});
     data_row("the prompt goes before the continuation", u">"_s, u">>"_s, u">>a"_s, {u">a"_s});
     data_row("the continuation may start with the prompt", u">>"_s, u">"_s, u">>a\n>b"_s, {u"a"_s, u"b"_s});
     data_row("an empty page", one, two, QString(), {});
