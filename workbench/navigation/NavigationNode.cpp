@@ -26,10 +26,7 @@ void recheck_components(QStandardItem* entry)
     if (!entry)
         return;
     const QString component = entry->data(NavigationRole::Component).toString();
-    const bool enabled = component.isEmpty() || is_component_loaded(component);
-    // Setting flags tells all views, even if nothing changes.
-    if (entry->isEnabled() != enabled)
-        entry->setEnabled(enabled);
+    entry->setEnabled(component.isEmpty() || is_component_loaded(component));
     for (int row = 0; row < entry->rowCount(); ++row)
         recheck_components(entry->child(row));
 }
