@@ -7,6 +7,7 @@
 #include "frame/EventCatcher.h"
 #include "frame/Ostrel.h"
 #include "frame/OstrelEventFilter.h"
+#include "frame/ProgressControl.h"
 #include "host/navigation/NavigationReader.h"
 #include "host/navigation/NavigationResourcesDelay.h"
 #include "host/ostrelfw/Broker.h"
@@ -137,11 +138,23 @@ void MainFrame::end_application()
         QCoreApplication::quit();
 }
 
-void MainFrame::start_progress_session(const char*, int) {}
+void MainFrame::start_progress_session(const char* title, int process)
+{
+    if (mMainWindow && mMainWindow->progress())
+        mMainWindow->progress()->start_session(title, process != 0);
+}
 
-void MainFrame::update_progress_session(const char*, int) {}
+void MainFrame::update_progress_session(const char* title, int percent)
+{
+    if (mMainWindow && mMainWindow->progress())
+        mMainWindow->progress()->update_session(title, percent);
+}
 
-void MainFrame::end_progress_session(const char*) {}
+void MainFrame::end_progress_session(const char* title)
+{
+    if (mMainWindow && mMainWindow->progress())
+        mMainWindow->progress()->end_session(title);
+}
 
 void MainFrame::check_interrupt_session(const char*)
 {
@@ -149,9 +162,18 @@ void MainFrame::check_interrupt_session(const char*)
         mMainWindow->mEventFilter->processEvents(true);
 }
 
-void MainFrame::set_status_text(const char*) {}
+void MainFrame::set_status_text(const char* text)
+{
+    // The percentage follows without a blank; that is intended. A "%" in the text is the bar's to interpret.
+    if (mMainWindow)
+        mMainWindow->progress()->set_format(QString::fromUtf8(text) + u"%p%"_s);
+}
 
-void MainFrame::enable_cancel(bool) {}
+void MainFrame::enable_cancel(bool on)
+{
+    if (mMainWindow && mMainWindow->progress())
+        mMainWindow->progress()->enable_cancel(on);
+}
 
 void MainFrame::start_splash(const char* file)
 {

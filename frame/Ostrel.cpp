@@ -6,6 +6,7 @@
 #include "console/CommandWindow.h"
 #include "frame/OstrelEventFilter.h"
 #include "frame/OstrelSplitter.h"
+#include "frame/ProgressControl.h"
 #include "host/navigation/BreadcrumbsPanel.h"
 #include "host/navigation/CommandButtonPanel.h"
 #include "host/navigation/CommandButtons.h"
@@ -25,6 +26,7 @@
 #include <QMenuBar>
 #include <QPixmapCache>
 #include <QShortcut>
+#include <QStatusBar>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -157,6 +159,9 @@ Ostrel::Ostrel(QWidget* parent, const char* name) : QMainWindow(parent), mTitle(
         delete mCommandPanelDock;
         mCommandPanelDock = nullptr;
     }
+
+    mProgress = new ProgressControl(statusBar());
+    statusBar()->addPermanentWidget(mProgress, 0);
 
     auto* to_console = new QShortcut(QKeySequence(u"Ctrl+L"_s), this);
     connect(to_console, &QShortcut::activated, this, &Ostrel::set_focus_to_command_window);
@@ -368,7 +373,11 @@ void Ostrel::set_focus_to_command_window()
         mCommandWindow->set_focus();
 }
 
-void Ostrel::cancel_progress() {}
+void Ostrel::cancel_progress()
+{
+    if (mProgress)
+        mProgress->cancel_progress();
+}
 
 void Ostrel::keyPressEvent(QKeyEvent* e)
 {

@@ -151,7 +151,7 @@ signals:
 public slots:
     /** Gives the focus to the console. */
     void set_focus_to_command_window();
-    /** Asks the running command to stop. Does nothing while there is no progress control. */
+    /** Asks the running command to stop, as a click on the cancel button does. */
     void cancel_progress();
 
 protected:
@@ -161,6 +161,7 @@ protected:
 
 private:
     friend class MainFrame;
+    friend class ProgressControl;
 
     struct Sections;
 

@@ -21,10 +21,11 @@
 #include "workbench/ostrelfw/HostMediator.h"
 #include "workbench/ostrelfw/OutputRouter.h"
 
-#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QPixmap>
 #include <QStandardPaths>
 #include <QTimer>
+#include <QWindow>
 
 #include <algorithm>
 #include <cstdio>
@@ -35,6 +36,9 @@ namespace {
 
 /** How often, in milliseconds, work that goes on gives the shell its turn. */
 constexpr qint64 turn_interval = 50;
+
+/** How long, in milliseconds, a picture waits for the window to come to the screen. */
+constexpr qint64 picture_patience = 2000;
 
 class CommandLines : public LineInterpreter
 {
@@ -81,18 +85,6 @@ void run_python_command(CommandCall& call)
         throw call.error(1, u"the Python statement failed"_s);
 }
 
-/** "picture FILE": the main window as the user sees it. */
-void write_picture(CommandCall& call)
-{
-    const QString file = call.text(1, u"the name of a picture file");
-    call.expect_end();
-    Ostrel* window = Ostrel::instance();
-    if (!window)
-        throw call.error(0, u"there is no window to take a picture of"_s);
-    if (!window->grab().save(file))
-        throw call.error(1, u"the picture cannot be written to \"%1\""_s.arg(file));
-}
-
 } // namespace
 
 Workbench::Workbench()
@@ -135,7 +127,7 @@ void Workbench::set_up_commands()
                            u"workbench"_s, &run_python_command});
     fennar.registry().add({u"picture"_s, u"picture FILE"_s, u"Writes a picture of the main window."_s,
                            u"The ending of FILE selects the format, as .png or .jpg."_s, u"workbench"_s,
-                           &write_picture});
+                           [this](CommandCall& call) { write_picture(call); }});
 }
 
 void Workbench::set_up_python()
@@ -249,6 +241,22 @@ void Workbench::give_turn()
         return;
     mFrame.check_interrupt_session(nullptr);
     mLastTurn.start();
+}
+
+void Workbench::write_picture(CommandCall& call)
+{
+    const QString file = call.text(1, u"the name of a picture file");
+    call.expect_end();
+    Ostrel* window = Ostrel::instance();
+    if (!window)
+        throw call.error(0, u"there is no window to take a picture of"_s);
+    // Right after the start the window system has not laid the window out yet.
+    const QDeadlineTimer patience(picture_patience);
+    do {
+        mFrame.check_interrupt_session(nullptr);
+    } while (!window->windowHandle()->isExposed() && !patience.hasExpired());
+    if (!window->grab().save(file))
+        throw call.error(1, u"the picture cannot be written to \"%1\""_s.arg(file));
 }
 
 void Workbench::quit()

@@ -11,6 +11,7 @@
 #include <memory>
 #include <mutex>
 
+class CommandCall;
 class ConsoleOwner;
 class LineInterpreter;
 class OutputHandler;
@@ -62,6 +63,7 @@ private:
     void echo(const QString& line);
     void announce_output();
     void give_turn();
+    void write_picture(CommandCall& call);
     void quit();
 
     MainFrame mFrame;
