@@ -46,8 +46,8 @@ public:
     /** Undoes load_gui() and deletes the splash screen. Afterwards the object is good for destruction only.
      */
     void unload_gui() override;
-    /** Posts one event to the GUI thread, from any thread; each call leads to one
-     * Mediator::handle_new_event(). Does nothing unless loaded. */
+    /** Posts one event to the GUI thread; each call leads to one Mediator::handle_new_event(). Does nothing
+     * unless loaded. May come from any thread, but not while load_gui() or unload_gui() runs. */
     void new_event() override;
     /** Runs the event loop until it is ended. Returns at once unless load_gui() has found a QApplication. */
     void run_application() override;
@@ -59,13 +59,19 @@ public:
      */
     void end_application() override;
 
-    // The five operations from here on do nothing while there is no main window or no progress control.
+    /** Starts to show progress, and runs waiting events once if @p process is not 0. This and the next five
+     * do nothing while there is no main window or no progress control. */
     void start_progress_session(const char* title, int process) override;
+    /** Shows @p percent if @p title is the running session's. */
     void update_progress_session(const char* title, int percent) override;
+    /** Ends the session if it is the running one. */
     void end_progress_session(const char* title) override;
-    /** Runs the event queue with user input swallowed, whenever it was run last. @p title is not used. */
+    /** Runs the event queue with user input swallowed, however short the time since the last run. @p title is
+     * not used. */
     void check_interrupt_session(const char* title) override;
+    /** Puts @p text (UTF-8, null counts as empty) before the percentage in the progress bar. */
     void set_status_text(const char* text) override;
+    /** Enables the cancel button, or takes one such request back. */
     void enable_cancel(bool on) override;
 
     /**

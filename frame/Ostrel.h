@@ -23,7 +23,10 @@ class OstrelToolsMenu;
 class OstrelViewMenu;
 class OstrelWindowMenu;
 class ProgressControl;
+class QAction;
 class QContextMenuEvent;
+class QDockWidget;
+class QMenuBar;
 class QVBoxLayout;
 class TaskPanel;
 

@@ -347,15 +347,17 @@ void TstMainFrame::restored_geometry_counts_for_maximising()
 {
     QFETCH(const QSize, room);
     QFETCH(const bool, maximised);
+    const QSize size = QGuiApplication::primaryScreen()->geometry().size() - room;
     {
         QWidget like_last_time;
         like_last_time.move(2, 2);
-        like_last_time.resize(QGuiApplication::primaryScreen()->geometry().size() - room);
+        like_last_time.resize(size);
         QSettings().setValue(u"geometry"_s, like_last_time.saveGeometry());
     }
     LoadedFrame frame;
     QVERIFY(Ostrel::instance()->isVisible());
     QCOMPARE(Ostrel::instance()->isMaximized(), maximised);
+    QCOMPARE(Ostrel::instance()->size(), size);
 }
 
 void TstMainFrame::navigation_directory_follows_the_setting_data()

@@ -361,6 +361,7 @@ void TstOstrelEventFilter::key_in_the_console_is_lost_for_good()
     CommandWidget console;
     console.resize(300, 100);
     QVERIFY(show_active(&console));
+    console.printPrompt();
     console.setFocus();
     QTRY_VERIFY(console.hasFocus());
     QTest::keyClick(console.windowHandle(), Qt::Key_X);
