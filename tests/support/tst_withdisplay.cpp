@@ -4,8 +4,11 @@
 #include "support/TestCase.h"
 #include "support/windows.h"
 
+#include <QFile>
 #include <QGuiApplication>
 #include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QWidget>
 
@@ -43,6 +46,8 @@ private slots:
     void arguments_arrive_as_they_are();
     void each_command_has_a_display_of_its_own();
     void window_manager_is_ready_before_the_command();
+    void missing_server_or_manager_is_told_data();
+    void missing_server_or_manager_is_told();
     void failing_test_fails_under_the_script();
 };
 
@@ -102,6 +107,32 @@ void TstWithDisplay::window_manager_is_ready_before_the_command()
     const Outcome outcome = run_with_display({u"xdotool"_s, u"get_desktop"_s});
     QCOMPARE(outcome.code, 0);
     QCOMPARE(outcome.output.trimmed(), u"0"_s);
+}
+
+void TstWithDisplay::missing_server_or_manager_is_told_data()
+{
+    QTest::addColumn<QString>("missing");
+    QTest::newRow("no virtual server") << u"Xvfb"_s;
+    QTest::newRow("no window manager") << u"openbox"_s;
+}
+
+void TstWithDisplay::missing_server_or_manager_is_told()
+{
+    QFETCH(const QString, missing);
+    QTemporaryDir tools;
+    for (const QString& tool :
+         {u"mktemp"_s, u"mkfifo"_s, u"rm"_s, u"sleep"_s, u"xdotool"_s, u"Xvfb"_s, u"openbox"_s, u"echo"_s}) {
+        const QString path = QStandardPaths::findExecutable(tool);
+        QVERIFY2(!path.isEmpty(), qPrintable(tool));
+        if (tool != missing)
+            QVERIFY(QFile::link(path, tools.filePath(tool)));
+    }
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", QFile::encodeName(tools.path()));
+    const Outcome outcome = run_with_display({u"echo"_s, u"ran"_s});
+    qputenv("PATH", path);
+    QCOMPARE(outcome.code, 3);
+    QCOMPARE(outcome.output, QString());
 }
 
 void TstWithDisplay::failing_test_fails_under_the_script()
