@@ -28,6 +28,8 @@ PythonEntry::~PythonEntry()
             state.ticker->set_active(false);
         // An interrupt that came too late must not hit the next run.
         PyThreadState_SetAsyncExc(state.guiThreadIdent, nullptr);
+    } else if (state.stopWhenIdle) {
+        PyThreadState_SetAsyncExc(state.guiThreadIdent, PyExc_SystemExit); // the code around has to end too
     }
     PyGILState_Release(mLock);
     if (last && state.stopWhenIdle)

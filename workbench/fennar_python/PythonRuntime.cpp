@@ -122,7 +122,7 @@ void install_support()
 int take_turn(void*)
 {
     PythonState& state = PythonState::get();
-    if (state.depth > 0 && state.on_gui_thread()) {
+    if (state.depth > 0 && !state.reporting && state.on_gui_thread()) {
         try {
             without_python_lock([&] {
                 const auto hooks = state.output.hooks();
@@ -258,7 +258,7 @@ bool PythonRuntime::request_interrupt()
     if (!state.running)
         return false;
     const PyGILState_STATE lock = PyGILState_Ensure();
-    const bool busy = state.depth > 0;
+    const bool busy = state.depth > 0 && !state.reporting;
     if (busy)
         PyThreadState_SetAsyncExc(state.guiThreadIdent, PyExc_KeyboardInterrupt);
     PyGILState_Release(lock);

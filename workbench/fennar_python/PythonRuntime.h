@@ -70,7 +70,7 @@ public:
      * Raises KeyboardInterrupt in the Python code that the GUI thread is running. May be called on any thread
      * and from the hooks.
      *
-     * @return false if none is running; a later run is then not affected.
+     * @return false if none is running, or what it raised is being shown; a later run is then not affected.
      */
     static bool request_interrupt();
 

@@ -6,6 +6,7 @@
 #include "workbench/fennar_python/PythonEntry.h"
 
 #include <QChar>
+#include <QScopedValueRollback>
 
 namespace py = pybind11;
 using namespace Qt::StringLiterals;
@@ -95,9 +96,16 @@ bool run_code(PyObject* names, const py::object& code)
 
 void report(py::error_already_set& error, bool withTrace)
 {
+    PythonState& state = PythonState::get();
+    const QScopedValueRollback rollback(state.reporting);
     try {
+        // A hook of the user is code as any other. Our own is short, and an interrupt would cost the message.
+        const py::module_ sys = py::module_::import("sys");
+        state.reporting = sys.attr("excepthook").is(sys.attr("__excepthook__"));
+        if (state.reporting)
+            PyThreadState_SetAsyncExc(state.guiThreadIdent, nullptr);
         const py::object trace = withTrace && error.trace() ? error.trace() : py::none();
-        py::handle(PythonState::get().support)["report"](error.value(), trace);
+        py::handle(state.support)["report"](error.value(), trace);
     } catch (const py::error_already_set&) {
         report_unshown(error);
     }

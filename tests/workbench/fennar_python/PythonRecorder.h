@@ -21,6 +21,7 @@ struct PythonRecorder
     std::atomic<int> wakes = 0;
 
     std::function<void(const QString&)> onOutput;
+    std::function<void(const QString&)> onError;
     std::function<bool(const QString&)> onCommand;
     std::function<void()> onTurn;
 
@@ -36,6 +37,8 @@ struct PythonRecorder
         hooks.error_output = [this](const QString& text) {
             errors += text;
             calls += QStringLiteral("err:") + text;
+            if (onError)
+                onError(text);
         };
         hooks.run_command = [this](const QString& text) {
             commands += text;
@@ -57,6 +60,7 @@ struct PythonRecorder
         commands.clear();
         wakes = 0;
         onOutput = nullptr;
+        onError = nullptr;
         onCommand = nullptr;
         onTurn = nullptr;
     }

@@ -119,16 +119,23 @@ int play_stop_within()
     if (!PythonRuntime::start(recorder.hooks()))
         return 2;
     const auto user = make_python_interpreter(PythonRuntime::user_namespace());
-    recorder.onCommand = [&](const QString&) {
+    recorder.onCommand = [&](const QString& text) {
+        if (text == u"inner"_s)
+            return user->Run_SimpleString("fennar.cmd('exit')\nwhile True: pass") == 0;
         PythonRuntime::stop();
         return !PythonRuntime::running() && user->Run_SimpleString("pass") == -1;
     };
+    // The command that stops is called two runs deep: both have to end.
     const int result = user->Run_SimpleString("import atexit\natexit.register(print, 'dropped')\n"
-                                              "print('before')\nfennar.cmd('exit')\n"
+                                              "print('before')\n"
+                                              "try: fennar.cmd('inner')\nexcept fennar.CommandError: pass\n"
                                               "while True: print('after')");
     std::fputs(qPrintable(recorder.output), stdout);
     std::fputs(qPrintable(recorder.errors), stderr);
-    return result == -1 && !PythonRuntime::running() && recorder.commands == QStringList(u"exit"_s) ? 0 : 3;
+    return result == -1 && !PythonRuntime::running() &&
+                   recorder.commands == QStringList{u"inner"_s, u"exit"_s}
+               ? 0
+               : 3;
 }
 
 } // namespace
@@ -208,14 +215,16 @@ private slots:
 
     void hook_may_wait_for_another_python_thread()
     {
-        // Would never come back if the hook were called with Python's lock held.
+        // The thread could not write if the hook were called with Python's lock held.
         mRecorder.onOutput = [this](const QString& text) {
-            if (text == u"go"_s)
+            if (text == u"go"_s) {
+                QVERIFY(run("go.set()"));
                 QTRY_VERIFY(mRecorder.wakes > 0);
+            }
         };
         QVERIFY(run("go = threading.Event()\n"
                     "def work():\n    go.wait(); print('signal')\n"
-                    "t = threading.Thread(target=work); t.start(); go.set()\n"
+                    "t = threading.Thread(target=work); t.start()\n"
                     "print('go', end=''); t.join()"));
         PythonRuntime::deliver_output();
         QCOMPARE(mRecorder.output, u"gosignal\n"_s);
@@ -244,6 +253,23 @@ private slots:
         PythonRuntime::deliver_output();
         QCOMPARE(mRecorder.calls, (QStringList{u"out:0\n"_s, u"err:0\n"_s, u"out:1\n"_s, u"err:1\n"_s,
                                                u"out:2\n"_s, u"err:2\n"_s}));
+    }
+
+    void delivery_shows_what_waited_at_its_beginning()
+    {
+        const QByteArray source = "t = threading.Thread(target=print, args=('x',)); t.start(); t.join()";
+        QVERIFY(run(source));
+        int calls = 0;
+        mRecorder.onOutput = [&](const QString&) {
+            if (++calls < 20)
+                QVERIFY(run(source));
+        };
+        PythonRuntime::deliver_output();
+        QCOMPARE(calls, 1);
+        QCOMPARE(mRecorder.wakes.load(), 2);
+        mRecorder.onOutput = nullptr;
+        PythonRuntime::deliver_output();
+        QCOMPARE(mRecorder.output, u"x\nx\n"_s);
     }
 
     void delivery_ends_though_a_thread_goes_on_writing()

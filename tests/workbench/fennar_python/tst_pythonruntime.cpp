@@ -87,6 +87,14 @@ private slots:
         QCOMPARE(mRecorder.output, u"\u00fc\ufffd1 2\n"_s);
     }
 
+    void traceback_shows_no_step_of_the_streams()
+    {
+        QVERIFY(!run("import sys\nsys.stdout.buffer.write(3)"));
+        QVERIFY2(mRecorder.errors.startsWith(u"Traceback (most recent call last):\n"
+                                             "  File \"<string>\", line 2, in <module>\nTypeError: "_s),
+                 qPrintable(mRecorder.errors));
+    }
+
     void streams_have_the_face_of_files()
     {
         QVERIFY(run("import sys, io\n"
@@ -373,6 +381,28 @@ private slots:
             run("import sys\nsys.stdout.write('x')");
         mRecorder.onOutput = nullptr;
         QVERIFY(run("for i in range(100000): pass"));
+    }
+
+    void interrupt_while_an_exception_is_shown_does_not_spoil_it()
+    {
+        QVERIFY(run("import sys"));
+        bool taken = true;
+        mRecorder.onError = [&taken](const QString&) { taken = PythonRuntime::request_interrupt(); };
+        QVERIFY(!run("1 / 0"));
+        QVERIFY(!taken);
+        QVERIFY2(mRecorder.errors.endsWith(u"ZeroDivisionError: division by zero\n"_s),
+                 qPrintable(mRecorder.errors));
+    }
+
+    void excepthook_of_the_user_can_be_interrupted()
+    {
+        QVERIFY(run("import sys\ndef hook(*_):\n    while True: print('x')\nsys.excepthook = hook"));
+        mRecorder.onOutput = [](const QString&) { PythonRuntime::request_interrupt(); };
+        QVERIFY(!run("1 / 0"));
+        mRecorder.onOutput = nullptr;
+        QVERIFY(run("sys.excepthook = sys.__excepthook__"));
+        QVERIFY2(mRecorder.errors.contains(u"KeyboardInterrupt\n"_s), qPrintable(mRecorder.errors));
+        QVERIFY(mRecorder.errors.endsWith(u"ZeroDivisionError: division by zero\n"_s));
     }
 
     void interrupt_can_be_caught()
