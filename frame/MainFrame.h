@@ -60,7 +60,7 @@ public:
     void end_application() override;
 
     /** Starts to show progress, and runs waiting events once if @p process is not 0. This and the next five
-     * do nothing while there is no main window or no progress control. */
+     * do nothing while there is no main window. */
     void start_progress_session(const char* title, int process) override;
     /** Shows @p percent if @p title is the running session's. */
     void update_progress_session(const char* title, int percent) override;

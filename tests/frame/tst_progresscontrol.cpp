@@ -1,0 +1,418 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "frame/MainFrame.h"
+#include "frame/Ostrel.h"
+#include "frame/ProgressControl.h"
+#include "hostdouble/HostDouble.h"
+#include "support/TestCase.h"
+#include "support/windows.h"
+
+#include <QHBoxLayout>
+#include <QImage>
+#include <QProgressBar>
+#include <QStatusBar>
+#include <QTest>
+#include <QToolButton>
+#include <QWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** Counts how often the event queue has run, by a posted event that asks to be posted again. */
+class QueueProbe : public QObject
+{
+public:
+    QueueProbe() { arm(); }
+    void arm() { QCoreApplication::postEvent(this, new QEvent(QEvent::User)); }
+    /** Whether the queue has run since the last question. */
+    bool ran()
+    {
+        if (!mDelivered)
+            return false;
+        mDelivered = false;
+        arm();
+        return true;
+    }
+
+protected:
+    bool event(QEvent* e) override
+    {
+        mDelivered = mDelivered || e->type() == QEvent::User;
+        return QObject::event(e);
+    }
+
+private:
+    bool mDelivered = false;
+};
+
+} // namespace
+
+class TstProgressControl : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void form_has_the_names_texts_and_measures();
+    void sits_at_the_right_of_the_status_bar();
+    void cancel_icon_has_a_picture_of_its_own_for_disabled();
+    void bar_and_button_start_reset_and_disabled();
+    void session_started_inside_another_is_ignored();
+    void start_resets_the_bar();
+    void start_runs_the_queue_only_if_asked();
+    void start_within_a_session_runs_no_queue();
+    void update_shows_the_percentage_and_runs_the_queue();
+    void update_under_another_name_is_ignored();
+    void names_are_compared_case_sensitively();
+    void update_above_hundred_shows_hundred();
+    void update_at_hundred_or_above_runs_no_queue_once_hundred_is_shown();
+    void update_with_the_present_value_runs_no_queue();
+    void negative_update_is_ignored_by_the_bar();
+    void end_under_its_own_name_resets();
+    void end_under_another_name_changes_nothing();
+    void end_without_a_session_and_name_resets_again_data();
+    void end_without_a_session_and_name_resets_again();
+    void null_name_counts_as_empty();
+    void status_text_stands_before_the_percentage();
+    void null_status_text_leaves_the_percentage();
+    void status_text_outlives_sessions();
+    void surplus_disable_keeps_the_count_at_zero();
+    void requests_to_enable_cancel_nest();
+    void click_on_cancel_stops_playback_and_then_interrupts();
+    void button_stays_enabled_after_the_click();
+    void slot_of_the_window_does_the_same();
+    void click_on_cancel_passes_while_other_input_is_swallowed();
+
+private:
+    template <class Widget>
+    Widget* child(const char* name) const
+    {
+        return mControl->findChild<Widget*>(QString::fromLatin1(name));
+    }
+    QProgressBar* bar() const { return child<QProgressBar>("mProgress"); }
+    QToolButton* button() const { return child<QToolButton>("mCancel"); }
+
+    std::unique_ptr<MainFrame> mFrame;
+    ProgressControl* mControl = nullptr;
+};
+
+void TstProgressControl::init()
+{
+    TestCase::init();
+    HostDouble::instance().reset();
+    mFrame = std::make_unique<MainFrame>();
+    QVERIFY(mFrame->load_gui());
+    QVERIFY(show_active(Ostrel::instance()));
+    mControl = Ostrel::instance()->findChild<ProgressControl*>();
+    QVERIFY(mControl);
+    HostDouble::instance().take_calls();
+}
+
+void TstProgressControl::cleanup()
+{
+    mFrame->unload_gui();
+    mFrame.reset();
+    TestCase::cleanup();
+}
+
+void TstProgressControl::form_has_the_names_texts_and_measures()
+{
+    ProgressControl control(nullptr);
+    QCOMPARE(control.objectName(), u"QtProgressControl"_s);
+    QCOMPARE(control.size(), QSize(241, 36));
+    QCOMPARE(control.windowTitle(), u"Progress"_s);
+    const auto* layout = qobject_cast<QHBoxLayout*>(control.layout());
+    QVERIFY(layout);
+    QCOMPARE(layout->objectName(), u"hboxLayout"_s);
+    QCOMPARE(layout->spacing(), 0);
+    QCOMPARE(layout->contentsMargins(), QMargins());
+    QCOMPARE(layout->itemAt(0)->widget()->objectName(), u"mProgress"_s);
+    QCOMPARE(layout->itemAt(1)->widget()->objectName(), u"mCancel"_s);
+    const auto* cancel = qobject_cast<QToolButton*>(layout->itemAt(1)->widget());
+    QCOMPARE(cancel->sizePolicy(),
+             QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed, QSizePolicy::ToolButton));
+    QCOMPARE(cancel->toolTip(), u"Cancel the currently running process"_s);
+    QCOMPARE(cancel->text(), QString());
+}
+
+void TstProgressControl::sits_at_the_right_of_the_status_bar()
+{
+    const QStatusBar* status = Ostrel::instance()->statusBar();
+    QCOMPARE(mControl->parentWidget(), status);
+    QVERIFY(mControl->isVisible());
+    QVERIFY(mControl->geometry().center().x() > status->rect().center().x());
+}
+
+void TstProgressControl::cancel_icon_has_a_picture_of_its_own_for_disabled()
+{
+    const QIcon icon = button()->icon();
+    const QImage disabled = icon.pixmap(QSize(36, 36), QIcon::Disabled).toImage();
+    const QIcon expected(u":/ostrelgui/images/light/dcancel.svg"_s);
+    QCOMPARE(disabled.convertToFormat(QImage::Format_ARGB32),
+             expected.pixmap(36, 36).toImage().convertToFormat(QImage::Format_ARGB32));
+    const QIcon normal(u":/ostrelgui/images/light/cancel.svg"_s);
+    QCOMPARE(icon.pixmap(36, 36).toImage().convertToFormat(QImage::Format_ARGB32),
+             normal.pixmap(36, 36).toImage().convertToFormat(QImage::Format_ARGB32));
+}
+
+void TstProgressControl::bar_and_button_start_reset_and_disabled()
+{
+    QCOMPARE(bar()->minimum(), 0);
+    QCOMPARE(bar()->maximum(), 100);
+    QCOMPARE(bar()->value(), -1);
+    QVERIFY(!button()->isEnabled());
+}
+
+void TstProgressControl::session_started_inside_another_is_ignored()
+{
+    mFrame->start_progress_session("a", 0);
+    mFrame->update_progress_session("a", 10);
+    mFrame->start_progress_session("b", 0);
+    mFrame->update_progress_session("b", 50);
+    QCOMPARE(bar()->value(), 10);
+    mFrame->end_progress_session("b");
+    mFrame->update_progress_session("a", 20);
+    QCOMPARE(bar()->value(), 20);
+}
+
+void TstProgressControl::start_resets_the_bar()
+{
+    bar()->setValue(30);
+    mFrame->start_progress_session("a", 0);
+    QCOMPARE(bar()->value(), -1);
+}
+
+void TstProgressControl::start_runs_the_queue_only_if_asked()
+{
+    QueueProbe probe;
+    mFrame->start_progress_session("a", 0);
+    QVERIFY(!probe.ran());
+    mFrame->end_progress_session("a");
+    mFrame->start_progress_session("b", 1);
+    QVERIFY(probe.ran());
+}
+
+void TstProgressControl::start_within_a_session_runs_no_queue()
+{
+    mFrame->start_progress_session("a", 0);
+    QueueProbe probe;
+    mFrame->start_progress_session("b", 1);
+    QVERIFY(!probe.ran());
+}
+
+void TstProgressControl::update_shows_the_percentage_and_runs_the_queue()
+{
+    mFrame->start_progress_session("a", 0);
+    QueueProbe probe;
+    mFrame->update_progress_session("a", 42);
+    QCOMPARE(bar()->value(), 42);
+    QVERIFY(probe.ran());
+}
+
+void TstProgressControl::update_under_another_name_is_ignored()
+{
+    mFrame->start_progress_session("a", 0);
+    QueueProbe probe;
+    mFrame->update_progress_session("b", 42);
+    QCOMPARE(bar()->value(), -1);
+    QVERIFY(!probe.ran());
+}
+
+void TstProgressControl::names_are_compared_case_sensitively()
+{
+    mFrame->start_progress_session("mesh", 0);
+    mFrame->update_progress_session("Mesh", 42);
+    QCOMPARE(bar()->value(), -1);
+    mFrame->end_progress_session("MESH");
+    mFrame->update_progress_session("mesh", 42);
+    QCOMPARE(bar()->value(), 42);
+}
+
+void TstProgressControl::update_above_hundred_shows_hundred()
+{
+    mFrame->start_progress_session("a", 0);
+    mFrame->update_progress_session("a", 150);
+    QCOMPARE(bar()->value(), 100);
+}
+
+void TstProgressControl::update_at_hundred_or_above_runs_no_queue_once_hundred_is_shown()
+{
+    mFrame->start_progress_session("a", 0);
+    // Set from outside, since an update would use up the one run of this half second.
+    bar()->setValue(100);
+    QueueProbe probe;
+    mFrame->update_progress_session("a", 100);
+    mFrame->update_progress_session("a", 170);
+    QVERIFY(!probe.ran());
+    mFrame->update_progress_session("a", 99);
+    QVERIFY(probe.ran());
+}
+
+void TstProgressControl::update_with_the_present_value_runs_no_queue()
+{
+    mFrame->start_progress_session("a", 0);
+    bar()->setValue(42);
+    QueueProbe probe;
+    mFrame->update_progress_session("a", 42);
+    QVERIFY(!probe.ran());
+}
+
+void TstProgressControl::negative_update_is_ignored_by_the_bar()
+{
+    mFrame->start_progress_session("a", 0);
+    mFrame->update_progress_session("a", 42);
+    mFrame->update_progress_session("a", -7);
+    QCOMPARE(bar()->value(), 42);
+}
+
+void TstProgressControl::end_under_its_own_name_resets()
+{
+    mFrame->start_progress_session("a", 0);
+    mFrame->update_progress_session("a", 42);
+    mFrame->end_progress_session("a");
+    QCOMPARE(bar()->value(), -1);
+    mFrame->start_progress_session("b", 0);
+    mFrame->update_progress_session("b", 5);
+    QCOMPARE(bar()->value(), 5);
+}
+
+void TstProgressControl::end_under_another_name_changes_nothing()
+{
+    mFrame->start_progress_session("a", 0);
+    mFrame->update_progress_session("a", 42);
+    mFrame->end_progress_session("b");
+    QCOMPARE(bar()->value(), 42);
+}
+
+void TstProgressControl::end_without_a_session_and_name_resets_again_data()
+{
+    QTest::addColumn<bool>("null");
+    QTest::newRow("null name") << true;
+    QTest::newRow("empty name") << false;
+}
+
+void TstProgressControl::end_without_a_session_and_name_resets_again()
+{
+    QFETCH(bool, null);
+    bar()->setValue(42);
+    mFrame->end_progress_session("a");
+    QCOMPARE(bar()->value(), 42);
+    mFrame->end_progress_session(null ? nullptr : "");
+    QCOMPARE(bar()->value(), -1);
+}
+
+void TstProgressControl::null_name_counts_as_empty()
+{
+    mFrame->start_progress_session(nullptr, 0);
+    mFrame->update_progress_session(nullptr, 42);
+    QCOMPARE(bar()->value(), 42);
+    // An empty name starts no session, so the next one is not ignored.
+    mFrame->start_progress_session("a", 0);
+    mFrame->update_progress_session("a", 43);
+    QCOMPARE(bar()->value(), 43);
+}
+
+void TstProgressControl::status_text_stands_before_the_percentage()
+{
+    mFrame->set_status_text("Größe ");
+    QCOMPARE(bar()->format(), u"Größe %p%"_s);
+    mFrame->start_progress_session("a", 0);
+    mFrame->update_progress_session("a", 42);
+    QCOMPARE(bar()->text(), u"Größe 42%"_s);
+}
+
+void TstProgressControl::null_status_text_leaves_the_percentage()
+{
+    mFrame->set_status_text("text");
+    mFrame->set_status_text(nullptr);
+    QCOMPARE(bar()->format(), u"%p%"_s);
+}
+
+void TstProgressControl::status_text_outlives_sessions()
+{
+    mFrame->set_status_text("text");
+    mFrame->start_progress_session("a", 0);
+    mFrame->update_progress_session("a", 42);
+    mFrame->end_progress_session("a");
+    QCOMPARE(bar()->format(), u"text%p%"_s);
+}
+
+void TstProgressControl::surplus_disable_keeps_the_count_at_zero()
+{
+    mFrame->enable_cancel(false);
+    mFrame->enable_cancel(false);
+    QVERIFY(!button()->isEnabled());
+    mFrame->enable_cancel(true);
+    QVERIFY(button()->isEnabled());
+    mFrame->enable_cancel(false);
+    QVERIFY(!button()->isEnabled());
+}
+
+void TstProgressControl::requests_to_enable_cancel_nest()
+{
+    mFrame->enable_cancel(true);
+    mFrame->enable_cancel(true);
+    mFrame->enable_cancel(false);
+    QVERIFY(button()->isEnabled());
+    mFrame->enable_cancel(false);
+    QVERIFY(!button()->isEnabled());
+}
+
+void TstProgressControl::click_on_cancel_stops_playback_and_then_interrupts()
+{
+    mFrame->enable_cancel(true);
+    QTest::mouseClick(button(), Qt::LeftButton);
+    QCOMPARE(HostDouble::instance().take_calls(),
+             QStringList({u"FennarInterface::stop_playback()"_s, u"FennarInterface::app_util()"_s,
+                          u"AppUtil::set_interrupt(true)"_s}));
+}
+
+void TstProgressControl::button_stays_enabled_after_the_click()
+{
+    mFrame->enable_cancel(true);
+    QTest::mouseClick(button(), Qt::LeftButton);
+    QVERIFY(button()->isEnabled());
+}
+
+void TstProgressControl::slot_of_the_window_does_the_same()
+{
+    Ostrel::instance()->cancel_progress();
+    QCOMPARE(HostDouble::instance().take_calls().constLast(), u"AppUtil::set_interrupt(true)"_s);
+}
+
+void TstProgressControl::click_on_cancel_passes_while_other_input_is_swallowed()
+{
+    mFrame->enable_cancel(true);
+    QTRY_VERIFY(!button()->visibleRegion().isEmpty());
+    QToolButton other(Ostrel::instance()->statusBar());
+    other.setGeometry(0, 0, 20, 20);
+    other.show();
+    int other_clicks = 0;
+    connect(&other, &QToolButton::clicked, &other, [&] { ++other_clicks; });
+    // The clicks arrive while a command runs and asks for its turn: from a posted call, inside the run.
+    QWindow* window = Ostrel::instance()->windowHandle();
+    const auto click = [window](QWidget* target) {
+        const QPoint at = target->mapTo(Ostrel::instance(), target->rect().center());
+        QTest::mouseClick(window, Qt::LeftButton, {}, at);
+    };
+    QMetaObject::invokeMethod(
+        mControl,
+        [&] {
+            click(&other);
+            click(button());
+        },
+        Qt::QueuedConnection);
+    mFrame->check_interrupt_session("work");
+    QCOMPARE(HostDouble::instance().take_calls().count(u"AppUtil::set_interrupt(true)"_s), 1);
+    QCOMPARE(other_clicks, 0);
+    // The same click counts once no command runs: the button itself was not at fault.
+    click(&other);
+    QCOMPARE(other_clicks, 1);
+}
+
+OSTREL_TEST_MAIN(TstProgressControl)
+#include "tst_progresscontrol.moc"
