@@ -6,6 +6,8 @@
 #include "host/navigation/NavigationModel.h"
 #include "workbench/navigation/NavigationEntries.h"
 
+#include <algorithm>
+
 NavigationCursor::NavigationCursor(QObject* parent) : QObject(parent)
 {
     mChange.setSingleShot(true);

@@ -323,7 +323,7 @@ QString NavigationFiles::icon_file(const QString& name)
     const QString bundle = u":/ostrelgui/images/light"_s;
     if (QFileInfo(bundle + u'/' + name).isFile())
         return bundle + u'/' + name;
-    const QString own = QFileInfo(mPath).dir().filePath(name);
+    QString own = QFileInfo(mPath).dir().filePath(name);
     if (QFileInfo(own).isFile())
         return own;
     // A program without the shell has none of its pictures; that is no fault of the file.

@@ -21,6 +21,8 @@
 #include <QScrollBar>
 #include <QTest>
 
+#include <algorithm>
+#include <limits>
 #include <memory>
 #include <vector>
 
