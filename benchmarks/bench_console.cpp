@@ -33,6 +33,7 @@ void show(QWidget& window)
     QCoreApplication::processEvents();
 }
 
+/** The bare edits follow their output as a page does, so that both paint the same lines. */
 void scroll_to_end(QPlainTextEdit& edit)
 {
     edit.verticalScrollBar()->setValue(edit.verticalScrollBar()->maximum());
