@@ -89,6 +89,7 @@ private slots:
         control_rows();
     }
     void control_keys_with_text_bring_the_caret_home() { press_and_compare(); }
+    void control_c_copies_output();
     void bringing_the_caret_home_scrolls_to_the_end();
     void copying_from_the_command_does_not_scroll();
     void caret_behind_a_wide_prompt_cannot_reach_it();
@@ -277,6 +278,15 @@ void TstCommandWidgetKeys::control_rows()
         u"^out\n$ command|"_s);
     row("Escape goes home", selected, Qt::Key_Escape, home);
     row("Shift+Delete drops the selection and cuts nothing", selected, Qt::SHIFT | Qt::Key_Delete, home);
+}
+
+void TstCommandWidgetKeys::control_c_copies_output()
+{
+    Page page;
+    page.set_state(u"o^utpu|t\n$ command"_s);
+    page.press(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text(), u"utpu"_s);
+    QGuiApplication::clipboard()->clear();
 }
 
 void TstCommandWidgetKeys::bringing_the_caret_home_scrolls_to_the_end()
