@@ -7,7 +7,6 @@
 #include "console/CommandWidget.h"
 
 #include <QApplication>
-#include <QScrollBar>
 #include <QTextBlock>
 
 using namespace Qt::StringLiterals;
@@ -33,11 +32,6 @@ void show(QWidget& window)
     QCoreApplication::processEvents();
 }
 
-void scroll_to_end(QPlainTextEdit& edit)
-{
-    edit.verticalScrollBar()->setValue(edit.verticalScrollBar()->maximum());
-}
-
 void single_lines()
 {
     constexpr int outputs = 10'000;
@@ -53,7 +47,6 @@ void single_lines()
             return bench::seconds([&] {
                 for (int i = 0; i < outputs; ++i) {
                     QTextCursor(edit.document()->lastBlock()).insertText(line);
-                    scroll_to_end(edit);
                     edit.repaint();
                 }
             });
@@ -123,7 +116,6 @@ void open_lines()
                     QTextCursor cursor(edit.document()->lastBlock());
                     cursor.setPosition(cursor.position() - 1);
                     cursor.insertText(i % 50 == 0 ? next : dot);
-                    scroll_to_end(edit);
                 }
             });
         },
@@ -166,8 +158,8 @@ void commands()
 
 int main(int argc, char** argv)
 {
+    bench::ignore_platform_warnings();
     const QApplication application(argc, argv);
-    bench::header();
     single_lines();
     flood();
     open_lines();
