@@ -74,9 +74,15 @@ void write_square(const QString& path, const QByteArray& colour)
                colour + "' d='M0 0h22v22H0z'/></svg>");
 }
 
+/** A picture of so many pixels, whatever the screens scale by. */
+QPixmap pixels(const QIcon& icon, int size, QIcon::Mode mode = QIcon::Normal)
+{
+    return icon.pixmap(QSize(size, size), 1.0, mode);
+}
+
 QColor middle(const QIcon& icon, int size)
 {
-    return icon.pixmap(size).toImage().pixelColor(size / 2, size / 2);
+    return pixels(icon, size).toImage().pixelColor(size / 2, size / 2);
 }
 
 /** What a stream holds after @p icon and the text "behind". */
@@ -200,7 +206,7 @@ void TstBundledIconEngine::icon_is_described_as_one_made_by_qt()
 void TstBundledIconEngine::icon_of_the_bundle_has_this_engine()
 {
     // Pictures made by this engine are shared; Qt's own icons of a file have pictures of their own.
-    QCOMPARE(load_icon("filesave_ot.svg").pixmap(22).cacheKey(), bundled(kPath).pixmap(22).cacheKey());
+    QCOMPARE(pixels(load_icon("filesave_ot.svg"), 22).cacheKey(), pixels(bundled(kPath), 22).cacheKey());
 }
 
 void TstBundledIconEngine::empty_size_gives_no_picture()
@@ -215,7 +221,6 @@ void TstBundledIconEngine::file_is_read_when_a_picture_is_first_asked_for()
 {
     const QTemporaryDir directory;
     const QString path = directory.filePath(u"square.svg"_s);
-    write_square(path, "#ff0000");
     const QIcon icon = bundled(path);
     write_square(path, "#0000ff");
     QCOMPARE(middle(icon, 22), QColor(Qt::blue));
@@ -238,9 +243,9 @@ void TstBundledIconEngine::picture_is_drawn_once()
 
 void TstBundledIconEngine::icons_of_one_file_share_pictures()
 {
-    const QPixmap picture = bundled(kPath).pixmap(22);
-    QCOMPARE(bundled(kPath).pixmap(22).cacheKey(), picture.cacheKey());
-    QVERIFY(bundled(kOther).pixmap(22).cacheKey() != picture.cacheKey());
+    const QPixmap picture = pixels(bundled(kPath), 22);
+    QCOMPARE(pixels(bundled(kPath), 22).cacheKey(), picture.cacheKey());
+    QVERIFY(pixels(bundled(kOther), 22).cacheKey() != picture.cacheKey());
 }
 
 void TstBundledIconEngine::other_palette_gives_other_pictures()
@@ -249,11 +254,11 @@ void TstBundledIconEngine::other_palette_gives_other_pictures()
         qScopeGuard([palette = QApplication::palette()] { QApplication::setPalette(palette); });
     const QIcon icon = bundled(kPath);
     QApplication::setPalette(QPalette(QColor(0xd0, 0xd0, 0xd0), QColor(0xf5, 0xf5, 0xf5)));
-    const QImage light = icon.pixmap(22, QIcon::Disabled).toImage();
+    const QImage light = pixels(icon, 22, QIcon::Disabled).toImage();
     QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x30), QColor(0x2b, 0x2b, 0x2b)));
-    const QImage dark = icon.pixmap(22, QIcon::Disabled).toImage();
+    const QImage dark = pixels(icon, 22, QIcon::Disabled).toImage();
     QVERIFY(light != dark);
-    QCOMPARE(dark, QIcon(kPath).pixmap(22, QIcon::Disabled).toImage());
+    QCOMPARE(dark, pixels(QIcon(kPath), 22, QIcon::Disabled).toImage());
 }
 
 void TstBundledIconEngine::added_pixmap_is_used_as_by_an_icon_made_by_qt()
@@ -263,7 +268,7 @@ void TstBundledIconEngine::added_pixmap_is_used_as_by_an_icon_made_by_qt()
     for (QIcon* each : {&icon, &expected})
         each->addPixmap(square(36), QIcon::Disabled);
     QCOMPARE(first_difference(icon, expected), QByteArray());
-    QCOMPARE(icon.pixmap(36, QIcon::Disabled).toImage(), square(36).toImage());
+    QCOMPARE(pixels(icon, 36, QIcon::Disabled).toImage(), square(36).toImage());
     QCOMPARE(icon.availableSizes(QIcon::Disabled), expected.availableSizes(QIcon::Disabled));
     const QRect rect(2, 2, 36, 36);
     QCOMPARE(painted(icon, rect, 1.0, Qt::AlignCenter, QIcon::Disabled),
@@ -288,7 +293,7 @@ void TstBundledIconEngine::addition_to_a_copy_leaves_the_original()
     QCOMPARE(copy.cacheKey(), icon.cacheKey());
     copy.addPixmap(square(36), QIcon::Disabled);
     QCOMPARE(first_difference(icon, QIcon(kPath)), QByteArray());
-    QCOMPARE(copy.pixmap(36, QIcon::Disabled).toImage(), square(36).toImage());
+    QCOMPARE(pixels(copy, 36, QIcon::Disabled).toImage(), square(36).toImage());
 }
 
 void TstBundledIconEngine::copy_of_a_composed_icon_is_composed()
@@ -297,9 +302,9 @@ void TstBundledIconEngine::copy_of_a_composed_icon_is_composed()
     icon.addPixmap(square(36), QIcon::Disabled);
     QIcon copy = icon;
     copy.addPixmap(square(22), QIcon::Selected);
-    QCOMPARE(copy.pixmap(36, QIcon::Disabled).toImage(), square(36).toImage());
-    QCOMPARE(copy.pixmap(22, QIcon::Selected).toImage(), square(22).toImage());
-    QVERIFY(icon.pixmap(22, QIcon::Selected).toImage() != square(22).toImage());
+    QCOMPARE(pixels(copy, 36, QIcon::Disabled).toImage(), square(36).toImage());
+    QCOMPARE(pixels(copy, 22, QIcon::Selected).toImage(), square(22).toImage());
+    QVERIFY(pixels(icon, 22, QIcon::Selected).toImage() != square(22).toImage());
 }
 
 void TstBundledIconEngine::icon_is_written_and_read_as_one_made_by_qt()
@@ -313,8 +318,8 @@ void TstBundledIconEngine::composed_icon_is_written_with_its_addition()
     QIcon icon = bundled(kPath);
     icon.addPixmap(square(36), QIcon::Disabled);
     const QIcon read = from_stream(streamed(icon));
-    QCOMPARE(read.pixmap(36, QIcon::Disabled).toImage(), square(36).toImage());
-    QCOMPARE(read.pixmap(22).toImage(), QIcon(kPath).pixmap(22).toImage());
+    QCOMPARE(pixels(read, 36, QIcon::Disabled).toImage(), square(36).toImage());
+    QCOMPARE(pixels(read, 22).toImage(), pixels(QIcon(kPath), 22).toImage());
 }
 
 OSTREL_TEST_MAIN(TstBundledIconEngine)
