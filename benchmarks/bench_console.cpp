@@ -158,8 +158,8 @@ void commands()
 
 int main(int argc, char** argv)
 {
+    bench::ignore_platform_warnings();
     const QApplication application(argc, argv);
-    bench::header();
     single_lines();
     flood();
     open_lines();

@@ -1,38 +1,26 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-// What the frame costs: one event through the event filter, and bringing the main window up.
+// What the frame costs: one event through the event filter, one progress update, and bringing the main window
+// up.
 
+#include "bench.h"
+#include "frame/MainFrame.h"
 #include "frame/Ostrel.h"
 #include "frame/OstrelEventFilter.h"
 
 #include <QApplication>
+#include <QFontDatabase>
 #include <QKeyEvent>
+#include <QProcess>
 #include <QSettings>
 #include <QTemporaryDir>
 
-#include <algorithm>
-#include <chrono>
-#include <cstdio>
-#include <vector>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-template <class Work>
-double seconds(Work work)
-{
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double median(std::vector<double> values)
-{
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
 
 class OpenFilter : public OstrelEventFilter
 {
@@ -54,23 +42,54 @@ void filtered_event()
 
     constexpr int calls = 1'000'000;
     int swallowed = 0;
-    std::vector<double> runs;
-    for (int run = 0; run < 9; ++run) {
-        runs.push_back(seconds([&] {
-            for (int call = 0; call < calls; ++call)
-                swallowed += filter.eventFilter(watched, &event);
-        }));
-    }
-    const double nanoseconds = median(runs) / calls * 1e9;
-    std::printf("one filtered event, ten levels deep | - | %.1f ns | - | <= 300 ns%s\n", nanoseconds,
-                swallowed == 9 * calls ? "" : " (not swallowed)");
+    bench::measure("one filtered event, ten levels deep", 300, [&] {
+        swallowed = 0;
+        return bench::seconds([&] {
+                   for (int call = 0; call < calls; ++call)
+                       swallowed += filter.eventFilter(watched, &event);
+               }) /
+               calls;
+    });
+    if (swallowed != calls)
+        qFatal("the filter let the event pass");
 }
 
-template <class Make>
-double bring_up(Make make)
+void progress_update()
 {
-    std::unique_ptr<QWidget> window;
-    const double time = seconds([&] {
+    constexpr int calls = 1'000'000;
+    MainFrame frame;
+    frame.load_gui();
+    frame.start_progress_session("Meshing", 0);
+    frame.update_progress_session("Meshing", 40);
+    bench::measure("a progress update that changes nothing", 100, [&] {
+        return bench::seconds([&] {
+                   for (int call = 0; call < calls; ++call)
+                       frame.update_progress_session("Meshing", 40);
+               }) /
+               calls;
+    });
+    frame.end_progress_session("Meshing");
+    frame.unload_gui();
+}
+
+std::unique_ptr<QMainWindow> empty_window()
+{
+    auto window = std::make_unique<QMainWindow>();
+    window->setCentralWidget(new QWidget);
+    window->resize(1016, 819);
+    return window;
+}
+
+std::unique_ptr<QMainWindow> main_window()
+{
+    return std::make_unique<Ostrel>();
+}
+
+/** How long it takes to make a window, to show it and to paint it. */
+double bring_up(std::unique_ptr<QMainWindow> (*make)())
+{
+    std::unique_ptr<QMainWindow> window;
+    const double time = bench::seconds([&] {
         window = make();
         window->show();
         QCoreApplication::processEvents();
@@ -79,29 +98,45 @@ double bring_up(Make make)
     return time;
 }
 
+/** The same for the first window of a process of its own, which main() runs for these @p arguments. */
+double bring_up_first(const QStringList& arguments)
+{
+    QProcess process;
+    process.start(QCoreApplication::applicationFilePath(), arguments);
+    const bool finished = process.waitForFinished();
+    bool is_number = false;
+    const double time = process.readAllStandardOutput().trimmed().toDouble(&is_number);
+    if (!finished || !is_number)
+        qFatal("the process for the first window failed: %s", process.readAllStandardError().constData());
+    return time;
+}
+
 void start()
 {
-    const auto empty_window = [] {
-        auto window = std::make_unique<QMainWindow>();
-        window->setCentralWidget(new QWidget);
-        window->resize(1016, 819);
-        return window;
-    };
-    const auto main_window = [] { return std::make_unique<Ostrel>(); };
-
-    // Once each for what a process loads only once: fonts, style, image formats.
-    bring_up(empty_window);
-    bring_up(main_window);
-    std::vector<double> yardstick;
-    std::vector<double> runs;
-    for (int run = 0; run < 25; ++run) {
-        yardstick.push_back(bring_up(empty_window));
-        runs.push_back(bring_up(main_window));
-    }
-    const double time = median(runs);
-    const double ratio = time / median(yardstick);
-    std::printf("main window made, shown and painted | empty QMainWindow | %.2f ms | %.2f x | <= 6 x\n",
-                time * 1e3, ratio);
+    constexpr double aim = 6;
+    // The first text of a process makes Qt load the list of fonts, and the empty window has no text.
+    bench::compare(
+        "starting, first window of its process", aim,
+        [] {
+            return bring_up_first({u"--first"_s, u"empty"_s});
+        },
+        [] {
+            return bring_up_first({u"--first"_s, u"main"_s});
+        },
+        15);
+    // As MainFrame::load_gui() does it, which registers the console's font before it makes the window.
+    bench::compare(
+        "starting, first window, console font registered", aim,
+        [] {
+            return bring_up_first({u"--first"_s, u"empty"_s, u"--font"_s});
+        },
+        [] {
+            return bring_up_first({u"--first"_s, u"main"_s, u"--font"_s});
+        },
+        15);
+    bench::compare(
+        "starting, another window in the same process", aim, [] { return bring_up(empty_window); },
+        [] { return bring_up(main_window); }, 25);
 }
 
 } // namespace
@@ -110,6 +145,7 @@ int main(int argc, char** argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    bench::ignore_platform_warnings();
     const QTemporaryDir home;
     QSettings::setDefaultFormat(QSettings::IniFormat);
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, home.path());
@@ -117,8 +153,15 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName(u"ostrel-bench"_s);
     const QApplication application(argc, argv);
 
-    std::printf("work | yardstick | time | ratio | aim\n");
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.value(1) == "--first"_L1) {
+        if (arguments.contains(u"--font"_s))
+            QFontDatabase::addApplicationFont(u":/ostrelgui/fonts/Inconsolata-Regular.ttf"_s);
+        std::printf("%.9f\n", bring_up(arguments.value(2) == "main"_L1 ? main_window : empty_window));
+        return 0;
+    }
     filtered_event();
+    progress_update();
     start();
     return 0;
 }

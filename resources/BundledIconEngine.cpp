@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "resources/BundledIconEngine.h"
+
+#include <QApplication>
+#include <QDataStream>
+#include <QImageReader>
+#include <QPainter>
+#include <QPixmapCache>
+#include <QStyle>
+#include <QStyleOption>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QPixmap draw(const QString& path, const QSize& size, QIcon::Mode mode)
+{
+    QImageReader reader(path);
+    reader.setScaledSize(reader.size().scaled(size, Qt::KeepAspectRatio));
+    const QPixmap picture = QPixmap::fromImage(reader.read());
+    if (picture.isNull())
+        return picture;
+    QStyleOption option;
+    option.palette = QGuiApplication::palette();
+    const QPixmap generated = QApplication::style()->generatedIconPixmap(mode, picture, &option);
+    return generated.isNull() ? picture : generated;
+}
+
+} // namespace
+
+BundledIconEngine::BundledIconEngine(const QString& path) : mPath(path) {}
+
+void BundledIconEngine::paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state)
+{
+    const qreal ratio = painter->device() ? painter->device()->devicePixelRatio() : 1.0;
+    painter->drawPixmap(rect, pixmap(rect.size() * ratio, mode, state));
+}
+
+QPixmap BundledIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state)
+{
+    if (!mComposed.isNull())
+        return mComposed.pixmap(size, 1.0, mode, state);
+    if (size.isEmpty())
+        return {};
+    // The style draws the other modes in colours of the palette.
+    const QString key = u"ostrel-icon %1 %2x%3 %4 %5"_s.arg(mPath)
+                            .arg(size.width())
+                            .arg(size.height())
+                            .arg(mode)
+                            .arg(QGuiApplication::palette().cacheKey());
+    QPixmap picture;
+    if (!QPixmapCache::find(key, &picture)) {
+        picture = draw(mPath, size, mode);
+        if (!picture.isNull())
+            QPixmapCache::insert(key, picture);
+    }
+    return picture;
+}
+
+QSize BundledIconEngine::actualSize(const QSize& size, QIcon::Mode mode, QIcon::State state)
+{
+    const QPixmap picture = pixmap(size, mode, state);
+    return picture.isNull() ? QSize() : picture.size();
+}
+
+QList<QSize> BundledIconEngine::availableSizes(QIcon::Mode mode, QIcon::State state)
+{
+    // A drawing has none of its own.
+    return mComposed.availableSizes(mode, state);
+}
+
+bool BundledIconEngine::isNull()
+{
+    return false;
+}
+
+void BundledIconEngine::addPixmap(const QPixmap& pixmap, QIcon::Mode mode, QIcon::State state)
+{
+    composed().addPixmap(pixmap, mode, state);
+}
+
+void BundledIconEngine::addFile(const QString& file, const QSize& size, QIcon::Mode mode, QIcon::State state)
+{
+    composed().addFile(file, size, mode, state);
+}
+
+QIconEngine* BundledIconEngine::clone() const
+{
+    return new BundledIconEngine(*this);
+}
+
+QString BundledIconEngine::key() const
+{
+    return u"svg"_s;
+}
+
+bool BundledIconEngine::write(QDataStream& out) const
+{
+    QByteArray written;
+    QDataStream buffer(&written, QDataStream::ReadWrite);
+    buffer.setVersion(out.version());
+    buffer << (mComposed.isNull() ? QIcon(mPath) : mComposed);
+    // QIcon writes the key, which is ours as well and has been written, before its engine writes the rest.
+    buffer.device()->seek(0);
+    QString key;
+    buffer >> key;
+    const QByteArray rest = buffer.device()->readAll();
+    return out.writeRawData(rest.constData(), int(rest.size())) == rest.size();
+}
+
+QIcon& BundledIconEngine::composed()
+{
+    if (mComposed.isNull())
+        mComposed = QIcon(mPath);
+    return mComposed;
+}
