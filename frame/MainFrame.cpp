@@ -8,6 +8,7 @@
 #include "frame/Ostrel.h"
 #include "frame/OstrelEventFilter.h"
 #include "frame/ProgressControl.h"
+#include "frame/read_setting.h"
 #include "host/navigation/NavigationReader.h"
 #include "host/navigation/NavigationResourcesDelay.h"
 #include "host/ostrelfw/Broker.h"
@@ -43,7 +44,7 @@ QString navigation_directory()
 {
     QSettings settings;
     settings.beginGroup(u"/fennargui/commandpanel"_s);
-    const bool classic = settings.value(u"/classicnavigation"_s, false).toBool();
+    const bool classic = read_setting(settings, u"/classicnavigation"_s, false);
     settings.endGroup();
     return QCoreApplication::applicationDirPath() + u"/xml"_s +
            (classic ? u"/entity-based-xml"_s : u"/action-based-xml"_s);
@@ -177,7 +178,7 @@ void MainFrame::enable_cancel(bool on)
 
 void MainFrame::start_splash(const char* file)
 {
-    const bool wanted = QSettings().value(u"/ostrelgui/ostrel/splash"_s, true).toBool();
+    const bool wanted = read_setting(QSettings(), u"/ostrelgui/ostrel/splash"_s, true);
     if (!wanted || !mPrivate || mPrivate->splash || !gui_application())
         return;
     mPrivate->splash =

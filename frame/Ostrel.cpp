@@ -100,30 +100,13 @@ Ostrel::Ostrel(QWidget* parent, const char* name) : QMainWindow(parent), mTitle(
 
     mDefaultWidget = make_black_placeholder();
     mGraphicsArea->addWidget(mDefaultWidget);
-    mGraphicsWidget = nullptr;
-    mCommandPanelDock = nullptr;
-    mCommandLineDock = nullptr;
 
     // Before all widgets that register with it.
     mEventFilter = std::make_unique<OstrelEventFilter>();
 
     mSections = std::make_unique<Sections>();
     mMenuBar = menuBar();
-    mLineupToolsAction = nullptr;
-
-    mFileMenu = nullptr;
-    mViewMenu = nullptr;
-    mToolsMenu = nullptr;
-    mWindowMenu = nullptr;
-    mHelpMenu = nullptr;
-
     mNavigationModel = new NavigationModel(this);
-    mCommandPanel = nullptr;
-    mCommandWindow = nullptr;
-    mOptionsPanel = nullptr;
-    mGUIOptions = nullptr;
-    mProgress = nullptr;
-    mJournalEditor = nullptr;
 
     // The side docks reach down beside the bottom dock.
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);

@@ -88,8 +88,9 @@ public:
     /**
      * Puts @p w into the central area, in place of the widget that was there.
      *
-     * @param w  stays the caller's, who must take it out before deleting it. Null brings the black
-     * placeholder back. The widget taken out is left alive and without a parent.
+     * @param w  stays the caller's, who must take it out before deleting it; one that is still in place when
+     * the window is destroyed goes with it. Null brings the black placeholder back. The widget taken out is
+     * left alive and without a parent.
      */
     void set_graphics_widget(QWidget* w);
 
@@ -175,30 +176,30 @@ private:
      */
     void about_to_quit_qt();
 
-    OstrelSplitter* mGraphicsArea;
-    QWidget* mGraphicsWidget;
-    QWidget* mDefaultWidget;
-    QDockWidget* mCommandPanelDock;
-    QDockWidget* mCommandLineDock;
-    QMenuBar* mMenuBar;
+    OstrelSplitter* mGraphicsArea = nullptr;
+    QWidget* mGraphicsWidget = nullptr;
+    QWidget* mDefaultWidget = nullptr;
+    QDockWidget* mCommandPanelDock = nullptr;
+    QDockWidget* mCommandLineDock = nullptr;
+    QMenuBar* mMenuBar = nullptr;
     std::unique_ptr<OstrelEventFilter> mEventFilter;
-    QVBoxLayout* mLayout;
+    QVBoxLayout* mLayout = nullptr;
     QString mTitle;
     QString mPrompt;
     std::unique_ptr<Sections> mSections;
-    QAction* mLineupToolsAction;
-    OstrelFileMenu* mFileMenu;
-    OstrelViewMenu* mViewMenu;
-    OstrelToolsMenu* mToolsMenu;
-    OstrelWindowMenu* mWindowMenu;
-    OstrelHelpMenu* mHelpMenu;
-    NavigationModel* mNavigationModel;
-    TaskPanel* mCommandPanel;
-    CommandWindow* mCommandWindow;
-    OptionsPanel* mOptionsPanel;
-    OstrelGUIOptions* mGUIOptions;
-    ProgressControl* mProgress;
-    JournalEditor* mJournalEditor;
+    QAction* mLineupToolsAction = nullptr;
+    OstrelFileMenu* mFileMenu = nullptr;
+    OstrelViewMenu* mViewMenu = nullptr;
+    OstrelToolsMenu* mToolsMenu = nullptr;
+    OstrelWindowMenu* mWindowMenu = nullptr;
+    OstrelHelpMenu* mHelpMenu = nullptr;
+    NavigationModel* mNavigationModel = nullptr;
+    TaskPanel* mCommandPanel = nullptr;
+    CommandWindow* mCommandWindow = nullptr;
+    OptionsPanel* mOptionsPanel = nullptr;
+    OstrelGUIOptions* mGUIOptions = nullptr;
+    ProgressControl* mProgress = nullptr;
+    JournalEditor* mJournalEditor = nullptr;
 
     static Ostrel* mOstrel;
 };

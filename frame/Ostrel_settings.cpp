@@ -3,6 +3,7 @@
 
 #include "console/CommandWindow.h"
 #include "frame/Ostrel.h"
+#include "frame/read_setting.h"
 #include "host/ostrelfw/CLOptions.h"
 #include "host/ostrelfw/CLParser.h"
 
@@ -57,43 +58,43 @@ void Ostrel::restore_settings()
     settings.beginGroup(u"/ostrel"_s);
 
     if (settings.contains(u"/x"_s) && settings.contains(u"/y"_s)) {
-        const QPoint position(settings.value(u"/x"_s, 0).toInt(), settings.value(u"/y"_s, 0).toInt());
+        const QPoint position(read_setting(settings, u"/x"_s, 0), read_setting(settings, u"/y"_s, 0));
         const bool far_away = position.x() > largest_position || position.y() > largest_position;
         move(far_away ? QPoint(0, 0) : position);
     }
     if (settings.contains(u"/width"_s) && settings.contains(u"/height"_s))
-        resize(settings.value(u"/width"_s, 0).toInt(), settings.value(u"/height"_s, 0).toInt());
+        resize(read_setting(settings, u"/width"_s, 0), read_setting(settings, u"/height"_s, 0));
 
     const bool keep =
-        CLOptions::instance()->batch_mode() || !settings.value(u"/restoreWorkingDir"_s, false).toBool();
-    restore_working_directory(keep, settings.value(u"/workingdir"_s).toString());
+        CLOptions::instance()->batch_mode() || !read_setting(settings, u"/restoreWorkingDir"_s, false);
+    restore_working_directory(keep, read_setting(settings, u"/workingdir"_s, QString()));
 
     settings.endGroup();
     settings.beginGroup(u"/command"_s);
 
     QFont font = mCommandWindow->get_font();
-    const QString family = settings.value(u"/fontfamily"_s).toString();
+    const QString family = read_setting(settings, u"/fontfamily"_s, QString());
     if (!family.isEmpty())
         font.setFamily(family);
     // Without the key the console's own size stands. Qt complains of a size below 1 and keeps the old one.
-    const int size = settings.value(u"/fontsize"_s, 8).toInt();
+    const int size = read_setting(settings, u"/fontsize"_s, 8);
     if (settings.contains(u"/fontsize"_s) && size > 0)
         font.setPointSize(size);
     mCommandWindow->set_font(font);
 
-    if (settings.value(u"/usetrim"_s, true).toBool())
-        mCommandWindow->set_cmd_max_lines(settings.value(u"/trimlimit"_s, 1024).toInt());
+    if (read_setting(settings, u"/usetrim"_s, true))
+        mCommandWindow->set_cmd_max_lines(read_setting(settings, u"/trimlimit"_s, 1024));
     else
         mCommandWindow->set_cmd_max_lines(0);
-    mCommandWindow->set_other_max_lines(settings.value(u"/historylimit"_s, 200).toInt());
+    mCommandWindow->set_other_max_lines(read_setting(settings, u"/historylimit"_s, 200));
 
     settings.endGroup();
     settings.endGroup();
 
-    setUsingButtonRows(!settings.value(u"/fennargui/commandpanel/breadcrumbs"_s, false).toBool());
+    setUsingButtonRows(!read_setting(settings, u"/fennargui/commandpanel/breadcrumbs"_s, false));
 
     // Last: a valid geometry overrides the position and the size above.
-    restoreGeometry(settings.value(u"geometry"_s).toByteArray());
+    restoreGeometry(read_setting(settings, u"geometry"_s, QByteArray()));
 }
 
 void Ostrel::save_settings()

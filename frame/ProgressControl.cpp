@@ -10,8 +10,6 @@
 #include "resources/load_icon.h"
 #include "ui_QtProgressControl.h"
 
-#include <QAnyStringView>
-
 #include <algorithm>
 
 ProgressControl::ProgressControl(QWidget* parent)
@@ -41,7 +39,7 @@ void ProgressControl::start_session(const char* name, bool process)
 
 void ProgressControl::update_session(const char* name, int percent)
 {
-    if (!is_session(name))
+    if (QString::fromUtf8(name) != mSession)
         return;
     const int value = std::min(percent, 100);
     if (value == ui->mProgress->value())
@@ -53,16 +51,10 @@ void ProgressControl::update_session(const char* name, int percent)
 void ProgressControl::end_session(const char* name)
 {
     // Without a running session an empty name resets the bar as well; that is intended.
-    if (!is_session(name))
+    if (QString::fromUtf8(name) != mSession)
         return;
     mSession.clear();
     ui->mProgress->reset();
-}
-
-bool ProgressControl::is_session(const char* name) const
-{
-    // Compared where they lie: computations report far more often than the bar changes.
-    return QAnyStringView::equal(QUtf8StringView(name), mSession);
 }
 
 void ProgressControl::set_format(const QString& format)

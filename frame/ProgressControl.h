@@ -62,9 +62,6 @@ public slots:
     void cancel_progress();
 
 private:
-    /** Whether @p name is the running session's; null and empty are, if none is running. */
-    bool is_session(const char* name) const;
-
     QString mSession;
     std::unique_ptr<Ui::QtProgressControl> ui;
     int mCancelCount = 0;

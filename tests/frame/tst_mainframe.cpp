@@ -8,6 +8,7 @@
 #include "host/ostrelfw/ComponentTracker.h"
 #include "hostdouble/HostDouble.h"
 #include "support/TestCase.h"
+#include "support/windows.h"
 
 #include <QApplication>
 #include <QFontDatabase>
@@ -20,6 +21,7 @@
 #include <QTest>
 #include <QThread>
 #include <QTimer>
+#include <QWindow>
 
 #include <thread>
 
@@ -119,6 +121,8 @@ private slots:
     void unloading_goes_in_order();
     void nothing_works_after_unloading();
     void unloading_without_loading_unregisters_the_tracker();
+    void window_closed_by_the_user_is_unloaded_too();
+    void one_life_leaves_nothing_to_the_next();
 
     void new_event_is_posted_not_sent();
     void new_event_has_normal_priority();
@@ -127,9 +131,14 @@ private slots:
 
     void end_application_ends_the_run();
     void accepted_close_ends_the_run_when_the_host_says_so();
+    void end_application_from_inside_the_close_does_not_close_again();
+
+    void interrupt_check_runs_the_queue_each_time();
+    void interrupt_check_swallows_user_input();
 
     void splash_shows_the_picture();
     void splash_can_be_switched_off();
+    void unreadable_switch_leaves_the_splash_on();
     void second_splash_is_ignored();
     void unreadable_picture_gives_an_empty_splash_data();
     void unreadable_picture_gives_an_empty_splash();
@@ -368,6 +377,7 @@ void TstMainFrame::navigation_directory_follows_the_setting_data()
     QTest::newRow("missing key") << QVariant() << u"/xml/action-based-xml"_s;
     QTest::newRow("switched off") << QVariant(false) << u"/xml/action-based-xml"_s;
     QTest::newRow("switched on") << QVariant(true) << u"/xml/entity-based-xml"_s;
+    QTest::newRow("unreadable") << QVariant(QStringList{u"a"_s, u"b"_s}) << u"/xml/action-based-xml"_s;
 }
 
 void TstMainFrame::navigation_directory_follows_the_setting()
@@ -462,8 +472,12 @@ void TstMainFrame::nothing_works_after_unloading()
     bool run = false;
     QTimer::singleShot(0, this, [&] { run = true; });
     frame.run_application();
+    frame.start_progress_session("work", 1);
+    frame.update_progress_session("work", 50);
     frame.check_interrupt_session("work");
+    frame.end_progress_session("work");
     frame.set_status_text("working");
+    frame.enable_cancel(true);
     QVERIFY(!run);
     QCOMPARE(host().take_calls(), QStringList());
 }
@@ -475,6 +489,39 @@ void TstMainFrame::unloading_without_loading_unregisters_the_tracker()
     frame.unload_gui();
     QCOMPARE(host().take_calls(),
              (QStringList{u"Mediator::remove_component_tracker(set)"_s, u"~NavigationResourcesDelay()"_s}));
+}
+
+void TstMainFrame::window_closed_by_the_user_is_unloaded_too()
+{
+    LoadedFrame frame;
+    QVERIFY(Ostrel::instance()->close());
+    QVERIFY(frame.is_loaded());
+    const QPointer<Ostrel> window = Ostrel::instance();
+    QVERIFY(window);
+    frame.unload_gui();
+    QVERIFY(!window);
+    QCOMPARE(host().command_window, nullptr);
+}
+
+void TstMainFrame::one_life_leaves_nothing_to_the_next()
+{
+    QStringList first_calls;
+    for (int life = 1; life <= 10; ++life) {
+        {
+            LoadedFrame frame;
+            frame.start_splash(nullptr);
+            frame.new_event(); // left waiting
+        }
+        QVERIFY(!Ostrel::instance());
+        QVERIFY(QApplication::topLevelWidgets().isEmpty());
+        QCoreApplication::processEvents();
+        QVERIFY(host().trackers.empty());
+        const QStringList calls = host().take_calls();
+        if (life == 1)
+            first_calls = calls;
+        QCOMPARE(calls, first_calls);
+    }
+    QVERIFY(!first_calls.contains(announcement()));
 }
 
 void TstMainFrame::new_event_is_posted_not_sent()
@@ -573,6 +620,52 @@ void TstMainFrame::accepted_close_ends_the_run_when_the_host_says_so()
     host().on_request_exit = nullptr;
 }
 
+void TstMainFrame::end_application_from_inside_the_close_does_not_close_again()
+{
+    LoadedFrame frame;
+    host().on_request_exit = [&] { frame.end_application(); };
+    QTimer::singleShot(0, this, [&] { frame.end_application(); });
+    frame.run_application();
+    QCOMPARE(host().calls.count(u"Mediator::request_exit()"_s), 1);
+    host().on_request_exit = nullptr;
+}
+
+void TstMainFrame::interrupt_check_runs_the_queue_each_time()
+{
+    LoadedFrame frame;
+    for (const char* title : {"work", "", static_cast<const char*>(nullptr)}) {
+        host().take_calls();
+        frame.new_event();
+        frame.check_interrupt_session(title);
+        QCOMPARE(announcements(), 1);
+    }
+}
+
+void TstMainFrame::interrupt_check_swallows_user_input()
+{
+    LoadedFrame frame;
+    QVERIFY(show_active(Ostrel::instance()));
+    const QSignalSpy help(Ostrel::instance(), &Ostrel::help_key_pressed);
+    const auto press = [] { QTest::keyClick(Ostrel::instance()->windowHandle(), Qt::Key_F1); };
+    press();
+    QCOMPARE(help.size(), 1); // such a key does arrive
+
+    bool pressed = false;
+    QMetaObject::invokeMethod(
+        this,
+        [&] {
+            press();
+            pressed = true;
+        },
+        Qt::QueuedConnection);
+    frame.check_interrupt_session("work");
+    QVERIFY(pressed);
+    QCoreApplication::processEvents();
+    QCOMPARE(help.size(), 1);
+    press();
+    QCOMPARE(help.size(), 2);
+}
+
 void TstMainFrame::splash_shows_the_picture()
 {
     const QTemporaryDir directory;
@@ -598,6 +691,14 @@ void TstMainFrame::splash_can_be_switched_off()
     QVERIFY(splash_screens().isEmpty());
 
     QSettings().setValue(u"/ostrelgui/ostrel/splash"_s, true);
+    frame.start_splash(nullptr);
+    QCOMPARE(splash_screens().size(), 1);
+}
+
+void TstMainFrame::unreadable_switch_leaves_the_splash_on()
+{
+    QSettings().setValue(u"/ostrelgui/ostrel/splash"_s, QStringList{u"a"_s, u"b"_s});
+    MainFrame frame;
     frame.start_splash(nullptr);
     QCOMPARE(splash_screens().size(), 1);
 }

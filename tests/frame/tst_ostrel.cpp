@@ -84,6 +84,7 @@ private slots:
     void line_up_action_belongs_to_the_window();
     void docks_hold_console_and_button_rows();
     void panel_gets_the_model_and_settings_come_last();
+    void parts_are_built_in_order();
     void window_has_no_icon_of_its_own();
     void ctrl_l_focuses_the_console();
     void ctrl_l_holds_in_the_main_window_only();
@@ -103,6 +104,8 @@ private slots:
     void graphics_widgets_keep_their_place_among_others();
     void removing_no_graphics_widget_reinserts_the_placeholder();
     void same_graphics_widget_again_is_taken_out_and_put_back();
+    void graphics_widget_given_to_another_window_stays_there();
+    void graphics_widget_that_died_in_place_gives_way();
 
     void batch_mode_is_asked_of_the_command_line();
 
@@ -134,6 +137,7 @@ private slots:
     // Destruction.
     void window_is_taken_down_in_order();
     void removed_graphics_widget_outlives_the_window();
+    void graphics_widget_in_place_goes_with_the_window();
 };
 
 void TstOstrel::init()
@@ -318,6 +322,25 @@ void TstOstrel::panel_gets_the_model_and_settings_come_last()
                                       u"BreadcrumbsPanel::set_model(set, invalid)"_s,
                                       u"BreadcrumbsPanel::set_current_index(invalid)"_s,
                                   }));
+}
+
+void TstOstrel::parts_are_built_in_order()
+{
+    const Ostrel window;
+    // A dock becomes a child when it is added, a toolbar or bar when it is first asked for.
+    const QStringList parts{
+        u"qt_central_widget"_s,   u"QMenuBar"_s,           u"NavigationModel"_s, u"lineupToolsAction"_s,
+        u"OstrelCommandWindow"_s, u"FennarCommandPanel"_s, u"QStatusBar"_s,      u"QShortcut"_s};
+    QStringList built;
+    for (const QObject* child : window.children()) {
+        const QString name = child->objectName();
+        const QString kind = QString::fromLatin1(child->metaObject()->className());
+        if (parts.contains(name))
+            built << name;
+        else if (parts.contains(kind))
+            built << kind;
+    }
+    QCOMPARE(built, parts);
 }
 
 void TstOstrel::window_has_no_icon_of_its_own()
@@ -541,6 +564,34 @@ void TstOstrel::same_graphics_widget_again_is_taken_out_and_put_back()
     QCOMPARE(window.graphics_area()->count(), 1);
     QCOMPARE(window.graphics_area()->widget(0), &graphics);
     window.set_graphics_widget(nullptr);
+}
+
+void TstOstrel::graphics_widget_given_to_another_window_stays_there()
+{
+    Ostrel first;
+    Ostrel second;
+    QWidget graphics;
+    first.set_graphics_widget(&graphics);
+    second.set_graphics_widget(&graphics);
+    first.set_graphics_widget(nullptr);
+    QCOMPARE(second.graphics_widget(), &graphics);
+    QCOMPARE(second.graphics_area()->count(), 1);
+    QCOMPARE(second.graphics_area()->widget(0), &graphics);
+    QCOMPARE(first.graphics_widget(), nullptr);
+    QCOMPARE(first.graphics_area()->count(), 1);
+    QCOMPARE(first.graphics_area()->widget(0), placeholder(first));
+    second.set_graphics_widget(nullptr);
+}
+
+void TstOstrel::graphics_widget_that_died_in_place_gives_way()
+{
+    Ostrel window;
+    window.set_graphics_widget(new QWidget);
+    delete window.graphics_widget();
+    window.set_graphics_widget(nullptr);
+    QCOMPARE(window.graphics_widget(), nullptr);
+    QCOMPARE(window.graphics_area()->count(), 1);
+    QCOMPARE(window.graphics_area()->widget(0), placeholder(window));
 }
 
 void TstOstrel::batch_mode_is_asked_of_the_command_line()
@@ -857,6 +908,16 @@ void TstOstrel::removed_graphics_widget_outlives_the_window()
         window.set_graphics_widget(nullptr);
     }
     QVERIFY(alive);
+}
+
+void TstOstrel::graphics_widget_in_place_goes_with_the_window()
+{
+    const QPointer<QWidget> graphics(new QWidget);
+    {
+        Ostrel window;
+        window.set_graphics_widget(graphics);
+    }
+    QVERIFY(!graphics);
 }
 
 OSTREL_TEST_MAIN(TstOstrel)

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
 #include "frame/Ostrel.h"
 #include "hostdouble/HostDouble.h"
@@ -9,10 +10,13 @@
 #include <QApplication>
 #include <QDir>
 #include <QDockWidget>
+#include <QScreen>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -75,6 +79,7 @@ private slots:
     void test_of_the_directory_leaves_no_file();
     void directory_that_nobody_can_write_is_left();
     void restoring_does_without_the_test();
+    void directory_that_is_gone_is_left();
     void failed_change_of_directory_is_not_noticed();
 
     // Console.
@@ -93,6 +98,10 @@ private slots:
     void panel_kind_is_restored_data();
     void panel_kind_is_restored();
     void settings_of_others_stay_as_they_are();
+    void unreadable_values_take_their_defaults_data();
+    void unreadable_values_take_their_defaults();
+    void extreme_numbers_do_no_harm_data();
+    void extreme_numbers_do_no_harm();
 
 private:
     QString mDirectoryBefore;
@@ -359,6 +368,14 @@ void TstOstrelSettings::restoring_does_without_the_test()
     QVERIFY(!QFile::exists(mStart->filePath(u".pwdtest"_s)));
 }
 
+void TstOstrelSettings::directory_that_is_gone_is_left()
+{
+    QVERIFY(QDir::setCurrent(mSaved->path()));
+    QVERIFY(mSaved->remove());
+    const Ostrel window;
+    QCOMPARE(current(), real(documents()));
+}
+
 void TstOstrelSettings::failed_change_of_directory_is_not_noticed()
 {
     set(u"/ostrelgui/ostrel/restoreWorkingDir"_s, true);
@@ -411,7 +428,7 @@ void TstOstrelSettings::useless_font_size_is_ignored_data()
     QTest::addColumn<QVariant>("size");
     QTest::newRow("zero") << QVariant(0);
     QTest::newRow("negative, as of a font in pixels") << QVariant(-1);
-    QTest::newRow("no number") << QVariant(u"large"_s);
+    QTest::newRow("smallest of all") << QVariant(std::numeric_limits<int>::min());
 }
 
 void TstOstrelSettings::useless_font_size_is_ignored()
@@ -517,6 +534,76 @@ void TstOstrelSettings::settings_of_others_stay_as_they_are()
     window.save_settings();
     for (const QString& key : keys)
         QCOMPARE(get(key), QVariant(u"kept"_s));
+}
+
+void TstOstrelSettings::unreadable_values_take_their_defaults_data()
+{
+    QTest::addColumn<QVariant>("number");
+    QTest::addColumn<QVariant>("other");
+
+    const QVariant list(QStringList{u"a"_s, u"b"_s});
+    QTest::newRow("list") << list << list;
+    QTest::newRow("text") << QVariant(u"many"_s) << QVariant();
+    QTest::newRow("number too large") << QVariant(u"99999999999999999999"_s) << QVariant();
+    QTest::newRow("bytes") << QVariant(QByteArray("\x01\xff\xfe", 3)) << QVariant();
+}
+
+void TstOstrelSettings::unreadable_values_take_their_defaults()
+{
+    QFETCH(const QVariant, number);
+    QFETCH(const QVariant, other);
+    for (const QString& key : {u"x"_s, u"y"_s})
+        set(u"/ostrelgui/ostrel/"_s + key, number);
+    for (const QString& key : {u"fontsize"_s, u"trimlimit"_s, u"historylimit"_s})
+        set(u"/ostrelgui/command/"_s + key, number);
+    if (other.isValid()) {
+        set(u"/ostrelgui/ostrel/restoreWorkingDir"_s, other);
+        set(u"/ostrelgui/ostrel/workingdir"_s, other);
+        set(u"/ostrelgui/command/fontfamily"_s, other);
+        set(u"/ostrelgui/command/usetrim"_s, other);
+        set(u"/fennargui/commandpanel/breadcrumbs"_s, other);
+        set(u"geometry"_s, other);
+    }
+
+    const Ostrel window;
+    const CommandWindow* const console = window.command_line();
+    QCOMPARE(window.pos(), QPoint(0, 0));
+    QCOMPARE(window.size(), QSize(1016, 819));
+    QCOMPARE(current(), real(mStart->path()));
+    QCOMPARE(console->get_font().family(), CommandWindow().get_font().family());
+    QCOMPARE(console->get_font().pointSize(), 8);
+    QCOMPARE(console->get_cmd_max_lines(), 1024);
+    QCOMPARE(console->get_other_max_lines(), 200);
+    QVERIFY(window.usingButtonRows());
+}
+
+void TstOstrelSettings::extreme_numbers_do_no_harm_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::newRow("largest") << std::numeric_limits<int>::max();
+    QTest::newRow("smallest") << std::numeric_limits<int>::min();
+}
+
+void TstOstrelSettings::extreme_numbers_do_no_harm()
+{
+    QFETCH(const int, number);
+    for (const QString& key : {u"x"_s, u"y"_s, u"width"_s, u"height"_s})
+        set(u"/ostrelgui/ostrel/"_s + key, number);
+    for (const QString& key : {u"fontsize"_s, u"trimlimit"_s, u"historylimit"_s})
+        set(u"/ostrelgui/command/"_s + key, number);
+    Ostrel window;
+    QCOMPARE(window.command_line()->get_cmd_max_lines(), number);
+    QCOMPARE(window.command_line()->get_other_max_lines(), number);
+    // A page takes on the limits and the font.
+    auto* page = new CommandWidget;
+    window.command_line()->add_command_tab(u"page"_s, page);
+    page->printOutput(u"one\ntwo\n"_s);
+    page->printPrompt();
+    QVERIFY(page->toPlainText().startsWith("one\ntwo\n"_L1));
+    // As a window that does not fit the screen is shown.
+    window.showMaximized();
+    QTRY_COMPARE_LE(window.width(), window.screen()->size().width());
+    QVERIFY(!window.grab().isNull());
 }
 
 OSTREL_TEST_MAIN(TstOstrelSettings)

@@ -14,6 +14,7 @@
 #include <QStatusBar>
 #include <QTest>
 #include <QToolButton>
+#include <QTranslator>
 #include <QWindow>
 
 using namespace Qt::StringLiterals;
@@ -58,6 +59,7 @@ private slots:
     void cleanup();
 
     void form_has_the_names_texts_and_measures();
+    void texts_of_the_form_are_translated_in_its_own_context();
     void sits_at_the_right_of_the_status_bar();
     void cancel_icon_has_a_picture_of_its_own_for_disabled();
     void bar_and_button_start_reset_and_disabled();
@@ -68,6 +70,8 @@ private slots:
     void update_shows_the_percentage_and_runs_the_queue();
     void update_under_another_name_is_ignored();
     void names_are_compared_case_sensitively();
+    void any_name_ends_its_own_session_data();
+    void any_name_ends_its_own_session();
     void update_above_hundred_shows_hundred();
     void update_at_hundred_or_above_runs_no_queue_once_hundred_is_shown();
     void update_with_the_present_value_runs_no_queue();
@@ -139,6 +143,25 @@ void TstProgressControl::form_has_the_names_texts_and_measures()
     QCOMPARE(cancel->sizePolicy().verticalStretch(), 0);
     QCOMPARE(cancel->toolTip(), u"Cancel the currently running process"_s);
     QCOMPARE(cancel->text(), QString());
+}
+
+void TstProgressControl::texts_of_the_form_are_translated_in_its_own_context()
+{
+    class Marker : public QTranslator
+    {
+    public:
+        bool isEmpty() const override { return false; }
+        QString translate(const char* context, const char* source, const char*, int) const override
+        {
+            return qstrcmp(context, "QtProgressControl") == 0 ? u'<' + QString::fromUtf8(source) + u'>'
+                                                              : QString();
+        }
+    } marker;
+    QVERIFY(QCoreApplication::installTranslator(&marker));
+    const ProgressControl control(nullptr);
+    QCOMPARE(control.windowTitle(), u"<Progress>"_s);
+    QCOMPARE(control.findChild<QToolButton*>(u"mCancel"_s)->toolTip(),
+             u"<Cancel the currently running process>"_s);
 }
 
 void TstProgressControl::sits_at_the_right_of_the_status_bar()
@@ -232,6 +255,25 @@ void TstProgressControl::names_are_compared_case_sensitively()
     mFrame->end_progress_session("MESH");
     mFrame->update_progress_session("mesh", 42);
     QCOMPARE(bar()->value(), 42);
+}
+
+void TstProgressControl::any_name_ends_its_own_session_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("outside ASCII") << QByteArray("Gr\xc3\xb6\xc3\x9f"
+                                                 "e \xf0\x9f\x98\x80");
+    QTest::newRow("no UTF-8") << QByteArray("\xff\xc3mesh\xe2\x82");
+    QTest::newRow("byte order mark first") << QByteArray("\xef\xbb\xbfmesh");
+}
+
+void TstProgressControl::any_name_ends_its_own_session()
+{
+    QFETCH(const QByteArray, name);
+    mFrame->start_progress_session(name.constData(), 0);
+    mFrame->update_progress_session(name.constData(), 42);
+    QCOMPARE(bar()->value(), 42);
+    mFrame->end_progress_session(name.constData());
+    QCOMPARE(bar()->value(), -1);
 }
 
 void TstProgressControl::update_above_hundred_shows_hundred()
