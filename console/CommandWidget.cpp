@@ -17,6 +17,7 @@
 #include <QScrollBar>
 #include <QStringTokenizer>
 #include <QTextBlock>
+#include <QTextLayout>
 
 #include <algorithm>
 
@@ -58,36 +59,6 @@ QTextCursor end_of(const QTextBlock& block)
 void step_over_prompt(QTextCursor& cursor, qsizetype length, QTextCursor::MoveMode mode)
 {
     cursor.movePosition(QTextCursor::NextCharacter, mode, static_cast<int>(length));
-}
-
-QTextCursor command_start(const QTextDocument* document, qsizetype prompt_length)
-{
-    QTextCursor cursor(document->lastBlock());
-    step_over_prompt(cursor, prompt_length, QTextCursor::MoveAnchor);
-    return cursor;
-}
-
-/**
- * Whether the base class changes text on @p key, with the caret at @p index, although the event carries no
- * text, so that nothing else tells it from a key that only moves the caret.
- *
- * There are keyboards with keys of their own for cut and paste, and Shift+Insert pastes. A paste moves the
- * caret home by itself if that is outside the command, but would replace a selection that begins in the
- * output.
- */
-bool edits_without_text(const QKeyEvent* key, int index)
-{
-    return key->text().isEmpty() &&
-           (key->key() == Qt::Key_Backspace || key->matches(QKeySequence::Cut) ||
-            key->matches(QKeySequence::Delete) || key->matches(QKeySequence::DeleteEndOfWord) ||
-            key->matches(QKeySequence::DeleteEndOfLine) || (key->matches(QKeySequence::Paste) && index >= 0));
-}
-
-/** Whether @p input puts text into the document or shows text that is still being composed. */
-bool brings_text(const QInputMethodEvent* input)
-{
-    return !input->commitString().isEmpty() || !input->preeditString().isEmpty() ||
-           input->replacementLength() > 0;
 }
 
 } // namespace
@@ -155,12 +126,12 @@ QString CommandWidget::prompt() const
 
 int CommandWidget::cursorIndex() const
 {
-    return textCursor().position() - command_start(document(), mPrompt.size()).position();
+    return textCursor().position() - command_start().position();
 }
 
 QString CommandWidget::currentCommand() const
 {
-    const QTextCursor start = command_start(document(), mPrompt.size());
+    const QTextCursor start = command_start();
     return start.block().text().sliced(start.positionInBlock());
 }
 
@@ -200,26 +171,26 @@ void CommandWidget::addExternalCommand(const QString& command)
     if (!mPromptShown)
         printPrompt();
     setCurrentCommand(command);
-    end_of(document()->lastBlock()).insertText(u"\n"_s);
+    command_end().insertText(u"\n"_s);
     mPromptShown = false;
 }
 
 void CommandWidget::setCurrentCommand(const QString& command)
 {
-    QTextCursor cursor = command_start(document(), mPrompt.size());
+    QTextCursor cursor = command_start();
     cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
     cursor.insertText(without_final_newline(command));
 }
 
 void CommandWidget::appendToCommand(const QString& command)
 {
-    end_of(document()->lastBlock()).insertText(command);
+    command_end().insertText(command);
 }
 
 void CommandWidget::insertInCommand(const QString& command)
 {
     if (cursorIndex() < 0)
-        setTextCursor(end_of(document()->lastBlock()));
+        setTextCursor(command_end());
     textCursor().insertText(command);
 }
 
@@ -258,8 +229,8 @@ void CommandWidget::keyPressEvent(QKeyEvent* e)
 
     const bool outside = index < 0 || hasSelectionOutsideCommand();
     const bool copies = control && e->key() == Qt::Key_C;
-    const bool types = !copies && !e->text().isEmpty();
-    if (outside && (types || edits_without_text(e, index)))
+    // A key without text stays where it is, also one that edits, as Shift+Insert does; that is intended.
+    if (outside && !copies && !e->text().isEmpty())
         bring_caret_home(index);
 
     switch (e->key()) {
@@ -317,7 +288,7 @@ void CommandWidget::keyPressEvent(QKeyEvent* e)
     case Qt::Key_T: {
         if (!control)
             break;
-        QTextCursor cursor = end_of(document()->lastBlock());
+        QTextCursor cursor = command_end();
         cursor.insertText(u"fennar.cmd()"_s);
         cursor.movePosition(QTextCursor::PreviousCharacter);
         setTextCursor(cursor);
@@ -389,10 +360,22 @@ void CommandWidget::new_command(const QString& command)
     emit commandEntered(command);
 }
 
+QTextCursor CommandWidget::command_start() const
+{
+    QTextCursor cursor(document()->lastBlock());
+    step_over_prompt(cursor, mPrompt.size(), QTextCursor::MoveAnchor);
+    return cursor;
+}
+
+QTextCursor CommandWidget::command_end() const
+{
+    return end_of(document()->lastBlock());
+}
+
 void CommandWidget::bring_caret_home(int index)
 {
     const bool inPrompt = index < 0 && index + mPrompt.size() >= 0;
-    setTextCursor(inPrompt ? command_start(document(), mPrompt.size()) : end_of(document()->lastBlock()));
+    setTextCursor(inPrompt ? command_start() : command_end());
     scroll_to_end();
 }
 
@@ -401,7 +384,7 @@ void CommandWidget::keep_word_in_command()
     QTextCursor cursor = textCursor();
     if (isReadOnly() || cursor.hasSelection())
         return;
-    const int start = command_start(document(), mPrompt.size()).position();
+    const int start = command_start().position();
     QTextCursor word = cursor;
     word.movePosition(QTextCursor::PreviousWord);
     if (word.position() >= start)
@@ -412,7 +395,9 @@ void CommandWidget::keep_word_in_command()
 
 void CommandWidget::keep_input_in_command(QInputMethodEvent* input)
 {
-    if (!brings_text(input))
+    // What the base class takes for input, even if it only ends a composition: it removes the selection then.
+    if (input->commitString().isEmpty() && input->replacementLength() == 0 &&
+        input->preeditString() == textCursor().block().layout()->preeditAreaText())
         return;
     const int index = cursorIndex();
     if (index < 0 || hasSelectionOutsideCommand()) {
@@ -421,7 +406,7 @@ void CommandWidget::keep_input_in_command(QInputMethodEvent* input)
         input->setCommitString(input->commitString());
         return;
     }
-    const int start = command_start(document(), mPrompt.size()).position();
+    const int start = command_start().position();
     const int first = std::max(input->replacementStart(), start - textCursor().selectionStart());
     const int behind = input->replacementStart() + input->replacementLength();
     input->setCommitString(input->commitString(), first, std::max(behind - first, 0));

@@ -21,8 +21,9 @@
  * as many characters behind the start of that line as the primary prompt is long, also behind a continuation
  * prompt of another length; that is intended, and CommandWindow::set_python_mode() keeps the two equal.
  *
- * The keyboard, input methods included, alters neither output nor prompt. The context menu's Cut may, and so
- * may the slots that the base class has for a program. There is no undo. GUI thread only.
+ * Typing, input methods included, alters neither output nor prompt. The context menu's Cut may, and so may
+ * keys that edit without carrying text, as Shift+Insert does, and the slots that the base class has for a
+ * program. There is no undo. GUI thread only.
  */
 class OSTRELGUI_EXPORT CommandWidget : public QPlainTextEdit
 {
@@ -127,6 +128,10 @@ protected:
     void new_command(const QString& command);
 
 private:
+    /** Where the command starts: behind the prompt, or at the end of a last line that is shorter. */
+    QTextCursor command_start() const;
+    /** The end of the last line, and so of the document. */
+    QTextCursor command_end() const;
     /** Moves the caret, found at @p index, to where text may be typed: to the start of the command if it was
      * in the prompt, else to its end. */
     void bring_caret_home(int index);

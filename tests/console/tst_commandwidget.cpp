@@ -45,6 +45,20 @@ bool choose_from_menu(Page& page, const QString& text)
     return chosen;
 }
 
+/** Notes why it got the focus last. */
+class FocusPage : public Page
+{
+public:
+    Qt::FocusReason reason = Qt::NoFocusReason;
+
+protected:
+    void focusInEvent(QFocusEvent* event) override
+    {
+        reason = event->reason();
+        Page::focusInEvent(event);
+    }
+};
+
 } // namespace
 
 class TstCommandWidget : public TestCase
@@ -205,7 +219,7 @@ void TstCommandWidget::enter_takes_the_focus_only_if_it_follows_the_cursor()
 {
     QWidget window;
     QVBoxLayout layout(&window);
-    Page page;
+    FocusPage page;
     QPushButton other;
     layout.addWidget(&page);
     layout.addWidget(&other);
@@ -221,6 +235,7 @@ void TstCommandWidget::enter_takes_the_focus_only_if_it_follows_the_cursor()
     QVERIFY(page.focusFollowsCursor());
     QCoreApplication::sendEvent(&page, &enter);
     QVERIFY(page.hasFocus());
+    QCOMPARE(page.reason, Qt::OtherFocusReason);
 
     other.setFocus();
     QEvent leave(QEvent::Leave);
