@@ -35,7 +35,8 @@ function(ostrel_add_test name)
     target_compile_options(${name} PRIVATE -O0)
     # Newer versions of Qt narrow numbers in the text of their test macros, where the compiler blames the test.
     if(Qt6_VERSION VERSION_GREATER_EQUAL 6.5)
-        target_compile_options(${name} PRIVATE -Wno-conversion)
+        # On the sources, since a target's own options stand before those that it inherits.
+        set_property(SOURCE ${arg_SOURCES} APPEND PROPERTY COMPILE_OPTIONS -Wno-conversion)
     endif()
     if(NOT arg_WORKBENCH)
         target_link_libraries(${name} PRIVATE ostrelgui_objects hostdouble)
