@@ -36,6 +36,8 @@ public:
      * An exception from an event handler passes through. The filter is then gone as usual, and the run does
      * not count for the interval.
      *
+     * No handler may destroy the filter, and so the main window, during the run.
+     *
      * @param force  false does nothing within 0.5 seconds of the start of the last run.
      */
     void processEvents(bool force);

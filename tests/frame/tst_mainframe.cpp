@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QMainWindow>
 #include <QPointer>
 #include <QScreen>
 #include <QSettings>
@@ -23,6 +24,7 @@
 #include <QTimer>
 #include <QWindow>
 
+#include <functional>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -79,6 +81,29 @@ public:
     QList<QPointer<QObject>> receivers;
 };
 
+// Notices the main window's coming: once when its construction has begun, and when it is shown.
+class WindowWatch : public QObject
+{
+public:
+    explicit WindowWatch(std::function<void()> on_begun) : mOnBegun(std::move(on_begun))
+    {
+        QCoreApplication::instance()->installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (!qobject_cast<QMainWindow*>(watched))
+            return false;
+        if (event->type() == QEvent::ChildAdded && mOnBegun)
+            std::exchange(mOnBegun, nullptr)();
+        if (event->type() == QEvent::Show)
+            host().record(u"window shown"_s);
+        return false;
+    }
+
+private:
+    std::function<void()> mOnBegun;
+};
+
 QString announcement()
 {
     return u"Mediator::handle_new_event()"_s;
@@ -125,6 +150,7 @@ private slots:
     void one_life_leaves_nothing_to_the_next();
 
     void new_event_is_posted_not_sent();
+    void new_event_needs_an_application_behind_the_catcher();
     void new_event_has_normal_priority();
     void new_events_from_a_thread_are_all_handled_on_the_gui_thread();
     void catcher_answers_every_event();
@@ -165,6 +191,8 @@ void TstMainFrame::construction_makes_the_resources_and_no_more()
         QVERIFY(!frame.is_loaded());
         QVERIFY(!Ostrel::instance());
         QVERIFY(splash_screens().isEmpty());
+        // The framework's side comes first among the bases.
+        QCOMPARE(static_cast<void*>(static_cast<OstrelGUI*>(&frame)), static_cast<void*>(&frame));
     }
     QCOMPARE(host().take_calls(), QStringList{u"~NavigationResourcesDelay()"_s});
 }
@@ -240,25 +268,43 @@ void TstMainFrame::nothing_but_splash_works_before_loading()
 void TstMainFrame::loading_goes_in_order()
 {
     host().navigation_messages = {u"one"_s, u"two"_s};
-    LoadedFrame frame;
+    QFontDatabase::removeAllApplicationFonts();
+    MainFrame frame;
+    bool loaded_meanwhile = true;
+    const WindowWatch watch([&] {
+        loaded_meanwhile = frame.is_loaded();
+        if (QFontDatabase::families().contains("Inconsolata"_L1))
+            host().record(u"font registered, window begun"_s);
+        frame.new_event();
+    });
+    frame.load_gui();
+    const QStringList calls = host().take_calls();
+    QCoreApplication::processEvents();
+    const int caught = announcements();
+    frame.unload_gui();
+
+    QVERIFY(!loaded_meanwhile);
+    QCOMPARE(caught, 1); // the catcher was there before the window
     const QString directory = QCoreApplication::applicationDirPath() + u"/xml/action-based-xml"_s;
-    QCOMPARE(host().take_calls(), (QStringList{
-                                      u"NavigationResourcesDelay()"_s,
-                                      u"CommandButtonPanel::CommandButtonPanel"_s,
-                                      u"CommandButtonPanel::set_model(set, invalid)"_s,
-                                      u"CLParser::batch_mode()"_s,
-                                      u"BrokerCommand::set_command_window(set)"_s,
-                                      u"NavigationReader()"_s,
-                                      u"NavigationReader::setResources(set)"_s,
-                                      u"NavigationReader::setModel(set, null, null)"_s,
-                                      u"NavigationReader::buildNavigation(\"%1\", \".xml\")"_s.arg(directory),
-                                      u"BrokerCommand::operator<<(\"one\")"_s,
-                                      u"BrokerCommand::operator<<(\"\n\")"_s,
-                                      u"BrokerCommand::operator<<(\"two\")"_s,
-                                      u"BrokerCommand::operator<<(\"\n\")"_s,
-                                      u"~NavigationReader()"_s,
-                                      u"Mediator::add_component_tracker(set)"_s,
-                                  }));
+    QCOMPARE(calls, (QStringList{
+                        u"NavigationResourcesDelay()"_s,
+                        u"font registered, window begun"_s,
+                        u"CommandButtonPanel::CommandButtonPanel"_s,
+                        u"CommandButtonPanel::set_model(set, invalid)"_s,
+                        u"CLParser::batch_mode()"_s,
+                        u"window shown"_s,
+                        u"BrokerCommand::set_command_window(set)"_s,
+                        u"NavigationReader()"_s,
+                        u"NavigationReader::setResources(set)"_s,
+                        u"NavigationReader::setModel(set, null, null)"_s,
+                        u"NavigationReader::buildNavigation(\"%1\", \".xml\")"_s.arg(directory),
+                        u"BrokerCommand::operator<<(\"one\")"_s,
+                        u"BrokerCommand::operator<<(\"\n\")"_s,
+                        u"BrokerCommand::operator<<(\"two\")"_s,
+                        u"BrokerCommand::operator<<(\"\n\")"_s,
+                        u"~NavigationReader()"_s,
+                        u"Mediator::add_component_tracker(set)"_s,
+                    }));
 }
 
 void TstMainFrame::loading_builds_and_shows_the_window()
@@ -541,6 +587,21 @@ void TstMainFrame::new_event_is_posted_not_sent()
     QVERIFY(qobject_cast<EventCatcher*>(watch.receivers.constFirst()));
     QCOMPARE(static_cast<EventCatcher*>(watch.receivers.constFirst().data())->application, qApp);
     QCOMPARE(watch.receivers.constFirst()->parent(), nullptr);
+}
+
+void TstMainFrame::new_event_needs_an_application_behind_the_catcher()
+{
+    AnnouncementWatch watch;
+    LoadedFrame frame;
+    frame.new_event();
+    QCoreApplication::processEvents();
+    QCOMPARE(watch.receivers.size(), 1);
+    auto* catcher = qobject_cast<EventCatcher*>(watch.receivers.constFirst());
+    QVERIFY(catcher);
+    catcher->application = nullptr;
+    frame.new_event();
+    QCoreApplication::processEvents();
+    QCOMPARE(watch.receivers.size(), 1);
 }
 
 void TstMainFrame::new_event_has_normal_priority()

@@ -5,6 +5,8 @@
 
 #include "workbench/fennar_python/PythonRuntime.h"
 
+#include <unistd.h>
+
 PythonState& PythonState::get()
 {
     // Never destroyed: a thread of Python's may still write while the process ends.
@@ -22,6 +24,9 @@ PythonEntry::PythonEntry() : mLock(PyGILState_Ensure())
 PythonEntry::~PythonEntry()
 {
     PythonState& state = PythonState::get();
+    // The application behind the call is the parent's: going on would be a second one on the same window.
+    if (state.output.is_child())
+        _exit(state.childFailed ? 1 : 0);
     const bool last = --state.depth == 0;
     if (last) {
         if (state.ticker)

@@ -31,6 +31,8 @@ struct PythonState
     unsigned long guiThreadIdent = 0;
     /** How many entries are nested; touched with Python's lock held. */
     int depth = 0;
+    /** This is a process that Python code has forked off, and an exception has ended that code. */
+    bool childFailed = false;
     /** An exception is being shown: no turns and no interrupts; touched with Python's lock held. */
     bool reporting = false;
     PythonOutput output;

@@ -5,6 +5,9 @@
 
 #include "workbench/fennar_python/PythonRuntime.h"
 
+#include <algorithm>
+#include <cerrno>
+#include <unistd.h>
 #include <utility>
 
 namespace {
@@ -12,6 +15,19 @@ namespace {
 /** Small writes are joined up to this many characters, so that a busy thread does not cost a call for each.
  */
 constexpr qsizetype joined_size = 1 << 16;
+
+/** Not through the C library: its buffers hold what the parent has yet to write. */
+void write_to(int descriptor, const QString& text)
+{
+    const QByteArray bytes = text.toUtf8();
+    for (qsizetype done = 0; done < bytes.size();) {
+        const ssize_t written =
+            ::write(descriptor, bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
+        if (written < 0 && errno != EINTR)
+            return;
+        done += std::max<ssize_t>(written, 0);
+    }
+}
 
 } // namespace
 
@@ -32,13 +48,17 @@ void PythonOutput::close()
 
 std::shared_ptr<const PythonHooks> PythonOutput::hooks() const
 {
+    if (mIsChild)
+        return nullptr;
     const std::lock_guard lock(mMutex);
     return mHooks;
 }
 
 void PythonOutput::show(Stream stream, const QString& text)
 {
-    if (const auto current = hooks()) {
+    if (mIsChild) {
+        write_to(stream == Stream::Output ? STDOUT_FILENO : STDERR_FILENO, text);
+    } else if (const auto current = hooks()) {
         show_waiting(*current);
         call(*current, stream, text);
     }
@@ -46,6 +66,10 @@ void PythonOutput::show(Stream stream, const QString& text)
 
 bool PythonOutput::enqueue(Stream stream, const QString& text)
 {
+    if (mIsChild) {
+        show(stream, text);
+        return false;
+    }
     const std::lock_guard lock(mMutex);
     if (!mHooks)
         return false;

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <atomic>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -15,6 +16,9 @@ struct PythonHooks;
 /**
  * Carries text from any thread to the hooks of the application, in the order of writing. Knows nothing of
  * Python's lock; no hook is called with the own mutex held.
+ *
+ * In a process that Python code has forked off there is no application: its text goes to the process's own
+ * standard output and standard error.
  */
 class PythonOutput
 {
@@ -26,10 +30,16 @@ public:
     /** Drops what waits and all that comes. A hook that is running ends undisturbed. */
     void close();
 
-    /** The hooks; null unless open. */
+    /** Lets go of the application for good. Called in a new process, where the mutex may be locked for ever.
+     */
+    void become_child() { mIsChild = true; }
+    /** Whether this is a process that Python code has forked off. */
+    bool is_child() const { return mIsChild; }
+
+    /** The hooks; null unless open, and in a forked process. */
     std::shared_ptr<const PythonHooks> hooks() const;
 
-    /** Shows @p text behind all that waits. GUI thread. */
+    /** Shows @p text behind all that waits. GUI thread; any thread in a forked process. */
     void show(Stream stream, const QString& text);
     /**
      * Puts @p text behind what waits. Any thread.
@@ -50,6 +60,7 @@ private:
     void show_waiting(const PythonHooks& hooks);
     static void call(const PythonHooks& hooks, Stream stream, const QString& text);
 
+    std::atomic<bool> mIsChild = false;
     mutable std::mutex mMutex;
     std::shared_ptr<const PythonHooks> mHooks;
     std::deque<Piece> mWaiting;

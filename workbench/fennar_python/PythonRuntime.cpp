@@ -110,6 +110,7 @@ void install_support()
         [](const py::object& text) { return write(PythonOutput::Stream::Output, text); }, py::name("write"));
     names["write_error"] = py::cpp_function(
         [](const py::object& text) { return write(PythonOutput::Stream::Error, text); }, py::name("write"));
+    names["become_child"] = py::cpp_function([] { PythonState::get().output.become_child(); });
     const py::object code = py::module_::import("builtins")
                                 .attr("compile")(file.readAll().toStdString(), names["__file__"], "exec");
     const auto result =

@@ -37,6 +37,9 @@ struct PythonHooks
  * The thread that calls start() is the GUI thread; all other functions are for it too, but those that say
  * something else. Between the calls Python's lock is free, so that Python's own threads go on.
  * The hooks are called without that lock and may call back.
+ *
+ * A process that Python code forks off has no application: its output goes to the standard streams, it calls
+ * no hook, and where the code would return to the caller it ends.
  */
 class FENNAR_PYTHON_EXPORT PythonRuntime
 {

@@ -21,6 +21,9 @@ void cmd(const py::str& text)
     if (!state.on_gui_thread())
         throw std::runtime_error("fennar.cmd() can only be called in the main thread of the application");
 
+    if (state.output.is_child())
+        throw std::runtime_error("fennar.cmd() cannot be called in another process than the application's");
+
     // A command with a character replaced would be another command: this raises UnicodeEncodeError instead.
     if (!PyUnicode_AsUTF8(text.ptr()))
         throw py::error_already_set();

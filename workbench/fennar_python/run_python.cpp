@@ -97,6 +97,7 @@ bool run_code(PyObject* names, const py::object& code)
 void report(py::error_already_set& error, bool withTrace)
 {
     PythonState& state = PythonState::get();
+    state.childFailed = state.output.is_child();
     const QScopedValueRollback rollback(state.reporting);
     try {
         // A hook of the user is code as any other. Our own is short, and an interrupt would cost the message.

@@ -5,13 +5,14 @@
 
 The application runs this text once at the start and calls its functions. It defines __file__ and executable
 beforehand, the latter being a Python for scripts to start, and write_output and write_error, which take a
-string to where the application shows it.
+string to where the application shows it, and become_child, which a process that was forked off calls first.
 """
 
 import codecs
 import codeop
 import io
 import linecache
+import os
 import sys
 import tokenize
 import traceback
@@ -172,3 +173,4 @@ sys.executable = sys._base_executable = executable
 sys.stdin = sys.__stdin__ = Input()
 sys.stdout = sys.__stdout__ = Output("<stdout>", write_output)
 sys.stderr = sys.__stderr__ = Output("<stderr>", write_error)
+os.register_at_fork(after_in_child=become_child)

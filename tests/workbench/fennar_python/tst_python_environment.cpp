@@ -40,6 +40,25 @@ int play_source()
     return show(recorder, result == 0 ? 0 : 3);
 }
 
+/** Python that runs a command that runs Python that forks: only the parent comes back. */
+int play_nested_fork()
+{
+    PythonRecorder recorder;
+    if (!PythonRuntime::start(recorder.hooks()))
+        return show(recorder, 2);
+    const auto user = make_python_interpreter(PythonRuntime::user_namespace());
+    recorder.onCommand = [&user](const QString& text) {
+        return user->Run_SimpleString(text.toUtf8().constData()) == 0;
+    };
+    const int result = user->Run_SimpleString(
+        "import os\n"
+        "fennar.cmd('child = os.fork()\\n'\n"
+        "           'if child: print(os.waitstatus_to_exitcode(os.waitpid(child, 0)[1]))')\n"
+        "print('back')");
+    PythonRuntime::stop();
+    return show(recorder, result == 0 ? 0 : 3);
+}
+
 /** Starts Python from the folder in OSTREL_TEST_HOME. */
 int play_start()
 {
@@ -293,6 +312,61 @@ private slots:
         QCOMPARE(result.output, u"42\n"_s);
     }
 
+    void forked_process_does_not_touch_the_application_data()
+    {
+        QTest::addColumn<QString>("child");
+        QTest::addColumn<QString>("output");
+        QTest::addColumn<QString>("errors");
+        QTest::newRow("prints to standard output") << u"print('child')"_s << u"child\n0\n"_s << QString();
+        QTest::newRow("prints errors to standard error")
+            << u"sys.stderr.write('told\\n')"_s << u"0\n"_s << u"told\n"_s;
+        QTest::newRow("fails with the error") << u"raise ValueError"_s << u"1\n"_s << u"ValueError\n"_s;
+        QTest::newRow("cannot run commands")
+            << u"fennar.cmd('x')"_s << u"1\n"_s
+            << u"fennar.cmd() cannot be called in another process than the application's\n"_s;
+        QTest::newRow("prints from its threads")
+            << u"t = threading.Thread(target=print, args=('t',)); t.start(); t.join()"_s << u"t\n0\n"_s
+            << QString();
+        QTest::newRow("ends itself") << u"print('child'); os._exit(5)"_s << u"child\n5\n"_s << QString();
+    }
+    void forked_process_does_not_touch_the_application()
+    {
+        QFETCH(QString, child);
+        QFETCH(QString, output);
+        QFETCH(QString, errors);
+        // What the parent writes is shown by the recorder, at the end; what the child writes is there before.
+        const ChildResult result =
+            run_source(u"import fennar, os, sys, threading\n"
+                       "child = os.fork()\n"
+                       "if not child:\n"
+                       "    %1\n"
+                       "else:\n"
+                       "    print(os.waitstatus_to_exitcode(os.waitpid(child, 0)[1]))"_s.arg(child));
+        QCOMPARE(result.output, output);
+        QVERIFY2(errors.isEmpty() ? result.errors.isEmpty() : result.errors.endsWith(errors),
+                 qPrintable(result.errors));
+        QCOMPARE(result.code, 0);
+    }
+
+    void forked_worker_can_print()
+    {
+        const ChildResult result =
+            run_source(u"import multiprocessing\n"
+                       "worker = multiprocessing.get_context('fork').Process(target=print, args=('child',))\n"
+                       "worker.start(); worker.join(); print(worker.exitcode)"_s);
+        QCOMPARE(result.errors, QString());
+        QCOMPARE(result.output, u"child\n0\n"_s);
+        QCOMPARE(result.code, 0);
+    }
+
+    void forked_process_ends_with_the_innermost_call()
+    {
+        const ChildResult result = run_part(u"nested fork"_s);
+        QCOMPARE(result.errors, QString());
+        QCOMPARE(result.output, u"0\nback\n"_s);
+        QCOMPARE(result.code, 0);
+    }
+
     void signals_keep_their_handlers_data()
     {
         QTest::addColumn<bool>("own");
@@ -326,6 +400,8 @@ int main(int argc, char** argv)
         return play_start();
     if (part == u"second try"_s)
         return play_second_try();
+    if (part == u"nested fork"_s)
+        return play_nested_fork();
     if (part == u"locale"_s)
         return play_locale();
     if (part == u"signals"_s)
