@@ -146,7 +146,8 @@ void CommandWidget::printOutput(const QString& output)
     QString text = output;
     if (openLine.isValid()) {
         cursor = end_of(openLine);
-        // The line has its end already.
+        // The line has its end already. A carriage return belongs to the newline: alone it would end a line
+        // too.
         if (endsLine)
             text.chop(output.endsWith("\r\n"_L1) ? 2 : 1);
     } else if (!endsLine) {

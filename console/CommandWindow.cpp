@@ -204,7 +204,6 @@ void CommandWindow::add_command_tab(const QString& title, QWidget* page)
 
 void CommandWindow::remove_command_tab(QWidget* page)
 {
-    // Before the removal: that selects a neighbour, which may be the next current page.
     if (page == mCurrentCommandWidget)
         mCurrentCommandWidget = nullptr;
     mCommandTab->removeTab(mCommandTab->indexOf(page));

@@ -36,7 +36,6 @@ void Page::set_state(const QString& state)
         --anchor;
     text.remove(u'^').remove(u'|');
 
-    clear();
     const qsizetype lastLine = text.lastIndexOf(u'\n') + 1;
     if (lastLine > 0)
         printOutput(text.first(lastLine));

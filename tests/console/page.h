@@ -18,8 +18,8 @@ class Page : public CommandWidget
 public:
     Page();
 
-    /** Fills the page: all lines but the last are output, and the last one, if it starts with the prompt, is
-     * prompt and command. The caret is at the end of the document if @p state does not say. */
+    /** Fills a new page: all lines but the last are output, and the last one, if it starts with the prompt,
+     * is prompt and command. The caret is at the end of the document if @p state does not say. */
     void set_state(const QString& state);
     QString state() const;
     QString text() const;

@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
+#include <QPointer>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -104,6 +105,7 @@ private slots:
     void return_emits_reset_first_with_the_prompt_gone_and_the_block_open();
     void return_scrolls_to_the_end();
     void held_down_return_enters_again_and_again();
+    void the_page_may_go_when_a_command_is_entered();
     void home_data()
     {
         key_columns();
@@ -423,6 +425,16 @@ void TstCommandWidgetKeys::held_down_return_enters_again_and_again()
     QCOMPARE(page.state(), u"$ \n\n\n|"_s);
 }
 
+void TstCommandWidgetKeys::the_page_may_go_when_a_command_is_entered()
+{
+    QPointer<Page> page = new Page;
+    page->set_state(u"$ exit"_s);
+    QVERIFY(show_active(page));
+    connect(page, &CommandWidget::commandEntered, page, [&] { delete page; });
+    QTest::keyClick(page, Qt::Key_Return);
+    QVERIFY(!page);
+}
+
 void TstCommandWidgetKeys::home_rows()
 {
     row("from the command to its start", u"out\n$ com|mand"_s, Qt::Key_Home, u"out\n$ |command"_s);
@@ -522,6 +534,7 @@ void TstCommandWidgetKeys::control_k_u_t_rows()
     row("Control+T in the output", u"o|ut\n$ command"_s, Qt::CTRL | Qt::Key_T, snippet);
     row("Control+T with a selection in the command", u"out\n$ c^omman|d"_s, Qt::CTRL | Qt::Key_T, snippet);
     row("Control+Shift+T counts as Control+T", home, control_shift | Qt::Key_T, snippet);
+    row("Control+Alt+T counts as Control+T", home, Qt::CTRL | Qt::ALT | Qt::Key_T, snippet);
     row("T without Control types", home, Qt::Key_T, u"out\n$ commandt|"_s);
 }
 

@@ -121,6 +121,7 @@ private slots:
     void output_without_final_newline_is_not_painted_data();
     void output_without_final_newline_is_not_painted();
     void finished_line_before_the_first_prompt_sends_posted_events();
+    void a_receiver_may_change_the_text_that_was_passed();
     void output_without_final_newline_before_the_first_prompt_sends_nothing_data();
     void output_without_final_newline_before_the_first_prompt_sends_nothing();
     void output_printed_during_the_first_prompt_sends_posted_events();
@@ -394,6 +395,17 @@ void TstCommandWindowOutput::finished_line_before_the_first_prompt_sends_posted_
     window.print_data(u"starting\n"_s);
     QCOMPARE(mailbox.arrived, 2);
     QCOMPARE(spy.areas.size(), 0);
+}
+
+void TstCommandWindowOutput::a_receiver_may_change_the_text_that_was_passed()
+{
+    CommandWindow window;
+    Mailbox mailbox;
+    QString text = u"line\n"_s;
+    connect(&window, &CommandWindow::dataToPrint, &window, [&] { text.clear(); });
+    mailbox.post();
+    window.print_data(text);
+    QCOMPARE(mailbox.arrived, 1);
 }
 
 void TstCommandWindowOutput::output_without_final_newline_before_the_first_prompt_sends_nothing_data()
