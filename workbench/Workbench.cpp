@@ -14,6 +14,7 @@
 #include "workbench/fennar_python/PythonConsole.h"
 #include "workbench/fennar_python/PythonRuntime.h"
 #include "workbench/fennar_python/make_python_interpreter.h"
+#include "workbench/fennar_util/Interrupt.h"
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/Fennar.h"
 #include "workbench/navigation/CommandSink.h"
@@ -28,14 +29,20 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
+#include <thread>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
 /** How often, in milliseconds, work that goes on gives the shell its turn. */
 constexpr qint64 turn_interval = 50;
+
+/** How long a paused journal rests between its looks at the user's input. */
+constexpr auto pause_interval = 10ms;
 
 /** How long, in milliseconds, a picture waits for the window to come to the screen. */
 constexpr qint64 picture_patience = 2000;
@@ -85,13 +92,23 @@ void run_python_command(CommandCall& call)
         throw call.error(1, u"the Python statement failed"_s);
 }
 
+/** @p text as a string literal of Python. */
+QString python_literal(QString text)
+{
+    text.replace(u'\\', u"\\\\"_s);
+    text.replace(u'\'', u"\\'"_s);
+    text.replace(u'\n', u"\\n"_s);
+    text.replace(u'\r', u"\\r"_s);
+    return u'\'' + text + u'\'';
+}
+
 } // namespace
 
 Workbench::Workbench()
 {
     set_up_commands();
     set_up_python();
-    HostMediator::instance().set_exit_handler([this] { mFrame.end_application(); });
+    HostMediator::instance().set_exit_handler([this] { end_run(); });
     HostMediator::instance().set_event_handler([] { PythonRuntime::deliver_output(); });
     OutputRouter::instance().set_window_listener([this](OutputHandler* window) { set_console(window); });
     mLastTurn.start();
@@ -119,7 +136,10 @@ void Workbench::set_up_commands()
     fennar.services().quit = [this] { quit(); };
     fennar.playback().set_echo([this](const QString& line) { echo(line); });
     fennar.playback().set_turn([this] { give_turn(); });
-    fennar.playback().set_wait([this] { mFrame.check_interrupt_session(nullptr); });
+    fennar.playback().set_wait([this] {
+        std::this_thread::sleep_for(pause_interval);
+        mFrame.check_interrupt_session(nullptr);
+    });
     fennar.playback().set_python_hook(&PythonRuntime::run_file);
     fennar.playback().set_change_directory([] { return Broker::instance()->change_dir_on_playback(); });
     fennar.registry().add({u"python"_s, u"python STATEMENT..."_s, u"Runs a Python statement."_s,
@@ -135,8 +155,12 @@ void Workbench::set_up_python()
     PythonHooks hooks;
     hooks.output = [](const QString& text) { Broker::command << text; };
     hooks.error_output = [this](const QString& text) { report_error(text); };
-    hooks.run_command = [](const QString& text) {
-        return Fennar::instance().interpreter().run(text) == CommandInterpreter::Result::Done;
+    hooks.run_command = [this](const QString& text) {
+        const bool done = Fennar::instance().interpreter().run(text) == CommandInterpreter::Result::Done;
+        // What ends a command ends the Python code that has called it.
+        if (interrupt_requested())
+            PythonRuntime::request_interrupt();
+        return done;
     };
     hooks.wake = [this] { announce_output(); };
     hooks.turn = [this] { give_turn(); };
@@ -161,7 +185,7 @@ bool Workbench::load()
     }
     // What Python's threads have written before could not be announced.
     PythonRuntime::deliver_output();
-    set_command_sink([this](const QString& line) { mConsole->run_line(line); });
+    set_command_sink([this](const QString& command) { run_panel_command(command); });
     Ostrel::instance()->set_title(u"Fennar"_s);
     mConsole->prompt();
     Ostrel::instance()->set_focus_to_command_window();
@@ -206,6 +230,7 @@ void Workbench::set_console(OutputHandler* window)
         return;
     mConsole = std::make_unique<ConsoleOwner>(console, history_file());
     mConsole->set_interpreters(mCommands.get(), mPython.get());
+    mConsole->set_busy_handler([this](bool busy) { set_busy(busy); });
     mConsole->set_mode_handler([](bool python) { Fennar::instance().set_python_mode(python); });
 }
 
@@ -235,12 +260,36 @@ void Workbench::announce_output()
         mFrame.new_event();
 }
 
+void Workbench::set_busy(bool busy)
+{
+    mFrame.enable_cancel(busy);
+    mWork.reset();
+    if (busy)
+        mWork.emplace();
+    mInterruptsPassedOn = 0;
+}
+
 void Workbench::give_turn()
 {
     if (mLastTurn.elapsed() < turn_interval)
         return;
     mFrame.check_interrupt_session(nullptr);
+    pass_interrupt_on();
     mLastTurn.start();
+}
+
+void Workbench::pass_interrupt_on()
+{
+    // Each request once: code that cleans up after one must be able to finish.
+    const int requests = interrupt_requests();
+    if (requests > std::exchange(mInterruptsPassedOn, requests))
+        PythonRuntime::request_interrupt();
+}
+
+void Workbench::run_panel_command(const QString& command)
+{
+    // The panel offers commands in Python mode, too.
+    mConsole->run_line(mConsole->python_mode() ? u"fennar.cmd(%1)"_s.arg(python_literal(command)) : command);
 }
 
 void Workbench::write_picture(CommandCall& call)
@@ -268,4 +317,15 @@ void Workbench::quit()
     mConsole->forget_waiting();
     // The command that asks for it must have ended before the window goes.
     QTimer::singleShot(0, Ostrel::instance(), &QWidget::close);
+}
+
+void Workbench::end_run()
+{
+    // The window can be closed while a line runs: nobody could see it end, or end it, any more.
+    mQuitting = true;
+    Fennar::instance().playback().stop();
+    request_interrupt();
+    if (mConsole)
+        mConsole->forget_waiting();
+    mFrame.end_application();
 }

@@ -4,12 +4,14 @@
 #pragma once
 
 #include "frame/MainFrame.h"
+#include "workbench/fennar_util/Interrupt.h"
 
 #include <QElapsedTimer>
 #include <QString>
 
 #include <memory>
 #include <mutex>
+#include <optional>
 
 class CommandCall;
 class ConsoleOwner;
@@ -62,15 +64,23 @@ private:
     void report_error(const QString& text);
     void echo(const QString& line);
     void announce_output();
+    void set_busy(bool busy);
     void give_turn();
+    void pass_interrupt_on();
+    void run_panel_command(const QString& command);
     void write_picture(CommandCall& call);
     void quit();
+    void end_run();
 
     MainFrame mFrame;
     std::unique_ptr<LineInterpreter> mCommands;
     std::unique_ptr<LineInterpreter> mPython;
     std::unique_ptr<ConsoleOwner> mConsole;
     QElapsedTimer mLastTurn;
+    /** The line that runs on the console. */
+    std::optional<InterruptScope> mWork;
+    /** How many of the user's requests to stop it Python has been told of. */
+    int mInterruptsPassedOn = 0;
     /** Guards mAnnounce, and the window while a thread announces its output. */
     std::mutex mFrameMutex;
     bool mAnnounce = false;

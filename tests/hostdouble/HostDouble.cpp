@@ -213,14 +213,17 @@ int FennarPythonInterpreter::Run_SimpleString(const char* command)
 
 int FennarPythonInterpreter::version_major()
 {
+    record("FennarPythonInterpreter::version_major");
     return host().python_version[0];
 }
 int FennarPythonInterpreter::version_minor()
 {
+    record("FennarPythonInterpreter::version_minor");
     return host().python_version[1];
 }
 int FennarPythonInterpreter::version_micro()
 {
+    record("FennarPythonInterpreter::version_micro");
     return host().python_version[2];
 }
 

@@ -19,7 +19,8 @@ class OutputHandler;
 
 /**
  * The recording host: every call that the shell makes into the host is appended to calls, and every answer
- * can be set.
+ * can be set. Not recorded are Broker::instance(), CLOptions::instance(), the making of a NavigationModel,
+ * and root_index() and current_index() of the panels, which change nothing.
  *
  * A call is recorded as "Class::operation(arguments)", with texts in double quotes, pointers as "null" or
  * "set", and booleans as "true" or "false".

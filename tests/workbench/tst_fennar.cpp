@@ -70,6 +70,7 @@ private slots:
     void numbers_have_a_point_in_a_german_system_data();
     void numbers_have_a_point_in_a_german_system();
     void python_of_the_environment_is_not_used();
+    void command_that_crashes_the_program_is_in_the_history_after_it_data();
     void command_that_crashes_the_program_is_in_the_history_after_it();
     void navigation_files_that_are_missing_or_broken_keep_the_window_usable_data();
     void navigation_files_that_are_missing_or_broken_keep_the_window_usable();
@@ -210,11 +211,24 @@ void TstFennar::python_of_the_environment_is_not_used()
     QVERIFY2(!isolated.output.contains("/no/such"_L1), qPrintable(isolated.output));
 }
 
+void TstFennar::command_that_crashes_the_program_is_in_the_history_after_it_data()
+{
+    QTest::addColumn<QByteArray>("crash");
+    QTest::addColumn<bool>("by_signal");
+    QTest::newRow("ends at once") << QByteArray("os._exit(7)") << false;
+    QTest::newRow("aborts") << QByteArray("os.abort()") << true;
+    QTest::newRow("is killed") << QByteArray("os.kill(os.getpid(), 9)") << true;
+}
+
 void TstFennar::command_that_crashes_the_program_is_in_the_history_after_it()
 {
+    QFETCH(const QByteArray, crash);
+    QFETCH(const bool, by_signal);
     const QString data = mDirectory->filePath(u"data"_s);
-    const QString journal = write(u"crash.py"_s, "import os\nos._exit(7)\n");
-    QCOMPARE(run({u"--play"_s, journal}, {{u"XDG_DATA_HOME"_s, data}}).code, 7);
+    const QString journal = write(u"crash.py"_s, "import os\n" + crash + '\n');
+    const Run crashed = run({u"--play"_s, journal}, {{u"XDG_DATA_HOME"_s, data}});
+    QCOMPARE(crashed.status, by_signal ? QProcess::CrashExit : QProcess::NormalExit);
+    QVERIFY2(!crashed.errors.contains("did not end"_L1), qPrintable(crashed.errors));
     QFile history(data + u"/ostrel/fennar/history"_s);
     QVERIFY(history.open(QIODevice::ReadOnly));
     QVERIFY(QString::fromUtf8(history.readAll()).contains(journal));

@@ -6,20 +6,33 @@
 #include "frame/Ostrel.h"
 #include "host/fennar_python/FennarPythonInterpreter.h"
 #include "host/fennari19/FennarInterface.h"
+#include "host/navigation/NavigationModel.h"
+#include "host/navigation/NavigationReader.h"
+#include "host/navigation/TaskPanel.h"
 #include "host/ostrelfw/Framework.h"
 #include "support/TestCase.h"
 #include "support/windows.h"
 #include "workbench/Workbench.h"
 #include "workbench/console/ConsoleOwner.h"
+#include "workbench/fennari19/CommandCall.h"
+#include "workbench/fennari19/CommandRegistry.h"
+#include "workbench/fennari19/Fennar.h"
+#include "workbench/navigation/NavigationRoles.h"
 
+#include <QClipboard>
 #include <QDockWidget>
 #include <QFile>
+#include <QGuiApplication>
 #include <QImage>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
+
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -59,6 +72,28 @@ private slots:
     void picture_command_writes_the_window();
     void picture_that_cannot_be_written_is_an_error();
     void output_with_odd_characters_does_no_harm();
+    void output_that_is_no_utf8_is_shown_with_replacements();
+    void line_of_10_megabytes_is_printed();
+    void line_of_a_megabyte_is_typed();
+    void command_that_throws_is_an_error_data();
+    void command_that_throws_is_an_error();
+    void up_and_down_walk_the_history();
+    void pasted_python_block_runs();
+    void mode_buttons_work_by_mouse();
+    void panel_entries_are_the_commands_as_the_registry_has_them_data();
+    void panel_entries_are_the_commands_as_the_registry_has_them();
+    void apply_in_the_panel_runs_the_command_on_the_console();
+    void apply_in_python_mode_runs_the_command_through_python();
+    void cancel_button_is_enabled_while_a_line_runs();
+    void cancel_interrupts_python();
+    void cancel_lets_python_clean_up();
+    void each_click_on_cancel_interrupts_python();
+    void cancelled_command_interrupts_the_python_that_called_it();
+    void cancel_ends_a_journal();
+    void cancel_ends_a_paused_journal();
+    void closing_the_window_ends_what_runs_data();
+    void closing_the_window_ends_what_runs();
+    void quit_in_a_journal_ends_the_lines_behind_it();
     void quit_closes_the_window_and_ends_the_loop();
 
 private:
@@ -73,6 +108,19 @@ private:
     {
         QTest::keyClick(Ostrel::instance(), on ? Qt::Key_P : Qt::Key_C, Qt::AltModifier);
     }
+    void paste(const QString& lines)
+    {
+        QGuiApplication::clipboard()->setText(lines);
+        page()->paste();
+    }
+    static QToolButton* cancel() { return Ostrel::instance()->findChild<QToolButton*>(u"mCancel"_s); }
+    /** Clicks on cancel at the first turn that the line to be run gives. */
+    void cancel_soon()
+    {
+        QTimer::singleShot(0, page(), [] { QTest::mouseClick(cancel(), Qt::LeftButton); });
+    }
+    /** Clicks on the entry of the command panel. */
+    static void choose_entry(const QString& title);
     QString write_journal(const QString& name, const QByteArray& content);
 
     std::unique_ptr<Workbench> mWorkbench;
@@ -317,6 +365,298 @@ void TstWorkbench::output_with_odd_characters_does_no_harm()
     enter(u"1 + 1"_s);
     QVERIFY(text().endsWith(u">>>1 + 1\n2\n>>>"_s));
     QVERIFY(text().contains(QString(1000000, u'x')));
+}
+
+void TstWorkbench::output_that_is_no_utf8_is_shown_with_replacements()
+{
+    python_mode(true);
+    enter(u"import sys; _ = sys.stdout.buffer.write(b'a\\xffb\\n')"_s);
+    QVERIFY2(text().endsWith(u"\na\ufffdb\n>>>"_s), qPrintable(text()));
+}
+
+void TstWorkbench::line_of_10_megabytes_is_printed()
+{
+    python_mode(true);
+    enter(u"print('x' * 10000000)"_s);
+    QVERIFY(text().endsWith(QString(10'000'000, u'x') + u"\n>>>"_s));
+    page()->clearToPrompt();
+}
+
+void TstWorkbench::line_of_a_megabyte_is_typed()
+{
+    const QString word(1'000'000, u'y');
+    paste(u"echo "_s + word);
+    QTest::keyClick(page(), Qt::Key_Return);
+    QVERIFY(text().endsWith(u"\n"_s + word + u"\nFennar>"_s));
+    QCOMPARE(mWorkbench->console()->history().entries().last(), u"echo "_s + word);
+    page()->clearToPrompt();
+}
+
+void TstWorkbench::command_that_throws_is_an_error_data()
+{
+    QTest::addColumn<bool>("standard");
+    QTest::newRow("a standard exception") << true;
+    QTest::newRow("anything else") << false;
+}
+
+void TstWorkbench::command_that_throws_is_an_error()
+{
+    QFETCH(const bool, standard);
+    CommandRegistry& registry = Fennar::instance().registry();
+    registry.add({u"broken"_s, u"broken"_s, {}, {}, u"test"_s, [standard](CommandCall&) {
+                      if (standard)
+                          throw std::runtime_error("out of luck");
+                      throw 1;
+                  }});
+    enter(u"broken"_s);
+    registry.remove_owner(u"test"_s);
+    const QString error =
+        standard ? u"ERROR: broken: out of luck\n"_s : u"ERROR: broken: failed for an unknown reason\n"_s;
+    QCOMPARE(text(), u"Fennar>broken\n"_s + error + u"Fennar>"_s);
+    QVERIFY(mWorkbench->console()->error_page()->toPlainText().endsWith(u"Fennar>broken\n"_s + error));
+}
+
+void TstWorkbench::up_and_down_walk_the_history()
+{
+    enter(u"echo first"_s);
+    enter(u"echo second"_s);
+    enter(u"echo second"_s);
+    QTest::keyClicks(page(), u"half"_s);
+    QTest::keyClick(page(), Qt::Key_Up);
+    QTest::keyClick(page(), Qt::Key_Up);
+    QCOMPARE(page()->currentCommand(), u"echo first"_s);
+    QTest::keyClick(page(), Qt::Key_Down);
+    QTest::keyClick(page(), Qt::Key_Down);
+    QCOMPARE(page()->currentCommand(), u"half"_s);
+}
+
+void TstWorkbench::pasted_python_block_runs()
+{
+    python_mode(true);
+    paste(u"for i in range(2):\r\n    j = 10 * i\r\n    print('j', j)\r\n\r\nprint('end')\r\n"_s);
+    QCOMPARE(text(), u">>>for i in range(2):\n>>>    j = 10 * i\n>>>    print('j', j)\n>>>\n"
+                     "j 0\nj 10\n>>>print('end')\nend\n>>>"_s);
+}
+
+void TstWorkbench::mode_buttons_work_by_mouse()
+{
+    auto* python = Ostrel::instance()->findChild<QPushButton*>(u"mPythonButton"_s);
+    auto* fennar = Ostrel::instance()->findChild<QPushButton*>(u"mFennarButton"_s);
+    QTest::mouseClick(python, Qt::LeftButton);
+    QVERIFY(FennarInterface::command_is_python_mode());
+    QVERIFY(python->isChecked() && !fennar->isChecked());
+    enter(u"2 * 3"_s);
+    QCOMPARE(text(), u">>>2 * 3\n6\n>>>"_s);
+    QTest::mouseClick(fennar, Qt::LeftButton);
+    QVERIFY(!FennarInterface::command_is_python_mode());
+    QVERIFY(!python->isChecked() && fennar->isChecked());
+}
+
+void TstWorkbench::panel_entries_are_the_commands_as_the_registry_has_them_data()
+{
+    QTest::addColumn<QString>("directory");
+    QTest::newRow("by action") << u"/xml/action-based-xml"_s;
+    QTest::newRow("by entity") << u"/xml/entity-based-xml"_s;
+}
+
+void TstWorkbench::panel_entries_are_the_commands_as_the_registry_has_them()
+{
+    QFETCH(const QString, directory);
+    NavigationModel model(nullptr);
+    NavigationReader reader;
+    reader.setModel(&model, nullptr, nullptr);
+    reader.buildNavigation(QCoreApplication::applicationDirPath() + directory, u".xml"_s);
+    QCOMPARE(reader.messages, QStringList());
+
+    const CommandRegistry& registry = Fennar::instance().registry();
+    QStringList offered;
+    const QModelIndexList entries =
+        model.match(model.index(0, 0), NavigationRole::Kind, int(NavigationKind::Command), -1,
+                    Qt::MatchExactly | Qt::MatchRecursive);
+    for (const QModelIndex& entry : entries) {
+        const QString name = entry.data(NavigationRole::Command).toString();
+        const auto command = registry.find(name);
+        QVERIFY2(command, qPrintable(name));
+        QCOMPARE(entry.data(NavigationRole::Usage).toString(), command->usage);
+        offered << name;
+    }
+    offered.sort();
+    QCOMPARE(offered, registry.names());
+}
+
+void TstWorkbench::choose_entry(const QString& title)
+{
+    const auto buttons = Ostrel::instance()->command_buttons()->findChildren<QToolButton*>();
+    for (QToolButton* button : buttons) {
+        if (button->isVisible() && button->accessibleName() == title) {
+            QTest::mouseClick(button, Qt::LeftButton);
+            return;
+        }
+    }
+    QFAIL(qPrintable(u"no entry "_s + title));
+}
+
+void TstWorkbench::apply_in_the_panel_runs_the_command_on_the_console()
+{
+    QTest::keyClicks(page(), u"half"_s);
+    choose_entry(u"Change"_s);
+    choose_entry(u"Console"_s);
+    choose_entry(u"Echo Text"_s);
+    const TaskPanel* panel = Ostrel::instance()->command_buttons();
+    auto* line = panel->findChild<QLineEdit*>(u"commandLine"_s);
+    auto* apply = panel->findChild<QPushButton*>(u"applyButton"_s);
+    QVERIFY(line->isVisible() && apply->isVisible());
+    QCOMPARE(line->text(), u"echo "_s);
+    QTest::keyClicks(line, u"from the panel"_s);
+    QTest::mouseClick(apply, Qt::LeftButton);
+    QCOMPARE(text(), u"Fennar>echo from the panel\nfrom the panel\nFennar>half"_s);
+    QCOMPARE(mWorkbench->console()->history().entries().last(), u"echo from the panel"_s);
+}
+
+void TstWorkbench::apply_in_python_mode_runs_the_command_through_python()
+{
+    python_mode(true);
+    // A block that waits for its next line must not swallow the command.
+    enter(u"for i in range(3):"_s);
+    choose_entry(u"Change"_s);
+    choose_entry(u"Console"_s);
+    choose_entry(u"Echo Text"_s);
+    const TaskPanel* panel = Ostrel::instance()->command_buttons();
+    auto* line = panel->findChild<QLineEdit*>(u"commandLine"_s);
+    line->setText(uR"(echo 'it''s' a "\\")"_s);
+    QTest::keyClick(line, Qt::Key_Return);
+    QVERIFY2(text().endsWith(uR"(>>>fennar.cmd('echo \'it\'\'s\' a "\\\\"'))"_s + u"\nits a \\\n>>>"_s),
+             qPrintable(text()));
+}
+
+void TstWorkbench::cancel_button_is_enabled_while_a_line_runs()
+{
+    QVERIFY(!cancel()->isEnabled());
+    QList<bool> seen;
+    CommandRegistry& registry = Fennar::instance().registry();
+    registry.add(
+        {u"look"_s, u"look"_s, {}, {}, u"test"_s, [&seen](CommandCall&) { seen << cancel()->isEnabled(); }});
+    enter(u"look"_s);
+    QVERIFY(!cancel()->isEnabled());
+    python_mode(true);
+    enter(u"fennar.cmd('look')"_s);
+    registry.remove_owner(u"test"_s);
+    QCOMPARE(seen, QList<bool>({true, true}));
+    QVERIFY(!cancel()->isEnabled());
+}
+
+void TstWorkbench::cancel_interrupts_python()
+{
+    python_mode(true);
+    cancel_soon();
+    enter(u"exec('while True: pass')"_s);
+    QVERIFY2(text().endsWith(u"KeyboardInterrupt\n>>>"_s), qPrintable(text()));
+    // The request was for that line only.
+    enter(u"exec('for i in range(10 ** 7): pass'); 'done'"_s);
+    QVERIFY2(text().endsWith(u"\n'done'\n>>>"_s), qPrintable(text()));
+}
+
+void TstWorkbench::cancel_lets_python_clean_up()
+{
+    CommandRegistry& registry = Fennar::instance().registry();
+    registry.add({u"arm"_s, u"arm"_s, {}, {}, u"test"_s, [this](CommandCall&) { cancel_soon(); }});
+    python_mode(true);
+    // The loop behind the interrupt lasts for several turns.
+    enter(u"exec('try:\\n fennar.cmd(\"arm\")\\n while True: pass\\nexcept KeyboardInterrupt:\\n"
+          " for i in range(10 ** 7): pass\\n print(\"clean\")')"_s);
+    registry.remove_owner(u"test"_s);
+    QVERIFY2(text().endsWith(u"\nclean\n>>>"_s), qPrintable(text()));
+}
+
+void TstWorkbench::each_click_on_cancel_interrupts_python()
+{
+    QTimer clicks;
+    int count = 0;
+    connect(&clicks, &QTimer::timeout, this, [&] {
+        ++count;
+        QTest::mouseClick(cancel(), Qt::LeftButton);
+    });
+    CommandRegistry& registry = Fennar::instance().registry();
+    registry.add({u"arm"_s, u"arm"_s, {}, {}, u"test"_s, [&](CommandCall&) { clicks.start(0); }});
+    python_mode(true);
+    enter(u"exec('try:\\n fennar.cmd(\"arm\")\\n while True: pass\\nexcept KeyboardInterrupt:\\n"
+          " while True: pass')"_s);
+    clicks.stop();
+    registry.remove_owner(u"test"_s);
+    QVERIFY2(text().endsWith(u"KeyboardInterrupt\n>>>"_s), qPrintable(text()));
+    QCOMPARE(count, 2);
+}
+
+void TstWorkbench::cancelled_command_interrupts_the_python_that_called_it()
+{
+    CommandRegistry& registry = Fennar::instance().registry();
+    registry.add({u"work"_s, u"work"_s, {}, {}, u"test"_s, [](CommandCall& call) {
+                      QTRY_VERIFY_WITH_TIMEOUT(call.interrupted(), 20000);
+                      throw call.error(0, u"interrupted"_s);
+                  }});
+    python_mode(true);
+    cancel_soon();
+    enter(u"exec('while True:\\n try: fennar.cmd(\"work\")\\n except fennar.CommandError: pass')"_s);
+    registry.remove_owner(u"test"_s);
+    QVERIFY2(text().endsWith(u"KeyboardInterrupt\n>>>"_s), qPrintable(text()));
+}
+
+void TstWorkbench::cancel_ends_a_journal()
+{
+    const QString path =
+        write_journal(u"long.jou"_s, "echo one\npython \"exec('while True: pass')\"\necho never\n");
+    cancel_soon();
+    enter(u"play \"%1\""_s.arg(path));
+    QVERIFY2(text().contains(u"KeyboardInterrupt"_s), qPrintable(text()));
+    QVERIFY2(text().endsWith(u"Interrupted: %1:2\nFennar>"_s.arg(path)), qPrintable(text()));
+    QVERIFY(!text().contains(u"never"_s));
+}
+
+void TstWorkbench::cancel_ends_a_paused_journal()
+{
+    const QString path = write_journal(u"paused.jou"_s, "echo never\n");
+    FennarInterface::pause_playback();
+    cancel_soon();
+    enter(u"play \"%1\""_s.arg(path));
+    QVERIFY2(text().endsWith(u"Interrupted: %1:1\nFennar>"_s.arg(path)), qPrintable(text()));
+    QVERIFY(!text().contains(u"never"_s));
+    QVERIFY(!FennarInterface::is_playback_paused());
+}
+
+void TstWorkbench::closing_the_window_ends_what_runs_data()
+{
+    QTest::addColumn<bool>("python");
+    QTest::addColumn<QString>("lines");
+    QTest::newRow("Python loop") << true << u"exec('while True: pass')\nprint('ne' + 'ver')\n"_s;
+    const QString path = write_journal(u"endless.jou"_s, "python \"exec('while True: pass')\"\necho never\n");
+    QTest::newRow("journal") << false << u"play \"%1\"\necho never\n"_s.arg(path);
+}
+
+void TstWorkbench::closing_the_window_ends_what_runs()
+{
+    QFETCH(const bool, python);
+    QFETCH(const QString, lines);
+    python_mode(python);
+    QTimer::singleShot(0, page(), [&] {
+        QTimer::singleShot(0, Ostrel::instance(), &QWidget::close);
+        paste(lines);
+    });
+    mWorkbench->run();
+    QVERIFY(!Ostrel::instance()->isVisible());
+    QVERIFY2(text().contains(u"KeyboardInterrupt"_s), qPrintable(text()));
+    QVERIFY2(!text().contains(u"\nnever"_s), qPrintable(text()));
+    QVERIFY(show_active(Ostrel::instance()));
+}
+
+void TstWorkbench::quit_in_a_journal_ends_the_lines_behind_it()
+{
+    const QString path = write_journal(u"quit.jou"_s, "echo two\nquit\necho never\n");
+    QTimer::singleShot(0, page(), [&] { paste(u"echo one\nplay \"%1\"\necho never\n"_s.arg(path)); });
+    mWorkbench->run();
+    QVERIFY(!Ostrel::instance()->isVisible());
+    QVERIFY2(text().contains(u"\none\n"_s) && text().contains(u"\ntwo\n"_s), qPrintable(text()));
+    QVERIFY(!text().contains(u"never"_s));
+    QVERIFY(show_active(Ostrel::instance()));
 }
 
 void TstWorkbench::quit_closes_the_window_and_ends_the_loop()

@@ -51,6 +51,8 @@ ConsoleOwner::ConsoleOwner(CommandWindow* window, const QString& history_file)
         window->set_font(mPage->font());
     window->add_command_tab(tr("Command"), mPage.get());
     window->add_command_tab(tr("Errors"), mErrors.get());
+    // The marks in a traceback stand below what they mark.
+    mErrors->setFont(mPage->font());
 }
 
 ConsoleOwner::~ConsoleOwner()
@@ -70,6 +72,11 @@ void ConsoleOwner::set_mode_handler(std::function<void(bool)> handler)
     mModeHandler = std::move(handler);
 }
 
+void ConsoleOwner::set_busy_handler(std::function<void(bool)> handler)
+{
+    mBusyHandler = std::move(handler);
+}
+
 void ConsoleOwner::prompt()
 {
     mWindow->print_prompt(mIncomplete, mIndent.toUtf8().constData());
@@ -80,7 +87,9 @@ void ConsoleOwner::run_line(const QString& line)
     mWaiting.append(line);
     if (mRunning)
         return;
-    const QString typed = mPage->currentCommand();
+    // A command that is not complete would take this line for its next one.
+    const QString typed = mIncomplete ? QString() : mPage->currentCommand();
+    forget_pending();
     run_waiting();
     if (!typed.isEmpty() && !mIncomplete)
         mPage->setCurrentCommand(typed);
@@ -134,7 +143,7 @@ void ConsoleOwner::run_now(const QString& line)
     if (!mHistory.add(line) && !std::exchange(mHistoryBroken, true))
         report_error(tr("The command history cannot be written; it will be lost at the end.\n"));
     mErrorContext = mPage->prompt() + line;
-    mRunning = true;
+    set_running(true);
     LineInterpreter::Outcome outcome;
     try {
         if (LineInterpreter* running = interpreter())
@@ -144,10 +153,17 @@ void ConsoleOwner::run_now(const QString& line)
         mWindow->print_data(text);
         report_error(text);
     }
-    mRunning = false;
+    set_running(false);
     mIncomplete = outcome.incomplete;
     mIndent = outcome.indent;
     prompt();
+}
+
+void ConsoleOwner::set_running(bool running)
+{
+    mRunning = running;
+    if (mBusyHandler)
+        mBusyHandler(running);
 }
 
 void ConsoleOwner::forget_waiting()

@@ -43,10 +43,16 @@ public:
     /** Is told of each change of mode that the user asks for, before the prompt changes. */
     void set_mode_handler(std::function<void(bool python)> handler);
 
+    /** Is told when a line begins to run, and when it has ended. */
+    void set_busy_handler(std::function<void(bool busy)> handler);
+
     /** Prints a prompt for the next line. */
     void prompt();
 
-    /** Runs @p line as though it had been typed, once the line that is running and those that wait are done.
+    /**
+     * Runs @p line as though it had been typed, once the line that is running and those that wait are done.
+     *
+     * A line that is half typed stays; a command that waits for its next line is given up.
      */
     void run_line(const QString& line);
 
@@ -68,6 +74,7 @@ private:
     void run_entered(const QString& line);
     void run_pasted(const QStringList& lines);
     void run_now(const QString& line);
+    void set_running(bool running);
     void run_waiting();
     void change_mode(bool python);
     void forget_pending();
@@ -80,6 +87,7 @@ private:
     LineInterpreter* mCommands = nullptr;
     LineInterpreter* mPython = nullptr;
     std::function<void(bool)> mModeHandler;
+    std::function<void(bool)> mBusyHandler;
     /** Lines that came while another was running. */
     QStringList mWaiting;
     /** The line to be named above the next error; empty once it has been. */

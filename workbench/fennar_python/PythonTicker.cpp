@@ -35,7 +35,14 @@ void PythonTicker::run()
     std::unique_lock lock(mMutex);
     while (!mEnding) {
         mChanged.wait(lock, [this] { return mActive || mEnding; });
-        if (!mChanged.wait_for(lock, 100ms, [this] { return mEnding; }) && mActive)
-            Py_AddPendingCall(mFunction, nullptr); // needs no lock of Python's; a full list just skips this
+        if (mChanged.wait_for(lock, 100ms, [this] { return mEnding; }) || !mActive)
+            continue;
+        // The GUI thread holds Python's lock when it asks for this one.
+        lock.unlock();
+        Py_AddPendingCall(mFunction, nullptr); // needs no lock of Python's; a full list just skips this
+        // Python 3.11 does not tell the GUI thread of a call that another thread has added: an endless loop
+        // there would never look. It does look whenever it has got Python's lock back.
+        PyGILState_Release(PyGILState_Ensure());
+        lock.lock();
     }
 }

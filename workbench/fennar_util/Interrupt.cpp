@@ -7,24 +7,29 @@
 
 namespace {
 
-std::atomic<bool> requested = false;
+std::atomic<int> requests = 0;
 int open_scopes = 0;
 
 } // namespace
 
 bool interrupt_requested()
 {
-    return requested.load(std::memory_order_relaxed);
+    return interrupt_requests() > 0;
+}
+
+int interrupt_requests()
+{
+    return requests.load(std::memory_order_relaxed);
 }
 
 void request_interrupt()
 {
-    requested.store(true);
+    ++requests;
 }
 
 void clear_interrupt()
 {
-    requested.store(false);
+    requests.store(0);
 }
 
 InterruptScope::InterruptScope()

@@ -6,6 +6,9 @@
 /** Whether the user has asked the running work to stop. Cheap, and safe from any thread. */
 bool interrupt_requested();
 
+/** How often he has, which tells a request from the one before it. Safe from any thread. */
+int interrupt_requests();
+
 /** Asks the running work to stop. Safe from any thread. */
 void request_interrupt();
 

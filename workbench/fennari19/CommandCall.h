@@ -28,6 +28,8 @@ public:
     const QList<CommandWord>& words() const { return mWords.words; }
     /** Whether there is a word @p i. */
     bool has(qsizetype i) const { return i >= 0 && i < count(); }
+    /** Where word @p i begins, from 1; the end of the line if there is no such word. */
+    qsizetype column(qsizetype i) const { return has(i) ? mWords.words[i].column : mWords.end_column; }
 
     /** Word @p i as it is; it may be empty if it was quoted. */
     QString text(qsizetype i, QAnyStringView what);
@@ -57,7 +59,6 @@ public:
 
 private:
     const CommandWord& word(qsizetype i, QAnyStringView what);
-    qsizetype column(qsizetype i) const { return has(i) ? mWords.words[i].column : mWords.end_column; }
 
     const CommandWords& mWords;
     CommandInterpreter& mInterpreter;

@@ -6,7 +6,6 @@
 #include "workbench/fennar_util/Interrupt.h"
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandRegistry.h"
-#include "workbench/fennari19/nearest_name.h"
 
 #include <QScopeGuard>
 
@@ -26,12 +25,8 @@ QString one_line(const QString& text)
     return result;
 }
 
-QString unknown_command(const QString& name, const CommandRegistry& registry)
-{
-    const QString nearest = nearest_name(name, registry.names());
-    const QString message = u"unknown command %1"_s.arg(CommandError::shown(name));
-    return nearest.isEmpty() ? message : message + u"; did you mean \"%1\"?"_s.arg(nearest);
-}
+/** A first word that is longer is no name of a command, and messages do not begin with it. */
+constexpr qsizetype longest_name = 60;
 
 } // namespace
 
@@ -42,6 +37,13 @@ struct CommandInterpreter::Call
     CommandWords words;
     /** Null until the command is found. Keeps it alive if it removes itself. */
     std::shared_ptr<const Command> command;
+
+    /** The command's name for messages, also if there is no such command; empty if the line has none. */
+    QString name() const
+    {
+        const QString word = words.words.isEmpty() ? QString() : words.words[0].text;
+        return word.size() <= longest_name && CommandRegistry::is_name(word) ? word : QString();
+    }
 };
 
 CommandInterpreter::CommandInterpreter(CommandRegistry& registry) : mRegistry(registry) {}
@@ -150,7 +152,7 @@ void CommandInterpreter::dispatch(Call& call)
         return;
     const CommandWord& name = call.words.words[0];
     if (!call.command)
-        throw CommandError(unknown_command(name.text, mRegistry), name.column);
+        throw mRegistry.not_found(name.text, name.column);
     CommandCall command_call(call.words, *this);
     call.command->run(command_call);
 }
@@ -164,8 +166,8 @@ void CommandInterpreter::report_at(const Call* call, const QString& message, qsi
         const QString line = QString::number(source.first_line + at.line);
         if (!source.file.isEmpty())
             text += source.file + u':' + line + ": "_L1;
-        if (call->command)
-            text += call->command->name + ": "_L1;
+        if (const QString name = call->name(); !name.isEmpty())
+            text += name + ": "_L1;
         if (source.file.isEmpty() && source.tell_line)
             text += "line "_L1 + line + (column > 0 ? ", "_L1 : ": "_L1);
         if (column > 0)

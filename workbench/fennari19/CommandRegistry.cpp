@@ -3,27 +3,26 @@
 
 #include "workbench/fennari19/CommandRegistry.h"
 
+#include "workbench/fennari19/nearest_name.h"
 #include "workbench/fennari19/tokenize.h"
 
 #include <algorithm>
 
-namespace {
+using namespace Qt::StringLiterals;
 
-bool is_command_name(const QString& name)
+bool CommandRegistry::is_name(const QString& text)
 {
     // A variable's name, apart from the two more marks that may follow the first letter.
-    return !name.isEmpty() && is_variable_name(name.first(1)) &&
-           std::all_of(name.begin(), name.end(), [](QChar c) {
+    return !text.isEmpty() && is_variable_name(text.first(1)) &&
+           std::all_of(text.begin(), text.end(), [](QChar c) {
                return c == u'-' || c == u'.' || (c >= u'0' && c <= u'9') ||
                       is_variable_name(QStringView(&c, 1));
            });
 }
 
-} // namespace
-
 CommandRegistry::AddResult CommandRegistry::add(const Command& command)
 {
-    if (!is_command_name(command.name))
+    if (!is_name(command.name))
         return AddResult::BadName;
     if (!command.run)
         return AddResult::NothingToRun;
@@ -41,4 +40,12 @@ bool CommandRegistry::remove(const QString& name)
 int CommandRegistry::remove_owner(const QString& owner)
 {
     return int(mCommands.removeIf([&owner](const auto& entry) { return entry.value()->owner == owner; }));
+}
+
+CommandError CommandRegistry::not_found(const QString& name, qsizetype column) const
+{
+    QString found = CommandError::shown(name);
+    if (const QString nearest = nearest_name(name, names()); !nearest.isEmpty())
+        found += u"; did you mean \"%1\"?"_s.arg(nearest);
+    return CommandError::expected(u"a command"_s, found, column);
 }

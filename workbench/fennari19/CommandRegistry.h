@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/fennari19/CommandError.h"
+
 #include <QMap>
 #include <QString>
 #include <QStringList>
@@ -43,6 +45,9 @@ public:
         NothingToRun,
     };
 
+    /** Whether @p text could be the name of a command. */
+    static bool is_name(const QString& text);
+
     /** Adds a command; nothing changes unless the result is Added. */
     AddResult add(const Command& command);
     /** Removes a command. Returns false if there is none of that name. */
@@ -59,6 +64,8 @@ public:
     std::shared_ptr<const Command> find(const QString& name) const { return mCommands.value(name); }
     /** All names, sorted. */
     QStringList names() const { return mCommands.keys(); }
+    /** The error that @p name is no command, with the one that was most likely meant. */
+    CommandError not_found(const QString& name, qsizetype column) const;
 
 private:
     QMap<QString, std::shared_ptr<const Command>> mCommands;

@@ -7,7 +7,6 @@
 #include "workbench/fennari19/CommandInterpreter.h"
 #include "workbench/fennari19/CommandRegistry.h"
 #include "workbench/fennari19/Playback.h"
-#include "workbench/fennari19/nearest_name.h"
 
 using namespace Qt::StringLiterals;
 
@@ -48,12 +47,8 @@ void help(CommandCall& call)
     }
     const CommandRegistry& registry = call.interpreter().registry();
     const std::shared_ptr<const Command> command = registry.find(*name);
-    if (!command) {
-        QString message = u"no command %1"_s.arg(CommandError::shown(*name));
-        if (const QString nearest = nearest_name(*name, registry.names()); !nearest.isEmpty())
-            message += u"; did you mean \"%1\"?"_s.arg(nearest);
-        throw call.error(1, message);
-    }
+    if (!command)
+        throw registry.not_found(*name, call.column(1));
     QString text = u"Usage: "_s + command->usage + u'\n' + command->summary + u'\n';
     if (!command->help.isEmpty())
         text += u'\n' + command->help + (command->help.endsWith(u'\n') ? u""_s : u"\n"_s);

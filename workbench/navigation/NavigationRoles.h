@@ -21,7 +21,7 @@ inline constexpr int Tip = Qt::ToolTipRole;
 inline constexpr int Kind = Qt::UserRole + 1;
 /** QString: the command line that a command starts from; its first word names the command. */
 inline constexpr int Command = Qt::UserRole + 2;
-/** QString: how the command is written, as in "echo [TEXT]"; empty if the file does not say. */
+/** QString: how the command is written, as in "echo [WORD...]"; empty if the file does not say. */
 inline constexpr int Usage = Qt::UserRole + 3;
 /** QString: the picture's name as the file gives it; empty for none. */
 inline constexpr int IconName = Qt::UserRole + 4;

@@ -66,6 +66,9 @@ private slots:
     void line_that_comes_while_another_runs_waits_for_its_end();
     void lines_that_wait_can_be_given_up();
     void run_line_keeps_what_is_half_typed();
+    void run_line_gives_up_a_command_that_is_not_complete();
+    void owner_tells_when_a_line_runs();
+    void error_page_has_the_font_of_the_command_page();
     void up_and_down_walk_the_history();
     void command_is_in_the_history_file_before_it_runs();
     void mode_change_tells_the_host_and_changes_the_prompt();
@@ -228,6 +231,35 @@ void TstConsoleOwner::run_line_keeps_what_is_half_typed()
     type(u"half"_s);
     mOwner->run_line(u"echo 1"_s);
     QCOMPARE(text(), u"Fennar>echo 1\nFennar>half"_s);
+}
+
+void TstConsoleOwner::run_line_gives_up_a_command_that_is_not_complete()
+{
+    mCommands.reply = [](const QString&) { return LineInterpreter::Outcome{true, u"    "_s}; };
+    enter(u"a \\"_s);
+    mCommands.reply = nullptr;
+    mOwner->run_line(u"echo 1"_s);
+    QCOMPARE(mCommands.resets, 1);
+    QCOMPARE(text(), u"Fennar>a \\\nFennar>echo 1\nFennar>"_s);
+}
+
+void TstConsoleOwner::owner_tells_when_a_line_runs()
+{
+    QStringList log;
+    mOwner->set_busy_handler([&](bool busy) { log << (busy ? u"busy"_s : u"idle"_s); });
+    mCommands.reply = [&](const QString& line) -> LineInterpreter::Outcome {
+        log << line;
+        if (line == u"b"_s)
+            throw std::runtime_error("broken");
+        return {};
+    };
+    paste(page(), u"a\nb\n"_s);
+    QCOMPARE(log, QStringList({u"busy"_s, u"a"_s, u"idle"_s, u"busy"_s, u"b"_s, u"idle"_s}));
+}
+
+void TstConsoleOwner::error_page_has_the_font_of_the_command_page()
+{
+    QCOMPARE(mOwner->error_page()->font(), page()->font());
 }
 
 void TstConsoleOwner::up_and_down_walk_the_history()

@@ -128,9 +128,10 @@ void TstBuiltinCommands::help_for_an_unknown_command_suggests_the_nearest()
 {
     BuiltinSession session;
     QCOMPARE(session.printed(u"help plya"_s),
-             u"ERROR: help: column 6: no command \"plya\"; did you mean \"play\"?\n"_s);
+             u"ERROR: help: column 6: expected a command, found \"plya\"; did you mean \"play\"?\n"_s);
     QCOMPARE(session.result, Result::Failed);
-    QCOMPARE(session.printed(u"help cylinder"_s), u"ERROR: help: column 6: no command \"cylinder\"\n"_s);
+    QCOMPARE(session.printed(u"help cylinder"_s),
+             u"ERROR: help: column 6: expected a command, found \"cylinder\"\n"_s);
 }
 
 void TstBuiltinCommands::echo_prints_words_with_one_blank()

@@ -164,8 +164,9 @@ void TstCommandInterpreter::text_stops_at_the_first_error()
     CommandSession session;
     QCOMPARE(session.interpreter.run(u"note a\nnoet b\nnote c\n"_s), Result::Failed);
     QCOMPARE(session.notes, QStringList(u"a"_s));
-    QCOMPARE(session.errors,
-             u"ERROR: line 2, column 1: unknown command \"noet\"; did you mean \"note\"?\n"_s);
+    QCOMPARE(
+        session.errors,
+        u"ERROR: noet: line 2, column 1: expected a command, found \"noet\"; did you mean \"note\"?\n"_s);
 }
 
 void TstCommandInterpreter::text_that_ends_in_a_continued_line_fails()
@@ -216,12 +217,18 @@ void TstCommandInterpreter::errors_are_one_line_with_command_and_column_data()
         << u"$move"_s << u"ERROR: column 1: unknown variable \"move\"\n"_s;
     QTest::newRow("fault behind an unknown command")
         << u"mvoe \"1"_s
-        << u"ERROR: column 6: expected a closing double quote, found the end of the line\n"_s;
-    QTest::newRow("unknown command") << u" cylinder"_s
-                                     << u"ERROR: column 2: unknown command \"cylinder\"\n"_s;
-    QTest::newRow("other case") << u"Move 1"_s
-                                << u"ERROR: column 1: unknown command \"Move\"; did you mean \"move\"?\n"_s;
-    QTest::newRow("empty command name") << u"''"_s << u"ERROR: column 1: unknown command \"\"\n"_s;
+        << u"ERROR: mvoe: column 6: expected a closing double quote, found the end of the line\n"_s;
+    QTest::newRow("unknown command")
+        << u" cylinder"_s << u"ERROR: cylinder: column 2: expected a command, found \"cylinder\"\n"_s;
+    QTest::newRow("word that names no command")
+        << u"=5 x"_s << u"ERROR: column 1: expected a command, found \"=5\"\n"_s;
+    QTest::newRow("word too long to be repeated")
+        << QString(61, u'x')
+        << QString(u"ERROR: column 1: expected a command, found \""_s + QString(60, u'x') + u"...\"\n"_s);
+    QTest::newRow("other case")
+        << u"Move 1"_s
+        << u"ERROR: Move: column 1: expected a command, found \"Move\"; did you mean \"move\"?\n"_s;
+    QTest::newRow("empty command name") << u"''"_s << u"ERROR: column 1: expected a command, found \"\"\n"_s;
     QTest::newRow("long word is cut")
         << QString(u"move "_s + QString(100, u'x'))
         << QString(u"ERROR: move: column 6: expected a distance (a number), found \""_s + QString(60, u'x') +
@@ -388,7 +395,8 @@ void TstCommandInterpreter::commands_may_run_commands()
         throw CommandError(u"tried"_s);
     });
     QCOMPARE(session.interpreter.enter(u"try"_s), Result::Failed);
-    QCOMPARE(session.errors, u"ERROR: column 1: unknown command \"nix\"\nERROR: try: tried\n"_s);
+    QCOMPARE(session.errors,
+             u"ERROR: nix: column 1: expected a command, found \"nix\"\nERROR: try: tried\n"_s);
 }
 
 void TstCommandInterpreter::entered_line_may_enter_lines()

@@ -275,8 +275,9 @@ void TstPlayback::first_error_ends_with_file_and_line_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("error");
-    QTest::newRow("unknown command") << QByteArray("step 1\n\nnix 2\nstep 3\n")
-                                     << u"ERROR: a.jou:3: column 1: unknown command \"nix\"\n"_s;
+    QTest::newRow("unknown command")
+        << QByteArray("step 1\n\nnix 2\nstep 3\n")
+        << u"ERROR: a.jou:3: nix: column 1: expected a command, found \"nix\"\n"_s;
     QTest::newRow("fault in a command") << QByteArray("step 1\nset = 5\nstep 3\n")
                                         << u"ERROR: a.jou:2: set: column 5: expected a name, found \"=\"\n"_s;
     QTest::newRow("fault on a continued line")
@@ -466,8 +467,8 @@ void TstPlayback::error_behind_an_inner_journal_is_its_own()
     session.write(u"b.jou"_s, "nix\n");
     session.add("try", [&session](CommandCall&) { session.playback.play(u"b.jou"_s); });
     QCOMPARE(session.play("try\nnix"), Outcome::Failed);
-    QCOMPARE(session.errors, u"ERROR: b.jou:1: column 1: unknown command \"nix\"\n"
-                             "ERROR: a.jou:2: column 1: unknown command \"nix\"\n"_s);
+    QCOMPARE(session.errors, u"ERROR: b.jou:1: nix: column 1: expected a command, found \"nix\"\n"
+                             "ERROR: a.jou:2: nix: column 1: expected a command, found \"nix\"\n"_s);
 }
 
 void TstPlayback::nesting_is_limited()
@@ -490,7 +491,7 @@ void TstPlayback::lines_are_played_like_a_file()
              Outcome::Failed);
     QCOMPARE(session.log,
              QStringList({u"> "_s, u"> step \\"_s, u">  1"_s, u"step 1"_s, u"> nix"_s, u"error"_s}));
-    QCOMPARE(session.errors, u"ERROR: journal:4: column 1: unknown command \"nix\"\n"_s);
+    QCOMPARE(session.errors, u"ERROR: journal:4: nix: column 1: expected a command, found \"nix\"\n"_s);
     QCOMPARE(session.playback.play_lines({}, u"journal"_s), Outcome::Played);
 }
 
