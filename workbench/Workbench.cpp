@@ -23,6 +23,7 @@
 #include "workbench/ostrelfw/OutputRouter.h"
 
 #include <QDeadlineTimer>
+#include <QGuiApplication>
 #include <QPixmap>
 #include <QStandardPaths>
 #include <QTimer>
@@ -43,6 +44,9 @@ constexpr qint64 turn_interval = 50;
 
 /** How long a paused journal rests between its looks at the user's input. */
 constexpr auto pause_interval = 10ms;
+
+/** How long, in milliseconds, the start waits for the splash screen to be seen. */
+constexpr qint64 splash_patience = 300;
 
 /** How long, in milliseconds, a picture waits for the window to come to the screen. */
 constexpr qint64 picture_patience = 2000;
@@ -90,6 +94,16 @@ void run_python_command(CommandCall& call)
         throw call.error(0, u"Python is not available"_s);
     if (python->Run_SimpleString(source.constData()) != 0)
         throw call.error(1, u"the Python statement failed"_s);
+}
+
+/** Lets the windows that have been shown, which is the splash screen, come to the screen and be painted. */
+void wait_for_windows()
+{
+    const QDeadlineTimer patience(splash_patience);
+    const auto exposed = [](const QWindow* window) { return !window->isVisible() || window->isExposed(); };
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    while (!std::all_of(windows.begin(), windows.end(), exposed) && !patience.hasExpired())
+        QCoreApplication::processEvents();
 }
 
 /** @p text as a string literal of Python. */
@@ -158,8 +172,10 @@ void Workbench::set_up_python()
     hooks.run_command = [this](const QString& text) {
         const bool done = Fennar::instance().interpreter().run(text) == CommandInterpreter::Result::Done;
         // What ends a command ends the Python code that has called it.
-        if (interrupt_requested())
+        if (!done && interrupt_requested()) {
+            mInterruptsPassedOn = interrupt_requests();
             PythonRuntime::request_interrupt();
+        }
         return done;
     };
     hooks.wake = [this] { announce_output(); };
@@ -174,6 +190,7 @@ void Workbench::set_up_python()
 bool Workbench::load()
 {
     mFrame.start_splash(":/workbench/splash.png");
+    wait_for_windows();
     mFrame.show_splash_message("Loading the main window");
     const bool loaded = mFrame.load_gui();
     mFrame.finish_splash();

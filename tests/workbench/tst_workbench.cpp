@@ -590,7 +590,9 @@ void TstWorkbench::each_click_on_cancel_interrupts_python()
 void TstWorkbench::cancelled_command_interrupts_the_python_that_called_it()
 {
     CommandRegistry& registry = Fennar::instance().registry();
-    registry.add({u"work"_s, u"work"_s, {}, {}, u"test"_s, [](CommandCall& call) {
+    int calls = 0;
+    registry.add({u"work"_s, u"work"_s, {}, {}, u"test"_s, [&calls](CommandCall& call) {
+                      ++calls;
                       QTRY_VERIFY_WITH_TIMEOUT(call.interrupted(), 20000);
                       throw call.error(0, u"interrupted"_s);
                   }});
@@ -599,6 +601,7 @@ void TstWorkbench::cancelled_command_interrupts_the_python_that_called_it()
     enter(u"exec('while True:\\n try: fennar.cmd(\"work\")\\n except fennar.CommandError: pass')"_s);
     registry.remove_owner(u"test"_s);
     QVERIFY2(text().endsWith(u"KeyboardInterrupt\n>>>"_s), qPrintable(text()));
+    QCOMPARE(calls, 1);
 }
 
 void TstWorkbench::cancel_ends_a_journal()
