@@ -75,6 +75,7 @@ private:
     PythonConsole mConsole{PythonRuntime::user_namespace()};
 };
 
+/** Leaves the file's error flag set if the text could not be written. */
 void print_to(std::FILE* file, const QString& text)
 {
     const QByteArray bytes = text.toUtf8();
@@ -156,9 +157,11 @@ void Workbench::set_up_commands()
     });
     fennar.playback().set_python_hook(&PythonRuntime::run_file);
     fennar.playback().set_change_directory([] { return Broker::instance()->change_dir_on_playback(); });
-    fennar.registry().add({u"python"_s, u"python STATEMENT..."_s, u"Runs a Python statement."_s,
-                           u"The words are joined with blanks; quote the statement to keep its own quotes."_s,
-                           u"workbench"_s, &run_python_command});
+    fennar.registry().add(
+        {u"python"_s, u"python STATEMENT..."_s, u"Runs a Python statement."_s,
+         u"The words are joined with blanks. Quote the statement if it has quotes of its own, as\n"
+         "    python 'print(\"done\")'"_s,
+         u"workbench"_s, &run_python_command});
     fennar.registry().add({u"picture"_s, u"picture FILE"_s, u"Writes a picture of the main window."_s,
                            u"The ending of FILE selects the format, as .png or .jpg."_s, u"workbench"_s,
                            [this](CommandCall& call) { write_picture(call); }});
@@ -236,6 +239,10 @@ int Workbench::play_batch(const QString& journal)
     const Playback::Outcome outcome = Fennar::instance().playback().play(journal);
     PythonRuntime::deliver_output();
     OutputRouter::instance().set_fallback(nullptr);
+    if (std::ferror(stdout)) {
+        print_to(stderr, u"ERROR: the output could not be written\n"_s);
+        return 1;
+    }
     return mQuitting || outcome == Playback::Outcome::Played ? 0 : 1;
 }
 
@@ -254,7 +261,9 @@ void Workbench::set_console(OutputHandler* window)
 void Workbench::report_error(const QString& text)
 {
     if (!mConsole) {
-        print_to(stderr, text);
+        // That "quit" has stopped the journal it stands in is what was asked for.
+        if (!mQuitting)
+            print_to(stderr, text);
         return;
     }
     Broker::command << text;

@@ -48,7 +48,7 @@ public:
     /**
      * Plays @p journal without a window. Output goes to standard output, errors to standard error.
      *
-     * @return the program's exit status: 0, or 1 if the journal failed.
+     * @return the program's exit status: 0, or 1 if the journal failed or its output could not be written.
      */
     int play_batch(const QString& journal);
 

@@ -25,6 +25,22 @@ bool works_without_display(int argc, char** argv)
     });
 }
 
+/** Whether there is a place for windows. Qt ends the program with a stack of messages where there is none. */
+bool has_display(int argc, char** argv)
+{
+#ifdef Q_OS_LINUX
+    const bool chosen = std::any_of(argv + 1, argv + argc, [](const char* word) {
+        return !std::strcmp(word, "-platform") || !std::strcmp(word, "--platform");
+    });
+    return chosen || !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+#else
+    Q_UNUSED(argc)
+    Q_UNUSED(argv)
+    return true;
+#endif
+}
+
 std::unique_ptr<QCoreApplication> make_application(int& argc, char** argv)
 {
     QCoreApplication::setOrganizationName(u"ostrel"_s);
@@ -47,6 +63,10 @@ std::unique_ptr<QCoreApplication> make_application(int& argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    if (!works_without_display(argc, argv) && !has_display(argc, argv)) {
+        std::fputs("fennar: there is no display; without one there is --batch --play FILE\n", stderr);
+        return 1;
+    }
     const std::unique_ptr<QCoreApplication> application = make_application(argc, argv);
     CommandLine& command_line = CommandLine::of_application();
     if (!command_line.error().isEmpty()) {

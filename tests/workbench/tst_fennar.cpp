@@ -61,6 +61,9 @@ private slots:
     void init();
 
     void help_and_version_need_no_display();
+    void missing_display_is_told_in_one_line();
+    void output_that_cannot_be_written_fails_the_batch_run();
+    void quit_ends_a_batch_run_without_a_word();
     void wrong_argument_is_named_with_the_usage();
     void batch_run_prints_and_succeeds();
     void batch_run_fails_with_file_and_line();
@@ -105,6 +108,33 @@ void TstFennar::help_and_version_need_no_display()
     const Run version = run({u"--version"_s}, no_display);
     QCOMPARE(version.code, 0);
     QVERIFY2(version.output.startsWith("fennar "_L1), qPrintable(version.output));
+}
+
+void TstFennar::missing_display_is_told_in_one_line()
+{
+    const Run refused = run({}, {{u"QT_QPA_PLATFORM"_s, {}}, {u"DISPLAY"_s, {}}, {u"WAYLAND_DISPLAY"_s, {}}});
+    QCOMPARE(refused.status, QProcess::NormalExit);
+    QCOMPARE(refused.code, 1);
+    QCOMPARE(refused.errors, u"fennar: there is no display; without one there is --batch --play FILE\n"_s);
+}
+
+void TstFennar::output_that_cannot_be_written_fails_the_batch_run()
+{
+    const QString journal = write(u"good.jou"_s, "echo one\n");
+    const Run full =
+        run({u"-c"_s, u"exec \"$0\" --batch --play \"$1\" >/dev/full"_s, QStringLiteral(FENNAR), journal}, {},
+            u"/bin/sh"_s);
+    QCOMPARE(full.code, 1);
+    QCOMPARE(full.errors, u"ERROR: the output could not be written\n"_s);
+}
+
+void TstFennar::quit_ends_a_batch_run_without_a_word()
+{
+    const QString journal = write(u"quit.jou"_s, "echo one\nquit\necho never\n");
+    const Run ended = run({u"--batch"_s, u"--play"_s, journal});
+    QCOMPARE(ended.code, 0);
+    QCOMPARE(ended.errors, QString());
+    QVERIFY(!ended.output.contains("never"_L1));
 }
 
 void TstFennar::wrong_argument_is_named_with_the_usage()

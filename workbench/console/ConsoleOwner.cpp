@@ -191,6 +191,8 @@ void ConsoleOwner::change_mode(bool python)
     if (mModeHandler)
         mModeHandler(python);
     mWindow->set_python_mode(python);
+    // A click on the button has taken it.
+    mWindow->set_focus();
 }
 
 void ConsoleOwner::forget_pending()

@@ -12,6 +12,7 @@
 #include <QClipboard>
 #include <QFile>
 #include <QGuiApplication>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -72,6 +73,7 @@ private slots:
     void up_and_down_walk_the_history();
     void command_is_in_the_history_file_before_it_runs();
     void mode_change_tells_the_host_and_changes_the_prompt();
+    void click_on_a_mode_button_leaves_the_keyboard_with_the_page();
     void mode_change_drops_the_pending_lines_of_the_old_mode();
     void line_goes_to_the_interpreter_of_the_mode();
     void clearing_drops_pending_lines();
@@ -139,6 +141,7 @@ void TstConsoleOwner::page_keeps_its_font_until_another_is_chosen()
 {
     QCOMPARE(page()->font().family(), CommandWidget().font().family());
     QCOMPARE(mWindow->get_font(), page()->font());
+    QCOMPARE(mOwner->error_page()->font(), page()->font());
     QFont chosen(u"DejaVu Serif"_s, 13);
     mOwner.reset();
     mWindow = std::make_unique<CommandWindow>();
@@ -306,6 +309,17 @@ void TstConsoleOwner::mode_change_tells_the_host_and_changes_the_prompt()
     emit mWindow->commandModeChanged(false);
     QVERIFY(!HostDouble::instance().python_mode);
     QCOMPARE(text(), u"Fennar>"_s);
+}
+
+void TstConsoleOwner::click_on_a_mode_button_leaves_the_keyboard_with_the_page()
+{
+    QVERIFY(show_active(mWindow.get()));
+    for (QPushButton* button : mWindow->findChildren<QPushButton*>()) {
+        if (!button->isChecked())
+            QTest::mouseClick(button, Qt::LeftButton);
+    }
+    QVERIFY(mOwner->python_mode());
+    QVERIFY(page()->hasFocus());
 }
 
 void TstConsoleOwner::mode_change_drops_the_pending_lines_of_the_old_mode()
