@@ -37,6 +37,12 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+// Nothing else would link the resources of a static library. Not in a namespace, as Qt demands.
+static void init_resources()
+{
+    Q_INIT_RESOURCE(workbench);
+}
+
 namespace {
 
 /** How often, in milliseconds, work that goes on gives the shell its turn. */
@@ -121,6 +127,7 @@ QString python_literal(QString text)
 
 Workbench::Workbench()
 {
+    init_resources();
     set_up_commands();
     set_up_python();
     HostMediator::instance().set_exit_handler([this] { end_run(); });

@@ -26,6 +26,7 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSplashScreen>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -35,6 +36,25 @@
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/** Sees which splash screens are painted, and with what picture, before there is a main window. */
+class SplashWatcher : public QObject
+{
+public:
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        const auto* splash = qobject_cast<QSplashScreen*>(object);
+        if (splash && event->type() == QEvent::Paint && !Ostrel::instance())
+            pictures << splash->pixmap().toImage();
+        return false;
+    }
+
+    QList<QImage> pictures;
+};
+
+} // namespace
 
 /**
  * The whole application on its real host: what a user types goes in at the keyboard and what is checked is
@@ -50,6 +70,7 @@ private slots:
     void cleanup();
     void cleanupTestCase();
 
+    void splash_screen_with_a_picture_comes_first();
     void window_has_a_black_area_a_command_panel_and_a_console();
     void typed_command_is_answered_above_the_next_prompt();
     void continued_command_gets_a_second_prompt();
@@ -123,6 +144,7 @@ private:
     static void choose_entry(const QString& title);
     QString write_journal(const QString& name, const QByteArray& content);
 
+    SplashWatcher mSplash;
     std::unique_ptr<Workbench> mWorkbench;
     QTemporaryDir mDirectory;
 };
@@ -131,7 +153,9 @@ void TstWorkbench::initTestCase()
 {
     TestCase::init();
     mWorkbench = std::make_unique<Workbench>();
+    QCoreApplication::instance()->installEventFilter(&mSplash);
     QVERIFY(mWorkbench->load());
+    QCoreApplication::instance()->removeEventFilter(&mSplash);
     QVERIFY(show_active(Ostrel::instance()));
 }
 
@@ -163,6 +187,12 @@ QString TstWorkbench::write_journal(const QString& name, const QByteArray& conte
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
         qFatal("the journal could not be written");
     return path;
+}
+
+void TstWorkbench::splash_screen_with_a_picture_comes_first()
+{
+    QVERIFY(!mSplash.pictures.isEmpty());
+    QCOMPARE(mSplash.pictures.last().size(), QSize(560, 320));
 }
 
 void TstWorkbench::window_has_a_black_area_a_command_panel_and_a_console()
