@@ -119,10 +119,14 @@ void ConsoleOwner::run_pasted(const QStringList& lines)
     if (commands.isEmpty())
         return;
     if (!mRunning) {
-        // Lines pasted into a half-typed command go where the caret is, as a single word would.
+        // Lines pasted into a half-typed command go where the caret is, as a single word would. They bring
+        // their own indentation, so one that the prompt has given is no half-typed command.
         QString typed = mPage->currentCommand();
-        const int caret = mPage->cursorIndex();
-        commands.first() = typed.insert(caret < 0 ? typed.size() : caret, commands.first());
+        if (typed == mIndent)
+            typed.clear();
+        const qsizetype caret = mPage->cursorIndex();
+        commands.first() =
+            typed.insert(caret < 0 ? typed.size() : std::min(caret, typed.size()), commands.first());
     }
     mWaiting.append(commands);
     if (!mRunning)

@@ -64,6 +64,7 @@ private slots:
     void trailing_empty_element_is_ignored_but_a_middle_one_runs();
     void carriage_returns_before_pasted_line_ends_are_dropped();
     void pasted_lines_go_where_the_caret_is();
+    void pasted_lines_replace_the_indentation_of_the_prompt();
     void line_that_comes_while_another_runs_waits_for_its_end();
     void lines_that_wait_can_be_given_up();
     void run_line_keeps_what_is_half_typed();
@@ -202,6 +203,15 @@ void TstConsoleOwner::pasted_lines_go_where_the_caret_is()
         QTest::keyClick(page(), Qt::Key_Left);
     paste(page(), u"1 \n2"_s);
     QCOMPARE(mCommands.lines, QStringList({u"echo 1 end"_s, u"2"_s}));
+}
+
+void TstConsoleOwner::pasted_lines_replace_the_indentation_of_the_prompt()
+{
+    mCommands.reply = [](const QString&) { return LineInterpreter::Outcome{true, u"    "_s}; };
+    enter(u"begin"_s);
+    QCOMPARE(page()->currentCommand(), u"    "_s);
+    paste(page(), u"    one\n    two"_s);
+    QCOMPARE(mCommands.lines, QStringList({u"begin"_s, u"    one"_s, u"    two"_s}));
 }
 
 void TstConsoleOwner::line_that_comes_while_another_runs_waits_for_its_end()
