@@ -51,7 +51,8 @@ int play_nested_fork()
         return user->Run_SimpleString(text.toUtf8().constData()) == 0;
     };
     const int result = user->Run_SimpleString(
-        "import os\n"
+        "import os, warnings\n"
+        "warnings.simplefilter('ignore', DeprecationWarning)\n"
         "fennar.cmd('child = os.fork()\\n'\n"
         "           'if child: print(os.waitstatus_to_exitcode(os.waitpid(child, 0)[1]))')\n"
         "print('back')");
@@ -336,7 +337,8 @@ private slots:
         QFETCH(QString, errors);
         // What the parent writes is shown by the recorder, at the end; what the child writes is there before.
         const ChildResult result =
-            run_source(u"import fennar, os, sys, threading\n"
+            run_source(u"import fennar, os, sys, threading, warnings\n"
+                       "warnings.simplefilter('ignore', DeprecationWarning) # of forking beside threads\n"
                        "child = os.fork()\n"
                        "if not child:\n"
                        "    %1\n"
@@ -351,7 +353,8 @@ private slots:
     void forked_worker_can_print()
     {
         const ChildResult result =
-            run_source(u"import multiprocessing\n"
+            run_source(u"import multiprocessing, warnings\n"
+                       "warnings.simplefilter('ignore', DeprecationWarning)\n"
                        "worker = multiprocessing.get_context('fork').Process(target=print, args=('child',))\n"
                        "worker.start(); worker.join(); print(worker.exitcode)"_s);
         QCOMPARE(result.errors, QString());

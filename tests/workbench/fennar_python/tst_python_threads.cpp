@@ -208,8 +208,8 @@ private slots:
         QVERIFY(run("def work():\n    time.sleep(0.01); print('worked')\n"
                     "t = threading.Thread(target=work); t.start()"));
         QTRY_COMPARE(mRecorder.wakes.load(), 1);
-        PythonRuntime::deliver_output();
         QVERIFY(run("t.join()"));
+        PythonRuntime::deliver_output();
         QCOMPARE(mRecorder.output, u"worked\n"_s);
     }
 
@@ -281,7 +281,8 @@ private slots:
         QTRY_VERIFY(mRecorder.wakes > 0);
         const int wakes = mRecorder.wakes;
         PythonRuntime::deliver_output();
-        QVERIFY(mRecorder.output.startsWith(u"x\n"_s));
+        // A line is written in two pieces, and the word that text waits comes with the first.
+        QVERIFY(mRecorder.output.startsWith(u'x'));
         QTRY_VERIFY(mRecorder.wakes > wakes);
         QVERIFY(run("going = False\nt.join()"));
     }
