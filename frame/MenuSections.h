@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QPointer>
+#include <QString>
+
+#include <vector>
+
+class QAction;
+class QMenu;
+class QToolBar;
+
+/** One action or separator of a menu or toolbar. */
+struct MenuEntry
+{
+    /** The component that added it, or "ot_section_separator" for a separator between sections. */
+    QString owner;
+    /** Not owned; null for a separator. */
+    QAction* action = nullptr;
+    /** What QMenu::addSeparator() gave. Null for an action, and always on a toolbar. */
+    QAction* separator = nullptr;
+    /** Becomes null when the action is deleted before it is removed; the widget must not see it again. */
+    QPointer<QAction> living_action;
+};
+
+/** A named run of entries. Owns them. */
+struct MenuSection
+{
+    explicit MenuSection(const QString& section_name) : name(section_name) {}
+    ~MenuSection();
+    Q_DISABLE_COPY_MOVE(MenuSection)
+
+    QString name;
+    std::vector<MenuEntry*> entries;
+};
+
+/**
+ * The ordered list behind one menu or one toolbar: named sections of entries, each marked with the component
+ * that owns it. It keeps the order while components come and go, and takes away what one of them added.
+ *
+ * Names are compared exactly and case-sensitively; they are UTF-8. Neither the widget nor the actions are
+ * owned. GUI thread only.
+ */
+class MenuSections
+{
+public:
+    /** @param list_name  the menu's title or the toolbar's name. */
+    explicit MenuSections(const QString& list_name) : name(list_name) {}
+    /** Deletes sections and entries, and leaves the widget with its actions alone. */
+    ~MenuSections();
+    Q_DISABLE_COPY_MOVE(MenuSections)
+
+    /** Sets the menu to fill. @p bar_action stands for it in the menu bar; may be null. */
+    void set_menu(QMenu* filled_menu, QAction* bar_action);
+    /** Sets the toolbar to fill. */
+    void set_toolbar(QToolBar* filled_toolbar) { toolbar = filled_toolbar; }
+
+    /**
+     * Finds a section, or makes it.
+     *
+     * @param section   null stands for the last section; if there is none, one is made that is named after
+     * the list, with "_section" behind it.
+     * @param position  the index to insert a new section at; one outside the list appends.
+     * @param run       is set to the number of actions behind the last separator, up to the end of the
+     * section found. May be null.
+     * @param total     is set to the number of entries up to there. May be null.
+     */
+    MenuSection* find_section(const char* section, int position, int* run, int* total);
+    /** Makes a section if there is none of that name. Does nothing with a null name. */
+    void add_section(const char* section, int position);
+
+    /** Adds one action, as add_items() does. */
+    void add_item(QAction* action, const char* component, const char* section);
+    /**
+     * Adds actions at the end of a section.
+     *
+     * @param actions    a null element asks for a separator; leading and doubled ones are left out.
+     * @param component  the owner mark; with null nothing is added.
+     * @param section    as for find_section(); it is made even if nothing is added.
+     */
+    void add_items(std::vector<QAction*>& actions, const char* component, const char* section);
+    /**
+     * Removes all entries of @p component, and separators that would then lead the list. Null removes
+     * nothing.
+     *
+     * A toolbar that loses a separator is emptied altogether, which is intended: what stays in the list is
+     * shown again when items are added to a section that has others behind it.
+     */
+    void remove_items(const char* component);
+    /** Appends the actions of a section to @p out, without separators; those of the first one if null. */
+    void get_items(std::vector<QAction*>& out, const char* section) const;
+
+    std::vector<MenuSection*> sections;
+    QString name;
+    QToolBar* toolbar = nullptr;
+    QMenu* menu = nullptr;
+    QAction* menu_action = nullptr;
+
+private:
+    void take_out(MenuEntry& entry);
+    void put_in(MenuEntry& entry);
+    void put_in_again(MenuSection& section, int& run);
+    void clear_toolbar();
+};
