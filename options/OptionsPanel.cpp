@@ -1,0 +1,163 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "options/OptionsPanel.h"
+
+#include "ui_QtOptionsPanel.h"
+
+#include <QMap>
+#include <QPointer>
+
+namespace {
+
+struct PanelEntry
+{
+    /** Not owned; null for a mere group. */
+    QPointer<QWidget> page;
+    /** The tree's; null when an item above it has been deleted. */
+    QTreeWidgetItem* item = nullptr;
+};
+
+/** The keys of all groups above the last part, the outermost one first. */
+QStringList ancestor_keys(QStringList parts)
+{
+    QStringList keys;
+    while (parts.size() >= 2) {
+        parts.removeLast();
+        keys.prepend(parts.join(u'/'));
+    }
+    return keys;
+}
+
+bool is_below(const QTreeWidgetItem* item, const QTreeWidgetItem* ancestor)
+{
+    for (const QTreeWidgetItem* above = item->parent(); above; above = above->parent())
+        if (above == ancestor)
+            return true;
+    return false;
+}
+
+} // namespace
+
+struct OptionsPanel::Form : Ui::QtOptionsPanel
+{
+    ~Form() { qDeleteAll(mPanels); }
+
+    QMap<QString, PanelEntry*> mPanels;
+};
+
+OptionsPanel::OptionsPanel(QWidget* parent) : QDialog(parent), mForm(std::make_unique<Form>())
+{
+    mForm->setupUi(this);
+    connect(mForm->mCancelButton, &QPushButton::clicked, this, &OptionsPanel::close);
+    connect(mForm->mSaveButton, &QPushButton::clicked, this, &OptionsPanel::saveClicked);
+    connect(mForm->mOptionList, &QTreeWidget::currentItemChanged, this, &OptionsPanel::changeWidget);
+}
+
+OptionsPanel::~OptionsPanel()
+{
+    // The tree changes its current item while it is torn down, when there are no entries to look up any more.
+    mForm->mOptionList->disconnect(this);
+}
+
+void OptionsPanel::add_panel(const QString& path, QWidget* page)
+{
+    if (path.isEmpty())
+        return;
+    if (PanelEntry* known = mForm->mPanels.value(path)) {
+        if (page && !known->page) {
+            known->page = page;
+            mForm->mOptionStack->addWidget(page);
+        }
+        return;
+    }
+
+    const QStringList parts = path.split(u'/');
+    const QStringList ancestors = ancestor_keys(parts);
+    QTreeWidgetItem* parent = mForm->mOptionList->invisibleRootItem();
+    // Counts down, which is intended: new groups of three levels and more get their labels in reverse order.
+    qsizetype label = ancestors.size();
+    for (const QString& key : ancestors) {
+        --label;
+        if (const PanelEntry* group = mForm->mPanels.value(key)) {
+            if (group->item)
+                parent = group->item;
+            continue;
+        }
+        auto* item = new QTreeWidgetItem(parent, {parts[label]});
+        mForm->mPanels.insert(key, new PanelEntry{{}, item});
+        parent = item;
+    }
+    auto* leaf = new QTreeWidgetItem(parent, {parts.last()});
+    mForm->mPanels.insert(path, new PanelEntry{page, leaf});
+    if (page)
+        mForm->mOptionStack->addWidget(page);
+    mForm->mOptionList->sortItems(0, Qt::AscendingOrder);
+}
+
+void OptionsPanel::remove_panel(const QString& path)
+{
+    const std::unique_ptr<PanelEntry> entry(mForm->mPanels.take(path));
+    if (!entry)
+        return;
+    const bool shown = entry->page && mForm->mOptionStack->currentWidget() == entry->page;
+    if (entry->item) {
+        forget_items_below(entry->item);
+        // The tree selects a neighbour.
+        delete entry->item;
+    }
+    if (entry->page) {
+        if (shown)
+            mForm->mOptionStack->setCurrentWidget(mForm->mBlankPage);
+        mForm->mOptionStack->removeWidget(entry->page);
+    }
+}
+
+void OptionsPanel::show_panel(const QString& path)
+{
+    const PanelEntry* entry = mForm->mPanels.value(path);
+    if (entry && entry->item)
+        mForm->mOptionList->setCurrentItem(entry->item);
+    if (isHidden()) {
+        refresh_settings();
+        exec();
+    }
+}
+
+void OptionsPanel::refresh_settings()
+{
+    emit refreshSettings();
+}
+
+void OptionsPanel::select_first()
+{
+    mForm->mOptionList->setCurrentItem(mForm->mOptionList->topLevelItem(0));
+}
+
+void OptionsPanel::saveClicked()
+{
+    emit saveSettings();
+    close();
+}
+
+// Goes by the labels shown and not by the items, which is intended.
+void OptionsPanel::changeWidget(QTreeWidgetItem* current, QTreeWidgetItem*)
+{
+    mForm->mOptionStack->setCurrentWidget(mForm->mBlankPage);
+    if (!current)
+        return;
+    QStringList labels;
+    for (const QTreeWidgetItem* item = current; item; item = item->parent())
+        labels.prepend(item->text(0));
+    const PanelEntry* entry = mForm->mPanels.value(labels.join(u'/'));
+    if (entry && entry->page)
+        mForm->mOptionStack->setCurrentWidget(entry->page);
+}
+
+/** The items die with @p item; their entries stay and must not touch them again. */
+void OptionsPanel::forget_items_below(QTreeWidgetItem* item)
+{
+    for (PanelEntry* entry : std::as_const(mForm->mPanels))
+        if (entry->item && is_below(entry->item, item))
+            entry->item = nullptr;
+}
