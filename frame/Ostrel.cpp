@@ -15,6 +15,7 @@
 #include "host/ostrelfw/CLOptions.h"
 #include "host/ostrelfw/CLParser.h"
 #include "host/ostrelfw/Mediator.h"
+#include "journal/JournalEditor.h"
 #include "resources/load_icon.h"
 
 #include <QAction>
@@ -143,13 +144,15 @@ Ostrel::Ostrel(QWidget* parent, const char* name) : QMainWindow(parent), mTitle(
         mCommandPanelDock = nullptr;
     }
 
+    mJournalEditor = new JournalEditor(this);
+
     mProgress = new ProgressControl(statusBar());
     statusBar()->addPermanentWidget(mProgress, 0);
 
     auto* to_console = new QShortcut(QKeySequence(u"Ctrl+L"_s), this);
     connect(to_console, &QShortcut::activated, this, &Ostrel::set_focus_to_command_window);
 
-    // Last, since it needs the console and may replace the command panel.
+    // Last, since it needs the console and the journal editor and may replace the command panel.
     restore_settings();
 }
 
@@ -160,6 +163,7 @@ Ostrel::~Ostrel()
     QPixmapCache::clear();
     mSections.reset();
     delete mDefaultWidget;
+    delete mJournalEditor;
     delete mCommandWindow;
     // After all widgets that may have registered with it.
     mEventFilter.reset();
@@ -372,6 +376,14 @@ void Ostrel::keyPressEvent(QKeyEvent* e)
 
 void Ostrel::closeEvent(QCloseEvent* e)
 {
+    if (mJournalEditor && !mJournalEditor->isHidden()) {
+        mJournalEditor->close();
+        if (!mJournalEditor->isHidden()) {
+            save_settings();
+            e->ignore();
+            return;
+        }
+    }
     save_settings();
     e->accept();
     Broker::instance()->request_exit();

@@ -6,6 +6,7 @@
 #include "frame/read_setting.h"
 #include "host/ostrelfw/CLOptions.h"
 #include "host/ostrelfw/CLParser.h"
+#include "journal/JournalEditor.h"
 
 #include <QDir>
 #include <QFile>
@@ -81,6 +82,7 @@ void Ostrel::restore_settings()
     if (settings.contains(u"/fontsize"_s) && size > 0)
         font.setPointSize(size);
     mCommandWindow->set_font(font);
+    mJournalEditor->set_editor_font(font);
 
     if (read_setting(settings, u"/usetrim"_s, true))
         mCommandWindow->set_cmd_max_lines(read_setting(settings, u"/trimlimit"_s, 1024));
@@ -115,6 +117,10 @@ void Ostrel::save_settings()
     settings.setValue(u"/usetrim"_s, limit != 0);
     settings.setValue(u"/trimlimit"_s, limit);
     settings.setValue(u"/historylimit"_s, mCommandWindow->get_other_max_lines());
+
+    settings.endGroup();
+    settings.beginGroup(u"/journal"_s);
+    settings.setValue(u"/unsavedjournalprompt"_s, JournalEditor::do_save_prompt());
 
     settings.endGroup();
     settings.endGroup();

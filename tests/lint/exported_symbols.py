@@ -13,7 +13,8 @@ import re
 import subprocess
 import sys
 
-PUBLIC = {"MainFrame", "Ostrel", "OstrelEventFilter", "CommandWindow", "CommandWidget"}
+PUBLIC = {"MainFrame", "Ostrel", "OstrelEventFilter", "CommandWindow", "CommandWidget",
+          "OstrelFileMenu", "OpenSaveHandler", "ImportExportHandler"}
 
 SHELL = ("frame", "console", "files", "journal", "menus", "options", "resources")
 

