@@ -165,6 +165,7 @@ protected:
 
 private:
     friend class MainFrame;
+    friend class OstrelViewMenu;
     friend class ProgressControl;
 
     struct Sections;
