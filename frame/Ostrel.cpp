@@ -4,6 +4,7 @@
 #include "frame/Ostrel.h"
 
 #include "console/CommandWindow.h"
+#include "files/OstrelFileMenu.h"
 #include "frame/OstrelEventFilter.h"
 #include "frame/OstrelSplitter.h"
 #include "frame/ProgressControl.h"
@@ -106,6 +107,7 @@ Ostrel::Ostrel(QWidget* parent, const char* name) : QMainWindow(parent), mTitle(
 
     mSections = std::make_unique<Sections>();
     mMenuBar = menuBar();
+    mFileMenu = new OstrelFileMenu(this);
     mNavigationModel = new NavigationModel(this);
 
     // The side docks reach down beside the bottom dock.
@@ -160,6 +162,7 @@ Ostrel::~Ostrel()
     QPixmapCache::clear();
     mSections.reset();
     delete mDefaultWidget;
+    delete mFileMenu;
     delete mCommandWindow;
     // After all widgets that may have registered with it.
     mEventFilter.reset();
@@ -243,7 +246,8 @@ QString Ostrel::get_title() const
 
 void Ostrel::update_title()
 {
-    setWindowTitle(mTitle);
+    const QString& file = OstrelFileMenu::mFileName;
+    setWindowTitle(file.isEmpty() ? mTitle : mTitle + u" - "_s + file);
 }
 
 void Ostrel::set_prompt(const QString& p)
@@ -372,7 +376,13 @@ void Ostrel::keyPressEvent(QKeyEvent* e)
 
 void Ostrel::closeEvent(QCloseEvent* e)
 {
+    const bool may_close = !mFileMenu || mFileMenu->check_modified();
+    // Even if the window stays.
     save_settings();
+    if (!may_close) {
+        e->ignore();
+        return;
+    }
     e->accept();
     Broker::instance()->request_exit();
 }
