@@ -6,6 +6,9 @@
 #include "frame/MenuSections.h"
 #include "frame/Ostrel.h"
 #include "host/fennari19/FennarInterface.h"
+#include "journal/JournalEditor.h"
+#include "options/ComponentTool.h"
+#include "options/OptionsPanel.h"
 #include "resources/load_icon.h"
 
 #include <QAction>
@@ -75,6 +78,7 @@ OstrelToolsMenu::OstrelToolsMenu(Ostrel* parent) : QObject(parent), mMainWindow(
 OstrelToolsMenu::~OstrelToolsMenu()
 {
     mSections.reset();
+    delete mComponentTool;
     delete mMenu;
 }
 
@@ -113,7 +117,17 @@ QAction* OstrelToolsMenu::pause_action()
     return mPauseAction;
 }
 
-void OstrelToolsMenu::show_journal_editor() {}
+void OstrelToolsMenu::show_journal_editor()
+{
+    JournalEditor* const editor = mMainWindow->journal_editor();
+    if (!editor)
+        return;
+    if (editor->isMinimized())
+        editor->showNormal();
+    else
+        editor->show();
+    editor->activateWindow();
+}
 
 void OstrelToolsMenu::pause_playback(bool on)
 {
@@ -129,6 +143,19 @@ void OstrelToolsMenu::pause_playback(bool on)
         window->tools_menu()->pause_action()->setChecked(FennarInterface::is_playback_paused());
 }
 
-void OstrelToolsMenu::show_component_tool() {}
+void OstrelToolsMenu::show_component_tool()
+{
+    if (!mComponentTool)
+        mComponentTool = new ComponentTool(mMainWindow);
+    mComponentTool->show();
+}
 
-void OstrelToolsMenu::run_options() {}
+void OstrelToolsMenu::run_options()
+{
+    OptionsPanel* const panel = mMainWindow->options();
+    if (!panel)
+        return;
+    panel->refresh_settings();
+    panel->select_first();
+    panel->exec();
+}
