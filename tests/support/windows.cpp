@@ -13,3 +13,11 @@ bool show_active(QWidget* window)
     window->activateWindow();
     return QTest::qWaitForWindowActive(window);
 }
+
+QWidget* next_tab_stop(const QWidget* widget)
+{
+    QWidget* next = widget->nextInFocusChain();
+    while (!(next->focusPolicy() & Qt::TabFocus))
+        next = next->nextInFocusChain();
+    return next;
+}

@@ -8,3 +8,6 @@ class QWidget;
 /** Shows @p window and makes it the active one. Returns whether that worked: to be verified, never ignored.
  */
 [[nodiscard]] bool show_active(QWidget* window);
+
+/** Where the Tab key leads from @p widget. */
+QWidget* next_tab_stop(const QWidget* widget);
