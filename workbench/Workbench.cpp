@@ -21,6 +21,7 @@
 #include "workbench/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/ostrelfw/HostMediator.h"
 #include "workbench/ostrelfw/OutputRouter.h"
+#include "workbench/python_actions/python_actions.h"
 
 #include <QDeadlineTimer>
 #include <QGuiApplication>
@@ -190,6 +191,7 @@ void Workbench::set_up_python()
     };
     hooks.wake = [this] { announce_output(); };
     hooks.turn = [this] { give_turn(); };
+    hooks.extend = &add_python_actions;
     PythonRuntime::start(hooks);
     set_framework_interpreters(make_python_interpreter(PythonRuntime::framework_namespace()),
                                make_python_interpreter(PythonRuntime::user_namespace()));
