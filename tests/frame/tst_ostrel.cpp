@@ -3,6 +3,7 @@
 
 #include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
+#include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "frame/OstrelSplitter.h"
 #include "host/navigation/BreadcrumbsPanel.h"
@@ -328,9 +329,10 @@ void TstOstrel::parts_are_built_in_order()
 {
     const Ostrel window;
     // A dock becomes a child when it is added, a toolbar or bar when it is first asked for.
-    const QStringList parts{
-        u"qt_central_widget"_s,   u"QMenuBar"_s,           u"NavigationModel"_s, u"lineupToolsAction"_s,
-        u"OstrelCommandWindow"_s, u"FennarCommandPanel"_s, u"QStatusBar"_s,      u"QShortcut"_s};
+    // The file menu has a label in the status bar.
+    const QStringList parts{u"qt_central_widget"_s,   u"QMenuBar"_s,           u"OstrelFileMenu"_s,
+                            u"QStatusBar"_s,          u"NavigationModel"_s,    u"lineupToolsAction"_s,
+                            u"OstrelCommandWindow"_s, u"FennarCommandPanel"_s, u"QShortcut"_s};
     QStringList built;
     for (const QObject* child : window.children()) {
         const QString name = child->objectName();
@@ -885,6 +887,7 @@ void TstOstrel::window_is_taken_down_in_order()
         cache_cleared = !QPixmapCache::find(u"a picture"_s, &found);
     });
     announce(black, u"placeholder"_s);
+    announce(window->file_menu(), u"file menu"_s);
     announce(window->command_line(), u"console"_s);
     announce(console_dock(*window), u"console dock"_s);
 
@@ -892,7 +895,7 @@ void TstOstrel::window_is_taken_down_in_order()
     picture.fill(Qt::red);
     QVERIFY(QPixmapCache::insert(u"a picture"_s, picture));
     window.reset();
-    QCOMPARE(order, (QStringList{u"placeholder"_s, u"console"_s, u"console dock"_s}));
+    QCOMPARE(order, (QStringList{u"placeholder"_s, u"file menu"_s, u"console"_s, u"console dock"_s}));
     QVERIFY(instance_gone);
     QVERIFY(cache_cleared);
 }
