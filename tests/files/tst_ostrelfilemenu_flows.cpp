@@ -104,7 +104,7 @@ const auto location = u"Documents::get_save_location()"_s;
 
 QString call(const QString& operation, const QStringList& texts_given)
 {
-    return u"Documents::"_s + operation + u"(\"" + texts_given.join(u"\", \""_s) + u"\")"_s;
+    return u"Documents::"_s + operation + u"(\""_s + texts_given.join(u"\", \""_s) + u"\")"_s;
 }
 
 QString printed(const QString& text)
@@ -181,6 +181,7 @@ private slots:
 private:
     QString place(const QString& name) const { return mDirectory + u'/' + name; }
     void make_file(const QString& name) const;
+    QStringList recent_files() const;
 
     std::unique_ptr<QTemporaryDir> mPlace;
     QString mDirectory;
@@ -217,6 +218,13 @@ void TstOstrelFileMenuFlows::make_file(const QString& name) const
 {
     QFile file(place(name));
     QVERIFY(file.open(QIODevice::WriteOnly));
+}
+
+QStringList TstOstrelFileMenuFlows::recent_files() const
+{
+    std::vector<QString> files;
+    mMenu->get_recent_files(files);
+    return {files.cbegin(), files.cend()};
 }
 
 void TstOstrelFileMenuFlows::unmodified_document_may_go_unasked()
@@ -488,9 +496,7 @@ void TstOstrelFileMenuFlows::cancelled_open_changes_nothing()
     QCOMPARE(host().take_calls(), (QStringList{is_modified, get_filters(false)}));
     QCOMPARE(OstrelFileMenu::mFileName, u"/a.mdl"_s);
     QCOMPARE(OstrelFileMenu::mPath, mDirectory);
-    std::vector<QString> recent;
-    mMenu->get_recent_files(recent);
-    QVERIFY(recent.empty());
+    QCOMPARE(recent_files(), QStringList());
     QVERIFY(!QSettings().contains(u"geometry"_s));
 }
 
@@ -501,11 +507,9 @@ void TstOstrelFileMenuFlows::open_prepares_everything_before_the_handler()
     const QString file = place(u"sub/plate.txt"_s);
     QStringList at_open;
     mDocuments->on_call = [&](const QString&) {
-        std::vector<QString> recent;
-        mMenu->get_recent_files(recent);
         at_open << OstrelFileMenu::mPath << OstrelFileMenu::mFileName << mWindow->windowTitle()
                 << QSettings().value(u"/ostrelgui/ostrel/file1"_s).toString();
-        at_open.append(recent.cbegin(), recent.cend());
+        at_open << recent_files();
     };
     DialogDriver driver;
     expect_choice(driver, file, texts);
@@ -657,9 +661,7 @@ void TstOstrelFileMenuFlows::save_writes_to_the_current_file()
     QVERIFY(!mDocuments->modified);
     QCOMPARE(mWindow->windowTitle(), title);
     QCOMPARE(OstrelFileMenu::mPath, mDirectory);
-    std::vector<QString> recent;
-    mMenu->get_recent_files(recent);
-    QVERIFY(recent.empty());
+    QCOMPARE(recent_files(), QStringList());
 }
 
 void TstOstrelFileMenuFlows::save_without_a_name_asks_for_one()
@@ -748,9 +750,7 @@ void TstOstrelFileMenuFlows::cancelled_save_as_changes_nothing()
     QCOMPARE(OstrelFileMenu::mFileName, u"/a.mdl"_s);
     QCOMPARE(OstrelFileMenu::mPath, mDirectory);
     QVERIFY(mDocuments->modified);
-    std::vector<QString> recent;
-    mMenu->get_recent_files(recent);
-    QVERIFY(recent.empty());
+    QCOMPARE(recent_files(), QStringList());
 }
 
 void TstOstrelFileMenuFlows::save_as_prepares_everything_before_the_handler()
@@ -761,10 +761,8 @@ void TstOstrelFileMenuFlows::save_as_prepares_everything_before_the_handler()
     mDocuments->on_call = [&](const QString& operation) {
         if (operation != u"save_file_as"_s)
             return;
-        std::vector<QString> recent;
-        mMenu->get_recent_files(recent);
         at_save << OstrelFileMenu::mPath << OstrelFileMenu::mFileName << mWindow->windowTitle();
-        at_save.append(recent.cbegin(), recent.cend());
+        at_save << recent_files();
     };
     DialogDriver driver;
     expect_choice(driver, place(u"v1.2/plate"_s), texts);
