@@ -79,9 +79,7 @@ void TstFileNames::extension_comes_from_the_filter_data()
         QTest::newRow(row) << filter << extension << extension;
     };
     const auto different = [](const char* row, const QString& filter, const QString& as_list,
-                              const QString& as_one) {
-        QTest::newRow(row) << filter << as_list << as_one;
-    };
+                              const QString& as_one) { QTest::newRow(row) << filter << as_list << as_one; };
 
     same("one pattern", u"Models (*.mdl)"_s, u".mdl"_s);
     same("two patterns", u"Data (*.dat *.txt)"_s, u".dat"_s);
@@ -121,8 +119,8 @@ void TstFileNames::extension_comes_from_the_filter_data()
     different("all files first", u"All Files (*);;Models (*.mdl)"_s, u""_s, u")"_s);
     different("all files with a dot first", u"All Files (*.*);;Models (*.mdl)"_s, u"."_s, u"."_s);
     different("patterns parted by a semicolon", u"Models (*.a;*.b)"_s, u".a;"_s, u".a"_s);
-    different("patterns parted by a semicolon, another filter", u"Models (*.a;*.b);;Text (*.txt)"_s,
-              u".a;"_s, u".a"_s);
+    different("patterns parted by a semicolon, another filter", u"Models (*.a;*.b);;Text (*.txt)"_s, u".a;"_s,
+              u".a"_s);
     different("parentheses twice and another filter", u"Mesh (2D) (*.msh);;All Files (*.*)"_s, u"D) ("_s,
               u"D) ("_s);
     different("separator at the end", u"Models (*.a);;"_s, u".a"_s, u".a)"_s);

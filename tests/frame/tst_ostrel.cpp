@@ -3,6 +3,7 @@
 
 #include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
+#include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "frame/OstrelSplitter.h"
 #include "host/navigation/BreadcrumbsPanel.h"
@@ -337,13 +338,13 @@ void TstOstrel::parts_are_built_in_order()
 {
     const Ostrel window;
     // A dock becomes a child when it is added, a toolbar or bar when it is first asked for.
-    const QStringList parts{u"qt_central_widget"_s,  u"QMenuBar"_s,
-                            u"OstrelViewMenu"_s,     u"OstrelToolsMenu"_s,
-                            u"OstrelWindowMenu"_s,   u"OstrelHelpMenu"_s,
-                            u"NavigationModel"_s,    u"FileTools"_s,
-                            u"lineupToolsAction"_s,  u"OstrelCommandWindow"_s,
-                            u"FennarCommandPanel"_s, u"QStatusBar"_s,
-                            u"QShortcut"_s};
+    // The file menu has a label in the status bar.
+    const QStringList parts{u"qt_central_widget"_s,  u"QMenuBar"_s,          u"OstrelFileMenu"_s,
+                            u"QStatusBar"_s,         u"OstrelViewMenu"_s,    u"OstrelToolsMenu"_s,
+                            u"OstrelWindowMenu"_s,   u"OstrelHelpMenu"_s,    u"NavigationModel"_s,
+                            u"FileTools"_s,          u"lineupToolsAction"_s, u"OstrelCommandWindow"_s,
+                            u"FennarCommandPanel"_s, u"QtJournalEditor"_s,   u"QtOptionsPanel"_s,
+                            u"OstrelGUIOptions"_s,   u"QShortcut"_s};
     QStringList built;
     for (const QObject* child : window.children()) {
         const QString name = child->objectName();
@@ -903,6 +904,9 @@ void TstOstrel::window_is_taken_down_in_order()
         cache_cleared = !QPixmapCache::find(u"a picture"_s, &found);
     });
     announce(black, u"placeholder"_s);
+    announce(window->options(), u"options"_s);
+    announce(window->journal_editor(), u"journal editor"_s);
+    announce(window->file_menu(), u"file menu"_s);
     announce(window->view_menu(), u"view menu"_s);
     announce(window->tools_menu(), u"tools menu"_s);
     announce(window->findChild<OstrelWindowMenu*>(), u"window menu"_s);
@@ -914,8 +918,9 @@ void TstOstrel::window_is_taken_down_in_order()
     picture.fill(Qt::red);
     QVERIFY(QPixmapCache::insert(u"a picture"_s, picture));
     window.reset();
-    QCOMPARE(order, (QStringList{u"placeholder"_s, u"view menu"_s, u"tools menu"_s, u"window menu"_s,
-                                 u"help menu"_s, u"console"_s, u"console dock"_s}));
+    QCOMPARE(order, (QStringList{u"placeholder"_s, u"options"_s, u"journal editor"_s, u"file menu"_s,
+                                 u"view menu"_s, u"tools menu"_s, u"window menu"_s, u"help menu"_s,
+                                 u"console"_s, u"console dock"_s}));
     QVERIFY(instance_gone);
     QVERIFY(cache_cleared);
 }
