@@ -39,8 +39,8 @@ public:
     /**
      * Sets the codes of the three buttons, from left to right.
      *
-     * A code that a button before has already, and 0, hides the button. A code without a text of its own
-     * leaves the button's text and visibility alone.
+     * A code that a button before has already, and 0, hides the button for good. A code without a text of its
+     * own leaves the button's text and visibility alone.
      */
     void set_buttons(int yes, int no, int cancel);
     /** Sets the text of the check box. */

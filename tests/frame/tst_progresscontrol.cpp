@@ -5,6 +5,7 @@
 #include "frame/Ostrel.h"
 #include "frame/ProgressControl.h"
 #include "hostdouble/HostDouble.h"
+#include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
 #include "support/windows.h"
 
@@ -14,7 +15,6 @@
 #include <QStatusBar>
 #include <QTest>
 #include <QToolButton>
-#include <QTranslator>
 #include <QWindow>
 
 using namespace Qt::StringLiterals;
@@ -147,17 +147,7 @@ void TstProgressControl::form_has_the_names_texts_and_measures()
 
 void TstProgressControl::texts_of_the_form_are_translated_in_its_own_context()
 {
-    class Marker : public QTranslator
-    {
-    public:
-        bool isEmpty() const override { return false; }
-        QString translate(const char* context, const char* source, const char*, int) const override
-        {
-            return qstrcmp(context, "QtProgressControl") == 0 ? u'<' + QString::fromUtf8(source) + u'>'
-                                                              : QString();
-        }
-    } marker;
-    QVERIFY(QCoreApplication::installTranslator(&marker));
+    const MarkingTranslator marked("QtProgressControl");
     const ProgressControl control(nullptr);
     QCOMPARE(control.windowTitle(), u"<Progress>"_s);
     QCOMPARE(control.findChild<QToolButton*>(u"mCancel"_s)->toolTip(),

@@ -89,6 +89,31 @@ void TstTestCase::function_that_breaks_a_rule_fails_data()
     QTest::newRow("Qt's own warning") << u"warns_of_a_connection_by_a_wrong_name"_s << u"No such signal"_s;
     QTest::newRow("open window") << u"leaves_a_window_open"_s << u"a window was left open: left over"_s;
     QTest::newRow("open dialog") << u"leaves_a_dialog_open"_s << u"a modal dialog was left open"_s;
+    QTest::newRow("missed dialog") << u"misses_an_expected_dialog"_s << u"did not come: QFileDialog"_s;
+    QTest::newRow("missed dialog, asked for")
+        << u"misses_an_expected_dialog_and_says_when"_s << u"did not come: QFileDialog"_s;
+    QTest::newRow("unexpected dialog")
+        << u"shows_an_unexpected_dialog"_s << u"unexpected: QMessageBox: Title: Surprise"_s;
+    QTest::newRow("another dialog") << u"shows_another_dialog_than_expected"_s
+                                    << u"QMessageBox: Title: Surprise; did not come: QFileDialog"_s;
+    QTest::newRow("unexpected dialog that blocks nobody")
+        << u"shows_an_unexpected_dialog_that_blocks_nobody"_s << u"unexpected: QDialog: Title"_s;
+    QTest::newRow("unexpected dialog that refuses to close")
+        << u"shows_a_dialog_that_refuses_to_close"_s << u"unexpected: QDialog: Title"_s;
+    QTest::newRow("unexpected dialog that asks before it closes")
+        << u"shows_a_dialog_that_asks_before_it_closes"_s
+        << u"unexpected: QDialog: : ; unexpected: QMessageBox: Close: Really?"_s;
+    QTest::newRow("modal window that is no dialog")
+        << u"shows_a_modal_window_that_is_no_dialog"_s << u"unexpected: QWidget: Title"_s;
+    QTest::newRow("dialog left open by its action")
+        << u"leaves_an_expected_dialog_open"_s << u"left open: QMessageBox: Title: Lasting"_s;
+    QTest::newRow("missing standard button")
+        << u"presses_a_missing_standard_button"_s << u"no button 262144 to press in QMessageBox: Title"_s;
+    QTest::newRow("missing button") << u"presses_a_missing_button"_s << u"no button go to press in QDialog"_s;
+    QTest::newRow("disabled button") << u"presses_a_disabled_button"_s
+                                     << u"no button go to press in QDialog"_s;
+    QTest::newRow("missing filter") << u"chooses_a_filter_that_is_not_offered"_s
+                                    << u"no filter None (*) among All (*)"_s;
     QTest::newRow("open menu") << u"leaves_a_menu_open"_s << u"a menu was left open"_s;
 }
 
