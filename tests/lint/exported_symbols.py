@@ -14,6 +14,7 @@ import subprocess
 import sys
 
 PUBLIC = {
+PUBLIC = {
     "MainFrame", "Ostrel", "OstrelEventFilter",
     "CommandWindow", "CommandWidget",
     "OstrelFileMenu", "OpenSaveHandler", "ImportExportHandler",
@@ -21,6 +22,7 @@ PUBLIC = {
     "JournalEditor",
     "OstrelViewMenu", "OstrelToolsMenu", "OstrelHelpMenu", "HelpAboutOstrel", "PyAction", "PyOstrel",
     "OptionsPanel",
+}
 }
 
 SHELL = ("frame", "console", "files", "journal", "menus", "options", "resources")
