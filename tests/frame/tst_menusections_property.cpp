@@ -417,8 +417,8 @@ void TstMenuSectionsProperty::any_sequence_of_additions_and_removals_follows_the
 {
     QTest::addColumn<int>("kind");
     QTest::addColumn<int>("runs");
-    QTest::newRow("menu") << int(Kind::Menu) << 1500;
-    QTest::newRow("toolbar") << int(Kind::Toolbar) << 700;
+    QTest::newRow("menu") << int(Kind::Menu) << 1200;
+    QTest::newRow("toolbar") << int(Kind::Toolbar) << 600;
     QTest::newRow("without a widget") << int(Kind::Nothing) << 300;
 }
 
