@@ -85,7 +85,8 @@ void answer(DialogDriver& driver, const QString& how, bool tick = false)
 
 void expect_choice(DialogDriver& driver, const QString& path, const QString& filter = {})
 {
-    driver.expect<QFileDialog>([path, filter](QFileDialog* dialog) { choose(dialog, path, filter); });
+    driver.expect<QFileDialog>(
+        [path, filter](QFileDialog* dialog) { choose_with_return(dialog, path, filter); });
 }
 
 void expect_cancel(DialogDriver& driver)
@@ -561,7 +562,7 @@ void TstOstrelFileMenuFlows::open_comes_up_with_the_filter_used_last()
             selected << dialog->selectedNameFilter();
             dialog->selectNameFilter(filter);
             if (accept)
-                choose(dialog, place(u"a.txt"_s), filter);
+                choose_with_return(dialog, place(u"a.txt"_s), filter);
             else
                 press(QDialogButtonBox::Cancel)(dialog);
         });
@@ -628,7 +629,7 @@ void TstOstrelFileMenuFlows::handler_that_goes_during_open_is_missed()
     DialogDriver driver;
     driver.expect<QFileDialog>([&](QFileDialog* dialog) {
         mMenu->set_open_save_handler(nullptr);
-        choose(dialog, place(u"a.mdl"_s));
+        choose_with_return(dialog, place(u"a.mdl"_s));
     });
     mMenu->file_open();
     QVERIFY(driver.finish());
@@ -730,7 +731,7 @@ void TstOstrelFileMenuFlows::save_as_starts_with_no_filter_of_its_own()
         DialogDriver driver;
         driver.expect<QFileDialog>([&](QFileDialog* dialog) {
             selected = dialog->selectedNameFilter();
-            choose(dialog, place(u"plate%1"_s.arg(i)), texts);
+            choose_with_return(dialog, place(u"plate%1"_s.arg(i)), texts);
         });
         mMenu->file_save_as();
         QVERIFY(driver.finish());
@@ -841,7 +842,7 @@ void TstOstrelFileMenuFlows::handler_that_goes_during_save_as_is_missed()
     DialogDriver driver;
     driver.expect<QFileDialog>([&](QFileDialog* dialog) {
         mMenu->set_open_save_handler(nullptr);
-        choose(dialog, place(u"a.mdl"_s));
+        choose_with_return(dialog, place(u"a.mdl"_s));
     });
     mMenu->file_save_as();
     QVERIFY(driver.finish());

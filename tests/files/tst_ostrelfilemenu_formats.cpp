@@ -597,7 +597,8 @@ void TstOstrelFileMenuFormats::import_hands_each_file_to_its_handler()
         seen << OstrelFileMenu::mPath << OstrelFileMenu::mActiveImportFilter << saved(import_key);
     };
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"a.stp"_s), steps); });
+    driver.expect<QFileDialog>(
+        [&](QFileDialog* dialog) { choose_with_return(dialog, place(u"a.stp"_s), steps); });
     mMenu->file_import();
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), QStringList{executed(u"reader"_s, place(u"a.stp"_s), steps)});
@@ -620,7 +621,7 @@ void TstOstrelFileMenuFormats::import_of_several_files_saves_the_filter_for_each
     };
     DialogDriver driver;
     driver.expect<QFileDialog>([&](QFileDialog* dialog) {
-        choose(dialog, u"\"%1\" \"%2\""_s.arg(place(u"a.msh"_s), place(u"sub/b c.msh"_s)));
+        choose_with_return(dialog, u"\"%1\" \"%2\""_s.arg(place(u"a.msh"_s), place(u"sub/b c.msh"_s)));
     });
     mMenu->file_import();
     QVERIFY(driver.finish());
@@ -657,7 +658,7 @@ void TstOstrelFileMenuFormats::import_skips_files_that_nobody_takes()
     format->on_execute = [&] { mMenu->remove_component_items("mesher"); };
     DialogDriver driver;
     driver.expect<QFileDialog>([&](QFileDialog* dialog) {
-        choose(dialog, u"\"%1\" \"%2\""_s.arg(place(u"a.msh"_s), place(u"sub/b.msh"_s)));
+        choose_with_return(dialog, u"\"%1\" \"%2\""_s.arg(place(u"a.msh"_s), place(u"sub/b.msh"_s)));
     });
     mMenu->file_import();
     QVERIFY(driver.finish());
@@ -671,7 +672,8 @@ void TstOstrelFileMenuFormats::import_looks_its_handler_up_in_the_same_case()
     add(imports, u"MESHES (*.MSH)"_s, u"loud"_s);
     add(imports, meshes, u"quiet"_s);
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"a.msh"_s), meshes); });
+    driver.expect<QFileDialog>(
+        [&](QFileDialog* dialog) { choose_with_return(dialog, place(u"a.msh"_s), meshes); });
     mMenu->file_import();
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), QStringList{executed(u"quiet"_s, place(u"a.msh"_s), meshes)});
@@ -685,7 +687,8 @@ void TstOstrelFileMenuFormats::part_of_an_earlier_filter_goes_to_that_handler()
     QVERIFY(mMenu->add_import(first));
     QVERIFY(mMenu->add_import(second));
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"a.msh"_s), meshes); });
+    driver.expect<QFileDialog>(
+        [&](QFileDialog* dialog) { choose_with_return(dialog, place(u"a.msh"_s), meshes); });
     mMenu->file_import();
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), QStringList{executed(u"first"_s, place(u"a.msh"_s), meshes)});
@@ -697,7 +700,8 @@ void TstOstrelFileMenuFormats::active_filter_outlives_the_window()
     add(imports, meshes + u";;"_s + steps, u"a"_s);
     {
         DialogDriver driver;
-        driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"a.stp"_s), steps); });
+        driver.expect<QFileDialog>(
+            [&](QFileDialog* dialog) { choose_with_return(dialog, place(u"a.stp"_s), steps); });
         mMenu->file_import();
         QVERIFY(driver.finish());
     }
@@ -735,7 +739,7 @@ void TstOstrelFileMenuFormats::any_name_is_imported()
     make_file(name);
     add(imports, meshes, u"a"_s);
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(name)); });
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose_with_return(dialog, place(name)); });
     mMenu->file_import();
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), QStringList{executed(u"a"_s, place(name), meshes)});
@@ -753,7 +757,7 @@ void TstOstrelFileMenuFormats::genesis_import_has_one_filter()
     driver.expect<QFileDialog>([&](QFileDialog* dialog) {
         seen = file_question(dialog);
         parent = dialog->parentWidget();
-        choose(dialog, place(u"a.exo"_s));
+        choose_with_return(dialog, place(u"a.exo"_s));
     });
     mMenu->file_import_exodus_only();
     QVERIFY(driver.finish());
@@ -777,7 +781,7 @@ void TstOstrelFileMenuFormats::genesis_import_saves_nothing()
     QSettings().setValue(import_key, steps);
     DialogDriver driver;
     driver.expect<QFileDialog>([&](QFileDialog* dialog) {
-        choose(dialog, u"\"%1\" \"%2\""_s.arg(place(u"a.g"_s), place(u"sub/b.e01"_s)));
+        choose_with_return(dialog, u"\"%1\" \"%2\""_s.arg(place(u"a.g"_s), place(u"sub/b.e01"_s)));
     });
     mMenu->file_import_exodus_only();
     QVERIFY(driver.finish());
@@ -792,7 +796,7 @@ void TstOstrelFileMenuFormats::genesis_import_without_handler_only_moves_the_dir
 {
     make_file(u"a.gen"_s);
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"a.gen"_s)); });
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose_with_return(dialog, place(u"a.gen"_s)); });
     mMenu->file_import_exodus_only();
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), QStringList());
@@ -881,7 +885,8 @@ void TstOstrelFileMenuFormats::export_prepares_everything_before_the_handler()
     QStringList seen;
     format->on_execute = [&] { seen << OstrelFileMenu::mPath << saved(export_key); };
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"v1.2/plate"_s), meshes); });
+    driver.expect<QFileDialog>(
+        [&](QFileDialog* dialog) { choose_with_return(dialog, place(u"v1.2/plate"_s), meshes); });
     mMenu->file_export();
     QVERIFY(driver.finish());
     // The extension is that of the selected filter.
@@ -915,7 +920,8 @@ void TstOstrelFileMenuFormats::export_completes_the_name()
     QFETCH(QString, exported);
     add(exports, meshes + u";;"_s + filter + u";;"_s + steps, u"a"_s);
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(typed), filter); });
+    driver.expect<QFileDialog>(
+        [&](QFileDialog* dialog) { choose_with_return(dialog, place(typed), filter); });
     mMenu->file_export();
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), QStringList{executed(u"a"_s, place(exported), filter)});
@@ -944,7 +950,7 @@ void TstOstrelFileMenuFormats::export_that_nobody_takes_saves_its_filter_all_the
     DialogDriver driver;
     driver.expect<QFileDialog>([&](QFileDialog* dialog) {
         mMenu->remove_component_items("mesher");
-        choose(dialog, place(u"plate"_s));
+        choose_with_return(dialog, place(u"plate"_s));
     });
     mMenu->file_export();
     QVERIFY(driver.finish());
@@ -959,7 +965,8 @@ void TstOstrelFileMenuFormats::export_goes_to_the_first_handler_in_the_same_case
     add(exports, u"Old "_s + meshes, u"first"_s);
     add(exports, meshes, u"second"_s);
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"plate"_s), meshes); });
+    driver.expect<QFileDialog>(
+        [&](QFileDialog* dialog) { choose_with_return(dialog, place(u"plate"_s), meshes); });
     mMenu->file_export();
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), QStringList{executed(u"first"_s, place(u"plate.msh"_s), meshes)});
@@ -971,7 +978,7 @@ void TstOstrelFileMenuFormats::export_leaves_the_import_filter()
     OstrelFileMenu::mActiveImportFilter = steps;
     QSettings().setValue(import_key, all_files);
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"plate"_s)); });
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose_with_return(dialog, place(u"plate"_s)); });
     mMenu->file_export();
     QVERIFY(driver.finish());
     QCOMPARE(OstrelFileMenu::mActiveImportFilter, steps);
@@ -983,7 +990,8 @@ void TstOstrelFileMenuFormats::export_over_a_file_asks_first()
     make_file(u"plate.msh"_s);
     add(exports, meshes, u"a"_s);
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"plate.msh"_s)); });
+    driver.expect<QFileDialog>(
+        [&](QFileDialog* dialog) { choose_with_return(dialog, place(u"plate.msh"_s)); });
     driver.expect(u"QMessageBox"_s, press(QDialogButtonBox::Yes));
     mMenu->file_export();
     QVERIFY(driver.finish());
@@ -1002,7 +1010,7 @@ void TstOstrelFileMenuFormats::filters_live_on_in_the_settings()
             driver.expect<QFileDialog>([&](QFileDialog* dialog) {
                 selected << dialog->selectedNameFilter();
                 const bool saves = dialog->acceptMode() == QFileDialog::AcceptSave;
-                choose(dialog, place(saves ? u"new%1"_s.arg(life) : u"a.stp"_s), steps);
+                choose_with_return(dialog, place(saves ? u"new%1"_s.arg(life) : u"a.stp"_s), steps);
             });
         }
         mMenu->file_import();
