@@ -8,6 +8,7 @@
 #include "frame/Ostrel.h"
 #include "handlers.h"
 #include "hostdouble/HostDouble.h"
+#include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
 #include "support/dialogs.h"
 #include "support/statics.h"
@@ -171,6 +172,8 @@ private slots:
     void save_as_over_a_file_asks_first();
     void save_as_clears_the_modified_state_whatever_happened();
     void handler_that_goes_during_save_as_is_missed();
+
+    void what_the_user_reads_is_translated();
 
     // Recent files.
     void recent_file_asks_about_unsaved_data();
@@ -848,6 +851,35 @@ void TstOstrelFileMenuFlows::handler_that_goes_during_save_as_is_missed()
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), (QStringList{location, get_filters(true), missing}));
     QCOMPARE(OstrelFileMenu::mFileName, QString());
+}
+
+void TstOstrelFileMenuFlows::what_the_user_reads_is_translated()
+{
+    make_file(u"a.mdl"_s);
+    const MarkingTranslator translator("OstrelFileMenu");
+    mDocuments->modified = true;
+    QStringList read;
+    DialogDriver driver;
+    driver.expect<OstrelMessageBox>([&](OstrelMessageBox* box) {
+        const Question seen = question(box);
+        read << seen.title << seen.message << seen.check_text;
+        press(no_button)(box);
+    });
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) {
+        read << dialog->windowTitle();
+        choose_with_return(dialog, place(u"a.mdl"_s), models);
+    });
+    mMenu->file_open();
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) {
+        read << dialog->windowTitle();
+        press(QDialogButtonBox::Cancel)(dialog);
+    });
+    mMenu->file_save_as();
+    QVERIFY(driver.finish());
+    QCOMPARE(read,
+             (QStringList{u"Ostrel"_s, u"<The data has been modified.\nDo you wish to save the changes?>"_s,
+                          u"<Never prompt me when there is unsaved data.>"_s, u"<Open>"_s, u"<Save As>"_s}));
+    QVERIFY(host().take_calls().contains(printed(u"<selected filter: >"_s)));
 }
 
 void TstOstrelFileMenuFlows::recent_file_asks_about_unsaved_data()

@@ -5,6 +5,7 @@
 #include "frame/Ostrel.h"
 #include "handlers.h"
 #include "hostdouble/HostDouble.h"
+#include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
 #include "support/dialogs.h"
 #include "support/statics.h"
@@ -121,6 +122,7 @@ private slots:
     void export_leaves_the_import_filter();
     void export_over_a_file_asks_first();
 
+    void captions_are_translated();
     void filters_live_on_in_the_settings();
 
 private:
@@ -970,6 +972,29 @@ void TstOstrelFileMenuFormats::export_over_a_file_asks_first()
     mMenu->file_export();
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), QStringList{executed(u"a"_s, place(u"plate.msh"_s), meshes)});
+}
+
+void TstOstrelFileMenuFormats::captions_are_translated()
+{
+    const MarkingTranslator translator("OstrelFileMenu");
+    add(imports, meshes, u"a"_s);
+    add(exports, meshes, u"a"_s);
+    QStringList captions;
+    QStringList last_filters;
+    DialogDriver driver;
+    for (int i = 0; i < 3; ++i) {
+        driver.expect<QFileDialog>([&](QFileDialog* dialog) {
+            captions << dialog->windowTitle();
+            last_filters = dialog->nameFilters();
+            press(QDialogButtonBox::Cancel)(dialog);
+        });
+    }
+    mMenu->file_import();
+    mMenu->file_export();
+    mMenu->file_import_exodus_only();
+    QVERIFY(driver.finish());
+    QCOMPARE(captions, (QStringList{u"<Import File>"_s, u"<Export File>"_s, u"<Import File>"_s}));
+    QCOMPARE(last_filters, QStringList{u"<"_s + genesis + u">"_s});
 }
 
 void TstOstrelFileMenuFormats::filters_live_on_in_the_settings()
