@@ -57,6 +57,8 @@ bool fill_in(QFileDialog* dialog, const QString& path, const QString& filter)
         }
         dialog->selectNameFilter(filter);
     }
+    // A name set before may have selected its row, which counts for more than the text.
+    dialog->findChild<QListView*>(u"listView"_s)->clearSelection();
     dialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(path);
     return true;
 }
