@@ -7,6 +7,7 @@
 #include "frame/read_setting.h"
 #include "host/ostrelfw/CLOptions.h"
 #include "host/ostrelfw/CLParser.h"
+#include "options/ComponentTool.h"
 
 #include <QDir>
 #include <QFile>
@@ -103,6 +104,10 @@ void Ostrel::restore_settings()
         CLOptions::instance()->batch_mode() || !read_setting(settings, u"/restoreWorkingDir"_s, false);
     restore_working_directory(keep, read_setting(settings, u"/workingdir"_s, QString()));
 
+    const QString component_directory = read_setting(settings, u"/comppath"_s, QString());
+    if (!component_directory.isEmpty())
+        ComponentTool::sLastPath = component_directory;
+
     if (mFileMenu) {
         restore_recent(settings, recent_file_key,
                        [this](const QString& file) { mFileMenu->recent_file(file); });
@@ -146,6 +151,7 @@ void Ostrel::save_settings()
     // Read by nothing, which is intended: the arrangement of docks and toolbars does not come back.
     settings.setValue(u"/saved_state"_s, saveState(0));
     settings.setValue(u"/saveprompt"_s, OstrelFileMenu::mDoPrompt);
+    settings.setValue(u"/comppath"_s, ComponentTool::sLastPath);
     remove_recent(settings, recent_file_key);
     remove_recent(settings, recent_import_key);
     if (mFileMenu) {
