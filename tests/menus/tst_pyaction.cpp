@@ -4,7 +4,9 @@
 #include "MenuTestCase.h"
 #include "menus/PyAction.h"
 #include "menus/PyOstrel.h"
+#include "support/menus.h"
 #include "support/own_methods.h"
+#include "support/windows.h"
 
 #include <QPointer>
 #include <QSignalSpy>
@@ -258,6 +260,28 @@ private slots:
         bar_menu(u"&Help"_s)->actions().first()->trigger();
         QCOMPARE(take_runs(), run_of(u"f()"_s).mid(2));
         PyOstrel::remove_menu_items("script");
+    }
+
+    void menu_may_be_removed_by_its_own_entry()
+    {
+        PyAction action;
+        action.setText("leave");
+        PyOstrel::add_to_menu("Scripts", {&action}, "script");
+        connect(action.getAction(), &QAction::triggered, this, [] { PyOstrel::remove_menu_items("script"); });
+        QVERIFY(show_active(window()));
+        QPointer<QMenu> menu = bar_menu(u"Scripts"_s);
+        bool chosen = false;
+        const MenuDriver driver([&chosen](QMenu* open) { chosen = choose(open, u"leave"_s); });
+        menu->popup(window()->mapToGlobal(QPoint(50, 50)));
+        QTRY_VERIFY(chosen);
+        QVERIFY(!bar_menu(u"Scripts"_s));
+        QTRY_VERIFY(!menu);
+        // Otherwise a menu goes at once.
+        PyOstrel::add_to_menu("Scripts", {&action}, "script");
+        menu = bar_menu(u"Scripts"_s);
+        QVERIFY(menu);
+        PyOstrel::remove_menu_items("script");
+        QVERIFY(!menu);
     }
 
     void null_names_and_empty_lists_add_nothing()
