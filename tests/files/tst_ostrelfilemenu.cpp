@@ -8,6 +8,7 @@
 #include "handlers.h"
 #include "hostdouble/HostDouble.h"
 #include "resources/load_icon.h"
+#include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
 #include "support/menus.h"
 #include "support/statics.h"
@@ -111,6 +112,7 @@ private slots:
     void entries_show_what_they_do();
     void entries_are_children_of_the_file_menu();
     void without_handlers_two_entries_are_enabled();
+    void texts_are_translated_and_shortcuts_are_not();
     void slots_keep_their_order();
     void toolbar_gets_five_actions();
     void exit_closes_the_window();
@@ -249,6 +251,26 @@ void TstOstrelFileMenu::without_handlers_two_entries_are_enabled()
     QCOMPARE(enabled(window), (QStringList{u"mFileSetDirectory"_s, u"mFileExitAction"_s}));
     QVERIFY(!window.file_menu()->get_open_save_handler());
     QVERIFY(!file_menu_of(window)->actions().at(5)->menu()->isEnabled());
+}
+
+void TstOstrelFileMenu::texts_are_translated_and_shortcuts_are_not()
+{
+    const MarkingTranslator translator("OstrelFileMenu");
+    Ostrel window;
+    QCOMPARE(file_menu_of(window)->title(), u"<&File>"_s);
+    QCOMPARE(menu_rows(file_menu_of(window)),
+             (QStringList{u"<&New> [Ctrl+N] (disabled)"_s, u"<&Open...> [Ctrl+O] (disabled)"_s,
+                          u"<&Save> [Ctrl+S] (disabled)"_s, u"<Save &As...> [] (disabled)"_s, u"---"_s,
+                          u"<&Recent Imports> [] (disabled)"_s, u"<&Import...> [] (disabled)"_s,
+                          u"<&Export...> [] (disabled)"_s, u"---"_s, u"<Set &Directory> [] (enabled)"_s,
+                          u"---"_s, u"<E&xit> [] (enabled)"_s}));
+    QCOMPARE(action(window, u"mFileSetDirectory"_s)->toolTip(), u"<Sets the current working directory>"_s);
+    window.file_menu()->user_changed_directory(u"/a"_s);
+    QCOMPARE(labels(window).constFirst()->text(), u"<Working Directory: >/a"_s);
+    host().take_calls();
+    window.file_menu()->file_new();
+    QCOMPARE(host().take_calls(),
+             QStringList{u"BrokerCommand::operator<<(\"<ERROR: Missing open/save handler.\n>\")"_s});
 }
 
 void TstOstrelFileMenu::slots_keep_their_order()

@@ -8,6 +8,7 @@
 #include "frame/Ostrel.h"
 #include "handlers.h"
 #include "hostdouble/HostDouble.h"
+#include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
 #include "support/dialogs.h"
 #include "support/statics.h"
@@ -85,7 +86,8 @@ void answer(DialogDriver& driver, const QString& how, bool tick = false)
 
 void expect_choice(DialogDriver& driver, const QString& path, const QString& filter = {})
 {
-    driver.expect<QFileDialog>([path, filter](QFileDialog* dialog) { choose(dialog, path, filter); });
+    driver.expect<QFileDialog>(
+        [path, filter](QFileDialog* dialog) { choose_with_return(dialog, path, filter); });
 }
 
 void expect_cancel(DialogDriver& driver)
@@ -170,6 +172,8 @@ private slots:
     void save_as_over_a_file_asks_first();
     void save_as_clears_the_modified_state_whatever_happened();
     void handler_that_goes_during_save_as_is_missed();
+
+    void what_the_user_reads_is_translated();
 
     // Recent files.
     void recent_file_asks_about_unsaved_data();
@@ -561,7 +565,7 @@ void TstOstrelFileMenuFlows::open_comes_up_with_the_filter_used_last()
             selected << dialog->selectedNameFilter();
             dialog->selectNameFilter(filter);
             if (accept)
-                choose(dialog, place(u"a.txt"_s), filter);
+                choose_with_return(dialog, place(u"a.txt"_s), filter);
             else
                 press(QDialogButtonBox::Cancel)(dialog);
         });
@@ -628,7 +632,7 @@ void TstOstrelFileMenuFlows::handler_that_goes_during_open_is_missed()
     DialogDriver driver;
     driver.expect<QFileDialog>([&](QFileDialog* dialog) {
         mMenu->set_open_save_handler(nullptr);
-        choose(dialog, place(u"a.mdl"_s));
+        choose_with_return(dialog, place(u"a.mdl"_s));
     });
     mMenu->file_open();
     QVERIFY(driver.finish());
@@ -730,7 +734,7 @@ void TstOstrelFileMenuFlows::save_as_starts_with_no_filter_of_its_own()
         DialogDriver driver;
         driver.expect<QFileDialog>([&](QFileDialog* dialog) {
             selected = dialog->selectedNameFilter();
-            choose(dialog, place(u"plate%1"_s.arg(i)), texts);
+            choose_with_return(dialog, place(u"plate%1"_s.arg(i)), texts);
         });
         mMenu->file_save_as();
         QVERIFY(driver.finish());
@@ -841,12 +845,41 @@ void TstOstrelFileMenuFlows::handler_that_goes_during_save_as_is_missed()
     DialogDriver driver;
     driver.expect<QFileDialog>([&](QFileDialog* dialog) {
         mMenu->set_open_save_handler(nullptr);
-        choose(dialog, place(u"a.mdl"_s));
+        choose_with_return(dialog, place(u"a.mdl"_s));
     });
     mMenu->file_save_as();
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), (QStringList{location, get_filters(true), missing}));
     QCOMPARE(OstrelFileMenu::mFileName, QString());
+}
+
+void TstOstrelFileMenuFlows::what_the_user_reads_is_translated()
+{
+    make_file(u"a.mdl"_s);
+    const MarkingTranslator translator("OstrelFileMenu");
+    mDocuments->modified = true;
+    QStringList read;
+    DialogDriver driver;
+    driver.expect<OstrelMessageBox>([&](OstrelMessageBox* box) {
+        const Question seen = question(box);
+        read << seen.title << seen.message << seen.check_text;
+        press(no_button)(box);
+    });
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) {
+        read << dialog->windowTitle();
+        choose_with_return(dialog, place(u"a.mdl"_s), models);
+    });
+    mMenu->file_open();
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) {
+        read << dialog->windowTitle();
+        press(QDialogButtonBox::Cancel)(dialog);
+    });
+    mMenu->file_save_as();
+    QVERIFY(driver.finish());
+    QCOMPARE(read,
+             (QStringList{u"Ostrel"_s, u"<The data has been modified.\nDo you wish to save the changes?>"_s,
+                          u"<Never prompt me when there is unsaved data.>"_s, u"<Open>"_s, u"<Save As>"_s}));
+    QVERIFY(host().take_calls().contains(printed(u"<selected filter: >"_s)));
 }
 
 void TstOstrelFileMenuFlows::recent_file_asks_about_unsaved_data()

@@ -5,6 +5,7 @@
 #include "frame/Ostrel.h"
 #include "handlers.h"
 #include "hostdouble/HostDouble.h"
+#include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
 #include "support/dialogs.h"
 #include "support/statics.h"
@@ -70,7 +71,6 @@ private slots:
     void cleanup();
 
     // The lists.
-    void handler_copies_both_texts();
     void handler_is_added_if_it_brings_something_new_data();
     void handler_is_added_if_it_brings_something_new();
     void refused_handler_leaves_everything();
@@ -122,6 +122,7 @@ private slots:
     void export_leaves_the_import_filter();
     void export_over_a_file_asks_first();
 
+    void captions_are_translated();
     void filters_live_on_in_the_settings();
 
 private:
@@ -187,30 +188,6 @@ QString TstOstrelFileMenuFormats::filters(const List& list) const
 bool TstOstrelFileMenuFormats::is_enabled(const List& list) const
 {
     return mMenu->findChild<QAction*>(list.action)->isEnabled();
-}
-
-void TstOstrelFileMenuFormats::handler_copies_both_texts()
-{
-    static_assert(std::is_abstract_v<ImportExportHandler>);
-    static_assert(std::has_virtual_destructor_v<ImportExportHandler>);
-    class Plain : public ImportExportHandler
-    {
-    public:
-        using ImportExportHandler::ImportExportHandler;
-        void execute(const QString&, const QString&) override {}
-    };
-    Plain first(u"mesher"_s);
-    QCOMPARE(first.mComponent, u"mesher"_s);
-    QCOMPARE(first.mFilters, QString());
-    first.mFilters = meshes;
-    const Plain copy(first);
-    QCOMPARE(copy.mFilters, meshes);
-    QCOMPARE(copy.mComponent, u"mesher"_s);
-    Plain other(u"other"_s);
-    other.mFilters = steps;
-    other = first;
-    QCOMPARE(other.mFilters, meshes);
-    QCOMPARE(other.mComponent, u"mesher"_s);
 }
 
 void TstOstrelFileMenuFormats::handler_is_added_if_it_brings_something_new_data()
@@ -286,7 +263,7 @@ void TstOstrelFileMenuFormats::refused_handler_leaves_everything()
 
 void TstOstrelFileMenuFormats::lists_are_apart()
 {
-    add(imports, meshes, u"a"_s);
+    const std::unique_ptr<Format> format(add(imports, meshes, u"a"_s));
     QVERIFY(is_enabled(imports));
     QVERIFY(!is_enabled(exports));
     QCOMPARE(filters(exports), QString());
@@ -449,15 +426,14 @@ void TstOstrelFileMenuFormats::other_names_take_nothing_out()
 {
     add(imports, meshes, u"mesher"_s);
     add(imports, steps, QString());
-    add(exports, meshes, u"\u677f"_s);
+    const std::unique_ptr<Format> foreign(add(exports, meshes, u"\u677f"_s));
     for (const char* name : {"Mesher", "mesher ", "mesh", "mesher2", static_cast<const char*>(nullptr)})
         mMenu->remove_component_items(name);
     QCOMPARE(filters(imports), meshes + u";;"_s + steps);
     QVERIFY(is_enabled(imports));
     QVERIFY(is_enabled(exports));
     // Names are UTF-8.
-    auto* format = dynamic_cast<Format*>(add(exports, steps, u"other"_s));
-    QVERIFY(format);
+    add(exports, steps, u"other"_s);
     mMenu->remove_component_items("\xe6\x9d\xbf");
     QCOMPARE(filters(exports), steps);
 }
@@ -597,7 +573,8 @@ void TstOstrelFileMenuFormats::import_hands_each_file_to_its_handler()
         seen << OstrelFileMenu::mPath << OstrelFileMenu::mActiveImportFilter << saved(import_key);
     };
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"a.stp"_s), steps); });
+    driver.expect<QFileDialog>(
+        [&](QFileDialog* dialog) { choose_with_return(dialog, place(u"a.stp"_s), steps); });
     mMenu->file_import();
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), QStringList{executed(u"reader"_s, place(u"a.stp"_s), steps)});
@@ -620,7 +597,7 @@ void TstOstrelFileMenuFormats::import_of_several_files_saves_the_filter_for_each
     };
     DialogDriver driver;
     driver.expect<QFileDialog>([&](QFileDialog* dialog) {
-        choose(dialog, u"\"%1\" \"%2\""_s.arg(place(u"a.msh"_s), place(u"sub/b c.msh"_s)));
+        choose_with_return(dialog, u"\"%1\" \"%2\""_s.arg(place(u"a.msh"_s), place(u"sub/b c.msh"_s)));
     });
     mMenu->file_import();
     QVERIFY(driver.finish());
@@ -657,7 +634,7 @@ void TstOstrelFileMenuFormats::import_skips_files_that_nobody_takes()
     format->on_execute = [&] { mMenu->remove_component_items("mesher"); };
     DialogDriver driver;
     driver.expect<QFileDialog>([&](QFileDialog* dialog) {
-        choose(dialog, u"\"%1\" \"%2\""_s.arg(place(u"a.msh"_s), place(u"sub/b.msh"_s)));
+        choose_with_return(dialog, u"\"%1\" \"%2\""_s.arg(place(u"a.msh"_s), place(u"sub/b.msh"_s)));
     });
     mMenu->file_import();
     QVERIFY(driver.finish());
@@ -671,7 +648,8 @@ void TstOstrelFileMenuFormats::import_looks_its_handler_up_in_the_same_case()
     add(imports, u"MESHES (*.MSH)"_s, u"loud"_s);
     add(imports, meshes, u"quiet"_s);
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"a.msh"_s), meshes); });
+    driver.expect<QFileDialog>(
+        [&](QFileDialog* dialog) { choose_with_return(dialog, place(u"a.msh"_s), meshes); });
     mMenu->file_import();
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), QStringList{executed(u"quiet"_s, place(u"a.msh"_s), meshes)});
@@ -685,7 +663,8 @@ void TstOstrelFileMenuFormats::part_of_an_earlier_filter_goes_to_that_handler()
     QVERIFY(mMenu->add_import(first));
     QVERIFY(mMenu->add_import(second));
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"a.msh"_s), meshes); });
+    driver.expect<QFileDialog>(
+        [&](QFileDialog* dialog) { choose_with_return(dialog, place(u"a.msh"_s), meshes); });
     mMenu->file_import();
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), QStringList{executed(u"first"_s, place(u"a.msh"_s), meshes)});
@@ -697,7 +676,8 @@ void TstOstrelFileMenuFormats::active_filter_outlives_the_window()
     add(imports, meshes + u";;"_s + steps, u"a"_s);
     {
         DialogDriver driver;
-        driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"a.stp"_s), steps); });
+        driver.expect<QFileDialog>(
+            [&](QFileDialog* dialog) { choose_with_return(dialog, place(u"a.stp"_s), steps); });
         mMenu->file_import();
         QVERIFY(driver.finish());
     }
@@ -735,7 +715,7 @@ void TstOstrelFileMenuFormats::any_name_is_imported()
     make_file(name);
     add(imports, meshes, u"a"_s);
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(name)); });
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose_with_return(dialog, place(name)); });
     mMenu->file_import();
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), QStringList{executed(u"a"_s, place(name), meshes)});
@@ -753,7 +733,7 @@ void TstOstrelFileMenuFormats::genesis_import_has_one_filter()
     driver.expect<QFileDialog>([&](QFileDialog* dialog) {
         seen = file_question(dialog);
         parent = dialog->parentWidget();
-        choose(dialog, place(u"a.exo"_s));
+        choose_with_return(dialog, place(u"a.exo"_s));
     });
     mMenu->file_import_exodus_only();
     QVERIFY(driver.finish());
@@ -777,7 +757,7 @@ void TstOstrelFileMenuFormats::genesis_import_saves_nothing()
     QSettings().setValue(import_key, steps);
     DialogDriver driver;
     driver.expect<QFileDialog>([&](QFileDialog* dialog) {
-        choose(dialog, u"\"%1\" \"%2\""_s.arg(place(u"a.g"_s), place(u"sub/b.e01"_s)));
+        choose_with_return(dialog, u"\"%1\" \"%2\""_s.arg(place(u"a.g"_s), place(u"sub/b.e01"_s)));
     });
     mMenu->file_import_exodus_only();
     QVERIFY(driver.finish());
@@ -792,7 +772,7 @@ void TstOstrelFileMenuFormats::genesis_import_without_handler_only_moves_the_dir
 {
     make_file(u"a.gen"_s);
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"a.gen"_s)); });
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose_with_return(dialog, place(u"a.gen"_s)); });
     mMenu->file_import_exodus_only();
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), QStringList());
@@ -881,7 +861,8 @@ void TstOstrelFileMenuFormats::export_prepares_everything_before_the_handler()
     QStringList seen;
     format->on_execute = [&] { seen << OstrelFileMenu::mPath << saved(export_key); };
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"v1.2/plate"_s), meshes); });
+    driver.expect<QFileDialog>(
+        [&](QFileDialog* dialog) { choose_with_return(dialog, place(u"v1.2/plate"_s), meshes); });
     mMenu->file_export();
     QVERIFY(driver.finish());
     // The extension is that of the selected filter.
@@ -915,7 +896,8 @@ void TstOstrelFileMenuFormats::export_completes_the_name()
     QFETCH(QString, exported);
     add(exports, meshes + u";;"_s + filter + u";;"_s + steps, u"a"_s);
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(typed), filter); });
+    driver.expect<QFileDialog>(
+        [&](QFileDialog* dialog) { choose_with_return(dialog, place(typed), filter); });
     mMenu->file_export();
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), QStringList{executed(u"a"_s, place(exported), filter)});
@@ -944,7 +926,7 @@ void TstOstrelFileMenuFormats::export_that_nobody_takes_saves_its_filter_all_the
     DialogDriver driver;
     driver.expect<QFileDialog>([&](QFileDialog* dialog) {
         mMenu->remove_component_items("mesher");
-        choose(dialog, place(u"plate"_s));
+        choose_with_return(dialog, place(u"plate"_s));
     });
     mMenu->file_export();
     QVERIFY(driver.finish());
@@ -959,7 +941,8 @@ void TstOstrelFileMenuFormats::export_goes_to_the_first_handler_in_the_same_case
     add(exports, u"Old "_s + meshes, u"first"_s);
     add(exports, meshes, u"second"_s);
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"plate"_s), meshes); });
+    driver.expect<QFileDialog>(
+        [&](QFileDialog* dialog) { choose_with_return(dialog, place(u"plate"_s), meshes); });
     mMenu->file_export();
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), QStringList{executed(u"first"_s, place(u"plate.msh"_s), meshes)});
@@ -971,7 +954,7 @@ void TstOstrelFileMenuFormats::export_leaves_the_import_filter()
     OstrelFileMenu::mActiveImportFilter = steps;
     QSettings().setValue(import_key, all_files);
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"plate"_s)); });
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose_with_return(dialog, place(u"plate"_s)); });
     mMenu->file_export();
     QVERIFY(driver.finish());
     QCOMPARE(OstrelFileMenu::mActiveImportFilter, steps);
@@ -983,11 +966,35 @@ void TstOstrelFileMenuFormats::export_over_a_file_asks_first()
     make_file(u"plate.msh"_s);
     add(exports, meshes, u"a"_s);
     DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, place(u"plate.msh"_s)); });
+    driver.expect<QFileDialog>(
+        [&](QFileDialog* dialog) { choose_with_return(dialog, place(u"plate.msh"_s)); });
     driver.expect(u"QMessageBox"_s, press(QDialogButtonBox::Yes));
     mMenu->file_export();
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), QStringList{executed(u"a"_s, place(u"plate.msh"_s), meshes)});
+}
+
+void TstOstrelFileMenuFormats::captions_are_translated()
+{
+    const MarkingTranslator translator("OstrelFileMenu");
+    add(imports, meshes, u"a"_s);
+    add(exports, meshes, u"a"_s);
+    QStringList captions;
+    QStringList last_filters;
+    DialogDriver driver;
+    for (int i = 0; i < 3; ++i) {
+        driver.expect<QFileDialog>([&](QFileDialog* dialog) {
+            captions << dialog->windowTitle();
+            last_filters = dialog->nameFilters();
+            press(QDialogButtonBox::Cancel)(dialog);
+        });
+    }
+    mMenu->file_import();
+    mMenu->file_export();
+    mMenu->file_import_exodus_only();
+    QVERIFY(driver.finish());
+    QCOMPARE(captions, (QStringList{u"<Import File>"_s, u"<Export File>"_s, u"<Import File>"_s}));
+    QCOMPARE(last_filters, QStringList{u"<"_s + genesis + u">"_s});
 }
 
 void TstOstrelFileMenuFormats::filters_live_on_in_the_settings()
@@ -1002,7 +1009,7 @@ void TstOstrelFileMenuFormats::filters_live_on_in_the_settings()
             driver.expect<QFileDialog>([&](QFileDialog* dialog) {
                 selected << dialog->selectedNameFilter();
                 const bool saves = dialog->acceptMode() == QFileDialog::AcceptSave;
-                choose(dialog, place(saves ? u"new%1"_s.arg(life) : u"a.stp"_s), steps);
+                choose_with_return(dialog, place(saves ? u"new%1"_s.arg(life) : u"a.stp"_s), steps);
             });
         }
         mMenu->file_import();

@@ -18,6 +18,7 @@
 #include "resources/load_icon.h"
 #include "support/TestCase.h"
 #include "support/menus.h"
+#include "support/statics.h"
 #include "support/windows.h"
 
 #include <QAction>
@@ -101,6 +102,7 @@ private slots:
     void title_is_set_and_kept();
     void empty_title_stands_for_ostrel();
     void update_title_writes_the_title_anew();
+    void title_names_the_current_file();
     void prompt_is_kept_and_nothing_else();
 
     // Graphics.
@@ -149,6 +151,7 @@ private slots:
 void TstOstrel::init()
 {
     TestCase::init();
+    reset_statics();
     host().reset();
     CommandButtons::mPanelButtonWidth = 0;
 }
@@ -449,6 +452,22 @@ void TstOstrel::update_title_writes_the_title_anew()
     window.setWindowTitle(u"something else"_s);
     window.update_title();
     QCOMPARE(window.windowTitle(), u"Fennar"_s);
+}
+
+void TstOstrel::title_names_the_current_file()
+{
+    Ostrel window;
+    window.set_title(u"Fennar"_s);
+    OstrelFileMenu::mFileName = u"/a - b/plate %1.mdl"_s;
+    QCOMPARE(window.windowTitle(), u"Fennar"_s);
+    window.update_title();
+    QCOMPARE(window.windowTitle(), u"Fennar - /a - b/plate %1.mdl"_s);
+    QCOMPARE(window.get_title(), u"Fennar"_s);
+    window.set_title(QString());
+    QCOMPARE(window.windowTitle(), u"Ostrel - /a - b/plate %1.mdl"_s);
+    OstrelFileMenu::mFileName.clear();
+    window.update_title();
+    QCOMPARE(window.windowTitle(), u"Ostrel"_s);
 }
 
 void TstOstrel::prompt_is_kept_and_nothing_else()
