@@ -50,9 +50,8 @@ struct Line
     const char* first_quote = nullptr;
     const char* last_quote = nullptr;
 
-    bool has_lone_quote() const { return first_quote && first_quote == last_quote; }
     /** A lone quote is taken for the begin of a string, save in a comment, where it is an apostrophe. */
-    bool is_closed() const { return has_lone_quote() && *begin != '#'; }
+    bool is_closed() const { return first_quote && first_quote == last_quote && *begin != '#'; }
     /** A closed line ends in the added quote, whatever stood there before. */
     bool is_continued() const { return begin != end && end[-1] == '\\' && !is_closed(); }
     /** Where the line's own text ends: before the backslash that continues it. */
@@ -79,21 +78,50 @@ Line line_at(const char* begin)
     }
 }
 
+/** Bytes that are written one after the other. Whoever writes asks for room first, once for a whole line. */
+class Output
+{
+public:
+    explicit Output(qsizetype expected) : mBytes(expected, Qt::Uninitialized), mEnd(mBytes.data()) {}
+
+    void make_room(qsizetype bytes)
+    {
+        const qsizetype size = mEnd - mBytes.constData();
+        if (mBytes.size() - size >= bytes)
+            return;
+        mBytes.resize(2 * mBytes.size() + bytes);
+        mEnd = mBytes.data() + size;
+    }
+    void add(const char* begin, const char* end)
+    {
+        std::memcpy(mEnd, begin, static_cast<size_t>(end - begin));
+        mEnd += end - begin;
+    }
+    void add(QByteArrayView bytes) { add(bytes.begin(), bytes.end()); }
+    void add(char byte) { *mEnd++ = byte; }
+
+    QByteArrayView bytes() const { return QByteArrayView(mBytes.constData(), mEnd); }
+
+private:
+    QByteArray mBytes;
+    char* mEnd;
+};
+
 class Translation
 {
 public:
-    explicit Translation(const QByteArray& text) { mOut.reserve(text.size() + text.size() / 2 + 16); }
+    explicit Translation(qsizetype size) : mOut(size + size / 2) {}
 
+    /** Translates @p text, which a NUL ends. */
     void run(const char* text);
-    const QByteArray& result() const { return mOut; }
+    QByteArrayView result() const { return mOut.bytes(); }
 
 private:
     void add(const Line& line);
     void add_content(const Line& line, QByteArrayView apostrophe);
-    void copy(const char* begin, const char* end) { mOut.append(begin, end - begin); }
     QByteArray add_leading_apostrophe_line(const char* text);
 
-    QByteArray mOut;
+    Output mOut;
     /** Whether a command runs on, whether it began with a call, and whether it holds a ")" so far. */
     bool mPending = false;
     bool mInCall = false;
@@ -115,7 +143,8 @@ void Translation::run(const char* text)
         const char* line_end = text;
         while (*text == '\r' || *text == '\n')
             ++text;
-        copy(line_end, text);
+        mOut.make_room(text - line_end);
+        mOut.add(line_end, text);
         if (!*text)
             return;
         const Line line = line_at(text);
@@ -126,17 +155,19 @@ void Translation::run(const char* text)
 
 void Translation::add(const Line& line)
 {
+    // Each byte becomes two at most; the quote that closes the line, the call and a backslash come on top.
+    mOut.make_room(2 * (line.end - line.begin + 1) + call_begin.size() + call_end.size());
     const bool continued = line.is_continued();
     const char* content_end = line.content_end();
     if (!mPending && is_blank(line.begin, content_end)) {
-        copy(line.begin, line.end);
+        mOut.add(line.begin, line.end);
         // Blanks that a backslash follows begin a command that gets no call. Intended.
         mPending = continued && line.begin != content_end;
         mInCall = mHasParenthesis = false;
         return;
     }
     if (!mPending) {
-        mOut += call_begin;
+        mOut.add(call_begin);
         mInCall = true;
         mHasParenthesis = false;
     }
@@ -146,7 +177,7 @@ void Translation::add(const Line& line)
         add_content(line, "'");
     if (continued) {
         // Python reads it as the continuation of the string.
-        mOut += '\\';
+        mOut.add('\\');
         mHasParenthesis = mHasParenthesis || has_parenthesis(line.begin, content_end);
         mPending = true;
         return;
@@ -154,7 +185,7 @@ void Translation::add(const Line& line)
     // A command on one line is closed in any case, one on several only without a ")" ahead of its last line.
     // Intended.
     if (!mPending || !mHasParenthesis)
-        mOut += mInCall ? call_end : QByteArrayView(")");
+        mOut.add(mInCall ? call_end : QByteArrayView(")"));
     mPending = false;
 }
 
@@ -164,30 +195,26 @@ void Translation::add_content(const Line& line, QByteArrayView apostrophe)
 {
     const char* end = line.content_end();
     if (!line.first_quote) {
-        copy(line.begin, end);
+        mOut.add(line.begin, end);
         return;
     }
-    const bool doubling = line.is_closed() || !line.has_lone_quote();
-    const char* string_end = doubling ? line.string_end() : line.first_quote;
-    const char* done = line.begin;
+    mOut.add(line.begin, line.first_quote);
+    const char* string_end = line.string_end();
     for (const char* at = line.first_quote; at != end; ++at) {
         if (*at == '\'') {
-            copy(done, at);
-            mOut += apostrophe;
-            done = at + 1;
-        } else if (*at == '\\' && at < string_end) {
-            copy(done, at);
-            mOut += '\\';
-            done = at;
+            mOut.add(apostrophe);
+            continue;
         }
+        if (*at == '\\' && at < string_end)
+            mOut.add('\\');
+        mOut.add(*at);
     }
-    copy(done, end);
-    if (line.is_closed()) {
-        if (*line.first_quote == '\'')
-            mOut += apostrophe;
-        else
-            mOut += *line.first_quote;
-    }
+    if (!line.is_closed())
+        return;
+    if (*line.first_quote == '\'')
+        mOut.add(apostrophe);
+    else
+        mOut.add(*line.first_quote);
 }
 
 /**
@@ -203,29 +230,30 @@ QByteArray Translation::add_leading_apostrophe_line(const char* text)
 {
     const Line line = line_at(text);
     const bool continued = line.is_continued();
-    mOut += call_begin;
-    add_content(line, "\\\\'");
-
-    const QByteArrayView later = QByteArrayView(line.content_end());
+    const QByteArrayView later(line.content_end());
     const qsizetype too_far = std::count(later.begin(), later.end(), '\'');
-    QByteArray rest;
-    rest.reserve(later.size() + too_far);
+    Output rest(later.size() + too_far);
     for (const char byte : later) {
         if (byte == '\'')
-            rest += '\\';
-        rest += byte;
+            rest.add('\\');
+        rest.add(byte);
     }
-    mOut += QByteArrayView(rest).first(too_far);
+    const QByteArrayView skipped = rest.bytes().first(too_far);
+
+    mOut.make_room(3 * (line.end - line.begin + 1) + too_far + call_begin.size() + call_end.size());
+    mOut.add(call_begin);
+    add_content(line, "\\\\'");
+    mOut.add(skipped);
     if (!continued) {
-        mOut += call_end;
-        return rest.sliced(too_far);
+        mOut.add(call_end);
+        return rest.bytes().sliced(too_far).toByteArray();
     }
     mPending = mInCall = true;
-    mHasParenthesis = has_parenthesis(line.begin, line.content_end()) ||
-                      has_parenthesis(rest.constData(), rest.constData() + too_far);
+    mHasParenthesis =
+        has_parenthesis(line.begin, line.content_end()) || has_parenthesis(skipped.begin(), skipped.end());
     // The byte that stands where the line's backslash was taken to be.
-    mOut += rest.at(too_far);
-    return rest.sliced(too_far + 1);
+    mOut.add(rest.bytes().at(too_far));
+    return rest.bytes().sliced(too_far + 1).toByteArray();
 }
 
 } // namespace
@@ -233,7 +261,7 @@ QByteArray Translation::add_leading_apostrophe_line(const char* text)
 void pythonize_text(QString& text)
 {
     const QByteArray bytes = text.toUtf8();
-    Translation translation(bytes);
+    Translation translation(bytes.size());
     // The walk ends at the first NUL: the one behind the text, or an earlier one of its own.
     translation.run(bytes.constData());
     text = QString::fromUtf8(translation.result());

@@ -142,7 +142,8 @@ void TstTranslate::time_grows_with_the_length_of_the_text_data()
     QTest::newRow("a leading apostrophe") << u"'a'\n"_s << u"b 'c'\n"_s;
 }
 
-/** Sixteen times the text takes sixteen times as long; what is done anew for each line takes 256 times. */
+/** Sixteen times the text takes sixteen times as long, and not the square of it. The limit lies far above the
+ * one and far below the other, since machines may be busy. */
 void TstTranslate::time_grows_with_the_length_of_the_text()
 {
     QFETCH(const QString, before);
@@ -150,7 +151,7 @@ void TstTranslate::time_grows_with_the_length_of_the_text()
     const auto best_time = [&](qsizetype characters) {
         const QString text = before + repeated.repeated(characters / repeated.size());
         qint64 best = -1;
-        for (int round = 0; round < 7; ++round) {
+        for (int round = 0; round < 3; ++round) {
             QElapsedTimer timer;
             timer.start();
             const QString result = translated(text);
@@ -161,10 +162,10 @@ void TstTranslate::time_grows_with_the_length_of_the_text()
         }
         return best;
     };
-    const qint64 of_short = best_time(1 << 16);
-    const qint64 of_long = best_time(1 << 20);
+    const qint64 of_short = best_time(1 << 18);
+    const qint64 of_long = best_time(1 << 22);
     QVERIFY(of_short > 0 && of_long > 0);
-    QVERIFY2(of_long < 64 * of_short, qPrintable(u"%1 ns and %2 ns"_s.arg(of_short).arg(of_long)));
+    QVERIFY2(of_long < 128 * of_short, qPrintable(u"%1 ns and %2 ns"_s.arg(of_short).arg(of_long)));
 }
 
 OSTREL_TEST_MAIN(TstTranslate)
