@@ -93,7 +93,7 @@ void opening(JournalEditor* editor, const QString& text)
             Tabs tabs;
             return time(tabs, tabs.add_document(editor));
         },
-        5);
+        3);
 }
 
 void playing(JournalEditor* editor, const QString& text)

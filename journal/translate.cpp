@@ -7,29 +7,12 @@
 #include <QString>
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 
 namespace {
 
 constexpr QByteArrayView call_begin = "fennar.cmd('";
 constexpr QByteArrayView call_end = "')";
-
-/** What a byte may mean to the search for the end of a line and for its quotes. */
-enum Kind : unsigned char { Plain, LineEnd, Quote };
-
-constexpr std::array<Kind, 256> kinds = [] {
-    std::array<Kind, 256> table{};
-    // The NUL behind the text, which so ends the last line as well.
-    table['\0'] = table['\r'] = table['\n'] = LineEnd;
-    table['"'] = table['\''] = Quote;
-    return table;
-}();
-
-Kind kind_of(char byte)
-{
-    return kinds[static_cast<unsigned char>(byte)];
-}
 
 bool is_blank(const char* begin, const char* end)
 {
@@ -60,23 +43,60 @@ struct Line
     const char* string_end() const { return is_closed() ? end : last_quote; }
 };
 
-/** The line that begins at @p begin of a text that a NUL ends. */
-Line line_at(const char* begin)
+/** Where one byte occurs in a text, asked for from its begin to its end. */
+class Occurrences
 {
-    Line line{begin, begin};
-    for (const char* at = begin;; ++at) {
-        Kind kind = kind_of(*at);
-        while (kind == Plain)
-            kind = kind_of(*++at);
-        if (kind == LineEnd) {
-            line.end = at;
-            return line;
-        }
-        if (!line.first_quote)
-            line.first_quote = at;
-        line.last_quote = at;
+public:
+    Occurrences(char byte, QByteArrayView text) : mByte(byte), mEnd(text.end()) { search(text.begin()); }
+
+    /** The first one at or behind @p at; the end of the text if there is none. */
+    const char* from(const char* at)
+    {
+        if (mNext < at)
+            search(at);
+        return mNext;
     }
-}
+
+private:
+    void search(const char* at)
+    {
+        const void* found = at == mEnd ? nullptr : std::memchr(at, mByte, static_cast<size_t>(mEnd - at));
+        mNext = found ? static_cast<const char*>(found) : mEnd;
+    }
+
+    char mByte;
+    const char* mEnd;
+    const char* mNext;
+};
+
+/** Tells the lines of a text, one after the other. */
+class Lines
+{
+public:
+    explicit Lines(QByteArrayView text)
+        : mFeeds('\n', text), mReturns('\r', text), mApostrophes('\'', text), mDoubleQuotes('"', text)
+    {}
+
+    /** The line that begins at @p begin, which never comes before that of an earlier call. */
+    Line line_at(const char* begin)
+    {
+        Line line{begin, std::min(mFeeds.from(begin), mReturns.from(begin))};
+        const char* quote = std::min(mApostrophes.from(begin), mDoubleQuotes.from(begin));
+        if (quote >= line.end)
+            return line;
+        line.first_quote = quote;
+        line.last_quote = line.end - 1;
+        while (*line.last_quote != '\'' && *line.last_quote != '"')
+            --line.last_quote;
+        return line;
+    }
+
+private:
+    Occurrences mFeeds;
+    Occurrences mReturns;
+    Occurrences mApostrophes;
+    Occurrences mDoubleQuotes;
+};
 
 /** Bytes that are written one after the other. Whoever writes asks for room first, once for a whole line. */
 class Output
@@ -112,14 +132,13 @@ class Translation
 public:
     explicit Translation(qsizetype size) : mOut(size + size / 2) {}
 
-    /** Translates @p text, which a NUL ends. */
-    void run(const char* text);
+    void run(QByteArrayView text);
     QByteArrayView result() const { return mOut.bytes(); }
 
 private:
     void add(const Line& line);
     void add_content(const Line& line, QByteArrayView apostrophe);
-    QByteArray add_leading_apostrophe_line(const char* text);
+    QByteArray add_leading_apostrophe_line(QByteArrayView text);
 
     Output mOut;
     /** Whether a command runs on, whether it began with a call, and whether it holds a ")" so far. */
@@ -128,28 +147,32 @@ private:
     bool mHasParenthesis = false;
 };
 
-void Translation::run(const char* text)
+void Translation::run(QByteArrayView text)
 {
     QByteArray rest;
-    if (*text == '\'') {
+    const bool starts_over = text.startsWith('\'');
+    if (starts_over) {
         rest = add_leading_apostrophe_line(text);
-        text = rest.constData();
-    } else {
-        const Line line = line_at(text);
+        text = rest;
+    }
+    Lines lines(text);
+    const char* at = text.begin();
+    if (!starts_over) {
+        const Line line = lines.line_at(at);
         add(line);
-        text = line.end;
+        at = line.end;
     }
     while (true) {
-        const char* line_end = text;
-        while (*text == '\r' || *text == '\n')
-            ++text;
-        mOut.make_room(text - line_end);
-        mOut.add(line_end, text);
-        if (!*text)
+        const char* line_end = at;
+        while (at != text.end() && (*at == '\r' || *at == '\n'))
+            ++at;
+        mOut.make_room(at - line_end);
+        mOut.add(line_end, at);
+        if (at == text.end())
             return;
-        const Line line = line_at(text);
+        const Line line = lines.line_at(at);
         add(line);
-        text = line.end;
+        at = line.end;
     }
 }
 
@@ -226,11 +249,11 @@ void Translation::add_content(const Line& line, QByteArrayView apostrophe)
  * end of this line's call lies as many bytes too far as there are later ones: in one of the later lines,
  * maybe inside a character. This is intended; journals that were translated so must come out the same.
  */
-QByteArray Translation::add_leading_apostrophe_line(const char* text)
+QByteArray Translation::add_leading_apostrophe_line(QByteArrayView text)
 {
-    const Line line = line_at(text);
+    const Line line = Lines(text).line_at(text.begin());
     const bool continued = line.is_continued();
-    const QByteArrayView later(line.content_end());
+    const QByteArrayView later(line.content_end(), text.end());
     const qsizetype too_far = std::count(later.begin(), later.end(), '\'');
     Output rest(later.size() + too_far);
     for (const char byte : later) {
@@ -261,8 +284,8 @@ QByteArray Translation::add_leading_apostrophe_line(const char* text)
 void pythonize_text(QString& text)
 {
     const QByteArray bytes = text.toUtf8();
-    Translation translation(bytes.size());
-    // The walk ends at the first NUL: the one behind the text, or an earlier one of its own.
-    translation.run(bytes.constData());
+    const QByteArrayView to_first_nul(bytes.constData());
+    Translation translation(to_first_nul.size());
+    translation.run(to_first_nul);
     text = QString::fromUtf8(translation.result());
 }
