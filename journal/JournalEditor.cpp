@@ -131,8 +131,10 @@ JournalEditor::~JournalEditor()
 void JournalEditor::add_document(const QString& text)
 {
     JournalDocument* doc = create_document(QString());
-    doc->setPlainText(text);
-    // A blank one stays pristine, so that the next document takes its place.
+    // Setting no text would leave the mark of unsaved changes on the tab of a document that has none.
+    if (!text.isEmpty())
+        doc->setPlainText(text);
+    // A blank one counts as saved.
     if (!doc->toPlainText().trimmed().isEmpty())
         set_modified(doc, true);
 }

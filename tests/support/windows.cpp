@@ -11,5 +11,7 @@ bool show_active(QWidget* window)
     window->show();
     window->raise();
     window->activateWindow();
-    return QTest::qWaitForWindowActive(window);
+    // A window above another one already counts as active for Qt's own wait when the other one is.
+    return QTest::qWaitForWindowActive(window)
+           && QTest::qWaitFor([window] { return window->isActiveWindow(); });
 }
