@@ -16,16 +16,25 @@
 #include <QHash>
 #include <QMenu>
 #include <QPainter>
+#include <QPointer>
 #include <QShortcut>
 #include <QTabWidget>
 #include <QTextBlock>
+
+#include <functional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto comment_shortcut = Qt::CTRL | Qt::Key_Slash;
-constexpr auto play_shortcut = Qt::CTRL | Qt::Key_F5;
+constexpr QKeyCombination comment_shortcut = Qt::CTRL | Qt::Key_Slash;
+constexpr QKeyCombination play_shortcut = Qt::CTRL | Qt::Key_F5;
+
+bool is_comment(const QTextBlock& block)
+{
+    return block.text().startsWith(u'#');
+}
 
 } // namespace
 
@@ -136,8 +145,25 @@ int JournalDocument::lineNumberAreaWidth() const
 
 void JournalDocument::lineNumberAreaPaintEvent(QPaintEvent* event)
 {
+    const QRect area = event->rect();
     QPainter painter(mLineNumberArea);
-    painter.fillRect(event->rect(), Qt::lightGray);
+    // Black on light grey in any colour scheme; intended.
+    painter.fillRect(area, Qt::lightGray);
+    painter.setPen(Qt::black);
+    QTextBlock block = firstVisibleBlock();
+    int number = block.blockNumber();
+    int top = static_cast<int>(blockBoundingGeometry(block).translated(contentOffset()).top());
+    int bottom = top + static_cast<int>(blockBoundingRect(block).height());
+    while (block.isValid() && top <= area.bottom()) {
+        if (block.isVisible() && bottom >= area.top()) {
+            painter.drawText(0, top, mLineNumberArea->width(), fontMetrics().height(), Qt::AlignRight,
+                             QString::number(number + 1));
+        }
+        block = block.next();
+        top = bottom;
+        bottom += static_cast<int>(blockBoundingRect(block).height());
+        ++number;
+    }
 }
 
 void JournalDocument::resizeEvent(QResizeEvent* event)
@@ -149,7 +175,71 @@ void JournalDocument::resizeEvent(QResizeEvent* event)
 
 void JournalDocument::contextMenuEvent(QContextMenuEvent* event)
 {
-    QPlainTextEdit::contextMenuEvent(event);
+    const bool editable = !isReadOnly();
+    const bool has_selection = textCursor().hasSelection();
+    const bool has_text = !document()->isEmpty();
+
+    // Guarded, since an event that comes while the menu is open may delete this document and the menu with
+    // it.
+    const QPointer<QMenu> menu = new QMenu(this);
+    menu->setObjectName(u"qt_edit_menu"_s);
+    QHash<const QAction*, std::function<void()>> effects;
+    const auto add = [&](const QString& text, bool enabled, const QKeySequence& shown_shortcut,
+                         std::function<void()> effect) {
+        QAction* item = menu->addAction(text);
+        item->setEnabled(enabled);
+        item->setShortcut(shown_shortcut);
+        effects.insert(item, std::move(effect));
+    };
+
+    add(tr("Play Selected"), has_selection, play_shortcut, [this] { mEditor->playSelected(); });
+    add(tr("Translate Selected to Python"), has_selection, {}, [this] { mEditor->pythonizeSelected(); });
+    menu->addSeparator();
+    if (editable) {
+        add(tr("&Undo"), document()->isUndoAvailable(), Qt::CTRL | Qt::Key_Z, [this] { undo(); });
+        add(tr("&Redo"), document()->isRedoAvailable(), Qt::CTRL | Qt::Key_Y, [this] { redo(); });
+        menu->addSeparator();
+        add(tr("Cu&t"), has_selection, Qt::CTRL | Qt::Key_X, [this] { cut(); });
+    }
+    add(tr("&Copy"), has_selection, Qt::CTRL | Qt::Key_C, [this] { copy(); });
+    if (editable) {
+        add(tr("&Paste"), !QGuiApplication::clipboard()->text().isEmpty(), Qt::CTRL | Qt::Key_V,
+            [this] { paste(); });
+        menu->addSeparator();
+        const bool commented = is_comment(document()->findBlock(textCursor().selectionStart()));
+        const bool can_comment = has_selection && !commented;
+        const bool can_uncomment = has_selection && commented;
+        add(tr("Comment Selection"), can_comment,
+            can_comment ? QKeySequence(comment_shortcut) : QKeySequence(),
+            [this] { mEditor->commentSelected(); });
+        add(tr("Un-Comment Selection"), can_uncomment,
+            can_uncomment ? QKeySequence(comment_shortcut) : QKeySequence(),
+            [this] { mEditor->uncommentSelected(); });
+        menu->addSeparator();
+        for (QAction* action : std::as_const(mContextMenuItems)) {
+            add(action->text(), has_text, {}, [added = QPointer<QAction>(action)] {
+                if (added)
+                    added->trigger();
+            });
+        }
+        if (!mContextMenuItems.isEmpty())
+            menu->addSeparator();
+        add(tr("Find..."), has_text, {}, [this] { mEditor->editFind(); });
+        add(tr("Clear"), has_text, {}, [this] {
+            selectAll();
+            cut();
+        });
+        menu->addSeparator();
+    }
+    add(tr("Select All"), has_text, Qt::CTRL | Qt::Key_A, [this] { selectAll(); });
+
+    const QAction* chosen = menu->exec(event->globalPos());
+    if (!menu)
+        return;
+    const std::function<void()> effect = effects.value(chosen);
+    delete menu;
+    if (effect)
+        effect();
 }
 
 void JournalDocument::updateLineNumberAreaWidth(int /*newBlockCount*/)
