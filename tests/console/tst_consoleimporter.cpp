@@ -164,7 +164,10 @@ void TstConsoleImporter::imported_commands_are_unsaved()
     importer.importCommands();
     QVERIFY(editor.returnCurrentDocument()->document()->isModified());
     // A page with nothing typed leaves nothing to save.
-    source.set_state(u"$ "_s);
+    Page empty;
+    empty.setPrompt(u"$ "_s);
+    empty.set_state(u"$ "_s);
+    importer.set_source(&empty);
     importer.importCommands();
     QVERIFY(!editor.returnCurrentDocument()->document()->isModified());
 }
