@@ -63,7 +63,9 @@ private slots:
     void nothing_found_with_wrapping_moves_the_caret_data();
     void nothing_found_with_wrapping_moves_the_caret();
     void empty_text_does_nothing_at_all();
-    void next_takes_the_focus();
+    void return_searches_once_and_next_takes_the_focus_data();
+    void return_searches_once_and_next_takes_the_focus();
+    void return_elsewhere_presses_the_default_button();
 
     // Marking.
     void hit_turns_grey_and_the_document_is_modified();
@@ -467,15 +469,45 @@ void TstJournalFindDialog::empty_text_does_nothing_at_all()
     QCOMPARE(mDialog->focusWidget(), child<QPushButton>("pbNext"));
 }
 
-void TstJournalFindDialog::next_takes_the_focus()
+void TstJournalFindDialog::return_searches_once_and_next_takes_the_focus_data()
 {
-    show(u"one two"_s, u"two"_s);
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("return") << Qt::Key_Return;
+    QTest::newRow("enter") << Qt::Key_Enter;
+}
+
+void TstJournalFindDialog::return_searches_once_and_next_takes_the_focus()
+{
+    // The dialog itself would press its default button as well, so the hits are counted.
+    QFETCH(const Qt::Key, key);
+    show(u"two two two two"_s, u"two"_s);
     QVERIFY(show_active(mDialog.get()));
     child<QLineEdit>("mFindText")->setFocus();
-    QTest::keyClick(mDialog->windowHandle(), Qt::Key_Return);
+    QTest::keyClick(mDialog->windowHandle(), key);
     QCOMPARE(mDialog->focusWidget(), child<QPushButton>("pbNext"));
+    QCOMPARE(selection(), QPoint(0, 3));
+    // From the button on it goes on.
+    QTest::keyClick(mDialog->windowHandle(), key);
     QCOMPARE(selection(), QPoint(4, 3));
+    child<QLineEdit>("mFindText")->setFocus();
+    QTest::keyClick(mDialog->windowHandle(), key);
+    QCOMPARE(selection(), QPoint(8, 3));
     QVERIFY(mDialog->isVisible());
+}
+
+void TstJournalFindDialog::return_elsewhere_presses_the_default_button()
+{
+    show(u"two two two two"_s, u"two"_s);
+    QVERIFY(show_active(mDialog.get()));
+    child<QPushButton>("pbNext")->setDefault(true);
+    child<QLineEdit>("mFindText")->setFocus();
+    QTest::keyClick(mDialog->windowHandle(), Qt::Key_Return);
+    child<QCheckBox>("cbWholeWords")->setFocus();
+    QTest::keyClick(mDialog->windowHandle(), Qt::Key_Return);
+    QCOMPARE(selection(), QPoint(4, 3));
+    child<QCheckBox>("cbWholeWords")->setFocus();
+    QTest::keyClick(mDialog->windowHandle(), Qt::Key_Escape);
+    QVERIFY(mDialog->isHidden());
 }
 
 void TstJournalFindDialog::hit_turns_grey_and_the_document_is_modified()
