@@ -7,6 +7,7 @@
 #include "host/ostrelfw/CLOptions.h"
 #include "host/ostrelfw/CLParser.h"
 #include "journal/JournalEditor.h"
+#include "options/ComponentTool.h"
 
 #include <QDir>
 #include <QFile>
@@ -70,6 +71,10 @@ void Ostrel::restore_settings()
         CLOptions::instance()->batch_mode() || !read_setting(settings, u"/restoreWorkingDir"_s, false);
     restore_working_directory(keep, read_setting(settings, u"/workingdir"_s, QString()));
 
+    const QString component_directory = read_setting(settings, u"/comppath"_s, QString());
+    if (!component_directory.isEmpty())
+        ComponentTool::sLastPath = component_directory;
+
     settings.endGroup();
     settings.beginGroup(u"/command"_s);
 
@@ -106,6 +111,7 @@ void Ostrel::save_settings()
     settings.beginGroup(u"/ostrel"_s);
     // Read by nothing, which is intended: the arrangement of docks and toolbars does not come back.
     settings.setValue(u"/saved_state"_s, saveState(0));
+    settings.setValue(u"/comppath"_s, ComponentTool::sLastPath);
 
     settings.endGroup();
     settings.beginGroup(u"/command"_s);

@@ -12,7 +12,6 @@
 
 #include <QFileDialog>
 #include <QHideEvent>
-#include <QPointer>
 #include <QShowEvent>
 
 #include <vector>
@@ -91,11 +90,11 @@ void ComponentTool::add_location()
 {
     if (sLastPath.isEmpty())
         mediator().get_component_directory(sLastPath);
-    const QPointer<ComponentTool> self = this;
     const QString directory =
         QFileDialog::getExistingDirectory(this, tr("Select Folder"), sLastPath, QFileDialog::ShowDirsOnly);
-    if (!self || directory.isEmpty())
+    if (directory.isEmpty())
         return;
+    // A name without "/" stays whole.
     sLastPath = directory.left(directory.lastIndexOf(u'/'));
 
     QListWidget* list = ui->mPathList;

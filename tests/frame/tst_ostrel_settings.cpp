@@ -5,6 +5,7 @@
 #include "console/CommandWindow.h"
 #include "frame/Ostrel.h"
 #include "hostdouble/HostDouble.h"
+#include "options/ComponentTool.h"
 #include "support/TestCase.h"
 
 #include <QApplication>
@@ -82,6 +83,12 @@ private slots:
     void directory_that_is_gone_is_left();
     void failed_change_of_directory_is_not_noticed();
 
+    // Plugin tool.
+    void directory_of_the_plugin_tool_lives_on();
+    void directory_of_the_plugin_tool_is_saved_even_if_empty();
+    void useless_directory_leaves_the_plugin_tools_own_data();
+    void useless_directory_leaves_the_plugin_tools_own();
+
     // Console.
     void font_lives_on();
     void missing_font_keys_leave_the_consoles_font();
@@ -113,6 +120,7 @@ void TstOstrelSettings::init()
 {
     TestCase::init();
     HostDouble::instance().reset();
+    ComponentTool::sLastPath.clear();
     mDirectoryBefore = QDir::currentPath();
     mStart = std::make_unique<QTemporaryDir>();
     mSaved = std::make_unique<QTemporaryDir>();
@@ -382,6 +390,48 @@ void TstOstrelSettings::failed_change_of_directory_is_not_noticed()
     QVERIFY(QDir().rmdir(documents()));
     const Ostrel window;
     QCOMPARE(current(), real(mStart->path()));
+}
+
+void TstOstrelSettings::directory_of_the_plugin_tool_lives_on()
+{
+    {
+        Ostrel window;
+        ComponentTool::sLastPath = u"/not there; and/odd #%&"_s;
+        window.save_settings();
+    }
+    QCOMPARE(get(u"/ostrelgui/ostrel/comppath"_s), QVariant(u"/not there; and/odd #%&"_s));
+    ComponentTool::sLastPath = u"/another"_s;
+    const Ostrel window;
+    QCOMPARE(ComponentTool::sLastPath, u"/not there; and/odd #%&"_s);
+}
+
+void TstOstrelSettings::directory_of_the_plugin_tool_is_saved_even_if_empty()
+{
+    set(u"/ostrelgui/ostrel/comppath"_s, u"/old"_s);
+    Ostrel window;
+    QCOMPARE(ComponentTool::sLastPath, u"/old"_s);
+    ComponentTool::sLastPath.clear();
+    window.save_settings();
+    QVERIFY(QSettings().contains(u"/ostrelgui/ostrel/comppath"_s));
+    QCOMPARE(get(u"/ostrelgui/ostrel/comppath"_s).toString(), QString());
+}
+
+void TstOstrelSettings::useless_directory_leaves_the_plugin_tools_own_data()
+{
+    QTest::addColumn<QVariant>("saved");
+    QTest::newRow("missing") << QVariant();
+    QTest::newRow("empty") << QVariant(QString());
+    QTest::newRow("list") << QVariant(QStringList{u"/a"_s, u"/b"_s});
+}
+
+void TstOstrelSettings::useless_directory_leaves_the_plugin_tools_own()
+{
+    QFETCH(const QVariant, saved);
+    if (saved.isValid())
+        set(u"/ostrelgui/ostrel/comppath"_s, saved);
+    ComponentTool::sLastPath = u"/own"_s;
+    const Ostrel window;
+    QCOMPARE(ComponentTool::sLastPath, u"/own"_s);
 }
 
 void TstOstrelSettings::font_lives_on()

@@ -16,6 +16,7 @@ import sys
 PUBLIC = {
     "CommandWidget",
     "CommandWindow",
+    "FileLineEdit",
     "ImportExportHandler",
     "JournalEditor",
     "MainFrame",
