@@ -463,7 +463,7 @@ void TstJournalDocumentText::lines_of_the_selection_are_translated_data()
     QTest::newRow("empty first block of the document")
         << QStringList{u""_s, b, c} << QList<int>{0, 0, 1, 1} << QStringList{u""_s, u""_s, call_b, c};
     QTest::newRow("empty block in the middle")
-        << QStringList{a, u""_s, b, c} << QList<int>{1, 0, 2, 1} << QStringList{a, u""_s, call_b, c};
+        << QStringList{a, u""_s, b, c} << QList<int>{1, 0, 2, 1} << QStringList{a, u""_s, u""_s, call_b, c};
 }
 
 void TstJournalDocumentText::lines_of_the_selection_are_translated()

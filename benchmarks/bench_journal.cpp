@@ -1,0 +1,217 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+// What journals cost: opening, playing, translating, commenting and typing.
+
+#include "bench.h"
+#include "journal/JournalDocument.h"
+#include "journal/JournalEditor.h"
+#include "journal/translate.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QStringList>
+#include <QTabWidget>
+#include <QTextBlock>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int many_lines = 1'000'000;
+
+/** A journal with all that the translation has rules for, most of its lines being plain commands. */
+QString journal(int lines)
+{
+    const QStringList kinds = {u"volume %1 size 0.5\n"_s,
+                               u"mesh volume %1 scheme tetmesh \\\n"_s,
+                               u"    interval 12\n"_s,
+                               u"import step 'C:\\models\\part%1.stp' heal\n"_s,
+                               u"block %1 name \"outer shell\"\n"_s,
+                               u"# the part's outer hull, step %1\n"_s,
+                               u"\n"_s,
+                               u"surface %1 interval 12 size 0.125\n"_s,
+                               u"curve %1 to 17 merge tolerance 1e-6\n"_s,
+                               u"list volume %1 geometry\n"_s};
+    QString text;
+    for (int line = 0; line < lines; ++line) {
+        const QString& kind = kinds[line % kinds.size()];
+        text += kind.contains(u"%1"_s) ? kind.arg(line) : kind;
+    }
+    text.chop(1);
+    return text;
+}
+
+/** A tab widget on the screen, as the journal editor has one. */
+class Tabs : public QTabWidget
+{
+public:
+    Tabs() { resize(601, 498); }
+
+    JournalDocument* add_document(JournalEditor* editor)
+    {
+        auto* document = new JournalDocument(editor, this, "JournalDocument");
+        add(document);
+        return document;
+    }
+    QPlainTextEdit* add_bare_edit()
+    {
+        auto* edit = new QPlainTextEdit(this);
+        add(edit);
+        return edit;
+    }
+
+private:
+    void add(QPlainTextEdit* edit)
+    {
+        edit->setLineWrapMode(QPlainTextEdit::NoWrap);
+        addTab(edit, u"Untitled"_s);
+        show();
+        QCoreApplication::processEvents();
+    }
+};
+
+void opening(JournalEditor* editor, const QString& text)
+{
+    const auto time = [&](const Tabs& tabs, QPlainTextEdit* edit) {
+        const double seconds = bench::seconds([&] {
+            edit->setPlainText(text);
+            edit->document()->setModified(false);
+            edit->window()->repaint();
+        });
+        if (edit->blockCount() != many_lines || tabs.count() != 1)
+            qFatal("the journal was not opened");
+        return seconds;
+    };
+    bench::compare(
+        "opening a journal of 1,000,000 lines", 1.15,
+        [&] {
+            Tabs tabs;
+            return time(tabs, tabs.add_bare_edit());
+        },
+        [&] {
+            Tabs tabs;
+            return time(tabs, tabs.add_document(editor));
+        },
+        5);
+}
+
+void playing(JournalEditor* editor, const QString& text)
+{
+    Tabs tabs;
+    JournalDocument* document = tabs.add_document(editor);
+    document->setPlainText(text);
+    qsizetype split = 0;
+    qsizetype played = 0;
+    QObject::connect(editor, &JournalEditor::processCommandsAsFile, document,
+                     [&](const QStringList& lines) { played = lines.size(); });
+    bench::compare(
+        "gathering the lines of a journal of 1,000,000 lines", 1.5,
+        [&] { return bench::seconds([&] { split = document->toPlainText().split(u'\n').size(); }); },
+        [&] { return bench::seconds([&] { document->play_lines(0, -1); }); }, 7);
+    if (split != many_lines || played != many_lines)
+        qFatal("not all lines were played");
+}
+
+void translating(const QString& text)
+{
+    const auto translate = [](const QString& before) {
+        QString after = before;
+        const double seconds = bench::seconds([&] { pythonize_text(after); });
+        if (after.count(u'\n') != before.count(u'\n') || after.size() < before.size() + 10)
+            qFatal("the text was not translated");
+        return seconds;
+    };
+    bench::compare(
+        "translating a journal of 1,000,000 lines", 6,
+        [&] {
+            QString back;
+            const double seconds = bench::seconds([&] { back = QString::fromUtf8(text.toUtf8()); });
+            if (back != text)
+                qFatal("the text did not survive UTF-8");
+            return seconds;
+        },
+        [&] { return translate(text); }, 11);
+    const QString twice = text + u'\n' + text;
+    bench::compare(
+        "translating twice the text", 2.2, [&] { return translate(text); }, [&] { return translate(twice); },
+        11);
+}
+
+void commenting(JournalEditor* editor)
+{
+    constexpr int lines = 10'000;
+    const QString text = journal(lines);
+    bench::compare(
+        "commenting 10,000 lines", 1.5,
+        [&] {
+            Tabs tabs;
+            QPlainTextEdit* edit = tabs.add_bare_edit();
+            edit->setPlainText(text);
+            return bench::seconds([&] {
+                for (QTextBlock block = edit->document()->firstBlock(); block.isValid(); block = block.next())
+                    QTextCursor(block).insertText(u"#"_s);
+            });
+        },
+        [&] {
+            Tabs tabs;
+            JournalDocument* document = tabs.add_document(editor);
+            document->setPlainText(text);
+            const double seconds = bench::seconds([&] { document->comment_lines(0, -1); });
+            if (document->toPlainText().count(u"\n#"_s) != lines - 1)
+                qFatal("not all lines were commented");
+            return seconds;
+        },
+        9);
+}
+
+void typing(JournalEditor* editor, const QString& text)
+{
+    constexpr int keys = 300;
+    const auto type = [&](JournalDocument* document) {
+        QTextCursor cursor(document->document()->findBlockByNumber(document->blockCount() / 2));
+        cursor.movePosition(QTextCursor::EndOfBlock);
+        document->setTextCursor(cursor);
+        document->repaint();
+        const int before = cursor.block().length();
+        const double seconds = bench::seconds([&] {
+            for (int key = 0; key < keys; ++key) {
+                // A new line every tenth time, since that is what changes the numbers of the others.
+                const bool new_line = key % 10 == 9;
+                QKeyEvent press(QEvent::KeyPress, new_line ? Qt::Key_Return : Qt::Key_A, Qt::NoModifier,
+                                new_line ? u"\r"_s : u"a"_s);
+                QCoreApplication::sendEvent(document, &press);
+                QCoreApplication::processEvents();
+            }
+        });
+        if (cursor.block().length() == before && document->blockCount() % 10 == 0)
+            qFatal("nothing was typed");
+        return seconds / keys;
+    };
+    Tabs short_tabs;
+    JournalDocument* short_document = short_tabs.add_document(editor);
+    short_document->setPlainText(journal(100));
+    Tabs long_tabs;
+    JournalDocument* long_document = long_tabs.add_document(editor);
+    long_document->setPlainText(text);
+    bench::compare(
+        "a key pressed in 1,000,000 lines, against 100 lines", 1.5, [&] { return type(short_document); },
+        [&] { return type(long_document); }, 9);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    bench::ignore_platform_warnings();
+    const QApplication application(argc, argv);
+    JournalEditor editor;
+    const QString text = journal(many_lines);
+    opening(&editor, text);
+    playing(&editor, text);
+    translating(text);
+    commenting(&editor);
+    typing(&editor, text);
+}
