@@ -6,8 +6,8 @@
 #include "console/CommandWindow.h"
 #include "files/ImportExportHandler.h"
 #include "files/OpenSaveHandler.h"
-class RecentFiles : public QObject
-{};
+#include "files/OstrelMessageBox.h"
+#include "files/RecentFiles.h"
 #include "files/file_names.h"
 #include "frame/Ostrel.h"
 #include "frame/read_setting.h"
@@ -201,6 +201,14 @@ OstrelFileMenu::OstrelFileMenu(Ostrel* main)
     mFileMenu->addSeparator();
     mFileMenu->addAction(mFileExitAction);
 
+    mRecentImports = std::make_unique<RecentFiles>(mRecentImportsMenu, 0, true);
+    mRecentFiles = std::make_unique<RecentFiles>(mFileMenu, recent_files_position, false);
+    mRecentImports->mParent = mMain;
+    mRecentFiles->mParent = mMain;
+    connect(mRecentImports.get(), &RecentFiles::recent_file_selected, this,
+            &OstrelFileMenu::import_recent_file);
+    connect(mRecentFiles.get(), &RecentFiles::recent_file_selected, this, &OstrelFileMenu::open_recent_file);
+
     connect(mFileNewAction, &QAction::triggered, this, &OstrelFileMenu::file_new);
     connect(mFileOpenAction, &QAction::triggered, this, &OstrelFileMenu::file_open);
     connect(mFileSaveAction, &QAction::triggered, this, &OstrelFileMenu::file_save);
@@ -285,6 +293,26 @@ bool OstrelFileMenu::check_modified()
 {
     if (!mOpenSaveHandler || !mOpenSaveHandler->is_modified())
         return true;
+    if (mDoPrompt) {
+        bool never_again = false;
+        const int answer = OstrelMessageBox::warning(
+            mMain, mMain->get_title(), tr("The data has been modified.\nDo you wish to save the changes?"),
+            never_again, QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel,
+            tr("Never prompt me when there is unsaved data."));
+        switch (answer) {
+        case QMessageBox::Yes:
+            // The check box is ignored here, which is intended.
+            file_save();
+            if (mOpenSaveHandler && mOpenSaveHandler->is_modified())
+                return false;
+            break;
+        case QMessageBox::Cancel:
+        case 0:
+            return false;
+        default:
+            mDoPrompt = !never_again;
+        }
+    }
     // A handler may have gone while the question was open.
     if (mOpenSaveHandler)
         mOpenSaveHandler->set_modified(false);
@@ -294,25 +322,25 @@ bool OstrelFileMenu::check_modified()
 void OstrelFileMenu::recent_file(const QString& file)
 {
     if (mRecentFiles)
-        static_cast<void>(file);
+        mRecentFiles->add(file);
 }
 
 void OstrelFileMenu::recent_import(const QString& command)
 {
     if (mRecentImports)
-        static_cast<void>(command);
+        mRecentImports->add(command);
 }
 
 void OstrelFileMenu::get_recent_files(std::vector<QString>& files) const
 {
     if (mRecentFiles)
-        static_cast<void>(files);
+        mRecentFiles->get_entries(files);
 }
 
 void OstrelFileMenu::get_recent_imports(std::vector<QString>& commands) const
 {
     if (mRecentImports)
-        static_cast<void>(commands);
+        mRecentImports->get_entries(commands);
 }
 
 bool OstrelFileMenu::add_import(ImportExportHandler* handler)
@@ -408,7 +436,7 @@ void OstrelFileMenu::file_open()
     mFileName = name;
     mMain->update_title();
     if (mRecentFiles) {
-        static_cast<void>(name);
+        mRecentFiles->add(name);
         // Before the handler is called: what it does may end the program.
         Ostrel::instance()->save_settings();
     }

@@ -4,6 +4,7 @@
 #include "frame/Ostrel.h"
 
 #include "console/CommandWindow.h"
+#include "files/OstrelFileMenu.h"
 #include "frame/OstrelEventFilter.h"
 #include "frame/OstrelSplitter.h"
 #include "frame/Ostrel_sections.h"
@@ -106,6 +107,7 @@ Ostrel::Ostrel(QWidget* parent, const char* name) : QMainWindow(parent), mTitle(
     mSections = std::make_unique<Sections>();
     mMenuBar = menuBar();
 
+    mFileMenu = new OstrelFileMenu(this);
     mViewMenu = new OstrelViewMenu(this);
     mToolsMenu = new OstrelToolsMenu(this);
     mWindowMenu = new OstrelWindowMenu(this, nullptr);
@@ -118,6 +120,10 @@ Ostrel::Ostrel(QWidget* parent, const char* name) : QMainWindow(parent), mTitle(
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
 
     std::vector<QAction*> file_tools;
+    if (mFileMenu)
+        mFileMenu->get_items_for_toolbar(file_tools);
+    if (mFileMenu && mToolsMenu)
+        file_tools.push_back(nullptr);
     if (mToolsMenu)
         mToolsMenu->get_items_for_toolbar(file_tools);
     add_to_toolbar("FileTools", tr("File Tools"), file_tools, "framework", Qt::TopToolBarArea);
@@ -180,6 +186,7 @@ Ostrel::~Ostrel()
     mSections.reset();
     delete mDefaultWidget;
     delete mJournalEditor;
+    delete mFileMenu;
     delete mViewMenu;
     delete mToolsMenu;
     delete mWindowMenu;
@@ -267,7 +274,8 @@ QString Ostrel::get_title() const
 
 void Ostrel::update_title()
 {
-    setWindowTitle(mTitle);
+    const QString& file = OstrelFileMenu::mFileName;
+    setWindowTitle(file.isEmpty() ? mTitle : mTitle + u" - "_s + file);
 }
 
 void Ostrel::set_prompt(const QString& p)
@@ -410,7 +418,13 @@ void Ostrel::closeEvent(QCloseEvent* e)
             return;
         }
     }
+    const bool may_close = !mFileMenu || mFileMenu->check_modified();
+    // Even if the window stays.
     save_settings();
+    if (!may_close) {
+        e->ignore();
+        return;
+    }
     e->accept();
     Broker::instance()->request_exit();
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "console/CommandWindow.h"
+#include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "frame/read_setting.h"
 #include "host/ostrelfw/CLOptions.h"
@@ -14,12 +15,43 @@
 #include <QSettings>
 #include <QStandardPaths>
 
+#include <functional>
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 // A position beyond this is not trusted, whatever the screens are.
 constexpr int largest_position = 1200;
+
+// The keys of the entries of a recent list are this and the numbers from 1, the newest entry's, to the most.
+const auto recent_file_key = u"/file"_s;
+const auto recent_import_key = u"/import"_s;
+constexpr int most_recent_entries = 5;
+
+// The oldest first, so that the newest ends up on top.
+void restore_recent(const QSettings& settings, const QString& key, const std::function<void(QString)>& add)
+{
+    for (int i = most_recent_entries; i >= 1; --i) {
+        const QString entry = read_setting(settings, key + QString::number(i), QString());
+        if (!entry.isEmpty())
+            add(entry);
+    }
+}
+
+void remove_recent(QSettings& settings, const QString& key)
+{
+    for (int i = 1; i <= most_recent_entries; ++i)
+        settings.remove(key + QString::number(i));
+}
+
+void save_recent(QSettings& settings, const QString& key, const std::vector<QString>& entries)
+{
+    int number = 0;
+    for (const QString& entry : entries)
+        settings.setValue(key + QString::number(++number), entry);
+}
 
 bool is_current_directory_writable()
 {
@@ -67,6 +99,8 @@ void Ostrel::restore_settings()
     if (settings.contains(u"/width"_s) && settings.contains(u"/height"_s))
         resize(read_setting(settings, u"/width"_s, 0), read_setting(settings, u"/height"_s, 0));
 
+    OstrelFileMenu::mDoPrompt = read_setting(settings, u"/saveprompt"_s, true);
+
     const bool keep =
         CLOptions::instance()->batch_mode() || !read_setting(settings, u"/restoreWorkingDir"_s, false);
     restore_working_directory(keep, read_setting(settings, u"/workingdir"_s, QString()));
@@ -74,6 +108,13 @@ void Ostrel::restore_settings()
     const QString component_directory = read_setting(settings, u"/comppath"_s, QString());
     if (!component_directory.isEmpty())
         ComponentTool::sLastPath = component_directory;
+
+    if (mFileMenu) {
+        restore_recent(settings, recent_file_key,
+                       [this](const QString& file) { mFileMenu->recent_file(file); });
+        restore_recent(settings, recent_import_key,
+                       [this](const QString& command) { mFileMenu->recent_import(command); });
+    }
 
     settings.endGroup();
     settings.beginGroup(u"/command"_s);
@@ -111,7 +152,18 @@ void Ostrel::save_settings()
     settings.beginGroup(u"/ostrel"_s);
     // Read by nothing, which is intended: the arrangement of docks and toolbars does not come back.
     settings.setValue(u"/saved_state"_s, saveState(0));
+    settings.setValue(u"/saveprompt"_s, OstrelFileMenu::mDoPrompt);
     settings.setValue(u"/comppath"_s, ComponentTool::sLastPath);
+    remove_recent(settings, recent_file_key);
+    remove_recent(settings, recent_import_key);
+    if (mFileMenu) {
+        std::vector<QString> entries;
+        mFileMenu->get_recent_files(entries);
+        save_recent(settings, recent_file_key, entries);
+        entries.clear();
+        mFileMenu->get_recent_imports(entries);
+        save_recent(settings, recent_import_key, entries);
+    }
 
     settings.endGroup();
     settings.beginGroup(u"/command"_s);

@@ -3,6 +3,7 @@
 
 #include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
+#include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "frame/OstrelSplitter.h"
 #include "host/navigation/BreadcrumbsPanel.h"
@@ -17,6 +18,7 @@
 #include "resources/load_icon.h"
 #include "support/TestCase.h"
 #include "support/menus.h"
+#include "support/statics.h"
 #include "support/windows.h"
 
 #include <QAction>
@@ -100,6 +102,7 @@ private slots:
     void title_is_set_and_kept();
     void empty_title_stands_for_ostrel();
     void update_title_writes_the_title_anew();
+    void title_names_the_current_file();
     void prompt_is_kept_and_nothing_else();
 
     // Graphics.
@@ -148,6 +151,7 @@ private slots:
 void TstOstrel::init()
 {
     TestCase::init();
+    reset_statics();
     host().reset();
     CommandButtons::mPanelButtonWidth = 0;
 }
@@ -337,13 +341,12 @@ void TstOstrel::parts_are_built_in_order()
 {
     const Ostrel window;
     // A dock becomes a child when it is added, a toolbar or bar when it is first asked for.
-    const QStringList parts{u"qt_central_widget"_s,  u"QMenuBar"_s,
-                            u"OstrelViewMenu"_s,     u"OstrelToolsMenu"_s,
-                            u"OstrelWindowMenu"_s,   u"OstrelHelpMenu"_s,
-                            u"NavigationModel"_s,    u"FileTools"_s,
-                            u"lineupToolsAction"_s,  u"OstrelCommandWindow"_s,
-                            u"FennarCommandPanel"_s, u"QStatusBar"_s,
-                            u"QShortcut"_s};
+    // The file menu has a label in the status bar.
+    const QStringList parts{u"qt_central_widget"_s,  u"QMenuBar"_s,          u"OstrelFileMenu"_s,
+                            u"QStatusBar"_s,         u"OstrelViewMenu"_s,    u"OstrelToolsMenu"_s,
+                            u"OstrelWindowMenu"_s,   u"OstrelHelpMenu"_s,    u"NavigationModel"_s,
+                            u"FileTools"_s,          u"lineupToolsAction"_s, u"OstrelCommandWindow"_s,
+                            u"FennarCommandPanel"_s, u"QShortcut"_s};
     QStringList built;
     for (const QObject* child : window.children()) {
         const QString name = child->objectName();
@@ -448,6 +451,22 @@ void TstOstrel::update_title_writes_the_title_anew()
     window.setWindowTitle(u"something else"_s);
     window.update_title();
     QCOMPARE(window.windowTitle(), u"Fennar"_s);
+}
+
+void TstOstrel::title_names_the_current_file()
+{
+    Ostrel window;
+    window.set_title(u"Fennar"_s);
+    OstrelFileMenu::mFileName = u"/a - b/plate %1.mdl"_s;
+    QCOMPARE(window.windowTitle(), u"Fennar"_s);
+    window.update_title();
+    QCOMPARE(window.windowTitle(), u"Fennar - /a - b/plate %1.mdl"_s);
+    QCOMPARE(window.get_title(), u"Fennar"_s);
+    window.set_title(QString());
+    QCOMPARE(window.windowTitle(), u"Ostrel - /a - b/plate %1.mdl"_s);
+    OstrelFileMenu::mFileName.clear();
+    window.update_title();
+    QCOMPARE(window.windowTitle(), u"Ostrel"_s);
 }
 
 void TstOstrel::prompt_is_kept_and_nothing_else()
@@ -903,6 +922,7 @@ void TstOstrel::window_is_taken_down_in_order()
         cache_cleared = !QPixmapCache::find(u"a picture"_s, &found);
     });
     announce(black, u"placeholder"_s);
+    announce(window->file_menu(), u"file menu"_s);
     announce(window->view_menu(), u"view menu"_s);
     announce(window->tools_menu(), u"tools menu"_s);
     announce(window->findChild<OstrelWindowMenu*>(), u"window menu"_s);
@@ -914,8 +934,8 @@ void TstOstrel::window_is_taken_down_in_order()
     picture.fill(Qt::red);
     QVERIFY(QPixmapCache::insert(u"a picture"_s, picture));
     window.reset();
-    QCOMPARE(order, (QStringList{u"placeholder"_s, u"view menu"_s, u"tools menu"_s, u"window menu"_s,
-                                 u"help menu"_s, u"console"_s, u"console dock"_s}));
+    QCOMPARE(order, (QStringList{u"placeholder"_s, u"file menu"_s, u"view menu"_s, u"tools menu"_s,
+                                 u"window menu"_s, u"help menu"_s, u"console"_s, u"console dock"_s}));
     QVERIFY(instance_gone);
     QVERIFY(cache_cleared);
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "files/OstrelFileMenu.h"
 #include "frame/MainFrame.h"
 #include "frame/Ostrel.h"
 #include "hostdouble/HostDouble.h"
@@ -180,7 +181,7 @@ private slots:
     void toolbar_needs_a_name_and_a_component();
     void toolbar_names_are_compared_exactly();
     void new_toolbar_is_in_the_view_menu();
-    void first_toolbar_holds_the_tools();
+    void first_toolbar_holds_files_and_tools();
     void first_toolbar_belongs_to_the_framework();
     void toolbar_with_four_tool_buttons_stays();
     void toolbar_with_three_tool_buttons_goes();
@@ -565,7 +566,7 @@ void TstOstrelComponents::new_toolbar_is_in_the_view_menu()
                                                toolbar(window, u"mesh"_s)->toggleViewAction()}));
 }
 
-void TstOstrelComponents::first_toolbar_holds_the_tools()
+void TstOstrelComponents::first_toolbar_holds_files_and_tools()
 {
     const Ostrel window;
     const QToolBar* const bar = toolbar(window, u"FileTools"_s);
@@ -575,7 +576,14 @@ void TstOstrelComponents::first_toolbar_holds_the_tools()
     std::vector<QAction*> tools;
     window.tools_menu()->get_items_for_toolbar(tools);
     QCOMPARE(tools.size(), 4U);
-    QCOMPARE(bar->actions().last(4), QList<QAction*>(tools.begin(), tools.end()));
+    std::vector<QAction*> files;
+    window.file_menu()->get_items_for_toolbar(files);
+    QCOMPARE(files.size(), 5U);
+    const QList<QAction*> actions = bar->actions();
+    QCOMPARE(actions.size(), 10);
+    QCOMPARE(actions.first(5), QList<QAction*>(files.begin(), files.end()));
+    QVERIFY(actions.at(5)->isSeparator());
+    QCOMPARE(actions.last(4), QList<QAction*>(tools.begin(), tools.end()));
 }
 
 void TstOstrelComponents::first_toolbar_belongs_to_the_framework()

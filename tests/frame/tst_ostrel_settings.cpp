@@ -3,10 +3,12 @@
 
 #include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
+#include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "hostdouble/HostDouble.h"
 #include "options/ComponentTool.h"
 #include "support/TestCase.h"
+#include "support/statics.h"
 
 #include <QApplication>
 #include <QDir>
@@ -101,6 +103,14 @@ private slots:
     void limits_live_on();
     void switched_off_trimming_loses_the_limit();
 
+    // Files.
+    void question_about_unsaved_data_lives_on();
+    void unreadable_question_flag_stands_for_asking();
+    void recent_lists_live_on();
+    void recent_files_come_back_from_the_filled_keys_data();
+    void recent_files_come_back_from_the_filled_keys();
+    void keys_of_recent_lists_that_are_over_go();
+
     // Panel, and the settings of others.
     void panel_kind_is_restored_data();
     void panel_kind_is_restored();
@@ -119,6 +129,7 @@ private:
 void TstOstrelSettings::init()
 {
     TestCase::init();
+    reset_statics();
     HostDouble::instance().reset();
     ComponentTool::sLastPath.clear();
     mDirectoryBefore = QDir::currentPath();
@@ -553,6 +564,110 @@ void TstOstrelSettings::switched_off_trimming_loses_the_limit()
     QCOMPARE(window.command_line()->get_cmd_max_lines(), 0);
 }
 
+void TstOstrelSettings::question_about_unsaved_data_lives_on()
+{
+    for (const bool asks : {false, true}) {
+        {
+            Ostrel window;
+            OstrelFileMenu::mDoPrompt = asks;
+            window.save_settings();
+            QCOMPARE(get(u"/ostrelgui/ostrel/saveprompt"_s).toBool(), asks);
+        }
+        OstrelFileMenu::mDoPrompt = !asks;
+        const Ostrel window;
+        QCOMPARE(OstrelFileMenu::mDoPrompt, asks);
+    }
+}
+
+void TstOstrelSettings::unreadable_question_flag_stands_for_asking()
+{
+    OstrelFileMenu::mDoPrompt = false;
+    {
+        const Ostrel window;
+        QVERIFY(OstrelFileMenu::mDoPrompt);
+    }
+    OstrelFileMenu::mDoPrompt = false;
+    set(u"/ostrelgui/ostrel/saveprompt"_s, QStringList{u"a"_s, u"b"_s});
+    const Ostrel window;
+    QVERIFY(OstrelFileMenu::mDoPrompt);
+}
+
+void TstOstrelSettings::recent_lists_live_on()
+{
+    // The newest first.
+    const QStringList names{u"/gone/a b;c.mdl"_s, u"/#%1&\"'\u677f.mdl"_s, u"/line\nfeed.mdl"_s, u"x"_s,
+                            u"C:\\y.mdl"_s};
+    const QStringList commands{u"import step \"/a b;c.stp\" heal"_s, u"import '/b,c.stl'"_s};
+    {
+        Ostrel window;
+        for (auto name = names.crbegin(); name != names.crend(); ++name)
+            window.file_menu()->recent_file(*name);
+        for (auto command = commands.crbegin(); command != commands.crend(); ++command)
+            window.file_menu()->recent_import(*command);
+        window.save_settings();
+    }
+    for (int i = 0; i < 5; ++i)
+        QCOMPARE(get(u"/ostrelgui/ostrel/file%1"_s.arg(i + 1)).toString(), names[i]);
+    QCOMPARE(get(u"/ostrelgui/ostrel/import1"_s).toString(), commands[0]);
+    QCOMPARE(get(u"/ostrelgui/ostrel/import2"_s).toString(), commands[1]);
+    QVERIFY(!get(u"/ostrelgui/ostrel/import3"_s).isValid());
+    const Ostrel window;
+    std::vector<QString> restored;
+    window.file_menu()->get_recent_files(restored);
+    window.file_menu()->get_recent_imports(restored);
+    QCOMPARE(QStringList(restored.cbegin(), restored.cend()), names + commands);
+}
+
+void TstOstrelSettings::recent_files_come_back_from_the_filled_keys_data()
+{
+    QTest::addColumn<QStringList>("keys");
+    QTest::addColumn<QStringList>("restored");
+
+    QTest::newRow("one and an empty one") << QStringList{u"file1"_s, u"-file3"_s} << QStringList{u"file1"_s};
+    QTest::newRow("gaps") << QStringList{u"file2"_s, u"file5"_s} << QStringList{u"file2"_s, u"file5"_s};
+    QTest::newRow("numbers out of range")
+        << QStringList{u"file0"_s, u"file4"_s, u"file6"_s, u"file"_s} << QStringList{u"file4"_s};
+    QTest::newRow("imports") << QStringList{u"import5"_s, u"import1"_s, u"-import2"_s}
+                             << QStringList{u"import1 '/1'"_s, u"import5 '/5'"_s};
+    QTest::newRow("both") << QStringList{u"import1"_s, u"file5"_s}
+                          << QStringList{u"file5"_s, u"import1 '/1'"_s};
+}
+
+void TstOstrelSettings::recent_files_come_back_from_the_filled_keys()
+{
+    QFETCH(QStringList, keys);
+    for (const QString& key : keys) {
+        // A dash marks an empty value.
+        const bool empty = key.startsWith(u'-');
+        const QString name = empty ? key.mid(1) : key;
+        const QString value = name.startsWith(u"import"_s) ? name + u" '/"_s + name.right(1) + u'\'' : name;
+        set(u"/ostrelgui/ostrel/"_s + name, empty ? QString() : value);
+    }
+    const Ostrel window;
+    std::vector<QString> entries;
+    window.file_menu()->get_recent_files(entries);
+    window.file_menu()->get_recent_imports(entries);
+    QTEST(QStringList(entries.cbegin(), entries.cend()), "restored");
+}
+
+void TstOstrelSettings::keys_of_recent_lists_that_are_over_go()
+{
+    Ostrel window;
+    for (int i = 1; i <= 6; ++i) {
+        set(u"/ostrelgui/ostrel/file%1"_s.arg(i), u"old"_s);
+        set(u"/ostrelgui/ostrel/import%1"_s.arg(i), u"old"_s);
+    }
+    window.file_menu()->recent_file(u"new"_s);
+    window.save_settings();
+    QCOMPARE(get(u"/ostrelgui/ostrel/file1"_s).toString(), u"new"_s);
+    for (int i = 1; i <= 5; ++i) {
+        QCOMPARE(QSettings().contains(u"/ostrelgui/ostrel/file%1"_s.arg(i)), i == 1);
+        QVERIFY(!QSettings().contains(u"/ostrelgui/ostrel/import%1"_s.arg(i)));
+    }
+    // A sixth is nobody's.
+    QVERIFY(QSettings().contains(u"/ostrelgui/ostrel/file6"_s));
+}
+
 void TstOstrelSettings::panel_kind_is_restored_data()
 {
     QTest::addColumn<QVariant>("breadcrumbs");
@@ -576,7 +691,7 @@ void TstOstrelSettings::panel_kind_is_restored()
 
 void TstOstrelSettings::settings_of_others_stay_as_they_are()
 {
-    const QStringList keys{u"/ostrelgui/importdir"_s, u"/ostrelgui/ostrel/exportdir"_s,
+    const QStringList keys{u"/ostrelgui/ostrel/importdir"_s, u"/ostrelgui/ostrel/exportdir"_s,
                            u"/ostrelgui/journal/x"_s, u"/fennargui/tabposition"_s, u"/somebody/else"_s};
     for (const QString& key : keys)
         set(key, u"kept"_s);

@@ -48,6 +48,21 @@ void click(QAbstractButton* button, const QString& name, const QWidget* dialog)
         button->click();
 }
 
+bool fill_in(QFileDialog* dialog, const QString& path, const QString& filter)
+{
+    if (!filter.isEmpty()) {
+        if (!dialog->nameFilters().contains(filter)) {
+            fail(u"no filter "_s + filter + u" among "_s + dialog->nameFilters().join(u", "_s));
+            return false;
+        }
+        dialog->selectNameFilter(filter);
+    }
+    // A name set before may have selected its row, which counts for more than the text.
+    dialog->findChild<QListView*>(u"listView"_s)->clearSelection();
+    dialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(path);
+    return true;
+}
+
 } // namespace
 
 DialogDriver::DialogDriver()
@@ -184,16 +199,14 @@ FileQuestion file_question(const QFileDialog* dialog)
 
 void choose(QFileDialog* dialog, const QString& path, const QString& filter)
 {
-    if (!filter.isEmpty()) {
-        if (!dialog->nameFilters().contains(filter)) {
-            fail(u"no filter "_s + filter + u" among "_s + dialog->nameFilters().join(u", "_s));
-            return;
-        }
-        dialog->selectNameFilter(filter);
-    }
-    // A name set before may have selected its row, which counts for more than the text.
-    dialog->findChild<QListView*>(u"listView"_s)->clearSelection();
-    dialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(path);
+    if (!fill_in(dialog, path, filter))
+        return;
     const bool saves = dialog->acceptMode() == QFileDialog::AcceptSave;
     press(saves ? QDialogButtonBox::Save : QDialogButtonBox::Open)(dialog);
+}
+
+void choose_with_return(QFileDialog* dialog, const QString& path, const QString& filter)
+{
+    if (fill_in(dialog, path, filter))
+        QTest::keyClick(dialog->findChild<QLineEdit*>(u"fileNameEdit"_s), Qt::Key_Return);
 }

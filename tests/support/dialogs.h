@@ -116,3 +116,9 @@ FileQuestion file_question(const QFileDialog* dialog);
  * @param filter  is chosen before, unless it is empty; one that is not offered fails the test.
  */
 void choose(QFileDialog* dialog, const QString& path, const QString& filter = QString());
+
+/**
+ * As choose(), but with Return in the field for the name instead of the button: the button stays disabled for
+ * a file that the list of the dialog does not show, be it that its filter has only just been chosen.
+ */
+void choose_with_return(QFileDialog* dialog, const QString& path, const QString& filter = QString());
