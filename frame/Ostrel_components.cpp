@@ -14,7 +14,7 @@
 #include <QDockWidget>
 #include <QMenu>
 #include <QMenuBar>
-#include <QScopedValueRollback>
+#include <QPointer>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -45,8 +45,13 @@ public:
 protected:
     bool event(QEvent* e) override
     {
-        const QScopedValueRollback<int> inside(mEvents, mEvents + 1);
-        return QMenu::event(e);
+        const QPointer<ComponentMenu> self(this);
+        ++mEvents;
+        const bool taken = QMenu::event(e);
+        // It may have been the event that deletes the menu.
+        if (self)
+            --mEvents;
+        return taken;
     }
 
 private:
