@@ -10,6 +10,7 @@
 #include "frame/read_setting.h"
 #include "journal/JournalDocument.h"
 #include "journal/JournalFindDialog.h"
+#include "resources/load_icon.h"
 #include "ui_QtJournalEditor.h"
 
 #include <QCloseEvent>
@@ -85,6 +86,19 @@ bool JournalEditor::mDoPrompt = true;
 JournalEditor::JournalEditor(QWidget* parent) : QMainWindow(parent), mUi(std::make_unique<Form>())
 {
     mUi->setupUi(this);
+    // Not in the form: it would read all files at once, long before the window is shown for the first time.
+    mUi->fileNewAction->setIcon(load_icon("filenew_ot.svg"));
+    mUi->fileOpenAction->setIcon(load_icon("fileopen_ot.svg"));
+    mUi->fileSaveAction->setIcon(load_icon("filesave_ot.svg"));
+    mUi->filePrintAction->setIcon(load_icon("print_ot.svg"));
+    mUi->editCutAction->setIcon(load_icon("cut_ot.svg"));
+    mUi->editCopyAction->setIcon(load_icon("copy_ot.svg"));
+    mUi->editPasteAction->setIcon(load_icon("paste_ot.svg"));
+    mUi->editFindAction->setIcon(load_icon("find_ot.svg"));
+    mUi->toolsPlayAction->setIcon(load_icon("play.svg"));
+    mUi->editUndoAction->setIcon(load_icon("undo.svg"));
+    mUi->editRedoAction->setIcon(load_icon("redo_ot.svg"));
+    mUi->toolsPythonize->setIcon(load_icon("trpython.svg"));
 
     mRecentFiles = std::make_unique<RecentFiles>(mUi->fileMenu, recent_files_index, false);
     mRecentFiles->mParent = this;
@@ -131,8 +145,10 @@ JournalEditor::~JournalEditor()
 void JournalEditor::add_document(const QString& text)
 {
     JournalDocument* doc = create_document(QString());
-    doc->setPlainText(text);
-    // A blank one stays pristine, so that the next document takes its place.
+    // Setting no text would leave the mark of unsaved changes on the tab of a document that has none.
+    if (!text.isEmpty())
+        doc->setPlainText(text);
+    // A blank one counts as saved.
     if (!doc->toPlainText().trimmed().isEmpty())
         set_modified(doc, true);
 }

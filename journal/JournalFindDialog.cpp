@@ -8,7 +8,47 @@
 #include "journal/JournalEditor.h"
 #include "ui_JournalFindDialog.h"
 
+#include <QKeyEvent>
+
+#include <utility>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/**
+ * Keeps a return pressed in the text field from the dialog, which would press its default button on it. That
+ * is "Next" by then, since searching gives it the focus: the search would run twice.
+ */
+class ReturnFilter : public QObject
+{
+public:
+    ReturnFilter(QLineEdit* field, QDialog* dialog) : QObject(dialog), mField(field)
+    {
+        field->installEventFilter(this);
+        dialog->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        if (event->type() != QEvent::KeyPress)
+            return false;
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key != Qt::Key_Return && key != Qt::Key_Enter)
+            return false;
+        if (object == mField) {
+            mFromField = true;
+            return false;
+        }
+        return std::exchange(mFromField, false);
+    }
+
+private:
+    QLineEdit* mField;
+    bool mFromField = false;
+};
+
+} // namespace
 
 JournalFindDialog::JournalFindDialog(QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::JournalFindDialog>())
@@ -17,6 +57,7 @@ JournalFindDialog::JournalFindDialog(QWidget* parent)
     ui->setupUi(this);
     connect(ui->mFindText, &QLineEdit::returnPressed, this, &JournalFindDialog::on_pbNext_clicked);
     connect(ui->pbClose, &QPushButton::clicked, this, &JournalFindDialog::close);
+    new ReturnFilter(ui->mFindText, this);
 }
 
 JournalFindDialog::~JournalFindDialog() = default;

@@ -794,7 +794,7 @@ void TstJournalEditor::context_menu_items_reach_all_documents()
     for (const int i : {0, 1, 2}) {
         tabs_of(editor)->setCurrentIndex(i);
         QCOMPARE(extension_rows(document_of(editor, i)),
-                 QStringList({u"extension 1 (enabled)"_s, u"extension 2 (enabled)"_s}));
+                 QStringList({u"extension 1 [] (enabled)"_s, u"extension 2 [] (enabled)"_s}));
     }
 }
 
@@ -814,7 +814,7 @@ void TstJournalEditor::context_menu_items_are_removed_everywhere()
     QCOMPARE(tabs_of(editor)->count(), 3);
     for (const int i : {0, 1, 2}) {
         tabs_of(editor)->setCurrentIndex(i);
-        QCOMPARE(extension_rows(document_of(editor, i)), QStringList(u"extension 2 (enabled)"_s));
+        QCOMPARE(extension_rows(document_of(editor, i)), QStringList(u"extension 2 [] (enabled)"_s));
     }
 }
 

@@ -14,7 +14,6 @@ import subprocess
 import sys
 
 PUBLIC = {
-PUBLIC = {
     "MainFrame", "Ostrel", "OstrelEventFilter",
     "CommandWindow", "CommandWidget",
     "OstrelFileMenu", "OpenSaveHandler", "ImportExportHandler",
@@ -22,7 +21,6 @@ PUBLIC = {
     "JournalEditor",
     "OstrelViewMenu", "OstrelToolsMenu", "OstrelHelpMenu", "HelpAboutOstrel", "PyAction", "PyOstrel",
     "OptionsPanel",
-}
 }
 
 SHELL = ("frame", "console", "files", "journal", "menus", "options", "resources")

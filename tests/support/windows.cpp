@@ -11,7 +11,9 @@ bool show_active(QWidget* window)
     window->show();
     window->raise();
     window->activateWindow();
-    return QTest::qWaitForWindowActive(window);
+    // A window above another one already counts as active for Qt's own wait when the other one is.
+    return QTest::qWaitForWindowActive(window)
+           && QTest::qWaitFor([window] { return window->isActiveWindow(); });
 }
 
 QWidget* next_tab_stop(const QWidget* widget)
