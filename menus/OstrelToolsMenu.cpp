@@ -6,6 +6,7 @@
 #include "frame/MenuSections.h"
 #include "frame/Ostrel.h"
 #include "host/fennari19/FennarInterface.h"
+#include "journal/JournalEditor.h"
 #include "resources/load_icon.h"
 
 #include <QAction>
@@ -113,7 +114,17 @@ QAction* OstrelToolsMenu::pause_action()
     return mPauseAction;
 }
 
-void OstrelToolsMenu::show_journal_editor() {}
+void OstrelToolsMenu::show_journal_editor()
+{
+    JournalEditor* const editor = mMainWindow->journal_editor();
+    if (!editor)
+        return;
+    if (editor->isMinimized())
+        editor->showNormal();
+    else
+        editor->show();
+    editor->activateWindow();
+}
 
 void OstrelToolsMenu::pause_playback(bool on)
 {
