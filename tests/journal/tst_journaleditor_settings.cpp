@@ -83,6 +83,7 @@ private slots:
     // The main window.
     void main_window_owns_one_editor();
     void editor_dies_with_the_main_window();
+    void tools_menu_shows_the_editor();
     void font_of_the_console_goes_to_the_editor();
     void main_window_saves_the_prompt_flag();
     void closing_the_main_window_closes_the_editor();
@@ -298,6 +299,31 @@ void TstJournalEditorSettings::editor_dies_with_the_main_window()
     connect(window->command_line(), &QObject::destroyed, this, [&order] { order << u"console"_s; });
     window.reset();
     QCOMPARE(order, QStringList({u"editor"_s, u"console"_s}));
+}
+
+void TstJournalEditorSettings::tools_menu_shows_the_editor()
+{
+    Ostrel window;
+    JournalEditor* const editor = window.journal_editor();
+    QVERIFY(show_active(&window));
+    auto* const action = window.findChild<QAction*>(u"mScriptAction"_s);
+    QVERIFY(action);
+    action->trigger();
+    QVERIFY(editor->isVisible());
+    QTRY_VERIFY(editor->isActiveWindow());
+    // Another window in front of it, and one that is minimized.
+    QVERIFY(show_active(&window));
+    action->trigger();
+    QTRY_VERIFY(editor->isActiveWindow());
+    editor->showMaximized();
+    action->trigger();
+    QVERIFY(editor->isMaximized());
+    editor->showMinimized();
+    action->trigger();
+    QVERIFY(!editor->isMinimized());
+    QVERIFY(editor->isVisible());
+    editor->hide();
+    window.hide();
 }
 
 void TstJournalEditorSettings::font_of_the_console_goes_to_the_editor()
