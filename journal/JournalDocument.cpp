@@ -126,14 +126,24 @@ void JournalDocument::pythonize_lines(int first, int last)
 
 QString JournalDocument::collect_lines(int first, int last) const
 {
+    const QTextBlock begin = document()->findBlockByNumber(first);
+    const QTextBlock end = document()->findBlockByNumber(last);
+    if (last < first || !begin.isValid() || !end.isValid())
+        return {};
     QString text;
-    QTextBlock block = document()->findBlockByNumber(first);
-    for (int number = first; number <= last && block.isValid(); ++number, block = block.next()) {
-        const QString line = block.text();
-        if (number > 0 || line.isEmpty())
-            text += u'\n';
-        text += line;
+    if (first == 0 && end == document()->lastBlock()) {
+        // Several times as fast as a selection, which looks each piece of text up.
+        text = document()->toRawText();
+    } else {
+        QTextCursor cursor(begin);
+        if (first > 0)
+            cursor.setPosition(begin.position() - 1);
+        cursor.setPosition(end.position() + end.length() - 1, QTextCursor::KeepAnchor);
+        text = cursor.selectedText();
     }
+    text.replace(QChar::ParagraphSeparator, u'\n');
+    if (first == 0 && begin.length() == 1)
+        text.prepend(u'\n');
     return text;
 }
 

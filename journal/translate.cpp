@@ -7,29 +7,12 @@
 #include <QString>
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 
 namespace {
 
 constexpr QByteArrayView call_begin = "fennar.cmd('";
 constexpr QByteArrayView call_end = "')";
-
-/** What a byte may mean to the search for the end of a line and for its quotes. */
-enum Kind : unsigned char { Plain, LineEnd, Quote };
-
-constexpr std::array<Kind, 256> kinds = [] {
-    std::array<Kind, 256> table{};
-    // The NUL behind the text, which so ends the last line as well.
-    table['\0'] = table['\r'] = table['\n'] = LineEnd;
-    table['"'] = table['\''] = Quote;
-    return table;
-}();
-
-Kind kind_of(char byte)
-{
-    return kinds[static_cast<unsigned char>(byte)];
-}
 
 bool is_blank(const char* begin, const char* end)
 {
@@ -50,9 +33,8 @@ struct Line
     const char* first_quote = nullptr;
     const char* last_quote = nullptr;
 
-    bool has_lone_quote() const { return first_quote && first_quote == last_quote; }
     /** A lone quote is taken for the begin of a string, save in a comment, where it is an apostrophe. */
-    bool is_closed() const { return has_lone_quote() && *begin != '#'; }
+    bool is_closed() const { return first_quote && first_quote == last_quote && *begin != '#'; }
     /** A closed line ends in the added quote, whatever stood there before. */
     bool is_continued() const { return begin != end && end[-1] == '\\' && !is_closed(); }
     /** Where the line's own text ends: before the backslash that continues it. */
@@ -61,82 +43,154 @@ struct Line
     const char* string_end() const { return is_closed() ? end : last_quote; }
 };
 
-/** The line that begins at @p begin of a text that a NUL ends. */
-Line line_at(const char* begin)
+/** Where one byte occurs in a text, asked for from its begin to its end. */
+class Occurrences
 {
-    Line line{begin, begin};
-    for (const char* at = begin;; ++at) {
-        Kind kind = kind_of(*at);
-        while (kind == Plain)
-            kind = kind_of(*++at);
-        if (kind == LineEnd) {
-            line.end = at;
-            return line;
-        }
-        if (!line.first_quote)
-            line.first_quote = at;
-        line.last_quote = at;
+public:
+    Occurrences(char byte, QByteArrayView text) : mByte(byte), mEnd(text.end()) { search(text.begin()); }
+
+    /** The first one at or behind @p at; the end of the text if there is none. */
+    const char* from(const char* at)
+    {
+        if (mNext < at)
+            search(at);
+        return mNext;
     }
-}
+
+private:
+    void search(const char* at)
+    {
+        const void* found = at == mEnd ? nullptr : std::memchr(at, mByte, static_cast<size_t>(mEnd - at));
+        mNext = found ? static_cast<const char*>(found) : mEnd;
+    }
+
+    char mByte;
+    const char* mEnd;
+    const char* mNext;
+};
+
+/** Tells the lines of a text, one after the other. */
+class Lines
+{
+public:
+    explicit Lines(QByteArrayView text)
+        : mFeeds('\n', text), mReturns('\r', text), mApostrophes('\'', text), mDoubleQuotes('"', text)
+    {}
+
+    /** The line that begins at @p begin, which never comes before that of an earlier call. */
+    Line line_at(const char* begin)
+    {
+        Line line{begin, std::min(mFeeds.from(begin), mReturns.from(begin))};
+        const char* quote = std::min(mApostrophes.from(begin), mDoubleQuotes.from(begin));
+        if (quote >= line.end)
+            return line;
+        line.first_quote = quote;
+        line.last_quote = line.end - 1;
+        while (*line.last_quote != '\'' && *line.last_quote != '"')
+            --line.last_quote;
+        return line;
+    }
+
+private:
+    Occurrences mFeeds;
+    Occurrences mReturns;
+    Occurrences mApostrophes;
+    Occurrences mDoubleQuotes;
+};
+
+/** Bytes that are written one after the other. Whoever writes asks for room first, once for a whole line. */
+class Output
+{
+public:
+    explicit Output(qsizetype expected) : mBytes(expected, Qt::Uninitialized), mEnd(mBytes.data()) {}
+
+    void make_room(qsizetype bytes)
+    {
+        const qsizetype size = mEnd - mBytes.constData();
+        if (mBytes.size() - size >= bytes)
+            return;
+        mBytes.resize(2 * mBytes.size() + bytes);
+        mEnd = mBytes.data() + size;
+    }
+    void add(const char* begin, const char* end)
+    {
+        std::memcpy(mEnd, begin, static_cast<size_t>(end - begin));
+        mEnd += end - begin;
+    }
+    void add(QByteArrayView bytes) { add(bytes.begin(), bytes.end()); }
+    void add(char byte) { *mEnd++ = byte; }
+
+    QByteArrayView bytes() const { return QByteArrayView(mBytes.constData(), mEnd); }
+
+private:
+    QByteArray mBytes;
+    char* mEnd;
+};
 
 class Translation
 {
 public:
-    explicit Translation(const QByteArray& text) { mOut.reserve(text.size() + text.size() / 2 + 16); }
+    explicit Translation(qsizetype size) : mOut(size + size / 2) {}
 
-    void run(const char* text);
-    const QByteArray& result() const { return mOut; }
+    void run(QByteArrayView text);
+    QByteArrayView result() const { return mOut.bytes(); }
 
 private:
     void add(const Line& line);
     void add_content(const Line& line, QByteArrayView apostrophe);
-    void copy(const char* begin, const char* end) { mOut.append(begin, end - begin); }
-    QByteArray add_leading_apostrophe_line(const char* text);
+    QByteArray add_leading_apostrophe_line(QByteArrayView text);
 
-    QByteArray mOut;
+    Output mOut;
     /** Whether a command runs on, whether it began with a call, and whether it holds a ")" so far. */
     bool mPending = false;
     bool mInCall = false;
     bool mHasParenthesis = false;
 };
 
-void Translation::run(const char* text)
+void Translation::run(QByteArrayView text)
 {
     QByteArray rest;
-    if (*text == '\'') {
+    const bool starts_over = text.startsWith('\'');
+    if (starts_over) {
         rest = add_leading_apostrophe_line(text);
-        text = rest.constData();
-    } else {
-        const Line line = line_at(text);
+        text = rest;
+    }
+    Lines lines(text);
+    const char* at = text.begin();
+    if (!starts_over) {
+        const Line line = lines.line_at(at);
         add(line);
-        text = line.end;
+        at = line.end;
     }
     while (true) {
-        const char* line_end = text;
-        while (*text == '\r' || *text == '\n')
-            ++text;
-        copy(line_end, text);
-        if (!*text)
+        const char* line_end = at;
+        while (at != text.end() && (*at == '\r' || *at == '\n'))
+            ++at;
+        mOut.make_room(at - line_end);
+        mOut.add(line_end, at);
+        if (at == text.end())
             return;
-        const Line line = line_at(text);
+        const Line line = lines.line_at(at);
         add(line);
-        text = line.end;
+        at = line.end;
     }
 }
 
 void Translation::add(const Line& line)
 {
+    // Each byte becomes two at most; the quote that closes the line, the call and a backslash come on top.
+    mOut.make_room(2 * (line.end - line.begin + 1) + call_begin.size() + call_end.size());
     const bool continued = line.is_continued();
     const char* content_end = line.content_end();
     if (!mPending && is_blank(line.begin, content_end)) {
-        copy(line.begin, line.end);
+        mOut.add(line.begin, line.end);
         // Blanks that a backslash follows begin a command that gets no call. Intended.
         mPending = continued && line.begin != content_end;
         mInCall = mHasParenthesis = false;
         return;
     }
     if (!mPending) {
-        mOut += call_begin;
+        mOut.add(call_begin);
         mInCall = true;
         mHasParenthesis = false;
     }
@@ -146,7 +200,7 @@ void Translation::add(const Line& line)
         add_content(line, "'");
     if (continued) {
         // Python reads it as the continuation of the string.
-        mOut += '\\';
+        mOut.add('\\');
         mHasParenthesis = mHasParenthesis || has_parenthesis(line.begin, content_end);
         mPending = true;
         return;
@@ -154,7 +208,7 @@ void Translation::add(const Line& line)
     // A command on one line is closed in any case, one on several only without a ")" ahead of its last line.
     // Intended.
     if (!mPending || !mHasParenthesis)
-        mOut += mInCall ? call_end : QByteArrayView(")");
+        mOut.add(mInCall ? call_end : QByteArrayView(")"));
     mPending = false;
 }
 
@@ -164,30 +218,26 @@ void Translation::add_content(const Line& line, QByteArrayView apostrophe)
 {
     const char* end = line.content_end();
     if (!line.first_quote) {
-        copy(line.begin, end);
+        mOut.add(line.begin, end);
         return;
     }
-    const bool doubling = line.is_closed() || !line.has_lone_quote();
-    const char* string_end = doubling ? line.string_end() : line.first_quote;
-    const char* done = line.begin;
+    mOut.add(line.begin, line.first_quote);
+    const char* string_end = line.string_end();
     for (const char* at = line.first_quote; at != end; ++at) {
         if (*at == '\'') {
-            copy(done, at);
-            mOut += apostrophe;
-            done = at + 1;
-        } else if (*at == '\\' && at < string_end) {
-            copy(done, at);
-            mOut += '\\';
-            done = at;
+            mOut.add(apostrophe);
+            continue;
         }
+        if (*at == '\\' && at < string_end)
+            mOut.add('\\');
+        mOut.add(*at);
     }
-    copy(done, end);
-    if (line.is_closed()) {
-        if (*line.first_quote == '\'')
-            mOut += apostrophe;
-        else
-            mOut += *line.first_quote;
-    }
+    if (!line.is_closed())
+        return;
+    if (*line.first_quote == '\'')
+        mOut.add(apostrophe);
+    else
+        mOut.add(*line.first_quote);
 }
 
 /**
@@ -199,33 +249,34 @@ void Translation::add_content(const Line& line, QByteArrayView apostrophe)
  * end of this line's call lies as many bytes too far as there are later ones: in one of the later lines,
  * maybe inside a character. This is intended; journals that were translated so must come out the same.
  */
-QByteArray Translation::add_leading_apostrophe_line(const char* text)
+QByteArray Translation::add_leading_apostrophe_line(QByteArrayView text)
 {
-    const Line line = line_at(text);
+    const Line line = Lines(text).line_at(text.begin());
     const bool continued = line.is_continued();
-    mOut += call_begin;
-    add_content(line, "\\\\'");
-
-    const QByteArrayView later = QByteArrayView(line.content_end());
+    const QByteArrayView later(line.content_end(), text.end());
     const qsizetype too_far = std::count(later.begin(), later.end(), '\'');
-    QByteArray rest;
-    rest.reserve(later.size() + too_far);
+    Output rest(later.size() + too_far);
     for (const char byte : later) {
         if (byte == '\'')
-            rest += '\\';
-        rest += byte;
+            rest.add('\\');
+        rest.add(byte);
     }
-    mOut += QByteArrayView(rest).first(too_far);
+    const QByteArrayView skipped = rest.bytes().first(too_far);
+
+    mOut.make_room(3 * (line.end - line.begin + 1) + too_far + call_begin.size() + call_end.size());
+    mOut.add(call_begin);
+    add_content(line, "\\\\'");
+    mOut.add(skipped);
     if (!continued) {
-        mOut += call_end;
-        return rest.sliced(too_far);
+        mOut.add(call_end);
+        return rest.bytes().sliced(too_far).toByteArray();
     }
     mPending = mInCall = true;
-    mHasParenthesis = has_parenthesis(line.begin, line.content_end()) ||
-                      has_parenthesis(rest.constData(), rest.constData() + too_far);
+    mHasParenthesis =
+        has_parenthesis(line.begin, line.content_end()) || has_parenthesis(skipped.begin(), skipped.end());
     // The byte that stands where the line's backslash was taken to be.
-    mOut += rest.at(too_far);
-    return rest.sliced(too_far + 1);
+    mOut.add(rest.bytes().at(too_far));
+    return rest.bytes().sliced(too_far + 1).toByteArray();
 }
 
 } // namespace
@@ -233,8 +284,8 @@ QByteArray Translation::add_leading_apostrophe_line(const char* text)
 void pythonize_text(QString& text)
 {
     const QByteArray bytes = text.toUtf8();
-    Translation translation(bytes);
-    // The walk ends at the first NUL: the one behind the text, or an earlier one of its own.
-    translation.run(bytes.constData());
+    const QByteArrayView to_first_nul(bytes.constData());
+    Translation translation(to_first_nul.size());
+    translation.run(to_first_nul);
     text = QString::fromUtf8(translation.result());
 }

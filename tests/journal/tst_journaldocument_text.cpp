@@ -262,6 +262,9 @@ void TstJournalDocumentText::gathered_text_data()
     QTest::newRow("empty block in the middle") << QStringList{a, u""_s, b} << 1 << 2 << u"\n\nb"_s;
     QTest::newRow("empty last block") << QStringList{a, u""_s} << 0 << 1 << u"a\n"_s;
     QTest::newRow("three empty blocks") << QStringList{u""_s, u""_s, u""_s} << 0 << 2 << u"\n\n\n"_s;
+    QTest::newRow("empty first block alone") << QStringList{u""_s, b} << 0 << 0 << u"\n"_s;
+    QTest::newRow("two of three") << QStringList{a, b, a} << 0 << 1 << u"a\nb"_s;
+    QTest::newRow("empty first block of more") << QStringList{u""_s, b, a} << 0 << 1 << u"\n\nb"_s;
     QTest::newRow("no block") << QStringList{a, b} << 1 << 0 << u""_s;
 }
 
@@ -279,6 +282,8 @@ void TstJournalDocumentText::gathering_keeps_characters_that_plain_text_changes(
     const JournalDocument* document = open({u"a\u00A0\u2028b"_s, u"\u00A0\u2028"_s});
     QVERIFY(document->toPlainText() != u"a\u00A0\u2028b\n\u00A0\u2028"_s);
     QCOMPARE(document->collect_lines(0, 1), u"a\u00A0\u2028b\n\u00A0\u2028"_s);
+    QCOMPARE(document->collect_lines(0, 0), u"a\u00A0\u2028b"_s);
+    QCOMPARE(document->collect_lines(1, 1), u"\n\u00A0\u2028"_s);
 }
 
 void TstJournalDocumentText::whole_document_is_played_as_file_data()
