@@ -599,7 +599,7 @@ void TstJournalEditorFiles::save_as_completes_the_name()
 {
     QFETCH(const QString, chosen);
     QFETCH(const QString, saved);
-    QVERIFY(!mDirectory->path().contains(u'.'));
+    QVERIFY2(!mDirectory->path().contains(u'.'), "tests want a build directory without a dot in its path");
     JournalEditor editor;
     JournalDocument* const doc = typed_document(editor, u"a"_s);
     DialogDriver driver;
@@ -996,7 +996,6 @@ void TstJournalEditorFiles::close_of_the_last_document_closes_the_window()
 void TstJournalEditorFiles::close_button_takes_the_tab_but_not_the_document()
 {
     QPointer<JournalDocument> doc;
-    QAction extension(u"extension"_s);
     {
         JournalEditor editor;
         editor.open_file(write(u"a.jou"_s, "a"));

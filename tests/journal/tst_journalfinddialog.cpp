@@ -39,7 +39,7 @@ private slots:
 
     // The form.
     void form_has_names_texts_and_places();
-    void given_name_is_kept();
+    void parent_is_kept();
     void slots_keep_their_order();
     void find_opens_a_fresh_dialog_each_time_data();
     void find_opens_a_fresh_dialog_each_time();
@@ -194,9 +194,8 @@ void TstJournalFindDialog::form_has_names_texts_and_places()
     QCOMPARE(spacer->sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
 }
 
-void TstJournalFindDialog::given_name_is_kept()
+void TstJournalFindDialog::parent_is_kept()
 {
-    // A second one has the same name; there is no other way to give it one before its form is set up.
     const JournalFindDialog second(mWindow.get());
     QCOMPARE(second.objectName(), u"JournalFindDialog"_s);
     QCOMPARE(second.parentWidget(), mWindow.get());
