@@ -14,6 +14,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QShortcut>
+#include <QStackedWidget>
 #include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
@@ -26,7 +27,7 @@ namespace {
 
 bool is_page(const QWidget* widget)
 {
-    const QWidget* stack = widget->parentWidget();
+    const auto* stack = qobject_cast<const QStackedWidget*>(widget->parentWidget());
     return stack && qobject_cast<const QTabWidget*>(stack->parentWidget());
 }
 
@@ -48,7 +49,7 @@ QObjectList window_objects()
     return window ? window->findChildren<QObject*>() : QObjectList();
 }
 
-/** The windows that nothing owns: those of the main window are among its objects. */
+/** The windows on the screen that nothing owns: those of the main window are among its objects. */
 QWidgetList free_windows()
 {
     QWidgetList windows;
@@ -56,7 +57,7 @@ QWidgetList free_windows()
         return windows;
     const QWidgetList all = QApplication::topLevelWidgets();
     for (QWidget* window : all) {
-        if (!window->parent() && window != Ostrel::instance())
+        if (!window->parent() && !window->isHidden() && window != Ostrel::instance())
             windows << window;
     }
     return windows;
@@ -72,6 +73,9 @@ void visit_actions(Visit visit)
     QWidgetList widgets = window->findChildren<QWidget*>();
     widgets << const_cast<Ostrel*>(window);
     for (QWidget* widget : std::as_const(widgets)) {
+        // A toolbar's button has its action once more.
+        if (qobject_cast<QToolButton*>(widget))
+            continue;
         const QList<QAction*> actions = widget->actions();
         for (QAction* action : actions)
             visit(widget, action);
@@ -91,10 +95,14 @@ QString shown(const QObject* object, const QString& text)
     return u'"' + (name.isEmpty() ? QString::fromUtf8(object->metaObject()->className()) : name) + u'"';
 }
 
-QString shown(const QAction* action)
+/** An action where it stands, for people to read. */
+QString shown_entry(const QWidget* widget, const QAction* action)
 {
+    const QString kind = qobject_cast<const QMenu*>(widget)      ? u"menu entry "_s
+                         : qobject_cast<const QToolBar*>(widget) ? u"toolbar button "_s
+                                                                 : u"entry "_s;
     QString text = action->text();
-    return shown(action, text.remove(u'&'));
+    return kind + shown(action, text.remove(u'&'));
 }
 
 } // namespace
@@ -234,9 +242,11 @@ void ComponentTraces::clean_console(QStringList& left) const
     CommandWindow* console = window->command_line();
     if (!console)
         return;
-    const QWidgetList widgets = console->findChildren<QWidget*>();
-    for (QWidget* page : widgets) {
-        if (!is_page(page) || !is_own(page))
+    // A page takes widgets of its own with it.
+    const QWidgetList found = console->findChildren<QWidget*>();
+    const QList<QPointer<QWidget>> widgets(found.begin(), found.end());
+    for (const QPointer<QWidget>& page : widgets) {
+        if (!page || !is_page(page) || !is_own(page))
             continue;
         left << u"console page %1"_s.arg(shown(page, {}));
         console->remove_command_tab(page);
@@ -248,10 +258,18 @@ void ComponentTraces::clean_owned_entries(QStringList& left) const
 {
     Ostrel* window = Ostrel::instance();
     const QByteArray owner = mName.toUtf8();
-    QList<Placement> before;
+    struct Shown
+    {
+        QPointer<QWidget> widget;
+        QPointer<QAction> action;
+        QString text;
+    };
+    QList<Shown> before;
     bool in_toolbar = false;
     visit_actions([&](QWidget* widget, QAction* action) {
-        before << Placement{widget, action};
+        if (action->isSeparator() || stands_for_widget(action))
+            return;
+        before << Shown{widget, action, shown_entry(widget, action)};
         if (qobject_cast<QToolBar*>(widget) && is_own_entry(widget, action))
             in_toolbar = true;
     });
@@ -260,12 +278,9 @@ void ComponentTraces::clean_owned_entries(QStringList& left) const
     // Not without need: it also deletes the small toolbars of others.
     if (in_toolbar)
         window->remove_toolbar_items(owner.constData());
-    for (const auto& [widget, action] : std::as_const(before)) {
-        if (!action || action->isSeparator() || stands_for_widget(action))
-            continue;
-        if (!widget || !widget->actions().contains(action))
-            left << (qobject_cast<QMenu*>(widget) ? u"menu entry %1"_s : u"toolbar button %1"_s)
-                        .arg(shown(action));
+    for (const auto& [widget, action, text] : std::as_const(before)) {
+        if (action && (!widget || !widget->actions().contains(action)))
+            left << text;
     }
 }
 
@@ -296,8 +311,7 @@ void ComponentTraces::clean_actions(QStringList& left) const
     });
     for (const auto& [widget, action] : std::as_const(found)) {
         widget->removeAction(action);
-        left << (qobject_cast<QMenu*>(widget) ? u"menu entry %1"_s : u"toolbar button %1"_s)
-                    .arg(shown(action));
+        left << shown_entry(widget, action);
     }
 }
 
@@ -305,8 +319,8 @@ void ComponentTraces::clean_objects(QStringList& left) const
 {
     Ostrel* window = Ostrel::instance();
     const QObjectList found = window_objects();
-    QList<QPointer<QObject>> objects(found.begin(), found.end());
-    for (const QPointer<QObject>& object : std::as_const(objects)) {
+    const QList<QPointer<QObject>> objects(found.begin(), found.end());
+    for (const QPointer<QObject>& object : objects) {
         if (!object || !(is_own_class(object) || mObjects.contains(object)))
             continue;
         if (auto* dock = qobject_cast<QDockWidget*>(object)) {
@@ -332,7 +346,7 @@ void ComponentTraces::clean_objects(QStringList& left) const
         } else if (auto* shortcut = qobject_cast<QShortcut*>(object)) {
             left << u"shortcut \"%1\""_s.arg(shortcut->key().toString());
             delete shortcut;
-        } else {
+        } else if (is_own_class(object)) {
             left << u"object %1"_s.arg(shown(object, {}));
             delete object;
         }
@@ -343,7 +357,7 @@ void ComponentTraces::clean_windows(QStringList& left) const
 {
     const QWidgetList windows = free_windows();
     for (QWidget* window : windows) {
-        if (window->isHidden() || !is_own(window))
+        if (!is_own(window))
             continue;
         left << u"window %1"_s.arg(shown(window, window->windowTitle()));
         window->hide();

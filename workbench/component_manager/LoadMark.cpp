@@ -5,7 +5,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
 #include <QUuid>
 
 using namespace Qt::StringLiterals;
@@ -41,11 +40,15 @@ bool LoadMark::begin(const QString& file)
     std::unique_ptr<QLockFile> lock = make_lock(note);
     if (!lock->tryLock(0))
         return false;
-    // In one piece: whoever finds a note can read it.
-    QSaveFile writer(note);
+    // Under another name until it is whole: whoever finds a note can read it.
+    QFile writer(note + u".part"_s);
     const QByteArray text = file.toUtf8();
-    if (!writer.open(QIODevice::WriteOnly) || writer.write(text) != text.size() || !writer.commit())
+    const bool written = writer.open(QIODevice::WriteOnly) && writer.write(text) == text.size();
+    writer.close();
+    if (!written || writer.error() != QFileDevice::NoError || !writer.rename(note)) {
+        writer.remove();
         return false;
+    }
     mNote = note;
     mLock = std::move(lock);
     return true;
