@@ -14,6 +14,7 @@
 #include <QDockWidget>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScopedValueRollback>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -25,6 +26,32 @@ namespace {
 
 // A toolbar with so few tool buttons counts as empty. It is not 0, which is intended.
 constexpr int buttons_of_an_empty_toolbar = 3;
+
+/** A menu that one of its own entries may remove. */
+class ComponentMenu : public QMenu
+{
+public:
+    using QMenu::QMenu;
+
+    /** Deletes the menu: now, or, if an entry chosen in it is being carried out, when that has returned. */
+    void remove()
+    {
+        if (mEvents > 0)
+            deleteLater();
+        else
+            delete this;
+    }
+
+protected:
+    bool event(QEvent* e) override
+    {
+        const QScopedValueRollback<int> inside(mEvents, mEvents + 1);
+        return QMenu::event(e);
+    }
+
+private:
+    int mEvents = 0;
+};
 
 } // namespace
 
@@ -56,7 +83,7 @@ void Ostrel::add_to_menu(const QString& title, std::vector<QAction*>& actions, c
     MenuSections*& sections = mSections->menus[title];
     if (!sections) {
         sections = new MenuSections(title);
-        auto* menu = new QMenu(this);
+        auto* menu = new ComponentMenu(this);
         menu->setTitle(title);
         // Behind the file menu, or before the tools menu, which is the last but one.
         const QList<QAction*> bar = mMenuBar->actions();
@@ -117,7 +144,7 @@ void Ostrel::remove_menu_items(const char* component)
             continue;
         }
         mMenuBar->removeAction(sections->menu_action);
-        delete sections->menu;
+        static_cast<ComponentMenu*>(sections->menu)->remove();
         entry = mSections->menus.erase(entry);
         delete sections;
     }

@@ -39,8 +39,14 @@ void set_first_checked(const std::vector<QAction*>& actions, const QString& labe
 {
     const auto found = std::find_if(actions.begin(), actions.end(),
                                     [&label](const QAction* action) { return action->text() == label; });
-    if (found != actions.end())
-        (*found)->setChecked(checked);
+    if (found == actions.end())
+        return;
+    QAction* const toggle = *found;
+    toggle->setChecked(checked);
+    // A dock follows its action only when that is triggered.
+    const auto* const dock = qobject_cast<const QDockWidget*>(toggle->parent());
+    if (dock && dock->toggleViewAction() == toggle)
+        emit toggle->triggered(checked);
 }
 
 } // namespace

@@ -72,7 +72,8 @@ public:
     /** The action; null once the main window is gone. */
     QAction* getAction() const;
 
-public slots:
+    // The macro, since the headers of Python have members called slots.
+public Q_SLOTS:
     /** Calls the activate method. */
     void actionActivated();
     /** Calls the toggle method. */

@@ -9,6 +9,8 @@
 #include "host/ostrelfw/Framework.h"
 #include "host/ostrelfw/Mediator.h"
 #include "host/ostrelfw/OutputHandler.h"
+#include "menus/HelpAboutOstrel.h"
+#include "menus/OstrelHelpMenu.h"
 #include "workbench/component_manager/ComponentManager.h"
 #include "workbench/component_manager/component_commands.h"
 #include "workbench/console/ConsoleOwner.h"
@@ -23,6 +25,7 @@
 #include "workbench/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/ostrelfw/HostMediator.h"
 #include "workbench/ostrelfw/OutputRouter.h"
+#include "workbench/python_actions/python_actions.h"
 
 #include <QDeadlineTimer>
 #include <QGuiApplication>
@@ -125,6 +128,17 @@ QString python_literal(QString text)
     return u'\'' + text + u'\'';
 }
 
+/** Fills the about dialog in. */
+void describe_product()
+{
+    HelpAboutOstrel* about = Ostrel::instance()->help_menu()->get_help_about_dialog();
+    about->setProductName(u"Fennar"_s);
+    about->setProductInfo(QCoreApplication::translate("Workbench", "Version %1, the workbench of Ostrel")
+                              .arg(QCoreApplication::applicationVersion()));
+    // The dialog takes a path as it stands only if "fennargui" is in it.
+    about->setIconPath(u":/fennargui/product.png"_s);
+}
+
 } // namespace
 
 Workbench::Workbench()
@@ -198,6 +212,7 @@ void Workbench::set_up_python()
     };
     hooks.wake = [this] { announce_output(); };
     hooks.turn = [this] { give_turn(); };
+    hooks.extend = &add_python_actions;
     PythonRuntime::start(hooks);
     set_framework_interpreters(make_python_interpreter(PythonRuntime::framework_namespace()),
                                make_python_interpreter(PythonRuntime::user_namespace()));
@@ -222,6 +237,7 @@ bool Workbench::load()
     PythonRuntime::deliver_output();
     set_command_sink([this](const QString& command) { run_panel_command(command); });
     Ostrel::instance()->set_title(u"Fennar"_s);
+    describe_product();
     mConsole->prompt();
     Ostrel::instance()->set_focus_to_command_window();
     const auto ready = [this] {

@@ -10,8 +10,13 @@
 #include "host/navigation/CommandButtons.h"
 #include "host/navigation/NavigationModel.h"
 #include "hostdouble/HostDouble.h"
+#include "menus/OstrelHelpMenu.h"
+#include "menus/OstrelToolsMenu.h"
+#include "menus/OstrelViewMenu.h"
+#include "menus/OstrelWindowMenu.h"
 #include "resources/load_icon.h"
 #include "support/TestCase.h"
+#include "support/menus.h"
 #include "support/windows.h"
 
 #include <QAction>
@@ -315,6 +320,10 @@ void TstOstrel::panel_gets_the_model_and_settings_come_last()
     QSettings().setValue(u"/fennargui/commandpanel/breadcrumbs"_s, true);
     const Ostrel window;
     QCOMPARE(host().take_calls(), (QStringList{
+                                      u"Framework::python_interpreter()"_s,
+                                      u"FennarPythonInterpreter::version_major()"_s,
+                                      u"FennarPythonInterpreter::version_minor()"_s,
+                                      u"FennarPythonInterpreter::version_micro()"_s,
                                       u"CommandButtonPanel::CommandButtonPanel"_s,
                                       u"CommandButtonPanel::set_model(set, invalid)"_s,
                                       u"CLParser::batch_mode()"_s,
@@ -328,9 +337,13 @@ void TstOstrel::parts_are_built_in_order()
 {
     const Ostrel window;
     // A dock becomes a child when it is added, a toolbar or bar when it is first asked for.
-    const QStringList parts{
-        u"qt_central_widget"_s,   u"QMenuBar"_s,           u"NavigationModel"_s, u"lineupToolsAction"_s,
-        u"OstrelCommandWindow"_s, u"FennarCommandPanel"_s, u"QStatusBar"_s,      u"QShortcut"_s};
+    const QStringList parts{u"qt_central_widget"_s,  u"QMenuBar"_s,
+                            u"OstrelViewMenu"_s,     u"OstrelToolsMenu"_s,
+                            u"OstrelWindowMenu"_s,   u"OstrelHelpMenu"_s,
+                            u"NavigationModel"_s,    u"FileTools"_s,
+                            u"lineupToolsAction"_s,  u"OstrelCommandWindow"_s,
+                            u"FennarCommandPanel"_s, u"QStatusBar"_s,
+                            u"QShortcut"_s};
     QStringList built;
     for (const QObject* child : window.children()) {
         const QString name = child->objectName();
@@ -825,7 +838,12 @@ void TstOstrel::context_menu_events_are_swallowed_where_the_window_filters()
     Ostrel window;
     QWidget widget;
     QContextMenuEvent menu(QContextMenuEvent::Mouse, QPoint(), QPoint());
-    QVERIFY(window.eventFilter(&widget, &menu));
+    QString opened;
+    {
+        const MenuDriver driver([&](QMenu* shown) { opened = shown->objectName(); });
+        QVERIFY(window.eventFilter(&widget, &menu));
+    }
+    QCOMPARE(opened, u"MainContextMenu"_s);
     for (const QEvent::Type type :
          {QEvent::MouseButtonPress, QEvent::KeyPress, QEvent::Paint, QEvent::User}) {
         QEvent event(type);
@@ -885,6 +903,10 @@ void TstOstrel::window_is_taken_down_in_order()
         cache_cleared = !QPixmapCache::find(u"a picture"_s, &found);
     });
     announce(black, u"placeholder"_s);
+    announce(window->view_menu(), u"view menu"_s);
+    announce(window->tools_menu(), u"tools menu"_s);
+    announce(window->findChild<OstrelWindowMenu*>(), u"window menu"_s);
+    announce(window->help_menu(), u"help menu"_s);
     announce(window->command_line(), u"console"_s);
     announce(console_dock(*window), u"console dock"_s);
 
@@ -892,7 +914,8 @@ void TstOstrel::window_is_taken_down_in_order()
     picture.fill(Qt::red);
     QVERIFY(QPixmapCache::insert(u"a picture"_s, picture));
     window.reset();
-    QCOMPARE(order, (QStringList{u"placeholder"_s, u"console"_s, u"console dock"_s}));
+    QCOMPARE(order, (QStringList{u"placeholder"_s, u"view menu"_s, u"tools menu"_s, u"window menu"_s,
+                                 u"help menu"_s, u"console"_s, u"console dock"_s}));
     QVERIFY(instance_gone);
     QVERIFY(cache_cleared);
 }

@@ -257,7 +257,7 @@ void FennarInterface::pause_playback()
 void FennarInterface::resume_playback()
 {
     record("FennarInterface::resume_playback");
-    host().playback_paused = false;
+    host().playback_paused = host().playback_paused && host().resume_refused;
 }
 
 bool FennarInterface::is_playback_paused()

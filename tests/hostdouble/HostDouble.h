@@ -47,6 +47,8 @@ public:
     bool batch_mode = false;
     bool python_mode = false;
     bool playback_paused = false;
+    /** Whether playback stays paused when it is asked to go on. */
+    bool resume_refused = false;
     bool python_initialized = true;
     bool has_user_interpreter = true;
     int python_result = 0;

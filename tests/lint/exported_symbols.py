@@ -4,7 +4,7 @@
 
 """Checks that the shell's library exports its public classes and nothing else:  exported_symbols.py ROOT LIBRARY
 
-The classes are those below. They must be the ones that the headers mark, and each must be in the library.
+The classes, and namespaces of functions, are those below. They must be the ones that the headers mark, and each must be in the library.
 """
 
 import glob
@@ -13,7 +13,8 @@ import re
 import subprocess
 import sys
 
-PUBLIC = {"MainFrame", "Ostrel", "OstrelEventFilter", "CommandWindow", "CommandWidget"}
+PUBLIC = {"MainFrame", "Ostrel", "OstrelEventFilter", "CommandWindow", "CommandWidget", "OstrelToolsMenu",
+          "OstrelViewMenu", "OstrelHelpMenu", "HelpAboutOstrel", "PyAction", "PyOstrel"}
 
 SHELL = ("frame", "console", "files", "journal", "menus", "options", "resources")
 
@@ -69,6 +70,7 @@ def prove():
              "0000000000001000 W ProgressControl::text() const", "0000000000001000 B counter",
              "0000000000001000 V typeinfo for NotQt", "0000000000001000 D typeinfo for QtImpostor",
              "0000000000001000 T qInitResources_ostrelgui()", "0000000000001000 T std::make(Ostrel)"]
+    fine += [f"0000000000001000 T {name}::member()" for name in sorted(PUBLIC)]
     faults = []
     seen, strays = judge(fine)
     if seen != PUBLIC or strays:
@@ -78,12 +80,15 @@ def prove():
 
 
 def marked_classes(root):
-    """The classes that the headers of the shell mark for export."""
+    """The classes that the headers of the shell mark for export, and the namespaces with marked functions."""
     marked = set()
     for folder in SHELL:
         for path in glob.glob(os.path.join(root, folder, "*.h")):
             with open(path, encoding="utf-8") as file:
-                marked |= set(re.findall(r"^(?:class|struct) OSTRELGUI_EXPORT (\w+)", file.read(), re.M))
+                text = file.read()
+            marked |= set(re.findall(r"^(?:class|struct) OSTRELGUI_EXPORT (\w+)", text, re.M))
+            if re.search(r"^OSTRELGUI_EXPORT ", text, re.M):
+                marked |= set(re.findall(r"^namespace (\w+) \{", text, re.M))
     return marked
 
 

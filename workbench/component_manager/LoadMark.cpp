@@ -28,44 +28,55 @@ LoadMark::LoadMark(const QString& directory) : mDirectory(directory) {}
 
 LoadMark::~LoadMark()
 {
+    // The lock outlives the note, or another program would take the note for a crash.
     end();
 }
 
 bool LoadMark::begin(const QString& file)
 {
     end();
-    if (!QDir().mkpath(mDirectory))
-        return false;
-    const QString note = mDirectory + u'/' + QUuid::createUuid().toString(QUuid::Id128) + note_ending;
-    std::unique_ptr<QLockFile> lock = make_lock(note);
-    if (!lock->tryLock(0))
+    if (!mLock && !make_own_lock())
         return false;
     // Under another name until it is whole: whoever finds a note can read it.
-    QFile writer(note + u".part"_s);
+    QFile writer(mNote + u".part"_s);
     const QByteArray text = file.toUtf8();
     const bool written = writer.open(QIODevice::WriteOnly) && writer.write(text) == text.size();
     writer.close();
-    if (!written || writer.error() != QFileDevice::NoError || !writer.rename(note)) {
+    if (!written || writer.error() != QFileDevice::NoError || !writer.rename(mNote)) {
         writer.remove();
         return false;
     }
-    mNote = note;
-    mLock = std::move(lock);
     return true;
 }
 
 void LoadMark::end()
 {
-    if (!mLock)
-        return;
-    // The lock outlives the note, or another program would take the note for a crash.
-    QFile::remove(mNote);
-    mLock.reset();
+    if (mLock)
+        QFile::remove(mNote);
+}
+
+bool LoadMark::make_own_lock()
+{
+    if (!QDir().mkpath(mDirectory))
+        return false;
+    mNote = mDirectory + u'/' + QUuid::createUuid().toString(QUuid::Id128) + note_ending;
+    std::unique_ptr<QLockFile> lock = make_lock(mNote);
+    if (!lock->tryLock(0))
+        return false;
+    mLock = std::move(lock);
+    return true;
 }
 
 QStringList LoadMark::take_crashed()
 {
     QStringList files;
+    // Programs that ended badly at other times have left their locks without a note.
+    const QStringList locks = QDir(mDirectory).entryList({u'*' + lock_ending}, QDir::Files, QDir::Name);
+    for (const QString& name : locks) {
+        const QString note = mDirectory + u'/' + name.chopped(lock_ending.size()) + note_ending;
+        if (!QFile::exists(note))
+            make_lock(note)->tryLock(0);
+    }
     const QStringList notes = QDir(mDirectory).entryList({u'*' + note_ending}, QDir::Files, QDir::Name);
     for (const QString& name : notes) {
         const QString path = mDirectory + u'/' + name;

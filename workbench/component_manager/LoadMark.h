@@ -33,7 +33,11 @@ public:
     QStringList take_crashed();
 
 private:
+    bool make_own_lock();
+
     QString mDirectory;
+    /** The note's file; there is one while something is being loaded. */
     QString mNote;
+    /** Held from the first note until the end: making it costs more than a note. */
     std::unique_ptr<QLockFile> mLock;
 };

@@ -12,6 +12,8 @@
 
 #include <chrono>
 #include <csignal>
+#include <stdexcept>
+#include <string>
 
 namespace py = pybind11;
 using namespace Qt::StringLiterals;
@@ -190,7 +192,10 @@ bool PythonRuntime::start(PythonHooks hooks, const QString& home)
         install_support();
         framework_namespace().open();
         user_namespace().open();
-        py::handle(user_namespace().dictionary())["fennar"] = py::module_::import("fennar");
+        const auto fennar = py::module_::import("fennar");
+        if (hooks.extend)
+            hooks.extend(fennar.ptr());
+        py::handle(user_namespace().dictionary())["fennar"] = fennar;
     } catch (const std::exception& error) {
         // What was begun stays as it is, out of reach: taking it down is not safer than leaving it.
         return fail(QString::fromUtf8(error.what()));
@@ -246,6 +251,23 @@ void PythonRuntime::stop()
 bool PythonRuntime::running()
 {
     return PythonState::get().running;
+}
+
+bool PythonRuntime::in_application()
+{
+    return !PythonState::get().output.is_child();
+}
+
+void PythonRuntime::require_gui_thread(const char* function)
+{
+    if (!PythonState::get().on_gui_thread()) {
+        throw std::runtime_error(std::string(function) +
+                                 " can only be called in the main thread of the application");
+    }
+    if (!in_application()) {
+        throw std::runtime_error(std::string(function) +
+                                 " cannot be called in another process than the application's");
+    }
 }
 
 void PythonRuntime::deliver_output()

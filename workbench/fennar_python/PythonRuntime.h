@@ -29,6 +29,11 @@ struct PythonHooks
      * instructions, so that the application can show progress and see to cancelling.
      */
     std::function<void()> turn;
+    /**
+     * Adds what the application offers to the module fennar. Called once, by PythonRuntime::start() with
+     * Python's lock held; an exception makes that fail.
+     */
+    std::function<void(struct _object* module)> extend;
 };
 
 /**
@@ -36,7 +41,7 @@ struct PythonHooks
  *
  * The thread that calls start() is the GUI thread; all other functions are for it too, but those that say
  * something else. Between the calls Python's lock is free, so that Python's own threads go on.
- * The hooks are called without that lock and may call back.
+ * The hooks but extend are called without that lock and may call back.
  *
  * A process that Python code forks off has no application: its output goes to the standard streams, it calls
  * no hook, and where the code would return to the caller it ends.
@@ -65,6 +70,17 @@ public:
 
     /** Whether Python runs. May be called on any thread. */
     static bool running();
+
+    /** False in a process that Python code has forked off. May be called on any thread. */
+    static bool in_application();
+
+    /**
+     * For functions that Python code calls: throws std::runtime_error, which Python sees as RuntimeError, on
+     * any thread but the GUI thread, and in a process forked off.
+     *
+     * @param function  what the message says cannot be called.
+     */
+    static void require_gui_thread(const char* function);
 
     /** Shows the text that other threads have written. Without any it does nothing. */
     static void deliver_output();

@@ -17,20 +17,14 @@ PyObject* command_error = nullptr;
 
 void cmd(const py::str& text)
 {
-    PythonState& state = PythonState::get();
-    if (!state.on_gui_thread())
-        throw std::runtime_error("fennar.cmd() can only be called in the main thread of the application");
-
-    if (state.output.is_child())
-        throw std::runtime_error("fennar.cmd() cannot be called in another process than the application's");
-
+    PythonRuntime::require_gui_thread("fennar.cmd()");
     // A command with a character replaced would be another command: this raises UnicodeEncodeError instead.
     if (!PyUnicode_AsUTF8(text.ptr()))
         throw py::error_already_set();
     const QString line = to_qstring(text);
     bool done = false;
     without_python_lock([&] {
-        const auto hooks = state.output.hooks();
+        const auto hooks = PythonState::get().output.hooks();
         done = hooks && hooks->run_command && hooks->run_command(line);
     });
     if (!done) {

@@ -1,16 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-// A component that takes as long to load as a file exists that the environment names.
+// A component that takes as long to load as nobody opens the pipe that the environment names.
 
 #include "workbench/components/component.h"
 
 #include <QFile>
-
-#include <chrono>
-#include <thread>
-
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -23,8 +18,9 @@ void load()
     if (!reached.open(QIODevice::WriteOnly))
         qFatal("the test cannot be told");
     reached.close();
-    while (QFile::exists(gate))
-        std::this_thread::sleep_for(5ms);
+    QFile pipe(gate);
+    if (!pipe.open(QIODevice::ReadOnly))
+        qFatal("the pipe cannot be opened");
 }
 
 void unload() {}

@@ -802,6 +802,8 @@ void TstComponentManager::hundred_cycles_leave_the_window_as_it_was()
 {
     QFETCH(const QString, name);
     qputenv("FENNAR_COMPONENT_PATH", TREE_COMPONENTS);
+    // A hundred writings of the settings would take longer than all the rest.
+    mManager->set_remembering(false);
     const Ostrel* window = Ostrel::instance();
     const QStringList known_commands = commands();
     const QStringList pristine = describe_window(*window);

@@ -19,6 +19,8 @@ private slots:
     void init();
 
     void load_that_ended_leaves_nothing();
+    void end_of_the_program_leaves_nothing();
+    void lock_left_behind_is_cleared();
     void load_that_goes_on_is_no_crash();
     void note_whose_lock_is_free_is_a_crash_told_once();
     void note_under_way_is_replaced_by_the_next();
@@ -29,6 +31,8 @@ private slots:
 private:
     QString directory() const { return mDirectory->filePath(u"loading"_s); }
     QStringList files() const { return QDir(directory()).entryList(QDir::Files); }
+
+    QStringList notes() const { return files().filter(u".loading"_s); }
 
     std::unique_ptr<QTemporaryDir> mDirectory;
 };
@@ -45,8 +49,33 @@ void TstLoadMark::load_that_ended_leaves_nothing()
     QVERIFY(mark.begin(u"/a.so"_s));
     QCOMPARE(files().size(), 2);
     mark.end();
-    QCOMPARE(files(), QStringList());
+    QVERIFY(notes().isEmpty());
     QCOMPARE(LoadMark(directory()).take_crashed(), QStringList());
+}
+
+void TstLoadMark::end_of_the_program_leaves_nothing()
+{
+    {
+        LoadMark mark(directory());
+        QVERIFY(mark.begin(u"/a.so"_s));
+        QCOMPARE(files().size(), 2);
+    }
+    QCOMPARE(files(), QStringList());
+}
+
+void TstLoadMark::lock_left_behind_is_cleared()
+{
+    QVERIFY(QDir().mkpath(directory()));
+    QFile lock(directory() + u"/1.lock"_s);
+    QVERIFY(lock.open(QIODevice::WriteOnly));
+    // As QLockFile writes it: process, program, machine. There is no such process.
+    lock.write("999999999\nfennar\n" + QSysInfo::machineHostName().toUtf8() + '\n');
+    lock.close();
+    LoadMark running(directory());
+    QVERIFY(running.begin(u"/a.so"_s));
+    QCOMPARE(LoadMark(directory()).take_crashed(), QStringList());
+    QVERIFY(!files().contains(u"1.lock"_s));
+    QCOMPARE(files().size(), 2);
 }
 
 void TstLoadMark::load_that_goes_on_is_no_crash()
@@ -75,9 +104,9 @@ void TstLoadMark::note_under_way_is_replaced_by_the_next()
     LoadMark mark(directory());
     QVERIFY(mark.begin(u"/a.so"_s));
     QVERIFY(mark.begin(u"/b.so"_s));
-    QCOMPARE(files().size(), 2);
+    QCOMPARE(notes().size(), 1);
     mark.end();
-    QCOMPARE(files(), QStringList());
+    QVERIFY(notes().isEmpty());
 }
 
 void TstLoadMark::file_names_of_all_kinds_are_kept()
@@ -85,10 +114,9 @@ void TstLoadMark::file_names_of_all_kinds_are_kept()
     const QString file = u"/a b\n\u00e4;,.so"_s;
     LoadMark mark(directory());
     QVERIFY(mark.begin(file));
-    const QStringList notes = QDir(directory()).entryList({u"*.loading"_s});
-    QCOMPARE(notes.size(), 1);
+    QCOMPARE(notes().size(), 1);
     const QString copy = directory() + u"/copy.loading"_s;
-    QVERIFY(QFile::copy(directory() + u'/' + notes.first(), copy));
+    QVERIFY(QFile::copy(directory() + u'/' + notes().first(), copy));
     QCOMPARE(LoadMark(directory()).take_crashed(), QStringList{file});
 }
 
