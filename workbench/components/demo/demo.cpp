@@ -152,6 +152,8 @@ void DemoWindow::add_dock()
     mDock->setWidget(page);
     mWindow->add_dock_window(mDock, owner, Qt::LeftDockWidgetArea,
                              Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+    // It is opened from the View menu.
+    mDock->hide();
 }
 
 void DemoWindow::count()
