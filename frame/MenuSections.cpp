@@ -21,7 +21,7 @@ MenuEntry* make_entry(const QString& owner, QAction* action)
     auto entry = std::make_unique<MenuEntry>();
     entry->owner = owner;
     entry->action = action;
-    entry->living_action = action;
+    entry->shown = action;
     return entry.release();
 }
 
@@ -101,16 +101,16 @@ void MenuSections::add_items(std::vector<QAction*>& actions, const char* compone
     // Widgets only append here: what stands behind the target is taken out and put in again.
     const auto later = std::find(sections.begin(), sections.end(), target) + 1;
     if (later != sections.end()) {
-        if (toolbar) {
-            clear_toolbar();
-            for (auto before = sections.begin(); before != later; ++before)
-                for (MenuEntry* entry : (*before)->entries)
-                    put_in(*entry);
-        } else {
-            for (auto behind = later; behind != sections.end(); ++behind)
-                for (MenuEntry* entry : (*behind)->entries)
-                    take_out(*entry);
-        }
+        // A toolbar is cleared altogether, which brings back what an earlier removal has emptied it of.
+        const auto first = toolbar ? sections.begin() : later;
+        for (auto it = first; it != sections.end(); ++it)
+            for (MenuEntry* entry : (*it)->entries)
+                take_out(*entry);
+        if (toolbar)
+            toolbar->clear();
+        for (auto it = first; it != later; ++it)
+            for (MenuEntry* entry : (*it)->entries)
+                put_in(*entry);
     }
 
     const auto append = [&](QAction* action, const QString& owner) {
@@ -153,10 +153,9 @@ void MenuSections::remove_items(const char* component)
         }
         std::erase(section->entries, nullptr);
     }
-    // Toolbar separators are not remembered one by one. The bar stays empty, which is intended; see the
-    // header.
+    // What is left is not put back, which is intended; see the header.
     if (lost_toolbar_separator)
-        clear_toolbar();
+        toolbar->clear();
 }
 
 void MenuSections::get_items(std::vector<QAction*>& out, const char* section) const
@@ -166,7 +165,7 @@ void MenuSections::get_items(std::vector<QAction*>& out, const char* section) co
         if (section && candidate->name != wanted)
             continue;
         for (const MenuEntry* entry : candidate->entries)
-            if (entry->action)
+            if (entry->action && entry->shown)
                 out.push_back(entry->action);
         return;
     }
@@ -174,31 +173,33 @@ void MenuSections::get_items(std::vector<QAction*>& out, const char* section) co
 
 void MenuSections::take_out(MenuEntry& entry)
 {
-    if (entry.action) {
-        if (entry.living_action && toolbar)
-            toolbar->removeAction(entry.action);
-        else if (entry.living_action)
-            menu->removeAction(entry.action);
+    if (!entry.action) {
+        // Separators are this class's own. Deleting one removes it from its widget.
+        delete entry.shown;
+        entry.separator = nullptr;
         return;
     }
-    // Separators are this class's own. Deleting one removes it from its menu.
-    delete entry.separator;
-    entry.separator = nullptr;
+    if (!entry.shown)
+        return;
+    if (toolbar)
+        toolbar->removeAction(entry.action);
+    else
+        menu->removeAction(entry.action);
 }
 
 void MenuSections::put_in(MenuEntry& entry)
 {
-    if (entry.action) {
-        if (entry.living_action && toolbar)
-            toolbar->addAction(entry.action);
-        else if (entry.living_action)
-            menu->addAction(entry.action);
+    if (!entry.action) {
+        entry.shown = toolbar ? toolbar->addSeparator() : menu->addSeparator();
+        entry.separator = toolbar ? nullptr : entry.shown.data();
         return;
     }
+    if (!entry.shown)
+        return;
     if (toolbar)
-        toolbar->addSeparator();
+        toolbar->addAction(entry.action);
     else
-        entry.separator = menu->addSeparator();
+        menu->addAction(entry.action);
 }
 
 void MenuSections::put_in_again(MenuSection& section, int& run)
@@ -214,13 +215,4 @@ void MenuSections::put_in_again(MenuSection& section, int& run)
         put_in(*entry);
     }
     std::erase(section.entries, nullptr);
-}
-
-void MenuSections::clear_toolbar()
-{
-    const QList<QAction*> shown = toolbar->actions();
-    toolbar->clear();
-    for (QAction* action : shown)
-        if (action->isSeparator() && action->parent() == toolbar)
-            delete action;
 }

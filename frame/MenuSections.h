@@ -21,8 +21,10 @@ struct MenuEntry
     QAction* action = nullptr;
     /** What QMenu::addSeparator() gave. Null for an action, and always on a toolbar. */
     QAction* separator = nullptr;
-    /** Becomes null when the action is deleted before it is removed; the widget must not see it again. */
-    QPointer<QAction> living_action;
+    /** The action or separator that stands in the widget. Null once that is deleted by someone else, which
+     * the pointers above do not notice: the entry then goes on counting, but nothing is to be reached through
+     * it. */
+    QPointer<QAction> shown;
 };
 
 /** A named run of entries. Owns them. */
@@ -89,7 +91,10 @@ public:
      * shown again when items are added to a section that has others behind it.
      */
     void remove_items(const char* component);
-    /** Appends the actions of a section to @p out, without separators; those of the first one if null. */
+    /**
+     * Appends the actions of a section to @p out, without separators; those of the first one if null. Actions
+     * that have been deleted meanwhile are left out.
+     */
     void get_items(std::vector<QAction*>& out, const char* section) const;
 
     std::vector<MenuSection*> sections;
@@ -102,5 +107,4 @@ private:
     void take_out(MenuEntry& entry);
     void put_in(MenuEntry& entry);
     void put_in_again(MenuSection& section, int& run);
-    void clear_toolbar();
 };

@@ -6,6 +6,7 @@
 #include "console/CommandWindow.h"
 #include "frame/OstrelEventFilter.h"
 #include "frame/OstrelSplitter.h"
+#include "frame/Ostrel_sections.h"
 #include "frame/ProgressControl.h"
 #include "host/navigation/BreadcrumbsPanel.h"
 #include "host/navigation/CommandButtonPanel.h"
@@ -15,6 +16,10 @@
 #include "host/ostrelfw/CLOptions.h"
 #include "host/ostrelfw/CLParser.h"
 #include "host/ostrelfw/Mediator.h"
+#include "menus/OstrelHelpMenu.h"
+#include "menus/OstrelToolsMenu.h"
+#include "menus/OstrelViewMenu.h"
+#include "menus/OstrelWindowMenu.h"
 #include "resources/load_icon.h"
 
 #include <QAction>
@@ -22,22 +27,15 @@
 #include <QContextMenuEvent>
 #include <QDockWidget>
 #include <QKeyEvent>
-#include <QMap>
+#include <QMenu>
 #include <QMenuBar>
 #include <QPixmapCache>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QToolBar>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
-
-class MenuSections;
-
-struct Ostrel::Sections
-{
-    QMap<QString, MenuSections*> toolbars;
-    QMap<QString, MenuSections*> menus;
-};
 
 namespace {
 
@@ -106,11 +104,27 @@ Ostrel::Ostrel(QWidget* parent, const char* name) : QMainWindow(parent), mTitle(
 
     mSections = std::make_unique<Sections>();
     mMenuBar = menuBar();
+
+    mViewMenu = new OstrelViewMenu(this);
+    mToolsMenu = new OstrelToolsMenu(this);
+    mWindowMenu = new OstrelWindowMenu(this, nullptr);
+    mHelpMenu = new OstrelHelpMenu(this);
+
     mNavigationModel = new NavigationModel(this);
 
     // The side docks reach down beside the bottom dock.
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+
+    std::vector<QAction*> file_tools;
+    if (mToolsMenu)
+        mToolsMenu->get_items_for_toolbar(file_tools);
+    add_to_toolbar("FileTools", tr("File Tools"), file_tools, "framework", Qt::TopToolBarArea);
+    // The pause button stays alive while a command runs.
+    if (const MenuSections* const made = mSections->toolbars.value(u"FileTools"_s); made && mToolsMenu) {
+        if (QWidget* const button = made->toolbar->widgetForAction(mToolsMenu->pause_action()))
+            mEventFilter->addObject(button);
+    }
 
     mCommandLineDock = make_dock(u"OstrelCommandWindow"_s);
     mCommandPanelDock = make_dock(u"FennarCommandPanel"_s);
@@ -122,6 +136,8 @@ Ostrel::Ostrel(QWidget* parent, const char* name) : QMainWindow(parent), mTitle(
     mLineupToolsAction = new QAction(this);
     mLineupToolsAction->setObjectName(u"lineupToolsAction"_s);
     mLineupToolsAction->setText(tr("Line up"));
+    if (mViewMenu)
+        connect(mLineupToolsAction, &QAction::triggered, mViewMenu, &OstrelViewMenu::lineup_tools);
 
     if (add_dock_window(mCommandLineDock, "framework", Qt::BottomDockWidgetArea, Qt::BottomDockWidgetArea)) {
         mCommandWindow = new CommandWindow(mCommandLineDock);
@@ -160,6 +176,10 @@ Ostrel::~Ostrel()
     QPixmapCache::clear();
     mSections.reset();
     delete mDefaultWidget;
+    delete mViewMenu;
+    delete mToolsMenu;
+    delete mWindowMenu;
+    delete mHelpMenu;
     delete mCommandWindow;
     // After all widgets that may have registered with it.
     mEventFilter.reset();
@@ -324,21 +344,27 @@ void Ostrel::update_navigation_model(bool rows)
     mCommandPanel->set_current_index(current);
 }
 
-void Ostrel::display_context_menu(QContextMenuEvent*) {}
+void Ostrel::display_context_menu(QContextMenuEvent* e)
+{
+    if (!mViewMenu)
+        return;
+    QMenu menu;
+    menu.setObjectName(u"MainContextMenu"_s);
+    std::vector<QAction*> docks;
+    mViewMenu->get_dock_items(docks);
+    for (QAction* dock : docks)
+        menu.addAction(dock);
+    menu.addSeparator();
+    menu.addMenu(mViewMenu->get_toolbar_menu());
+    menu.addSeparator();
+    menu.addAction(mLineupToolsAction);
+    menu.exec(e->globalPos());
+    e->accept();
+}
 
 void Ostrel::component_finished_loading(const char* name)
 {
     emit componentLoaded(name);
-}
-
-bool Ostrel::add_dock_window(QDockWidget* dock, const char*, Qt::DockWidgetArea area,
-                             Qt::DockWidgetAreas allowed)
-{
-    if (!dock || !mSections || dock->objectName().isEmpty() || !(allowed & area))
-        return false;
-    addDockWidget(area, dock);
-    dock->setAllowedAreas(allowed);
-    return true;
 }
 
 bool Ostrel::eventFilter(QObject* object, QEvent* event)

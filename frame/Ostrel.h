@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <memory>
+#include <vector>
 
 class CommandWindow;
 class JournalEditor;
@@ -23,6 +24,7 @@ class OstrelToolsMenu;
 class OstrelViewMenu;
 class OstrelWindowMenu;
 class ProgressControl;
+class PyAction;
 class QAction;
 class QContextMenuEvent;
 class QDockWidget;
@@ -116,9 +118,8 @@ public:
     /** Sets the size of the breadcrumbs panel's icons. Does nothing with button rows. */
     void setUsingLargeButtonIcons(bool on);
 
-    /** Opens the menu of docks and toolbars at the event's position. Does nothing while there is no view
-     * menu.
-     */
+    /** Opens the menu of docks and toolbars at the event's position, waits until it closes, and accepts the
+     * event. Does nothing while there is no view menu. */
     void display_context_menu(QContextMenuEvent* e);
 
     /** Emits componentLoaded(). */
@@ -128,7 +129,58 @@ public:
     void save_settings();
 
     /**
-     * Adds a dock to the window.
+     * Adds actions of a component to a menu.
+     *
+     * The translated titles of the view, tools and help menus stand for these. The file and the window menu
+     * take nothing. Any other title is that of a component menu, which is made if there is none: one called
+     * as the translated "&Edit" behind the file menu, others before the tools menu, in the order of their
+     * making.
+     *
+     * @param actions    stay the component's, who removes them before deleting them. A null element asks for
+     * a separator.
+     * @param component  the owner mark for remove_menu_items(); with null nothing happens.
+     */
+    void add_to_menu(const QString& title, std::vector<QAction*>& actions, const char* component);
+    /** Adds the actions of Python scripts; a null element asks for a separator. Does nothing with a null
+     * @p title, which is UTF-8. */
+    void add_to_menu(const char* title, std::vector<PyAction*>& actions, const char* component);
+    /**
+     * Adds actions of a component to a toolbar.
+     *
+     * @param name       the toolbar's object name, in UTF-8. If there is none of that name, it is made; @p
+     * title and @p area serve for that alone.
+     * @param actions    as for add_to_menu().
+     * @param component  the owner mark for remove_toolbar_items(). Nothing happens if this or @p name is
+     * null.
+     */
+    void add_to_toolbar(const char* name, const QString& title, std::vector<QAction*>& actions,
+                        const char* component, Qt::ToolBarArea area);
+    /** Takes the actions of @p component out of all menus but the file menu, and deletes component menus that
+     * are then empty. Null removes nothing. */
+    void remove_menu_items(const char* component);
+    /**
+     * Takes the actions of @p component off all toolbars, and deletes each toolbar, whoever's it is, that is
+     * left with three tool buttons or fewer. Null removes nothing.
+     *
+     * All tool buttons below the toolbar count, which is intended: Qt's own for what has no room, and those
+     * of the actions just removed, which Qt deletes when the event loop runs next. So a toolbar that loses
+     * many at once stays, empty, until the next call. One that loses a separator is emptied; see
+     * MenuSections.
+     */
+    void remove_toolbar_items(const char* component);
+    /**
+     * Presses a tool button of a toolbar made by add_to_toolbar().
+     *
+     * @param button  the button's object name without the "_action_button" at its end. The component that
+     * wants its button pressed gives it that name.
+     * @param on      the state of a checkable button. Any other is clicked, whatever @p on is.
+     *
+     * Does nothing if a name is null or there is no such toolbar or button.
+     */
+    void push_tool_button(const char* toolbar, const char* button, bool on);
+
+    /**
+     * Adds a dock to the window, and its toggle action to the view menu.
      *
      * @param dock       becomes the window's. It must have an object name.
      * @param component  the owner mark of its entry in the view menu; null stands for the dock's object name.
@@ -138,6 +190,11 @@ public:
      */
     bool add_dock_window(QDockWidget* dock, const char* component, Qt::DockWidgetArea area,
                          Qt::DockWidgetAreas allowed);
+    /** Takes all that @p component has in the view menu out of it. The docks stay in the window: they are the
+     * component's to delete. Null removes nothing. */
+    void remove_dock_window(const char* component);
+    /** The same as remove_dock_window(). */
+    void remove_dock_windows(const char* component);
 
     /**
      * Turns context menu events of @p object into display_context_menu() and swallows them.
@@ -165,6 +222,7 @@ protected:
 
 private:
     friend class MainFrame;
+    friend class OstrelViewMenu;
     friend class ProgressControl;
 
     struct Sections;
