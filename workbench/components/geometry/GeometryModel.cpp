@@ -5,6 +5,8 @@
 
 #include "workbench/components/geometry/GeometryError.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 
@@ -428,7 +430,11 @@ void GeometryModel::set_mesh(std::shared_ptr<const Mesh> mesh)
 void GeometryModel::write_brep(int id, const QString& path) const
 {
     select(id);
+    QFile::remove(path);
     engine([&path] { gmsh::write(path.toStdString()); });
+    // The engine says nothing when it cannot write.
+    if (QFileInfo(path).size() <= 0)
+        throw GeometryError(u"the file \"%1\" cannot be written"_s.arg(path));
 }
 
 void GeometryModel::select(int id) const

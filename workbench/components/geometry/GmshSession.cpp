@@ -38,6 +38,8 @@ GmshSession::GmshSession()
     gmsh::initialize(0, nullptr, false);
     gmsh::option::setNumber("General.Terminal", 0);
     gmsh::option::setNumber("General.Verbosity", 2); // warnings and errors; the rest would only pile up
+    // Nobody relies on the engine's numbers, and keeping them doubles what a union leaves untouched.
+    gmsh::option::setNumber("Geometry.OCCBooleanPreserveNumbering", 0);
     gmsh::logger::start();
 }
 
