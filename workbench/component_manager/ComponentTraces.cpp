@@ -16,6 +16,9 @@
 #include <QShortcut>
 #include <QTabWidget>
 #include <QToolBar>
+#include <QToolButton>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -127,7 +130,7 @@ ComponentTraces::ComponentTraces(const QString& name, const Surroundings& before
     for (const QObject* object : after.objects - before.objects)
         mObjects << const_cast<QObject*>(object);
     for (const auto& [widget, action] : after.actions - before.actions)
-        mActions << std::pair(const_cast<QWidget*>(widget), const_cast<QAction*>(action));
+        mActions << Placement{const_cast<QWidget*>(widget), const_cast<QAction*>(action)};
     if (after.graphics_widget != before.graphics_widget)
         mGraphicsWidget = after.graphics_widget;
     mTrackers = after.trackers - before.trackers;
@@ -143,6 +146,7 @@ QStringList ComponentTraces::clean_up()
         delete_what_waits();
         clean_console(left);
         clean_owned_entries(left);
+        remove_empty_toolbars();
         clean_actions(left);
         clean_objects(left);
     }
@@ -164,6 +168,14 @@ bool ComponentTraces::is_own(const QObject* object) const
             return true;
     }
     return false;
+}
+
+bool ComponentTraces::is_own_entry(const QWidget* widget, const QAction* action) const
+{
+    const auto same = [&](const Placement& placement) {
+        return placement.widget == widget && placement.action == action;
+    };
+    return std::any_of(mActions.begin(), mActions.end(), same) || is_own(action);
 }
 
 void ComponentTraces::delete_what_waits() const
@@ -236,37 +248,56 @@ void ComponentTraces::clean_owned_entries(QStringList& left) const
 {
     Ostrel* window = Ostrel::instance();
     const QByteArray owner = mName.toUtf8();
-    QList<std::pair<QPointer<QWidget>, QPointer<QAction>>> before;
+    QList<Placement> before;
     bool in_toolbar = false;
     visit_actions([&](QWidget* widget, QAction* action) {
-        before << std::pair(widget, action);
-        if (qobject_cast<QToolBar*>(widget) && (mActions.contains(std::pair(widget, action)) || is_own(action)))
+        before << Placement{widget, action};
+        if (qobject_cast<QToolBar*>(widget) && is_own_entry(widget, action))
             in_toolbar = true;
     });
-    window->remove_menu_items(owner);
-    window->remove_dock_windows(owner);
+    window->remove_menu_items(owner.constData());
+    window->remove_dock_windows(owner.constData());
     // Not without need: it also deletes the small toolbars of others.
     if (in_toolbar)
-        window->remove_toolbar_items(owner);
+        window->remove_toolbar_items(owner.constData());
     for (const auto& [widget, action] : std::as_const(before)) {
         if (!action || action->isSeparator() || stands_for_widget(action))
             continue;
         if (!widget || !widget->actions().contains(action))
-            left << (qobject_cast<QMenu*>(widget) ? u"menu entry %1"_s : u"toolbar button %1"_s).arg(shown(action));
+            left << (qobject_cast<QMenu*>(widget) ? u"menu entry %1"_s : u"toolbar button %1"_s)
+                        .arg(shown(action));
     }
+}
+
+void ComponentTraces::remove_empty_toolbars() const
+{
+    // Removed buttons count until they are deleted, so that a toolbar of many outlives the removal of its
+    // entries, and the component could do nothing about that.
+    bool empty = false;
+    for (const QPointer<QObject>& object : mObjects) {
+        const auto* bar = qobject_cast<QToolBar*>(object);
+        if (!bar || !bar->actions().isEmpty())
+            continue;
+        empty = true;
+        const QList<QToolButton*> buttons = bar->findChildren<QToolButton*>();
+        for (QToolButton* button : buttons)
+            QCoreApplication::sendPostedEvents(button, QEvent::DeferredDelete);
+    }
+    if (empty)
+        Ostrel::instance()->remove_toolbar_items(mName.toUtf8().constData());
 }
 
 void ComponentTraces::clean_actions(QStringList& left) const
 {
     QList<std::pair<QWidget*, QAction*>> found;
     visit_actions([&](QWidget* widget, QAction* action) {
-        if (!action->isSeparator() && !stands_for_widget(action) &&
-            (mActions.contains(std::pair(widget, action)) || is_own(action)))
+        if (!action->isSeparator() && !stands_for_widget(action) && is_own_entry(widget, action))
             found << std::pair(widget, action);
     });
     for (const auto& [widget, action] : std::as_const(found)) {
         widget->removeAction(action);
-        left << (qobject_cast<QMenu*>(widget) ? u"menu entry %1"_s : u"toolbar button %1"_s).arg(shown(action));
+        left << (qobject_cast<QMenu*>(widget) ? u"menu entry %1"_s : u"toolbar button %1"_s)
+                    .arg(shown(action));
     }
 }
 
@@ -295,9 +326,9 @@ void ComponentTraces::clean_objects(QStringList& left) const
             left << u"menu %1"_s.arg(shown(menu, menu->title()));
             window->menuBar()->removeAction(menu->menuAction());
         } else if (auto* action = qobject_cast<QAction*>(object)) {
-            if (action->isSeparator() || stands_for_widget(action))
-                continue;
-            delete action;
+            // Those of other owners may be the shell's, made while the component was.
+            if (!action->isSeparator() && !stands_for_widget(action) && action->parent() == window)
+                delete action;
         } else if (auto* shortcut = qobject_cast<QShortcut*>(object)) {
             left << u"shortcut \"%1\""_s.arg(shortcut->key().toString());
             delete shortcut;

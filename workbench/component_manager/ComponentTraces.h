@@ -57,6 +57,14 @@ public:
     QStringList clean_up();
 
 private:
+    /** An action and the widget that it stands in. */
+    struct Placement
+    {
+        QPointer<QWidget> widget;
+        QPointer<QAction> action;
+    };
+
+    bool is_own_entry(const QWidget* widget, const QAction* action) const;
     bool is_own_class(const QObject* object) const;
     /** Whether it came with the component, or belongs to something that did. */
     bool is_own(const QObject* object) const;
@@ -65,6 +73,7 @@ private:
     void clean_trackers(QStringList& left);
     void clean_console(QStringList& left) const;
     void clean_owned_entries(QStringList& left) const;
+    void remove_empty_toolbars() const;
     void clean_actions(QStringList& left) const;
     void clean_objects(QStringList& left) const;
     void clean_windows(QStringList& left) const;
@@ -73,7 +82,7 @@ private:
     const void* mCode = nullptr;
     CommandRegistry* mRegistry = nullptr;
     QList<QPointer<QObject>> mObjects;
-    QList<std::pair<QPointer<QWidget>, QPointer<QAction>>> mActions;
+    QList<Placement> mActions;
     QPointer<QWidget> mGraphicsWidget;
     QSet<const ComponentTracker*> mTrackers;
     QSet<QString> mCommands;
