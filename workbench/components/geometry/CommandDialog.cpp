@@ -19,7 +19,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** The words of a field, written as the command language wants them; empty if they are not what they should be.
+/** The words of a field, written as the command language wants them; empty if they are not what they should
+ * be.
  */
 QStringList words_of(const CommandField& field, const QString& text)
 {
@@ -29,7 +30,8 @@ QStringList words_of(const CommandField& field, const QString& text)
     if (field.kind == CommandField::Kind::Numbers &&
         !std::all_of(words.begin(), words.end(), [](const QString& word) { return parse_number(word); }))
         return {};
-    std::transform(words.begin(), words.end(), words.begin(), [](const QString& word) { return quote_word(word); });
+    std::transform(words.begin(), words.end(), words.begin(),
+                   [](const QString& word) { return quote_word(word); });
     return words;
 }
 

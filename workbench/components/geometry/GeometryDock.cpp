@@ -73,7 +73,8 @@ QStringList GeometryDock::selection() const
     for (int i = 0; i < mSolids->childCount(); ++i) {
         const QTreeWidgetItem* item = mSolids->child(i);
         // The tree may not have caught up yet.
-        if (const auto solid = item->isSelected() ? mModel.solid(item->data(0, id_role).toInt()) : std::nullopt)
+        if (const auto solid =
+                item->isSelected() ? mModel.solid(item->data(0, id_role).toInt()) : std::nullopt)
             names << solid->name;
     }
     return names;

@@ -17,8 +17,8 @@ class QTreeWidgetItem;
 /**
  * The dock "Model": a tree of the solids with their volumes, and of the mesh.
  *
- * It follows the model, once for all changes that come together. Solids can be selected; the menu of the tree is the
- * owner's to fill.
+ * It follows the model, once for all changes that come together. Solids can be selected; the menu of the tree
+ * is the owner's to fill.
  */
 class GeometryDock : public QDockWidget
 {

@@ -10,11 +10,10 @@
 #include <QScopeGuard>
 #include <QTemporaryDir>
 
-#include <gmsh.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <gmsh.h>
 #include <limits>
 #include <numbers>
 
@@ -61,7 +60,8 @@ void check_position(const Vector& position, const QString& what)
 {
     for (const double value : components(position)) {
         if (!(std::abs(value) <= GeometryModel::farthest))
-            throw GeometryError(u"%1 must be within %2 of the origin"_s.arg(what).arg(GeometryModel::farthest));
+            throw GeometryError(
+                u"%1 must be within %2 of the origin"_s.arg(what).arg(GeometryModel::farthest));
     }
 }
 
@@ -138,7 +138,8 @@ EngineTags joined_rest(const std::vector<EngineTags>& solids)
     return result;
 }
 
-/** Removes faces, edges and points that bound no volume: where solids only touch, they have some in common. */
+/** Removes faces, edges and points that bound no volume: where solids only touch, they have some in common.
+ */
 void remove_loose_shapes()
 {
     for (const int dimension : {2, 1, 0}) {
@@ -513,8 +514,7 @@ int GeometryModel::add(Draft& draft, const QString& kind, const QString& name)
 }
 
 /** Changes copies, and puts them in the place of the shapes only when all have gone well. */
-void GeometryModel::transform(const QList<int>& ids,
-                              const std::function<void(const EngineTags&)>& operation)
+void GeometryModel::transform(const QList<int>& ids, const std::function<void(const EngineTags&)>& operation)
 {
     check_ids(ids);
     struct Change
@@ -579,7 +579,8 @@ void GeometryModel::combine(const QList<int>& ids, const QString& nothing_left,
     changed(ids.first());
 }
 
-/** Puts a copy of the solid into the engine's current model, through a file: the engine knows no other way. */
+/** Puts a copy of the solid into the engine's current model, through a file: the engine knows no other way.
+ */
 EngineTags GeometryModel::load(int id) const
 {
     std::string current;

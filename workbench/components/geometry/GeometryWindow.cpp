@@ -25,12 +25,15 @@ constexpr auto owner = "geometry";
 /** What all forms for new solids end with. */
 QList<CommandField> with_placing(QList<CommandField> fields, bool with_axis)
 {
-    fields << CommandField{u"at"_s, GeometryWindow::tr("Centre (X Y Z)"), u"at"_s, u"0 0 0"_s,
-                           CommandField::Kind::Numbers, 3, true};
+    fields << CommandField{u"at"_s,    GeometryWindow::tr("Centre (X Y Z)"), u"at"_s,
+                           u"0 0 0"_s, CommandField::Kind::Numbers,          3,
+                           true};
     if (with_axis)
-        fields << CommandField{u"along"_s, GeometryWindow::tr("Axis (X Y Z)"), u"along"_s, u"0 0 1"_s,
-                               CommandField::Kind::Numbers, 3, true};
-    fields << CommandField{u"name"_s, GeometryWindow::tr("Name"), u"name"_s, {}, CommandField::Kind::Names, 1, true};
+        fields << CommandField{u"along"_s, GeometryWindow::tr("Axis (X Y Z)"), u"along"_s,
+                               u"0 0 1"_s, CommandField::Kind::Numbers,        3,
+                               true};
+    fields << CommandField{u"name"_s, GeometryWindow::tr("Name"), u"name"_s, {}, CommandField::Kind::Names, 1,
+                           true};
     return fields;
 }
 
@@ -100,7 +103,8 @@ QAction* GeometryWindow::make_form_action(const char* command, const QString& te
     return action;
 }
 
-QAction* GeometryWindow::make_selection_action(const char* command, const QString& text, const char* icon, int least)
+QAction* GeometryWindow::make_selection_action(const char* command, const QString& text, const char* icon,
+                                               int least)
 {
     QAction* action = make_action(command, text, icon);
     mSelectionActions.append({action, least});
@@ -148,9 +152,10 @@ void GeometryWindow::make_solid_actions()
                          }),
         make_form_action("torus", tr("&Torus..."), "torus.svg",
                          [] {
-                             return with_placing({number_field(u"radius"_s, tr("Radius"), u"2"_s),
-                                                  number_field(u"tube"_s, tr("Radius of the tube"), u"0.5"_s)},
-                                                 true);
+                             return with_placing(
+                                 {number_field(u"radius"_s, tr("Radius"), u"2"_s),
+                                  number_field(u"tube"_s, tr("Radius of the tube"), u"0.5"_s)},
+                                 true);
                          }),
     };
     mToolActions = mMenuActions;
@@ -193,8 +198,8 @@ void GeometryWindow::make_change_actions()
     });
     QAction* intersect = make_selection_action("intersect", tr("&Intersect"), "intersect.svg", 2);
     QAction* remove = make_selection_action("delete", tr("&Delete"), nullptr, 1);
-    for (QAction* action : std::initializer_list<QAction*>{nullptr, move, rotate, copy, rename, nullptr, unite,
-                                                           subtract, intersect, nullptr, remove})
+    for (QAction* action : std::initializer_list<QAction*>{nullptr, move, rotate, copy, rename, nullptr,
+                                                           unite, subtract, intersect, nullptr, remove})
         mMenuActions.push_back(action);
     for (QAction* action : {unite, subtract, intersect})
         mToolActions.push_back(action);
@@ -204,8 +209,8 @@ void GeometryWindow::make_change_actions()
 void GeometryWindow::make_mesh_actions()
 {
     QAction* mesh = make_form_action("mesh", tr("M&esh..."), "mesh.svg", [this] {
-        CommandField solids =
-            solids_field(u"solids"_s, tr("Solids (all if empty)"), mDock ? mDock->selection() : QStringList());
+        CommandField solids = solids_field(u"solids"_s, tr("Solids (all if empty)"),
+                                           mDock ? mDock->selection() : QStringList());
         solids.optional = true;
         return QList<CommandField>{solids, {u"size"_s, tr("Size"), u"size"_s, u"0.2"_s}};
     });
@@ -223,9 +228,9 @@ void GeometryWindow::add_menu()
     mHelp = make_action("help", tr("&Geometry Commands"));
     mWindow->help_menu()->add_manual(mHelp, owner);
     connect(mHelp, &QAction::triggered, this, [] {
-        for (const char* command : {"brick", "cylinder", "sphere", "cone", "torus", "move", "rotate", "copy", "rename",
-                                    "unite", "subtract", "intersect", "delete", "list", "mesh", "statistics",
-                                    "quality"})
+        for (const char* command :
+             {"brick", "cylinder", "sphere", "cone", "torus", "move", "rotate", "copy", "rename", "unite",
+              "subtract", "intersect", "delete", "list", "mesh", "statistics", "quality"})
             send_command(u"help "_s + QLatin1StringView(command));
     });
 }
@@ -237,7 +242,8 @@ void GeometryWindow::add_toolbar()
 
 void GeometryWindow::add_dock()
 {
-    mWindow->add_dock_window(mDock, owner, Qt::LeftDockWidgetArea, Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+    mWindow->add_dock_window(mDock, owner, Qt::LeftDockWidgetArea,
+                             Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
     for (QAction* action : mDockActions) {
         if (action)
             mDock->context_menu()->addAction(action);

@@ -18,8 +18,8 @@ class Ostrel;
 class QAction;
 
 /**
- * All that the component has in the main window: the menu "Geometry", a toolbar, the dock "Model", and an entry in
- * the help menu. Whatever a user chooses is sent to the console as a command.
+ * All that the component has in the main window: the menu "Geometry", a toolbar, the dock "Model", and an
+ * entry in the help menu. Whatever a user chooses is sent to the console as a command.
  *
  * It takes everything away again when it is deleted.
  */

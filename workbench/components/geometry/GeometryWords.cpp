@@ -60,7 +60,8 @@ double GeometryWords::number(QAnyStringView what)
 
 double GeometryWords::length(QAnyStringView what, double least, double most)
 {
-    const double value = at_end() ? std::nan("") : parse_number(mCall.words()[mNext].text).value_or(std::nan(""));
+    const double value =
+        at_end() ? std::nan("") : parse_number(mCall.words()[mNext].text).value_or(std::nan(""));
     if (!(value >= least && value <= most))
         throw expected(u"%1 (a number from %2 to %3)"_s.arg(what.toString()).arg(least).arg(most));
     ++mNext;

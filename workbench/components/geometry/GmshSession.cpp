@@ -3,10 +3,9 @@
 
 #include "workbench/components/geometry/GmshSession.h"
 
-#include <gmsh.h>
-
 #include <clocale>
 #include <csignal>
+#include <gmsh.h>
 #include <string>
 #include <vector>
 

@@ -18,14 +18,13 @@
 //
 // The exit status is 0 once both files are complete, 1 if the solids cannot be meshed, 2 for a bad job.
 
-#include <gmsh.h>
-
 #include <algorithm>
 #include <clocale>
 #include <cmath>
 #include <cstdio>
 #include <exception>
 #include <fstream>
+#include <gmsh.h>
 #include <limits>
 #include <map>
 #include <sstream>
@@ -33,10 +32,9 @@
 #include <vector>
 
 #ifdef __linux__
-#    include <sys/prctl.h>
-
-#    include <csignal>
-#    include <unistd.h>
+#include <csignal>
+#include <sys/prctl.h>
+#include <unistd.h>
 #endif
 
 namespace {

@@ -14,7 +14,6 @@
 #include <QFileInfo>
 
 #include <dlfcn.h>
-
 #include <memory>
 #include <stdexcept>
 
@@ -36,13 +35,13 @@ namespace {
 std::unique_ptr<GeometryModel> model;
 std::unique_ptr<GeometryWindow> window_part;
 
-/** The mesher lies in a folder beside this shared object. */
+/** The mesher lies in a folder beside this shared object, or beside what a link to it stands for. */
 QString mesher_path()
 {
     Dl_info info = {};
     if (!dladdr(&model, &info) || !info.dli_fname)
         return {};
-    return QFileInfo(QFile::decodeName(info.dli_fname)).absolutePath() + u"/libexec/fennar-mesher"_s;
+    return QFileInfo(QFile::decodeName(info.dli_fname)).canonicalPath() + u"/libexec/fennar-mesher"_s;
 }
 
 void unload()

@@ -372,9 +372,9 @@ void mesh(CommandCall& call, GeometryWords& words, Context& context)
         nodes += measures.volume / std::pow(size, 3) + measures.area / std::pow(size, 2);
     }
     if (nodes > most_nodes)
-        throw call.error(size_word, u"elements so small would need about %1 nodes; %2 is the most"_s
-                                        .arg(nodes, 0, 'g', 2)
-                                        .arg(most_nodes));
+        throw call.error(
+            size_word, u"elements so small would need about %1 nodes; %2 is the most"_s.arg(nodes, 0, 'g', 2)
+                           .arg(most_nodes));
 
     std::shared_ptr<const Mesh> result;
     {
@@ -452,11 +452,13 @@ struct Entry
     Run run;
 };
 
-constexpr auto placing_help = "The solid lies around its centre, which is the origin unless \"at\" tells another. "
-                              "Without a\nname it is named after its kind and id."_L1;
-constexpr auto axis_help = "The solid lies around its centre, which is the origin unless \"at\" tells another. Its "
-                           "axis is\nthe z axis unless \"along\" tells another direction. Without a name it is named "
-                           "after its kind\nand id."_L1;
+constexpr auto placing_help =
+    "The solid lies around its centre, which is the origin unless \"at\" tells another. "
+    "Without a\nname it is named after its kind and id."_L1;
+constexpr auto axis_help =
+    "The solid lies around its centre, which is the origin unless \"at\" tells another. Its "
+    "axis is\nthe z axis unless \"along\" tells another direction. Without a name it is named "
+    "after its kind\nand id."_L1;
 constexpr auto combine_help =
     "The result has the name and id of the first solid; the others are gone. It may have several pieces."_L1;
 constexpr auto solids_help = "\"all\" stands for all solids."_L1;
@@ -485,16 +487,19 @@ constexpr Entry entries[] = {
      combine_help, intersect},
     {"delete"_L1, "delete SOLID..."_L1, "Deletes solids."_L1, solids_help, remove},
     {"list"_L1, "list [SOLID...]"_L1, "Lists solids with their measures."_L1,
-     "Solids can be named by name or by id. The box around a solid is exact to six digits; around round solids\n"
+     "Solids can be named by name or by id. The box around a solid is exact to six digits; around round "
+     "solids\n"
      "that were turned it has some room."_L1,
      list},
     {"mesh"_L1, "mesh [SOLID...] size SIZE [verbose]"_L1, "Fills solids with tetrahedra."_L1,
-     "Without solids all of them are meshed. SIZE is the length of the elements. The mesh takes the place of\n"
+     "Without solids all of them are meshed. SIZE is the length of the elements. The mesh takes the place "
+     "of\n"
      "the last one. \"verbose\" shows all that the mesher has to say."_L1,
      mesh},
     {"statistics"_L1, "statistics"_L1, "Counts the nodes and elements of the mesh."_L1, {}, statistics},
     {"quality"_L1, "quality [ICN | IGE]"_L1, "Measures the volume elements of the mesh."_L1,
-     "ICN is the inverse condition number, IGE the inverse gradient error. 1 is the best value, and elements\n"
+     "ICN is the inverse condition number, IGE the inverse gradient error. 1 is the best value, and "
+     "elements\n"
      "of 0 or less are useless."_L1,
      quality},
 };

@@ -11,7 +11,7 @@
 #include <QScopeGuard>
 #include <QTemporaryDir>
 
-#include <cstring>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -42,7 +42,8 @@ QByteArray read_file(const QString& path)
 QString write_job(const QTemporaryDir& directory, const GeometryModel& model, const QList<int>& ids,
                   double size)
 {
-    QByteArray job = "size " + QByteArray::number(size, 'g', 17) + "\noutput mesh.msh\nstatistics statistics\n";
+    QByteArray job =
+        "size " + QByteArray::number(size, 'g', 17) + "\noutput mesh.msh\nstatistics statistics\n";
     for (const int id : ids) {
         const QString file = QString::number(id) + u".brep"_s;
         model.write_brep(id, directory.filePath(file));
@@ -61,14 +62,17 @@ void read_statistics(const QByteArray& text, Mesh& mesh)
         if (words[0] == "nodes" && words.size() == 2)
             mesh.nodes = words[1].toLongLong();
         else if (words[0] == "elements" && words.size() > 3)
-            mesh.elements.append({words[1].toInt(), QString::fromUtf8(words.sliced(3).join(' ')),
-                                  words[2].toLongLong()});
+            mesh.elements.append(
+                {words[1].toInt(), QString::fromUtf8(words.sliced(3).join(' ')), words[2].toLongLong()});
         else if (words[0] == "quality" && words.size() == 5)
-            mesh.quality.append({QString::fromUtf8(words[1]), words[2].toDouble(), words[3].toDouble(),
-                                 words[4].toDouble()});
+            mesh.quality.append(
+                {QString::fromUtf8(words[1]), words[2].toDouble(), words[3].toDouble(), words[4].toDouble()});
         else if (!line.isEmpty())
             throw GeometryError(u"the mesher's statistics are damaged"_s);
     }
+    std::stable_sort(
+        mesh.elements.begin(), mesh.elements.end(),
+        [](const Mesh::Elements& a, const Mesh::Elements& b) { return a.dimension < b.dimension; });
     if (mesh.nodes <= 0 || mesh.elements.isEmpty())
         throw GeometryError(u"the mesher has left an empty mesh"_s);
 }

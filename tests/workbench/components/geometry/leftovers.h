@@ -11,7 +11,8 @@
 inline QList<int> child_processes()
 {
     QList<int> result;
-    const QStringList tasks = QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    const QStringList tasks =
+        QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     for (const QString& task : tasks) {
         QFile file(QStringLiteral("/proc/self/task/") + task + QStringLiteral("/children"));
         if (!file.open(QIODevice::ReadOnly))

@@ -28,7 +28,6 @@
 #include <numbers>
 #include <set>
 #include <string>
-
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -57,7 +56,8 @@ QString describe(const GeometryModel& model)
     const QList<int> ids = model.ids();
     for (const int id : ids) {
         const SolidMeasures m = model.measures(id);
-        text += u"%1 %2 %3 %4 %5"_s.arg(id).arg(model.solid(id)->name).arg(m.volume).arg(m.area).arg(m.pieces);
+        text +=
+            u"%1 %2 %3 %4 %5"_s.arg(id).arg(model.solid(id)->name).arg(m.volume).arg(m.area).arg(m.pieces);
         for (const Vector& v : {m.least, m.most, m.centre})
             text += u" (%1 %2 %3)"_s.arg(v.x).arg(v.y).arg(v.z);
         text += u'\n';
@@ -76,7 +76,6 @@ QString failure(const Operation& operation)
     }
     return {};
 }
-
 
 } // namespace
 
@@ -146,8 +145,8 @@ void TstGeometryModel::solids_lie_around_their_centre()
 {
     GeometryModel model;
     const Vector centre{10, -20, 30};
-    const QList<int> ids{model.brick({1, 2, 3}, centre), model.cylinder(2, 5, centre), model.sphere(3, centre),
-                         model.torus(3, 1, centre), model.cone(1, 1, 2, centre)};
+    const QList<int> ids{model.brick({1, 2, 3}, centre), model.cylinder(2, 5, centre),
+                         model.sphere(3, centre), model.torus(3, 1, centre), model.cone(1, 1, 2, centre)};
     for (const int id : ids) {
         const SolidMeasures measures = model.measures(id);
         QVERIFY(near(measures.centre, centre));
@@ -233,8 +232,10 @@ void TstGeometryModel::extreme_dimensions_are_made()
     constexpr double large = GeometryModel::greatest_length;
     QVERIFY(near(model.measures(model.brick({small, small, small})).volume / std::pow(small, 3), 1, 1e-3));
     QVERIFY(near(model.measures(model.brick({large, large, large})).volume / 1e18, 1));
-    QVERIFY(near(model.measures(model.cylinder(small, large)).volume / (pi * small * small * large), 1, 1e-3));
-    QVERIFY(near(model.measures(model.cylinder(large, small)).volume / (pi * large * large * small), 1, 1e-3));
+    QVERIFY(
+        near(model.measures(model.cylinder(small, large)).volume / (pi * small * small * large), 1, 1e-3));
+    QVERIFY(
+        near(model.measures(model.cylinder(large, small)).volume / (pi * large * large * small), 1, 1e-3));
     QVERIFY(near(model.measures(model.sphere(large)).volume / (4.0 / 3 * pi * 1e18), 1));
     QVERIFY(!failure([&] { model.torus(1, 1); }).isEmpty());
     QVERIFY(!failure([&] { model.sphere(large, {GeometryModel::farthest, 0, 0}); }).isEmpty());
@@ -282,7 +283,8 @@ void TstGeometryModel::odd_names_are_refused()
 {
     GeometryModel model;
     for (const QString& name : {u"a b"_s, u"1a"_s, u"-a"_s, u"ä"_s, u"a\n"_s, u"a/b"_s, u".a"_s, u"a$"_s})
-        QVERIFY2(failure([&] { model.sphere(1, {}, name); }).contains(u"cannot name a solid"), qPrintable(name));
+        QVERIFY2(failure([&] { model.sphere(1, {}, name); }).contains(u"cannot name a solid"),
+                 qPrintable(name));
     QVERIFY(model.ids().isEmpty());
     const int id = model.sphere(1, {}, u"_a-B.9"_s);
     QVERIFY(!failure([&] { model.rename(id, {}); }).isEmpty());
@@ -634,8 +636,7 @@ void TstGeometryModel::process_keeps_its_locale_and_its_interrupt_handler()
     const auto is_own = [&own] {
         struct sigaction now = {};
         sigaction(SIGINT, nullptr, &now);
-        return now.sa_handler == own.sa_handler &&
-               std::strcmp(std::setlocale(LC_NUMERIC, nullptr), "C") == 0;
+        return now.sa_handler == own.sa_handler && std::strcmp(std::setlocale(LC_NUMERIC, nullptr), "C") == 0;
     };
     {
         GeometryModel model;
@@ -698,8 +699,8 @@ void TstGeometryModel::thousands_of_operations_are_quick()
     const qint64 measured = timer.restart();
     model.remove(ids);
     const qint64 removed = timer.restart();
-    qInfo("%d bricks: made in %lld ms, moved one by one in %lld ms, measured in %lld ms, removed in %lld ms", count,
-          made, moved, measured, removed);
+    qInfo("%d bricks: made in %lld ms, moved one by one in %lld ms, measured in %lld ms, removed in %lld ms",
+          count, made, moved, measured, removed);
     QVERIFY(near(volume, count * 0.125));
     QVERIFY(made + moved + measured + removed < 20'000);
 }

@@ -198,7 +198,8 @@ void TstRunMesher::progress_rises_through_all_stages()
                                   u"meshing volumes"_s, u"measuring"_s, u"writing"_s}));
     // Within faces and within volumes, too.
     QVERIFY(std::count_if(percentages.begin(), percentages.end(), [](int p) { return p > 5 && p < 35; }) > 2);
-    QVERIFY(std::count_if(percentages.begin(), percentages.end(), [](int p) { return p > 35 && p < 90; }) > 2);
+    QVERIFY(std::count_if(percentages.begin(), percentages.end(), [](int p) { return p > 35 && p < 90; }) >
+            2);
 }
 
 void TstRunMesher::engine_messages_arrive()
@@ -290,7 +291,8 @@ void TstRunMesher::killed_mesher_is_a_clear_error()
     } catch (const GeometryError& error) {
         message = error.message();
     }
-    QCOMPARE(message, u"the mesher has crashed while meshing volumes. The model and the last mesh are as they were"_s);
+    QCOMPARE(message,
+             u"the mesher has crashed while meshing volumes. The model and the last mesh are as they were"_s);
     QCOMPARE(mModel->mesh().get(), old_mesh.get());
     QCOMPARE(mModel->revision(), revision);
     QVERIFY(run_mesher(mMesher, *mModel, {1}, 0.5)); // the next one works
