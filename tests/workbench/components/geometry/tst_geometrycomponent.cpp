@@ -362,7 +362,7 @@ void TstGeometryComponent::cancel_button_ends_the_mesher()
         QTest::mouseClick(cancel, Qt::LeftButton);
     });
     timer.start(10);
-    const QString answer = enter(u"mesh size 0.015"_s);
+    const QString answer = enter(u"mesh size 0.02"_s);
     QVERIFY(since_click.isValid());
     qInfo("the prompt is back %lld ms after the click", since_click.elapsed());
     QVERIFY(since_click.elapsed() < 500);

@@ -235,8 +235,8 @@ void TstRunMesher::cancel_answers_at_once_within_one_long_step()
         since_cancel.start();
         return false;
     };
-    // Some minutes of work, nearly all of it in one call into the engine.
-    const auto mesh = run_mesher(mMesher, *mModel, {1}, 0.01, listener);
+    // Seconds of work, in one call into the engine.
+    const auto mesh = run_mesher(mMesher, *mModel, {1}, 0.02, listener);
     const qint64 latency = since_cancel.elapsed();
     QVERIFY(!mesh);
     qInfo("cancelled in %lld ms", latency);
@@ -287,7 +287,7 @@ void TstRunMesher::killed_mesher_is_a_clear_error()
     };
     QString message;
     try {
-        run_mesher(mMesher, *mModel, {1}, 0.02, listener);
+        run_mesher(mMesher, *mModel, {1}, 0.03, listener);
     } catch (const GeometryError& error) {
         message = error.message();
     }
