@@ -160,6 +160,7 @@ Workbench::~Workbench()
 {
     mComponents.reset();
     PythonRuntime::stop();
+    Fennar::instance().application() = {};
     OutputRouter::instance().set_window_listener(nullptr);
     HostMediator::instance().set_event_handler(nullptr);
     HostMediator::instance().set_exit_handler(nullptr);
@@ -177,6 +178,7 @@ void Workbench::set_up_commands()
     fennar.interpreter().set_error_output([this](const QString& text) { report_error(text); });
     fennar.services().history = [this] { return mConsole ? mConsole->history().entries() : QStringList(); };
     fennar.services().quit = [this] { quit(); };
+    fennar.application() = {&mFrame, [this] { give_turn(); }};
     fennar.playback().set_echo([this](const QString& line) { echo(line); });
     fennar.playback().set_turn([this] { give_turn(); });
     fennar.playback().set_wait([this] {

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "workbench/fennari19/ApplicationServices.h"
 #include "workbench/fennari19/CommandInterpreter.h"
 #include "workbench/fennari19/CommandRegistry.h"
 #include "workbench/fennari19/Playback.h"
@@ -24,6 +25,8 @@ public:
     Playback& playback() { return mPlayback; }
     /** What the built-in commands ask the application for. */
     BuiltinServices& services() { return mServices; }
+    /** What other commands ask it for. */
+    ApplicationServices& application() { return mApplication; }
     /** Never null. */
     std::shared_ptr<AppUtil> app_util() const { return mAppUtil; }
 
@@ -38,6 +41,7 @@ private:
     CommandInterpreter mInterpreter;
     Playback mPlayback;
     BuiltinServices mServices;
+    ApplicationServices mApplication;
     std::shared_ptr<AppUtil> mAppUtil;
     bool mPythonMode = false;
 };

@@ -1,0 +1,430 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "console/CommandWidget.h"
+#include "console/CommandWindow.h"
+#include "frame/Ostrel.h"
+#include "leftovers.h"
+#include "support/TestCase.h"
+#include "support/describe_window.h"
+#include "support/windows.h"
+#include "workbench/Workbench.h"
+#include "workbench/console/ConsoleOwner.h"
+#include "workbench/fennari19/CommandRegistry.h"
+#include "workbench/fennari19/Fennar.h"
+
+#include <QAction>
+#include <QDialogButtonBox>
+#include <QDockWidget>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QProcess>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+#include <QTreeWidget>
+
+using namespace Qt::StringLiterals;
+
+/** The component in the whole application, as a user meets it. */
+class TstGeometryComponent : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void cleanupTestCase();
+
+    void window_is_as_before_after_each_unload();
+    void menu_toolbar_and_dock_are_there();
+    void form_sends_its_command_to_the_console();
+    void form_with_a_wrong_field_sends_nothing();
+    void form_goes_with_the_component();
+    void tree_follows_the_model();
+    void selection_decides_what_can_be_chosen();
+    void delete_in_the_tree_sends_a_command();
+    void subtract_form_is_filled_from_the_selection();
+    void python_gets_the_errors_of_commands();
+    void cancel_button_ends_the_mesher();
+    void bar_shows_progress();
+    void closed_dock_comes_to_no_harm();
+    void batch_run_meshes_and_keeps_standard_output_clean();
+
+private:
+    CommandWidget* page() const { return mWorkbench->console()->command_page(); }
+    /** Types a line and returns what the console shows for it. */
+    QString enter(const QString& line);
+    static void flush();
+    /** The action that a user finds in the menus; null if there is none. */
+    static QAction* find_action(const char* name);
+    /** Returns whether there is such an action. */
+    static bool trigger(const char* name);
+    static QTreeWidget* tree() { return Ostrel::instance()->findChild<QTreeWidget*>(u"GeometryModelTree"_s); }
+    /** The rows of the solids, each as "name volume". */
+    static QStringList rows();
+    static void select(const QStringList& names);
+    static QWidget* form(const char* command)
+    {
+        return Ostrel::instance()->findChild<QWidget*>(u"GeometryDialog_"_s + QLatin1StringView(command));
+    }
+    static void fill(QWidget* form, const QString& field, const QString& text)
+    {
+        form->findChild<QLineEdit*>(field)->setText(text);
+    }
+    static QPushButton* ok(QWidget* form)
+    {
+        return form->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+    }
+
+    std::unique_ptr<Workbench> mWorkbench;
+    QTemporaryDir mDirectory;
+};
+
+void TstGeometryComponent::initTestCase()
+{
+    TestCase::init();
+    mWorkbench = std::make_unique<Workbench>();
+    QVERIFY(mWorkbench->load());
+    QVERIFY(show_active(Ostrel::instance()));
+}
+
+void TstGeometryComponent::init()
+{
+    page()->clearToPrompt();
+    const QString answer = enter(u"load "_s + QStringLiteral(GEOMETRY));
+    QVERIFY2(!answer.contains(u"ERROR"), qPrintable(answer));
+    QVERIFY(Fennar::instance().registry().find(u"brick"_s));
+}
+
+void TstGeometryComponent::cleanup()
+{
+    if (Fennar::instance().registry().find(u"brick"_s)) {
+        const QString answer = enter(u"unload geometry"_s);
+        QVERIFY2(!answer.contains(u"ERROR") && !answer.contains(u"left behind"), qPrintable(answer));
+    }
+    QVERIFY(!Fennar::instance().registry().find(u"brick"_s));
+}
+
+void TstGeometryComponent::cleanupTestCase()
+{
+    mWorkbench->unload();
+    mWorkbench.reset();
+    QCOMPARE(child_processes(), QList<int>());
+    TestCase::cleanup();
+}
+
+QString TstGeometryComponent::enter(const QString& line)
+{
+    page()->clearToPrompt();
+    mWorkbench->console()->run_line(line);
+    flush();
+    return page()->toPlainText();
+}
+
+void TstGeometryComponent::flush()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+}
+
+QAction* TstGeometryComponent::find_action(const char* name)
+{
+    const auto menus = Ostrel::instance()->findChildren<QMenu*>();
+    for (const QMenu* menu : menus) {
+        const QList<QAction*> actions = menu->actions();
+        for (QAction* action : actions) {
+            if (action->objectName() == u"geometry_"_s + QLatin1StringView(name))
+                return action;
+        }
+    }
+    return nullptr;
+}
+
+bool TstGeometryComponent::trigger(const char* name)
+{
+    QAction* action = find_action(name);
+    if (action)
+        action->trigger();
+    flush();
+    return action;
+}
+
+QStringList TstGeometryComponent::rows()
+{
+    flush();
+    QStringList result;
+    const QTreeWidgetItem* solids = tree()->topLevelItem(0);
+    for (int i = 0; i < solids->childCount(); ++i)
+        result << solids->child(i)->text(0) + u' ' + solids->child(i)->text(1);
+    return result;
+}
+
+void TstGeometryComponent::select(const QStringList& names)
+{
+    flush();
+    tree()->clearSelection();
+    QTreeWidgetItem* solids = tree()->topLevelItem(0);
+    for (int i = 0; i < solids->childCount(); ++i)
+        solids->child(i)->setSelected(names.contains(solids->child(i)->text(0)));
+}
+
+void TstGeometryComponent::window_is_as_before_after_each_unload()
+{
+    enter(u"unload geometry"_s);
+    flush();
+    const QStringList before = describe_window(*Ostrel::instance());
+    QVERIFY(!before.join(u'\n').contains(u"Geometry"));
+    for (int i = 0; i < 5; ++i) {
+        enter(u"load "_s + QStringLiteral(GEOMETRY));
+        QVERIFY(describe_window(*Ostrel::instance()) != before);
+        QVERIFY(enter(u"brick 2"_s).contains(u"brick1: volume 8"));
+        QVERIFY(enter(u"mesh size 1"_s).contains(u"volume elements"));
+        QVERIFY(trigger("sphere"));
+        QVERIFY(!enter(u"unload geometry"_s).contains(u"left behind"));
+        flush();
+        QCOMPARE(describe_window(*Ostrel::instance()), before);
+    }
+}
+
+void TstGeometryComponent::menu_toolbar_and_dock_are_there()
+{
+    Ostrel* window = Ostrel::instance();
+    auto* toolbar = window->findChild<QToolBar*>(u"GeometryTools"_s);
+    QVERIFY(toolbar && toolbar->isVisible());
+    QCOMPARE(toolbar->actions().size(), 9);
+    for (const QAction* button : toolbar->actions())
+        QVERIFY2(!button->icon().pixmap(22).isNull(), qPrintable(button->objectName()));
+    auto* dock = window->findChild<QDockWidget*>(u"GeometryModelDock"_s);
+    QVERIFY(dock && dock->isVisible());
+    QCOMPARE(dock->windowTitle(), u"Model"_s);
+    const QString description = describe_window(*window).join(u'\n');
+    QVERIFY(description.contains(u"&Geometry"_s));
+    QVERIFY(description.contains(u"geometry_help"_s));
+}
+
+void TstGeometryComponent::form_sends_its_command_to_the_console()
+{
+    QVERIFY(trigger("cylinder"));
+    QWidget* dialog = form("cylinder");
+    QVERIFY(dialog && dialog->isVisible());
+    fill(dialog, u"radius"_s, u"2"_s);
+    fill(dialog, u"height"_s, u" 3.5 "_s);
+    fill(dialog, u"at"_s, u"1 2  3"_s);
+    fill(dialog, u"along"_s, {});
+    fill(dialog, u"name"_s, u"rod"_s);
+    QCOMPARE(dialog->findChild<QLabel*>(u"preview"_s)->text(), u"cylinder 2 3.5 at 1 2 3 name rod"_s);
+    page()->clearToPrompt();
+    ok(dialog)->click();
+    flush();
+    QVERIFY2(
+        page()->toPlainText().startsWith(u"Fennar>cylinder 2 3.5 at 1 2 3 name rod\nrod: volume 43.9823\n"_s),
+        qPrintable(page()->toPlainText()));
+    QCOMPARE(mWorkbench->console()->history().entries().last(), u"cylinder 2 3.5 at 1 2 3 name rod"_s);
+    QVERIFY(!form("cylinder"));
+}
+
+void TstGeometryComponent::form_with_a_wrong_field_sends_nothing()
+{
+    QVERIFY(trigger("brick"));
+    QWidget* dialog = form("brick");
+    QVERIFY(dialog && ok(dialog)->isEnabled());
+    for (const QString& wrong : {u"x"_s, QString(), u"1,5"_s, u"1 2"_s, u"nan"_s}) {
+        fill(dialog, u"width"_s, wrong);
+        QVERIFY2(!ok(dialog)->isEnabled(), qPrintable(wrong));
+        QMetaObject::invokeMethod(dialog, "accept");
+        QVERIFY(dialog->isVisible());
+    }
+    fill(dialog, u"width"_s, u"1.5"_s);
+    QVERIFY(ok(dialog)->isEnabled());
+    fill(dialog, u"at"_s, u"1 2"_s);
+    QVERIFY(!ok(dialog)->isEnabled());
+    dialog->close();
+    flush();
+    QCOMPARE(rows(), QStringList());
+}
+
+void TstGeometryComponent::form_goes_with_the_component()
+{
+    QVERIFY(trigger("brick"));
+    QVERIFY(trigger("mesh"));
+    QVERIFY(form("brick") && form("mesh"));
+    enter(u"unload geometry"_s);
+    QVERIFY(!form("brick") && !form("mesh"));
+}
+
+void TstGeometryComponent::tree_follows_the_model()
+{
+    QCOMPARE(rows(), QStringList());
+    enter(u"brick 1 2 3 name plate"_s);
+    enter(u"sphere 1"_s);
+    QCOMPARE(rows(), QStringList({u"plate 6"_s, u"sphere2 4.18879"_s}));
+    enter(u"rename sphere2 ball"_s);
+    enter(u"brick 1 at 9 9 9 name far"_s);
+    enter(u"unite plate far"_s);
+    QCOMPARE(rows(), QStringList({u"plate 7"_s, u"ball 4.18879"_s}));
+    enter(u"unite no such"_s);
+    QCOMPARE(rows(), QStringList({u"plate 7"_s, u"ball 4.18879"_s}));
+    QTreeWidgetItem* mesh = tree()->topLevelItem(1);
+    QCOMPARE(mesh->text(1), u"none"_s);
+    enter(u"mesh plate size 1"_s);
+    flush();
+    QCOMPARE(mesh->text(1), QString());
+    QCOMPARE(mesh->child(0)->text(0), u"Nodes"_s);
+    QVERIFY(mesh->child(0)->text(1).toInt() > 8);
+    QVERIFY(mesh->childCount() == 5);
+    enter(u"delete ball"_s);
+    flush();
+    QCOMPARE(mesh->text(1), u"of an earlier model"_s);
+    QCOMPARE(mesh->childCount(), 5);
+    QCOMPARE(rows(), QStringList({u"plate 7"_s}));
+}
+
+void TstGeometryComponent::selection_decides_what_can_be_chosen()
+{
+    enter(u"brick 1 name a"_s);
+    enter(u"brick 1 at 0.5 0 0 name b"_s);
+    const auto enabled = [](const char* name) { return find_action(name) && find_action(name)->isEnabled(); };
+    QVERIFY(find_action("unite") && find_action("intersect") && find_action("delete"));
+    QVERIFY(!enabled("unite") && !enabled("intersect") && !enabled("delete"));
+    select({u"a"_s});
+    QVERIFY(!enabled("unite") && enabled("delete"));
+    select({u"a"_s, u"b"_s});
+    QVERIFY(enabled("unite") && enabled("intersect") && enabled("delete"));
+    page()->clearToPrompt();
+    QVERIFY(trigger("unite"));
+    QVERIFY(page()->toPlainText().startsWith(u"Fennar>unite a b\na: volume 1.5\n"_s));
+    QCOMPARE(rows(), QStringList(u"a 1.5"_s));
+}
+
+void TstGeometryComponent::delete_in_the_tree_sends_a_command()
+{
+    enter(u"brick 1 name a"_s);
+    enter(u"brick 1 name b"_s);
+    select({u"b"_s});
+    QMenu* menu = Ostrel::instance()->findChild<QMenu*>(u"GeometryModelMenu"_s);
+    QVERIFY(menu);
+    QAction* chosen = nullptr;
+    for (QAction* candidate : menu->actions())
+        if (candidate->objectName() == u"geometry_delete")
+            chosen = candidate;
+    QVERIFY(chosen && chosen->isEnabled());
+    page()->clearToPrompt();
+    chosen->trigger();
+    QVERIFY(page()->toPlainText().startsWith(u"Fennar>delete b\n"_s));
+    QCOMPARE(rows(), QStringList(u"a 1"_s));
+}
+
+void TstGeometryComponent::subtract_form_is_filled_from_the_selection()
+{
+    enter(u"brick 2 name a"_s);
+    enter(u"brick 1 at 1 0 0 name b"_s);
+    select({u"a"_s, u"b"_s});
+    QVERIFY(trigger("subtract"));
+    QWidget* dialog = form("subtract");
+    QVERIFY(dialog);
+    QCOMPARE(dialog->findChild<QLabel*>(u"preview"_s)->text(), u"subtract b from a"_s);
+    ok(dialog)->click();
+    flush();
+    QCOMPARE(rows(), QStringList(u"a 7.5"_s));
+}
+
+void TstGeometryComponent::python_gets_the_errors_of_commands()
+{
+    const QString made = enter(u"python 'fennar.cmd(\"brick 3\")'"_s);
+    QVERIFY2(made.contains(u"brick1: volume 27"), qPrintable(made));
+    const QString failed = enter(u"python 'fennar.cmd(\"brick 0\")'"_s);
+    QVERIFY2(failed.contains(u"column 7: expected a width"), qPrintable(failed));
+    QVERIFY2(failed.contains(u"CommandError"), qPrintable(failed));
+}
+
+void TstGeometryComponent::cancel_button_ends_the_mesher()
+{
+    enter(u"brick 1"_s);
+    enter(u"mesh size 0.5"_s);
+    QElapsedTimer since_click;
+    QTimer timer;
+    // Runs at the turns that the mesher gives the window.
+    connect(&timer, &QTimer::timeout, this, [&] {
+        auto* cancel = Ostrel::instance()->findChild<QToolButton*>(u"mCancel"_s);
+        const auto* bar = Ostrel::instance()->findChild<QProgressBar*>(u"mProgress"_s);
+        if (since_click.isValid() || !cancel->isEnabled() || bar->value() < 35)
+            return;
+        since_click.start();
+        QTest::mouseClick(cancel, Qt::LeftButton);
+    });
+    timer.start(10);
+    const QString answer = enter(u"mesh size 0.02"_s);
+    QVERIFY(since_click.isValid());
+    qInfo("the prompt is back %lld ms after the click", since_click.elapsed());
+    QVERIFY(since_click.elapsed() < 500);
+    QVERIFY2(answer.contains(u"ERROR: mesh: cancelled; the last mesh is as it was\nFennar>"),
+             qPrintable(answer));
+    QCOMPARE(child_processes(), QList<int>());
+    QVERIFY(enter(u"statistics"_s).contains(u"size 0.5\n"));
+}
+
+void TstGeometryComponent::bar_shows_progress()
+{
+    enter(u"brick 1"_s);
+    QList<int> values;
+    QStringList texts;
+    auto* bar = Ostrel::instance()->findChild<QProgressBar*>(u"mProgress"_s);
+    QVERIFY(bar);
+    connect(bar, &QProgressBar::valueChanged, this, [&](int value) {
+        values << value;
+        texts << bar->text();
+    });
+    enter(u"mesh size 0.08"_s);
+    bar->disconnect(this);
+    QVERIFY(values.size() > 5);
+    QVERIFY2(texts.join(u'\n').contains(u"meshing volumes "_s), qPrintable(texts.join(u'\n')));
+    // The session is over, and the text with it.
+    QCOMPARE(bar->value(), bar->minimum() - 1);
+    QVERIFY(std::is_sorted(values.begin(), values.end()));
+    QCOMPARE(bar->format(), u"%p%"_s);
+}
+
+void TstGeometryComponent::closed_dock_comes_to_no_harm()
+{
+    delete Ostrel::instance()->findChild<QDockWidget*>(u"GeometryModelDock"_s);
+    QVERIFY(enter(u"brick 1"_s).contains(u"brick1: volume 1"));
+    QVERIFY(trigger("move"));
+    QVERIFY(form("move"));
+}
+
+void TstGeometryComponent::batch_run_meshes_and_keeps_standard_output_clean()
+{
+    QFile journal(mDirectory.filePath(u"a.jou"_s));
+    QVERIFY(journal.open(QIODevice::WriteOnly));
+    journal.write("brick 1\nmesh size 0.5\nsphere 9\n");
+    journal.close();
+    QVERIFY(QDir(mDirectory.path()).mkdir(u"components"_s));
+    QVERIFY(QFile::link(QStringLiteral(GEOMETRY), mDirectory.filePath(u"components/geometry.so"_s)));
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"FENNAR_COMPONENT_PATH"_s, mDirectory.filePath(u"components"_s));
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(FENNAR), {u"--batch"_s, u"--play"_s, journal.fileName()});
+    QVERIFY(process.waitForFinished());
+    const QString output = QString::fromUtf8(process.readAllStandardOutput());
+    QCOMPARE(QString::fromUtf8(process.readAllStandardError()), QString());
+    QCOMPARE(process.exitCode(), 0);
+    const QStringList lines = output.split(u'\n', Qt::SkipEmptyParts);
+    QCOMPARE(lines.size(), 6);
+    QCOMPARE(lines[1], u"brick1: volume 1"_s);
+    QVERIFY(lines[3].endsWith(u" volume elements"));
+    QCOMPARE(lines[5], u"sphere2: volume 3053.63"_s);
+}
+
+OSTREL_TEST_MAIN(TstGeometryComponent)
+
+#include "tst_geometrycomponent.moc"

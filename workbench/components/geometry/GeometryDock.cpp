@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/components/geometry/GeometryDock.h"
+
+#include "workbench/components/geometry/GeometryError.h"
+#include "workbench/components/geometry/GeometryModel.h"
+
+#include <QHeaderView>
+#include <QMenu>
+#include <QTreeWidget>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int id_role = Qt::UserRole;
+
+QTreeWidgetItem* make_branch(QTreeWidget* tree, const QString& text)
+{
+    auto* item = new QTreeWidgetItem(tree, {text});
+    item->setFlags(Qt::ItemIsEnabled);
+    item->setExpanded(true);
+    return item;
+}
+
+} // namespace
+
+GeometryDock::GeometryDock(const GeometryModel& model, QWidget* parent)
+    : QDockWidget(parent),
+      mModel(model),
+      mTree(new QTreeWidget(this)),
+      mSolids(nullptr),
+      mMesh(nullptr),
+      mMenu(new QMenu(this))
+{
+    setObjectName(u"GeometryModelDock"_s);
+    setWindowTitle(tr("Model"));
+    mTree->setObjectName(u"GeometryModelTree"_s);
+    mTree->setHeaderLabels({tr("Name"), tr("Volume")});
+    mTree->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    mTree->setUniformRowHeights(true);
+    mTree->setContextMenuPolicy(Qt::CustomContextMenu);
+    mTree->header()->setSectionResizeMode(QHeaderView::Interactive);
+    setWidget(mTree);
+    mMenu->setObjectName(u"GeometryModelMenu"_s);
+    mSolids = make_branch(mTree, tr("Solids"));
+    mMesh = make_branch(mTree, tr("Mesh"));
+
+    connect(mTree, &QTreeWidget::itemSelectionChanged, this, &GeometryDock::selection_changed);
+    connect(mTree, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& point) { mMenu->popup(mTree->viewport()->mapToGlobal(point)); });
+
+    mUpdate.setSingleShot(true);
+    mUpdate.setInterval(0);
+    connect(&mUpdate, &QTimer::timeout, this, &GeometryDock::update_tree);
+    connect(&model, &GeometryModel::solid_changed, this, &GeometryDock::mark);
+    connect(&model, &GeometryModel::mesh_changed, this, [this] {
+        mMeshChanged = true;
+        mUpdate.start();
+    });
+    const QList<int> ids = model.ids();
+    for (const int id : ids)
+        mChanged.insert(id);
+    update_tree();
+}
+
+QStringList GeometryDock::selection() const
+{
+    QStringList names;
+    for (int i = 0; i < mSolids->childCount(); ++i) {
+        const QTreeWidgetItem* item = mSolids->child(i);
+        // The tree may not have caught up yet.
+        if (const auto solid =
+                item->isSelected() ? mModel.solid(item->data(0, id_role).toInt()) : std::nullopt)
+            names << solid->name;
+    }
+    return names;
+}
+
+void GeometryDock::mark(int id)
+{
+    mChanged.insert(id);
+    mUpdate.start();
+}
+
+void GeometryDock::update_tree()
+{
+    QList<int> changed(mChanged.begin(), mChanged.end());
+    std::sort(changed.begin(), changed.end());
+    mChanged.clear();
+    mTree->setUpdatesEnabled(false);
+    for (const int id : std::as_const(changed))
+        update_solid(id);
+    mSolids->setText(1, u"(%1)"_s.arg(mItems.size()));
+    update_mesh();
+    mTree->setUpdatesEnabled(true);
+}
+
+void GeometryDock::update_solid(int id)
+{
+    const auto solid = mModel.solid(id);
+    if (!solid) {
+        delete mItems.take(id);
+        return;
+    }
+    QTreeWidgetItem*& item = mItems[id];
+    if (!item) {
+        item = new QTreeWidgetItem(mSolids); // ids grow, so the last one belongs last
+        item->setData(0, id_role, id);
+    }
+    item->setText(0, solid->name);
+    try {
+        item->setText(1, QString::number(mModel.measures(id).volume, 'g', 6));
+    } catch (const GeometryError& error) {
+        item->setText(1, u"?"_s);
+        item->setToolTip(1, error.message());
+    }
+}
+
+void GeometryDock::update_mesh()
+{
+    const std::shared_ptr<const Mesh> mesh = mModel.mesh();
+    const bool old = mesh && mesh->revision != mModel.revision();
+    mMesh->setText(1, !mesh ? tr("none") : old ? tr("of an earlier model") : QString());
+    if (!std::exchange(mMeshChanged, false))
+        return;
+    qDeleteAll(mMesh->takeChildren());
+    if (!mesh)
+        return;
+    const auto add = [this](const QString& text, qint64 count) {
+        auto* item = new QTreeWidgetItem(mMesh, {text, QString::number(count)});
+        item->setFlags(Qt::ItemIsEnabled);
+    };
+    add(tr("Nodes"), mesh->nodes);
+    for (const Mesh::Elements& elements : mesh->elements)
+        add(elements.kind, elements.count);
+}

@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QDockWidget>
+#include <QHash>
+#include <QSet>
+#include <QStringList>
+#include <QTimer>
+
+class GeometryModel;
+class QMenu;
+class QTreeWidget;
+class QTreeWidgetItem;
+
+/**
+ * The dock "Model": a tree of the solids with their volumes, and of the mesh.
+ *
+ * It follows the model, once for all changes that come together. Solids can be selected; the menu of the tree
+ * is the owner's to fill.
+ */
+class GeometryDock : public QDockWidget
+{
+    Q_OBJECT
+
+public:
+    /** @param model  must outlive the dock. */
+    GeometryDock(const GeometryModel& model, QWidget* parent);
+
+    /** The names of the selected solids, from top to bottom. */
+    QStringList selection() const;
+    /** The menu that the tree opens; empty at first. */
+    QMenu* context_menu() { return mMenu; }
+
+signals:
+    void selection_changed();
+
+private:
+    void mark(int id);
+    void update_tree();
+    void update_solid(int id);
+    void update_mesh();
+
+    const GeometryModel& mModel;
+    QTreeWidget* mTree;
+    QTreeWidgetItem* mSolids;
+    QTreeWidgetItem* mMesh;
+    QMenu* mMenu;
+    QHash<int, QTreeWidgetItem*> mItems;
+    /** The solids that have changed since the last update. */
+    QSet<int> mChanged;
+    bool mMeshChanged = true;
+    QTimer mUpdate;
+};

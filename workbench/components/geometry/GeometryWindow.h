@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+struct CommandField;
+class GeometryDock;
+class GeometryModel;
+class Ostrel;
+class QAction;
+
+/**
+ * All that the component has in the main window: the menu "Geometry", a toolbar, the dock "Model", and an
+ * entry in the help menu. Whatever a user chooses is sent to the console as a command.
+ *
+ * It takes everything away again when it is deleted.
+ */
+class GeometryWindow : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** Both must outlive this object. */
+    GeometryWindow(Ostrel* window, const GeometryModel& model);
+    ~GeometryWindow() override;
+
+private:
+    QAction* make_action(const char* name, const QString& text, const char* icon = nullptr);
+    /** An action that opens a form for a command; the fields are asked for each time. */
+    QAction* make_form_action(const char* command, const QString& text, const char* icon,
+                              const std::function<QList<CommandField>()>& fields);
+    /** An action that sends the command with the selected solids behind it. */
+    QAction* make_selection_action(const char* command, const QString& text, const char* icon, int least);
+    /** An action that sends a command as it is. */
+    QAction* make_plain_action(const char* command, const QString& text);
+    void make_solid_actions();
+    void make_change_actions();
+    void make_mesh_actions();
+    void add_menu();
+    void add_toolbar();
+    void add_dock();
+    void update_actions();
+
+    Ostrel* mWindow;
+    /** The window owns it, and so it may go before this object. */
+    QPointer<GeometryDock> mDock;
+    QList<QPointer<QWidget>> mDialogs;
+    QAction* mHelp = nullptr;
+    /** Null stands for a separator. */
+    std::vector<QAction*> mMenuActions;
+    std::vector<QAction*> mToolActions;
+    std::vector<QAction*> mDockActions;
+    /** Actions that need so many selected solids. */
+    QList<std::pair<QAction*, int>> mSelectionActions;
+};

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+/** A mesh and what is known of it. Lengths are in the units of the model. */
+struct Mesh
+{
+    /** How many elements of one kind there are. */
+    struct Elements
+    {
+        /** 0 for points, 1 for lines, 2 for faces, 3 for volumes. */
+        int dimension = 0;
+        /** The engine's name, as "Tetrahedron 4". */
+        QString kind;
+        qint64 count = 0;
+    };
+    /** A measure of all volume elements; 1 is the best value. */
+    struct Quality
+    {
+        /** "ICN", the inverse condition number, or "IGE", the inverse gradient error. */
+        QString measure;
+        double least = 0;
+        double mean = 0;
+        double most = 0;
+    };
+
+    /** The mesh itself, as a binary file in the MSH format. */
+    QByteArray msh;
+    /** The length of the elements that was asked for. */
+    double size = 0;
+    /** The names of the solids when they were meshed. */
+    QStringList solids;
+    qint64 nodes = 0;
+    QList<Elements> elements;
+    QList<Quality> quality;
+    /** GeometryModel::revision() of the model that was meshed. */
+    qint64 revision = 0;
+};

@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+// The component "geometry": solids through a CAD kernel and tetrahedral meshes. See docs/geometry.md.
+
+#include "frame/Ostrel.h"
+#include "workbench/components/component.h"
+#include "workbench/components/geometry/GeometryModel.h"
+#include "workbench/components/geometry/GeometryWindow.h"
+#include "workbench/components/geometry/geometry_commands.h"
+#include "workbench/fennari19/Fennar.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <dlfcn.h>
+#include <memory>
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+// Not in a namespace, as Qt demands.
+static void init_resources()
+{
+    Q_INIT_RESOURCE(geometry);
+}
+
+static void clean_up_resources()
+{
+    Q_CLEANUP_RESOURCE(geometry);
+}
+
+namespace {
+
+std::unique_ptr<GeometryModel> model;
+std::unique_ptr<GeometryWindow> window_part;
+
+/** The mesher lies in a folder beside this shared object, or beside what a link to it stands for. */
+QString mesher_path()
+{
+    Dl_info info = {};
+    if (!dladdr(&model, &info) || !info.dli_fname)
+        return {};
+    return QFileInfo(QFile::decodeName(info.dli_fname)).canonicalPath() + u"/libexec/fennar-mesher"_s;
+}
+
+void unload()
+{
+    window_part.reset();
+    Fennar::instance().registry().remove_owner(u"geometry"_s);
+    model.reset();
+    clean_up_resources();
+}
+
+void load()
+{
+    Fennar& fennar = Fennar::instance();
+    init_resources();
+    model = std::make_unique<GeometryModel>();
+    if (!register_geometry_commands(fennar.registry(), *model, fennar.application(), mesher_path())) {
+        unload();
+        throw std::runtime_error("one of the geometry commands is there already");
+    }
+    if (Ostrel* window = Ostrel::instance())
+        window_part = std::make_unique<GeometryWindow>(window, *model);
+}
+
+constexpr FennarComponent component{
+    FENNAR_COMPONENT_INTERFACE, FENNAR_WORKBENCH_VERSION, "geometry", "1.0", &load, &unload,
+};
+
+} // namespace
+
+FENNAR_EXPORT_COMPONENT(component)

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QString>
+
+class CommandRegistry;
+class GeometryModel;
+struct ApplicationServices;
+
+/**
+ * Adds the commands that make, change and mesh solids, with the owner "geometry".
+ *
+ * @param model     outlives the commands, and so does @p services.
+ * @param mesher    the path of the program that meshes.
+ * @return false, with none added, if a name is taken.
+ */
+bool register_geometry_commands(CommandRegistry& registry, GeometryModel& model,
+                                const ApplicationServices& services, const QString& mesher);

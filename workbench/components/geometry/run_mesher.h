@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/components/geometry/Mesh.h"
+#include "workbench/components/geometry/MesherReport.h"
+
+#include <QList>
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+class GeometryModel;
+
+/** What the caller of run_mesher() is told meanwhile; each may be null. */
+struct MesherListener
+{
+    /** The percentage or the stage has changed. */
+    std::function<void(int percent, const QString& stage)> progress;
+    std::function<void(const MesherReport::Message& message)> message;
+    /** Called many times a second; false ends the mesher at once. */
+    std::function<bool()> go_on;
+};
+
+/**
+ * Meshes solids in a process of its own and waits for it.
+ *
+ * Throws a GeometryError if that fails, for whatever reason: a mesher that crashes is one. The model is left
+ * alone, and neither the process nor a file of it stays behind.
+ *
+ * @param program  the path of the mesher.
+ * @param ids      the solids.
+ * @param size     the length of the elements, in the model's units.
+ * @return the mesh, which is not the model's yet; null if go_on() has returned false.
+ */
+std::shared_ptr<const Mesh> run_mesher(const QString& program, const GeometryModel& model,
+                                       const QList<int>& ids, double size,
+                                       const MesherListener& listener = {});
