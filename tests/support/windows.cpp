@@ -3,8 +3,10 @@
 
 #include "support/windows.h"
 
+#include <QGuiApplication>
 #include <QTest>
 #include <QWidget>
+#include <QWindow>
 
 bool show_active(QWidget* window)
 {
@@ -12,8 +14,9 @@ bool show_active(QWidget* window)
     window->raise();
     window->activateWindow();
     // A window above another one already counts as active for Qt's own wait when the other one is.
-    return QTest::qWaitForWindowActive(window)
-           && QTest::qWaitFor([window] { return window->isActiveWindow(); });
+    return QTest::qWaitForWindowActive(window) && QTest::qWaitFor([window] {
+               return QGuiApplication::focusWindow() == window->window()->windowHandle();
+           });
 }
 
 QWidget* next_tab_stop(const QWidget* widget)
