@@ -19,7 +19,7 @@ endif()
 # SOURCES    default tst_name.cpp
 # WORKBENCH  links the workbench's libraries; without it the shell's objects are linked with the recording host
 # DISPLAY    needs a real window system: runs under a virtual display with a window manager, label "display"
-# TIMEOUT    default 120 seconds; one test function may take a quarter of it
+# TIMEOUT    default 120 seconds; one test function may take a quarter of it, with the sanitizers three times that
 function(ostrel_add_test name)
     cmake_parse_arguments(arg "WORKBENCH;DISPLAY" "TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
     if(NOT arg_SOURCES)
@@ -27,6 +27,10 @@ function(ostrel_add_test name)
     endif()
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
+    endif()
+    # The sanitizers make everything slower.
+    if(OSTREL_SANITIZE)
+        math(EXPR arg_TIMEOUT "${arg_TIMEOUT} * 3")
     endif()
 
     add_executable(${name} ${arg_SOURCES})
