@@ -5,15 +5,19 @@
 #include "frame/Ostrel.h"
 #include "frame/ProgressControl.h"
 #include "hostdouble/HostDouble.h"
+#include "menus/OstrelToolsMenu.h"
 #include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
+#include "support/own_methods.h"
 #include "support/windows.h"
 
+#include <QAction>
 #include <QHBoxLayout>
 #include <QImage>
 #include <QProgressBar>
 #include <QStatusBar>
 #include <QTest>
+#include <QToolBar>
 #include <QToolButton>
 #include <QWindow>
 
@@ -60,6 +64,7 @@ private slots:
 
     void form_has_the_names_texts_and_measures();
     void texts_of_the_form_are_translated_in_its_own_context();
+    void cancelling_is_its_only_slot();
     void sits_at_the_right_of_the_status_bar();
     void cancel_icon_has_a_picture_of_its_own_for_disabled();
     void bar_and_button_start_reset_and_disabled();
@@ -90,8 +95,27 @@ private slots:
     void button_stays_enabled_after_the_click();
     void slot_of_the_window_does_the_same();
     void click_on_cancel_passes_while_other_input_is_swallowed();
+    void disabled_cancel_takes_no_click_during_work();
+    void clicks_on_pause_pass_while_other_input_is_swallowed();
 
 private:
+    /** Runs @p input as what arrives while a command runs and gives the window its turn: inside that run. */
+    template <class Input>
+    void arrive_during_work(Input input)
+    {
+        QMetaObject::invokeMethod(mControl, input, Qt::QueuedConnection);
+        mFrame->check_interrupt_session("work");
+    }
+    /** Clicks where @p target is in the window, as the window system does. */
+    static void click(const QWidget* target)
+    {
+        QTest::mouseClick(Ostrel::instance()->windowHandle(), Qt::LeftButton, {},
+                          target->mapTo(Ostrel::instance(), target->rect().center()));
+    }
+    static QWidget* tool_button(QAction* action)
+    {
+        return Ostrel::instance()->findChild<QToolBar*>(u"FileTools"_s)->widgetForAction(action);
+    }
     template <class Widget>
     Widget* child(const char* name) const
     {
@@ -152,6 +176,11 @@ void TstProgressControl::texts_of_the_form_are_translated_in_its_own_context()
     QCOMPARE(control.windowTitle(), u"<Progress>"_s);
     QCOMPARE(control.findChild<QToolButton*>(u"mCancel"_s)->toolTip(),
              u"<Cancel the currently running process>"_s);
+}
+
+void TstProgressControl::cancelling_is_its_only_slot()
+{
+    QCOMPARE(own_methods(ProgressControl::staticMetaObject), QStringList(u"slot cancel_progress()"_s));
 }
 
 void TstProgressControl::sits_at_the_right_of_the_status_bar()
@@ -430,25 +459,60 @@ void TstProgressControl::click_on_cancel_passes_while_other_input_is_swallowed()
     other.show();
     int other_clicks = 0;
     connect(&other, &QToolButton::clicked, &other, [&] { ++other_clicks; });
-    // The clicks arrive while a command runs and asks for its turn: from a posted call, inside the run.
-    QWindow* window = Ostrel::instance()->windowHandle();
-    const auto click = [window](QWidget* target) {
-        const QPoint at = target->mapTo(Ostrel::instance(), target->rect().center());
-        QTest::mouseClick(window, Qt::LeftButton, {}, at);
-    };
-    QMetaObject::invokeMethod(
-        mControl,
-        [&] {
-            click(&other);
-            click(button());
-        },
-        Qt::QueuedConnection);
-    mFrame->check_interrupt_session("work");
+    arrive_during_work([&] {
+        click(&other);
+        click(button());
+    });
     QCOMPARE(HostDouble::instance().take_calls().count(u"AppUtil::set_interrupt(true)"_s), 1);
     QCOMPARE(other_clicks, 0);
     // The same click counts once no command runs: the button itself was not at fault.
     click(&other);
     QCOMPARE(other_clicks, 1);
+}
+
+void TstProgressControl::disabled_cancel_takes_no_click_during_work()
+{
+    QTRY_VERIFY(!button()->visibleRegion().isEmpty());
+    arrive_during_work([&] { click(button()); });
+    QCOMPARE(HostDouble::instance().take_calls(), QStringList());
+    mFrame->enable_cancel(true);
+    arrive_during_work([&] {
+        click(button());
+        click(button());
+    });
+    QCOMPARE(HostDouble::instance().take_calls().count(u"AppUtil::set_interrupt(true)"_s), 2);
+}
+
+void TstProgressControl::clicks_on_pause_pass_while_other_input_is_swallowed()
+{
+    QAction* const pause = Ostrel::instance()->tools_menu()->pause_action();
+    QAction* const script = Ostrel::instance()->findChild<QAction*>(u"mScriptAction"_s);
+    QTRY_VERIFY(!tool_button(pause)->visibleRegion().isEmpty());
+    int scripts = 0;
+    disconnect(script, &QAction::triggered, nullptr, nullptr); // its window would stay open
+    connect(script, &QAction::triggered, this, [&] { ++scripts; });
+    const auto press_keys = [] {
+        QTest::keyClick(Ostrel::instance()->windowHandle(), Qt::Key_I, Qt::ControlModifier);
+    };
+
+    arrive_during_work([&] {
+        click(tool_button(script));
+        click(tool_button(pause));
+        press_keys(); // those of pause, unlike its button
+    });
+    QVERIFY(pause->isChecked());
+    QCOMPARE(HostDouble::instance().take_calls(), QStringList(u"FennarInterface::pause_playback()"_s));
+    arrive_during_work([&] { click(tool_button(pause)); });
+    QVERIFY(!pause->isChecked());
+    QCOMPARE(HostDouble::instance().take_calls(), QStringList({u"FennarInterface::resume_playback()"_s,
+                                                               u"FennarInterface::is_playback_paused()"_s}));
+    QCOMPARE(scripts, 0);
+
+    // The same counts once no command runs: neither the keys nor the button were at fault.
+    click(tool_button(script));
+    QCOMPARE(scripts, 1);
+    press_keys();
+    QVERIFY(pause->isChecked());
 }
 
 OSTREL_TEST_MAIN(TstProgressControl)
