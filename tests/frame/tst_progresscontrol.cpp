@@ -69,6 +69,7 @@ private slots:
     void cancel_icon_has_a_picture_of_its_own_for_disabled();
     void bar_and_button_start_reset_and_disabled();
     void session_started_inside_another_is_ignored();
+    void session_started_again_under_its_own_name_is_ignored_too();
     void start_resets_the_bar();
     void start_runs_the_queue_only_if_asked();
     void start_within_a_session_runs_no_queue();
@@ -81,6 +82,7 @@ private slots:
     void update_at_hundred_or_above_runs_no_queue_once_hundred_is_shown();
     void update_with_the_present_value_runs_no_queue();
     void negative_update_is_ignored_by_the_bar();
+    void negative_update_runs_the_queue_all_the_same();
     void end_under_its_own_name_resets();
     void end_under_another_name_changes_nothing();
     void end_without_a_session_and_name_resets_again_data();
@@ -226,6 +228,18 @@ void TstProgressControl::session_started_inside_another_is_ignored()
     QCOMPARE(bar()->value(), 20);
 }
 
+void TstProgressControl::session_started_again_under_its_own_name_is_ignored_too()
+{
+    mFrame->start_progress_session("a", 0);
+    mFrame->update_progress_session("a", 10);
+    mFrame->start_progress_session("a", 0);
+    QCOMPARE(bar()->value(), 10);
+    // So that one end ends it.
+    mFrame->end_progress_session("a");
+    mFrame->update_progress_session("a", 20);
+    QCOMPARE(bar()->value(), -1);
+}
+
 void TstProgressControl::start_resets_the_bar()
 {
     bar()->setValue(30);
@@ -335,6 +349,18 @@ void TstProgressControl::negative_update_is_ignored_by_the_bar()
     QCOMPARE(bar()->value(), 42);
 }
 
+void TstProgressControl::negative_update_runs_the_queue_all_the_same()
+{
+    mFrame->start_progress_session("a", 0);
+    QueueProbe probe;
+    // This one the reset bar shows already.
+    mFrame->update_progress_session("a", -1);
+    QVERIFY(!probe.ran());
+    mFrame->update_progress_session("a", -7);
+    QVERIFY(probe.ran());
+    QCOMPARE(bar()->value(), -1);
+}
+
 void TstProgressControl::end_under_its_own_name_resets()
 {
     mFrame->start_progress_session("a", 0);
@@ -350,7 +376,8 @@ void TstProgressControl::end_under_another_name_changes_nothing()
 {
     mFrame->start_progress_session("a", 0);
     mFrame->update_progress_session("a", 42);
-    mFrame->end_progress_session("b");
+    for (const char* other : {"b", "A", "", static_cast<const char*>(nullptr)})
+        mFrame->end_progress_session(other);
     QCOMPARE(bar()->value(), 42);
 }
 
