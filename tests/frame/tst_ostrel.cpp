@@ -3,6 +3,7 @@
 
 #include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
+#include "files/OpenSaveHandler.h"
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "frame/OstrelSplitter.h"
@@ -18,7 +19,9 @@
 #include "menus/OstrelWindowMenu.h"
 #include "options/OptionsPanel.h"
 #include "resources/load_icon.h"
+#include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
+#include "support/dialogs.h"
 #include "support/menus.h"
 #include "support/statics.h"
 #include "support/windows.h"
@@ -38,7 +41,11 @@
 #include <QShortcut>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolBar>
 #include <QVBoxLayout>
+
+#include <functional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -69,6 +76,32 @@ QImage picture(const QIcon& icon)
     return icon.pixmap(22, 22).toImage();
 }
 
+/** Documents that are modified. Calls @p asked when it is asked about them. */
+class ModifiedDocuments : public OpenSaveHandler
+{
+public:
+    explicit ModifiedDocuments(std::function<void()> asked) : mAsked(std::move(asked)) {}
+
+    void get_filters(QString&, bool) override {}
+    void get_save_location(QString&, QString&) override {}
+    bool is_modified() override
+    {
+        mAsked();
+        return mModified;
+    }
+    void set_modified(bool modified) override { mModified = modified; }
+    void new_file() override {}
+    void open_file(const QString&) override {}
+    void import_recent(const QString&) override {}
+    void save_file(const QString&) override {}
+    void save_file_as(const QString&, const QString&) override {}
+    void set_directory() override {}
+
+private:
+    std::function<void()> mAsked;
+    bool mModified = true;
+};
+
 } // namespace
 
 class TstOstrel : public TestCase
@@ -84,6 +117,7 @@ private slots:
     void icons_are_22_pixels_wide();
     void central_area_fills_the_middle();
     void window_starts_at_1016_by_819();
+    void window_that_needs_more_starts_larger();
     void empty_central_area_is_black();
     void navigation_model_belongs_to_the_window();
     void side_docks_reach_down_beside_the_bottom_dock();
@@ -94,6 +128,7 @@ private slots:
     void docks_hold_console_and_button_rows();
     void panel_gets_the_model_and_settings_come_last();
     void parts_are_built_in_order();
+    void texts_are_translated_in_its_own_context();
     void window_has_no_icon_of_its_own();
     void ctrl_l_focuses_the_console();
     void ctrl_l_holds_in_the_main_window_only();
@@ -143,6 +178,9 @@ private slots:
     void context_menu_events_are_swallowed_where_the_window_filters();
     void loaded_component_is_announced();
     void close_saves_then_accepts_then_asks_to_exit();
+    void documents_are_asked_about_before_the_settings_are_saved();
+    void refused_close_saves_the_settings_and_leaves_all_else();
+    void refusing_editor_is_asked_before_the_documents();
 
     // Destruction.
     void window_is_taken_down_in_order();
@@ -222,6 +260,19 @@ void TstOstrel::window_starts_at_1016_by_819()
 {
     const Ostrel window;
     QCOMPARE(window.size(), QSize(1016, 819));
+}
+
+void TstOstrel::window_that_needs_more_starts_larger()
+{
+    const auto reset = qScopeGuard([] { qApp->setStyleSheet(QString()); });
+    qApp->setStyleSheet(u"OstrelSplitter { min-width: 1500px; }"_s);
+    const Ostrel wide;
+    QCOMPARE_GE(wide.width(), 1500);
+    QCOMPARE(wide.height(), 819);
+    qApp->setStyleSheet(u"OstrelSplitter { min-height: 1200px; }"_s);
+    const Ostrel high;
+    QCOMPARE(high.width(), 1016);
+    QCOMPARE_GE(high.height(), 1200);
 }
 
 void TstOstrel::empty_central_area_is_black()
@@ -360,6 +411,21 @@ void TstOstrel::parts_are_built_in_order()
             built << kind;
     }
     QCOMPARE(built, parts);
+}
+
+void TstOstrel::texts_are_translated_in_its_own_context()
+{
+    const MarkingTranslator marker("Ostrel");
+    const Ostrel window;
+    QCOMPARE(window.findChild<QToolBar*>(u"FileTools"_s)->windowTitle(), u"<File Tools>"_s);
+    QCOMPARE(console_dock(window)->windowTitle(), u"<Command Line>"_s);
+    QCOMPARE(panel_dock(window)->windowTitle(), u"<Command Panel>"_s);
+    QCOMPARE(console_dock(window)->toggleViewAction()->toolTip(), u"<Show/hide command line workspace>"_s);
+    QCOMPARE(panel_dock(window)->toggleViewAction()->toolTip(), u"<Show/hide command panel>"_s);
+    QCOMPARE(window.findChild<QAction*>(u"lineupToolsAction"_s)->text(), u"<Line up>"_s);
+    // These name nothing that is to be read.
+    QCOMPARE(window.get_title(), u"Ostrel"_s);
+    QCOMPARE(window.objectName(), u"Ostrel"_s);
 }
 
 void TstOstrel::window_has_no_icon_of_its_own()
@@ -902,6 +968,82 @@ void TstOstrel::close_saves_then_accepts_then_asks_to_exit()
     QVERIFY(saved);
     QVERIFY(accepted);
     QVERIFY(close.isAccepted());
+}
+
+void TstOstrel::documents_are_asked_about_before_the_settings_are_saved()
+{
+    Ostrel window;
+    bool saved_before = true;
+    ModifiedDocuments documents([&] { saved_before = QSettings().contains(u"geometry"_s); });
+    documents.set_modified(false);
+    window.file_menu()->set_open_save_handler(&documents);
+    QVERIFY(show_active(&window));
+    QVERIFY(window.close());
+    window.file_menu()->set_open_save_handler(nullptr);
+    QVERIFY(!saved_before);
+    QVERIFY(QSettings().contains(u"geometry"_s));
+}
+
+void TstOstrel::refused_close_saves_the_settings_and_leaves_all_else()
+{
+    Ostrel window;
+    ModifiedDocuments documents([] {});
+    window.file_menu()->set_open_save_handler(&documents);
+    QVERIFY(show_active(&window));
+    host().take_calls();
+    DialogDriver driver;
+    driver.expect(u"QtMessageSettingBox"_s, press(u"mCancelButton"_s));
+    QCloseEvent close;
+    QVERIFY(close.isAccepted());
+    QCoreApplication::sendEvent(&window, &close);
+    QVERIFY(driver.finish());
+    QVERIFY(!close.isAccepted());
+    QVERIFY(QSettings().contains(u"geometry"_s));
+    QVERIFY(window.isVisible());
+    QCOMPARE(host().take_calls(), QStringList());
+
+    DialogDriver second;
+    second.expect(u"QtMessageSettingBox"_s, press(u"mNoButton"_s));
+    QVERIFY(window.close());
+    QVERIFY(second.finish());
+    QCOMPARE(host().take_calls(), QStringList{u"Mediator::request_exit()"_s});
+    window.file_menu()->set_open_save_handler(nullptr);
+}
+
+void TstOstrel::refusing_editor_is_asked_before_the_documents()
+{
+    // Whatever hinders the editor from closing.
+    class KeepOpen : public QObject
+    {
+    public:
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() != QEvent::Close)
+                return false;
+            event->ignore();
+            return true;
+        }
+    } keep_open;
+    Ostrel window;
+    int asked = 0;
+    ModifiedDocuments documents([&] { ++asked; });
+    window.file_menu()->set_open_save_handler(&documents);
+    QVERIFY(show_active(&window));
+    window.journal_editor()->show();
+    window.journal_editor()->installEventFilter(&keep_open);
+    host().take_calls();
+    QVERIFY(!window.close());
+    QCOMPARE(asked, 0);
+    QVERIFY(QSettings().contains(u"geometry"_s));
+    QCOMPARE(host().take_calls(), QStringList());
+    QVERIFY(window.isVisible());
+
+    window.journal_editor()->removeEventFilter(&keep_open);
+    documents.set_modified(false);
+    QVERIFY(window.close());
+    QVERIFY(window.journal_editor()->isHidden());
+    QVERIFY(asked > 0);
+    window.file_menu()->set_open_save_handler(nullptr);
 }
 
 void TstOstrel::window_is_taken_down_in_order()

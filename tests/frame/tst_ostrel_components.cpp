@@ -9,9 +9,11 @@
 #include "menus/OstrelToolsMenu.h"
 #include "menus/OstrelViewMenu.h"
 #include "menus/PyAction.h"
+#include "options/ComponentTool.h"
 #include "support/TestCase.h"
 #include "support/describe_window.h"
 #include "support/menus.h"
+#include "support/windows.h"
 
 #include <QContextMenuEvent>
 #include <QDockWidget>
@@ -21,11 +23,13 @@
 #include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTranslator>
 #include <QWidgetAction>
 
+#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -64,6 +68,15 @@ QToolBar* toolbar(const Ostrel& window, const QString& name)
 qsizetype button_count(const QToolBar* bar)
 {
     return bar->findChildren<QToolButton*>().size();
+}
+
+/** The toolbar that shows @p action. */
+QWidget* bar_widget(const QAction* action)
+{
+    for (QObject* object : action->associatedObjects())
+        if (auto* bar = qobject_cast<QToolBar*>(object))
+            return bar;
+    return nullptr;
 }
 
 void delete_what_waits()
@@ -210,6 +223,21 @@ private slots:
     void context_menu_accepts_the_event_and_leaves_what_it_showed();
     void line_up_goes_to_the_view_menu();
     void pause_button_stays_alive_during_work();
+
+    // Rough use.
+    void action_stands_in_several_menus_and_leaves_them_one_by_one();
+    void action_added_twice_stands_once_and_goes_with_its_first_owner();
+    void empty_list_makes_an_empty_menu_that_goes_with_the_next_removal();
+    void component_may_leave_from_its_own_menu_data();
+    void component_may_leave_from_its_own_menu();
+    void component_may_leave_from_its_own_tool_button();
+    void component_may_leave_from_the_context_menu();
+    void hidden_toolbar_comes_and_goes_as_a_shown_one();
+    void floating_dock_keeps_its_entry_and_floats_on();
+    void odd_titles_are_shown_as_they_are_data();
+    void odd_titles_are_shown_as_they_are();
+    void two_windows_keep_their_components_apart();
+    void window_closed_over_an_open_plugin_tool_takes_it_along();
 
     // Whole lives.
     void five_lives_of_a_component_leave_nothing();
@@ -964,6 +992,281 @@ void TstOstrelComponents::pause_button_stays_alive_during_work()
     click_later(play_button);
     QCoreApplication::processEvents();
     QCOMPARE(played.size(), 1);
+}
+
+void TstOstrelComponents::action_stands_in_several_menus_and_leaves_them_one_by_one()
+{
+    Ostrel window;
+    Component component;
+    std::vector<QAction*> actions = component.actions({u"1"_s});
+    window.add_to_menu(u"A"_s, actions, "one");
+    window.add_to_menu(u"B"_s, actions, "two");
+    window.add_to_menu(u"&Tools"_s, actions, "one");
+    window.add_to_toolbar("mesh", u"Mesh"_s, actions, "one", Qt::LeftToolBarArea);
+    window.remove_menu_items("one");
+    QVERIFY(!bar_menu(window, u"A"_s));
+    QVERIFY(!shown(bar_menu(window, u"&Tools"_s)).contains(u"1"_s));
+    QCOMPARE(shown(bar_menu(window, u"B"_s)), QStringList{u"1"_s});
+    QCOMPARE(shown(toolbar(window, u"mesh"_s)), QStringList{u"1"_s});
+    window.remove_menu_items("two");
+    window.remove_toolbar_items("one");
+    QVERIFY(actions.front()->associatedObjects().isEmpty());
+}
+
+void TstOstrelComponents::action_added_twice_stands_once_and_goes_with_its_first_owner()
+{
+    Ostrel window;
+    Component component;
+    const QStringList before = describe_window(window);
+    QAction* const action = component.action(u"1"_s);
+    std::vector<QAction*> list{action, component.action(u"2"_s), action};
+    window.add_to_menu(u"A"_s, list, "one");
+    window.add_to_menu(u"A"_s, list, "two");
+    // A menu holds an action once, where it was added last.
+    QCOMPARE(shown(bar_menu(window, u"A"_s)), (QStringList{u"2"_s, u"1"_s}));
+    window.remove_menu_items("one");
+    window.remove_menu_items("two");
+    QCOMPARE(describe_window(window), before);
+}
+
+void TstOstrelComponents::empty_list_makes_an_empty_menu_that_goes_with_the_next_removal()
+{
+    Ostrel window;
+    const QStringList before = describe_window(window);
+    std::vector<QAction*> none;
+    window.add_to_menu(u"&Tools"_s, none, "one");
+    QCOMPARE(describe_window(window), before);
+    window.add_to_menu(u""_s, none, "");
+    window.add_to_menu(u"A"_s, none, "one");
+    window.add_to_toolbar("mesh", QString(), none, "one", Qt::LeftToolBarArea);
+    QVERIFY(bar_menu(window, u"A"_s) && bar_menu(window, u"A"_s)->isEmpty());
+    QVERIFY(toolbar(window, u"mesh"_s) && shown(toolbar(window, u"mesh"_s)).isEmpty());
+    window.remove_menu_items("another");
+    window.remove_toolbar_items("another");
+    QCOMPARE(describe_window(window), before);
+}
+
+void TstOstrelComponents::component_may_leave_from_its_own_menu_data()
+{
+    QTest::addColumn<bool>("by_mouse");
+    QTest::newRow("by mouse") << true;
+    QTest::newRow("by keyboard") << false;
+}
+
+void TstOstrelComponents::component_may_leave_from_its_own_menu()
+{
+    QFETCH(const bool, by_mouse);
+    Ostrel window;
+    QVERIFY(show_active(&window));
+    const QStringList before = describe_window(window);
+    auto component = std::make_unique<Component>();
+    QAction* const leave = component->action(u"Leave"_s);
+    std::vector<QAction*> actions{leave};
+    window.add_to_menu(u"&Own"_s, actions, "one");
+    window.add_to_menu(u"&Tools"_s, actions, "one");
+    int left = 0;
+    connect(leave, &QAction::triggered, &window, [&] {
+        ++left;
+        window.remove_menu_items("one");
+        component.reset(); // and with it the action that is being carried out
+    });
+    const QPointer<QMenu> menu = bar_menu(window, u"&Own"_s);
+    {
+        // Opened from the bar, as a user does.
+        const MenuDriver driver([&](QMenu* open) {
+            if (by_mouse)
+                QTest::mouseClick(open, Qt::LeftButton, {}, open->actionGeometry(leave).center());
+            else
+                static_cast<void>(choose(open, u"Leave"_s));
+        });
+        QMenuBar* const bar = window.menuBar();
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(menu->menuAction()).center());
+        QTRY_COMPARE(left, 1);
+    }
+    QTRY_VERIFY(!menu);
+    QVERIFY(!QApplication::activePopupWidget());
+    QCOMPARE(describe_window(window), before);
+}
+
+void TstOstrelComponents::component_may_leave_from_its_own_tool_button()
+{
+    Ostrel window;
+    QVERIFY(show_active(&window));
+    const QStringList before = describe_window(window);
+    auto component = std::make_unique<Component>();
+    QAction* const leave = component->action(u"Leave"_s);
+    std::vector<QAction*> actions{leave};
+    window.add_to_toolbar("own", u"Own"_s, actions, "one", Qt::TopToolBarArea);
+    int left = 0;
+    connect(leave, &QAction::triggered, &window, [&] {
+        ++left;
+        window.remove_toolbar_items("one");
+        component.reset();
+    });
+    const QPointer<QToolBar> bar = toolbar(window, u"own"_s);
+    QWidget* const button = bar->widgetForAction(leave);
+    QTRY_VERIFY(!button->visibleRegion().isEmpty());
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
+                      button->mapTo(&window, button->rect().center()));
+    QTRY_COMPARE(left, 1);
+    QTRY_VERIFY(!bar);
+    delete_what_waits();
+    QCOMPARE(describe_window(window), before);
+}
+
+void TstOstrelComponents::component_may_leave_from_the_context_menu()
+{
+    Ostrel window;
+    QPointer<QDockWidget> dock = make_dock(u"tree"_s);
+    window.add_dock_window(dock, "one", Qt::LeftDockWidgetArea, Qt::AllDockWidgetAreas);
+    int left = 0;
+    connect(dock->toggleViewAction(), &QAction::triggered, &window, [&] {
+        ++left;
+        window.remove_dock_window("one");
+        dock->deleteLater();
+    });
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(), QPoint());
+    {
+        const MenuDriver driver([&](QMenu* menu) { static_cast<void>(choose(menu, u"tree"_s)); });
+        window.display_context_menu(&event);
+    }
+    QCOMPARE(left, 1);
+    delete_what_waits();
+    QVERIFY(!dock);
+    std::vector<QString> labels;
+    window.view_menu()->get_dock_labels(labels);
+    QCOMPARE(labels, (std::vector<QString>{u"Command Line"_s, u"Command Panel"_s}));
+}
+
+void TstOstrelComponents::hidden_toolbar_comes_and_goes_as_a_shown_one()
+{
+    Ostrel window;
+    Component component;
+    const QStringList before = describe_window(window);
+    component.add_to_toolbar(window, "mesh", {u"1"_s}, "one");
+    toolbar(window, u"mesh"_s)->hide();
+    component.add_to_toolbar(window, "mesh", {u"2"_s}, "one");
+    QVERIFY(toolbar(window, u"mesh"_s)->isHidden());
+    QCOMPARE(shown(toolbar(window, u"mesh"_s)), (QStringList{u"1"_s, u"2"_s}));
+    delete_what_waits();
+    window.remove_toolbar_items("another");
+    QVERIFY(!toolbar(window, u"mesh"_s));
+    QCOMPARE(describe_window(window), before);
+}
+
+void TstOstrelComponents::floating_dock_keeps_its_entry_and_floats_on()
+{
+    Ostrel window;
+    QDockWidget* const dock = make_dock(u"tree"_s);
+    dock->setFloating(true);
+    QVERIFY(window.add_dock_window(dock, "one", Qt::LeftDockWidgetArea, Qt::AllDockWidgetAreas));
+    window.show();
+    dock->setFloating(true);
+    window.view_menu()->hide_dock_window(u"tree"_s);
+    QVERIFY(dock->isHidden());
+    window.view_menu()->show_dock_window(u"tree"_s);
+    QVERIFY(dock->isVisible());
+    QVERIFY(dock->isFloating());
+    window.remove_dock_window("one");
+    QVERIFY(dock->isVisible());
+    QVERIFY(dock->isFloating());
+    QCOMPARE(dock->parent(), &window);
+    dock->hide();
+}
+
+void TstOstrelComponents::odd_titles_are_shown_as_they_are_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::newRow("very long") << QString(20'000, u'm');
+    QTest::newRow("ampersands") << u"&&a&b& &"_s;
+    QTest::newRow("other scripts")
+        << u"\u0421\u0435\u0442\u043a\u0430 \u7db2\u683c \u0634\u0628\u0643\u0629 \U0001f600"_s;
+    QTest::newRow("lines and tabs") << u"a\nb\tc"_s;
+    QTest::newRow("tags") << u"<b>a</b>"_s;
+    QTest::newRow("blank") << u" "_s;
+    QTest::newRow("empty") << QString();
+}
+
+void TstOstrelComponents::odd_titles_are_shown_as_they_are()
+{
+    QFETCH(const QString, title);
+    Ostrel window;
+    window.show();
+    Component component;
+    const QStringList before = describe_window(window);
+    const QStringList titles = bar_titles(window);
+    component.add_to_menu(window, title, {title.isEmpty() ? u"1"_s : title}, "one");
+    component.add_to_menu(window, title, {u"2"_s}, "two");
+    QCOMPARE(bar_titles(window).size(), titles.size() + 1);
+    QCOMPARE(bar_titles(window).at(titles.size() - 2), title);
+    QCOMPARE(bar_menu(window, title)->actions().size(), 2);
+    std::vector<QAction*> actions = component.actions({u"3"_s});
+    const QByteArray name = title.toUtf8();
+    window.add_to_toolbar(name.constData(), title, actions, name.constData(), Qt::TopToolBarArea);
+    std::vector<QString> labels;
+    window.view_menu()->get_toolbar_labels(labels);
+    QCOMPARE(std::count(labels.begin(), labels.end(), title), 1);
+    window.view_menu()->hide_toolbar(title);
+    QVERIFY(!bar_widget(actions.front())->isVisible());
+    window.remove_menu_items("one");
+    window.remove_menu_items("two");
+    window.remove_toolbar_items(name.constData());
+    QCOMPARE(describe_window(window), before);
+}
+
+void TstOstrelComponents::two_windows_keep_their_components_apart()
+{
+    Ostrel first;
+    auto second = std::make_unique<Ostrel>();
+    QCOMPARE(Ostrel::instance(), &first);
+    const QStringList empty_first = describe_window(first);
+    const QStringList empty_second = describe_window(*second);
+    Component component;
+    std::vector<QAction*> actions = component.actions({u"1"_s, u"2"_s});
+    for (Ostrel* window : {&first, second.get()}) {
+        window->add_to_menu(u"Mesh"_s, actions, "one");
+        window->add_to_toolbar("mesh", u"Mesh"_s, actions, "one", Qt::TopToolBarArea);
+    }
+    second->remove_menu_items("one");
+    second->remove_toolbar_items("one");
+    QCOMPARE(describe_window(*second), empty_second);
+    QCOMPARE(shown(bar_menu(first, u"Mesh"_s)), (QStringList{u"1"_s, u"2"_s}));
+    QCOMPARE(shown(toolbar(first, u"mesh"_s)), (QStringList{u"1"_s, u"2"_s}));
+    second->add_to_menu(u"Mesh"_s, actions, "one");
+    second.reset();
+    QCOMPARE(shown(bar_menu(first, u"Mesh"_s)), (QStringList{u"1"_s, u"2"_s}));
+    first.remove_menu_items("one");
+    first.remove_toolbar_items("one");
+    delete_what_waits();
+    QCOMPARE(describe_window(first), empty_first);
+}
+
+void TstOstrelComponents::window_closed_over_an_open_plugin_tool_takes_it_along()
+{
+    HostDouble& host = HostDouble::instance();
+    host.component_path = u"/a;/b"_s;
+    MainFrame frame;
+    QVERIFY(frame.load_gui());
+    auto* const open = Ostrel::instance()->findChild<QAction*>(u"mComponentAction"_s);
+    open->trigger();
+    const QPointer<ComponentTool> tool = Ostrel::instance()->findChild<ComponentTool*>();
+    QVERIFY(tool && tool->isVisible());
+    QCOMPARE(host.trackers.size(), 2U);
+    // Opened as a modal dialog, too, by whoever finds it.
+    tool->hide();
+    bool closed = false;
+    QTimer::singleShot(0, tool, [&] {
+        closed = Ostrel::instance()->close();
+        tool->reject();
+    });
+    tool->exec();
+    QVERIFY(closed);
+    open->trigger();
+    QVERIFY(tool->isVisible());
+    frame.unload_gui();
+    QVERIFY(!tool);
+    QCOMPARE(host.component_path, u"/a;/b"_s);
+    QVERIFY(host.trackers.empty());
 }
 
 void TstOstrelComponents::five_lives_of_a_component_leave_nothing()

@@ -3,11 +3,11 @@
 
 #include "frame/OstrelEventFilter.h"
 #include "support/TestCase.h"
+#include "support/real_input.h"
 #include "support/windows.h"
 
 #include <QDeadlineTimer>
 #include <QLineEdit>
-#include <QProcess>
 #include <QPushButton>
 #include <QTest>
 #include <QVBoxLayout>
@@ -15,19 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// Lets the display's server see input as from the user's own devices. Returns whether it has been sent.
-bool xdotool(const QStringList& arguments)
-{
-    return QProcess::execute(u"xdotool"_s, arguments) == 0;
-}
-
-bool click(QWidget& target)
-{
-    const QPoint place = target.mapToGlobal(target.rect().center());
-    return xdotool(
-        {u"mousemove"_s, QString::number(place.x()), QString::number(place.y()), u"click"_s, u"1"_s});
-}
 
 // Runs the queue as the framework does during a command, until @p done. Nothing else runs it meanwhile, so
 // that no event arrives unfiltered.
@@ -75,20 +62,20 @@ void TstOstrelEventFilterDisplay::real_click_is_lost_unless_allowed()
 {
     Window window;
     QVERIFY(show_active(&window));
-    QVERIFY(click(window.other));
+    QVERIFY(real_click(&window.other));
     QTRY_COMPARE(window.clicks, QStringList{u"other"_s}); // the server's clicks do arrive
     window.clicks.clear();
 
     OstrelEventFilter filter;
     filter.addObject(&window.allowed);
-    QVERIFY(click(window.other));
-    QVERIFY(click(window.allowed));
+    QVERIFY(real_click(&window.other));
+    QVERIFY(real_click(&window.allowed));
     // Clicks arrive in order: when the second is there, the first has come and gone.
     QVERIFY(run_until(filter, [&] { return !window.clicks.isEmpty(); }));
     QCOMPARE(window.clicks, QStringList{u"allowed"_s});
 
     // A last click, outside any run, ends the list; what was lost stays lost.
-    QVERIFY(click(window.allowed));
+    QVERIFY(real_click(&window.allowed));
     QTRY_COMPARE(window.clicks, (QStringList{u"allowed"_s, u"allowed"_s}));
 }
 
@@ -97,18 +84,18 @@ void TstOstrelEventFilterDisplay::real_key_is_lost()
     Window window;
     QVERIFY(show_active(&window));
     window.edit.setFocus();
-    QVERIFY(xdotool({u"key"_s, u"x"_s}));
+    QVERIFY(real_key(u"x"_s));
     QTRY_COMPARE(window.edit.text(), u"x"_s); // the server's keys do arrive
 
     OstrelEventFilter filter;
     filter.addObject(&window.allowed);
-    QVERIFY(xdotool({u"key"_s, u"y"_s}));
-    QVERIFY(click(window.allowed));
+    QVERIFY(real_key(u"y"_s));
+    QVERIFY(real_click(&window.allowed));
     QVERIFY(run_until(filter, [&] { return !window.clicks.isEmpty(); }));
     QCOMPARE(window.edit.text(), u"x"_s);
 
     window.edit.setFocus();
-    QVERIFY(xdotool({u"key"_s, u"z"_s}));
+    QVERIFY(real_key(u"z"_s));
     QTRY_COMPARE(window.edit.text(), u"xz"_s);
 }
 

@@ -5,15 +5,19 @@
 #include "frame/Ostrel.h"
 #include "frame/ProgressControl.h"
 #include "hostdouble/HostDouble.h"
+#include "menus/OstrelToolsMenu.h"
 #include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
+#include "support/own_methods.h"
 #include "support/windows.h"
 
+#include <QAction>
 #include <QHBoxLayout>
 #include <QImage>
 #include <QProgressBar>
 #include <QStatusBar>
 #include <QTest>
+#include <QToolBar>
 #include <QToolButton>
 #include <QWindow>
 
@@ -60,10 +64,12 @@ private slots:
 
     void form_has_the_names_texts_and_measures();
     void texts_of_the_form_are_translated_in_its_own_context();
+    void cancelling_is_its_only_slot();
     void sits_at_the_right_of_the_status_bar();
     void cancel_icon_has_a_picture_of_its_own_for_disabled();
     void bar_and_button_start_reset_and_disabled();
     void session_started_inside_another_is_ignored();
+    void session_started_again_under_its_own_name_is_ignored_too();
     void start_resets_the_bar();
     void start_runs_the_queue_only_if_asked();
     void start_within_a_session_runs_no_queue();
@@ -76,6 +82,7 @@ private slots:
     void update_at_hundred_or_above_runs_no_queue_once_hundred_is_shown();
     void update_with_the_present_value_runs_no_queue();
     void negative_update_is_ignored_by_the_bar();
+    void negative_update_runs_the_queue_all_the_same();
     void end_under_its_own_name_resets();
     void end_under_another_name_changes_nothing();
     void end_without_a_session_and_name_resets_again_data();
@@ -90,8 +97,27 @@ private slots:
     void button_stays_enabled_after_the_click();
     void slot_of_the_window_does_the_same();
     void click_on_cancel_passes_while_other_input_is_swallowed();
+    void disabled_cancel_takes_no_click_during_work();
+    void clicks_on_pause_pass_while_other_input_is_swallowed();
 
 private:
+    /** Runs @p input as what arrives while a command runs and gives the window its turn: inside that run. */
+    template <class Input>
+    void arrive_during_work(Input input)
+    {
+        QMetaObject::invokeMethod(mControl, input, Qt::QueuedConnection);
+        mFrame->check_interrupt_session("work");
+    }
+    /** Clicks where @p target is in the window, as the window system does. */
+    static void click(const QWidget* target)
+    {
+        QTest::mouseClick(Ostrel::instance()->windowHandle(), Qt::LeftButton, {},
+                          target->mapTo(Ostrel::instance(), target->rect().center()));
+    }
+    static QWidget* tool_button(QAction* action)
+    {
+        return Ostrel::instance()->findChild<QToolBar*>(u"FileTools"_s)->widgetForAction(action);
+    }
     template <class Widget>
     Widget* child(const char* name) const
     {
@@ -154,6 +180,11 @@ void TstProgressControl::texts_of_the_form_are_translated_in_its_own_context()
              u"<Cancel the currently running process>"_s);
 }
 
+void TstProgressControl::cancelling_is_its_only_slot()
+{
+    QCOMPARE(own_methods(ProgressControl::staticMetaObject), QStringList(u"slot cancel_progress()"_s));
+}
+
 void TstProgressControl::sits_at_the_right_of_the_status_bar()
 {
     QStatusBar* const status = Ostrel::instance()->statusBar();
@@ -195,6 +226,18 @@ void TstProgressControl::session_started_inside_another_is_ignored()
     mFrame->end_progress_session("b");
     mFrame->update_progress_session("a", 20);
     QCOMPARE(bar()->value(), 20);
+}
+
+void TstProgressControl::session_started_again_under_its_own_name_is_ignored_too()
+{
+    mFrame->start_progress_session("a", 0);
+    mFrame->update_progress_session("a", 10);
+    mFrame->start_progress_session("a", 0);
+    QCOMPARE(bar()->value(), 10);
+    // So that one end ends it.
+    mFrame->end_progress_session("a");
+    mFrame->update_progress_session("a", 20);
+    QCOMPARE(bar()->value(), -1);
 }
 
 void TstProgressControl::start_resets_the_bar()
@@ -306,6 +349,18 @@ void TstProgressControl::negative_update_is_ignored_by_the_bar()
     QCOMPARE(bar()->value(), 42);
 }
 
+void TstProgressControl::negative_update_runs_the_queue_all_the_same()
+{
+    mFrame->start_progress_session("a", 0);
+    QueueProbe probe;
+    // This one the reset bar shows already.
+    mFrame->update_progress_session("a", -1);
+    QVERIFY(!probe.ran());
+    mFrame->update_progress_session("a", -7);
+    QVERIFY(probe.ran());
+    QCOMPARE(bar()->value(), -1);
+}
+
 void TstProgressControl::end_under_its_own_name_resets()
 {
     mFrame->start_progress_session("a", 0);
@@ -321,7 +376,8 @@ void TstProgressControl::end_under_another_name_changes_nothing()
 {
     mFrame->start_progress_session("a", 0);
     mFrame->update_progress_session("a", 42);
-    mFrame->end_progress_session("b");
+    for (const char* other : {"b", "A", "", static_cast<const char*>(nullptr)})
+        mFrame->end_progress_session(other);
     QCOMPARE(bar()->value(), 42);
 }
 
@@ -430,25 +486,60 @@ void TstProgressControl::click_on_cancel_passes_while_other_input_is_swallowed()
     other.show();
     int other_clicks = 0;
     connect(&other, &QToolButton::clicked, &other, [&] { ++other_clicks; });
-    // The clicks arrive while a command runs and asks for its turn: from a posted call, inside the run.
-    QWindow* window = Ostrel::instance()->windowHandle();
-    const auto click = [window](QWidget* target) {
-        const QPoint at = target->mapTo(Ostrel::instance(), target->rect().center());
-        QTest::mouseClick(window, Qt::LeftButton, {}, at);
-    };
-    QMetaObject::invokeMethod(
-        mControl,
-        [&] {
-            click(&other);
-            click(button());
-        },
-        Qt::QueuedConnection);
-    mFrame->check_interrupt_session("work");
+    arrive_during_work([&] {
+        click(&other);
+        click(button());
+    });
     QCOMPARE(HostDouble::instance().take_calls().count(u"AppUtil::set_interrupt(true)"_s), 1);
     QCOMPARE(other_clicks, 0);
     // The same click counts once no command runs: the button itself was not at fault.
     click(&other);
     QCOMPARE(other_clicks, 1);
+}
+
+void TstProgressControl::disabled_cancel_takes_no_click_during_work()
+{
+    QTRY_VERIFY(!button()->visibleRegion().isEmpty());
+    arrive_during_work([&] { click(button()); });
+    QCOMPARE(HostDouble::instance().take_calls(), QStringList());
+    mFrame->enable_cancel(true);
+    arrive_during_work([&] {
+        click(button());
+        click(button());
+    });
+    QCOMPARE(HostDouble::instance().take_calls().count(u"AppUtil::set_interrupt(true)"_s), 2);
+}
+
+void TstProgressControl::clicks_on_pause_pass_while_other_input_is_swallowed()
+{
+    QAction* const pause = Ostrel::instance()->tools_menu()->pause_action();
+    QAction* const script = Ostrel::instance()->findChild<QAction*>(u"mScriptAction"_s);
+    QTRY_VERIFY(!tool_button(pause)->visibleRegion().isEmpty());
+    int scripts = 0;
+    disconnect(script, &QAction::triggered, nullptr, nullptr); // its window would stay open
+    connect(script, &QAction::triggered, this, [&] { ++scripts; });
+    const auto press_keys = [] {
+        QTest::keyClick(Ostrel::instance()->windowHandle(), Qt::Key_I, Qt::ControlModifier);
+    };
+
+    arrive_during_work([&] {
+        click(tool_button(script));
+        click(tool_button(pause));
+        press_keys(); // those of pause, unlike its button
+    });
+    QVERIFY(pause->isChecked());
+    QCOMPARE(HostDouble::instance().take_calls(), QStringList(u"FennarInterface::pause_playback()"_s));
+    arrive_during_work([&] { click(tool_button(pause)); });
+    QVERIFY(!pause->isChecked());
+    QCOMPARE(HostDouble::instance().take_calls(), QStringList({u"FennarInterface::resume_playback()"_s,
+                                                               u"FennarInterface::is_playback_paused()"_s}));
+    QCOMPARE(scripts, 0);
+
+    // The same counts once no command runs: neither the keys nor the button were at fault.
+    click(tool_button(script));
+    QCOMPARE(scripts, 1);
+    press_keys();
+    QVERIFY(pause->isChecked());
 }
 
 OSTREL_TEST_MAIN(TstProgressControl)

@@ -42,12 +42,14 @@ private slots:
         editor()->hide();
     }
 
-    void minimized_journal_editor_is_restored()
+    void minimized_journal_editor_is_restored_and_comes_to_the_front()
     {
         editor()->showMinimized();
         QVERIFY(editor()->isMinimized());
+        QVERIFY(show_active(window()));
         trigger(u"mScriptAction"_s);
         QVERIFY(editor()->isVisible() && !editor()->isMinimized());
+        QTRY_VERIFY(editor()->isActiveWindow());
         editor()->hide();
     }
 

@@ -85,6 +85,7 @@ DemoWindow::DemoWindow(Ostrel* window)
     add_toolbar();
 
     mAbout = new QLabel(tr("Demo component"));
+    mAbout->setAlignment(Qt::AlignCenter); // as the dialog's own texts
     mAbout->setObjectName(u"demoAbout"_s);
     mWindow->help_menu()->add_about(mAbout);
 
