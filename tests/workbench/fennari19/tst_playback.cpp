@@ -798,7 +798,7 @@ void TstPlayback::progress_is_told_of_the_outermost_journal()
         [&told](const QString& name, int percent) { told << name + u' ' + QString::number(percent); });
     session.write(u"b.jou"_s, "step\nstep\nstep\n");
     QCOMPARE(session.play("step 1234\nplay b.jou\nstep 1234\nstep 123"), Outcome::Played);
-    QCOMPARE(told, QStringList({u"a.jou 0"_s, u"a.jou 25"_s, u"a.jou 52"_s, u"a.jou 78"_s, u"a.jou 100"_s}));
+    QCOMPARE(told, QStringList({u"a.jou 0"_s, u"a.jou 25"_s, u"a.jou 53"_s, u"a.jou 79"_s, u"a.jou 100"_s}));
     told.clear();
     QCOMPARE(session.play("nix\nstep"), Outcome::Failed);
     QCOMPARE(told, QStringList({u"a.jou 0"_s, u"a.jou 100"_s}));

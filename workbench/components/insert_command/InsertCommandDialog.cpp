@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "InsertCommandDialog.h"
+#include "workbench/components/insert_command/InsertCommandDialog.h"
 
 #include "ui_InsertCommandDialog.h"
 #include "workbench/fennari19/CommandRegistry.h"

@@ -4,10 +4,10 @@
 // A component that adds an item to the context menu of the journal editor's documents: it inserts a command
 // chosen from a list.
 
-#include "InsertCommandDialog.h"
 #include "frame/Ostrel.h"
 #include "journal/JournalEditor.h"
 #include "workbench/components/component.h"
+#include "workbench/components/insert_command/InsertCommandDialog.h"
 #include "workbench/fennari19/Fennar.h"
 
 #include <QAction>
