@@ -6,7 +6,6 @@
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
-#include "journal/JournalDocument.h"
 #include "journal/JournalEditor.h"
 #include "menus/OstrelToolsMenu.h"
 #include "workbench/console/ConsoleOwner.h"
@@ -15,6 +14,8 @@
 #include <QAction>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QPlainTextEdit>
+#include <QTabWidget>
 #include <QTextBlock>
 #include <QTimer>
 
@@ -22,18 +23,29 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** A document as it is when lines of it are played. */
+/** The path of the file of the editor's current document. The editor tells it by nothing but its title. */
+QString current_file(const JournalEditor* editor)
+{
+    const QString rest = u" - "_s + JournalEditor::tr("Journal Editor");
+    const QString title = editor->windowTitle();
+    return title.endsWith(rest) ? title.chopped(rest.size()) : QString();
+}
+
+/** The editor's current document as it is when lines of it are played. */
 struct Source
 {
-    explicit Source(const JournalDocument* document)
+    explicit Source(const JournalEditor* editor) : file(current_file(editor))
     {
+        python = file.endsWith(".py"_L1);
+        // The class of documents is the shell's own.
+        const auto* tabs = editor->findChild<QTabWidget*>(u"mDocTab"_s);
+        const auto* document = tabs ? qobject_cast<QPlainTextEdit*>(tabs->currentWidget()) : nullptr;
         if (!document)
             return;
-        file = document->file_name();
         saved = !file.isEmpty() && !document->document()->isModified();
-        python = file.endsWith(".py"_L1) || Playback::is_python(document->toPlainText());
-        const QTextCursor cursor = document->textCursor();
-        selected_line = document->document()->findBlock(cursor.selectionStart()).blockNumber() + 1;
+        python = python || Playback::is_python(document->toPlainText());
+        const int start = document->textCursor().selectionStart();
+        selected_line = document->document()->findBlock(start).blockNumber() + 1;
     }
 
     QString name() const { return file.isEmpty() ? JournalPlayer::tr("Untitled") : file; }
@@ -77,7 +89,7 @@ JournalPlayer::~JournalPlayer() = default;
 
 void JournalPlayer::play_document(const QStringList& lines)
 {
-    const Source source(mWindow->journal_editor()->returnCurrentDocument());
+    const Source source(mWindow->journal_editor());
     Playback::Origin origin{1, source.python, source.directory(), &go_on_in_editor};
     if (source.saved) {
         origin.go_on = [again = u"play "_s + quote_word(source.file)](qsizetype line) {
@@ -89,7 +101,7 @@ void JournalPlayer::play_document(const QStringList& lines)
 
 void JournalPlayer::play_selection(const QStringList& lines)
 {
-    const Source source(mWindow->journal_editor()->returnCurrentDocument());
+    const Source source(mWindow->journal_editor());
     play(without_surplus(lines), source.name(),
          {source.selected_line, source.python, source.directory(), &go_on_in_editor});
 }
