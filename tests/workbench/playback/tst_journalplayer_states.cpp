@@ -179,7 +179,15 @@ void TstJournalPlayerStates::initTestCase()
 
 void TstJournalPlayerStates::init() {}
 
-void TstJournalPlayerStates::cleanup() {}
+void TstJournalPlayerStates::cleanup()
+{
+    // The editor leaves its find dialogs to whoever comes behind.
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget* window : windows) {
+        if (qobject_cast<QDialog*>(window) && !window->parent())
+            delete window;
+    }
+}
 
 void TstJournalPlayerStates::cleanupTestCase()
 {
