@@ -9,8 +9,10 @@
 #include "host/ostrelfw/Framework.h"
 #include "host/ostrelfw/Mediator.h"
 #include "host/ostrelfw/OutputHandler.h"
+#include "journal/JournalEditor.h"
 #include "menus/HelpAboutOstrel.h"
 #include "menus/OstrelHelpMenu.h"
+#include "menus/OstrelToolsMenu.h"
 #include "workbench/component_manager/ComponentManager.h"
 #include "workbench/component_manager/component_commands.h"
 #include "workbench/console/ConsoleOwner.h"
@@ -25,11 +27,14 @@
 #include "workbench/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/ostrelfw/HostMediator.h"
 #include "workbench/ostrelfw/OutputRouter.h"
+#include "workbench/playback/JournalPlayer.h"
 #include "workbench/python_actions/python_actions.h"
 
+#include <QAction>
 #include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QPixmap>
+#include <QPlainTextEdit>
 #include <QStandardPaths>
 #include <QTimer>
 #include <QWindow>
@@ -128,6 +133,15 @@ QString python_literal(QString text)
     return u'\'' + text + u'\'';
 }
 
+/** Whether @p editor asks something before it closes. */
+bool asks_before_it_closes(const JournalEditor* editor)
+{
+    const auto documents = editor->findChildren<QPlainTextEdit*>();
+    return JournalEditor::do_save_prompt() &&
+           std::any_of(documents.begin(), documents.end(),
+                       [](const QPlainTextEdit* document) { return document->document()->isModified(); });
+}
+
 /** Fills the about dialog in. */
 void describe_product()
 {
@@ -179,6 +193,8 @@ void Workbench::set_up_commands()
     fennar.services().history = [this] { return mConsole ? mConsole->history().entries() : QStringList(); };
     fennar.services().quit = [this] { quit(); };
     fennar.application() = {&mFrame, [this] { give_turn(); }};
+    fennar.playback().set_progress(
+        [this](const QString& journal, int percent) { show_progress(journal, percent); });
     fennar.playback().set_echo([this](const QString& line) { echo(line); });
     fennar.playback().set_turn([this] { give_turn(); });
     fennar.playback().set_wait([this] {
@@ -222,6 +238,25 @@ void Workbench::set_up_python()
     mPython = std::make_unique<PythonLines>();
 }
 
+void Workbench::set_up_playback()
+{
+    Ostrel* window = Ostrel::instance();
+    JournalEditor* editor = window->journal_editor();
+    Playback& playback = Fennar::instance().playback();
+    mConsole->offer_pages(editor);
+    mPlayer = std::make_unique<JournalPlayer>(window, mConsole.get(), playback,
+                                              [this](const QString& command) { run_panel_command(command); });
+    playback.set_hints(true);
+    // A pause may be over because the journal is.
+    playback.set_pause_changed(
+        [action = window->tools_menu()->pause_action()](bool paused) { action->setChecked(paused); });
+    mCloseGuard.watch(window, [this] {
+        stop_running();
+        return true;
+    });
+    mCloseGuard.watch(editor, [editor] { return asks_before_it_closes(editor); });
+}
+
 bool Workbench::load()
 {
     mFrame.start_splash(":/workbench/splash.png");
@@ -240,6 +275,7 @@ bool Workbench::load()
     set_command_sink([this](const QString& command) { run_panel_command(command); });
     Ostrel::instance()->set_title(u"Fennar"_s);
     describe_product();
+    set_up_playback();
     mConsole->prompt();
     Ostrel::instance()->set_focus_to_command_window();
     const auto ready = [this] {
@@ -266,6 +302,9 @@ void Workbench::unload()
     }
     mComponents->unload_all();
     set_command_sink(nullptr);
+    Fennar::instance().playback().set_pause_changed(nullptr);
+    Fennar::instance().playback().set_hints(false);
+    mPlayer.reset();
     mFrame.unload_gui();
 }
 
@@ -350,6 +389,18 @@ void Workbench::set_busy(bool busy)
     if (busy)
         mWork.emplace();
     mInterruptsPassedOn = 0;
+    mCloseGuard.set_running(busy);
+}
+
+void Workbench::show_progress(const QString& journal, int percent)
+{
+    const QByteArray title = journal.toUtf8();
+    if (percent == 0)
+        mFrame.start_progress_session(title.constData(), 1);
+    else if (percent == 100)
+        mFrame.end_progress_session(title.constData());
+    else
+        mFrame.update_progress_session(title.constData(), percent);
 }
 
 void Workbench::give_turn()
@@ -402,13 +453,17 @@ void Workbench::quit()
     QTimer::singleShot(0, Ostrel::instance(), &QWidget::close);
 }
 
-void Workbench::end_run()
+void Workbench::stop_running()
 {
-    // The window can be closed while a line runs: nobody could see it end, or end it, any more.
-    mQuitting = true;
     Fennar::instance().playback().stop();
     request_interrupt();
     if (mConsole)
         mConsole->forget_waiting();
+}
+
+void Workbench::end_run()
+{
+    mQuitting = true;
+    stop_running();
     mFrame.end_application();
 }

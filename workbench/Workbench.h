@@ -5,6 +5,7 @@
 
 #include "frame/MainFrame.h"
 #include "workbench/fennar_util/Interrupt.h"
+#include "workbench/playback/CloseGuard.h"
 
 #include <QElapsedTimer>
 #include <QString>
@@ -16,6 +17,7 @@
 class CommandCall;
 class ComponentManager;
 class ConsoleOwner;
+class JournalPlayer;
 class LineInterpreter;
 class OutputHandler;
 
@@ -67,23 +69,28 @@ public:
 private:
     void set_up_commands();
     void set_up_python();
+    void set_up_playback();
     void set_console(OutputHandler* window);
     void report_error(const QString& text);
     void echo(const QString& line);
     void announce_output();
     void play_waiting();
     void set_busy(bool busy);
+    void show_progress(const QString& journal, int percent);
     void give_turn();
     void pass_interrupt_on();
     void run_panel_command(const QString& command);
     void write_picture(CommandCall& call);
     void quit();
+    void stop_running();
     void end_run();
 
     MainFrame mFrame;
     std::unique_ptr<LineInterpreter> mCommands;
     std::unique_ptr<LineInterpreter> mPython;
     std::unique_ptr<ConsoleOwner> mConsole;
+    std::unique_ptr<JournalPlayer> mPlayer;
+    CloseGuard mCloseGuard;
     std::unique_ptr<ComponentManager> mComponents;
     QElapsedTimer mLastTurn;
     /** The line that runs on the console. */

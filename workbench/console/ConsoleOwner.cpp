@@ -5,6 +5,7 @@
 
 #include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
+#include "journal/JournalEditor.h"
 #include "workbench/console/LineInterpreter.h"
 
 #include <QScrollBar>
@@ -15,6 +16,13 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/** The owner mark of the pages in the journal editor. */
+constexpr auto import_owner = "workbench console";
+
+} // namespace
 
 ConsoleOwner::ConsoleOwner(CommandWindow* window, const QString& history_file)
     : mWindow(window),
@@ -57,6 +65,8 @@ ConsoleOwner::ConsoleOwner(CommandWindow* window, const QString& history_file)
 
 ConsoleOwner::~ConsoleOwner()
 {
+    if (mEditor)
+        mEditor->remove_import_items(import_owner);
     mWindow->remove_command_tab(mErrors.get());
     mWindow->remove_command_tab(mPage.get());
 }
@@ -77,6 +87,13 @@ void ConsoleOwner::set_busy_handler(std::function<void(bool)> handler)
     mBusyHandler = std::move(handler);
 }
 
+void ConsoleOwner::offer_pages(JournalEditor* editor)
+{
+    mEditor = editor;
+    editor->add_import(import_owner, tr("&Commands of the Console"), mPage.get());
+    editor->add_import(import_owner, tr("&Errors of the Console"), mErrors.get());
+}
+
 void ConsoleOwner::prompt()
 {
     mWindow->print_prompt(mIncomplete, mIndent.toUtf8().constData());
@@ -84,12 +101,23 @@ void ConsoleOwner::prompt()
 
 void ConsoleOwner::run_line(const QString& line)
 {
-    mWaiting.append(line);
+    run_soon({line, nullptr});
+}
+
+void ConsoleOwner::run_work(const QString& title, const std::function<void()>& work)
+{
+    run_soon({title, work});
+}
+
+void ConsoleOwner::run_soon(const Task& task)
+{
+    mWaiting.push_back(task);
     if (mRunning)
         return;
     // A command that is not complete would take this line for its next one.
     const QString typed = mIncomplete ? QString() : mPage->currentCommand();
-    forget_pending();
+    if (!task.work)
+        forget_pending();
     run_waiting();
     if (!typed.isEmpty() && !mIncomplete)
         mPage->setCurrentCommand(typed);
@@ -99,10 +127,10 @@ void ConsoleOwner::run_entered(const QString& line)
 {
     // The page has opened a new line already. What cannot run now is shown again when its turn comes.
     if (mRunning) {
-        mWaiting.append(line);
+        mWaiting.push_back({line, nullptr});
         return;
     }
-    run_now(line);
+    run_now({line, nullptr});
     run_waiting();
 }
 
@@ -128,29 +156,40 @@ void ConsoleOwner::run_pasted(const QStringList& lines)
         commands.first() =
             typed.insert(caret < 0 ? typed.size() : std::min(caret, typed.size()), commands.first());
     }
-    mWaiting.append(commands);
+    for (const QString& command : std::as_const(commands))
+        mWaiting.push_back({command, nullptr});
     if (!mRunning)
         run_waiting();
 }
 
 void ConsoleOwner::run_waiting()
 {
-    while (!mWaiting.isEmpty()) {
-        const QString line = mWaiting.takeFirst();
-        mPage->addExternalCommand(line);
-        run_now(line);
+    while (!mWaiting.empty()) {
+        const Task task = mWaiting.front();
+        mWaiting.pop_front();
+        if (!task.work) {
+            mPage->addExternalCommand(task.line);
+        } else if (mIncomplete) {
+            // The prompt for the command's next line is not for what comes now.
+            mPage->addExternalCommand({});
+            forget_pending();
+        }
+        run_now(task);
     }
 }
 
-void ConsoleOwner::run_now(const QString& line)
+void ConsoleOwner::run_now(const Task& task)
 {
-    if (!mHistory.add(line) && !std::exchange(mHistoryBroken, true))
+    const QString& line = task.line;
+    if (!task.work && !mHistory.add(line) && !std::exchange(mHistoryBroken, true))
         report_error(tr("The command history cannot be written; it will be lost at the end.\n"));
-    mErrorContext = mPage->prompt() + line;
+    mErrorContext = task.work ? line : mPage->prompt() + line;
     set_running(true);
     LineInterpreter::Outcome outcome;
     try {
-        if (LineInterpreter* running = interpreter())
+        if (task.work)
+            task.work();
+        else if (LineInterpreter* running = interpreter())
             outcome = running->enter(line);
     } catch (const std::exception& exception) {
         const QString text = tr("ERROR: %1\n").arg(QString::fromUtf8(exception.what()));

@@ -6,13 +6,16 @@
 #include "workbench/console/CommandHistory.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 
+#include <deque>
 #include <functional>
 #include <memory>
 
 class CommandWidget;
 class CommandWindow;
+class JournalEditor;
 class LineInterpreter;
 class QPlainTextEdit;
 
@@ -46,6 +49,9 @@ public:
     /** Is told when a line begins to run, and when it has ended. */
     void set_busy_handler(std::function<void(bool busy)> handler);
 
+    /** Offers the pages in the import menu of @p editor, until they go. To be called once; not null. */
+    void offer_pages(JournalEditor* editor);
+
     /** Prints a prompt for the next line. */
     void prompt();
 
@@ -56,7 +62,18 @@ public:
      */
     void run_line(const QString& line);
 
-    /** Gives up the lines that wait for the running one. */
+    /**
+     * Does @p work as though it were a line, and under the same terms as run_line(). It is not in the
+     * history.
+     *
+     * @param title  names the work above its errors on the page of errors.
+     */
+    void run_work(const QString& title, const std::function<void()>& work);
+
+    /** Whether a line or work runs. */
+    bool is_running() const { return mRunning; }
+
+    /** Gives up the lines and the work that wait for the running one. */
     void forget_waiting();
 
     /**
@@ -71,9 +88,17 @@ public:
     QPlainTextEdit* error_page() const { return mErrors.get(); }
 
 private:
+    /** A line, or work of that title. */
+    struct Task
+    {
+        QString line;
+        std::function<void()> work;
+    };
+
+    void run_soon(const Task& task);
     void run_entered(const QString& line);
     void run_pasted(const QStringList& lines);
-    void run_now(const QString& line);
+    void run_now(const Task& task);
     void set_running(bool running);
     void run_waiting();
     void change_mode(bool python);
@@ -88,8 +113,9 @@ private:
     LineInterpreter* mPython = nullptr;
     std::function<void(bool)> mModeHandler;
     std::function<void(bool)> mBusyHandler;
-    /** Lines that came while another was running. */
-    QStringList mWaiting;
+    QPointer<JournalEditor> mEditor;
+    /** What came while something was running. */
+    std::deque<Task> mWaiting;
     /** The line to be named above the next error; empty once it has been. */
     QString mErrorContext;
     bool mPythonMode = false;

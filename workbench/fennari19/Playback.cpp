@@ -6,6 +6,7 @@
 #include "workbench/fennar_util/Interrupt.h"
 #include "workbench/fennari19/CommandError.h"
 #include "workbench/fennari19/CommandInterpreter.h"
+#include "workbench/fennari19/tokenize.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,18 +19,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool is_python(QStringView text)
-{
-    while (!text.isEmpty()) {
-        const qsizetype end = text.indexOf(u'\n');
-        const QStringView line = (end < 0 ? text : text.first(end)).trimmed();
-        if (!line.isEmpty())
-            return line == "#!python"_L1;
-        text = end < 0 ? QStringView() : text.sliced(end + 1);
-    }
-    return false;
-}
 
 struct Text
 {
@@ -82,11 +71,69 @@ Text read_text(const QString& path)
     return {text, {}};
 }
 
+/** Where line @p number begins; the text's size if there is no such line. */
+qsizetype start_of_line(QStringView text, qsizetype number)
+{
+    qsizetype start = 0;
+    for (; number > 1 && start < text.size(); --number) {
+        const qsizetype end = text.indexOf(u'\n', start);
+        start = end < 0 ? text.size() : end + 1;
+    }
+    return start;
+}
+
+/** Whether the line that ends ahead of @p start is continued. */
+bool is_continued(QStringView text, qsizetype start)
+{
+    QStringView before = text.first(std::max(start - 1, qsizetype(0)));
+    if (before.endsWith(u'\r'))
+        before.chop(1);
+    return before.endsWith(u'\\');
+}
+
+/** A line of a text and the lines that it is continued by. */
+struct CommandLines
+{
+    explicit CommandLines(QStringView text)
+    {
+        for (bool continued = true; continued && size < text.size();) {
+            const qsizetype found = text.indexOf(u'\n', size);
+            QStringView line = text.sliced(size, (found < 0 ? text.size() : found) - size);
+            size = found < 0 ? text.size() : found + 1;
+            if (line.endsWith(u'\r'))
+                line.chop(1);
+            continued = line.endsWith(u'\\');
+            lines.append(line.toString());
+        }
+    }
+
+    QStringList lines;
+    /** How much of the text they take, line ends included. */
+    qsizetype size = 0;
+};
+
+QString place_of(const QString& name, qsizetype line)
+{
+    return name + u':' + QString::number(line);
+}
+
 } // namespace
 
 Playback::Playback(CommandInterpreter& interpreter) : mInterpreter(interpreter) {}
 
-Playback::Outcome Playback::play(const QString& path)
+bool Playback::is_python(QStringView text)
+{
+    while (!text.isEmpty()) {
+        const qsizetype end = text.indexOf(u'\n');
+        const QStringView line = (end < 0 ? text : text.first(end)).trimmed();
+        if (!line.isEmpty())
+            return line == "#!python"_L1;
+        text = end < 0 ? QStringView() : text.sliced(end + 1);
+    }
+    return false;
+}
+
+Playback::Outcome Playback::play(const QString& path, qsizetype from)
 {
     if (mDepth >= depth_limit)
         return fail(u"journals are nested deeper than %1"_s.arg(depth_limit));
@@ -94,23 +141,28 @@ Playback::Outcome Playback::play(const QString& path)
     if (!read.error.isNull())
         return fail(read.error);
 
-    const QString directory = QDir::currentPath();
-    const bool change = mChangeDirectory();
-    if (change)
-        QDir::setCurrent(QFileInfo(path).absolutePath());
-    const auto go_back = qScopeGuard([&] {
-        if (change)
-            QDir::setCurrent(directory);
-    });
-    return play_text(read.text, path, path.endsWith(".py"_L1) || is_python(read.text));
+    const bool python = path.endsWith(".py"_L1) || is_python(read.text);
+    const QString shown = CommandError::shown(path, path.size());
+    const qsizetype start = start_of_line(read.text, from);
+    if (from != 1 && python)
+        return fail(u"%1 is a Python script, which is only run as a whole"_s.arg(shown));
+    if (from != 1 && (from < 1 || start == read.text.size()))
+        return fail(u"%1 has no line %2"_s.arg(shown).arg(from));
+    if (is_continued(read.text, start))
+        return fail(u"line %1 of %2 continues the line before it"_s.arg(from).arg(shown));
+    const auto go_on = [again = u"play "_s + quote_word(name_from_here(path))](qsizetype line) {
+        return again + u' ' + QString::number(line);
+    };
+    return play_text({read.text.sliced(start), path, from, go_on}, python, QFileInfo(path).absolutePath());
 }
 
-Playback::Outcome Playback::play_lines(const QStringList& lines, const QString& name)
+Playback::Outcome Playback::play_lines(const QStringList& lines, const QString& name, const Origin& origin)
 {
     if (mDepth >= depth_limit)
         return fail(u"journals are nested deeper than %1"_s.arg(depth_limit));
     const QString text = lines.join(u'\n');
-    return play_text(text, name, is_python(text));
+    return play_text({text, name, origin.first_line, origin.go_on}, origin.python || is_python(text),
+                     origin.directory);
 }
 
 void Playback::pause()
@@ -129,76 +181,88 @@ void Playback::stop()
     set_paused(false);
 }
 
-Playback::Outcome Playback::play_text(const QString& text, const QString& name, bool python)
+Playback::Outcome Playback::play_text(const Script& script, bool python, const QString& directory)
 {
     const InterruptScope scope;
-    ++mDepth;
-    const auto leave = qScopeGuard([this] {
-        if (--mDepth == 0)
-            mStop = false;
+    const QString before = QDir::currentPath();
+    const bool change = !directory.isEmpty() && mChangeDirectory();
+    if (change && !QDir::setCurrent(directory))
+        return fail(u"cannot change to the directory %1 of %2"_s.arg(
+            CommandError::shown(directory, directory.size()),
+            CommandError::shown(script.name, script.name.size())));
+    if (mDepth++ == 0) {
+        mDirectory = before;
+        mProgress(script.name, 0);
+    }
+    const auto leave = qScopeGuard([&] {
+        if (change)
+            QDir::setCurrent(before);
+        if (--mDepth > 0)
+            return;
+        mStop = false;
+        mProgress(script.name, 100);
     });
-    const Outcome outcome = python ? play_python(text, name) : play_journal(text, name);
+    const Outcome outcome = python ? play_python(script) : play_journal(script);
     mInnerEnded = outcome != Outcome::Played;
+    mInnerPython = python;
     return outcome;
 }
 
-Playback::Outcome Playback::play_journal(QStringView text, const QString& name)
+Playback::Outcome Playback::play_journal(const Script& script)
 {
     // The commands that run may play journals themselves: nothing of this walk is a member.
-    qsizetype line = 1;
-    qsizetype last_command = 1;
+    const QStringView text = script.text;
+    qsizetype line = script.first_line;
+    qsizetype last_command = line;
+    int percent = 0;
     for (qsizetype start = 0; start < text.size();) {
-        const qsizetype command_start = start;
-        const qsizetype first_line = line;
-        QStringList echoed;
-        for (bool continued = true; continued && start < text.size(); ++line) {
-            const qsizetype found = text.indexOf(u'\n', start);
-            const qsizetype end = found < 0 ? text.size() : found;
-            QStringView one = text.sliced(start, end - start);
-            if (one.endsWith(u'\r'))
-                one.chop(1);
-            continued = one.endsWith(u'\\');
-            echoed.append(one.toString());
-            start = std::min(end + 1, text.size());
-        }
-
-        if (const Outcome outcome = turn_and_wait(); outcome != Outcome::Played)
-            return report_end(outcome, name + u':' + QString::number(last_command));
-        last_command = first_line;
-        for (const QString& one : echoed)
-            mEcho(one);
-        const QString run = text.sliced(command_start, start - command_start).toString();
-        if (const Outcome outcome = run_command(run, name, first_line); outcome != Outcome::Played)
+        const CommandLines command(text.sliced(start));
+        const int reached = int(start * 100 / text.size());
+        if (mDepth == 1 && reached != std::exchange(percent, reached))
+            mProgress(script.name, percent);
+        if (const Outcome outcome = turn_and_wait(place_of(script.name, line)); outcome != Outcome::Played) {
+            report_end(outcome, place_of(script.name, last_command));
+            hint(script, line);
             return outcome;
+        }
+        for (const QString& one : command.lines)
+            mEcho(one);
+        mInnerEnded = false;
+        const bool done = mInterpreter.run(text.sliced(start, command.size).toString(), script.name, line) !=
+                          CommandInterpreter::Result::Failed;
+        const Outcome ended = test_end();
+        const Outcome outcome = ended == Outcome::Played && !done ? Outcome::Failed : ended;
+        const bool inner = mInnerEnded && outcome != Outcome::Played;
+        last_command = line;
+        start += command.size;
+        line += command.lines.size();
+        if (outcome == Outcome::Played)
+            continue;
+        if (inner)
+            mInterpreter.print_error(u"  played from %1\n"_s.arg(place_of(script.name, last_command)));
+        else
+            report_end(outcome, place_of(script.name, last_command));
+        // What an inner journal has left is played on there.
+        const bool again = !done && (!inner || mInnerPython);
+        if (again || start < text.size())
+            hint(script, again ? last_command : line);
+        return outcome;
     }
     return Outcome::Played;
 }
 
-Playback::Outcome Playback::run_command(const QString& command, const QString& name, qsizetype line)
+Playback::Outcome Playback::play_python(const Script& script)
 {
-    mInnerEnded = false;
-    const bool failed = mInterpreter.run(command, name, line) == CommandInterpreter::Result::Failed;
-    Outcome outcome = test_end();
-    if (outcome == Outcome::Played && failed)
-        outcome = Outcome::Failed;
-    const QString place = name + u':' + QString::number(line);
-    if (mInnerEnded && outcome != Outcome::Played) {
-        mInterpreter.print_error(u"  played from %1\n"_s.arg(place));
-        return outcome;
-    }
-    return report_end(outcome, place);
-}
-
-Playback::Outcome Playback::play_python(const QString& text, const QString& name)
-{
-    if (const Outcome outcome = turn_and_wait(); outcome != Outcome::Played)
+    const QString& name = script.name;
+    if (const Outcome outcome = turn_and_wait(name); outcome != Outcome::Played)
         return report_end(outcome, name);
     if (!mPythonHook)
         return fail(u"%1 is a Python script, and there is no Python here"_s.arg(
             CommandError::shown(name, name.size())));
     bool done = false;
     try {
-        done = mPythonHook(name, text);
+        // Lines keep their numbers.
+        done = mPythonHook(name, QString(script.first_line - 1, u'\n') + script.text);
     } catch (const std::exception& error) {
         return fail(QString::fromUtf8(error.what()));
     } catch (...) {
@@ -209,11 +273,13 @@ Playback::Outcome Playback::play_python(const QString& text, const QString& name
     return done ? Outcome::Played : Outcome::Failed;
 }
 
-Playback::Outcome Playback::turn_and_wait()
+Playback::Outcome Playback::turn_and_wait(const QString& next)
 {
     mTurn();
-    while (mPaused && mWait && test_end() == Outcome::Played)
-        mWait();
+    for (bool told = false; mPaused && mWait && test_end() == Outcome::Played; mWait()) {
+        if (!std::exchange(told, true))
+            mInterpreter.print(u"Paused ahead of %1\n"_s.arg(next));
+    }
     return test_end();
 }
 
@@ -231,6 +297,21 @@ Playback::Outcome Playback::report_end(Outcome outcome, const QString& place)
     else if (outcome == Outcome::Stopped)
         mInterpreter.print_error(u"Stopped: %1\n"_s.arg(place));
     return outcome;
+}
+
+/** How to play on from the line that is to come next. */
+void Playback::hint(const Script& script, qsizetype line) const
+{
+    if (mHints && script.go_on)
+        mInterpreter.print_error(u"  play on with: %1\n"_s.arg(script.go_on(line)));
+}
+
+/** @p path, so that it means the same once the outermost journal has ended and its directory is left. */
+QString Playback::name_from_here(const QString& path) const
+{
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    const bool same = mDepth == 0 || QFileInfo(QDir(mDirectory), path).absoluteFilePath() == absolute;
+    return same ? path : absolute;
 }
 
 Playback::Outcome Playback::fail(const QString& message)

@@ -22,7 +22,8 @@ class CommandInterpreter;
  *
  *     Interrupted: mesh.jou:12
  *
- * The line is that of the last command that ran, or the first line if none has. GUI thread only.
+ * The line is that of the last command that ran, or the first line if none has. While it is paused it says on
+ * the output ahead of which line it waits. GUI thread only.
  */
 class Playback
 {
@@ -44,6 +45,20 @@ public:
      * The source is all that is to be run; the path is as it was given to play(), for messages.
      */
     using PythonHook = std::function<bool(const QString& path, const QString& source)>;
+    using Progress = std::function<void(const QString& name, int percent)>;
+
+    /** Where lines come from that are not read from a file. */
+    struct Origin
+    {
+        /** The number of the first line in messages, from 1. */
+        qsizetype first_line = 1;
+        /** A Python script, whatever its first line says. */
+        bool python = false;
+        /** The current directory while they play, if directories are changed; empty leaves it. */
+        QString directory;
+        /** Tells the user how to play on from a line; see set_hints(). Null if there is no way. */
+        std::function<QString(qsizetype line)> go_on;
+    };
 
     /** How deep journals may play journals. */
     static constexpr int depth_limit = 16;
@@ -57,10 +72,19 @@ public:
      *
      * The file is UTF-8 with or without a byte order mark, its lines end in "\n" or "\r\n". A file that is
      * missing, unreadable, or no such text is reported, and no line of it is played.
+     *
+     * @param from  the line to begin with. It is an error if there is no such line, if it continues the
+     *              line before it, and if it is not 1 for a Python script.
      */
-    Outcome play(const QString& path);
+    Outcome play(const QString& path, qsizetype from = 1);
     /** Plays lines that are not in a file; @p name stands for the file's name in messages. */
-    Outcome play_lines(const QStringList& lines, const QString& name);
+    Outcome play_lines(const QStringList& lines, const QString& name, const Origin& origin);
+    Outcome play_lines(const QStringList& lines, const QString& name)
+    {
+        return play_lines(lines, name, Origin());
+    }
+    /** Whether this text is a Python script: its first line that is not blank is "#!python". */
+    static bool is_python(QStringView text);
 
     bool is_playing() const { return mDepth > 0; }
     /** Makes playback wait before its next command. Stays on until resume() or stop(), also between files. */
@@ -82,16 +106,33 @@ public:
     void set_python_hook(const PythonHook& hook) { mPythonHook = hook; }
     /** Asked at the start of each file; on true its directory is the current one while it plays. */
     void set_change_directory(const std::function<bool()>& asked) { mChangeDirectory = asked; }
+    /**
+     * Called with the outermost journal's name and 0 when it begins, with a percentage below 100 as it gets
+     * on, and with 100 when it has ended, be it that an error has ended it.
+     */
+    void set_progress(const Progress& progress) { mProgress = progress; }
+    /** Whether a journal that ends before its last line tells how to play on. At first it does not. */
+    void set_hints(bool hints) { mHints = hints; }
 
 private:
-    Outcome play_text(const QString& text, const QString& name, bool python);
-    Outcome play_journal(QStringView text, const QString& name);
-    Outcome play_python(const QString& text, const QString& name);
-    Outcome run_command(const QString& command, const QString& name, qsizetype line);
+    /** A text in play. */
+    struct Script
+    {
+        QString text;
+        QString name;
+        qsizetype first_line;
+        std::function<QString(qsizetype)> go_on;
+    };
+
+    Outcome play_text(const Script& script, bool python, const QString& directory);
+    Outcome play_journal(const Script& script);
+    Outcome play_python(const Script& script);
     /** Played unless the journal is to end here. */
-    Outcome turn_and_wait();
+    Outcome turn_and_wait(const QString& next);
     Outcome test_end() const;
     Outcome report_end(Outcome outcome, const QString& place);
+    void hint(const Script& script, qsizetype line) const;
+    QString name_from_here(const QString& path) const;
     Outcome fail(const QString& message);
     void set_paused(bool paused);
 
@@ -102,9 +143,15 @@ private:
     Callback<void(bool)> mPauseChanged;
     Callback<bool(const QString&, const QString&)> mPythonHook;
     Callback<bool()> mChangeDirectory;
+    Callback<void(const QString&, int)> mProgress;
+    /** The current directory when the outermost journal began. */
+    QString mDirectory;
     int mDepth = 0;
+    bool mHints = false;
     bool mPaused = false;
     bool mStop = false;
     /** Whether an inner journal has told what ended it. */
     bool mInnerEnded = false;
+    /** Whether that was a Python script, which can only be run anew. */
+    bool mInnerPython = false;
 };

@@ -109,8 +109,9 @@ void play(CommandCall& call, Playback& playback)
     const QString path = call.text(1, "a file");
     if (path.isEmpty())
         throw call.expected(1, "a file");
+    const int from = call.has(2) ? call.integer(2, "a line number", 1) : 1;
     call.expect_end();
-    if (playback.play(path) != Playback::Outcome::Played)
+    if (playback.play(path, from) != Playback::Outcome::Played)
         throw CommandError::reported();
 }
 
@@ -144,8 +145,9 @@ void register_builtin_commands(CommandInterpreter& interpreter, Playback& playba
          {},
          owner,
          [&services](CommandCall& call) { history(call, services.history); }});
-    add({u"play"_s, u"play FILE"_s, u"Plays a journal or a Python script."_s,
+    add({u"play"_s, u"play FILE [LINE]"_s, u"Plays a journal or a Python script."_s,
          u"A relative name is looked up in the current directory. The first error ends the playback.\n"
+         "With LINE, a journal is played from that line on.\n"
          "Files named *.py, and files whose first line is #!python, are run as Python."_s,
          owner, [&playback](CommandCall& call) { play(call, playback); }});
     add({u"quit"_s, u"quit"_s, u"Ends the application."_s, u"A journal in play is stopped."_s, owner,

@@ -8,6 +8,7 @@
 #include "host/ostrelfw/Broker.h"
 #include "host/ostrelfw/ComponentRecord.h"
 #include "host/ostrelfw/ComponentTracker.h"
+#include "journal/JournalEditor.h"
 #include "support/TestCase.h"
 #include "support/describe_window.h"
 #include "workbench/component_manager/ComponentManager.h"
@@ -805,26 +806,32 @@ void TstComponentManager::hundred_cycles_leave_the_window_as_it_was()
     // A hundred writings of the settings would take longer than all the rest.
     mManager->set_remembering(false);
     const Ostrel* window = Ostrel::instance();
+    const auto describe_windows = [window] {
+        QStringList rows = describe_window(*window) + describe_window(*window->journal_editor());
+        for (const QAction* action : window->journal_editor()->actions())
+            rows << action->text();
+        return rows;
+    };
     const QStringList known_commands = commands();
-    const QStringList pristine = describe_window(*window);
+    const QStringList pristine = describe_windows();
     const std::vector<ComponentTracker*> trackers = HostMediator::instance().trackers();
     const auto cycle = [&] {
         QCOMPARE(mManager->load(name), QString());
         QCoreApplication::processEvents();
-        QVERIFY(commands() != known_commands || describe_window(*window) != pristine);
+        QVERIFY(commands() != known_commands || describe_windows() != pristine);
         QCOMPARE(mManager->unload(name), QString());
         QCoreApplication::processEvents();
         run_deferred_deletions();
     };
     cycle();
     // A section's separator is the shell's own and stays with the section.
-    const QStringList after_one = describe_window(*window);
+    const QStringList after_one = describe_windows();
     QCOMPARE(without_separators(after_one), without_separators(pristine));
     const qsizetype objects = window->findChildren<QObject*>().size();
     const qsizetype top_levels = QApplication::topLevelWidgets().size();
     for (int i = 1; i < 100; ++i)
         cycle();
-    QCOMPARE(describe_window(*window), after_one);
+    QCOMPARE(describe_windows(), after_one);
     QCOMPARE(commands(), known_commands);
     QCOMPARE(HostMediator::instance().trackers(), trackers);
     QCOMPARE(window->findChildren<QObject*>().size(), objects);

@@ -4,6 +4,7 @@
 #include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
 #include "hostdouble/HostDouble.h"
+#include "journal/JournalEditor.h"
 #include "support/TestCase.h"
 #include "support/windows.h"
 #include "workbench/console/ConsoleOwner.h"
@@ -12,6 +13,7 @@
 #include <QClipboard>
 #include <QFile>
 #include <QGuiApplication>
+#include <QMenu>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -83,6 +85,11 @@ private slots:
     void exception_is_told_and_the_prompt_comes_back();
     void unwritable_history_is_told_once();
     void pages_leave_the_console_with_their_owner();
+    void work_runs_as_a_line_does();
+    void work_waits_and_can_be_given_up();
+    void work_behind_a_command_that_is_not_complete_gives_it_up();
+    void work_that_throws_is_an_error_below_its_title();
+    void pages_are_offered_for_import_until_they_go();
 
 private:
     void type(const QString& text) { QTest::keyClicks(page(), text); }
@@ -411,6 +418,91 @@ void TstConsoleOwner::pages_leave_the_console_with_their_owner()
     QCOMPARE(tabs()->count(), 0);
     mWindow->append_command(u"nothing"_s);
     mWindow->print_data(u"nobody\n"_s);
+}
+
+void TstConsoleOwner::work_runs_as_a_line_does()
+{
+    QList<bool> busy;
+    mOwner->set_busy_handler([&busy](bool now) { busy << now; });
+    type(u"half"_s);
+    bool running = false;
+    mOwner->run_work(u"Work"_s, [&] {
+        running = mOwner->is_running();
+        mWindow->print_command(u"one"_s);
+        mWindow->print_data(u"output\n"_s);
+    });
+    QVERIFY(running);
+    QVERIFY(!mOwner->is_running());
+    QCOMPARE(busy, QList<bool>({true, false}));
+    QCOMPARE(text(), u"Fennar>one\noutput\nFennar>half"_s);
+    QCOMPARE(mCommands.lines, QStringList());
+    QCOMPARE(mOwner->history().entries(), QStringList());
+}
+
+void TstConsoleOwner::work_waits_and_can_be_given_up()
+{
+    QStringList order;
+    mCommands.reply = [&](const QString& line) {
+        mOwner->run_work(u"Work"_s, [&order] { order << u"work"_s; });
+        mOwner->run_line(u"next"_s);
+        if (line == u"drop"_s)
+            mOwner->forget_waiting();
+        mCommands.reply = nullptr;
+        order << line;
+        return LineInterpreter::Outcome();
+    };
+    enter(u"drop"_s);
+    QCOMPARE(order, QStringList(u"drop"_s));
+    mCommands.lines.clear();
+    mCommands.reply = [&](const QString& line) {
+        mOwner->run_work(u"Work"_s, [&] { order << u"work before %1"_s.arg(mCommands.lines.size()); });
+        mOwner->run_line(u"next"_s);
+        mCommands.reply = nullptr;
+        order << line;
+        return LineInterpreter::Outcome();
+    };
+    enter(u"go"_s);
+    QCOMPARE(order, QStringList({u"drop"_s, u"go"_s, u"work before 1"_s}));
+    QCOMPARE(mCommands.lines, QStringList({u"go"_s, u"next"_s}));
+}
+
+void TstConsoleOwner::work_behind_a_command_that_is_not_complete_gives_it_up()
+{
+    mCommands.reply = [](const QString&) { return LineInterpreter::Outcome{true, {}}; };
+    enter(u"begin \\"_s);
+    const int resets = mCommands.resets;
+    mOwner->run_work(u"Work"_s, [this] { mWindow->print_command(u"one"_s); });
+    QCOMPARE(mCommands.resets, resets + 1);
+    QVERIFY2(text().endsWith(u"\nFennar>one\nFennar>"_s), qPrintable(text()));
+}
+
+void TstConsoleOwner::work_that_throws_is_an_error_below_its_title()
+{
+    mOwner->run_work(u"Work"_s, [] { throw std::runtime_error("out of luck"); });
+    QCOMPARE(mOwner->error_page()->toPlainText(), u"Work\nERROR: out of luck\n"_s);
+    QVERIFY(!mOwner->is_running());
+}
+
+void TstConsoleOwner::pages_are_offered_for_import_until_they_go()
+{
+    JournalEditor editor;
+    const auto* menu = editor.findChild<QMenu*>(u"fileImportMenu"_s);
+    QAction other;
+    editor.add_action_to_import_menu(&other);
+    mOwner->offer_pages(&editor);
+    QStringList items;
+    for (const QAction* action : menu->actions())
+        items << action->text();
+    QCOMPARE(items, QStringList({QString(), u"&Commands of the Console"_s, u"&Errors of the Console"_s}));
+    mOwner.reset();
+    QCOMPARE(menu->actions(), QList<QAction*>{&other});
+    // The editor may go first.
+    make_owner({});
+    auto gone = std::make_unique<JournalEditor>();
+    mOwner->offer_pages(gone.get());
+    gone.reset();
+    mOwner.reset();
+    QCOMPARE(tabs()->count(), 0);
 }
 
 OSTREL_TEST_MAIN(TstConsoleOwner)

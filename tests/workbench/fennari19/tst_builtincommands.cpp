@@ -270,7 +270,7 @@ void TstBuiltinCommands::surplus_words_are_errors_data()
     QTest::addColumn<QString>("line");
     QTest::newRow("help") << u"help echo !"_s;
     QTest::newRow("history") << u"history 1 !"_s;
-    QTest::newRow("play") << u"play a.jou !"_s;
+    QTest::newRow("play") << u"play a.jou 1 !"_s;
     QTest::newRow("quit") << u"quit !"_s;
 }
 

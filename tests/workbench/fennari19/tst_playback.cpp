@@ -110,6 +110,20 @@ private slots:
     void python_without_hook_is_an_error();
     void python_hook_may_throw();
     void python_script_can_be_interrupted_and_stopped();
+    void playing_begins_with_a_line_data();
+    void playing_begins_with_a_line();
+    void line_that_cannot_be_the_first_is_an_error_data();
+    void line_that_cannot_be_the_first_is_an_error();
+    void way_on_is_told_if_asked_for_data();
+    void way_on_is_told_if_asked_for();
+    void way_on_leads_through_all_journals();
+    void way_on_holds_from_the_first_directory();
+    void lines_are_numbered_from_their_first();
+    void lines_of_a_script_keep_their_numbers();
+    void lines_play_in_their_directory();
+    void directory_that_cannot_be_entered_is_an_error();
+    void pause_says_ahead_of_what();
+    void progress_is_told_of_the_outermost_journal();
     void callbacks_may_replace_themselves();
     void long_journal_takes_linear_time();
 };
@@ -590,6 +604,207 @@ void TstPlayback::python_script_can_be_interrupted_and_stopped()
     session.playback.set_turn([&session] { session.playback.stop(); });
     QCOMPARE(session.playback.play(u"a.py"_s), Outcome::Stopped);
     QCOMPARE(session.take_errors(), u"Stopped: a.py\n"_s);
+}
+
+void TstPlayback::playing_begins_with_a_line_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<QStringList>("log");
+    QTest::newRow("the first") << 1 << QStringList({u"step 1"_s, u"step 3"_s, u"error"_s});
+    QTest::newRow("an empty one") << 2 << QStringList({u"step 3"_s, u"error"_s});
+    QTest::newRow("behind a continued one") << 5 << QStringList(u"error"_s);
+}
+
+void TstPlayback::playing_begins_with_a_line()
+{
+    QFETCH(int, from);
+    QFETCH(QStringList, log);
+    PlaybackSession session;
+    session.write(u"a.jou"_s, "step 1\r\n\r\nstep \\\r\n3\r\nnix");
+    QCOMPARE(session.playback.play(u"a.jou"_s, from), Outcome::Failed);
+    QCOMPARE(session.log, log);
+    QCOMPARE(session.errors, u"ERROR: a.jou:5: nix: column 1: expected a command, found \"nix\"\n"_s);
+}
+
+void TstPlayback::line_that_cannot_be_the_first_is_an_error_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("from");
+    QTest::addColumn<QString>("error");
+    QTest::newRow("behind the last") << u"a.jou"_s << 4 << u"\"a.jou\" has no line 4"_s;
+    QTest::newRow("far behind the last")
+        << u"a.jou"_s << 2'000'000'000 << u"\"a.jou\" has no line 2000000000"_s;
+    QTest::newRow("zero") << u"a.jou"_s << 0 << u"\"a.jou\" has no line 0"_s;
+    QTest::newRow("below zero") << u"a.jou"_s << -1 << u"\"a.jou\" has no line -1"_s;
+    QTest::newRow("within a command")
+        << u"a.jou"_s << 3 << u"line 3 of \"a.jou\" continues the line before it"_s;
+    QTest::newRow("Python") << u"a.py"_s << 2
+                            << u"\"a.py\" is a Python script, which is only run as a whole"_s;
+}
+
+void TstPlayback::line_that_cannot_be_the_first_is_an_error()
+{
+    QFETCH(QString, file);
+    QFETCH(int, from);
+    QFETCH(QString, error);
+    PlaybackSession session;
+    session.write(file, "step 1\nstep \\\n2\n");
+    QCOMPARE(session.playback.play(file, from), Outcome::Failed);
+    QCOMPARE(session.errors, u"ERROR: "_s + error + u'\n');
+    QCOMPARE(session.log, QStringList(u"error"_s));
+}
+
+void TstPlayback::way_on_is_told_if_asked_for_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("way");
+    QTest::newRow("error") << QByteArray("step 1\nnix\nstep") << u"play a.jou 2"_s;
+    QTest::newRow("error on a continued line") << QByteArray("set \\\n= 1\nstep") << u"play a.jou 1"_s;
+    QTest::newRow("error in the last command") << QByteArray("step 1\nnix") << u"play a.jou 2"_s;
+    QTest::newRow("stopped behind a command") << QByteArray("stop\\\n\nstep 1\n") << u"play a.jou 3"_s;
+    QTest::newRow("cancelled behind a command") << QByteArray("step 1\ncancel\nstep 2") << u"play a.jou 3"_s;
+    QTest::newRow("cancelled command") << QByteArray("step 1\ngive_up\nstep 2") << u"play a.jou 2"_s;
+    QTest::newRow("nothing is left") << QByteArray("step 1\ncancel\n") << QString();
+}
+
+void TstPlayback::way_on_is_told_if_asked_for()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, way);
+    PlaybackSession session;
+    session.add("give_up", [](CommandCall&) {
+        AppUtil().set_interrupt(true);
+        throw CommandError(u"interrupted"_s);
+    });
+    QVERIFY(session.play(bytes) != Outcome::Played);
+    QVERIFY(!session.take_errors().contains(u"play on"_s));
+    session.playback.set_hints(true);
+    QVERIFY(session.play(bytes) != Outcome::Played);
+    QCOMPARE(session.errors.section(u"  play on with: "_s, 1), way.isEmpty() ? way : way + u'\n');
+}
+
+void TstPlayback::way_on_leads_through_all_journals()
+{
+    PlaybackSession session;
+    session.playback.set_hints(true);
+    session.write(u"b.jou"_s, "step b\nplay c.jou\nstep b2\n");
+    session.write(u"c.jou"_s, "\nset = 1\nstep c\n");
+    QCOMPARE(session.play("play b.jou"), Outcome::Failed);
+    QCOMPARE(session.errors, u"ERROR: c.jou:2: set: column 5: expected a name, found \"=\"\n"
+                             "  play on with: play c.jou 2\n"
+                             "  played from b.jou:2\n"
+                             "  play on with: play b.jou 3\n"
+                             "  played from a.jou:1\n"_s);
+    // A script can only be run anew.
+    session.take_errors();
+    session.playback.set_python_hook([](const QString&, const QString&) { return false; });
+    session.write(u"d.py"_s, "pass");
+    QCOMPARE(session.play("step 1\nplay d.py\nstep 2"), Outcome::Failed);
+    QCOMPARE(session.errors, u"  played from a.jou:2\n  play on with: play a.jou 2\n"_s);
+}
+
+void TstPlayback::way_on_holds_from_the_first_directory()
+{
+    PlaybackSession session;
+    session.playback.set_hints(true);
+    session.playback.set_change_directory([] { return true; });
+    QVERIFY(QDir().mkdir(u"sub"_s));
+    session.write(u"sub/outer.jou"_s, "play inner.jou");
+    session.write(u"sub/inner.jou"_s, "nix");
+    QCOMPARE(session.playback.play(u"sub/outer.jou"_s), Outcome::Failed);
+    const QString inner = QFileInfo(u"sub/inner.jou"_s).absoluteFilePath();
+    QVERIFY2(session.errors.contains(u"play on with: play %1 1\n"_s.arg(inner)), qPrintable(session.errors));
+}
+
+void TstPlayback::lines_are_numbered_from_their_first()
+{
+    PlaybackSession session;
+    session.playback.set_hints(true);
+    Playback::Origin origin;
+    origin.first_line = 10;
+    origin.go_on = [](qsizetype line) { return u"line %1"_s.arg(line); };
+    QCOMPARE(session.playback.play_lines({u"step 1"_s, u"nix"_s}, u"x"_s, origin), Outcome::Failed);
+    QCOMPARE(session.errors, u"ERROR: x:11: nix: column 1: expected a command, found \"nix\"\n"
+                             "  play on with: line 11\n"_s);
+    session.take_errors();
+    QCOMPARE(session.playback.play_lines({u"nix"_s}, u"x"_s), Outcome::Failed);
+    QVERIFY(!session.errors.contains(u"play on"_s));
+}
+
+void TstPlayback::lines_of_a_script_keep_their_numbers()
+{
+    PlaybackSession session;
+    QString seen;
+    session.playback.set_python_hook([&seen](const QString&, const QString& source) {
+        seen = source;
+        return true;
+    });
+    Playback::Origin origin;
+    origin.first_line = 3;
+    origin.python = true;
+    QCOMPARE(session.playback.play_lines({u"a"_s, u"b"_s}, u"x"_s, origin), Outcome::Played);
+    QCOMPARE(seen, u"\n\na\nb"_s);
+}
+
+void TstPlayback::lines_play_in_their_directory()
+{
+    PlaybackSession session;
+    QStringList seen;
+    session.add("look", [&seen](CommandCall&) { seen << QDir::current().dirName(); });
+    QVERIFY(QDir().mkdir(u"sub"_s));
+    const QString before = QDir::currentPath();
+    Playback::Origin origin;
+    origin.directory = session.directory.filePath(u"sub"_s);
+    QCOMPARE(session.playback.play_lines({u"look"_s}, u"x"_s, origin), Outcome::Played);
+    session.playback.set_change_directory([] { return true; });
+    QCOMPARE(session.playback.play_lines({u"look"_s}, u"x"_s, origin), Outcome::Played);
+    QCOMPARE(session.playback.play_lines({u"look"_s}, u"x"_s), Outcome::Played);
+    const QString outer = QDir(before).dirName();
+    QCOMPARE(seen, QStringList({outer, u"sub"_s, outer}));
+    for (const char* end : {"stop", "cancel", "nix"}) {
+        QVERIFY(session.playback.play_lines({QLatin1StringView(end)}, u"x"_s, origin) != Outcome::Played);
+        QCOMPARE(QDir::currentPath(), before);
+    }
+}
+
+void TstPlayback::directory_that_cannot_be_entered_is_an_error()
+{
+    PlaybackSession session;
+    session.playback.set_change_directory([] { return true; });
+    Playback::Origin origin;
+    origin.directory = u"/no/such"_s;
+    QCOMPARE(session.playback.play_lines({u"step 1"_s}, u"x"_s, origin), Outcome::Failed);
+    QCOMPARE(session.errors, u"ERROR: cannot change to the directory \"/no/such\" of \"x\"\n"_s);
+    QCOMPARE(session.log, QStringList(u"error"_s));
+    QVERIFY(!session.playback.is_playing());
+}
+
+void TstPlayback::pause_says_ahead_of_what()
+{
+    PlaybackSession session;
+    session.playback.set_wait([&session, waits = 0]() mutable {
+        if (++waits == 3)
+            session.playback.resume();
+    });
+    QCOMPARE(session.play("step 1\nhalt\n\nstep 2"), Outcome::Played);
+    QCOMPARE(session.output, u"Paused ahead of a.jou:3\n"_s);
+}
+
+void TstPlayback::progress_is_told_of_the_outermost_journal()
+{
+    PlaybackSession session;
+    QStringList told;
+    session.playback.set_progress(
+        [&told](const QString& name, int percent) { told << name + u' ' + QString::number(percent); });
+    session.write(u"b.jou"_s, "step\nstep\nstep\n");
+    QCOMPARE(session.play("step 1234\nplay b.jou\nstep 1234\nstep 123"), Outcome::Played);
+    QCOMPARE(told, QStringList({u"a.jou 0"_s, u"a.jou 25"_s, u"a.jou 53"_s, u"a.jou 79"_s, u"a.jou 100"_s}));
+    told.clear();
+    QCOMPARE(session.play("nix\nstep"), Outcome::Failed);
+    QCOMPARE(told, QStringList({u"a.jou 0"_s, u"a.jou 100"_s}));
+    told.clear();
+    QCOMPARE(session.play(QByteArray("step\n").repeated(1000)), Outcome::Played);
+    QCOMPARE(told.size(), 101);
 }
 
 void TstPlayback::callbacks_may_replace_themselves()

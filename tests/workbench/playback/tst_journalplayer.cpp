@@ -1,0 +1,687 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "console/CommandWidget.h"
+#include "console/CommandWindow.h"
+#include "files/OstrelFileMenu.h"
+#include "frame/Ostrel.h"
+#include "host/fennari19/FennarInterface.h"
+#include "host/ostrelfw/Broker.h"
+#include "host/ostrelfw/Mediator.h"
+#include "journal/JournalEditor.h"
+#include "menus/OstrelToolsMenu.h"
+#include "support/TestCase.h"
+#include "support/dialogs.h"
+#include "support/windows.h"
+#include "workbench/Workbench.h"
+#include "workbench/console/ConsoleOwner.h"
+#include "workbench/fennari19/CommandCall.h"
+#include "workbench/fennari19/CommandRegistry.h"
+#include "workbench/fennari19/Fennar.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QMenu>
+#include <QProgressBar>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBlock>
+#include <QTimer>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+/** Journals are played from the editor and the menu, and what is checked is what the user reads and what ran.
+ */
+class TstJournalPlayer : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void cleanupTestCase();
+
+    void document_plays_line_by_line_on_the_console();
+    void document_whose_first_line_is_empty_keeps_its_numbers();
+    void empty_document_plays_nothing();
+    void selection_is_numbered_as_the_editor_does();
+    void first_error_ends_with_file_line_and_the_way_on_data();
+    void first_error_ends_with_file_line_and_the_way_on();
+    void played_on_from_the_line_told();
+    void python_document_goes_whole_to_python_data();
+    void python_document_goes_whole_to_python();
+    void python_selection_keeps_its_line_numbers();
+    void journal_waits_for_what_the_console_runs();
+    void another_journal_is_refused_until_the_first_has_ended();
+    void half_typed_command_stays();
+    void command_that_is_not_complete_is_given_up();
+    void nothing_of_a_journal_is_in_the_history();
+    void what_runs_is_a_snapshot();
+    void progress_is_shown_and_taken_down_data();
+    void progress_is_shown_and_taken_down();
+    void pause_button_holds_the_journal_and_says_where();
+    void cancel_ends_a_pause_and_releases_the_button();
+    void directory_is_changed_as_the_option_says_data();
+    void directory_is_changed_as_the_option_says();
+    void missing_directory_of_a_document_ends_it();
+    void play_action_asks_for_a_file_and_plays_it_data();
+    void play_action_asks_for_a_file_and_plays_it();
+    void play_action_with_no_answer_does_nothing();
+    void action_for_journals_without_ids_is_hidden();
+    void import_menu_offers_the_pages();
+    void example_journals_play_data();
+    void example_journals_play();
+    void closing_the_editor_waits_for_the_run_only_if_it_asks_data();
+    void closing_the_editor_waits_for_the_run_only_if_it_asks();
+    void closing_the_window_asks_when_the_run_has_ended();
+    void tour_leaves_its_pictures_and_ends_the_application();
+
+private:
+    static JournalEditor* editor() { return Ostrel::instance()->journal_editor(); }
+    static QTabWidget* tabs() { return editor()->findChild<QTabWidget*>(u"mDocTab"_s); }
+    static QPlainTextEdit* document() { return qobject_cast<QPlainTextEdit*>(tabs()->currentWidget()); }
+    static QAction* pause() { return Ostrel::instance()->tools_menu()->pause_action(); }
+    static QProgressBar* bar() { return Ostrel::instance()->findChild<QProgressBar*>(u"mProgress"_s); }
+    CommandWidget* page() const { return mWorkbench->console()->command_page(); }
+    QString text() const { return page()->toPlainText(); }
+    void enter(const QString& line)
+    {
+        QTest::keyClicks(page(), line);
+        QTest::keyClick(page(), Qt::Key_Return);
+    }
+    void python_mode(bool on)
+    {
+        QTest::keyClick(Ostrel::instance(), on ? Qt::Key_P : Qt::Key_C, Qt::AltModifier);
+    }
+    QString write(const QString& name, const QByteArray& content);
+    /** Opens @p content as a file of that name. */
+    QString open(const QString& name, const QByteArray& content);
+    static void select_lines(int first, int last);
+    void play_document();
+    void play_selection();
+    /** Waits for what has been started. */
+    void wait_for_end();
+
+    std::unique_ptr<Workbench> mWorkbench;
+    std::unique_ptr<QTemporaryDir> mDirectory;
+    /** What "act" does in a journal. */
+    std::function<void()> mAct;
+    QStringList mSteps;
+};
+
+void TstJournalPlayer::initTestCase()
+{
+    TestCase::init();
+    mWorkbench = std::make_unique<Workbench>();
+    mWorkbench->leave_components_out();
+    QVERIFY(mWorkbench->load());
+    CommandRegistry& registry = Fennar::instance().registry();
+    registry.add({u"step"_s, u"step N"_s, {}, {}, u"test"_s, [this](CommandCall& call) {
+                      mSteps << call.text(1, u"a word");
+                  }});
+    registry.add({u"act"_s, u"act"_s, {}, {}, u"test"_s, [this](CommandCall&) {
+                      if (mAct)
+                          mAct();
+                  }});
+    QVERIFY(show_active(Ostrel::instance()));
+}
+
+void TstJournalPlayer::init()
+{
+    // One window serves all functions, so the checks of the base class wait for the last.
+    mDirectory = std::make_unique<QTemporaryDir>();
+    mAct = nullptr;
+    mSteps.clear();
+    Ostrel::instance()->command_line()->set_focus();
+    page()->clearToPrompt();
+}
+
+void TstJournalPlayer::cleanup()
+{
+    if (FennarInterface::command_is_python_mode())
+        python_mode(false);
+    Broker::instance()->set_change_dir_on_playback(false);
+    QVERIFY(!mWorkbench->console()->is_running());
+    QVERIFY(!FennarInterface::is_playback_paused());
+    QVERIFY(!pause()->isChecked());
+    // A single document that is pristine.
+    const auto documents = editor()->findChildren<QPlainTextEdit*>();
+    for (QPlainTextEdit* one : documents)
+        one->document()->setModified(false);
+    editor()->fileNew();
+    while (tabs()->count() > 1) {
+        tabs()->setCurrentIndex(0);
+        editor()->fileClose();
+    }
+}
+
+void TstJournalPlayer::cleanupTestCase()
+{
+    Fennar::instance().registry().remove_owner(u"test"_s);
+    mWorkbench->unload();
+    mWorkbench.reset();
+    TestCase::cleanup();
+}
+
+QString TstJournalPlayer::write(const QString& name, const QByteArray& content)
+{
+    const QString path = mDirectory->filePath(name);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("the journal could not be written");
+    return path;
+}
+
+QString TstJournalPlayer::open(const QString& name, const QByteArray& content)
+{
+    const QString path = write(name, content);
+    editor()->open_file(path);
+    return path;
+}
+
+void TstJournalPlayer::select_lines(int first, int last)
+{
+    QTextCursor cursor(document()->document()->findBlockByNumber(first - 1));
+    cursor.setPosition(document()->document()->findBlockByNumber(last - 1).position(),
+                       QTextCursor::KeepAnchor);
+    cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    document()->setTextCursor(cursor);
+}
+
+void TstJournalPlayer::play_document()
+{
+    editor()->playFile();
+    wait_for_end();
+}
+
+void TstJournalPlayer::play_selection()
+{
+    editor()->playSelected();
+    wait_for_end();
+}
+
+void TstJournalPlayer::wait_for_end()
+{
+    // What was asked for begins in the next turn of the loop; a later event comes behind its end.
+    bool later = false;
+    QTimer::singleShot(0, this, [&later] { later = true; });
+    QTRY_VERIFY(later && !mWorkbench->console()->is_running());
+}
+
+void TstJournalPlayer::document_plays_line_by_line_on_the_console()
+{
+    editor()->add_document(u"# note\necho one\n\necho \\\n  two"_s);
+    play_document();
+    QCOMPARE(text(), u"Fennar># note\nFennar>echo one\none\nFennar>\nFennar>echo \\\nFennar>  two\n"
+                     "two\nFennar>"_s);
+}
+
+void TstJournalPlayer::document_whose_first_line_is_empty_keeps_its_numbers()
+{
+    editor()->add_document(u"\nstep 1\nnix"_s);
+    play_document();
+    QVERIFY2(text().contains(u"ERROR: Untitled:3: nix: "_s), qPrintable(text()));
+    QCOMPARE(mSteps, QStringList(u"1"_s));
+}
+
+void TstJournalPlayer::empty_document_plays_nothing()
+{
+    play_document();
+    QCOMPARE(text().count(u"ERROR"_s), 0);
+    QVERIFY(text().endsWith(u"Fennar>"_s));
+}
+
+void TstJournalPlayer::selection_is_numbered_as_the_editor_does()
+{
+    const QString path = open(u"a.jou"_s, "step 1\nstep 2\n\nnix\nstep 5\n");
+    select_lines(2, 5);
+    play_selection();
+    QCOMPARE(mSteps, QStringList(u"2"_s));
+    QVERIFY2(text().contains(u"ERROR: %1:4: nix: column 1"_s.arg(path)), qPrintable(text()));
+    mSteps.clear();
+    select_lines(3, 4);
+    play_selection();
+    QVERIFY2(text().count(u"ERROR: %1:4: nix: column 1"_s.arg(path)) == 2, qPrintable(text()));
+    select_lines(1, 2);
+    play_selection();
+    QCOMPARE(mSteps, QStringList({u"1"_s, u"2"_s}));
+}
+
+void TstJournalPlayer::first_error_ends_with_file_line_and_the_way_on_data()
+{
+    QTest::addColumn<bool>("file");
+    QTest::addColumn<bool>("modified");
+    QTest::addColumn<bool>("selection");
+    QTest::newRow("saved file") << true << false << false;
+    QTest::newRow("file with unsaved changes") << true << true << false;
+    QTest::newRow("no file") << false << true << false;
+    QTest::newRow("selection") << true << false << true;
+}
+
+void TstJournalPlayer::first_error_ends_with_file_line_and_the_way_on()
+{
+    QFETCH(const bool, file);
+    QFETCH(const bool, modified);
+    QFETCH(const bool, selection);
+    QString name = u"Untitled"_s;
+    if (file)
+        name = open(u"a b.jou"_s, "step 1\nset \\\n= 5\nstep 3\n");
+    else
+        editor()->add_document(u"step 1\nset \\\n= 5\nstep 3\n"_s);
+    document()->document()->setModified(modified);
+    select_lines(1, 4);
+    selection ? play_selection() : play_document();
+    const QString way = file && !modified && !selection
+                            ? u"play \"%1\" 2"_s.arg(name)
+                            : u"select from line 2 on in the journal editor and press Ctrl+F5"_s;
+    QVERIFY2(text().endsWith(u"ERROR: %1:3: set: column 1: expected a name, found \"=\"\n"
+                             "  play on with: %2\nFennar>"_s.arg(name, way)),
+             qPrintable(text()));
+    QCOMPARE(mSteps, QStringList(u"1"_s));
+    QVERIFY(mWorkbench->console()->error_page()->toPlainText().contains(
+        u"Playing %1\nERROR: %1:3: set"_s.arg(name)));
+}
+
+void TstJournalPlayer::played_on_from_the_line_told()
+{
+    const QString path = open(u"a.jou"_s, "step 1\nnix\nstep 3\n");
+    play_document();
+    const QString command = text().section(u"play on with: "_s, 1).section(u'\n', 0, 0);
+    QCOMPARE(command, u"play %1 2"_s.arg(path));
+    write(u"a.jou"_s, "step 1\nstep 2\nstep 3\n");
+    enter(command);
+    QCOMPARE(mSteps, QStringList({u"1"_s, u"2"_s, u"3"_s}));
+}
+
+void TstJournalPlayer::python_document_goes_whole_to_python_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("head");
+    QTest::newRow("by its first line") << QString() << QByteArray("#!python\n");
+    QTest::newRow("by its first line, in a journal") << u"a.jou"_s << QByteArray("#!python\n");
+    QTest::newRow("by its name") << u"a.py"_s << QByteArray();
+}
+
+void TstJournalPlayer::python_document_goes_whole_to_python()
+{
+    QFETCH(const QString, file);
+    QFETCH(const QByteArray, head);
+    const QByteArray script =
+        head + "for n in range(2):\n\n    fennar.cmd(f'step {n}')\nraise OSError('end')\n";
+    if (file.isEmpty())
+        editor()->add_document(QString::fromUtf8(script));
+    else
+        open(file, script);
+    play_document();
+    QCOMPARE(mSteps, QStringList({u"0"_s, u"1"_s}));
+    const QString place =
+        u"File \"%1\", line %2"_s.arg(file.isEmpty() ? u"Untitled"_s : mDirectory->filePath(file))
+            .arg(head.isEmpty() ? 4 : 5);
+    QVERIFY2(text().contains(place), qPrintable(text()));
+    QVERIFY(!text().contains(u"play on with"_s));
+}
+
+void TstJournalPlayer::python_selection_keeps_its_line_numbers()
+{
+    const QString path = open(u"a.py"_s, "first = 1\nfennar.cmd('step 2')\nraise OSError('end')\nlast = 1\n");
+    select_lines(2, 3);
+    play_selection();
+    QCOMPARE(mSteps, QStringList(u"2"_s));
+    QVERIFY2(text().contains(u"File \"%1\", line 3"_s.arg(path)), qPrintable(text()));
+}
+
+void TstJournalPlayer::journal_waits_for_what_the_console_runs()
+{
+    editor()->add_document(u"step journal"_s);
+    mAct = [this] {
+        editor()->playFile();
+        QCoreApplication::processEvents();
+        mSteps << u"act"_s;
+    };
+    enter(u"act"_s);
+    wait_for_end();
+    QCOMPARE(mSteps, QStringList({u"act"_s, u"journal"_s}));
+}
+
+void TstJournalPlayer::another_journal_is_refused_until_the_first_has_ended()
+{
+    editor()->add_document(u"step 1\nact\nstep 2"_s);
+    mAct = [] { editor()->playFile(); };
+    editor()->playFile();
+    editor()->playFile();
+    wait_for_end();
+    QCOMPARE(mSteps, QStringList({u"1"_s, u"2"_s}));
+    const QString refusal = u"ERROR: a journal of the editor is being played; Untitled is not\n"_s;
+    QCOMPARE(text().count(refusal), 2);
+    mAct = nullptr;
+    play_document();
+    QCOMPARE(mSteps, QStringList({u"1"_s, u"2"_s, u"1"_s, u"2"_s}));
+    QCOMPARE(text().count(refusal), 2);
+}
+
+void TstJournalPlayer::half_typed_command_stays()
+{
+    editor()->add_document(u"echo one"_s);
+    QTest::keyClicks(page(), u"half"_s);
+    play_document();
+    QCOMPARE(text(), u"Fennar>echo one\none\nFennar>half"_s);
+}
+
+void TstJournalPlayer::command_that_is_not_complete_is_given_up()
+{
+    editor()->add_document(u"echo one"_s);
+    enter(u"echo never \\"_s);
+    play_document();
+    enter(u"echo two"_s);
+    QVERIFY2(text().endsWith(u"\nFennar>echo one\none\nFennar>echo two\ntwo\nFennar>"_s), qPrintable(text()));
+}
+
+void TstJournalPlayer::nothing_of_a_journal_is_in_the_history()
+{
+    enter(u"echo before"_s);
+    editor()->add_document(u"echo one"_s);
+    play_document();
+    QCOMPARE(mWorkbench->console()->history().entries().last(), u"echo before"_s);
+}
+
+void TstJournalPlayer::what_runs_is_a_snapshot()
+{
+    const QString path = open(u"a.jou"_s, "step 1\nact\nstep 2\n");
+    mAct = [this, path] {
+        document()->setPlainText(u"step never"_s);
+        write(u"a.jou"_s, "step never\n");
+    };
+    editor()->playFile();
+    document()->setPlainText(u"step too late"_s);
+    wait_for_end();
+    QCOMPARE(mSteps, QStringList({u"1"_s, u"2"_s}));
+    QCOMPARE(document()->toPlainText(), u"step never"_s);
+}
+
+void TstJournalPlayer::progress_is_shown_and_taken_down_data()
+{
+    QTest::addColumn<QString>("last");
+    QTest::newRow("journal that ends") << u"step 3"_s;
+    QTest::newRow("journal that fails") << u"nix"_s;
+}
+
+void TstJournalPlayer::progress_is_shown_and_taken_down()
+{
+    QFETCH(const QString, last);
+    const int idle = bar()->value();
+    QList<int> seen;
+    mAct = [&seen] { seen << bar()->value(); };
+    editor()->add_document(u"act\nact\nact\n# 34567890\n"_s + last);
+    play_document();
+    QCOMPARE(seen.size(), 3);
+    QCOMPARE(seen.first(), idle);
+    QVERIFY(seen[1] > 0 && seen[1] < seen[2] && seen[2] < 100);
+    QCOMPARE(bar()->value(), idle);
+}
+
+void TstJournalPlayer::pause_button_holds_the_journal_and_says_where()
+{
+    editor()->add_document(u"step 1\nact\n\nstep 2\n"_s);
+    QTimer resume;
+    connect(&resume, &QTimer::timeout, this, [&] {
+        // A turn of the loop may come before the journal waits.
+        if (!text().contains(u"Paused ahead"_s))
+            return;
+        resume.stop();
+        mSteps << u"waits"_s;
+        pause()->trigger();
+    });
+    mAct = [&resume] {
+        pause()->trigger();
+        resume.start(0);
+    };
+    play_document();
+    QCOMPARE(mSteps, QStringList({u"1"_s, u"waits"_s, u"2"_s}));
+    QCOMPARE(text().count(u"Paused ahead of Untitled:3\n"_s), 1);
+}
+
+void TstJournalPlayer::cancel_ends_a_pause_and_releases_the_button()
+{
+    const QString path = open(u"a.jou"_s, "step 1\nact\nstep 2\n");
+    mAct = [this] {
+        pause()->trigger();
+        QTimer::singleShot(0, this,
+                           [] { Ostrel::instance()->findChild<QToolButton*>(u"mCancel"_s)->click(); });
+    };
+    play_document();
+    QCOMPARE(mSteps, QStringList(u"1"_s));
+    QVERIFY(!pause()->isChecked());
+    QVERIFY2(text().endsWith(u"Interrupted: %1:2\n  play on with: play %1 3\nFennar>"_s.arg(path)),
+             qPrintable(text()));
+}
+
+void TstJournalPlayer::directory_is_changed_as_the_option_says_data()
+{
+    QTest::addColumn<bool>("change");
+    QTest::addColumn<bool>("selection");
+    QTest::addColumn<QByteArray>("last");
+    for (const bool change : {true, false}) {
+        for (const bool selection : {true, false}) {
+            for (const char* last : {"step end", "nix", "act"}) {
+                QTest::addRow("%s, %s, %s", change ? "on" : "off", selection ? "selection" : "document",
+                              last[0] == 's'   ? "to the end"
+                              : last[0] == 'n' ? "to an error"
+                                               : "cancelled")
+                    << change << selection << QByteArray(last);
+            }
+        }
+    }
+}
+
+void TstJournalPlayer::directory_is_changed_as_the_option_says()
+{
+    QFETCH(const bool, change);
+    QFETCH(const bool, selection);
+    QFETCH(const QByteArray, last);
+    Broker::instance()->set_change_dir_on_playback(change);
+    const QString before = QDir::currentPath();
+    QStringList seen;
+    mAct = [&seen] {
+        seen << QDir::currentPath();
+        if (seen.size() == 2)
+            Ostrel::instance()->cancel_progress();
+    };
+    open(u"a.jou"_s, "act\n" + last + "\n");
+    select_lines(1, 2);
+    selection ? play_selection() : play_document();
+    QVERIFY(!seen.isEmpty());
+    QCOMPARE(seen.first(), change ? QDir(mDirectory->path()).canonicalPath() : before);
+    QCOMPARE(QDir::currentPath(), before);
+    QCOMPARE(text().contains(u"Interrupted: "_s), last == "act");
+}
+
+void TstJournalPlayer::missing_directory_of_a_document_ends_it()
+{
+    Broker::instance()->set_change_dir_on_playback(true);
+    QVERIFY(QDir(mDirectory->path()).mkdir(u"gone"_s));
+    const QString path = open(u"gone/a.jou"_s, "step 1\n");
+    QVERIFY(QDir(mDirectory->filePath(u"gone"_s)).removeRecursively());
+    play_document();
+    QCOMPARE(mSteps, QStringList());
+    QVERIFY2(text().contains(u"ERROR: cannot change to the directory \"%1\" of \"%2\"\n"_s.arg(
+                 mDirectory->filePath(u"gone"_s), path)),
+             qPrintable(text()));
+}
+
+void TstJournalPlayer::play_action_asks_for_a_file_and_plays_it_data()
+{
+    QTest::addColumn<bool>("python");
+    QTest::newRow("command mode") << false;
+    QTest::newRow("Python mode") << true;
+}
+
+void TstJournalPlayer::play_action_asks_for_a_file_and_plays_it()
+{
+    QFETCH(const bool, python);
+    python_mode(python);
+    QVERIFY(QDir(mDirectory->path()).mkdir(u"it's"_s));
+    const QString path = write(u"it's/a b.jou"_s, "step 1\n");
+    OstrelFileMenu::set_path(mDirectory->path());
+    FileQuestion asked;
+    DialogDriver driver;
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) {
+        asked = file_question(dialog);
+        choose(dialog, path);
+    });
+    Ostrel::instance()->tools_menu()->play_action()->trigger();
+    QVERIFY(driver.finish());
+    wait_for_end();
+    QCOMPARE(mSteps, QStringList(u"1"_s));
+    QCOMPARE(asked.caption, u"Play Journal File"_s);
+    QCOMPARE(asked.directory, mDirectory->path());
+    QCOMPARE(asked.filters, QStringList({u"Journal Files (*.jou *.py)"_s, u"All Files (*.*)"_s}));
+    QCOMPARE(asked.file_mode, QFileDialog::ExistingFile);
+    QCOMPARE(QDir(OstrelFileMenu::mPath), QDir(mDirectory->filePath(u"it's"_s)));
+    QVERIFY(mWorkbench->console()->history().entries().last().contains(u"play "_s));
+}
+
+void TstJournalPlayer::play_action_with_no_answer_does_nothing()
+{
+    OstrelFileMenu::set_path(mDirectory->path());
+    DialogDriver driver;
+    driver.expect<QFileDialog>([](QFileDialog* dialog) { dialog->reject(); });
+    Ostrel::instance()->tools_menu()->play_action()->trigger();
+    QVERIFY(driver.finish());
+    wait_for_end();
+    QCOMPARE(text(), u"Fennar>"_s);
+    QCOMPARE(OstrelFileMenu::mPath, mDirectory->path());
+}
+
+void TstJournalPlayer::action_for_journals_without_ids_is_hidden()
+{
+    const auto* action = Ostrel::instance()->findChild<QAction*>(u"mPlayFennarAction"_s);
+    QVERIFY(action && !action->isVisible());
+}
+
+void TstJournalPlayer::import_menu_offers_the_pages()
+{
+    enter(u"echo one"_s);
+    const auto items = editor()->findChild<QMenu*>(u"fileImportMenu"_s)->actions();
+    QCOMPARE(items.size(), 2);
+    items[0]->trigger();
+    QCOMPARE(document()->toPlainText(), u"echo one\n"_s);
+    items[1]->trigger();
+    QCOMPARE(document()->toPlainText(), mWorkbench->console()->error_page()->toPlainText());
+}
+
+void TstJournalPlayer::example_journals_play_data()
+{
+    QTest::addColumn<QString>("file");
+    const QFileInfoList files =
+        QDir(QStringLiteral(JOURNALS)).entryInfoList({u"*.jou"_s, u"*.py"_s}, QDir::Files, QDir::Name);
+    bool journal = false;
+    bool python = false;
+    for (const QFileInfo& file : files) {
+        // The tour ends the application and has a test of its own.
+        if (file.fileName() == u"tour.jou"_s)
+            continue;
+        (file.suffix() == u"py"_s ? python : journal) = true;
+        QTest::newRow(qPrintable(file.fileName())) << file.absoluteFilePath();
+    }
+    if (!journal || !python)
+        qFatal("no example journals");
+}
+
+void TstJournalPlayer::example_journals_play()
+{
+    QFETCH(const QString, file);
+    QTemporaryDir place;
+    const QString before = QDir::currentPath();
+    // What an example writes goes to the current directory.
+    QVERIFY(QDir::setCurrent(place.path()));
+    const QString errors = mWorkbench->console()->error_page()->toPlainText();
+    enter(u"play '%1'"_s.arg(file));
+    wait_for_end();
+    QVERIFY(QDir::setCurrent(before));
+    QCOMPARE(mWorkbench->console()->error_page()->toPlainText(), errors);
+    // Each ends with a line that says so.
+    QVERIFY2(text().endsWith(u"\nThat was %1.\nFennar>"_s.arg(QFileInfo(file).fileName())),
+             qPrintable(text()));
+    // From the editor it does the same.
+    page()->clearToPrompt();
+    editor()->open_file(file);
+    QVERIFY(QDir::setCurrent(place.path()));
+    play_document();
+    QVERIFY(QDir::setCurrent(before));
+    QCOMPARE(mWorkbench->console()->error_page()->toPlainText(), errors);
+    QVERIFY2(text().contains(u"\nThat was %1.\n"_s.arg(QFileInfo(file).fileName())), qPrintable(text()));
+}
+
+void TstJournalPlayer::closing_the_editor_waits_for_the_run_only_if_it_asks_data()
+{
+    QTest::addColumn<bool>("modified");
+    QTest::newRow("unsaved changes") << true;
+    QTest::newRow("nothing to ask") << false;
+}
+
+void TstJournalPlayer::closing_the_editor_waits_for_the_run_only_if_it_asks()
+{
+    QFETCH(const bool, modified);
+    editor()->show();
+    editor()->add_document(u"step 1\nact\nstep 2"_s);
+    document()->document()->setModified(modified);
+    bool open_while_running = false;
+    mAct = [&] {
+        editor()->close();
+        open_while_running = editor()->isVisible();
+    };
+    DialogDriver driver;
+    if (modified)
+        driver.expect(u"OstrelMessageBox"_s, press(u"mNoButton"_s));
+    play_document();
+    QTRY_VERIFY(!editor()->isVisible());
+    QVERIFY(driver.finish());
+    QCOMPARE(open_while_running, modified);
+    QCOMPARE(mSteps, QStringList({u"1"_s, u"2"_s}));
+}
+
+void TstJournalPlayer::closing_the_window_asks_when_the_run_has_ended()
+{
+    editor()->show();
+    editor()->add_document(u"step 1\nact\nstep 2"_s);
+    bool running_when_asked = true;
+    mAct = [] { Ostrel::instance()->close(); };
+    DialogDriver driver;
+    driver.expect(u"OstrelMessageBox"_s, [&](QWidget* box) {
+        running_when_asked = mWorkbench->console()->is_running();
+        press(u"mCancelButton"_s)(box);
+    });
+    play_document();
+    QTRY_COMPARE(driver.seen().size(), 1);
+    QTRY_VERIFY(!QApplication::activeModalWidget());
+    QVERIFY(driver.finish());
+    QVERIFY(!running_when_asked);
+    QVERIFY(Ostrel::instance()->isVisible());
+    QVERIFY(editor()->isVisible());
+    QCOMPARE(mSteps, QStringList(u"1"_s));
+    QVERIFY2(text().contains(u"Interrupted: Untitled:2\n"_s), qPrintable(text()));
+    editor()->hide();
+}
+
+void TstJournalPlayer::tour_leaves_its_pictures_and_ends_the_application()
+{
+    QTemporaryDir place;
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(place.path()));
+    QTimer::singleShot(0, this, [this] { enter(u"play '%1'"_s.arg(QStringLiteral(JOURNALS "/tour.jou"))); });
+    mWorkbench->run();
+    const QStringList pictures = QDir().entryList({u"*.png"_s}, QDir::Files, QDir::Name);
+    QVERIFY(QDir::setCurrent(before));
+    QCOMPARE(pictures,
+             QStringList({u"commands.png"_s, u"python.png"_s, u"variables.png"_s, u"workbench.png"_s}));
+    QVERIFY(!Ostrel::instance()->isVisible());
+    QVERIFY2(!text().contains(u"ERROR"_s), qPrintable(text()));
+    QVERIFY(show_active(Ostrel::instance()));
+}
+
+OSTREL_TEST_MAIN(TstJournalPlayer)
+#include "tst_journalplayer.moc"
