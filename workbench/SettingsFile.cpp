@@ -45,8 +45,8 @@ Verdict look_at(const QString& path)
             u"the settings file \"%1\" cannot be written: %2"_s.arg(path, probe.errorString());
         if (!info.exists())
             return useless(reason);
-        return {Use::ReadOnly, u"ERROR: %1. Its settings hold, but changes are lost at the end.\n"_s.arg(
-                                   reason)};
+        return {Use::ReadOnly,
+                u"ERROR: %1. Its settings hold, but changes are lost at the end.\n"_s.arg(reason)};
     }
     probe.cancelWriting();
     return {Use::ReadAndWrite, {}};
@@ -68,9 +68,9 @@ SettingsFile::SettingsFile(const QString& file) : mDirectory(QDir::tempPath() + 
     const bool ready = QDir().mkpath(QFileInfo(place).path());
 
     if (verdict.use == Use::ReadAndWrite && (!ready || !QFile::link(path, place)))
-        verdict = {Use::None, u"ERROR: there is no temporary directory for the way to the settings file "
-                              "\"%1\": %2. What is set is lost at the end.\n"_s.arg(path,
-                                                                                    mDirectory.errorString())};
+        verdict = {Use::None,
+                   u"ERROR: there is no temporary directory for the way to the settings file "
+                   "\"%1\": %2. What is set is lost at the end.\n"_s.arg(path, mDirectory.errorString())};
     if (verdict.use == Use::ReadOnly && QFile::copy(path, place))
         QFile::setPermissions(place, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
     mError = verdict.error;

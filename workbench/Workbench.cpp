@@ -142,8 +142,8 @@ QString Workbench::default_data_directory()
 Workbench::Workbench(const QString& data_directory) : mDataDirectory(data_directory)
 {
     init_resources();
-    mComponents = std::make_unique<ComponentManager>(Fennar::instance().interpreter(),
-                                                     mDataDirectory + u"/loading"_s);
+    mComponents =
+        std::make_unique<ComponentManager>(Fennar::instance().interpreter(), mDataDirectory + u"/loading"_s);
     mComponents->set_report([this](const QString& text) { report_error(text); });
     set_up_commands();
     set_up_python();

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 // A component that has one of each: a menu, a toolbar, a dock, entries in the fixed menus, a text in the
-// about dialog, a page in the options dialog, and a command. It is meant to be copied; docs/component-guide.md walks through it.
+// about dialog, a page in the options dialog, and a command. It is meant to be copied;
+// docs/component-guide.md walks through it.
 
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
@@ -50,8 +51,8 @@ int default_number()
 /** "demo [NUMBER]" */
 void run_command(CommandCall& call)
 {
-    const int number = call.has(1) ? call.integer(1, u"a number from 1 to 100", 1, largest_number)
-                                   : default_number();
+    const int number =
+        call.has(1) ? call.integer(1, u"a number from 1 to 100", 1, largest_number) : default_number();
     call.expect_end();
     call.print(u"The demo counts to %1.\n"_s.arg(number));
 }
@@ -237,10 +238,11 @@ std::unique_ptr<DemoWindow> demo_window;
 
 void load()
 {
-    Fennar::instance().registry().add({u"demo"_s, u"demo [NUMBER]"_s, u"Counts."_s,
-                                       u"NUMBER is a whole number from 1 to 100. Without it the number of the options page\n"
-                                       "\"Plugins\", \"Demo\" holds."_s,
-                                       QString::fromLatin1(owner), &run_command});
+    Fennar::instance().registry().add(
+        {u"demo"_s, u"demo [NUMBER]"_s, u"Counts."_s,
+         u"NUMBER is a whole number from 1 to 100. Without it the number of the options page\n"
+         "\"Plugins\", \"Demo\" holds."_s,
+         QString::fromLatin1(owner), &run_command});
     if (Ostrel* window = Ostrel::instance())
         demo_window = std::make_unique<DemoWindow>(window);
 }
