@@ -35,7 +35,10 @@ Verdict look_at(const QString& path)
         if (!file.open(QIODevice::ReadOnly))
             return useless(u"the settings file \"%1\" cannot be read: %2"_s.arg(path, file.errorString()));
         // Writing would destroy what may be a file of quite another kind, given by mistake.
-        if (QSettings(path, QSettings::IniFormat).status() == QSettings::FormatError)
+        const QSettings settings(path, QSettings::IniFormat);
+        // Nothing is looked into before somebody asks.
+        settings.allKeys();
+        if (settings.status() == QSettings::FormatError)
             return useless(u"\"%1\" holds something else than settings, and is left as it is"_s.arg(path));
     }
     // Opens what QSettings will write, beside the file, and drops it.
@@ -50,6 +53,14 @@ Verdict look_at(const QString& path)
     }
     probe.cancelWriting();
     return {Use::ReadAndWrite, {}};
+}
+
+void copy(const QString& from, const QString& to)
+{
+    QFile source(from);
+    QFile target(to);
+    if (source.open(QIODevice::ReadOnly) && target.open(QIODevice::WriteOnly))
+        target.write(source.readAll());
 }
 
 } // namespace
@@ -71,8 +82,8 @@ SettingsFile::SettingsFile(const QString& file) : mDirectory(QDir::tempPath() + 
         verdict = {Use::None,
                    u"ERROR: there is no temporary directory for the way to the settings file "
                    "\"%1\": %2. What is set is lost at the end.\n"_s.arg(path, mDirectory.errorString())};
-    if (verdict.use == Use::ReadOnly && QFile::copy(path, place))
-        QFile::setPermissions(place, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    if (verdict.use == Use::ReadOnly)
+        copy(path, place);
     mError = verdict.error;
     mDataDirectory = verdict.use == Use::ReadAndWrite ? path + u".data"_s : directory + u"/data"_s;
 }
