@@ -19,8 +19,8 @@
 #include <QFile>
 #include <QFont>
 #include <QLineEdit>
+#include <QPoint>
 #include <QRandomGenerator>
-#include <QRect>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
@@ -303,7 +303,7 @@ QVariant TstOstrelSettingsProperty::garbage()
     case 2:
         return QVariantMap{{any_text(), any_text()}};
     case 3:
-        return QRect(QPoint(any_number(), any_number()), QSize(1, 1));
+        return QPoint(any_number(), any_number());
     case 4:
         return QSize(any_number(), any_number());
     case 5:
