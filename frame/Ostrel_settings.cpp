@@ -15,6 +15,7 @@
 #include <QSettings>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -24,6 +25,9 @@ namespace {
 
 // A position beyond this is not trusted, whatever the screens are.
 constexpr int largest_position = 1200;
+
+// Qt reckons with positions, and its sums overflow for the smallest numbers. No window can be beyond this.
+constexpr int smallest_position = -QWIDGETSIZE_MAX;
 
 // The keys of the entries of a recent list are this and the numbers from 1, the newest entry's, to the most.
 const auto recent_file_key = u"/file"_s;
@@ -79,7 +83,8 @@ void restore_working_directory(bool keep, const QString& saved)
 {
     if (keep && is_current_directory_writable())
         return;
-    const bool usable = !saved.isEmpty() && QDir(saved).exists();
+    // Qt complains of a null character in a name.
+    const bool usable = !saved.isEmpty() && !saved.contains(QChar::Null) && QDir(saved).exists();
     QDir::setCurrent(usable ? saved : fallback_directory(saved));
 }
 
@@ -92,9 +97,11 @@ void Ostrel::restore_settings()
     settings.beginGroup(u"/ostrel"_s);
 
     if (settings.contains(u"/x"_s) && settings.contains(u"/y"_s)) {
-        const QPoint position(read_setting(settings, u"/x"_s, 0), read_setting(settings, u"/y"_s, 0));
-        const bool far_away = position.x() > largest_position || position.y() > largest_position;
-        move(far_away ? QPoint(0, 0) : position);
+        const int x = read_setting(settings, u"/x"_s, 0);
+        const int y = read_setting(settings, u"/y"_s, 0);
+        const bool far_away = x > largest_position || y > largest_position;
+        move(far_away ? QPoint(0, 0)
+                      : QPoint(std::max(x, smallest_position), std::max(y, smallest_position)));
     }
     if (settings.contains(u"/width"_s) && settings.contains(u"/height"_s))
         resize(read_setting(settings, u"/width"_s, 0), read_setting(settings, u"/height"_s, 0));

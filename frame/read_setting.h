@@ -5,6 +5,9 @@
 
 #include <QSettings>
 
+#include <limits>
+#include <type_traits>
+
 /**
  * The value of @p key, or @p fallback if there is none or it cannot be read as a @p Value.
  *
@@ -14,5 +17,15 @@ template <class Value>
 Value read_setting(const QSettings& settings, const QString& key, const Value& fallback)
 {
     QVariant value = settings.value(key);
-    return value.convert(QMetaType::fromType<Value>()) ? value.value<Value>() : fallback;
+    if constexpr (std::is_same_v<Value, int>) {
+        // Asked for an int, QVariant cuts the upper half off a larger number.
+        if (!value.convert(QMetaType::fromType<qlonglong>()))
+            return fallback;
+        const qlonglong number = value.toLongLong();
+        const bool fits =
+            number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max();
+        return fits ? static_cast<int>(number) : fallback;
+    } else {
+        return value.convert(QMetaType::fromType<Value>()) ? value.value<Value>() : fallback;
+    }
 }

@@ -13,6 +13,8 @@
 #include "menus/HelpAboutOstrel.h"
 #include "menus/OstrelHelpMenu.h"
 #include "menus/OstrelToolsMenu.h"
+#include "options/OptionsPanel.h"
+#include "workbench/apply_python_paths.h"
 #include "workbench/component_manager/ComponentManager.h"
 #include "workbench/component_manager/component_commands.h"
 #include "workbench/console/ConsoleOwner.h"
@@ -29,6 +31,7 @@
 #include "workbench/ostrelfw/OutputRouter.h"
 #include "workbench/playback/JournalPlayer.h"
 #include "workbench/python_actions/python_actions.h"
+#include "workbench/python_literal.h"
 
 #include <QAction>
 #include <QDeadlineTimer>
@@ -123,16 +126,6 @@ void wait_for_windows()
         QCoreApplication::processEvents();
 }
 
-/** @p text as a string literal of Python. */
-QString python_literal(QString text)
-{
-    text.replace(u'\\', u"\\\\"_s);
-    text.replace(u'\'', u"\\'"_s);
-    text.replace(u'\n', u"\\n"_s);
-    text.replace(u'\r', u"\\r"_s);
-    return u'\'' + text + u'\'';
-}
-
 /** Whether @p editor asks something before it closes. */
 bool asks_before_it_closes(const JournalEditor* editor)
 {
@@ -155,12 +148,16 @@ void describe_product()
 
 } // namespace
 
-Workbench::Workbench()
+QString Workbench::default_data_directory()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+}
+
+Workbench::Workbench(const QString& data_directory) : mDataDirectory(data_directory)
 {
     init_resources();
-    mComponents = std::make_unique<ComponentManager>(
-        Fennar::instance().interpreter(),
-        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + u"/loading"_s);
+    mComponents =
+        std::make_unique<ComponentManager>(Fennar::instance().interpreter(), mDataDirectory + u"/loading"_s);
     mComponents->set_report([this](const QString& text) { report_error(text); });
     set_up_commands();
     set_up_python();
@@ -178,11 +175,6 @@ Workbench::~Workbench()
     OutputRouter::instance().set_window_listener(nullptr);
     HostMediator::instance().set_event_handler(nullptr);
     HostMediator::instance().set_exit_handler(nullptr);
-}
-
-QString Workbench::history_file()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + u"/history"_s;
 }
 
 void Workbench::set_up_commands()
@@ -257,6 +249,12 @@ void Workbench::set_up_playback()
     mCloseGuard.watch(editor, [editor] { return asks_before_it_closes(editor); });
 }
 
+void Workbench::add_start_error(const QString& error)
+{
+    if (!error.isEmpty())
+        mErrors << error;
+}
+
 bool Workbench::load()
 {
     mFrame.start_splash(":/workbench/splash.png");
@@ -276,6 +274,10 @@ bool Workbench::load()
     Ostrel::instance()->set_title(u"Fennar"_s);
     describe_product();
     set_up_playback();
+    // The pages of components come below it and go with them; the group stays. Its name sorts behind the
+    // pages of the shell, since the dialog opens on the first.
+    Ostrel::instance()->options()->add_panel(u"Plugins"_s, nullptr);
+    tell_of_start();
     mConsole->prompt();
     Ostrel::instance()->set_focus_to_command_window();
     const auto ready = [this] {
@@ -327,6 +329,7 @@ void Workbench::play_waiting()
 int Workbench::play_batch(const QString& journal)
 {
     OutputRouter::instance().set_fallback([](const QString& text) { print_to(stdout, text); });
+    tell_of_start();
     // A script must not change what the user finds at the next start.
     mComponents->set_remembering(false);
     if (mWithComponents)
@@ -342,13 +345,20 @@ int Workbench::play_batch(const QString& journal)
     return mQuitting || outcome == Playback::Outcome::Played ? 0 : 1;
 }
 
+void Workbench::tell_of_start()
+{
+    mErrors << apply_python_paths(Framework::user_python_interpreter());
+    for (const QString& text : std::exchange(mErrors, {}))
+        report_error(text);
+}
+
 void Workbench::set_console(OutputHandler* window)
 {
     mConsole.reset();
     auto* console = dynamic_cast<CommandWindow*>(window);
     if (!console)
         return;
-    mConsole = std::make_unique<ConsoleOwner>(console, history_file());
+    mConsole = std::make_unique<ConsoleOwner>(console, mDataDirectory + u"/history"_s);
     mConsole->set_interpreters(mCommands.get(), mPython.get());
     mConsole->set_busy_handler([this](bool busy) { set_busy(busy); });
     mConsole->set_mode_handler([](bool python) { Fennar::instance().set_python_mode(python); });

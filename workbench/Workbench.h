@@ -9,6 +9,7 @@
 
 #include <QElapsedTimer>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <mutex>
@@ -30,9 +31,25 @@ class OutputHandler;
 class Workbench
 {
 public:
-    /** Makes the interpreters ready. There is no window yet. */
-    Workbench();
+    /**
+     * Makes the interpreters ready. There is no window yet.
+     *
+     * @param data_directory  where the commands entered, and notes on components that are being loaded, are
+     * kept for the next run. It is made when it is needed.
+     */
+    explicit Workbench(const QString& data_directory = default_data_directory());
     ~Workbench();
+
+    /** Where the platform has the user's data of this program. */
+    static QString default_data_directory();
+
+    /**
+     * Adds to the errors that the user is told of when the program starts, on the console or, in a batch run,
+     * on standard error. An empty text adds nothing. To be called before load() and play_batch().
+     *
+     * @param error  whole lines.
+     */
+    void add_start_error(const QString& error);
 
     /** Makes the workbench load no components. To be called before load() and play_batch(). */
     void leave_components_out() { mWithComponents = false; }
@@ -63,13 +80,12 @@ public:
     /** The console's pages; null while there is no window. */
     ConsoleOwner* console() const { return mConsole.get(); }
     ComponentManager& components() { return *mComponents; }
-    /** Where the commands entered are kept for the next run. */
-    static QString history_file();
 
 private:
     void set_up_commands();
     void set_up_python();
     void set_up_playback();
+    void tell_of_start();
     void set_console(OutputHandler* window);
     void report_error(const QString& text);
     void echo(const QString& line);
@@ -85,6 +101,9 @@ private:
     void stop_running();
     void end_run();
 
+    const QString mDataDirectory;
+    /** What to tell the user once there is a place for it. */
+    QStringList mErrors;
     MainFrame mFrame;
     std::unique_ptr<LineInterpreter> mCommands;
     std::unique_ptr<LineInterpreter> mPython;

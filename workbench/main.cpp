@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "workbench/SettingsFile.h"
 #include "workbench/Workbench.h"
 #include "workbench/ostrelfw/CommandLine.h"
 
@@ -11,6 +12,7 @@
 #include <clocale>
 #include <cstdio>
 #include <cstring>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -83,7 +85,12 @@ int main(int argc, char** argv)
         return 0;
     }
 
-    Workbench workbench;
+    std::optional<SettingsFile> settings;
+    if (!command_line.settings().isEmpty())
+        settings.emplace(command_line.settings());
+    Workbench workbench(settings ? settings->data_directory() : Workbench::default_data_directory());
+    if (settings)
+        workbench.add_start_error(settings->error());
     if (!command_line.components())
         workbench.leave_components_out();
     if (command_line.batch_mode())

@@ -710,6 +710,9 @@ void TstOstrelSettings::unreadable_values_take_their_defaults_data()
     QTest::newRow("list") << list << list;
     QTest::newRow("text") << QVariant(u"many"_s) << QVariant();
     QTest::newRow("number too large") << QVariant(u"99999999999999999999"_s) << QVariant();
+    // Its lower half would be 7.
+    QTest::newRow("number of more than 32 bits") << QVariant(u"4294967303"_s) << QVariant();
+    QTest::newRow("negative number of more than 32 bits") << QVariant(u"-4294967289"_s) << QVariant();
     QTest::newRow("bytes") << QVariant(QByteArray("\x01\xff\xfe", 3)) << QVariant();
 }
 

@@ -23,6 +23,10 @@ CommandLine::CommandLine(const QStringList& words)
             mJournal = words[++i];
         else if (word == "--play"_L1)
             mError = u"--play needs the name of a journal"_s;
+        else if (word == "--settings"_L1 && i + 1 < words.size() && !words[i + 1].isEmpty())
+            mSettings = words[++i];
+        else if (word == "--settings"_L1)
+            mError = u"--settings needs the name of a file"_s;
         else
             mError = u"unknown argument \"%1\""_s.arg(word);
     }
@@ -40,12 +44,14 @@ CommandLine& CommandLine::of_application()
 
 QString CommandLine::usage()
 {
-    return u"Usage: fennar [--batch] [--no-components] [--play FILE]\n"
+    return u"Usage: fennar [--batch] [--no-components] [--settings FILE] [--play FILE]\n"
            "\n"
            "  --play FILE  play a journal of commands, or of Python if its name ends in .py\n"
            "  --batch      open no window: play the journal and end, with status 1 if it failed\n"
            "  --no-components\n"
            "               load no components at the start\n"
+           "  --settings FILE\n"
+           "               keep settings in FILE, and the history in FILE.data, not among the user's own\n"
            "  --version    print the version and end\n"
            "  --help       print this text and end\n"_s;
 }

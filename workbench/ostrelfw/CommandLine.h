@@ -30,6 +30,8 @@ public:
     QString journal() const { return mJournal; }
     /** Whether components are to be loaded at the start. */
     bool components() const { return mComponents; }
+    /** The file for the settings; empty for the user's own. */
+    QString settings() const { return mSettings; }
     /** How the program is called, as a text of several lines. */
     static QString usage();
 
@@ -42,6 +44,7 @@ public:
 private:
     QString mError;
     QString mJournal;
+    QString mSettings;
     int mGraphicsState = 0;
     bool mBatch = false;
     bool mComponents = true;

@@ -18,6 +18,7 @@ private slots:
     void words_are_read_data();
     void words_are_read();
     void components_are_loaded_unless_left_out();
+    void settings_file_is_read();
     void mistakes_are_named_data();
     void mistakes_are_named();
     void graphics_state_is_kept();
@@ -66,6 +67,15 @@ void TstCommandLine::components_are_loaded_unless_left_out()
     QCOMPARE(without.journal(), u"a.jou"_s);
 }
 
+void TstCommandLine::settings_file_is_read()
+{
+    QCOMPARE(CommandLine{QStringList()}.settings(), QString());
+    CommandLine line(QStringList{u"--settings"_s, u"a b.ini"_s, u"--play"_s, u"a.jou"_s});
+    QCOMPARE(line.error(), QString());
+    QCOMPARE(line.settings(), u"a b.ini"_s);
+    QCOMPARE(line.journal(), u"a.jou"_s);
+}
+
 void TstCommandLine::mistakes_are_named_data()
 {
     QTest::addColumn<QStringList>("words");
@@ -73,6 +83,10 @@ void TstCommandLine::mistakes_are_named_data()
     QTest::newRow("unknown argument") << QStringList{u"--fast"_s} << u"unknown argument \"--fast\""_s;
     QTest::newRow("journal without a name")
         << QStringList{u"--play"_s} << u"--play needs the name of a journal"_s;
+    QTest::newRow("settings without a name")
+        << QStringList{u"--settings"_s} << u"--settings needs the name of a file"_s;
+    QTest::newRow("settings with an empty name")
+        << QStringList{u"--settings"_s, QString()} << u"--settings needs the name of a file"_s;
     QTest::newRow("batch without a journal")
         << QStringList{u"--batch"_s} << u"--batch needs a journal: add --play FILE"_s;
 }

@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 // A component that has one of each: a menu, a toolbar, a dock, entries in the fixed menus, a text in the
-// about dialog, and a command. It is meant to be copied; docs/component-guide.md walks through it.
+// about dialog, a page in the options dialog, and a command. It is meant to be copied;
+// docs/component-guide.md walks through it.
 
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
 #include "menus/OstrelHelpMenu.h"
 #include "menus/OstrelViewMenu.h"
+#include "options/OptionsPanel.h"
 #include "workbench/components/component.h"
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandRegistry.h"
@@ -17,8 +19,10 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QDockWidget>
+#include <QFormLayout>
 #include <QLabel>
 #include <QPointer>
+#include <QSettings>
 #include <QSpinBox>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -32,13 +36,49 @@ namespace {
 /** The component's name, the owner mark of all that it adds. */
 constexpr auto owner = "demo";
 
+/** Where the page stands in the options dialog. The group is the workbench's. */
+const auto options_path = u"Plugins/Demo"_s;
+
+constexpr int largest_number = 100;
+
+/** How far the demo counts when it is not told; what others have written into the settings counts as 1. */
+int default_number()
+{
+    const int number = QSettings().value(u"/demo/number"_s, 1).toInt();
+    return number >= 1 && number <= largest_number ? number : 1;
+}
+
 /** "demo [NUMBER]" */
 void run_command(CommandCall& call)
 {
-    const int number = call.has(1) ? call.integer(1, u"a number from 1 to 100", 1, 100) : 1;
+    const int number =
+        call.has(1) ? call.integer(1, u"a number from 1 to 100", 1, largest_number) : default_number();
     call.expect_end();
     call.print(u"The demo counts to %1.\n"_s.arg(number));
 }
+
+/** The page "Plugins/Demo" of the options dialog. It takes effect on save. */
+class DemoOptions : public QWidget
+{
+    Q_OBJECT
+
+public:
+    DemoOptions() : mNumber(new QSpinBox)
+    {
+        setObjectName(u"DemoOptions"_s);
+        mNumber->setObjectName(u"demoDefaultNumber"_s);
+        mNumber->setRange(1, largest_number);
+        mNumber->setValue(default_number());
+        auto* layout = new QFormLayout(this);
+        layout->addRow(tr("Count to, unless told"), mNumber);
+    }
+
+    void refresh() { mNumber->setValue(default_number()); }
+    void save() { QSettings().setValue(u"/demo/number"_s, mNumber->value()); }
+
+private:
+    QSpinBox* mNumber;
+};
 
 /** All that the component has in the main window. Exists from load() to unload(), if there is a window. */
 class DemoWindow : public QObject
@@ -54,6 +94,7 @@ private:
     void add_menu();
     void add_toolbar();
     void add_dock();
+    void add_options();
     void count();
     void show_dialog();
 
@@ -69,6 +110,7 @@ private:
     QPointer<QSpinBox> mNumber;
     QPointer<QDialog> mDialog;
     QPointer<QLabel> mAbout;
+    QPointer<DemoOptions> mOptions;
 };
 
 DemoWindow::DemoWindow(Ostrel* window)
@@ -83,6 +125,7 @@ DemoWindow::DemoWindow(Ostrel* window)
     add_dock();
     add_menu();
     add_toolbar();
+    add_options();
 
     mAbout = new QLabel(tr("Demo component"));
     mAbout->setAlignment(Qt::AlignCenter); // as the dialog's own texts
@@ -103,6 +146,10 @@ DemoWindow::~DemoWindow()
     if (mAbout) {
         mWindow->help_menu()->remove_about(mAbout);
         delete mAbout;
+    }
+    if (mOptions) {
+        mWindow->options()->remove_panel(options_path);
+        delete mOptions;
     }
     mWindow->remove_toolbar_items(owner);
     mWindow->remove_menu_items(owner);
@@ -157,6 +204,15 @@ void DemoWindow::add_dock()
     mDock->hide();
 }
 
+void DemoWindow::add_options()
+{
+    OptionsPanel* panel = mWindow->options();
+    mOptions = new DemoOptions;
+    panel->add_panel(options_path, mOptions);
+    connect(panel, &OptionsPanel::refreshSettings, mOptions, &DemoOptions::refresh);
+    connect(panel, &OptionsPanel::saveSettings, mOptions, &DemoOptions::save);
+}
+
 void DemoWindow::count()
 {
     Fennar::instance().interpreter().run(u"demo %1"_s.arg(mNumber->value()));
@@ -183,9 +239,11 @@ std::unique_ptr<DemoWindow> demo_window;
 
 void load()
 {
-    Fennar::instance().registry().add({u"demo"_s, u"demo [NUMBER]"_s, u"Counts."_s,
-                                       u"NUMBER is a whole number from 1 to 100."_s,
-                                       QString::fromLatin1(owner), &run_command});
+    Fennar::instance().registry().add(
+        {u"demo"_s, u"demo [NUMBER]"_s, u"Counts."_s,
+         u"NUMBER is a whole number from 1 to 100. Without it the number of the options page\n"
+         "\"Plugins\", \"Demo\" holds."_s,
+         QString::fromLatin1(owner), &run_command});
     if (Ostrel* window = Ostrel::instance())
         demo_window = std::make_unique<DemoWindow>(window);
 }

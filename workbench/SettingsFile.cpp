@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/SettingsFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QSettings>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum class Use { ReadAndWrite, ReadOnly, None };
+
+struct Verdict
+{
+    Use use;
+    QString error;
+};
+
+Verdict look_at(const QString& path)
+{
+    const auto useless = [](const QString& reason) {
+        return Verdict{Use::None, u"ERROR: %1. The program runs with default settings, and what is set is "
+                                  "lost at its end.\n"_s.arg(reason)};
+    };
+    const QFileInfo info(path);
+    if (info.exists()) {
+        if (!info.isFile())
+            return useless(u"\"%1\" is no file for settings"_s.arg(path));
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly))
+            return useless(u"the settings file \"%1\" cannot be read: %2"_s.arg(path, file.errorString()));
+        // Writing would destroy what may be a file of quite another kind, given by mistake.
+        const QSettings settings(path, QSettings::IniFormat);
+        // Nothing is looked into before somebody asks.
+        settings.allKeys();
+        if (settings.status() == QSettings::FormatError)
+            return useless(u"\"%1\" holds something else than settings, and is left as it is"_s.arg(path));
+    }
+    // Opens what QSettings will write, beside the file, and drops it.
+    QSaveFile probe(path);
+    if (!probe.open(QIODevice::WriteOnly)) {
+        const QString reason =
+            u"the settings file \"%1\" cannot be written: %2"_s.arg(path, probe.errorString());
+        if (!info.exists())
+            return useless(reason);
+        return {Use::ReadOnly,
+                u"ERROR: %1. Its settings hold, but changes are lost at the end.\n"_s.arg(reason)};
+    }
+    probe.cancelWriting();
+    return {Use::ReadAndWrite, {}};
+}
+
+void copy(const QString& from, const QString& to)
+{
+    QFile source(from);
+    QFile target(to);
+    if (source.open(QIODevice::ReadOnly) && target.open(QIODevice::WriteOnly))
+        target.write(source.readAll());
+}
+
+} // namespace
+
+SettingsFile::SettingsFile(const QString& file) : mDirectory(QDir::tempPath() + u"/fennar-settings-XXXXXX"_s)
+{
+    const QString path = QFileInfo(file).absoluteFilePath();
+    Verdict verdict = look_at(path);
+
+    // Without a temporary directory nothing is read and written, rather than the user's own settings.
+    const QString directory = mDirectory.isValid() ? mDirectory.path() : u"/dev/null"_s;
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, directory + u"/user"_s);
+    QSettings::setPath(QSettings::IniFormat, QSettings::SystemScope, directory + u"/none"_s);
+    const QString place = QSettings().fileName();
+    const bool ready = QDir().mkpath(QFileInfo(place).path());
+
+    if (verdict.use == Use::ReadAndWrite && (!ready || !QFile::link(path, place)))
+        verdict = {Use::None,
+                   u"ERROR: there is no temporary directory for the way to the settings file "
+                   "\"%1\": %2. What is set is lost at the end.\n"_s.arg(path, mDirectory.errorString())};
+    if (verdict.use == Use::ReadOnly)
+        copy(path, place);
+    mError = verdict.error;
+    mDataDirectory = verdict.use == Use::ReadAndWrite ? path + u".data"_s : directory + u"/data"_s;
+}

@@ -1,0 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QString>
+
+/** @p text as a string literal of Python. */
+QString python_literal(QString text);
