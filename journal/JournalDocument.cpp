@@ -20,6 +20,7 @@
 #include <QShortcut>
 #include <QTabWidget>
 #include <QTextBlock>
+#include <QTextLayout>
 
 #include <functional>
 #include <utility>
@@ -86,15 +87,27 @@ void JournalDocument::uncomment_lines(int first, int last)
 {
     if (last < 0)
         last = blockCount() - 1;
-    QTextBlock block = document()->findBlockByNumber(first);
-    for (int number = first; number <= last && block.isValid(); ++number, block = block.next()) {
-        QTextCursor cursor(block);
-        cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    const QTextBlock begin = document()->findBlockByNumber(first);
+    const auto for_each_line = [&](auto&& work) {
+        QTextBlock block = begin;
+        for (int number = first; number <= last && block.isValid(); ++number, block = block.next())
+            work(block);
+    };
+    // The widget looks for the longest line whenever that gets shorter: among lines of one length, each time.
+    // It passes over those that are not laid out. Selecting would lay them out, save in an edit that has
+    // begun.
+    for_each_line([](const QTextBlock& line) { line.layout()->clearLayout(); });
+    for_each_line([](const QTextBlock& line) {
+        QTextCursor cursor(line);
+        cursor.beginEditBlock();
+        cursor.setPosition(line.position() + line.length() - 1, QTextCursor::KeepAnchor);
         QString text = cursor.selectedText();
         if (text.startsWith(u'#'))
             text.remove(0, 1);
         cursor.insertText(text);
-    }
+        cursor.endEditBlock();
+    });
+    for_each_line([this](const QTextBlock& line) { blockBoundingRect(line); });
 }
 
 void JournalDocument::play_lines(int first, int last)

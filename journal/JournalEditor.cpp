@@ -19,6 +19,7 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QMessageBox>
+#include <QPointer>
 #include <QScreen>
 #include <QSettings>
 #include <QSignalBlocker>
@@ -138,6 +139,9 @@ JournalEditor::~JournalEditor()
 {
     qDeleteAll(mUi->mImportItems);
     mUi->mImportItems.clear();
+    // Those that are children of the window die after the list of them.
+    for (const QAction* action : std::as_const(mUi->mContextMenuItems))
+        disconnect(action, &QObject::destroyed, this, nullptr);
     // Before the menu that it stands in.
     mRecentFiles.reset();
 }
@@ -184,6 +188,10 @@ void JournalEditor::add_context_menu_item(QAction* action)
 {
     if (!action)
         return;
+    if (!mUi->mContextMenuItems.contains(action)) {
+        // Whoever forgets to remove an action must not leave menus behind that show it.
+        connect(action, &QObject::destroyed, this, [this, action] { remove_context_menu_items(action); });
+    }
     mUi->mContextMenuItems.append(action);
     for (int i = 0; i < mUi->mDocTab->count(); ++i)
         if (JournalDocument* doc = document(i))
@@ -192,7 +200,9 @@ void JournalEditor::add_context_menu_item(QAction* action)
 
 void JournalEditor::remove_context_menu_items(QAction* action)
 {
-    mUi->mContextMenuItems.removeAll(action);
+    // One that is no longer in the list may be dead.
+    if (mUi->mContextMenuItems.removeAll(action) > 0)
+        disconnect(action, &QObject::destroyed, this, nullptr);
     for (int i = 0; i < mUi->mDocTab->count(); ++i)
         if (JournalDocument* doc = document(i))
             doc->remove_context_menu_item(action);
@@ -242,7 +252,7 @@ void JournalEditor::fileOpen()
 
 void JournalEditor::fileClose()
 {
-    JournalDocument* doc = returnCurrentDocument();
+    const QPointer<JournalDocument> doc = returnCurrentDocument();
     if (!check_modified(doc))
         return;
     if (mUi->mDocTab->count() > 1)
@@ -264,11 +274,11 @@ void JournalEditor::fileSaveAs()
 void JournalEditor::fileSaveAll()
 {
     for (int i = 0; i < mUi->mDocTab->count(); ++i) {
-        JournalDocument* doc = document(i);
+        const QPointer<JournalDocument> doc = document(i);
         if (!doc || !is_modified(doc))
             continue;
         save_document(doc);
-        if (is_modified(doc))
+        if (doc && is_modified(doc))
             return;
     }
 }
@@ -366,7 +376,7 @@ void JournalEditor::closeEvent(QCloseEvent* e)
 {
     QSignalBlocker blocker(mUi->mDocTab);
     for (int i = mUi->mDocTab->count() - 1; i >= 0; --i) {
-        JournalDocument* doc = document(i);
+        const QPointer<JournalDocument> doc = document(i);
         if (!check_modified(doc)) {
             blocker.unblock();
             update_title(-1);
@@ -420,6 +430,8 @@ bool JournalEditor::check_modified(JournalDocument* doc)
         return true;
     }
 
+    // While the user is asked, others run: one of them may close the document.
+    const QPointer<JournalDocument> watched = doc;
     mUi->mDocTab->setCurrentWidget(doc);
     bool never_again = false;
     const int answer = OstrelMessageBox::warning(
@@ -427,12 +439,13 @@ bool JournalEditor::check_modified(JournalDocument* doc)
         never_again, QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel,
         tr("Never prompt me when there is unsaved data."));
     if (answer == QMessageBox::Yes) {
-        save_document(doc);
-        return !is_modified(doc);
+        save_document(watched);
+        return !watched || !is_modified(watched);
     }
     if (answer == QMessageBox::No) {
         mDoPrompt = !never_again;
-        set_modified(doc, false);
+        if (watched)
+            set_modified(watched, false);
         return true;
     }
     return false;
@@ -462,6 +475,8 @@ void JournalEditor::save_document_as(JournalDocument* doc)
 {
     if (!doc)
         return;
+    // While the user is asked, and when the new name is told, others run: one of them may close the document.
+    const QPointer<JournalDocument> watched = doc;
     QString name = QFileDialog::getSaveFileName(this, tr("Save As"), OstrelFileMenu::mPath,
                                                 tr("Journal files (*.jou *.py);;All Files (*.*)"));
     if (name.isEmpty())
@@ -475,10 +490,12 @@ void JournalEditor::save_document_as(JournalDocument* doc)
         QMessageBox::warning(this, tr("Save As"), name + tr(" already exists.\nDo you want to replace it?"),
                              QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
         return;
-    doc->set_file_name(name);
+    if (!watched)
+        return;
+    watched->set_file_name(name);
     if (mRecentFiles)
         mRecentFiles->add(name);
-    save_document(doc);
+    save_document(watched);
 }
 
 void JournalEditor::remove_document(JournalDocument* doc)

@@ -62,7 +62,7 @@ public:
     /** Adds @p action, which stays the caller's, to the context menu of all documents, present and to come.
      * Null is ignored. */
     void add_context_menu_item(QAction* action);
-    /** Takes @p action out of the context menus. To be called before the action is deleted. */
+    /** Takes @p action out of the context menus. An action that is deleted leaves them by itself. */
     void remove_context_menu_items(QAction* action);
 
     /** The font of the first document. */

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QPointer>
 
 #include <memory>
 
@@ -39,5 +40,5 @@ private slots:
 
 private:
     std::unique_ptr<Ui::JournalFindDialog> ui;
-    JournalDocument* mDocument = nullptr;
+    QPointer<JournalDocument> mDocument;
 };

@@ -90,6 +90,7 @@ private slots:
     void scrolling_moves_the_strip();
     void strip_shows_black_numbers_on_light_grey_data();
     void strip_shows_black_numbers_on_light_grey();
+    void strip_cuts_fractions_of_pixels();
     void strip_skips_hidden_lines();
     void strip_paints_only_where_it_is_asked();
     void strip_keeps_its_colours_in_dark_ones();
@@ -321,6 +322,17 @@ void TstJournalDocument::strip_shows_black_numbers_on_light_grey()
     const QImage found = mDocument->strip()->grab().toImage().convertToFormat(QImage::Format_RGB32);
     QCOMPARE(found, expected_strip());
     QCOMPARE(found.pixelColor(0, found.height() - 1), QColor(Qt::lightGray));
+    mTabs->hide();
+}
+
+void TstJournalDocument::strip_cuts_fractions_of_pixels()
+{
+    mDocument->setPlainText(numbered_lines(3));
+    mDocument->document()->setDocumentMargin(4.75);
+    QVERIFY(show_active(mTabs.get()));
+    const QTextBlock first = mDocument->document()->firstBlock();
+    QCOMPARE(mDocument->blockBoundingGeometry(first).translated(mDocument->contentOffset()).top(), 4.75);
+    QCOMPARE(mDocument->strip()->grab().toImage().convertToFormat(QImage::Format_RGB32), expected_strip());
     mTabs->hide();
 }
 

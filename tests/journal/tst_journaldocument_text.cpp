@@ -11,10 +11,12 @@
 #include "support/TestCase.h"
 #include "support/windows.h"
 
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QTest>
 
+#include <ctime>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -36,6 +38,8 @@ private slots:
     void each_commented_line_is_its_own_edit();
     void each_uncommented_line_is_its_own_edit();
     void uncomment_writes_back_what_it_leaves();
+    void uncomment_takes_no_longer_than_comment_for_lines_of_one_length();
+    void uncomment_leaves_room_for_the_longest_line();
     void comment_commands_take_every_line_the_selection_touches_data();
     void comment_commands_take_every_line_the_selection_touches();
     void first_line_decides_whether_all_are_commented_data();
@@ -186,6 +190,38 @@ void TstJournalDocumentText::uncomment_writes_back_what_it_leaves()
     QVERIFY(!document->document()->isModified());
     document->uncomment_lines(0, 0);
     QVERIFY(document->document()->isModified());
+}
+
+/** It took the square of the number of lines, since each was the longest one when its turn came. */
+void TstJournalDocumentText::uncomment_takes_no_longer_than_comment_for_lines_of_one_length()
+{
+    constexpr int count = 10'000;
+    JournalDocument* document = open(QStringList(count, u"volume size 0.5"_s));
+    // Time of the processor, since others may keep it busy meanwhile.
+    const auto time = [](auto&& work) {
+        const std::clock_t start = std::clock();
+        work();
+        return std::clock() - start;
+    };
+    const std::clock_t comment = time([&] { document->comment_lines(0, -1); });
+    const std::clock_t uncomment = time([&] { document->uncomment_lines(0, -1); });
+    QCOMPARE(lines(*document), QStringList(count, u"volume size 0.5"_s));
+    QVERIFY(comment > 0);
+    QVERIFY2(uncomment < 6 * comment, qPrintable(u"%1 and %2 ticks"_s.arg(comment).arg(uncomment)));
+}
+
+void TstJournalDocumentText::uncomment_leaves_room_for_the_longest_line()
+{
+    const QString longest(300, u'x');
+    JournalDocument* document = open({u"#a"_s, u'#' + longest, u"#b"_s, u"#"_s + QString(200, u'x')});
+    QVERIFY(show_active(mEditor.get()));
+    const auto range = [document] { return document->horizontalScrollBar()->maximum(); };
+    document->uncomment_lines(0, -1);
+    const int uncommented = range();
+    document->setPlainText(QStringList({u"a"_s, longest, u"b"_s, QString(200, u'x')}).join(u'\n'));
+    QVERIFY(range() > 0);
+    QCOMPARE(uncommented, range());
+    mEditor->hide();
 }
 
 void TstJournalDocumentText::comment_commands_take_every_line_the_selection_touches_data()

@@ -27,6 +27,8 @@
 #include <QTranslator>
 #include <QVBoxLayout>
 
+#include <memory>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -113,6 +115,8 @@ private slots:
     void context_menu_items_reach_all_documents();
     void context_menu_items_are_removed_everywhere();
     void context_menu_item_of_null_is_ignored();
+    void context_menu_items_that_die_unremoved_are_gone();
+    void context_menu_items_may_belong_to_the_window();
 
     // Editing.
     void edit_actions_act_on_the_current_document();
@@ -158,6 +162,7 @@ void TstJournalEditor::form_has_names_sizes_and_title()
     QCOMPARE(bar->property("closeMode"), QVariant(2));
     QCOMPARE(bar->property("label"), QVariant(u"Tools"_s));
     QCOMPARE(editor.menuWidget()->objectName(), u"menubar"_s);
+    QCOMPARE(editor.menuWidget()->geometry(), QRect(0, 0, 600, 21));
 }
 
 void TstJournalEditor::window_of_a_parent_stays_a_window()
@@ -204,7 +209,8 @@ void TstJournalEditor::action_has_texts_and_icon_data()
     QTest::newRow("fileSaveAllAction")
         << u"Sa&ve All"_s << u"Save All"_s << u"Ctrl+Shift+S"_s << u"Save All"_s << QString();
     QTest::newRow("fennarTransAction")
-        << u"&Fennar"_s << u"Fennar"_s << QString() << u"Translate to Fennar Commands"_s << QString();
+        << u"&Fennar"_s << u"Fennar"_s << QString() << u"Translate to Fennar Commands"_s
+        << u":/fennargui/halvane_fennar.png"_s;
     QTest::newRow("toolsPythonize") << u"Translate to Python"_s << u"Translate to Python"_s << QString()
                                     << u"Translate to Python"_s << u"trpython.svg"_s;
 }
@@ -231,7 +237,8 @@ void TstJournalEditor::action_has_texts_and_icon()
     if (icon.isEmpty()) {
         QVERIFY(action->icon().pixmap(QSize(22, 22)).isNull());
     } else {
-        const QImage expected = picture(QIcon(u":/ostrelgui/images/light/"_s + icon));
+        const QString bundled = u":/ostrelgui/images/light/"_s + icon;
+        const QImage expected = picture(QIcon(icon.startsWith(u':') ? icon : bundled));
         QVERIFY(!expected.isNull());
         QCOMPARE(picture(action->icon()), expected);
     }
@@ -822,6 +829,46 @@ void TstJournalEditor::context_menu_item_of_null_is_ignored()
     QVERIFY(context_menu(document_of(editor, 0)).contains(u"Select All [Ctrl+A] (enabled)"_s));
 }
 
+/** A component that deletes what it added and forgets to say so. */
+void TstJournalEditor::context_menu_items_that_die_unremoved_are_gone()
+{
+    JournalEditor editor;
+    typed_document(editor, u"a"_s);
+    auto dying = std::make_unique<QAction>(u"extension 1"_s);
+    QAction kept(u"extension 2"_s);
+    QAction back(u"extension 3"_s);
+    for (QAction* action : {dying.get(), &kept, dying.get(), &back})
+        editor.add_context_menu_item(action);
+    editor.remove_context_menu_items(&back);
+    editor.add_context_menu_item(&back);
+    typed_document(editor, u"b"_s);
+    dying.reset();
+    typed_document(editor, u"c"_s);
+    QVERIFY(show_active(&editor));
+    QCOMPARE(tabs_of(editor)->count(), 3);
+    for (const int i : {0, 1, 2}) {
+        tabs_of(editor)->setCurrentIndex(i);
+        QCOMPARE(extension_rows(document_of(editor, i)),
+                 QStringList({u"extension 2 [] (enabled)"_s, u"extension 3 [] (enabled)"_s}));
+    }
+}
+
+void TstJournalEditor::context_menu_items_may_belong_to_the_window()
+{
+    auto editor = std::make_unique<JournalEditor>();
+    const QPointer<QAction> of_window = new QAction(u"extension 1"_s, editor.get());
+    const QPointer<QAction> of_document = new QAction(u"extension 2"_s, document_of(*editor, 0));
+    editor->add_context_menu_item(of_window);
+    editor->add_context_menu_item(of_document);
+    typed_document(*editor, u"a"_s);
+    typed_document(*editor, u"b"_s);
+    delete document_of(*editor, 0);
+    QVERIFY(show_active(editor.get()));
+    QCOMPARE(extension_rows(document_of(*editor, 0)), QStringList(u"extension 1 [] (enabled)"_s));
+    editor.reset();
+    QVERIFY(!of_window);
+}
+
 void TstJournalEditor::edit_actions_act_on_the_current_document()
 {
     JournalEditor editor;
@@ -852,17 +899,25 @@ void TstJournalEditor::edit_actions_without_a_document_do_nothing()
 {
     JournalEditor editor;
     typed_document(editor, u"a"_s);
-    tabs_of(editor)->addTab(new QPlainTextEdit(u"no document"_s), u"other"_s);
+    auto* const other = new QPlainTextEdit(u"no document"_s);
+    other->selectAll();
+    tabs_of(editor)->addTab(other, u"other"_s);
     tabs_of(editor)->setCurrentIndex(1);
     QSignalSpy played(&editor, &JournalEditor::processCommandsAsFile);
+    QSignalSpy played_lines(&editor, &JournalEditor::processCommands);
     for (const auto* name :
          {"editUndoAction", "editRedoAction", "editCutAction", "editCopyAction", "editPasteAction",
           "toolsPlayAction", "toolsPythonize", "fileSaveAction", "fileSaveAsAction", "fileCloseAction"})
         action_of(editor, QString::fromLatin1(name))->trigger();
+    editor.commentSelected();
+    editor.uncommentSelected();
+    editor.commentOrUncommentSelected();
+    editor.playSelected();
+    editor.pythonizeSelected();
     QCOMPARE(tab_texts(editor), QStringList({u"* Untitled"_s, u"other"_s}));
     QCOMPARE(document_of(editor, 0)->toPlainText(), u"a"_s);
-    QCOMPARE(qobject_cast<QPlainTextEdit*>(tabs_of(editor)->widget(1))->toPlainText(), u"no document"_s);
-    QCOMPARE(played.size(), 0);
+    QCOMPARE(other->toPlainText(), u"no document"_s);
+    QCOMPARE(played.size() + played_lines.size(), 0);
 }
 
 void TstJournalEditor::print_is_disabled_and_does_nothing()

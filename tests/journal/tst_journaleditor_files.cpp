@@ -6,6 +6,7 @@
 #include "hostdouble/HostDouble.h"
 #include "journal/JournalDocument.h"
 #include "journal/JournalEditor.h"
+#include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
 #include "support/dialogs.h"
 #include "support/windows.h"
@@ -153,6 +154,10 @@ private slots:
     void odd_names_make_the_round_trip();
     void save_all_saves_what_is_modified();
     void save_all_stops_where_a_name_is_refused();
+    void save_all_stops_where_a_save_fails();
+    void file_that_went_or_changed_meanwhile_is_written_anew();
+    void line_ends_of_another_system_are_not_kept();
+    void texts_of_the_dialogs_are_translated_in_the_context_of_the_window();
 
     // Unsaved changes.
     void question_about_unsaved_changes_reads_as_it_should();
@@ -178,6 +183,13 @@ private slots:
     void closing_the_window_leaves_the_first_document();
     void closing_the_window_asks_from_the_last_tab_to_the_first();
     void refused_close_keeps_window_and_remaining_tabs();
+    void closing_the_window_saves_what_it_is_told_to();
+    void failing_save_keeps_the_window();
+    void ticked_no_silences_the_question_for_the_rest_of_the_window();
+    void document_may_be_closed_while_the_user_is_asked_about_it_data();
+    void document_may_be_closed_while_the_user_is_asked_about_it();
+    void document_may_be_closed_while_its_name_is_chosen();
+    void document_may_be_closed_when_it_gets_its_name();
     void closed_window_can_be_shown_again();
     void exit_closes_the_window();
     void close_events_are_answered();
@@ -797,6 +809,89 @@ void TstJournalEditorFiles::save_all_stops_where_a_name_is_refused()
     QVERIFY(is_modified(document_of(editor, 2)));
 }
 
+void TstJournalEditorFiles::save_all_stops_where_a_save_fails()
+{
+    JournalEditor editor;
+    typed_document(editor, u"a"_s)->set_file_name(path(u"no/such/a.jou"_s));
+    typed_document(editor, u"b"_s)->set_file_name(path(u"b.jou"_s));
+    DialogDriver driver;
+    driver.expect(u"QMessageBox"_s, press(QDialogButtonBox::Ok));
+    editor.fileSaveAll();
+    QVERIFY(driver.finish());
+    QVERIFY(!QFile::exists(path(u"b.jou"_s)));
+    QVERIFY(is_modified(document_of(editor, 0)));
+    QVERIFY(is_modified(document_of(editor, 1)));
+}
+
+void TstJournalEditorFiles::file_that_went_or_changed_meanwhile_is_written_anew()
+{
+    const QString name = write(u"a.jou"_s, "old");
+    JournalEditor editor;
+    editor.open_file(name);
+    QVERIFY(QFile::remove(name));
+    editor.fileSave();
+    QCOMPARE(read(u"a.jou"_s), "old\n");
+    QCOMPARE(write(u"a.jou"_s, "somebody else's, and longer"), name);
+    editor.fileSave();
+    QCOMPARE(read(u"a.jou"_s), "old\n");
+}
+
+void TstJournalEditorFiles::line_ends_of_another_system_are_not_kept()
+{
+    // The widget takes them for its own kind; the program itself would leave them.
+    const QString name = write(u"a.jou"_s, "a\r\nb\r\n");
+    JournalEditor editor;
+    editor.open_file(name);
+    editor.fileSave();
+    QCOMPARE(read(u"a.jou"_s), "a\nb\n\n");
+}
+
+void TstJournalEditorFiles::texts_of_the_dialogs_are_translated_in_the_context_of_the_window()
+{
+    const MarkingTranslator translator("JournalEditor");
+    JournalEditor editor;
+    typed_document(editor, u"a"_s);
+    QVERIFY(QDir(mDirectory->path()).mkdir(u"folder.jou"_s));
+    QStringList shown;
+    const auto note_box = [&shown](QMessageBox* box, QDialogButtonBox::StandardButton button) {
+        shown << box->windowTitle() << box->text();
+        press(button)(box);
+    };
+    DialogDriver driver;
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) {
+        shown << dialog->windowTitle() << dialog->nameFilters();
+        press(QDialogButtonBox::Cancel)(dialog);
+    });
+    editor.fileOpen();
+    driver.expect<QMessageBox>([&](QMessageBox* box) { note_box(box, QDialogButtonBox::Ok); });
+    editor.open_file(path(u"missing.jou"_s));
+    const QString existing = write(u"b.jou"_s, "b");
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) {
+        shown << dialog->windowTitle() << dialog->nameFilters();
+        choose(dialog, path(u"b"_s));
+    });
+    driver.expect<QMessageBox>([&](QMessageBox* box) { note_box(box, QDialogButtonBox::No); });
+    editor.fileSave();
+    driver.expect(unsaved_box, [&](QWidget* dialog) {
+        const Question question = question_of(dialog);
+        shown << question.title << question.text << question.box;
+        press(cancel)(dialog);
+    });
+    editor.fileClose();
+    document_of(editor, 0)->set_file_name(path(u"folder.jou"_s));
+    driver.expect<QMessageBox>([&](QMessageBox* box) { note_box(box, QDialogButtonBox::Ok); });
+    editor.fileSave();
+    QVERIFY(driver.finish());
+    QCOMPARE(shown, QStringList({u"<Open>"_s, u"<Journal Files (*.jou *.py)"_s, u"All Files (*.*)>"_s,
+                                 u"<File Error>"_s, u"<Unable to open the file.>"_s, u"<Save As>"_s,
+                                 u"<Journal files (*.jou *.py)"_s, u"All Files (*.*)>"_s, u"<Save As>"_s,
+                                 existing + u"< already exists.\nDo you want to replace it?>"_s,
+                                 u"<Journal Editor>"_s,
+                                 u"<The document has been modified.\nDo you wish to save the changes?>"_s,
+                                 u"<Never prompt me when there is unsaved data.>"_s, u"<File Error>"_s,
+                                 u"<Unable to save the file.>"_s}));
+}
+
 void TstJournalEditorFiles::question_about_unsaved_changes_reads_as_it_should()
 {
     JournalEditor editor;
@@ -1122,6 +1217,139 @@ void TstJournalEditorFiles::refused_close_keeps_window_and_remaining_tabs()
     QCOMPARE(editor.windowTitle(), path(u"b.jou"_s) + u" - Journal Editor"_s);
     QVERIFY(!tabs_of(editor)->signalsBlocked());
     QCOMPARE(QSettings().allKeys().filter(u"journal"_s), QStringList());
+}
+
+void TstJournalEditorFiles::closing_the_window_saves_what_it_is_told_to()
+{
+    JournalEditor editor;
+    typed_document(editor, u"first"_s)->set_file_name(path(u"a.jou"_s));
+    typed_document(editor, u"second"_s)->set_file_name(path(u"b.jou"_s));
+    typed_document(editor, u"third"_s);
+    QVERIFY(show_active(&editor));
+    DialogDriver driver;
+    driver.expect(unsaved_box, answer(yes));
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, path(u"c"_s)); });
+    driver.expect(unsaved_box, answer(no));
+    driver.expect(unsaved_box, answer(yes));
+    QVERIFY(editor.close());
+    QVERIFY(driver.finish());
+    QCOMPARE(read(u"c.jou"_s), "third");
+    QVERIFY(!QFile::exists(path(u"b.jou"_s)));
+    QCOMPARE(read(u"a.jou"_s), "first");
+    QCOMPARE(tab_texts(editor), QStringList(u"a.jou"_s));
+    QCOMPARE(QSettings().value(u"/ostrelgui/journal/file1"_s).toString(), path(u"c.jou"_s));
+}
+
+void TstJournalEditorFiles::failing_save_keeps_the_window()
+{
+    JournalEditor editor;
+    typed_document(editor, u"first"_s)->set_file_name(path(u"no/such/a.jou"_s));
+    typed_document(editor, u"second"_s);
+    QVERIFY(show_active(&editor));
+    DialogDriver driver;
+    driver.expect(unsaved_box, answer(no));
+    driver.expect(unsaved_box, answer(yes));
+    driver.expect(u"QMessageBox"_s, press(QDialogButtonBox::Ok));
+    QVERIFY(!editor.close());
+    QVERIFY(driver.finish());
+    QVERIFY(editor.isVisible());
+    QCOMPARE(texts_of(editor), QStringList(u"first"_s));
+    QVERIFY(is_modified(document_of(editor, 0)));
+    QCOMPARE(editor.windowTitle(), path(u"no/such/a.jou"_s) + u" - Journal Editor"_s);
+    editor.hide();
+}
+
+void TstJournalEditorFiles::ticked_no_silences_the_question_for_the_rest_of_the_window()
+{
+    JournalEditor editor;
+    for (const auto* text : {"first", "second", "third"})
+        typed_document(editor, QString::fromLatin1(text))->set_file_name(path(QString::fromLatin1(text)));
+    QVERIFY(show_active(&editor));
+    DialogDriver driver;
+    driver.expect(unsaved_box, answer(no, true));
+    QVERIFY(editor.close());
+    QVERIFY(driver.finish());
+    QCOMPARE(QDir(mDirectory->path()).entryList(QDir::Files), QStringList());
+    QVERIFY(!is_modified(document_of(editor, 0)));
+    QCOMPARE(QSettings().value(u"/ostrelgui/journal/unsavedjournalprompt"_s), QVariant(u"false"_s));
+}
+
+void TstJournalEditorFiles::document_may_be_closed_while_the_user_is_asked_about_it_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QString>("command");
+    for (const QString& command : {u"close"_s, u"close tab"_s, u"close window"_s})
+        for (const QString& button : {yes, no, cancel})
+            QTest::newRow(qPrintable(command + u", "_s + button)) << button << command;
+}
+
+/** By a script, say, which runs on while the question is on the screen. */
+void TstJournalEditorFiles::document_may_be_closed_while_the_user_is_asked_about_it()
+{
+    QFETCH(const QString, button);
+    QFETCH(const QString, command);
+    JournalEditor editor;
+    typed_document(editor, u"first"_s);
+    document_of(editor, 0)->document()->setModified(false);
+    typed_document(editor, u"second"_s)->set_file_name(path(u"b.jou"_s));
+    QVERIFY(show_active(&editor));
+    const QPointer<JournalDocument> doc = editor.returnCurrentDocument();
+    DialogDriver driver;
+    driver.expect(unsaved_box, [&](QWidget* dialog) {
+        doc->document()->setModified(false);
+        editor.fileClose();
+        press(button)(dialog);
+    });
+    if (command == "close"_L1)
+        editor.fileClose();
+    else if (command == "close tab"_L1)
+        editor.close_tab(1);
+    else
+        editor.close();
+    QVERIFY(driver.finish());
+    QVERIFY(!doc);
+    QCOMPARE(texts_of(editor), QStringList(u"first"_s));
+    // There was nothing to write any more.
+    QVERIFY(!QFile::exists(path(u"b.jou"_s)));
+    editor.hide();
+}
+
+void TstJournalEditorFiles::document_may_be_closed_while_its_name_is_chosen()
+{
+    JournalEditor editor;
+    typed_document(editor, u"first"_s);
+    const QPointer<JournalDocument> doc = typed_document(editor, u"second"_s);
+    DialogDriver driver;
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) {
+        doc->document()->setModified(false);
+        editor.fileClose();
+        choose(dialog, path(u"b.jou"_s));
+    });
+    editor.fileSaveAs();
+    QVERIFY(driver.finish());
+    QVERIFY(!doc);
+    QVERIFY(!QFile::exists(path(u"b.jou"_s)));
+    QCOMPARE(tab_texts(editor), QStringList(u"* Untitled"_s));
+    QCOMPARE(recent_entries(editor), QStringList());
+}
+
+void TstJournalEditorFiles::document_may_be_closed_when_it_gets_its_name()
+{
+    JournalEditor editor;
+    typed_document(editor, u"first"_s);
+    const QPointer<JournalDocument> doc = typed_document(editor, u"second"_s);
+    connect(doc, &JournalDocument::fileNameChanged, &editor, [&] {
+        doc->document()->setModified(false);
+        editor.fileClose();
+    });
+    document_of(editor, 0)->document()->setModified(false);
+    DialogDriver driver;
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, path(u"b.jou"_s)); });
+    editor.fileSaveAll();
+    QVERIFY(driver.finish());
+    QVERIFY(!doc);
+    QVERIFY(!QFile::exists(path(u"b.jou"_s)));
+    QCOMPARE(texts_of(editor), QStringList(u"first"_s));
 }
 
 void TstJournalEditorFiles::closed_window_can_be_shown_again()

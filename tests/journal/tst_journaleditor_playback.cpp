@@ -7,9 +7,12 @@
 #include "journal/JournalDocument.h"
 #include "journal/JournalEditor.h"
 #include "support/TestCase.h"
+#include "support/menus.h"
 #include "support/windows.h"
 
 #include <QAction>
+#include <QContextMenuEvent>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QTest>
@@ -51,6 +54,8 @@ private slots:
     void playing_brings_the_main_window_to_the_front();
     void playing_without_a_main_window_works();
     void signal_comes_before_the_call_returns();
+    void receiver_may_close_the_document_that_it_plays_data();
+    void receiver_may_close_the_document_that_it_plays();
     void keys_play();
     void file_is_translated_under_its_first_line();
     void selection_is_translated_by_the_same_rule();
@@ -208,6 +213,47 @@ void TstJournalEditorPlayback::signal_comes_before_the_call_returns()
     editor().playFile();
     order << u"returned"_s;
     QCOMPARE(order, QStringList({u"one"_s, u"returned"_s}));
+}
+
+void TstJournalEditorPlayback::receiver_may_close_the_document_that_it_plays_data()
+{
+    QTest::addColumn<QString>("how");
+    QTest::newRow("F5") << u"F5"_s;
+    QTest::newRow("Ctrl+F5") << u"Ctrl+F5"_s;
+    QTest::newRow("menu") << QString();
+}
+
+void TstJournalEditorPlayback::receiver_may_close_the_document_that_it_plays()
+{
+    QFETCH(const QString, how);
+    doc()->setPlainText(u"first"_s);
+    editor().add_document(u"second"_s);
+    const QPointer<JournalDocument> played = editor().returnCurrentDocument();
+    played->document()->setModified(false);
+    played->selectAll();
+    QVERIFY(show_active(&editor()));
+    played->setFocus();
+    QStringList received;
+    const auto close = [this, &received](const QStringList& cmds) {
+        received << cmds;
+        editor().fileClose();
+    };
+    connect(&editor(), &JournalEditor::processCommandsAsFile, mWindow.get(), close);
+    connect(&editor(), &JournalEditor::processCommands, mWindow.get(), close);
+    if (how.isEmpty()) {
+        bool chosen = false;
+        const MenuDriver driver([&](QMenu* menu) { chosen = choose(menu, u"Play Selected"_s); });
+        QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5},
+                                played->viewport()->mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(played->viewport(), &event);
+        QVERIFY(chosen);
+    } else {
+        QTest::keySequence(editor().windowHandle(), QKeySequence(how, QKeySequence::PortableText));
+    }
+    QCOMPARE(received, QStringList(u"second"_s));
+    QVERIFY(!played);
+    QCOMPARE(texts_of(editor()), QStringList(u"first"_s));
+    editor().close();
 }
 
 void TstJournalEditorPlayback::keys_play()

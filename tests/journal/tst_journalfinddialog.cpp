@@ -66,6 +66,8 @@ private slots:
     void return_searches_once_and_next_takes_the_focus_data();
     void return_searches_once_and_next_takes_the_focus();
     void return_elsewhere_presses_the_default_button();
+    void next_takes_the_focus_for_another_reason();
+    void document_that_is_closed_meanwhile_is_not_searched();
 
     // Marking.
     void hit_turns_grey_and_the_document_is_modified();
@@ -507,6 +509,52 @@ void TstJournalFindDialog::return_elsewhere_presses_the_default_button()
     child<QCheckBox>("cbWholeWords")->setFocus();
     QTest::keyClick(mDialog->windowHandle(), Qt::Key_Escape);
     QVERIFY(mDialog->isHidden());
+}
+
+namespace {
+
+/** Remembers why a widget got the focus. */
+class FocusWatch : public QObject
+{
+public:
+    explicit FocusWatch(QWidget* widget) { widget->installEventFilter(this); }
+    QList<Qt::FocusReason> reasons;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::FocusIn)
+            reasons << static_cast<QFocusEvent*>(event)->reason();
+        return false;
+    }
+};
+
+} // namespace
+
+void TstJournalFindDialog::next_takes_the_focus_for_another_reason()
+{
+    show(u"one"_s, u"one"_s);
+    QVERIFY(show_active(mDialog.get()));
+    child<QLineEdit>("mFindText")->setFocus();
+    const FocusWatch watch(child<QPushButton>("pbNext"));
+    next();
+    QCOMPARE(watch.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
+    mDialog->hide();
+}
+
+/** The user cannot do that while the dialog is open, but a script can. */
+void TstJournalFindDialog::document_that_is_closed_meanwhile_is_not_searched()
+{
+    doc()->setPlainText(u"one"_s);
+    editor().add_document(u"one"_s);
+    editor().returnCurrentDocument()->document()->setModified(false);
+    mDialog->show();
+    child<QLineEdit>("mFindText")->setText(u"one"_s);
+    editor().fileClose();
+    QCOMPARE(tabs_of(editor())->count(), 1);
+    next();
+    QCOMPARE(selection(), QPoint(0, 0));
+    QVERIFY(mDialog->isVisible());
 }
 
 void TstJournalFindDialog::hit_turns_grey_and_the_document_is_modified()
