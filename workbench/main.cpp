@@ -5,6 +5,7 @@
 #include "workbench/ostrelfw/CommandLine.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QIcon>
 
 #include <algorithm>
@@ -83,12 +84,18 @@ int main(int argc, char** argv)
         return 0;
     }
 
+    // Before the main window goes to the directory of the last run.
+    const QString model =
+        command_line.file().isEmpty() ? QString() : QFileInfo(command_line.file()).absoluteFilePath();
+
     Workbench workbench;
     if (!command_line.components())
         workbench.leave_components_out();
     if (command_line.batch_mode())
-        return workbench.play_batch(command_line.journal());
+        return workbench.play_batch(command_line.journal(), model);
     workbench.load();
+    if (!model.isEmpty())
+        workbench.open_later(model);
     if (!command_line.journal().isEmpty())
         workbench.play_later(command_line.journal());
     workbench.run();

@@ -28,6 +28,8 @@ public:
     bool version() const { return mVersion; }
     /** The journal to play after the start; empty for none. */
     QString journal() const { return mJournal; }
+    /** The model to open after the start; empty for none. */
+    QString file() const { return mFile; }
     /** Whether components are to be loaded at the start. */
     bool components() const { return mComponents; }
     /** How the program is called, as a text of several lines. */
@@ -40,8 +42,11 @@ public:
     bool batch_mode() override;
 
 private:
+    void take_file(const QString& word);
+
     QString mError;
     QString mJournal;
+    QString mFile;
     int mGraphicsState = 0;
     bool mBatch = false;
     bool mComponents = true;

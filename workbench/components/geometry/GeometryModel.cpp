@@ -16,6 +16,7 @@
 #include <gmsh.h>
 #include <limits>
 #include <numbers>
+#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -613,4 +614,83 @@ void GeometryModel::changed(int id)
     solid.measures.reset();
     ++mRevision;
     emit solid_changed(id);
+}
+
+GeometryContents GeometryModel::contents() const
+{
+    const QTemporaryDir directory;
+    if (!directory.isValid())
+        throw GeometryError(u"no temporary folder can be made: "_s + directory.errorString());
+    const QString path = directory.filePath(u"solid.brep"_s);
+    GeometryContents result;
+    result.last_id = mLastId;
+    for (const auto& [id, solid] : mSolids) {
+        write_brep(id, path);
+        QFile file(path);
+        GeometryContents::Solid saved{id, solid.name, {}};
+        if (file.open(QIODevice::ReadOnly))
+            saved.brep = file.readAll();
+        if (saved.brep.isEmpty() || saved.brep.size() != file.size())
+            throw GeometryError(u"a temporary file cannot be read: "_s + file.errorString());
+        result.solids << saved;
+    }
+    result.mesh = mMesh;
+    result.mesh_age = mMesh ? mRevision - mMesh->revision : 0;
+    return result;
+}
+
+void GeometryModel::replace(const GeometryContents& contents)
+{
+    const QTemporaryDir directory;
+    if (!directory.isValid())
+        throw GeometryError(u"no temporary folder can be made: "_s + directory.errorString());
+    const QString path = directory.filePath(u"solid.brep"_s);
+    std::map<int, Entry> solids;
+    std::map<QString, int> ids;
+    std::vector<std::unique_ptr<Draft>> drafts;
+    for (const GeometryContents::Solid& solid : contents.solids) {
+        if (solid.id < 1 || solid.id > contents.last_id || !is_name(solid.name) ||
+            !ids.emplace(solid.name, solid.id).second || !solids.try_emplace(solid.id).second)
+            throw GeometryError(
+                u"the id %1 or the name \"%2\" cannot be that of a solid"_s.arg(solid.id).arg(solid.name));
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(solid.brep) != solid.brep.size() || !file.flush())
+            throw GeometryError(u"a temporary file cannot be written: "_s + file.errorString());
+        drafts.push_back(std::make_unique<Draft>(++mLastModel));
+        try {
+            engine([&path] {
+                EngineTags shapes;
+                occ::importShapes(path.toStdString(), shapes, true, "brep");
+                check_shapes(volumes());
+            });
+        } catch (const GeometryError& error) {
+            throw GeometryError(u"the shape of \"%1\": "_s.arg(solid.name) + error.message());
+        }
+        solids[solid.id].name = solid.name;
+    }
+
+    // Nothing fails from here on.
+    auto draft = drafts.begin();
+    for (const GeometryContents::Solid& solid : contents.solids)
+        solids[solid.id].model = (*draft++)->take();
+    mSolids.swap(solids);
+    mIds.swap(ids);
+    mLastId = contents.last_id;
+    ++mRevision;
+    mMesh = nullptr;
+    if (contents.mesh) {
+        auto mesh = std::make_shared<Mesh>(*contents.mesh);
+        mesh->revision = mRevision - contents.mesh_age;
+        mMesh = mesh;
+    }
+    std::set<int> touched;
+    for (const auto& [id, solid] : solids) {
+        Draft::remove(solid.model);
+        touched.insert(id);
+    }
+    for (const auto& solid : mSolids)
+        touched.insert(solid.first);
+    for (const int id : touched)
+        emit solid_changed(id);
+    emit mesh_changed();
 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "workbench/components/geometry/GeometryContents.h"
 #include "workbench/components/geometry/GmshSession.h"
 #include "workbench/components/geometry/Mesh.h"
 
@@ -123,6 +124,11 @@ public:
     std::shared_ptr<const Mesh> mesh() const { return mMesh; }
     /** Null removes the mesh. */
     void set_mesh(std::shared_ptr<const Mesh> mesh);
+
+    /** All solids and the mesh, to be saved. */
+    GeometryContents contents() const;
+    /** Puts these in the place of all that is there. */
+    void replace(const GeometryContents& contents);
 
     /** What the engine has warned of since the last call, one line each. */
     QStringList take_messages() { return mSession.take_messages(); }
