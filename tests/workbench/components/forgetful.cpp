@@ -70,7 +70,10 @@ public:
 class OwnFormat : public ImportExportHandler
 {
 public:
-    explicit OwnFormat(const QString& filters) : ImportExportHandler(owner) { mFilters = filters; }
+    explicit OwnFormat(const QString& filters) : ImportExportHandler(QStringLiteral(RECORD_NAME))
+    {
+        mFilters = filters;
+    }
     void execute(const QString&, const QString&) override {}
 };
 

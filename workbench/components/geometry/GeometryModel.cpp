@@ -612,6 +612,7 @@ void GeometryModel::changed(int id)
     Entry& solid = entry(id);
     solid.in_step = false;
     solid.measures.reset();
+    solid.brep.clear();
     ++mRevision;
     emit solid_changed(id);
 }
@@ -624,15 +625,18 @@ GeometryContents GeometryModel::contents() const
     const QString path = directory.filePath(u"solid.brep"_s);
     GeometryContents result;
     result.last_id = mLastId;
-    for (const auto& [id, solid] : mSolids) {
-        write_brep(id, path);
-        QFile file(path);
-        GeometryContents::Solid saved{id, solid.name, {}};
-        if (file.open(QIODevice::ReadOnly))
-            saved.brep = file.readAll();
-        if (saved.brep.isEmpty() || saved.brep.size() != file.size())
-            throw GeometryError(u"a temporary file cannot be read: "_s + file.errorString());
-        result.solids << saved;
+    for (auto& [id, solid] : mSolids) {
+        if (solid.brep.isEmpty()) {
+            write_brep(id, path);
+            QFile file(path);
+            QByteArray brep;
+            if (file.open(QIODevice::ReadOnly))
+                brep = file.readAll();
+            if (brep.isEmpty() || brep.size() != file.size())
+                throw GeometryError(u"a temporary file cannot be read: "_s + file.errorString());
+            solid.brep = brep;
+        }
+        result.solids << GeometryContents::Solid{id, solid.name, solid.brep};
     }
     result.mesh = mMesh;
     result.mesh_age = mMesh ? mRevision - mMesh->revision : 0;
@@ -650,9 +654,12 @@ void GeometryModel::replace(const GeometryContents& contents)
     std::vector<std::unique_ptr<Draft>> drafts;
     for (const GeometryContents::Solid& solid : contents.solids) {
         if (solid.id < 1 || solid.id > contents.last_id || !is_name(solid.name) ||
-            !ids.emplace(solid.name, solid.id).second || !solids.try_emplace(solid.id).second)
+            !ids.emplace(solid.name, solid.id).second ||
+            !solids.try_emplace(solid.id, Entry{solid.name, {}, false, {}, solid.brep}).second)
             throw GeometryError(
                 u"the id %1 or the name \"%2\" cannot be that of a solid"_s.arg(solid.id).arg(solid.name));
+    }
+    for (const GeometryContents::Solid& solid : contents.solids) {
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly) || file.write(solid.brep) != solid.brep.size() || !file.flush())
             throw GeometryError(u"a temporary file cannot be written: "_s + file.errorString());
@@ -666,7 +673,6 @@ void GeometryModel::replace(const GeometryContents& contents)
         } catch (const GeometryError& error) {
             throw GeometryError(u"the shape of \"%1\": "_s.arg(solid.name) + error.message());
         }
-        solids[solid.id].name = solid.name;
     }
 
     // Nothing fails from here on.

@@ -157,6 +157,9 @@ private:
         /** Whether the engine's model is in step with the CAD kernel's. */
         bool in_step = false;
         std::optional<SolidMeasures> measures;
+        /** The shape as it was saved or opened last; empty if it has changed since. To write what was read is
+         * not the same: the kernel may round the last bit of a direction. */
+        QByteArray brep;
     };
     using Operation = std::function<void()>;
     /** Makes one of several solids, each of which may have several pieces. */
@@ -175,7 +178,7 @@ private:
     void changed(int id);
 
     GmshSession mSession;
-    mutable std::map<int, Entry> mSolids; // what was measured is kept there
+    mutable std::map<int, Entry> mSolids; // what was measured and written is kept there
     std::map<QString, int> mIds;
     std::shared_ptr<const Mesh> mMesh;
     int mLastId = 0;

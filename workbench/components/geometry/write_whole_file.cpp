@@ -165,7 +165,7 @@ void write_whole_file(const QString& path, const QByteArrayList& parts)
         return;
     }
     if (exists)
-        checked(::access(name.constData(), W_OK));
+        checked(::faccessat(AT_FDCWD, name.constData(), W_OK, AT_EACCESS));
 
     const QString directory = QFileInfo(file).absolutePath();
     Neighbour neighbour(directory);
