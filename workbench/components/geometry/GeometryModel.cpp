@@ -6,7 +6,7 @@
 #include "workbench/components/geometry/GeometryError.h"
 
 #include <QFile>
-#include <QFileInfo>
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 
@@ -148,6 +148,18 @@ void remove_loose_shapes()
         occ::getEntities(shapes, dimension);
         occ::remove(shapes); // keeps what bounds something
     }
+}
+
+/** Whether the file has the last line of the BREP format, behind an empty one: where the shape itself begins.
+ */
+bool is_whole_brep(const QString& path)
+{
+    constexpr qint64 longest_end = 64;
+    static const QRegularExpression last_line(u"\\n\\n[-+][0-9]+ [0-9]+ \\n?$"_s);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || !file.seek(std::max<qint64>(0, file.size() - longest_end)))
+        return false;
+    return last_line.match(QString::fromLatin1(file.readAll())).hasMatch();
 }
 
 } // namespace
@@ -435,7 +447,7 @@ void GeometryModel::write_brep(int id, const QString& path) const
     QFile::remove(path);
     engine([&path] { gmsh::write(path.toStdString()); });
     // The engine says nothing when it cannot write.
-    if (QFileInfo(path).size() <= 0)
+    if (!is_whole_brep(path))
         throw GeometryError(u"the file \"%1\" cannot be written"_s.arg(path));
 }
 
@@ -620,7 +632,7 @@ void GeometryModel::changed(int id)
 GeometryContents GeometryModel::contents() const
 {
     const QTemporaryDir directory;
-    if (!directory.isValid())
+    if (!directory.isValid() && !mSolids.empty())
         throw GeometryError(u"no temporary folder can be made: "_s + directory.errorString());
     const QString path = directory.filePath(u"solid.brep"_s);
     GeometryContents result;
@@ -646,7 +658,7 @@ GeometryContents GeometryModel::contents() const
 void GeometryModel::replace(const GeometryContents& contents)
 {
     const QTemporaryDir directory;
-    if (!directory.isValid())
+    if (!directory.isValid() && !contents.solids.isEmpty())
         throw GeometryError(u"no temporary folder can be made: "_s + directory.errorString());
     const QString path = directory.filePath(u"solid.brep"_s);
     std::map<int, Entry> solids;

@@ -22,7 +22,7 @@
 #include <QTest>
 
 #include <csignal>
-#include <sys/stat.h>
+#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 
@@ -64,6 +64,7 @@ private slots:
     void file_that_cannot_be_opened_changes_nothing();
     void save_that_fails_keeps_the_data_and_the_file_data();
     void save_that_fails_keeps_the_data_and_the_file();
+    void full_temporary_folder_keeps_the_data_and_the_file();
     void save_needs_a_name_once();
     void names_may_have_any_characters_data();
     void names_may_have_any_characters();
@@ -325,6 +326,32 @@ void TstGeometryDocument::save_that_fails_keeps_the_data_and_the_file()
     QCOMPARE(content(path()), saved);
     QCOMPARE(enter(u"save"_s), QString());
     QVERIFY(!mDocument->is_modified());
+    QVERIFY(content(path()) != saved);
+}
+
+void TstGeometryDocument::full_temporary_folder_keeps_the_data_and_the_file()
+{
+    enter(u"brick 1"_s);
+    mDocument->save(path());
+    const QByteArray saved = content(path());
+    enter(u"move brick1 by 1 0 0"_s);
+    // To a file that may not grow any more each write fails as on a full disk; the engine does not notice.
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit = {};
+    QCOMPARE(::getrlimit(RLIMIT_FSIZE, &limit), 0);
+    rlimit small = limit;
+    QVERIFY(saved.size() > 4'000);
+    small.rlim_cur = 2'000;
+    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    const QString answer = enter(u"save"_s);
+    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+    std::signal(SIGXFSZ, handler);
+    QVERIFY2(answer.startsWith(u"ERROR: save: the model cannot be saved in "_s) &&
+                 answer.contains(u"solid.brep\" cannot be written"_s),
+             qPrintable(answer));
+    QVERIFY(mDocument->is_modified());
+    QCOMPARE(content(path()), saved);
+    QCOMPARE(enter(u"save"_s), QString());
     QVERIFY(content(path()) != saved);
 }
 

@@ -25,6 +25,7 @@
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -79,6 +80,8 @@ private slots:
     void file_that_is_gone_leaves_the_recent_files();
     void set_directory_asks_and_tells();
     void set_directory_that_is_cancelled_changes_nothing();
+    void recent_import_runs_its_command();
+    void tree_of_an_opened_model_is_in_the_order_of_the_solids();
     void unloaded_component_takes_its_document_with_it();
     void model_of_the_command_line_is_open_data();
     void model_of_the_command_line_is_open();
@@ -537,6 +540,29 @@ void TstModelFiles::set_directory_that_is_cancelled_changes_nothing()
     QVERIFY(driver.finish());
     QCOMPARE(QDir::currentPath(), before);
     QCOMPARE(OstrelFileMenu::mPath, mDirectory->path());
+}
+
+void TstModelFiles::recent_import_runs_its_command()
+{
+    page()->clearToPrompt();
+    Ostrel::instance()->file_menu()->import_recent_file(u"echo 'a b'"_s);
+    QVERIFY2(page()->toPlainText().contains(u"echo 'a b'\na b\n"_s), qPrintable(page()->toPlainText()));
+}
+
+void TstModelFiles::tree_of_an_opened_model_is_in_the_order_of_the_solids()
+{
+    for (int i = 0; i < 4; ++i)
+        type(u"brick 1"_s);
+    enter(u"save "_s + path(u"a.mdl"_s));
+    type(u"delete brick1 brick3"_s);
+    enter(u"save "_s + path(u"b.mdl"_s));
+    const auto* tree = Ostrel::instance()->findChild<QTreeWidget*>(u"GeometryModelTree"_s);
+    const QTreeWidgetItem* solids = tree->topLevelItem(0);
+    QTRY_COMPARE(solids->childCount(), 2);
+    enter(u"open "_s + path(u"a.mdl"_s));
+    QTRY_COMPARE(solids->childCount(), 4);
+    for (int i = 0; i < 4; ++i)
+        QCOMPARE(solids->child(i)->text(0), u"brick%1"_s.arg(i + 1));
 }
 
 void TstModelFiles::unloaded_component_takes_its_document_with_it()
