@@ -479,6 +479,7 @@ void TstComponentManager::what_a_component_forgets_is_told_and_taken_away()
     const int option_entries = options->topLevelItemCount();
     const auto* pages = window->options()->findChild<QStackedWidget*>(u"mOptionStack"_s);
     const int option_pages = pages->count();
+    window->update_title();
     const QString title = window->windowTitle();
     const QStringList rows = describe_window(*window);
     const QStringList known_commands = commands();
