@@ -24,6 +24,7 @@
 #include "workbench/fennar_python/make_python_interpreter.h"
 #include "workbench/fennar_util/Interrupt.h"
 #include "workbench/fennari19/CommandCall.h"
+#include "workbench/fennari19/CommandInterpreter.h"
 #include "workbench/fennari19/Fennar.h"
 #include "workbench/navigation/CommandSink.h"
 #include "workbench/ostrelfw/FrameworkInterpreters.h"
@@ -282,7 +283,7 @@ bool Workbench::load()
     Ostrel::instance()->set_focus_to_command_window();
     const auto ready = [this] {
         mReady = true;
-        play_waiting();
+        run_waiting();
     };
     if (mWithComponents)
         mComponents->start(ready);
@@ -310,23 +311,31 @@ void Workbench::unload()
     mFrame.unload_gui();
 }
 
+void Workbench::open_later(const QString& file)
+{
+    run_later(u"open "_s + quote_word(file));
+}
+
 void Workbench::play_later(const QString& journal)
 {
-    mJournal = journal;
-    if (mReady)
-        play_waiting();
+    run_later(u"play "_s + quote_word(journal));
 }
 
-void Workbench::play_waiting()
+void Workbench::run_later(const QString& line)
 {
-    if (mJournal.isEmpty())
-        return;
-    QTimer::singleShot(0, Ostrel::instance(), [this, journal = std::exchange(mJournal, {})] {
-        mConsole->run_line(u"play "_s + quote_word(journal));
-    });
+    mWaiting << line;
+    if (mReady)
+        run_waiting();
 }
 
-int Workbench::play_batch(const QString& journal)
+void Workbench::run_waiting()
+{
+    const QStringList lines = std::exchange(mWaiting, {});
+    for (const QString& line : lines)
+        QTimer::singleShot(0, Ostrel::instance(), [this, line] { mConsole->run_line(line); });
+}
+
+int Workbench::play_batch(const QString& journal, const QString& model)
 {
     OutputRouter::instance().set_fallback([](const QString& text) { print_to(stdout, text); });
     tell_of_start();
@@ -334,7 +343,10 @@ int Workbench::play_batch(const QString& journal)
     mComponents->set_remembering(false);
     if (mWithComponents)
         mComponents->load_all();
-    const Playback::Outcome outcome = Fennar::instance().playback().play(journal);
+    Fennar& fennar = Fennar::instance();
+    const bool opened = model.isEmpty() || fennar.interpreter().run(u"open "_s + quote_word(model)) ==
+                                               CommandInterpreter::Result::Done;
+    const bool played = opened && fennar.playback().play(journal) == Playback::Outcome::Played;
     mComponents->unload_all();
     PythonRuntime::deliver_output();
     OutputRouter::instance().set_fallback(nullptr);
@@ -342,7 +354,7 @@ int Workbench::play_batch(const QString& journal)
         print_to(stderr, u"ERROR: the output could not be written\n"_s);
         return 1;
     }
-    return mQuitting || outcome == Playback::Outcome::Played ? 0 : 1;
+    return mQuitting || played ? 0 : 1;
 }
 
 void Workbench::tell_of_start()

@@ -66,6 +66,11 @@ public:
     /** Unloads the components and takes the main window down. */
     void unload();
 
+    /**
+     * Opens the model @p file as though "open" had been typed, once the components are loaded: the command is
+     * that of a component. To be called before play_later().
+     */
+    void open_later(const QString& file);
     /** Plays @p journal as though "play" had been typed, once the components are loaded. */
     void play_later(const QString& journal);
 
@@ -73,9 +78,11 @@ public:
      * Loads the components and plays @p journal, without a window. Output goes to standard output, errors to
      * standard error.
      *
-     * @return the program's exit status: 0, or 1 if the journal failed or its output could not be written.
+     * @param model  the file of a model to open before; empty for none.
+     * @return the program's exit status: 0, or 1 if the model could not be opened, the journal failed or its
+     * output could not be written.
      */
-    int play_batch(const QString& journal);
+    int play_batch(const QString& journal, const QString& model = {});
 
     /** The console's pages; null while there is no window. */
     ConsoleOwner* console() const { return mConsole.get(); }
@@ -90,7 +97,8 @@ private:
     void report_error(const QString& text);
     void echo(const QString& line);
     void announce_output();
-    void play_waiting();
+    void run_later(const QString& line);
+    void run_waiting();
     void set_busy(bool busy);
     void show_progress(const QString& journal, int percent);
     void give_turn();
@@ -120,9 +128,9 @@ private:
     std::mutex mFrameMutex;
     bool mAnnounce = false;
     bool mWithComponents = true;
-    /** Whether the components are loaded, and a journal need not wait for them. */
+    /** Whether the components are loaded, and lines need not wait for them. */
     bool mReady = false;
-    /** The journal that waits for the components. */
-    QString mJournal;
+    /** The lines that wait for the components. */
+    QStringList mWaiting;
     bool mQuitting = false;
 };

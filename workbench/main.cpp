@@ -6,6 +6,7 @@
 #include "workbench/ostrelfw/CommandLine.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QIcon>
 
 #include <algorithm>
@@ -85,6 +86,10 @@ int main(int argc, char** argv)
         return 0;
     }
 
+    // Before the main window goes to the directory of the last run.
+    const QString model =
+        command_line.file().isEmpty() ? QString() : QFileInfo(command_line.file()).absoluteFilePath();
+
     std::optional<SettingsFile> settings;
     if (!command_line.settings().isEmpty())
         settings.emplace(command_line.settings());
@@ -94,8 +99,10 @@ int main(int argc, char** argv)
     if (!command_line.components())
         workbench.leave_components_out();
     if (command_line.batch_mode())
-        return workbench.play_batch(command_line.journal());
+        return workbench.play_batch(command_line.journal(), model);
     workbench.load();
+    if (!model.isEmpty())
+        workbench.open_later(model);
     if (!command_line.journal().isEmpty())
         workbench.play_later(command_line.journal());
     workbench.run();

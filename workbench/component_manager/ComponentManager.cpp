@@ -3,6 +3,8 @@
 
 #include "workbench/component_manager/ComponentManager.h"
 
+#include "files/OstrelFileMenu.h"
+#include "frame/Ostrel.h"
 #include "workbench/component_manager/SharedObject.h"
 #include "workbench/components/component.h"
 #include "workbench/fennari19/CommandInterpreter.h"
@@ -466,9 +468,22 @@ QString ComponentManager::unload(const QString& name)
     if (blocks_window())
         return u"a dialog or menu is open, which may be that of the component \"%1\"; close it first"_s.arg(
             name);
+    if (!may_lose_data(*entry))
+        return u"the component \"%1\" holds unsaved data"_s.arg(name);
     run_unload(*entry);
     remember_off(name, true);
     return {};
+}
+
+bool ComponentManager::may_lose_data(const Entry& entry)
+{
+    Ostrel* window = Ostrel::instance();
+    const OpenSaveHandler* handler = window ? window->file_menu()->get_open_save_handler() : nullptr;
+    if (!handler || !SharedObject::has_class_of(handler, reinterpret_cast<const void*>(entry.record->load)))
+        return true;
+    mBusy = true;
+    const auto end = qScopeGuard([this] { mBusy = false; });
+    return window->file_menu()->check_modified();
 }
 
 void ComponentManager::run_unload(Entry& entry)
@@ -477,6 +492,7 @@ void ComponentManager::run_unload(Entry& entry)
     const auto end = qScopeGuard([this] { mBusy = false; });
     entry.about.state = State::Unloading;
     tell(&ComponentTracker::component_unloading, entry);
+    entry.traces.look_before_unload();
     try {
         entry.record->unload();
     } catch (...) {

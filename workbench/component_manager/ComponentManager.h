@@ -97,7 +97,8 @@ public:
      * Unloads one component and switches it off.
      *
      * Refused while a command of the component runs, and while a modal dialog or a menu is open, which may
-     * have been opened by it.
+     * have been opened by it. A component whose documents the file menu opens and saves is not unloaded
+     * either if the user, asked as when the window closes, wants to keep unsaved data.
      *
      * @return why it was not unloaded; empty if it was.
      */
@@ -125,6 +126,7 @@ private:
     QString look_into(const Entry& entry, const FennarComponent* record) const;
     QString run_load(Entry& entry);
     void run_unload(Entry& entry);
+    bool may_lose_data(const Entry& entry);
     QString name_conflict(const Entry& entry, const QString& name) const;
     void report(const Entry& entry, const QString& text) const;
     void tell(void (ComponentTracker::*step)(const char*), const Entry& entry) const;

@@ -4,7 +4,11 @@
 #include "workbench/component_manager/ComponentTraces.h"
 
 #include "console/CommandWindow.h"
+#include "files/OpenSaveHandler.h"
+#include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
+#include "journal/JournalEditor.h"
+#include "options/OptionsPanel.h"
 #include "workbench/component_manager/SharedObject.h"
 #include "workbench/fennari19/CommandRegistry.h"
 #include "workbench/ostrelfw/HostMediator.h"
@@ -18,8 +22,10 @@
 #include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
+#include <QTreeWidget>
 
 #include <algorithm>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -89,6 +95,54 @@ bool stands_for_widget(const QAction* action)
            qobject_cast<QToolBar*>(action->parent());
 }
 
+/** Calls @p visit with the labels of each entry of the options dialog, as "Group/Page", and the entry; those
+ * below an entry come before it. */
+void visit_options(const std::function<void(const QString& labels, const QTreeWidgetItem* item)>& visit)
+{
+    const OptionsPanel* panel = Ostrel::instance() ? Ostrel::instance()->options() : nullptr;
+    const auto* tree = panel ? panel->findChild<QTreeWidget*>(u"mOptionList"_s) : nullptr;
+    if (!tree)
+        return;
+    const std::function<void(const QTreeWidgetItem*, const QString&)> descend =
+        [&](const QTreeWidgetItem* item, const QString& above) {
+            for (int i = item->childCount() - 1; i >= 0; --i) {
+                const QTreeWidgetItem* child = item->child(i);
+                const QString labels = above + child->text(0);
+                descend(child, labels + u'/');
+                visit(labels, child);
+            }
+        };
+    descend(tree->invisibleRootItem(), {});
+}
+
+/** The pages of the options dialog. */
+QWidgetList pages_of_options()
+{
+    QWidgetList pages;
+    const OptionsPanel* panel = Ostrel::instance() ? Ostrel::instance()->options() : nullptr;
+    if (const auto* stack = panel ? panel->findChild<QStackedWidget*>(u"mOptionStack"_s) : nullptr) {
+        for (int i = 0; i < stack->count(); ++i)
+            pages << stack->widget(i);
+    }
+    return pages;
+}
+
+/** The formats that the file menu offers for import and for export. */
+QStringList formats()
+{
+    const OstrelFileMenu* menu = Ostrel::instance()->file_menu();
+    QString imports;
+    QString exports;
+    menu->get_import_filters(imports);
+    menu->get_export_filters(exports);
+    QStringList result;
+    for (const QString& filter : imports.split(u";;"_s, Qt::SkipEmptyParts))
+        result << u"import of \"%1\""_s.arg(filter);
+    for (const QString& filter : exports.split(u";;"_s, Qt::SkipEmptyParts))
+        result << u"export of \"%1\""_s.arg(filter);
+    return result;
+}
+
 QString shown(const QObject* object, const QString& text)
 {
     const QString name = text.isEmpty() ? object->objectName() : text;
@@ -121,8 +175,14 @@ Surroundings Surroundings::now(const CommandRegistry& registry)
     visit_actions([&found](const QWidget* widget, const QAction* action) {
         found.actions.insert({widget, action});
     });
-    if (const Ostrel* window = Ostrel::instance())
+    if (const Ostrel* window = Ostrel::instance()) {
         found.graphics_widget = window->graphics_widget();
+        found.open_save_handler = window->file_menu()->get_open_save_handler();
+    }
+    visit_options(
+        [&found](const QString& labels, const QTreeWidgetItem*) { found.option_labels.insert(labels); });
+    const QWidgetList pages = pages_of_options();
+    found.option_pages = QSet<const QWidget*>(pages.begin(), pages.end());
     const std::vector<ComponentTracker*>& trackers = HostMediator::instance().trackers();
     found.trackers = QSet<const ComponentTracker*>(trackers.begin(), trackers.end());
     const QStringList commands = registry.names();
@@ -143,6 +203,19 @@ ComponentTraces::ComponentTraces(const QString& name, const Surroundings& before
         mGraphicsWidget = after.graphics_widget;
     mTrackers = after.trackers - before.trackers;
     mCommands = after.commands - before.commands;
+    if (after.open_save_handler != before.open_save_handler)
+        mOpenSaveHandler = after.open_save_handler;
+    mOptionLabels = after.option_labels - before.option_labels;
+    for (const QWidget* page : after.option_pages - before.option_pages)
+        mOptionPages << const_cast<QWidget*>(page);
+}
+
+void ComponentTraces::look_before_unload()
+{
+    const Ostrel* window = Ostrel::instance();
+    const OpenSaveHandler* handler = window ? window->file_menu()->get_open_save_handler() : nullptr;
+    if (handler && SharedObject::has_class_of(handler, mCode))
+        mOpenSaveHandler = handler;
 }
 
 QStringList ComponentTraces::clean_up()
@@ -153,6 +226,8 @@ QStringList ComponentTraces::clean_up()
     if (Ostrel::instance()) {
         delete_what_waits();
         clean_console(left);
+        clean_files(left);
+        clean_options(left);
         clean_owned_entries(left);
         remove_empty_toolbars();
         clean_actions(left);
@@ -165,8 +240,7 @@ QStringList ComponentTraces::clean_up()
 
 bool ComponentTraces::is_own_class(const QObject* object) const
 {
-    // An object begins with the address of its class's table.
-    return SharedObject::same_object(*reinterpret_cast<const void* const*>(object), mCode);
+    return SharedObject::has_class_of(object, mCode);
 }
 
 bool ComponentTraces::is_own(const QObject* object) const
@@ -223,8 +297,7 @@ void ComponentTraces::clean_trackers(QStringList& left)
 {
     const std::vector<ComponentTracker*> trackers = HostMediator::instance().trackers();
     for (ComponentTracker* tracker : trackers) {
-        if (mTrackers.contains(tracker) ||
-            SharedObject::same_object(*reinterpret_cast<const void* const*>(tracker), mCode)) {
+        if (mTrackers.contains(tracker) || SharedObject::has_class_of(tracker, mCode)) {
             HostMediator::instance().remove_component_tracker(tracker);
             left << u"component tracker"_s;
         }
@@ -254,6 +327,55 @@ void ComponentTraces::clean_console(QStringList& left) const
     }
 }
 
+void ComponentTraces::clean_files(QStringList& left) const
+{
+    Ostrel* window = Ostrel::instance();
+    OstrelFileMenu* menu = window->file_menu();
+    if (mOpenSaveHandler && menu->get_open_save_handler() == mOpenSaveHandler) {
+        menu->set_open_save_handler(nullptr);
+        OstrelFileMenu::set_file_name({});
+        window->update_title();
+        left << u"open/save handler"_s;
+    }
+    // Nobody but the component can know who deletes the handlers.
+    QStringList gone = formats();
+    menu->remove_component_items(mName.toUtf8().constData());
+    const QStringList remaining = formats();
+    for (const QString& format : remaining)
+        gone.removeOne(format);
+    left << gone;
+}
+
+void ComponentTraces::clean_options(QStringList& left) const
+{
+    OptionsPanel* panel = Ostrel::instance()->options();
+    QStringList paths;
+    visit_options([&](const QString& labels, const QTreeWidgetItem*) {
+        if (mOptionLabels.contains(labels))
+            paths << labels;
+    });
+    for (const QString& path : std::as_const(paths)) {
+        // Others may have joined a group.
+        bool joined = false;
+        visit_options([&](const QString& labels, const QTreeWidgetItem* item) {
+            joined = joined || (labels == path && item->childCount() > 0);
+        });
+        if (joined)
+            continue;
+        panel->remove_panel(path);
+        left << u"option page \"%1\""_s.arg(path);
+    }
+    for (const QPointer<QWidget>& page : mOptionPages) {
+        if (page)
+            QCoreApplication::sendPostedEvents(page, QEvent::DeferredDelete);
+        if (!page || !panel->isAncestorOf(page))
+            continue;
+        if (paths.isEmpty())
+            left << u"object %1"_s.arg(shown(page, {}));
+        delete page;
+    }
+}
+
 void ComponentTraces::clean_owned_entries(QStringList& left) const
 {
     Ostrel* window = Ostrel::instance();
@@ -274,12 +396,14 @@ void ComponentTraces::clean_owned_entries(QStringList& left) const
             in_toolbar = true;
     });
     window->remove_menu_items(owner.constData());
+    window->journal_editor()->remove_import_items(owner.constData());
     window->remove_dock_windows(owner.constData());
     // Not without need: it also deletes the small toolbars of others.
     if (in_toolbar)
         window->remove_toolbar_items(owner.constData());
     for (const auto& [widget, action, text] : std::as_const(before)) {
-        if (action && (!widget || !widget->actions().contains(action)))
+        // Journals' import items go together with their actions.
+        if (!action || !widget || !widget->actions().contains(action))
             left << text;
     }
 }

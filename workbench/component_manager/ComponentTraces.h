@@ -14,6 +14,7 @@
 
 class CommandRegistry;
 class ComponentTracker;
+class OpenSaveHandler;
 
 /** Where things were before a component was loaded, to find what it has added. */
 struct Surroundings
@@ -28,6 +29,10 @@ struct Surroundings
     QWidget* graphics_widget = nullptr;
     QSet<const ComponentTracker*> trackers;
     QSet<QString> commands;
+    const OpenSaveHandler* open_save_handler = nullptr;
+    /** The labels of the options dialog's entries, as "Group/Page". */
+    QSet<QString> option_labels;
+    QSet<const QWidget*> option_pages;
 };
 
 /**
@@ -46,6 +51,10 @@ public:
      */
     ComponentTraces(const QString& name, const Surroundings& before, const void* code,
                     CommandRegistry& registry);
+
+    /** To be called before the component is asked to unload: what it deletes then cannot be looked at later.
+     */
+    void look_before_unload();
 
     /**
      * Takes away what is left of the component, and returns what that was, for people to read.
@@ -72,6 +81,8 @@ private:
     void clean_commands(QStringList& left);
     void clean_trackers(QStringList& left);
     void clean_console(QStringList& left) const;
+    void clean_files(QStringList& left) const;
+    void clean_options(QStringList& left) const;
     void clean_owned_entries(QStringList& left) const;
     void remove_empty_toolbars() const;
     void clean_actions(QStringList& left) const;
@@ -86,4 +97,8 @@ private:
     QPointer<QWidget> mGraphicsWidget;
     QSet<const ComponentTracker*> mTrackers;
     QSet<QString> mCommands;
+    /** Only compared by address: it may have been deleted. */
+    const OpenSaveHandler* mOpenSaveHandler = nullptr;
+    QSet<QString> mOptionLabels;
+    QList<QPointer<QWidget>> mOptionPages;
 };

@@ -26,6 +26,13 @@ public:
     void* find(const char* symbol) const;
     /** Whether @p address lies in what was mapped for the symbol at @p symbol_address. Null lies nowhere. */
     static bool same_object(const void* address, const void* symbol_address);
+    /** Whether the class of @p object, which has virtual functions, is defined in what was mapped for the
+     * symbol. */
+    static bool has_class_of(const void* object, const void* symbol_address)
+    {
+        // An object begins with the address of its class's table.
+        return same_object(*static_cast<const void* const*>(object), symbol_address);
+    }
 
     /** Leaves the object mapped until the program ends. */
     void keep() { mKept = true; }

@@ -9,9 +9,14 @@ using namespace Qt::StringLiterals;
 
 CommandLine::CommandLine(const QStringList& words)
 {
+    bool only_files = false;
     for (qsizetype i = 0; i < words.size() && mError.isEmpty(); ++i) {
         const QString& word = words[i];
-        if (word == "--batch"_L1)
+        if (only_files || !word.startsWith(u'-'))
+            take_file(word);
+        else if (word == "--"_L1)
+            only_files = true;
+        else if (word == "--batch"_L1)
             mBatch = true;
         else if (word == "--help"_L1 || word == "-h"_L1)
             mHelp = true;
@@ -36,6 +41,16 @@ CommandLine::CommandLine(const QStringList& words)
 
 CommandLine::~CommandLine() = default;
 
+void CommandLine::take_file(const QString& word)
+{
+    if (word.isEmpty())
+        mError = u"the name of a model file is empty"_s;
+    else if (!mFile.isEmpty())
+        mError = u"only one model can be opened, and \"%1\" is the second"_s.arg(word);
+    else
+        mFile = word;
+}
+
 CommandLine& CommandLine::of_application()
 {
     static CommandLine command_line(QCoreApplication::arguments().mid(1));
@@ -44,8 +59,10 @@ CommandLine& CommandLine::of_application()
 
 QString CommandLine::usage()
 {
-    return u"Usage: fennar [--batch] [--no-components] [--settings FILE] [--play FILE]\n"
+    return u"Usage: fennar [--batch] [--no-components] [--settings FILE] [--play FILE] [[--] MODEL]\n"
            "\n"
+           "  MODEL        open this model, before anything is played; behind \"--\" it may begin with a "
+           "\"-\"\n"
            "  --play FILE  play a journal of commands, or of Python if its name ends in .py\n"
            "  --batch      open no window: play the journal and end, with status 1 if it failed\n"
            "  --no-components\n"

@@ -28,6 +28,8 @@ public:
     bool version() const { return mVersion; }
     /** The journal to play after the start; empty for none. */
     QString journal() const { return mJournal; }
+    /** The model to open after the start; empty for none. */
+    QString file() const { return mFile; }
     /** Whether components are to be loaded at the start. */
     bool components() const { return mComponents; }
     /** The file for the settings; empty for the user's own. */
@@ -42,9 +44,12 @@ public:
     bool batch_mode() override;
 
 private:
+    void take_file(const QString& word);
+
     QString mError;
     QString mJournal;
     QString mSettings;
+    QString mFile;
     int mGraphicsState = 0;
     bool mBatch = false;
     bool mComponents = true;

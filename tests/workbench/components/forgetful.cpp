@@ -4,13 +4,18 @@
 // A component that adds one of each and takes nothing away; made for several names and ways to go.
 
 #include "console/CommandWindow.h"
+#include "files/ImportExportHandler.h"
+#include "files/OpenSaveHandler.h"
+#include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
 #include "host/ostrelfw/ComponentTracker.h"
 #include "host/ostrelfw/Mediator.h"
+#include "journal/JournalEditor.h"
 #include "menus/OstrelHelpMenu.h"
 #include "menus/OstrelToolsMenu.h"
 #include "menus/OstrelViewMenu.h"
+#include "options/OptionsPanel.h"
 #include "workbench/components/component.h"
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandRegistry.h"
@@ -45,7 +50,38 @@ public:
 class OwnTracker : public ComponentTracker
 {};
 
+class OwnFiles : public OpenSaveHandler
+{
+public:
+    void get_filters(QString&, bool) override {}
+    void get_save_location(QString&, QString&) override {}
+    bool is_modified() override { return modified; }
+    void set_modified(bool on) override { modified = on; }
+    void new_file() override {}
+    void open_file(const QString&) override {}
+    void import_recent(const QString&) override {}
+    void save_file(const QString&) override {}
+    void save_file_as(const QString&, const QString&) override {}
+    void set_directory() override {}
+
+    bool modified = false;
+};
+
+class OwnFormat : public ImportExportHandler
+{
+public:
+    explicit OwnFormat(const QString& filters) : ImportExportHandler(QStringLiteral(RECORD_NAME))
+    {
+        mFilters = filters;
+    }
+    void execute(const QString&, const QString&) override {}
+};
+
 OwnTracker tracker;
+OwnFiles files;
+// The file menu would delete them if it still had them when it goes.
+OwnFormat import_format(u"Left (*.left)"_s);
+OwnFormat export_format(u"Left Out (*.lft)"_s);
 QList<QPointer<QObject>> additions;
 
 QAction* action(const QString& text)
@@ -89,7 +125,18 @@ void add_to_window(Ostrel* window)
     about->setObjectName(u"leftAbout"_s);
     window->help_menu()->add_about(about);
     additions << about;
+    auto* option_page = new OwnLabel(u"left"_s);
+    option_page->setObjectName(u"leftOptions"_s);
+    window->options()->add_panel(u"Left Group/Left Page"_s, option_page);
+    additions << option_page;
+    window->journal_editor()->add_import(owner, u"left import"_s, page);
 #ifndef RECORD_LATER
+    window->options()->add_panel(u"Left Top"_s, nullptr);
+    window->file_menu()->set_open_save_handler(&files);
+    OstrelFileMenu::set_file_name(u"left.file"_s);
+    window->update_title();
+    window->file_menu()->add_import(&import_format);
+    window->file_menu()->add_export(&export_format);
     auto* graphics = new QWidget;
     graphics->setObjectName(u"leftGraphics"_s);
     window->set_graphics_widget(graphics);
@@ -108,7 +155,9 @@ void load()
                                        QStringLiteral(RECORD_NAME),
                                        [](CommandCall&) {}});
     Fennar::instance().registry().add(
-        {QStringLiteral(RECORD_NAME) + u"-other"_s, u"left"_s, {}, {}, u"nobody"_s, [](CommandCall&) {}});
+        {QStringLiteral(RECORD_NAME) + u"-other"_s, u"left"_s, {}, {}, u"nobody"_s, [](CommandCall&) {
+             files.modified = true;
+         }});
     Broker::instance()->add_component_tracker(&tracker);
     if (Ostrel* window = Ostrel::instance())
         add_to_window(window);
@@ -128,6 +177,9 @@ void unload()
         window->remove_menu_items(owner);
         window->remove_toolbar_items(owner);
         window->remove_dock_window(owner);
+        window->journal_editor()->remove_import_items(owner);
+        window->options()->remove_panel(u"Left Group/Left Page"_s);
+        window->options()->remove_panel(u"Left Group"_s);
     }
     for (const QPointer<QObject>& addition : std::as_const(additions)) {
         if (addition)

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "console/CommandWindow.h"
+#include "files/OpenSaveHandler.h"
+#include "files/OstrelFileMenu.h"
 #include "frame/MainFrame.h"
 #include "frame/Ostrel.h"
 #include "host/fennar_python/FennarPythonInterpreter.h"
@@ -9,8 +11,10 @@
 #include "host/ostrelfw/ComponentRecord.h"
 #include "host/ostrelfw/ComponentTracker.h"
 #include "journal/JournalEditor.h"
+#include "options/OptionsPanel.h"
 #include "support/TestCase.h"
 #include "support/describe_window.h"
+#include "support/dialogs.h"
 #include "workbench/component_manager/ComponentManager.h"
 #include "workbench/component_manager/component_commands.h"
 #include "workbench/fennar_python/PythonRuntime.h"
@@ -26,12 +30,14 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QSettings>
+#include <QStackedWidget>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
+#include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -124,6 +130,9 @@ private slots:
     void component_that_throws_leaves_nothing_data();
     void component_that_throws_leaves_nothing();
     void what_a_component_forgets_is_told_and_taken_away();
+    void unsaved_data_of_a_component_is_asked_about_before_it_goes_data();
+    void unsaved_data_of_a_component_is_asked_about_before_it_goes();
+    void unsaved_data_of_another_component_is_not_asked_about();
     void deferred_deletions_are_no_forgetting();
     void component_that_throws_at_unload_is_unloaded();
     void running_command_keeps_its_component();
@@ -467,6 +476,12 @@ void TstComponentManager::what_a_component_forgets_is_told_and_taken_away()
     offer({u"forgetful"_s});
     Ostrel* window = Ostrel::instance();
     auto* tabs = window->findChild<QTabWidget*>(u"mCommandTab"_s);
+    const auto* options = window->options()->findChild<QTreeWidget*>(u"mOptionList"_s);
+    const int option_entries = options->topLevelItemCount();
+    const auto* pages = window->options()->findChild<QStackedWidget*>(u"mOptionStack"_s);
+    const int option_pages = pages->count();
+    window->update_title();
+    const QString title = window->windowTitle();
     const QStringList rows = describe_window(*window);
     const QStringList known_commands = commands();
     const std::vector<ComponentTracker*> trackers = HostMediator::instance().trackers();
@@ -474,16 +489,37 @@ void TstComponentManager::what_a_component_forgets_is_told_and_taken_away()
     QCOMPARE(mManager->load(u"forgetful"_s), QString());
     QVERIFY(window->graphics_widget());
     QCOMPARE(tabs->count(), 1);
+    QVERIFY(window->file_menu()->get_open_save_handler());
+    QVERIFY(window->windowTitle() != title);
+    QCOMPARE(options->topLevelItemCount(), option_entries + 2);
+    QCOMPARE(pages->count(), option_pages + 1);
     QPointer<QWidget> graphics = window->graphics_widget();
     QCOMPARE(mManager->unload(u"forgetful"_s), QString());
 
-    for (const QString& forgotten :
-         {u"command \"forgetful-command\""_s, u"command \"forgetful-other\""_s, u"component tracker"_s,
-          u"graphics widget"_s, u"console page \"leftPage\""_s, u"menu entry \"left entry\""_s,
-          u"menu entry \"left view\""_s, u"menu entry \"left tool\""_s, u"menu entry \"left help\""_s,
-          u"toolbar button \"left button\""_s, u"toolbar button \"left button 5\""_s, u"dock \"LeftDock\""_s,
-          u"shortcut \"Ctrl+Shift+L\""_s, u"object \"leftLabel\""_s, u"object \"leftAbout\""_s,
-          u"window \"leftWindow\""_s, u"entry \"left in the bar\""_s})
+    for (const QString& forgotten : {u"command \"forgetful-command\""_s,
+                                     u"command \"forgetful-other\""_s,
+                                     u"component tracker"_s,
+                                     u"graphics widget"_s,
+                                     u"console page \"leftPage\""_s,
+                                     u"menu entry \"left entry\""_s,
+                                     u"menu entry \"left view\""_s,
+                                     u"menu entry \"left tool\""_s,
+                                     u"menu entry \"left help\""_s,
+                                     u"toolbar button \"left button\""_s,
+                                     u"toolbar button \"left button 5\""_s,
+                                     u"dock \"LeftDock\""_s,
+                                     u"shortcut \"Ctrl+Shift+L\""_s,
+                                     u"object \"leftLabel\""_s,
+                                     u"object \"leftAbout\""_s,
+                                     u"window \"leftWindow\""_s,
+                                     u"entry \"left in the bar\""_s,
+                                     u"open/save handler"_s,
+                                     u"import of \"Left (*.left)\""_s,
+                                     u"export of \"Left Out (*.lft)\""_s,
+                                     u"menu entry \"left import\""_s,
+                                     u"option page \"Left Group/Left Page\""_s,
+                                     u"option page \"Left Group\""_s,
+                                     u"option page \"Left Top\""_s})
         QVERIFY2(mReports.contains(forgotten), qPrintable(forgotten + u" in "_s + mReports));
     QVERIFY2(mReports.startsWith(u"ERROR: component \"forgetful\" ("_s) && mReports.count(u'\n') == 1,
              qPrintable(mReports));
@@ -494,8 +530,66 @@ void TstComponentManager::what_a_component_forgets_is_told_and_taken_away()
     QVERIFY(!window->graphics_widget());
     QVERIFY(graphics && !graphics->parent());
     QCOMPARE(tabs->count(), 0);
-    for (const QString& name : {u"leftPage"_s, u"leftLabel"_s, u"leftAbout"_s, u"LeftDock"_s})
+    QVERIFY(!window->file_menu()->get_open_save_handler());
+    QCOMPARE(OstrelFileMenu::mFileName, QString());
+    QCOMPARE(window->windowTitle(), title);
+    QString formats;
+    window->file_menu()->get_import_filters(formats);
+    window->file_menu()->get_export_filters(formats);
+    QCOMPARE(formats, QString());
+    QCOMPARE(options->topLevelItemCount(), option_entries);
+    QCOMPARE(pages->count(), option_pages);
+    for (const QString& name :
+         {u"leftOptions"_s, u"leftPage"_s, u"leftLabel"_s, u"leftAbout"_s, u"LeftDock"_s})
         QVERIFY2(!window->findChild<QWidget*>(name), qPrintable(name));
+}
+
+void TstComponentManager::unsaved_data_of_a_component_is_asked_about_before_it_goes_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<bool>("goes");
+    QTest::newRow("no") << u"mNoButton"_s << true;
+    QTest::newRow("cancel") << u"mCancelButton"_s << false;
+    QTest::newRow("yes") << u"mYesButton"_s << true;
+}
+
+void TstComponentManager::unsaved_data_of_a_component_is_asked_about_before_it_goes()
+{
+    QFETCH(const QString, button);
+    QFETCH(const bool, goes);
+    offer({u"forgetful"_s});
+    QCOMPARE(mManager->load(u"forgetful"_s), QString());
+    enter(u"forgetful-other"_s);
+    DialogDriver driver;
+    QString meanwhile;
+    driver.expect(u"MessageSettingBox"_s, [&](QWidget* dialog) {
+        meanwhile = mManager->unload(u"forgetful"_s);
+        press(button)(dialog);
+    });
+    QCOMPARE(mManager->unload(u"forgetful"_s),
+             goes ? QString() : u"the component \"forgetful\" holds unsaved data"_s);
+    QVERIFY(driver.finish());
+    QVERIFY(!meanwhile.isEmpty());
+    QCOMPARE(about(u"forgetful"_s).state,
+             goes ? ComponentManager::State::Unloaded : ComponentManager::State::Loaded);
+    QCOMPARE(about(u"forgetful"_s).off, goes);
+    if (!goes) {
+        Ostrel::instance()->file_menu()->get_open_save_handler()->set_modified(false);
+        QCOMPARE(mManager->unload(u"forgetful"_s), QString());
+    }
+}
+
+void TstComponentManager::unsaved_data_of_another_component_is_not_asked_about()
+{
+    offer({u"forgetful"_s, u"plain"_s});
+    mManager->load_all();
+    enter(u"forgetful-other"_s);
+    // A question would be dismissed, and refuse this.
+    DialogDriver driver;
+    QCOMPARE(mManager->unload(u"plain"_s), QString());
+    QVERIFY(driver.finish());
+    Ostrel::instance()->file_menu()->get_open_save_handler()->set_modified(false);
+    QCOMPARE(mManager->unload(u"forgetful"_s), QString());
 }
 
 void TstComponentManager::deferred_deletions_are_no_forgetting()

@@ -40,13 +40,21 @@ void TstCommandLine::words_are_read_data()
     QTest::addColumn<QStringList>("words");
     QTest::addColumn<bool>("batch");
     QTest::addColumn<QString>("journal");
-    QTest::newRow("journal") << QStringList{u"--play"_s, u"a b.jou"_s} << false << u"a b.jou"_s;
+    QTest::addColumn<QString>("file");
+    QTest::newRow("journal") << QStringList{u"--play"_s, u"a b.jou"_s} << false << u"a b.jou"_s << QString();
     QTest::newRow("batch before the journal")
-        << QStringList{u"--batch"_s, u"--play"_s, u"a.jou"_s} << true << u"a.jou"_s;
+        << QStringList{u"--batch"_s, u"--play"_s, u"a.jou"_s} << true << u"a.jou"_s << QString();
     QTest::newRow("batch behind the journal")
-        << QStringList{u"--play"_s, u"a.jou"_s, u"--batch"_s} << true << u"a.jou"_s;
+        << QStringList{u"--play"_s, u"a.jou"_s, u"--batch"_s} << true << u"a.jou"_s << QString();
     QTest::newRow("journal named like an argument")
-        << QStringList{u"--play"_s, u"--batch"_s} << false << u"--batch"_s;
+        << QStringList{u"--play"_s, u"--batch"_s} << false << u"--batch"_s << QString();
+    QTest::newRow("model") << QStringList{u"a b.mdl"_s} << false << QString() << u"a b.mdl"_s;
+    QTest::newRow("model before a journal")
+        << QStringList{u"a.mdl"_s, u"--play"_s, u"a.jou"_s} << false << u"a.jou"_s << u"a.mdl"_s;
+    QTest::newRow("model behind a journal")
+        << QStringList{u"--batch"_s, u"--play"_s, u"a.jou"_s, u"a.mdl"_s} << true << u"a.jou"_s << u"a.mdl"_s;
+    QTest::newRow("model named like an argument")
+        << QStringList{u"--"_s, u"--batch"_s} << false << QString() << u"--batch"_s;
 }
 
 void TstCommandLine::words_are_read()
@@ -56,6 +64,7 @@ void TstCommandLine::words_are_read()
     QCOMPARE(line.error(), QString());
     QTEST(line.batch_mode(), "batch");
     QTEST(line.journal(), "journal");
+    QTEST(line.file(), "file");
 }
 
 void TstCommandLine::components_are_loaded_unless_left_out()
@@ -87,6 +96,9 @@ void TstCommandLine::mistakes_are_named_data()
         << QStringList{u"--settings"_s} << u"--settings needs the name of a file"_s;
     QTest::newRow("settings with an empty name")
         << QStringList{u"--settings"_s, QString()} << u"--settings needs the name of a file"_s;
+    QTest::newRow("two models") << QStringList{u"a.mdl"_s, u"b.mdl"_s}
+                                << u"only one model can be opened, and \"b.mdl\" is the second"_s;
+    QTest::newRow("model without a name") << QStringList{QString()} << u"the name of a model file is empty"_s;
     QTest::newRow("batch without a journal")
         << QStringList{u"--batch"_s} << u"--batch needs a journal: add --play FILE"_s;
 }

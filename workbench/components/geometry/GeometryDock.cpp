@@ -108,8 +108,13 @@ void GeometryDock::update_solid(int id)
     }
     QTreeWidgetItem*& item = mItems[id];
     if (!item) {
-        item = new QTreeWidgetItem(mSolids); // ids grow, so the last one belongs last
+        item = new QTreeWidgetItem;
         item->setData(0, id_role, id);
+        // The oldest first. A new solid belongs last, those of a model just opened anywhere.
+        int place = mSolids->childCount();
+        while (place > 0 && mSolids->child(place - 1)->data(0, id_role).toInt() > id)
+            --place;
+        mSolids->insertChild(place, item);
     }
     item->setText(0, solid->name);
     try {

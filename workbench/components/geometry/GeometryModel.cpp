@@ -6,7 +6,7 @@
 #include "workbench/components/geometry/GeometryError.h"
 
 #include <QFile>
-#include <QFileInfo>
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 
@@ -16,6 +16,7 @@
 #include <gmsh.h>
 #include <limits>
 #include <numbers>
+#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -147,6 +148,18 @@ void remove_loose_shapes()
         occ::getEntities(shapes, dimension);
         occ::remove(shapes); // keeps what bounds something
     }
+}
+
+/** Whether the file has the last line of the BREP format, behind an empty one: where the shape itself begins.
+ */
+bool is_whole_brep(const QString& path)
+{
+    constexpr qint64 longest_end = 64;
+    static const QRegularExpression last_line(u"\\n\\n[-+][0-9]+ [0-9]+ \\n?$"_s);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || !file.seek(std::max<qint64>(0, file.size() - longest_end)))
+        return false;
+    return last_line.match(QString::fromLatin1(file.readAll())).hasMatch();
 }
 
 } // namespace
@@ -434,7 +447,7 @@ void GeometryModel::write_brep(int id, const QString& path) const
     QFile::remove(path);
     engine([&path] { gmsh::write(path.toStdString()); });
     // The engine says nothing when it cannot write.
-    if (QFileInfo(path).size() <= 0)
+    if (!is_whole_brep(path))
         throw GeometryError(u"the file \"%1\" cannot be written"_s.arg(path));
 }
 
@@ -611,6 +624,91 @@ void GeometryModel::changed(int id)
     Entry& solid = entry(id);
     solid.in_step = false;
     solid.measures.reset();
+    solid.brep.clear();
     ++mRevision;
     emit solid_changed(id);
+}
+
+GeometryContents GeometryModel::contents() const
+{
+    const QTemporaryDir directory;
+    if (!directory.isValid() && !mSolids.empty())
+        throw GeometryError(u"no temporary folder can be made: "_s + directory.errorString());
+    const QString path = directory.filePath(u"solid.brep"_s);
+    GeometryContents result;
+    result.last_id = mLastId;
+    for (auto& [id, solid] : mSolids) {
+        if (solid.brep.isEmpty()) {
+            write_brep(id, path);
+            QFile file(path);
+            QByteArray brep;
+            if (file.open(QIODevice::ReadOnly))
+                brep = file.readAll();
+            if (brep.isEmpty() || brep.size() != file.size())
+                throw GeometryError(u"a temporary file cannot be read: "_s + file.errorString());
+            solid.brep = brep;
+        }
+        result.solids << GeometryContents::Solid{id, solid.name, solid.brep};
+    }
+    result.mesh = mMesh;
+    result.mesh_age = mMesh ? mRevision - mMesh->revision : 0;
+    return result;
+}
+
+void GeometryModel::replace(const GeometryContents& contents)
+{
+    const QTemporaryDir directory;
+    if (!directory.isValid() && !contents.solids.isEmpty())
+        throw GeometryError(u"no temporary folder can be made: "_s + directory.errorString());
+    const QString path = directory.filePath(u"solid.brep"_s);
+    std::map<int, Entry> solids;
+    std::map<QString, int> ids;
+    std::vector<std::unique_ptr<Draft>> drafts;
+    for (const GeometryContents::Solid& solid : contents.solids) {
+        if (solid.id < 1 || solid.id > contents.last_id || !is_name(solid.name) ||
+            !ids.emplace(solid.name, solid.id).second ||
+            !solids.try_emplace(solid.id, Entry{solid.name, {}, false, {}, solid.brep}).second)
+            throw GeometryError(
+                u"the id %1 or the name \"%2\" cannot be that of a solid"_s.arg(solid.id).arg(solid.name));
+    }
+    for (const GeometryContents::Solid& solid : contents.solids) {
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(solid.brep) != solid.brep.size() || !file.flush())
+            throw GeometryError(u"a temporary file cannot be written: "_s + file.errorString());
+        drafts.push_back(std::make_unique<Draft>(++mLastModel));
+        try {
+            engine([&path] {
+                EngineTags shapes;
+                occ::importShapes(path.toStdString(), shapes, true, "brep");
+                check_shapes(volumes());
+            });
+        } catch (const GeometryError& error) {
+            throw GeometryError(u"the shape of \"%1\": "_s.arg(solid.name) + error.message());
+        }
+    }
+
+    // Nothing fails from here on.
+    auto draft = drafts.begin();
+    for (const GeometryContents::Solid& solid : contents.solids)
+        solids[solid.id].model = (*draft++)->take();
+    mSolids.swap(solids);
+    mIds.swap(ids);
+    mLastId = contents.last_id;
+    ++mRevision;
+    mMesh = nullptr;
+    if (contents.mesh) {
+        auto mesh = std::make_shared<Mesh>(*contents.mesh);
+        mesh->revision = mRevision - contents.mesh_age;
+        mMesh = mesh;
+    }
+    std::set<int> touched;
+    for (const auto& [id, solid] : solids) {
+        Draft::remove(solid.model);
+        touched.insert(id);
+    }
+    for (const auto& solid : mSolids)
+        touched.insert(solid.first);
+    for (const int id : touched)
+        emit solid_changed(id);
+    emit mesh_changed();
 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "workbench/components/geometry/GeometryContents.h"
 #include "workbench/components/geometry/GmshSession.h"
 #include "workbench/components/geometry/Mesh.h"
 
@@ -124,6 +125,11 @@ public:
     /** Null removes the mesh. */
     void set_mesh(std::shared_ptr<const Mesh> mesh);
 
+    /** All solids and the mesh, to be saved. */
+    GeometryContents contents() const;
+    /** Puts these in the place of all that is there. */
+    void replace(const GeometryContents& contents);
+
     /** What the engine has warned of since the last call, one line each. */
     QStringList take_messages() { return mSession.take_messages(); }
 
@@ -151,6 +157,9 @@ private:
         /** Whether the engine's model is in step with the CAD kernel's. */
         bool in_step = false;
         std::optional<SolidMeasures> measures;
+        /** The shape as it was saved or opened last; empty if it has changed since. To write what was read is
+         * not the same: the kernel may round the last bit of a direction. */
+        QByteArray brep;
     };
     using Operation = std::function<void()>;
     /** Makes one of several solids, each of which may have several pieces. */
@@ -169,7 +178,7 @@ private:
     void changed(int id);
 
     GmshSession mSession;
-    mutable std::map<int, Entry> mSolids; // what was measured is kept there
+    mutable std::map<int, Entry> mSolids; // what was measured and written is kept there
     std::map<QString, int> mIds;
     std::shared_ptr<const Mesh> mMesh;
     int mLastId = 0;

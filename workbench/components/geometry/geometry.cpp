@@ -5,8 +5,11 @@
 
 #include "frame/Ostrel.h"
 #include "workbench/components/component.h"
+#include "workbench/components/geometry/GeometryDocument.h"
+#include "workbench/components/geometry/GeometryFileHandler.h"
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/geometry/GeometryWindow.h"
+#include "workbench/components/geometry/document_commands.h"
 #include "workbench/components/geometry/geometry_commands.h"
 #include "workbench/fennari19/Fennar.h"
 
@@ -33,7 +36,9 @@ static void clean_up_resources()
 namespace {
 
 std::unique_ptr<GeometryModel> model;
+std::unique_ptr<GeometryDocument> document;
 std::unique_ptr<GeometryWindow> window_part;
+std::unique_ptr<GeometryFileHandler> file_handler;
 
 /** The mesher lies in a folder beside this shared object, or beside what a link to it stands for. */
 QString mesher_path()
@@ -44,10 +49,20 @@ QString mesher_path()
     return QFileInfo(QFile::decodeName(info.dli_fname)).canonicalPath() + u"/libexec/fennar-mesher"_s;
 }
 
+/** What the commands that open and save do: with a window the same as the file menu. */
+DocumentActions document_actions()
+{
+    return {[] { file_handler ? file_handler->start_new() : document->clear(); },
+            [](const QString& file) { file_handler ? file_handler->open(file) : document->open(file); },
+            [](const QString& file) { file_handler ? file_handler->save(file) : document->save(file); }};
+}
+
 void unload()
 {
+    file_handler.reset();
     window_part.reset();
     Fennar::instance().registry().remove_owner(u"geometry"_s);
+    document.reset();
     model.reset();
     clean_up_resources();
 }
@@ -57,12 +72,16 @@ void load()
     Fennar& fennar = Fennar::instance();
     init_resources();
     model = std::make_unique<GeometryModel>();
-    if (!register_geometry_commands(fennar.registry(), *model, fennar.application(), mesher_path())) {
+    document = std::make_unique<GeometryDocument>(*model);
+    if (!register_geometry_commands(fennar.registry(), *model, fennar.application(), mesher_path()) ||
+        !register_document_commands(fennar.registry(), *model, document_actions())) {
         unload();
         throw std::runtime_error("one of the geometry commands is there already");
     }
-    if (Ostrel* window = Ostrel::instance())
+    if (Ostrel* window = Ostrel::instance()) {
         window_part = std::make_unique<GeometryWindow>(window, *model);
+        file_handler = std::make_unique<GeometryFileHandler>(window, *document);
+    }
 }
 
 constexpr FennarComponent component{

@@ -3,6 +3,7 @@
 
 #include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
+#include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "leftovers.h"
 #include "support/TestCase.h"
@@ -98,6 +99,8 @@ void TstGeometryComponent::initTestCase()
 
 void TstGeometryComponent::init()
 {
+    // The component goes behind each function, with all that it has made.
+    OstrelFileMenu::set_save_prompt(false);
     page()->clearToPrompt();
     const QString answer = enter(u"load "_s + QStringLiteral(GEOMETRY));
     QVERIFY2(!answer.contains(u"ERROR"), qPrintable(answer));

@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/components/geometry/GeometryFileHandler.h"
+
+#include "files/OstrelFileMenu.h"
+#include "frame/Ostrel.h"
+#include "host/ostrelfw/Broker.h"
+#include "workbench/components/geometry/GeometryDocument.h"
+#include "workbench/components/geometry/GeometryError.h"
+#include "workbench/components/geometry/GeometryModel.h"
+#include "workbench/fennari19/CommandError.h"
+#include "workbench/fennari19/CommandInterpreter.h"
+#include "workbench/fennari19/Fennar.h"
+#include "workbench/navigation/CommandSink.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QScopeGuard>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("GeometryFileHandler", text);
+}
+
+} // namespace
+
+GeometryFileHandler::GeometryFileHandler(Ostrel* window, GeometryDocument& document)
+    : mWindow(window), mDocument(document)
+{
+    menu()->set_open_save_handler(this);
+}
+
+GeometryFileHandler::~GeometryFileHandler()
+{
+    if (!is_plugged_in())
+        return;
+    menu()->set_open_save_handler(nullptr);
+    OstrelFileMenu::set_file_name({});
+    mWindow->update_title();
+}
+
+OstrelFileMenu* GeometryFileHandler::menu() const
+{
+    return mWindow->file_menu();
+}
+
+bool GeometryFileHandler::is_plugged_in() const
+{
+    return menu()->get_open_save_handler() == this;
+}
+
+void GeometryFileHandler::get_filters(QString& filters, bool saving)
+{
+    // The dialog of "Open" is about to come, and the user may still cancel it.
+    if (!saving)
+        mDiscarded = -1;
+    filters = tr("Model Files (*.mdl)") + u";;"_s + tr("All Files (*)");
+}
+
+void GeometryFileHandler::get_save_location(QString& path, QString& name)
+{
+    const QFileInfo file(mDocument.file());
+    if (!mDocument.file().isEmpty()) {
+        path = file.path();
+        name = file.fileName();
+    }
+}
+
+bool GeometryFileHandler::is_modified()
+{
+    return mDocument.is_modified() && mDocument.changes() != mDiscarded;
+}
+
+void GeometryFileHandler::set_modified(bool modified)
+{
+    if (modified)
+        mDocument.touch();
+    else if (!mSaveFailed)
+        mDiscarded = mDocument.changes();
+    mSaveFailed = false;
+}
+
+void GeometryFileHandler::new_file()
+{
+    attempt([this] { mDocument.clear(); });
+}
+
+void GeometryFileHandler::open_file(const QString& file)
+{
+    attempt([&] { mDocument.open(file); });
+}
+
+void GeometryFileHandler::import_recent(const QString& command)
+{
+    send_command(command);
+}
+
+void GeometryFileHandler::save_file(const QString& file)
+{
+    mSaveFailed = !attempt([&] { mDocument.save(file); });
+}
+
+void GeometryFileHandler::save_file_as(const QString& file, const QString&)
+{
+    save_file(file);
+}
+
+void GeometryFileHandler::set_directory()
+{
+    QString start;
+    OstrelFileMenu::get_path(start);
+    const QString directory = QFileDialog::getExistingDirectory(mWindow, tr("Set Directory"), start);
+    // This object may have gone while the dialog was open.
+    if (directory.isEmpty() || !Ostrel::instance())
+        return;
+    if (!QDir::setCurrent(directory)) {
+        Fennar::instance().interpreter().report(
+            u"%1 cannot be made the working directory"_s.arg(CommandError::shown(directory)));
+        return;
+    }
+    Ostrel::instance()->file_menu()->user_changed_directory(directory);
+}
+
+void GeometryFileHandler::start_new()
+{
+    if (!is_plugged_in()) {
+        mDocument.clear();
+        return;
+    }
+    ask_about_changes();
+    run_for_command([this] { menu()->file_new(); });
+}
+
+void GeometryFileHandler::open(const QString& file)
+{
+    if (!is_plugged_in()) {
+        mDocument.open(file);
+        return;
+    }
+    ask_about_changes();
+    run_for_command([&] {
+        OstrelFileMenu::set_path_from_file(file);
+        menu()->recent_file(file);
+        mWindow->save_settings();
+        menu()->open_recent_file(file);
+    });
+}
+
+void GeometryFileHandler::save(const QString& file)
+{
+    const QString target = file.isEmpty() ? mDocument.file() : file;
+    if (target.isEmpty() || !is_plugged_in()) {
+        mDocument.save(target);
+        return;
+    }
+    run_for_command([&] {
+        if (!file.isEmpty()) {
+            OstrelFileMenu::set_path_from_file(file);
+            menu()->recent_file(file);
+        }
+        OstrelFileMenu::set_file_name(target);
+        mWindow->update_title();
+        menu()->file_save();
+    });
+}
+
+void GeometryFileHandler::ask_about_changes()
+{
+    if (!menu()->check_modified())
+        throw GeometryError(u"cancelled; the model is as it was"_s);
+}
+
+bool GeometryFileHandler::attempt(const std::function<void()>& work)
+{
+    bool done = false;
+    try {
+        work();
+        done = true;
+    } catch (const GeometryError& error) {
+        if (mForCommand)
+            mFailure = error.message();
+        else
+            Fennar::instance().interpreter().report(error.message());
+    }
+    mDiscarded = -1;
+    const QStringList messages = mDocument.model().take_messages();
+    for (const QString& message : messages)
+        Broker::command << message << u"\n"_s;
+    // After a failure the file menu has a name that is not the document's.
+    OstrelFileMenu::set_file_name(mDocument.file());
+    mWindow->update_title();
+    return done;
+}
+
+void GeometryFileHandler::run_for_command(const std::function<void()>& flow)
+{
+    mFailure.clear();
+    mForCommand = true;
+    const auto end = qScopeGuard([this] { mForCommand = false; });
+    flow();
+    if (!mFailure.isEmpty())
+        throw GeometryError(mFailure);
+}

@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/components/geometry/document_commands.h"
+
+#include "workbench/components/geometry/GeometryError.h"
+#include "workbench/components/geometry/GeometryModel.h"
+#include "workbench/fennari19/CommandCall.h"
+#include "workbench/fennari19/CommandRegistry.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QScopeGuard>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString whole_path(const QString& file)
+{
+    return QDir::cleanPath(QDir::current().absoluteFilePath(file));
+}
+
+QString read_file_name(CommandCall& call)
+{
+    const QString file = call.text(1, u"the name of a file");
+    if (file.isEmpty())
+        throw call.expected(1, u"the name of a file");
+    call.expect_end();
+    return whole_path(file);
+}
+
+void start_new(CommandCall& call, const DocumentActions& actions)
+{
+    call.expect_end();
+    actions.start_new();
+}
+
+void open(CommandCall& call, const DocumentActions& actions)
+{
+    const QString file = read_file_name(call);
+    // Before anybody is asked about unsaved changes.
+    if (!QFileInfo::exists(file))
+        throw call.error(1, u"there is no file %1"_s.arg(CommandError::shown(file, 300)));
+    actions.open(file);
+}
+
+void save(CommandCall& call, const DocumentActions& actions)
+{
+    actions.save(call.has(1) ? read_file_name(call) : QString());
+}
+
+/** Runs a command; failures become those of the command, warnings of the engine are printed. */
+void run(CommandCall& call, GeometryModel& model, const DocumentActions& actions,
+         void (*function)(CommandCall&, const DocumentActions&))
+{
+    const auto print_messages = qScopeGuard([&] {
+        const QStringList messages = model.take_messages();
+        for (const QString& message : messages)
+            call.print(message + u'\n');
+    });
+    try {
+        function(call, actions);
+    } catch (const GeometryError& error) {
+        throw CommandError(error.message());
+    }
+}
+
+} // namespace
+
+bool register_document_commands(CommandRegistry& registry, GeometryModel& model,
+                                const DocumentActions& actions)
+{
+    const QString owner = u"geometry"_s;
+    const auto with = [&](auto function) {
+        return [&model, actions, function](CommandCall& call) { run(call, model, actions, function); };
+    };
+    const Command commands[] = {
+        {u"new"_s, u"new"_s, u"Starts an empty model."_s,
+         u"As \"New\" in the file menu: with a window the question about unsaved changes comes first."_s,
+         owner, with(&start_new)},
+        {u"open"_s, u"open FILE"_s, u"Opens a model that was saved."_s,
+         u"It takes the place of the present model. With a window the question about unsaved changes comes\n"
+         "first. Quote a name with blanks. A relative name is looked up in the current directory."_s,
+         owner, with(&open)},
+        {u"save"_s, u"save [FILE]"_s, u"Saves the model."_s,
+         u"Without FILE in the file that it was opened from or saved in last. A file that is there already\n"
+         "is replaced. The name is taken as it is, without an ending of its own."_s,
+         owner, with(&save)},
+    };
+    QStringList added;
+    for (const Command& command : commands) {
+        if (registry.add(command) != CommandRegistry::AddResult::Added) {
+            for (const QString& name : std::as_const(added))
+                registry.remove(name);
+            return false;
+        }
+        added << command.name;
+    }
+    return true;
+}

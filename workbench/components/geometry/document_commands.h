@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class CommandRegistry;
+class GeometryModel;
+
+/** What the commands "new", "open" and "save" do; each may throw a GeometryError. */
+struct DocumentActions
+{
+    std::function<void()> start_new;
+    /** With the whole path of a file that exists. */
+    std::function<void(const QString& file)> open;
+    /** With the whole path of a file, or empty for the document's own. */
+    std::function<void(const QString& file)> save;
+};
+
+/**
+ * Adds the commands, with the owner "geometry".
+ *
+ * @param model  tells what the engine has warned of. Outlives the commands.
+ * @return false, with none added, if a name is taken.
+ */
+bool register_document_commands(CommandRegistry& registry, GeometryModel& model,
+                                const DocumentActions& actions);

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QByteArrayList>
+#include <QString>
+
+/**
+ * Writes @p parts, one behind the other, as the new content of @p path: all of it or nothing.
+ *
+ * A file with another name is written beside it, is brought to the disk, and then takes its place. The file's
+ * permissions stay, and a symbolic link stays one: the file that it leads to is replaced. A file that may not
+ * be written to is not replaced. What is no file, as a device, is written to directly.
+ *
+ * Throws a GeometryError with the system's reason. What was at @p path is as it was then, unless it is a
+ * device.
+ */
+void write_whole_file(const QString& path, const QByteArrayList& parts);
