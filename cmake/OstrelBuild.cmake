@@ -9,6 +9,10 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 
+# What is installed finds its libraries wherever the prefix is moved to.
+file(RELATIVE_PATH libraries_from_bin ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/${libraries_from_bin}")
+
 find_program(OSTREL_CCACHE ccache)
 if(OSTREL_CCACHE)
     set(CMAKE_CXX_COMPILER_LAUNCHER ${OSTREL_CCACHE})

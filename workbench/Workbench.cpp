@@ -11,6 +11,8 @@
 #include "host/ostrelfw/OutputHandler.h"
 #include "menus/HelpAboutOstrel.h"
 #include "menus/OstrelHelpMenu.h"
+#include "workbench/component_manager/ComponentManager.h"
+#include "workbench/component_manager/component_commands.h"
 #include "workbench/console/ConsoleOwner.h"
 #include "workbench/console/LineInterpreter.h"
 #include "workbench/fennar_python/PythonConsole.h"
@@ -142,6 +144,10 @@ void describe_product()
 Workbench::Workbench()
 {
     init_resources();
+    mComponents = std::make_unique<ComponentManager>(
+        Fennar::instance().interpreter(),
+        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + u"/loading"_s);
+    mComponents->set_report([this](const QString& text) { report_error(text); });
     set_up_commands();
     set_up_python();
     HostMediator::instance().set_exit_handler([this] { end_run(); });
@@ -152,6 +158,7 @@ Workbench::Workbench()
 
 Workbench::~Workbench()
 {
+    mComponents.reset();
     PythonRuntime::stop();
     OutputRouter::instance().set_window_listener(nullptr);
     HostMediator::instance().set_event_handler(nullptr);
@@ -186,6 +193,7 @@ void Workbench::set_up_commands()
     fennar.registry().add({u"picture"_s, u"picture FILE"_s, u"Writes a picture of the main window."_s,
                            u"The ending of FILE selects the format, as .png or .jpg."_s, u"workbench"_s,
                            [this](CommandCall& call) { write_picture(call); }});
+    register_component_commands(fennar.registry(), *mComponents);
 }
 
 void Workbench::set_up_python()
@@ -232,6 +240,14 @@ bool Workbench::load()
     describe_product();
     mConsole->prompt();
     Ostrel::instance()->set_focus_to_command_window();
+    const auto ready = [this] {
+        mReady = true;
+        play_waiting();
+    };
+    if (mWithComponents)
+        mComponents->start(ready);
+    else
+        ready();
     return true;
 }
 
@@ -246,20 +262,36 @@ void Workbench::unload()
         const std::scoped_lock lock(mFrameMutex);
         mAnnounce = false;
     }
+    mComponents->unload_all();
     set_command_sink(nullptr);
     mFrame.unload_gui();
 }
 
 void Workbench::play_later(const QString& journal)
 {
-    QTimer::singleShot(0, Ostrel::instance(),
-                       [this, journal] { mConsole->run_line(u"play "_s + quote_word(journal)); });
+    mJournal = journal;
+    if (mReady)
+        play_waiting();
+}
+
+void Workbench::play_waiting()
+{
+    if (mJournal.isEmpty())
+        return;
+    QTimer::singleShot(0, Ostrel::instance(), [this, journal = std::exchange(mJournal, {})] {
+        mConsole->run_line(u"play "_s + quote_word(journal));
+    });
 }
 
 int Workbench::play_batch(const QString& journal)
 {
     OutputRouter::instance().set_fallback([](const QString& text) { print_to(stdout, text); });
+    // A script must not change what the user finds at the next start.
+    mComponents->set_remembering(false);
+    if (mWithComponents)
+        mComponents->load_all();
     const Playback::Outcome outcome = Fennar::instance().playback().play(journal);
+    mComponents->unload_all();
     PythonRuntime::deliver_output();
     OutputRouter::instance().set_fallback(nullptr);
     if (std::ferror(stdout)) {

@@ -14,6 +14,7 @@
 #include <optional>
 
 class CommandCall;
+class ComponentManager;
 class ConsoleOwner;
 class LineInterpreter;
 class OutputHandler;
@@ -31,22 +32,27 @@ public:
     Workbench();
     ~Workbench();
 
+    /** Makes the workbench load no components. To be called before load() and play_batch(). */
+    void leave_components_out() { mWithComponents = false; }
+
     /**
-     * Brings the main window up, with a splash screen meanwhile.
+     * Brings the main window up, with a splash screen meanwhile. The components follow, one by one, once the
+     * event loop runs.
      *
      * @return false if there is no QApplication: the workbench then can only play_batch().
      */
     bool load();
     /** Runs the event loop until the user closes the window or enters "quit". */
     void run();
-    /** Takes the main window down. */
+    /** Unloads the components and takes the main window down. */
     void unload();
 
-    /** Plays @p journal as though "play" had been typed, once the event loop runs. */
+    /** Plays @p journal as though "play" had been typed, once the components are loaded. */
     void play_later(const QString& journal);
 
     /**
-     * Plays @p journal without a window. Output goes to standard output, errors to standard error.
+     * Loads the components and plays @p journal, without a window. Output goes to standard output, errors to
+     * standard error.
      *
      * @return the program's exit status: 0, or 1 if the journal failed or its output could not be written.
      */
@@ -54,6 +60,7 @@ public:
 
     /** The console's pages; null while there is no window. */
     ConsoleOwner* console() const { return mConsole.get(); }
+    ComponentManager& components() { return *mComponents; }
     /** Where the commands entered are kept for the next run. */
     static QString history_file();
 
@@ -64,6 +71,7 @@ private:
     void report_error(const QString& text);
     void echo(const QString& line);
     void announce_output();
+    void play_waiting();
     void set_busy(bool busy);
     void give_turn();
     void pass_interrupt_on();
@@ -76,6 +84,7 @@ private:
     std::unique_ptr<LineInterpreter> mCommands;
     std::unique_ptr<LineInterpreter> mPython;
     std::unique_ptr<ConsoleOwner> mConsole;
+    std::unique_ptr<ComponentManager> mComponents;
     QElapsedTimer mLastTurn;
     /** The line that runs on the console. */
     std::optional<InterruptScope> mWork;
@@ -84,5 +93,10 @@ private:
     /** Guards mAnnounce, and the window while a thread announces its output. */
     std::mutex mFrameMutex;
     bool mAnnounce = false;
+    bool mWithComponents = true;
+    /** Whether the components are loaded, and a journal need not wait for them. */
+    bool mReady = false;
+    /** The journal that waits for the components. */
+    QString mJournal;
     bool mQuitting = false;
 };

@@ -84,6 +84,8 @@ int main(int argc, char** argv)
     }
 
     Workbench workbench;
+    if (!command_line.components())
+        workbench.leave_components_out();
     if (command_line.batch_mode())
         return workbench.play_batch(command_line.journal());
     workbench.load();

@@ -18,12 +18,13 @@ struct FennarComponent
 {
     /** FENNAR_COMPONENT_INTERFACE as the component was compiled with. */
     int interface_version;
-    /** What the workbench was when the component was compiled, as "0.1.0". */
+    /** What the workbench was when the component was compiled, as "0.1.0": FENNAR_WORKBENCH_VERSION. */
     const char* workbench_version;
     /**
      * The component's name: a lower-case letter, then lower-case letters, digits, "_" and "-".
      *
-     * It is the owner mark of all that the component adds.
+     * It is the owner mark of all that the component adds. The shared object is best called NAME.so: until
+     * that has been looked into, the component goes by this name.
      */
     const char* name;
     /** The component's own version, for people to read. */
@@ -32,11 +33,19 @@ struct FennarComponent
      * Adds what the component offers. An exception that leaves it refuses the component; what it had added by
      * then is taken away without a call of unload.
      *
+     * It is called again, in the same process and with all static variables as they were left, when the user
+     * loads the component once more.
+     *
      * Without a window (Ostrel::instance() is null, in a batch run) there are commands to add and nothing
      * else.
      */
     void (*load)();
-    /** Takes everything away again, in the reverse order. Must not throw. */
+    /**
+     * Takes everything away again, in the reverse order, and deletes what the component owns. Must not throw.
+     *
+     * No command of the component runs then and no modal dialog is open. At the end of the program it is
+     * called before the main window goes.
+     */
     void (*unload)();
 };
 

@@ -17,6 +17,8 @@ CommandLine::CommandLine(const QStringList& words)
             mHelp = true;
         else if (word == "--version"_L1)
             mVersion = true;
+        else if (word == "--no-components"_L1)
+            mComponents = false;
         else if (word == "--play"_L1 && i + 1 < words.size())
             mJournal = words[++i];
         else if (word == "--play"_L1)
@@ -38,10 +40,12 @@ CommandLine& CommandLine::of_application()
 
 QString CommandLine::usage()
 {
-    return u"Usage: fennar [--batch] [--play FILE]\n"
+    return u"Usage: fennar [--batch] [--no-components] [--play FILE]\n"
            "\n"
            "  --play FILE  play a journal of commands, or of Python if its name ends in .py\n"
            "  --batch      open no window: play the journal and end, with status 1 if it failed\n"
+           "  --no-components\n"
+           "               load no components at the start\n"
            "  --version    print the version and end\n"
            "  --help       print this text and end\n"_s;
 }

@@ -28,6 +28,8 @@ public:
     bool version() const { return mVersion; }
     /** The journal to play after the start; empty for none. */
     QString journal() const { return mJournal; }
+    /** Whether components are to be loaded at the start. */
+    bool components() const { return mComponents; }
     /** How the program is called, as a text of several lines. */
     static QString usage();
 
@@ -42,6 +44,7 @@ private:
     QString mJournal;
     int mGraphicsState = 0;
     bool mBatch = false;
+    bool mComponents = true;
     bool mHelp = false;
     bool mVersion = false;
 };

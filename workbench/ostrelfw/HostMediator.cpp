@@ -3,8 +3,6 @@
 
 #include "workbench/ostrelfw/HostMediator.h"
 
-#include "host/ostrelfw/ComponentRecord.h"
-
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -59,23 +57,37 @@ void HostMediator::remove_component_tracker(ComponentTracker* tracker)
     std::erase(mTrackers, tracker);
 }
 
-// The workbench is one piece: there are no components to list.
+void HostMediator::tell_trackers(void (ComponentTracker::*step)(const char*), const QString& name)
+{
+    const QByteArray utf8 = name.toUtf8();
+    const std::vector<ComponentTracker*> told = mTrackers;
+    for (ComponentTracker* tracker : told) {
+        if (std::find(mTrackers.begin(), mTrackers.end(), tracker) != mTrackers.end())
+            (tracker->*step)(utf8.constData());
+    }
+}
+
 void HostMediator::get_components(std::vector<ComponentRecord>& components)
 {
     components.clear();
+    if (mSource)
+        components = mSource->component_records();
 }
 
 void HostMediator::get_component_path(QString& path)
 {
-    path = mComponentPath;
+    path = mSource ? mSource->component_path() : mComponentPath;
 }
 
 void HostMediator::set_component_path(const QString& path)
 {
-    mComponentPath = path;
+    if (mSource)
+        mSource->set_component_path(path);
+    else
+        mComponentPath = path;
 }
 
 void HostMediator::get_component_directory(QString& directory)
 {
-    directory = QCoreApplication::applicationDirPath();
+    directory = mSource ? mSource->component_directory() : QCoreApplication::applicationDirPath();
 }

@@ -3,11 +3,28 @@
 
 #pragma once
 
+#include "host/ostrelfw/ComponentRecord.h"
+#include "host/ostrelfw/ComponentTracker.h"
 #include "host/ostrelfw/Mediator.h"
 
 #include <QString>
 
 #include <functional>
+
+/** Knows the components: what HostMediator asks on behalf of the shell. */
+class ComponentSource
+{
+public:
+    virtual ~ComponentSource() = default;
+
+    /** One record for each component that is known. */
+    virtual std::vector<ComponentRecord> component_records() = 0;
+    /** The directories searched for components, joined with ";". */
+    virtual QString component_path() const = 0;
+    virtual void set_component_path(const QString& path) = 0;
+    /** The directory in which a search for components should start. */
+    virtual QString component_directory() const = 0;
+};
 
 /** The workbench's side of everything that the shell asks of its framework. One object, behind
  * Broker::instance(). */
@@ -20,6 +37,20 @@ public:
     void set_exit_handler(std::function<void()> handler);
     /** Does the work that OstrelGUI::new_event() announces, on the GUI thread. Null for none. */
     void set_event_handler(std::function<void()> handler);
+
+    /**
+     * Sets who knows the components. Not owned; null for none.
+     *
+     * Without one no components are listed, and the path is kept for this run only.
+     */
+    void set_component_source(ComponentSource* source) { mSource = source; }
+
+    /**
+     * Tells all trackers of a step in a component's life, as &ComponentTracker::component_loaded.
+     *
+     * A tracker that is removed meanwhile is not told; one that is added meanwhile is not told either.
+     */
+    void tell_trackers(void (ComponentTracker::*step)(const char*), const QString& name);
 
     /** The objects to be told of components, in the order in which they were added. */
     const std::vector<ComponentTracker*>& trackers() const { return mTrackers; }
@@ -39,6 +70,7 @@ private:
     std::function<void()> mExitHandler;
     std::function<void()> mEventHandler;
     std::vector<ComponentTracker*> mTrackers;
+    ComponentSource* mSource = nullptr;
     QString mComponentPath;
     bool mChangeDirOnPlayback = false;
 };

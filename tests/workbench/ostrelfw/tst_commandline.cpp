@@ -17,6 +17,7 @@ private slots:
     void no_words_start_the_window_with_nothing_to_play();
     void words_are_read_data();
     void words_are_read();
+    void components_are_loaded_unless_left_out();
     void mistakes_are_named_data();
     void mistakes_are_named();
     void graphics_state_is_kept();
@@ -54,6 +55,15 @@ void TstCommandLine::words_are_read()
     QCOMPARE(line.error(), QString());
     QTEST(line.batch_mode(), "batch");
     QTEST(line.journal(), "journal");
+}
+
+void TstCommandLine::components_are_loaded_unless_left_out()
+{
+    QVERIFY(CommandLine{QStringList()}.components());
+    CommandLine without(QStringList{u"--no-components"_s, u"--play"_s, u"a.jou"_s});
+    QCOMPARE(without.error(), QString());
+    QVERIFY(!without.components());
+    QCOMPARE(without.journal(), u"a.jou"_s);
 }
 
 void TstCommandLine::mistakes_are_named_data()

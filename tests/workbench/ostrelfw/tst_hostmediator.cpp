@@ -29,6 +29,8 @@ private slots:
     void there_are_no_components();
     void component_path_is_kept();
     void search_for_components_starts_beside_the_program();
+    void source_answers_for_the_components();
+    void trackers_are_told_in_order_of_their_registration();
 };
 
 void TstHostMediator::cleanup()
@@ -130,6 +132,61 @@ void TstHostMediator::search_for_components_starts_beside_the_program()
     QString directory;
     Broker::instance()->get_component_directory(directory);
     QCOMPARE(directory, QCoreApplication::applicationDirPath());
+}
+
+void TstHostMediator::source_answers_for_the_components()
+{
+    class Source : public ComponentSource
+    {
+    public:
+        std::vector<ComponentRecord> component_records() override
+        {
+            return {{u"gear"_s, {}, {}, u"loaded"_s, 0}};
+        }
+        QString component_path() const override { return path; }
+        void set_component_path(const QString& new_path) override { path = new_path; }
+        QString component_directory() const override { return u"/directory"_s; }
+        QString path = u"/a;/b"_s;
+    };
+    Source source;
+    HostMediator::instance().set_component_source(&source);
+    std::vector<ComponentRecord> records(3);
+    QString path;
+    QString directory;
+    Broker::instance()->get_components(records);
+    Broker::instance()->get_component_path(path);
+    Broker::instance()->get_component_directory(directory);
+    Broker::instance()->set_component_path(u"/c"_s);
+    HostMediator::instance().set_component_source(nullptr);
+    QCOMPARE(records.size(), 1U);
+    QCOMPARE(records[0].name, u"gear"_s);
+    QCOMPARE(path, u"/a;/b"_s);
+    QCOMPARE(directory, u"/directory"_s);
+    QCOMPARE(source.path, u"/c"_s);
+}
+
+void TstHostMediator::trackers_are_told_in_order_of_their_registration()
+{
+    static QStringList told;
+    told.clear();
+    class Tracker : public ComponentTracker
+    {
+    public:
+        explicit Tracker(const QString& name) : mName(name)
+        {
+            HostMediator::instance().add_component_tracker(this);
+        }
+        ~Tracker() override { HostMediator::instance().remove_component_tracker(this); }
+        void component_unloading(const char* name) override { told << mName + QString::fromUtf8(name); }
+
+    private:
+        QString mName;
+    };
+    const Tracker first(u"first "_s);
+    const Tracker second(u"second "_s);
+    HostMediator::instance().tell_trackers(&ComponentTracker::component_unloading, u"gear"_s);
+    HostMediator::instance().tell_trackers(&ComponentTracker::component_loading, u"gear"_s);
+    QCOMPARE(told, (QStringList{u"first gear"_s, u"second gear"_s}));
 }
 
 OSTREL_TEST_MAIN(TstHostMediator)

@@ -1,0 +1,104 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 The Ostrel developers
+# SPDX-License-Identifier: BSD-3-Clause
+
+"""Installs a build and builds a component against what was installed:  installed_package.py CMAKE BUILD_DIR DEMO_DIR
+
+The demo component is copied out of the tree, built and installed with its own CMake file, and run in the installed
+program. All installed headers must be usable as well.
+"""
+
+import glob
+import os
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+
+HEADERS_PROJECT = """
+cmake_minimum_required(VERSION 3.25)
+project(headers LANGUAGES CXX)
+find_package(OstrelGui 0.1 REQUIRED)
+add_library(headers OBJECT headers.cpp)
+target_compile_features(headers PRIVATE cxx_std_20)
+target_link_libraries(headers PRIVATE OstrelGui::ostrelgui OstrelGui::fennari19)
+"""
+
+
+def run(*command, **options):
+    result = subprocess.run(command, capture_output=True, text=True, check=False, **options)
+    if result.returncode != 0:
+        sys.exit(f"{' '.join(command)}\nended with {result.returncode}\n{result.stdout}\n{result.stderr}")
+    return result.stdout
+
+
+def check(condition, message):
+    if not condition:
+        sys.exit(message)
+
+
+def main():
+    cmake, build, demo_source = sys.argv[1:]
+    with tempfile.TemporaryDirectory() as folder:
+        first = os.path.join(folder, "first")
+        run(cmake, "--install", build, "--prefix", first)
+        # It must work wherever it is moved to.
+        prefix = os.path.join(folder, "moved prefix")
+        os.rename(first, prefix)
+
+        component = glob.glob(os.path.join(prefix, "lib*", "**", "fennar", "components", "demo.so"), recursive=True)
+        check(len(component) == 1, f"the demo component is installed as {component}")
+        os.remove(component[0])
+        environment = dict(os.environ)
+        environment.pop("FENNAR_COMPONENT_PATH", None)
+        program = os.path.join(prefix, "bin", "fennar")
+        journal = os.path.join(folder, "demo.jou")
+        with open(journal, "w", encoding="utf-8") as file:
+            file.write("components\ndemo 3\n")
+        without = subprocess.run([program, "--batch", "--play", journal], env=environment, capture_output=True, text=True,
+                                 check=False)
+        check(without.returncode == 1 and "found \"demo\"" in without.stderr,
+              f"the demo is there before it is built:\n{without.stdout}\n{without.stderr}")
+
+        def configure(name, *options):
+            out = os.path.join(folder, name + "-build")
+            run(cmake, "-G", "Ninja", "-S", os.path.join(folder, name), "-B", out, f"-DCMAKE_PREFIX_PATH={prefix}",
+                "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS=-Wall -Wextra -Werror", *options)
+            run(cmake, "--build", out)
+            return out
+
+        shutil.copytree(demo_source, os.path.join(folder, "demo"))
+        out = configure("demo")
+        run(cmake, "--install", out, "--prefix", prefix)
+        check(os.path.isfile(component[0]), "the demo component was installed elsewhere")
+        output = run(program, "--batch", "--play", journal, env=environment)
+        check("The demo counts to 3.\n" in output and component[0] in output, output)
+
+        # With a window: the demo's menu is in the picture's program, and nothing is left at the end.
+        picture = os.path.join(folder, "window.png")
+        with open(journal, "w", encoding="utf-8") as file:
+            file.write(f"demo 3\nunload demo\nload demo\npicture '{picture}'\nquit\n")
+        run(program, "--play", journal, env=environment)
+        check(os.path.getsize(picture) > 0, "no picture")
+
+        include = os.path.join(prefix, "include", "ostrel")
+        headers = sorted(os.path.relpath(path, include)
+                         for path in glob.glob(os.path.join(include, "**", "*.h"), recursive=True))
+        check({"frame/Ostrel.h", "frame/MainFrame.h", "console/CommandWindow.h", "host/ostrelfw/Mediator.h",
+               "workbench/components/component.h", "workbench/fennari19/CommandRegistry.h"} <= set(headers), str(headers))
+        own = re.compile(r'^#include "([^"]+/[^"]+)"', re.M)
+        for header in headers:
+            with open(os.path.join(include, header), encoding="utf-8") as file:
+                missing = [name for name in own.findall(file.read()) if name not in headers]
+            check(not missing, f"{header} includes what is not installed: {missing}")
+        os.mkdir(os.path.join(folder, "headers"))
+        with open(os.path.join(folder, "headers", "CMakeLists.txt"), "w", encoding="utf-8") as file:
+            file.write(HEADERS_PROJECT)
+        with open(os.path.join(folder, "headers", "headers.cpp"), "w", encoding="utf-8") as file:
+            file.writelines(f'#include "{header}"\n' for header in headers)
+        configure("headers")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,837 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "console/CommandWindow.h"
+#include "frame/MainFrame.h"
+#include "frame/Ostrel.h"
+#include "host/fennar_python/FennarPythonInterpreter.h"
+#include "host/ostrelfw/Broker.h"
+#include "host/ostrelfw/ComponentRecord.h"
+#include "host/ostrelfw/ComponentTracker.h"
+#include "support/TestCase.h"
+#include "support/describe_window.h"
+#include "workbench/component_manager/ComponentManager.h"
+#include "workbench/component_manager/component_commands.h"
+#include "workbench/fennar_python/PythonRuntime.h"
+#include "workbench/fennar_python/make_python_interpreter.h"
+#include "workbench/fennari19/CommandCall.h"
+#include "workbench/fennari19/Fennar.h"
+#include "workbench/navigation/NavigationComponents.h"
+#include "workbench/ostrelfw/FrameworkInterpreters.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSettings>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class RecordingTracker : public ComponentTracker
+{
+public:
+    RecordingTracker() { Broker::instance()->add_component_tracker(this); }
+    ~RecordingTracker() override { Broker::instance()->remove_component_tracker(this); }
+
+    void component_loading(const char* name) override { record(u"loading"_s, name); }
+    void component_loaded(const char* name) override { record(u"loaded"_s, name); }
+    void component_unloading(const char* name) override { record(u"unloading"_s, name); }
+    void component_unloaded(const char* name) override { record(u"unloaded"_s, name); }
+
+    QStringList calls;
+    /** The state word that the list of components had at each call. */
+    QStringList states;
+
+private:
+    void record(const QString& step, const char* name)
+    {
+        calls << step + u' ' + QString::fromUtf8(name);
+        std::vector<ComponentRecord> records;
+        Broker::instance()->get_components(records);
+        for (const ComponentRecord& one : records) {
+            if (one.name == QLatin1StringView(name))
+                states << one.state;
+        }
+    }
+};
+
+void run_deferred_deletions()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+QStringList commands()
+{
+    return Fennar::instance().registry().names();
+}
+
+/** The window without the separators between sections, which stay when a component's entries go. */
+QStringList without_separators(const QStringList& rows)
+{
+    QStringList result;
+    std::copy_if(rows.begin(), rows.end(), std::back_inserter(result),
+                 [](const QString& row) { return row.trimmed() != "---"_L1; });
+    return result;
+}
+
+QAction* action_named(const QString& name)
+{
+    for (QWidget* widget : Ostrel::instance()->findChildren<QWidget*>()) {
+        for (QAction* action : widget->actions()) {
+            if (action->objectName() == name)
+                return action;
+        }
+    }
+    qFatal("no action %s", qPrintable(name));
+}
+
+} // namespace
+
+class TstComponentManager : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void cleanupTestCase();
+
+    void components_are_known_by_their_files_before_they_are_loaded();
+    void first_directory_of_the_path_comes_first();
+    void load_and_unload_tell_trackers_in_order();
+    void state_words_select_the_icons();
+    void main_window_and_navigation_hear_of_a_loaded_component();
+    void tracker_may_leave_while_trackers_are_told();
+    void command_of_a_component_runs_until_it_is_unloaded();
+    void file_outside_the_path_is_loaded_by_its_name();
+    void name_or_file_that_does_not_exist_is_refused();
+    void component_is_loaded_once();
+    void bad_components_are_refused_by_name_and_reason_data();
+    void bad_components_are_refused_by_name_and_reason();
+    void file_that_is_no_shared_object_is_refused();
+    void taken_name_is_refused_and_the_owner_named();
+    void component_that_throws_leaves_nothing_data();
+    void component_that_throws_leaves_nothing();
+    void what_a_component_forgets_is_told_and_taken_away();
+    void deferred_deletions_are_no_forgetting();
+    void component_that_throws_at_unload_is_unloaded();
+    void running_command_keeps_its_component();
+    void open_modal_dialog_keeps_all_components();
+    void open_dialog_of_a_component_goes_with_it();
+    void component_stays_off_until_it_is_loaded_by_name();
+    void run_that_remembers_nothing_leaves_the_choice_alone();
+    void crashed_component_is_left_out_and_can_be_turned_on();
+    void changed_file_is_refused_until_the_next_start();
+    void start_loads_in_turns_of_the_event_loop();
+    void start_waits_for_a_running_command();
+    void last_loaded_is_unloaded_first();
+    void path_is_kept_in_the_settings();
+    void path_of_the_environment_is_for_one_run();
+    void records_are_filled_for_the_plugin_tool();
+    void commands_list_load_and_unload();
+    void commands_report_refusals_with_the_column();
+    void without_a_window_there_are_commands_only();
+    void hundred_cycles_leave_the_window_as_it_was_data();
+    void hundred_cycles_leave_the_window_as_it_was();
+
+private:
+    /** Puts test components into the component path. */
+    void offer(const QStringList& names, const QString& folder = u"a"_s);
+    QString file(const QString& name) const
+    {
+        return QStringLiteral(TEST_COMPONENTS) + u'/' + name + u".so"_s;
+    }
+    void make_manager();
+    ComponentManager::Component about(const QString& name);
+    /** Enters a command and returns what it printed. */
+    QString enter(const QString& line);
+
+    std::unique_ptr<QTemporaryDir> mDirectory;
+    std::unique_ptr<MainFrame> mFrame;
+    std::unique_ptr<ComponentManager> mManager;
+    QString mReports;
+};
+
+void TstComponentManager::initTestCase()
+{
+    PythonRuntime::start({});
+    set_framework_interpreters(make_python_interpreter(PythonRuntime::framework_namespace()), nullptr);
+}
+
+void TstComponentManager::init()
+{
+    TestCase::init();
+    mDirectory = std::make_unique<QTemporaryDir>();
+    mReports.clear();
+    qputenv("FENNAR_COMPONENT_PATH", {});
+    mFrame = std::make_unique<MainFrame>();
+    QVERIFY(mFrame->load_gui());
+    make_manager();
+}
+
+void TstComponentManager::cleanup()
+{
+    mManager.reset();
+    if (mFrame)
+        mFrame->unload_gui();
+    mFrame.reset();
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget* window : windows)
+        delete window;
+    TestCase::cleanup();
+}
+
+void TstComponentManager::cleanupTestCase()
+{
+    set_framework_interpreters(nullptr, nullptr);
+    PythonRuntime::stop();
+}
+
+void TstComponentManager::make_manager()
+{
+    mManager.reset();
+    mManager = std::make_unique<ComponentManager>(Fennar::instance().interpreter(),
+                                                  mDirectory->filePath(u"loading"_s));
+    mManager->set_report([this](const QString& text) { mReports += text; });
+}
+
+void TstComponentManager::offer(const QStringList& names, const QString& folder)
+{
+    const QString path = mDirectory->filePath(folder);
+    QVERIFY(QDir().mkpath(path));
+    for (const QString& name : names)
+        QVERIFY2(QFile::exists(file(name)) && QFile::link(file(name), path + u'/' + name + u".so"_s),
+                 qPrintable(name));
+    const QByteArray before = qgetenv("FENNAR_COMPONENT_PATH");
+    qputenv("FENNAR_COMPONENT_PATH", before.isEmpty() ? path.toUtf8() : before + ';' + path.toUtf8());
+}
+
+ComponentManager::Component TstComponentManager::about(const QString& name)
+{
+    for (const ComponentManager::Component& component : mManager->components()) {
+        if (component.name == name)
+            return component;
+    }
+    return {};
+}
+
+QString TstComponentManager::enter(const QString& line)
+{
+    QString printed;
+    CommandInterpreter& interpreter = Fennar::instance().interpreter();
+    interpreter.set_output([&](const QString& text) { printed += text; });
+    interpreter.set_error_output([&](const QString& text) { printed += text; });
+    interpreter.run(line);
+    interpreter.set_output(nullptr);
+    interpreter.set_error_output(nullptr);
+    return printed;
+}
+
+void TstComponentManager::components_are_known_by_their_files_before_they_are_loaded()
+{
+    offer({u"second"_s, u"plain"_s});
+    QFile other(mDirectory->filePath(u"a/readme.txt"_s));
+    QVERIFY(other.open(QIODevice::WriteOnly));
+    const std::vector<ComponentManager::Component> known = mManager->components();
+    QCOMPARE(known.size(), 2U);
+    QCOMPARE(known[0].name, u"plain"_s);
+    QCOMPARE(known[0].file, QFileInfo(file(u"plain"_s)).canonicalFilePath());
+    QCOMPARE(known[0].version, QString());
+    QCOMPARE(known[0].state, ComponentManager::State::Unloaded);
+    QCOMPARE(known[1].name, u"second"_s);
+}
+
+void TstComponentManager::first_directory_of_the_path_comes_first()
+{
+    offer({u"second"_s}, u"z"_s);
+    offer({u"plain"_s}, u"a"_s);
+    const std::vector<ComponentManager::Component> known = mManager->components();
+    QCOMPARE(known.size(), 2U);
+    QCOMPARE(known[0].name, u"second"_s);
+    QCOMPARE(known[1].name, u"plain"_s);
+}
+
+void TstComponentManager::load_and_unload_tell_trackers_in_order()
+{
+    offer({u"plain"_s});
+    const RecordingTracker tracker;
+    QCOMPARE(mManager->load(u"plain"_s), QString());
+    QCOMPARE(tracker.calls, (QStringList{u"loading plain"_s, u"loaded plain"_s}));
+    QCOMPARE(mManager->unload(u"plain"_s), QString());
+    QCOMPARE(tracker.calls,
+             (QStringList{u"loading plain"_s, u"loaded plain"_s, u"unloading plain"_s, u"unloaded plain"_s}));
+    QCOMPARE(mReports, QString());
+}
+
+void TstComponentManager::state_words_select_the_icons()
+{
+    offer({u"plain"_s});
+    const RecordingTracker tracker;
+    QCOMPARE(mManager->load(u"plain"_s), QString());
+    QCOMPARE(mManager->unload(u"plain"_s), QString());
+    QCOMPARE(tracker.states, (QStringList{u"loading"_s, u"loaded"_s, u"unloading"_s, u"unloaded"_s}));
+    for (const QString& state : tracker.states) {
+        const QString icon = u":/ostrelgui/images/light/"_s + state + u"_ot.svg"_s;
+        QCOMPARE(QFile::exists(icon), state != "unloaded"_L1);
+    }
+}
+
+void TstComponentManager::main_window_and_navigation_hear_of_a_loaded_component()
+{
+    offer({u"plain"_s});
+    QStringList heard;
+    connect(Ostrel::instance(), &Ostrel::componentLoaded, this, [&heard](const char* name) {
+        heard << QString::fromUtf8(name) + (is_component_loaded(u"plain"_s) ? u" known"_s : u" unknown"_s);
+    });
+    QCOMPARE(mManager->load(u"plain"_s), QString());
+    QCOMPARE(heard, QStringList{u"plain known"_s});
+    QCOMPARE(mManager->unload(u"plain"_s), QString());
+    QVERIFY(!is_component_loaded(u"plain"_s));
+}
+
+void TstComponentManager::tracker_may_leave_while_trackers_are_told()
+{
+    class Leaving : public ComponentTracker
+    {
+    public:
+        void component_loading(const char*) override
+        {
+            other.reset();
+            Broker::instance()->remove_component_tracker(this);
+        }
+        std::unique_ptr<RecordingTracker> other;
+    };
+    offer({u"plain"_s});
+    Leaving leaving;
+    Broker::instance()->add_component_tracker(&leaving);
+    leaving.other = std::make_unique<RecordingTracker>();
+    const RecordingTracker last;
+    QCOMPARE(mManager->load(u"plain"_s), QString());
+    QCOMPARE(last.calls, (QStringList{u"loading plain"_s, u"loaded plain"_s}));
+}
+
+void TstComponentManager::command_of_a_component_runs_until_it_is_unloaded()
+{
+    offer({u"plain"_s});
+    QCOMPARE(mManager->load(u"plain"_s), QString());
+    QCOMPARE(enter(u"plain"_s), u"plain ran\n"_s);
+    QCOMPARE(about(u"plain"_s).version, u"2.5"_s);
+    QCOMPARE(mManager->unload(u"plain"_s), QString());
+    QVERIFY(enter(u"plain"_s).startsWith(u"ERROR: plain: column 1: expected a command"_s));
+}
+
+void TstComponentManager::file_outside_the_path_is_loaded_by_its_name()
+{
+    QString name;
+    QCOMPARE(mManager->load(file(u"second"_s), &name), QString());
+    QCOMPARE(name, u"second"_s);
+    QCOMPARE(about(u"second"_s).state, ComponentManager::State::Loaded);
+    QCOMPARE(enter(u"second"_s), u"second ran\n"_s);
+}
+
+void TstComponentManager::name_or_file_that_does_not_exist_is_refused()
+{
+    QCOMPARE(mManager->load(u"plain"_s), u"there is no component \"plain\" in the component path"_s);
+    QCOMPARE(mManager->load(u"/no/such.so"_s), u"there is no file \"/no/such.so\""_s);
+    QCOMPARE(mManager->load(u"/tmp/"_s), u"there is no file \"/tmp/\""_s);
+    QCOMPARE(mManager->load({}), u"there is no component \"\" in the component path"_s);
+    QCOMPARE(mManager->unload(u"plain"_s), u"there is no component \"plain\""_s);
+    offer({u"plain"_s});
+    QCOMPARE(mManager->unload(u"plain"_s), u"the component \"plain\" is not loaded"_s);
+}
+
+void TstComponentManager::component_is_loaded_once()
+{
+    offer({u"plain"_s});
+    QCOMPARE(mManager->load(u"plain"_s), QString());
+    QCOMPARE(mManager->load(u"plain"_s), u"the component \"plain\" is loaded"_s);
+    QCOMPARE(mManager->load(file(u"plain"_s)), u"the component \"plain\" is loaded"_s);
+    mManager->load_all();
+    QCOMPARE(mReports, QString());
+}
+
+void TstComponentManager::bad_components_are_refused_by_name_and_reason_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("no entry") << u"no_entry"_s << u"it has no function fennar_component"_s;
+    QTest::newRow("other interface")
+        << u"old_interface"_s
+        << u"it was made for version 0 of the component interface; this program has version 1"_s;
+    QTest::newRow("other workbench")
+        << u"other_workbench"_s
+        << u"it was made for version 0.0.7 of the workbench; this is version " OSTREL_VERSION ""_s;
+    QTest::newRow("bad name") << u"bad_name"_s << u"\"Bad Name\" is no name for a component"_s;
+    QTest::newRow("name of the program")
+        << u"reserved"_s << u"the name \"workbench\" is taken by the program"_s;
+    QTest::newRow("no function to load") << u"no_load"_s << u"it has no function to load or to unload it"_s;
+    QTest::newRow("no record") << u"no_record"_s << u"fennar_component returned nothing"_s;
+}
+
+void TstComponentManager::bad_components_are_refused_by_name_and_reason()
+{
+    QFETCH(const QString, name);
+    QFETCH(const QString, reason);
+    offer({name, u"second"_s});
+    const QStringList window = describe_window(*Ostrel::instance());
+    const QStringList known_commands = commands();
+    const RecordingTracker tracker;
+    mManager->load_all();
+    QVERIFY2(mReports.startsWith(u"ERROR: component \"%1\" (%2): not loaded: %3"_s.arg(
+                 name, QFileInfo(file(name)).canonicalFilePath(), reason)),
+             qPrintable(mReports));
+    QCOMPARE(mReports.count(u'\n'), 1);
+    QCOMPARE(about(name).state, ComponentManager::State::Unloaded);
+    QVERIFY(about(name).refusal.startsWith(reason));
+    QVERIFY(mManager->load(name).startsWith(reason));
+    // The next one is loaded all the same.
+    QCOMPARE(tracker.calls, (QStringList{u"loading second"_s, u"loaded second"_s}));
+    QCOMPARE(mManager->unload(u"second"_s), QString());
+    QCOMPARE(describe_window(*Ostrel::instance()), window);
+    QCOMPARE(commands(), known_commands);
+}
+
+void TstComponentManager::file_that_is_no_shared_object_is_refused()
+{
+    offer({});
+    QFile text(mDirectory->filePath(u"a/text.so"_s));
+    QVERIFY(text.open(QIODevice::WriteOnly));
+    text.write("not a shared object");
+    text.close();
+    mManager->load_all();
+    QVERIFY2(mReports.contains(u"component \"text\" ("_s) &&
+                 mReports.contains(u"not loaded: it is no shared object that can be loaded: "_s),
+             qPrintable(mReports));
+}
+
+void TstComponentManager::taken_name_is_refused_and_the_owner_named()
+{
+    offer({u"plain"_s, u"twin"_s});
+    mManager->load_all();
+    QVERIFY2(mReports.contains(u"component \"twin\" ("_s) &&
+                 mReports.contains(u"the name \"plain\" is taken by "_s +
+                                   QFileInfo(file(u"plain"_s)).canonicalFilePath()),
+             qPrintable(mReports));
+    // It can have the name once that is free.
+    QCOMPARE(mManager->unload(u"plain"_s), QString());
+    QCOMPARE(mManager->load(u"twin"_s), QString());
+    QVERIFY(mManager->load(file(u"plain"_s)).contains(u"twin.so"_s));
+    QCOMPARE(mManager->unload(u"plain"_s), QString());
+    QCOMPARE(about(u"plain"_s).state, ComponentManager::State::Unloaded);
+}
+
+void TstComponentManager::component_that_throws_leaves_nothing_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("a standard exception") << u"throwing"_s << u"it failed: out of luck"_s;
+    QTest::newRow("anything else") << u"throwing_other"_s << u"it failed: an exception of an unknown kind"_s;
+}
+
+void TstComponentManager::component_that_throws_leaves_nothing()
+{
+    QFETCH(const QString, name);
+    QFETCH(const QString, reason);
+    offer({name});
+    const QStringList window = describe_window(*Ostrel::instance());
+    const QStringList known_commands = commands();
+    const std::vector<ComponentTracker*> trackers = HostMediator::instance().trackers();
+    RecordingTracker tracker;
+    QCOMPARE(mManager->load(name), reason);
+    QCOMPARE(tracker.calls, (QStringList{u"loading "_s + name, u"unloaded "_s + name}));
+    Broker::instance()->remove_component_tracker(&tracker);
+    run_deferred_deletions();
+    QCOMPARE(without_separators(describe_window(*Ostrel::instance())), without_separators(window));
+    QCOMPARE(commands(), known_commands);
+    QCOMPARE(HostMediator::instance().trackers(), trackers);
+    QVERIFY(!Ostrel::instance()->graphics_widget());
+    QVERIFY(!is_component_loaded(name));
+    QCOMPARE(about(name).refusal, reason);
+    mManager->load_all();
+    QVERIFY2(mReports.contains(u"not loaded: "_s + reason), qPrintable(mReports));
+}
+
+void TstComponentManager::what_a_component_forgets_is_told_and_taken_away()
+{
+    offer({u"forgetful"_s});
+    Ostrel* window = Ostrel::instance();
+    auto* tabs = window->findChild<QTabWidget*>(u"mCommandTab"_s);
+    const QStringList rows = describe_window(*window);
+    const QStringList known_commands = commands();
+    const std::vector<ComponentTracker*> trackers = HostMediator::instance().trackers();
+
+    QCOMPARE(mManager->load(u"forgetful"_s), QString());
+    QVERIFY(window->graphics_widget());
+    QCOMPARE(tabs->count(), 1);
+    QPointer<QWidget> graphics = window->graphics_widget();
+    QCOMPARE(mManager->unload(u"forgetful"_s), QString());
+
+    for (const QString& forgotten :
+         {u"command \"forgetful-command\""_s, u"command \"forgetful-other\""_s, u"component tracker"_s,
+          u"graphics widget"_s, u"console page \"leftPage\""_s, u"menu entry \"left entry\""_s,
+          u"menu entry \"left view\""_s, u"menu entry \"left tool\""_s, u"menu entry \"left help\""_s,
+          u"toolbar button \"left button\""_s, u"toolbar button \"left button 5\""_s, u"dock \"LeftDock\""_s,
+          u"shortcut \"Ctrl+Shift+L\""_s, u"object \"leftLabel\""_s, u"object \"leftAbout\""_s,
+          u"window \"leftWindow\""_s, u"entry \"left in the bar\""_s})
+        QVERIFY2(mReports.contains(forgotten), qPrintable(forgotten + u" in "_s + mReports));
+    QVERIFY2(mReports.startsWith(u"ERROR: component \"forgetful\" ("_s) && mReports.count(u'\n') == 1,
+             qPrintable(mReports));
+    run_deferred_deletions();
+    QCOMPARE(without_separators(describe_window(*window)), without_separators(rows));
+    QCOMPARE(commands(), known_commands);
+    QCOMPARE(HostMediator::instance().trackers(), trackers);
+    QVERIFY(!window->graphics_widget());
+    QVERIFY(graphics && !graphics->parent());
+    QCOMPARE(tabs->count(), 0);
+    for (const QString& name : {u"leftPage"_s, u"leftLabel"_s, u"leftAbout"_s, u"LeftDock"_s})
+        QVERIFY2(!window->findChild<QWidget*>(name), qPrintable(name));
+}
+
+void TstComponentManager::deferred_deletions_are_no_forgetting()
+{
+    offer({u"later"_s});
+    const QStringList rows = describe_window(*Ostrel::instance());
+    QCOMPARE(mManager->load(u"later"_s), QString());
+    QCOMPARE(mManager->unload(u"later"_s), QString());
+    QCOMPARE(mReports, QString());
+    run_deferred_deletions();
+    QCOMPARE(without_separators(describe_window(*Ostrel::instance())), without_separators(rows));
+}
+
+void TstComponentManager::component_that_throws_at_unload_is_unloaded()
+{
+    offer({u"unload_throws"_s});
+    const RecordingTracker tracker;
+    QCOMPARE(mManager->load(u"unload_throws"_s), QString());
+    QCOMPARE(mManager->unload(u"unload_throws"_s), QString());
+    QVERIFY2(mReports.contains(u"failed to unload: no way out\n"_s) &&
+                 mReports.contains(u"left behind, and taken away now: command \"unload_throws-command\""_s),
+             qPrintable(mReports));
+    QCOMPARE(tracker.calls.last(), u"unloaded unload_throws"_s);
+    QCOMPARE(about(u"unload_throws"_s).state, ComponentManager::State::Unloaded);
+}
+
+void TstComponentManager::running_command_keeps_its_component()
+{
+    offer({u"plain"_s, u"second"_s});
+    mManager->load_all();
+    QString refusal;
+    QString other;
+    Fennar::instance().registry().add({u"busy"_s, u"busy"_s, {}, {}, u"plain"_s, [&](CommandCall&) {
+                                           refusal = mManager->unload(u"plain"_s);
+                                           other = mManager->unload(u"second"_s);
+                                       }});
+    enter(u"busy"_s);
+    QCOMPARE(refusal, u"a command of the component \"plain\" is running"_s);
+    QCOMPARE(other, QString());
+    QCOMPARE(about(u"plain"_s).state, ComponentManager::State::Loaded);
+    Fennar::instance().registry().remove(u"busy"_s);
+    QCOMPARE(mManager->unload(u"plain"_s), QString());
+}
+
+void TstComponentManager::open_modal_dialog_keeps_all_components()
+{
+    offer({u"plain"_s});
+    QCOMPARE(mManager->load(u"plain"_s), QString());
+    QDialog dialog(Ostrel::instance());
+    QString refusal;
+    QTimer::singleShot(0, &dialog, [&] {
+        refusal = mManager->unload(u"plain"_s);
+        dialog.reject();
+    });
+    dialog.exec();
+    QVERIFY2(refusal.startsWith(u"a dialog or menu is open"_s), qPrintable(refusal));
+    QCOMPARE(enter(u"plain"_s), u"plain ran\n"_s);
+    QCOMPARE(mManager->unload(u"plain"_s), QString());
+}
+
+void TstComponentManager::open_dialog_of_a_component_goes_with_it()
+{
+    qputenv("FENNAR_COMPONENT_PATH", TREE_COMPONENTS);
+    QCOMPARE(mManager->load(u"demo"_s), QString());
+    action_named(u"demoDialog"_s)->trigger();
+    const QPointer<QDialog> dialog = Ostrel::instance()->findChild<QDialog*>(u"demoDialog"_s);
+    QVERIFY(dialog && dialog->isVisible());
+    QCOMPARE(mManager->unload(u"demo"_s), QString());
+    QVERIFY(!dialog);
+    QCOMPARE(mReports, QString());
+}
+
+void TstComponentManager::component_stays_off_until_it_is_loaded_by_name()
+{
+    offer({u"plain"_s, u"second"_s});
+    mManager->load_all();
+    QCOMPARE(mManager->unload(u"plain"_s), QString());
+    QVERIFY(about(u"plain"_s).off);
+    make_manager();
+    mManager->load_all();
+    QCOMPARE(about(u"plain"_s).state, ComponentManager::State::Unloaded);
+    QCOMPARE(about(u"second"_s).state, ComponentManager::State::Loaded);
+    QCOMPARE(mReports, QString());
+    QCOMPARE(mManager->load(u"plain"_s), QString());
+    make_manager();
+    mManager->load_all();
+    QCOMPARE(about(u"plain"_s).state, ComponentManager::State::Loaded);
+    QVERIFY(!QSettings().contains(u"/fennar/components/off"_s));
+}
+
+void TstComponentManager::run_that_remembers_nothing_leaves_the_choice_alone()
+{
+    offer({u"plain"_s, u"second"_s});
+    mManager->load_all();
+    QCOMPARE(mManager->unload(u"plain"_s), QString());
+    mManager->set_remembering(false);
+    QCOMPARE(mManager->load(u"plain"_s), QString());
+    QCOMPARE(mManager->unload(u"second"_s), QString());
+    QVERIFY(about(u"plain"_s).off);
+    QVERIFY(!about(u"second"_s).off);
+}
+
+void TstComponentManager::crashed_component_is_left_out_and_can_be_turned_on()
+{
+    offer({u"plain"_s, u"second"_s});
+    // What a program leaves that went down while it was loading.
+    QVERIFY(QDir().mkpath(mDirectory->filePath(u"loading"_s)));
+    QFile note(mDirectory->filePath(u"loading/1.loading"_s));
+    QVERIFY(note.open(QIODevice::WriteOnly));
+    note.write(QFileInfo(file(u"plain"_s)).canonicalFilePath().toUtf8());
+    note.close();
+    for (int start = 0; start < 2; ++start) {
+        mReports.clear();
+        make_manager();
+        mManager->load_all();
+        QVERIFY2(mReports.startsWith(u"ERROR: component \"plain\" ("_s) &&
+                     mReports.contains(u"left out, since the program ended while it was being loaded; "
+                                       "\"load plain\" turns it on again"_s),
+                 qPrintable(mReports));
+        QVERIFY(about(u"plain"_s).crashed);
+        QCOMPARE(about(u"second"_s).state, ComponentManager::State::Loaded);
+    }
+    QCOMPARE(mManager->load(u"plain"_s), QString());
+    QCOMPARE(about(u"plain"_s).refusal, QString());
+    mReports.clear();
+    make_manager();
+    mManager->load_all();
+    QCOMPARE(mReports, QString());
+    QCOMPARE(about(u"plain"_s).state, ComponentManager::State::Loaded);
+}
+
+void TstComponentManager::changed_file_is_refused_until_the_next_start()
+{
+    const QString copy = mDirectory->filePath(u"plain.so"_s);
+    QVERIFY(QFile::copy(file(u"plain"_s), copy));
+    QCOMPARE(mManager->load(copy), QString());
+    QCOMPARE(mManager->unload(u"plain"_s), QString());
+    QCOMPARE(mManager->load(copy), QString());
+    QCOMPARE(mManager->unload(u"plain"_s), QString());
+    QFile changed(copy);
+    QVERIFY(changed.open(QIODevice::ReadWrite));
+    QVERIFY(changed.setFileTime(QDateTime::fromSecsSinceEpoch(1), QFileDevice::FileModificationTime));
+    changed.close();
+    QCOMPARE(mManager->load(copy),
+             u"its file has changed since it was loaded first; the program must be started anew"_s);
+}
+
+void TstComponentManager::start_loads_in_turns_of_the_event_loop()
+{
+    offer({u"plain"_s, u"second"_s});
+    const RecordingTracker tracker;
+    bool done = false;
+    QStringList before_done;
+    mManager->start([&] {
+        done = true;
+        before_done = tracker.calls;
+    });
+    QCOMPARE(tracker.calls, QStringList());
+    QCoreApplication::processEvents();
+    QVERIFY(!done && tracker.calls.size() <= 2);
+    QTRY_VERIFY(done);
+    QCOMPARE(before_done,
+             (QStringList{u"loading plain"_s, u"loaded plain"_s, u"loading second"_s, u"loaded second"_s}));
+}
+
+void TstComponentManager::start_waits_for_a_running_command()
+{
+    offer({u"plain"_s});
+    const RecordingTracker tracker;
+    bool done = false;
+    mManager->start([&] { done = true; });
+    QStringList during;
+    Fennar::instance().registry().add({u"busy"_s, u"busy"_s, {}, {}, u"test"_s, [&](CommandCall&) {
+                                           QCoreApplication::processEvents();
+                                           during = tracker.calls;
+                                       }});
+    enter(u"busy"_s);
+    Fennar::instance().registry().remove_owner(u"test"_s);
+    QCOMPARE(during, QStringList());
+    QTRY_VERIFY(done);
+    QCOMPARE(tracker.calls, (QStringList{u"loading plain"_s, u"loaded plain"_s}));
+}
+
+void TstComponentManager::last_loaded_is_unloaded_first()
+{
+    offer({u"plain"_s, u"second"_s, u"slow"_s});
+    mManager->load_all();
+    const RecordingTracker tracker;
+    mManager->unload_all();
+    QCOMPARE(tracker.calls, (QStringList{u"unloading slow"_s, u"unloaded slow"_s, u"unloading second"_s,
+                                         u"unloaded second"_s, u"unloading plain"_s, u"unloaded plain"_s}));
+    // That the program ends is not the user's choice.
+    QVERIFY(!about(u"plain"_s).off);
+}
+
+void TstComponentManager::path_is_kept_in_the_settings()
+{
+    qunsetenv("FENNAR_COMPONENT_PATH");
+    QString path;
+    QString directory;
+    Broker::instance()->get_component_path(path);
+    Broker::instance()->get_component_directory(directory);
+    QCOMPARE(path, directory);
+    QCOMPARE(QFileInfo(directory).canonicalFilePath(),
+             QFileInfo(QStringLiteral(TREE_COMPONENTS)).canonicalFilePath());
+    Broker::instance()->set_component_path(path);
+    QVERIFY(!QSettings().contains(u"/fennar/components/path"_s));
+    Broker::instance()->set_component_path(u"/a;/b c"_s);
+    make_manager();
+    Broker::instance()->get_component_path(path);
+    QCOMPARE(path, u"/a;/b c"_s);
+    Broker::instance()->set_component_path({});
+    Broker::instance()->get_component_path(path);
+    QCOMPARE(path, QString());
+    QVERIFY(mManager->components().empty());
+    Broker::instance()->set_component_path(directory);
+    QVERIFY(!QSettings().contains(u"/fennar/components/path"_s));
+}
+
+void TstComponentManager::path_of_the_environment_is_for_one_run()
+{
+    QSettings().setValue(u"/fennar/components/path"_s, u"/stored"_s);
+    qputenv("FENNAR_COMPONENT_PATH", "/a;/b");
+    QCOMPARE(mManager->component_path(), u"/a;/b"_s);
+    mManager->set_component_path(u"/c"_s);
+    QCOMPARE(mManager->component_path(), u"/c"_s);
+    QCOMPARE(QSettings().value(u"/fennar/components/path"_s).toString(), u"/stored"_s);
+}
+
+void TstComponentManager::records_are_filled_for_the_plugin_tool()
+{
+    offer({u"plain"_s, u"second"_s});
+    QCOMPARE(mManager->load(u"second"_s), QString());
+    std::vector<ComponentRecord> records(3);
+    Broker::instance()->get_components(records);
+    QCOMPARE(records.size(), 2U);
+    QCOMPARE(records[0].name, u"plain"_s);
+    QCOMPARE(records[0].state, u"unloaded"_s);
+    QCOMPARE(records[1].name, u"second"_s);
+    QCOMPARE(records[1].state, u"loaded"_s);
+    mManager.reset();
+    Broker::instance()->get_components(records);
+    QVERIFY(records.empty());
+}
+
+void TstComponentManager::commands_list_load_and_unload()
+{
+    register_component_commands(Fennar::instance().registry(), *mManager);
+    offer({u"plain"_s, u"no_entry"_s, u"second"_s});
+    const QString plain = QFileInfo(file(u"plain"_s)).canonicalFilePath();
+    const QString second = QFileInfo(file(u"second"_s)).canonicalFilePath();
+    const QString no_entry = QFileInfo(file(u"no_entry"_s)).canonicalFilePath();
+    const QString searched = u"Searched: "_s + mDirectory->filePath(u"a"_s) + u'\n';
+    mManager->load_all();
+    QCOMPARE(enter(u"unload second"_s), u"The component \"second\" is unloaded.\n"_s);
+    QCOMPARE(enter(u"components"_s),
+             u"no_entry  refused  -    "_s + no_entry +
+                 u"\n    it has no function fennar_component\nplain     loaded   2.5  "_s + plain +
+                 u"\nsecond    off      2.5  "_s + second + u'\n' + searched);
+    QCOMPARE(enter(u"load second"_s), u"The component \"second\" is loaded.\n"_s);
+    QVERIFY(enter(u"components"_s).contains(u"second    loaded "_s));
+    for (const QString& name : {u"components"_s, u"load"_s, u"unload"_s})
+        QVERIFY2(enter(u"help "_s + name).startsWith(u"Usage: "_s + name), qPrintable(name));
+    mManager->unload_all();
+    for (const QString& name : {u"components"_s, u"load"_s, u"unload"_s})
+        Fennar::instance().registry().remove(name);
+}
+
+void TstComponentManager::commands_report_refusals_with_the_column()
+{
+    register_component_commands(Fennar::instance().registry(), *mManager);
+    QCOMPARE(enter(u"components"_s), u"The component path is empty.\n"_s);
+    QCOMPARE(enter(u"load none"_s),
+             u"ERROR: load: column 6: there is no component \"none\" in the component path\n"_s);
+    QCOMPARE(enter(u"unload none"_s), u"ERROR: unload: column 8: there is no component \"none\"\n"_s);
+    QVERIFY(
+        enter(u"load"_s).startsWith(u"ERROR: load: column 5: expected the name or file of a component"_s));
+    QVERIFY(enter(u"components all"_s).startsWith(u"ERROR: components: column 12: "_s));
+    for (const QString& name : {u"components"_s, u"load"_s, u"unload"_s})
+        Fennar::instance().registry().remove(name);
+}
+
+void TstComponentManager::without_a_window_there_are_commands_only()
+{
+    mFrame->unload_gui();
+    mFrame.reset();
+    offer({u"forgetful"_s, u"plain"_s});
+    mManager->load_all();
+    QCOMPARE(enter(u"plain"_s), u"plain ran\n"_s);
+    QCOMPARE(mManager->unload(u"plain"_s), QString());
+    QCOMPARE(mManager->unload(u"forgetful"_s), QString());
+    QVERIFY2(mReports.contains(u"command \"forgetful-command\""_s), qPrintable(mReports));
+}
+
+void TstComponentManager::hundred_cycles_leave_the_window_as_it_was_data()
+{
+    QTest::addColumn<QString>("name");
+    const QFileInfoList files = QDir(QStringLiteral(TREE_COMPONENTS)).entryInfoList({u"*.so"_s}, QDir::Files);
+    QVERIFY(!files.isEmpty());
+    for (const QFileInfo& one : files)
+        QTest::newRow(qPrintable(one.completeBaseName())) << one.completeBaseName();
+}
+
+void TstComponentManager::hundred_cycles_leave_the_window_as_it_was()
+{
+    QFETCH(const QString, name);
+    qputenv("FENNAR_COMPONENT_PATH", TREE_COMPONENTS);
+    // A hundred writings of the settings would take longer than all the rest.
+    mManager->set_remembering(false);
+    const Ostrel* window = Ostrel::instance();
+    const QStringList known_commands = commands();
+    const QStringList pristine = describe_window(*window);
+    const std::vector<ComponentTracker*> trackers = HostMediator::instance().trackers();
+    const auto cycle = [&] {
+        QCOMPARE(mManager->load(name), QString());
+        QCoreApplication::processEvents();
+        QVERIFY(commands() != known_commands || describe_window(*window) != pristine);
+        QCOMPARE(mManager->unload(name), QString());
+        QCoreApplication::processEvents();
+        run_deferred_deletions();
+    };
+    cycle();
+    // A section's separator is the shell's own and stays with the section.
+    const QStringList after_one = describe_window(*window);
+    QCOMPARE(without_separators(after_one), without_separators(pristine));
+    const qsizetype objects = window->findChildren<QObject*>().size();
+    const qsizetype top_levels = QApplication::topLevelWidgets().size();
+    for (int i = 1; i < 100; ++i)
+        cycle();
+    QCOMPARE(describe_window(*window), after_one);
+    QCOMPARE(commands(), known_commands);
+    QCOMPARE(HostMediator::instance().trackers(), trackers);
+    QCOMPARE(window->findChildren<QObject*>().size(), objects);
+    QCOMPARE(QApplication::topLevelWidgets().size(), top_levels);
+    QVERIFY(!window->graphics_widget());
+    QCOMPARE(mReports, QString());
+}
+
+OSTREL_TEST_MAIN(TstComponentManager)
+#include "tst_componentmanager.moc"

@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QAction>
+#include <QList>
+#include <QPointer>
+#include <QSet>
+#include <QStringList>
+#include <QWidget>
+
+#include <utility>
+
+class CommandRegistry;
+class ComponentTracker;
+
+/** Where things were before a component was loaded, to find what it has added. */
+struct Surroundings
+{
+    /** As they are now, with a window or without. */
+    static Surroundings now(const CommandRegistry& registry);
+
+    /** What can be seen or chosen in the main window, and all windows. Compared by address only. */
+    QSet<const QObject*> objects;
+    /** Which action stands in which widget. */
+    QSet<std::pair<const QWidget*, const QAction*>> actions;
+    QWidget* graphics_widget = nullptr;
+    QSet<const ComponentTracker*> trackers;
+    QSet<QString> commands;
+};
+
+/**
+ * What a component has added to the program, and the cleaning up of what it leaves behind.
+ *
+ * Found are: all that came while the component was being loaded, all that bears its name as owner mark, and
+ * all objects whose class is defined in its shared object.
+ */
+class ComponentTraces
+{
+public:
+    ComponentTraces() = default;
+    /**
+     * @param before  the surroundings when the load began; the additions are what differs now.
+     * @param code    an address in the component's shared object.
+     */
+    ComponentTraces(const QString& name, const Surroundings& before, const void* code,
+                    CommandRegistry& registry);
+
+    /**
+     * Takes away what is left of the component, and returns what that was, for people to read.
+     *
+     * Objects that wait for their deletion are deleted first, and are not counted. What the main window owns
+     * is deleted; windows and the graphics widget are only taken out of sight, since nobody but the component
+     * can know who owns them.
+     */
+    QStringList clean_up();
+
+private:
+    /** An action and the widget that it stands in. */
+    struct Placement
+    {
+        QPointer<QWidget> widget;
+        QPointer<QAction> action;
+    };
+
+    bool is_own_entry(const QWidget* widget, const QAction* action) const;
+    bool is_own_class(const QObject* object) const;
+    /** Whether it came with the component, or belongs to something that did. */
+    bool is_own(const QObject* object) const;
+    void delete_what_waits() const;
+    void clean_commands(QStringList& left);
+    void clean_trackers(QStringList& left);
+    void clean_console(QStringList& left) const;
+    void clean_owned_entries(QStringList& left) const;
+    void remove_empty_toolbars() const;
+    void clean_actions(QStringList& left) const;
+    void clean_objects(QStringList& left) const;
+    void clean_windows(QStringList& left) const;
+
+    QString mName;
+    const void* mCode = nullptr;
+    CommandRegistry* mRegistry = nullptr;
+    QList<QPointer<QObject>> mObjects;
+    QList<Placement> mActions;
+    QPointer<QWidget> mGraphicsWidget;
+    QSet<const ComponentTracker*> mTrackers;
+    QSet<QString> mCommands;
+};
