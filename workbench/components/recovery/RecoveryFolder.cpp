@@ -129,10 +129,17 @@ std::optional<KeptDocument> RecoveryFolder::read(const QString& name) const
 QString RecoveryFolder::write(int number, const KeptDocument& document)
 {
     QSaveFile file(mPath + u'/' + name_of(number));
-    if (!file.open(QIODevice::WriteOnly))
+    // What is wrong with a buffer, that would be written at the end, not all versions of Qt tell.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return file.errorString();
-    // What goes wrong here is told by the commit, too.
-    file.write(document.encode());
+    const QByteArray bytes = document.encode();
+    // A disk that becomes full takes a part without a complaint, which the next try gets.
+    for (qint64 done = 0; done < bytes.size();) {
+        const qint64 count = file.write(bytes.constData() + done, bytes.size() - done);
+        if (count <= 0)
+            return file.errorString();
+        done += count;
+    }
     return file.commit() ? QString() : file.errorString();
 }
 

@@ -61,8 +61,8 @@ RecoveryOffer::RecoveryOffer(QWidget* parent, std::vector<std::unique_ptr<Recove
     }
     if (mEntries.size() > most_names)
         titles << tr("and %1 more").arg(mEntries.size() - most_names);
-    setText(tr("Unsaved journals were kept when the program ended unexpectedly:"));
-    setInformativeText(titles.join(u'\n'));
+    setText(tr("Unsaved journals were kept when the program ended unexpectedly:") + u"\n\n"_s +
+            titles.join(u'\n'));
     connect(this, &QDialog::finished, this, &RecoveryOffer::tell_answer);
 }
 

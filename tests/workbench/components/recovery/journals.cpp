@@ -19,6 +19,8 @@
 #include <QSaveFile>
 #include <QTabWidget>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -30,10 +32,12 @@ JournalEditor* editor()
     return Ostrel::instance()->journal_editor();
 }
 
+/** The box that is open; one that has been answered may wait for its deletion still. */
 QMessageBox* offer()
 {
-    auto* box = Ostrel::instance()->findChild<QMessageBox*>(u"recoveryOffer"_s);
-    return box && box->isVisible() ? box : nullptr;
+    const auto boxes = Ostrel::instance()->findChildren<QMessageBox*>(u"recoveryOffer"_s);
+    const auto open = std::find_if(boxes.begin(), boxes.end(), [](auto* box) { return box->isVisible(); });
+    return open == boxes.end() ? nullptr : *open;
 }
 
 /** The argument: "x", then the text's bytes in hexadecimal digits. */
@@ -100,7 +104,7 @@ void report(CommandCall& call)
     }
     const QMessageBox* box = offer();
     const QJsonObject all{{u"documents"_s, documents},
-                          {u"offer"_s, box ? box->informativeText() : QString()},
+                          {u"offer"_s, box ? box->text() : QString()},
                           {u"visible"_s, editor()->isVisible()}};
     QSaveFile file(text_of(call));
     if (!file.open(QIODevice::WriteOnly) || file.write(QJsonDocument(all).toJson()) < 0 || !file.commit())

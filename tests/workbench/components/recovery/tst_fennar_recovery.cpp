@@ -158,7 +158,7 @@ TstFennarRecovery::Report TstFennarRecovery::read_report(const QString& file)
         report.labels << one["label"_L1].toString();
         report.all_modified = report.all_modified && one["modified"_L1].toBool();
     }
-    report.offer = all.value("offer"_L1).toString().split(u'\n', Qt::SkipEmptyParts);
+    report.offer = all.value("offer"_L1).toString().split(u'\n', Qt::SkipEmptyParts).mid(1);
     report.visible = all.value("visible"_L1).toBool();
     return report;
 }

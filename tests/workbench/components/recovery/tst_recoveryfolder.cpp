@@ -35,6 +35,7 @@ private slots:
     void written_documents_are_read_back();
     void names_come_in_the_order_of_their_numbers();
     void document_is_replaced();
+    void failed_write_is_told_and_leaves_the_old_copy_data();
     void failed_write_is_told_and_leaves_the_old_copy();
     void removed_document_is_gone();
     void head_has_all_but_the_text();
@@ -132,13 +133,22 @@ void TstRecoveryFolder::document_is_replaced()
     QCOMPARE(files(folder->path()), (QStringList{u"1.journal"_s, u"lock"_s}));
 }
 
+void TstRecoveryFolder::failed_write_is_told_and_leaves_the_old_copy_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::newRow("hardly too much") << 1'000;
+    QTest::newRow("less than a buffer") << 10'000;
+    QTest::newRow("more than a buffer") << 1'000'000;
+}
+
 void TstRecoveryFolder::failed_write_is_told_and_leaves_the_old_copy()
 {
+    QFETCH(const int, size);
     const auto folder = RecoveryFolder::make(root());
     QCOMPARE(folder->write(1, document(u"old"_s)), QString());
     {
         const FullDisk full(1000);
-        QVERIFY(!folder->write(1, document(QString(100'000, u'x'))).isEmpty());
+        QVERIFY(!folder->write(1, document(QString(size, u'x'))).isEmpty());
     }
     QCOMPARE(folder->read(u"1.journal"_s)->text, u"old"_s);
     QCOMPARE(files(folder->path()), (QStringList{u"1.journal"_s, u"lock"_s}));

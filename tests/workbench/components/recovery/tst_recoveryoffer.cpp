@@ -11,6 +11,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 class TstRecoveryOffer : public TestCase
@@ -64,10 +66,10 @@ void TstRecoveryOffer::documents_are_named_in_the_order_of_their_changes()
     const auto offer = make_offer();
     QCOMPARE(offer->objectName(), u"recoveryOffer"_s);
     QCOMPARE(offer->windowTitle(), u"Recover Journals"_s);
-    QCOMPARE(offer->text(), u"Unsaved journals were kept when the program ended unexpectedly:"_s);
-    QCOMPARE(offer->informativeText(), u"Untitled (changed 2026-05-01 12:01)\n"
-                                       "part.jou (changed 2026-05-01 12:02)\n"
-                                       "part.jou (changed 2026-05-01 12:03)"_s);
+    QCOMPARE(offer->text(), u"Unsaved journals were kept when the program ended unexpectedly:\n\n"
+                            "Untitled (changed 2026-05-01 12:01)\n"
+                            "part.jou (changed 2026-05-01 12:02)\n"
+                            "part.jou (changed 2026-05-01 12:03)"_s);
     QStringList files;
     for (const RecoveryOffer::Entry& entry : offer->entries())
         files << entry.folder->read(entry.name)->file;
@@ -78,11 +80,12 @@ void TstRecoveryOffer::names_are_no_markup()
 {
     keep(u"/a/<b>x<br>.jou"_s, 1);
     const auto offer = make_offer();
-    for (const QLabel* label : offer->findChildren<QLabel*>()) {
-        if (!label->text().isEmpty())
-            QCOMPARE(label->textFormat(), Qt::PlainText);
-    }
-    QVERIFY(offer->informativeText().startsWith("<b>x<br>.jou"_L1));
+    QVERIFY(offer->text().contains("<b>x<br>.jou"_L1));
+    const auto labels = offer->findChildren<QLabel*>();
+    const auto shown = std::find_if(labels.begin(), labels.end(),
+                                    [&](const QLabel* label) { return label->text() == offer->text(); });
+    QVERIFY(shown != labels.end());
+    QCOMPARE((*shown)->textFormat(), Qt::PlainText);
 }
 
 void TstRecoveryOffer::long_offer_is_cut_in_the_box_only()
@@ -90,7 +93,7 @@ void TstRecoveryOffer::long_offer_is_cut_in_the_box_only()
     for (int i = 1; i <= 12; ++i)
         keep(u"/%1.jou"_s.arg(i), i);
     const auto offer = make_offer();
-    const QStringList lines = offer->informativeText().split(u'\n');
+    const QStringList lines = offer->text().split(u'\n').sliced(2);
     QCOMPARE(lines.size(), 11);
     QVERIFY(lines[9].startsWith("10.jou"_L1));
     QCOMPARE(lines[10], u"and 2 more"_s);
