@@ -5,6 +5,7 @@
 
 #include "journal/JournalEditor.h"
 #include "workbench/components/recovery/RecoveryFolder.h"
+#include "workbench/components/recovery/TextCopy.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -15,16 +16,12 @@
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
-/** The text as it is in the document, which toPlainText() does not give: it turns some blanks into others. */
-QString exact_text(const QPlainTextEdit* document)
-{
-    QString text = document->document()->toRawText();
-    text.replace(QChar::ParagraphSeparator, u'\n');
-    return text;
-}
+/** How long the user's input waits, in milliseconds, while texts are taken. */
+constexpr auto turn = 5ms;
 
 /** The label of a tab without the mark of unsaved changes. */
 QString label_of(const QTabWidget* tabs, int tab)
@@ -128,17 +125,19 @@ void DocumentKeeper::keep()
                 continue;
             watch(document);
         }
-        keep_document(document);
+        look_at(document);
     }
     // A tab that was closed takes its document out of the tabs, not always out of the world.
     for (auto one = mWatched.begin(); one != mWatched.end(); ++one) {
         if (!shown.contains(one.key()))
             drop_copy(*one);
     }
+    go_on();
 }
 
 bool DocumentKeeper::finish()
 {
+    take_texts(QDeadlineTimer(QDeadlineTimer::Forever));
     mPool.waitForDone();
     QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
     return mFailing.isEmpty();
@@ -173,33 +172,68 @@ void DocumentKeeper::modification_changed(QPlainTextEdit* document, bool modifie
         forget_origin(document, watched);
 }
 
-void DocumentKeeper::keep_document(QPlainTextEdit* document)
+void DocumentKeeper::look_at(QPlainTextEdit* document)
 {
     Watched& watched = mWatched[document];
     if (!document->document()->isModified()) {
         drop_copy(watched);
         return;
     }
-    const int tab = mTabs->indexOf(document);
-    const QString label = label_of(mTabs, tab);
     // A disk that does not keep up is not given more to do.
-    if ((!watched.changed && watched.label == label) || watched.writing)
+    if (watched.writing || watched.taken)
         return;
-    KeptDocument copy{file_of(tab), watched.time, exact_text(document)};
+    if (watched.changed || watched.label != label_of(mTabs, mTabs->indexOf(document)))
+        watched.taken = std::make_shared<TextCopy>(document->document());
+}
+
+void DocumentKeeper::go_on()
+{
+    mGoingOn = !take_texts(QDeadlineTimer(turn));
+    if (mGoingOn)
+        QTimer::singleShot(0, this, [this] {
+            if (mGoingOn)
+                go_on();
+        });
+}
+
+// Returns whether there is no more to take.
+bool DocumentKeeper::take_texts(const QDeadlineTimer& deadline)
+{
+    bool complete = true;
+    for (auto one = mWatched.begin(); one != mWatched.end(); ++one) {
+        if (!one->taken)
+            continue;
+        if (!complete || !one->taken->advance(deadline))
+            complete = false;
+        else
+            write(static_cast<QPlainTextEdit*>(one.key()), *one);
+    }
+    return complete;
+}
+
+void DocumentKeeper::write(QPlainTextEdit* document, Watched& watched)
+{
+    KeptDocument copy{{}, watched.time, watched.taken->text()};
+    watched.taken.reset();
+    const int tab = mTabs ? mTabs->indexOf(document) : -1;
+    if (tab < 0)
+        return;
+    copy.file = file_of(tab);
     if (copy.file.isEmpty())
         copy.file = watched.earlier_file;
     watched.changed = false;
-    watched.label = label;
+    watched.label = label_of(mTabs, tab);
     watched.writing = true;
     watched.kept = true;
-    mPool.start(
-        [this, document = static_cast<QObject*>(document), number = watched.number, copy = std::move(copy)] {
-            bool lost = false;
-            const QString error = mWriter->write(number, copy, lost);
-            QMetaObject::invokeMethod(
-                this, [this, document, number, error, lost] { written(document, number, error, lost); },
-                Qt::QueuedConnection);
-        });
+    mPool.start([this, document = static_cast<QObject*>(document), number = watched.number,
+                 copy = std::move(copy)]() mutable {
+        copy.text.replace(QChar::ParagraphSeparator, u'\n');
+        bool lost = false;
+        const QString error = mWriter->write(number, copy, lost);
+        QMetaObject::invokeMethod(
+            this, [this, document, number, error, lost] { written(document, number, error, lost); },
+            Qt::QueuedConnection);
+    });
 }
 
 void DocumentKeeper::written(QObject* document, int number, const QString& error, bool lost)
@@ -226,6 +260,7 @@ void DocumentKeeper::written(QObject* document, int number, const QString& error
 
 void DocumentKeeper::drop_copy(Watched& watched)
 {
+    watched.taken.reset();
     if (!watched.kept)
         return;
     watched.kept = false;

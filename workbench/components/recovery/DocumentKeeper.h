@@ -5,6 +5,7 @@
 
 #include "workbench/components/recovery/KeptDocument.h"
 
+#include <QDeadlineTimer>
 #include <QHash>
 #include <QObject>
 #include <QPointer>
@@ -18,14 +19,14 @@
 class JournalEditor;
 class QPlainTextEdit;
 class QTabWidget;
-class RecoveryFolder;
+class TextCopy;
 
 /**
  * Keeps the text of all modified documents of the journal editor on disk, in a folder of this program's own,
  * for the case that the program does not come to its end.
  *
  * A copy goes as soon as its document is saved or closed, and all of them with the keeper. The text is taken
- * on the GUI thread, and written on another, so that nobody who types has to wait for a disk.
+ * in short turns on the GUI thread, and written on another, so that nobody who types has to wait.
  *
  * GUI thread only.
  */
@@ -58,7 +59,7 @@ public:
 public slots:
     /** Keeps what has changed since the last pass. What could not be written then is tried again. */
     void keep();
-    /** Waits until all is written. Returns whether it could be. */
+    /** Brings the pass that is under way to its end. Returns whether all could be written. */
     bool finish();
 
 private:
@@ -72,6 +73,8 @@ private:
         bool changed = true;
         /** Whether a copy is being written. */
         bool writing = false;
+        /** The text of the next copy, as long as it is being taken. */
+        std::shared_ptr<TextCopy> taken;
         QDateTime time;
         /** The label of its tab when it was kept, which tells a new name. */
         QString label;
@@ -82,7 +85,10 @@ private:
 
     void watch(QPlainTextEdit* document);
     void modification_changed(QPlainTextEdit* document, bool modified);
-    void keep_document(QPlainTextEdit* document);
+    void look_at(QPlainTextEdit* document);
+    void go_on();
+    bool take_texts(const QDeadlineTimer& deadline);
+    void write(QPlainTextEdit* document, Watched& watched);
     void drop_copy(Watched& watched);
     void forget(QObject* document);
     void forget_origin(QPlainTextEdit* document, Watched& watched);
@@ -95,6 +101,8 @@ private:
     Report mReport;
     QHash<QObject*, Watched> mWatched;
     int mLastNumber = 0;
+    /** Whether go_on() is to be called from the event loop. */
+    bool mGoingOn = false;
     /** The numbers of the documents that could not be written, of which the user has been told. */
     QSet<int> mFailing;
     /** Used on the pool's thread only. */

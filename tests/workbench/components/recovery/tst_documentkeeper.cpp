@@ -37,6 +37,7 @@ private slots:
     void time_is_that_of_the_last_change();
     void text_is_exact_data();
     void text_is_exact();
+    void long_text_is_taken_in_turns_while_the_user_types();
     void saved_document_has_no_copy();
     void undone_document_has_no_copy_until_redone();
     void closed_document_has_no_copy_data();
@@ -260,6 +261,20 @@ void TstDocumentKeeper::text_is_exact()
     opener.open(kept().first());
     QCOMPARE(document_of(other, 0)->document()->toRawText().size(), raw.size());
     QVERIFY(document_of(other, 0)->document()->toRawText() == raw);
+}
+
+void TstDocumentKeeper::long_text_is_taken_in_turns_while_the_user_types()
+{
+    // Much longer than what can be taken in one turn.
+    mEditor->add_document(u"block x 10 y 10 z 10\n"_s.repeated(400'000));
+    JournalDocument* document = document_of(*mEditor, 0);
+    mKeeper->keep();
+    document->insertPlainText(u"typed "_s);
+    // A second pass does not begin before the first is over.
+    mKeeper->keep();
+    QTRY_COMPARE(files().size(), 1);
+    QVERIFY(kept().first().text.startsWith("typed block"_L1));
+    QCOMPARE(kept().first().text.size(), document->document()->toRawText().size());
 }
 
 void TstDocumentKeeper::saved_document_has_no_copy()
