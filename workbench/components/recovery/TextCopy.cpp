@@ -20,6 +20,8 @@ constexpr int most_followed = 1000;
 
 TextCopy::TextCopy(QTextDocument* document) : mDocument(document)
 {
+    // A document without a layout, which is made when it is asked for, does not tell of its changes.
+    document->documentLayout();
     connect(document, &QTextDocument::contentsChange, this, &TextCopy::follow);
 }
 
