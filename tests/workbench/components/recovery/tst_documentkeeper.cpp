@@ -266,7 +266,7 @@ void TstDocumentKeeper::text_is_exact()
 void TstDocumentKeeper::long_text_is_taken_in_turns_while_the_user_types()
 {
     // Much longer than what can be taken in one turn.
-    mEditor->add_document(u"block x 10 y 10 z 10\n"_s.repeated(400'000));
+    mEditor->add_document(u"block x 10 y 10 z 10\n"_s.repeated(100'000));
     JournalDocument* document = document_of(*mEditor, 0);
     mKeeper->keep();
     document->insertPlainText(u"typed "_s);

@@ -133,6 +133,8 @@ int TstFennarRecovery::run(const QByteArray& lines, const QStringList& arguments
         qCritical("the program did not end well: %s", process->readAll().constData());
         return -1;
     }
+    if (process->exitCode() != 0)
+        qInfo("the program has failed: %s", process->readAll().constData());
     return process->exitCode();
 }
 
