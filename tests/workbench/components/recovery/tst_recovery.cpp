@@ -1,0 +1,259 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "FullDisk.h"
+#include "console/CommandWindow.h"
+#include "frame/MainFrame.h"
+#include "frame/Ostrel.h"
+#include "journal/JournalEditor.h"
+#include "support/TestCase.h"
+#include "workbench/component_manager/ComponentManager.h"
+#include "workbench/fennar_python/PythonRuntime.h"
+#include "workbench/fennar_python/make_python_interpreter.h"
+#include "workbench/fennari19/Fennar.h"
+#include "workbench/ostrelfw/FrameworkInterpreters.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+/** The component, loaded into the main window. */
+class TstRecovery : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void init();
+    void cleanup();
+
+    void component_keeps_every_15_seconds();
+    void unload_leaves_nothing_and_can_be_repeated();
+    void journals_stay_open_when_the_component_goes();
+    void command_says_when_there_is_nothing();
+    void restored_journals_are_kept_before_the_old_copies_go();
+    void old_copies_stay_if_new_ones_cannot_be_written();
+    void copy_that_cannot_be_read_stays_and_is_told();
+
+private:
+    static QString root()
+    {
+        return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + u"/recovery"_s;
+    }
+    static QStringList folders() { return QDir(root()).entryList(QDir::Dirs | QDir::NoDotAndDotDot); }
+    static QObject* keeper() { return Ostrel::instance()->findChild<QObject*>(u"documentKeeper"_s); }
+    static QMessageBox* offer() { return Ostrel::instance()->findChild<QMessageBox*>(u"recoveryOffer"_s); }
+    static QTabWidget* tabs()
+    {
+        return Ostrel::instance()->journal_editor()->findChild<QTabWidget*>(u"mDocTab"_s);
+    }
+    static QStringList texts();
+    static bool keep();
+    static void press(const QString& button);
+    /** Leaves a copy as a program that is gone does. Returns its path. */
+    static QString leave(const QString& folder, const QByteArray& text);
+    void load() { QCOMPARE(mManager->load(u"recovery"_s), QString()); }
+    void unload() { QCOMPARE(mManager->unload(u"recovery"_s), QString()); }
+
+    std::unique_ptr<MainFrame> mFrame;
+    std::unique_ptr<ComponentManager> mManager;
+    std::unique_ptr<QTemporaryDir> mDirectory;
+    QString mReports;
+    QString mOutput;
+};
+
+void TstRecovery::initTestCase()
+{
+    PythonRuntime::start({});
+    set_framework_interpreters(make_python_interpreter(PythonRuntime::framework_namespace()), nullptr);
+}
+
+void TstRecovery::cleanupTestCase()
+{
+    PythonRuntime::stop();
+}
+
+void TstRecovery::init()
+{
+    TestCase::init();
+    mDirectory = std::make_unique<QTemporaryDir>();
+    mReports.clear();
+    mOutput.clear();
+    QDir(root()).removeRecursively();
+    qputenv("FENNAR_COMPONENT_PATH", TREE_COMPONENTS);
+    mFrame = std::make_unique<MainFrame>();
+    QVERIFY(mFrame->load_gui());
+    connect(Ostrel::instance()->command_line(), &CommandWindow::dataToPrint, this,
+            [this](const QString& text) { mOutput += text; });
+    mManager = std::make_unique<ComponentManager>(Fennar::instance().interpreter(),
+                                                  mDirectory->filePath(u"loading"_s));
+    mManager->set_report([this](const QString& text) { mReports += text; });
+}
+
+void TstRecovery::cleanup()
+{
+    mManager->unload_all();
+    mManager.reset();
+    mFrame->unload_gui();
+    mFrame.reset();
+    QCOMPARE(mReports, QString());
+    TestCase::cleanup();
+}
+
+QStringList TstRecovery::texts()
+{
+    QStringList texts;
+    for (int i = 0; i < tabs()->count(); ++i)
+        texts << qobject_cast<QPlainTextEdit*>(tabs()->widget(i))->toPlainText();
+    return texts;
+}
+
+bool TstRecovery::keep()
+{
+    bool done = false;
+    return QMetaObject::invokeMethod(keeper(), "keep") &&
+           QMetaObject::invokeMethod(keeper(), "finish", Q_RETURN_ARG(bool, done)) && done;
+}
+
+void TstRecovery::press(const QString& button)
+{
+    auto* found = offer() ? offer()->findChild<QPushButton*>(button) : nullptr;
+    QVERIFY(found);
+    found->click();
+}
+
+QString TstRecovery::leave(const QString& folder, const QByteArray& text)
+{
+    const QString path = root() + u'/' + folder;
+    QDir().mkpath(path);
+    QFile file(path + u"/1.journal"_s);
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+        qFatal("the copy cannot be written");
+    return file.fileName();
+}
+
+void TstRecovery::component_keeps_every_15_seconds()
+{
+    load();
+    const auto timers = keeper()->findChildren<QTimer*>();
+    QCOMPARE(timers.size(), 1);
+    QVERIFY(timers.first()->isActive());
+    QCOMPARE(timers.first()->interval(), 15000);
+    // Its turn comes, whatever the clock says.
+    Ostrel::instance()->journal_editor()->add_document(u"one"_s);
+    timers.first()->start(0);
+    QTRY_COMPARE(folders().size(), 1);
+}
+
+void TstRecovery::unload_leaves_nothing_and_can_be_repeated()
+{
+    leave(u"left"_s, "left");
+    JournalEditor* editor = Ostrel::instance()->journal_editor();
+    editor->add_document(u"one"_s);
+    const QTextDocument* document = qobject_cast<QPlainTextEdit*>(tabs()->widget(0))->document();
+    const auto trace = [&] {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return QList<qsizetype>{Ostrel::instance()->findChildren<QObject*>().size(),
+                                QApplication::topLevelWidgets().size(), document->children().size(),
+                                folders().size(), QDir(u"/proc/self/task"_s).entryList(QDir::Dirs).size()};
+    };
+    // A hundred writings of the settings would take longer than all the rest.
+    mManager->set_remembering(false);
+    load();
+    unload();
+    const QList<qsizetype> before = trace();
+    for (int cycle = 0; cycle < 100; ++cycle) {
+        load();
+        QVERIFY(offer() && offer()->isVisible());
+        // To write each time would take most of the test's time.
+        if (cycle % 20 == 0) {
+            QVERIFY(keep());
+            QCOMPARE(folders().size(), 2);
+        }
+        unload();
+        QVERIFY(!keeper() && !offer());
+        QCOMPARE(folders(), QStringList{u"left"_s});
+    }
+    QCOMPARE(trace(), before);
+    QVERIFY(!QFile::exists(root() + u"/left/lock"_s));
+    // Nobody listens to the document any more.
+    qobject_cast<QPlainTextEdit*>(tabs()->widget(0))->insertPlainText(u"!"_s);
+    QCoreApplication::processEvents();
+    QCOMPARE(folders(), QStringList{u"left"_s});
+}
+
+void TstRecovery::journals_stay_open_when_the_component_goes()
+{
+    leave(u"left"_s, "left");
+    load();
+    press(u"recoveryRestore"_s);
+    unload();
+    QCOMPARE(texts(), QStringList{u"left"_s});
+    QVERIFY(qobject_cast<QPlainTextEdit*>(tabs()->widget(0))->document()->isModified());
+}
+
+void TstRecovery::command_says_when_there_is_nothing()
+{
+    load();
+    QVERIFY(!offer());
+    QString printed;
+    CommandInterpreter& interpreter = Fennar::instance().interpreter();
+    interpreter.set_output([&](const QString& text) { printed += text; });
+    interpreter.run(u"recover"_s);
+    interpreter.set_output(nullptr);
+    QCOMPARE(printed, u"There are no journals to recover.\n"_s);
+    QVERIFY(!offer());
+}
+
+void TstRecovery::restored_journals_are_kept_before_the_old_copies_go()
+{
+    leave(u"left"_s, "left");
+    leave(u"other"_s, "other");
+    load();
+    press(u"recoveryRestore"_s);
+    QVERIFY(!folders().contains(u"left"_s) && !folders().contains(u"other"_s));
+    QCOMPARE(folders().size(), 1);
+    QCOMPARE(QDir(root() + u'/' + folders().first()).entryList({u"*.journal"_s}).size(), 2);
+    QCOMPARE(texts(), (QStringList{u"left"_s, u"other"_s}));
+}
+
+void TstRecovery::old_copies_stay_if_new_ones_cannot_be_written()
+{
+    const QString copy = leave(u"left"_s, QByteArray(10'000, 'x'));
+    load();
+    {
+        const FullDisk full(1000);
+        press(u"recoveryRestore"_s);
+    }
+    QCOMPARE(texts(), QStringList{QString(10'000, u'x')});
+    QVERIFY(QFile::exists(copy));
+    QVERIFY2(mOutput.startsWith("ERROR: Unsaved journals cannot be kept for a recovery: "_L1),
+             qPrintable(mOutput));
+    QCOMPARE(mOutput.count(u"ERROR"_s), 1);
+}
+
+void TstRecovery::copy_that_cannot_be_read_stays_and_is_told()
+{
+    const QString copy = leave(u"left"_s, "left");
+    const QString other = leave(u"other"_s, "other");
+    load();
+    // It has gone since it was offered.
+    QVERIFY(QFile::remove(copy));
+    press(u"recoveryRestore"_s);
+    QCOMPARE(texts(), QStringList{u"other"_s});
+    QVERIFY(!QFile::exists(other));
+    QCOMPARE(mOutput, u"ERROR: Not all journals could be read. They stay in %1.\n"_s.arg(root()));
+}
+
+OSTREL_TEST_MAIN(TstRecovery)
+#include "tst_recovery.moc"

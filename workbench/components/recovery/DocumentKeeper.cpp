@@ -1,0 +1,301 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/components/recovery/DocumentKeeper.h"
+
+#include "journal/JournalEditor.h"
+#include "workbench/components/recovery/RecoveryFolder.h"
+#include "workbench/components/recovery/TextCopy.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QEvent>
+#include <QPlainTextEdit>
+#include <QTabWidget>
+#include <QTextDocument>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+/** How long the user's input waits, in milliseconds, while texts are taken. */
+constexpr auto turn = 5ms;
+
+/** The label of a tab without the mark of unsaved changes. */
+QString label_of(const QTabWidget* tabs, int tab)
+{
+    const QString label = tabs->tabText(tab);
+    return label.startsWith("* "_L1) ? label.sliced(2) : label;
+}
+
+} // namespace
+
+/** Writes and removes copies. */
+class DocumentKeeper::Writer
+{
+public:
+    explicit Writer(const QString& root) : mRoot(root) {}
+
+    /** Returns what is wrong, or nothing; @p lost tells that copies written earlier are not there any more.
+     */
+    QString write(int number, const KeptDocument& document, bool& lost)
+    {
+        lost = mFolder && !mFolder->exists();
+        if (!mFolder || lost)
+            mFolder = RecoveryFolder::make(mRoot);
+        if (!mFolder)
+            return DocumentKeeper::tr("no folder can be made in \"%1\"").arg(QDir::toNativeSeparators(mRoot));
+        return mFolder->write(number, document);
+    }
+
+    void remove(int number)
+    {
+        if (mFolder)
+            mFolder->remove(RecoveryFolder::name_of(number));
+    }
+
+    void remove_all()
+    {
+        if (mFolder)
+            mFolder->remove_all();
+        mFolder.reset();
+        // Stays if other programs keep something in it.
+        QDir().rmdir(mRoot);
+    }
+
+private:
+    QString mRoot;
+    std::unique_ptr<RecoveryFolder> mFolder;
+};
+
+DocumentKeeper::DocumentKeeper(JournalEditor* editor, const QString& root, std::chrono::milliseconds interval,
+                               const Report& report)
+    : mEditor(editor),
+      mTabs(editor->findChild<QTabWidget*>(u"mDocTab"_s)),
+      mReport(report),
+      mWriter(std::make_unique<Writer>(root))
+{
+    mPool.setMaxThreadCount(1);
+    if (interval.count() > 0) {
+        auto* timer = new QTimer(this);
+        connect(timer, &QTimer::timeout, this, &DocumentKeeper::keep);
+        timer->start(interval);
+    }
+}
+
+DocumentKeeper::~DocumentKeeper()
+{
+    for (auto one = mWatched.begin(); mTabs && one != mWatched.end(); ++one)
+        forget_origin(static_cast<QPlainTextEdit*>(one.key()), *one);
+    mPool.waitForDone();
+    mWriter->remove_all();
+}
+
+void DocumentKeeper::open(const KeptDocument& kept)
+{
+    if (!mEditor || !mTabs)
+        return;
+    mEditor->add_document(kept.text);
+    auto* document = qobject_cast<QPlainTextEdit*>(mTabs->currentWidget());
+    if (!document)
+        return;
+    // The editor takes a blank text for one that need not be saved.
+    document->document()->setModified(true);
+    watch(document);
+    Watched& watched = mWatched[document];
+    watched.earlier_file = kept.file;
+    watched.time = kept.changed;
+    mTabs->setTabToolTip(mTabs->currentIndex(), QDir::toNativeSeparators(kept.file));
+}
+
+void DocumentKeeper::keep()
+{
+    if (!mTabs)
+        return;
+    QSet<QObject*> shown;
+    for (int tab = 0; tab < mTabs->count(); ++tab) {
+        auto* document = qobject_cast<QPlainTextEdit*>(mTabs->widget(tab));
+        if (!document)
+            continue;
+        shown.insert(document);
+        if (!mWatched.contains(document)) {
+            if (!document->document()->isModified())
+                continue;
+            watch(document);
+        }
+        look_at(document);
+    }
+    // A tab that was closed takes its document out of the tabs, not always out of the world.
+    for (auto one = mWatched.begin(); one != mWatched.end(); ++one) {
+        if (!shown.contains(one.key()))
+            drop_copy(*one);
+    }
+    go_on();
+}
+
+bool DocumentKeeper::finish()
+{
+    take_texts(QDeadlineTimer(QDeadlineTimer::Forever));
+    mPool.waitForDone();
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+    return mFailing.isEmpty();
+}
+
+void DocumentKeeper::watch(QPlainTextEdit* document)
+{
+    if (mWatched.contains(document))
+        return;
+    Watched& watched = mWatched[document];
+    watched.number = ++mLastNumber;
+    watched.time = QDateTime::currentDateTimeUtc();
+    connect(document->document(), &QTextDocument::contentsChanged, this, [this, document] {
+        Watched& own = mWatched[document];
+        own.changed = true;
+        own.time = QDateTime::currentDateTimeUtc();
+    });
+    connect(document->document(), &QTextDocument::modificationChanged, this,
+            [this, document](bool modified) { modification_changed(document, modified); });
+    // Its text goes before it does, and must not be asked for any more.
+    connect(document->document(), &QObject::destroyed, this, [this, document] { forget(document); });
+}
+
+void DocumentKeeper::modification_changed(QPlainTextEdit* document, bool modified)
+{
+    Watched& watched = mWatched[document];
+    watched.changed = true;
+    if (modified)
+        return;
+    drop_copy(watched);
+    if (mTabs)
+        forget_origin(document, watched);
+}
+
+void DocumentKeeper::look_at(QPlainTextEdit* document)
+{
+    Watched& watched = mWatched[document];
+    if (!document->document()->isModified()) {
+        drop_copy(watched);
+        return;
+    }
+    // A disk that does not keep up is not given more to do.
+    if (watched.writing || watched.taken)
+        return;
+    if (watched.changed || watched.label != label_of(mTabs, mTabs->indexOf(document)))
+        watched.taken = std::make_shared<TextCopy>(document->document());
+}
+
+void DocumentKeeper::go_on()
+{
+    mGoingOn = !take_texts(QDeadlineTimer(turn));
+    if (mGoingOn)
+        QTimer::singleShot(0, this, [this] {
+            if (mGoingOn)
+                go_on();
+        });
+}
+
+// Returns whether there is no more to take.
+bool DocumentKeeper::take_texts(const QDeadlineTimer& deadline)
+{
+    bool complete = true;
+    for (auto one = mWatched.begin(); one != mWatched.end(); ++one) {
+        if (!one->taken)
+            continue;
+        if (!complete || !one->taken->advance(deadline))
+            complete = false;
+        else
+            write(static_cast<QPlainTextEdit*>(one.key()), *one);
+    }
+    return complete;
+}
+
+void DocumentKeeper::write(QPlainTextEdit* document, Watched& watched)
+{
+    KeptDocument copy{{}, watched.time, watched.taken->text()};
+    watched.taken.reset();
+    const int tab = mTabs ? mTabs->indexOf(document) : -1;
+    if (tab < 0)
+        return;
+    copy.file = file_of(tab);
+    if (copy.file.isEmpty())
+        copy.file = watched.earlier_file;
+    watched.changed = false;
+    watched.label = label_of(mTabs, tab);
+    watched.writing = true;
+    watched.kept = true;
+    mPool.start([this, document = static_cast<QObject*>(document), number = watched.number,
+                 copy = std::move(copy)]() mutable {
+        copy.text.replace(QChar::ParagraphSeparator, u'\n');
+        bool lost = false;
+        const QString error = mWriter->write(number, copy, lost);
+        QMetaObject::invokeMethod(
+            this, [this, document, number, error, lost] { written(document, number, error, lost); },
+            Qt::QueuedConnection);
+    });
+}
+
+void DocumentKeeper::written(QObject* document, int number, const QString& error, bool lost)
+{
+    if (lost) {
+        for (Watched& one : mWatched)
+            one.changed = one.changed || !one.writing;
+    }
+    const auto watched = mWatched.find(document);
+    // Another document may have come to the same place in memory.
+    if (watched == mWatched.end() || watched->number != number)
+        return;
+    watched->writing = false;
+    if (error.isEmpty() || !watched->kept) {
+        mFailing.remove(number);
+        return;
+    }
+    watched->changed = true;
+    const bool told = !mFailing.isEmpty();
+    mFailing.insert(number);
+    if (!told)
+        mReport(tr("Unsaved journals cannot be kept for a recovery: %1. It will be tried again.").arg(error));
+}
+
+void DocumentKeeper::drop_copy(Watched& watched)
+{
+    watched.taken.reset();
+    if (!watched.kept)
+        return;
+    watched.kept = false;
+    watched.changed = true;
+    mFailing.remove(watched.number);
+    mPool.start([this, number = watched.number] { mWriter->remove(number); });
+}
+
+void DocumentKeeper::forget(QObject* document)
+{
+    const auto watched = mWatched.find(document);
+    if (watched == mWatched.end())
+        return;
+    drop_copy(*watched);
+    mWatched.erase(watched);
+}
+
+void DocumentKeeper::forget_origin(QPlainTextEdit* document, Watched& watched)
+{
+    if (!watched.earlier_file.isEmpty())
+        mTabs->setTabToolTip(mTabs->indexOf(document), {});
+    watched.earlier_file.clear();
+}
+
+// The editor tells the file of a document in its title only.
+QString DocumentKeeper::file_of(int tab) const
+{
+    if (!mEditor)
+        return {};
+    const bool current = tab == mTabs->currentIndex();
+    if (!current)
+        mEditor->update_title(tab);
+    const QString title = mEditor->windowTitle();
+    if (!current)
+        mEditor->update_title(-1);
+    const QString ending = u" - "_s + JournalEditor::tr("Journal Editor");
+    return title.endsWith(ending) ? title.chopped(ending.size()) : QString();
+}

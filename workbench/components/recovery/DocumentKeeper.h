@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/components/recovery/KeptDocument.h"
+
+#include <QDeadlineTimer>
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+#include <QSet>
+#include <QThreadPool>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+class JournalEditor;
+class QPlainTextEdit;
+class QTabWidget;
+class TextCopy;
+
+/**
+ * Keeps the text of all modified documents of the journal editor on disk, in a folder of this program's own,
+ * for the case that the program does not come to its end.
+ *
+ * A copy goes as soon as its document is saved or closed, and all of them with the keeper. The text is taken
+ * in short turns on the GUI thread, and written on another, so that nobody who types has to wait.
+ *
+ * GUI thread only.
+ */
+class DocumentKeeper : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** Is given a message for the user, of one line. */
+    using Report = std::function<void(const QString& text)>;
+
+    /**
+     * @param editor    whose documents are kept; stays the caller's, and may go earlier.
+     * @param root      where the folder is made, once there is something to keep.
+     * @param interval  the time from one pass to the next; 0 leaves it to the caller to call keep().
+     */
+    DocumentKeeper(JournalEditor* editor, const QString& root, std::chrono::milliseconds interval,
+                   const Report& report);
+    /** Removes all that is kept. */
+    ~DocumentKeeper() override;
+
+    /**
+     * Opens @p kept as a document that is modified and has no file.
+     *
+     * The name of the file that it belonged to is the tool tip of its tab until it is saved, and is kept with
+     * it again.
+     */
+    void open(const KeptDocument& kept);
+
+public slots:
+    /** Keeps what has changed since the last pass. What could not be written then is tried again. */
+    void keep();
+    /** Brings the pass that is under way to its end. Returns whether all could be written. */
+    bool finish();
+
+private:
+    struct Watched
+    {
+        /** Of its copy, in the folder. */
+        int number = 0;
+        /** Whether there is a copy, or will be once the writing has come to it. */
+        bool kept = false;
+        /** Whether the copy, if any, is of an older state. */
+        bool changed = true;
+        /** Whether a copy is being written. */
+        bool writing = false;
+        /** The text of the next copy, as long as it is being taken. */
+        std::shared_ptr<TextCopy> taken;
+        QDateTime time;
+        /** The label of its tab when it was kept, which tells a new name. */
+        QString label;
+        /** The file that it belonged to in an earlier run, until it is saved; the tab's tool tip as well. */
+        QString earlier_file;
+    };
+    class Writer;
+
+    void watch(QPlainTextEdit* document);
+    void modification_changed(QPlainTextEdit* document, bool modified);
+    void look_at(QPlainTextEdit* document);
+    void go_on();
+    bool take_texts(const QDeadlineTimer& deadline);
+    void write(QPlainTextEdit* document, Watched& watched);
+    void drop_copy(Watched& watched);
+    void forget(QObject* document);
+    void forget_origin(QPlainTextEdit* document, Watched& watched);
+    void written(QObject* document, int number, const QString& error, bool lost);
+    QString file_of(int tab) const;
+
+    QPointer<JournalEditor> mEditor;
+    /** The editor's; null if it has none. */
+    QPointer<QTabWidget> mTabs;
+    Report mReport;
+    QHash<QObject*, Watched> mWatched;
+    int mLastNumber = 0;
+    /** Whether go_on() is to be called from the event loop. */
+    bool mGoingOn = false;
+    /** The numbers of the documents that could not be written, of which the user has been told. */
+    QSet<int> mFailing;
+    /** Used on the pool's thread only. */
+    std::unique_ptr<Writer> mWriter;
+    /** Of one thread, so that things are done in the order in which they are asked for. */
+    QThreadPool mPool;
+};

@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/components/recovery/KeptDocument.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QStringDecoder>
+#include <QStringEncoder>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** The key by which the first line is known, with the version of the format. */
+const auto format_key = u"fennar kept journal"_s;
+constexpr int format_version = 1;
+const auto file_key = u"file"_s;
+const auto changed_key = u"changed"_s;
+const auto encoding_key = u"encoding"_s;
+const auto utf16 = u"UTF-16LE"_s;
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("KeptDocument", text);
+}
+
+} // namespace
+
+QByteArray KeptDocument::encode() const
+{
+    const bool plain = text.isValidUtf16();
+    const QJsonObject head{{format_key, format_version},
+                           {file_key, file},
+                           {changed_key, changed.toUTC().toString(Qt::ISODateWithMs)},
+                           {encoding_key, plain ? u"UTF-8"_s : utf16}};
+    QByteArray bytes = QJsonDocument(head).toJson(QJsonDocument::Compact) + '\n';
+    QStringEncoder encoder(plain ? QStringConverter::Utf8 : QStringConverter::Utf16LE);
+    bytes += QByteArray(encoder(text));
+    return bytes;
+}
+
+KeptDocument KeptDocument::decode(const QByteArray& bytes)
+{
+    const qsizetype line_end = bytes.indexOf('\n');
+    const QJsonObject head = QJsonDocument::fromJson(bytes.left(std::max<qsizetype>(line_end, 0))).object();
+    KeptDocument kept;
+    QByteArrayView content = bytes;
+    auto encoding = QStringConverter::Utf8;
+    if (head.value(format_key).toInt() == format_version) {
+        kept.file = head.value(file_key).toString();
+        kept.changed = QDateTime::fromString(head.value(changed_key).toString(), Qt::ISODateWithMs);
+        if (head.value(encoding_key).toString() == utf16)
+            encoding = QStringConverter::Utf16LE;
+        content = content.sliced(line_end + 1);
+    }
+    // A mark of the byte order at the start would be part of the text, not of the encoding.
+    QStringDecoder decoder(encoding, QStringConverter::Flag::ConvertInitialBom);
+    kept.text = decoder(content);
+    return kept;
+}
+
+QString KeptDocument::title(const QDateTime& now) const
+{
+    const QString name = file.isEmpty() ? tr("Untitled") : QFileInfo(file).fileName();
+    if (!changed.isValid())
+        return name;
+    const QDateTime local = changed.toLocalTime();
+    const bool today = local.date() == now.toLocalTime().date();
+    return tr("%1 (changed %2)").arg(name, local.toString(today ? u"HH:mm"_s : u"yyyy-MM-dd HH:mm"_s));
+}
