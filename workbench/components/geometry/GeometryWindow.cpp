@@ -230,7 +230,7 @@ void GeometryWindow::add_menu()
     connect(mHelp, &QAction::triggered, this, [] {
         for (const char* command :
              {"brick", "cylinder", "sphere", "cone", "torus", "move", "rotate", "copy", "rename", "unite",
-              "subtract", "intersect", "delete", "list", "mesh", "statistics", "quality"})
+              "subtract", "intersect", "delete", "list", "mesh", "statistics", "quality", "import", "export"})
             send_command(u"help "_s + QLatin1StringView(command));
     });
 }

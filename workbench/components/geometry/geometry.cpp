@@ -5,8 +5,11 @@
 
 #include "frame/Ostrel.h"
 #include "workbench/components/component.h"
+#include "workbench/components/geometry/FileExchange.h"
+#include "workbench/components/geometry/FileMenuFormats.h"
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/geometry/GeometryWindow.h"
+#include "workbench/components/geometry/file_commands.h"
 #include "workbench/components/geometry/geometry_commands.h"
 #include "workbench/fennari19/Fennar.h"
 
@@ -35,19 +38,24 @@ namespace {
 std::unique_ptr<GeometryModel> model;
 std::unique_ptr<GeometryWindow> window_part;
 
-/** The mesher lies in a folder beside this shared object, or beside what a link to it stands for. */
-QString mesher_path()
+std::unique_ptr<FileExchange> exchange;
+std::unique_ptr<FileMenuFormats> file_menu_formats;
+
+/** The programs lie in a folder beside this shared object, or beside what a link to it stands for. */
+QString program_path(const QString& name)
 {
     Dl_info info = {};
     if (!dladdr(&model, &info) || !info.dli_fname)
         return {};
-    return QFileInfo(QFile::decodeName(info.dli_fname)).canonicalPath() + u"/libexec/fennar-mesher"_s;
+    return QFileInfo(QFile::decodeName(info.dli_fname)).canonicalPath() + u"/libexec/"_s + name;
 }
 
 void unload()
 {
+    file_menu_formats.reset();
     window_part.reset();
     Fennar::instance().registry().remove_owner(u"geometry"_s);
+    exchange.reset();
     model.reset();
     clean_up_resources();
 }
@@ -57,12 +65,21 @@ void load()
     Fennar& fennar = Fennar::instance();
     init_resources();
     model = std::make_unique<GeometryModel>();
-    if (!register_geometry_commands(fennar.registry(), *model, fennar.application(), mesher_path())) {
+    exchange = std::make_unique<FileExchange>(*model, program_path(u"fennar-converter"_s));
+    const auto imported = [](const QString& file, bool done) {
+        if (file_menu_formats)
+            file_menu_formats->imported(file, done);
+    };
+    if (!register_geometry_commands(fennar.registry(), *model, fennar.application(),
+                                    program_path(u"fennar-mesher"_s)) ||
+        !register_file_commands(fennar.registry(), *model, *exchange, fennar.application(), imported)) {
         unload();
         throw std::runtime_error("one of the geometry commands is there already");
     }
-    if (Ostrel* window = Ostrel::instance())
+    if (Ostrel* window = Ostrel::instance()) {
         window_part = std::make_unique<GeometryWindow>(window, *model);
+        file_menu_formats = std::make_unique<FileMenuFormats>(window->file_menu());
+    }
 }
 
 constexpr FennarComponent component{
