@@ -13,6 +13,7 @@
 #include <QSaveFile>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <cstring>
 
 using namespace Qt::StringLiterals;
@@ -38,15 +39,42 @@ public:
     QDir folder() const { return QDir(mDirectory.path()); }
     QString path(const QString& name) const { return mDirectory.filePath(name); }
     void add(const QByteArray& line) { mText += line + '\n'; }
+    /** Lets the engine read @p file under @p name: it goes by the ending, and a job cannot hold each name
+     * that a file can have. */
+    void add_input(const QString& file, const QString& name)
+    {
+        if (!QFile::link(QFileInfo(file).absoluteFilePath(), path(name)))
+            throw GeometryError(u"a temporary file cannot be made"_s);
+        mInput = file;
+        mInputPath = path(name);
+        add("input " + name.toUtf8());
+    }
     bool run(const QString& converter, const MesherListener& listener) const
     {
         write_job_file(path(u"job"_s), mText);
-        return run_engine_process(converter, path(u"job"_s), converter_name, listener);
+        MesherListener renaming = listener;
+        if (listener.message)
+            renaming.message = [&](MesherReport::Message message) {
+                message.text = with_users_name(message.text);
+                listener.message(message);
+            };
+        try {
+            return run_engine_process(converter, path(u"job"_s), converter_name, renaming);
+        } catch (const GeometryError& error) {
+            throw GeometryError(with_users_name(error.message()));
+        }
     }
 
 private:
+    QString with_users_name(QString text) const
+    {
+        return mInputPath.isEmpty() ? text : text.replace(mInputPath, mInput);
+    }
+
     QTemporaryDir mDirectory;
     QByteArray mText;
+    QString mInput;
+    QString mInputPath;
 };
 
 QString shown(const QString& file)
@@ -77,7 +105,9 @@ void check_file(const QString& file, const Format& format)
     QFile content(file);
     if (!content.open(QIODevice::ReadOnly))
         throw cannot_import(file, content.errorString());
-    const QString reason = mismatch(format, content.read(4096), info.size());
+    const QByteArray begin = content.read(4096);
+    content.seek(std::max<qint64>(info.size() - 64, 0));
+    const QString reason = mismatch(format, begin, content.readAll(), info.size());
     if (!reason.isEmpty())
         throw cannot_import(file, reason);
 }
@@ -208,11 +238,7 @@ std::optional<FileExchange::Imported> FileExchange::read_solids(const QString& f
                                                                 const MesherListener& listener)
 {
     ConverterJob job("read solids");
-    // The engine goes by the ending, and a job cannot hold each name that a file can have.
-    const QString input = u"input."_s + ending;
-    if (!QFile::link(QFileInfo(file).absoluteFilePath(), job.path(input)))
-        throw GeometryError(u"a temporary file cannot be made"_s);
-    job.add("input " + input.toUtf8());
+    job.add_input(file, u"input."_s + ending);
     job.add("output solid");
     if (!job.run(mConverter, listener))
         return std::nullopt;
@@ -230,12 +256,12 @@ std::optional<FileExchange::Imported> FileExchange::read_mesh(const QString& fil
                                                               const MesherListener& listener)
 {
     ConverterJob job(format.foreign ? "read surface" : "read mesh");
-    const QString input = u"input."_s + (format.foreign ? u"surface"_s : format.endings.first());
-    if (format.foreign)
-        write_job_file(job.path(input), pack(read_foreign(file, format)));
-    else if (!QFile::link(QFileInfo(file).absoluteFilePath(), job.path(input)))
-        throw GeometryError(u"a temporary file cannot be made"_s);
-    job.add("input " + input.toUtf8());
+    if (format.foreign) {
+        write_job_file(job.path(u"input.surface"_s), pack(read_foreign(file, format)));
+        job.add("input input.surface");
+    } else {
+        job.add_input(file, u"input."_s + format.endings.first());
+    }
     job.add("output mesh.msh");
     job.add("statistics statistics");
     if (!job.run(mConverter, listener))

@@ -95,11 +95,14 @@ std::optional<Format> format_of_file(const QString& file)
     return std::nullopt;
 }
 
-QString mismatch(const Format& format, const QByteArray& content, qint64 size)
+QString mismatch(const Format& format, const QByteArray& begin, const QByteArray& end, qint64 size)
 {
     if (size == 0)
         return u"it is empty"_s;
-    if (!format.foreign && !looks_right(format, content, size))
+    if (!format.foreign && !looks_right(format, begin, size))
         return u"its content is not of the format %1"_s.arg(format.name);
+    // The CAD kernel looks for ever for what is missing behind the end.
+    if (format.name == u"BREP" && !end.simplified().endsWith(" 0"))
+        return u"its end is missing"_s;
     return {};
 }

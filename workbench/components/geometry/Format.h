@@ -46,5 +46,9 @@ std::optional<Format> find_format(const QString& name);
 /** The format that the ending of a file's name tells, in whatever case. */
 std::optional<Format> format_of_file(const QString& file);
 
-/** Why @p content, the beginning of a file, cannot be of the format; empty if it could. */
-QString mismatch(const Format& format, const QByteArray& content, qint64 size);
+/**
+ * Why a file cannot be of the format; empty if it could.
+ *
+ * @param begin  up to 4096 bytes of the file's beginning, and @p end up to 64 bytes of its end.
+ */
+QString mismatch(const Format& format, const QByteArray& begin, const QByteArray& end, qint64 size);

@@ -47,6 +47,9 @@ void LongWork::show(int percent, const QString& stage)
 
 void LongWork::print(const MesherReport::Message& message)
 {
+    // The engine tells an error where it meets it, and once more when it gives up.
+    if (message.kind == MesherReport::Message::Kind::Error && message.text == mLastError)
+        return;
     switch (message.kind) {
     case MesherReport::Message::Kind::Information:
         if (mVerbose)
@@ -56,6 +59,7 @@ void LongWork::print(const MesherReport::Message& message)
         mCall.print(u"Warning: "_s + message.text + u'\n');
         break;
     case MesherReport::Message::Kind::Error: // the last one ends up in the command's own error
+        mLastError = message.text;
         mCall.print(u"Error: "_s + message.text + u'\n');
         break;
     }

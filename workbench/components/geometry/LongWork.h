@@ -35,4 +35,5 @@ private:
     const ApplicationServices& mServices;
     const char* mTitle;
     bool mVerbose;
+    QString mLastError;
 };

@@ -40,7 +40,7 @@ void write_job_file(const QString& path, const QByteArray& content);
 QByteArray read_job_file(const QString& path, const QString& missing);
 
 /**
- * Reads "mesh.msh" and the counts and the quality in "statistics". Throws a GeometryError if they are not there
- * or make no sense.
+ * Reads "mesh.msh" and the counts and the quality in "statistics". Throws a GeometryError if they are not
+ * there or make no sense.
  */
 void read_mesh_files(const QDir& folder, const QString& name, Mesh& mesh);

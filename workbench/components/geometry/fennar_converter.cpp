@@ -163,24 +163,20 @@ void read_solids(const Job& job)
     gmsh::model::add("input");
     gmsh::vectorpair shapes;
     stage("open");
-    occ::importShapes(job.input, shapes, false);
+    occ::importShapes(job.input, shapes);
     if (volumes().empty()) {
         // Surfaces that are only said to belong together, as most IGES files have them.
         gmsh::model::remove();
         gmsh::model::add("sewn");
         gmsh::option::setNumber("Geometry.OCCSewFaces", 1);
         gmsh::option::setNumber("Geometry.OCCMakeSolids", 1);
-        occ::importShapes(job.input, shapes, false);
+        occ::importShapes(job.input, shapes);
         gmsh::option::setNumber("Geometry.OCCSewFaces", 0);
         gmsh::option::setNumber("Geometry.OCCMakeSolids", 0);
     }
     const std::size_t count = volumes().size();
     if (count == 0)
         throw Failure("it holds no solid");
-    for (const int dimension : {2, 1, 0}) {
-        occ::getEntities(shapes, dimension);
-        occ::remove(shapes); // keeps what bounds something
-    }
     occ::synchronize();
     const std::string all = job.folder + "all.brep";
     gmsh::write(all);
