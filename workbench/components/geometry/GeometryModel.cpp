@@ -4,9 +4,9 @@
 #include "workbench/components/geometry/GeometryModel.h"
 
 #include "workbench/components/geometry/GeometryError.h"
+#include "workbench/components/geometry/is_written.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 
@@ -453,8 +453,7 @@ void GeometryModel::write_brep(int id, const QString& path) const
     select(id);
     QFile::remove(path);
     engine([&path] { gmsh::write(path.toStdString()); });
-    // The engine says nothing when it cannot write.
-    if (QFileInfo(path).size() <= 0)
+    if (!is_written(QFile::encodeName(path).constData()))
         throw GeometryError(u"the file \"%1\" cannot be written"_s.arg(path));
 }
 

@@ -24,19 +24,18 @@
 // Output and exit status are as those of fennar-mesher.
 
 #include "workbench/components/geometry/engine_program.h"
+#include "workbench/components/geometry/is_written.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <fcntl.h>
 #include <fstream>
 #include <gmsh.h>
 #include <map>
 #include <set>
 #include <sstream>
 #include <string>
-#include <unistd.h>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -97,18 +96,9 @@ bool read_job(const std::string& path, Job& job)
     return job.action == "write" && job.mesh.empty() != job.solids.empty();
 }
 
-/** Throws unless all of the file is on the disk: the engine does not notice a disk that is full. */
 void check_written(const std::string& path)
 {
-    constexpr std::size_t probe = 65536;
-    const int file = open(path.c_str(), O_WRONLY);
-    const off_t size = file < 0 ? 0 : lseek(file, 0, SEEK_END);
-    const std::string more(probe, ' ');
-    const bool good = size > 0 && write(file, more.data(), probe) == static_cast<ssize_t>(probe) &&
-                      fsync(file) == 0 && ftruncate(file, size) == 0;
-    if (file >= 0)
-        close(file);
-    if (!good)
+    if (!is_written(path.c_str()))
         throw Failure("a temporary file cannot be written; the disk may be full");
 }
 
@@ -159,7 +149,7 @@ void split(const std::string& file, std::size_t count, std::size_t first, const 
 
 void read_solids(const Job& job)
 {
-    gmsh::option::setString("Geometry.OCCTargetUnit", "MM");
+    // The CAD kernel turns all lengths into millimetres unless it is told otherwise.
     gmsh::model::add("input");
     gmsh::vectorpair shapes;
     stage("open");
