@@ -17,6 +17,7 @@
 #include "workbench/fennar_formats/FormatRegistry.h"
 #include "workbench/fennari19/CommandRegistry.h"
 #include "workbench/fennari19/Fennar.h"
+#include "workbench/fennari19/tokenize.h"
 #include "workbench/navigation/CommandSink.h"
 
 #include <QAction>
@@ -154,7 +155,6 @@ void TstFileMenuFormats::initTestCase()
 
 void TstFileMenuFormats::init()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
     const QString answer = enter(u"load "_s + QStringLiteral(GEOMETRY));
     QVERIFY2(!answer.contains(u"ERROR"), qPrintable(answer));
@@ -170,7 +170,6 @@ void TstFileMenuFormats::cleanup()
     QCOMPARE(FormatRegistry::instance().formats().size(), 0);
     mDirectory.reset();
     forget_recent_imports();
-    TestCase::cleanup();
 }
 
 void TstFileMenuFormats::cleanupTestCase()
@@ -178,6 +177,7 @@ void TstFileMenuFormats::cleanupTestCase()
     mWorkbench->unload();
     mWorkbench.reset();
     QCOMPARE(child_processes(), QList<int>());
+    TestCase::cleanup();
 }
 
 void TstFileMenuFormats::components_come_and_go_in_any_order()
@@ -348,8 +348,7 @@ void TstFileMenuFormats::recent_import_runs_again_after_a_new_start()
     // A second life, in which nothing is left but the settings.
     QVERIFY(!enter(u"unload geometry"_s).contains(u"left behind"));
     mWorkbench->unload();
-    mWorkbench.reset();
-    mWorkbench = std::make_unique<Workbench>();
+    QVERIFY(!Ostrel::instance());
     QVERIFY(mWorkbench->load());
     QVERIFY(show_active(Ostrel::instance()));
     enter(u"load "_s + QStringLiteral(GEOMETRY));
