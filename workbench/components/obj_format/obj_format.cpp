@@ -4,8 +4,8 @@
 // The component "obj_format": one more file format for surfaces. It knows the triangles alone; whoever has a
 // model finds the format in the registry. See docs/formats.md.
 
-#include "obj_text.h"
 #include "workbench/components/component.h"
+#include "workbench/components/obj_format/obj_text.h"
 #include "workbench/fennar_formats/FormatRegistry.h"
 
 #include <stdexcept>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "obj_text.h"
 #include "support/TestCase.h"
+#include "workbench/components/obj_format/obj_text.h"
 
 #include <QTest>
 
