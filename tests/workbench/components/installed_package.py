@@ -22,7 +22,7 @@ project(headers LANGUAGES CXX)
 find_package(OstrelGui 0.1 REQUIRED)
 add_library(headers OBJECT headers.cpp)
 target_compile_features(headers PRIVATE cxx_std_20)
-target_link_libraries(headers PRIVATE OstrelGui::ostrelgui OstrelGui::fennari19)
+target_link_libraries(headers PRIVATE OstrelGui::ostrelgui OstrelGui::fennari19 OstrelGui::fennar_formats)
 """
 
 

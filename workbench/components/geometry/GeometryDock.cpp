@@ -128,7 +128,7 @@ void GeometryDock::update_solid(int id)
 void GeometryDock::update_mesh()
 {
     const std::shared_ptr<const Mesh> mesh = mModel.mesh();
-    const bool old = mesh && mesh->revision != mModel.revision();
+    const bool old = mesh && mesh->file.isEmpty() && mesh->revision != mModel.revision();
     mMesh->setText(1, !mesh ? tr("none") : old ? tr("of an earlier model") : QString());
     if (!std::exchange(mMeshChanged, false))
         return;

@@ -441,6 +441,26 @@ void GeometryModel::set_mesh(std::shared_ptr<const Mesh> mesh)
     emit mesh_changed();
 }
 
+QList<int> GeometryModel::read_brep(const QStringList& paths, const QString& name)
+{
+    if (!is_name(name))
+        throw GeometryError(u"\"%1\" cannot name a solid"_s.arg(name));
+    std::vector<std::unique_ptr<Draft>> drafts;
+    for (const QString& path : paths) {
+        drafts.push_back(std::make_unique<Draft>(++mLastModel));
+        engine([&path] {
+            EngineTags shapes;
+            occ::importShapes(path.toStdString(), shapes, true, "brep");
+            check_shapes(shapes);
+        });
+    }
+    const bool as_it_is = paths.size() == 1 && !mIds.contains(name);
+    QList<int> result;
+    for (const auto& draft : drafts)
+        result << add(*draft, name, as_it_is ? name : QString());
+    return result;
+}
+
 void GeometryModel::write_brep(int id, const QString& path) const
 {
     select(id);

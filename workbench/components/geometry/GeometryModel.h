@@ -133,6 +133,14 @@ public:
     /** What the engine has warned of since the last call, one line each. */
     QStringList take_messages() { return mSession.take_messages(); }
 
+    /**
+     * Makes a solid of each file in the BREP format: all of them or none.
+     *
+     * @param name  the name of the solid; where it is taken or there are several, ids stand behind it. Must
+     * be one that a solid can have.
+     * @return the ids of the new solids.
+     */
+    QList<int> read_brep(const QStringList& paths, const QString& name);
     /** Writes the solid's shape to a file in the BREP format. */
     void write_brep(int id, const QString& path) const;
     /**

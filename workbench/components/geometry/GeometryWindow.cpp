@@ -229,9 +229,9 @@ void GeometryWindow::add_menu()
     mWindow->help_menu()->add_manual(mHelp, owner);
     connect(mHelp, &QAction::triggered, this, [] {
         for (const char* command :
-             {"brick", "cylinder",   "sphere",  "cone",     "torus",     "move",   "rotate",
-              "copy",  "rename",     "unite",   "subtract", "intersect", "delete", "list",
-              "mesh",  "statistics", "quality", "new",      "open",      "save"})
+             {"brick",   "cylinder", "sphere",   "cone",      "torus",  "move",  "rotate", "copy",
+              "rename",  "unite",    "subtract", "intersect", "delete", "list",  "mesh",   "statistics",
+              "quality", "new",      "open",     "save",      "import", "export"})
             send_command(u"help "_s + QLatin1StringView(command));
     });
 }

@@ -14,8 +14,8 @@ using namespace Qt::StringLiterals;
 
 bool GeometryWords::is_keyword(const QString& text)
 {
-    static const QStringList keywords{u"about"_s, u"all"_s,  u"along"_s, u"at"_s,     u"by"_s,
-                                      u"from"_s,  u"name"_s, u"size"_s,  u"verbose"_s};
+    static const QStringList keywords{u"about"_s, u"all"_s,  u"along"_s, u"as"_s,   u"at"_s,     u"by"_s,
+                                      u"from"_s,  u"mesh"_s, u"name"_s,  u"size"_s, u"verbose"_s};
     return keywords.contains(text);
 }
 
@@ -51,6 +51,16 @@ bool GeometryWords::at_keyword() const
 CommandError GeometryWords::expected(QAnyStringView what) const
 {
     return mCall.expected(mNext, what);
+}
+
+QString GeometryWords::text(QAnyStringView what)
+{
+    return mCall.text(mNext++, what);
+}
+
+CommandError GeometryWords::expected_last(QAnyStringView what) const
+{
+    return mCall.expected(mNext - 1, what);
 }
 
 double GeometryWords::number(QAnyStringView what)

@@ -38,6 +38,10 @@ public:
     /** An error that the next word is not what can stand there. To be thrown. */
     CommandError expected(QAnyStringView what) const;
 
+    /** Any word. */
+    QString text(QAnyStringView what);
+    /** An error that the word before the next one is not what can stand there. To be thrown. */
+    CommandError expected_last(QAnyStringView what) const;
     double number(QAnyStringView what);
     /** A number from @p least to @p most. */
     double length(QAnyStringView what, double least = GeometryModel::least_length,

@@ -32,8 +32,10 @@ struct Mesh
 
     /** The mesh itself, as a binary file in the MSH format. */
     QByteArray msh;
-    /** The length of the elements that was asked for. */
+    /** The length of the elements that was asked for; 0 for an imported mesh. */
     double size = 0;
+    /** The file that the mesh was imported from; empty if it was made of solids. */
+    QString file;
     /** The names of the solids when they were meshed. */
     QStringList solids;
     qint64 nodes = 0;

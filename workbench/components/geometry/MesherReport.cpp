@@ -20,9 +20,10 @@ struct Stage
 };
 
 constexpr Stage stages[] = {
-    {"read"_L1, "reading the solids"_L1, 0}, {"1D"_L1, "meshing edges"_L1, 2},
-    {"2D"_L1, "meshing faces"_L1, 5},        {"3D"_L1, "meshing volumes"_L1, 35},
-    {"quality"_L1, "measuring"_L1, 90},      {"write"_L1, "writing"_L1, 97},
+    {"open"_L1, "reading the file"_L1, 0}, {"read"_L1, "reading the solids"_L1, 0},
+    {"1D"_L1, "meshing edges"_L1, 2},      {"2D"_L1, "meshing faces"_L1, 5},
+    {"3D"_L1, "meshing volumes"_L1, 35},   {"quality"_L1, "measuring"_L1, 90},
+    {"write"_L1, "writing"_L1, 97},
 };
 
 } // namespace

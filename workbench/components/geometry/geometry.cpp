@@ -5,11 +5,14 @@
 
 #include "frame/Ostrel.h"
 #include "workbench/components/component.h"
+#include "workbench/components/geometry/FileExchange.h"
+#include "workbench/components/geometry/FileMenuFormats.h"
 #include "workbench/components/geometry/GeometryDocument.h"
 #include "workbench/components/geometry/GeometryFileHandler.h"
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/geometry/GeometryWindow.h"
 #include "workbench/components/geometry/document_commands.h"
+#include "workbench/components/geometry/file_commands.h"
 #include "workbench/components/geometry/geometry_commands.h"
 #include "workbench/fennari19/Fennar.h"
 
@@ -37,16 +40,18 @@ namespace {
 
 std::unique_ptr<GeometryModel> model;
 std::unique_ptr<GeometryDocument> document;
+std::unique_ptr<FileExchange> exchange;
 std::unique_ptr<GeometryWindow> window_part;
 std::unique_ptr<GeometryFileHandler> file_handler;
+std::unique_ptr<FileMenuFormats> file_menu_formats;
 
-/** The mesher lies in a folder beside this shared object, or beside what a link to it stands for. */
-QString mesher_path()
+/** The programs lie in a folder beside this shared object, or beside what a link to it stands for. */
+QString program_path(const QString& name)
 {
     Dl_info info = {};
     if (!dladdr(&model, &info) || !info.dli_fname)
         return {};
-    return QFileInfo(QFile::decodeName(info.dli_fname)).canonicalPath() + u"/libexec/fennar-mesher"_s;
+    return QFileInfo(QFile::decodeName(info.dli_fname)).canonicalPath() + u"/libexec/"_s + name;
 }
 
 /** What the commands that open and save do: with a window the same as the file menu. */
@@ -59,9 +64,11 @@ DocumentActions document_actions()
 
 void unload()
 {
+    file_menu_formats.reset();
     file_handler.reset();
     window_part.reset();
     Fennar::instance().registry().remove_owner(u"geometry"_s);
+    exchange.reset();
     document.reset();
     model.reset();
     clean_up_resources();
@@ -73,14 +80,22 @@ void load()
     init_resources();
     model = std::make_unique<GeometryModel>();
     document = std::make_unique<GeometryDocument>(*model);
-    if (!register_geometry_commands(fennar.registry(), *model, fennar.application(), mesher_path()) ||
-        !register_document_commands(fennar.registry(), *model, document_actions())) {
+    exchange = std::make_unique<FileExchange>(*model, program_path(u"fennar-converter"_s));
+    const auto imported = [](const QString& file, bool done) {
+        if (file_menu_formats)
+            file_menu_formats->imported(file, done);
+    };
+    if (!register_geometry_commands(fennar.registry(), *model, fennar.application(),
+                                    program_path(u"fennar-mesher"_s)) ||
+        !register_document_commands(fennar.registry(), *model, document_actions()) ||
+        !register_file_commands(fennar.registry(), *model, *exchange, fennar.application(), imported)) {
         unload();
         throw std::runtime_error("one of the geometry commands is there already");
     }
     if (Ostrel* window = Ostrel::instance()) {
         window_part = std::make_unique<GeometryWindow>(window, *model);
         file_handler = std::make_unique<GeometryFileHandler>(window, *document);
+        file_menu_formats = std::make_unique<FileMenuFormats>(window->file_menu());
     }
 }
 

@@ -3,10 +3,10 @@
 
 #include "workbench/components/geometry/geometry_commands.h"
 
-#include "host/ostrelfw/OstrelGUI.h"
 #include "workbench/components/geometry/GeometryError.h"
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/geometry/GeometryWords.h"
+#include "workbench/components/geometry/LongWork.h"
 #include "workbench/components/geometry/run_mesher.h"
 #include "workbench/fennari19/ApplicationServices.h"
 #include "workbench/fennari19/CommandCall.h"
@@ -296,54 +296,6 @@ void list(CommandCall& call, GeometryWords& words, Context& context)
     call.print(table(rows, {true, false, true, true, true, false, false}));
 }
 
-/** The shell's progress bar while a mesh is made. */
-class ProgressSession
-{
-public:
-    explicit ProgressSession(OstrelGUI* shell) : mShell(shell)
-    {
-        if (mShell)
-            mShell->start_progress_session(title, 1);
-    }
-    ~ProgressSession()
-    {
-        if (!mShell)
-            return;
-        mShell->set_status_text(nullptr);
-        mShell->end_progress_session(title);
-    }
-    ProgressSession(const ProgressSession&) = delete;
-    ProgressSession& operator=(const ProgressSession&) = delete;
-
-    void show(int percent, const QString& stage)
-    {
-        if (!mShell)
-            return;
-        mShell->set_status_text(QString(stage + ' '_L1).toUtf8().constData());
-        mShell->update_progress_session(title, percent);
-    }
-
-private:
-    static constexpr const char* title = "Mesh";
-    OstrelGUI* mShell;
-};
-
-void print_message(CommandCall& call, const MesherReport::Message& message, bool verbose)
-{
-    switch (message.kind) {
-    case MesherReport::Message::Kind::Information:
-        if (verbose)
-            call.print(message.text + u'\n');
-        break;
-    case MesherReport::Message::Kind::Warning:
-        call.print(u"Warning: "_s + message.text + u'\n');
-        break;
-    case MesherReport::Message::Kind::Error: // the last one ends up in the command's own error
-        call.print(u"Error: "_s + message.text + u'\n');
-        break;
-    }
-}
-
 QString summary(const Mesh& mesh)
 {
     qint64 volumes = 0;
@@ -378,18 +330,8 @@ void mesh(CommandCall& call, GeometryWords& words, Context& context)
 
     std::shared_ptr<const Mesh> result;
     {
-        ProgressSession progress(context.services.shell);
-        MesherListener listener;
-        listener.progress = [&progress](int percent, const QString& stage) { progress.show(percent, stage); };
-        listener.message = [&call, verbose](const MesherReport::Message& message) {
-            print_message(call, message, verbose);
-        };
-        listener.go_on = [&call, &context] {
-            if (context.services.turn)
-                context.services.turn();
-            return !call.interrupted();
-        };
-        result = run_mesher(context.mesher, model, ids, size, listener);
+        LongWork work(call, context.services, "Mesh", verbose);
+        result = run_mesher(context.mesher, model, ids, size, work.listener());
     }
     if (!result)
         throw CommandError(u"cancelled; the last mesh is as it was"_s);
@@ -407,7 +349,8 @@ const Mesh& last_mesh(CommandCall& call, const Context& context)
 
 QString age(const Mesh& mesh, const GeometryModel& model)
 {
-    return mesh.revision == model.revision() ? QString() : u"The model has changed since.\n"_s;
+    return mesh.revision == model.revision() || !mesh.file.isEmpty() ? QString()
+                                                                     : u"The model has changed since.\n"_s;
 }
 
 void statistics(CommandCall& call, GeometryWords& words, Context& context)
@@ -417,8 +360,10 @@ void statistics(CommandCall& call, GeometryWords& words, Context& context)
     QList<QStringList> rows{{u"nodes"_s, QString::number(mesh.nodes)}};
     for (const Mesh::Elements& elements : mesh.elements)
         rows.append({elements.kind, QString::number(elements.count)});
-    call.print(u"Mesh of %1, size %2\n"_s.arg(mesh.solids.join(u", "_s), shown(mesh.size)) +
-               table(rows, {false, true}) + age(mesh, context.model));
+    const QString origin = mesh.file.isEmpty()
+                               ? u"Mesh of %1, size %2\n"_s.arg(mesh.solids.join(u", "_s), shown(mesh.size))
+                               : u"Mesh from %1\n"_s.arg(CommandError::shown(mesh.file, mesh.file.size()));
+    call.print(origin + table(rows, {false, true}) + age(mesh, context.model));
 }
 
 void quality(CommandCall& call, GeometryWords& words, Context& context)
@@ -434,6 +379,8 @@ void quality(CommandCall& call, GeometryWords& words, Context& context)
     }
     need_end(words);
     const Mesh& mesh = last_mesh(call, context);
+    if (mesh.quality.isEmpty())
+        throw call.error(0, u"the mesh has no volume elements"_s);
     QList<QStringList> rows{{u"measure"_s, u"least"_s, u"mean"_s, u"most"_s}};
     for (const Mesh::Quality& quality : mesh.quality) {
         if (wanted.isEmpty() || quality.measure == wanted)

@@ -3,26 +3,14 @@
 
 #pragma once
 
-#include "workbench/components/geometry/Mesh.h"
-#include "workbench/components/geometry/MesherReport.h"
+#include "workbench/components/geometry/engine_process.h"
 
 #include <QList>
 #include <QString>
 
-#include <functional>
 #include <memory>
 
 class GeometryModel;
-
-/** What the caller of run_mesher() is told meanwhile; each may be null. */
-struct MesherListener
-{
-    /** The percentage or the stage has changed. */
-    std::function<void(int percent, const QString& stage)> progress;
-    std::function<void(const MesherReport::Message& message)> message;
-    /** Called many times a second; false ends the mesher at once. */
-    std::function<bool()> go_on;
-};
 
 /**
  * Meshes solids in a process of its own and waits for it.
