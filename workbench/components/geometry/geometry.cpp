@@ -6,9 +6,11 @@
 #include "frame/Ostrel.h"
 #include "workbench/components/component.h"
 #include "workbench/components/geometry/GeometryModel.h"
+#include "workbench/components/geometry/GeometryScene.h"
 #include "workbench/components/geometry/GeometryWindow.h"
 #include "workbench/components/geometry/geometry_commands.h"
 #include "workbench/fennari19/Fennar.h"
+#include "workbench/scene/Scene.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -33,20 +35,22 @@ static void clean_up_resources()
 namespace {
 
 std::unique_ptr<GeometryModel> model;
+std::unique_ptr<GeometryScene> scene_part;
 std::unique_ptr<GeometryWindow> window_part;
 
-/** The mesher lies in a folder beside this shared object, or beside what a link to it stands for. */
-QString mesher_path()
+/** The programs lie in a folder beside this shared object, or beside what a link to it stands for. */
+QString program_path(const QString& name)
 {
     Dl_info info = {};
     if (!dladdr(&model, &info) || !info.dli_fname)
         return {};
-    return QFileInfo(QFile::decodeName(info.dli_fname)).canonicalPath() + u"/libexec/fennar-mesher"_s;
+    return QFileInfo(QFile::decodeName(info.dli_fname)).canonicalPath() + u"/libexec/"_s + name;
 }
 
 void unload()
 {
     window_part.reset();
+    scene_part.reset();
     Fennar::instance().registry().remove_owner(u"geometry"_s);
     model.reset();
     clean_up_resources();
@@ -57,10 +61,13 @@ void load()
     Fennar& fennar = Fennar::instance();
     init_resources();
     model = std::make_unique<GeometryModel>();
-    if (!register_geometry_commands(fennar.registry(), *model, fennar.application(), mesher_path())) {
+    if (!register_geometry_commands(fennar.registry(), *model, fennar.application(),
+                                    program_path(u"fennar-mesher"_s))) {
         unload();
         throw std::runtime_error("one of the geometry commands is there already");
     }
+    scene_part =
+        std::make_unique<GeometryScene>(*model, Scene::instance(), program_path(u"fennar-tessellator"_s));
     if (Ostrel* window = Ostrel::instance())
         window_part = std::make_unique<GeometryWindow>(window, *model);
 }
