@@ -40,7 +40,7 @@ public:
     void plot(int x, int y, float z, QRgb colour)
     {
         const std::size_t at = std::size_t(y) * std::size_t(width()) + std::size_t(x);
-        if (z < mDepths[at])
+        if (!(z >= mDepths[at])) // nor if it is no number
             return;
         mDepths[at] = z;
         mPixels[at] = colour;
@@ -123,7 +123,7 @@ void fill(Canvas& canvas, const std::array<Spot, 3>& spots, const std::array<flo
 {
     const auto& [a, b, c] = spots;
     const float area = (b.x - a.x) * (c.y - a.y) - (c.x - a.x) * (b.y - a.y);
-    if (!(std::abs(area) > 1e-12F))
+    if (!(std::abs(area) > 1e-12F) || !std::isfinite(area))
         return;
     // Depth and shade are linear in the picture.
     const auto slopes = [&](float u, float v, float w) {
@@ -159,13 +159,15 @@ void fill(Canvas& canvas, const std::array<Spot, 3>& spots, const std::array<flo
             // Slivers have slopes without end.
             const float z = std::clamp(a.z + depth_x * dx + depth_y * dy - push, least, most);
             const float shade = light[0] + shade_x * dx + shade_y * dy;
-            canvas.plot(x, y, z, colours[std::size_t(std::clamp(shade, 0.0F, 1.0F) * 255)]);
+            canvas.plot(x, y, z, colours[shade > 0 ? std::size_t(std::min(shade, 1.0F) * 255) : 0]);
         }
     }
 }
 
 void draw_line(Canvas& canvas, Spot a, Spot b, int width, QRgb colour)
 {
+    if (!std::isfinite(a.x + a.y + b.x + b.y))
+        return;
     const bool steep = std::abs(b.y - a.y) > std::abs(b.x - a.x);
     const auto along = [steep](const Spot& spot) { return steep ? spot.y : spot.x; };
     const auto across = [steep](const Spot& spot) { return steep ? spot.x : spot.y; };
