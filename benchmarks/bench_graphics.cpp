@@ -10,7 +10,9 @@
 #include "workbench/components/graphics/pick.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QMouseEvent>
+#include <QWindow>
 
 #include <cmath>
 #include <cstdio>
@@ -102,7 +104,10 @@ int main(int argc, char** argv)
     view.resize(1000, 700);
     view.show();
     state.set_view(Camera::View::Iso);
-    QCoreApplication::processEvents();
+    // Nothing is painted before the window system shows the window.
+    const QDeadlineTimer patience(10'000);
+    while (!view.windowHandle()->isExposed() && !patience.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
     view.repaint();
 
     if (view.uses_opengl()) {
