@@ -44,13 +44,13 @@ void select(CommandCall& call, Scene& scene)
 
 bool register_select_command(CommandRegistry& registry, Scene& scene)
 {
-    const Command command{
-        u"select"_s,
-        u"select [NAME... | all | none]"_s,
-        u"Selects what is named, and nothing else."_s,
-        u"Without an argument it tells what is selected. A click in the graphics view or in the "
-        "model tree does the same."_s,
-        u"workbench"_s,
-        [&scene](CommandCall& call) { select(call, scene); }};
+    const Command command{u"select"_s,
+                          u"select [NAME...]"_s,
+                          u"Selects what is named, and nothing else."_s,
+                          u"\"all\" stands for all items, \"none\" for none. Without an argument it tells "
+                          u"what is selected. A click in the graphics view or in the "
+                          "model tree does the same."_s,
+                          u"workbench"_s,
+                          [&scene](CommandCall& call) { select(call, scene); }};
     return registry.add(command) == CommandRegistry::AddResult::Added;
 }

@@ -245,6 +245,7 @@ void GraphicsView::update_image()
         mImage = mRenderer->render(picture);
     }
     mDirty = false;
+    emit picture_made();
 }
 
 void GraphicsView::update_renderer()

@@ -36,6 +36,8 @@ public:
 signals:
     /** The user has clicked: what he wants selected, as a command line. */
     void command_wanted(const QString& line);
+    /** A picture was made, which happens only when something has changed. */
+    void picture_made();
 
 protected:
     bool event(QEvent* event) override;
