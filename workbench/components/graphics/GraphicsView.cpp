@@ -95,9 +95,8 @@ void GraphicsView::resizeEvent(QResizeEvent*)
     const bool follow = mFollow;
     if (follow)
         camera.fit(mState.scene().box());
-    mState.set_camera(camera);
+    mState.set_camera(camera); // which draws anew if the size is another
     mFollow = follow;
-    draw_anew();
 }
 
 void GraphicsView::paintEvent(QPaintEvent*)
