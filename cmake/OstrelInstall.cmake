@@ -41,10 +41,10 @@ set(exported_targets ostrelgui)
 if(OSTREL_BUILD_WORKBENCH)
     # What components need of the workbench.
     foreach(header components/component.h fennari19/Fennar.h fennari19/CommandCall.h fennari19/CommandError.h
-            fennar_formats/FormatRegistry.h fennar_util/Interrupt.h)
+            fennar_formats/FormatRegistry.h fennar_util/Interrupt.h scene/Scene.h)
         ostrel_collect_headers(public_headers workbench/${header})
     endforeach()
-    list(APPEND exported_targets fennar_util fennari19 fennar_formats fennar_python navigation ostrelfw)
+    list(APPEND exported_targets fennar_util fennari19 fennar_formats fennar_python navigation ostrelfw scene)
     install(TARGETS fennar)
     install(DIRECTORY workbench/xml DESTINATION ${CMAKE_INSTALL_BINDIR})
     install(DIRECTORY workbench/journals DESTINATION ${CMAKE_INSTALL_DATADIR}/fennar)

@@ -33,6 +33,8 @@
 #include "workbench/playback/JournalPlayer.h"
 #include "workbench/python_actions/python_actions.h"
 #include "workbench/python_literal.h"
+#include "workbench/scene/Scene.h"
+#include "workbench/scene/select_command.h"
 
 #include <QAction>
 #include <QDeadlineTimer>
@@ -205,6 +207,7 @@ void Workbench::set_up_commands()
                            u"The ending of FILE selects the format, as .png or .jpg."_s, u"workbench"_s,
                            [this](CommandCall& call) { write_picture(call); }});
     register_component_commands(fennar.registry(), *mComponents);
+    register_select_command(fennar.registry(), Scene::instance());
 }
 
 void Workbench::set_up_python()

@@ -99,9 +99,9 @@ void TstShippedNavigation::every_entry_is_complete()
 
 void TstShippedNavigation::both_arrangements_hold_the_same_commands()
 {
-    const QStringList expected = {u"components"_s, u"echo"_s,    u"help"_s,  u"history"_s,
-                                  u"load"_s,       u"picture"_s, u"play"_s,  u"python"_s,
-                                  u"quit"_s,       u"set"_s,     u"unload"_s};
+    const QStringList expected = {u"components"_s, u"echo"_s,    u"help"_s, u"history"_s,
+                                  u"load"_s,       u"picture"_s, u"play"_s, u"python"_s,
+                                  u"quit"_s,       u"select"_s,  u"set"_s,  u"unload"_s};
     for (const QString& directory : {u"/xml/action-based-xml"_s, u"/xml/entity-based-xml"_s}) {
         NavigationModel model(nullptr);
         QStringList messages;

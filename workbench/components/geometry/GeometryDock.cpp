@@ -5,9 +5,12 @@
 
 #include "workbench/components/geometry/GeometryError.h"
 #include "workbench/components/geometry/GeometryModel.h"
+#include "workbench/navigation/CommandSink.h"
+#include "workbench/scene/Scene.h"
 
 #include <QHeaderView>
 #include <QMenu>
+#include <QSignalBlocker>
 #include <QTreeWidget>
 
 #include <algorithm>
@@ -53,6 +56,12 @@ GeometryDock::GeometryDock(const GeometryModel& model, QWidget* parent)
     connect(mTree, &QWidget::customContextMenuRequested, this,
             [this](const QPoint& point) { mMenu->popup(mTree->viewport()->mapToGlobal(point)); });
 
+    mSend.setSingleShot(true);
+    mSend.setInterval(0);
+    connect(mTree, &QTreeWidget::itemSelectionChanged, &mSend, qOverload<>(&QTimer::start));
+    connect(&mSend, &QTimer::timeout, this, &GeometryDock::send_selection);
+    connect(&Scene::instance(), &Scene::selection_changed, this, &GeometryDock::take_selection);
+
     mUpdate.setSingleShot(true);
     mUpdate.setInterval(0);
     connect(&mUpdate, &QTimer::timeout, this, &GeometryDock::update_tree);
@@ -96,7 +105,34 @@ void GeometryDock::update_tree()
         update_solid(id);
     mSolids->setText(1, u"(%1)"_s.arg(mItems.size()));
     update_mesh();
+    take_selection();
     mTree->setUpdatesEnabled(true);
+}
+
+/** Has what is selected in the tree selected everywhere. */
+void GeometryDock::send_selection()
+{
+    const QStringList names = selection();
+    if (names != Scene::instance().selection())
+        send_command(u"select "_s + (names.isEmpty() ? u"none"_s : names.join(u' ')));
+}
+
+/** Selects in the tree what is selected in the scene. */
+void GeometryDock::take_selection()
+{
+    if (mSend.isActive())
+        return; // the user's choice is on its way
+    const QStringList names = Scene::instance().selection();
+    if (names == selection())
+        return;
+    {
+        const QSignalBlocker blocker(mTree);
+        for (QTreeWidgetItem* item : std::as_const(mItems)) {
+            const auto solid = mModel.solid(item->data(0, id_role).toInt());
+            item->setSelected(solid && names.contains(solid->name));
+        }
+    }
+    emit selection_changed();
 }
 
 void GeometryDock::update_solid(int id)

@@ -17,8 +17,9 @@ class QTreeWidgetItem;
 /**
  * The dock "Model": a tree of the solids with their volumes, and of the mesh.
  *
- * It follows the model, once for all changes that come together. Solids can be selected; the menu of the tree
- * is the owner's to fill.
+ * It follows the model, once for all changes that come together. Solids can be selected, and then are in the
+ * scene, too, by the command "select"; what is selected there is selected here. The menu of the tree is the
+ * owner's to fill.
  */
 class GeometryDock : public QDockWidget
 {
@@ -41,6 +42,8 @@ private:
     void update_tree();
     void update_solid(int id);
     void update_mesh();
+    void send_selection();
+    void take_selection();
 
     const GeometryModel& mModel;
     QTreeWidget* mTree;
@@ -52,4 +55,6 @@ private:
     QSet<int> mChanged;
     bool mMeshChanged = true;
     QTimer mUpdate;
+    /** One command for all that is selected at once. */
+    QTimer mSend;
 };

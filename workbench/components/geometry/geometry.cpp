@@ -10,11 +10,13 @@
 #include "workbench/components/geometry/GeometryDocument.h"
 #include "workbench/components/geometry/GeometryFileHandler.h"
 #include "workbench/components/geometry/GeometryModel.h"
+#include "workbench/components/geometry/GeometryScene.h"
 #include "workbench/components/geometry/GeometryWindow.h"
 #include "workbench/components/geometry/document_commands.h"
 #include "workbench/components/geometry/file_commands.h"
 #include "workbench/components/geometry/geometry_commands.h"
 #include "workbench/fennari19/Fennar.h"
+#include "workbench/scene/Scene.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -41,6 +43,7 @@ namespace {
 std::unique_ptr<GeometryModel> model;
 std::unique_ptr<GeometryDocument> document;
 std::unique_ptr<FileExchange> exchange;
+std::unique_ptr<GeometryScene> scene_part;
 std::unique_ptr<GeometryWindow> window_part;
 std::unique_ptr<GeometryFileHandler> file_handler;
 std::unique_ptr<FileMenuFormats> file_menu_formats;
@@ -67,6 +70,7 @@ void unload()
     file_menu_formats.reset();
     file_handler.reset();
     window_part.reset();
+    scene_part.reset();
     Fennar::instance().registry().remove_owner(u"geometry"_s);
     exchange.reset();
     document.reset();
@@ -92,6 +96,8 @@ void load()
         unload();
         throw std::runtime_error("one of the geometry commands is there already");
     }
+    scene_part =
+        std::make_unique<GeometryScene>(*model, Scene::instance(), program_path(u"fennar-tessellator"_s));
     if (Ostrel* window = Ostrel::instance()) {
         window_part = std::make_unique<GeometryWindow>(window, *model);
         file_handler = std::make_unique<GeometryFileHandler>(window, *document);

@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/components/graphics/GraphicsWindow.h"
+
+#include "frame/Ostrel.h"
+#include "menus/OstrelViewMenu.h"
+#include "workbench/components/graphics/GraphicsState.h"
+#include "workbench/components/graphics/GraphicsView.h"
+#include "workbench/navigation/CommandSink.h"
+
+#include <QAction>
+#include <QIcon>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** The component's name, the owner mark of all that it adds. */
+constexpr auto owner = "graphics";
+
+} // namespace
+
+GraphicsWindow::GraphicsWindow(Ostrel* window, GraphicsState& state)
+    : mWindow(window), mState(state), mView(new GraphicsView(state))
+{
+    setObjectName(u"GraphicsWindow"_s);
+    std::vector<QAction*> actions = {
+        nullptr, // parts it from what other components have in the menu
+        make_action("front", tr("&Front"), "front.svg", "Ctrl+Alt+1", "view front"),
+        make_action("back", tr("B&ack"), "back.svg", "Ctrl+Alt+2", "view back"),
+        make_action("left", tr("&Left"), "left.svg", "Ctrl+Alt+3", "view left"),
+        make_action("right", tr("&Right"), "right.svg", "Ctrl+Alt+4", "view right"),
+        make_action("top", tr("T&op"), "top.svg", "Ctrl+Alt+5", "view top"),
+        make_action("bottom", tr("&Bottom"), "bottom.svg", "Ctrl+Alt+6", "view bottom"),
+        make_action("iso", tr("&Isometric"), "iso.svg", "Ctrl+Alt+7", "view iso"),
+        make_action("fit", tr("Fi&t"), "fit.svg", "Ctrl+Alt+0", "fit"),
+        mShaded = make_switch("shaded", tr("&Shaded"), "shaded.svg"),
+        mWireframe = make_switch("wireframe", tr("&Wireframe"), "wireframe.svg"),
+        mMesh = make_switch("mesh", tr("&Mesh"), "mesh.svg"),
+    };
+    mWindow->set_graphics_widget(mView);
+    mWindow->view_menu()->add_items(actions, owner);
+    actions.erase(actions.begin()); // a toolbar that loses a separator would be emptied
+    mWindow->add_to_toolbar("GraphicsTools", tr("Graphics Tools"), actions, owner, Qt::TopToolBarArea);
+    connect(&state, &GraphicsState::display_changed, this, &GraphicsWindow::update_switches);
+    update_switches();
+    connect(mView, &GraphicsView::command_wanted, this, [](const QString& line) { send_command(line); });
+}
+
+// The reverse of the constructor.
+GraphicsWindow::~GraphicsWindow()
+{
+    mWindow->remove_toolbar_items(owner);
+    mWindow->view_menu()->remove_component_items(owner);
+    if (mView) {
+        if (mWindow->graphics_widget() == mView)
+            mWindow->set_graphics_widget(nullptr);
+        delete mView;
+    }
+}
+
+QAction* GraphicsWindow::make_action(const char* name, const QString& text, const char* icon,
+                                     const char* shortcut, const char* command)
+{
+    auto* action = new QAction(QIcon(u":/graphics/images/light/"_s + QLatin1StringView(icon)), text, this);
+    action->setObjectName(u"graphics_"_s + QLatin1StringView(name));
+    action->setShortcut(QKeySequence(QLatin1StringView(shortcut)));
+    connect(action, &QAction::triggered, this, [command] { send_command(QString::fromLatin1(command)); });
+    return action;
+}
+
+QAction* GraphicsWindow::make_switch(const char* name, const QString& text, const char* icon)
+{
+    auto* action = new QAction(QIcon(u":/graphics/images/light/"_s + QLatin1StringView(icon)), text, this);
+    action->setObjectName(u"graphics_"_s + QLatin1StringView(name));
+    action->setCheckable(true);
+    connect(action, &QAction::triggered, this, [this, name](bool on) {
+        send_command(u"display %1 %2"_s.arg(QLatin1StringView(name), on ? u"on"_s : u"off"_s));
+        // The command may not have run.
+        update_switches();
+    });
+    return action;
+}
+
+void GraphicsWindow::update_switches()
+{
+    mShaded->setChecked(mState.display().shaded);
+    mWireframe->setChecked(mState.display().wireframe);
+    mMesh->setChecked(mState.display().mesh);
+}

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+#include <vector>
+
+class GraphicsState;
+class GraphicsView;
+class Ostrel;
+class QAction;
+
+/**
+ * All that the component has in the main window: the graphics view, a toolbar, and entries in the View menu.
+ * Whatever a user chooses there is sent to the console as a command.
+ *
+ * It takes everything away again when it is deleted.
+ */
+class GraphicsWindow : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** Both must outlive this object. */
+    GraphicsWindow(Ostrel* window, GraphicsState& state);
+    ~GraphicsWindow() override;
+
+private:
+    /** An action that sends a command. */
+    QAction* make_action(const char* name, const QString& text, const char* icon, const char* shortcut,
+                         const char* command);
+    /** An action that switches something of "display" on and off. */
+    QAction* make_switch(const char* name, const QString& text, const char* icon);
+    void update_switches();
+
+    Ostrel* mWindow;
+    GraphicsState& mState;
+    /** The window takes it along if it goes before this object. */
+    QPointer<GraphicsView> mView;
+    QAction* mShaded = nullptr;
+    QAction* mWireframe = nullptr;
+    QAction* mMesh = nullptr;
+};

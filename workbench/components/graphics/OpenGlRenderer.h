@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/components/graphics/Renderer.h"
+
+#include <memory>
+
+/**
+ * Draws by OpenGL, or OpenGL ES 2, into a buffer off the screen whose content is handed over as an image.
+ *
+ * So the main window stays one that is painted the plain way, whether this component is loaded or not: with a
+ * widget of OpenGL in it Qt would make the native window anew, and would put all of it together by OpenGL
+ * from then on.
+ */
+class OpenGlRenderer : public Renderer
+{
+public:
+    /** Null if the platform offers no context or the context lacks what is needed. */
+    static std::unique_ptr<OpenGlRenderer> create();
+    ~OpenGlRenderer() override;
+
+    QImage render(const Picture& picture) override;
+    /** What draws, as the driver calls itself. */
+    QString device() const;
+
+private:
+    struct Device;
+    explicit OpenGlRenderer(std::unique_ptr<Device> device);
+
+    std::unique_ptr<Device> mDevice;
+};
