@@ -162,6 +162,8 @@ OstrelFileMenu::OstrelFileMenu(Ostrel* main)
     setObjectName(u"OstrelFileMenu"_s);
 
     mDirectoryLabel = new QLabel;
+    // The name of a directory may look like markup.
+    mDirectoryLabel->setTextFormat(Qt::PlainText);
     mMain->statusBar()->addWidget(mDirectoryLabel, 0);
 
     const auto make_action = [this](const QString& name, const QString& text, const QString& shortcut = {},

@@ -502,6 +502,7 @@ void TstOstrelFileMenu::new_directory_is_taken_as_it_is()
     window.file_menu()->user_changed_directory(directory);
     QCOMPARE(OstrelFileMenu::mPath, directory);
     QCOMPARE(labels(window).constFirst()->text(), u"Working Directory: "_s + directory);
+    QCOMPARE(labels(window).constFirst()->textFormat(), Qt::PlainText);
     QCOMPARE(QDir::currentPath(), current);
 }
 
