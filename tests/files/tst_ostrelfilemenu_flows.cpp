@@ -747,6 +747,8 @@ void TstOstrelFileMenuFlows::cancelled_save_as_changes_nothing()
 {
     OstrelFileMenu::mFileName = u"/a.mdl"_s;
     mDocuments->modified = true;
+    mDocuments->location = QDir::rootPath();
+    mDocuments->proposal = u"b.mdl"_s;
     DialogDriver driver;
     expect_cancel(driver);
     mMenu->file_save_as();

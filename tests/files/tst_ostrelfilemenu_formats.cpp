@@ -83,10 +83,13 @@ public:
     }
     ~Polite() override
     {
+        QString left;
+        mMenu->get_import_filters(left);
+        mMenu->get_export_filters(left);
         mMenu->remove_import(this);
         mMenu->remove_export(this);
         mMenu->remove_component_items("polite");
-        host().record(mFilters);
+        host().record(mFilters + u" dies, left: "_s + left);
     }
 
     void execute(const QString&, const QString&) override {}
@@ -571,8 +574,8 @@ void TstOstrelFileMenuFormats::handlers_may_say_goodbye_when_they_die()
     host().take_calls();
     mWindow.reset();
     const QStringList calls = host().take_calls();
-    QCOMPARE(calls.count(meshes), 2);
-    QCOMPARE(calls.count(steps), 1);
+    QCOMPARE(calls.count(meshes + u" dies, left: "_s), 2);
+    QCOMPARE(calls.count(steps + u" dies, left: "_s), 1);
 }
 
 void TstOstrelFileMenuFormats::thousand_handlers_are_kept_apart()
