@@ -69,8 +69,10 @@ void FileLineEdit::set_placeholder_text(const QString& text)
 void FileLineEdit::on_tbBrowse_clicked()
 {
     QStringList filters;
+    // A copy: the filters may be changed while the dialog waits.
+    const QList<QString> extensions = mFilterExtensions;
     for (qsizetype i = 0; i < mFilterNames.size(); ++i)
-        filters << mFilterNames[i] + " (*"_L1 + mFilterExtensions[i] + u')';
+        filters << mFilterNames[i] + " (*"_L1 + extensions[i] + u')';
     QString directory;
     const QFileInfo present(filename());
     if (present.exists())
@@ -95,8 +97,8 @@ void FileLineEdit::on_tbBrowse_clicked()
         return;
 
     QString name = files.constFirst();
-    if (filter >= 0 && !name.endsWith(mFilterExtensions[filter]))
-        name += mFilterExtensions[filter];
+    if (filter >= 0 && !name.endsWith(extensions[filter]))
+        name += extensions[filter];
     set_filename(name);
 }
 

@@ -25,7 +25,8 @@ public:
     virtual ~ImportExportHandler();
 
     /**
-     * Does the work.
+     * Does the work, and tells the user if it fails; it must not throw. The handler may be taken out of the
+     * list, and deleted by its owner, before this returns.
      *
      * @param file    an absolute name as the file dialog gives it; with an export one that may exist.
      * @param filter  the filter under which it was chosen: one entry of mFilters, or a part of one.

@@ -21,6 +21,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPointer>
 #include <QSettings>
 #include <QStatusBar>
 
@@ -89,7 +90,8 @@ void remove_filters(HandlerList& list, QAction* action, const ImportExportHandle
         else
             list[i]->mFilters = parts.join(filter_separator);
     }
-    action->setEnabled(!list.empty());
+    if (list.empty())
+        action->setEnabled(false);
 }
 
 void remove_of_component(HandlerList& list, QAction* action, const QString& component)
@@ -160,6 +162,8 @@ OstrelFileMenu::OstrelFileMenu(Ostrel* main)
     setObjectName(u"OstrelFileMenu"_s);
 
     mDirectoryLabel = new QLabel;
+    // The name of a directory may look like markup.
+    mDirectoryLabel->setTextFormat(Qt::PlainText);
     mMain->statusBar()->addWidget(mDirectoryLabel, 0);
 
     const auto make_action = [this](const QString& name, const QString& text, const QString& shortcut = {},
@@ -227,6 +231,9 @@ OstrelFileMenu::~OstrelFileMenu()
     // One object may serve both lists.
     std::set<ImportExportHandler*> handlers(mHandlers->imports.begin(), mHandlers->imports.end());
     handlers.insert(mHandlers->exports.begin(), mHandlers->exports.end());
+    // A handler's destructor may call back, to take itself or its component out: it finds empty lists.
+    mHandlers->imports.clear();
+    mHandlers->exports.clear();
     for (ImportExportHandler* handler : handlers)
         delete handler;
     // Before the menu, from which they remove their actions.
@@ -406,8 +413,8 @@ void OstrelFileMenu::get_items_for_toolbar(std::vector<QAction*>& items) const
     }
 }
 
-// In what follows the handler is looked at again after each dialog: its component may have gone while the
-// dialog was open.
+// In what follows the handler is looked at again after each dialog and after each saving: its component may
+// have gone meanwhile.
 
 void OstrelFileMenu::file_new()
 {
@@ -453,7 +460,8 @@ void OstrelFileMenu::file_save()
     }
     mOpenSaveHandler->save_file(mFileName);
     // Whatever came of it, which is intended.
-    mOpenSaveHandler->set_modified(false);
+    if (mOpenSaveHandler)
+        mOpenSaveHandler->set_modified(false);
 }
 
 void OstrelFileMenu::file_save_as()
@@ -479,7 +487,8 @@ void OstrelFileMenu::file_save_as()
     mMain->update_title();
     recent_file(name);
     mOpenSaveHandler->save_file_as(mFileName, selected_filter);
-    mOpenSaveHandler->set_modified(false);
+    if (mOpenSaveHandler)
+        mOpenSaveHandler->set_modified(false);
 }
 
 void OstrelFileMenu::file_import()
@@ -493,7 +502,11 @@ void OstrelFileMenu::file_import()
         QFileDialog::getOpenFileNames(mMain, tr("Import File"), mPath, filters, &filter);
     if (!files.isEmpty())
         mActiveImportFilter = filter;
+    // Whoever imports may close the program.
+    const QPointer<OstrelFileMenu> self = this;
     for (const QString& file : files) {
+        if (!self)
+            return;
         if (file.isEmpty())
             continue;
         save_import_filter(filter);
@@ -507,7 +520,10 @@ void OstrelFileMenu::file_import_exodus_only()
     QString filter = mActiveImportFilter;
     const QStringList files = QFileDialog::getOpenFileNames(
         mMain, tr("Import File"), mPath, tr("Genesis/Exodus (*.g *.gen *.e* *.exo)"), &filter);
+    const QPointer<OstrelFileMenu> self = this;
     for (const QString& file : files) {
+        if (!self)
+            return;
         if (file.isEmpty())
             continue;
         set_path_from_file(file);

@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -96,6 +97,7 @@ private slots:
     void cancelled_dialog_leaves_the_text();
     void chosen_name_is_changed_but_not_edited();
     void field_may_be_deleted_while_the_dialog_is_open();
+    void filters_may_change_while_the_dialog_is_open();
 
 private:
     QString path(const QString& name) const { return mDirectory->filePath(name); }
@@ -323,6 +325,11 @@ void TstFileLineEdit::dialog_starts_beside_what_exists_data()
     QTest::newRow("directory") << u"%1/sub/inner"_s << true;
     QTest::newRow("missing file in a directory that exists") << u"%1/sub/missing"_s << false;
     QTest::newRow("nothing") << QString() << false;
+    QTest::newRow("relative, from the current directory") << u"sub/file"_s << true;
+    QTest::newRow("relative and missing") << u"sub/missing"_s << false;
+    QTest::newRow("odd name") << u"%1/sub/a b;#&'\"\u677f"_s << true;
+    QTest::newRow("longer than any path") << QString(1 << 16, u'x') << false;
+    QTest::newRow("blank") << u" "_s << false;
 }
 
 void TstFileLineEdit::dialog_starts_beside_what_exists()
@@ -331,6 +338,10 @@ void TstFileLineEdit::dialog_starts_beside_what_exists()
     QFETCH(const bool, starts_there);
     QVERIFY(QDir().mkpath(path(u"sub/inner"_s)));
     create(path(u"sub/file"_s));
+    create(path(u"sub/a b;#&'\"\u677f"_s));
+    const QString before = QDir::currentPath();
+    const auto back = qScopeGuard([&before] { QDir::setCurrent(before); });
+    QVERIFY(QDir::setCurrent(mDirectory->path()));
     const QString otherwise = QFileDialog(nullptr, QString(), QString()).directory().absolutePath();
     QVERIFY(otherwise != path(u"sub"_s));
     FileLineEdit field;
@@ -417,11 +428,11 @@ void TstFileLineEdit::missing_extension_is_appended()
 void TstFileLineEdit::first_of_equal_filters_counts()
 {
     FileLineEdit field;
-    // Both read "A (*.a)".
-    field.add_filter(u"A"_s, u".a"_s);
-    field.add_filter(u"A"_s, u".a"_s);
+    // Both read "A (*.a (*.b)".
+    field.add_filter(u"A"_s, u".a (*.b"_s);
+    field.add_filter(u"A (*.a"_s, u".b"_s);
     choose_in(field, path(u"x"_s));
-    QCOMPARE(field.filename(), path(u"x.a"_s));
+    QCOMPARE(field.filename(), path(u"x.a (*.b"_s));
 }
 
 void TstFileLineEdit::cancelled_dialog_leaves_the_text_data()
@@ -468,6 +479,24 @@ void TstFileLineEdit::field_may_be_deleted_while_the_dialog_is_open()
     QVERIFY(QMetaObject::invokeMethod(field.get(), "on_tbBrowse_clicked"));
     QVERIFY(driver.finish());
     QVERIFY(!field);
+}
+
+void TstFileLineEdit::filters_may_change_while_the_dialog_is_open()
+{
+    FileLineEdit field;
+    field.add_filter(u"Step"_s, u".stp"_s);
+    field.add_filter(u"Mesh"_s, u".msh"_s);
+    DialogDriver driver;
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) {
+        field.remove_filter(u"Step"_s, u".stp"_s);
+        field.remove_filter(u"Mesh"_s, u".msh"_s);
+        field.add_filter(u"Text"_s, u".txt"_s);
+        choose(dialog, path(u"a"_s), u"Mesh (*.msh)"_s);
+    });
+    browse(field);
+    QVERIFY(driver.finish());
+    // What the dialog has shown counts.
+    QCOMPARE(field.filename(), path(u"a.msh"_s));
 }
 
 OSTREL_TEST_MAIN(TstFileLineEdit)

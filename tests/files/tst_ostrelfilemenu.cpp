@@ -10,6 +10,7 @@
 #include "resources/load_icon.h"
 #include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
+#include "support/dialogs.h"
 #include "support/menus.h"
 #include "support/statics.h"
 
@@ -19,6 +20,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMetaMethod>
 #include <QPointer>
 #include <QSettings>
@@ -135,6 +137,7 @@ private slots:
 
     // Working directory.
     void label_is_empty_until_the_directory_changes();
+    void label_takes_the_room_of_its_text_on_the_left();
     void new_directory_is_taken_as_it_is_data();
     void new_directory_is_taken_as_it_is();
     void only_the_user_changes_the_label();
@@ -147,6 +150,8 @@ private slots:
     void chosen_recent_file_is_opened();
     void chosen_recent_import_is_run();
     void missing_recent_file_is_not_opened_directly();
+    void missing_entries_are_reported_above_the_window_data();
+    void missing_entries_are_reported_above_the_window();
     void recent_lists_leave_the_menu_before_it_dies();
 
     // The end.
@@ -484,6 +489,16 @@ void TstOstrelFileMenu::label_is_empty_until_the_directory_changes()
     QCOMPARE(label->text(), u"Working Directory: /a"_s);
 }
 
+void TstOstrelFileMenu::label_takes_the_room_of_its_text_on_the_left()
+{
+    Ostrel window;
+    window.file_menu()->user_changed_directory(u"/a"_s);
+    window.show();
+    const QLabel* label = labels(window).constFirst();
+    QTRY_COMPARE(label->width(), label->sizeHint().width());
+    QVERIFY(label->geometry().right() < window.statusBar()->width() / 2);
+}
+
 void TstOstrelFileMenu::new_directory_is_taken_as_it_is_data()
 {
     QTest::addColumn<QString>("directory");
@@ -502,6 +517,7 @@ void TstOstrelFileMenu::new_directory_is_taken_as_it_is()
     window.file_menu()->user_changed_directory(directory);
     QCOMPARE(OstrelFileMenu::mPath, directory);
     QCOMPARE(labels(window).constFirst()->text(), u"Working Directory: "_s + directory);
+    QCOMPARE(labels(window).constFirst()->textFormat(), Qt::PlainText);
     QCOMPARE(QDir::currentPath(), current);
 }
 
@@ -638,6 +654,36 @@ void TstOstrelFileMenu::missing_recent_file_is_not_opened_directly()
     std::vector<QString> recent;
     window.file_menu()->get_recent_files(recent);
     QVERIFY(recent.empty());
+}
+
+void TstOstrelFileMenu::missing_entries_are_reported_above_the_window_data()
+{
+    QTest::addColumn<bool>("import");
+    QTest::newRow("file") << false;
+    QTest::newRow("import") << true;
+}
+
+void TstOstrelFileMenu::missing_entries_are_reported_above_the_window()
+{
+    QFETCH(const bool, import);
+    Ostrel window;
+    const QPointer<QMenu> imports = file_menu_of(window)->actions().at(5)->menu();
+    if (import)
+        window.file_menu()->recent_import(u"import '/gone.stp'"_s);
+    else
+        window.file_menu()->recent_file(u"/gone.mdl"_s);
+    const QWidget* parent = nullptr;
+    DialogDriver driver;
+    driver.expect<QMessageBox>([&](QMessageBox* box) {
+        parent = box->parentWidget();
+        press(QDialogButtonBox::Ok)(box);
+    });
+    (import ? imports->actions().constFirst() : file_menu_of(window)->actions().at(11))->trigger();
+    QVERIFY(driver.finish());
+    QCOMPARE(parent, &window);
+    // The file menu has other rows, the menu of imports has not.
+    QVERIFY(file_menu_of(window)->isEnabled());
+    QVERIFY(!imports->isEnabled());
 }
 
 void TstOstrelFileMenu::recent_lists_leave_the_menu_before_it_dies()

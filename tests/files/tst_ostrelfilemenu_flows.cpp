@@ -172,6 +172,7 @@ private slots:
     void save_as_over_a_file_asks_first();
     void save_as_clears_the_modified_state_whatever_happened();
     void handler_that_goes_during_save_as_is_missed();
+    void handler_may_take_itself_out_while_it_saves();
 
     void what_the_user_reads_is_translated();
 
@@ -746,6 +747,8 @@ void TstOstrelFileMenuFlows::cancelled_save_as_changes_nothing()
 {
     OstrelFileMenu::mFileName = u"/a.mdl"_s;
     mDocuments->modified = true;
+    mDocuments->location = QDir::rootPath();
+    mDocuments->proposal = u"b.mdl"_s;
     DialogDriver driver;
     expect_cancel(driver);
     mMenu->file_save_as();
@@ -851,6 +854,23 @@ void TstOstrelFileMenuFlows::handler_that_goes_during_save_as_is_missed()
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), (QStringList{location, get_filters(true), missing}));
     QCOMPARE(OstrelFileMenu::mFileName, QString());
+}
+
+void TstOstrelFileMenuFlows::handler_may_take_itself_out_while_it_saves()
+{
+    mDocuments->on_call = [this](const QString&) { mMenu->set_open_save_handler(nullptr); };
+    OstrelFileMenu::mFileName = u"/a.mdl"_s;
+    mMenu->file_save();
+    QCOMPARE(host().take_calls(), QStringList{call(u"save_file"_s, {u"/a.mdl"_s})});
+
+    mMenu->set_open_save_handler(mDocuments.get());
+    DialogDriver driver;
+    expect_choice(driver, place(u"b.mdl"_s));
+    mMenu->file_save_as();
+    QVERIFY(driver.finish());
+    QCOMPARE(host().take_calls(), (QStringList{location, get_filters(true),
+                                               call(u"save_file_as"_s, {place(u"b.mdl"_s), models})}));
+    QCOMPARE(OstrelFileMenu::mFileName, place(u"b.mdl"_s));
 }
 
 void TstOstrelFileMenuFlows::what_the_user_reads_is_translated()

@@ -53,6 +53,51 @@ struct List
     QString action;
 };
 
+/** A format that deletes itself on its first file, as one of a component that is unloaded may do. */
+class ShortLived : public ImportExportHandler
+{
+public:
+    explicit ShortLived(OstrelFileMenu* menu) : ImportExportHandler(u"short"_s), mMenu(menu)
+    {
+        mFilters = genesis;
+    }
+
+    void execute(const QString& file, const QString& filter) override
+    {
+        host().record(executed(mComponent, file, filter));
+        mMenu->remove_component_items("short");
+        delete this;
+    }
+
+private:
+    OstrelFileMenu* mMenu;
+};
+
+/** A format that says goodbye to the menu in its destructor. */
+class Polite : public ImportExportHandler
+{
+public:
+    Polite(OstrelFileMenu* menu, const QString& filters) : ImportExportHandler(u"polite"_s), mMenu(menu)
+    {
+        mFilters = filters;
+    }
+    ~Polite() override
+    {
+        QString left;
+        mMenu->get_import_filters(left);
+        mMenu->get_export_filters(left);
+        mMenu->remove_import(this);
+        mMenu->remove_export(this);
+        mMenu->remove_component_items("polite");
+        host().record(mFilters + u" dies, left: "_s + left);
+    }
+
+    void execute(const QString&, const QString&) override {}
+
+private:
+    OstrelFileMenu* mMenu;
+};
+
 const List imports{&OstrelFileMenu::add_import, &OstrelFileMenu::remove_import,
                    &OstrelFileMenu::get_import_filters, &OstrelFileMenu::execute_import,
                    u"mFileImportAction"_s};
@@ -82,12 +127,15 @@ private slots:
     void removed_handlers_live_on();
     void removing_nothing_does_nothing();
     void last_removal_disables_the_action();
+    void removal_does_not_enable_the_action();
     void component_takes_its_handlers_out();
     void other_names_take_nothing_out();
     void first_handler_with_the_filter_is_executed_data();
     void first_handler_with_the_filter_is_executed();
     void handlers_in_the_lists_die_with_the_menu();
     void handler_in_both_lists_dies_once();
+    void handlers_may_say_goodbye_when_they_die();
+    void thousand_handlers_are_kept_apart();
 
     // Import.
     void import_without_formats_asks_nothing();
@@ -107,6 +155,11 @@ private slots:
     void genesis_import_saves_nothing();
     void genesis_import_without_handler_only_moves_the_directory();
     void cancelled_genesis_import_changes_nothing();
+    void handler_may_die_while_it_imports_data();
+    void handler_may_die_while_it_imports();
+    void window_may_be_closed_by_an_import_data();
+    void window_may_be_closed_by_an_import();
+    void formats_may_change_while_the_dialog_is_open();
 
     // Export.
     void export_without_formats_asks_nothing();
@@ -407,6 +460,20 @@ void TstOstrelFileMenuFormats::last_removal_disables_the_action()
     }
 }
 
+void TstOstrelFileMenuFormats::removal_does_not_enable_the_action()
+{
+    for (const List& list : {imports, exports}) {
+        const std::unique_ptr<Format> first(add(list, meshes, u"a"_s));
+        const std::unique_ptr<Format> second(add(list, steps, u"b"_s));
+        auto* action = mMenu->findChild<QAction*>(list.action);
+        action->setEnabled(false);
+        (mMenu->*list.remove)(first.get());
+        QVERIFY(!action->isEnabled());
+        (mMenu->*list.remove)(second.get());
+        QVERIFY(!action->isEnabled());
+    }
+}
+
 void TstOstrelFileMenuFormats::component_takes_its_handlers_out()
 {
     const std::unique_ptr<Format> first(add(imports, meshes, u"mesher"_s));
@@ -497,6 +564,33 @@ void TstOstrelFileMenuFormats::handler_in_both_lists_dies_once()
     QVERIFY(mMenu->add_export(format));
     mWindow.reset();
     QCOMPARE(Format::alive, 0);
+}
+
+void TstOstrelFileMenuFormats::handlers_may_say_goodbye_when_they_die()
+{
+    QVERIFY(mMenu->add_import(new Polite(mMenu, meshes)));
+    QVERIFY(mMenu->add_import(new Polite(mMenu, steps)));
+    QVERIFY(mMenu->add_export(new Polite(mMenu, meshes)));
+    host().take_calls();
+    mWindow.reset();
+    const QStringList calls = host().take_calls();
+    QCOMPARE(calls.count(meshes + u" dies, left: "_s), 2);
+    QCOMPARE(calls.count(steps + u" dies, left: "_s), 1);
+}
+
+void TstOstrelFileMenuFormats::thousand_handlers_are_kept_apart()
+{
+    constexpr int count = 1000;
+    const auto filter_of = [](int i) { return u"Kind %1. (*.k%1)"_s.arg(i); };
+    for (int i = 0; i < count; ++i)
+        QVERIFY(mMenu->add_import(new Format(filter_of(i), u"kind%1"_s.arg(i))));
+    QCOMPARE(filters(imports).count(u";;"_s), count - 1);
+    mMenu->execute_import(u"/a"_s, filter_of(count - 1));
+    QCOMPARE(host().take_calls(), QStringList{executed(u"kind999"_s, u"/a"_s, filter_of(count - 1))});
+    Format known(filter_of(500));
+    QVERIFY(!mMenu->add_import(&known));
+    mWindow.reset();
+    QCOMPARE(Format::alive, 1);
 }
 
 void TstOstrelFileMenuFormats::import_without_formats_asks_nothing()
@@ -788,6 +882,79 @@ void TstOstrelFileMenuFormats::cancelled_genesis_import_changes_nothing()
     QVERIFY(driver.finish());
     QCOMPARE(host().take_calls(), QStringList());
     QCOMPARE(OstrelFileMenu::mPath, mDirectory);
+}
+
+void TstOstrelFileMenuFormats::handler_may_die_while_it_imports_data()
+{
+    QTest::addColumn<bool>("genesis_only");
+    QTest::newRow("any format") << false;
+    QTest::newRow("genesis") << true;
+}
+
+void TstOstrelFileMenuFormats::handler_may_die_while_it_imports()
+{
+    QFETCH(const bool, genesis_only);
+    for (const QString& name : {u"a.g"_s, u"b.g"_s})
+        make_file(name);
+    QVERIFY(mMenu->add_import(new ShortLived(mMenu)));
+    DialogDriver driver;
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) {
+        choose_with_return(dialog, u"\"%1\" \"%2\""_s.arg(place(u"a.g"_s), place(u"b.g"_s)));
+    });
+    if (genesis_only)
+        mMenu->file_import_exodus_only();
+    else
+        mMenu->file_import();
+    QVERIFY(driver.finish());
+    // Nobody is left for the second file.
+    QCOMPARE(host().take_calls(), QStringList{executed(u"short"_s, place(u"a.g"_s), genesis)});
+    QVERIFY(!is_enabled(imports));
+}
+
+void TstOstrelFileMenuFormats::window_may_be_closed_by_an_import_data()
+{
+    handler_may_die_while_it_imports_data();
+}
+
+void TstOstrelFileMenuFormats::window_may_be_closed_by_an_import()
+{
+    QFETCH(const bool, genesis_only);
+    QVERIFY(QDir(mDirectory).mkdir(u"sub"_s));
+    for (const QString& name : {u"a.g"_s, u"sub/b.g"_s})
+        make_file(name);
+    const std::unique_ptr<Format> format(add(imports, genesis, u"closer"_s));
+    format->on_execute = [&] {
+        mMenu->remove_component_items("closer");
+        host().take_calls();
+        mWindow.reset();
+    };
+    DialogDriver driver;
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) {
+        choose_with_return(dialog, u"\"%1\" \"%2\""_s.arg(place(u"a.g"_s), place(u"sub/b.g"_s)));
+    });
+    if (genesis_only)
+        mMenu->file_import_exodus_only();
+    else
+        mMenu->file_import();
+    QVERIFY(driver.finish());
+    QVERIFY(!mWindow);
+    // The second file is left alone.
+    QCOMPARE(OstrelFileMenu::mPath, place(u""_s));
+}
+
+void TstOstrelFileMenuFormats::formats_may_change_while_the_dialog_is_open()
+{
+    make_file(u"a.msh"_s);
+    const std::unique_ptr<Format> gone(add(imports, meshes, u"gone"_s));
+    DialogDriver driver;
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) {
+        mMenu->remove_component_items("gone");
+        add(imports, steps + u";;"_s + meshes, u"new"_s);
+        choose_with_return(dialog, place(u"a.msh"_s));
+    });
+    mMenu->file_import();
+    QVERIFY(driver.finish());
+    QCOMPARE(host().take_calls(), QStringList{executed(u"new"_s, place(u"a.msh"_s), meshes)});
 }
 
 void TstOstrelFileMenuFormats::export_without_formats_asks_nothing()
