@@ -17,6 +17,7 @@
 #include "support/dialogs.h"
 #include "workbench/component_manager/ComponentManager.h"
 #include "workbench/component_manager/component_commands.h"
+#include "workbench/fennar_formats/FormatRegistry.h"
 #include "workbench/fennar_python/PythonRuntime.h"
 #include "workbench/fennar_python/make_python_interpreter.h"
 #include "workbench/fennari19/CommandCall.h"
@@ -186,6 +187,8 @@ void TstComponentManager::init()
     qputenv("FENNAR_COMPONENT_PATH", {});
     mFrame = std::make_unique<MainFrame>();
     QVERIFY(mFrame->load_gui());
+    // As the workbench does.
+    Ostrel::instance()->options()->add_panel(u"Plugins"_s, nullptr);
     make_manager();
 }
 
@@ -902,6 +905,8 @@ void TstComponentManager::hundred_cycles_leave_the_window_as_it_was()
     const Ostrel* window = Ostrel::instance();
     const auto describe_windows = [window] {
         QStringList rows = describe_window(*window) + describe_window(*window->journal_editor());
+        for (const auto& format : FormatRegistry::instance().formats())
+            rows << format->name;
         for (const QAction* action : window->journal_editor()->actions())
             rows << action->text();
         return rows;

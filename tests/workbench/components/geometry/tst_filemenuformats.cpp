@@ -152,6 +152,8 @@ void TstFileMenuFormats::initTestCase()
     TestCase::init();
     mWorkbench = std::make_unique<Workbench>();
     QVERIFY(mWorkbench->load());
+    // Models are thrown away without a question.
+    OstrelFileMenu::set_save_prompt(false);
     QVERIFY(show_active(Ostrel::instance()));
 }
 

@@ -3,6 +3,7 @@
 
 #include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
+#include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "frame/OstrelSplitter.h"
 #include "support/TestCase.h"
@@ -69,6 +70,8 @@ void TstGraphicsComponent::initTestCase()
     mWorkbench = std::make_unique<Workbench>();
     mWorkbench->leave_components_out();
     QVERIFY(mWorkbench->load());
+    // Models are thrown away without a question.
+    OstrelFileMenu::set_save_prompt(false);
     QVERIFY(show_active(Ostrel::instance()));
 }
 
