@@ -14,14 +14,16 @@ endif()
 
 # Declares a test: an executable of its own, run in a home directory of its own under the build tree.
 #
-#   ostrel_add_test(tst_name [SOURCES file...] [LIBRARIES target...] [WORKBENCH] [DISPLAY] [TIMEOUT seconds])
+#   ostrel_add_test(tst_name [SOURCES file...] [LIBRARIES target...] [WORKBENCH] [PROGRAM] [DISPLAY] [TIMEOUT seconds])
 #
 # SOURCES    default tst_name.cpp
 # WORKBENCH  links the workbench's libraries; without it the shell's objects are linked with the recording host
+# PROGRAM    starts the program fennar itself; the leak check then records whole stacks, so that leaks.supp can name what
+#            the threads of Qt's drawing still hold when the program ends
 # DISPLAY    needs a real window system: runs under a virtual display with a window manager, label "display"
 # TIMEOUT    default 120 seconds; one test function may take a quarter of it, with the sanitizers three times that
 function(ostrel_add_test name)
-    cmake_parse_arguments(arg "WORKBENCH;DISPLAY" "TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(arg "WORKBENCH;PROGRAM;DISPLAY" "TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
     if(NOT arg_SOURCES)
         set(arg_SOURCES ${name}.cpp)
     endif()
@@ -66,6 +68,9 @@ QT_STYLE_OVERRIDE=Fusion;QT_FONT_DPI=96;QT_LOGGING_RULES=;LC_ALL=C.UTF-8;LOCPATH
 QTEST_FUNCTION_TIMEOUT=${function_timeout};FENNAR_COMPONENT_PATH=;\
 LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0;\
 UBSAN_OPTIONS=print_stacktrace=1")
+    if(arg_PROGRAM)
+        set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "ASAN_OPTIONS=fast_unwind_on_malloc=0")
+    endif()
     if(arg_DISPLAY)
         set_tests_properties(${name} PROPERTIES LABELS display)
     endif()

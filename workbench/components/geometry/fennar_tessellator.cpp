@@ -188,7 +188,9 @@ Shape tessellate(const std::string& file)
 
 void write(const std::vector<double>& numbers)
 {
-    std::fwrite(numbers.data(), sizeof(double), numbers.size(), stdout);
+    // A sphere has no edges, and an empty vector no address to write from.
+    if (!numbers.empty())
+        std::fwrite(numbers.data(), sizeof(double), numbers.size(), stdout);
 }
 
 void run(const char* number, const std::string& file)
