@@ -201,7 +201,7 @@ void TstTestCase::environment_is_the_tests_own()
         QVERIFY2(directory.isDir() && directory.isWritable(), name);
     }
     QCOMPARE(qEnvironmentVariable("LC_ALL"), u"C.UTF-8"_s);
-    #ifdef __SANITIZE_ADDRESS__
+#ifdef __SANITIZE_ADDRESS__
     QCOMPARE(qEnvironmentVariable("QTEST_FUNCTION_TIMEOUT"), u"90000"_s);
 #else
     QCOMPARE(qEnvironmentVariable("QTEST_FUNCTION_TIMEOUT"), u"30000"_s);
