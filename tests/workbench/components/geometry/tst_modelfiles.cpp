@@ -26,6 +26,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidget>
+#include <QtEndian>
 
 using namespace Qt::StringLiterals;
 
@@ -63,6 +64,7 @@ private slots:
     void cleanup();
 
     void typed_model_comes_back_from_the_recent_files();
+    void exported_surface_comes_back_by_import();
     void dialog_opens_a_model();
     void save_as_proposes_the_current_file();
     void closing_asks_about_unsaved_data_data();
@@ -235,6 +237,41 @@ void TstModelFiles::typed_model_comes_back_from_the_recent_files()
     QVERIFY(is_modified());
     action(u"mFileSaveAction"_s)->trigger();
     QVERIFY(!is_modified());
+}
+
+void TstModelFiles::exported_surface_comes_back_by_import()
+{
+    type(u"brick 4 3 2 name plate"_s);
+    type(u"cylinder 0.5 5 name drill"_s);
+    type(u"subtract drill from plate"_s);
+
+    // The menu sends its command to the console when the dialog has closed.
+    const QString file = path(u"plate.stl"_s);
+    const auto exchange = [&](const QString& name) {
+        DialogDriver driver;
+        driver.expect<QFileDialog>(
+            [&](QFileDialog* dialog) { choose_with_return(dialog, file, u"STL (*.stl)"_s); });
+        action(name)->trigger();
+        return driver.finish();
+    };
+    QVERIFY(exchange(u"mFileExportAction"_s));
+    QTRY_VERIFY(QFile::exists(file));
+    // A binary STL file has 80 bytes of text, the number of triangles, and 50 bytes for each of them.
+    QFile stl(file);
+    QVERIFY(stl.open(QIODevice::ReadOnly));
+    const QByteArray data = stl.readAll();
+    const auto triangles = qFromLittleEndian<quint32>(data.constData() + 80);
+    QVERIFY(triangles > 12);
+    QCOMPARE(data.size(), 84 + 50 * qsizetype(triangles));
+
+    OstrelFileMenu::set_save_prompt(false);
+    QCOMPARE(type(u"new"_s).contains(u"ERROR"_s), false);
+    QVERIFY(exchange(u"mFileImportAction"_s));
+    QTRY_VERIFY(page()->toPlainText().contains(u"%1 x Triangle 3, closed"_s.arg(triangles)));
+    std::vector<QString> imports;
+    Ostrel::instance()->file_menu()->get_recent_imports(imports);
+    QCOMPARE(imports.size(), std::size_t(1));
+    QVERIFY2(imports.front().contains(file), qPrintable(imports.front()));
 }
 
 void TstModelFiles::dialog_opens_a_model()
