@@ -35,11 +35,13 @@
 #include "workbench/python_literal.h"
 #include "workbench/scene/Scene.h"
 #include "workbench/scene/select_command.h"
+#include "workbench/windows/ColourScheme.h"
+#include "workbench/windows/WindowCommands.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDeadlineTimer>
 #include <QGuiApplication>
-#include <QPixmap>
 #include <QPlainTextEdit>
 #include <QStandardPaths>
 #include <QTimer>
@@ -61,11 +63,6 @@ static void init_resources()
 
 namespace {
 
-QList<CommandFileFilter> picture_filters()
-{
-    return {{u"PNG"_s, u".png"_s}, {u"JPEG"_s, u".jpg"_s}};
-}
-
 /** How often, in milliseconds, work that goes on gives the shell its turn. */
 constexpr qint64 turn_interval = 50;
 
@@ -74,9 +71,6 @@ constexpr auto pause_interval = 10ms;
 
 /** How long, in milliseconds, the start waits for the splash screen to be seen. */
 constexpr qint64 splash_patience = 300;
-
-/** How long, in milliseconds, a picture waits for the window to come to the screen. */
-constexpr qint64 picture_patience = 2000;
 
 class CommandLines : public LineInterpreter
 {
@@ -178,6 +172,8 @@ Workbench::Workbench(const QString& data_directory) : mDataDirectory(data_direct
 Workbench::~Workbench()
 {
     mComponents.reset();
+    mScheme.reset();
+    mWindowCommands.reset();
     PythonRuntime::stop();
     Fennar::instance().application() = {};
     OutputRouter::instance().set_window_listener(nullptr);
@@ -215,17 +211,14 @@ void Workbench::set_up_commands()
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Statement"),
                                                 .repeated = true,
                                                 .example = u"print('done')"_s})}}}});
-    fennar.registry().add(
-        {.name = u"picture"_s,
-         .summary = u"Writes a picture of the main window."_s,
-         .help = u"The ending of FILE selects the format, as .png or .jpg."_s,
-         .owner = u"workbench"_s,
-         .run = [this](CommandCall& call) { write_picture(call); },
-         .forms = {{.clauses = {required_value({.name = u"FILE"_s,
-                                                .kind = CommandParameter::Kind::OutputFile,
-                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Picture"),
-                                                .filters = &picture_filters,
-                                                .example = u"window.png"_s})}}}});
+    mWindowCommands = std::make_unique<WindowCommands>(
+        fennar.registry(),
+        [this] {
+            mFrame.check_interrupt_session(nullptr);
+            pass_interrupt_on();
+        },
+        [this](const QString& text) { report_error(text); });
+    mScheme = std::make_unique<ColourScheme>(fennar.registry());
     register_component_commands(fennar.registry(), *mComponents);
     register_select_command(fennar.registry(), Scene::instance());
 }
@@ -281,6 +274,8 @@ void Workbench::add_start_error(const QString& error)
 
 bool Workbench::load()
 {
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()))
+        mScheme->restore();
     mFrame.start_splash(":/workbench/splash.png");
     wait_for_windows();
     mFrame.show_splash_message("Loading the main window");
@@ -297,6 +292,7 @@ bool Workbench::load()
     set_command_sink([this](const QString& command) { run_panel_command(command); });
     Ostrel::instance()->set_title(u"Fennar"_s);
     describe_product();
+    mScheme->add_to_menu(Ostrel::instance());
     set_up_playback();
     // The pages of components come below it and go with them; the group stays. Its name sorts behind the
     // pages of the shell, since the dialog opens on the first.
@@ -331,6 +327,8 @@ void Workbench::unload()
     Fennar::instance().playback().set_pause_changed(nullptr);
     Fennar::instance().playback().set_hints(false);
     mPlayer.reset();
+    if (Ostrel* window = Ostrel::instance())
+        mScheme->remove_from_menu(window);
     mFrame.unload_gui();
 }
 
@@ -469,22 +467,6 @@ void Workbench::run_panel_command(const QString& command)
 {
     // The panel offers commands in Python mode, too.
     mConsole->run_line(mConsole->python_mode() ? u"fennar.cmd(%1)"_s.arg(python_literal(command)) : command);
-}
-
-void Workbench::write_picture(CommandCall& call)
-{
-    const QString file = call.text(1, u"the name of a picture file");
-    call.expect_end();
-    Ostrel* window = Ostrel::instance();
-    if (!window)
-        throw call.error(0, u"there is no window to take a picture of"_s);
-    // Right after the start the window system has not laid the window out yet.
-    const QDeadlineTimer patience(picture_patience);
-    do {
-        mFrame.check_interrupt_session(nullptr);
-    } while (!window->windowHandle()->isExposed() && !patience.hasExpired());
-    if (!window->grab().save(file))
-        throw call.error(1, u"the picture cannot be written to \"%1\""_s.arg(file));
 }
 
 void Workbench::quit()
