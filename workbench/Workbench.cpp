@@ -3,6 +3,7 @@
 
 #include "workbench/Workbench.h"
 
+#include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
@@ -43,6 +44,7 @@
 #include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QStandardPaths>
 #include <QTimer>
 #include <QWindow>
@@ -411,10 +413,17 @@ void Workbench::report_error(const QString& text)
 
 void Workbench::echo(const QString& line)
 {
-    if (OutputHandler* window = OutputRouter::instance().window())
-        window->print_command(line);
-    else
+    OutputHandler* window = OutputRouter::instance().window();
+    if (!window) {
         Broker::command << u"Fennar>"_s << line << u"\n"_s;
+        return;
+    }
+    window->print_command(line);
+    // The page follows output by itself, and commands without output not.
+    if (mConsole) {
+        QScrollBar* bar = mConsole->command_page()->verticalScrollBar();
+        bar->setValue(bar->maximum());
+    }
 }
 
 void Workbench::announce_output()

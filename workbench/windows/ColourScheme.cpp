@@ -9,6 +9,7 @@
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandRegistry.h"
 #include "workbench/navigation/CommandSink.h"
+#include "workbench/windows/SchemeStyle.h"
 #include "workbench/windows/scheme_palette.h"
 
 #include <QAction>
@@ -17,6 +18,8 @@
 #include <QSettings>
 #include <QStyle>
 #include <QStyleHints>
+#include <QToolBar>
+#include <QToolButton>
 
 #include <algorithm>
 #include <optional>
@@ -59,6 +62,21 @@ void draw_documents_anew()
     }
 }
 
+/** The buttons of toolbars that lack room take their sign from the style once only. */
+void renew_extension_signs()
+{
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (QWidget* widget : widgets) {
+        auto* button = qobject_cast<QToolButton*>(widget);
+        const auto* bar = button ? qobject_cast<QToolBar*>(button->parentWidget()) : nullptr;
+        if (!bar || button->objectName() != "qt_toolbar_ext_button"_L1)
+            continue;
+        button->setIcon(bar->style()->standardIcon(bar->orientation() == Qt::Horizontal
+                                                       ? QStyle::SP_ToolBarHorizontalExtensionButton
+                                                       : QStyle::SP_ToolBarVerticalExtensionButton));
+    }
+}
+
 } // namespace
 
 ColourScheme::ColourScheme(CommandRegistry& registry) : mRegistry(registry)
@@ -66,7 +84,7 @@ ColourScheme::ColourScheme(CommandRegistry& registry) : mRegistry(registry)
     const QStringList choices(names.begin(), names.end());
     registry.add(
         {.name = u"scheme"_s,
-         .summary = u"Tells or sets the colours of the windows."_s,
+         .summary = u"Tells or sets the colors of the windows."_s,
          .help = u"system  those of the desktop\n"
                  "light   dark text on a light ground\n"
                  "dark    light text on a dark ground\n"
@@ -89,17 +107,17 @@ ColourScheme::ColourScheme(CommandRegistry& registry) : mRegistry(registry)
                  if (qobject_cast<QApplication*>(QCoreApplication::instance()))
                      set_scheme(*chosen, !once);
                  else
-                     call.print(u"There are no windows; their colours stay as they are.\n"_s);
+                     call.print(u"There are no windows; their colors stay as they are.\n"_s);
              },
-         .forms = {{.title = QT_TRANSLATE_NOOP("CommandParameter", "Tell")},
-                   {.clauses = {required_value({.name = u"SCHEME"_s,
-                                                .kind = CommandParameter::Kind::Choice,
-                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Colors"),
-                                                .choices = choices}),
-                                {.keyword = u"once"_s,
-                                 .optional = true,
-                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Until the program ends")}},
-                    .title = QT_TRANSLATE_NOOP("CommandParameter", "Set")}}});
+         .forms = {
+             {.clauses = {optional_value({.name = u"SCHEME"_s,
+                                          .kind = CommandParameter::Kind::Choice,
+                                          .label = QT_TRANSLATE_NOOP("CommandParameter", "Colors"),
+                                          .choices = choices}),
+                          optional_value({.name = u"TIME"_s,
+                                          .kind = CommandParameter::Kind::Choice,
+                                          .label = QT_TRANSLATE_NOOP("CommandParameter", "For how long"),
+                                          .choices = {u"once"_s}})}}}});
 }
 
 ColourScheme::~ColourScheme()
@@ -123,18 +141,20 @@ void ColourScheme::set_scheme(Scheme scheme, bool keep)
         return;
     mScheme = scheme;
     const bool own = scheme != Scheme::System;
-    if (own && mSystemStyle.isEmpty()) {
+    if (own && mSystemStyle.isEmpty())
         mSystemStyle = QApplication::style()->name();
-        QApplication::setStyle(u"fusion"_s);
-    }
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
     QGuiApplication::styleHints()->setColorScheme(own ? scheme == Scheme::Dark ? Qt::ColorScheme::Dark
                                                                                : Qt::ColorScheme::Light
                                                       : Qt::ColorScheme::Unknown);
 #endif
     QApplication::setPalette(own ? scheme_palette(scheme == Scheme::Dark) : QPalette());
-    if (!own)
+    // Behind the palette, by which a style makes its icons.
+    if (own)
+        QApplication::setStyle(new SchemeStyle);
+    else
         QApplication::setStyle(std::exchange(mSystemStyle, {}));
+    renew_extension_signs();
     draw_documents_anew();
     update_actions();
 }
