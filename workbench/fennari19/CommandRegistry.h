@@ -35,6 +35,7 @@ struct Command
 class CommandRegistry
 {
 public:
+    /** What has become of a command that was to be added. */
     enum class AddResult {
         Added,
         /** Another command has the name; that one stays. */
