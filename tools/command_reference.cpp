@@ -1,0 +1,189 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+// Writes docs/command-reference.md from the registry of commands, with all components of the workbench
+// loaded.
+//
+//   command_reference FILE           writes the file
+//   command_reference --check FILE   fails if the file is not what would be written
+//
+// It needs no display, and leaves the user's settings alone.
+
+#include "host/ostrelfw/Broker.h"
+#include "host/ostrelfw/ComponentRecord.h"
+#include "host/ostrelfw/Mediator.h"
+#include "workbench/Workbench.h"
+#include "workbench/fennari19/CommandCall.h"
+#include "workbench/fennari19/CommandRegistry.h"
+#include "workbench/fennari19/Fennar.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <clocale>
+#include <cstdio>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** The command that takes the registry down while it runs. It is not a part of the reference. */
+const auto own_command = u"write_command_reference"_s;
+
+/** @p text where a table or a paragraph would see marks in it. */
+QString escaped(QString text)
+{
+    for (const QChar mark : u"\\`*_[]<>|"_s)
+        text.replace(mark, u'\\' + QString(mark));
+    return text;
+}
+
+/** Who brings a command, as a sentence. */
+QString origin(const Command& command)
+{
+    const bool always = command.owner == u"fennari19"_s || command.owner == u"workbench"_s;
+    return always ? u"Always there."_s : u"Comes with the component `%1`."_s.arg(command.owner);
+}
+
+QString indented(const QString& text)
+{
+    QString block;
+    for (const QString& line : text.split(u'\n'))
+        block += line.isEmpty() ? u"\n"_s : u"    "_s + line + u'\n';
+    return block;
+}
+
+QString section(const Command& command)
+{
+    QString text = u"\n## %1\n\n%2\n%3 %4\n"_s.arg(command.name, indented(command.usage),
+                                                   escaped(command.summary), origin(command));
+    if (!command.help.isEmpty())
+        text += u'\n' + indented(command.help);
+    return text;
+}
+
+QString reference(const CommandRegistry& registry)
+{
+    QString table;
+    QString sections;
+    for (const QString& name : registry.names()) {
+        if (name == own_command)
+            continue;
+        const std::shared_ptr<const Command> command = registry.find(name);
+        table += u"| [%1](#%1) | %2 | %3 |\n"_s.arg(name, escaped(command->summary), command->owner);
+        sections += section(*command);
+    }
+    return u"# Command reference\n"
+           "\n"
+           "All commands of the workbench with all its components, as `help` explains them. How a command is "
+           "written is told in\n"
+           "[The command language](command-language.md).\n"
+           "\n"
+           "This page is made by `tools/command_reference.cpp`. After a change of commands write it anew:\n"
+           "\n"
+           "    build/release/bin/command_reference docs/command-reference.md\n"
+           "\n"
+           "| command | what it does | from |\n"
+           "| --- | --- | --- |\n"_s +
+           table + sections;
+}
+
+/** The names of components that are not loaded, with their states. */
+QStringList missing_components()
+{
+    std::vector<ComponentRecord> components;
+    Broker::instance()->get_components(components);
+    QStringList missing;
+    for (const ComponentRecord& component : components)
+        if (component.state != u"loaded"_s)
+            missing << component.name + u": "_s + component.state;
+    if (components.empty())
+        missing << u"there are no components at all"_s;
+    return missing;
+}
+
+int fail(const QString& text)
+{
+    std::fprintf(stderr, "command_reference: %s\n", qPrintable(text));
+    return 1;
+}
+
+int check(const QString& file, const QString& text)
+{
+    QFile in(file);
+    const QString found = in.open(QIODevice::ReadOnly) ? QString::fromUtf8(in.readAll()) : QString();
+    if (found == text)
+        return 0;
+    const QStringList is = found.split(u'\n');
+    const QStringList should = text.split(u'\n');
+    qsizetype line = 0;
+    while (is.value(line) == should.value(line) && line < std::max(is.size(), should.size()))
+        ++line;
+    return fail(
+        u"%1 is not what the commands tell; line %2 is\n    %3\nand should be\n    %4\nWrite it anew with %5 %1"_s
+            .arg(file, QString::number(line + 1), is.value(line), should.value(line),
+                 QCoreApplication::applicationFilePath()));
+}
+
+int write(const QString& file, const QString& text)
+{
+    QFile out(file);
+    const QByteArray bytes = text.toUtf8();
+    if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.flush())
+        return fail(u"%1 cannot be written: %2"_s.arg(file, out.errorString()));
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    // Some commands are there only while there is a window.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qunsetenv("FENNAR_COMPONENT_PATH");
+    // Settings and data of its own.
+    const QTemporaryDir home;
+    for (const char* variable : {"HOME", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS", "XDG_DATA_HOME",
+                                 "XDG_STATE_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"})
+        qputenv(variable, home.path().toUtf8());
+    QCoreApplication::setOrganizationName(u"ostrel"_s);
+    QCoreApplication::setApplicationName(u"command_reference"_s);
+    const QApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
+
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
+    const bool checking = arguments.value(0) == u"--check"_s;
+    if (arguments.size() != (checking ? 2 : 1))
+        return fail(u"usage: command_reference [--check] FILE"_s);
+
+    QFile journal(home.filePath(u"journal.jou"_s));
+    if (!journal.open(QIODevice::WriteOnly) ||
+        journal.write(QString(own_command + u"\nquit\n"_s).toUtf8()) < 0)
+        return fail(journal.errorString());
+    journal.close();
+
+    QString text;
+    QStringList missing{u"the command was not run"_s};
+    Workbench workbench(home.filePath(u"data"_s));
+    CommandRegistry& registry = Fennar::instance().registry();
+    Command command;
+    command.name = own_command;
+    command.run = [&](CommandCall&) {
+        text = reference(registry);
+        missing = missing_components();
+    };
+    registry.add(command);
+    if (!workbench.load())
+        return fail(u"there is no window"_s);
+    workbench.play_later(journal.fileName());
+    workbench.run();
+    workbench.unload();
+    registry.remove(own_command);
+
+    if (!missing.isEmpty())
+        return fail(u"not all components are loaded: "_s + missing.join(u", "_s));
+    return checking ? check(arguments[1], text) : write(arguments[0], text);
+}
