@@ -23,6 +23,7 @@
 
 #include <algorithm>
 #include <clocale>
+#include <cmath>
 #include <cstdio>
 #include <vector>
 
@@ -56,12 +57,122 @@ QString indented(const QString& text)
     return block;
 }
 
+QString number(double value)
+{
+    return QString::number(value, 'g', 12);
+}
+
+QStringList coded(const QStringList& words)
+{
+    QStringList code;
+    for (const QString& word : words)
+        code << u'`' + word + u'`';
+    return code;
+}
+
+QString range(const CommandParameter& parameter)
+{
+    const bool from = std::isfinite(parameter.least);
+    const bool to = std::isfinite(parameter.most);
+    const QString unit = parameter.unit.isEmpty() ? QString() : u' ' + parameter.unit;
+    if (from && to)
+        return u" from %1 to %2%3"_s.arg(number(parameter.least), number(parameter.most), unit);
+    if (from)
+        return u", at least %1%2"_s.arg(number(parameter.least), unit);
+    if (to)
+        return u", at most %1%2"_s.arg(number(parameter.most), unit);
+    return unit.isEmpty() ? QString() : u", in%1"_s.arg(unit);
+}
+
+QString files(const CommandParameter& parameter)
+{
+    QStringList extensions;
+    if (parameter.filters) {
+        for (const CommandFileFilter& filter : parameter.filters())
+            extensions << filter.extension;
+    }
+    extensions.removeDuplicates();
+    return extensions.isEmpty() ? QString() : u": "_s + coded(extensions).join(u", "_s);
+}
+
+/** What a parameter can be. */
+QString values(const CommandParameter& parameter)
+{
+    using Kind = CommandParameter::Kind;
+    switch (parameter.kind) {
+    case Kind::Number:
+        return u"a number"_s + range(parameter);
+    case Kind::WholeNumber:
+        return u"a whole number"_s + range(parameter);
+    case Kind::Choice:
+        return u"one of "_s + coded(parameter.choices).join(u", "_s);
+    case Kind::Entity: {
+        QString text = u"the name of a %1"_s.arg(parameter.entity);
+        if (parameter.by_number)
+            text += u", or its number"_s;
+        if (!parameter.choices.isEmpty())
+            text += u", or "_s + coded(parameter.choices).join(u", "_s);
+        return text;
+    }
+    case Kind::NewName:
+        return u"a name that no %1 has"_s.arg(parameter.entity);
+    case Kind::Variable:
+        return u"the name of a variable"_s;
+    case Kind::InputFile:
+        return u"a file to read"_s + files(parameter);
+    case Kind::OutputFile:
+        return u"a file to write"_s + files(parameter);
+    case Kind::Text:
+        return u"a text"_s;
+    case Kind::Words:
+        return u"all words to the end of the line"_s;
+    }
+    return {};
+}
+
+QString row(const CommandClause& clause, qsizetype i)
+{
+    const QString keyword = i == 0 && !clause.keyword.isEmpty() ? u'`' + clause.keyword + u'`' : QString();
+    const QString needed = clause.optional ? u"may be left out"_s : u"needed"_s;
+    if (clause.parameters.isEmpty())
+        return u"| %1 | | %2 | | %3 |\n"_s.arg(keyword, escaped(QString::fromUtf8(clause.label)), needed);
+    const CommandParameter& parameter = clause.parameters[i];
+    QString meaning = escaped(QString::fromUtf8(parameter.label));
+    if (parameter.tip)
+        meaning += u": "_s + escaped(QString::fromUtf8(parameter.tip));
+    QString value = values(parameter);
+    if (parameter.repeated)
+        value += u"; %1 or more of them"_s.arg(parameter.at_least);
+    const QString fallback =
+        parameter.default_value.isEmpty() ? needed : u"`%1` if left out"_s.arg(parameter.default_value);
+    return u"| %1 | %2 | %3 | %4 | %5 |\n"_s.arg(
+        keyword, parameter.kind == CommandParameter::Kind::Choice ? QString() : parameter.name, meaning,
+        value, fallback);
+}
+
+/** A table of what the command takes in one way to write it; empty if that is nothing. */
+QString table(const CommandSyntax& form)
+{
+    if (form.clauses.isEmpty())
+        return {};
+    QString text = u"\n"_s;
+    if (form.title)
+        text += u"%1:\n\n"_s.arg(escaped(QString::fromUtf8(form.title)));
+    text += u"| keyword | value | meaning | what it can be | |\n| --- | --- | --- | --- | --- |\n"_s;
+    for (const CommandClause& clause : form.clauses)
+        for (qsizetype i = 0; i < std::max<qsizetype>(clause.parameters.size(), 1); ++i)
+            text += row(clause, i);
+    return text;
+}
+
 QString section(const Command& command)
 {
     QString text = u"\n## %1\n\n%2\n%3 %4\n"_s.arg(command.name, indented(command.usage),
                                                    escaped(command.summary), origin(command));
     if (!command.help.isEmpty())
         text += u'\n' + indented(command.help);
+    for (const CommandSyntax& form : command.forms)
+        text += table(form);
     return text;
 }
 

@@ -80,6 +80,7 @@ public:
 
     /** The names that commands work on; "command" among them. */
     CommandEntities& entities() { return mEntities; }
+    /** The same, for looking only. */
     const CommandEntities& entities() const { return mEntities; }
 
 private:

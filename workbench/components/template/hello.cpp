@@ -37,8 +37,17 @@ std::unique_ptr<QAction> entry;
 void load()
 {
     Fennar& fennar = Fennar::instance();
-    fennar.registry().add({u"hello"_s, u"hello [NAME]"_s, u"Greets."_s,
-                           u"Without NAME it greets the world."_s, QString::fromLatin1(owner), &run_hello});
+    // What the command takes: for the command panel, for completion, and for the usage that "help" prints.
+    const CommandParameter name{.name = u"NAME"_s,
+                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Whom to greet"),
+                                .default_value = u"world"_s};
+    fennar.registry().add({
+        .name = u"hello"_s,
+        .summary = u"Greets."_s,
+        .owner = QString::fromLatin1(owner),
+        .run = &run_hello,
+        .forms = {{.clauses = {optional_value(name)}}},
+    });
 
     Ostrel* window = Ostrel::instance();
     if (!window)
