@@ -19,12 +19,14 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <algorithm>
 #include <clocale>
 #include <cmath>
 #include <cstdio>
+#include <limits>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -73,7 +75,8 @@ QStringList coded(const QStringList& words)
 QString range(const CommandParameter& parameter)
 {
     const bool from = std::isfinite(parameter.least);
-    const bool to = std::isfinite(parameter.most);
+    // The largest of the numbers that are counted with is no limit to speak of.
+    const bool to = std::isfinite(parameter.most) && parameter.most != std::numeric_limits<int>::max();
     const QString unit = parameter.unit.isEmpty() ? QString() : u' ' + parameter.unit;
     if (from && to)
         return u" from %1 to %2%3"_s.arg(number(parameter.least), number(parameter.most), unit);
@@ -82,6 +85,12 @@ QString range(const CommandParameter& parameter)
     if (to)
         return u", at most %1%2"_s.arg(number(parameter.most), unit);
     return unit.isEmpty() ? QString() : u", in%1"_s.arg(unit);
+}
+
+/** With the article that it takes. */
+QString one(const QString& noun)
+{
+    return (noun.contains(QRegularExpression(u"^[aeiou]"_s)) ? u"an "_s : u"a "_s) + noun;
 }
 
 QString files(const CommandParameter& parameter)
@@ -107,7 +116,7 @@ QString values(const CommandParameter& parameter)
     case Kind::Choice:
         return u"one of "_s + coded(parameter.choices).join(u", "_s);
     case Kind::Entity: {
-        QString text = u"the name of a %1"_s.arg(parameter.entity);
+        QString text = u"the name of "_s + one(parameter.entity);
         if (parameter.by_number)
             text += u", or its number"_s;
         if (!parameter.choices.isEmpty())
@@ -142,7 +151,7 @@ QString row(const CommandClause& clause, qsizetype i)
         meaning += u": "_s + escaped(QString::fromUtf8(parameter.tip));
     QString value = values(parameter);
     if (parameter.repeated)
-        value += u"; %1 or more of them"_s.arg(parameter.at_least);
+        value += u"; %1 or more of them"_s.arg(number(parameter.at_least));
     const QString fallback =
         parameter.default_value.isEmpty() ? needed : u"`%1` if left out"_s.arg(parameter.default_value);
     return u"| %1 | %2 | %3 | %4 | %5 |\n"_s.arg(
