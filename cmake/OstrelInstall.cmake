@@ -48,6 +48,8 @@ if(OSTREL_BUILD_WORKBENCH)
     install(TARGETS fennar)
     install(DIRECTORY workbench/xml DESTINATION ${CMAKE_INSTALL_BINDIR})
     install(DIRECTORY workbench/journals DESTINATION ${CMAKE_INSTALL_DATADIR}/fennar)
+    # What a component of one's own begins with; see docs/component-guide.md.
+    install(DIRECTORY workbench/components/template DESTINATION ${CMAKE_INSTALL_DATADIR}/fennar)
 endif()
 
 foreach(header IN LISTS public_headers)

@@ -21,10 +21,12 @@ class CommandInterpreter;
 class CommandCall
 {
 public:
+    /** For the interpreter. Neither is owned; both outlive the call. */
     CommandCall(const CommandWords& words, CommandInterpreter& interpreter);
 
     /** The number of words, the command's name included. */
     qsizetype count() const { return mWords.words.size(); }
+    /** All words, the command's name included. */
     const QList<CommandWord>& words() const { return mWords.words; }
     /** Whether there is a word @p i. */
     bool has(qsizetype i) const { return i >= 0 && i < count(); }
@@ -55,6 +57,7 @@ public:
     /** Whether the user wants the command to stop. A long command tests it and throws. */
     bool interrupted() const;
 
+    /** What runs the command, by which it can run others. */
     CommandInterpreter& interpreter() { return mInterpreter; }
 
 private:

@@ -28,6 +28,7 @@ class CommandInterpreter;
 class Playback
 {
 public:
+    /** How playback has ended. */
     enum class Outcome {
         Played,
         /** An error was reported. */
@@ -37,7 +38,9 @@ public:
         /** stop() was called. */
         Stopped,
     };
+    /** Gives the application its turn. */
     using Turn = std::function<void()>;
+    /** Takes a line that is about to run. */
     using Echo = std::function<void(const QString& line)>;
     /**
      * Runs a Python script, reports its errors itself, and returns whether it went well.
@@ -45,6 +48,7 @@ public:
      * The source is all that is to be run; the path is as it was given to play(), for messages.
      */
     using PythonHook = std::function<bool(const QString& path, const QString& source)>;
+    /** Takes a journal's name and how much of it is done; see set_progress(). */
     using Progress = std::function<void(const QString& name, int percent)>;
 
     /** Where lines come from that are not read from a file. */
@@ -79,6 +83,7 @@ public:
     Outcome play(const QString& path, qsizetype from = 1);
     /** Plays lines that are not in a file; @p name stands for the file's name in messages. */
     Outcome play_lines(const QStringList& lines, const QString& name, const Origin& origin);
+    /** Plays lines as those of a journal, counted from 1. */
     Outcome play_lines(const QStringList& lines, const QString& name)
     {
         return play_lines(lines, name, Origin());
@@ -86,10 +91,13 @@ public:
     /** Whether this text is a Python script: its first line that is not blank is "#!python". */
     static bool is_python(QStringView text);
 
+    /** Whether a journal is being played, paused or not. */
     bool is_playing() const { return mDepth > 0; }
     /** Makes playback wait before its next command. Stays on until resume() or stop(), also between files. */
     void pause();
+    /** Ends a pause. */
     void resume();
+    /** Whether playback waits before its next command. */
     bool is_paused() const { return mPaused; }
     /** Ends all levels of playback behind the command that runs. Ends a pause, too. */
     void stop();
