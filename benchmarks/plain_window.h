@@ -12,7 +12,7 @@
  * menus, actions, shortcuts and docks, visible and hidden, and the same pictures on them, without anything
  * that makes them work. No main window with these parts comes up faster, unless it leaves some out at first.
  *
- * @param hidden_windows  with the journal editor, the options and the about dialog, which exist from the start
- *                        but are not shown.
+ * @param hidden_windows  with the journal editor, the options and the about dialog, which exist from the
+ * start but are not shown.
  */
 std::unique_ptr<QMainWindow> plain_window(bool hidden_windows);

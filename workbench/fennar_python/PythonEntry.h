@@ -4,6 +4,7 @@
 #pragma once
 
 #include "workbench/fennar_python/PythonOutput.h"
+#include "workbench/fennar_python/PythonRuntime.h"
 #include "workbench/fennar_python/PythonTicker.h"
 
 #include <pybind11/pybind11.h>
@@ -18,12 +19,14 @@ struct PythonState
 {
     static PythonState& get();
 
-    /** Whether the calling thread is the one that started Python. */
+    /** Whether the calling thread is the one that started Python, or is to. */
     bool on_gui_thread() const { return std::this_thread::get_id() == guiThread; }
 
     std::atomic<bool> running = false;
     /** Python was started once: it cannot be again. */
     bool spent = false;
+    /** What Python is to be started with when it is first needed. */
+    std::optional<PythonHooks> waiting;
     /** stop() was called by code that Python runs. */
     bool stopWhenIdle = false;
     std::thread::id guiThread;
