@@ -36,10 +36,20 @@ public:
     bool write(QDataStream& out) const override;
 
 private:
-    /** The icon that Qt makes of the file, to which pictures can be added. */
-    QIcon& composed();
+    /** A picture that shows at its own size only. */
+    struct Added
+    {
+        QIcon::Mode mode;
+        QIcon::State state;
+        QPixmap picture;
+    };
+
+    /** The icon that Qt makes of the file and of what has been added. */
+    QIcon compose() const;
+    QPixmap added(const QSize& size, QIcon::Mode mode, QIcon::State state) const;
 
     QString mPath;
-    /** Null until something is added. From then on all is left to it. */
+    QList<Added> mAdded;
+    /** Null until a file is added. From then on all is left to it. */
     QIcon mComposed;
 };

@@ -4,12 +4,12 @@
 #pragma once
 
 #include "workbench/fennar_python/PythonOutput.h"
-#include "workbench/fennar_python/PythonRuntime.h"
 #include "workbench/fennar_python/PythonTicker.h"
 
 #include <pybind11/pybind11.h>
 
 #include <atomic>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <thread>
@@ -25,8 +25,8 @@ struct PythonState
     std::atomic<bool> running = false;
     /** Python was started once: it cannot be again. */
     bool spent = false;
-    /** What Python is to be started with when it is first needed. */
-    std::optional<PythonHooks> waiting;
+    /** Starts Python when it is first needed; null if nobody has asked for that, or it has been tried. */
+    std::function<void()> waiting;
     /** stop() was called by code that Python runs. */
     bool stopWhenIdle = false;
     std::thread::id guiThread;

@@ -171,7 +171,7 @@ bool PythonRuntime::start(PythonHooks hooks, const QString& home)
         return false;
     };
 
-    state.waiting.reset();
+    state.waiting = nullptr;
     if (state.running)
         return fail(u"it runs already"_s);
     if (state.spent)
@@ -211,7 +211,7 @@ bool PythonRuntime::start(PythonHooks hooks, const QString& home)
     return true;
 }
 
-void PythonRuntime::start_when_needed(PythonHooks hooks)
+void PythonRuntime::start_when_needed(PythonHooks hooks, const QString& home)
 {
     PythonState& state = PythonState::get();
     if (state.spent)
@@ -219,15 +219,15 @@ void PythonRuntime::start_when_needed(PythonHooks hooks)
     // Whatever else the process writes to a pipe must not depend on whether Python was needed.
     ignore_broken_pipes();
     state.guiThread = std::this_thread::get_id();
-    state.waiting = std::move(hooks);
+    state.waiting = [hooks = std::move(hooks), home] { start(hooks, home); };
 }
 
 bool PythonRuntime::is_ready()
 {
     PythonState& state = PythonState::get();
     if (!state.running && state.on_gui_thread()) {
-        if (std::optional<PythonHooks> hooks = std::exchange(state.waiting, std::nullopt))
-            start(*std::move(hooks));
+        if (const std::function<void()> start = std::exchange(state.waiting, nullptr))
+            start();
     }
     return state.running;
 }
@@ -235,7 +235,7 @@ bool PythonRuntime::is_ready()
 void PythonRuntime::stop()
 {
     PythonState& state = PythonState::get();
-    state.waiting.reset();
+    state.waiting = nullptr;
     if (!state.running && !state.stopWhenIdle)
         return;
     const PyGILState_STATE lock = PyGILState_Ensure();

@@ -66,7 +66,7 @@ public:
      * Python then starts. A broken pipe no longer ends the process from now on. If Python was started before,
      * nothing happens.
      */
-    static void start_when_needed(PythonHooks hooks);
+    static void start_when_needed(PythonHooks hooks, const QString& home = QString());
 
     /**
      * Starts Python now if start_when_needed() was called and it has not been started since. Another thread
