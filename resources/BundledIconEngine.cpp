@@ -34,6 +34,10 @@ QPixmap draw(const QString& path, const QSize& size, QIcon::Mode mode)
 
 BundledIconEngine::BundledIconEngine(const QString& path) : mPath(path) {}
 
+BundledIconEngine::BundledIconEngine(const QString& path, const QIcon& disabled, const QSize& size)
+    : mPath(path), mAdded{{QIcon::Disabled, QIcon::Off, QPixmap(), disabled, size}}
+{}
+
 void BundledIconEngine::paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state)
 {
     const qreal ratio = painter->device() ? painter->device()->devicePixelRatio() : 1.0;
@@ -83,7 +87,7 @@ bool BundledIconEngine::isNull()
 void BundledIconEngine::addPixmap(const QPixmap& pixmap, QIcon::Mode mode, QIcon::State state)
 {
     if (mComposed.isNull())
-        mAdded.append({mode, state, pixmap});
+        mAdded.append({mode, state, pixmap, QIcon(), QSize()});
     else
         mComposed.addPixmap(pixmap, mode, state);
 }
@@ -123,15 +127,19 @@ QIcon BundledIconEngine::compose() const
 {
     QIcon icon(mPath);
     for (const Added& addition : mAdded)
-        icon.addPixmap(addition.picture, addition.mode, addition.state);
+        icon.addPixmap(addition.drawn(), addition.mode, addition.state);
     return icon;
 }
 
 QPixmap BundledIconEngine::added(const QSize& size, QIcon::Mode mode, QIcon::State state) const
 {
-    const auto last =
-        std::find_if(mAdded.crbegin(), mAdded.crend(), [mode, state](const Added& addition) {
-            return addition.mode == mode && addition.state == state;
-        });
-    return last != mAdded.crend() && last->picture.size() == size ? last->picture : QPixmap();
+    const auto last = std::find_if(mAdded.crbegin(), mAdded.crend(), [mode, state](const Added& addition) {
+        return addition.mode == mode && addition.state == state;
+    });
+    if (last == mAdded.crend())
+        return {};
+    // Without drawing it for nothing.
+    const QSize own =
+        last->picture.isNull() ? last->size * qGuiApp->devicePixelRatio() : last->picture.size();
+    return own == size ? last->drawn() : QPixmap();
 }
