@@ -4,12 +4,12 @@
 // A plug-in of Qt's that any Qt application can be made to load. It ends the process as soon as the window is
 // there, and prints when that was. See bench_start.cpp.
 
-#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QGenericPlugin>
 #include <QMainWindow>
 #include <QPlainTextEdit>
 #include <QTextBlock>
+#include <QTimer>
 
 #include <chrono>
 #include <cstdio>
@@ -54,20 +54,41 @@ protected:
             return QObject::event(event);
         if (!has_prompt(qEnvironmentVariable("OSTREL_BENCH_PROMPT")))
             return true;
-        auto end = std::chrono::steady_clock::now();
-        if (qEnvironmentVariableIntValue("OSTREL_BENCH_IDLE")) {
-            // Over when nothing more has come for a while, which does not count.
-            while (std::chrono::steady_clock::now() < end + 100ms) {
-                if (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents))
-                    end = std::chrono::steady_clock::now();
-            }
+        if (!qEnvironmentVariableIntValue("OSTREL_BENCH_IDLE"))
+            finish(Clock::now());
+        if (!mIdle.isActive()) {
+            mLastTurn = mEnd = Clock::now();
+            connect(&mIdle, &QTimer::timeout, this, &StartMark::take_turn);
+            mIdle.start(0);
         }
+        return true;
+    }
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    /** What still goes on shows as a gap between two turns of the event loop. The wait for more does not
+     * count. */
+    void take_turn()
+    {
+        const auto now = Clock::now();
+        if (now > mLastTurn + 5ms)
+            mEnd = now;
+        mLastTurn = now;
+        if (now > mEnd + 200ms)
+            finish(mEnd);
+    }
+
+    [[noreturn]] static void finish(Clock::time_point end)
+    {
         std::printf("%.9f\n", std::chrono::duration<double>(end.time_since_epoch()).count());
         std::fflush(stdout);
         std::_Exit(0);
     }
 
-private:
+    QTimer mIdle;
+    Clock::time_point mLastTurn;
+    Clock::time_point mEnd;
     bool mPainted = false;
 };
 

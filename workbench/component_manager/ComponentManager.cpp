@@ -35,12 +35,6 @@ constexpr auto path_variable = "FENNAR_COMPONENT_PATH";
 /** How long the start waits for a command that runs before it looks again. */
 constexpr auto command_patience = 50ms;
 
-/**
- * How long the window has the event loop to itself between two components. Not 0, which makes the loading one
- * of the posted events: those all go before what comes from the window system.
- */
-constexpr auto turn_length = 1ms;
-
 /** Owner marks that are not for components. */
 const QStringList reserved_names{u"framework"_s, u"fennari19"_s, u"workbench"_s, u"ot_section_separator"_s};
 
@@ -264,7 +258,7 @@ void ComponentManager::start(const std::function<void()>& done)
     for (const auto& entry : mEntries)
         mWaiting << entry->about.file;
     mDone = done;
-    QTimer::singleShot(turn_length, mTurns.get(), [this] { load_next(); });
+    QTimer::singleShot(0, mTurns.get(), [this] { load_next(); });
 }
 
 void ComponentManager::load_next()
@@ -281,7 +275,7 @@ void ComponentManager::load_next()
     Entry& entry = entry_of_file(mWaiting.takeFirst());
     if (is_wanted(entry))
         load_entry(entry, false);
-    QTimer::singleShot(turn_length, mTurns.get(), [this] { load_next(); });
+    QTimer::singleShot(0, mTurns.get(), [this] { load_next(); });
 }
 
 void ComponentManager::load_all()
