@@ -160,9 +160,9 @@ void compare_start(const char* what, int rounds, BringUp&& bring_up_kind)
     const auto runs = [&](QLatin1StringView kind) {
         return [&bring_up_kind, kind] { return bring_up_kind(kind); };
     };
-    bench::compare(qPrintable(u"starting, "_s + QString::fromUtf8(what)), aim, runs("empty"_L1),
-                   runs("main"_L1), rounds);
-    bench::compare("the same, against the same parts of plain Qt", own_aim, runs("plain"_L1), runs("main"_L1),
+    const QByteArray row = QByteArrayLiteral("starting, ") + what;
+    bench::compare(row.constData(), aim, runs("empty"_L1), runs("main"_L1), rounds);
+    bench::compare((row + ", against plain Qt").constData(), own_aim, runs("plain"_L1), runs("main"_L1),
                    rounds);
     const auto [all, seen] = bench::medians(runs("plain"_L1), runs("seen"_L1), rounds);
     std::printf("Plain Qt, %s: the parts of the main window %.2f ms, only those that are seen %.2f ms.\n",

@@ -9,8 +9,8 @@
 
 /**
  * What the main window is made of, put together with nothing but Qt: the same number and kinds of widgets,
- * menus, actions, shortcuts and docks, visible and hidden, and the same pictures on them, without anything
- * that makes them work. No main window with these parts comes up faster, unless it leaves some out at first.
+ * menus, actions, shortcuts and docks, and the same icons on them, without anything that makes them work. Qt
+ * reads an SVG icon when it is made; the shell's icons wait until they are seen.
  *
  * @param hidden_windows  with the journal editor, the options and the about dialog, which exist from the
  * start but are not shown.
