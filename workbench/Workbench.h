@@ -56,8 +56,8 @@ public:
     void leave_components_out() { mWithComponents = false; }
 
     /**
-     * Brings the main window up, with a splash screen meanwhile. Python and the components follow, one by one,
-     * once the event loop runs and the window has been painted.
+     * Brings the main window up, with a splash screen meanwhile. Python and the components follow, one by
+     * one, once the event loop runs and the window has been painted.
      *
      * @return false if there is no QApplication: the workbench then can only play_batch().
      */
