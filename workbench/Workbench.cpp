@@ -75,6 +75,10 @@ constexpr auto pause_interval = 10ms;
 /** How long, in milliseconds, the start waits for the splash screen to be seen. */
 constexpr qint64 splash_patience = 300;
 
+/** How often, and for how many milliseconds at most, the start looks whether the window has been painted. */
+constexpr auto start_interval = 2ms;
+constexpr qint64 start_patience = 2000;
+
 /** How long, in milliseconds, a picture waits for the window to come to the screen. */
 constexpr qint64 picture_patience = 2000;
 
@@ -247,7 +251,7 @@ void Workbench::set_up_python()
     hooks.wake = [this] { announce_output(); };
     hooks.turn = [this] { give_turn(); };
     hooks.extend = &add_python_actions;
-    PythonRuntime::start(hooks);
+    PythonRuntime::start_when_needed(hooks);
     set_framework_interpreters(make_python_interpreter(PythonRuntime::framework_namespace()),
                                make_python_interpreter(PythonRuntime::user_namespace()));
     mCommands = std::make_unique<CommandLines>();
@@ -304,6 +308,19 @@ bool Workbench::load()
     tell_of_start();
     mConsole->prompt();
     Ostrel::instance()->set_focus_to_command_window();
+    mStartPatience.setRemainingTime(start_patience);
+    finish_start();
+    return true;
+}
+
+void Workbench::finish_start()
+{
+    // What the user can do without for a moment comes once the window has been painted.
+    if (!Ostrel::instance()->windowHandle()->isExposed() && !mStartPatience.hasExpired()) {
+        QTimer::singleShot(start_interval, Ostrel::instance(), [this] { finish_start(); });
+        return;
+    }
+    PythonRuntime::is_ready();
     const auto ready = [this] {
         mReady = true;
         run_waiting();
@@ -312,7 +329,6 @@ bool Workbench::load()
         mComponents->start(ready);
     else
         ready();
-    return true;
 }
 
 void Workbench::run()

@@ -7,6 +7,7 @@
 #include "workbench/fennar_util/Interrupt.h"
 #include "workbench/playback/CloseGuard.h"
 
+#include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QString>
 #include <QStringList>
@@ -55,8 +56,8 @@ public:
     void leave_components_out() { mWithComponents = false; }
 
     /**
-     * Brings the main window up, with a splash screen meanwhile. The components follow, one by one, once the
-     * event loop runs.
+     * Brings the main window up, with a splash screen meanwhile. Python and the components follow, one by
+     * one, once the event loop runs and the window has been painted.
      *
      * @return false if there is no QApplication: the workbench then can only play_batch().
      */
@@ -91,6 +92,8 @@ public:
 private:
     void set_up_commands();
     void set_up_python();
+    /** Starts Python, the components and the lines that wait for them, one after another. */
+    void finish_start();
     void set_up_playback();
     void tell_of_start();
     void set_console(OutputHandler* window);
@@ -128,6 +131,7 @@ private:
     std::mutex mFrameMutex;
     bool mAnnounce = false;
     bool mWithComponents = true;
+    QDeadlineTimer mStartPatience;
     /** Whether the components are loaded, and lines need not wait for them. */
     bool mReady = false;
     /** The lines that wait for the components. */

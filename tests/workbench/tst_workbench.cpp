@@ -14,6 +14,7 @@
 #include "support/windows.h"
 #include "workbench/Workbench.h"
 #include "workbench/console/ConsoleOwner.h"
+#include "workbench/fennar_python/PythonRuntime.h"
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandRegistry.h"
 #include "workbench/fennari19/Fennar.h"
@@ -54,6 +55,25 @@ public:
     QList<QImage> pictures;
 };
 
+/** What is there when the main window is painted for the first time. */
+class FirstPaintWatcher : public QObject
+{
+public:
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        if (object != Ostrel::instance() || event->type() != QEvent::Paint || painted)
+            return false;
+        painted = true;
+        python = PythonRuntime::running();
+        console = Ostrel::instance()->findChild<CommandWidget*>()->toPlainText();
+        return false;
+    }
+
+    bool painted = false;
+    bool python = false;
+    QString console;
+};
+
 } // namespace
 
 /**
@@ -71,6 +91,7 @@ private slots:
     void cleanupTestCase();
 
     void splash_screen_with_a_picture_comes_first();
+    void window_is_painted_with_its_prompt_before_python_starts();
     void window_has_a_black_area_a_command_panel_and_a_console();
     void typed_command_is_answered_above_the_next_prompt();
     void continued_command_gets_a_second_prompt();
@@ -145,6 +166,7 @@ private:
     QString write_journal(const QString& name, const QByteArray& content);
 
     SplashWatcher mSplash;
+    FirstPaintWatcher mFirstPaint;
     std::unique_ptr<Workbench> mWorkbench;
     QTemporaryDir mDirectory;
 };
@@ -154,9 +176,12 @@ void TstWorkbench::initTestCase()
     TestCase::init();
     mWorkbench = std::make_unique<Workbench>();
     QCoreApplication::instance()->installEventFilter(&mSplash);
+    QCoreApplication::instance()->installEventFilter(&mFirstPaint);
     QVERIFY(mWorkbench->load());
     QCoreApplication::instance()->removeEventFilter(&mSplash);
     QVERIFY(show_active(Ostrel::instance()));
+    QTRY_VERIFY(PythonRuntime::running());
+    QCoreApplication::instance()->removeEventFilter(&mFirstPaint);
 }
 
 void TstWorkbench::init()
@@ -193,6 +218,15 @@ void TstWorkbench::splash_screen_with_a_picture_comes_first()
 {
     QVERIFY(!mSplash.pictures.isEmpty());
     QCOMPARE(mSplash.pictures.last().size(), QSize(560, 320));
+}
+
+void TstWorkbench::window_is_painted_with_its_prompt_before_python_starts()
+{
+    QVERIFY(mFirstPaint.painted);
+    QVERIFY(!mFirstPaint.python);
+    QCOMPARE(mFirstPaint.console, u"Fennar>"_s);
+    // Without having been asked for; see initTestCase().
+    QVERIFY(PythonRuntime::running());
 }
 
 void TstWorkbench::window_has_a_black_area_a_command_panel_and_a_console()

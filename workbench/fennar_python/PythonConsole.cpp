@@ -29,7 +29,7 @@ PythonConsole::Outcome PythonConsole::enter(const QString& line)
 PythonConsole::Outcome PythonConsole::enter_one(const QString& line)
 {
     const Outcome failure{false, QString(), true};
-    if (!PythonRuntime::running()) {
+    if (!PythonRuntime::is_ready()) {
         reset();
         return failure;
     }

@@ -14,6 +14,7 @@
 #include <csignal>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace py = pybind11;
 using namespace Qt::StringLiterals;
@@ -170,6 +171,7 @@ bool PythonRuntime::start(PythonHooks hooks, const QString& home)
         return false;
     };
 
+    state.waiting = nullptr;
     if (state.running)
         return fail(u"it runs already"_s);
     if (state.spent)
@@ -209,9 +211,31 @@ bool PythonRuntime::start(PythonHooks hooks, const QString& home)
     return true;
 }
 
+void PythonRuntime::start_when_needed(PythonHooks hooks, const QString& home)
+{
+    PythonState& state = PythonState::get();
+    if (state.spent)
+        return;
+    // Whatever else the process writes to a pipe must not depend on whether Python was needed.
+    ignore_broken_pipes();
+    state.guiThread = std::this_thread::get_id();
+    state.waiting = [hooks = std::move(hooks), home] { start(hooks, home); };
+}
+
+bool PythonRuntime::is_ready()
+{
+    PythonState& state = PythonState::get();
+    if (!state.running && state.on_gui_thread()) {
+        if (const std::function<void()> start = std::exchange(state.waiting, nullptr))
+            start();
+    }
+    return state.running;
+}
+
 void PythonRuntime::stop()
 {
     PythonState& state = PythonState::get();
+    state.waiting = nullptr;
     if (!state.running && !state.stopWhenIdle)
         return;
     const PyGILState_STATE lock = PyGILState_Ensure();
@@ -290,7 +314,7 @@ bool PythonRuntime::request_interrupt()
 
 bool PythonRuntime::run_file(const QString& path, const QString& source)
 {
-    if (!running())
+    if (!is_ready())
         return false;
     const PythonEntry entry;
     try {
