@@ -4,6 +4,7 @@
 #include "workbench/Workbench.h"
 
 #include "console/CommandWindow.h"
+#include "files/FileLineEdit.h"
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
 #include "host/ostrelfw/Framework.h"
@@ -27,6 +28,7 @@
 #include "workbench/fennari19/CommandInterpreter.h"
 #include "workbench/fennari19/Fennar.h"
 #include "workbench/navigation/CommandSink.h"
+#include "workbench/navigation/FormServices.h"
 #include "workbench/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/ostrelfw/HostMediator.h"
 #include "workbench/ostrelfw/OutputRouter.h"
@@ -60,6 +62,16 @@ static void init_resources()
 }
 
 namespace {
+
+/** The field for a file in the forms of the command panel. */
+QWidget* make_file_field(QWidget* parent, bool open, const QList<CommandFileFilter>& filters)
+{
+    auto* field = new FileLineEdit(parent);
+    field->set_open_dialog(open);
+    for (const CommandFileFilter& filter : filters)
+        field->add_filter(filter.name, filter.extension);
+    return field;
+}
 
 QList<CommandFileFilter> picture_filters()
 {
@@ -179,6 +191,7 @@ Workbench::~Workbench()
 {
     mComponents.reset();
     PythonRuntime::stop();
+    set_form_services({});
     Fennar::instance().application() = {};
     OutputRouter::instance().set_window_listener(nullptr);
     HostMediator::instance().set_event_handler(nullptr);
@@ -226,6 +239,7 @@ void Workbench::set_up_commands()
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Picture"),
                                                 .filters = &picture_filters,
                                                 .example = u"window.png"_s})}}}});
+    set_form_services({&fennar.registry(), &fennar.interpreter().variables(), &make_file_field});
     register_component_commands(fennar.registry(), *mComponents);
     register_select_command(fennar.registry(), Scene::instance());
 }
