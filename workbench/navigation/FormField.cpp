@@ -188,7 +188,8 @@ QStringList FormField::words() const
     const CommandWords split = tokenize(given, &keep_reference);
     for (const CommandWord& word : split.words)
         result << word.text;
-    return result;
+    // A quote that is open must not pass for an empty field.
+    return result.isEmpty() ? QStringList(given) : result;
 }
 
 void FormField::set_words(const QStringList& words)

@@ -9,6 +9,7 @@
 #include "support/windows.h"
 #include "workbench/fennari19/CommandInterpreter.h"
 #include "workbench/fennari19/CommandRegistry.h"
+#include "workbench/fennari19/tokenize.h"
 #include "workbench/navigation/CommandForm.h"
 #include "workbench/navigation/CommandSink.h"
 #include "workbench/navigation/FormField.h"
@@ -776,7 +777,7 @@ void TstCommandForm::first_field_has_the_keyboard()
 void TstCommandForm::tab_goes_through_all_fields()
 {
     QStandardItem* page = add_page(*mModel, u"Make"_s);
-    const QStandardItem* entry = add_command(page, u"Delete"_s, u"delete"_s);
+    const QStandardItem* entry = add_command(page, u"Delete"_s, u"delete pin"_s);
     CommandButtonPanel panel(nullptr);
     panel.set_model(mModel.get(), {});
     panel.set_current_index(entry->index());
