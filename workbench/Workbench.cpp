@@ -15,6 +15,7 @@
 #include "menus/OstrelHelpMenu.h"
 #include "menus/OstrelToolsMenu.h"
 #include "options/OptionsPanel.h"
+#include "workbench/PanelOptions.h"
 #include "workbench/apply_python_paths.h"
 #include "workbench/component_manager/ComponentManager.h"
 #include "workbench/component_manager/component_commands.h"
@@ -293,6 +294,21 @@ void Workbench::add_start_error(const QString& error)
         mErrors << error;
 }
 
+namespace {
+
+/** The window owns the page. */
+void add_panel_options()
+{
+    OptionsPanel* options = Ostrel::instance()->options();
+    auto* page = new PanelOptions(Ostrel::instance());
+    options->add_panel(PanelOptions::tr("Panel"), page);
+    QObject::connect(options, &OptionsPanel::refreshSettings, page, &PanelOptions::refresh);
+    QObject::connect(options, &OptionsPanel::saveSettings, page, &PanelOptions::save);
+    page->apply_stored_size();
+}
+
+} // namespace
+
 bool Workbench::load()
 {
     mFrame.start_splash(":/workbench/splash.png");
@@ -312,6 +328,7 @@ bool Workbench::load()
     Ostrel::instance()->set_title(u"Fennar"_s);
     describe_product();
     set_up_playback();
+    add_panel_options();
     // The pages of components come below it and go with them; the group stays. Its name sorts behind the
     // pages of the shell, since the dialog opens on the first.
     Ostrel::instance()->options()->add_panel(u"Plugins"_s, nullptr);
