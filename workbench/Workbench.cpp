@@ -6,6 +6,8 @@
 #include "console/CommandWindow.h"
 #include "files/FileLineEdit.h"
 #include "frame/Ostrel.h"
+#include "host/navigation/NavigationModel.h"
+#include "host/navigation/NavigationResourcesDelay.h"
 #include "host/ostrelfw/Broker.h"
 #include "host/ostrelfw/Framework.h"
 #include "host/ostrelfw/Mediator.h"
@@ -307,6 +309,21 @@ void add_panel_options()
     page->apply_stored_size();
 }
 
+/** The shell looks for entries that are shown from now on. Those that are no longer are for the host to find.
+ */
+void follow_unloaded_components()
+{
+    NavigationModel* model = Ostrel::instance()->navigation_model();
+    QObject::connect(&Fennar::instance().registry().entities(), &CommandEntities::changed, model,
+                     [model](const QString& kind) {
+                         if (kind != loaded_component)
+                             return;
+                         NavigationResourcesDelay resources;
+                         resources.model = model;
+                         resources.recheckResources();
+                     });
+}
+
 } // namespace
 
 bool Workbench::load()
@@ -329,6 +346,7 @@ bool Workbench::load()
     describe_product();
     set_up_playback();
     add_panel_options();
+    follow_unloaded_components();
     // The pages of components come below it and go with them; the group stays. Its name sorts behind the
     // pages of the shell, since the dialog opens on the first.
     Ostrel::instance()->options()->add_panel(u"Plugins"_s, nullptr);
