@@ -340,12 +340,12 @@ QString CommandForm::clause_problem(qsizetype i) const
     const Row& row = mRows[i];
     if (!row.is_given()) {
         return clause.optional || row.fields.isEmpty() ? QString()
-                                                       : tr("%1 is needed.").arg(row.fields.first()->label());
+                                                       : tr("%1 must be filled in.").arg(row.fields.first()->label());
     }
     bool all_zero = clause.not_zero;
     for (const FormField* field : row.fields) {
         if (field->words().isEmpty() && field->parameter().default_value.isNull())
-            return tr("%1 is needed, too.").arg(field->label());
+            return tr("%1 must be filled in, too.").arg(field->label());
         if (const QString problem = field->problem(); !problem.isEmpty())
             return problem;
         const bool is_default = field->words().isEmpty();
@@ -357,7 +357,7 @@ QString CommandForm::clause_problem(qsizetype i) const
     // Without a keyword only the place tells what a value is.
     if (i > 0 && clause.keyword.isEmpty() && form().clauses[i - 1].keyword.isEmpty() &&
         form().clauses[i - 1].optional && !mRows[i - 1].is_given())
-        return tr("%1 is needed, too.").arg(mRows[i - 1].fields.first()->label());
+        return tr("%1 must be filled in, too.").arg(mRows[i - 1].fields.first()->label());
     return {};
 }
 

@@ -27,8 +27,9 @@ using Kind = CommandParameter::Kind;
 
 namespace {
 
-/** In characters: what a field needs at least, so that a narrow dock shows all of them. */
+/** In characters: what a field needs at least. Where that is too much beside its label it stands below it. */
 constexpr int least_width = 4;
+constexpr int least_width_of_text = 14;
 
 QString shown(double number)
 {
@@ -160,7 +161,9 @@ void FormField::use_line(QLineEdit* line)
 {
     mLine = line;
     // The rest is for the layout to give.
-    mLine->setMinimumWidth(mLine->fontMetrics().averageCharWidth() * (least_width + 2));
+    const bool number = mParameter.kind == Kind::Number || mParameter.kind == Kind::WholeNumber;
+    const int characters = number || mCombo ? least_width + 2 : least_width_of_text;
+    mLine->setMinimumWidth(mLine->fontMetrics().averageCharWidth() * characters);
     mLine->setPlaceholderText(mParameter.default_value);
     connect(mLine, &QLineEdit::textChanged, this, &FormField::changed);
 }

@@ -31,8 +31,6 @@ PanelView::PanelView(QWidget* panel)
     setObjectName(u"panelView"_s);
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
-    // All contents fit into any width.
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
     setWidget(mContents);
     mNothing->setObjectName(u"nothingLabel"_s);

@@ -315,8 +315,8 @@ void TstCommandForm::apply_is_off_while_something_is_wrong_data()
         QTest::newRow(name) << command << field << value << message;
     };
     const QString range = u"Width: a number from 0.5 to 100."_s;
-    row("nothing", u"brick"_s, u"WIDTH"_s, {}, u"Width is needed."_s);
-    row("blanks", u"brick"_s, u"WIDTH"_s, u"  "_s, u"Width is needed."_s);
+    row("nothing", u"brick"_s, u"WIDTH"_s, {}, u"Width must be filled in."_s);
+    row("blanks", u"brick"_s, u"WIDTH"_s, u"  "_s, u"Width must be filled in."_s);
     row("number", u"brick"_s, u"WIDTH"_s, u"0.5"_s);
     row("exponent", u"brick"_s, u"WIDTH"_s, u"+1e1"_s);
     row("too small", u"brick"_s, u"WIDTH"_s, u"0.49"_s, range);
@@ -394,11 +394,11 @@ void TstCommandForm::values_of_a_clause_need_each_other()
     show(u"brick"_s);
     give(u"WIDTH"_s, u"10"_s);
     give(u"HEIGHT"_s, u"10"_s);
-    QCOMPARE(message(), u"Depth is needed, too."_s);
+    QCOMPARE(message(), u"Depth must be filled in, too."_s);
     give(u"DEPTH"_s, u"10"_s);
     QCOMPARE(message(), QString());
     give(u"HEIGHT"_s, {});
-    QCOMPARE(message(), u"Height is needed, too."_s);
+    QCOMPARE(message(), u"Height must be filled in, too."_s);
     QVERIFY(!apply()->isEnabled());
 }
 
@@ -407,7 +407,7 @@ void TstCommandForm::value_needs_the_one_in_front_of_it()
     show(u"set"_s);
     QVERIFY(apply()->isEnabled());
     give(u"VALUE"_s, u"5"_s);
-    QCOMPARE(message(), u"Variable is needed, too."_s);
+    QCOMPARE(message(), u"Variable must be filled in, too."_s);
     QVERIFY(!apply()->isEnabled());
     give(u"NAME"_s, u"radius"_s);
     QCOMPARE(line(), u"set radius 5"_s);
