@@ -47,6 +47,10 @@ if(OSTREL_BUILD_WORKBENCH)
     list(APPEND exported_targets fennar_util fennari19 fennar_formats fennar_python navigation ostrelfw scene)
     install(TARGETS fennar)
     install(DIRECTORY workbench/xml DESTINATION ${CMAKE_INSTALL_BINDIR})
+    foreach(component geometry graphics)
+        install(DIRECTORY workbench/components/${component}/images/light/
+            DESTINATION ${CMAKE_INSTALL_BINDIR}/xml/images/${component})
+    endforeach()
     install(DIRECTORY workbench/journals DESTINATION ${CMAKE_INSTALL_DATADIR}/fennar)
     # What a component of one's own begins with; see docs/component-guide.md.
     install(DIRECTORY workbench/components/template DESTINATION ${CMAKE_INSTALL_DATADIR}/fennar)

@@ -4,7 +4,10 @@
 #include "workbench/Workbench.h"
 
 #include "console/CommandWindow.h"
+#include "files/FileLineEdit.h"
 #include "frame/Ostrel.h"
+#include "host/navigation/NavigationModel.h"
+#include "host/navigation/NavigationResourcesDelay.h"
 #include "host/ostrelfw/Broker.h"
 #include "host/ostrelfw/Framework.h"
 #include "host/ostrelfw/Mediator.h"
@@ -14,6 +17,7 @@
 #include "menus/OstrelHelpMenu.h"
 #include "menus/OstrelToolsMenu.h"
 #include "options/OptionsPanel.h"
+#include "workbench/PanelOptions.h"
 #include "workbench/apply_python_paths.h"
 #include "workbench/component_manager/ComponentManager.h"
 #include "workbench/component_manager/component_commands.h"
@@ -27,6 +31,7 @@
 #include "workbench/fennari19/CommandInterpreter.h"
 #include "workbench/fennari19/Fennar.h"
 #include "workbench/navigation/CommandSink.h"
+#include "workbench/navigation/FormServices.h"
 #include "workbench/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/ostrelfw/HostMediator.h"
 #include "workbench/ostrelfw/OutputRouter.h"
@@ -60,6 +65,16 @@ static void init_resources()
 }
 
 namespace {
+
+/** The field for a file in the forms of the command panel. */
+QWidget* make_file_field(QWidget* parent, bool open, const QList<CommandFileFilter>& filters)
+{
+    auto* field = new FileLineEdit(parent);
+    field->set_open_dialog(open);
+    for (const CommandFileFilter& filter : filters)
+        field->add_filter(filter.name, filter.extension);
+    return field;
+}
 
 QList<CommandFileFilter> picture_filters()
 {
@@ -183,6 +198,7 @@ Workbench::~Workbench()
 {
     mComponents.reset();
     PythonRuntime::stop();
+    set_form_services({});
     Fennar::instance().application() = {};
     OutputRouter::instance().set_window_listener(nullptr);
     HostMediator::instance().set_event_handler(nullptr);
@@ -230,6 +246,7 @@ void Workbench::set_up_commands()
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Picture"),
                                                 .filters = &picture_filters,
                                                 .example = u"window.png"_s})}}}});
+    set_form_services({&fennar.registry(), &fennar.interpreter().variables(), &make_file_field});
     register_component_commands(fennar.registry(), *mComponents);
     register_select_command(fennar.registry(), Scene::instance());
 }
@@ -283,6 +300,36 @@ void Workbench::add_start_error(const QString& error)
         mErrors << error;
 }
 
+namespace {
+
+/** The window owns the page. */
+void add_panel_options()
+{
+    OptionsPanel* options = Ostrel::instance()->options();
+    auto* page = new PanelOptions(Ostrel::instance());
+    options->add_panel(PanelOptions::tr("Panel"), page);
+    QObject::connect(options, &OptionsPanel::refreshSettings, page, &PanelOptions::refresh);
+    QObject::connect(options, &OptionsPanel::saveSettings, page, &PanelOptions::save);
+    page->apply_stored_size();
+}
+
+/** The shell looks for entries that are shown from now on. Those that are no longer are for the host to find.
+ */
+void follow_unloaded_components()
+{
+    NavigationModel* model = Ostrel::instance()->navigation_model();
+    QObject::connect(&Fennar::instance().registry().entities(), &CommandEntities::changed, model,
+                     [model](const QString& kind) {
+                         if (kind != loaded_component)
+                             return;
+                         NavigationResourcesDelay resources;
+                         resources.model = model;
+                         resources.recheckResources();
+                     });
+}
+
+} // namespace
+
 bool Workbench::load()
 {
     mFrame.start_splash(":/workbench/splash.png");
@@ -302,6 +349,8 @@ bool Workbench::load()
     Ostrel::instance()->set_title(u"Fennar"_s);
     describe_product();
     set_up_playback();
+    add_panel_options();
+    follow_unloaded_components();
     // The pages of components come below it and go with them; the group stays. Its name sorts behind the
     // pages of the shell, since the dialog opens on the first.
     Ostrel::instance()->options()->add_panel(u"Plugins"_s, nullptr);

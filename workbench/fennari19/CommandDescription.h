@@ -135,3 +135,13 @@ bool is_variable_reference(const QString& text);
  * @param values  one entry for each clause; clauses behind the last one are left out.
  */
 QString command_line(const QString& name, const CommandSyntax& form, const QList<ClauseValues>& values);
+
+/**
+ * The values in @p words, those of a line behind the name of the command: the reverse of command_line().
+ *
+ * Clauses and values that the words do not reach are left out, required or not, so that a line that has just
+ * been begun can be read. Nothing is looked up, so that names and numbers need not be valid.
+ *
+ * @return one entry for each clause; nothing if the words are not of this form.
+ */
+std::optional<QList<ClauseValues>> read_values(const CommandSyntax& form, const QStringList& words);
