@@ -15,6 +15,8 @@ public:
         bool incomplete = false;
         /** What the next line should begin with, if incomplete. */
         QString indent;
+        /** The line completed a command, and that failed. */
+        bool failed = false;
     };
 
     virtual ~LineInterpreter() = default;

@@ -108,6 +108,49 @@ def remember_source(file, text):
     linecache.cache[file] = (len(text), None, text.splitlines(keepends=True), file)
 
 
+def without_indentation(file, source):
+    """A piece of a script, moved to the left as far as its first statement stands from there.
+
+    Only blanks ahead of lines go, none within a string. SyntaxError if a later statement begins further left.
+    """
+    lines = source.splitlines(keepends=True)
+    prefix, within, strings, first = None, set(), [], {}
+    begins = True
+    try:
+        for token in tokenize.generate_tokens(io.StringIO(source).readline):
+            if token.type in (tokenize.INDENT, tokenize.DEDENT, tokenize.NL, tokenize.COMMENT, tokenize.ENDMARKER):
+                continue
+            row = token.start[0]
+            if begins:
+                first[row] = token.start[1]
+                if prefix is None:
+                    prefix = lines[row - 1][: token.start[1]]
+            begins = token.type == tokenize.NEWLINE
+            if token.type == tokenize.STRING:
+                within.update(range(row + 1, token.end[0] + 1))
+            elif token.type == getattr(tokenize, "FSTRING_START", None):
+                strings.append(row)
+            elif token.type == getattr(tokenize, "FSTRING_END", None):
+                within.update(range(strings.pop() + 1, token.end[0] + 1))
+    except tokenize.TokenError:
+        pass  # it has no end, which is told better when it is compiled
+    except IndentationError as error:
+        first[error.lineno] = -1
+    if not prefix:
+        return source
+    for row, line in enumerate(lines, 1):
+        if row in within:
+            continue
+        if line.startswith(prefix):
+            lines[row - 1] = line[len(prefix) :]
+        elif row in first:
+            message = "the lines played cannot be moved to the left: this one begins further left than the first"
+            raise IndentationError(message, (file, row, 1, line))
+        else:
+            lines[row - 1] = line.lstrip(" \t")
+    return "".join(lines)
+
+
 def compile_statement(source, flags):
     """The code of a statement typed so far, None if it goes on, and the flags for the next statement."""
     compiler = codeop.CommandCompiler()

@@ -543,8 +543,8 @@ void TstPlayback::python_goes_whole_to_the_hook()
     QFETCH(bool, python);
     PlaybackSession session;
     QStringList seen;
-    session.playback.set_python_hook([&seen](const QString& path, const QString& source) {
-        seen << path << source;
+    session.playback.set_python_hook([&seen](const Playback::PythonScript& script) {
+        seen << script.path << script.source;
         return true;
     });
     session.write(name, "\xef\xbb\xbf" + bytes);
@@ -556,8 +556,8 @@ void TstPlayback::python_goes_whole_to_the_hook()
 void TstPlayback::python_outcome_is_that_of_the_hook()
 {
     PlaybackSession session;
-    session.playback.set_python_hook([&session](const QString&, const QString& source) {
-        if (source == u"nested"_s)
+    session.playback.set_python_hook([&session](const Playback::PythonScript& script) {
+        if (script.source == u"nested"_s)
             return session.interpreter.run(u"step p"_s) == CommandInterpreter::Result::Done;
         session.interpreter.print_error(u"Traceback\n"_s);
         return false;
@@ -582,9 +582,9 @@ void TstPlayback::python_hook_may_throw()
     PlaybackSession session;
     session.write(u"a.py"_s, "pass");
     session.playback.set_python_hook(
-        [](const QString&, const QString&) -> bool { throw std::runtime_error("bad"); });
+        [](const Playback::PythonScript&) -> bool { throw std::runtime_error("bad"); });
     QCOMPARE(session.playback.play(u"a.py"_s), Outcome::Failed);
-    session.playback.set_python_hook([](const QString&, const QString&) -> bool { throw 42; });
+    session.playback.set_python_hook([](const Playback::PythonScript&) -> bool { throw 42; });
     QCOMPARE(session.playback.play(u"a.py"_s), Outcome::Failed);
     QCOMPARE(session.errors, u"ERROR: bad\nERROR: \"a.py\" failed for an unknown reason\n"_s);
     QVERIFY(!session.playback.is_playing());
@@ -594,7 +594,7 @@ void TstPlayback::python_script_can_be_interrupted_and_stopped()
 {
     PlaybackSession session;
     session.write(u"a.py"_s, "pass");
-    session.playback.set_python_hook([](const QString&, const QString&) {
+    session.playback.set_python_hook([](const Playback::PythonScript&) {
         AppUtil().set_interrupt(true);
         return false;
     });
@@ -697,7 +697,7 @@ void TstPlayback::way_on_leads_through_all_journals()
                              "  played from a.jou:1\n"_s);
     // A script can only be run anew.
     session.take_errors();
-    session.playback.set_python_hook([](const QString&, const QString&) { return false; });
+    session.playback.set_python_hook([](const Playback::PythonScript&) { return false; });
     session.write(u"d.py"_s, "pass");
     QCOMPARE(session.play("step 1\nplay d.py\nstep 2"), Outcome::Failed);
     QCOMPARE(session.errors, u"  played from a.jou:2\n  play on with: play a.jou 2\n"_s);
@@ -735,8 +735,8 @@ void TstPlayback::lines_of_a_script_keep_their_numbers()
 {
     PlaybackSession session;
     QString seen;
-    session.playback.set_python_hook([&seen](const QString&, const QString& source) {
-        seen = source;
+    session.playback.set_python_hook([&seen](const Playback::PythonScript& script) {
+        seen = script.source;
         return true;
     });
     Playback::Origin origin;
