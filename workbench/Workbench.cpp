@@ -62,6 +62,11 @@ static void init_resources()
 
 namespace {
 
+QList<CommandFileFilter> picture_filters()
+{
+    return {{u"PNG"_s, u".png"_s}, {u"JPEG"_s, u".jpg"_s}};
+}
+
 /** How often, in milliseconds, work that goes on gives the shell its turn. */
 constexpr qint64 turn_interval = 50;
 
@@ -217,13 +222,28 @@ void Workbench::set_up_commands()
     });
     fennar.playback().set_change_directory([] { return Broker::instance()->change_dir_on_playback(); });
     fennar.registry().add(
-        {u"python"_s, u"python STATEMENT..."_s, u"Runs a Python statement."_s,
-         u"The words are joined with blanks. Quote the statement if it has quotes of its own, as\n"
-         "    python 'print(\"done\")'"_s,
-         u"workbench"_s, &run_python_command});
-    fennar.registry().add({u"picture"_s, u"picture FILE"_s, u"Writes a picture of the main window."_s,
-                           u"The ending of FILE selects the format, as .png or .jpg."_s, u"workbench"_s,
-                           [this](CommandCall& call) { write_picture(call); }});
+        {.name = u"python"_s,
+         .summary = u"Runs a Python statement."_s,
+         .help = u"The words are joined with blanks. Quote the statement if it has quotes of its own, as\n"
+                 "    python 'print(\"done\")'"_s,
+         .owner = u"workbench"_s,
+         .run = &run_python_command,
+         .forms = {{.clauses = {required_value({.name = u"STATEMENT"_s,
+                                                .kind = CommandParameter::Kind::Text,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Statement"),
+                                                .repeated = true,
+                                                .example = u"print('done')"_s})}}}});
+    fennar.registry().add(
+        {.name = u"picture"_s,
+         .summary = u"Writes a picture of the main window."_s,
+         .help = u"The ending of FILE selects the format, as .png or .jpg."_s,
+         .owner = u"workbench"_s,
+         .run = [this](CommandCall& call) { write_picture(call); },
+         .forms = {{.clauses = {required_value({.name = u"FILE"_s,
+                                                .kind = CommandParameter::Kind::OutputFile,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Picture"),
+                                                .filters = &picture_filters,
+                                                .example = u"window.png"_s})}}}});
     register_component_commands(fennar.registry(), *mComponents);
     register_select_command(fennar.registry(), Scene::instance());
 }

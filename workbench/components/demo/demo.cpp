@@ -239,11 +239,22 @@ std::unique_ptr<DemoWindow> demo_window;
 
 void load()
 {
-    Fennar::instance().registry().add(
-        {u"demo"_s, u"demo [NUMBER]"_s, u"Counts."_s,
-         u"NUMBER is a whole number from 1 to 100. Without it the number of the options page\n"
-         "\"Plugins\", \"Demo\" holds."_s,
-         QString::fromLatin1(owner), &run_command});
+    // What the command takes: for the command panel, for completion, and for the usage that "help" prints.
+    const CommandParameter number{.name = u"NUMBER"_s,
+                                  .kind = CommandParameter::Kind::WholeNumber,
+                                  .label = QT_TRANSLATE_NOOP("CommandParameter", "Number"),
+                                  .least = 1,
+                                  .most = 100,
+                                  .example = u"3"_s};
+    Fennar::instance().registry().add({
+        .name = u"demo"_s,
+        .summary = u"Counts."_s,
+        .help = u"NUMBER is a whole number from 1 to 100. Without it the number of the options page\n"
+                "\"Plugins\", \"Demo\" holds."_s,
+        .owner = QString::fromLatin1(owner),
+        .run = &run_command,
+        .forms = {{.clauses = {optional_value(number)}}},
+    });
     if (Ostrel* window = Ostrel::instance())
         demo_window = std::make_unique<DemoWindow>(window);
 }
