@@ -27,6 +27,7 @@
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandInterpreter.h"
 #include "workbench/fennari19/Fennar.h"
+#include "workbench/fennari19/complete_command.h"
 #include "workbench/navigation/CommandSink.h"
 #include "workbench/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/ostrelfw/HostMediator.h"
@@ -90,6 +91,16 @@ public:
                 result == CommandInterpreter::Result::Failed};
     }
     void reset() override { Fennar::instance().interpreter().reset(); }
+    LineCompletion complete(const QString& line, qsizetype caret) override
+    {
+        Fennar& fennar = Fennar::instance();
+        const QString& entered = fennar.interpreter().entered();
+        LineCompletion completion = complete_command(entered + line, entered.size() + caret,
+                                                     fennar.registry(), fennar.interpreter().variables());
+        completion.start -= entered.size();
+        // A word that has begun on an earlier line cannot be written anew.
+        return completion.start < 0 ? LineCompletion{.start = caret} : completion;
+    }
 };
 
 class PythonLines : public LineInterpreter
@@ -101,6 +112,14 @@ public:
         return {outcome.incomplete, outcome.indent, outcome.failed};
     }
     void reset() override { mConsole.reset(); }
+    LineCompletion complete(const QString& line, qsizetype caret) override
+    {
+        const PythonConsole::Names names = mConsole.complete(line, caret);
+        LineCompletion completion{.start = names.start, .common = names.common};
+        for (const QString& name : names.names)
+            completion.candidates << LineCompletion::Candidate{name, name};
+        return completion;
+    }
 
 private:
     PythonConsole mConsole{PythonRuntime::user_namespace()};

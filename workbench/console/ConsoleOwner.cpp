@@ -6,6 +6,7 @@
 #include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
 #include "journal/JournalEditor.h"
+#include "workbench/console/CompletionKey.h"
 #include "workbench/console/HistorySearch.h"
 #include "workbench/console/LineInterpreter.h"
 
@@ -27,6 +28,8 @@ ConsoleOwner::ConsoleOwner(CommandWindow* window, const QString& history_file)
       mPage(std::make_unique<CommandWidget>()),
       mErrors(std::make_unique<ErrorPage>()),
       mHistory(history_file),
+      mCompletion(std::make_unique<CompletionKey>(
+          mPage.get(), [this](const QString& line, qsizetype caret) { return complete(line, caret); })),
       mSearch(std::make_unique<HistorySearch>(mPage.get(), mHistory))
 {
     mPage->setObjectName(u"commandPage"_s);
@@ -104,6 +107,12 @@ void ConsoleOwner::run_line(const QString& line, const Then& then)
 void ConsoleOwner::run_work(const QString& title, const std::function<void()>& work)
 {
     run_soon({title, work, nullptr});
+}
+
+LineCompletion ConsoleOwner::complete(const QString& line, qsizetype caret) const
+{
+    LineInterpreter* asked = interpreter();
+    return asked && !mRunning ? asked->complete(line, caret) : LineCompletion{.start = caret};
 }
 
 void ConsoleOwner::run_soon(const Task& task)

@@ -5,6 +5,7 @@
 
 #include "workbench/console/CommandHistory.h"
 #include "workbench/console/ErrorPage.h"
+#include "workbench/fennari19/LineCompletion.h"
 
 #include <QObject>
 #include <QPointer>
@@ -16,6 +17,7 @@
 
 class CommandWidget;
 class CommandWindow;
+class CompletionKey;
 class HistorySearch;
 class JournalEditor;
 class LineInterpreter;
@@ -102,6 +104,7 @@ private:
         Then then;
     };
 
+    LineCompletion complete(const QString& line, qsizetype caret) const;
     void run_soon(const Task& task);
     void run_entered(const QString& line);
     void run_pasted(const QStringList& lines);
@@ -116,6 +119,8 @@ private:
     std::unique_ptr<CommandWidget> mPage;
     std::unique_ptr<ErrorPage> mErrors;
     CommandHistory mHistory;
+    std::unique_ptr<CompletionKey> mCompletion;
+    /** Sees keys first: one that ends a search may be for the completion. */
     std::unique_ptr<HistorySearch> mSearch;
     LineInterpreter* mCommands = nullptr;
     LineInterpreter* mPython = nullptr;

@@ -6,11 +6,11 @@
 #include "support/TestCase.h"
 #include "workbench/ostrelfw/OutputRouter.h"
 
+#include <QDeadlineTimer>
 #include <QStringList>
 #include <QTest>
 
 #include <chrono>
-#include <thread>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -25,8 +25,10 @@ public:
     void print_data(const QString& data) override
     {
         printed << data;
-        if (cost > 0ms)
-            std::this_thread::sleep_for(cost);
+        // What it would take to paint.
+        const QDeadlineTimer painted(cost);
+        while (cost > 0ms && !painted.hasExpired())
+            continue;
     }
     void print_command(const QString&) override {}
     void append_command(const QString&) override {}
