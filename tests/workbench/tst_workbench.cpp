@@ -101,6 +101,9 @@ private slots:
     void command_that_throws_is_an_error_data();
     void command_that_throws_is_an_error();
     void up_and_down_walk_the_history();
+    void tab_completes_commands_and_files();
+    void second_tab_lists_what_could_be_typed();
+    void tab_completes_python();
     void pasted_python_block_runs();
     void mode_buttons_work_by_mouse();
     void panel_entries_are_the_commands_as_the_registry_has_them_data();
@@ -846,6 +849,52 @@ void TstWorkbench::journal_is_played_once_the_model_is_open()
     QTRY_VERIFY2(text().endsWith(u"\nwas played\nFennar>"_s), qPrintable(text()));
     registry.remove_owner(u"test"_s);
     QCOMPARE(opened, QStringList(u"/a model"_s));
+}
+
+void TstWorkbench::tab_completes_commands_and_files()
+{
+    const QString path = write_journal(u"my journal.jou"_s, "echo completed\n");
+    QTest::keyClicks(page(), u"pla"_s);
+    QTest::keyClick(page(), Qt::Key_Tab);
+    QCOMPARE(page()->currentCommand(), u"play "_s);
+    QTest::keyClicks(page(), mDirectory.path() + u"/my"_s);
+    QTest::keyClick(page(), Qt::Key_Tab);
+    QTest::keyClick(page(), Qt::Key_Return);
+    QVERIFY2(text().endsWith(u"\ncompleted\nFennar>"_s), qPrintable(text()));
+    // A line that goes on knows what stood ahead.
+    enter(u"help \\"_s);
+    QTest::keyClicks(page(), u"hist"_s);
+    QTest::keyClick(page(), Qt::Key_Tab);
+    QCOMPARE(page()->currentCommand(), u"history "_s);
+    enter(QString());
+    QVERIFY2(text().contains(u"Usage: history"_s), qPrintable(text()));
+}
+
+void TstWorkbench::second_tab_lists_what_could_be_typed()
+{
+    QTest::keyClicks(page(), u"h"_s);
+    QTest::keyClick(page(), Qt::Key_Tab);
+    QTest::keyClick(page(), Qt::Key_Tab);
+    QVERIFY2(text().endsWith(u"\nhelp     history\nFennar>h"_s) ||
+                 text().startsWith(u"help     history\nFennar>h"_s),
+             qPrintable(text()));
+    page()->setCurrentCommand({});
+}
+
+void TstWorkbench::tab_completes_python()
+{
+    python_mode(true);
+    enter(u"some_wheel = 40"_s);
+    QTest::keyClicks(page(), u"print(some_wh"_s);
+    QTest::keyClick(page(), Qt::Key_Tab);
+    QTest::keyClicks(page(), u" + 2)"_s);
+    QTest::keyClick(page(), Qt::Key_Return);
+    QVERIFY2(text().endsWith(u"\n42\n>>>"_s), qPrintable(text()));
+    enter(u"import os"_s);
+    QTest::keyClicks(page(), u"os.path.exis"_s);
+    QTest::keyClick(page(), Qt::Key_Tab);
+    QCOMPARE(page()->currentCommand(), u"os.path.exists"_s);
+    page()->setCurrentCommand({});
 }
 
 OSTREL_TEST_MAIN(TstWorkbench)

@@ -896,7 +896,10 @@ void TstJournalPlayer::example_in_python_is_the_translation_of_its_journal()
     editor()->pythonizeFile();
     QFile file(folder + u"/plate.py"_s);
     QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(document()->toPlainText(), QString::fromUtf8(file.readAll()));
+    // The editor leaves an empty line at the end.
+    const QString translated = document()->toPlainText().trimmed();
+    const QString shipped = QString::fromUtf8(file.readAll()).trimmed();
+    QVERIFY2(translated == shipped, qPrintable(translated.right(60)));
 }
 
 OSTREL_TEST_MAIN(TstJournalPlayer)
