@@ -22,8 +22,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** How far the hint stands from the command line, in pixels. */
-constexpr int gap = 2;
+/** How far the hint's text stands from its left side, in pixels. */
+constexpr int indent = 4;
 
 bool is_search_key(const QKeyEvent* event)
 {
@@ -53,7 +53,8 @@ HistorySearch::HistorySearch(CommandWidget* page, CommandHistory& history)
     mHint->setAutoFillBackground(true);
     mHint->setBackgroundRole(QPalette::ToolTipBase);
     mHint->setForegroundRole(QPalette::ToolTipText);
-    mHint->setMargin(gap);
+    mHint->setIndent(indent);
+    mHint->setContentsMargins(0, 0, indent, 0);
     mHint->setAttribute(Qt::WA_TransparentForMouseEvents);
     mHint->hide();
     page->installEventFilter(this);
@@ -240,7 +241,7 @@ void HistorySearch::place_hint()
     if (!mActive)
         return;
     const QRect line = mPage->cursorRect(QTextCursor(mPage->document()->lastBlock()));
-    const int above = line.top() - gap - mHint->height();
+    const int above = line.top() - mHint->height();
     const int lowest = std::max(mPage->viewport()->height() - mHint->height(), 0);
-    mHint->move(gap, std::clamp(above >= 0 ? above : line.bottom() + gap, 0, lowest));
+    mHint->move(0, std::clamp(above >= 0 ? above : line.bottom() + 1, 0, lowest));
 }

@@ -21,7 +21,8 @@ struct LineCompletion
     qsizetype start = 0;
     /** Sorted; empty if nothing is known to fit. */
     QList<Candidate> candidates = {};
-    /** What all candidates begin with, as it is put into the line; never shorter than what was typed means. */
+    /** What all candidates begin with, as it is put into the line; never shorter than what was typed means.
+     */
     QString common = {};
     /** Whether a blank belongs behind a single candidate that ends the line. */
     bool followed = false;
