@@ -3,6 +3,7 @@
 
 #include "workbench/Workbench.h"
 
+#include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
 #include "files/FileLineEdit.h"
 #include "frame/Ostrel.h"
@@ -30,6 +31,7 @@
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandInterpreter.h"
 #include "workbench/fennari19/Fennar.h"
+#include "workbench/fennari19/complete_command.h"
 #include "workbench/navigation/CommandSink.h"
 #include "workbench/navigation/FormServices.h"
 #include "workbench/ostrelfw/FrameworkInterpreters.h"
@@ -102,9 +104,22 @@ class CommandLines : public LineInterpreter
 public:
     Outcome enter(const QString& line) override
     {
-        return {Fennar::instance().interpreter().enter(line) == CommandInterpreter::Result::Incomplete, {}};
+        const CommandInterpreter::Result result = Fennar::instance().interpreter().enter(line);
+        return {result == CommandInterpreter::Result::Incomplete,
+                {},
+                result == CommandInterpreter::Result::Failed};
     }
     void reset() override { Fennar::instance().interpreter().reset(); }
+    LineCompletion complete(const QString& line, qsizetype caret) override
+    {
+        Fennar& fennar = Fennar::instance();
+        const QString& entered = fennar.interpreter().entered();
+        LineCompletion completion = complete_command(entered + line, entered.size() + caret,
+                                                     fennar.registry(), fennar.interpreter().variables());
+        completion.start -= entered.size();
+        // A word that has begun on an earlier line cannot be written anew.
+        return completion.start < 0 ? LineCompletion{.start = caret} : completion;
+    }
 };
 
 class PythonLines : public LineInterpreter
@@ -113,9 +128,17 @@ public:
     Outcome enter(const QString& line) override
     {
         const PythonConsole::Outcome outcome = mConsole.enter(line);
-        return {outcome.incomplete, outcome.indent};
+        return {outcome.incomplete, outcome.indent, outcome.failed};
     }
     void reset() override { mConsole.reset(); }
+    LineCompletion complete(const QString& line, qsizetype caret) override
+    {
+        const PythonConsole::Names names = mConsole.complete(line, caret);
+        LineCompletion completion{.start = names.start, .common = names.common};
+        for (const QString& name : names.names)
+            completion.candidates << LineCompletion::Candidate{name, name};
+        return completion;
+    }
 
 private:
     PythonConsole mConsole{PythonRuntime::user_namespace()};
@@ -160,6 +183,13 @@ bool asks_before_it_closes(const JournalEditor* editor)
     return JournalEditor::do_save_prompt() &&
            std::any_of(documents.begin(), documents.end(),
                        [](const QPlainTextEdit* document) { return document->document()->isModified(); });
+}
+
+/** Tells why a journal is left out. */
+QString not_played(const QString& journal)
+{
+    return u"ERROR: %1 is not played, since the model could not be opened\n"_s.arg(
+        CommandError::shown(journal, journal.size()));
 }
 
 /** Fills the about dialog in. */
@@ -208,7 +238,11 @@ Workbench::~Workbench()
 void Workbench::set_up_commands()
 {
     Fennar& fennar = Fennar::instance();
-    fennar.interpreter().set_output([](const QString& text) { Broker::command << text; });
+    // A command that prints can be watched and cancelled, whether or not it tells its progress.
+    fennar.interpreter().set_output([this](const QString& text) {
+        Broker::command << text;
+        give_turn();
+    });
     fennar.interpreter().set_error_output([this](const QString& text) { report_error(text); });
     fennar.services().history = [this] { return mConsole ? mConsole->history().entries() : QStringList(); };
     fennar.services().quit = [this] { quit(); };
@@ -218,10 +252,13 @@ void Workbench::set_up_commands()
     fennar.playback().set_echo([this](const QString& line) { echo(line); });
     fennar.playback().set_turn([this] { give_turn(); });
     fennar.playback().set_wait([this] {
+        OutputRouter::instance().flush();
         std::this_thread::sleep_for(pause_interval);
         mFrame.check_interrupt_session(nullptr);
     });
-    fennar.playback().set_python_hook(&PythonRuntime::run_file);
+    fennar.playback().set_python_hook([](const Playback::PythonScript& script) {
+        return PythonRuntime::run_file(script.path, script.source, script.piece);
+    });
     fennar.playback().set_change_directory([] { return Broker::instance()->change_dir_on_playback(); });
     fennar.registry().add(
         {.name = u"python"_s,
@@ -266,7 +303,12 @@ void Workbench::set_up_python()
         return done;
     };
     hooks.wake = [this] { announce_output(); };
-    hooks.turn = [this] { give_turn(); };
+    hooks.turn = [this] {
+        give_turn();
+        Playback& playback = Fennar::instance().playback();
+        playback.script_reached(PythonRuntime::line_reached(playback.script_in_play()));
+        pass_interrupt_on();
+    };
     hooks.extend = &add_python_actions;
     PythonRuntime::start_when_needed(hooks);
     set_framework_interpreters(make_python_interpreter(PythonRuntime::framework_namespace()),
@@ -372,7 +414,7 @@ void Workbench::finish_start()
     PythonRuntime::is_ready();
     const auto ready = [this] {
         mReady = true;
-        run_waiting();
+        run_start();
     };
     if (mWithComponents)
         mComponents->start(ready);
@@ -399,28 +441,34 @@ void Workbench::unload()
     mFrame.unload_gui();
 }
 
-void Workbench::open_later(const QString& file)
+void Workbench::start_later(const QString& model, const QString& journal)
 {
-    run_later(u"open "_s + quote_word(file));
-}
-
-void Workbench::play_later(const QString& journal)
-{
-    run_later(u"play "_s + quote_word(journal));
-}
-
-void Workbench::run_later(const QString& line)
-{
-    mWaiting << line;
+    mStartModel = model;
+    mStartJournal = journal;
     if (mReady)
-        run_waiting();
+        run_start();
 }
 
-void Workbench::run_waiting()
+void Workbench::run_start()
 {
-    const QStringList lines = std::exchange(mWaiting, {});
-    for (const QString& line : lines)
-        QTimer::singleShot(0, Ostrel::instance(), [this, line] { mConsole->run_line(line); });
+    // From the event loop, so that the window is up.
+    QTimer::singleShot(0, Ostrel::instance(), [this] {
+        if (mStartModel.isEmpty())
+            play_start(true);
+        else
+            mConsole->run_line(u"open "_s + quote_word(mStartModel), [this](bool done) { play_start(done); });
+    });
+}
+
+void Workbench::play_start(bool opened)
+{
+    const QString journal = std::exchange(mStartJournal, {});
+    if (journal.isEmpty())
+        return;
+    if (opened)
+        mConsole->run_line(u"play "_s + quote_word(journal));
+    else
+        report_error(not_played(journal));
 }
 
 int Workbench::play_batch(const QString& journal, const QString& model)
@@ -434,6 +482,8 @@ int Workbench::play_batch(const QString& journal, const QString& model)
     Fennar& fennar = Fennar::instance();
     const bool opened = model.isEmpty() || fennar.interpreter().run(u"open "_s + quote_word(model)) ==
                                                CommandInterpreter::Result::Done;
+    if (!opened)
+        report_error(not_played(journal));
     const bool played = opened && fennar.playback().play(journal) == Playback::Outcome::Played;
     mComponents->unload_all();
     PythonRuntime::deliver_output();
@@ -478,10 +528,10 @@ void Workbench::report_error(const QString& text)
 
 void Workbench::echo(const QString& line)
 {
-    if (OutputHandler* window = OutputRouter::instance().window())
-        window->print_command(line);
-    else
-        Broker::command << u"Fennar>"_s << line << u"\n"_s;
+    // As output and not as a command of the window: a journal of many lines then reaches the page in few
+    // pieces.
+    OutputRouter::instance().print_line((mConsole ? mConsole->command_page()->prompt() : u"Fennar>"_s) +
+                                        line);
 }
 
 void Workbench::announce_output()
@@ -494,6 +544,7 @@ void Workbench::announce_output()
 
 void Workbench::set_busy(bool busy)
 {
+    OutputRouter::instance().set_gathering(busy);
     mFrame.enable_cancel(busy);
     mWork.reset();
     if (busy)
@@ -517,6 +568,10 @@ void Workbench::give_turn()
 {
     if (mLastTurn.elapsed() < turn_interval)
         return;
+    // Both before and after: what the turn lets in may print, and a long turn must not be followed by the
+    // next.
+    mLastTurn.start();
+    OutputRouter::instance().flush();
     mFrame.check_interrupt_session(nullptr);
     pass_interrupt_on();
     mLastTurn.start();
@@ -543,6 +598,7 @@ void Workbench::write_picture(CommandCall& call)
     Ostrel* window = Ostrel::instance();
     if (!window)
         throw call.error(0, u"there is no window to take a picture of"_s);
+    OutputRouter::instance().flush();
     // Right after the start the window system has not laid the window out yet.
     const QDeadlineTimer patience(picture_patience);
     do {

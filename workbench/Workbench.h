@@ -68,12 +68,13 @@ public:
     void unload();
 
     /**
-     * Opens the model @p file as though "open" had been typed, once the components are loaded: the command is
-     * that of a component. To be called before play_later().
+     * Opens a model and plays a journal as though "open" and "play" had been typed, once the components are
+     * loaded: "open" is the command of one.
+     *
+     * @param model    the path of its file; empty for none. If it cannot be opened, nothing is played.
+     * @param journal  the path of its file; empty for none.
      */
-    void open_later(const QString& file);
-    /** Plays @p journal as though "play" had been typed, once the components are loaded. */
-    void play_later(const QString& journal);
+    void start_later(const QString& model, const QString& journal);
 
     /**
      * Loads the components and plays @p journal, without a window. Output goes to standard output, errors to
@@ -100,8 +101,8 @@ private:
     void report_error(const QString& text);
     void echo(const QString& line);
     void announce_output();
-    void run_later(const QString& line);
-    void run_waiting();
+    void run_start();
+    void play_start(bool opened);
     void set_busy(bool busy);
     void show_progress(const QString& journal, int percent);
     void give_turn();
@@ -134,7 +135,8 @@ private:
     QDeadlineTimer mStartPatience;
     /** Whether the components are loaded, and lines need not wait for them. */
     bool mReady = false;
-    /** The lines that wait for the components. */
-    QStringList mWaiting;
+    /** What waits for the components; see start_later(). */
+    QString mStartModel;
+    QString mStartJournal;
     bool mQuitting = false;
 };

@@ -115,9 +115,18 @@ public:
      *
      * @param path    its file name, for tracebacks and __file__; the file is not read.
      * @param source  its text.
+     * @param piece   whether it is a piece of a script: its lines may then all be indented.
      * @return false if an exception was raised, SystemExit included; it has then been reported.
      */
-    static bool run_file(const QString& path, const QString& source);
+    static bool run_file(const QString& path, const QString& source, bool piece = false);
+
+    /**
+     * The line of the script @p path that run_file() has reached, for the hook for turns; within a function,
+     * the line that has called it.
+     *
+     * @return 0 if none of that path runs.
+     */
+    static int line_reached(const QString& path);
 
     /** Where the application's own Python code runs. Empty while Python does not run. */
     static PythonNamespace& framework_namespace();

@@ -52,7 +52,8 @@ public:
     /** An error at word @p i with a message of its own. To be thrown. */
     CommandError error(qsizetype i, const QString& message) const;
 
-    /** Prints on the interpreter's output; @p text brings its own line ends. */
+    /** Prints on the interpreter's output; @p text brings its own line ends. In the workbench this gives the
+     * shell a turn now and then, so that a command that prints in a loop need only test interrupted(). */
     void print(const QString& text);
     /** Whether the user wants the command to stop. A long command tests it and throws. */
     bool interrupted() const;

@@ -56,6 +56,8 @@ public:
     Result enter(const QString& line);
     /** Forgets the lines of a command that is not complete yet. */
     void reset() { mEntered.clear(); }
+    /** What was entered of a command that is not complete yet, its lines joined. */
+    const QString& entered() const { return mEntered.text(); }
     /** Whether the last line entered was continued. */
     bool incomplete() const { return mEntered.is_incomplete(); }
 
