@@ -42,11 +42,13 @@
 #include "workbench/python_literal.h"
 #include "workbench/scene/Scene.h"
 #include "workbench/scene/select_command.h"
+#include "workbench/windows/ColourScheme.h"
+#include "workbench/windows/WindowCommands.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDeadlineTimer>
 #include <QGuiApplication>
-#include <QPixmap>
 #include <QPlainTextEdit>
 #include <QStandardPaths>
 #include <QTimer>
@@ -78,11 +80,6 @@ QWidget* make_file_field(QWidget* parent, bool open, const QList<CommandFileFilt
     return field;
 }
 
-QList<CommandFileFilter> picture_filters()
-{
-    return {{u"PNG"_s, u".png"_s}, {u"JPEG"_s, u".jpg"_s}};
-}
-
 /** How often, in milliseconds, work that goes on gives the shell its turn. */
 constexpr qint64 turn_interval = 50;
 
@@ -95,9 +92,6 @@ constexpr qint64 splash_patience = 300;
 /** How often, and for how many milliseconds at most, the start looks whether the window has been painted. */
 constexpr auto start_interval = 2ms;
 constexpr qint64 start_patience = 2000;
-
-/** How long, in milliseconds, a picture waits for the window to come to the screen. */
-constexpr qint64 picture_patience = 2000;
 
 class CommandLines : public LineInterpreter
 {
@@ -227,6 +221,8 @@ Workbench::Workbench(const QString& data_directory) : mDataDirectory(data_direct
 Workbench::~Workbench()
 {
     mComponents.reset();
+    mScheme.reset();
+    mWindowCommands.reset();
     PythonRuntime::stop();
     set_form_services({});
     Fennar::instance().application() = {};
@@ -272,17 +268,14 @@ void Workbench::set_up_commands()
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Statement"),
                                                 .repeated = true,
                                                 .example = u"print('done')"_s})}}}});
-    fennar.registry().add(
-        {.name = u"picture"_s,
-         .summary = u"Writes a picture of the main window."_s,
-         .help = u"The ending of FILE selects the format, as .png or .jpg."_s,
-         .owner = u"workbench"_s,
-         .run = [this](CommandCall& call) { write_picture(call); },
-         .forms = {{.clauses = {required_value({.name = u"FILE"_s,
-                                                .kind = CommandParameter::Kind::OutputFile,
-                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Picture"),
-                                                .filters = &picture_filters,
-                                                .example = u"window.png"_s})}}}});
+    mWindowCommands = std::make_unique<WindowCommands>(
+        fennar.registry(),
+        [this] {
+            mFrame.check_interrupt_session(nullptr);
+            pass_interrupt_on();
+        },
+        [this](const QString& text) { report_error(text); });
+    mScheme = std::make_unique<ColourScheme>(fennar.registry());
     set_form_services({&fennar.registry(), &fennar.interpreter().variables(), &make_file_field});
     register_component_commands(fennar.registry(), *mComponents);
     register_select_command(fennar.registry(), Scene::instance());
@@ -374,6 +367,8 @@ void follow_unloaded_components()
 
 bool Workbench::load()
 {
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()))
+        mScheme->restore();
     mFrame.start_splash(":/workbench/splash.png");
     wait_for_windows();
     mFrame.show_splash_message("Loading the main window");
@@ -390,6 +385,7 @@ bool Workbench::load()
     set_command_sink([this](const QString& command) { run_panel_command(command); });
     Ostrel::instance()->set_title(u"Fennar"_s);
     describe_product();
+    mScheme->add_to_menu(Ostrel::instance());
     set_up_playback();
     add_panel_options();
     follow_unloaded_components();
@@ -438,6 +434,8 @@ void Workbench::unload()
     Fennar::instance().playback().set_pause_changed(nullptr);
     Fennar::instance().playback().set_hints(false);
     mPlayer.reset();
+    if (Ostrel* window = Ostrel::instance())
+        mScheme->remove_from_menu(window);
     mFrame.unload_gui();
 }
 
@@ -589,23 +587,6 @@ void Workbench::run_panel_command(const QString& command)
 {
     // The panel offers commands in Python mode, too.
     mConsole->run_line(mConsole->python_mode() ? u"fennar.cmd(%1)"_s.arg(python_literal(command)) : command);
-}
-
-void Workbench::write_picture(CommandCall& call)
-{
-    const QString file = call.text(1, u"the name of a picture file");
-    call.expect_end();
-    Ostrel* window = Ostrel::instance();
-    if (!window)
-        throw call.error(0, u"there is no window to take a picture of"_s);
-    OutputRouter::instance().flush();
-    // Right after the start the window system has not laid the window out yet.
-    const QDeadlineTimer patience(picture_patience);
-    do {
-        mFrame.check_interrupt_session(nullptr);
-    } while (!window->windowHandle()->isExposed() && !patience.hasExpired());
-    if (!window->grab().save(file))
-        throw call.error(1, u"the picture cannot be written to \"%1\""_s.arg(file));
 }
 
 void Workbench::quit()

@@ -16,12 +16,13 @@
 #include <mutex>
 #include <optional>
 
-class CommandCall;
+class ColourScheme;
 class ComponentManager;
 class ConsoleOwner;
 class JournalPlayer;
 class LineInterpreter;
 class OutputHandler;
+class WindowCommands;
 
 /**
  * The reference application: joins the shell, the command interpreter, Python and the console owner.
@@ -108,7 +109,6 @@ private:
     void give_turn();
     void pass_interrupt_on();
     void run_panel_command(const QString& command);
-    void write_picture(CommandCall& call);
     void quit();
     void stop_running();
     void end_run();
@@ -123,6 +123,8 @@ private:
     std::unique_ptr<JournalPlayer> mPlayer;
     CloseGuard mCloseGuard;
     std::unique_ptr<ComponentManager> mComponents;
+    std::unique_ptr<ColourScheme> mScheme;
+    std::unique_ptr<WindowCommands> mWindowCommands;
     QElapsedTimer mLastTurn;
     /** The line that runs on the console. */
     std::optional<InterruptScope> mWork;

@@ -81,6 +81,13 @@ public:
     /** To be called by a view when it no longer does; once for each add_viewer(). */
     void remove_viewer();
 
+    /** Whether shapes or meshes that viewers want are still to come. */
+    bool is_awaited() const { return mWorkers > 0; }
+    /** To be called by an owner of items when it begins to make what viewers want. */
+    void begin_work();
+    /** To be called when all of it is there or nobody wants it; once for each begin_work(). */
+    void end_work();
+
 signals:
     /** The item has come, has changed, or has gone. A change of what is selected does not count. */
     void item_changed(int id);
@@ -93,4 +100,5 @@ private:
     std::map<int, Item> mItems;
     int mLastId = 0;
     int mViewers = 0;
+    int mWorkers = 0;
 };

@@ -115,7 +115,7 @@ private:
 
 DemoWindow::DemoWindow(Ostrel* window)
     : mWindow(window),
-      mCount(make_action("demoCount", tr("&Count"), QStyle::SP_MediaPlay)),
+      mCount(make_action("demoCount", tr("&Count"), QStyle::SP_DialogApplyButton)),
       mReset(make_action("demoReset", tr("&Reset"), QStyle::SP_BrowserReload)),
       mMore(make_action("demoMore", tr("&More"), QStyle::SP_ArrowUp)),
       mLess(make_action("demoLess", tr("&Less"), QStyle::SP_ArrowDown)),

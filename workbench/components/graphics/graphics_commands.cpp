@@ -105,7 +105,7 @@ bool register_graphics_commands(CommandRegistry& registry, GraphicsState& state)
          .forms = {{}}},
         {.name = u"display"_s,
          .summary = u"Tells or sets what the graphics view shows."_s,
-         .help = u"shaded     surfaces; without them all edges are seen\n"
+         .help = u"shaded     surfaces; without them all edges are seen, and some lines on what is curved\n"
                  "wireframe  edges\n"
                  "mesh       the mesh in place of the surfaces, where there is one\n"
                  "opengl     draw by OpenGL, where there is one; the pictures are the same"_s,
