@@ -39,9 +39,9 @@ endforeach()
 
 # Qt's SVG plugins are loaded at run time, so no library asks for them. The release that the package is built on
 # decides which package has them.
-file(GLOB svg_plugin ${Qt6_DIR}/../../qt6/plugins/imageformats/libqsvg.so)
 set(svg_package "qt6-svg-plugins")
-execute_process(COMMAND dpkg-query --search ${svg_plugin} OUTPUT_VARIABLE owner ERROR_QUIET RESULT_VARIABLE failed)
+execute_process(COMMAND dpkg-query --search */plugins/imageformats/libqsvg.so
+    OUTPUT_VARIABLE owner ERROR_QUIET RESULT_VARIABLE failed)
 if(NOT failed AND owner MATCHES "^([^:,]+)[:,]")
     set(svg_package ${CMAKE_MATCH_1})
 endif()

@@ -183,13 +183,16 @@ class InstalledProgram(unittest.TestCase):
             self.assertRegex(globs, rf"(?m)^\d+:{re.escape(kind)}:\*\.\w+$")
         self.assertRegex(globs, r"(?m)^\d+:text/x-fennar-journal:\*\.jou$")
 
-    def check_window(self, command, kind, text, environment=()):
-        """The program opens one window that is found by what it says, and ends well when that is closed."""
+    def check_window(self, command, title, program_class=None, environment=()):
+        """The program opens one window with the title, and ends well when that is closed."""
         program = subprocess.Popen(command, env={**os.environ, **dict(environment)}, stdin=subprocess.DEVNULL,
                                    stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
         try:
-            window = run("timeout", "60", "xdotool", "search", "--sync", "--onlyvisible", kind, f"^{text}$").split()
+            window = run("timeout", "60", "xdotool", "search", "--sync", "--onlyvisible", "--name", f"^{title}$").split()
             self.assertEqual(len(window), 1)
+            if program_class:
+                self.assertIn(window[0], run("xdotool", "search", "--onlyvisible", "--classname",
+                                             f"^{program_class}$").split())
             run("xdotool", "windowactivate", "--sync", window[0], "key", "--clearmodifiers", "alt+F4")
             output, _ = program.communicate(timeout=60)
         finally:
@@ -199,12 +202,12 @@ class InstalledProgram(unittest.TestCase):
 
     def test_the_desktop_tells_by_its_entry_whose_the_window_is(self):
         self.check_window([self.path("bin", "fennar"), "--settings", os.path.join(folder, "settings.ini"), "--no-components"],
-                          "--classname", self.entry()["StartupWMClass"])
+                          self.entry()["Name"], self.entry()["StartupWMClass"])
 
     # --- hosts
 
     def test_a_host_builds_and_opens_its_window_with_the_cmake_package(self):
-        self.check_window([os.path.join(self.build("host"), "host"), "By CMake"], "--name", "By CMake")
+        self.check_window([os.path.join(self.build("host"), "host"), "By CMake"], "By CMake")
 
     def test_a_host_builds_and_opens_its_window_with_pkg_config(self):
         env = {**os.environ, "PKG_CONFIG_PATH": os.path.join(libraries, "pkgconfig")}
@@ -213,7 +216,7 @@ class InstalledProgram(unittest.TestCase):
         run("g++", "-std=c++20", os.path.join(HERE, "host", "main.cpp"), "-o", program, *shlex.split(flags))
         self.assertEqual(run("pkg-config", "--modversion", "ostrelgui", env=env).strip(),
                          run(self.path("bin", "fennar"), "--version").split()[1])
-        self.check_window([program, "By hand"], "--name", "By hand", {"LD_LIBRARY_PATH": libraries})
+        self.check_window([program, "By hand"], "By hand", environment={"LD_LIBRARY_PATH": libraries})
 
     def test_a_package_of_another_interface_is_not_taken(self):
         for version, taken in (("0.1", True), ("0.2", False), ("0.0", False)):
