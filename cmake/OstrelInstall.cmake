@@ -62,6 +62,11 @@ if(OSTREL_BUILD_WORKBENCH)
     install(FILES ${CMAKE_BINARY_DIR}/install/fennar DESTINATION ${CMAKE_INSTALL_BINDIR})
     install(DIRECTORY workbench/journals DESTINATION ${CMAKE_INSTALL_DATADIR}/fennar)
 
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/workbench/desktop/fennar.1)
+    file(ARCHIVE_CREATE OUTPUT ${CMAKE_BINARY_DIR}/install/fennar.1.gz PATHS ${CMAKE_SOURCE_DIR}/workbench/desktop/fennar.1
+        FORMAT raw COMPRESSION GZip COMPRESSION_LEVEL 9 MTIME 0)
+    install(FILES ${CMAKE_BINARY_DIR}/install/fennar.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+
     # Its place on the desktop.
     install(FILES workbench/desktop/fennar.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
     install(FILES workbench/desktop/fennar.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)

@@ -28,7 +28,7 @@ set(package_dir ${CMAKE_BINARY_DIR}/package)
 configure_file(cmake/package/copyright.in ${package_dir}/copyright @ONLY)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/CHANGELOG.md)
 file(ARCHIVE_CREATE OUTPUT ${package_dir}/changelog.gz PATHS ${CMAKE_SOURCE_DIR}/CHANGELOG.md
-    FORMAT raw COMPRESSION GZip COMPRESSION_LEVEL 9)
+    FORMAT raw COMPRESSION GZip COMPRESSION_LEVEL 9 MTIME 0)
 foreach(part fennar:runtime libostrelgui-dev:development)
     string(REGEX REPLACE "(.*):(.*)" "${CMAKE_INSTALL_DATADIR}/doc/\\1;package-\\2" part ${part})
     list(GET part 0 directory)
@@ -71,6 +71,9 @@ with a window or in batch runs.
 The package also has the library ostrelgui, the graphical shell that the
 program is built on.")
 set(CPACK_DEBIAN_FENNAR_PACKAGE_SHLIBDEPS ON)
+# Other packages that link its libraries depend on this very version.
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY "=")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
 set(CPACK_DEBIAN_FENNAR_PACKAGE_DEPENDS ${svg_package})
 # OpenGL without a graphics card; the program that Python code finds as sys.executable.

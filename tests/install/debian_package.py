@@ -144,9 +144,16 @@ class DebianPackage(unittest.TestCase):
         out = tempfile.mkdtemp(dir=folder)
         run("dpkg-deb", "--control", program.file, out)
         # CPack adds scripts that call ldconfig, too.
-        self.assertLessEqual(set(os.listdir(out)), {"control", "md5sums", "triggers", "postinst", "postrm"})
+        self.assertLessEqual(set(os.listdir(out)), {"control", "md5sums", "shlibs", "triggers", "postinst", "postrm"})
         with open(os.path.join(out, "triggers"), encoding="utf-8") as file:
             self.assertEqual(file.read(), "activate-noawait ldconfig\n")
+
+    def test_packages_that_link_the_libraries_are_bound_to_this_version(self):
+        out = tempfile.mkdtemp(dir=folder)
+        run("dpkg-deb", "--control", program.file, out)
+        interface = ".".join(version.split(".")[:2])
+        with open(os.path.join(out, "shlibs"), encoding="utf-8") as file:
+            self.assertIn(f"libostrelgui {interface} fennar (= {version}-1)\n", file.read())
 
     def test_programs_and_libraries_are_stripped(self):
         out = tempfile.mkdtemp(dir=folder)

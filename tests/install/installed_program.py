@@ -151,6 +151,13 @@ class InstalledProgram(unittest.TestCase):
         with open(os.path.join(work, "window.png"), "rb") as file:
             self.assertTrue(file.read(8) == b"\x89PNG\r\n\x1a\n")
 
+    def test_the_manual_page_tells_of_all_options(self):
+        page = run("gzip", "-dc", self.path("share", "man", "man1", "fennar.1.gz")).replace("\\-", "-")
+        options = set(re.findall(r"--[a-z-]+", run(self.path("bin", "fennar"), "--help")))
+        self.assertGreater(len(options), 4)
+        self.assertEqual({option for option in options if option not in page}, set())
+        self.assertNotIn("\n\n", page)
+
     # --- the desktop
 
     def entry(self):
