@@ -76,10 +76,6 @@ if(OSTREL_BUILD_WORKBENCH)
         RENAME fennar.png)
 endif()
 
-# Translations, as far as there are any.
-install(DIRECTORY ${CMAKE_BINARY_DIR}/translations/ DESTINATION ${CMAKE_INSTALL_DATADIR}/ostrel/translations
-    OPTIONAL FILES_MATCHING PATTERN "*.qm")
-
 foreach(header IN LISTS public_headers)
     get_filename_component(folder ${header} DIRECTORY)
     install(FILES ${header} DESTINATION ${ostrel_include_dir}/${folder} COMPONENT development)

@@ -76,8 +76,8 @@ set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY "=")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
 set(CPACK_DEBIAN_FENNAR_PACKAGE_DEPENDS ${svg_package})
-# OpenGL without a graphics card; the program that Python code finds as sys.executable.
-set(CPACK_DEBIAN_FENNAR_PACKAGE_RECOMMENDS "libgl1-mesa-dri, python3")
+# OpenGL without a graphics card; the program that Python code finds as sys.executable; Qt's own texts in other languages.
+set(CPACK_DEBIAN_FENNAR_PACKAGE_RECOMMENDS "libgl1-mesa-dri, python3, qt6-translations-l10n")
 set(CPACK_DEBIAN_FENNAR_PACKAGE_SUGGESTS libostrelgui-dev)
 set(CPACK_DEBIAN_FENNAR_PACKAGE_CONTROL_EXTRA ${CMAKE_SOURCE_DIR}/cmake/package/triggers)
 
