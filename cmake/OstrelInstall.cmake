@@ -26,6 +26,16 @@ function(ostrel_collect_headers list header)
     set(${list} ${headers} PARENT_SCOPE)
 endfunction()
 
+# Compresses a text of the tree, or one that has been made.
+function(ostrel_compress_text source target)
+    cmake_path(ABSOLUTE_PATH source BASE_DIRECTORY ${CMAKE_SOURCE_DIR})
+    if(NOT source MATCHES "^${CMAKE_BINARY_DIR}")
+        set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${source})
+    endif()
+    # Without name and time, so that the same text gives the same file.
+    execute_process(COMMAND gzip -9nc INPUT_FILE ${source} OUTPUT_FILE ${target} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
 # The shell's exported classes, all of host/, and what they include.
 file(GLOB_RECURSE candidates RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS
     ${CMAKE_SOURCE_DIR}/frame/*.h ${CMAKE_SOURCE_DIR}/console/*.h ${CMAKE_SOURCE_DIR}/files/*.h
@@ -62,9 +72,7 @@ if(OSTREL_BUILD_WORKBENCH)
     install(FILES ${CMAKE_BINARY_DIR}/install/fennar DESTINATION ${CMAKE_INSTALL_BINDIR})
     install(DIRECTORY workbench/journals DESTINATION ${CMAKE_INSTALL_DATADIR}/fennar)
 
-    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/workbench/desktop/fennar.1)
-    file(ARCHIVE_CREATE OUTPUT ${CMAKE_BINARY_DIR}/install/fennar.1.gz PATHS ${CMAKE_SOURCE_DIR}/workbench/desktop/fennar.1
-        FORMAT raw COMPRESSION GZip COMPRESSION_LEVEL 9 MTIME 0)
+    ostrel_compress_text(workbench/desktop/fennar.1 ${CMAKE_BINARY_DIR}/install/fennar.1.gz)
     install(FILES ${CMAKE_BINARY_DIR}/install/fennar.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
     # Its place on the desktop.

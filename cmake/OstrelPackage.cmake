@@ -26,14 +26,23 @@ ostrel_read_indented(ostrel_licence LICENSE)
 ostrel_read_indented(font_licence resources/fonts/OFL.txt)
 set(package_dir ${CMAKE_BINARY_DIR}/package)
 configure_file(cmake/package/copyright.in ${package_dir}/copyright @ONLY)
-set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/CHANGELOG.md)
-file(ARCHIVE_CREATE OUTPUT ${package_dir}/changelog.gz PATHS ${CMAKE_SOURCE_DIR}/CHANGELOG.md
-    FORMAT raw COMPRESSION GZip COMPRESSION_LEVEL 9 MTIME 0)
+ostrel_compress_text(CHANGELOG.md ${package_dir}/changelog.gz)
+# The packaging has no history of its own.
+set(package_release 1)
+string(TIMESTAMP package_date "%a, %d %b %Y %H:%M:%S +0000" UTC)
+file(CONFIGURE OUTPUT ${package_dir}/changelog.Debian @ONLY CONTENT
+"fennar (@PROJECT_VERSION@-@package_release@) unstable; urgency=medium
+
+  * The changes are listed in changelog.gz.
+
+ -- The Ostrel developers <>  @package_date@
+")
+ostrel_compress_text(${package_dir}/changelog.Debian ${package_dir}/changelog.Debian.gz)
 foreach(part fennar:runtime libostrelgui-dev:development)
     string(REGEX REPLACE "(.*):(.*)" "${CMAKE_INSTALL_DATADIR}/doc/\\1;package-\\2" part ${part})
     list(GET part 0 directory)
     list(GET part 1 component)
-    install(FILES ${package_dir}/copyright ${package_dir}/changelog.gz
+    install(FILES ${package_dir}/copyright ${package_dir}/changelog.gz ${package_dir}/changelog.Debian.gz
         DESTINATION ${directory} COMPONENT ${component} EXCLUDE_FROM_ALL)
 endforeach()
 
@@ -57,7 +66,7 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_RELEASE ${package_release})
 set(CPACK_COMPONENTS_ALL runtime development package-runtime package-development)
 
 set(CPACK_DEBIAN_FENNAR_PACKAGE_NAME fennar)

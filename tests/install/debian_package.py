@@ -139,6 +139,10 @@ class DebianPackage(unittest.TestCase):
             with open(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "CHANGELOG.md"),
                       encoding="utf-8") as file:
                 self.assertEqual(run("gzip", "-dc", os.path.join(documents, "changelog.gz")), file.read())
+            with open(os.path.join(out, "changelog"), "w", encoding="utf-8") as file:
+                file.write(run("gzip", "-dc", os.path.join(documents, "changelog.Debian.gz")))
+            self.assertEqual(run("dpkg-parsechangelog", "--all", "-l", file.name, "--show-field", "Version").split(),
+                             [version + "-1"])
 
     def test_the_cache_of_libraries_is_renewed_by_a_trigger(self):
         out = tempfile.mkdtemp(dir=folder)
