@@ -263,7 +263,8 @@ bool Workbench::load()
 {
     mFrame.start_splash(":/workbench/splash.png");
     wait_for_windows();
-    mFrame.show_splash_message("Loading the main window");
+    mFrame.show_splash_message(
+        qUtf8Printable(QCoreApplication::translate("Workbench", "Loading the main window")));
     const bool loaded = mFrame.load_gui();
     mFrame.finish_splash();
     if (!loaded)
@@ -280,7 +281,7 @@ bool Workbench::load()
     set_up_playback();
     // The pages of components come below it and go with them; the group stays. Its name sorts behind the
     // pages of the shell, since the dialog opens on the first.
-    Ostrel::instance()->options()->add_panel(u"Plugins"_s, nullptr);
+    Ostrel::instance()->options()->add_panel(QCoreApplication::translate("Workbench", "Plugins"), nullptr);
     tell_of_start();
     mConsole->prompt();
     Ostrel::instance()->set_focus_to_command_window();

@@ -16,6 +16,7 @@
 #include "workbench/fennari19/Fennar.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QDockWidget>
@@ -36,8 +37,12 @@ namespace {
 /** The component's name, the owner mark of all that it adds. */
 constexpr auto owner = "demo";
 
-/** Where the page stands in the options dialog. The group is the workbench's. */
-const auto options_path = u"Plugins/Demo"_s;
+/** Where the page stands in the options dialog. The group is the workbench's, and so is its name. */
+QString options_path()
+{
+    return QCoreApplication::translate("Workbench", "Plugins") + u"/"_s +
+           QCoreApplication::translate("DemoWindow", "Demo");
+}
 
 constexpr int largest_number = 100;
 
@@ -148,7 +153,7 @@ DemoWindow::~DemoWindow()
         delete mAbout;
     }
     if (mOptions) {
-        mWindow->options()->remove_panel(options_path);
+        mWindow->options()->remove_panel(options_path());
         delete mOptions;
     }
     mWindow->remove_toolbar_items(owner);
@@ -208,7 +213,7 @@ void DemoWindow::add_options()
 {
     OptionsPanel* panel = mWindow->options();
     mOptions = new DemoOptions;
-    panel->add_panel(options_path, mOptions);
+    panel->add_panel(options_path(), mOptions);
     connect(panel, &OptionsPanel::refreshSettings, mOptions, &DemoOptions::refresh);
     connect(panel, &OptionsPanel::saveSettings, mOptions, &DemoOptions::save);
 }

@@ -126,7 +126,7 @@ QAction* GeometryWindow::make_plain_action(const char* command, const QString& t
 void GeometryWindow::make_solid_actions()
 {
     mMenuActions = {
-        make_form_action("brick", tr("&Brick..."), "brick.svg",
+        make_form_action("brick", tr("Bric&k..."), "brick.svg",
                          [] {
                              return with_placing({number_field(u"width"_s, tr("Width"), u"1"_s),
                                                   number_field(u"depth"_s, tr("Depth"), u"1"_s),
