@@ -30,6 +30,14 @@
         <source>Command Line Workspace</source>
         <translation>Arbeitsbereich der Befehlszeile</translation>
     </message>
+    <message>
+        <source>Command Mode</source>
+        <translation>Befehlsmodus</translation>
+    </message>
+    <message>
+        <source>Python Mode</source>
+        <translation>Python-Modus</translation>
+    </message>
 </context>
 <context>
     <name>ComponentTool</name>

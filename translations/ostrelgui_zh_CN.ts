@@ -30,6 +30,14 @@
         <source>Command Line Workspace</source>
         <translation>命令行工作区</translation>
     </message>
+    <message>
+        <source>Command Mode</source>
+        <translation>命令模式</translation>
+    </message>
+    <message>
+        <source>Python Mode</source>
+        <translation>Python 模式</translation>
+    </message>
 </context>
 <context>
     <name>ComponentTool</name>

@@ -14,6 +14,7 @@
 #include "menus/OstrelHelpMenu.h"
 #include "menus/OstrelToolsMenu.h"
 #include "options/OptionsPanel.h"
+#include "workbench/WindowKeys.h"
 #include "workbench/apply_python_paths.h"
 #include "workbench/component_manager/ComponentManager.h"
 #include "workbench/component_manager/component_commands.h"
@@ -279,6 +280,7 @@ bool Workbench::load()
     Ostrel::instance()->set_title(u"Fennar"_s);
     describe_product();
     set_up_playback();
+    mKeys = std::make_unique<WindowKeys>(Ostrel::instance());
     // The pages of components come below it and go with them; the group stays. Its name sorts behind the
     // pages of the shell, since the dialog opens on the first.
     Ostrel::instance()->options()->add_panel(QCoreApplication::translate("Workbench", "Plugins"), nullptr);
@@ -312,6 +314,7 @@ void Workbench::unload()
     Fennar::instance().playback().set_pause_changed(nullptr);
     Fennar::instance().playback().set_hints(false);
     mPlayer.reset();
+    mKeys.reset();
     mFrame.unload_gui();
 }
 
@@ -416,6 +419,8 @@ void Workbench::set_busy(bool busy)
         mWork.emplace();
     mInterruptsPassedOn = 0;
     mCloseGuard.set_running(busy);
+    if (mKeys)
+        mKeys->set_busy(busy);
 }
 
 void Workbench::show_progress(const QString& journal, int percent)

@@ -21,6 +21,7 @@ class ConsoleOwner;
 class JournalPlayer;
 class LineInterpreter;
 class OutputHandler;
+class WindowKeys;
 
 /**
  * The reference application: joins the shell, the command interpreter, Python and the console owner.
@@ -118,6 +119,7 @@ private:
     std::unique_ptr<ConsoleOwner> mConsole;
     std::unique_ptr<JournalPlayer> mPlayer;
     CloseGuard mCloseGuard;
+    std::unique_ptr<WindowKeys> mKeys;
     std::unique_ptr<ComponentManager> mComponents;
     QElapsedTimer mLastTurn;
     /** The line that runs on the console. */

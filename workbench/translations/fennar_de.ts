@@ -85,7 +85,7 @@
     </message>
     <message>
         <source>Demo &amp;Dialog...</source>
-        <translation>Demo-&amp;Dialog...</translation>
+        <translation>De&amp;mo-Dialog...</translation>
     </message>
     <message>
         <source>Demo component</source>
@@ -110,6 +110,10 @@
     <message>
         <source>This dialog goes with its component.</source>
         <translation>Dieser Dialog verschwindet mit seiner Komponente.</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Anzahl</translation>
     </message>
 </context>
 <context>
@@ -745,6 +749,17 @@
     <message>
         <source>Unsaved journals were kept when the program ended unexpectedly:</source>
         <translation>Als das Programm unerwartet endete, wurden nicht gespeicherte Journale aufbewahrt:</translation>
+    </message>
+</context>
+<context>
+    <name>WindowKeys</name>
+    <message>
+        <source>&amp;Next Pane</source>
+        <translation>Nä&amp;chster Bereich</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Pane</source>
+        <translation>Vorheri&amp;ger Bereich</translation>
     </message>
 </context>
 <context>

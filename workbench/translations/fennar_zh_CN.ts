@@ -111,6 +111,10 @@
         <source>This dialog goes with its component.</source>
         <translation>此对话框随其组件一起关闭。</translation>
     </message>
+    <message>
+        <source>Number</source>
+        <translation>数量</translation>
+    </message>
 </context>
 <context>
     <name>DocumentKeeper</name>
@@ -745,6 +749,17 @@
     <message>
         <source>Unsaved journals were kept when the program ended unexpectedly:</source>
         <translation>程序意外结束时保留了未保存的日志脚本：</translation>
+    </message>
+</context>
+<context>
+    <name>WindowKeys</name>
+    <message>
+        <source>&amp;Next Pane</source>
+        <translation>下一个窗格(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Pane</source>
+        <translation>上一个窗格(&amp;P)</translation>
     </message>
 </context>
 <context>

@@ -175,7 +175,7 @@ QAction* DemoWindow::make_action(const char* name, const QString& text, QStyle::
 
 void DemoWindow::add_menu()
 {
-    std::vector<QAction*> own{mCount, mReset};
+    std::vector<QAction*> own{mCount, mReset, mMore, mLess};
     mWindow->add_to_menu(tr("&Demo"), own, owner);
     mWindow->view_menu()->add_item(mDialogAction, owner);
     auto* help = make_action("demoHelp", tr("Demo &Help"), QStyle::SP_DialogHelpButton);
@@ -199,6 +199,7 @@ void DemoWindow::add_dock()
     auto* layout = new QVBoxLayout(page);
     mNumber = new QSpinBox(page);
     mNumber->setObjectName(u"demoNumber"_s);
+    mNumber->setAccessibleName(tr("Number"));
     mNumber->setRange(1, 100);
     layout->addWidget(mNumber);
     layout->addStretch();

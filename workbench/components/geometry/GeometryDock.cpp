@@ -52,6 +52,7 @@ GeometryDock::GeometryDock(const GeometryModel& model, QWidget* parent)
     setObjectName(u"GeometryModelDock"_s);
     setWindowTitle(tr("Model"));
     mTree->setObjectName(u"GeometryModelTree"_s);
+    mTree->setAccessibleName(tr("Model"));
     mTree->setHeaderLabels({tr("Name"), tr("Volume")});
     mTree->setSelectionMode(QAbstractItemView::ExtendedSelection);
     mTree->setUniformRowHeights(true);
