@@ -130,6 +130,10 @@
         <source>Select All</source>
         <translation>Alles auswählen</translation>
     </message>
+    <message>
+        <source>Journal</source>
+        <translation>Journal</translation>
+    </message>
 </context>
 <context>
     <name>JournalEditor</name>
@@ -219,6 +223,10 @@ Möchten Sie die Datei ersetzen?</translation>
     <message>
         <source>&amp;Next</source>
         <translation>&amp;Weiter</translation>
+    </message>
+    <message>
+        <source>Find What</source>
+        <translation>Suchbegriff</translation>
     </message>
 </context>
 <context>
@@ -543,6 +551,14 @@ Möchten Sie die Änderungen speichern?</translation>
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Nach unten</translation>
     </message>
 </context>
 <context>

@@ -130,6 +130,10 @@
         <source>Select All</source>
         <translation>全选</translation>
     </message>
+    <message>
+        <source>Journal</source>
+        <translation>日志脚本</translation>
+    </message>
 </context>
 <context>
     <name>JournalEditor</name>
@@ -219,6 +223,10 @@ Do you want to replace it?</source>
     <message>
         <source>&amp;Next</source>
         <translation>下一个(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Find What</source>
+        <translation>查找内容</translation>
     </message>
 </context>
 <context>
@@ -543,6 +551,14 @@ Do you wish to save the changes?</source>
     <message>
         <source>Close</source>
         <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>上移</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>下移</translation>
     </message>
 </context>
 <context>

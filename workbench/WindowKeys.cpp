@@ -107,8 +107,12 @@ QWidgetList WindowKeys::panes() const
     QWidgetList panes;
     if (QWidget* centre = mWindow->centralWidget())
         panes << centre;
-    for (QDockWidget* dock : mWindow->findChildren<QDockWidget*>(Qt::FindDirectChildrenOnly)) {
-        if (!dock->isHidden())
+    // In the order of the View menu: that of the window's children changes whenever one is raised.
+    std::vector<QAction*> toggles;
+    mWindow->view_menu()->get_dock_items(toggles);
+    for (const QAction* toggle : toggles) {
+        auto* dock = toggle ? qobject_cast<QDockWidget*>(toggle->parent()) : nullptr;
+        if (dock && !dock->isHidden())
             panes << dock;
     }
     return panes;

@@ -62,6 +62,8 @@ constexpr QtText qt_texts[] = {
     {"QFileDialog", "&New Folder"},
     {"QFileDialog", "New Folder"},
     {"QFileDialog", "My Computer"},
+    {"QFileDialog", "Show "},
+    {"QFileDialog", "Directories"},
     {"QFileSystemModel", "Computer"},
     {"QFileSystemModel", "Name"},
     {"QFileSystemModel", "Size"},
@@ -79,6 +81,13 @@ struct SameText
 constexpr SameText same_texts[] = {
     {"Fennar", "the name of the product"},
     {"Python", "the name of the language"},
+    {"STEP", "the name of a file format"},
+    {"IGES", "the name of a file format"},
+    {"BREP", "the name of a file format"},
+    {"STL", "the name of a file format"},
+    {"MSH", "the name of a file format"},
+    {"VTK", "the name of a file format"},
+    {"OBJ", "the name of a file format"},
     {"Switch to Fennar command mode (Alt+C)", "a fixed tool tip of the shell, which no translation reaches"},
     {"Switch to Python statement mode (Alt+P)",
      "a fixed tool tip of the shell, which no translation reaches"},
@@ -120,21 +129,29 @@ Catalogue::Catalogue(const QString& language)
 
 QString Catalogue::plain(const QString& text)
 {
-    static const QRegularExpression mnemonic(u"\\s*\\(&\\w\\)"_s);
+    // Qt leaves the letter of a Chinese mnemonic in tool tips, as users there are used to.
+    static const QRegularExpression mnemonic(u"\\s*\\(&?[A-Z]\\)$"_s);
+    static const QRegularExpression file_pattern(u"\\s*\\([^)]*\\*[^)]*\\)"_s);
+    static const QRegularExpression dots(u"(\\.\\.\\.|\u2026)$"_s);
+    static const QRegularExpression change_mark(u"^\\* "_s);
     QString result = text;
-    result.remove(mnemonic).remove(u'&').remove(u"..."_s).remove(u'\u2026');
+    result.remove(dots).remove(mnemonic).remove(file_pattern).remove(change_mark).remove(u'&');
     return result.simplified();
 }
 
 void Catalogue::add(const QString& source, const QString& translation)
 {
-    const QStringList sources = source.split(u'\n');
-    const QStringList translations = translation.split(u'\n');
+    static const QRegularExpression breaks(u"\n|;;"_s);
+    const QStringList sources = source.split(breaks);
+    const QStringList translations = translation.split(breaks);
     for (const QString& line : sources) {
         if (!line.contains(u'%') && !translations.contains(line) && has_letters(line))
             mSources << plain(line);
     }
-    for (const QString& line : translations) {
+    for (QString line : translations) {
+        // Texts that Qt and the shell put others behind.
+        if (line.endsWith(u' '))
+            line += u"%1"_s;
         if (!line.contains(u'%')) {
             mTranslations << plain(line);
             continue;
@@ -146,6 +163,8 @@ void Catalogue::add(const QString& source, const QString& translation)
                 expression += u"(.*)"_s;
             expression += QRegularExpression::escape(part);
         }
+        // A placeholder may stand for nothing.
+        expression.replace(u"(.*)\\ "_s, u"(.*)\\s*"_s).replace(u"\\ (.*)"_s, u"\\s*(.*)"_s);
         mPatterns.append({line, QRegularExpression(QRegularExpression::anchoredPattern(expression))});
     }
     // A text that is another one's translation is no leftover.
@@ -171,6 +190,17 @@ QString Catalogue::judge_line(const QString& line) const
     if (std::any_of(std::begin(same_texts), std::end(same_texts),
                     [&line](const SameText& same) { return line == QLatin1StringView(same.text); }))
         return {};
+    // Cut in the middle where there is little room.
+    if (const qsizetype cut = line.indexOf(u'\u2026'); cut > 0) {
+        const QString begin = line.first(cut);
+        const QString end = line.sliced(cut + 1);
+        const bool cut_translation =
+            std::any_of(mTranslations.begin(), mTranslations.end(), [&](const QString& translation) {
+                return translation.startsWith(begin) && translation.endsWith(end);
+            });
+        if (cut_translation)
+            return {};
+    }
     for (const Pattern& pattern : mPatterns) {
         const QRegularExpressionMatch match = pattern.expression.match(line);
         if (!match.hasMatch())

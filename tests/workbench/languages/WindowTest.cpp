@@ -145,6 +145,13 @@ void WindowTest::visit(QWidget* window, const QString& name)
     add(mClipped, clipped_texts(window));
     add(mMnemonics, mnemonic_faults(window));
     add(mNameless, nameless_widgets(window));
+    // For people to look at.
+    if (const QString folder = qEnvironmentVariable("OSTREL_WINDOW_PICTURES"); !folder.isEmpty()) {
+        const QString file =
+            u"%1/%2-%3.png"_s.arg(folder, mLanguage).arg(mVisited.size(), 3, 10, QLatin1Char('0'));
+        if (!window->grab().save(file))
+            qWarning("no picture %s", qPrintable(file));
+    }
     if (qobject_cast<QDialog*>(window)) {
         if (show_active(window))
             add(mTabs, tab_faults(window));

@@ -161,7 +161,8 @@ QList<ShownText> shown_texts(const QWidget* window)
             continue;
         add(widget->accessibleDescription(), "accessible description");
         if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
-            add(button->text(), "text");
+            // Titles are broken where that helps them fit.
+            add(button->text().replace(u'\n', u' '), "text");
         else if (const auto* label = qobject_cast<const QLabel*>(widget))
             add(label->text(), "text");
         else if (const auto* group = qobject_cast<const QGroupBox*>(widget))
