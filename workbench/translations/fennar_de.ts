@@ -143,7 +143,7 @@
     </message>
     <message>
         <source>Solids</source>
-        <translation>Volumenkörper</translation>
+        <translation>Körper</translation>
     </message>
     <message>
         <source>Mesh</source>
@@ -237,7 +237,7 @@
     </message>
     <message>
         <source>Solids</source>
-        <translation>Volumenkörper</translation>
+        <translation>Körper</translation>
     </message>
     <message>
         <source>By (X Y Z)</source>
@@ -261,7 +261,7 @@
     </message>
     <message>
         <source>Solid</source>
-        <translation>Volumenkörper</translation>
+        <translation>Körper</translation>
     </message>
     <message>
         <source>Re&amp;name...</source>
@@ -301,7 +301,7 @@
     </message>
     <message>
         <source>Solids (all if empty)</source>
-        <translation>Volumenkörper (leer: alle)</translation>
+        <translation>Körper (leer: alle)</translation>
     </message>
     <message>
         <source>Size</source>

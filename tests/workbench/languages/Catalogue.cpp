@@ -81,6 +81,7 @@ struct SameText
 constexpr SameText same_texts[] = {
     {"Fennar", "the name of the product"},
     {"Python", "the name of the language"},
+    {"brick1", "the name of a solid, as the command that made it is called"},
     {"STEP", "the name of a file format"},
     {"IGES", "the name of a file format"},
     {"BREP", "the name of a file format"},

@@ -45,6 +45,7 @@ private slots:
     void f6_goes_round_the_panes();
     void tool_buttons_have_keys_or_stand_in_menus();
     void console_and_editor_tabs_change_by_keyboard();
+    void scripts_name_menus_in_english();
     void escape_cancels_a_running_journal();
     void pause_key_goes_on_with_a_paused_journal();
     void escape_does_nothing_between_commands();

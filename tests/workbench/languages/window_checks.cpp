@@ -34,6 +34,8 @@
 #include <QTest>
 #include <QTextEdit>
 #include <QToolButton>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 
 #include <algorithm>
 
@@ -270,6 +272,12 @@ QStringList clipped_texts(const QWidget* window)
             option.floatable = dock->features() & QDockWidget::DockWidgetFloatable;
             compare(dock, dock->windowTitle(),
                     style->subElementRect(QStyle::SE_DockWidgetTitleBarText, &option, dock).width());
+        } else if (const auto* tree = qobject_cast<const QTreeWidget*>(widget)) {
+            for (QTreeWidgetItemIterator item(const_cast<QTreeWidget*>(tree)); *item; ++item) {
+                const int room = tree->visualItemRect(*item).left() + tree->columnWidth(0) - 8;
+                const int indent = tree->visualItemRect(*item).left();
+                compare(tree, (*item)->text(0), std::min(room, tree->viewport()->width()) - indent - indent);
+            }
         } else if (const auto* header = qobject_cast<const QHeaderView*>(widget)) {
             if (header->orientation() != Qt::Horizontal || !header->model())
                 continue;
