@@ -17,8 +17,8 @@ class QShortcut;
  * from pane to pane, and while a command runs, Escape cancels it and Pause pauses the journal or goes on with
  * it.
  *
- * Panes are the central area and the docks that are not hidden, in the order of the View menu. One object while there is a main window; it
- * goes before the window does.
+ * Panes are the central area and the docks that are not hidden, in the order of the View menu. One object
+ * while there is a main window; it goes before the window does.
  */
 class WindowKeys : public QObject
 {
