@@ -526,6 +526,37 @@
     </message>
 </context>
 <context>
+    <name>MesherReport</name>
+    <message>
+        <source>reading the file</source>
+        <translation>Datei wird gelesen</translation>
+    </message>
+    <message>
+        <source>reading the solids</source>
+        <translation>Körper werden gelesen</translation>
+    </message>
+    <message>
+        <source>meshing edges</source>
+        <translation>Kanten werden vernetzt</translation>
+    </message>
+    <message>
+        <source>meshing faces</source>
+        <translation>Flächen werden vernetzt</translation>
+    </message>
+    <message>
+        <source>meshing volumes</source>
+        <translation>Volumen werden vernetzt</translation>
+    </message>
+    <message>
+        <source>measuring</source>
+        <translation>Messen</translation>
+    </message>
+    <message>
+        <source>writing</source>
+        <translation>Schreiben</translation>
+    </message>
+</context>
+<context>
     <name>Navigation</name>
     <message>
         <source>Run</source>

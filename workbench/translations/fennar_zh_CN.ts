@@ -526,6 +526,37 @@
     </message>
 </context>
 <context>
+    <name>MesherReport</name>
+    <message>
+        <source>reading the file</source>
+        <translation>正在读取文件</translation>
+    </message>
+    <message>
+        <source>reading the solids</source>
+        <translation>正在读取实体</translation>
+    </message>
+    <message>
+        <source>meshing edges</source>
+        <translation>正在划分边网格</translation>
+    </message>
+    <message>
+        <source>meshing faces</source>
+        <translation>正在划分面网格</translation>
+    </message>
+    <message>
+        <source>meshing volumes</source>
+        <translation>正在划分体网格</translation>
+    </message>
+    <message>
+        <source>measuring</source>
+        <translation>正在测量</translation>
+    </message>
+    <message>
+        <source>writing</source>
+        <translation>正在写入</translation>
+    </message>
+</context>
+<context>
     <name>Navigation</name>
     <message>
         <source>Run</source>
