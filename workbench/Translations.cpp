@@ -13,12 +13,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** The place of translations: where they are installed, or else in the tree that the program was built in. */
-QString directory_of(const QString& installed, const QString& built)
+/**
+ * The directory of one of @p names below the prefix that the program is installed in, or below the folder it
+ * was built in: the first one on the way up from the program that has it. Where that is depends on the
+ * system's layout of its folders.
+ */
+QString find_directory(const QStringList& names)
 {
-    const QDir program(QCoreApplication::applicationDirPath());
-    const QString path = QDir::cleanPath(program.filePath(installed));
-    return QFileInfo::exists(path) ? path : QDir::cleanPath(program.filePath(built));
+    QDir folder(QCoreApplication::applicationDirPath());
+    do {
+        for (const QString& name : names)
+            if (folder.exists(name))
+                return QDir::cleanPath(folder.filePath(name));
+    } while (folder.cdUp());
+    return {};
 }
 
 /** How files name @p language in their names; empty if no file could be for it. */
@@ -64,12 +72,12 @@ Translations::~Translations()
 
 QString Translations::shell_directory()
 {
-    return directory_of(u"" FENNAR_SHELL_TRANSLATIONS ""_s, u"../share/ostrelgui/translations"_s);
+    return find_directory({u"" FENNAR_SHELL_TRANSLATIONS ""_s, u"share/ostrelgui/translations"_s});
 }
 
 QString Translations::workbench_directory()
 {
-    return directory_of(u"" FENNAR_WORKBENCH_TRANSLATIONS ""_s, u"../share/fennar/translations"_s);
+    return find_directory({u"" FENNAR_WORKBENCH_TRANSLATIONS ""_s, u"share/fennar/translations"_s});
 }
 
 void Translations::install(const QString& catalogue, const QString& directory)

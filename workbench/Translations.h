@@ -37,9 +37,9 @@ public:
     /** The translation files that were not found, though the language has been chosen. */
     QStringList missing() const { return mMissing; }
 
-    /** The directory of the shell's translations. */
+    /** The directory of the shell's translations; empty if there is none. */
     static QString shell_directory();
-    /** The directory of the workbench's translations. */
+    /** The directory of the workbench's translations; empty if there is none. */
     static QString workbench_directory();
 
 private:
