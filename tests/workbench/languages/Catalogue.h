@@ -16,7 +16,7 @@ public:
     /** Reads the files of the tree for @p language and adds the texts of Qt's that the program shows. */
     explicit Catalogue(const QString& language);
 
-    /** What went wrong while reading, as a text of Qt's own that has no translation; empty if nothing did. */
+    /** What went wrong while reading; empty if nothing did. */
     QStringList errors() const { return mErrors; }
     qsizetype size() const { return mTranslations.size() + mPatterns.size(); }
 
