@@ -348,7 +348,7 @@ void WindowTest::all_windows_were_visited()
                              [&begin](const QString& name) { return name.startsWith(begin); });
     };
     QCOMPARE(count(u"GeometryDialog_"_s), 11);
-    QCOMPARE(count(u"options page "_s), 4);
+    QVERIFY(count(u"options page "_s) >= 4);
     QVERIFY(count(u"panel of rows"_s) > 10);
     QCOMPARE(count(u"panel of rows"_s), count(u"panel of levels"_s));
     QCOMPARE(count(u"file dialog"_s), 6);
