@@ -103,7 +103,7 @@ install(TARGETS ${exported_targets} EXPORT OstrelGuiTargets
     INCLUDES DESTINATION ${ostrel_include_dir})
 install(EXPORT OstrelGuiTargets NAMESPACE OstrelGui:: DESTINATION ${ostrel_package_dir} COMPONENT development)
 configure_package_config_file(cmake/OstrelGuiConfig.cmake.in ${CMAKE_BINARY_DIR}/cmake/OstrelGuiConfig.cmake
-    INSTALL_DESTINATION ${ostrel_package_dir})
+    INSTALL_DESTINATION ${ostrel_package_dir} PATH_VARS OSTREL_SHELL_TRANSLATIONS)
 write_basic_package_version_file(${CMAKE_BINARY_DIR}/cmake/OstrelGuiConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${CMAKE_BINARY_DIR}/cmake/OstrelGuiConfig.cmake ${CMAKE_BINARY_DIR}/cmake/OstrelGuiConfigVersion.cmake
         cmake/OstrelGuiComponent.cmake

@@ -19,6 +19,7 @@
 #include "menus/OstrelToolsMenu.h"
 #include "options/OptionsPanel.h"
 #include "workbench/PanelOptions.h"
+#include "workbench/WindowKeys.h"
 #include "workbench/apply_python_paths.h"
 #include "workbench/component_manager/ComponentManager.h"
 #include "workbench/component_manager/component_commands.h"
@@ -371,7 +372,8 @@ bool Workbench::load()
         mScheme->restore();
     mFrame.start_splash(":/workbench/splash.png");
     wait_for_windows();
-    mFrame.show_splash_message("Loading the main window");
+    mFrame.show_splash_message(
+        qUtf8Printable(QCoreApplication::translate("Workbench", "Loading the main window")));
     const bool loaded = mFrame.load_gui();
     mFrame.finish_splash();
     if (!loaded)
@@ -389,9 +391,10 @@ bool Workbench::load()
     set_up_playback();
     add_panel_options();
     follow_unloaded_components();
+    mKeys = std::make_unique<WindowKeys>(Ostrel::instance());
     // The pages of components come below it and go with them; the group stays. Its name sorts behind the
     // pages of the shell, since the dialog opens on the first.
-    Ostrel::instance()->options()->add_panel(u"Plugins"_s, nullptr);
+    Ostrel::instance()->options()->add_panel(QCoreApplication::translate("Workbench", "Plugins"), nullptr);
     tell_of_start();
     mConsole->prompt();
     Ostrel::instance()->set_focus_to_command_window();
@@ -436,6 +439,7 @@ void Workbench::unload()
     mPlayer.reset();
     if (Ostrel* window = Ostrel::instance())
         mScheme->remove_from_menu(window);
+    mKeys.reset();
     mFrame.unload_gui();
 }
 
@@ -549,6 +553,8 @@ void Workbench::set_busy(bool busy)
         mWork.emplace();
     mInterruptsPassedOn = 0;
     mCloseGuard.set_running(busy);
+    if (mKeys)
+        mKeys->set_busy(busy);
 }
 
 void Workbench::show_progress(const QString& journal, int percent)

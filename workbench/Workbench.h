@@ -23,6 +23,7 @@ class JournalPlayer;
 class LineInterpreter;
 class OutputHandler;
 class WindowCommands;
+class WindowKeys;
 
 /**
  * The reference application: joins the shell, the command interpreter, Python and the console owner.
@@ -122,6 +123,7 @@ private:
     std::unique_ptr<ConsoleOwner> mConsole;
     std::unique_ptr<JournalPlayer> mPlayer;
     CloseGuard mCloseGuard;
+    std::unique_ptr<WindowKeys> mKeys;
     std::unique_ptr<ComponentManager> mComponents;
     std::unique_ptr<ColourScheme> mScheme;
     std::unique_ptr<WindowCommands> mWindowCommands;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "workbench/SettingsFile.h"
+#include "workbench/Translations.h"
 #include "workbench/Workbench.h"
 #include "workbench/ostrelfw/CommandLine.h"
 
@@ -91,6 +92,11 @@ int main(int argc, char** argv)
         std::puts("fennar " OSTREL_VERSION);
         return 0;
     }
+
+    // What a batch run prints is read by programs, and stays English.
+    std::optional<Translations> translations;
+    if (!command_line.batch_mode())
+        translations.emplace();
 
     // Before the main window goes to the directory of the last run.
     const QString model = from_here(command_line.file());
