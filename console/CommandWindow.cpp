@@ -104,6 +104,8 @@ CommandWindow::CommandWindow(QWidget* parent) : QWidget(parent)
                                      u"mFennarButton"_s);
     mPythonButton = make_mode_button("python.svg", false, u"Switch to Python statement mode (Alt+P)"_s,
                                      u"mPythonButton"_s);
+    mFennarButton->setAccessibleName(tr("Command Mode"));
+    mPythonButton->setAccessibleName(tr("Python Mode"));
     auto* corner = new QWidget;
     auto* corner_layout = new QHBoxLayout(corner);
     corner_layout->setContentsMargins(0, 0, 0, 0);

@@ -43,6 +43,7 @@ JournalDocument::JournalDocument(JournalEditor* editor, QTabWidget* parent, cons
     : QPlainTextEdit(parent), mEditor(editor), mLineNumberArea(nullptr), mTabWidget(parent)
 {
     setObjectName(QString::fromUtf8(name));
+    setAccessibleName(tr("Journal"));
     mLineNumberArea = new LineNumberArea(this);
     connect(this, &QPlainTextEdit::blockCountChanged, this, &JournalDocument::updateLineNumberAreaWidth);
     connect(this, &QPlainTextEdit::cursorPositionChanged, this, &JournalDocument::highlightCurrentLine);

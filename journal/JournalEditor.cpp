@@ -23,6 +23,7 @@
 #include <QScreen>
 #include <QSettings>
 #include <QSignalBlocker>
+#include <QTabBar>
 
 #include <fstream>
 #include <optional>
@@ -78,6 +79,15 @@ bool is_modified(const JournalDocument* doc)
 void set_modified(JournalDocument* doc, bool modified)
 {
     doc->document()->setModified(modified);
+}
+
+// Qt gives the button of a tab a tool tip, but nothing that a screen reader would say.
+void name_close_button(QTabWidget* tabs, int index)
+{
+    for (const QTabBar::ButtonPosition side : {QTabBar::LeftSide, QTabBar::RightSide}) {
+        if (QWidget* button = tabs->tabBar()->tabButton(index, side))
+            button->setAccessibleName(button->toolTip());
+    }
 }
 
 } // namespace
@@ -414,6 +424,7 @@ JournalDocument* JournalEditor::create_document(const QString& name)
         tabs->addTab(doc, name.isEmpty() ? tr("Untitled") : QFileInfo(name).fileName());
         tabs->setCurrentWidget(doc);
         tabs->setTabsClosable(true);
+        name_close_button(tabs, tabs->indexOf(doc));
         connect(doc, &JournalDocument::fileNameChanged, this, &JournalEditor::change_file_name);
     }
     doc->setFont(get_editor_font());

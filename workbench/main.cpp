@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "workbench/SettingsFile.h"
+#include "workbench/Translations.h"
 #include "workbench/Workbench.h"
 #include "workbench/ostrelfw/CommandLine.h"
 
@@ -42,6 +43,12 @@ bool has_display(int argc, char** argv)
     Q_UNUSED(argv)
     return true;
 #endif
+}
+
+/** The absolute path of a file that the command line names; empty for none. */
+QString from_here(const QString& file)
+{
+    return file.isEmpty() ? QString() : QFileInfo(file).absoluteFilePath();
 }
 
 std::unique_ptr<QCoreApplication> make_application(int& argc, char** argv)
@@ -86,9 +93,14 @@ int main(int argc, char** argv)
         return 0;
     }
 
+    // What a batch run prints is read by programs, and stays English.
+    std::optional<Translations> translations;
+    if (!command_line.batch_mode())
+        translations.emplace();
+
     // Before the main window goes to the directory of the last run.
-    const QString model =
-        command_line.file().isEmpty() ? QString() : QFileInfo(command_line.file()).absoluteFilePath();
+    const QString model = from_here(command_line.file());
+    const QString journal = from_here(command_line.journal());
 
     std::optional<SettingsFile> settings;
     if (!command_line.settings().isEmpty())
@@ -101,10 +113,7 @@ int main(int argc, char** argv)
     if (command_line.batch_mode())
         return workbench.play_batch(command_line.journal(), model);
     workbench.load();
-    if (!model.isEmpty())
-        workbench.open_later(model);
-    if (!command_line.journal().isEmpty())
-        workbench.play_later(command_line.journal());
+    workbench.start_later(model, journal);
     workbench.run();
     workbench.unload();
     return 0;

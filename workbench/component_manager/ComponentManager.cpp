@@ -43,7 +43,7 @@ const QStringList reserved_names{u"framework"_s, u"fennari19"_s, u"workbench"_s,
 QString default_directory()
 {
     const QString program = QCoreApplication::applicationDirPath();
-    const QString installed = QDir::cleanPath(program + u"/" FENNAR_COMPONENT_DIRECTORY ""_s);
+    const QString installed = program + u"/components"_s;
     const QString built = QDir::cleanPath(program + u"/../lib/components"_s);
     return !QFileInfo::exists(installed) && QFileInfo::exists(built) ? built : installed;
 }

@@ -5,6 +5,8 @@
 
 #include "workbench/fennari19/tokenize.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -63,6 +65,78 @@ QString written(const CommandParameter& parameter, const QString& value)
     }
 }
 
+/** Reads words from left to right into the clauses of a form. */
+class WordReader
+{
+public:
+    WordReader(const CommandSyntax& form, const QStringList& words) : mForm(form), mWords(words) {}
+
+    bool at_end() const { return mNext >= mWords.size(); }
+    ClauseValues read_clause(qsizetype i)
+    {
+        const CommandClause& clause = mForm.clauses[i];
+        if (at_end() || (clause.keyword.isEmpty() ? !can_begin(i) : mWords[mNext] != clause.keyword))
+            return std::nullopt;
+        if (!clause.keyword.isEmpty())
+            ++mNext;
+        QList<QStringList> values;
+        for (const CommandParameter& parameter : clause.parameters)
+            values << read_parameter(parameter, i);
+        return values;
+    }
+
+private:
+    static bool is_free(const CommandParameter& parameter)
+    {
+        return parameter.kind == Kind::Words || parameter.kind == Kind::Text ||
+               parameter.kind == Kind::InputFile || parameter.kind == Kind::OutputFile;
+    }
+
+    /** Whether the next word is the keyword of a clause behind this one. */
+    bool at_keyword_behind(qsizetype clause) const
+    {
+        return std::any_of(mForm.clauses.begin() + clause + 1, mForm.clauses.end(),
+                           [&](const CommandClause& other) { return other.keyword == mWords[mNext]; });
+    }
+
+    bool fits(const CommandParameter& parameter) const
+    {
+        const QString& word = mWords[mNext];
+        if (parameter.choices.contains(word))
+            return true;
+        return parameter.kind != Kind::Choice && !parameter.reserved.contains(word);
+    }
+
+    /** Whether the next word can be the first value of the clause, which has no keyword. */
+    bool can_begin(qsizetype clause) const
+    {
+        const CommandParameter& first = mForm.clauses[clause].parameters.first();
+        return is_free(first) || (!at_keyword_behind(clause) && fits(first));
+    }
+
+    QStringList read_parameter(const CommandParameter& parameter, qsizetype clause)
+    {
+        QStringList values;
+        if (parameter.kind == Kind::Words || (parameter.kind == Kind::Text && parameter.repeated)) {
+            for (; !at_end(); ++mNext) {
+                const bool plain = parameter.kind == Kind::Text || is_variable_reference(mWords[mNext]);
+                values << (plain ? mWords[mNext] : quote_word(mWords[mNext]));
+            }
+            return values.isEmpty() ? values : QStringList(values.join(u' '));
+        }
+        while (!at_end() && (is_free(parameter) || (!at_keyword_behind(clause) && fits(parameter)))) {
+            values << mWords[mNext++];
+            if (!parameter.repeated)
+                break;
+        }
+        return values;
+    }
+
+    const CommandSyntax& mForm;
+    const QStringList& mWords;
+    qsizetype mNext = 0;
+};
+
 } // namespace
 
 CommandClause required_value(const CommandParameter& parameter)
@@ -110,4 +184,15 @@ QString command_line(const QString& name, const CommandSyntax& form, const QList
         }
     }
     return words.join(u' ');
+}
+
+std::optional<QList<ClauseValues>> read_values(const CommandSyntax& form, const QStringList& words)
+{
+    WordReader reader(form, words);
+    QList<ClauseValues> values;
+    for (qsizetype i = 0; i < form.clauses.size(); ++i)
+        values << reader.read_clause(i);
+    if (!reader.at_end())
+        return std::nullopt;
+    return values;
 }

@@ -28,6 +28,7 @@ struct CommandFileFilter
  */
 struct CommandParameter
 {
+    /** What the value can be. */
     enum class Kind {
         /** A number from least to most. */
         Number,
@@ -52,6 +53,7 @@ struct CommandParameter
 
     /** As the usage has it: capital letters, digits and "_". Not shown for a choice. */
     QString name;
+    /** What the value can be. */
     Kind kind = Kind::Text;
     /** A few words for a form. */
     const char* label = nullptr;
@@ -61,7 +63,9 @@ struct CommandParameter
     QString unit = {};
     /** What the command takes if the value is left out; null if that is nothing one could write. */
     QString default_value = {};
+    /** The least number allowed. */
     double least = -std::numeric_limits<double>::infinity();
+    /** The greatest number allowed. */
     double most = std::numeric_limits<double>::infinity();
     /** What a choice can be, or what stands for entities besides their names, as "all". */
     QStringList choices = {};
@@ -73,6 +77,7 @@ struct CommandParameter
     QStringList reserved = {};
     /** Whether several can follow each other, of which there must be at_least. */
     bool repeated = false;
+    /** The least number of values where several can follow each other. */
     int at_least = 1;
     /** What a file dialog offers; null for all files. */
     std::function<QList<CommandFileFilter>()> filters = {};
@@ -87,9 +92,11 @@ struct CommandClause
     QString keyword = {};
     /** None for a keyword that says everything itself. */
     QList<CommandParameter> parameters = {};
+    /** Whether the clause may be left out. */
     bool optional = false;
     /** For a form, as CommandParameter::label; null if the parameters have labels enough. */
     const char* label = nullptr;
+    /** One line more for a form; null if the label says it all. */
     const char* tip = nullptr;
     /** Whether all of its numbers must not be 0 at once, as those of a direction. */
     bool not_zero = false;
@@ -98,6 +105,7 @@ struct CommandClause
 /** One way to write a command: its clauses, in this order. */
 struct CommandSyntax
 {
+    /** What stands behind the command's name, in this order. */
     QList<CommandClause> clauses = {};
     /** What tells it from the command's other ways, as CommandParameter::label; null if there are none. */
     const char* title = nullptr;
@@ -127,3 +135,13 @@ bool is_variable_reference(const QString& text);
  * @param values  one entry for each clause; clauses behind the last one are left out.
  */
 QString command_line(const QString& name, const CommandSyntax& form, const QList<ClauseValues>& values);
+
+/**
+ * The values in @p words, those of a line behind the name of the command: the reverse of command_line().
+ *
+ * Clauses and values that the words do not reach are left out, required or not, so that a line that has just
+ * been begun can be read. Nothing is looked up, so that names and numbers need not be valid.
+ *
+ * @return one entry for each clause; nothing if the words are not of this form.
+ */
+std::optional<QList<ClauseValues>> read_values(const CommandSyntax& form, const QStringList& words);

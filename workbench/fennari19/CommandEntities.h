@@ -21,6 +21,7 @@ class CommandEntities : public QObject
     Q_OBJECT
 
 public:
+    /** Tells the present names. */
     using Names = std::function<QStringList()>;
 
     CommandEntities() = default;
@@ -39,6 +40,7 @@ public:
     void tell_changed(const QString& kind) { emit changed(kind); }
 
 signals:
+    /** The names of a kind have changed, or it is offered, or not offered any more. */
     void changed(const QString& kind);
 
 private:

@@ -43,6 +43,7 @@ struct Command
 class CommandRegistry
 {
 public:
+    /** What has become of a command that was to be added. */
     enum class AddResult {
         Added,
         /** Another command has the name; that one stays. */
@@ -79,6 +80,7 @@ public:
 
     /** The names that commands work on; "command" among them. */
     CommandEntities& entities() { return mEntities; }
+    /** The same, for looking only. */
     const CommandEntities& entities() const { return mEntities; }
 
 private:

@@ -3,6 +3,7 @@
 
 #include "workbench/navigation/NavigationFiles.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -51,6 +52,12 @@ QLatin1StringView element_name(NavigationKind kind)
 QString element(QAnyStringView name)
 {
     return u'<' + name.toString() + u'>';
+}
+
+/** What the user reads for a title or tip; that of a file of the workbench's own may be translated. */
+QString translated(const QString& text)
+{
+    return text.isEmpty() ? text : QCoreApplication::translate("Navigation", text.toUtf8().constData());
 }
 
 /** @p text as it is quoted in a message: on one line, and short. */
@@ -263,7 +270,7 @@ NavigationNode* NavigationFiles::merged(NavigationNode* parent, NavigationKind k
 /** A node with what the attributes of the element just begun say; null if something needed is missing. */
 std::unique_ptr<NavigationNode> NavigationFiles::new_node(NavigationKind kind)
 {
-    auto node = std::make_unique<NavigationNode>(kind, attribute("title"_L1));
+    auto node = std::make_unique<NavigationNode>(kind, translated(attribute("title"_L1)));
     const auto set = [&node](int role, const QString& value) {
         if (!value.isEmpty())
             node->setData(value, role);
@@ -282,12 +289,17 @@ std::unique_ptr<NavigationNode> NavigationFiles::new_node(NavigationKind kind)
         set(NavigationRole::Command, command);
         set(NavigationRole::Usage, attribute("usage"_L1));
     }
-    set(NavigationRole::Tip, attribute("tip"_L1));
+    set(NavigationRole::Tip, translated(attribute("tip"_L1)));
     set(NavigationRole::Component, attribute("component"_L1));
     const QString icon = attribute("icon"_L1);
     set(NavigationRole::IconName, icon);
-    if (const QString file = icon_file(icon); !file.isEmpty())
-        node->setIcon(QIcon(file));
+    if (const QString file = icon_file(icon); !file.isEmpty()) {
+        // Many entries share few pictures, and making an icon reads the file.
+        QIcon& made = mIcons[file];
+        if (made.isNull())
+            made = QIcon(file);
+        node->setIcon(made);
+    }
     return node;
 }
 

@@ -8,6 +8,7 @@
 #include "workbench/fennar_python/PythonRuntime.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QPointer>
 #include <pybind11/pybind11.h>
 
@@ -131,7 +132,9 @@ void add_to_menu(const py::str& menu, const py::iterable& actions, const py::str
     }
     if (!PyOstrel::is_loaded())
         return;
-    PyOstrel::add_to_menu(title, entries, owner);
+    // A script names the window's menus as they are called in English; "&Geometry" and the like stand for
+    // themselves.
+    PyOstrel::add_to_menu(qUtf8Printable(QCoreApplication::translate("Ostrel", title)), entries, owner);
     std::vector<py::object>& keeper = kept().entries[owner];
     keeper.insert(keeper.end(), objects.begin(), objects.end());
 }

@@ -18,6 +18,7 @@
  */
 struct FENNAR_SCENE_EXPORT SceneShape
 {
+    /** What all other coordinates count from, in the units of the model. */
     Point3 origin;
     /** The corners of the triangles, three for each. */
     std::vector<QVector3D> corners;

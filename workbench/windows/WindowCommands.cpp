@@ -14,6 +14,7 @@
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandRegistry.h"
 #include "workbench/navigation/NavigationRoles.h"
+#include "workbench/ostrelfw/OutputRouter.h"
 #include "workbench/scene/Scene.h"
 
 #include <QApplication>
@@ -172,6 +173,12 @@ bool has_window(CommandCall& call)
 QString cannot_be_written(const QString& file)
 {
     return u"the picture cannot be written to \"%1\""_s.arg(file);
+}
+
+bool save_picture(QWidget* window, const QString& file)
+{
+    OutputRouter::instance().flush();
+    return window->grab().save(file);
 }
 
 QList<CommandFileFilter> picture_filters()
@@ -392,7 +399,7 @@ void WindowCommands::take_picture(CommandCall& call)
             QWidget* window = find_window(name);
             if (!window || !window->isVisible())
                 mReport(u"ERROR: picture: the window \"%1\" is not shown\n"_s.arg(name));
-            else if (!window->grab().save(path))
+            else if (!save_picture(window, path))
                 mReport(u"ERROR: picture: %1\n"_s.arg(cannot_be_written(path)));
         });
         return;
@@ -401,7 +408,7 @@ void WindowCommands::take_picture(CommandCall& call)
     if (!window || !window->isVisible())
         throw call.error(0, u"the window is not shown; use \"show %1\" before"_s.arg(name));
     wait_until_complete(call, window);
-    if (!window->grab().save(file))
+    if (!save_picture(window, file))
         throw call.error(1, cannot_be_written(file));
 }
 

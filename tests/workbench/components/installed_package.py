@@ -22,6 +22,9 @@ project(headers LANGUAGES CXX)
 find_package(OstrelGui 0.1 REQUIRED)
 add_library(headers OBJECT headers.cpp)
 target_compile_features(headers PRIVATE cxx_std_20)
+if(NOT EXISTS "${OstrelGui_TRANSLATIONS_DIR}/ostrelgui_de.qm")
+    message(FATAL_ERROR "no translations in ${OstrelGui_TRANSLATIONS_DIR}")
+endif()
 target_link_libraries(headers PRIVATE OstrelGui::ostrelgui OstrelGui::fennari19 OstrelGui::fennar_formats)
 """
 
@@ -81,6 +84,18 @@ def main():
             file.write(f"demo 3\nunload demo\nload demo\npicture '{picture}'\nquit\n")
         run(program, "--play", journal, env=environment)
         check(os.path.getsize(picture) > 0, "no picture")
+
+        # The translations are found where they have been moved to.
+        for name in ("ostrelgui", "fennar"):
+            for language in ("de", "zh_CN"):
+                check(os.path.isfile(os.path.join(prefix, "share", name, "translations", f"{name}_{language}.qm")),
+                      f"{name} is not translated to {language}")
+        pictures = []
+        for language in ("en", "de", "zh_CN"):
+            run(program, "--play", journal, env=environment | {"LANGUAGE": language})
+            with open(picture, "rb") as file:
+                pictures.append(file.read())
+        check(len(set(pictures)) == 3, "the installed program speaks one language only")
 
         include = os.path.join(prefix, "include", "ostrel")
         headers = sorted(os.path.relpath(path, include)

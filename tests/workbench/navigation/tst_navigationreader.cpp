@@ -4,6 +4,7 @@
 #include "host/navigation/NavigationModel.h"
 #include "host/navigation/NavigationReader.h"
 #include "host/navigation/NavigationResourcesDelay.h"
+#include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
 #include "workbench/navigation/NavigationComponents.h"
 #include "workbench/navigation/NavigationNode.h"
@@ -42,6 +43,7 @@ private slots:
     void entries_of_the_same_id_merge();
     void id_and_title_are_one_name_space();
     void first_file_names_and_later_ones_complete();
+    void titles_and_tips_are_translated_and_ids_are_not();
     void component_of_a_merged_group_is_told();
     void duplicate_command_of_another_file_is_told();
     void command_and_group_of_one_id_do_not_merge();
@@ -471,6 +473,20 @@ void TstNavigationReader::first_file_names_and_later_ones_complete()
     const QModelIndex q = model.index(1, 0);
     QCOMPARE(q.data(NavigationRole::Tip).toString(), u"second"_s);
     QCOMPARE(q.data(NavigationRole::IconName).toString(), u"square.svg"_s);
+}
+
+void TstNavigationReader::titles_and_tips_are_translated_and_ids_are_not()
+{
+    const MarkingTranslator marker("Navigation");
+    folder().write(u"a.xml"_s, navigation("<page title=\"P\"/>"));
+    folder().write(u"b.xml"_s, navigation("<page title=\"P\" tip=\" one\n tip \">"
+                                          "<command title=\"C\" command=\"c\" usage=\"c [D]\"/></page>"));
+    NavigationModel model(nullptr);
+    QCOMPARE(folder().read(&model), QStringList());
+    QCOMPARE(tree(model), (QStringList{u"page <P>"_s, u"  command <C> [c]"_s}));
+    const QModelIndex page = model.index(0, 0);
+    QCOMPARE(page.data(NavigationRole::Tip).toString(), u"<one tip>"_s);
+    QCOMPARE(model.index(0, 0, page).data(NavigationRole::Usage).toString(), u"c [D]"_s);
 }
 
 void TstNavigationReader::component_of_a_merged_group_is_told()

@@ -8,6 +8,7 @@
 #include "workbench/navigation/CommandSink.h"
 #include "workbench/scene/Scene.h"
 
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QMenu>
 #include <QSignalBlocker>
@@ -20,6 +21,15 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int id_role = Qt::UserRole;
+
+/** The kinds of elements in the words of the engine, with their numbers of nodes. Others stand as it says
+ * them. */
+[[maybe_unused]] constexpr const char* element_kinds[] = {
+    QT_TRANSLATE_NOOP("MeshElements", "Point"),         QT_TRANSLATE_NOOP("MeshElements", "Line 2"),
+    QT_TRANSLATE_NOOP("MeshElements", "Triangle 3"),    QT_TRANSLATE_NOOP("MeshElements", "Quadrilateral 4"),
+    QT_TRANSLATE_NOOP("MeshElements", "Tetrahedron 4"), QT_TRANSLATE_NOOP("MeshElements", "Hexahedron 8"),
+    QT_TRANSLATE_NOOP("MeshElements", "Prism 6"),       QT_TRANSLATE_NOOP("MeshElements", "Pyramid 5"),
+};
 
 QTreeWidgetItem* make_branch(QTreeWidget* tree, const QString& text)
 {
@@ -42,6 +52,7 @@ GeometryDock::GeometryDock(const GeometryModel& model, QWidget* parent)
     setObjectName(u"GeometryModelDock"_s);
     setWindowTitle(tr("Model"));
     mTree->setObjectName(u"GeometryModelTree"_s);
+    mTree->setAccessibleName(tr("Model"));
     mTree->setHeaderLabels({tr("Name"), tr("Volume")});
     mTree->setSelectionMode(QAbstractItemView::ExtendedSelection);
     mTree->setUniformRowHeights(true);
@@ -180,5 +191,5 @@ void GeometryDock::update_mesh()
     };
     add(tr("Nodes"), mesh->nodes);
     for (const Mesh::Elements& elements : mesh->elements)
-        add(elements.kind, elements.count);
+        add(QCoreApplication::translate("MeshElements", elements.kind.toUtf8().constData()), elements.count);
 }

@@ -14,6 +14,7 @@
 #include <QAction>
 #include <QIcon>
 #include <QMenu>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -93,7 +94,9 @@ QAction* GeometryWindow::make_form_action(const char* command, const QString& te
     QAction* action = make_action(command, text, icon);
     connect(action, &QAction::triggered, this, [this, command, action, fields] {
         QString title = action->text();
-        title.remove(u'&').remove(u"..."_s);
+        // Chinese has its mnemonics in parentheses behind the text.
+        static const QRegularExpression decoration(u"\\(&.\\)|&|\\.\\.\\."_s);
+        title.remove(decoration);
         auto* dialog = new CommandDialog(title, QString::fromLatin1(command), fields(), mWindow);
         mDialogs.removeIf([](const QPointer<QWidget>& closed) { return !closed; });
         mDialogs << dialog;
@@ -126,7 +129,7 @@ QAction* GeometryWindow::make_plain_action(const char* command, const QString& t
 void GeometryWindow::make_solid_actions()
 {
     mMenuActions = {
-        make_form_action("brick", tr("&Brick..."), "brick.svg",
+        make_form_action("brick", tr("Bric&k..."), "brick.svg",
                          [] {
                              return with_placing({number_field(u"width"_s, tr("Width"), u"1"_s),
                                                   number_field(u"depth"_s, tr("Depth"), u"1"_s),

@@ -7,6 +7,8 @@
 #include "workbench/fennari19/ApplicationServices.h"
 #include "workbench/fennari19/CommandCall.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 LongWork::LongWork(CommandCall& call, const ApplicationServices& services, const char* title, bool verbose)
@@ -41,7 +43,8 @@ void LongWork::show(int percent, const QString& stage)
 {
     if (!mServices.shell)
         return;
-    mServices.shell->set_status_text(QString(stage + ' '_L1).toUtf8().constData());
+    const QString text = QCoreApplication::translate("MesherReport", stage.toUtf8().constData()) + u' ';
+    mServices.shell->set_status_text(text.toUtf8().constData());
     mServices.shell->update_progress_session(mTitle, percent);
 }
 

@@ -14,16 +14,20 @@ namespace {
 struct Stage
 {
     QLatin1StringView name;
-    QLatin1StringView text;
+    /** As messages have it; the progress bar shows it in the user's language. */
+    const char* text;
     /** Where it begins, in percent of the whole. Volumes take the longest. */
     int begin;
 };
 
 constexpr Stage stages[] = {
-    {"open"_L1, "reading the file"_L1, 0}, {"read"_L1, "reading the solids"_L1, 0},
-    {"1D"_L1, "meshing edges"_L1, 2},      {"2D"_L1, "meshing faces"_L1, 5},
-    {"3D"_L1, "meshing volumes"_L1, 35},   {"quality"_L1, "measuring"_L1, 90},
-    {"write"_L1, "writing"_L1, 97},
+    {"open"_L1, QT_TRANSLATE_NOOP("MesherReport", "reading the file"), 0},
+    {"read"_L1, QT_TRANSLATE_NOOP("MesherReport", "reading the solids"), 0},
+    {"1D"_L1, QT_TRANSLATE_NOOP("MesherReport", "meshing edges"), 2},
+    {"2D"_L1, QT_TRANSLATE_NOOP("MesherReport", "meshing faces"), 5},
+    {"3D"_L1, QT_TRANSLATE_NOOP("MesherReport", "meshing volumes"), 35},
+    {"quality"_L1, QT_TRANSLATE_NOOP("MesherReport", "measuring"), 90},
+    {"write"_L1, QT_TRANSLATE_NOOP("MesherReport", "writing"), 97},
 };
 
 } // namespace
@@ -74,7 +78,7 @@ void MesherReport::begin_stage(const QString& name)
     for (std::size_t i = 0; i < std::size(stages); ++i) {
         if (stages[i].name != name)
             continue;
-        mStage = stages[i].text;
+        mStage = QLatin1StringView(stages[i].text);
         mBegin = stages[i].begin;
         mEnd = i + 1 < std::size(stages) ? stages[i + 1].begin : 100;
         mCountNodes = name == u"3D";

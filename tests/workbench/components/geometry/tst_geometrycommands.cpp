@@ -3,6 +3,7 @@
 
 #include "host/ostrelfw/OstrelGUI.h"
 #include "leftovers.h"
+#include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/geometry/geometry_commands.h"
@@ -35,7 +36,11 @@ public:
     void update_progress_session(const char*, int percent) override { percentages << percent; }
     void end_progress_session(const char* title) override { note(u"end"_s, title); }
     void check_interrupt_session(const char*) override {}
-    void set_status_text(const char* text) override { last_text = QString::fromUtf8(text); }
+    void set_status_text(const char* text) override
+    {
+        last_text = QString::fromUtf8(text);
+        texts << last_text;
+    }
     void enable_cancel(bool) override {}
     void start_splash(const char*) override {}
     void show_splash_message(const char*) override {}
@@ -44,6 +49,7 @@ public:
     QStringList sessions;
     QList<int> percentages;
     QString last_text;
+    QStringList texts;
 
 private:
     void note(const QString& what, const char* title) { sessions << what + u' ' + QString::fromUtf8(title); }
@@ -78,6 +84,7 @@ private slots:
     void mesh_without_solids_is_an_error();
     void mesh_of_too_many_elements_is_refused();
     void progress_is_shown_and_ended();
+    void progress_is_told_in_the_users_language();
     void verbose_mesh_shows_what_the_engine_says();
     void cancel_ends_the_mesher_and_keeps_the_last_mesh();
     void crash_of_the_mesher_is_told_and_loses_nothing();
@@ -381,6 +388,13 @@ void TstGeometryCommands::progress_is_shown_and_ended()
     QVERIFY(std::is_sorted(mShell->percentages.begin(), mShell->percentages.end()));
     QVERIFY(mShell->percentages.last() > 90);
     QCOMPARE(mShell->last_text, QString());
+}
+
+void TstGeometryCommands::progress_is_told_in_the_users_language()
+{
+    const MarkingTranslator marker("MesherReport");
+    make({u"brick 1"_s, u"mesh size 0.1"_s});
+    QVERIFY2(mShell->texts.contains(u"<meshing volumes> "_s), qPrintable(mShell->texts.join(u'\n')));
 }
 
 void TstGeometryCommands::verbose_mesh_shows_what_the_engine_says()
