@@ -17,6 +17,7 @@
 
 #include <QDialog>
 #include <QDockWidget>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QStackedWidget>
@@ -141,6 +142,11 @@ void TstWindowCommands::window_is_shown_photographed_and_hidden()
     QVERIFY(window);
     QVERIFY(!window->isModal());
 
+    if (name == "about"_L1) {
+        const auto labels = window->findChildren<QLabel*>();
+        QVERIFY(std::any_of(labels.begin(), labels.end(),
+                            [](const QLabel* l) { return l->text().contains(u"Fennar"); }));
+    }
     enter(picture);
     QCOMPARE(QImage(file).size(), window->size());
     enter(u"picture \"%1\""_s.arg(file)); // which is the main window, whatever is active
