@@ -64,7 +64,7 @@ function(ostrel_add_test name)
         TIMEOUT ${arg_TIMEOUT}
         ENVIRONMENT "HOME=${sandbox};XDG_CONFIG_HOME=${sandbox}/config;XDG_CONFIG_DIRS=${sandbox}/config-dirs;\
 XDG_DATA_HOME=${sandbox}/data;XDG_RUNTIME_DIR=${sandbox}/run;TMPDIR=${sandbox}/tmp;QT_QPA_PLATFORM=${platform};\
-QT_STYLE_OVERRIDE=Fusion;QT_FONT_DPI=96;QT_LOGGING_RULES=;LC_ALL=C.UTF-8;LOCPATH=${OSTREL_TEST_LOCALES};\
+QT_STYLE_OVERRIDE=Fusion;QT_FONT_DPI=96;QT_LOGGING_RULES=;LC_ALL=C.UTF-8;LANGUAGE=;LOCPATH=${OSTREL_TEST_LOCALES};\
 QTEST_FUNCTION_TIMEOUT=${function_timeout};FENNAR_COMPONENT_PATH=;\
 LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0;\
 UBSAN_OPTIONS=print_stacktrace=1")
