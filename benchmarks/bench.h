@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <utility>
 #include <vector>
 
 /** What the benchmarks share: timing, and the rows that ./bench makes a table of. */
@@ -39,10 +40,23 @@ inline double median(std::vector<double> values)
     return values[values.size() / 2];
 }
 
+/** The medians of what two functions return. They are run in turns: a machine that slows down slows both. */
+template <typename First, typename Second>
+std::pair<double, double> medians(First&& first, Second&& second, int rounds)
+{
+    std::vector<double> firsts;
+    std::vector<double> seconds;
+    first();
+    second();
+    for (int round = 0; round < rounds; ++round) {
+        firsts.push_back(first());
+        seconds.push_back(second());
+    }
+    return {median(firsts), median(seconds)};
+}
+
 /**
- * Prints one row: how long something takes in comparison with a yardstick.
- *
- * Both are run in turns, so that a machine that slows down slows both, and the medians are compared.
+ * Prints one row: how long something takes in comparison with a yardstick, by the medians().
  *
  * @param yardstick, subject  functions that prepare what they need and return how long the work itself took,
  *                            in seconds: see seconds().
@@ -52,16 +66,7 @@ inline double median(std::vector<double> values)
 template <typename Yardstick, typename Subject>
 void compare(const char* work, double aim, Yardstick&& yardstick, Subject&& subject, int rounds = 5)
 {
-    std::vector<double> yardsticks;
-    std::vector<double> subjects;
-    yardstick();
-    subject();
-    for (int round = 0; round < rounds; ++round) {
-        yardsticks.push_back(yardstick());
-        subjects.push_back(subject());
-    }
-    const double yard = median(yardsticks);
-    const double time = median(subjects);
+    const auto [yard, time] = medians(yardstick, subject, rounds);
     std::printf("%s\t%.2f ms\t%.2f ms\t%.3f x\t%g x\n", work, time * 1e3, yard * 1e3, time / yard, aim);
     std::fflush(stdout);
 }

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-// What journals cost: opening, playing, translating, commenting and typing.
+// What journals cost: opening, playing, commenting and typing.
 
 #include "bench.h"
 #include "journal/JournalDocument.h"
 #include "journal/JournalEditor.h"
-#include "journal/translate.h"
+#include "journal_text.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -15,37 +15,11 @@
 #include <QTemporaryFile>
 #include <QTextBlock>
 
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int many_lines = 1'000'000;
-
-/** A journal with all that the translation has rules for, most of its lines being plain commands. */
-QString journal(int lines)
-{
-    const QStringList kinds = {u"volume %1 size 0.5\n"_s,
-                               u"mesh volume %1 scheme tetmesh \\\n"_s,
-                               u"    interval 12\n"_s,
-                               u"import step 'C:\\models\\part%1.stp' heal\n"_s,
-                               u"block %1 name \"outer shell\"\n"_s,
-                               u"# the part's outer hull, step %1\n"_s,
-                               u"\n"_s,
-                               u"surface %1 interval 12 size 0.125\n"_s,
-                               u"curve %1 to 17 merge tolerance 1e-6\n"_s,
-                               u"list volume %1 geometry\n"_s};
-    QString text;
-    for (int line = 0; line < lines; ++line) {
-        const QString& kind = kinds[line % kinds.size()];
-        text += kind.contains(u"%1"_s) ? kind.arg(line) : kind;
-    }
-    text.chop(1);
-    return text;
-}
 
 /** A tab widget on the screen, as the journal editor has one. */
 class Tabs : public QTabWidget
@@ -132,40 +106,10 @@ void playing(JournalEditor* editor, const QString& text)
         qFatal("not all lines were played");
 }
 
-void translating(const QString& text)
-{
-#ifdef __GLIBC__
-    // Otherwise short texts get memory that was used before, and long ones new pages for each run: the
-    // allocator would be measured.
-    mallopt(M_MMAP_THRESHOLD, 1 << 20);
-#endif
-    const auto translate = [](const QString& before) {
-        QString after = before;
-        const double seconds = bench::seconds([&] { pythonize_text(after); });
-        if (after.count(u'\n') != before.count(u'\n') || after.size() < before.size() + 10)
-            qFatal("the text was not translated");
-        return seconds;
-    };
-    bench::compare(
-        "translating a journal of 1,000,000 lines", 6,
-        [&] {
-            QString back;
-            const double seconds = bench::seconds([&] { back = QString::fromUtf8(text.toUtf8()); });
-            if (back != text)
-                qFatal("the text did not survive UTF-8");
-            return seconds;
-        },
-        [&] { return translate(text); }, 11);
-    const QString twice = text + u'\n' + text;
-    bench::compare(
-        "translating twice the text", 2.2, [&] { return translate(text); }, [&] { return translate(twice); },
-        11);
-}
-
 void commenting(JournalEditor* editor)
 {
     constexpr int lines = 10'000;
-    const QString text = journal(lines);
+    const QString text = bench::journal(lines);
     bench::compare(
         "commenting 10,000 lines", 1.5,
         [&] {
@@ -214,7 +158,7 @@ void typing(JournalEditor* editor, const QString& text)
     };
     Tabs short_tabs;
     JournalDocument* short_document = short_tabs.add_document(editor);
-    short_document->setPlainText(journal(100));
+    short_document->setPlainText(bench::journal(100));
     Tabs long_tabs;
     JournalDocument* long_document = long_tabs.add_document(editor);
     long_document->setPlainText(text);
@@ -232,10 +176,9 @@ int main(int argc, char** argv)
     bench::ignore_platform_warnings();
     const QApplication application(argc, argv);
     JournalEditor editor;
-    const QString text = journal(many_lines);
+    const QString text = bench::journal(many_lines);
     opening(text);
     playing(&editor, text);
     commenting(&editor);
     typing(&editor, text);
-    translating(text);
 }

@@ -10,8 +10,8 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 
 # What is installed finds its libraries wherever the prefix is moved to.
-file(RELATIVE_PATH libraries_from_bin ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/${libraries_from_bin}")
+set(CMAKE_INSTALL_RPATH "$ORIGIN")
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME runtime)
 
 find_program(OSTREL_CCACHE ccache)
 if(OSTREL_CCACHE)

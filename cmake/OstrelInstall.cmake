@@ -1,8 +1,10 @@
 # SPDX-FileCopyrightText: 2026 The Ostrel developers
 # SPDX-License-Identifier: BSD-3-Clause
 
-# What `cmake --install` puts below the prefix: the program, the libraries, the headers of the classes that components and
-# hosts use, and the CMake package OstrelGui.
+# What `cmake --install` puts below the prefix: the program with its components and its place on the desktop, the libraries,
+# the headers of the classes that components and hosts use, the CMake package OstrelGui and the pkg-config file ostrelgui.
+#
+# Two install components: "runtime" is what it takes to run the program, "development" what it takes to build against it.
 
 include(CMakePackageConfigHelpers)
 
@@ -24,6 +26,16 @@ function(ostrel_collect_headers list header)
     set(${list} ${headers} PARENT_SCOPE)
 endfunction()
 
+# Compresses a text of the tree, or one that has been made.
+function(ostrel_compress_text source target)
+    cmake_path(ABSOLUTE_PATH source BASE_DIRECTORY ${CMAKE_SOURCE_DIR})
+    if(NOT source MATCHES "^${CMAKE_BINARY_DIR}")
+        set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${source})
+    endif()
+    # Without name and time, so that the same text gives the same file.
+    execute_process(COMMAND gzip -9nc INPUT_FILE ${source} OUTPUT_FILE ${target} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
 # The shell's exported classes, all of host/, and what they include.
 file(GLOB_RECURSE candidates RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS
     ${CMAKE_SOURCE_DIR}/frame/*.h ${CMAKE_SOURCE_DIR}/console/*.h ${CMAKE_SOURCE_DIR}/files/*.h
@@ -39,29 +51,80 @@ endforeach()
 set(exported_targets ostrelgui)
 
 if(OSTREL_BUILD_WORKBENCH)
-    # What components need of the workbench.
+    # What components and hosts need of the workbench.
     foreach(header components/component.h fennari19/Fennar.h fennari19/CommandCall.h fennari19/CommandError.h
-            fennar_formats/FormatRegistry.h fennar_util/Interrupt.h scene/Scene.h)
+            fennar_formats/FormatRegistry.h fennar_util/Interrupt.h scene/Scene.h
+            fennar_python/PythonRuntime.h fennar_python/make_python_interpreter.h
+            ostrelfw/FrameworkInterpreters.h ostrelfw/HostMediator.h)
         ostrel_collect_headers(public_headers workbench/${header})
     endforeach()
     list(APPEND exported_targets fennar_util fennari19 fennar_formats fennar_python navigation ostrelfw scene)
-    install(TARGETS fennar)
-    install(DIRECTORY workbench/xml DESTINATION ${CMAKE_INSTALL_BINDIR})
+
+    # The program reads its navigation files and finds its components in the folder that it lies in. Folders are no use
+    # in a directory of commands, so it has one of its own, and what is there is a link to it.
+    set(program_dir ${CMAKE_INSTALL_LIBDIR}/fennar)
+    set_target_properties(fennar PROPERTIES INSTALL_RPATH "$ORIGIN/..")
+    install(TARGETS fennar DESTINATION ${program_dir})
+    install(DIRECTORY workbench/xml DESTINATION ${program_dir})
+    foreach(component geometry graphics)
+        install(DIRECTORY workbench/components/${component}/images/light/
+            DESTINATION ${program_dir}/xml/images/${component})
+    endforeach()
+    file(RELATIVE_PATH program ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/fennar/fennar)
+    file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/install)
+    file(CREATE_LINK ${program} ${CMAKE_BINARY_DIR}/install/fennar SYMBOLIC)
+    install(FILES ${CMAKE_BINARY_DIR}/install/fennar DESTINATION ${CMAKE_INSTALL_BINDIR})
     install(DIRECTORY workbench/journals DESTINATION ${CMAKE_INSTALL_DATADIR}/fennar)
+    # What a component of one's own begins with; see docs/component-guide.md.
+    install(DIRECTORY workbench/components/template DESTINATION ${CMAKE_INSTALL_DATADIR}/fennar)
+
+    ostrel_compress_text(workbench/desktop/fennar.1 ${CMAKE_BINARY_DIR}/install/fennar.1.gz)
+    install(FILES ${CMAKE_BINARY_DIR}/install/fennar.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+
+    # Its place on the desktop.
+    install(FILES workbench/desktop/fennar.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+    install(FILES workbench/desktop/fennar.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
+    install(FILES resources/images/light/fennar.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+    install(FILES workbench/product.png DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/64x64/apps RENAME fennar.png)
+    install(FILES workbench/desktop/fennar-48.png DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/48x48/apps
+        RENAME fennar.png)
 endif()
 
 foreach(header IN LISTS public_headers)
     get_filename_component(folder ${header} DIRECTORY)
-    install(FILES ${header} DESTINATION ${ostrel_include_dir}/${folder})
+    install(FILES ${header} DESTINATION ${ostrel_include_dir}/${folder} COMPONENT development)
 endforeach()
+
+# Before version 1 each minor version may change the interface, and so the name that programs look for.
+set(interface_version ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+set_target_properties(${exported_targets} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${interface_version})
 install(TARGETS ${exported_targets} EXPORT OstrelGuiTargets
+    LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
     INCLUDES DESTINATION ${ostrel_include_dir})
-install(EXPORT OstrelGuiTargets NAMESPACE OstrelGui:: DESTINATION ${ostrel_package_dir})
+install(EXPORT OstrelGuiTargets NAMESPACE OstrelGui:: DESTINATION ${ostrel_package_dir} COMPONENT development)
 configure_package_config_file(cmake/OstrelGuiConfig.cmake.in ${CMAKE_BINARY_DIR}/cmake/OstrelGuiConfig.cmake
     INSTALL_DESTINATION ${ostrel_package_dir} PATH_VARS OSTREL_SHELL_TRANSLATIONS)
-# Before version 1 each minor version may change the interface.
 write_basic_package_version_file(${CMAKE_BINARY_DIR}/cmake/OstrelGuiConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${CMAKE_BINARY_DIR}/cmake/OstrelGuiConfig.cmake ${CMAKE_BINARY_DIR}/cmake/OstrelGuiConfigVersion.cmake
         cmake/OstrelGuiComponent.cmake
-    DESTINATION ${ostrel_package_dir})
-install(FILES LICENSE README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+    DESTINATION ${ostrel_package_dir} COMPONENT development)
+
+# For pkg-config. All paths count from the file's own, so that the prefix may be moved.
+file(RELATIVE_PATH prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+string(REGEX REPLACE "/$" "" prefix ${prefix})
+file(RELATIVE_PATH libdir ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_LIBDIR})
+file(RELATIVE_PATH includedir ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_INCLUDEDIR}/ostrel)
+set(libraries)
+foreach(library ostrelgui ${OSTREL_HOST_LIBRARIES})
+    if(TARGET ${library})
+        list(APPEND libraries "-l$<TARGET_FILE_BASE_NAME:${library}>")
+    else()
+        list(APPEND libraries "-l${library}")
+    endif()
+endforeach()
+list(JOIN libraries " " libraries)
+configure_file(cmake/ostrelgui.pc.in ${CMAKE_BINARY_DIR}/install/ostrelgui.pc.in @ONLY)
+file(GENERATE OUTPUT ${CMAKE_BINARY_DIR}/install/ostrelgui.pc INPUT ${CMAKE_BINARY_DIR}/install/ostrelgui.pc.in)
+install(FILES ${CMAKE_BINARY_DIR}/install/ostrelgui.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+
+install(FILES LICENSE README.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documents)

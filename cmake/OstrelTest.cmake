@@ -12,6 +12,20 @@ if(NOT EXISTS ${OSTREL_TEST_LOCALES}/de_DE.UTF-8/LC_NUMERIC)
     endif()
 endif()
 
+# Gives a test that is declared a home directory of its own under the build tree.
+function(ostrel_sandbox_test name platform)
+    set(sandbox ${CMAKE_BINARY_DIR}/sandbox/${name})
+    file(MAKE_DIRECTORY ${sandbox}/config ${sandbox}/config-dirs ${sandbox}/data ${sandbox}/run ${sandbox}/tmp)
+    file(CHMOD ${sandbox}/run PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+    set_tests_properties(${name} PROPERTIES
+        ENVIRONMENT "HOME=${sandbox};XDG_CONFIG_HOME=${sandbox}/config;XDG_CONFIG_DIRS=${sandbox}/config-dirs;\
+XDG_DATA_HOME=${sandbox}/data;XDG_RUNTIME_DIR=${sandbox}/run;TMPDIR=${sandbox}/tmp;QT_QPA_PLATFORM=${platform};\
+QT_STYLE_OVERRIDE=Fusion;QT_FONT_DPI=96;QT_LOGGING_RULES=;LC_ALL=C.UTF-8;LANGUAGE=;LOCPATH=${OSTREL_TEST_LOCALES};\
+FENNAR_COMPONENT_PATH=;\
+LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0;\
+UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()
+
 # Declares a test: an executable of its own, run in a home directory of its own under the build tree.
 #
 #   ostrel_add_test(tst_name [SOURCES file...] [LIBRARIES target...] [WORKBENCH] [PROGRAM] [DISPLAY] [TIMEOUT seconds])
@@ -48,11 +62,7 @@ function(ostrel_add_test name)
         target_link_libraries(${name} PRIVATE ostrelgui_objects hostdouble)
     endif()
 
-    set(sandbox ${CMAKE_BINARY_DIR}/sandbox/${name})
-    file(MAKE_DIRECTORY ${sandbox}/config ${sandbox}/config-dirs ${sandbox}/data ${sandbox}/run ${sandbox}/tmp)
-    file(CHMOD ${sandbox}/run PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
     math(EXPR function_timeout "${arg_TIMEOUT} * 250")
-
     if(arg_DISPLAY)
         set(platform xcb)
         add_test(NAME ${name} COMMAND ${CMAKE_SOURCE_DIR}/tests/support/with-display $<TARGET_FILE:${name}>)
@@ -60,6 +70,7 @@ function(ostrel_add_test name)
         set(platform offscreen)
         add_test(NAME ${name} COMMAND ${name})
     endif()
+<<<<<<< HEAD
     set_tests_properties(${name} PROPERTIES
         TIMEOUT ${arg_TIMEOUT}
         ENVIRONMENT "HOME=${sandbox};XDG_CONFIG_HOME=${sandbox}/config;XDG_CONFIG_DIRS=${sandbox}/config-dirs;\
@@ -68,6 +79,11 @@ QT_STYLE_OVERRIDE=Fusion;QT_FONT_DPI=96;QT_LOGGING_RULES=;LC_ALL=C.UTF-8;LANGUAG
 QTEST_FUNCTION_TIMEOUT=${function_timeout};FENNAR_COMPONENT_PATH=;\
 LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0;\
 UBSAN_OPTIONS=print_stacktrace=1")
+=======
+    ostrel_sandbox_test(${name} ${platform})
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT})
+    set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "QTEST_FUNCTION_TIMEOUT=${function_timeout}")
+>>>>>>> main
     if(arg_PROGRAM)
         set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "ASAN_OPTIONS=fast_unwind_on_malloc=0")
     endif()

@@ -45,6 +45,7 @@ public:
 
     /** Whether the page takes the focus when the mouse enters it. Off at first. */
     void setFocusFollowsCursor(bool follows);
+    /** What setFocusFollowsCursor() has set. */
     bool focusFollowsCursor() const;
 
     /**
@@ -113,10 +114,18 @@ signals:
     void contentsCleared();
 
 protected:
+    /** Keeps input methods off output and prompt, and takes the focus when the mouse enters. */
     bool event(QEvent* e) override;
+    /**
+     * Enters the command on Return, asks for history on Up and Down, and keeps the keys off output and
+     * prompt.
+     */
     void keyPressEvent(QKeyEvent* e) override;
+    /** Shows the menu of the page. */
     void contextMenuEvent(QContextMenuEvent* e) override;
+    /** Inserts dropped text as a paste does. Output dragged within the page is copied, not moved. */
     void dropEvent(QDropEvent* e) override;
+    /** Pastes into the command; text with line ends goes out with commandsEntered(). */
     void insertFromMimeData(const QMimeData* source) override;
 
     /** Scrolls to the last line. */

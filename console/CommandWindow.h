@@ -28,6 +28,7 @@ class OSTRELGUI_EXPORT CommandWindow : public QWidget, public OutputHandler
     Q_OBJECT
 
 public:
+    /** Makes a console without pages, in command mode. @p parent owns it; may be null. */
     explicit CommandWindow(QWidget* parent = nullptr);
     ~CommandWindow() override;
 
@@ -65,24 +66,32 @@ public:
     /** Puts the warning icon on a tab until it is looked at. A null page, an index without a page and a title
      * that no tab has do nothing; of several tabs with the title the first is meant. */
     void set_tab_warning(QWidget* page);
+    /** As set_tab_warning(QWidget*), for the tab at @p index. */
     void set_tab_warning(int index);
+    /** As set_tab_warning(QWidget*), for the first tab of that title. */
     void set_tab_warning(const QString& title);
     /** Takes the warning icon away, under the same rules. */
     void clear_tab_warning(QWidget* page);
+    /** As clear_tab_warning(QWidget*), for the tab at @p index. */
     void clear_tab_warning(int index);
+    /** As clear_tab_warning(QWidget*), for the first tab of that title. */
     void clear_tab_warning(const QString& title);
 
     /** The most lines kept on CommandWidget pages; 0 or less means no limit. */
     void set_cmd_max_lines(int lines);
+    /** What set_cmd_max_lines() has set; 0 at first. */
     int get_cmd_max_lines() const;
     /** The most lines kept on all other text pages; 0 or less means no limit. */
     void set_other_max_lines(int lines);
+    /** What set_other_max_lines() has set; 0 at first. */
     int get_other_max_lines() const;
     /** The font of the CommandWidget pages. */
     void set_font(QFont font);
+    /** What set_font() has set; a default font at first. */
     QFont get_font() const;
     /** Whether CommandWidget pages take the focus when the mouse enters. Pages added later have it off. */
     void set_focus_follows_cursor(bool follows);
+    /** What set_focus_follows_cursor() has set; false at first. */
     bool get_focus_follows_cursor() const;
 
     /** Empties all CommandWidget pages down to a prompt. */
@@ -105,7 +114,15 @@ public:
 public slots:
     /** Clears the warning of the tab at @p index and gives its page the focus; -1 does nothing. */
     virtual void tabPageChanged(int index);
+    /**
+     * The button of command mode was clicked: goes to the first command page, and asks for command mode in
+     * Python mode.
+     */
     void fennar_mode_pushed();
+    /**
+     * The button of Python mode was clicked: goes to the first command page, and asks for Python mode in
+     * command mode.
+     */
     void python_mode_pushed();
 
 signals:

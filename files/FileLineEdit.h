@@ -27,6 +27,7 @@ class OSTRELGUI_EXPORT FileLineEdit : public QWidget
     Q_OBJECT
 
 public:
+    /** Makes an empty field. @p parent owns it; may be null. */
     explicit FileLineEdit(QWidget* parent = nullptr);
     ~FileLineEdit() override;
 
@@ -47,14 +48,19 @@ public:
 
     /** What stands in the field; nothing is tested. */
     QString filename() const;
+    /** Replaces what stands in the field. */
     void set_filename(const QString& name);
     /** Sets the text shown while the field is empty. */
     void set_placeholder_text(const QString& text);
 
 signals:
+    /** The caret has moved. */
     void cursorPositionChanged(int from, int to);
+    /** Return was pressed in the field, or the field has lost the focus. */
     void editingFinished();
+    /** Return was pressed in the field. */
     void returnPressed();
+    /** Other text is selected. */
     void selectionChanged();
     /** The text has changed, by whatever means. */
     void textChanged(const QString& text);

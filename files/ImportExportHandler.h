@@ -20,7 +20,9 @@ public:
     /** @param component  the name of the owner, by which OstrelFileMenu::remove_component_items() finds it.
      */
     explicit ImportExportHandler(const QString& component);
+    /** Copies filters and owner. */
     ImportExportHandler(const ImportExportHandler& other);
+    /** Takes over filters and owner of @p other. */
     ImportExportHandler& operator=(const ImportExportHandler& other);
     virtual ~ImportExportHandler();
 

@@ -55,8 +55,11 @@ public:
     int get_result() const;
 
 public slots:
+    /** Closes the dialog with the code of the first button. */
     void yes_clicked();
+    /** Closes the dialog with the code of the second button. */
     void no_clicked();
+    /** Closes the dialog with the code of the third button. */
     void cancel_clicked();
 
 private slots:

@@ -61,6 +61,7 @@ public:
     static void set_path_from_file(const QString& file);
     /** Whether the user is asked about unsaved data. */
     static bool do_save_prompt();
+    /** Sets whether the user is asked about unsaved data. */
     static void set_save_prompt(bool prompt);
 
     /**

@@ -86,6 +86,10 @@ bool MainFrame::is_loaded()
 
 bool MainFrame::load_gui()
 {
+    if (!mPrivate) {
+        qWarning("MainFrame::load_gui: a frame that has been unloaded cannot be loaded again; make another");
+        return false;
+    }
     mApplication = gui_application();
     if (mApplication) {
         // Before the window, whose console asks for the font. Without it the console takes what Qt offers.

@@ -35,15 +35,17 @@ public:
     bool is_loaded() override;
     /**
      * Builds and shows the main window, makes the console the framework's output, reads the navigation files,
-     * prints what the reader has to say, and registers as a component tracker. To be called once only, and
-     * not after unload_gui().
+     * prints what the reader has to say, and registers as a component tracker. To be called once only.
+     * After unload_gui() it warns and does nothing: another MainFrame can bring the interface up again.
      *
      * Without a QApplication nothing is built, but the tracker is registered all the same.
      *
      * @return is_loaded().
      */
     bool load_gui() override;
-    /** Undoes load_gui() and deletes the splash screen. Afterwards the object is good for destruction only.
+    /**
+     * Undoes load_gui() and deletes the splash screen. Afterwards the object is good for destruction only:
+     * it cannot be loaded again.
      */
     void unload_gui() override;
     /** Posts one event to the GUI thread; each call leads to one Mediator::handle_new_event(). Does nothing

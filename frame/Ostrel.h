@@ -63,11 +63,17 @@ public:
     TaskPanel* command_buttons() const;
     /** The console. */
     CommandWindow* command_line() const;
+    /** The journal editor, shown or not. */
     JournalEditor* journal_editor() const;
+    /** The options dialog, shown or not. */
     OptionsPanel* options() const;
+    /** The menu "File". */
     OstrelFileMenu* file_menu() const;
+    /** The menu "View". */
     OstrelViewMenu* view_menu() const;
+    /** The menu "Tools". */
     OstrelToolsMenu* tools_menu() const;
+    /** The menu "Help". */
     OstrelHelpMenu* help_menu() const;
     /** What set_graphics_widget() has put in; null while the black placeholder is shown. */
     QWidget* graphics_widget() const;
@@ -78,6 +84,7 @@ public:
 
     /** Sets the window's title; an empty one stands for "Ostrel". */
     void set_title(const QString& t);
+    /** The title without the name of the current file. */
     QString get_title() const;
     /** Writes the title anew. Called whenever the name of the current file changes. */
     void update_title();
@@ -216,8 +223,14 @@ public slots:
     void cancel_progress();
 
 protected:
+    /** Emits help_key_pressed() on F1. */
     void keyPressEvent(QKeyEvent* e) override;
+    /**
+     * Closes the journal editor, asks about unsaved data, and saves the settings even if the window stays
+     * open. If it does not, Mediator::request_exit() follows.
+     */
     void closeEvent(QCloseEvent* e) override;
+    /** Adds nothing to the base class. */
     void showEvent(QShowEvent* e) override;
 
 private:

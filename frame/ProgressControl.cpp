@@ -16,9 +16,7 @@ ProgressControl::ProgressControl(QWidget* parent)
     : QWidget(parent), ui(std::make_unique<Ui::QtProgressControl>())
 {
     ui->setupUi(this);
-    QIcon icon = load_icon("cancel.svg");
-    icon.addPixmap(load_icon("dcancel.svg").pixmap(36, 36), QIcon::Disabled);
-    ui->mCancel->setIcon(icon);
+    ui->mCancel->setIcon(load_icon("cancel.svg", "dcancel.svg", QSize(36, 36)));
     ui->mProgress->reset();
     ui->mCancel->setEnabled(false);
     Ostrel::instance()->mEventFilter->addObject(ui->mCancel);

@@ -76,6 +76,7 @@ public:
     /** Whether the user is asked before unsaved changes are dropped. The same for all editors; true at
      * first. */
     static bool do_save_prompt();
+    /** Sets whether the user is asked before unsaved changes are dropped. */
     static void set_save_prompt(bool prompt);
 
 signals:
@@ -104,11 +105,15 @@ public slots:
     void fileSaveAll();
     /** Does nothing: it holds the place of printing. */
     void filePrint();
-    // These five do to the current document what their names say.
+    /** Undoes the last edit of the current document. */
     void editUndo();
+    /** Does again what was undone last in the current document. */
     void editRedo();
+    /** Moves the selection of the current document to the clipboard. */
     void editCut();
+    /** Copies the selection of the current document to the clipboard. */
     void editCopy();
+    /** Puts the clipboard's text into the current document. */
     void editPaste();
     /** Runs the find dialog. */
     void editFind();

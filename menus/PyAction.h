@@ -33,34 +33,48 @@ class OSTRELGUI_EXPORT PyAction : public QObject
     Q_OBJECT
 
 public:
+    /** Makes an action without a text. There should be a main window, whose child the action is. */
     PyAction();
     ~PyAction() override;
 
+    /** Sets the text in menus. */
     void setText(const char* text);
     /** The same as setText(). */
     void setMenuText(const char* text);
+    /** Sets the tool tip. */
     void setToolTip(const char* text);
+    /** Sets what the status bar shows while the mouse is over the entry. */
     void setStatusTip(const char* text);
+    /** Sets the text of "What's This?". */
     void setWhatsThis(const char* text);
 
-    /** The pointer must not be read, here and in the next four; see the class. */
+    /** The text. The pointer must not be read, see the class. */
     const char* getText() const;
     /** The same as getText(). */
     const char* getMenuText() const;
+    /** The tool tip. The pointer must not be read, see the class. */
     const char* getToolTip() const;
+    /** The status tip. The pointer must not be read, see the class. */
     const char* getStatusTip() const;
+    /** The text of "What's This?". The pointer must not be read, see the class. */
     const char* getWhatsThis() const;
 
     /** Makes the action checkable. */
     void setToggleAction(bool on);
     /** Checks a checkable action, which runs the toggle method if it was not so before. */
     void setOn(bool on);
+    /** Enables or disables the action. */
     void setEnabled(bool on);
+    /** Shows or hides the action wherever it was added. */
     void setVisible(bool on);
 
+    /** Whether the action is checkable. */
     bool hasToggleAction() const;
+    /** Whether the action is checked. */
     bool isOn() const;
+    /** Whether the action is enabled. */
     bool isEnabled() const;
+    /** Whether the action is visible. */
     bool isVisible() const;
 
     /** Sets what activation calls, without arguments. Empty for nothing. */

@@ -25,6 +25,7 @@ class OSTRELGUI_EXPORT OptionsPanel : public QDialog
     Q_OBJECT
 
 public:
+    /** Makes a dialog without pages. @p parent owns it; may be null. */
     explicit OptionsPanel(QWidget* parent);
     ~OptionsPanel() override;
 
@@ -64,7 +65,9 @@ signals:
     void legacyBehaviorChanged(bool on);
 
 protected slots:
+    /** Emits saveSettings() and closes the dialog. */
     virtual void saveClicked();
+    /** Shows the page of @p current. The previous entry is not used. */
     virtual void changeWidget(QTreeWidgetItem* current, QTreeWidgetItem* previous);
 
 private:

@@ -11,6 +11,8 @@
 #include <QStyle>
 #include <QStyleOption>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -32,6 +34,10 @@ QPixmap draw(const QString& path, const QSize& size, QIcon::Mode mode)
 
 BundledIconEngine::BundledIconEngine(const QString& path) : mPath(path) {}
 
+BundledIconEngine::BundledIconEngine(const QString& path, const QIcon& disabled, const QSize& size)
+    : mPath(path), mAdded{{QIcon::Disabled, QIcon::Off, QPixmap(), disabled, size}}
+{}
+
 void BundledIconEngine::paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state)
 {
     const qreal ratio = painter->device() ? painter->device()->devicePixelRatio() : 1.0;
@@ -42,6 +48,8 @@ QPixmap BundledIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::St
 {
     if (!mComposed.isNull())
         return mComposed.pixmap(size, 1.0, mode, state);
+    if (const QPixmap picture = added(size, mode, state); !picture.isNull())
+        return picture;
     if (size.isEmpty())
         return {};
     // The style draws the other modes in colours of the palette.
@@ -78,12 +86,17 @@ bool BundledIconEngine::isNull()
 
 void BundledIconEngine::addPixmap(const QPixmap& pixmap, QIcon::Mode mode, QIcon::State state)
 {
-    composed().addPixmap(pixmap, mode, state);
+    if (mComposed.isNull())
+        mAdded.append({mode, state, pixmap, QIcon(), QSize()});
+    else
+        mComposed.addPixmap(pixmap, mode, state);
 }
 
 void BundledIconEngine::addFile(const QString& file, const QSize& size, QIcon::Mode mode, QIcon::State state)
 {
-    composed().addFile(file, size, mode, state);
+    if (mComposed.isNull())
+        mComposed = compose();
+    mComposed.addFile(file, size, mode, state);
 }
 
 QIconEngine* BundledIconEngine::clone() const
@@ -101,7 +114,7 @@ bool BundledIconEngine::write(QDataStream& out) const
     QByteArray written;
     QDataStream buffer(&written, QDataStream::ReadWrite);
     buffer.setVersion(out.version());
-    buffer << (mComposed.isNull() ? QIcon(mPath) : mComposed);
+    buffer << (mComposed.isNull() ? compose() : mComposed);
     // QIcon writes the key, which is ours as well and has been written, before its engine writes the rest.
     buffer.device()->seek(0);
     QString key;
@@ -110,9 +123,23 @@ bool BundledIconEngine::write(QDataStream& out) const
     return out.writeRawData(rest.constData(), int(rest.size())) == rest.size();
 }
 
-QIcon& BundledIconEngine::composed()
+QIcon BundledIconEngine::compose() const
 {
-    if (mComposed.isNull())
-        mComposed = QIcon(mPath);
-    return mComposed;
+    QIcon icon(mPath);
+    for (const Added& addition : mAdded)
+        icon.addPixmap(addition.drawn(), addition.mode, addition.state);
+    return icon;
+}
+
+QPixmap BundledIconEngine::added(const QSize& size, QIcon::Mode mode, QIcon::State state) const
+{
+    const auto last = std::find_if(mAdded.crbegin(), mAdded.crend(), [mode, state](const Added& addition) {
+        return addition.mode == mode && addition.state == state;
+    });
+    if (last == mAdded.crend())
+        return {};
+    // Without drawing it for nothing.
+    const QSize own =
+        last->picture.isNull() ? last->size * qGuiApp->devicePixelRatio() : last->picture.size();
+    return own == size ? last->drawn() : QPixmap();
 }

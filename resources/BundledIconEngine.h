@@ -19,6 +19,11 @@ class BundledIconEngine : public QIconEngine
 public:
     /** @param path  an SVG file that exists. */
     explicit BundledIconEngine(const QString& path);
+    /**
+     * As if the picture of @p disabled in @p size had been added for the mode QIcon::Disabled, but it is
+     * drawn when it is first asked for.
+     */
+    BundledIconEngine(const QString& path, const QIcon& disabled, const QSize& size);
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override;
     /** @param size  in device pixels; the picture keeps the proportions of the drawing within it. */
@@ -36,10 +41,24 @@ public:
     bool write(QDataStream& out) const override;
 
 private:
-    /** The icon that Qt makes of the file, to which pictures can be added. */
-    QIcon& composed();
+    /** A picture that shows at its own size only: @p picture, or, if that is null, what @p icon draws. */
+    struct Added
+    {
+        QPixmap drawn() const { return picture.isNull() ? icon.pixmap(size) : picture; }
+
+        QIcon::Mode mode;
+        QIcon::State state;
+        QPixmap picture;
+        QIcon icon;
+        QSize size;
+    };
+
+    /** The icon that Qt makes of the file and of what has been added. */
+    QIcon compose() const;
+    QPixmap added(const QSize& size, QIcon::Mode mode, QIcon::State state) const;
 
     QString mPath;
-    /** Null until something is added. From then on all is left to it. */
+    QList<Added> mAdded;
+    /** Null until a file is added. From then on all is left to it. */
     QIcon mComposed;
 };

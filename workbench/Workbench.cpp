@@ -3,8 +3,12 @@
 
 #include "workbench/Workbench.h"
 
+#include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
+#include "files/FileLineEdit.h"
 #include "frame/Ostrel.h"
+#include "host/navigation/NavigationModel.h"
+#include "host/navigation/NavigationResourcesDelay.h"
 #include "host/ostrelfw/Broker.h"
 #include "host/ostrelfw/Framework.h"
 #include "host/ostrelfw/Mediator.h"
@@ -14,6 +18,7 @@
 #include "menus/OstrelHelpMenu.h"
 #include "menus/OstrelToolsMenu.h"
 #include "options/OptionsPanel.h"
+#include "workbench/PanelOptions.h"
 #include "workbench/WindowKeys.h"
 #include "workbench/apply_python_paths.h"
 #include "workbench/component_manager/ComponentManager.h"
@@ -27,7 +32,9 @@
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandInterpreter.h"
 #include "workbench/fennari19/Fennar.h"
+#include "workbench/fennari19/complete_command.h"
 #include "workbench/navigation/CommandSink.h"
+#include "workbench/navigation/FormServices.h"
 #include "workbench/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/ostrelfw/HostMediator.h"
 #include "workbench/ostrelfw/OutputRouter.h"
@@ -36,11 +43,13 @@
 #include "workbench/python_literal.h"
 #include "workbench/scene/Scene.h"
 #include "workbench/scene/select_command.h"
+#include "workbench/windows/ColourScheme.h"
+#include "workbench/windows/WindowCommands.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDeadlineTimer>
 #include <QGuiApplication>
-#include <QPixmap>
 #include <QPlainTextEdit>
 #include <QStandardPaths>
 #include <QTimer>
@@ -62,6 +71,16 @@ static void init_resources()
 
 namespace {
 
+/** The field for a file in the forms of the command panel. */
+QWidget* make_file_field(QWidget* parent, bool open, const QList<CommandFileFilter>& filters)
+{
+    auto* field = new FileLineEdit(parent);
+    field->set_open_dialog(open);
+    for (const CommandFileFilter& filter : filters)
+        field->add_filter(filter.name, filter.extension);
+    return field;
+}
+
 /** How often, in milliseconds, work that goes on gives the shell its turn. */
 constexpr qint64 turn_interval = 50;
 
@@ -71,17 +90,31 @@ constexpr auto pause_interval = 10ms;
 /** How long, in milliseconds, the start waits for the splash screen to be seen. */
 constexpr qint64 splash_patience = 300;
 
-/** How long, in milliseconds, a picture waits for the window to come to the screen. */
-constexpr qint64 picture_patience = 2000;
+/** How often, and for how many milliseconds at most, the start looks whether the window has been painted. */
+constexpr auto start_interval = 2ms;
+constexpr qint64 start_patience = 2000;
 
 class CommandLines : public LineInterpreter
 {
 public:
     Outcome enter(const QString& line) override
     {
-        return {Fennar::instance().interpreter().enter(line) == CommandInterpreter::Result::Incomplete, {}};
+        const CommandInterpreter::Result result = Fennar::instance().interpreter().enter(line);
+        return {result == CommandInterpreter::Result::Incomplete,
+                {},
+                result == CommandInterpreter::Result::Failed};
     }
     void reset() override { Fennar::instance().interpreter().reset(); }
+    LineCompletion complete(const QString& line, qsizetype caret) override
+    {
+        Fennar& fennar = Fennar::instance();
+        const QString& entered = fennar.interpreter().entered();
+        LineCompletion completion = complete_command(entered + line, entered.size() + caret,
+                                                     fennar.registry(), fennar.interpreter().variables());
+        completion.start -= entered.size();
+        // A word that has begun on an earlier line cannot be written anew.
+        return completion.start < 0 ? LineCompletion{.start = caret} : completion;
+    }
 };
 
 class PythonLines : public LineInterpreter
@@ -90,9 +123,17 @@ public:
     Outcome enter(const QString& line) override
     {
         const PythonConsole::Outcome outcome = mConsole.enter(line);
-        return {outcome.incomplete, outcome.indent};
+        return {outcome.incomplete, outcome.indent, outcome.failed};
     }
     void reset() override { mConsole.reset(); }
+    LineCompletion complete(const QString& line, qsizetype caret) override
+    {
+        const PythonConsole::Names names = mConsole.complete(line, caret);
+        LineCompletion completion{.start = names.start, .common = names.common};
+        for (const QString& name : names.names)
+            completion.candidates << LineCompletion::Candidate{name, name};
+        return completion;
+    }
 
 private:
     PythonConsole mConsole{PythonRuntime::user_namespace()};
@@ -139,6 +180,13 @@ bool asks_before_it_closes(const JournalEditor* editor)
                        [](const QPlainTextEdit* document) { return document->document()->isModified(); });
 }
 
+/** Tells why a journal is left out. */
+QString not_played(const QString& journal)
+{
+    return u"ERROR: %1 is not played, since the model could not be opened\n"_s.arg(
+        CommandError::shown(journal, journal.size()));
+}
+
 /** Fills the about dialog in. */
 void describe_product()
 {
@@ -174,7 +222,10 @@ Workbench::Workbench(const QString& data_directory) : mDataDirectory(data_direct
 Workbench::~Workbench()
 {
     mComponents.reset();
+    mScheme.reset();
+    mWindowCommands.reset();
     PythonRuntime::stop();
+    set_form_services({});
     Fennar::instance().application() = {};
     OutputRouter::instance().set_window_listener(nullptr);
     HostMediator::instance().set_event_handler(nullptr);
@@ -184,7 +235,11 @@ Workbench::~Workbench()
 void Workbench::set_up_commands()
 {
     Fennar& fennar = Fennar::instance();
-    fennar.interpreter().set_output([](const QString& text) { Broker::command << text; });
+    // A command that prints can be watched and cancelled, whether or not it tells its progress.
+    fennar.interpreter().set_output([this](const QString& text) {
+        Broker::command << text;
+        give_turn();
+    });
     fennar.interpreter().set_error_output([this](const QString& text) { report_error(text); });
     fennar.services().history = [this] { return mConsole ? mConsole->history().entries() : QStringList(); };
     fennar.services().quit = [this] { quit(); };
@@ -194,19 +249,35 @@ void Workbench::set_up_commands()
     fennar.playback().set_echo([this](const QString& line) { echo(line); });
     fennar.playback().set_turn([this] { give_turn(); });
     fennar.playback().set_wait([this] {
+        OutputRouter::instance().flush();
         std::this_thread::sleep_for(pause_interval);
         mFrame.check_interrupt_session(nullptr);
     });
-    fennar.playback().set_python_hook(&PythonRuntime::run_file);
+    fennar.playback().set_python_hook([](const Playback::PythonScript& script) {
+        return PythonRuntime::run_file(script.path, script.source, script.piece);
+    });
     fennar.playback().set_change_directory([] { return Broker::instance()->change_dir_on_playback(); });
     fennar.registry().add(
-        {u"python"_s, u"python STATEMENT..."_s, u"Runs a Python statement."_s,
-         u"The words are joined with blanks. Quote the statement if it has quotes of its own, as\n"
-         "    python 'print(\"done\")'"_s,
-         u"workbench"_s, &run_python_command});
-    fennar.registry().add({u"picture"_s, u"picture FILE"_s, u"Writes a picture of the main window."_s,
-                           u"The ending of FILE selects the format, as .png or .jpg."_s, u"workbench"_s,
-                           [this](CommandCall& call) { write_picture(call); }});
+        {.name = u"python"_s,
+         .summary = u"Runs a Python statement."_s,
+         .help = u"The words are joined with blanks. Quote the statement if it has quotes of its own, as\n"
+                 "    python 'print(\"done\")'"_s,
+         .owner = u"workbench"_s,
+         .run = &run_python_command,
+         .forms = {{.clauses = {required_value({.name = u"STATEMENT"_s,
+                                                .kind = CommandParameter::Kind::Text,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Statement"),
+                                                .repeated = true,
+                                                .example = u"print('done')"_s})}}}});
+    mWindowCommands = std::make_unique<WindowCommands>(
+        fennar.registry(),
+        [this] {
+            mFrame.check_interrupt_session(nullptr);
+            pass_interrupt_on();
+        },
+        [this](const QString& text) { report_error(text); });
+    mScheme = std::make_unique<ColourScheme>(fennar.registry());
+    set_form_services({&fennar.registry(), &fennar.interpreter().variables(), &make_file_field});
     register_component_commands(fennar.registry(), *mComponents);
     register_select_command(fennar.registry(), Scene::instance());
 }
@@ -226,9 +297,14 @@ void Workbench::set_up_python()
         return done;
     };
     hooks.wake = [this] { announce_output(); };
-    hooks.turn = [this] { give_turn(); };
+    hooks.turn = [this] {
+        give_turn();
+        Playback& playback = Fennar::instance().playback();
+        playback.script_reached(PythonRuntime::line_reached(playback.script_in_play()));
+        pass_interrupt_on();
+    };
     hooks.extend = &add_python_actions;
-    PythonRuntime::start(hooks);
+    PythonRuntime::start_when_needed(hooks);
     set_framework_interpreters(make_python_interpreter(PythonRuntime::framework_namespace()),
                                make_python_interpreter(PythonRuntime::user_namespace()));
     mCommands = std::make_unique<CommandLines>();
@@ -260,8 +336,40 @@ void Workbench::add_start_error(const QString& error)
         mErrors << error;
 }
 
+namespace {
+
+/** The window owns the page. */
+void add_panel_options()
+{
+    OptionsPanel* options = Ostrel::instance()->options();
+    auto* page = new PanelOptions(Ostrel::instance());
+    options->add_panel(PanelOptions::tr("Panel"), page);
+    QObject::connect(options, &OptionsPanel::refreshSettings, page, &PanelOptions::refresh);
+    QObject::connect(options, &OptionsPanel::saveSettings, page, &PanelOptions::save);
+    page->apply_stored_size();
+}
+
+/** The shell looks for entries that are shown from now on. Those that are no longer are for the host to find.
+ */
+void follow_unloaded_components()
+{
+    NavigationModel* model = Ostrel::instance()->navigation_model();
+    QObject::connect(&Fennar::instance().registry().entities(), &CommandEntities::changed, model,
+                     [model](const QString& kind) {
+                         if (kind != loaded_component)
+                             return;
+                         NavigationResourcesDelay resources;
+                         resources.model = model;
+                         resources.recheckResources();
+                     });
+}
+
+} // namespace
+
 bool Workbench::load()
 {
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()))
+        mScheme->restore();
     mFrame.start_splash(":/workbench/splash.png");
     wait_for_windows();
     mFrame.show_splash_message(
@@ -279,7 +387,10 @@ bool Workbench::load()
     set_command_sink([this](const QString& command) { run_panel_command(command); });
     Ostrel::instance()->set_title(u"Fennar"_s);
     describe_product();
+    mScheme->add_to_menu(Ostrel::instance());
     set_up_playback();
+    add_panel_options();
+    follow_unloaded_components();
     mKeys = std::make_unique<WindowKeys>(Ostrel::instance());
     // The pages of components come below it and go with them; the group stays. Its name sorts behind the
     // pages of the shell, since the dialog opens on the first.
@@ -287,15 +398,27 @@ bool Workbench::load()
     tell_of_start();
     mConsole->prompt();
     Ostrel::instance()->set_focus_to_command_window();
+    mStartPatience.setRemainingTime(start_patience);
+    finish_start();
+    return true;
+}
+
+void Workbench::finish_start()
+{
+    // What the user can do without for a moment comes once the window has been painted.
+    if (!Ostrel::instance()->windowHandle()->isExposed() && !mStartPatience.hasExpired()) {
+        QTimer::singleShot(start_interval, Ostrel::instance(), [this] { finish_start(); });
+        return;
+    }
+    PythonRuntime::is_ready();
     const auto ready = [this] {
         mReady = true;
-        run_waiting();
+        run_start();
     };
     if (mWithComponents)
         mComponents->start(ready);
     else
         ready();
-    return true;
 }
 
 void Workbench::run()
@@ -314,32 +437,40 @@ void Workbench::unload()
     Fennar::instance().playback().set_pause_changed(nullptr);
     Fennar::instance().playback().set_hints(false);
     mPlayer.reset();
+    if (Ostrel* window = Ostrel::instance())
+        mScheme->remove_from_menu(window);
     mKeys.reset();
     mFrame.unload_gui();
 }
 
-void Workbench::open_later(const QString& file)
+void Workbench::start_later(const QString& model, const QString& journal)
 {
-    run_later(u"open "_s + quote_word(file));
-}
-
-void Workbench::play_later(const QString& journal)
-{
-    run_later(u"play "_s + quote_word(journal));
-}
-
-void Workbench::run_later(const QString& line)
-{
-    mWaiting << line;
+    mStartModel = model;
+    mStartJournal = journal;
     if (mReady)
-        run_waiting();
+        run_start();
 }
 
-void Workbench::run_waiting()
+void Workbench::run_start()
 {
-    const QStringList lines = std::exchange(mWaiting, {});
-    for (const QString& line : lines)
-        QTimer::singleShot(0, Ostrel::instance(), [this, line] { mConsole->run_line(line); });
+    // From the event loop, so that the window is up.
+    QTimer::singleShot(0, Ostrel::instance(), [this] {
+        if (mStartModel.isEmpty())
+            play_start(true);
+        else
+            mConsole->run_line(u"open "_s + quote_word(mStartModel), [this](bool done) { play_start(done); });
+    });
+}
+
+void Workbench::play_start(bool opened)
+{
+    const QString journal = std::exchange(mStartJournal, {});
+    if (journal.isEmpty())
+        return;
+    if (opened)
+        mConsole->run_line(u"play "_s + quote_word(journal));
+    else
+        report_error(not_played(journal));
 }
 
 int Workbench::play_batch(const QString& journal, const QString& model)
@@ -353,6 +484,8 @@ int Workbench::play_batch(const QString& journal, const QString& model)
     Fennar& fennar = Fennar::instance();
     const bool opened = model.isEmpty() || fennar.interpreter().run(u"open "_s + quote_word(model)) ==
                                                CommandInterpreter::Result::Done;
+    if (!opened)
+        report_error(not_played(journal));
     const bool played = opened && fennar.playback().play(journal) == Playback::Outcome::Played;
     mComponents->unload_all();
     PythonRuntime::deliver_output();
@@ -397,10 +530,10 @@ void Workbench::report_error(const QString& text)
 
 void Workbench::echo(const QString& line)
 {
-    if (OutputHandler* window = OutputRouter::instance().window())
-        window->print_command(line);
-    else
-        Broker::command << u"Fennar>"_s << line << u"\n"_s;
+    // As output and not as a command of the window: a journal of many lines then reaches the page in few
+    // pieces.
+    OutputRouter::instance().print_line((mConsole ? mConsole->command_page()->prompt() : u"Fennar>"_s) +
+                                        line);
 }
 
 void Workbench::announce_output()
@@ -413,6 +546,7 @@ void Workbench::announce_output()
 
 void Workbench::set_busy(bool busy)
 {
+    OutputRouter::instance().set_gathering(busy);
     mFrame.enable_cancel(busy);
     mWork.reset();
     if (busy)
@@ -438,6 +572,10 @@ void Workbench::give_turn()
 {
     if (mLastTurn.elapsed() < turn_interval)
         return;
+    // Both before and after: what the turn lets in may print, and a long turn must not be followed by the
+    // next.
+    mLastTurn.start();
+    OutputRouter::instance().flush();
     mFrame.check_interrupt_session(nullptr);
     pass_interrupt_on();
     mLastTurn.start();
@@ -455,22 +593,6 @@ void Workbench::run_panel_command(const QString& command)
 {
     // The panel offers commands in Python mode, too.
     mConsole->run_line(mConsole->python_mode() ? u"fennar.cmd(%1)"_s.arg(python_literal(command)) : command);
-}
-
-void Workbench::write_picture(CommandCall& call)
-{
-    const QString file = call.text(1, u"the name of a picture file");
-    call.expect_end();
-    Ostrel* window = Ostrel::instance();
-    if (!window)
-        throw call.error(0, u"there is no window to take a picture of"_s);
-    // Right after the start the window system has not laid the window out yet.
-    const QDeadlineTimer patience(picture_patience);
-    do {
-        mFrame.check_interrupt_session(nullptr);
-    } while (!window->windowHandle()->isExposed() && !patience.hasExpired());
-    if (!window->grab().save(file))
-        throw call.error(1, u"the picture cannot be written to \"%1\""_s.arg(file));
 }
 
 void Workbench::quit()

@@ -7,6 +7,7 @@
 #include "workbench/fennar_util/Interrupt.h"
 #include "workbench/playback/CloseGuard.h"
 
+#include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QString>
 #include <QStringList>
@@ -15,12 +16,13 @@
 #include <mutex>
 #include <optional>
 
-class CommandCall;
+class ColourScheme;
 class ComponentManager;
 class ConsoleOwner;
 class JournalPlayer;
 class LineInterpreter;
 class OutputHandler;
+class WindowCommands;
 class WindowKeys;
 
 /**
@@ -56,8 +58,8 @@ public:
     void leave_components_out() { mWithComponents = false; }
 
     /**
-     * Brings the main window up, with a splash screen meanwhile. The components follow, one by one, once the
-     * event loop runs.
+     * Brings the main window up, with a splash screen meanwhile. Python and the components follow, one by
+     * one, once the event loop runs and the window has been painted.
      *
      * @return false if there is no QApplication: the workbench then can only play_batch().
      */
@@ -68,12 +70,13 @@ public:
     void unload();
 
     /**
-     * Opens the model @p file as though "open" had been typed, once the components are loaded: the command is
-     * that of a component. To be called before play_later().
+     * Opens a model and plays a journal as though "open" and "play" had been typed, once the components are
+     * loaded: "open" is the command of one.
+     *
+     * @param model    the path of its file; empty for none. If it cannot be opened, nothing is played.
+     * @param journal  the path of its file; empty for none.
      */
-    void open_later(const QString& file);
-    /** Plays @p journal as though "play" had been typed, once the components are loaded. */
-    void play_later(const QString& journal);
+    void start_later(const QString& model, const QString& journal);
 
     /**
      * Loads the components and plays @p journal, without a window. Output goes to standard output, errors to
@@ -92,20 +95,21 @@ public:
 private:
     void set_up_commands();
     void set_up_python();
+    /** Starts Python, the components and the lines that wait for them, one after another. */
+    void finish_start();
     void set_up_playback();
     void tell_of_start();
     void set_console(OutputHandler* window);
     void report_error(const QString& text);
     void echo(const QString& line);
     void announce_output();
-    void run_later(const QString& line);
-    void run_waiting();
+    void run_start();
+    void play_start(bool opened);
     void set_busy(bool busy);
     void show_progress(const QString& journal, int percent);
     void give_turn();
     void pass_interrupt_on();
     void run_panel_command(const QString& command);
-    void write_picture(CommandCall& call);
     void quit();
     void stop_running();
     void end_run();
@@ -121,6 +125,8 @@ private:
     CloseGuard mCloseGuard;
     std::unique_ptr<WindowKeys> mKeys;
     std::unique_ptr<ComponentManager> mComponents;
+    std::unique_ptr<ColourScheme> mScheme;
+    std::unique_ptr<WindowCommands> mWindowCommands;
     QElapsedTimer mLastTurn;
     /** The line that runs on the console. */
     std::optional<InterruptScope> mWork;
@@ -130,9 +136,11 @@ private:
     std::mutex mFrameMutex;
     bool mAnnounce = false;
     bool mWithComponents = true;
+    QDeadlineTimer mStartPatience;
     /** Whether the components are loaded, and lines need not wait for them. */
     bool mReady = false;
-    /** The lines that wait for the components. */
-    QStringList mWaiting;
+    /** What waits for the components; see start_later(). */
+    QString mStartModel;
+    QString mStartJournal;
     bool mQuitting = false;
 };

@@ -43,8 +43,9 @@ QStringList split_python_paths(const QString& paths)
 QStringList apply_python_paths(FennarPythonInterpreter* python)
 {
     const QSettings settings;
-    if (!python || !python->IsInitialized() ||
-        !read_setting(settings, u"/ostrelgui/ostrel/usepythonpaths"_s, false))
+    // Asked last: it starts a Python that is not needed otherwise.
+    if (!read_setting(settings, u"/ostrelgui/ostrel/usepythonpaths"_s, false) || !python ||
+        !python->IsInitialized())
         return {};
     QStringList errors;
     const QString paths = read_setting(settings, u"/ostrelgui/ostrel/pythonpaths"_s, QString());

@@ -45,6 +45,12 @@ bool has_display(int argc, char** argv)
 #endif
 }
 
+/** The absolute path of a file that the command line names; empty for none. */
+QString from_here(const QString& file)
+{
+    return file.isEmpty() ? QString() : QFileInfo(file).absoluteFilePath();
+}
+
 std::unique_ptr<QCoreApplication> make_application(int& argc, char** argv)
 {
     QCoreApplication::setOrganizationName(u"ostrel"_s);
@@ -93,8 +99,8 @@ int main(int argc, char** argv)
         translations.emplace();
 
     // Before the main window goes to the directory of the last run.
-    const QString model =
-        command_line.file().isEmpty() ? QString() : QFileInfo(command_line.file()).absoluteFilePath();
+    const QString model = from_here(command_line.file());
+    const QString journal = from_here(command_line.journal());
 
     std::optional<SettingsFile> settings;
     if (!command_line.settings().isEmpty())
@@ -107,10 +113,7 @@ int main(int argc, char** argv)
     if (command_line.batch_mode())
         return workbench.play_batch(command_line.journal(), model);
     workbench.load();
-    if (!model.isEmpty())
-        workbench.open_later(model);
-    if (!command_line.journal().isEmpty())
-        workbench.play_later(command_line.journal());
+    workbench.start_later(model, journal);
     workbench.run();
     workbench.unload();
     return 0;

@@ -12,6 +12,7 @@ public:
     /** The host's side of the interpreter; only the host completes and creates it. */
     struct Private;
 
+    /** For the host: @p implementation is what runs the code. */
     explicit FennarPythonInterpreter(std::unique_ptr<Private> implementation);
     ~FennarPythonInterpreter();
 
@@ -26,9 +27,11 @@ public:
      */
     int Run_SimpleString(const char* command);
 
-    /** The first, second and third part of Python's version, as 3, 11 and 2. */
+    /** The first part of Python's version, as 3 of 3.11.2. */
     int version_major();
+    /** The second part of Python's version, as 11. */
     int version_minor();
+    /** The third part of Python's version, as 2. */
     int version_micro();
 
 private:

@@ -13,6 +13,7 @@ class BreadcrumbsPanel : public TaskPanel
     Q_OBJECT
 
 public:
+    /** Makes a panel that shows nothing yet. @p parent owns it; may be null. */
     explicit BreadcrumbsPanel(QWidget* parent);
     ~BreadcrumbsPanel() override;
 

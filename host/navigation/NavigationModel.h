@@ -15,6 +15,7 @@ class NavigationModel : public QStandardItemModel
     Q_OBJECT
 
 public:
+    /** Makes an empty model. @p parent owns it; may be null. */
     explicit NavigationModel(QObject* parent);
     ~NavigationModel() override;
 };

@@ -15,6 +15,7 @@ class TaskPanel : public QWidget
     Q_OBJECT
 
 public:
+    /** @p parent owns the panel; may be null. */
     explicit TaskPanel(QWidget* parent);
     ~TaskPanel() override;
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "FileMenuTest.h"
 #include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
 #include "files/OstrelFileMenu.h"
@@ -27,11 +28,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-HostDouble& host()
-{
-    return HostDouble::instance();
-}
 
 const auto missing = u"BrokerCommand::operator<<(\"ERROR: Missing open/save handler.\n\")"_s;
 const auto yes_button = u"mYesButton"_s;
@@ -84,17 +80,6 @@ void answer(DialogDriver& driver, const QString& how, bool tick = false)
     });
 }
 
-void expect_choice(DialogDriver& driver, const QString& path, const QString& filter = {})
-{
-    driver.expect<QFileDialog>(
-        [path, filter](QFileDialog* dialog) { choose_with_return(dialog, path, filter); });
-}
-
-void expect_cancel(DialogDriver& driver)
-{
-    driver.expect<QFileDialog>([](QFileDialog* dialog) { press(QDialogButtonBox::Cancel)(dialog); });
-}
-
 QString get_filters(bool saving)
 {
     return u"Documents::get_filters(%1)"_s.arg(saving ? u"true"_s : u"false"_s);
@@ -116,7 +101,7 @@ QString printed(const QString& text)
 
 } // namespace
 
-class TstOstrelFileMenuFlows : public TestCase
+class TstOstrelFileMenuFlows : public FileMenuTest
 {
     Q_OBJECT
 
@@ -184,30 +169,18 @@ private slots:
     void closing_asks_and_saves_the_settings();
 
 private:
-    QString place(const QString& name) const { return mDirectory + u'/' + name; }
-    void make_file(const QString& name) const;
     QStringList recent_files() const;
 
-    std::unique_ptr<QTemporaryDir> mPlace;
-    QString mDirectory;
     std::unique_ptr<Documents> mDocuments;
-    std::unique_ptr<Ostrel> mWindow;
-    OstrelFileMenu* mMenu = nullptr;
 };
 
 void TstOstrelFileMenuFlows::init()
 {
-    TestCase::init();
-    reset_statics();
-    mPlace = std::make_unique<QTemporaryDir>();
-    mDirectory = QDir(mPlace->path()).canonicalPath();
-    mWindow = std::make_unique<Ostrel>();
+    FileMenuTest::init();
     mDocuments = std::make_unique<Documents>();
     mDocuments->open_filters = filters;
     mDocuments->save_filters = filters;
-    mMenu = mWindow->file_menu();
     mMenu->set_open_save_handler(mDocuments.get());
-    OstrelFileMenu::mPath = mDirectory;
     host().reset();
 }
 
@@ -215,14 +188,7 @@ void TstOstrelFileMenuFlows::cleanup()
 {
     mWindow.reset();
     mDocuments.reset();
-    reset_statics();
-    TestCase::cleanup();
-}
-
-void TstOstrelFileMenuFlows::make_file(const QString& name) const
-{
-    QFile file(place(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
+    FileMenuTest::cleanup();
 }
 
 QStringList TstOstrelFileMenuFlows::recent_files() const
@@ -472,23 +438,14 @@ void TstOstrelFileMenuFlows::actions_and_slots_do_the_same()
 
 void TstOstrelFileMenuFlows::open_asks_with_the_handlers_filters()
 {
-    FileQuestion seen;
-    const QWidget* parent = nullptr;
-    DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) {
-        seen = file_question(dialog);
-        parent = dialog->parentWidget();
-        press(QDialogButtonBox::Cancel)(dialog);
-    });
-    mMenu->file_open();
-    QVERIFY(driver.finish());
+    const Asked seen = asked_by([&] { mMenu->file_open(); });
     QCOMPARE(seen.caption, u"Open"_s);
     QCOMPARE(seen.directory, mDirectory);
     QCOMPARE(seen.filters, filters.split(u";;"_s));
     QCOMPARE(seen.name, QString());
     QCOMPARE(seen.accept_mode, QFileDialog::AcceptOpen);
     QCOMPARE(seen.file_mode, QFileDialog::ExistingFile);
-    QCOMPARE(parent, mWindow.get());
+    QCOMPARE(seen.parent, mWindow.get());
 }
 
 void TstOstrelFileMenuFlows::cancelled_open_changes_nothing()
@@ -644,14 +601,7 @@ void TstOstrelFileMenuFlows::handler_that_goes_during_open_is_missed()
 void TstOstrelFileMenuFlows::new_document_of_another_format_has_other_filters()
 {
     mDocuments->open_filters = u"Meshes (*.msh)"_s;
-    FileQuestion seen;
-    DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) {
-        seen = file_question(dialog);
-        press(QDialogButtonBox::Cancel)(dialog);
-    });
-    mMenu->file_open();
-    QVERIFY(driver.finish());
+    const Asked seen = asked_by([&] { mMenu->file_open(); });
     QCOMPARE(seen.filters, QStringList{u"Meshes (*.msh)"_s});
     QCOMPARE(seen.selected_filter, u"Meshes (*.msh)"_s);
 }
@@ -708,16 +658,7 @@ void TstOstrelFileMenuFlows::save_as_asks_at_the_handlers_place()
     if (moves)
         mDocuments->location = place(u"sub"_s);
     mDocuments->proposal = proposal;
-    FileQuestion seen;
-    const QWidget* parent = nullptr;
-    DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) {
-        seen = file_question(dialog);
-        parent = dialog->parentWidget();
-        press(QDialogButtonBox::Cancel)(dialog);
-    });
-    mMenu->file_save_as();
-    QVERIFY(driver.finish());
+    const Asked seen = asked_by([&] { mMenu->file_save_as(); });
     QCOMPARE(mDocuments->path_seen, mDirectory);
     QCOMPARE(mDocuments->name_seen, QString());
     QCOMPARE(seen.caption, u"Save As"_s);
@@ -725,7 +666,7 @@ void TstOstrelFileMenuFlows::save_as_asks_at_the_handlers_place()
     QCOMPARE(seen.name, proposal);
     QCOMPARE(seen.filters, filters.split(u";;"_s));
     QCOMPARE(seen.accept_mode, QFileDialog::AcceptSave);
-    QCOMPARE(parent, mWindow.get());
+    QCOMPARE(seen.parent, mWindow.get());
 }
 
 void TstOstrelFileMenuFlows::save_as_starts_with_no_filter_of_its_own()

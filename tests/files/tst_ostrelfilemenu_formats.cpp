@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "FileMenuTest.h"
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "handlers.h"
@@ -107,13 +108,12 @@ const List exports{&OstrelFileMenu::add_export, &OstrelFileMenu::remove_export,
 
 } // namespace
 
-class TstOstrelFileMenuFormats : public TestCase
+class TstOstrelFileMenuFormats : public FileMenuTest
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup();
 
     // The lists.
     void handler_is_added_if_it_brings_something_new_data();
@@ -179,43 +179,16 @@ private slots:
     void filters_live_on_in_the_settings();
 
 private:
-    QString place(const QString& name) const { return mDirectory + u'/' + name; }
-    void make_file(const QString& name) const;
     /** Adds a format and, whatever the rules for adding say, gives it these filters. */
     Format* add(const List& list, const QString& filters, const QString& component);
     QString filters(const List& list) const;
     bool is_enabled(const List& list) const;
-
-    std::unique_ptr<QTemporaryDir> mPlace;
-    QString mDirectory;
-    std::unique_ptr<Ostrel> mWindow;
-    OstrelFileMenu* mMenu = nullptr;
 };
 
 void TstOstrelFileMenuFormats::init()
 {
-    TestCase::init();
-    reset_statics();
+    FileMenuTest::init();
     Format::alive = 0;
-    mPlace = std::make_unique<QTemporaryDir>();
-    mDirectory = QDir(mPlace->path()).canonicalPath();
-    mWindow = std::make_unique<Ostrel>();
-    mMenu = mWindow->file_menu();
-    OstrelFileMenu::mPath = mDirectory;
-    host().reset();
-}
-
-void TstOstrelFileMenuFormats::cleanup()
-{
-    mWindow.reset();
-    reset_statics();
-    TestCase::cleanup();
-}
-
-void TstOstrelFileMenuFormats::make_file(const QString& name) const
-{
-    QFile file(place(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
 }
 
 Format* TstOstrelFileMenuFormats::add(const List& list, const QString& filters, const QString& component)
@@ -606,22 +579,13 @@ void TstOstrelFileMenuFormats::import_asks_for_files()
 {
     add(imports, meshes + u";;"_s + all_files, u"a"_s);
     add(imports, steps, u"b"_s);
-    FileQuestion seen;
-    const QWidget* parent = nullptr;
-    DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) {
-        seen = file_question(dialog);
-        parent = dialog->parentWidget();
-        press(QDialogButtonBox::Cancel)(dialog);
-    });
-    mMenu->findChild<QAction*>(u"mFileImportAction"_s)->trigger();
-    QVERIFY(driver.finish());
+    const Asked seen = asked_by([&] { mMenu->findChild<QAction*>(u"mFileImportAction"_s)->trigger(); });
     QCOMPARE(seen.caption, u"Import File"_s);
     QCOMPARE(seen.directory, mDirectory);
     QCOMPARE(seen.filters, (QStringList{meshes, all_files, steps}));
     QCOMPARE(seen.accept_mode, QFileDialog::AcceptOpen);
     QCOMPARE(seen.file_mode, QFileDialog::ExistingFiles);
-    QCOMPARE(parent, mWindow.get());
+    QCOMPARE(seen.parent, mWindow.get());
 }
 
 void TstOstrelFileMenuFormats::import_comes_up_with_the_active_or_the_saved_filter_data()
@@ -969,22 +933,13 @@ void TstOstrelFileMenuFormats::export_asks_for_a_name()
 {
     add(exports, meshes + u";;"_s + all_files, u"a"_s);
     add(exports, steps, u"b"_s);
-    FileQuestion seen;
-    const QWidget* parent = nullptr;
-    DialogDriver driver;
-    driver.expect<QFileDialog>([&](QFileDialog* dialog) {
-        seen = file_question(dialog);
-        parent = dialog->parentWidget();
-        press(QDialogButtonBox::Cancel)(dialog);
-    });
-    mMenu->findChild<QAction*>(u"mFileExportAction"_s)->trigger();
-    QVERIFY(driver.finish());
+    const Asked seen = asked_by([&] { mMenu->findChild<QAction*>(u"mFileExportAction"_s)->trigger(); });
     QCOMPARE(seen.caption, u"Export File"_s);
     QCOMPARE(seen.directory, mDirectory);
     QCOMPARE(seen.filters, (QStringList{meshes, all_files, steps}));
     QCOMPARE(seen.name, QString());
     QCOMPARE(seen.accept_mode, QFileDialog::AcceptSave);
-    QCOMPARE(parent, mWindow.get());
+    QCOMPARE(seen.parent, mWindow.get());
 }
 
 void TstOstrelFileMenuFormats::export_comes_up_with_the_given_or_the_saved_filter_data()

@@ -14,6 +14,7 @@
 #include <QFontDatabase>
 #include <QMainWindow>
 #include <QPointer>
+#include <QProgressBar>
 #include <QScreen>
 #include <QSettings>
 #include <QSignalSpy>
@@ -153,6 +154,8 @@ private slots:
 
     void unloading_goes_in_order();
     void nothing_works_after_unloading();
+    void unloaded_frame_refuses_to_load_again();
+    void another_frame_can_be_loaded_after_the_first();
     void unloading_without_loading_unregisters_the_tracker();
     void window_closed_by_the_user_is_unloaded_too();
     void one_life_leaves_nothing_to_the_next();
@@ -540,6 +543,44 @@ void TstMainFrame::nothing_works_after_unloading()
     frame.enable_cancel(true);
     QVERIFY(!run);
     QCOMPARE(host().take_calls(), QStringList());
+}
+
+void TstMainFrame::unloaded_frame_refuses_to_load_again()
+{
+    const auto warning =
+        "MainFrame::load_gui: a frame that has been unloaded cannot be loaded again; make another";
+    MainFrame frame;
+    for (const bool loaded_before : {true, false}) {
+        if (loaded_before)
+            QVERIFY(frame.load_gui());
+        frame.unload_gui();
+        host().take_calls();
+        QTest::ignoreMessage(QtWarningMsg, warning);
+        QVERIFY(!frame.load_gui());
+        QVERIFY(!frame.is_loaded());
+        QVERIFY(!Ostrel::instance());
+        // Not even the tracker: what it would be told of has gone.
+        QCOMPARE(host().take_calls(), QStringList());
+        QVERIFY(host().trackers.empty());
+    }
+}
+
+void TstMainFrame::another_frame_can_be_loaded_after_the_first()
+{
+    {
+        const LoadedFrame first;
+    }
+    LoadedFrame second;
+    QVERIFY(second.is_loaded());
+    QVERIFY(Ostrel::instance());
+    QVERIFY(Ostrel::instance()->isVisible());
+    QCOMPARE(host().trackers, std::vector<ComponentTracker*>{&second});
+    second.set_status_text("again ");
+    second.start_progress_session("work", 0);
+    second.update_progress_session("work", 50);
+    const auto* const bar = Ostrel::instance()->findChild<QProgressBar*>();
+    QVERIFY(bar);
+    QCOMPARE(bar->text(), u"again 50%"_s);
 }
 
 void TstMainFrame::unloading_without_loading_unregisters_the_tracker()

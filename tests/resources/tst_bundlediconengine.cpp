@@ -132,6 +132,8 @@ private slots:
     void icons_of_one_file_share_pictures();
     void other_palette_gives_other_pictures();
     void added_pixmap_is_used_as_by_an_icon_made_by_qt();
+    void picture_of_another_icon_is_drawn_when_asked_for_as_if_it_had_been_added();
+    void picture_of_a_missing_icon_adds_nothing();
     void added_file_is_used_as_by_an_icon_made_by_qt();
     void addition_to_a_copy_leaves_the_original();
     void copy_of_a_composed_icon_is_composed();
@@ -273,6 +275,36 @@ void TstBundledIconEngine::added_pixmap_is_used_as_by_an_icon_made_by_qt()
     const QRect rect(2, 2, 36, 36);
     QCOMPARE(painted(icon, rect, 1.0, Qt::AlignCenter, QIcon::Disabled),
              painted(expected, rect, 1.0, Qt::AlignCenter, QIcon::Disabled));
+}
+
+void TstBundledIconEngine::picture_of_another_icon_is_drawn_when_asked_for_as_if_it_had_been_added()
+{
+    const QSize size(36, 36);
+    QIcon expected(kPath);
+    expected.addPixmap(QIcon(kOther).pixmap(size), QIcon::Disabled);
+    const QIcon icon = load_icon("filesave_ot.svg", "cancel.svg", size);
+    QCOMPARE(first_difference(icon, expected), QByteArray());
+    QCOMPARE(icon.pixmap(size, QIcon::Disabled).toImage(), QIcon(kOther).pixmap(size).toImage());
+    QVERIFY(icon.pixmap(size, QIcon::Normal).toImage() != icon.pixmap(size, QIcon::Disabled).toImage());
+    // A later addition takes its place, a file leaves it there, and it is written with the rest.
+    QIcon later = icon;
+    later.addPixmap(square(36), QIcon::Disabled);
+    QCOMPARE(pixels(later, 36, QIcon::Disabled).toImage(), square(36).toImage());
+    QIcon more = icon;
+    QIcon more_expected = expected;
+    for (QIcon* each : {&more, &more_expected})
+        each->addFile(kOther, QSize(), QIcon::Normal, QIcon::On);
+    QCOMPARE(first_difference(more, more_expected), QByteArray());
+    QCOMPARE(first_difference(from_stream(streamed(icon)), from_stream(streamed(expected))), QByteArray());
+}
+
+void TstBundledIconEngine::picture_of_a_missing_icon_adds_nothing()
+{
+    const QSize size(36, 36);
+    QCOMPARE(first_difference(load_icon("filesave_ot.svg", "none.svg", size), QIcon(kPath)), QByteArray());
+    QVERIFY(load_icon("none.svg", "also_none.svg", size).isNull());
+    QCOMPARE(load_icon("none.svg", "filesave_ot.svg", size).pixmap(size, QIcon::Disabled).toImage(),
+             QIcon(kPath).pixmap(size).toImage());
 }
 
 void TstBundledIconEngine::added_file_is_used_as_by_an_icon_made_by_qt()

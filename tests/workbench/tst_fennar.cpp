@@ -28,9 +28,11 @@ struct Run
 constexpr int patience_ms = 60'000;
 
 Run run(const QStringList& arguments, const QHash<QString, QString>& environment = {},
-        const QString& program = QStringLiteral(FENNAR))
+        const QString& program = QStringLiteral(FENNAR), const QString& directory = {})
 {
     QProcess process;
+    if (!directory.isEmpty())
+        process.setWorkingDirectory(directory);
     QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
     for (auto it = environment.begin(); it != environment.end(); ++it)
         variables.insert(it.key(), it.value());
@@ -69,6 +71,13 @@ private slots:
     void batch_run_fails_with_file_and_line();
     void batch_run_of_python_tells_the_traceback_of_a_failure();
     void batch_run_of_a_missing_journal_fails();
+    void batch_run_tells_the_line_that_fails_data();
+    void batch_run_tells_the_line_that_fails();
+    void batch_run_tells_the_way_to_a_line_that_fails();
+    void batch_run_connects_to_no_display();
+    void example_with_solids_plays_in_both_languages();
+    void model_that_fails_ends_a_batch_run_before_the_journal();
+    void journal_is_of_the_directory_where_the_program_was_started();
     void window_run_plays_and_ends_with_quit();
     void numbers_have_a_point_in_a_german_system_data();
     void numbers_have_a_point_in_a_german_system();
@@ -289,6 +298,140 @@ void TstFennar::navigation_files_that_are_missing_or_broken_keep_the_window_usab
     const Run ended = run({u"--play"_s, journal}, {}, program);
     QVERIFY2(ended.code == 0, qPrintable(ended.errors));
     QVERIFY(QFileInfo::exists(picture));
+}
+
+void TstFennar::batch_run_tells_the_line_that_fails_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("told");
+    QTest::newRow("command") << QByteArray("bad.jou") << QByteArray("echo one\n\nset 1\n")
+                             << u"bad.jou:3: "_s;
+    QTest::newRow("unknown command") << QByteArray("bad.jou") << QByteArray("nonsense") << u"bad.jou:1: "_s;
+    QTest::newRow("continued command")
+        << QByteArray("bad.jou") << QByteArray("echo one\necho \\\n \\\n \"two\n") << u"bad.jou:4: "_s;
+    QTest::newRow("end of a continued line")
+        << QByteArray("bad.jou") << QByteArray("echo one\necho two\\") << u"bad.jou:2: "_s;
+    QTest::newRow("statement of Python")
+        << QByteArray("bad.jou") << QByteArray("echo one\npython 1/0\n") << u"bad.jou:2: "_s;
+    QTest::newRow("script") << QByteArray("bad.py") << QByteArray("x = 1\n\nraise OSError\n")
+                            << u"bad.py\", line 3"_s;
+    QTest::newRow("command of a script")
+        << QByteArray("bad.py") << QByteArray("fennar.cmd('echo one')\nfennar.cmd('nonsense')\n")
+        << u"bad.py\", line 2"_s;
+    QTest::newRow("syntax of a script")
+        << QByteArray("bad.py") << QByteArray("x = 1\ny = (\n") << u"bad.py\", line 2"_s;
+}
+
+void TstFennar::batch_run_tells_the_line_that_fails()
+{
+    QFETCH(const QByteArray, name);
+    QFETCH(const QByteArray, content);
+    QFETCH(const QString, told);
+    write(QString::fromUtf8(name), content);
+    // By its plain name, from the directory that it is in.
+    const Run bad = run({u"--batch"_s, u"--play"_s, QString::fromUtf8(name)}, {}, QStringLiteral(FENNAR),
+                        mDirectory->path());
+    QCOMPARE(bad.status, QProcess::NormalExit);
+    QCOMPARE(bad.code, 1);
+    QVERIFY2(bad.errors.contains(told), qPrintable(bad.errors));
+}
+
+void TstFennar::batch_run_tells_the_way_to_a_line_that_fails()
+{
+    const QString inner = write(u"inner.jou"_s, "echo one\nnonsense\n");
+    const QString outer = write(u"outer.jou"_s, "echo zero\nplay inner.jou\necho never\n");
+    const Run bad =
+        run({u"--batch"_s, u"--play"_s, u"outer.jou"_s}, {}, QStringLiteral(FENNAR), mDirectory->path());
+    QCOMPARE(bad.code, 1);
+    QVERIFY2(bad.errors.contains(u"inner.jou:2: "_s), qPrintable(bad.errors));
+    QVERIFY2(bad.errors.contains(u"  played from "_s), qPrintable(bad.errors));
+    QVERIFY2(bad.errors.contains(u"outer.jou:2\n"_s), qPrintable(bad.errors));
+    QVERIFY(!bad.output.contains("never"_L1));
+}
+
+void TstFennar::batch_run_connects_to_no_display()
+{
+    // Whatever the environment says, neither a platform plugin of Qt nor a library of a window system is
+    // loaded.
+    const QString journal =
+        write(u"maps.py"_s, "with open('/proc/self/maps') as file:\n"
+                            "    print(file.read())\n"
+                            "import os\n"
+                            "for name in os.listdir('/proc/self/fd'):\n"
+                            "    try:\n"
+                            "        print('open', os.readlink('/proc/self/fd/' + name))\n"
+                            "    except OSError:\n"
+                            "        pass\n");
+    for (const QHash<QString, QString>& environment :
+         {QHash<QString, QString>{{u"DISPLAY"_s, u":77"_s}, {u"QT_QPA_PLATFORM"_s, u"xcb"_s}},
+          QHash<QString, QString>{
+              {u"DISPLAY"_s, {}}, {u"QT_QPA_PLATFORM"_s, {}}, {u"WAYLAND_DISPLAY"_s, {}}}}) {
+        QHash<QString, QString> with_components = environment;
+        with_components.insert(u"FENNAR_COMPONENT_PATH"_s, QStringLiteral(TREE_COMPONENTS));
+        const Run done = run({u"--batch"_s, u"--play"_s, journal}, with_components);
+        QVERIFY2(done.code == 0, qPrintable(done.errors));
+        QVERIFY2(done.output.contains("libQt6Core"_L1), qPrintable(done.output));
+        QVERIFY(done.output.contains("/components/"_L1));
+        QVERIFY2(!done.output.contains("/platforms/"_L1), qPrintable(done.output));
+        QVERIFY2(!done.output.contains("X11-unix"_L1), qPrintable(done.output));
+        QVERIFY2(!done.output.contains("open socket:"_L1), qPrintable(done.output));
+    }
+}
+
+void TstFennar::example_with_solids_plays_in_both_languages()
+{
+    const QHash<QString, QString> environment{{u"FENNAR_COMPONENT_PATH"_s, QStringLiteral(TREE_COMPONENTS)},
+                                              {u"QT_QPA_PLATFORM"_s, u"no-such-platform"_s}};
+    QStringList outputs;
+    for (const auto& name : {u"plate.jou"_s, u"plate.py"_s}) {
+        const Run done = run({u"--batch"_s, u"--play"_s, QStringLiteral(JOURNALS) + u'/' + name}, environment,
+                             QStringLiteral(FENNAR), mDirectory->path());
+        QVERIFY2(done.code == 0, qPrintable(done.errors));
+        QCOMPARE(done.errors, QString());
+        // A journal shows its lines, a script does not.
+        QStringList lines = done.output.split(u'\n', Qt::SkipEmptyParts);
+        lines.removeIf([](const QString& line) { return line.startsWith("Fennar>"_L1); });
+        outputs << lines.join(u'\n');
+    }
+    QVERIFY2(outputs[0].endsWith("\nThe plate is done."_L1), qPrintable(outputs[0]));
+    // A plate of 60 x 40 x 8 less four holes of radius 4: 19200 - 4 pi 16 8.
+    QVERIFY2(outputs[0].contains("plate: volume 17591.5\n"_L1), qPrintable(outputs[0]));
+    QVERIFY(outputs[0].contains("Tetrahedron 4"_L1));
+    QCOMPARE(outputs[1], outputs[0]);
+}
+
+void TstFennar::model_that_fails_ends_a_batch_run_before_the_journal()
+{
+    const QString journal = write(u"after.jou"_s, "echo was played\n");
+    const Run failed = run({u"--batch"_s, u"--play"_s, journal, mDirectory->filePath(u"missing.model"_s)},
+                           {{u"FENNAR_COMPONENT_PATH"_s, QStringLiteral(TREE_COMPONENTS)}});
+    QCOMPARE(failed.code, 1);
+    QVERIFY(!failed.output.contains("was played"_L1));
+    QVERIFY2(failed.errors.contains("missing.model"_L1), qPrintable(failed.errors));
+    QVERIFY2(failed.errors.endsWith(
+                 u"ERROR: \"%1\" is not played, since the model could not be opened\n"_s.arg(journal)),
+             qPrintable(failed.errors));
+}
+
+void TstFennar::journal_is_of_the_directory_where_the_program_was_started()
+{
+    // The window goes to the directory of the run before.
+    const QString other = mDirectory->filePath(u"other"_s);
+    QVERIFY(QDir().mkdir(other));
+    const QString settings =
+        write(u"settings.ini"_s,
+              "[ostrelgui]\nostrel\\restoreWorkingDir=true\nostrel\\workingdir=" + other.toUtf8() + '\n');
+    const QString result = mDirectory->filePath(u"result"_s);
+    write(u"here.py"_s,
+          "import os\nopen('" + result.toUtf8() + "', 'w').write(os.getcwd())\nfennar.cmd('quit')\n");
+    const Run again = run({u"--settings"_s, settings, u"--play"_s, u"here.py"_s}, {}, QStringLiteral(FENNAR),
+                          mDirectory->path());
+    QVERIFY2(again.code == 0, qPrintable(again.errors));
+    QFile file(result);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(QFileInfo(QString::fromUtf8(file.readAll())).canonicalFilePath(),
+             QFileInfo(other).canonicalFilePath());
 }
 
 OSTREL_TEST_MAIN(TstFennar)

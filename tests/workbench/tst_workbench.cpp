@@ -14,13 +14,16 @@
 #include "support/windows.h"
 #include "workbench/Workbench.h"
 #include "workbench/console/ConsoleOwner.h"
+#include "workbench/fennar_python/PythonRuntime.h"
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandRegistry.h"
 #include "workbench/fennari19/Fennar.h"
 #include "workbench/navigation/NavigationRoles.h"
 
 #include <QClipboard>
+#include <QDir>
 #include <QDockWidget>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QGuiApplication>
 #include <QImage>
@@ -54,6 +57,25 @@ public:
     QList<QImage> pictures;
 };
 
+/** What is there when the main window is painted for the first time. */
+class FirstPaintWatcher : public QObject
+{
+public:
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        if (object != Ostrel::instance() || event->type() != QEvent::Paint || painted)
+            return false;
+        painted = true;
+        python = PythonRuntime::running();
+        console = Ostrel::instance()->findChild<CommandWidget*>()->toPlainText();
+        return false;
+    }
+
+    bool painted = false;
+    bool python = false;
+    QString console;
+};
+
 } // namespace
 
 /**
@@ -71,6 +93,7 @@ private slots:
     void cleanupTestCase();
 
     void splash_screen_with_a_picture_comes_first();
+    void window_is_painted_with_its_prompt_before_python_starts();
     void window_has_a_black_area_a_command_panel_and_a_console();
     void typed_command_is_answered_above_the_next_prompt();
     void continued_command_gets_a_second_prompt();
@@ -99,6 +122,9 @@ private slots:
     void command_that_throws_is_an_error_data();
     void command_that_throws_is_an_error();
     void up_and_down_walk_the_history();
+    void tab_completes_commands_and_files();
+    void second_tab_lists_what_could_be_typed();
+    void tab_completes_python();
     void pasted_python_block_runs();
     void mode_buttons_work_by_mouse();
     void panel_entries_are_the_commands_as_the_registry_has_them_data();
@@ -112,6 +138,12 @@ private slots:
     void cancelled_command_interrupts_the_python_that_called_it();
     void cancel_ends_a_journal();
     void cancel_ends_a_paused_journal();
+    void flood_of_lines_arrives_in_order_data();
+    void flood_of_lines_arrives_in_order();
+    void cancel_stops_a_flood_of_lines_data();
+    void cancel_stops_a_flood_of_lines();
+    void journal_is_not_played_if_the_model_fails();
+    void journal_is_played_once_the_model_is_open();
     void closing_the_window_ends_what_runs_data();
     void closing_the_window_ends_what_runs();
     void quit_in_a_journal_ends_the_lines_behind_it();
@@ -145,6 +177,7 @@ private:
     QString write_journal(const QString& name, const QByteArray& content);
 
     SplashWatcher mSplash;
+    FirstPaintWatcher mFirstPaint;
     std::unique_ptr<Workbench> mWorkbench;
     QTemporaryDir mDirectory;
 };
@@ -154,9 +187,12 @@ void TstWorkbench::initTestCase()
     TestCase::init();
     mWorkbench = std::make_unique<Workbench>();
     QCoreApplication::instance()->installEventFilter(&mSplash);
+    QCoreApplication::instance()->installEventFilter(&mFirstPaint);
     QVERIFY(mWorkbench->load());
     QCoreApplication::instance()->removeEventFilter(&mSplash);
     QVERIFY(show_active(Ostrel::instance()));
+    QTRY_VERIFY(PythonRuntime::running());
+    QCoreApplication::instance()->removeEventFilter(&mFirstPaint);
 }
 
 void TstWorkbench::init()
@@ -193,6 +229,15 @@ void TstWorkbench::splash_screen_with_a_picture_comes_first()
 {
     QVERIFY(!mSplash.pictures.isEmpty());
     QCOMPARE(mSplash.pictures.last().size(), QSize(560, 320));
+}
+
+void TstWorkbench::window_is_painted_with_its_prompt_before_python_starts()
+{
+    QVERIFY(mFirstPaint.painted);
+    QVERIFY(!mFirstPaint.python);
+    QCOMPARE(mFirstPaint.console, u"Fennar>"_s);
+    // Without having been asked for; see initTestCase().
+    QVERIFY(PythonRuntime::running());
 }
 
 void TstWorkbench::window_has_a_black_area_a_command_panel_and_a_console()
@@ -504,11 +549,12 @@ void TstWorkbench::panel_entries_are_the_commands_as_the_registry_has_them()
         model.match(model.index(0, 0), NavigationRole::Kind, int(NavigationKind::Command), -1,
                     Qt::MatchExactly | Qt::MatchRecursive);
     for (const QModelIndex& entry : entries) {
-        const QString name = entry.data(NavigationRole::Command).toString();
-        const auto command = registry.find(name);
-        QVERIFY2(command, qPrintable(name));
-        QCOMPARE(entry.data(NavigationRole::Usage).toString(), command->usage);
-        offered << name;
+        QString component;
+        for (QModelIndex above = entry; above.isValid() && component.isEmpty(); above = above.parent())
+            component = above.data(NavigationRole::Component).toString();
+        // Those of components are looked at where components are loaded.
+        if (component.isEmpty())
+            offered << entry.data(NavigationRole::Command).toString();
     }
     offered.sort();
     QCOMPARE(offered, registry.names());
@@ -533,11 +579,13 @@ void TstWorkbench::apply_in_the_panel_runs_the_command_on_the_console()
     choose_entry(u"Console"_s);
     choose_entry(u"Echo Text"_s);
     const TaskPanel* panel = Ostrel::instance()->command_buttons();
-    auto* line = panel->findChild<QLineEdit*>(u"commandLine"_s);
+    const auto* line = panel->findChild<QLineEdit*>(u"commandLine"_s);
+    auto* words = panel->findChild<QLineEdit*>(u"valueWORD"_s);
     auto* apply = panel->findChild<QPushButton*>(u"applyButton"_s);
-    QVERIFY(line->isVisible() && apply->isVisible());
-    QCOMPARE(line->text(), u"echo "_s);
-    QTest::keyClicks(line, u"from the panel"_s);
+    QVERIFY(line->isVisible() && apply->isVisible() && words->hasFocus());
+    QCOMPARE(line->text(), u"echo"_s);
+    QTest::keyClicks(words, u"from the panel"_s);
+    QCOMPARE(line->text(), u"echo from the panel"_s);
     QTest::mouseClick(apply, Qt::LeftButton);
     QCOMPARE(text(), u"Fennar>echo from the panel\nfrom the panel\nFennar>half"_s);
     QCOMPARE(mWorkbench->console()->history().entries().last(), u"echo from the panel"_s);
@@ -552,9 +600,9 @@ void TstWorkbench::apply_in_python_mode_runs_the_command_through_python()
     choose_entry(u"Console"_s);
     choose_entry(u"Echo Text"_s);
     const TaskPanel* panel = Ostrel::instance()->command_buttons();
-    auto* line = panel->findChild<QLineEdit*>(u"commandLine"_s);
-    line->setText(uR"(echo 'it''s' a "\\")"_s);
-    QTest::keyClick(line, Qt::Key_Return);
+    auto* words = panel->findChild<QLineEdit*>(u"valueWORD"_s);
+    words->setText(uR"('it''s' a "\\")"_s);
+    QTest::keyClick(words, Qt::Key_Return);
     QVERIFY2(text().endsWith(uR"(>>>fennar.cmd('echo \'it\'\'s\' a "\\\\"'))"_s + u"\nits a \\\n>>>"_s),
              qPrintable(text()));
 }
@@ -709,6 +757,181 @@ void TstWorkbench::quit_closes_the_window_and_ends_the_loop()
     QTimer::singleShot(0, page(), [this] { enter(u"quit"_s); });
     mWorkbench->run();
     QVERIFY(!Ostrel::instance()->isVisible());
+}
+
+void TstWorkbench::flood_of_lines_arrives_in_order_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::newRow("command") << u"flood"_s;
+    QTest::newRow("Python, both streams")
+        << u"python 'import sys; exec(\"for i in range(100000):\\n print(\\\"line\\\", i, "
+           "file=sys.stdout if i % 1000 else sys.stderr)\")'"_s;
+    QTest::newRow("journal") << u"play flood.jou"_s;
+}
+
+void TstWorkbench::flood_of_lines_arrives_in_order()
+{
+    QFETCH(const QString, line);
+    const bool journal = line.startsWith(u"play"_s);
+    const int count = journal ? 20'000 : 100'000;
+    CommandRegistry& registry = Fennar::instance().registry();
+    registry.add({u"flood"_s, u"flood"_s, {}, {}, u"test"_s, [count](CommandCall& call) {
+                      for (int i = 0; i < count; ++i)
+                          call.print(u"line %1\n"_s.arg(i));
+                  }});
+    QByteArray lines;
+    QString expected;
+    for (int i = 0; i < count; ++i) {
+        const QString text = u"line %1\n"_s.arg(i);
+        if (journal) {
+            lines += "echo " + text.toUtf8();
+            expected += u"Fennar>echo "_s + text;
+        }
+        expected += text;
+    }
+    const QString before = QDir::currentPath();
+    write_journal(u"flood.jou"_s, lines);
+    QVERIFY(QDir::setCurrent(mDirectory.path()));
+    QString printed;
+    qsizetype texts = 0;
+    const auto listening = connect(Ostrel::instance()->command_line(), &CommandWindow::dataToPrint, this,
+                                   [&](const QString& data) {
+                                       printed += data;
+                                       ++texts;
+                                   });
+    enter(line);
+    disconnect(listening);
+    registry.remove_owner(u"test"_s);
+    QVERIFY(QDir::setCurrent(before));
+    // Not compared as texts: a failure would print megabytes.
+    QVERIFY(printed == expected);
+    QVERIFY2(texts < count / 4, qPrintable(QString::number(texts)));
+    // The prompt stands below all of it.
+    QVERIFY2(text().endsWith(u"\nline %1\nFennar>"_s.arg(count - 1)), qPrintable(text().right(200)));
+}
+
+void TstWorkbench::cancel_stops_a_flood_of_lines_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::newRow("command") << u"flood"_s;
+    QTest::newRow("Python")
+        << u"python 'exec(\"import itertools\\nfor i in itertools.count(): print(i)\")'"_s;
+    QTest::newRow("journal") << u"play flood.jou"_s;
+}
+
+void TstWorkbench::cancel_stops_a_flood_of_lines()
+{
+    QFETCH(const QString, line);
+    CommandRegistry& registry = Fennar::instance().registry();
+    registry.add({u"flood"_s, u"flood"_s, {}, {}, u"test"_s, [](CommandCall& call) {
+                      while (!call.interrupted())
+                          call.print(u"line\n"_s);
+                      throw call.error(0, u"interrupted"_s);
+                  }});
+    const QString before = QDir::currentPath();
+    write_journal(u"flood.jou"_s, QByteArray("echo line\n").repeated(3'000'000));
+    QVERIFY(QDir::setCurrent(mDirectory.path()));
+    // Pressed in the middle of the flood, when texts are gathered.
+    qsizetype size = 0;
+    QElapsedTimer since_press;
+    const auto listening = connect(Ostrel::instance()->command_line(), &CommandWindow::dataToPrint, this,
+                                   [&](const QString& data) {
+                                       size += data.size();
+                                       if (size < 100'000 || since_press.isValid())
+                                           return;
+                                       since_press.start();
+                                       cancel_soon();
+                                   });
+    enter(line);
+    const qint64 elapsed = since_press.isValid() ? since_press.elapsed() : -1;
+    disconnect(listening);
+    registry.remove_owner(u"test"_s);
+    QVERIFY(QDir::setCurrent(before));
+    qInfo("stopped %lld ms after the press", static_cast<long long>(elapsed));
+    QVERIFY(elapsed >= 0);
+    // Far more than it takes; without the turns it would go on for minutes.
+    QVERIFY2(elapsed < 3000, qPrintable(QString::number(elapsed)));
+    QVERIFY2(text().endsWith(u"\nFennar>"_s), qPrintable(text().right(200)));
+    QVERIFY2(text().contains(u"interrupted"_s, Qt::CaseInsensitive) ||
+                 text().contains(u"KeyboardInterrupt"_s),
+             qPrintable(text().right(500)));
+}
+
+void TstWorkbench::journal_is_not_played_if_the_model_fails()
+{
+    const QString journal = write_journal(u"after.jou"_s, "echo was played\n");
+    const QString model = mDirectory.filePath(u"missing.model"_s);
+    mWorkbench->start_later(model, journal);
+    QTRY_VERIFY2(text().contains(u"is not played"_s), qPrintable(text()));
+    QVERIFY2(text().contains(u"Fennar>open "_s + model), qPrintable(text()));
+    QVERIFY2(
+        text().contains(u"ERROR: \"%1\" is not played, since the model could not be opened\n"_s.arg(journal)),
+        qPrintable(text()));
+    QVERIFY(text().endsWith(u"\nFennar>"_s));
+    QVERIFY(!text().contains(u"was played"_s));
+    // Later lines run as ever.
+    enter(u"echo still here"_s);
+    QVERIFY(text().endsWith(u"\nstill here\nFennar>"_s));
+}
+
+void TstWorkbench::journal_is_played_once_the_model_is_open()
+{
+    CommandRegistry& registry = Fennar::instance().registry();
+    QStringList opened;
+    registry.add({u"open"_s, u"open FILE"_s, {}, {}, u"test"_s, [&opened](CommandCall& call) {
+                      opened << call.text(1, u"a file");
+                  }});
+    const QString journal = write_journal(u"my after.jou"_s, "echo was played\n");
+    mWorkbench->start_later(u"/a model"_s, journal);
+    QTRY_VERIFY2(text().endsWith(u"\nwas played\nFennar>"_s), qPrintable(text()));
+    registry.remove_owner(u"test"_s);
+    QCOMPARE(opened, QStringList(u"/a model"_s));
+}
+
+void TstWorkbench::tab_completes_commands_and_files()
+{
+    const QString path = write_journal(u"my journal.jou"_s, "echo completed\n");
+    QTest::keyClicks(page(), u"pla"_s);
+    QTest::keyClick(page(), Qt::Key_Tab);
+    QCOMPARE(page()->currentCommand(), u"play "_s);
+    QTest::keyClicks(page(), mDirectory.path() + u"/my"_s);
+    QTest::keyClick(page(), Qt::Key_Tab);
+    QTest::keyClick(page(), Qt::Key_Return);
+    QVERIFY2(text().endsWith(u"\ncompleted\nFennar>"_s), qPrintable(text()));
+    // A line that goes on knows what stood ahead.
+    enter(u"help \\"_s);
+    QTest::keyClicks(page(), u"hist"_s);
+    QTest::keyClick(page(), Qt::Key_Tab);
+    QCOMPARE(page()->currentCommand(), u"history "_s);
+    enter(QString());
+    QVERIFY2(text().contains(u"Usage: history"_s), qPrintable(text()));
+}
+
+void TstWorkbench::second_tab_lists_what_could_be_typed()
+{
+    QTest::keyClicks(page(), u"h"_s);
+    QTest::keyClick(page(), Qt::Key_Tab);
+    QTest::keyClick(page(), Qt::Key_Tab);
+    QVERIFY2(text().endsWith(u"\nhelp     history\nFennar>h"_s) ||
+                 text().startsWith(u"help     history\nFennar>h"_s),
+             qPrintable(text()));
+    page()->setCurrentCommand({});
+}
+
+void TstWorkbench::tab_completes_python()
+{
+    python_mode(true);
+    enter(u"some_wheel = 40"_s);
+    QTest::keyClicks(page(), u"print(some_wh"_s);
+    QTest::keyClick(page(), Qt::Key_Tab);
+    QTest::keyClicks(page(), u" + 2)"_s);
+    QTest::keyClick(page(), Qt::Key_Return);
+    QVERIFY2(text().endsWith(u"\n42\n>>>"_s), qPrintable(text()));
+    enter(u"import os"_s);
+    QTest::keyClicks(page(), u"os.path.exis"_s);
+    QTest::keyClick(page(), Qt::Key_Tab);
+    QCOMPARE(page()->currentCommand(), u"os.path.exists"_s);
+    page()->setCurrentCommand({});
 }
 
 OSTREL_TEST_MAIN(TstWorkbench)

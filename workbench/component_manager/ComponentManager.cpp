@@ -6,6 +6,7 @@
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "workbench/component_manager/SharedObject.h"
+#include "workbench/component_manager/component_commands.h"
 #include "workbench/components/component.h"
 #include "workbench/fennari19/CommandInterpreter.h"
 #include "workbench/fennari19/CommandRegistry.h"
@@ -42,7 +43,7 @@ const QStringList reserved_names{u"framework"_s, u"fennari19"_s, u"workbench"_s,
 QString default_directory()
 {
     const QString program = QCoreApplication::applicationDirPath();
-    const QString installed = QDir::cleanPath(program + u"/" FENNAR_COMPONENT_DIRECTORY ""_s);
+    const QString installed = program + u"/components"_s;
     const QString built = QDir::cleanPath(program + u"/../lib/components"_s);
     return !QFileInfo::exists(installed) && QFileInfo::exists(built) ? built : installed;
 }
@@ -447,6 +448,7 @@ QString ComponentManager::run_load(Entry& entry)
         return failure;
     }
     entry.about.state = State::Loaded;
+    tell_names_changed();
     mLoaded.push_back(&entry);
     set_component_loaded(entry.about.name, true);
     tell(&ComponentTracker::component_loaded, entry);
@@ -505,6 +507,7 @@ void ComponentManager::run_unload(Entry& entry)
     set_component_loaded(entry.about.name, false);
     std::erase(mLoaded, &entry);
     entry.about.state = State::Unloaded;
+    tell_names_changed();
     tell(&ComponentTracker::component_unloaded, entry);
 }
 
@@ -530,6 +533,13 @@ void ComponentManager::tell(void (ComponentTracker::*step)(const char*), const E
     } catch (...) {
         report(entry, u"a tracker failed: "_s + caught());
     }
+}
+
+void ComponentManager::tell_names_changed() const
+{
+    CommandEntities& entities = mInterpreter.registry().entities();
+    entities.tell_changed(loaded_component);
+    entities.tell_changed(other_component);
 }
 
 void ComponentManager::remember_off(const QString& name, bool off) const

@@ -130,6 +130,7 @@ private:
     QString name_conflict(const Entry& entry, const QString& name) const;
     void report(const Entry& entry, const QString& text) const;
     void tell(void (ComponentTracker::*step)(const char*), const Entry& entry) const;
+    void tell_names_changed() const;
     void remember_off(const QString& name, bool off) const;
 
     CommandInterpreter& mInterpreter;

@@ -13,6 +13,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QList<CommandFileFilter> component_filters()
+{
+    return {{QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Components")), u".so"_s}};
+}
+
 QString state_of(const ComponentManager::Component& component)
 {
     switch (component.state) {
@@ -85,20 +90,57 @@ void unload_component(CommandCall& call, ComponentManager& manager)
 
 void register_component_commands(CommandRegistry& registry, ComponentManager& manager)
 {
-    registry.add({u"components"_s, u"components"_s, u"Lists the components."_s,
-                  u"Each with its state, version and file; below it, why it is not loaded.\n"
-                  "    loaded    it works\n"
-                  "    unloaded  it has been found since the start\n"
-                  "    off       unloaded by the user; it stays so at the next start\n"
-                  "    refused   it could not be loaded\n"
-                  "    left out  the program ended while it was being loaded"_s,
-                  u"workbench"_s, [&manager](CommandCall& call) { list_components(call, manager); }});
+    const QString owner = u"workbench"_s;
+    const auto offer = [&](const QString& kind, bool loaded) {
+        registry.entities().offer(kind, owner, [&manager, loaded] {
+            QStringList names;
+            for (const ComponentManager::Component& component : manager.components()) {
+                if (loaded == (component.state == ComponentManager::State::Loaded))
+                    names << component.name;
+            }
+            return names;
+        });
+    };
+    offer(loaded_component, true);
+    offer(other_component, false);
+
+    registry.add({.name = u"components"_s,
+                  .summary = u"Lists the components."_s,
+                  .help = u"Each with its state, version and file; below it, why it is not loaded.\n"
+                          "    loaded    it works\n"
+                          "    unloaded  it has been found since the start\n"
+                          "    off       unloaded by the user; it stays so at the next start\n"
+                          "    refused   it could not be loaded\n"
+                          "    left out  the program ended while it was being loaded"_s,
+                  .owner = owner,
+                  .run = [&manager](CommandCall& call) { list_components(call, manager); },
+                  .forms = {{}}});
     registry.add(
-        {u"load"_s, u"load NAME|FILE"_s, u"Loads a component, now and at each start."_s,
-         u"NAME is looked up in the component path. FILE has a \"/\" or ends in .so; a file outside the\n"
-         "component path is not found again at the next start."_s,
-         u"workbench"_s, [&manager](CommandCall& call) { load_component(call, manager); }});
-    registry.add({u"unload"_s, u"unload NAME"_s, u"Unloads a component, now and at each start."_s,
-                  u"\"load NAME\" turns it on again. In a run without a window neither is remembered."_s,
-                  u"workbench"_s, [&manager](CommandCall& call) { unload_component(call, manager); }});
+        {.name = u"load"_s,
+         .summary = u"Loads a component, now and at each start."_s,
+         .help =
+             u"NAME is looked up in the component path. FILE has a \"/\" or ends in .so; a file outside the\n"
+             "component path is not found again at the next start."_s,
+         .owner = owner,
+         .run = [&manager](CommandCall& call) { load_component(call, manager); },
+         .forms = {{.clauses = {required_value({.name = u"NAME"_s,
+                                                .kind = CommandParameter::Kind::Entity,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Component"),
+                                                .entity = other_component})},
+                    .title = QT_TRANSLATE_NOOP("CommandParameter", "By name")},
+                   {.clauses = {required_value({.name = u"FILE"_s,
+                                                .kind = CommandParameter::Kind::InputFile,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Component"),
+                                                .filters = &component_filters})},
+                    .title = QT_TRANSLATE_NOOP("CommandParameter", "From a file")}}});
+    registry.add(
+        {.name = u"unload"_s,
+         .summary = u"Unloads a component, now and at each start."_s,
+         .help = u"\"load NAME\" turns it on again. In a run without a window neither is remembered."_s,
+         .owner = owner,
+         .run = [&manager](CommandCall& call) { unload_component(call, manager); },
+         .forms = {{.clauses = {required_value({.name = u"NAME"_s,
+                                                .kind = CommandParameter::Kind::Entity,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Component"),
+                                                .entity = loaded_component})}}}});
 }

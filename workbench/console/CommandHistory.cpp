@@ -84,6 +84,22 @@ QString CommandHistory::next(const QString& typed)
     return mPosition == mEntries.size() ? std::exchange(mTyped, {}) : mEntries[mPosition];
 }
 
+qsizetype CommandHistory::find(const QString& text, qsizetype before) const
+{
+    for (qsizetype i = std::min(before, mEntries.size()) - 1; i >= 0; --i) {
+        if (mEntries[i].contains(text, Qt::CaseInsensitive))
+            return i;
+    }
+    return -1;
+}
+
+void CommandHistory::go_to(qsizetype index, const QString& typed)
+{
+    if (mPosition == mEntries.size())
+        mTyped = typed;
+    mPosition = std::clamp<qsizetype>(index, 0, mEntries.size());
+}
+
 void CommandHistory::reset_position()
 {
     mPosition = mEntries.size();

@@ -46,7 +46,16 @@ public:
     /** Returns to the newest position and forgets the line kept. */
     void reset_position();
 
-    QStringList entries() const { return mEntries; }
+    /**
+     * The newest entry ahead of index @p before that holds @p text, in large or small letters.
+     *
+     * @return its index in entries(); -1 if there is none. An empty text is in every entry.
+     */
+    qsizetype find(const QString& text, qsizetype before) const;
+    /** Makes entry @p index the present position; @p typed is kept if this leaves the newest one. */
+    void go_to(qsizetype index, const QString& typed);
+
+    const QStringList& entries() const { return mEntries; }
 
 private:
     QString mFile;

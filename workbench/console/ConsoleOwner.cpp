@@ -6,10 +6,9 @@
 #include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
 #include "journal/JournalEditor.h"
+#include "workbench/console/CompletionKey.h"
+#include "workbench/console/HistorySearch.h"
 #include "workbench/console/LineInterpreter.h"
-
-#include <QScrollBar>
-#include <QTextCursor>
 
 #include <algorithm>
 #include <exception>
@@ -27,16 +26,17 @@ constexpr auto import_owner = "workbench console";
 ConsoleOwner::ConsoleOwner(CommandWindow* window, const QString& history_file)
     : mWindow(window),
       mPage(std::make_unique<CommandWidget>()),
-      mErrors(std::make_unique<QPlainTextEdit>()),
-      mHistory(history_file)
+      mErrors(std::make_unique<ErrorPage>()),
+      mHistory(history_file),
+      mCompletion(std::make_unique<CompletionKey>(
+          mPage.get(), [this](const QString& line, qsizetype caret) { return complete(line, caret); })),
+      mSearch(std::make_unique<HistorySearch>(mPage.get(), mHistory))
 {
     mPage->setObjectName(u"commandPage"_s);
     mPage->setAccessibleName(tr("Command"));
     mPage->setPrompt(u"Fennar>"_s);
     mErrors->setObjectName(u"errorPage"_s);
     mErrors->setAccessibleName(tr("Errors"));
-    mErrors->setReadOnly(true);
-    mErrors->setLineWrapMode(QPlainTextEdit::NoWrap);
 
     connect(window, &CommandWindow::readOnlyChanged, mPage.get(), &CommandWidget::setReadOnly);
     connect(window, &CommandWindow::readyForPrompt, mPage.get(), &CommandWidget::printPrompt);
@@ -99,14 +99,20 @@ void ConsoleOwner::prompt()
     mWindow->print_prompt(mIncomplete, mIndent.toUtf8().constData());
 }
 
-void ConsoleOwner::run_line(const QString& line)
+void ConsoleOwner::run_line(const QString& line, const Then& then)
 {
-    run_soon({line, nullptr});
+    run_soon({line, nullptr, then});
 }
 
 void ConsoleOwner::run_work(const QString& title, const std::function<void()>& work)
 {
-    run_soon({title, work});
+    run_soon({title, work, nullptr});
+}
+
+LineCompletion ConsoleOwner::complete(const QString& line, qsizetype caret) const
+{
+    LineInterpreter* asked = interpreter();
+    return asked && !mRunning ? asked->complete(line, caret) : LineCompletion{.start = caret};
 }
 
 void ConsoleOwner::run_soon(const Task& task)
@@ -114,6 +120,7 @@ void ConsoleOwner::run_soon(const Task& task)
     mWaiting.push_back(task);
     if (mRunning)
         return;
+    mSearch->give_up();
     // A command that is not complete would take this line for its next one.
     const QString typed = mIncomplete ? QString() : mPage->currentCommand();
     if (!task.work)
@@ -127,10 +134,10 @@ void ConsoleOwner::run_entered(const QString& line)
 {
     // The page has opened a new line already. What cannot run now is shown again when its turn comes.
     if (mRunning) {
-        mWaiting.push_back({line, nullptr});
+        mWaiting.push_back({line, nullptr, nullptr});
         return;
     }
-    run_now({line, nullptr});
+    run_now({line, nullptr, nullptr});
     run_waiting();
 }
 
@@ -157,7 +164,7 @@ void ConsoleOwner::run_pasted(const QStringList& lines)
             typed.insert(caret < 0 ? typed.size() : std::min(caret, typed.size()), commands.first());
     }
     for (const QString& command : std::as_const(commands))
-        mWaiting.push_back({command, nullptr});
+        mWaiting.push_back({command, nullptr, nullptr});
     if (!mRunning)
         run_waiting();
 }
@@ -186,20 +193,28 @@ void ConsoleOwner::run_now(const Task& task)
     mErrorContext = task.work ? line : mPage->prompt() + line;
     set_running(true);
     LineInterpreter::Outcome outcome;
+    QString failure;
     try {
         if (task.work)
             task.work();
         else if (LineInterpreter* running = interpreter())
             outcome = running->enter(line);
     } catch (const std::exception& exception) {
-        const QString text = tr("ERROR: %1\n").arg(QString::fromUtf8(exception.what()));
-        mWindow->print_data(text);
-        report_error(text);
+        failure = u"ERROR: %1\n"_s.arg(QString::fromUtf8(exception.what()));
     }
+    // What has been printed until now reaches the page with this.
     set_running(false);
+    if (!failure.isEmpty()) {
+        outcome.failed = true;
+        mWindow->print_data(failure);
+        report_error(failure);
+    }
+    mErrors->end_error();
     mIncomplete = outcome.incomplete;
     mIndent = outcome.indent;
     prompt();
+    if (task.then)
+        task.then(!outcome.failed && !outcome.incomplete);
 }
 
 void ConsoleOwner::set_running(bool running)
@@ -216,13 +231,7 @@ void ConsoleOwner::forget_waiting()
 
 void ConsoleOwner::report_error(const QString& text)
 {
-    QString entry = text;
-    if (!mErrorContext.isEmpty())
-        entry.prepend(std::exchange(mErrorContext, {}) + u'\n');
-    QTextCursor cursor(mErrors->document());
-    cursor.movePosition(QTextCursor::End);
-    cursor.insertText(entry);
-    mErrors->verticalScrollBar()->setValue(mErrors->verticalScrollBar()->maximum());
+    mErrors->add(text, std::exchange(mErrorContext, {}));
     if (!mErrors->isVisible())
         mWindow->set_tab_warning(mErrors.get());
 }
@@ -240,6 +249,7 @@ void ConsoleOwner::change_mode(bool python)
 
 void ConsoleOwner::forget_pending()
 {
+    mSearch->forget();
     if (LineInterpreter* pending = interpreter())
         pending->reset();
     mIncomplete = false;

@@ -4,6 +4,8 @@
 #pragma once
 
 #include "workbench/console/CommandHistory.h"
+#include "workbench/console/ErrorPage.h"
+#include "workbench/fennari19/LineCompletion.h"
 
 #include <QObject>
 #include <QPointer>
@@ -15,9 +17,10 @@
 
 class CommandWidget;
 class CommandWindow;
+class CompletionKey;
+class HistorySearch;
 class JournalEditor;
 class LineInterpreter;
-class QPlainTextEdit;
 
 /**
  * Puts the pages into the shell's console and connects them with the interpreters.
@@ -31,6 +34,8 @@ class ConsoleOwner : public QObject
     Q_OBJECT
 
 public:
+    using Then = std::function<void(bool done)>;
+
     /**
      * Adds the pages to @p window.
      *
@@ -59,8 +64,11 @@ public:
      * Runs @p line as though it had been typed, once the line that is running and those that wait are done.
      *
      * A line that is half typed stays; a command that waits for its next line is given up.
+     *
+     * @param then  is told, once the prompt has been printed, whether the line went well; not called if the
+     * line is given up before. Null for none.
      */
-    void run_line(const QString& line);
+    void run_line(const QString& line, const Then& then = {});
 
     /**
      * Does @p work as though it were a line, and under the same terms as run_line(). It is not in the
@@ -85,7 +93,7 @@ public:
     bool python_mode() const { return mPythonMode; }
     const CommandHistory& history() const { return mHistory; }
     CommandWidget* command_page() const { return mPage.get(); }
-    QPlainTextEdit* error_page() const { return mErrors.get(); }
+    ErrorPage* error_page() const { return mErrors.get(); }
 
 private:
     /** A line, or work of that title. */
@@ -93,8 +101,10 @@ private:
     {
         QString line;
         std::function<void()> work;
+        Then then;
     };
 
+    LineCompletion complete(const QString& line, qsizetype caret) const;
     void run_soon(const Task& task);
     void run_entered(const QString& line);
     void run_pasted(const QStringList& lines);
@@ -107,8 +117,11 @@ private:
 
     CommandWindow* mWindow;
     std::unique_ptr<CommandWidget> mPage;
-    std::unique_ptr<QPlainTextEdit> mErrors;
+    std::unique_ptr<ErrorPage> mErrors;
     CommandHistory mHistory;
+    std::unique_ptr<CompletionKey> mCompletion;
+    /** Sees keys first: one that ends a search may be for the completion. */
+    std::unique_ptr<HistorySearch> mSearch;
     LineInterpreter* mCommands = nullptr;
     LineInterpreter* mPython = nullptr;
     std::function<void(bool)> mModeHandler;

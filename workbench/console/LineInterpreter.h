@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/fennari19/LineCompletion.h"
+
 #include <QString>
 
 /** What runs the lines of one console mode. The console owner knows no more of it than this. */
@@ -15,6 +17,8 @@ public:
         bool incomplete = false;
         /** What the next line should begin with, if incomplete. */
         QString indent;
+        /** The line completed a command, and that failed. */
+        bool failed = false;
     };
 
     virtual ~LineInterpreter() = default;
@@ -23,4 +27,10 @@ public:
     virtual Outcome enter(const QString& line) = 0;
     /** Forgets the lines of a command that is not complete. */
     virtual void reset() = 0;
+    /** What could stand at index @p caret of a line that is not entered yet. Runs nothing. */
+    virtual LineCompletion complete(const QString& line, qsizetype caret)
+    {
+        Q_UNUSED(line)
+        return {.start = caret};
+    }
 };

@@ -10,6 +10,7 @@
 /** Triangles in space. Lengths are in millimetres. */
 struct Surface
 {
+    /** Their coordinates: x, y, z. */
     std::vector<std::array<double, 3>> points;
     /** Three indices of points each, counterclockwise as seen from outside. */
     std::vector<std::array<std::uint32_t, 3>> triangles;

@@ -30,12 +30,12 @@ FennarPythonInterpreter::~FennarPythonInterpreter() = default;
 
 bool FennarPythonInterpreter::IsInitialized()
 {
-    return PythonRuntime::running();
+    return PythonRuntime::is_ready();
 }
 
 int FennarPythonInterpreter::Run_SimpleString(const char* command)
 {
-    if (!PythonRuntime::running())
+    if (!PythonRuntime::is_ready())
         return -1;
     const PythonEntry entry;
     try {

@@ -29,7 +29,7 @@ PythonConsole::Outcome PythonConsole::enter(const QString& line)
 PythonConsole::Outcome PythonConsole::enter_one(const QString& line)
 {
     const Outcome failure{false, QString(), true};
-    if (!PythonRuntime::running()) {
+    if (!PythonRuntime::is_ready()) {
         reset();
         return failure;
     }
@@ -51,4 +51,27 @@ PythonConsole::Outcome PythonConsole::enter_one(const QString& line)
         report(error, false);
         return failure;
     }
+}
+
+PythonConsole::Names PythonConsole::complete(const QString& line, qsizetype caret) const
+{
+    Names result{caret, {}, {}};
+    if (!PythonRuntime::running())
+        return result;
+    const PythonEntry entry;
+    const py::handle support(PythonState::get().support);
+    try {
+        const QString before = line.first(caret);
+        const py::tuple found = support["complete"](py::handle(mNames.dictionary()), to_python(before),
+                                                    to_python(mPending.join(u'\n')));
+        const py::str typed = found[0];
+        result.start = caret - to_qstring(typed).size();
+        for (const py::handle name : py::list(found[1]))
+            result.names << to_qstring(py::reinterpret_borrow<py::str>(name));
+        result.common = to_qstring(py::str(found[2]));
+    } catch (const py::error_already_set&) {
+        // A name space in which odd things lie is nothing to bother somebody with who types.
+        result = {caret, {}, {}};
+    }
+    return result;
 }

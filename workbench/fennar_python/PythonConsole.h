@@ -39,6 +39,26 @@ public:
      */
     Outcome enter(const QString& line);
 
+    /** Names that could stand at the caret. */
+    struct Names
+    {
+        /** Where the part typed begins, an index into the line. */
+        qsizetype start = 0;
+        /** Sorted; blanks for indentation if nothing is typed on the line. */
+        QStringList names;
+        /** What all of them begin with. */
+        QString common;
+    };
+
+    /**
+     * The names that go on with what stands ahead of @p caret: keywords, names of the name space, and
+     * attributes.
+     *
+     * No code of the user's runs: attributes are looked up in modules, classes and the dictionaries of
+     * objects, and what a property or __getattr__ would give is not known. None in a string or comment.
+     */
+    Names complete(const QString& line, qsizetype caret) const;
+
     /** Drops the lines of a statement that goes on. What __future__ switched on stays. */
     void reset() { mPending.clear(); }
 

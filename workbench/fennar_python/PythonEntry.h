@@ -9,6 +9,7 @@
 #include <pybind11/pybind11.h>
 
 #include <atomic>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <thread>
@@ -18,12 +19,14 @@ struct PythonState
 {
     static PythonState& get();
 
-    /** Whether the calling thread is the one that started Python. */
+    /** Whether the calling thread is the one that started Python, or is to. */
     bool on_gui_thread() const { return std::this_thread::get_id() == guiThread; }
 
     std::atomic<bool> running = false;
     /** Python was started once: it cannot be again. */
     bool spent = false;
+    /** Starts Python when it is first needed; null if nobody has asked for that, or it has been tried. */
+    std::function<void()> waiting;
     /** stop() was called by code that Python runs. */
     bool stopWhenIdle = false;
     std::thread::id guiThread;

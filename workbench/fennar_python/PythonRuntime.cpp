@@ -14,6 +14,7 @@
 #include <csignal>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace py = pybind11;
 using namespace Qt::StringLiterals;
@@ -170,6 +171,7 @@ bool PythonRuntime::start(PythonHooks hooks, const QString& home)
         return false;
     };
 
+    state.waiting = nullptr;
     if (state.running)
         return fail(u"it runs already"_s);
     if (state.spent)
@@ -209,9 +211,31 @@ bool PythonRuntime::start(PythonHooks hooks, const QString& home)
     return true;
 }
 
+void PythonRuntime::start_when_needed(PythonHooks hooks, const QString& home)
+{
+    PythonState& state = PythonState::get();
+    if (state.spent)
+        return;
+    // Whatever else the process writes to a pipe must not depend on whether Python was needed.
+    ignore_broken_pipes();
+    state.guiThread = std::this_thread::get_id();
+    state.waiting = [hooks = std::move(hooks), home] { start(hooks, home); };
+}
+
+bool PythonRuntime::is_ready()
+{
+    PythonState& state = PythonState::get();
+    if (!state.running && state.on_gui_thread()) {
+        if (const std::function<void()> start = std::exchange(state.waiting, nullptr))
+            start();
+    }
+    return state.running;
+}
+
 void PythonRuntime::stop()
 {
     PythonState& state = PythonState::get();
+    state.waiting = nullptr;
     if (!state.running && !state.stopWhenIdle)
         return;
     const PyGILState_STATE lock = PyGILState_Ensure();
@@ -288,15 +312,17 @@ bool PythonRuntime::request_interrupt()
     return busy;
 }
 
-bool PythonRuntime::run_file(const QString& path, const QString& source)
+bool PythonRuntime::run_file(const QString& path, const QString& source, bool piece)
 {
-    if (!running())
+    if (!is_ready())
         return false;
     const PythonEntry entry;
     try {
         const py::str file = to_python(path);
-        const py::str text = to_python(source.startsWith(QChar::ByteOrderMark) ? source.mid(1) : source);
+        py::str text = to_python(source.startsWith(QChar::ByteOrderMark) ? source.mid(1) : source);
         py::handle support(PythonState::get().support);
+        if (piece)
+            text = support["without_indentation"](file, text);
         support["remember_source"](file, text);
         py::dict names = py::reinterpret_borrow<py::dict>(user_namespace().dictionary());
         names["__file__"] = file;
@@ -307,6 +333,29 @@ bool PythonRuntime::run_file(const QString& path, const QString& source)
         report(error);
         return false;
     }
+}
+
+int PythonRuntime::line_reached(const QString& path)
+{
+    if (path.isEmpty() || !running())
+        return 0;
+    const PyGILState_STATE lock = PyGILState_Ensure();
+    int line = 0;
+    {
+        const py::str wanted = to_python(path);
+        auto frame = py::reinterpret_steal<py::object>(
+            reinterpret_cast<PyObject*>(PyThreadState_GetFrame(PyThreadState_Get())));
+        while (frame) {
+            auto* const here = reinterpret_cast<PyFrameObject*>(frame.ptr());
+            const auto code =
+                py::reinterpret_steal<py::object>(reinterpret_cast<PyObject*>(PyFrame_GetCode(here)));
+            if (py::object(code.attr("co_filename")).equal(wanted))
+                line = PyFrame_GetLineNumber(here);
+            frame = py::reinterpret_steal<py::object>(reinterpret_cast<PyObject*>(PyFrame_GetBack(here)));
+        }
+    }
+    PyGILState_Release(lock);
+    return line;
 }
 
 PythonNamespace& PythonRuntime::framework_namespace()

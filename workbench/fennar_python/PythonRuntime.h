@@ -61,10 +61,27 @@ public:
     static bool start(PythonHooks hooks, const QString& home = QString());
 
     /**
+     * As start(), but puts the work, and the report of a failure, off until Python is first needed: by
+     * is_ready(), a console, an interpreter or run_file(). To be called on the GUI thread, on which alone
+     * Python then starts. A broken pipe no longer ends the process from now on. If Python was started before,
+     * nothing happens.
+     */
+    static void start_when_needed(PythonHooks hooks, const QString& home = QString());
+
+    /**
+     * Starts Python now if start_when_needed() was called and it has not been started since. Another thread
+     * than the GUI thread does not start it.
+     *
+     * @return running().
+     */
+    static bool is_ready();
+
+    /**
      * Stops Python. Its threads are asked to end by a SystemExit; one that has not ended after a second is
      * left standing still. Functions registered with atexit run. What was written before arrives first.
      * Called from Python code, through a hook, it lets go of the hooks at once, ends that code by a
-     * SystemExit, and finishes when the code has returned. Without a start it does nothing.
+     * SystemExit, and finishes when the code has returned. Without a start it
+     * only sees to it that none is made when Python is needed.
      */
     static void stop();
 
@@ -98,9 +115,18 @@ public:
      *
      * @param path    its file name, for tracebacks and __file__; the file is not read.
      * @param source  its text.
+     * @param piece   whether it is a piece of a script: its lines may then all be indented.
      * @return false if an exception was raised, SystemExit included; it has then been reported.
      */
-    static bool run_file(const QString& path, const QString& source);
+    static bool run_file(const QString& path, const QString& source, bool piece = false);
+
+    /**
+     * The line of the script @p path that run_file() has reached, for the hook for turns; within a function,
+     * the line that has called it.
+     *
+     * @return 0 if none of that path runs.
+     */
+    static int line_reached(const QString& path);
 
     /** Where the application's own Python code runs. Empty while Python does not run. */
     static PythonNamespace& framework_namespace();

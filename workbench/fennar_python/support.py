@@ -8,14 +8,19 @@ beforehand, the latter being a Python for scripts to start, and write_output and
 string to where the application shows it, and become_child, which a process that was forked off calls first.
 """
 
+import builtins
 import codecs
 import codeop
+import functools
 import io
+import keyword
 import linecache
 import os
+import re
 import sys
 import tokenize
 import traceback
+import types
 
 
 class Output(io.TextIOBase):
@@ -108,6 +113,49 @@ def remember_source(file, text):
     linecache.cache[file] = (len(text), None, text.splitlines(keepends=True), file)
 
 
+def without_indentation(file, source):
+    """A piece of a script, moved to the left as far as its first statement stands from there.
+
+    Only blanks ahead of lines go, none within a string. SyntaxError if a later statement begins further left.
+    """
+    lines = source.splitlines(keepends=True)
+    prefix, within, strings, first = None, set(), [], {}
+    begins = True
+    try:
+        for token in tokenize.generate_tokens(io.StringIO(source).readline):
+            if token.type in (tokenize.INDENT, tokenize.DEDENT, tokenize.NL, tokenize.COMMENT, tokenize.ENDMARKER):
+                continue
+            row = token.start[0]
+            if begins:
+                first[row] = token.start[1]
+                if prefix is None:
+                    prefix = lines[row - 1][: token.start[1]]
+            begins = token.type == tokenize.NEWLINE
+            if token.type == tokenize.STRING:
+                within.update(range(row + 1, token.end[0] + 1))
+            elif token.type == getattr(tokenize, "FSTRING_START", None):
+                strings.append(row)
+            elif token.type == getattr(tokenize, "FSTRING_END", None):
+                within.update(range(strings.pop() + 1, token.end[0] + 1))
+    except tokenize.TokenError:
+        pass  # it has no end, which is told better when it is compiled
+    except IndentationError as error:
+        first[error.lineno] = -1
+    if not prefix:
+        return source
+    for row, line in enumerate(lines, 1):
+        if row in within:
+            continue
+        if line.startswith(prefix):
+            lines[row - 1] = line[len(prefix) :]
+        elif row in first:
+            message = "the lines played cannot be moved to the left: this one begins further left than the first"
+            raise IndentationError(message, (file, row, 1, line))
+        else:
+            lines[row - 1] = line.lstrip(" \t")
+    return "".join(lines)
+
+
 def compile_statement(source, flags):
     """The code of a statement typed so far, None if it goes on, and the flags for the next statement."""
     compiler = codeop.CommandCompiler()
@@ -116,6 +164,83 @@ def compile_statement(source, flags):
     if before and last and not last.strip():
         source = before + "\n"
     return compiler(source, "<console>", "single"), compiler.compiler.flags
+
+
+TYPED = re.compile(r"(?<![\w.])((?:[^\W\d]\w*\.)*)((?:[^\W\d]\w*)?)$")
+
+
+# What stands for a value that only code can tell.
+COMPUTED = (property, functools.cached_property, types.GetSetDescriptorType, types.MemberDescriptorType)
+
+
+def own_dictionary(value):
+    """The dictionary of an object, without any code of its class."""
+    for base in type.__dict__["__mro__"].__get__(type(value)):
+        slot = type.__dict__["__dict__"].__get__(base).get("__dict__")
+        if type(slot) in (types.GetSetDescriptorType, types.MemberDescriptorType):
+            found = slot.__get__(value)
+            return found if type(found) is dict else {}
+    return {}
+
+
+def static_names(value):
+    """The attributes of an object that can be told without running code: name -> what is kept under it."""
+    names = {}
+    kind = type(value)  # isinstance() would ask the object, too
+    if issubclass(kind, type):
+        for base in reversed(type.__dict__["__mro__"].__get__(value)):
+            names.update(type.__dict__["__dict__"].__get__(base))
+        return names
+    if not issubclass(kind, types.ModuleType):
+        for base in reversed(type.__dict__["__mro__"].__get__(kind)):
+            names.update(type.__dict__["__dict__"].__get__(base))
+    names.update(own_dictionary(value))
+    return names
+
+
+def in_text(source):
+    """Whether the end of the source lies within a string or a comment."""
+    try:
+        for token in tokenize.generate_tokens(io.StringIO(source).readline):
+            if token.type == tokenize.ERRORTOKEN and token.string[:1] in "\"'":
+                return True
+            if token.type == tokenize.COMMENT and token.end[0] == source.count("\n") + 1:
+                return True
+    except tokenize.TokenError as error:
+        return "string" in str(error)
+    except SyntaxError:
+        pass
+    return False
+
+
+def complete(names, line, pending):
+    """What is typed of a name at the end of a line, the names that begin so, and what these have in common."""
+    if not line.strip() and not in_text(pending):
+        blanks = " " * (4 - len(line) % 4)
+        return "", [blanks], blanks
+    match = TYPED.search(line)
+    if not match or in_text(pending + "\n" + line if pending else line):
+        return "", [], ""
+    path, typed = match.groups()
+    if path:
+        value, known = None, {**vars(builtins), **names}
+        for part in path[:-1].split("."):
+            if part not in known:
+                return typed, [], ""
+            value = known[part]
+            if issubclass(type(value), COMPUTED):
+                return typed, [], ""
+            known = static_names(value)
+    elif typed:
+        known = {**vars(builtins), **names, **dict.fromkeys(keyword.kwlist)}
+    else:
+        return "", [], ""
+    # Underscores only for those who ask for them.
+    found = sorted(
+        name for name in known
+        if type(name) is str and name.startswith(typed) and (typed or not name.startswith("_"))
+    )
+    return typed, found, os.path.commonprefix(found)
 
 
 LEAVING = {"return", "pass", "break", "continue", "raise"}

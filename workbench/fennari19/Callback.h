@@ -15,13 +15,16 @@ template <typename Result, typename... Arguments>
 class Callback<Result(Arguments...)>
 {
 public:
+    /** What it holds. */
     using Function = std::function<Result(Arguments...)>;
 
+    /** Sets the function; an empty one for none. */
     Callback& operator=(const Function& function)
     {
         mFunction = function ? std::make_shared<const Function>(function) : nullptr;
         return *this;
     }
+    /** Whether there is a function. */
     explicit operator bool() const { return mFunction != nullptr; }
 
     /** Calls the function. Without one nothing happens, and the result is a default one. */

@@ -21,10 +21,12 @@ class CommandInterpreter;
 class CommandCall
 {
 public:
+    /** For the interpreter. Neither is owned; both outlive the call. */
     CommandCall(const CommandWords& words, CommandInterpreter& interpreter);
 
     /** The number of words, the command's name included. */
     qsizetype count() const { return mWords.words.size(); }
+    /** All words, the command's name included. */
     const QList<CommandWord>& words() const { return mWords.words; }
     /** Whether there is a word @p i. */
     bool has(qsizetype i) const { return i >= 0 && i < count(); }
@@ -50,11 +52,13 @@ public:
     /** An error at word @p i with a message of its own. To be thrown. */
     CommandError error(qsizetype i, const QString& message) const;
 
-    /** Prints on the interpreter's output; @p text brings its own line ends. */
+    /** Prints on the interpreter's output; @p text brings its own line ends. In the workbench this gives the
+     * shell a turn now and then, so that a command that prints in a loop need only test interrupted(). */
     void print(const QString& text);
     /** Whether the user wants the command to stop. A long command tests it and throws. */
     bool interrupted() const;
 
+    /** What runs the command, by which it can run others. */
     CommandInterpreter& interpreter() { return mInterpreter; }
 
 private:

@@ -28,10 +28,13 @@ public:
     /** Ends a command whose failure has been reported already: nothing more is printed. */
     static CommandError reported();
 
+    /** The line that the constructor was given. */
     const QString& message() const { return mMessage; }
+    /** The character at fault, from 1; 0 for none. */
     qsizetype column() const { return mColumn; }
     /** What would have been right; empty if the error did not come from expected(). */
     const QString& expected_what() const { return mExpected; }
+    /** Whether it came from reported(), so that there is nothing left to print. */
     bool is_reported() const { return mReported; }
 
     /** The message in UTF-8. */

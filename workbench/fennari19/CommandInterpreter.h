@@ -28,6 +28,7 @@ class CommandRegistry;
 class CommandInterpreter
 {
 public:
+    /** How a line or a text has ended. */
     enum class Result {
         /** The command has run, or the line held none. */
         Done,
@@ -36,6 +37,7 @@ public:
         /** An error was reported. */
         Failed,
     };
+    /** Takes texts that bring their own line ends. */
     using Output = std::function<void(const QString& text)>;
 
     /** How deep commands may run commands. */
@@ -45,14 +47,17 @@ public:
     explicit CommandInterpreter(CommandRegistry& registry);
     ~CommandInterpreter();
 
-    /** Where output and errors go; null drops them. The texts bring their own line ends. */
+    /** Where output goes; null drops it. The texts bring their own line ends. */
     void set_output(const Output& output) { mOutput = output; }
+    /** Where errors go, under the same terms. */
     void set_error_output(const Output& output) { mErrorOutput = output; }
 
     /** Takes one line as typed. A continued one is kept, and the line that ends the command runs it all. */
     Result enter(const QString& line);
     /** Forgets the lines of a command that is not complete yet. */
     void reset() { mEntered.clear(); }
+    /** What was entered of a command that is not complete yet, its lines joined. */
+    const QString& entered() const { return mEntered.text(); }
     /** Whether the last line entered was continued. */
     bool incomplete() const { return mEntered.is_incomplete(); }
 
@@ -65,8 +70,9 @@ public:
      */
     Result run(const QString& text, const QString& file = {}, qsizetype first_line = 1);
 
-    /** Prints on the output or the error output. */
+    /** Prints on the output. */
     void print(const QString& text) const;
+    /** Prints on the error output. */
     void print_error(const QString& text) const;
     /** Reports an error in the name of the command that runs, if any; one line without "ERROR". */
     void report(const QString& message) const;
@@ -76,7 +82,9 @@ public:
     /** Whether any command runs. */
     bool is_running() const { return !mCalls.isEmpty(); }
 
+    /** The commands that it finds. */
     CommandRegistry& registry() { return mRegistry; }
+    /** The variables that it puts in. */
     CommandVariables& variables() { return mVariables; }
 
 private:

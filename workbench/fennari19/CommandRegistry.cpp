@@ -10,6 +10,12 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+const QString command_entity = u"command"_s;
+
+} // namespace
+
 bool CommandRegistry::is_name(const QString& text)
 {
     // A variable's name, apart from the two more marks that may follow the first letter.
@@ -20,6 +26,11 @@ bool CommandRegistry::is_name(const QString& text)
            });
 }
 
+CommandRegistry::CommandRegistry()
+{
+    mEntities.offer(command_entity, {}, [this] { return names(); });
+}
+
 CommandRegistry::AddResult CommandRegistry::add(const Command& command)
 {
     if (!is_name(command.name))
@@ -28,18 +39,32 @@ CommandRegistry::AddResult CommandRegistry::add(const Command& command)
         return AddResult::NothingToRun;
     if (mCommands.contains(command.name))
         return AddResult::NameTaken;
-    mCommands.insert(command.name, std::make_shared<const Command>(command));
+    auto added = std::make_shared<Command>(command);
+    if (!added->forms.isEmpty())
+        added->usage = command_usage(added->name, added->forms);
+    mCommands.insert(command.name, std::move(added));
+    mEntities.tell_changed(command_entity);
     return AddResult::Added;
 }
 
 bool CommandRegistry::remove(const QString& name)
 {
-    return mCommands.remove(name) > 0;
+    const bool removed = mCommands.remove(name) > 0;
+    if (removed)
+        mEntities.tell_changed(command_entity);
+    return removed;
 }
 
 int CommandRegistry::remove_owner(const QString& owner)
 {
-    return int(mCommands.removeIf([&owner](const auto& entry) { return entry.value()->owner == owner; }));
+    // Those that remain may be asked for what is told to have changed.
+    const int removed =
+        int(mCommands.removeIf([&owner](const auto& entry) { return entry.value()->owner == owner; }));
+    if (!owner.isEmpty())
+        mEntities.withdraw(owner);
+    if (removed > 0)
+        mEntities.tell_changed(command_entity);
+    return removed;
 }
 
 CommandError CommandRegistry::not_found(const QString& name, qsizetype column) const

@@ -20,6 +20,7 @@ public:
     std::optional<QString> value(QStringView name) const;
     /** All names, sorted. */
     QStringList names() const { return mValues.keys(); }
+    /** Removes a variable; none is no error. */
     void remove(const QString& name) { mValues.remove(name); }
 
 private:

@@ -30,13 +30,16 @@ public:
      * @return whether the command is complete.
      */
     bool add(QStringView line);
+    /** Forgets all lines. */
     void clear();
 
     /** Whether no line has come yet. */
     bool is_empty() const { return mStarts.isEmpty(); }
     /** Whether lines have come and another one is needed. */
     bool is_incomplete() const { return mIncomplete; }
+    /** How many lines have come. */
     qsizetype line_count() const { return mStarts.size(); }
+    /** The lines so far, joined. */
     const QString& text() const { return mText; }
 
     /** Where the character at @p column (an index into text(), plus 1) was typed. */

@@ -20,8 +20,11 @@ public:
     /** The one object; made at the first call. */
     static Fennar& instance();
 
+    /** The commands that can be typed. */
     CommandRegistry& registry() { return mRegistry; }
+    /** What runs them. */
     CommandInterpreter& interpreter() { return mInterpreter; }
+    /** What plays journals. */
     Playback& playback() { return mPlayback; }
     /** What the built-in commands ask the application for. */
     BuiltinServices& services() { return mServices; }
@@ -32,6 +35,7 @@ public:
 
     /** Whether lines typed on the console are Python statements. At first they are commands. */
     bool python_mode() const { return mPythonMode; }
+    /** Sets what python_mode() tells. */
     void set_python_mode(bool python) { mPythonMode = python; }
 
 private:

@@ -153,7 +153,9 @@ Playback::Outcome Playback::play(const QString& path, qsizetype from)
     const auto go_on = [again = u"play "_s + quote_word(name_from_here(path))](qsizetype line) {
         return again + u' ' + QString::number(line);
     };
-    return play_text({read.text.sliced(start), path, from, go_on}, python, QFileInfo(path).absolutePath());
+    const QFileInfo file(path);
+    return play_text({read.text.sliced(start), path, from, go_on, file.absoluteFilePath()}, python,
+                     file.absolutePath());
 }
 
 Playback::Outcome Playback::play_lines(const QStringList& lines, const QString& name, const Origin& origin)
@@ -161,8 +163,35 @@ Playback::Outcome Playback::play_lines(const QStringList& lines, const QString& 
     if (mDepth >= depth_limit)
         return fail(u"journals are nested deeper than %1"_s.arg(depth_limit));
     const QString text = lines.join(u'\n');
-    return play_text({text, name, origin.first_line, origin.go_on}, origin.python || is_python(text),
-                     origin.directory);
+    return play_text({text, name, origin.first_line, origin.go_on, {}, origin.piece},
+                     origin.python || is_python(text), origin.directory);
+}
+
+QString Playback::script_in_play() const
+{
+    return mPythonScripts.isEmpty() ? QString() : mPythonScripts.last()->name;
+}
+
+QString Playback::file_in_play(const QString& name) const
+{
+    for (auto it = mScripts.rbegin(); it != mScripts.rend(); ++it) {
+        if ((*it)->name == name)
+            return (*it)->file;
+    }
+    return {};
+}
+
+void Playback::script_reached(qsizetype line)
+{
+    if (mPythonScripts.isEmpty())
+        return;
+    // By value: what the wait lets in may end the run.
+    const Script script = *mPythonScripts.last();
+    const qsizetype lines = script.text.count(u'\n') + 1;
+    const qsizetype done = line - script.first_line;
+    if (done > 0 && done < lines && mScripts.size() == 1)
+        show_progress(script, std::max(int(done * 100 / lines), mPercent));
+    wait_while_paused(line > 0 ? u"in "_s + place_of(script.name, line) : u"in "_s + script.name);
 }
 
 void Playback::pause()
@@ -192,9 +221,16 @@ Playback::Outcome Playback::play_text(const Script& script, bool python, const Q
             CommandError::shown(script.name, script.name.size())));
     if (mDepth++ == 0) {
         mDirectory = before;
+        mPercent = 0;
         mProgress(script.name, 0);
     }
+    mScripts.append(&script);
+    if (python)
+        mPythonScripts.append(&script);
     const auto leave = qScopeGuard([&] {
+        mScripts.removeLast();
+        if (python)
+            mPythonScripts.removeLast();
         if (change)
             QDir::setCurrent(before);
         if (--mDepth > 0)
@@ -214,12 +250,10 @@ Playback::Outcome Playback::play_journal(const Script& script)
     const QStringView text = script.text;
     qsizetype line = script.first_line;
     qsizetype last_command = line;
-    int percent = 0;
     for (qsizetype start = 0; start < text.size();) {
         const CommandLines command(text.sliced(start));
-        const int reached = int(start * 100 / text.size());
-        if (mDepth == 1 && reached != std::exchange(percent, reached))
-            mProgress(script.name, percent);
+        if (mDepth == 1)
+            show_progress(script, int(start * 100 / text.size()));
         if (const Outcome outcome = turn_and_wait(place_of(script.name, line)); outcome != Outcome::Played) {
             report_end(outcome, place_of(script.name, last_command));
             hint(script, line);
@@ -262,7 +296,7 @@ Playback::Outcome Playback::play_python(const Script& script)
     bool done = false;
     try {
         // Lines keep their numbers.
-        done = mPythonHook(name, QString(script.first_line - 1, u'\n') + script.text);
+        done = mPythonHook({name, QString(script.first_line - 1, u'\n') + script.text, script.piece});
     } catch (const std::exception& error) {
         return fail(QString::fromUtf8(error.what()));
     } catch (...) {
@@ -276,11 +310,22 @@ Playback::Outcome Playback::play_python(const Script& script)
 Playback::Outcome Playback::turn_and_wait(const QString& next)
 {
     mTurn();
+    wait_while_paused(u"ahead of "_s + next);
+    return test_end();
+}
+
+void Playback::wait_while_paused(const QString& where)
+{
     for (bool told = false; mPaused && mWait && test_end() == Outcome::Played; mWait()) {
         if (!std::exchange(told, true))
-            mInterpreter.print(u"Paused ahead of %1\n"_s.arg(next));
+            mInterpreter.print(u"Paused %1\n"_s.arg(where));
     }
-    return test_end();
+}
+
+void Playback::show_progress(const Script& script, int percent)
+{
+    if (percent != std::exchange(mPercent, percent))
+        mProgress(script.name, percent);
 }
 
 Playback::Outcome Playback::test_end() const

@@ -5,6 +5,7 @@
 
 #include "workbench/fennari19/Callback.h"
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <QStringView>
@@ -28,6 +29,7 @@ class CommandInterpreter;
 class Playback
 {
 public:
+    /** How playback has ended. */
     enum class Outcome {
         Played,
         /** An error was reported. */
@@ -37,14 +39,27 @@ public:
         /** stop() was called. */
         Stopped,
     };
+    /** A Python script to be run. */
+    struct PythonScript
+    {
+        /** As it was given to play(), for messages. */
+        QString path;
+        /** All that is to be run; empty lines at the beginning make the lines keep their numbers. */
+        QString source;
+        /** Whether it is a piece of a script, whose lines may all be indented. */
+        bool piece = false;
+    };
+    /** Gives the application its turn. */
     using Turn = std::function<void()>;
+    /** Takes a line that is about to run. */
     using Echo = std::function<void(const QString& line)>;
     /**
      * Runs a Python script, reports its errors itself, and returns whether it went well.
      *
-     * The source is all that is to be run; the path is as it was given to play(), for messages.
+     * While it runs the script it calls script_reached() now and then.
      */
-    using PythonHook = std::function<bool(const QString& path, const QString& source)>;
+    using PythonHook = std::function<bool(const PythonScript& script)>;
+    /** Takes a journal's name and how much of it is done; see set_progress(). */
     using Progress = std::function<void(const QString& name, int percent)>;
 
     /** Where lines come from that are not read from a file. */
@@ -54,6 +69,8 @@ public:
         qsizetype first_line = 1;
         /** A Python script, whatever its first line says. */
         bool python = false;
+        /** A piece of a Python script, as a selection: its lines may all be indented. */
+        bool piece = false;
         /** The current directory while they play, if directories are changed; empty leaves it. */
         QString directory;
         /** Tells the user how to play on from a line; see set_hints(). Null if there is no way. */
@@ -79,6 +96,7 @@ public:
     Outcome play(const QString& path, qsizetype from = 1);
     /** Plays lines that are not in a file; @p name stands for the file's name in messages. */
     Outcome play_lines(const QStringList& lines, const QString& name, const Origin& origin);
+    /** Plays lines as those of a journal, counted from 1. */
     Outcome play_lines(const QStringList& lines, const QString& name)
     {
         return play_lines(lines, name, Origin());
@@ -86,10 +104,24 @@ public:
     /** Whether this text is a Python script: its first line that is not blank is "#!python". */
     static bool is_python(QStringView text);
 
+    /**
+     * Tells that a Python script in play has reached @p line of it: shows the progress, waits while playback
+     * is paused, and returns when it is not or the run is to end. A @p line of 0 is not known. Without a
+     * script in play it does nothing.
+     */
+    void script_reached(qsizetype line);
+    /** The name of the innermost Python script in play; empty if there is none. */
+    QString script_in_play() const;
+    /** The absolute path of the file in play of that name; empty if there is none. */
+    QString file_in_play(const QString& name) const;
+
+    /** Whether a journal is being played, paused or not. */
     bool is_playing() const { return mDepth > 0; }
     /** Makes playback wait before its next command. Stays on until resume() or stop(), also between files. */
     void pause();
+    /** Ends a pause. */
     void resume();
+    /** Whether playback waits before its next command. */
     bool is_paused() const { return mPaused; }
     /** Ends all levels of playback behind the command that runs. Ends a pause, too. */
     void stop();
@@ -122,6 +154,9 @@ private:
         QString name;
         qsizetype first_line;
         std::function<QString(qsizetype)> go_on;
+        /** The absolute path of the file; empty if it is none. */
+        QString file;
+        bool piece = false;
     };
 
     Outcome play_text(const Script& script, bool python, const QString& directory);
@@ -129,6 +164,8 @@ private:
     Outcome play_python(const Script& script);
     /** Played unless the journal is to end here. */
     Outcome turn_and_wait(const QString& next);
+    void wait_while_paused(const QString& where);
+    void show_progress(const Script& script, int percent);
     Outcome test_end() const;
     Outcome report_end(Outcome outcome, const QString& place);
     void hint(const Script& script, qsizetype line) const;
@@ -141,12 +178,18 @@ private:
     Callback<void()> mTurn;
     Callback<void()> mWait;
     Callback<void(bool)> mPauseChanged;
-    Callback<bool(const QString&, const QString&)> mPythonHook;
+    Callback<bool(const PythonScript&)> mPythonHook;
     Callback<bool()> mChangeDirectory;
     Callback<void(const QString&, int)> mProgress;
     /** The current directory when the outermost journal began. */
     QString mDirectory;
     int mDepth = 0;
+    /** The scripts in play, the outermost one first. */
+    QList<const Script*> mScripts;
+    /** The Python scripts among them. */
+    QList<const Script*> mPythonScripts;
+    /** What was shown last of the outermost one. */
+    int mPercent = 0;
     bool mHints = false;
     bool mPaused = false;
     bool mStop = false;

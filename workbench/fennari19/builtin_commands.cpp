@@ -12,6 +12,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using Kind = CommandParameter::Kind;
+
+const QString variable_entity = u"variable"_s;
+
+constexpr auto words_tip = QT_TRANSLATE_NOOP("CommandParameter", "Quotes keep blanks; $NAME is a variable.");
+
+QList<CommandFileFilter> journal_filters()
+{
+    return {{QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Journals")), u".jou"_s},
+            {QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Python Scripts")), u".py"_s}};
+}
+
 /** The words from @p first on with one blank in between. */
 QString joined(const CommandCall& call, qsizetype first)
 {
@@ -82,6 +94,7 @@ void set(CommandCall& call)
         throw call.expected(1, "a name");
     if (call.has(2)) {
         variables.set(name, joined(call, 2));
+        call.interpreter().registry().entities().tell_changed(variable_entity);
         return;
     }
     const std::optional<QString> value = variables.value(name);
@@ -131,25 +144,78 @@ void register_builtin_commands(CommandInterpreter& interpreter, Playback& playba
 {
     const QString owner = u"fennari19"_s;
     const auto add = [&interpreter](const Command& command) { interpreter.registry().add(command); };
-    add({u"help"_s, u"help [COMMAND]"_s, u"Lists all commands, or explains one."_s, {}, owner, help});
-    add({u"echo"_s, u"echo [WORD...]"_s, u"Prints its words."_s,
-         u"The words are printed with one blank in between; \"echo 'a  b'\" keeps the blanks in quotes."_s,
-         owner, echo});
-    add({u"set"_s, u"set [NAME [VALUE...]]"_s, u"Sets a variable, shows one, or lists all."_s,
-         u"$NAME and ${NAME} stand for the value in later commands, except in single quotes.\n"
-         "Several values are joined with one blank in between."_s,
-         owner, set});
-    add({u"history"_s,
-         u"history [COUNT]"_s,
-         u"Lists the lines typed so far, or the last COUNT of them."_s,
-         {},
-         owner,
-         [&services](CommandCall& call) { history(call, services.history); }});
-    add({u"play"_s, u"play FILE [LINE]"_s, u"Plays a journal or a Python script."_s,
-         u"A relative name is looked up in the current directory. The first error ends the playback.\n"
-         "With LINE, a journal is played from that line on.\n"
-         "Files named *.py, and files whose first line is #!python, are run as Python."_s,
-         owner, [&playback](CommandCall& call) { play(call, playback); }});
-    add({u"quit"_s, u"quit"_s, u"Ends the application."_s, u"A journal in play is stopped."_s, owner,
-         [&playback, &services](CommandCall& call) { quit(call, playback, services.quit); }});
+    CommandEntities& entities = interpreter.registry().entities();
+    entities.offer(variable_entity, owner, [&interpreter] { return interpreter.variables().names(); });
+
+    add({.name = u"help"_s,
+         .summary = u"Lists all commands, or explains one."_s,
+         .owner = owner,
+         .run = help,
+         .forms = {{.clauses = {optional_value({.name = u"COMMAND"_s,
+                                                .kind = Kind::Entity,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Command"),
+                                                .entity = u"command"_s})}}}});
+    add({.name = u"echo"_s,
+         .summary = u"Prints its words."_s,
+         .help =
+             u"The words are printed with one blank in between; \"echo 'a  b'\" keeps the blanks in quotes."_s,
+         .owner = owner,
+         .run = echo,
+         .forms = {{.clauses = {optional_value({.name = u"WORD"_s,
+                                                .kind = Kind::Words,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Words"),
+                                                .tip = words_tip,
+                                                .example = u"'a  b' c"_s})}}}});
+    add({.name = u"set"_s,
+         .summary = u"Sets a variable, shows one, or lists all."_s,
+         .help = u"$NAME and ${NAME} stand for the value in later commands, except in single quotes.\n"
+                 "Several values are joined with one blank in between."_s,
+         .owner = owner,
+         .run = set,
+         .forms = {{.clauses = {optional_value({.name = u"NAME"_s,
+                                                .kind = Kind::Variable,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Variable"),
+                                                .entity = variable_entity,
+                                                .example = u"radius"_s}),
+                                optional_value({.name = u"VALUE"_s,
+                                                .kind = Kind::Words,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Value"),
+                                                .tip = words_tip,
+                                                .example = u"2.5"_s})}}}});
+    add({.name = u"history"_s,
+         .summary = u"Lists the lines typed so far, or the last COUNT of them."_s,
+         .owner = owner,
+         .run = [&services](CommandCall& call) { history(call, services.history); },
+         .forms = {{.clauses = {optional_value({.name = u"COUNT"_s,
+                                                .kind = Kind::WholeNumber,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Lines"),
+                                                .least = 1,
+                                                .most = std::numeric_limits<int>::max(),
+                                                .example = u"10"_s})}}}});
+    add({.name = u"play"_s,
+         .summary = u"Plays a journal or a Python script."_s,
+         .help =
+             u"A relative name is looked up in the current directory. The first error ends the playback.\n"
+             "With LINE, a journal is played from that line on.\n"
+             "Files named *.py, and files whose first line is #!python, are run as Python."_s,
+         .owner = owner,
+         .run = [&playback](CommandCall& call) { play(call, playback); },
+         .forms = {
+             {.clauses = {required_value({.name = u"FILE"_s,
+                                          .kind = Kind::InputFile,
+                                          .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal or script"),
+                                          .filters = &journal_filters,
+                                          .example = u"example.jou"_s}),
+                          optional_value({.name = u"LINE"_s,
+                                          .kind = Kind::WholeNumber,
+                                          .label = QT_TRANSLATE_NOOP("CommandParameter", "From line"),
+                                          .default_value = u"1"_s,
+                                          .least = 1,
+                                          .most = std::numeric_limits<int>::max()})}}}});
+    add({.name = u"quit"_s,
+         .summary = u"Ends the application."_s,
+         .help = u"A journal in play is stopped."_s,
+         .owner = owner,
+         .run = [&playback, &services](CommandCall& call) { quit(call, playback, services.quit); },
+         .forms = {{}}});
 }

@@ -22,12 +22,14 @@ struct CommandWord
     /** Whether any part of the word stood in quotes. */
     bool quoted = false;
 
+    /** Whether text, column and quotes are the same. */
     bool operator==(const CommandWord&) const = default;
 };
 
 /** What tokenize() makes of a line. */
 struct CommandWords
 {
+    /** The command's name and its arguments. */
     QList<CommandWord> words;
     /** The column right behind the last word; 1 if there is none. */
     qsizetype end_column = 1;

@@ -293,8 +293,13 @@ std::unique_ptr<NavigationNode> NavigationFiles::new_node(NavigationKind kind)
     set(NavigationRole::Component, attribute("component"_L1));
     const QString icon = attribute("icon"_L1);
     set(NavigationRole::IconName, icon);
-    if (const QString file = icon_file(icon); !file.isEmpty())
-        node->setIcon(QIcon(file));
+    if (const QString file = icon_file(icon); !file.isEmpty()) {
+        // Many entries share few pictures, and making an icon reads the file.
+        QIcon& made = mIcons[file];
+        if (made.isNull())
+            made = QIcon(file);
+        node->setIcon(made);
+    }
     return node;
 }
 

@@ -6,6 +6,7 @@
 #include "workbench/navigation/NavigationNode.h"
 
 #include <QHash>
+#include <QIcon>
 #include <QStringList>
 
 #include <memory>
@@ -62,6 +63,8 @@ private:
     std::vector<std::unique_ptr<NavigationNode>> mPages;
     /** Every entry by the one above it (null for pages) and its own id. */
     QHash<Key, Entry> mEntries;
+    /** Those made so far, by file. */
+    QHash<QString, QIcon> mIcons;
 
     // The file being read.
     QString mPath;

@@ -4,6 +4,7 @@
 #include "workbench/navigation/PanelView.h"
 
 #include "workbench/navigation/CommandForm.h"
+#include "workbench/navigation/EntryButton.h"
 #include "workbench/navigation/NavigationEntries.h"
 
 #include <QLabel>
@@ -30,8 +31,6 @@ PanelView::PanelView(QWidget* panel)
     setObjectName(u"panelView"_s);
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
-    // All contents fit into any width.
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
     setWidget(mContents);
     mNothing->setObjectName(u"nothingLabel"_s);
@@ -50,6 +49,8 @@ PanelView::PanelView(QWidget* panel)
     around->addWidget(this);
 
     connect(mCursor, &NavigationCursor::changed, this, &PanelView::show_place);
+    connect(mForm, &CommandForm::controls_changed, this, &PanelView::chain_controls);
+    connect(mForm, &CommandForm::left, this, &PanelView::leave_form);
 }
 
 QSize PanelView::sizeHint() const
@@ -69,7 +70,7 @@ void PanelView::choose(const QModelIndex& entry)
     mCursor->go_to(entry);
     if (!mForm->isVisible())
         return;
-    mForm->focus_line();
+    mForm->focus_first();
     // Where the form will be is known when the levels above it have been laid out.
     QTimer::singleShot(0, mForm, [this] {
         // The last one goes first: if not all of it fits, the line is what matters.
@@ -90,10 +91,30 @@ void PanelView::show_place()
     const bool command = current.isValid() && entry_kind(current) == NavigationKind::Command;
     mForm->set_entry(command ? current : QModelIndex());
     mNothing->setVisible(mCursor->entries(mCursor->root()).isEmpty());
+    chain_controls();
+}
 
+/** Makes Tab go through the levels first and then through the form. */
+void PanelView::chain_controls()
+{
     const QWidgetList controls = level_controls() + mForm->controls();
     for (qsizetype next = 1; next < controls.size(); ++next)
         setTabOrder(controls[next - 1], controls[next]);
+}
+
+/** Goes back to the entries that the command is one of, and gives the keyboard to its own. */
+void PanelView::leave_form()
+{
+    const QPersistentModelIndex command = mCursor->current();
+    mCursor->go_to(command.parent());
+    const QWidgetList controls = level_controls();
+    for (QWidget* control : controls) {
+        const auto* button = qobject_cast<const EntryButton*>(control);
+        if (button && button->entry() == command) {
+            control->setFocus(Qt::OtherFocusReason);
+            ensureWidgetVisible(control, 0, 0);
+        }
+    }
 }
 
 void PanelView::showEvent(QShowEvent* event)

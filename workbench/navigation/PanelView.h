@@ -50,6 +50,9 @@ protected:
     QVBoxLayout* levels() const { return mLevels; }
 
 private:
+    void chain_controls();
+    void leave_form();
+
     NavigationCursor* mCursor;
     QWidget* mContents;
     QVBoxLayout* mLevels;

@@ -61,10 +61,10 @@ QString CommandLine::usage()
 {
     return u"Usage: fennar [--batch] [--no-components] [--settings FILE] [--play FILE] [[--] MODEL]\n"
            "\n"
-           "  MODEL        open this model, before anything is played; behind \"--\" it may begin with a "
-           "\"-\"\n"
+           "  MODEL        open this model, before anything is played; if that fails, nothing is played;\n"
+           "               behind \"--\" its name may begin with a \"-\"\n"
            "  --play FILE  play a journal of commands, or of Python if its name ends in .py\n"
-           "  --batch      open no window: play the journal and end, with status 1 if it failed\n"
+           "  --batch      open no window: play the journal and end, with status 0, or 1 if it failed\n"
            "  --no-components\n"
            "               load no components at the start\n"
            "  --settings FILE\n"

@@ -21,6 +21,7 @@ public:
     virtual std::vector<ComponentRecord> component_records() = 0;
     /** The directories searched for components, joined with ";". */
     virtual QString component_path() const = 0;
+    /** Replaces these directories; empty means none. */
     virtual void set_component_path(const QString& path) = 0;
     /** The directory in which a search for components should start. */
     virtual QString component_directory() const = 0;
@@ -31,6 +32,7 @@ public:
 class HostMediator : public Mediator
 {
 public:
+    /** The one object; made at the first call. */
     static HostMediator& instance();
 
     /** Is called when the user has closed the main window; should end the event loop. Null for none. */

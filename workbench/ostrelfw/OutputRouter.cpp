@@ -5,7 +5,26 @@
 
 #include "host/ostrelfw/OutputHandler.h"
 
+#include <algorithm>
 #include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 nanoseconds_per_millisecond = 1'000'000;
+
+/** Painting may take this part of the time in the long run. */
+constexpr qint64 refill_divisor = 10;
+
+} // namespace
+
+OutputRouter::OutputRouter()
+{
+    mTimer.setSingleShot(true);
+    mTimer.setInterval(gather_interval);
+    mTimer.callOnTimeout([this] { flush(); });
+}
 
 OutputRouter& OutputRouter::instance()
 {
@@ -15,6 +34,7 @@ OutputRouter& OutputRouter::instance()
 
 void OutputRouter::set_window(OutputHandler* window)
 {
+    flush();
     mWindow = window;
     if (mListener)
         mListener(window);
@@ -34,10 +54,65 @@ void OutputRouter::set_fallback(std::function<void(const QString&)> fallback)
 
 void OutputRouter::print(const QString& text)
 {
-    if (mWindow)
+    if (!text.isEmpty())
+        mLineOpen = !text.endsWith(u'\n');
+    if (!mWindow) {
+        if (mFallback)
+            mFallback(text);
+        else
+            mWaiting += text;
+        return;
+    }
+    if (!mGathering) {
         mWindow->print_data(text);
-    else if (mFallback)
-        mFallback(text);
+        return;
+    }
+    const qint64 budget = painting_budget * nanoseconds_per_millisecond;
+    mBudget = std::min(budget, mBudget + mRefilled.nsecsElapsed() / refill_divisor);
+    mRefilled.start();
+    if (mGathered.isEmpty() && mBudget > 0) {
+        hand_over(text);
+        return;
+    }
+    if (mGathered.isEmpty()) {
+        mSinceFirst.start();
+        mTimer.start();
+    }
+    mGathered += text;
+    if (mGathered.size() >= gather_size || mSinceFirst.elapsed() >= gather_interval)
+        flush();
+}
+
+void OutputRouter::print_line(const QString& line)
+{
+    print((mLineOpen ? u"\n"_s : QString()) + line + u'\n');
+}
+
+void OutputRouter::set_gathering(bool gather)
+{
+    flush();
+    mGathering = gather;
+    mLineOpen = false;
+    mBudget = painting_budget * nanoseconds_per_millisecond;
+    mRefilled.start();
+}
+
+void OutputRouter::flush()
+{
+    mTimer.stop();
+    if (mGathered.isEmpty())
+        return;
+    const QString text = std::exchange(mGathered, {});
+    if (mWindow)
+        hand_over(text);
     else
         mWaiting += text;
+}
+
+void OutputRouter::hand_over(const QString& text)
+{
+    QElapsedTimer painting;
+    painting.start();
+    mWindow->print_data(text);
+    mBudget -= painting.nsecsElapsed();
 }

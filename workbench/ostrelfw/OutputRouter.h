@@ -3,7 +3,9 @@
 
 #pragma once
 
+#include <QElapsedTimer>
 #include <QString>
+#include <QTimer>
 
 #include <functional>
 
@@ -12,10 +14,17 @@ class OutputHandler;
 /**
  * Takes the framework's text to where the user reads it: to the console while the shell shows one, else to
  * the fallback. Behind Broker::command. GUI thread only.
+ *
+ * The console paints itself at each text that ends a line, which is right for a few lines and slow for a
+ * hundred thousand. While a line runs the router therefore gathers what comes in a flood: once the painting
+ * has cost some time, texts are joined and handed over together. They stay in order, and none waits longer
+ * than it takes the command to give the shell a turn or to end.
  */
 class OutputRouter
 {
 public:
+    OutputRouter();
+
     static OutputRouter& instance();
 
     /**
@@ -32,12 +41,42 @@ public:
     /** Takes text while there is no console. Null, as at first, keeps the text for the next console. */
     void set_fallback(std::function<void(const QString&)> fallback);
 
+    /** How long, in milliseconds, painting may take at first before texts are gathered. */
+    static constexpr qint64 painting_budget = 100;
+    /** How long, in milliseconds, texts are gathered. */
+    static constexpr int gather_interval = 40;
+    /** How many characters are gathered at most. */
+    static constexpr qsizetype gather_size = 1 << 16;
+
     /** Prints @p text as it is. */
     void print(const QString& text);
+    /** Prints @p line as a line of its own, below an output whose line has not ended. */
+    void print_line(const QString& line);
+
+    /** Whether a flood of text is gathered. At first it is not; with false, what was gathered is handed over.
+     */
+    void set_gathering(bool gather);
+    /** Hands over what was gathered: ahead of anything that is put on the console in another way, and before
+     * the user is to read or to answer something. */
+    void flush();
 
 private:
+    void hand_over(const QString& text);
+
     OutputHandler* mWindow = nullptr;
     std::function<void(OutputHandler*)> mListener;
     std::function<void(const QString&)> mFallback;
     QString mWaiting;
+    /** What was gathered. */
+    QString mGathered;
+    /** How much painting, in nanoseconds, is left of the budget. */
+    qint64 mBudget = 0;
+    QElapsedTimer mRefilled;
+    /** Runs since the first text was gathered. */
+    QElapsedTimer mSinceFirst;
+    /** For commands that let the event loop run without the shell's turn, as for a dialog. */
+    QTimer mTimer;
+    bool mGathering = false;
+    /** The last text did not end its line. */
+    bool mLineOpen = false;
 };

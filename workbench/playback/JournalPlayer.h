@@ -3,13 +3,16 @@
 
 #pragma once
 
+#include "workbench/console/ErrorPage.h"
 #include "workbench/fennari19/Playback.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class ConsoleOwner;
 class Ostrel;
@@ -25,6 +28,8 @@ class Ostrel;
  * A document is a Python script under the same rules as a file, see Playback::play(); a selection is one if
  * its document is. Messages number its lines as the editor does. If directories are changed for playback,
  * then to that of the document's file, for a selection, too; a document without a file changes nothing.
+ *
+ * It also shows the line in the editor that an error on the console's page of errors leads to.
  *
  * The workbench creates it for its main window and deletes it before that goes. GUI thread only.
  */
@@ -44,10 +49,14 @@ public:
     ~JournalPlayer() override;
 
 private:
+    struct Source;
+
     void play_document(const QStringList& lines);
     void play_selection(const QStringList& lines);
-    void play(const QStringList& lines, const QString& name, const Playback::Origin& origin);
+    void play(const QStringList& lines, const Source& source, const Playback::Origin& origin);
     void play_file();
+    std::optional<JournalPlace> find_place(const QString& name) const;
+    void show_place(const JournalPlace& place);
 
     Ostrel* mWindow;
     ConsoleOwner* mConsole;
@@ -55,4 +64,8 @@ private:
     RunCommand mRunCommand;
     /** Alive while a snapshot waits or plays. */
     std::weak_ptr<const QStringList> mSnapshot;
+    /** What that one is called in messages, its file if it has one, and the document that it was taken from.
+     */
+    QString mName;
+    JournalPlace mOrigin;
 };

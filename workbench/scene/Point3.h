@@ -10,10 +10,14 @@
 /** A point or a direction, in the units of the model. */
 struct Point3
 {
+    /** First coordinate. */
     double x = 0;
+    /** Second coordinate. */
     double y = 0;
+    /** Third coordinate. */
     double z = 0;
 
+    /** Whether all coordinates are equal. */
     bool operator==(const Point3&) const = default;
 };
 
@@ -50,17 +54,22 @@ inline double length(const Point3& a)
 /** A box along the axes; empty at first. */
 struct Box3
 {
+    /** The corner with the least coordinates. */
     Point3 least = {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::infinity(),
                     std::numeric_limits<double>::infinity()};
+    /** The corner with the greatest coordinates. */
     Point3 most = {-std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity(),
                    -std::numeric_limits<double>::infinity()};
 
+    /** Whether nothing has been added. */
     bool empty() const { return !(least.x <= most.x); }
+    /** Makes the box reach to @p point. */
     void add(const Point3& point)
     {
         least = {std::min(least.x, point.x), std::min(least.y, point.y), std::min(least.z, point.z)};
         most = {std::max(most.x, point.x), std::max(most.y, point.y), std::max(most.z, point.z)};
     }
+    /** Makes the box hold @p box; an empty one changes nothing. */
     void add(const Box3& box)
     {
         if (box.empty())
@@ -68,6 +77,7 @@ struct Box3
         add(box.least);
         add(box.most);
     }
+    /** The middle. The box must not be empty. */
     Point3 centre() const { return (least + most) * 0.5; }
     /** One of the eight corners, @p i from 0 to 7. */
     Point3 corner(int i) const

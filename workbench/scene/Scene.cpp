@@ -110,3 +110,14 @@ void Scene::remove_viewer()
     if (mViewers > 0 && --mViewers == 0)
         emit viewers_changed();
 }
+
+void Scene::begin_work()
+{
+    ++mWorkers;
+}
+
+void Scene::end_work()
+{
+    if (mWorkers > 0)
+        --mWorkers;
+}

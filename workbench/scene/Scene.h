@@ -30,14 +30,18 @@ class FENNAR_SCENE_EXPORT Scene : public QObject
     Q_OBJECT
 
 public:
+    /** One thing to see and to select. */
     struct Item
     {
+        /** Never used again, also when the item has gone. */
         int id = 0;
+        /** What users call it. */
         QString name;
         /** Null until the owner has one. The lines are the edges of the thing. */
         std::shared_ptr<const SceneShape> shape;
         /** The surface of the mesh; null if there is none. The lines are the edges of its elements. */
         std::shared_ptr<const SceneShape> mesh;
+        /** Whether it is selected. */
         bool selected = false;
     };
 
@@ -51,8 +55,11 @@ public:
     int add(const QString& name);
     /** Removes an item. Does nothing if there is none of that id, as all functions below. */
     void remove(int id);
+    /** Gives an item another name. */
     void set_name(int id, const QString& name);
+    /** Sets what is seen of an item; null for nothing. */
     void set_shape(int id, const std::shared_ptr<const SceneShape>& shape);
+    /** Sets the surface of an item's mesh; null for none. */
     void set_mesh(int id, const std::shared_ptr<const SceneShape>& mesh);
 
     /** All items by their ids. */
@@ -74,9 +81,17 @@ public:
     /** To be called by a view when it no longer does; once for each add_viewer(). */
     void remove_viewer();
 
+    /** Whether shapes or meshes that viewers want are still to come. */
+    bool is_awaited() const { return mWorkers > 0; }
+    /** To be called by an owner of items when it begins to make what viewers want. */
+    void begin_work();
+    /** To be called when all of it is there or nobody wants it; once for each begin_work(). */
+    void end_work();
+
 signals:
     /** The item has come, has changed, or has gone. A change of what is selected does not count. */
     void item_changed(int id);
+    /** Other items are selected. */
     void selection_changed();
     /** The first viewer has come, or the last one has gone. */
     void viewers_changed();
@@ -85,4 +100,5 @@ private:
     std::map<int, Item> mItems;
     int mLastId = 0;
     int mViewers = 0;
+    int mWorkers = 0;
 };

@@ -18,6 +18,7 @@
  */
 struct FENNAR_SCENE_EXPORT SceneShape
 {
+    /** What all other coordinates count from, in the units of the model. */
     Point3 origin;
     /** The corners of the triangles, three for each. */
     std::vector<QVector3D> corners;
@@ -25,9 +26,17 @@ struct FENNAR_SCENE_EXPORT SceneShape
     std::vector<QVector3D> normals;
     /** The ends of straight pieces of lines, two for each. */
     std::vector<QVector3D> lines;
+    /** Lines on what is curved, where there is no edge: they are drawn where edges are all that is seen. Two
+     * for each piece; see update_curves(). */
+    std::vector<QVector3D> curves;
     /** Around corners and lines; see update_box(). */
     Box3 box;
 
     /** Sets the box from the corners and lines. */
     void update_box();
+    /**
+     * Sets the curves: where the planes across the middle of the box, one along each two axes, cut triangles
+     * whose normals differ. A sphere gets three circles. To be called when the box is right.
+     */
+    void update_curves();
 };

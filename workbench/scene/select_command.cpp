@@ -11,6 +11,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString owner = u"workbench"_s;
+const QString item_entity = u"item"_s;
+
 /** All ids if the only name is "all", none if it is "none". A repeated name counts once. */
 QList<int> read_items(CommandCall& call, const Scene& scene)
 {
@@ -44,13 +47,28 @@ void select(CommandCall& call, Scene& scene)
 
 bool register_select_command(CommandRegistry& registry, Scene& scene)
 {
-    const Command command{u"select"_s,
-                          u"select [NAME...]"_s,
-                          u"Selects what is named, and nothing else."_s,
-                          u"\"all\" stands for all items, \"none\" for none. Without an argument it tells "
-                          u"what is selected. A click in the graphics view or in the "
-                          "model tree does the same."_s,
-                          u"workbench"_s,
-                          [&scene](CommandCall& call) { select(call, scene); }};
+    CommandEntities& entities = registry.entities();
+    entities.offer(item_entity, owner, [&scene] {
+        QStringList names;
+        for (const auto& [id, item] : scene.items())
+            names << item.name;
+        return names;
+    });
+    QObject::connect(&scene, &Scene::item_changed, &entities,
+                     [&entities] { entities.tell_changed(item_entity); });
+    const Command command{
+        .name = u"select"_s,
+        .summary = u"Selects what is named, and nothing else."_s,
+        .help = u"\"all\" stands for all items, \"none\" for none. Without an argument it tells "
+                u"what is selected. A click in the graphics view or in the "
+                "model tree does the same."_s,
+        .owner = owner,
+        .run = [&scene](CommandCall& call) { select(call, scene); },
+        .forms = {{.clauses = {optional_value({.name = u"NAME"_s,
+                                               .kind = CommandParameter::Kind::Entity,
+                                               .label = QT_TRANSLATE_NOOP("CommandParameter", "Items"),
+                                               .choices = {u"all"_s, u"none"_s},
+                                               .entity = item_entity,
+                                               .repeated = true})}}}};
     return registry.add(command) == CommandRegistry::AddResult::Added;
 }

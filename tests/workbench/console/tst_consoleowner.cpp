@@ -36,9 +36,17 @@ public:
         return reply ? reply(line) : Outcome();
     }
     void reset() override { ++resets; }
+    LineCompletion complete(const QString& line, qsizetype caret) override
+    {
+        LineCompletion result{.start = caret - line.size()};
+        for (const QString& word : std::as_const(words))
+            result.candidates << LineCompletion::Candidate{word, word};
+        return result;
+    }
 
     QStringList lines;
     int resets = 0;
+    QStringList words;
     std::function<Outcome(const QString&)> reply;
 };
 
@@ -90,6 +98,11 @@ private slots:
     void work_behind_a_command_that_is_not_complete_gives_it_up();
     void work_that_throws_is_an_error_below_its_title();
     void pages_are_offered_for_import_until_they_go();
+    void caller_is_told_how_its_line_went();
+    void history_is_searched_with_control_r();
+    void line_of_somebody_else_gives_a_search_up();
+    void clearing_and_a_change_of_mode_end_a_search();
+    void tab_asks_the_interpreter_of_the_mode();
 
 private:
     void type(const QString& text) { QTest::keyClicks(page(), text); }
@@ -503,6 +516,95 @@ void TstConsoleOwner::pages_are_offered_for_import_until_they_go()
     gone.reset();
     mOwner.reset();
     QCOMPARE(tabs()->count(), 0);
+}
+
+void TstConsoleOwner::caller_is_told_how_its_line_went()
+{
+    QStringList told;
+    const auto then = [&](bool done) {
+        told << (done ? u"done"_s : u"failed"_s) + u' ' + text().section(u'\n', -1);
+    };
+    mCommands.reply = [](const QString& line) -> LineInterpreter::Outcome {
+        if (line == u"throw"_s)
+            throw std::runtime_error("broken");
+        return {line == u"more"_s, {}, line == u"bad"_s};
+    };
+    mOwner->run_line(u"good"_s, then);
+    mOwner->run_line(u"bad"_s, then);
+    mOwner->run_line(u"throw"_s, then);
+    mOwner->run_line(u"more"_s, then);
+    QCOMPARE(told,
+             QStringList({u"done Fennar>"_s, u"failed Fennar>"_s, u"failed Fennar>"_s, u"failed Fennar>"_s}));
+    // What it is told of may run the next one.
+    mOwner->run_line(u"first"_s, [this](bool) { mOwner->run_line(u"second"_s); });
+    QCOMPARE(mCommands.lines.mid(4), QStringList({u"first"_s, u"second"_s}));
+    // A line that is given up tells nothing.
+    mCommands.reply = [&](const QString&) {
+        mOwner->run_line(u"never"_s, then);
+        mOwner->forget_waiting();
+        return LineInterpreter::Outcome();
+    };
+    mOwner->run_line(u"outer"_s);
+    QCOMPARE(told.size(), 4);
+}
+
+void TstConsoleOwner::history_is_searched_with_control_r()
+{
+    enter(u"brick 10"_s);
+    enter(u"echo one"_s);
+    type(u"half"_s);
+    QTest::keyClick(page(), Qt::Key_R, Qt::ControlModifier);
+    type(u"bri"_s);
+    QCOMPARE(page()->currentCommand(), u"brick 10"_s);
+    QTest::keyClick(page(), Qt::Key_Return);
+    QCOMPARE(mCommands.lines, QStringList({u"brick 10"_s, u"echo one"_s}));
+    QTest::keyClick(page(), Qt::Key_Return);
+    QCOMPARE(mCommands.lines.last(), u"brick 10"_s);
+    QCOMPARE(text(), u"Fennar>brick 10\nFennar>echo one\nFennar>brick 10\nFennar>"_s);
+}
+
+void TstConsoleOwner::line_of_somebody_else_gives_a_search_up()
+{
+    enter(u"brick 10"_s);
+    type(u"half"_s);
+    QTest::keyClick(page(), Qt::Key_R, Qt::ControlModifier);
+    type(u"bri"_s);
+    mOwner->run_line(u"echo 1"_s);
+    QCOMPARE(text(), u"Fennar>brick 10\nFennar>echo 1\nFennar>half"_s);
+    type(u"!"_s);
+    QCOMPARE(page()->currentCommand(), u"half!"_s);
+}
+
+void TstConsoleOwner::clearing_and_a_change_of_mode_end_a_search()
+{
+    enter(u"brick 10"_s);
+    for (const bool clear : {true, false}) {
+        QTest::keyClick(page(), Qt::Key_R, Qt::ControlModifier);
+        type(u"bri"_s);
+        if (clear)
+            page()->clearToPrompt();
+        else
+            emit mWindow->commandModeChanged(true);
+        type(u"x"_s);
+        QCOMPARE(text(), clear ? u"Fennar>x"_s : u">>>x"_s);
+    }
+}
+
+void TstConsoleOwner::tab_asks_the_interpreter_of_the_mode()
+{
+    mCommands.words = {u"brick"_s};
+    mPython.words = {u"break"_s};
+    type(u"b"_s);
+    QTest::keyClick(page(), Qt::Key_Tab);
+    QCOMPARE(page()->currentCommand(), u"brick"_s);
+    emit mWindow->commandModeChanged(true);
+    type(u"b"_s);
+    QTest::keyClick(page(), Qt::Key_Tab);
+    QCOMPARE(page()->currentCommand(), u"break"_s);
+    mOwner->set_interpreters(nullptr, nullptr);
+    QTest::keyClick(page(), Qt::Key_Tab);
+    QCOMPARE(page()->currentCommand(), u"break"_s);
+    QCOMPARE(mPython.lines + mCommands.lines, QStringList());
 }
 
 OSTREL_TEST_MAIN(TstConsoleOwner)

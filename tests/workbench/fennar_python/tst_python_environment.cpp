@@ -4,6 +4,7 @@
 #include "ChildProcess.h"
 #include "PythonRecorder.h"
 #include "support/TestCase.h"
+#include "workbench/fennar_python/PythonConsole.h"
 #include "workbench/fennar_python/make_python_interpreter.h"
 
 #include <QDir>
@@ -16,6 +17,7 @@
 #include <clocale>
 #include <csignal>
 #include <cstdio>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -140,6 +142,49 @@ int play_stop_without_start()
     return PythonRuntime::running() ? 2 : 0;
 }
 
+/** Prepares a start and lets what OSTREL_TEST_NEED names need Python. */
+int play_start_when_needed()
+{
+    const QString need = qEnvironmentVariable("OSTREL_TEST_NEED");
+    PythonRecorder recorder;
+    const auto user = make_python_interpreter(PythonRuntime::user_namespace());
+    PythonConsole console(PythonRuntime::user_namespace());
+    PythonRuntime::start_when_needed(recorder.hooks(), qEnvironmentVariable("OSTREL_TEST_HOME"));
+    if (PythonRuntime::running())
+        return 10;
+    // What does not need it does not start it.
+    PythonRuntime::deliver_output();
+    if (PythonRuntime::request_interrupt() || PythonRuntime::running() || !recorder.calls.isEmpty())
+        return 11;
+
+    bool done = false;
+    if (need == "interpreter"_L1) {
+        done = user->Run_SimpleString("print(6 * 7)") == 0;
+    } else if (need == "question"_L1) {
+        done = user->IsInitialized() && user->Run_SimpleString("print(6 * 7)") == 0;
+    } else if (need == "console"_L1) {
+        done = !console.enter(u"print(6 * 7)"_s).failed;
+    } else if (need == "script"_L1) {
+        done = PythonRuntime::run_file(u"a.py"_s, u"print(6 * 7)"_s);
+    } else if (need == "thread"_L1) {
+        bool started = true;
+        std::thread([&] { started = PythonRuntime::is_ready(); }).join();
+        done = !started && PythonRuntime::is_ready() && user->Run_SimpleString("print(6 * 7)") == 0;
+    } else if (need == "stop"_L1) {
+        PythonRuntime::stop();
+        done = !PythonRuntime::is_ready() && !PythonRuntime::running();
+    } else if (need == "start"_L1) {
+        PythonRecorder other;
+        done = PythonRuntime::start(other.hooks()) && PythonRuntime::is_ready() &&
+               user->Run_SimpleString("print(6 * 7)") == 0 && other.output == "42\n"_L1;
+    } else if (need == "once"_L1) {
+        PythonRuntime::is_ready();
+        done = !PythonRuntime::is_ready();
+    }
+    PythonRuntime::stop();
+    return show(recorder, done ? 0 : 3);
+}
+
 ChildResult run_source(const QString& source,
                        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment())
 {
@@ -241,6 +286,40 @@ private slots:
         const ChildResult result = run_part(u"second try"_s);
         QCOMPARE(result.errors, QString());
         QCOMPARE(result.code, 0);
+    }
+
+    void prepared_start_is_made_by_what_needs_it_data()
+    {
+        QTest::addColumn<QString>("need");
+        QTest::addColumn<QString>("output");
+        QTest::newRow("an interpreter that runs something") << u"interpreter"_s << u"42\n"_s;
+        QTest::newRow("an interpreter that is asked") << u"question"_s << u"42\n"_s;
+        QTest::newRow("a console") << u"console"_s << u"42\n"_s;
+        QTest::newRow("a script") << u"script"_s << u"42\n"_s;
+        QTest::newRow("not another thread") << u"thread"_s << u"42\n"_s;
+        QTest::newRow("not after a stop") << u"stop"_s << QString();
+        QTest::newRow("not after a start with other hooks") << u"start"_s << QString();
+    }
+    void prepared_start_is_made_by_what_needs_it()
+    {
+        QFETCH(QString, need);
+        QFETCH(QString, output);
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"OSTREL_TEST_NEED"_s, need);
+        const ChildResult result = run_part(u"when needed"_s, environment);
+        QCOMPARE(result.errors, QString());
+        QCOMPARE(result.code, 0);
+        QCOMPARE(result.output, output);
+    }
+
+    void prepared_start_that_fails_is_told_once_when_it_is_made()
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"OSTREL_TEST_NEED"_s, u"once"_s);
+        environment.insert(u"OSTREL_TEST_HOME"_s, u"/nonexistent"_s);
+        const ChildResult result = run_part(u"when needed"_s, environment);
+        QCOMPARE(result.code, 0);
+        QCOMPARE(result.errors.count(u"Python cannot be started: its standard library is not in"_s), 1);
     }
 
     void locale_stays_as_it_was_data()
@@ -403,6 +482,8 @@ int main(int argc, char** argv)
         return play_start();
     if (part == u"second try"_s)
         return play_second_try();
+    if (part == u"when needed"_s)
+        return play_start_when_needed();
     if (part == u"nested fork"_s)
         return play_nested_fork();
     if (part == u"locale"_s)

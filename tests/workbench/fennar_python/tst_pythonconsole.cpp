@@ -44,6 +44,72 @@ private slots:
         QVERIFY(!mConsole.enter(u"assert _ == '\\udc80'"_s).failed);
     }
 
+    void names_are_completed_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<int>("start");
+        QTest::addColumn<QStringList>("names");
+        QTest::addColumn<QString>("common");
+        const auto row = [](const char* name, const QString& line, int start, const QStringList& names,
+                            const QString& common) {
+            QTest::newRow(name) << line << start << names << common;
+        };
+        row("own names", u"x = wheel"_s, 4, {u"wheel_one"_s, u"wheel_two"_s}, u"wheel_"_s);
+        row("keyword", u"whi"_s, 0, {u"while"_s}, u"while"_s);
+        row("builtin", u"print(enumer"_s, 6, {u"enumerate"_s}, u"enumerate"_s);
+        row("module", u"fennar.c"_s, 7, {u"cmd"_s}, u"cmd"_s);
+        row("path", u"os.path.joi"_s, 8, {u"join"_s}, u"join"_s);
+        row("attributes of an object", u"gear.tee"_s, 5, {u"teeth"_s, u"teeth_of_class"_s}, u"teeth"_s);
+        row("attribute of an attribute", u"gear.teeth.bit_l"_s, 11, {u"bit_length"_s}, u"bit_length"_s);
+        row("property is named but not asked", u"gear.dang"_s, 5, {u"danger"_s}, u"danger"_s);
+        row("nothing behind a property", u"gear.danger.x"_s, 12, {}, QString());
+        row("nothing behind an unknown name", u"nix.x"_s, 4, {}, QString());
+        row("nothing behind a call", u"f().x"_s, 5, {}, QString());
+        row("nothing in a string", u"'whe"_s, 4, {}, QString());
+        row("nothing in a comment", u"x # whe"_s, 7, {}, QString());
+        row("other letters", u"gr\u00f6\u00df"_s, 0, {u"gr\u00f6\u00dfe"_s}, u"gr\u00f6\u00dfe"_s);
+        row("indentation", QString(), 0, {u"    "_s}, u"    "_s);
+        row("indentation begun", u"   "_s, 3, {u" "_s}, u" "_s);
+        row("slots", u"slim.on"_s, 5, {u"only"_s}, u"only"_s);
+    }
+
+    void names_are_completed()
+    {
+        QFETCH(const QString, line);
+        QFETCH(const int, start);
+        QFETCH(const QStringList, names);
+        QFETCH(const QString, common);
+        // Whatever of this runs says so.
+        QVERIFY(PythonRuntime::run_file(u"names.py"_s, u"import os\n"
+                                                       "wheel_one = wheel_two = 1\n"
+                                                       "gr\u00f6\u00dfe = 1\n"
+                                                       "class Gear:\n"
+                                                       "    teeth_of_class = 1\n"
+                                                       "    def __init__(self): self.teeth = 12\n"
+                                                       "    @property\n"
+                                                       "    def danger(self): print('ran')\n"
+                                                       "    def __getattr__(self, name): print('ran')\n"
+                                                       "    def __dir__(self): print('ran')\n"
+                                                       "gear = Gear()\n"
+                                                       "class Slim: __slots__ = ('only',)\n"
+                                                       "slim = Slim()\n"_s));
+        const PythonConsole::Names found = mConsole.complete(line, line.size());
+        QCOMPARE(found.start, start);
+        QCOMPARE(found.names, names);
+        QCOMPARE(found.common, common);
+        QCOMPARE(mRecorder.output + mRecorder.errors, QString());
+    }
+
+    void lines_typed_before_count_for_the_completion()
+    {
+        QVERIFY(mConsole.enter(u"text = \"\"\"one"_s).incomplete);
+        QCOMPARE(mConsole.complete(u"pri"_s, 3).names, QStringList());
+        mConsole.reset();
+        QVERIFY(mConsole.enter(u"numbers = (1,"_s).incomplete);
+        QCOMPARE(mConsole.complete(u"prin"_s, 4).names, QStringList(u"print"_s));
+        QCOMPARE(mConsole.complete(u"prin) + 1"_s, 4).names, QStringList(u"print"_s));
+    }
+
     void displayhook_of_the_user_is_asked()
     {
         mConsole.enter(u"import sys; sys.displayhook = lambda value: print('value', value)"_s);

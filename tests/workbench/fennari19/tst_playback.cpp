@@ -110,6 +110,11 @@ private slots:
     void python_without_hook_is_an_error();
     void python_hook_may_throw();
     void python_script_can_be_interrupted_and_stopped();
+    void script_tells_how_far_it_is();
+    void script_waits_while_paused();
+    void cancel_and_stop_end_the_pause_of_a_script_data();
+    void cancel_and_stop_end_the_pause_of_a_script();
+    void names_in_play_are_known_until_they_end();
     void playing_begins_with_a_line_data();
     void playing_begins_with_a_line();
     void line_that_cannot_be_the_first_is_an_error_data();
@@ -543,8 +548,8 @@ void TstPlayback::python_goes_whole_to_the_hook()
     QFETCH(bool, python);
     PlaybackSession session;
     QStringList seen;
-    session.playback.set_python_hook([&seen](const QString& path, const QString& source) {
-        seen << path << source;
+    session.playback.set_python_hook([&seen](const Playback::PythonScript& script) {
+        seen << script.path << script.source;
         return true;
     });
     session.write(name, "\xef\xbb\xbf" + bytes);
@@ -556,8 +561,8 @@ void TstPlayback::python_goes_whole_to_the_hook()
 void TstPlayback::python_outcome_is_that_of_the_hook()
 {
     PlaybackSession session;
-    session.playback.set_python_hook([&session](const QString&, const QString& source) {
-        if (source == u"nested"_s)
+    session.playback.set_python_hook([&session](const Playback::PythonScript& script) {
+        if (script.source == u"nested"_s)
             return session.interpreter.run(u"step p"_s) == CommandInterpreter::Result::Done;
         session.interpreter.print_error(u"Traceback\n"_s);
         return false;
@@ -582,9 +587,9 @@ void TstPlayback::python_hook_may_throw()
     PlaybackSession session;
     session.write(u"a.py"_s, "pass");
     session.playback.set_python_hook(
-        [](const QString&, const QString&) -> bool { throw std::runtime_error("bad"); });
+        [](const Playback::PythonScript&) -> bool { throw std::runtime_error("bad"); });
     QCOMPARE(session.playback.play(u"a.py"_s), Outcome::Failed);
-    session.playback.set_python_hook([](const QString&, const QString&) -> bool { throw 42; });
+    session.playback.set_python_hook([](const Playback::PythonScript&) -> bool { throw 42; });
     QCOMPARE(session.playback.play(u"a.py"_s), Outcome::Failed);
     QCOMPARE(session.errors, u"ERROR: bad\nERROR: \"a.py\" failed for an unknown reason\n"_s);
     QVERIFY(!session.playback.is_playing());
@@ -594,7 +599,7 @@ void TstPlayback::python_script_can_be_interrupted_and_stopped()
 {
     PlaybackSession session;
     session.write(u"a.py"_s, "pass");
-    session.playback.set_python_hook([](const QString&, const QString&) {
+    session.playback.set_python_hook([](const Playback::PythonScript&) {
         AppUtil().set_interrupt(true);
         return false;
     });
@@ -697,7 +702,7 @@ void TstPlayback::way_on_leads_through_all_journals()
                              "  played from a.jou:1\n"_s);
     // A script can only be run anew.
     session.take_errors();
-    session.playback.set_python_hook([](const QString&, const QString&) { return false; });
+    session.playback.set_python_hook([](const Playback::PythonScript&) { return false; });
     session.write(u"d.py"_s, "pass");
     QCOMPARE(session.play("step 1\nplay d.py\nstep 2"), Outcome::Failed);
     QCOMPARE(session.errors, u"  played from a.jou:2\n  play on with: play a.jou 2\n"_s);
@@ -735,8 +740,8 @@ void TstPlayback::lines_of_a_script_keep_their_numbers()
 {
     PlaybackSession session;
     QString seen;
-    session.playback.set_python_hook([&seen](const QString&, const QString& source) {
-        seen = source;
+    session.playback.set_python_hook([&seen](const Playback::PythonScript& script) {
+        seen = script.source;
         return true;
     });
     Playback::Origin origin;
@@ -838,6 +843,114 @@ void TstPlayback::long_journal_takes_linear_time()
     qInfo("%lld ms", timer.elapsed());
     // Quadratic work on a text of this size takes minutes.
     QVERIFY2(timer.elapsed() < 15'000, qPrintable(QString::number(timer.elapsed())));
+}
+
+void TstPlayback::script_tells_how_far_it_is()
+{
+    PlaybackSession session;
+    QStringList told;
+    session.playback.set_progress(
+        [&told](const QString& name, int percent) { told << name + u' ' + QString::number(percent); });
+    session.playback.set_python_hook([&session](const Playback::PythonScript&) {
+        for (const qsizetype line : {1, 2, 3, 2, 4, 0, 99, -5})
+            session.playback.script_reached(line);
+        return true;
+    });
+    session.write(u"a.py"_s, "1\n2\n3\n4");
+    QCOMPARE(session.playback.play(u"a.py"_s), Outcome::Played);
+    // A loop goes back, the progress does not.
+    QCOMPARE(told, QStringList({u"a.py 0"_s, u"a.py 25"_s, u"a.py 50"_s, u"a.py 75"_s, u"a.py 100"_s}));
+    told.clear();
+    // A piece of a document counts its own lines.
+    Playback::Origin origin{11, true, true, {}, {}};
+    session.playback.set_python_hook([&session](const Playback::PythonScript& script) {
+        session.playback.script_reached(12);
+        return script.piece;
+    });
+    QCOMPARE(session.playback.play_lines({u"a"_s, u"b"_s}, u"x"_s, origin), Outcome::Played);
+    QCOMPARE(told, QStringList({u"x 0"_s, u"x 50"_s, u"x 100"_s}));
+    told.clear();
+    // In a journal, it is that journal's progress that counts.
+    QCOMPARE(session.play("play a.py"), Outcome::Failed);
+    QCOMPARE(told, QStringList({u"a.jou 0"_s, u"a.jou 100"_s}));
+    session.playback.script_reached(1); // nothing plays
+    QCOMPARE(told.size(), 2);
+}
+
+void TstPlayback::script_waits_while_paused()
+{
+    PlaybackSession session;
+    session.playback.set_wait([&session, waits = 0]() mutable {
+        session.log << u"wait"_s;
+        if (++waits == 2)
+            session.playback.resume();
+    });
+    session.playback.set_python_hook([&session](const Playback::PythonScript&) {
+        session.playback.script_reached(1);
+        session.log << u"first"_s;
+        session.playback.pause();
+        session.playback.script_reached(2);
+        session.log << u"second"_s;
+        session.playback.script_reached(3);
+        return true;
+    });
+    session.write(u"a.py"_s, "1\n2\n3\n");
+    QCOMPARE(session.playback.play(u"a.py"_s), Outcome::Played);
+    QCOMPARE(session.log, QStringList({u"first"_s, u"wait"_s, u"wait"_s, u"second"_s}));
+    QCOMPARE(session.output, u"Paused in a.py:2\n"_s);
+}
+
+void TstPlayback::cancel_and_stop_end_the_pause_of_a_script_data()
+{
+    QTest::addColumn<bool>("cancel");
+    QTest::newRow("cancel") << true;
+    QTest::newRow("stop") << false;
+}
+
+void TstPlayback::cancel_and_stop_end_the_pause_of_a_script()
+{
+    QFETCH(const bool, cancel);
+    PlaybackSession session;
+    session.playback.set_wait([&session, cancel] {
+        if (cancel)
+            AppUtil().set_interrupt(true);
+        else
+            session.playback.stop();
+    });
+    session.playback.set_python_hook([&session](const Playback::PythonScript&) {
+        session.playback.pause();
+        session.playback.script_reached(0);
+        session.log << u"goes on"_s;
+        return false;
+    });
+    session.write(u"a.py"_s, "1\n");
+    QCOMPARE(session.playback.play(u"a.py"_s), cancel ? Outcome::Interrupted : Outcome::Stopped);
+    QVERIFY(session.log.contains(u"goes on"_s));
+    QCOMPARE(session.output, u"Paused in a.py\n"_s);
+    session.playback.resume();
+}
+
+void TstPlayback::names_in_play_are_known_until_they_end()
+{
+    PlaybackSession session;
+    QVERIFY(QDir().mkdir(u"sub"_s));
+    session.write(u"sub/b.py"_s, "1\n");
+    session.write(u"b.py"_s, "1\n");
+    QStringList seen;
+    session.playback.set_change_directory([] { return true; });
+    session.playback.set_python_hook([&](const Playback::PythonScript&) {
+        seen << session.playback.script_in_play() << session.playback.file_in_play(u"sub/b.py"_s)
+             << session.playback.file_in_play(u"a.jou"_s) << session.playback.file_in_play(u"other"_s)
+             << session.playback.file_in_play(u"lines"_s);
+        return true;
+    });
+    session.add("look", [&](CommandCall&) { seen << session.playback.script_in_play(); });
+    QCOMPARE(session.play("play sub/b.py\nlook"), Outcome::Played);
+    const QString here = QDir::currentPath() + u'/';
+    QCOMPARE(seen, QStringList({u"sub/b.py"_s, here + u"sub/b.py"_s, here + u"a.jou"_s, QString(), QString(),
+                                QString()}));
+    QCOMPARE(session.playback.script_in_play(), QString());
+    QCOMPARE(session.playback.file_in_play(u"a.jou"_s), QString());
 }
 
 OSTREL_TEST_MAIN(TstPlayback)

@@ -81,7 +81,7 @@ void TstShippedNavigation::every_entry_is_complete()
     read(directory, model, messages);
     const QModelIndexList entries = all_entries(model);
     QVERIFY(!entries.isEmpty());
-    static const QRegularExpression image(u"\\A[A-Za-z0-9_]+\\.svg\\z"_s);
+    static const QRegularExpression image(u"\\A(\\.\\./images/[a-z]+/)?[A-Za-z0-9_]+\\.svg\\z"_s);
     for (const QModelIndex& entry : entries) {
         const QByteArray title = entry.data().toString().toUtf8();
         QVERIFY2(image.match(entry.data(NavigationRole::IconName).toString()).hasMatch(), title.constData());
@@ -93,21 +93,23 @@ void TstShippedNavigation::every_entry_is_complete()
             continue;
         const QString line = entry.data(NavigationRole::Command).toString();
         QVERIFY2(!line.isEmpty(), title.constData());
-        QVERIFY2(entry.data(NavigationRole::Usage).toString().startsWith(line), title.constData());
+        // Told by the command itself.
+        QVERIFY2(entry.data(NavigationRole::Usage).toString().isEmpty(), title.constData());
     }
 }
 
 void TstShippedNavigation::both_arrangements_hold_the_same_commands()
 {
-    const QStringList expected = {u"components"_s, u"echo"_s,    u"help"_s, u"history"_s,
-                                  u"load"_s,       u"picture"_s, u"play"_s, u"python"_s,
-                                  u"quit"_s,       u"select"_s,  u"set"_s,  u"unload"_s};
+    QList<QStringList> words;
     for (const QString& directory : {u"/xml/action-based-xml"_s, u"/xml/entity-based-xml"_s}) {
         NavigationModel model(nullptr);
         QStringList messages;
         read(directory, model, messages);
-        QCOMPARE(command_words(model), expected);
+        words << command_words(model);
     }
+    QVERIFY(words[0].size() >= 35);
+    QCOMPARE(words[0], words[1]);
+    QCOMPARE(words[0].removeDuplicates(), 0);
 }
 
 OSTREL_TEST_MAIN(TstShippedNavigation)

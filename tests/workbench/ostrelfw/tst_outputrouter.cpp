@@ -6,10 +6,14 @@
 #include "support/TestCase.h"
 #include "workbench/ostrelfw/OutputRouter.h"
 
+#include <QDeadlineTimer>
 #include <QStringList>
 #include <QTest>
 
+#include <chrono>
+
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -18,13 +22,44 @@ class RecordingHandler : public OutputHandler
 public:
     void set_read_only(bool) override {}
     void print_prompt(bool, const char*) override {}
-    void print_data(const QString& data) override { printed << data; }
+    void print_data(const QString& data) override
+    {
+        printed << data;
+        // What it would take to paint.
+        const QDeadlineTimer painted(cost);
+        while (cost > 0ms && !painted.hasExpired())
+            continue;
+    }
     void print_command(const QString&) override {}
     void append_command(const QString&) override {}
     void insert_command(const QString&) override {}
 
     QStringList printed;
+    std::chrono::milliseconds cost = 0ms;
 };
+
+/** Prints on @p console until its texts are gathered. */
+void flood(RecordingHandler& console)
+{
+    console.cost = 10ms;
+    OutputRouter& router = OutputRouter::instance();
+    router.set_window(&console);
+    router.set_gathering(true);
+    for (int i = 0; i < 1000; ++i) {
+        const qsizetype texts = console.printed.size();
+        router.print(u"flood\n"_s);
+        if (console.printed.size() == texts)
+            break;
+    }
+    router.flush();
+    // What the budget has got back meanwhile is spent, too.
+    while (true) {
+        const qsizetype texts = console.printed.size();
+        router.print(u"flood\n"_s);
+        if (console.printed.size() == texts)
+            break;
+    }
+}
 
 } // namespace
 
@@ -41,10 +76,18 @@ private slots:
     void text_after_the_console_waits_for_the_next();
     void fallback_takes_text_while_there_is_no_console();
     void console_goes_before_the_fallback();
+    void few_texts_are_not_gathered();
+    void flood_is_handed_over_in_few_texts_and_in_order();
+    void what_was_gathered_comes_when_it_is_asked_for();
+    void what_was_gathered_comes_from_the_event_loop_at_the_latest();
+    void end_of_gathering_hands_over_and_prints_at_once_again();
+    void console_that_goes_gets_what_was_gathered();
+    void line_of_its_own_stands_below_an_open_one();
 };
 
 void TstOutputRouter::cleanup()
 {
+    OutputRouter::instance().set_gathering(false);
     OutputRouter::instance().set_fallback([](const QString&) {});
     OutputRouter::instance().set_window_listener(nullptr);
     Broker::command.set_command_window(nullptr);
@@ -113,6 +156,99 @@ void TstOutputRouter::console_goes_before_the_fallback()
     Broker::command << u"a\n"_s;
     QCOMPARE(taken, QString());
     QCOMPARE(console.printed, QStringList{u"a\n"_s});
+}
+
+void TstOutputRouter::few_texts_are_not_gathered()
+{
+    RecordingHandler console;
+    OutputRouter& router = OutputRouter::instance();
+    router.set_window(&console);
+    router.set_gathering(true);
+    for (int i = 0; i < 20; ++i)
+        router.print(u"a\n"_s);
+    QCOMPARE(console.printed.size(), 20);
+    router.set_gathering(false);
+}
+
+void TstOutputRouter::flood_is_handed_over_in_few_texts_and_in_order()
+{
+    constexpr int count = 100'000;
+    RecordingHandler console;
+    console.cost = 1ms; // about what it costs to paint
+    OutputRouter& router = OutputRouter::instance();
+    router.set_window(&console);
+    router.set_gathering(true);
+    QString all;
+    for (int i = 0; i < count; ++i) {
+        const QString line = u"line %1\n"_s.arg(i);
+        all += line;
+        router.print(line);
+    }
+    router.set_gathering(false);
+    QCOMPARE(console.printed.join(QString()), all);
+    QVERIFY2(console.printed.size() < count / 50, qPrintable(QString::number(console.printed.size())));
+    for (const QString& text : std::as_const(console.printed))
+        QVERIFY(text.size() < OutputRouter::gather_size + 100);
+}
+
+void TstOutputRouter::what_was_gathered_comes_when_it_is_asked_for()
+{
+    RecordingHandler console;
+    flood(console);
+    OutputRouter& router = OutputRouter::instance();
+    router.print(u"last\n"_s);
+    QVERIFY(!console.printed.join(QString()).endsWith(u"last\n"_s));
+    router.flush();
+    QVERIFY(console.printed.join(QString()).endsWith(u"last\n"_s));
+    const qsizetype texts = console.printed.size();
+    router.flush();
+    QCOMPARE(console.printed.size(), texts);
+    router.set_gathering(false);
+}
+
+void TstOutputRouter::what_was_gathered_comes_from_the_event_loop_at_the_latest()
+{
+    RecordingHandler console;
+    flood(console);
+    OutputRouter::instance().print(u"last\n"_s);
+    QVERIFY(!console.printed.join(QString()).endsWith(u"last\n"_s));
+    QTRY_VERIFY(console.printed.join(QString()).endsWith(u"last\n"_s));
+    OutputRouter::instance().set_gathering(false);
+}
+
+void TstOutputRouter::end_of_gathering_hands_over_and_prints_at_once_again()
+{
+    RecordingHandler console;
+    flood(console);
+    OutputRouter& router = OutputRouter::instance();
+    router.print(u"last\n"_s);
+    router.set_gathering(false);
+    QVERIFY(console.printed.join(QString()).endsWith(u"last\n"_s));
+    router.print(u"next"_s);
+    QCOMPARE(console.printed.last(), u"next"_s);
+}
+
+void TstOutputRouter::console_that_goes_gets_what_was_gathered()
+{
+    RecordingHandler console;
+    flood(console);
+    OutputRouter& router = OutputRouter::instance();
+    router.print(u"last\n"_s);
+    router.set_window(nullptr);
+    QVERIFY(console.printed.join(QString()).endsWith(u"last\n"_s));
+    router.set_gathering(false);
+}
+
+void TstOutputRouter::line_of_its_own_stands_below_an_open_one()
+{
+    RecordingHandler console;
+    OutputRouter& router = OutputRouter::instance();
+    router.set_window(&console);
+    router.print(u"open"_s);
+    router.print(QString());
+    router.print_line(u"one"_s);
+    router.print_line(u"two"_s);
+    QCOMPARE(console.printed.join(QString()), u"open\none\ntwo\n"_s);
 }
 
 OSTREL_TEST_MAIN(TstOutputRouter)

@@ -15,7 +15,9 @@
 #include "support/windows.h"
 #include "workbench/Workbench.h"
 #include "workbench/console/ConsoleOwner.h"
+#include "workbench/console/ErrorPage.h"
 #include "workbench/fennari19/CommandCall.h"
+#include "workbench/fennari19/CommandInterpreter.h"
 #include "workbench/fennari19/CommandRegistry.h"
 #include "workbench/fennari19/Fennar.h"
 
@@ -23,6 +25,7 @@
 #include <QDir>
 #include <QFile>
 #include <QMenu>
+#include <QMessageBox>
 #include <QProgressBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -55,6 +58,16 @@ private slots:
     void python_document_goes_whole_to_python_data();
     void python_document_goes_whole_to_python();
     void python_selection_keeps_its_line_numbers();
+    void indented_python_selection_plays();
+    void selection_that_cannot_move_to_the_left_says_so();
+    void script_shows_progress_and_can_be_paused();
+    void script_can_be_cancelled_while_it_pauses();
+    void error_leads_to_its_line_in_the_editor_data();
+    void error_leads_to_its_line_in_the_editor();
+    void error_of_a_file_that_is_not_open_opens_it();
+    void error_of_a_document_that_is_closed_is_told();
+    void line_that_is_gone_leads_to_the_last_one();
+    void example_in_python_is_the_translation_of_its_journal();
     void journal_waits_for_what_the_console_runs();
     void another_journal_is_refused_until_the_first_has_ended();
     void half_typed_command_stays();
@@ -103,6 +116,8 @@ private:
     static void select_lines(int first, int last);
     void play_document();
     void play_selection();
+    /** Presses Enter on the last line of the page of errors that holds @p text. */
+    void activate_last_error(const QString& text = u"nix"_s);
     /** Waits for what has been started. */
     void wait_for_end();
 
@@ -138,6 +153,7 @@ void TstJournalPlayer::init()
     mSteps.clear();
     Ostrel::instance()->command_line()->set_focus();
     page()->clearToPrompt();
+    mWorkbench->console()->error_page()->clear();
 }
 
 void TstJournalPlayer::cleanup()
@@ -202,6 +218,17 @@ void TstJournalPlayer::play_selection()
 {
     editor()->playSelected();
     wait_for_end();
+}
+
+void TstJournalPlayer::activate_last_error(const QString& text)
+{
+    ErrorPage* errors = mWorkbench->console()->error_page();
+    QTextCursor cursor =
+        errors->document()->find(text, errors->document()->characterCount() - 1, QTextDocument::FindBackward);
+    if (cursor.isNull()) // as in a script: the last line of all
+        cursor = QTextCursor(errors->document()->lastBlock().previous());
+    errors->setTextCursor(cursor);
+    QTest::keyClick(errors, Qt::Key_Return);
 }
 
 void TstJournalPlayer::wait_for_end()
@@ -584,6 +611,9 @@ void TstJournalPlayer::example_journals_play_data()
         // The tour ends the application and has a test of its own.
         if (file.fileName() == u"tour.jou"_s)
             continue;
+        // It needs a component; another test plays it.
+        if (file.completeBaseName() == u"plate"_s)
+            continue;
         (file.suffix() == u"py"_s ? python : journal) = true;
         QTest::newRow(qPrintable(file.fileName())) << file.absoluteFilePath();
     }
@@ -681,6 +711,195 @@ void TstJournalPlayer::tour_leaves_its_pictures_and_ends_the_application()
     QVERIFY(!Ostrel::instance()->isVisible());
     QVERIFY2(!text().contains(u"ERROR"_s), qPrintable(text()));
     QVERIFY(show_active(Ostrel::instance()));
+}
+
+void TstJournalPlayer::indented_python_selection_plays()
+{
+    const QString path =
+        open(u"a.py"_s, "def f():\n    for n in range(2):\n        fennar.cmd(f'step {n}')\n"
+                        "    text = \"\"\"\n  kept\n\"\"\"\n    fennar.cmd('step ' + repr(text))\n"
+                        "    raise OSError('end')\n");
+    select_lines(2, 8);
+    play_selection();
+    QCOMPARE(mSteps.mid(0, 2), QStringList({u"0"_s, u"1"_s}));
+    QVERIFY2(text().contains(u"File \"%1\", line 8"_s.arg(path)), qPrintable(text()));
+    QVERIFY2(text().contains(u"OSError: end"_s), qPrintable(text()));
+    // The first line of a document may be indented as well.
+    mSteps.clear();
+    editor()->add_document(u"    fennar.cmd('step first')\n#!python\n"_s);
+    open(u"b.py"_s, "    fennar.cmd('step first')\n");
+    select_lines(1, 1);
+    play_selection();
+    QCOMPARE(mSteps, QStringList(u"first"_s));
+}
+
+void TstJournalPlayer::selection_that_cannot_move_to_the_left_says_so()
+{
+    const QString path = open(u"a.py"_s, "if True:\n    fennar.cmd('step 2')\nfennar.cmd('step 3')\n");
+    select_lines(2, 3);
+    play_selection();
+    QCOMPARE(mSteps, QStringList());
+    QVERIFY2(text().contains(u"File \"%1\", line 3"_s.arg(path)), qPrintable(text()));
+    QVERIFY2(text().contains(u"this one begins further left than the first"_s), qPrintable(text()));
+}
+
+void TstJournalPlayer::script_shows_progress_and_can_be_paused()
+{
+    // A loop that lasts until it is told to end: turns come about ten times a second.
+    editor()->add_document(u"#!python\nx = 1\nx = 2\nx = 3\nended = False\n"
+                           "while not ended: fennar.cmd('act')\nfennar.cmd('step end')\n"_s);
+    QList<int> seen;
+    bool resumed = false;
+    QTimer resume;
+    connect(&resume, &QTimer::timeout, this, [&] {
+        if (!text().contains(u"Paused in"_s))
+            return;
+        resume.stop();
+        mSteps << u"waits"_s;
+        pause()->trigger();
+        resumed = true;
+    });
+    mAct = [&] {
+        const int value = bar()->value();
+        if (value > 0 && value < 100 && seen.isEmpty()) {
+            seen << value;
+            pause()->trigger();
+            resume.start(0);
+        }
+        if (resumed)
+            Fennar::instance().interpreter().run(u"python 'ended = True'"_s);
+    };
+    play_document();
+    QCOMPARE(seen, QList<int>{62}); // line 6 of 8, as an empty one ends it: five are done
+    QCOMPARE(mSteps, QStringList({u"waits"_s, u"end"_s}));
+    QVERIFY2(text().contains(u"Paused in Untitled:6\n"_s), qPrintable(text()));
+}
+
+void TstJournalPlayer::script_can_be_cancelled_while_it_pauses()
+{
+    const QString path = open(u"a.py"_s, "while True: fennar.cmd('act')\n");
+    bool cancelled = false;
+    QTimer cancel;
+    connect(&cancel, &QTimer::timeout, this, [&] {
+        if (!text().contains(u"Paused in"_s))
+            return;
+        cancel.stop();
+        cancelled = true;
+        Ostrel::instance()->findChild<QToolButton*>(u"mCancel"_s)->click();
+    });
+    mAct = [&] {
+        if (!pause()->isChecked() && !cancelled) {
+            pause()->trigger();
+            cancel.start(0);
+        }
+    };
+    play_document();
+    QVERIFY(cancelled);
+    QVERIFY2(text().contains(u"KeyboardInterrupt"_s), qPrintable(text()));
+    QVERIFY2(text().endsWith(u"Interrupted: %1\nFennar>"_s.arg(path)), qPrintable(text()));
+    QVERIFY(!pause()->isChecked());
+}
+
+void TstJournalPlayer::error_leads_to_its_line_in_the_editor_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<int>("line");
+    QTest::newRow("journal") << u"a.jou"_s << QByteArray("step 1\nstep 2\nnix\nstep 4\n") << 3;
+    QTest::newRow("script") << u"a.py"_s << QByteArray("x = 1\nraise OSError('end')\n") << 2;
+    QTest::newRow("far down") << u"a.jou"_s << QByteArray("step 1\n").repeated(500) + "nix\n" << 501;
+    QTest::newRow("without a file") << QString() << QByteArray("step 1\nnix\n") << 2;
+}
+
+void TstJournalPlayer::error_leads_to_its_line_in_the_editor()
+{
+    QFETCH(const QString, name);
+    QFETCH(const QByteArray, content);
+    QFETCH(const int, line);
+    if (name.isEmpty())
+        editor()->add_document(QString::fromUtf8(content));
+    else
+        open(name, content);
+    QPlainTextEdit* played = document();
+    const int count = tabs()->count();
+    play_document();
+    editor()->fileNew();
+    editor()->hide();
+    QVERIFY(document() != played);
+    activate_last_error();
+    QVERIFY(editor()->isVisible());
+    QCOMPARE(document(), played);
+    QCOMPARE(tabs()->count(), count + 1);
+    QCOMPARE(played->textCursor().blockNumber() + 1, line);
+    QCOMPARE(played->textCursor().selectedText(), played->textCursor().block().text());
+    QVERIFY(played->viewport()->rect().contains(played->cursorRect().center()));
+    editor()->hide();
+}
+
+void TstJournalPlayer::error_of_a_file_that_is_not_open_opens_it()
+{
+    QVERIFY(QDir().mkdir(mDirectory->filePath(u"sub"_s)));
+    const QString inner = write(u"sub/inner.jou"_s, "step 1\nnix\n");
+    write(u"sub/outer.jou"_s, "play inner.jou\n");
+    // Relative names mean what they meant when the error came.
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(mDirectory->path()));
+    Broker::instance()->set_change_dir_on_playback(true);
+    enter(u"play sub/outer.jou"_s);
+    wait_for_end();
+    QVERIFY(QDir::setCurrent(before));
+    ErrorPage* errors = mWorkbench->console()->error_page();
+    const auto place = errors->place_at(errors->document()->find(u"inner.jou:2:"_s).block());
+    QVERIFY(place.has_value());
+    QCOMPARE(place->file, inner);
+    activate_last_error(u"inner.jou:2:"_s);
+    QVERIFY2(editor()->windowTitle().startsWith(inner), qPrintable(editor()->windowTitle()));
+    QCOMPARE(document()->textCursor().selectedText(), u"nix"_s);
+    // A second time the same tab is found again.
+    const int count = tabs()->count();
+    editor()->fileNew();
+    activate_last_error(u"inner.jou:2:"_s);
+    QCOMPARE(tabs()->count(), count + 1);
+    QCOMPARE(document()->textCursor().selectedText(), u"nix"_s);
+    editor()->hide();
+}
+
+void TstJournalPlayer::error_of_a_document_that_is_closed_is_told()
+{
+    editor()->add_document(u"step 1\nnix\n"_s);
+    play_document();
+    document()->document()->setModified(false);
+    editor()->fileNew();
+    tabs()->setCurrentIndex(tabs()->count() - 2);
+    editor()->close_tab(tabs()->currentIndex());
+    DialogDriver driver;
+    driver.expect<QMessageBox>([](QMessageBox* box) { box->accept(); });
+    activate_last_error();
+    QVERIFY(driver.finish());
+    QVERIFY(!editor()->isVisible());
+}
+
+void TstJournalPlayer::line_that_is_gone_leads_to_the_last_one()
+{
+    open(u"a.jou"_s, "step 1\nstep 2\nnix\n");
+    play_document();
+    document()->setPlainText(u"step 1"_s);
+    activate_last_error();
+    QCOMPARE(document()->textCursor().selectedText(), u"step 1"_s);
+    editor()->hide();
+}
+
+void TstJournalPlayer::example_in_python_is_the_translation_of_its_journal()
+{
+    const QString folder = QStringLiteral(JOURNALS);
+    editor()->open_file(folder + u"/plate.jou"_s);
+    editor()->pythonizeFile();
+    QFile file(folder + u"/plate.py"_s);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    // The editor leaves an empty line at the end.
+    const QString translated = document()->toPlainText().trimmed();
+    const QString shipped = QString::fromUtf8(file.readAll()).trimmed();
+    QVERIFY2(translated == shipped, qPrintable(translated.right(60)));
 }
 
 OSTREL_TEST_MAIN(TstJournalPlayer)

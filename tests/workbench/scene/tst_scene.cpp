@@ -23,6 +23,9 @@ private slots:
     void selected_item_that_goes_changes_the_selection();
     void box_is_around_all_shapes();
     void first_and_last_viewer_are_told();
+    void work_is_awaited_until_all_of_it_is_done();
+    void flat_shape_has_no_curves();
+    void curves_are_where_the_middle_planes_cut_what_is_curved();
     void select_command_selects_and_answers();
     void select_command_refuses_what_is_not_there();
     void taken_name_adds_no_command();
@@ -135,6 +138,51 @@ void TstScene::first_and_last_viewer_are_told()
     scene.remove_viewer();
     QVERIFY(!scene.has_viewers());
     QCOMPARE(changed.size(), 2);
+}
+
+void TstScene::work_is_awaited_until_all_of_it_is_done()
+{
+    Scene scene;
+    scene.end_work();
+    QVERIFY(!scene.is_awaited());
+    scene.begin_work();
+    scene.begin_work();
+    scene.end_work();
+    QVERIFY(scene.is_awaited());
+    scene.end_work();
+    QVERIFY(!scene.is_awaited());
+}
+
+void TstScene::flat_shape_has_no_curves()
+{
+    SceneShape shape;
+    shape.update_curves();
+    QVERIFY(shape.curves.empty());
+    shape.corners = {{-1, -1, -1}, {1, 2, 0}, {0, 0, 3}};
+    shape.normals = {{0, 0, 1}, {0, 0, 1}, {0, 0, 1}};
+    shape.update_box();
+    shape.update_curves();
+    QVERIFY(shape.curves.empty());
+}
+
+void TstScene::curves_are_where_the_middle_planes_cut_what_is_curved()
+{
+    SceneShape shape;
+    shape.origin = {1e6, 0, 0};
+    shape.corners = {{-1, -1, 0}, {3, -1, 0}, {-1, 3, 0}};
+    shape.normals = {{0, 0, 1}, {0.6F, 0, 0.8F}, {0, 0, 1}};
+    shape.update_box();
+    for (int round = 0; round < 2; ++round) { // the second replaces the first
+        shape.update_curves();
+        // Across x = 1, across y = 1, and nothing across z = 0, in which the triangle lies.
+        QCOMPARE(shape.curves.size(), std::size_t(4));
+        for (std::size_t i = 0; i < 2; ++i) {
+            QCOMPARE(shape.curves[i].x(), 1.0F);
+            QCOMPARE(shape.curves[2 + i].y(), 1.0F);
+        }
+        QCOMPARE((shape.curves[0] - shape.curves[1]).length(), 2.0F);
+        QCOMPARE((shape.curves[2] - shape.curves[3]).length(), 2.0F);
+    }
 }
 
 void TstScene::select_command_selects_and_answers()

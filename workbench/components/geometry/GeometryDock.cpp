@@ -57,7 +57,10 @@ GeometryDock::GeometryDock(const GeometryModel& model, QWidget* parent)
     mTree->setSelectionMode(QAbstractItemView::ExtendedSelection);
     mTree->setUniformRowHeights(true);
     mTree->setContextMenuPolicy(Qt::CustomContextMenu);
-    mTree->header()->setSectionResizeMode(QHeaderView::Interactive);
+    // Names take the room that numbers leave.
+    mTree->header()->setStretchLastSection(false);
+    mTree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    mTree->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     setWidget(mTree);
     mMenu->setObjectName(u"GeometryModelMenu"_s);
     mSolids = make_branch(mTree, tr("Solids"));

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -51,6 +52,7 @@ std::shared_ptr<const SceneShape> read_shape(const char* bytes, qsizetype triang
     shape->normals = read_points(bytes, 3 * triangles, {});
     shape->lines = read_points(bytes, 2 * lines, shape->origin);
     shape->update_box();
+    shape->update_curves();
     return shape;
 }
 
@@ -87,6 +89,7 @@ GeometryScene::~GeometryScene()
     }
     if (mReader)
         mReader->wait();
+    tell_whether_awaited(false);
     for (const auto& [id, entry] : mEntries)
         mScene.remove(entry.item);
 }
@@ -132,12 +135,23 @@ void GeometryScene::update_mesh()
 
 void GeometryScene::go_on()
 {
-    if (!mScene.has_viewers())
+    if (mScene.has_viewers()) {
+        if (!mWaiting.isEmpty() && !mProcess && !mStart.isActive())
+            mStart.start();
+        if (mMeshWanted && !mReader)
+            read_mesh();
+    }
+    tell_whether_awaited(mScene.has_viewers() && is_busy());
+}
+
+void GeometryScene::tell_whether_awaited(bool awaited)
+{
+    if (std::exchange(mAwaited, awaited) == awaited)
         return;
-    if (!mWaiting.isEmpty() && !mProcess && !mStart.isActive())
-        mStart.start();
-    if (mMeshWanted && !mReader)
-        read_mesh();
+    if (awaited)
+        mScene.begin_work();
+    else
+        mScene.end_work();
 }
 
 /** Reads the mesh on another thread. */

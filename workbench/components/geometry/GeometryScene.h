@@ -63,6 +63,7 @@ private:
     void update_mesh();
     void read_mesh();
     void go_on();
+    void tell_whether_awaited(bool awaited);
     void start_tessellator();
     void take_shapes();
     void tessellator_ended(bool well);
@@ -87,6 +88,8 @@ private:
     /** After a crash one solid at a time, until they are through. */
     bool mOneByOne = false;
     bool mMeshWanted = false;
+    /** What the scene has been told. */
+    bool mAwaited = false;
     std::unique_ptr<QThread> mReader;
     std::shared_ptr<Surfaces> mSurfaces;
 };

@@ -12,11 +12,11 @@
 
 using namespace Qt::StringLiterals;
 
-bool GeometryWords::is_keyword(const QString& text)
+const QStringList& GeometryWords::keywords()
 {
-    static const QStringList keywords{u"about"_s, u"all"_s,  u"along"_s, u"as"_s,   u"at"_s,     u"by"_s,
-                                      u"from"_s,  u"mesh"_s, u"name"_s,  u"size"_s, u"verbose"_s};
-    return keywords.contains(text);
+    static const QStringList words{u"about"_s, u"all"_s,  u"along"_s, u"as"_s,   u"at"_s,     u"by"_s,
+                                   u"from"_s,  u"mesh"_s, u"name"_s,  u"size"_s, u"verbose"_s};
+    return words;
 }
 
 bool GeometryWords::at_end() const

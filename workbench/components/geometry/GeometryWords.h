@@ -22,7 +22,8 @@ public:
     GeometryWords(CommandCall& call, const GeometryModel& model) : mCall(call), mModel(model) {}
 
     /** Words that cannot name solids, since commands give them a meaning. */
-    static bool is_keyword(const QString& text);
+    static const QStringList& keywords();
+    static bool is_keyword(const QString& text) { return keywords().contains(text); }
 
     bool at_end() const;
     /** Which word comes next. */

@@ -16,6 +16,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+CommandParameter model_file(CommandParameter::Kind kind)
+{
+    return {
+        .name = u"FILE"_s,
+        .kind = kind,
+        .label = QT_TRANSLATE_NOOP("CommandParameter", "Model"),
+        .filters =
+            [] {
+                return QList<CommandFileFilter>{
+                    {QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Model Files")), u".mdl"_s}};
+            },
+        .example = u"part.mdl"_s};
+}
+
 QString whole_path(const QString& file)
 {
     return QDir::cleanPath(QDir::current().absoluteFilePath(file));
@@ -76,17 +90,29 @@ bool register_document_commands(CommandRegistry& registry, GeometryModel& model,
         return [&model, actions, function](CommandCall& call) { run(call, model, actions, function); };
     };
     const Command commands[] = {
-        {u"new"_s, u"new"_s, u"Starts an empty model."_s,
-         u"As \"New\" in the file menu: with a window the question about unsaved changes comes first."_s,
-         owner, with(&start_new)},
-        {u"open"_s, u"open FILE"_s, u"Opens a model that was saved."_s,
-         u"It takes the place of the present model. With a window the question about unsaved changes comes\n"
-         "first. Quote a name with blanks. A relative name is looked up in the current directory."_s,
-         owner, with(&open)},
-        {u"save"_s, u"save [FILE]"_s, u"Saves the model."_s,
-         u"Without FILE in the file that it was opened from or saved in last. A file that is there already\n"
-         "is replaced. The name is taken as it is, without an ending of its own."_s,
-         owner, with(&save)},
+        {.name = u"new"_s,
+         .summary = u"Starts an empty model."_s,
+         .help =
+             u"As \"New\" in the file menu: with a window the question about unsaved changes comes first."_s,
+         .owner = owner,
+         .run = with(&start_new),
+         .forms = {{}}},
+        {.name = u"open"_s,
+         .summary = u"Opens a model that was saved."_s,
+         .help = u"It takes the place of the present model. With a window the question about unsaved changes "
+                 u"comes\n"
+                 "first. Quote a name with blanks. A relative name is looked up in the current directory."_s,
+         .owner = owner,
+         .run = with(&open),
+         .forms = {{.clauses = {required_value(model_file(CommandParameter::Kind::InputFile))}}}},
+        {.name = u"save"_s,
+         .summary = u"Saves the model."_s,
+         .help = u"Without FILE in the file that it was opened from or saved in last. A file that is there "
+                 u"already\n"
+                 "is replaced. The name is taken as it is, without an ending of its own."_s,
+         .owner = owner,
+         .run = with(&save),
+         .forms = {{.clauses = {optional_value(model_file(CommandParameter::Kind::OutputFile))}}}},
     };
     QStringList added;
     for (const Command& command : commands) {

@@ -40,6 +40,15 @@ void stage(const char* name)
     std::fflush(stdout);
 }
 
+bool has_elements(int dimension, int entity)
+{
+    std::vector<int> types;
+    std::vector<std::vector<std::size_t>> tags;
+    std::vector<std::vector<std::size_t>> nodes;
+    gmsh::model::mesh::getElements(types, tags, nodes, dimension, entity);
+    return !types.empty();
+}
+
 void write_counts(std::ostream& out)
 {
     std::vector<std::size_t> nodes;

@@ -19,6 +19,9 @@ class Failure : public std::runtime_error
 /** Tells the program that waits what is done now; see MesherReport. */
 void stage(const char* name);
 
+/** Whether the current mesh has elements of the dimension: in one of its entities, or anywhere. */
+bool has_elements(int dimension, int entity = -1);
+
 /** Writes how many nodes and elements of each kind the current mesh has. */
 void write_counts(std::ostream& out);
 

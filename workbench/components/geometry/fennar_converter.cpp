@@ -294,15 +294,6 @@ void write_surface(const Triangles& surface, const std::string& path)
         throw Failure("a temporary file cannot be written");
 }
 
-bool has_elements(int dimension)
-{
-    std::vector<int> types;
-    std::vector<std::vector<std::size_t>> tags;
-    std::vector<std::vector<std::size_t>> nodes;
-    gmsh::model::mesh::getElements(types, tags, nodes, dimension);
-    return !types.empty();
-}
-
 void read_mesh(const Job& job)
 {
     gmsh::model::add("input");
@@ -347,11 +338,7 @@ void triangulate(double size)
     gmsh::vectorpair faces;
     gmsh::model::getEntities(faces, 2);
     for (const auto& face : faces) {
-        std::vector<int> types;
-        std::vector<std::vector<std::size_t>> tags;
-        std::vector<std::vector<std::size_t>> nodes;
-        gmsh::model::mesh::getElements(types, tags, nodes, 2, face.second);
-        if (types.empty())
+        if (!has_elements(2, face.second))
             throw Failure("a face could not be covered with triangles");
     }
 }

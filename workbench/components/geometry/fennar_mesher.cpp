@@ -132,11 +132,7 @@ void check_volumes()
     gmsh::vectorpair volumes;
     gmsh::model::getEntities(volumes, 3);
     for (const auto& volume : volumes) {
-        std::vector<int> types;
-        std::vector<std::vector<std::size_t>> tags;
-        std::vector<std::vector<std::size_t>> nodes;
-        gmsh::model::mesh::getElements(types, tags, nodes, 3, volume.second);
-        if (types.empty())
+        if (!has_elements(3, volume.second))
             throw Failure("a volume could not be filled with elements");
     }
 }

@@ -8,6 +8,8 @@
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/geometry/GeometryWords.h"
 #include "workbench/components/geometry/LongWork.h"
+#include "workbench/components/geometry/geometry_parameters.h"
+#include "workbench/fennar_formats/FormatRegistry.h"
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandRegistry.h"
 
@@ -22,14 +24,60 @@ namespace {
 
 enum class Direction { Import, Export };
 
-QString names_of_formats(Direction direction)
+QList<Format> formats_for(Direction direction)
+{
+    QList<Format> result = formats();
+    result.removeIf([&](const Format& format) {
+        return !(direction == Direction::Import ? format.reads : format.writes);
+    });
+    return result;
+}
+
+QStringList format_names(Direction direction)
 {
     QStringList names;
-    for (const Format& format : formats()) {
-        if (direction == Direction::Import ? format.reads : format.writes)
-            names << format.name;
-    }
-    return names.join(u", "_s);
+    for (const Format& format : formats_for(direction))
+        names << format.name;
+    return names;
+}
+
+QString names_of_formats(Direction direction)
+{
+    return format_names(direction).join(u", "_s);
+}
+
+QList<CommandFileFilter> file_filters(Direction direction)
+{
+    QList<CommandFileFilter> filters;
+    for (const Format& format : formats_for(direction))
+        filters.append({format.name, u'.' + format.endings.value(0)});
+    return filters;
+}
+
+QString format_entity(Direction direction)
+{
+    return direction == Direction::Import ? u"import format"_s : u"export format"_s;
+}
+
+/** "FILE [as FORMAT]" */
+QList<CommandClause> file_clauses(Direction direction)
+{
+    return {required_value({.name = u"FILE"_s,
+                            .kind = direction == Direction::Import ? CommandParameter::Kind::InputFile
+                                                                   : CommandParameter::Kind::OutputFile,
+                            .label = QT_TRANSLATE_NOOP("CommandParameter", "File"),
+                            .filters = [direction] { return file_filters(direction); },
+                            .example = u"part.stl"_s}),
+            {.keyword = u"as"_s,
+             .parameters = {{.name = u"FORMAT"_s,
+                             .kind = CommandParameter::Kind::Entity,
+                             .label = QT_TRANSLATE_NOOP("CommandParameter", "Format"),
+                             .tip = QT_TRANSLATE_NOOP(
+                                 "CommandParameter",
+                                 "Needed only where the ending of the file does not tell it."),
+                             .entity = format_entity(direction),
+                             .example = u"STL"_s}},
+             .optional = true}};
 }
 
 /** Reads "as FORMAT", or goes by the ending of the file. */
@@ -191,21 +239,24 @@ bool register_file_commands(CommandRegistry& registry, GeometryModel& model, Fil
                             const ApplicationServices& services, const ImportListener& imported)
 {
     const auto context = std::make_shared<Context>(Context{model, exchange, services, imported});
-    const auto add = [&registry, &context](const QString& name, const QString& usage, const QString& summary,
-                                           const QString& help, Run function) {
-        return registry.add({name, usage, summary, help, u"geometry"_s,
-                             [context, function](CommandCall& call) { run(call, *context, function); }}) ==
-               CommandRegistry::AddResult::Added;
+    const auto run_with = [&context](Run function) {
+        return [context, function](CommandCall& call) { run(call, *context, function); };
     };
-    if (!add(u"import"_s, u"import FILE [as FORMAT]"_s, u"Reads solids or a mesh from a file."_s,
+    const QString owner = u"geometry"_s;
+    const Command commands[] = {
+        {.name = u"import"_s,
+         .summary = u"Reads solids or a mesh from a file."_s,
+         .help =
              u"The ending of FILE tells the format unless \"as\" does. STEP, IGES and BREP files add their\n"
              "solids, named after the file. STL, MSH and VTK files, and those of formats that other "
              "components\n"
              "bring, hold a mesh, which takes the place of the last one. Lengths become millimetres."_s,
-             import_file))
-        return false;
-    if (!add(u"export"_s, u"export FILE [as FORMAT] [mesh | SOLID...] [size SIZE]"_s,
-             u"Writes solids or the mesh to a file."_s,
+         .owner = owner,
+         .run = run_with(import_file),
+         .forms = {{.clauses = file_clauses(Direction::Import)}}},
+        {.name = u"export"_s,
+         .summary = u"Writes solids or the mesh to a file."_s,
+         .help =
              u"The ending of FILE tells the format unless \"as\" does. STEP and BREP files hold solids, all "
              u"of\n"
              "them if none is named. MSH and VTK files hold the last mesh. STL files, and those of formats "
@@ -213,9 +264,37 @@ bool register_file_commands(CommandRegistry& registry, GeometryModel& model, Fil
              "other components bring, hold the surface of solids, in triangles of SIZE at most, or with "
              "\"mesh\"\n"
              "that of the last mesh. A file that exists is replaced."_s,
-             export_file)) {
-        registry.remove(u"import"_s);
-        return false;
+         .owner = owner,
+         .run = run_with(export_file),
+         .forms = {{.clauses =
+                        file_clauses(Direction::Export) +
+                        QList{optional_value(solids_parameter()),
+                              CommandClause{.keyword = u"size"_s,
+                                            .parameters = {length_parameter(
+                                                u"SIZE"_s, QT_TRANSLATE_NOOP("CommandParameter",
+                                                                             "Size of the triangles"))},
+                                            .optional = true}},
+                    .title = QT_TRANSLATE_NOOP("CommandParameter", "Solids")},
+                   {.clauses = file_clauses(Direction::Export) + QList{CommandClause{.keyword = u"mesh"_s}},
+                    .title = QT_TRANSLATE_NOOP("CommandParameter", "Mesh")}}},
+    };
+    CommandEntities& entities = registry.entities();
+    // The formats are there longer than these commands: the connection goes with the offers.
+    const auto watcher = std::make_shared<QObject>();
+    for (const Direction direction : {Direction::Import, Direction::Export}) {
+        entities.offer(format_entity(direction), owner,
+                       [direction, watcher] { return format_names(direction); });
+        QObject::connect(&FormatRegistry::instance(), &FormatRegistry::changed, watcher.get(),
+                         [&entities, direction] { entities.tell_changed(format_entity(direction)); });
+    }
+    QStringList added;
+    for (const Command& command : commands) {
+        if (registry.add(command) != CommandRegistry::AddResult::Added) {
+            for (const QString& name : std::as_const(added))
+                registry.remove(name);
+            return false;
+        }
+        added << command.name;
     }
     return true;
 }

@@ -7,6 +7,7 @@
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/geometry/GeometryWords.h"
 #include "workbench/components/geometry/LongWork.h"
+#include "workbench/components/geometry/geometry_parameters.h"
 #include "workbench/components/geometry/run_mesher.h"
 #include "workbench/fennari19/ApplicationServices.h"
 #include "workbench/fennari19/CommandCall.h"
@@ -393,10 +394,10 @@ void quality(CommandCall& call, GeometryWords& words, Context& context)
 struct Entry
 {
     QLatin1StringView name;
-    QLatin1StringView usage;
     QLatin1StringView summary;
     QLatin1StringView help;
     Run run;
+    QList<CommandSyntax> forms;
 };
 
 constexpr auto placing_help =
@@ -410,46 +411,178 @@ constexpr auto combine_help =
     "The result has the name and id of the first solid; the others are gone. It may have several pieces."_L1;
 constexpr auto solids_help = "\"all\" stands for all solids."_L1;
 
-constexpr Entry entries[] = {
-    {"brick"_L1, "brick WIDTH [DEPTH HEIGHT] [at X Y Z] [name NAME]"_L1, "Makes a brick, or a cube."_L1,
-     placing_help, brick},
-    {"cylinder"_L1, "cylinder RADIUS HEIGHT [at X Y Z] [along X Y Z] [name NAME]"_L1, "Makes a cylinder."_L1,
-     axis_help, cylinder},
-    {"sphere"_L1, "sphere RADIUS [at X Y Z] [name NAME]"_L1, "Makes a sphere."_L1, placing_help, sphere},
-    {"cone"_L1, "cone RADIUS HEIGHT [TOP_RADIUS] [at X Y Z] [along X Y Z] [name NAME]"_L1,
-     "Makes a cone, or a part of one."_L1, axis_help, cone},
-    {"torus"_L1, "torus RADIUS TUBE_RADIUS [at X Y Z] [along X Y Z] [name NAME]"_L1, "Makes a torus."_L1,
-     axis_help, torus},
-    {"move"_L1, "move SOLID... by X Y Z"_L1, "Moves solids."_L1, solids_help, move},
-    {"rotate"_L1, "rotate SOLID... by DEGREES [about X Y Z] [along X Y Z]"_L1, "Turns solids."_L1,
-     "The axis goes through the origin unless \"about\" tells another point, in the direction of the z axis\n"
-     "unless \"along\" tells another. \"all\" stands for all solids."_L1,
-     rotate},
-    {"copy"_L1, "copy SOLID [by X Y Z] [name NAME]"_L1, "Copies a solid."_L1, {}, copy},
-    {"rename"_L1, "rename SOLID NAME"_L1, "Gives a solid another name."_L1, {}, rename},
-    {"unite"_L1, "unite SOLID SOLID..."_L1, "Makes one solid of several."_L1, combine_help, unite},
-    {"subtract"_L1, "subtract TOOL... from SOLID"_L1, "Takes the tools away from a solid."_L1,
-     "The tools are gone then. The solid may fall into several pieces, which stay one solid."_L1, subtract},
-    {"intersect"_L1, "intersect SOLID SOLID..."_L1, "Keeps what several solids have in common."_L1,
-     combine_help, intersect},
-    {"delete"_L1, "delete SOLID..."_L1, "Deletes solids."_L1, solids_help, remove},
-    {"list"_L1, "list [SOLID...]"_L1, "Lists solids with their measures."_L1,
-     "Solids can be named by name or by id. The box around a solid is exact to six digits; around round "
-     "solids\n"
-     "that were turned it has some room."_L1,
-     list},
-    {"mesh"_L1, "mesh [SOLID...] size SIZE [verbose]"_L1, "Fills solids with tetrahedra."_L1,
-     "Without solids all of them are meshed. SIZE is the length of the elements. The mesh takes the place "
-     "of\n"
-     "the last one. \"verbose\" shows all that the mesher has to say."_L1,
-     mesh},
-    {"statistics"_L1, "statistics"_L1, "Counts the nodes and elements of the mesh."_L1, {}, statistics},
-    {"quality"_L1, "quality [ICN | IGE]"_L1, "Measures the volume elements of the mesh."_L1,
-     "ICN is the inverse condition number, IGE the inverse gradient error. 1 is the best value, and "
-     "elements\n"
-     "of 0 or less are useless."_L1,
-     quality},
-};
+/** Of a cone. */
+CommandParameter top_radius()
+{
+    CommandParameter result =
+        length_parameter(u"TOP_RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius of the top"));
+    result.tip = QT_TRANSLATE_NOOP("CommandParameter", "Without it the cone ends in a point.");
+    return result;
+}
+
+CommandParameter tools()
+{
+    CommandParameter result = solids_parameter();
+    result.name = u"TOOL"_s;
+    result.label = QT_TRANSLATE_NOOP("CommandParameter", "Tools");
+    result.choices.clear();
+    return result;
+}
+
+QList<Entry> entries()
+{
+    return {
+        {"brick"_L1,
+         "Makes a brick, or a cube."_L1,
+         placing_help,
+         brick,
+         {{.clauses =
+               {required_value(length_parameter(u"WIDTH"_s, QT_TRANSLATE_NOOP("CommandParameter", "Width"))),
+                {.parameters = {length_parameter(u"DEPTH"_s, QT_TRANSLATE_NOOP("CommandParameter", "Depth")),
+                                length_parameter(u"HEIGHT"_s,
+                                                 QT_TRANSLATE_NOOP("CommandParameter", "Height"))},
+                 .optional = true,
+                 .tip = QT_TRANSLATE_NOOP("CommandParameter", "Without depth and height it is a cube.")},
+                position_clause(u"at"_s, QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true, u"0 0 0"_s),
+                name_clause()}}}},
+        {"cylinder"_L1,
+         "Makes a cylinder."_L1,
+         axis_help,
+         cylinder,
+         {{.clauses = {required_value(
+                           length_parameter(u"RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius"))),
+                       required_value(
+                           length_parameter(u"HEIGHT"_s, QT_TRANSLATE_NOOP("CommandParameter", "Height"))),
+                       position_clause(u"at"_s, QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true,
+                                       u"0 0 0"_s),
+                       axis_clause(), name_clause()}}}},
+        {"sphere"_L1,
+         "Makes a sphere."_L1,
+         placing_help,
+         sphere,
+         {{.clauses = {required_value(
+                           length_parameter(u"RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius"))),
+                       position_clause(u"at"_s, QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true,
+                                       u"0 0 0"_s),
+                       name_clause()}}}},
+        {"cone"_L1,
+         "Makes a cone, or a part of one."_L1,
+         axis_help,
+         cone,
+         {{.clauses = {required_value(
+                           length_parameter(u"RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius"))),
+                       required_value(
+                           length_parameter(u"HEIGHT"_s, QT_TRANSLATE_NOOP("CommandParameter", "Height"))),
+                       optional_value(top_radius()),
+                       position_clause(u"at"_s, QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true,
+                                       u"0 0 0"_s),
+                       axis_clause(), name_clause()}}}},
+        {"torus"_L1,
+         "Makes a torus."_L1,
+         axis_help,
+         torus,
+         {{.clauses =
+               {required_value(
+                    length_parameter(u"RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius"), u"10"_s)),
+                required_value(length_parameter(
+                    u"TUBE_RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius of the tube"), u"2"_s)),
+                position_clause(u"at"_s, QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true, u"0 0 0"_s),
+                axis_clause(), name_clause()}}}},
+        {"move"_L1,
+         "Moves solids."_L1,
+         solids_help,
+         move,
+         {{.clauses = {required_value(solids_parameter()),
+                       position_clause(u"by"_s, QT_TRANSLATE_NOOP("CommandParameter", "Way"), false)}}}},
+        {"rotate"_L1,
+         "Turns solids."_L1,
+         "The axis goes through the origin unless \"about\" tells another point, in the direction of the z "
+         "axis\n"
+         "unless \"along\" tells another. \"all\" stands for all solids."_L1,
+         rotate,
+         {{.clauses = {required_value(solids_parameter()),
+                       {.keyword = u"by"_s,
+                        .parameters = {{.name = u"DEGREES"_s,
+                                        .kind = CommandParameter::Kind::Number,
+                                        .label = QT_TRANSLATE_NOOP("CommandParameter", "Angle"),
+                                        .unit = u"\u00b0"_s,
+                                        .example = u"30"_s}}},
+                       position_clause(u"about"_s, QT_TRANSLATE_NOOP("CommandParameter", "Point on the axis"),
+                                       true, u"0 0 0"_s),
+                       axis_clause()}}}},
+        {"copy"_L1,
+         "Copies a solid."_L1,
+         {},
+         copy,
+         {{.clauses =
+               {required_value(solid_parameter(QT_TRANSLATE_NOOP("CommandParameter", "Solid"), u"SOLID"_s)),
+                position_clause(u"by"_s, QT_TRANSLATE_NOOP("CommandParameter", "Way"), true, u"0 0 0"_s),
+                name_clause()}}}},
+        {"rename"_L1,
+         "Gives a solid another name."_L1,
+         {},
+         rename,
+         {{.clauses = {required_value(
+                           solid_parameter(QT_TRANSLATE_NOOP("CommandParameter", "Solid"), u"SOLID"_s)),
+                       required_value(new_name_parameter())}}}},
+        {"unite"_L1,
+         "Makes one solid of several."_L1,
+         combine_help,
+         unite,
+         {{.clauses = {required_value(solids_parameter(2))}}}},
+        {"subtract"_L1,
+         "Takes the tools away from a solid."_L1,
+         "The tools are gone then. The solid may fall into several pieces, which stay one solid."_L1,
+         subtract,
+         {{.clauses = {required_value(tools()),
+                       {.keyword = u"from"_s,
+                        .parameters = {solid_parameter(QT_TRANSLATE_NOOP("CommandParameter", "Solid"),
+                                                       u"SOLID"_s)}}}}}},
+        {"intersect"_L1,
+         "Keeps what several solids have in common."_L1,
+         combine_help,
+         intersect,
+         {{.clauses = {required_value(solids_parameter(2))}}}},
+        {"delete"_L1,
+         "Deletes solids."_L1,
+         solids_help,
+         remove,
+         {{.clauses = {required_value(solids_parameter())}}}},
+        {"list"_L1,
+         "Lists solids with their measures."_L1,
+         "Solids can be named by name or by id. The box around a solid is exact to six digits; around round "
+         "solids\n"
+         "that were turned it has some room."_L1,
+         list,
+         {{.clauses = {optional_value(solids_parameter())}}}},
+        {"mesh"_L1,
+         "Fills solids with tetrahedra."_L1,
+         "Without solids all of them are meshed. SIZE is the length of the elements. The mesh takes the "
+         "place "
+         "of\n"
+         "the last one. \"verbose\" shows all that the mesher has to say."_L1,
+         mesh,
+         {{.clauses = {optional_value(solids_parameter()),
+                       {.keyword = u"size"_s,
+                        .parameters = {length_parameter(
+                            u"SIZE"_s, QT_TRANSLATE_NOOP("CommandParameter", "Size of the elements"))}},
+                       {.keyword = u"verbose"_s,
+                        .optional = true,
+                        .label =
+                            QT_TRANSLATE_NOOP("CommandParameter", "Show all messages of the mesher")}}}}},
+        {"statistics"_L1, "Counts the nodes and elements of the mesh."_L1, {}, statistics, {{}}},
+        {"quality"_L1,
+         "Measures the volume elements of the mesh."_L1,
+         "ICN is the inverse condition number, IGE the inverse gradient error. 1 is the best value, and "
+         "elements\n"
+         "of 0 or less are useless."_L1,
+         quality,
+         {{.clauses = {optional_value({.name = u"MEASURE"_s,
+                                       .kind = CommandParameter::Kind::Choice,
+                                       .label = QT_TRANSLATE_NOOP("CommandParameter", "Measure"),
+                                       .choices = {u"ICN"_s, u"IGE"_s}})}}}},
+    };
+}
 
 /** Runs a command; failures of the model become those of the command, warnings of the engine are printed. */
 void run(CommandCall& call, Context& context, Run function)
@@ -476,13 +609,24 @@ bool register_geometry_commands(CommandRegistry& registry, GeometryModel& model,
 {
     const QString owner = u"geometry"_s;
     const auto context = std::make_shared<Context>(Context{model, services, mesher});
-    for (const Entry& entry : entries) {
-        const Command command{entry.name,
-                              entry.usage,
-                              entry.summary,
-                              entry.help,
-                              owner,
-                              [context, function = entry.run](CommandCall& call) { run(call, *context, function); }};
+    CommandEntities& entities = registry.entities();
+    entities.offer(solid_entity(), owner, [&model] {
+        QStringList names;
+        const QList<int> ids = model.ids();
+        for (const int id : ids)
+            names << model.solid(id)->name;
+        return names;
+    });
+    QObject::connect(&model, &GeometryModel::solid_changed, &entities,
+                     [&entities] { entities.tell_changed(solid_entity()); });
+    for (const Entry& entry : entries()) {
+        const Command command{
+            .name = entry.name,
+            .summary = entry.summary,
+            .help = entry.help,
+            .owner = owner,
+            .run = [context, function = entry.run](CommandCall& call) { run(call, *context, function); },
+            .forms = entry.forms};
         if (registry.add(command) != CommandRegistry::AddResult::Added) {
             registry.remove_owner(owner);
             return false;

@@ -11,6 +11,7 @@
 
 #include <QAction>
 #include <QIcon>
+#include <QSettings>
 
 using namespace Qt::StringLiterals;
 
@@ -19,12 +20,18 @@ namespace {
 /** The component's name, the owner mark of all that it adds. */
 constexpr auto owner = "graphics";
 
+constexpr auto shaded_key = "/graphics/shaded"_L1;
+constexpr auto wireframe_key = "/graphics/wireframe"_L1;
+constexpr auto mesh_key = "/graphics/mesh"_L1;
+constexpr auto opengl_key = "/graphics/opengl"_L1;
+
 } // namespace
 
 GraphicsWindow::GraphicsWindow(Ostrel* window, GraphicsState& state)
     : mWindow(window), mState(state), mView(new GraphicsView(state))
 {
     setObjectName(u"GraphicsWindow"_s);
+    restore_display();
     std::vector<QAction*> actions = {
         nullptr, // parts it from what other components have in the menu
         make_action("front", tr("&Front"), "front.svg", "Ctrl+Alt+1", "view front"),
@@ -44,6 +51,7 @@ GraphicsWindow::GraphicsWindow(Ostrel* window, GraphicsState& state)
     actions.erase(actions.begin()); // a toolbar that loses a separator would be emptied
     mWindow->add_to_toolbar("GraphicsTools", tr("Graphics Tools"), actions, owner, Qt::TopToolBarArea);
     connect(&state, &GraphicsState::display_changed, this, &GraphicsWindow::update_switches);
+    connect(&state, &GraphicsState::display_changed, this, &GraphicsWindow::keep_display);
     update_switches();
     connect(mView, &GraphicsView::command_wanted, this, [](const QString& line) { send_command(line); });
 }
@@ -88,4 +96,24 @@ void GraphicsWindow::update_switches()
     mShaded->setChecked(mState.display().shaded);
     mWireframe->setChecked(mState.display().wireframe);
     mMesh->setChecked(mState.display().mesh);
+}
+
+void GraphicsWindow::restore_display()
+{
+    const QSettings settings;
+    DisplayOptions display = mState.display();
+    display.shaded = settings.value(shaded_key, display.shaded).toBool();
+    display.wireframe = settings.value(wireframe_key, display.wireframe).toBool();
+    display.mesh = settings.value(mesh_key, display.mesh).toBool();
+    mState.set_display(display);
+    mState.set_wants_opengl(settings.value(opengl_key, mState.wants_opengl()).toBool());
+}
+
+void GraphicsWindow::keep_display() const
+{
+    QSettings settings;
+    settings.setValue(shaded_key, mState.display().shaded);
+    settings.setValue(wireframe_key, mState.display().wireframe);
+    settings.setValue(mesh_key, mState.display().mesh);
+    settings.setValue(opengl_key, mState.wants_opengl());
 }

@@ -17,6 +17,8 @@ class QAction;
  * All that the component has in the main window: the graphics view, a toolbar, and entries in the View menu.
  * Whatever a user chooses there is sent to the console as a command.
  *
+ * What is displayed is kept from one start to the next, as settings in the group "graphics".
+ *
  * It takes everything away again when it is deleted.
  */
 class GraphicsWindow : public QObject
@@ -24,7 +26,7 @@ class GraphicsWindow : public QObject
     Q_OBJECT
 
 public:
-    /** Both must outlive this object. */
+    /** Both must outlive this object. The state takes over what is kept. */
     GraphicsWindow(Ostrel* window, GraphicsState& state);
     ~GraphicsWindow() override;
 
@@ -35,6 +37,8 @@ private:
     /** An action that switches something of "display" on and off. */
     QAction* make_switch(const char* name, const QString& text, const char* icon);
     void update_switches();
+    void restore_display();
+    void keep_display() const;
 
     Ostrel* mWindow;
     GraphicsState& mState;

@@ -52,12 +52,14 @@ void main()
 }
 )";
 
+/** Which of a shape's buffers holds what. */
+enum Content : std::size_t { Corners, Normals, Lines, Curves };
+
 /** A shape in the memory of the device. */
 struct Stored
 {
     std::weak_ptr<const SceneShape> shape;
-    /** For corners, normals and lines. */
-    std::array<GLuint, 3> buffers = {};
+    std::array<GLuint, 4> buffers = {};
 };
 
 /** A place to draw into. */
@@ -94,11 +96,11 @@ struct OpenGlRenderer::Device
 
     const Stored& find(const std::shared_ptr<const SceneShape>& shape);
     void forget_old();
-    void use(const Stored& shape, std::size_t buffer, GLuint attribute) const;
+    void use(const Stored& shape, Content content, GLuint attribute) const;
     void place(const Picture& picture, const SceneShape& shape, double depth) const;
     void set_colour(const QColor& colour, float ambient_part, float direct_part) const;
     void draw_surface(const Picture& picture, const Scene::Item& item, double depth);
-    void draw_lines(const Picture& picture, const std::shared_ptr<const SceneShape>& shape,
+    void draw_lines(const Picture& picture, const std::shared_ptr<const SceneShape>& shape, Content content,
                     const QColor& colour, double width, double depth);
 };
 
@@ -189,7 +191,8 @@ const Stored& OpenGlRenderer::Device::find(const std::shared_ptr<const SceneShap
     made.shape = shape;
     gl().glGenBuffers(GLsizei(made.buffers.size()), made.buffers.data());
     std::size_t i = 0;
-    for (const std::vector<QVector3D>* points : {&shape->corners, &shape->normals, &shape->lines}) {
+    for (const std::vector<QVector3D>* points :
+         {&shape->corners, &shape->normals, &shape->lines, &shape->curves}) {
         gl().glBindBuffer(GL_ARRAY_BUFFER, made.buffers[i++]);
         gl().glBufferData(GL_ARRAY_BUFFER, GLsizeiptr(points->size() * sizeof(QVector3D)), points->data(),
                           GL_STATIC_DRAW);
@@ -209,9 +212,9 @@ void OpenGlRenderer::Device::forget_old()
     });
 }
 
-void OpenGlRenderer::Device::use(const Stored& shape, std::size_t buffer, GLuint attribute) const
+void OpenGlRenderer::Device::use(const Stored& shape, Content content, GLuint attribute) const
 {
-    gl().glBindBuffer(GL_ARRAY_BUFFER, shape.buffers[buffer]);
+    gl().glBindBuffer(GL_ARRAY_BUFFER, shape.buffers[content]);
     gl().glVertexAttribPointer(attribute, 3, GL_FLOAT, GL_FALSE, 0, nullptr);
 }
 
@@ -256,24 +259,24 @@ void OpenGlRenderer::Device::draw_surface(const Picture& picture, const Scene::I
     const Stored& buffers = find(shape);
     place(picture, *shape, depth);
     set_colour(parts.surface_colour, ambient, direct);
-    use(buffers, 0, position_attribute);
-    use(buffers, 1, normal_attribute);
+    use(buffers, Corners, position_attribute);
+    use(buffers, Normals, normal_attribute);
     gl().glEnableVertexAttribArray(normal_attribute);
     gl().glDrawArrays(GL_TRIANGLES, 0, GLsizei(shape->corners.size()));
     gl().glDisableVertexAttribArray(normal_attribute);
 }
 
 void OpenGlRenderer::Device::draw_lines(const Picture& picture,
-                                        const std::shared_ptr<const SceneShape>& shape, const QColor& colour,
-                                        double width, double depth)
+                                        const std::shared_ptr<const SceneShape>& shape, Content content,
+                                        const QColor& colour, double width, double depth)
 {
     const Stored& buffers = find(shape);
     place(picture, *shape, depth);
     set_colour(colour, 1, 0);
     gl().glVertexAttrib3f(normal_attribute, 0, 0, 1);
-    use(buffers, 2, position_attribute);
+    use(buffers, content, position_attribute);
     gl().glLineWidth(float(width * picture.ratio));
-    gl().glDrawArrays(GL_LINES, 0, GLsizei(shape->lines.size()));
+    gl().glDrawArrays(GL_LINES, 0, GLsizei((content == Curves ? shape->curves : shape->lines).size()));
 }
 
 std::unique_ptr<OpenGlRenderer> OpenGlRenderer::create()
@@ -341,9 +344,11 @@ QImage OpenGlRenderer::render(const Picture& picture)
     for (const auto& [id, item] : picture.scene.items()) {
         const PictureParts parts = PictureParts::of(item, picture);
         if (parts.mesh_lines)
-            device.draw_lines(picture, item.mesh, parts.mesh_line_colour, mesh_line_width, depth);
+            device.draw_lines(picture, item.mesh, Lines, parts.mesh_line_colour, mesh_line_width, depth);
         if (parts.edges)
-            device.draw_lines(picture, item.shape, parts.edge_colour, edge_width, depth);
+            device.draw_lines(picture, item.shape, Lines, parts.edge_colour, edge_width, depth);
+        if (parts.curves)
+            device.draw_lines(picture, item.shape, Curves, parts.edge_colour, curve_width, depth);
     }
     gl.glBindVertexArray(0);
     gl.glUseProgram(0);

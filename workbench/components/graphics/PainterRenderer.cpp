@@ -191,14 +191,14 @@ void draw_line(Canvas& canvas, Spot a, Spot b, int width, QRgb colour)
     }
 }
 
-void draw_lines(Canvas& canvas, const Picture& picture, const SceneShape& shape, double pixels, double width,
-                const QColor& colour)
+/** @param lines  of @p shape. */
+void draw_lines(Canvas& canvas, const Picture& picture, const SceneShape& shape,
+                const std::vector<QVector3D>& lines, double pixels, double width, const QColor& colour)
 {
     const Projection projection(picture, shape, pixels);
     const int line_width = std::max(1, int(std::lround(width * pixels)));
-    for (std::size_t i = 0; i + 1 < shape.lines.size(); i += 2)
-        draw_line(canvas, projection.spot(shape.lines[i]), projection.spot(shape.lines[i + 1]), line_width,
-                  colour.rgb());
+    for (std::size_t i = 0; i + 1 < lines.size(); i += 2)
+        draw_line(canvas, projection.spot(lines[i]), projection.spot(lines[i + 1]), line_width, colour.rgb());
 }
 
 void draw_surface(Canvas& canvas, const Picture& picture, const SceneShape& shape, double pixels,
@@ -251,10 +251,13 @@ QImage PainterRenderer::render(const Picture& picture)
     }
     for (const auto& [id, item] : picture.scene.items()) {
         const PictureParts parts = PictureParts::of(item, picture);
-        if (parts.mesh_lines)
-            draw_lines(canvas, picture, *parts.mesh_lines, pixels, mesh_line_width, parts.mesh_line_colour);
-        if (parts.edges)
-            draw_lines(canvas, picture, *parts.edges, pixels, edge_width, parts.edge_colour);
+        if (const SceneShape* mesh = parts.mesh_lines)
+            draw_lines(canvas, picture, *mesh, mesh->lines, pixels, mesh_line_width, parts.mesh_line_colour);
+        if (const SceneShape* shape = parts.edges)
+            draw_lines(canvas, picture, *shape, shape->lines, pixels, edge_width, parts.edge_colour);
+        if (parts.curves)
+            draw_lines(canvas, picture, *parts.edges, parts.edges->curves, pixels, curve_width,
+                       parts.edge_colour);
     }
     QImage image = oversize == 1 ? canvas.image() : halved(canvas.image(), size);
     image.setDevicePixelRatio(picture.ratio);

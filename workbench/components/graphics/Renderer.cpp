@@ -34,6 +34,7 @@ PictureParts PictureParts::of(const Scene::Item& item, const Picture& picture)
     parts.mesh_line_colour = item.selected ? colours.selected_edge : colours.mesh_line;
     if (display.wireframe)
         parts.edges = item.shape.get();
+    parts.curves = parts.edges && !parts.surface && !parts.mesh_lines;
     parts.edge_colour = item.selected ? colours.selected_edge : colours.edge;
     return parts;
 }

@@ -15,7 +15,7 @@ struct DisplayOptions
 {
     /** Surfaces. */
     bool shaded = true;
-    /** Edges. Without surfaces all of them are seen. */
+    /** Edges. Without surfaces all of them are seen, and lines on what is curved. */
     bool wireframe = true;
     /** The mesh in place of the surfaces, for items that have one. */
     bool mesh = false;
@@ -72,6 +72,7 @@ public:
     /** The width of lines in pixels of the camera. */
     static constexpr double edge_width = 1.4;
     static constexpr double mesh_line_width = 1.0;
+    static constexpr double curve_width = 1.0;
 };
 
 /** What is drawn of one item, and in which colours. */
@@ -85,6 +86,8 @@ struct PictureParts
     QColor mesh_line_colour;
     /** Whose lines are drawn as edges; null for none. */
     const SceneShape* edges = nullptr;
+    /** Whether its curves, too: without them a sphere would not be seen where edges are all that is drawn. */
+    bool curves = false;
     QColor edge_colour;
 
     static PictureParts of(const Scene::Item& item, const Picture& picture);

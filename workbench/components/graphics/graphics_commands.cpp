@@ -14,6 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using Kind = CommandParameter::Kind;
+
 void view(CommandCall& call, GraphicsState& state)
 {
     static const std::array<std::pair<QLatin1StringView, Camera::View>, 7> views = {{
@@ -85,18 +87,40 @@ bool register_graphics_commands(CommandRegistry& registry, GraphicsState& state)
         return [&state, function](CommandCall& call) { function(call, state); };
     };
     const Command commands[] = {
-        {u"view"_s, u"view front | back | left | right | top | bottom | iso"_s,
-         u"Looks at the solids from that side, and shows all of them."_s,
-         u"Front looks along y, right against x, top against z; iso looks from the right, front and above."_s,
-         owner, run(&view)},
-        {u"fit"_s, u"fit"_s, u"Shows all solids, from the same side."_s, QString(), owner, run(&fit)},
-        {u"display"_s, u"display [shaded | wireframe | mesh | opengl on | off]"_s,
-         u"Tells or sets what the graphics view shows."_s,
-         u"shaded     surfaces; without them all edges are seen\n"
-         "wireframe  edges\n"
-         "mesh       the mesh in place of the surfaces, where there is one\n"
-         "opengl     draw by OpenGL, where there is one; the pictures are the same"_s,
-         owner, run(&display)},
+        {.name = u"view"_s,
+         .summary = u"Looks at the solids from that side, and shows all of them."_s,
+         .help =
+             u"Front looks along y, right against x, top against z; iso looks from the right, front and above."_s,
+         .owner = owner,
+         .run = run(&view),
+         .forms = {{.clauses = {required_value({.name = u"SIDE"_s,
+                                                .kind = Kind::Choice,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Side"),
+                                                .choices = {u"front"_s, u"back"_s, u"left"_s, u"right"_s,
+                                                            u"top"_s, u"bottom"_s, u"iso"_s}})}}}},
+        {.name = u"fit"_s,
+         .summary = u"Shows all solids, from the same side."_s,
+         .owner = owner,
+         .run = run(&fit),
+         .forms = {{}}},
+        {.name = u"display"_s,
+         .summary = u"Tells or sets what the graphics view shows."_s,
+         .help = u"shaded     surfaces; without them all edges are seen, and some lines on what is curved\n"
+                 "wireframe  edges\n"
+                 "mesh       the mesh in place of the surfaces, where there is one\n"
+                 "opengl     draw by OpenGL, where there is one; the pictures are the same"_s,
+         .owner = owner,
+         .run = run(&display),
+         .forms = {{.clauses = {{.parameters = {{.name = u"WHAT"_s,
+                                                 .kind = Kind::Choice,
+                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "What"),
+                                                 .choices = {u"shaded"_s, u"wireframe"_s, u"mesh"_s,
+                                                             u"opengl"_s}},
+                                                {.name = u"STATE"_s,
+                                                 .kind = Kind::Choice,
+                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "State"),
+                                                 .choices = {u"on"_s, u"off"_s}}},
+                                 .optional = true}}}}},
     };
     for (const Command& command : commands) {
         if (registry.add(command) != CommandRegistry::AddResult::Added) {

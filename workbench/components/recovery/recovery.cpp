@@ -146,9 +146,12 @@ void load()
     if (!window || !window->journal_editor())
         return;
     Fennar::instance().registry().add(
-        {u"recover"_s, u"recover"_s, u"Offers the journals that were kept for later."_s,
-         u"They are what was unsaved when a run of the program ended unexpectedly."_s,
-         QString::fromLatin1(owner), &run_command});
+        {.name = u"recover"_s,
+         .summary = u"Offers the journals that were kept for later."_s,
+         .help = u"They are what was unsaved when a run of the program ended unexpectedly."_s,
+         .owner = QString::fromLatin1(owner),
+         .run = &run_command,
+         .forms = {{}}});
     recovery = new Recovery(window);
     recovery->offer();
 }

@@ -6,7 +6,9 @@
 #include "workbench/scene/Scene.h"
 
 #include <array>
+#include <cmath>
 #include <memory>
+#include <numbers>
 
 /** A box with flat faces and its twelve edges. */
 inline std::shared_ptr<SceneShape> make_box(const Point3& centre, const Point3& size)
@@ -43,4 +45,29 @@ inline int add_box(Scene& scene, const QString& name, const Point3& centre, cons
     const int id = scene.add(name);
     scene.set_shape(id, make_box(centre, size));
     return id;
+}
+
+/** A sphere of radius 1, which has no edges. */
+inline std::shared_ptr<SceneShape> make_ball(const Point3& centre)
+{
+    auto shape = std::make_shared<SceneShape>();
+    shape->origin = centre;
+    constexpr int pieces = 24;
+    const auto corner = [](int turn, int rise) {
+        const double a = 2 * std::numbers::pi * turn / pieces;
+        const double b = std::numbers::pi * rise / pieces - std::numbers::pi / 2;
+        return QVector3D(float(std::cos(a) * std::cos(b)), float(std::sin(a) * std::cos(b)),
+                         float(std::sin(b)));
+    };
+    for (int i = 0; i < pieces; ++i) {
+        for (int j = 0; j < pieces; ++j) {
+            for (const auto& [di, dj] : {std::pair{0, 0}, {1, 0}, {1, 1}, {0, 0}, {1, 1}, {0, 1}}) {
+                shape->corners.push_back(corner(i + di, j + dj));
+                shape->normals.push_back(corner(i + di, j + dj));
+            }
+        }
+    }
+    shape->update_box();
+    shape->update_curves();
+    return shape;
 }

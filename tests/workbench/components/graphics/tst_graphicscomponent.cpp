@@ -18,6 +18,7 @@
 #include <QAction>
 #include <QElapsedTimer>
 #include <QMenu>
+#include <QSettings>
 #include <QTest>
 #include <QTimer>
 #include <QToolBar>
@@ -45,6 +46,9 @@ private slots:
     void renamed_solid_keeps_shape_and_selection();
     void mesh_is_shown_until_the_solid_changes();
     void tools_send_commands_and_show_the_state();
+    void display_is_kept_until_the_next_start();
+    void every_solid_is_seen_without_surfaces_data();
+    void every_solid_is_seen_without_surfaces();
     void shapes_of_fifty_solids_hold_nothing_up();
 
 private:
@@ -79,6 +83,7 @@ void TstGraphicsComponent::init()
 {
     QVERIFY(!Ostrel::instance()->graphics_widget());
     QVERIFY(Scene::instance().items().empty());
+    QSettings().remove(u"graphics"_s); // what a test has displayed
 }
 
 void TstGraphicsComponent::cleanup()
@@ -89,6 +94,7 @@ void TstGraphicsComponent::cleanup()
     }
     flush();
     QVERIFY(!Scene::instance().has_viewers());
+    QVERIFY(!Scene::instance().is_awaited());
 }
 
 void TstGraphicsComponent::cleanupTestCase()
@@ -230,11 +236,14 @@ void TstGraphicsComponent::no_shape_is_made_while_nobody_looks()
     flush();
     QVERIFY(!item(u"a"_s)->shape);
     enter(command("load", GRAPHICS));
+    QVERIFY(Scene::instance().is_awaited());
     QTRY_VERIFY_WITH_TIMEOUT(has_shapes(), 20000);
+    QTRY_VERIFY(!Scene::instance().is_awaited());
     enter(u"unload graphics"_s);
     const auto shape = item(u"a"_s)->shape;
     QVERIFY(shape); // it is still right
     enter(u"move a by 1 0 0"_s);
+    QVERIFY(!Scene::instance().is_awaited()); // nobody wants it
     enter(command("load", GRAPHICS));
     QTRY_VERIFY_WITH_TIMEOUT(item(u"a"_s)->shape != shape, 20000);
     QVERIFY(std::abs(item(u"a"_s)->shape->box.most.x - 1.5) < 1e-6);
@@ -357,6 +366,68 @@ void TstGraphicsComponent::tools_send_commands_and_show_the_state()
     const auto menus = Ostrel::instance()->findChildren<QMenu*>();
     QVERIFY(std::any_of(menus.begin(), menus.end(),
                         [](const QMenu* menu) { return menu->actions().contains(tool("iso")); }));
+}
+
+void TstGraphicsComponent::display_is_kept_until_the_next_start()
+{
+    const QString at_first = u"shaded on, wireframe on, mesh off, opengl on"_s;
+    enter(command("load", GRAPHICS));
+    QVERIFY2(enter(u"display"_s).contains(at_first), qPrintable(page()->toPlainText()));
+    QVERIFY(!QSettings().contains(u"graphics/shaded"_s)); // nothing was chosen
+    for (const QString& line : {u"shaded off"_s, u"wireframe off"_s, u"mesh on"_s, u"opengl off"_s})
+        enter(u"display "_s + line);
+    enter(u"unload graphics"_s);
+    enter(command("load", GRAPHICS));
+    QVERIFY2(enter(u"display"_s).contains(u"shaded off, wireframe off, mesh on, opengl off"_s),
+             qPrintable(page()->toPlainText()));
+    QVERIFY(!tool("shaded")->isChecked() && !tool("wireframe")->isChecked() && tool("mesh")->isChecked());
+    // What makes no sense counts as yes, and as no where it is empty.
+    QSettings().setValue(u"graphics/shaded"_s, u"perhaps"_s);
+    QSettings().setValue(u"graphics/mesh"_s, QString());
+    enter(u"unload graphics"_s);
+    enter(command("load", GRAPHICS));
+    QVERIFY(tool("shaded")->isChecked() && !tool("mesh")->isChecked());
+}
+
+void TstGraphicsComponent::every_solid_is_seen_without_surfaces_data()
+{
+    QTest::addColumn<QStringList>("lines");
+    QTest::addColumn<int>("least_pixels");
+    // In a picture of 300 by 300. Those that have edges show more than these.
+    QTest::newRow("sphere, no edge") << QStringList{u"sphere 1"_s} << 500;
+    QTest::newRow("torus, no edge") << QStringList{u"torus 3 1"_s} << 1000;
+    QTest::newRow("cylinder, two edges") << QStringList{u"cylinder 1 2"_s} << 800;
+    QTest::newRow("sphere without a corner")
+        << QStringList{u"sphere 1 name a"_s, u"brick 2 at 1 1 1 name b"_s, u"subtract b from a"_s} << 650;
+}
+
+void TstGraphicsComponent::every_solid_is_seen_without_surfaces()
+{
+    QFETCH(const QStringList, lines);
+    QFETCH(const int, least_pixels);
+    enter(command("load", GEOMETRY));
+    enter(command("load", GRAPHICS));
+    for (const QString& line : lines)
+        QVERIFY2(!enter(line).contains(u"ERROR"_s), qPrintable(page()->toPlainText()));
+    QTRY_VERIFY_WITH_TIMEOUT(has_shapes(), 20000);
+    enter(u"display shaded off"_s);
+    QWidget* view = Ostrel::instance()->graphics_widget();
+    const auto picture = [view] {
+        flush();
+        return view->grab().toImage();
+    };
+    const QImage with = picture();
+    enter(u"display wireframe off"_s);
+    const QImage without = picture();
+    QCOMPARE(with.size(), without.size());
+    int pixels = 0;
+    for (int y = 0; y < with.height(); ++y) {
+        for (int x = 0; x < with.width(); ++x)
+            pixels += with.pixel(x, y) != without.pixel(x, y);
+    }
+    // So much as the view is larger than the picture that the numbers are for.
+    const double scale = std::min(with.width(), with.height()) / 300.0;
+    QVERIFY2(pixels > least_pixels * scale, qPrintable(u"%1 of %2"_s.arg(pixels).arg(least_pixels * scale)));
 }
 
 void TstGraphicsComponent::shapes_of_fifty_solids_hold_nothing_up()

@@ -20,6 +20,7 @@ class TstOpenGlRenderer : public TestCase
 private slots:
     void both_draw_the_same_picture_data();
     void both_draw_the_same_picture();
+    void solid_without_edges_is_seen_without_surfaces();
     void changed_shape_is_drawn_anew();
     void picture_changes_its_size();
     void view_uses_it_where_there_is_a_display();
@@ -33,13 +34,15 @@ void TstOpenGlRenderer::both_draw_the_same_picture_data()
     QTest::addColumn<bool>("mesh");
     QTest::addColumn<double>("ratio");
     QTest::addColumn<bool>("draft");
-    QTest::newRow("iso") << int(Camera::View::Iso) << true << false << 1.0 << false;
-    QTest::newRow("front") << int(Camera::View::Front) << true << false << 1.0 << false;
-    QTest::newRow("bottom") << int(Camera::View::Bottom) << true << false << 1.0 << false;
-    QTest::newRow("edges alone") << int(Camera::View::Iso) << false << false << 1.0 << false;
-    QTest::newRow("mesh") << int(Camera::View::Iso) << true << true << 1.0 << false;
-    QTest::newRow("high resolution") << int(Camera::View::Iso) << true << false << 2.0 << false;
-    QTest::newRow("draft") << int(Camera::View::Iso) << true << false << 1.0 << true;
+    QTest::addColumn<bool>("ball");
+    QTest::newRow("iso") << int(Camera::View::Iso) << true << false << 1.0 << false << false;
+    QTest::newRow("front") << int(Camera::View::Front) << true << false << 1.0 << false << false;
+    QTest::newRow("bottom") << int(Camera::View::Bottom) << true << false << 1.0 << false << false;
+    QTest::newRow("edges alone") << int(Camera::View::Iso) << false << false << 1.0 << false << false;
+    QTest::newRow("mesh") << int(Camera::View::Iso) << true << true << 1.0 << false << false;
+    QTest::newRow("high resolution") << int(Camera::View::Iso) << true << false << 2.0 << false << false;
+    QTest::newRow("curves") << int(Camera::View::Iso) << false << false << 1.0 << false << true;
+    QTest::newRow("draft") << int(Camera::View::Iso) << true << false << 1.0 << true << false;
 }
 
 void TstOpenGlRenderer::both_draw_the_same_picture()
@@ -49,11 +52,14 @@ void TstOpenGlRenderer::both_draw_the_same_picture()
     QFETCH(const bool, mesh);
     QFETCH(const double, ratio);
     QFETCH(const bool, draft);
+    QFETCH(const bool, ball);
     Scene scene;
     add_box(scene, u"a"_s, {0, 0, 0}, {4, 3, 2});
     const int meshed = add_box(scene, u"b"_s, {4, 1, 1}, {2, 2, 2});
     const int selected = add_box(scene, u"c"_s, {-1, -1, 2}, {1, 1, 1.5});
     add_box(scene, u"crossing a"_s, {1, 0, 1}, {1, 1, 1});
+    if (ball)
+        scene.set_shape(scene.add(u"ball"_s), make_ball({-4, 0, 0}));
     scene.set_mesh(meshed, make_box({4, 1, 1}, {2, 2, 2}));
     scene.select({selected});
     Camera camera;
@@ -91,6 +97,43 @@ void TstOpenGlRenderer::both_draw_the_same_picture()
     // Lines may lie half a pixel apart.
     QVERIFY2(outline < covered / (shaded ? 30 : 2), qPrintable(found));
     QVERIFY2(colours < covered / (shaded ? 15 : 2), qPrintable(found));
+}
+
+void TstOpenGlRenderer::solid_without_edges_is_seen_without_surfaces()
+{
+    Scene scene;
+    scene.set_shape(scene.add(u"ball"_s), make_ball({0, 0, 0}));
+    Camera camera;
+    camera.set_viewport({200, 200});
+    camera.fit(scene.box());
+    const auto opengl = OpenGlRenderer::create();
+    QVERIFY(opengl);
+    for (const bool wireframe : {false, true}) {
+        DisplayOptions display;
+        display.shaded = false;
+        display.wireframe = wireframe;
+        const Picture picture{scene, camera, display, ViewColours::fitting(QPalette()), 1, false};
+        const QImage one = opengl->render(picture);
+        const QImage other = PainterRenderer().render(picture);
+        int drawn = 0;
+        int drawn_by_other = 0;
+        int apart = 0;
+        for (int y = 1; y < 199; ++y) {
+            for (int x = 1; x < 199; ++x) {
+                if (one.pixelColor(x, y).alpha() <= 127)
+                    continue;
+                ++drawn;
+                int near = 0;
+                for (int i = 0; i < 9; ++i)
+                    near = std::max(near, other.pixelColor(x - 1 + i % 3, y - 1 + i / 3).alpha());
+                apart += near < 64;
+                drawn_by_other += other.pixelColor(x, y).alpha() > 63;
+            }
+        }
+        const QString found = u"%1, by the other %2, apart %3"_s.arg(drawn).arg(drawn_by_other).arg(apart);
+        QVERIFY2(wireframe ? drawn > 700 && drawn_by_other > drawn / 2 : drawn == 0, qPrintable(found));
+        QVERIFY2(apart <= drawn / 50, qPrintable(found));
+    }
 }
 
 void TstOpenGlRenderer::changed_shape_is_drawn_anew()

@@ -34,6 +34,7 @@ private slots:
     void surface_towards_the_light_is_lighter();
     void edges_are_seen_on_surfaces_and_hidden_behind_them();
     void options_decide_what_is_drawn();
+    void solid_without_edges_is_seen_without_surfaces();
     void selected_item_has_another_colour();
     void mesh_takes_the_place_of_the_surface();
     void ratio_makes_the_picture_larger_not_different();
@@ -150,6 +151,32 @@ void TstPainterRenderer::options_decide_what_is_drawn()
     mDisplay.shaded = false;
     const QImage nothing = draw();
     QCOMPARE(count(nothing, QColor(0, 0, 0, 0)), 200 * 100);
+}
+
+void TstPainterRenderer::solid_without_edges_is_seen_without_surfaces()
+{
+    const int id = mScene->add(u"ball"_s);
+    mScene->set_shape(id, make_ball({100, 0, 0}));
+    look(Camera::View::Front);
+    QCOMPARE(count(draw(3), mColours.edge), 0); // its surface needs no curves
+    mDisplay.shaded = false;
+    const QImage bare = draw(3);
+    // The outline at 45 degrees, the circle through the poles seen from the side, and that of the equator.
+    const double part = std::sqrt(0.5);
+    for (const Point3& point : {Point3{100 + part, 0, part}, Point3{100, 0, 0.5}, Point3{100.5, 0, 0}}) {
+        int near = 0;
+        for (const double step : {-0.02, -0.01, 0.0, 0.01, 0.02})
+            near = std::max(near, at(bare, point + Point3{step, 0, step}).alpha());
+        QVERIFY2(near > 200, qPrintable(u"%1 %2"_s.arg(point.x).arg(point.z)));
+    }
+    QCOMPARE(at(bare, {100.4, 0, 0.4}).alpha(), 0);
+    mDisplay.wireframe = false;
+    QCOMPARE(count(draw(3), QColor(0, 0, 0, 0)), 600 * 300);
+    // A mesh has lines enough.
+    mScene->set_mesh(id, make_box({100, 0, 0}, {0.5, 0.5, 0.5}));
+    mDisplay.wireframe = true;
+    mDisplay.mesh = true;
+    QCOMPARE(at(draw(3), {100, 0, 0.5}).alpha(), 0);
 }
 
 void TstPainterRenderer::selected_item_has_another_colour()

@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+// A component that tells what the installed program has found of its files:  probe REPORT [FILE]
+
+#include "frame/Ostrel.h"
+#include "host/navigation/NavigationModel.h"
+#include "workbench/components/component.h"
+#include "workbench/fennari19/CommandCall.h"
+#include "workbench/fennari19/CommandRegistry.h"
+#include "workbench/fennari19/Fennar.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFile>
+#include <QIcon>
+#include <QImage>
+#include <QMimeDatabase>
+#include <QTextStream>
+#include <QToolBar>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto owner = "probe";
+
+/** Whether something of the icon can be seen. */
+bool is_visible(const QIcon& icon)
+{
+    const QImage image = icon.pixmap(22, 22).toImage().convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(image.pixel(x, y)))
+                return true;
+        }
+    }
+    return false;
+}
+
+void write_report(CommandCall& call)
+{
+    QFile file(call.text(1, u"the name of the report"_s));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
+        throw call.error(1, u"cannot be written"_s);
+    QTextStream report(&file);
+    Ostrel* window = Ostrel::instance();
+    const NavigationModel* navigation = window->navigation_model();
+    for (int row = 0; row < navigation->rowCount(); ++row)
+        report << "page " << navigation->index(row, 0).data().toString() << '\n';
+    report << "window icon " << (is_visible(QApplication::windowIcon()) ? "yes" : "no") << '\n';
+    const auto toolbars = window->findChildren<QToolBar*>();
+    for (const QToolBar* toolbar : toolbars) {
+        const auto actions = toolbar->actions();
+        for (const QAction* action : actions) {
+            if (!action->isSeparator() && !action->icon().isNull())
+                report << "button " << action->text() << (is_visible(action->icon()) ? " yes" : " no")
+                       << '\n';
+        }
+    }
+    if (call.has(2))
+        report << "type " << QMimeDatabase().mimeTypeForFile(call.text(2, u"a file"_s)).name() << '\n';
+}
+
+void load()
+{
+    Fennar::instance().registry().add({u"probe"_s,
+                                       u"probe REPORT [FILE]"_s,
+                                       u"Tells what the program has found."_s,
+                                       {},
+                                       QString::fromLatin1(owner),
+                                       &write_report});
+}
+
+void unload()
+{
+    Fennar::instance().registry().remove_owner(QString::fromLatin1(owner));
+}
+
+constexpr FennarComponent component{
+    FENNAR_COMPONENT_INTERFACE, FENNAR_WORKBENCH_VERSION, owner, "1.0", &load, &unload,
+};
+
+} // namespace
+
+FENNAR_EXPORT_COMPONENT(component)

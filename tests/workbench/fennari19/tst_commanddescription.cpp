@@ -1,0 +1,250 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "CommandSession.h"
+#include "support/TestCase.h"
+#include "workbench/fennari19/Playback.h"
+#include "workbench/fennari19/builtin_commands.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using Kind = CommandParameter::Kind;
+
+namespace {
+
+CommandParameter number(const QString& name)
+{
+    return {.name = name, .kind = Kind::Number};
+}
+
+CommandParameter entity(const QString& name, int at_least)
+{
+    return {.name = name, .kind = Kind::Entity, .repeated = true, .at_least = at_least};
+}
+
+CommandParameter choice(const QStringList& choices)
+{
+    return {.name = u"IGNORED"_s, .kind = Kind::Choice, .choices = choices};
+}
+
+CommandParameter of_kind(Kind kind)
+{
+    return {.name = u"VALUE"_s, .kind = kind};
+}
+
+} // namespace
+
+class TstCommandDescription : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void usage_is_made_of_the_forms_data();
+    void usage_is_made_of_the_forms();
+    void registry_makes_the_usage_of_described_commands();
+    void line_is_made_of_the_values_data();
+    void line_is_made_of_the_values();
+    void clauses_left_out_leave_nothing();
+    void values_come_back_from_the_line_data();
+    void values_come_back_from_the_line();
+    void variable_references_data();
+    void variable_references();
+    void entities_are_offered_and_withdrawn();
+    void entities_go_with_their_owner();
+    void commands_and_variables_are_entities();
+};
+
+void TstCommandDescription::usage_is_made_of_the_forms_data()
+{
+    QTest::addColumn<QList<CommandSyntax>>("forms");
+    QTest::addColumn<QString>("usage");
+    const CommandClause at{
+        .keyword = u"at"_s, .parameters = {number(u"X"_s), number(u"Y"_s)}, .optional = true};
+    QTest::newRow("no arguments") << QList<CommandSyntax>{{}} << u"do"_s;
+    QTest::newRow("one value") << QList<CommandSyntax>{{{required_value(number(u"A"_s))}}} << u"do A"_s;
+    QTest::newRow("optional value") << QList<CommandSyntax>{{{optional_value(number(u"A"_s))}}}
+                                    << u"do [A]"_s;
+    QTest::newRow("optional values in a row need each other")
+        << QList<CommandSyntax>{{{optional_value(number(u"A"_s)), optional_value(number(u"B"_s)), at}}}
+        << u"do [A [B]] [at X Y]"_s;
+    QTest::newRow("keywords do not") << QList<CommandSyntax>{{{at, at, optional_value(number(u"A"_s))}}}
+                                     << u"do [at X Y] [at X Y] [A]"_s;
+    QTest::newRow("several") << QList<CommandSyntax>{{{required_value(entity(u"S"_s, 1))}}} << u"do S..."_s;
+    QTest::newRow("two at least") << QList<CommandSyntax>{{{required_value(entity(u"S"_s, 2))}}}
+                                  << u"do S S..."_s;
+    QTest::newRow("words") << QList<CommandSyntax>{{{optional_value(of_kind(Kind::Words))}}}
+                           << u"do [VALUE...]"_s;
+    QTest::newRow("choice") << QList<CommandSyntax>{{{required_value(choice({u"on"_s, u"off"_s}))}}}
+                            << u"do on|off"_s;
+    QTest::newRow("a keyword alone") << QList<CommandSyntax>{{{{.keyword = u"fast"_s, .optional = true},
+                                                               {.keyword = u"now"_s}}}}
+                                     << u"do [fast] now"_s;
+    QTest::newRow("several ways") << QList<CommandSyntax>{{{required_value(number(u"A"_s))}}, {}}
+                                  << u"do A | do"_s;
+}
+
+void TstCommandDescription::usage_is_made_of_the_forms()
+{
+    QFETCH(const QList<CommandSyntax>, forms);
+    QFETCH(const QString, usage);
+    QCOMPARE(command_usage(u"do"_s, forms), usage);
+}
+
+void TstCommandDescription::registry_makes_the_usage_of_described_commands()
+{
+    CommandRegistry registry;
+    const auto nothing = [](CommandCall&) {};
+    registry.add({.name = u"box"_s,
+                  .usage = u"something else"_s,
+                  .run = nothing,
+                  .forms = {{{required_value(number(u"SIZE"_s))}}}});
+    registry.add({.name = u"bare"_s, .usage = u"bare [WHATEVER]"_s, .run = nothing});
+    QCOMPARE(registry.find(u"box"_s)->usage, u"box SIZE"_s);
+    QCOMPARE(registry.find(u"box"_s)->forms.size(), 1);
+    QCOMPARE(registry.find(u"bare"_s)->usage, u"bare [WHATEVER]"_s);
+    QVERIFY(registry.find(u"bare"_s)->forms.isEmpty());
+}
+
+void TstCommandDescription::line_is_made_of_the_values_data()
+{
+    QTest::addColumn<Kind>("kind");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("line");
+    QTest::newRow("number") << Kind::Number << u"2.5"_s << u"do 2.5"_s;
+    QTest::newRow("number in a variable") << Kind::Number << u"$size"_s << u"do $size"_s;
+    QTest::newRow("name in a variable") << Kind::Entity << u"${part}"_s << u"do ${part}"_s;
+    QTest::newRow("a variable and more is text") << Kind::Entity << u"$part.x"_s << u"do \"\\$part.x\""_s;
+    QTest::newRow("file") << Kind::InputFile << u"/tmp/a.jou"_s << u"do /tmp/a.jou"_s;
+    QTest::newRow("text with a dollar sign") << Kind::Text << u"$x"_s << u"do \"\\$x\""_s;
+    QTest::newRow("empty text") << Kind::Text << QString() << u"do \"\""_s;
+    QTest::newRow("words") << Kind::Words << u"'a  b' $c"_s << u"do 'a  b' $c"_s;
+}
+
+void TstCommandDescription::line_is_made_of_the_values()
+{
+    QFETCH(const Kind, kind);
+    QFETCH(const QString, value);
+    QFETCH(const QString, line);
+    const CommandSyntax form{{required_value(of_kind(kind))}};
+    QCOMPARE(command_line(u"do"_s, form, {QList<QStringList>{{value}}}), line);
+}
+
+void TstCommandDescription::clauses_left_out_leave_nothing()
+{
+    const CommandSyntax form{
+        {required_value(entity(u"SOLID"_s, 1)),
+         {.keyword = u"at"_s, .parameters = {number(u"X"_s), number(u"Y"_s)}, .optional = true},
+         {.keyword = u"verbose"_s, .optional = true}}};
+    const QList<QStringList> solids{{u"a"_s, u"b"_s}};
+    QCOMPARE(command_line(u"do"_s, form, {solids, QList<QStringList>{{u"1"_s}, {u"2"_s}}, std::nullopt}),
+             u"do a b at 1 2"_s);
+    QCOMPARE(command_line(u"do"_s, form, {solids, std::nullopt, QList<QStringList>()}), u"do a b verbose"_s);
+    QCOMPARE(command_line(u"do"_s, form, {solids}), u"do a b"_s);
+    QCOMPARE(command_line(u"do"_s, form, {}), u"do"_s);
+}
+
+void TstCommandDescription::values_come_back_from_the_line_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::newRow("blanks") << u"/tmp/my parts/a b.jou"_s;
+    QTest::newRow("double quotes") << u"a\"b\".jou"_s;
+    QTest::newRow("single quote") << u"it's.jou"_s;
+    QTest::newRow("both quotes and a dollar") << u"'\"$x"_s;
+    QTest::newRow("backslashes") << u"C:\\my parts\\"_s;
+    QTest::newRow("comment sign") << u"#1.jou"_s;
+    QTest::newRow("line end") << u"a\nb"_s;
+    QTest::newRow("like a variable") << u"$part"_s;
+}
+
+void TstCommandDescription::values_come_back_from_the_line()
+{
+    QFETCH(const QString, file);
+    const CommandSyntax form{{required_value(of_kind(Kind::OutputFile)), required_value(number(u"N"_s))}};
+    CommandSession session;
+    const QString line =
+        command_line(u"note"_s, form, {QList<QStringList>{{file}}, QList<QStringList>{{u"3"_s}}});
+    QCOMPARE(session.interpreter.enter(line), CommandInterpreter::Result::Done);
+    QCOMPARE(session.notes, QStringList(file + u"|3"_s));
+}
+
+void TstCommandDescription::variable_references_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("reference");
+    QTest::newRow("name") << u"$radius"_s << true;
+    QTest::newRow("braces") << u"${radius}"_s << true;
+    QTest::newRow("empty") << u""_s << false;
+    QTest::newRow("sign alone") << u"$"_s << false;
+    QTest::newRow("empty braces") << u"${}"_s << false;
+    QTest::newRow("open brace") << u"${radius"_s << false;
+    QTest::newRow("one brace") << u"${"_s << false;
+    QTest::newRow("more behind") << u"$radius mm"_s << false;
+    QTest::newRow("digit") << u"$5"_s << false;
+    QTest::newRow("two") << u"$a$b"_s << false;
+}
+
+void TstCommandDescription::variable_references()
+{
+    QFETCH(const QString, text);
+    QTEST(is_variable_reference(text), "reference");
+}
+
+void TstCommandDescription::entities_are_offered_and_withdrawn()
+{
+    CommandEntities entities;
+    const QSignalSpy changes(&entities, &CommandEntities::changed);
+    QStringList solids{u"b"_s, u"a"_s};
+    entities.offer(u"solid"_s, u"geometry"_s, [&] { return solids; });
+    QCOMPARE(entities.names(u"solid"_s), QStringList({u"b"_s, u"a"_s}));
+    QCOMPARE(changes.size(), 1);
+    solids << u"c"_s;
+    entities.tell_changed(u"solid"_s);
+    QCOMPARE(changes.size(), 2);
+    QCOMPARE(changes[1], QVariantList{u"solid"_s});
+    QCOMPARE(entities.names(u"solid"_s), solids);
+    QCOMPARE(entities.names(u"page"_s), QStringList());
+    entities.offer(u"page"_s, u"other"_s, {});
+    QCOMPARE(entities.names(u"page"_s), QStringList());
+    QCOMPARE(entities.kinds(), QStringList({u"page"_s, u"solid"_s}));
+    entities.withdraw(u"geometry"_s);
+    QCOMPARE(entities.kinds(), QStringList(u"page"_s));
+    QCOMPARE(entities.names(u"solid"_s), QStringList());
+    QCOMPARE(changes.size(), 4);
+    QCOMPARE(changes[3], QVariantList{u"solid"_s});
+}
+
+void TstCommandDescription::entities_go_with_their_owner()
+{
+    CommandRegistry registry;
+    registry.entities().offer(u"solid"_s, u"geometry"_s, [] { return QStringList(u"a"_s); });
+    QCOMPARE(registry.remove_owner(u"geometry"_s), 0);
+    QCOMPARE(registry.entities().kinds(), QStringList(u"command"_s));
+    QCOMPARE(registry.remove_owner({}), 0);
+    QCOMPARE(registry.entities().kinds(), QStringList(u"command"_s));
+}
+
+void TstCommandDescription::commands_and_variables_are_entities()
+{
+    CommandSession session;
+    Playback playback(session.interpreter);
+    const BuiltinServices services;
+    register_builtin_commands(session.interpreter, playback, services);
+    CommandEntities& entities = session.registry.entities();
+    QCOMPARE(entities.names(u"command"_s), session.registry.names());
+    QVERIFY(entities.names(u"command"_s).contains(u"set"_s));
+    const QSignalSpy changes(&entities, &CommandEntities::changed);
+    QCOMPARE(session.interpreter.run(u"set radius 5"_s), CommandInterpreter::Result::Done);
+    QCOMPARE(entities.names(u"variable"_s), QStringList(u"radius"_s));
+    QCOMPARE(changes.size(), 1);
+    QCOMPARE(changes[0], QVariantList{u"variable"_s});
+    session.add("new", [](CommandCall&) {});
+    session.registry.remove(u"new"_s);
+    session.registry.remove(u"new"_s);
+    QCOMPARE(changes.size(), 3);
+    QCOMPARE(changes[2], QVariantList{u"command"_s});
+}
+
+OSTREL_TEST_MAIN(TstCommandDescription)
+#include "tst_commanddescription.moc"

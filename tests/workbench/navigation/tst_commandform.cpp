@@ -1,0 +1,891 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "host/navigation/BreadcrumbsPanel.h"
+#include "host/navigation/CommandButtonPanel.h"
+#include "host/navigation/NavigationModel.h"
+#include "navigation_helpers.h"
+#include "support/TestCase.h"
+#include "support/windows.h"
+#include "workbench/fennari19/CommandInterpreter.h"
+#include "workbench/fennari19/CommandRegistry.h"
+#include "workbench/fennari19/tokenize.h"
+#include "workbench/navigation/CommandForm.h"
+#include "workbench/navigation/CommandSink.h"
+#include "workbench/navigation/FormField.h"
+#include "workbench/navigation/FormServices.h"
+#include "workbench/navigation/NavigationRoles.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QStandardItem>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QToolButton>
+#include <QTranslator>
+
+using namespace Qt::StringLiterals;
+using Kind = CommandParameter::Kind;
+
+namespace {
+
+CommandParameter length(const QString& name, const char* label)
+{
+    return {.name = name, .kind = Kind::Number, .label = label, .unit = u"mm"_s, .least = 0.5, .most = 100};
+}
+
+CommandClause vector(const QString& keyword, const char* label, const QString& fallback, bool not_zero)
+{
+    CommandClause clause{.keyword = keyword, .optional = true, .label = label, .not_zero = not_zero};
+    for (const char* const axis : {"X", "Y", "Z"})
+        clause.parameters.append({.name = keyword + QString::fromLatin1(axis),
+                                  .kind = Kind::Number,
+                                  .label = axis,
+                                  .unit = u"mm"_s,
+                                  .default_value = fallback});
+    return clause;
+}
+
+/** The pieces of the line that the user reads and types. */
+QString plain(const CommandForm& form)
+{
+    return form.findChild<QLineEdit*>(u"commandLine"_s)->text();
+}
+
+} // namespace
+
+/** The form as its user sees it, with commands of every kind of value. */
+class TstCommandForm : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void fields_are_those_of_the_description();
+    void units_and_defaults_are_shown();
+    void optional_fields_are_told();
+    void line_follows_the_fields();
+    void line_is_sent_as_it_stands();
+    void apply_is_off_while_something_is_wrong_data();
+    void apply_is_off_while_something_is_wrong();
+    void missing_coordinates_are_the_defaults();
+    void direction_of_zeros_is_refused();
+    void values_of_a_clause_need_each_other();
+    void value_needs_the_one_in_front_of_it();
+    void variables_stand_for_values();
+    void ways_can_be_chosen();
+    void keyword_alone_is_a_check_box();
+    void several_entities_are_added_from_a_menu();
+    void entities_follow_the_model();
+    void typed_name_survives_a_change_of_the_model();
+    void new_name_must_be_new();
+    void file_fields_take_what_the_application_makes();
+    void file_names_are_quoted();
+    void file_must_be_there();
+    void entry_can_hold_values();
+    void line_that_is_no_form_is_left_to_the_user();
+    void command_without_description_has_its_line();
+    void line_can_be_edited_and_is_read_back();
+    void edited_line_that_does_not_fit_is_given_up();
+    void command_that_comes_and_goes_changes_the_form();
+    void return_applies_from_any_field();
+    void return_applies_nothing_that_is_wrong();
+    void escape_goes_back_to_the_entry_data();
+    void escape_goes_back_to_the_entry();
+    void first_field_has_the_keyboard();
+    void tab_goes_through_all_fields();
+    void everything_has_a_name_to_be_read_out();
+    void form_may_go_while_it_applies();
+    void nothing_is_clipped_in_a_narrow_dock();
+    void labels_are_translated();
+
+private:
+    void add(const QString& name, const QList<CommandSyntax>& forms);
+    void show(const QString& line);
+    template <typename Widget>
+    Widget* find(const QString& name)
+    {
+        auto* found = mForm->findChild<Widget*>(name);
+        if (!found)
+            qFatal("no %s", qPrintable(name));
+        return found;
+    }
+    void give(const QString& parameter, const QString& value)
+    {
+        if (auto* combo = mForm->findChild<QComboBox*>(u"value"_s + parameter))
+            combo->setCurrentText(value);
+        else
+            find<QLineEdit>(u"value"_s + parameter)->setText(value);
+    }
+    QPushButton* apply() { return find<QPushButton>(u"applyButton"_s); }
+    QString message() { return find<QLabel>(u"commandMessage"_s)->text(); }
+    QString line() { return plain(*mForm); }
+
+    std::unique_ptr<CommandRegistry> mRegistry;
+    CommandVariables mVariables;
+    QStringList mSolids;
+    std::unique_ptr<NavigationModel> mModel;
+    std::unique_ptr<CommandForm> mForm;
+    QStringList mSent;
+    QTemporaryDir mDirectory;
+};
+
+void TstCommandForm::init()
+{
+    TestCase::init();
+    mSent.clear();
+    mSolids = {u"plate"_s, u"pin"_s};
+    mVariables = {};
+    mRegistry = std::make_unique<CommandRegistry>();
+    mRegistry->entities().offer(u"solid"_s, u"test"_s, [this] { return mSolids; });
+    set_command_sink([this](const QString& line) { mSent << line; });
+    set_form_services({mRegistry.get(), &mVariables, {}});
+    mModel = std::make_unique<NavigationModel>(nullptr);
+
+    const CommandParameter solid{
+        .name = u"SOLID"_s, .kind = Kind::Entity, .label = "Solid", .entity = u"solid"_s, .by_number = true};
+    CommandParameter solids = solid;
+    solids.label = "Solids";
+    solids.choices = {u"all"_s};
+    solids.repeated = true;
+    const CommandParameter name{.name = u"NAME"_s,
+                                .kind = Kind::NewName,
+                                .label = "Name",
+                                .entity = u"solid"_s,
+                                .reserved = {u"at"_s}};
+    add(u"brick"_s,
+        {{{required_value(length(u"WIDTH"_s, "Width")),
+           {.parameters = {length(u"DEPTH"_s, "Depth"), length(u"HEIGHT"_s, "Height")}, .optional = true},
+           vector(u"at"_s, "Centre", u"0"_s, false),
+           vector(u"along"_s, "Axis", u"0"_s, true),
+           {.keyword = u"name"_s, .parameters = {name}, .optional = true}}}});
+    add(u"join"_s, {{{required_value([&] {
+            CommandParameter two = solids;
+            two.at_least = 2;
+            return two;
+        }())}}});
+    add(u"delete"_s,
+        {{{required_value(solids), {.keyword = u"quick"_s, .optional = true, .label = "Quickly"}}}});
+    add(u"rename"_s, {{{required_value(solid), required_value(name)}}});
+    add(u"view"_s, {{{required_value({.name = u"SIDE"_s,
+                                      .kind = Kind::Choice,
+                                      .label = "Side",
+                                      .choices = {u"front"_s, u"top"_s}})}}});
+    add(u"measure"_s, {{{optional_value({.name = u"WHAT"_s,
+                                         .kind = Kind::Choice,
+                                         .label = "What",
+                                         .choices = {u"area"_s, u"volume"_s}})}}});
+    add(u"set"_s,
+        {{{optional_value(
+               {.name = u"NAME"_s, .kind = Kind::Variable, .label = "Variable", .entity = u"variable"_s}),
+           optional_value({.name = u"VALUE"_s, .kind = Kind::Words, .label = "Value"})}}});
+    add(u"say"_s, {{{required_value({.name = u"TEXT"_s, .kind = Kind::Text, .label = "Text"})}}});
+    add(u"count"_s, {{{required_value({.name = u"COUNT"_s,
+                                       .kind = Kind::WholeNumber,
+                                       .label = "Count",
+                                       .default_value = u"3"_s,
+                                       .least = 1})}}});
+    add(u"turn"_s, {{{required_value({.name = u"ANGLE"_s, .kind = Kind::Number, .label = "Angle"})}}});
+    add(u"open"_s,
+        {{{required_value({.name = u"FILE"_s, .kind = Kind::InputFile, .label = "File", .filters = [] {
+                               return QList<CommandFileFilter>{{u"Journals"_s, u".jou"_s}};
+                           }})}}});
+    add(u"save"_s, {{{required_value({.name = u"FILE"_s, .kind = Kind::OutputFile, .label = "File"})}}});
+    add(u"load"_s,
+        {{.clauses = {required_value(solid)}, .title = "By name"},
+         {.clauses = {required_value({.name = u"COUNT"_s, .kind = Kind::WholeNumber, .label = "Count"}),
+                      {.keyword = u"now"_s}},
+          .title = "By number"}});
+    add(u"fit"_s, {{}});
+    mRegistry->add({.name = u"bare"_s, .usage = u"bare [WHATEVER]"_s, .run = [](CommandCall&) {}});
+}
+
+void TstCommandForm::cleanup()
+{
+    mForm.reset();
+    mModel.reset();
+    set_form_services({});
+    set_command_sink({});
+    mRegistry.reset();
+    TestCase::cleanup();
+}
+
+void TstCommandForm::add(const QString& name, const QList<CommandSyntax>& forms)
+{
+    QCOMPARE(mRegistry->add({.name = name, .owner = u"test"_s, .run = [](CommandCall&) {}, .forms = forms}),
+             CommandRegistry::AddResult::Added);
+}
+
+void TstCommandForm::show(const QString& line)
+{
+    QStandardItem* entry = add_command(add_page(*mModel, u"Page "_s + line), u"Entry"_s, line);
+    if (!mForm)
+        mForm = std::make_unique<CommandForm>(nullptr);
+    mForm->set_entry(entry->index());
+    QVERIFY(show_active(mForm.get()));
+}
+
+void TstCommandForm::fields_are_those_of_the_description()
+{
+    show(u"brick"_s);
+    QStringList labels;
+    for (const FormField* field : mForm->findChildren<FormField*>())
+        labels << field->label();
+    QCOMPARE(labels, QStringList({u"Width"_s, u"Depth"_s, u"Height"_s, u"Centre X"_s, u"Centre Y"_s,
+                                  u"Centre Z"_s, u"Axis X"_s, u"Axis Y"_s, u"Axis Z"_s, u"Name"_s}));
+    for (const FormField* field : mForm->findChildren<FormField*>())
+        QVERIFY(field->isVisible());
+    QVERIFY(find<QLineEdit>(u"commandLine"_s)->isReadOnly());
+    QVERIFY(!find<QLabel>(u"commandUsage"_s)->isVisible());
+}
+
+void TstCommandForm::units_and_defaults_are_shown()
+{
+    show(u"brick"_s);
+    int units = 0;
+    for (const QLabel* label : mForm->findChildren<QLabel*>())
+        units += label->isVisible() && label->text() == "mm"_L1;
+    QCOMPARE(units, 5); // one for all coordinates of a point
+    QCOMPARE(find<QLineEdit>(u"valueatX"_s)->placeholderText(), u"0"_s);
+    QCOMPARE(find<QLineEdit>(u"valueWIDTH"_s)->placeholderText(), QString());
+    QCOMPARE(find<QLineEdit>(u"valueatX"_s)->text(), QString());
+}
+
+void TstCommandForm::optional_fields_are_told()
+{
+    show(u"brick"_s);
+    QStringList labels;
+    for (const QLabel* label : mForm->findChildren<QLabel*>()) {
+        if (label->buddy() && label->text().endsWith(u':'))
+            labels << label->text();
+    }
+    QCOMPARE(labels, QStringList({u"Width:"_s, u"Depth (optional):"_s, u"Height (optional):"_s,
+                                  u"Centre (optional):"_s, u"Axis (optional):"_s, u"Name (optional):"_s}));
+}
+
+void TstCommandForm::line_follows_the_fields()
+{
+    show(u"brick"_s);
+    QCOMPARE(line(), u"brick"_s);
+    QTest::keyClicks(find<QLineEdit>(u"valueWIDTH"_s), u"10"_s);
+    QCOMPARE(line(), u"brick 10"_s);
+    give(u"NAME"_s, u"base"_s);
+    QCOMPARE(line(), u"brick 10 name base"_s);
+    give(u"DEPTH"_s, u"5"_s);
+    give(u"HEIGHT"_s, u"2.5"_s);
+    give(u"atX"_s, u"1"_s);
+    give(u"atY"_s, u"2"_s);
+    give(u"atZ"_s, u"-3"_s);
+    QCOMPARE(line(), u"brick 10 5 2.5 at 1 2 -3 name base"_s);
+    give(u"NAME"_s, u" "_s);
+    QCOMPARE(line(), u"brick 10 5 2.5 at 1 2 -3"_s);
+    QCOMPARE(message(), QString());
+}
+
+void TstCommandForm::line_is_sent_as_it_stands()
+{
+    show(u"say"_s);
+    give(u"TEXT"_s, u"it's \"$5\""_s);
+    const QString shown = line();
+    QTest::mouseClick(apply(), Qt::LeftButton);
+    QCOMPARE(mSent, QStringList(shown));
+    QCOMPARE(line(), shown); // ready for the next one
+    CommandInterpreter interpreter(*mRegistry);
+    QCOMPARE(interpreter.run(shown), CommandInterpreter::Result::Done);
+    QCOMPARE(tokenize(shown).words.value(1).text, u"it's \"$5\""_s);
+}
+
+void TstCommandForm::apply_is_off_while_something_is_wrong_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char* name, const QString& command, const QString& field, const QString& value,
+                        const QString& message = {}) {
+        QTest::newRow(name) << command << field << value << message;
+    };
+    const QString range = u"Width: a number from 0.5 to 100."_s;
+    row("nothing", u"brick"_s, u"WIDTH"_s, {}, u"Width must be filled in."_s);
+    row("blanks", u"brick"_s, u"WIDTH"_s, u"  "_s, u"Width must be filled in."_s);
+    row("number", u"brick"_s, u"WIDTH"_s, u"0.5"_s);
+    row("exponent", u"brick"_s, u"WIDTH"_s, u"+1e1"_s);
+    row("too small", u"brick"_s, u"WIDTH"_s, u"0.49"_s, range);
+    row("too great", u"brick"_s, u"WIDTH"_s, u"100.1"_s, range);
+    row("comma", u"brick"_s, u"WIDTH"_s, u"1,5"_s, range);
+    row("word", u"brick"_s, u"WIDTH"_s, u"ten"_s, range);
+    row("two words", u"brick"_s, u"WIDTH"_s, u"1 2"_s, range);
+    row("nan", u"brick"_s, u"WIDTH"_s, u"nan"_s, range);
+    row("any number", u"turn"_s, u"ANGLE"_s, u"-720"_s);
+    row("no number", u"turn"_s, u"ANGLE"_s, u"x"_s, u"Angle: a number, as 2.5 or 1e-3."_s);
+    row("whole", u"count"_s, u"COUNT"_s, u"7"_s);
+    row("not whole", u"count"_s, u"COUNT"_s, u"7.5"_s, u"Count: a whole number from 1 on."_s);
+    row("below", u"count"_s, u"COUNT"_s, u"0"_s, u"Count: a whole number from 1 on."_s);
+    row("name that is there", u"load"_s, u"SOLID"_s, u"pin"_s);
+    row("number of a solid", u"load"_s, u"SOLID"_s, u"12"_s);
+    row("name that is not there", u"load"_s, u"SOLID"_s, u"pen"_s, u"Solid: there is no \"pen\"."_s);
+    row("names", u"delete"_s, u"SOLID"_s, u"pin plate"_s);
+    row("all", u"delete"_s, u"SOLID"_s, u"all"_s);
+    row("all and more", u"delete"_s, u"SOLID"_s, u"all pin"_s, u"Solids: \"all\" stands alone."_s);
+    row("twice", u"delete"_s, u"SOLID"_s, u"pin pin"_s, u"Solids: each one only once."_s);
+    row("one wrong", u"delete"_s, u"SOLID"_s, u"pin x"_s, u"Solids: there is no \"x\"."_s);
+    row("open quote", u"delete"_s, u"SOLID"_s, u"'pin"_s,
+        u"Solids: a quote is not closed, or a variable is not set."_s);
+    row("too few", u"join"_s, u"SOLID"_s, u"pin"_s, u"Solids: at least 2."_s);
+    row("enough", u"join"_s, u"SOLID"_s, u"pin plate"_s);
+    row("all are enough", u"join"_s, u"SOLID"_s, u"all"_s);
+    row("text", u"say"_s, u"TEXT"_s, u"'\"\\"_s);
+    row("variable's name", u"set"_s, u"NAME"_s, u"radius_2"_s);
+    row("no variable's name", u"set"_s, u"NAME"_s, u"2r"_s,
+        u"Variable: a letter, then letters, digits and \"_\"."_s);
+    row("folder that is not there", u"save"_s, u"FILE"_s, u"/no/such/file"_s,
+        u"File: there is no folder /no/such."_s);
+    row("folder", u"save"_s, u"FILE"_s, u"/"_s, u"File: / is a folder."_s);
+    row("no file", u"open"_s, u"FILE"_s, u"/no/file"_s, u"File: there is no file /no/file."_s);
+}
+
+void TstCommandForm::apply_is_off_while_something_is_wrong()
+{
+    QFETCH(const QString, command);
+    QFETCH(const QString, field);
+    QFETCH(const QString, value);
+    show(command);
+    give(field, value);
+    QTEST(message(), "message");
+    QCOMPARE(apply()->isEnabled(), message().isEmpty());
+    QCOMPARE(find<QLabel>(u"commandMessage"_s)->isVisible(), !message().isEmpty());
+    QCOMPARE(apply()->accessibleDescription(), message());
+    apply()->click();
+    QCOMPARE(mSent.size(), message().isEmpty() ? 1 : 0);
+}
+
+void TstCommandForm::missing_coordinates_are_the_defaults()
+{
+    show(u"brick"_s);
+    give(u"WIDTH"_s, u"10"_s);
+    give(u"atZ"_s, u"5"_s);
+    QCOMPARE(line(), u"brick 10 at 0 0 5"_s);
+    QVERIFY(apply()->isEnabled());
+}
+
+void TstCommandForm::direction_of_zeros_is_refused()
+{
+    show(u"brick along 0 0 0"_s);
+    give(u"WIDTH"_s, u"10"_s);
+    QCOMPARE(message(), u"Axis: the numbers must not all be 0."_s);
+    QVERIFY(!apply()->isEnabled());
+    give(u"alongY"_s, u"1"_s);
+    QCOMPARE(message(), QString());
+    give(u"atX"_s, u"0"_s); // a point may
+    QCOMPARE(message(), QString());
+}
+
+void TstCommandForm::values_of_a_clause_need_each_other()
+{
+    show(u"brick"_s);
+    give(u"WIDTH"_s, u"10"_s);
+    give(u"HEIGHT"_s, u"10"_s);
+    QCOMPARE(message(), u"Depth must be filled in, too."_s);
+    give(u"DEPTH"_s, u"10"_s);
+    QCOMPARE(message(), QString());
+    give(u"HEIGHT"_s, {});
+    QCOMPARE(message(), u"Height must be filled in, too."_s);
+    QVERIFY(!apply()->isEnabled());
+}
+
+void TstCommandForm::value_needs_the_one_in_front_of_it()
+{
+    show(u"set"_s);
+    QVERIFY(apply()->isEnabled());
+    give(u"VALUE"_s, u"5"_s);
+    QCOMPARE(message(), u"Variable must be filled in, too."_s);
+    QVERIFY(!apply()->isEnabled());
+    give(u"NAME"_s, u"radius"_s);
+    QCOMPARE(line(), u"set radius 5"_s);
+    QVERIFY(apply()->isEnabled());
+    give(u"VALUE"_s, u"5\\"_s); // would be continued on the next line
+    QVERIFY(!apply()->isEnabled());
+    give(u"VALUE"_s, u"'a  b' $x"_s);
+    QVERIFY(!apply()->isEnabled());
+    mVariables.set(u"x"_s, u"1"_s);
+    give(u"VALUE"_s, u"'a  b' ${x}"_s);
+    QCOMPARE(line(), u"set radius 'a  b' ${x}"_s);
+    QVERIFY(apply()->isEnabled());
+}
+
+void TstCommandForm::variables_stand_for_values()
+{
+    mVariables.set(u"size"_s, u"20"_s);
+    mVariables.set(u"big"_s, u"2000"_s);
+    mVariables.set(u"part"_s, u"pin"_s);
+    show(u"brick"_s);
+    give(u"WIDTH"_s, u"$size"_s);
+    QCOMPARE(line(), u"brick $size"_s);
+    QVERIFY(apply()->isEnabled());
+    give(u"WIDTH"_s, u"${big}"_s);
+    QCOMPARE(message(), u"Width: a number from 0.5 to 100."_s);
+    give(u"WIDTH"_s, u"$none"_s);
+    QCOMPARE(message(), u"Width: there is no variable $none."_s);
+    show(u"delete"_s);
+    give(u"SOLID"_s, u"$part plate"_s);
+    QCOMPARE(message(), QString());
+    QCOMPARE(line(), u"delete ${part} plate"_s);
+}
+
+void TstCommandForm::ways_can_be_chosen()
+{
+    show(u"load"_s);
+    auto* ways = find<QComboBox>(u"commandWays"_s);
+    QVERIFY(ways->isVisible());
+    QCOMPARE(ways->currentText(), u"By name"_s);
+    QVERIFY(find<QComboBox>(u"valueSOLID"_s)->isVisible());
+    ways->setFocus();
+    QTest::keyClick(ways, Qt::Key_Down);
+    QCOMPARE(ways->currentText(), u"By number"_s);
+    QVERIFY(!mForm->findChild<QWidget*>(u"valueSOLID"_s));
+    give(u"COUNT"_s, u"4"_s);
+    QCOMPARE(line(), u"load 4 now"_s);
+    QVERIFY(!find<QCheckBox>(u"valuenow"_s)->isVisible()); // nothing to decide
+    show(u"fit"_s);
+    QVERIFY(!ways->isVisible());
+    QCOMPARE(line(), u"fit"_s);
+    QVERIFY(apply()->isEnabled());
+}
+
+void TstCommandForm::keyword_alone_is_a_check_box()
+{
+    show(u"delete"_s);
+    give(u"SOLID"_s, u"pin"_s);
+    auto* quick = find<QCheckBox>(u"valuequick"_s);
+    QCOMPARE(quick->text(), u"Quickly"_s);
+    QVERIFY(!quick->isChecked());
+    QTest::keyClick(quick, Qt::Key_Space);
+    QCOMPARE(line(), u"delete pin quick"_s);
+    QTest::keyClick(quick, Qt::Key_Space);
+    QCOMPARE(line(), u"delete pin"_s);
+}
+
+void TstCommandForm::several_entities_are_added_from_a_menu()
+{
+    show(u"join"_s);
+    QMenu* menu = find<QToolButton>(u"addSOLID"_s)->menu();
+    emit menu->aboutToShow();
+    QStringList names;
+    for (const QAction* action : menu->actions())
+        names << action->text();
+    QCOMPARE(names, QStringList({u"plate"_s, u"pin"_s, u"all"_s}));
+    menu->actions().at(1)->trigger();
+    QCOMPARE(line(), u"join pin"_s);
+    menu->actions().at(0)->trigger();
+    QCOMPARE(line(), u"join pin plate"_s);
+    menu->actions().at(2)->trigger();
+    QCOMPARE(line(), u"join all"_s);
+    menu->actions().at(0)->trigger();
+    QCOMPARE(line(), u"join plate"_s);
+}
+
+void TstCommandForm::entities_follow_the_model()
+{
+    show(u"load"_s);
+    const auto* combo = find<QComboBox>(u"valueSOLID"_s);
+    QCOMPARE(combo->count(), 2);
+    QCOMPARE(combo->currentText(), QString());
+    mSolids << u"bolt"_s;
+    mRegistry->entities().tell_changed(u"solid"_s);
+    QTRY_COMPARE(combo->count(), 3);
+    QCOMPARE(combo->itemText(2), u"bolt"_s);
+    QCOMPARE(combo->currentText(), QString());
+}
+
+void TstCommandForm::typed_name_survives_a_change_of_the_model()
+{
+    show(u"load"_s);
+    give(u"SOLID"_s, u"bolt"_s);
+    QVERIFY(!apply()->isEnabled());
+    mSolids = {u"bolt"_s};
+    mRegistry->entities().tell_changed(u"solid"_s);
+    QTRY_VERIFY(apply()->isEnabled());
+    QCOMPARE(line(), u"load bolt"_s);
+    mSolids.clear();
+    mRegistry->entities().tell_changed(u"solid"_s);
+    QTRY_VERIFY(!apply()->isEnabled());
+    QCOMPARE(line(), u"load bolt"_s);
+}
+
+void TstCommandForm::new_name_must_be_new()
+{
+    show(u"brick"_s);
+    give(u"WIDTH"_s, u"10"_s);
+    give(u"NAME"_s, u"plate"_s);
+    QCOMPARE(message(), u"Name: there is a \"plate\" already."_s);
+    give(u"NAME"_s, u"at"_s);
+    QCOMPARE(message(), u"Name: \"at\" has a meaning of its own."_s);
+    give(u"NAME"_s, u"a b"_s);
+    QCOMPARE(message(), u"Name: a letter, then letters, digits, \"_\", \"-\" and \".\"."_s);
+    give(u"NAME"_s, u"plate2"_s);
+    QCOMPARE(message(), QString());
+    // What was applied is there then.
+    mSolids << u"plate2"_s;
+    mRegistry->entities().tell_changed(u"solid"_s);
+    QTRY_COMPARE(message(), u"Name: there is a \"plate2\" already."_s);
+}
+
+void TstCommandForm::file_fields_take_what_the_application_makes()
+{
+    QStringList asked;
+    set_form_services({mRegistry.get(), &mVariables,
+                       [&](QWidget* parent, bool open, const QList<CommandFileFilter>& filters) {
+                           for (const CommandFileFilter& filter : filters)
+                               asked << filter.name + filter.extension;
+                           asked << (open ? u"open"_s : u"save"_s);
+                           auto* field = new QWidget(parent);
+                           new QLineEdit(field);
+                           new QToolButton(field);
+                           return field;
+                       }});
+    show(u"open"_s);
+    QCOMPARE(asked, QStringList({u"Journals.jou"_s, u"open"_s}));
+    const FormField* field = mForm->findChild<FormField*>();
+    QCOMPARE(field->controls().size(), 2);
+    QCOMPARE(field->controls().at(1)->accessibleName(), u"Choose File"_s);
+    give(u"FILE"_s, u"/dev/null/x"_s);
+    QCOMPARE(line(), u"open /dev/null/x"_s);
+    show(u"save"_s);
+    QCOMPARE(asked.last(), u"save"_s);
+}
+
+void TstCommandForm::file_names_are_quoted()
+{
+    show(u"save"_s);
+    for (const QString& name : {u"my part.mdl"_s, u"it's.mdl"_s, u"a\"b.mdl"_s, u"$x.mdl"_s, u"#1"_s}) {
+        const QString path = mDirectory.filePath(name);
+        give(u"FILE"_s, path);
+        QVERIFY(apply()->isEnabled());
+        QCOMPARE(tokenize(line()).words.value(1).text, path);
+        QCOMPARE(tokenize(line()).words.size(), 2);
+    }
+}
+
+void TstCommandForm::file_must_be_there()
+{
+    show(u"open"_s);
+    give(u"FILE"_s, mDirectory.path());
+    QVERIFY(!apply()->isEnabled()); // a folder
+    QFile file(mDirectory.filePath(u"there.jou"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    give(u"FILE"_s, file.fileName());
+    QVERIFY(apply()->isEnabled());
+}
+
+void TstCommandForm::entry_can_hold_values()
+{
+    show(u"view top"_s);
+    QCOMPARE(find<QComboBox>(u"valueSIDE"_s)->currentText(), u"top"_s);
+    QCOMPARE(line(), u"view top"_s);
+    show(u"brick 10 at 1 2 3"_s);
+    QCOMPARE(find<QLineEdit>(u"valueatZ"_s)->text(), u"3"_s);
+    QCOMPARE(find<QLineEdit>(u"valueDEPTH"_s)->text(), QString());
+    QCOMPARE(line(), u"brick 10 at 1 2 3"_s);
+    show(u"load 7 now"_s);
+    QCOMPARE(find<QComboBox>(u"commandWays"_s)->currentText(), u"By number"_s);
+    QCOMPARE(line(), u"load 7 now"_s);
+    show(u"measure"_s);
+    QCOMPARE(find<QComboBox>(u"valueWHAT"_s)->currentText(), u"not given"_s);
+    QCOMPARE(line(), u"measure"_s);
+    find<QComboBox>(u"valueWHAT"_s)->setCurrentIndex(2);
+    QCOMPARE(line(), u"measure volume"_s);
+}
+
+void TstCommandForm::line_that_is_no_form_is_left_to_the_user()
+{
+    show(u"view sideways"_s);
+    QVERIFY(!find<QLineEdit>(u"commandLine"_s)->isReadOnly());
+    QVERIFY(!find<QCheckBox>(u"editLine"_s)->isVisible());
+    QVERIFY(mForm->findChildren<FormField*>().isEmpty());
+    QCOMPARE(line(), u"view sideways"_s);
+    QVERIFY(apply()->isEnabled());
+}
+
+void TstCommandForm::command_without_description_has_its_line()
+{
+    for (const QString& command : {u"bare"_s, u"unknown"_s}) {
+        show(command);
+        QCOMPARE(line(), command);
+        QVERIFY(!find<QLineEdit>(u"commandLine"_s)->isReadOnly());
+        mForm->focus_first();
+        QTest::keyClicks(QApplication::focusWidget(), u" and more"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QCOMPARE(mSent, QStringList(command + u" and more"_s));
+        mSent.clear();
+    }
+}
+
+void TstCommandForm::line_can_be_edited_and_is_read_back()
+{
+    show(u"brick"_s);
+    give(u"WIDTH"_s, u"10"_s);
+    auto* edit = find<QCheckBox>(u"editLine"_s);
+    auto* text = find<QLineEdit>(u"commandLine"_s);
+    QTest::keyClick(edit, Qt::Key_Space);
+    QVERIFY(text->hasFocus() && !text->isReadOnly());
+    QVERIFY(!find<QLineEdit>(u"valueWIDTH"_s)->isEnabled());
+    QTest::keyClicks(text, u" name base"_s);
+    QTest::keyClick(text, Qt::Key_Return);
+    QCOMPARE(mSent, QStringList(u"brick 10 name base"_s));
+    text->clear();
+    QVERIFY(!apply()->isEnabled());
+    text->setText(u"brick 7 2 3 at $x 1 2"_s);
+    QTest::keyClick(edit, Qt::Key_Space);
+    QVERIFY(text->isReadOnly());
+    QCOMPARE(find<QLineEdit>(u"valueWIDTH"_s)->text(), u"7"_s);
+    QCOMPARE(find<QLineEdit>(u"valueatX"_s)->text(), u"${x}"_s);
+    QCOMPARE(line(), u"brick 7 2 3 at ${x} 1 2"_s);
+    QCOMPARE(message(), u"Centre X: there is no variable ${x}."_s);
+}
+
+void TstCommandForm::edited_line_that_does_not_fit_is_given_up()
+{
+    show(u"brick"_s);
+    give(u"WIDTH"_s, u"10"_s);
+    auto* edit = find<QCheckBox>(u"editLine"_s);
+    for (const QString& other : {u"set x 5"_s, u"brick 5 6 7 8 9"_s, u"brick 'x"_s, QString()}) {
+        edit->setChecked(true);
+        find<QLineEdit>(u"commandLine"_s)->setText(other);
+        edit->setChecked(false);
+        QCOMPARE(line(), u"brick 10"_s);
+        QVERIFY(apply()->isEnabled());
+    }
+}
+
+void TstCommandForm::command_that_comes_and_goes_changes_the_form()
+{
+    show(u"late"_s);
+    QVERIFY(mForm->findChildren<FormField*>().isEmpty());
+    add(u"late"_s, {{{required_value(length(u"SIZE"_s, "Size"))}}});
+    QTRY_COMPARE(mForm->findChildren<FormField*>().size(), 1);
+    give(u"SIZE"_s, u"5"_s);
+    // What others do is no reason to forget what was given.
+    add(u"other"_s, {{}});
+    QTRY_COMPARE(line(), u"late 5"_s);
+    QCoreApplication::processEvents();
+    QCOMPARE(line(), u"late 5"_s);
+    mRegistry->remove(u"late"_s);
+    QTRY_VERIFY(mForm->findChildren<FormField*>().isEmpty());
+    QCOMPARE(line(), u"late"_s);
+}
+
+void TstCommandForm::return_applies_from_any_field()
+{
+    show(u"brick 10 name base"_s);
+    QWidgetList controls = mForm->controls();
+    QVERIFY(controls.size() > 10);
+    for (QWidget* control : controls) {
+        mSent.clear();
+        control->setFocus();
+        QTest::keyClick(control, Qt::Key_Return);
+        QVERIFY2(mSent == QStringList(u"brick 10 name base"_s), qPrintable(control->objectName()));
+    }
+    show(u"load pin"_s);
+    mSent.clear();
+    QTest::keyClick(find<QComboBox>(u"valueSOLID"_s)->lineEdit(), Qt::Key_Enter);
+    QCOMPARE(mSent, QStringList(u"load pin"_s));
+    show(u"view top"_s);
+    mSent.clear();
+    QTest::keyClick(find<QComboBox>(u"valueSIDE"_s), Qt::Key_Return);
+    QCOMPARE(mSent, QStringList(u"view top"_s));
+}
+
+void TstCommandForm::return_applies_nothing_that_is_wrong()
+{
+    show(u"brick"_s);
+    give(u"WIDTH"_s, u"x"_s);
+    QTest::keyClick(find<QLineEdit>(u"valueWIDTH"_s), Qt::Key_Return);
+    QVERIFY(mSent.isEmpty());
+}
+
+void TstCommandForm::escape_goes_back_to_the_entry_data()
+{
+    QTest::addColumn<bool>("breadcrumbs");
+    QTest::newRow("rows") << false;
+    QTest::newRow("breadcrumbs") << true;
+}
+
+void TstCommandForm::escape_goes_back_to_the_entry()
+{
+    QFETCH(const bool, breadcrumbs);
+    QStandardItem* page = add_page(*mModel, u"Make"_s);
+    add_command(page, u"Fit"_s, u"fit"_s);
+    const QStandardItem* brick = add_command(page, u"Brick"_s, u"brick"_s);
+    std::unique_ptr<QWidget> panel;
+    const auto current = [&] {
+        return breadcrumbs ? static_cast<BreadcrumbsPanel*>(panel.get())->current_index()
+                           : static_cast<CommandButtonPanel*>(panel.get())->current_index();
+    };
+    if (breadcrumbs) {
+        auto made = std::make_unique<BreadcrumbsPanel>(nullptr);
+        made->set_model(mModel.get(), {});
+        made->set_current_index(page->index());
+        panel = std::move(made);
+    } else {
+        auto made = std::make_unique<CommandButtonPanel>(nullptr);
+        made->set_model(mModel.get(), {});
+        made->set_current_index(page->index());
+        panel = std::move(made);
+    }
+    QVERIFY(show_active(panel.get()));
+    EntryButton* button = entry_button(*panel, u"Brick"_s);
+    QVERIFY(button);
+    button->setFocus();
+    QTest::keyClick(button, Qt::Key_Space);
+    QCOMPARE(current(), brick->index());
+    const auto* form = panel->findChild<CommandForm*>();
+    QVERIFY(form->isVisible());
+    QCOMPARE(QApplication::focusWidget()->objectName(), u"valueWIDTH"_s);
+    QTest::keyClicks(QApplication::focusWidget(), u"12"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    QCOMPARE(current(), page->index());
+    QVERIFY(!form->isVisible());
+    button = entry_button(*panel, u"Brick"_s);
+    QVERIFY(button && button->hasFocus());
+}
+
+void TstCommandForm::first_field_has_the_keyboard()
+{
+    show(u"brick"_s);
+    mForm->focus_first();
+    QVERIFY(find<QLineEdit>(u"valueWIDTH"_s)->hasFocus());
+    show(u"fit"_s);
+    mForm->focus_first();
+    QVERIFY(apply()->hasFocus());
+    show(u"load"_s);
+    mForm->focus_first();
+    QVERIFY(find<QComboBox>(u"commandWays"_s)->hasFocus());
+    show(u"bare"_s);
+    mForm->focus_first();
+    QVERIFY(find<QLineEdit>(u"commandLine"_s)->hasFocus());
+}
+
+void TstCommandForm::tab_goes_through_all_fields()
+{
+    QStandardItem* page = add_page(*mModel, u"Make"_s);
+    const QStandardItem* entry = add_command(page, u"Delete"_s, u"delete pin"_s);
+    CommandButtonPanel panel(nullptr);
+    panel.set_model(mModel.get(), {});
+    panel.set_current_index(entry->index());
+    QVERIFY(show_active(&panel));
+    panel.findChild<QLineEdit*>(u"valueSOLID"_s)->setFocus();
+    QStringList visited;
+    for (int step = 0; step < 6; ++step) {
+        visited << QApplication::focusWidget()->objectName();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    QCOMPARE(visited, QStringList({u"valueSOLID"_s, u"addSOLID"_s, u"valuequick"_s, u"commandLine"_s,
+                                   u"editLine"_s, u"applyButton"_s}));
+}
+
+void TstCommandForm::everything_has_a_name_to_be_read_out()
+{
+    for (const QString& name : {u"brick"_s, u"join"_s, u"load"_s, u"delete"_s, u"view"_s, u"open"_s}) {
+        show(name);
+        for (QWidget* control : mForm->controls()) {
+            const auto* button = qobject_cast<const QAbstractButton*>(control);
+            const bool spoken = button && button->text().size() > 1;
+            QVERIFY2(spoken || !control->accessibleName().isEmpty(), qPrintable(control->objectName()));
+        }
+    }
+    show(u"brick"_s);
+    QCOMPARE(find<QLineEdit>(u"valueWIDTH"_s)->accessibleName(), u"Width in mm"_s);
+    QCOMPARE(find<QLineEdit>(u"valueatX"_s)->accessibleName(), u"Centre X"_s);
+}
+
+void TstCommandForm::form_may_go_while_it_applies()
+{
+    show(u"brick 10"_s);
+    set_command_sink([this](const QString& line) {
+        mForm.reset();
+        mSent << line;
+    });
+    apply()->click();
+    QVERIFY(!mForm);
+    QCOMPARE(mSent, QStringList(u"brick 10"_s));
+    // And another command may come into the form from within a key of a field.
+    set_command_sink([this](const QString&) { show(u"fit"_s); });
+    show(u"brick 11"_s);
+    QTest::keyClick(find<QLineEdit>(u"valueWIDTH"_s), Qt::Key_Return);
+    QCOMPARE(line(), u"fit"_s);
+}
+
+void TstCommandForm::nothing_is_clipped_in_a_narrow_dock()
+{
+    QStandardItem* page = add_page(*mModel, u"Make"_s);
+    CommandButtonPanel panel(nullptr);
+    panel.set_model(mModel.get(), {});
+    QVERIFY(show_active(&panel));
+    for (const QString& command : {u"brick"_s, u"join"_s, u"load"_s, u"delete"_s, u"open"_s, u"count"_s}) {
+        panel.set_current_index(add_command(page, command, command)->index());
+        for (const int width : {240, 200}) {
+            panel.resize(width, 700);
+            QTRY_COMPARE(panel.width(), width);
+            const auto* area = panel.findChild<QScrollArea*>();
+            QTRY_COMPARE(area->widget()->width(), area->viewport()->width());
+            const auto* form = panel.findChild<CommandForm*>();
+            QVERIFY(form->isVisible());
+            for (const QWidget* widget : form->findChildren<QWidget*>()) {
+                if (!widget->isVisible())
+                    continue;
+                const QRect place(widget->mapTo(area->widget(), QPoint()), widget->size());
+                const QString what = u"%1 %2 at %3: %4 to %5"_s.arg(
+                    command, widget->objectName(), QString::number(width), QString::number(place.left()),
+                    QString::number(place.right()));
+                QVERIFY2(place.left() >= 0 && place.right() < area->widget()->width(), qPrintable(what));
+                const auto* label = qobject_cast<const QLabel*>(widget);
+                if (label && !label->wordWrap())
+                    QVERIFY2(label->width() >= label->sizeHint().width(), qPrintable(what + label->text()));
+                if (qobject_cast<const QLineEdit*>(widget))
+                    QVERIFY2(widget->width() >= 24, qPrintable(what));
+            }
+        }
+    }
+}
+
+namespace {
+
+/** Puts "@" in front of all texts of a context. */
+class Marker : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char* context, const char* text, const char*, int) const override
+    {
+        const QString marked = u'@' + QString::fromUtf8(text);
+        return qstrcmp(context, "CommandParameter") == 0 ? marked : QString();
+    }
+};
+
+} // namespace
+
+void TstCommandForm::labels_are_translated()
+{
+    const Marker marker;
+    QVERIFY(QCoreApplication::installTranslator(const_cast<Marker*>(&marker)));
+    show(u"load"_s);
+    QCOMPARE(find<QComboBox>(u"commandWays"_s)->currentText(), u"@By name"_s);
+    QCOMPARE(mForm->findChild<FormField*>()->label(), u"@Solid"_s);
+    show(u"brick"_s);
+    QCOMPARE(find<QLineEdit>(u"valueatX"_s)->accessibleName(), u"@Centre @X"_s);
+    show(u"delete"_s);
+    QCOMPARE(find<QCheckBox>(u"valuequick"_s)->text(), u"@Quickly"_s);
+    QCoreApplication::removeTranslator(const_cast<Marker*>(&marker));
+}
+
+OSTREL_TEST_MAIN(TstCommandForm)
+#include "tst_commandform.moc"

@@ -1,0 +1,263 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "console/CommandWidget.h"
+#include "frame/Ostrel.h"
+#include "journal/JournalEditor.h"
+#include "support/TestCase.h"
+#include "support/windows.h"
+#include "workbench/Workbench.h"
+#include "workbench/console/ConsoleOwner.h"
+#include "workbench/windows/scheme_palette.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QSettings>
+#include <QStyle>
+#include <QTest>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** How light a colour is, from 0 to 1, as the eye has it. */
+double luminance(const QColor& colour)
+{
+    const auto part = [](double value) {
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b)
+{
+    const double one = luminance(a);
+    const double other = luminance(b);
+    return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
+}
+
+bool is_dark(const QPalette& palette)
+{
+    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+
+QAction* entry(const char* name)
+{
+    const auto menus = Ostrel::instance()->findChildren<QMenu*>();
+    for (const QMenu* menu : menus) {
+        const QList<QAction*> actions = menu->actions();
+        for (QAction* action : actions) {
+            if (action->objectName() == u"scheme_"_s + QLatin1StringView(name))
+                return action;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+/** The colours that a user chooses, in the whole application. */
+class TstColourScheme : public TestCase
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup();
+
+    void texts_can_be_read_data();
+    void texts_can_be_read();
+    void command_changes_all_windows_and_is_kept();
+    void once_is_not_kept();
+    void settings_that_make_no_sense_change_nothing();
+    void entries_of_the_menu_send_the_command_and_show_the_choice();
+    void current_line_of_the_editor_follows();
+    void sign_of_crowded_toolbars_is_seen_on_a_dark_ground();
+    void wrong_words_are_named();
+
+private:
+    void start()
+    {
+        mWorkbench = std::make_unique<Workbench>();
+        mWorkbench->leave_components_out();
+        QVERIFY(mWorkbench->load());
+        QVERIFY(show_active(Ostrel::instance()));
+    }
+    void end()
+    {
+        if (mWorkbench)
+            mWorkbench->unload();
+        mWorkbench.reset();
+    }
+    QString enter(const QString& line)
+    {
+        CommandWidget* page = mWorkbench->console()->command_page();
+        page->clearToPrompt();
+        mWorkbench->console()->run_line(line);
+        QCoreApplication::processEvents();
+        return page->toPlainText();
+    }
+    static QString kept() { return QSettings().value(u"fennar/scheme"_s).toString(); }
+
+    std::unique_ptr<Workbench> mWorkbench;
+};
+
+void TstColourScheme::cleanup()
+{
+    end();
+    TestCase::cleanup();
+}
+
+void TstColourScheme::texts_can_be_read_data()
+{
+    QTest::addColumn<bool>("dark");
+    QTest::newRow("light") << false;
+    QTest::newRow("dark") << true;
+}
+
+void TstColourScheme::texts_can_be_read()
+{
+    QFETCH(const bool, dark);
+    const QPalette palette = scheme_palette(dark);
+    QCOMPARE(is_dark(palette), dark);
+    struct Pair
+    {
+        QPalette::ColorRole text;
+        QPalette::ColorRole ground;
+        double least;
+    };
+    // 4.5 is what people with weak sight need.
+    for (const Pair& pair : {Pair{QPalette::WindowText, QPalette::Window, 7},
+                             {QPalette::Text, QPalette::Base, 7},
+                             {QPalette::Text, QPalette::AlternateBase, 7},
+                             {QPalette::ButtonText, QPalette::Button, 7},
+                             {QPalette::HighlightedText, QPalette::Highlight, 4.5},
+                             {QPalette::ToolTipText, QPalette::ToolTipBase, 7},
+                             {QPalette::PlaceholderText, QPalette::Base, 4.5},
+                             {QPalette::Link, QPalette::Base, 4.5},
+                             {QPalette::LinkVisited, QPalette::Window, 4.5},
+                             {QPalette::BrightText, QPalette::Window, 4.5}}) {
+        const double found = contrast(palette.color(pair.text), palette.color(pair.ground));
+        QVERIFY2(found >= pair.least,
+                 qPrintable(u"%1 on %2: %3"_s.arg(pair.text).arg(pair.ground).arg(found)));
+    }
+    for (const auto& [text, ground] : {std::pair{QPalette::WindowText, QPalette::Window},
+                                       {QPalette::Text, QPalette::Base},
+                                       {QPalette::ButtonText, QPalette::Button}}) {
+        const double off = contrast(palette.color(QPalette::Disabled, text), palette.color(ground));
+        QVERIFY2(off >= 2.5, qPrintable(u"%1: %2"_s.arg(text).arg(off)));
+        QVERIFY(off < contrast(palette.color(text), palette.color(ground)) / 1.5);
+    }
+}
+
+void TstColourScheme::command_changes_all_windows_and_is_kept()
+{
+    const QPalette system = QApplication::palette();
+    start();
+    QVERIFY(enter(u"scheme"_s).contains(u"\nscheme system\n"_s));
+    QCOMPARE(kept(), QString());
+    enter(u"scheme dark"_s);
+    QVERIFY(enter(u"scheme"_s).contains(u"\nscheme dark\n"_s));
+    for (const QWidget* widget : std::initializer_list<const QWidget*>{
+             Ostrel::instance(), mWorkbench->console()->command_page(), Ostrel::instance()->journal_editor()})
+        QVERIFY2(is_dark(widget->palette()), widget->metaObject()->className());
+    QCOMPARE(kept(), u"dark"_s);
+    end();
+    QCOMPARE(QApplication::palette(), system);
+
+    start();
+    QVERIFY(is_dark(Ostrel::instance()->palette()));
+    enter(u"scheme light"_s);
+    QCOMPARE(Ostrel::instance()->palette().color(QPalette::Highlight),
+             scheme_palette(false).color(QPalette::Highlight));
+    enter(u"scheme system"_s);
+    QCOMPARE(QApplication::palette(), system);
+    QCOMPARE(kept(), u"system"_s);
+}
+
+void TstColourScheme::once_is_not_kept()
+{
+    start();
+    enter(u"scheme light"_s);
+    enter(u"scheme dark once"_s);
+    QVERIFY(is_dark(Ostrel::instance()->palette()));
+    QCOMPARE(kept(), u"light"_s);
+}
+
+void TstColourScheme::settings_that_make_no_sense_change_nothing()
+{
+    QSettings().setValue(u"fennar/scheme"_s, u"pink"_s);
+    const QPalette system = QApplication::palette();
+    start();
+    QCOMPARE(QApplication::palette(), system);
+    QVERIFY(entry("system")->isChecked());
+}
+
+void TstColourScheme::entries_of_the_menu_send_the_command_and_show_the_choice()
+{
+    start();
+    for (const char* name : {"dark", "light", "system"}) {
+        mWorkbench->console()->command_page()->clearToPrompt();
+        entry(name)->trigger();
+        QCoreApplication::processEvents();
+        const QString text = mWorkbench->console()->command_page()->toPlainText();
+        QVERIFY2(text.startsWith(u"Fennar>scheme "_s + QLatin1StringView(name)), qPrintable(text));
+        for (const char* other : {"dark", "light", "system"})
+            QCOMPARE(entry(other)->isChecked(), qstrcmp(name, other) == 0);
+    }
+    entry("system")->trigger(); // what is chosen stays chosen
+    QVERIFY(entry("system")->isChecked());
+    mWorkbench->unload();
+    QVERIFY(!Ostrel::instance());
+    mWorkbench.reset();
+}
+
+void TstColourScheme::current_line_of_the_editor_follows()
+{
+    start();
+    const auto* document = Ostrel::instance()->journal_editor()->findChild<QPlainTextEdit*>();
+    const auto line_colour = [document] {
+        return document->extraSelections().value(0).format.background().color();
+    };
+    enter(u"scheme light"_s);
+    const QColor light = line_colour();
+    enter(u"scheme dark"_s);
+    const QColor dark = line_colour();
+    QVERIFY2(contrast(dark, scheme_palette(true).color(QPalette::Text)) > 4.5, qPrintable(dark.name()));
+    QVERIFY2(contrast(light, scheme_palette(false).color(QPalette::Text)) > 4.5, qPrintable(light.name()));
+}
+
+void TstColourScheme::sign_of_crowded_toolbars_is_seen_on_a_dark_ground()
+{
+    start();
+    for (const char* name : {"dark", "light"}) {
+        enter(u"scheme "_s + QLatin1StringView(name));
+        const QIcon icon = QApplication::style()->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton);
+        const QImage image = icon.pixmap(icon.availableSizes().value(0), 1.0).toImage();
+        QVERIFY(!image.isNull());
+        double best = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor pixel = image.pixelColor(x, y);
+                if (pixel.alpha() > 200)
+                    best = std::max(best, contrast(pixel, QApplication::palette().color(QPalette::Window)));
+            }
+        }
+        QVERIFY2(best > 4.5, qPrintable(u"%1: %2"_s.arg(QLatin1StringView(name)).arg(best)));
+    }
+}
+
+void TstColourScheme::wrong_words_are_named()
+{
+    start();
+    QVERIFY(enter(u"scheme pink"_s).contains(u"ERROR: scheme: column 8: expected system, light or dark"_s));
+    QVERIFY(enter(u"scheme dark twice"_s).contains(u"ERROR: scheme: column 13: expected once"_s));
+    QVERIFY(enter(u"scheme dark once more"_s).contains(u"ERROR: scheme: column 18: expected the end"_s));
+    QVERIFY(!is_dark(Ostrel::instance()->palette()));
+}
+
+OSTREL_TEST_MAIN(TstColourScheme)
+#include "tst_colourscheme.moc"

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QMap>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+/**
+ * The names of what there is for commands to work on, by kind: for forms and completion.
+ *
+ * "command" and "variable" are always there; components offer others, as "solid". Who offers a kind tells
+ * when its names have changed. GUI thread only.
+ */
+class CommandEntities : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** Tells the present names. */
+    using Names = std::function<QStringList()>;
+
+    CommandEntities() = default;
+    ~CommandEntities() override;
+
+    /** Offers a kind, in the place of who has offered it before. @p names is called whenever they are needed.
+     */
+    void offer(const QString& kind, const QString& owner, const Names& names);
+    /** Takes back all kinds of @p owner. */
+    void withdraw(const QString& owner);
+    /** The present names in the order in which they are offered; none if nobody offers the kind. */
+    QStringList names(const QString& kind) const;
+    /** All kinds that are offered, sorted. */
+    QStringList kinds() const { return mOffers.keys(); }
+    /** To be called when the names of a kind have changed. */
+    void tell_changed(const QString& kind) { emit changed(kind); }
+
+signals:
+    /** The names of a kind have changed, or it is offered, or not offered any more. */
+    void changed(const QString& kind);
+
+private:
+    struct Offer
+    {
+        QString owner;
+        Names names;
+    };
+    QMap<QString, Offer> mOffers;
+};

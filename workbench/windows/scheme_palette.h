@@ -1,0 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QPalette>
+
+/** The program's own colours: dark text on a light ground, or with @p dark light text on a dark ground. */
+QPalette scheme_palette(bool dark);
