@@ -12,6 +12,14 @@ if(NOT EXISTS ${OSTREL_TEST_LOCALES}/de_DE.UTF-8/LC_NUMERIC)
     endif()
 endif()
 
+# Newer versions of Qt narrow numbers in the text of their test macros, where the compiler blames the sources that have them.
+function(ostrel_has_test_macros)
+    if(Qt6_VERSION VERSION_GREATER_EQUAL 6.5)
+        # On the sources, since a target's own options stand before those that it inherits.
+        set_property(SOURCE ${ARGN} APPEND PROPERTY COMPILE_OPTIONS -Wno-conversion)
+    endif()
+endfunction()
+
 # Gives a test that is declared a home directory of its own under the build tree.
 function(ostrel_sandbox_test name platform)
     set(sandbox ${CMAKE_BINARY_DIR}/sandbox/${name})
@@ -20,7 +28,7 @@ function(ostrel_sandbox_test name platform)
     set_tests_properties(${name} PROPERTIES
         ENVIRONMENT "HOME=${sandbox};XDG_CONFIG_HOME=${sandbox}/config;XDG_CONFIG_DIRS=${sandbox}/config-dirs;\
 XDG_DATA_HOME=${sandbox}/data;XDG_RUNTIME_DIR=${sandbox}/run;TMPDIR=${sandbox}/tmp;QT_QPA_PLATFORM=${platform};\
-QT_STYLE_OVERRIDE=Fusion;QT_FONT_DPI=96;QT_LOGGING_RULES=;LC_ALL=C.UTF-8;LOCPATH=${OSTREL_TEST_LOCALES};\
+QT_STYLE_OVERRIDE=Fusion;QT_FONT_DPI=96;QT_LOGGING_RULES=;LC_ALL=C.UTF-8;LANGUAGE=;LOCPATH=${OSTREL_TEST_LOCALES};\
 FENNAR_COMPONENT_PATH=;\
 LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0;\
 UBSAN_OPTIONS=print_stacktrace=1")
@@ -53,11 +61,7 @@ function(ostrel_add_test name)
     target_link_libraries(${name} PRIVATE ostrel_house ostrel_testsupport ${arg_LIBRARIES} Qt6::Test)
     # A test spends its time in what it tests; not optimising its own code halves the time to compile it.
     target_compile_options(${name} PRIVATE -O0)
-    # Newer versions of Qt narrow numbers in the text of their test macros, where the compiler blames the test.
-    if(Qt6_VERSION VERSION_GREATER_EQUAL 6.5)
-        # On the sources, since a target's own options stand before those that it inherits.
-        set_property(SOURCE ${arg_SOURCES} APPEND PROPERTY COMPILE_OPTIONS -Wno-conversion)
-    endif()
+    ostrel_has_test_macros(${arg_SOURCES})
     if(NOT arg_WORKBENCH)
         target_link_libraries(${name} PRIVATE ostrelgui_objects hostdouble)
     endif()
@@ -70,9 +74,20 @@ function(ostrel_add_test name)
         set(platform offscreen)
         add_test(NAME ${name} COMMAND ${name})
     endif()
+<<<<<<< HEAD
+    set_tests_properties(${name} PROPERTIES
+        TIMEOUT ${arg_TIMEOUT}
+        ENVIRONMENT "HOME=${sandbox};XDG_CONFIG_HOME=${sandbox}/config;XDG_CONFIG_DIRS=${sandbox}/config-dirs;\
+XDG_DATA_HOME=${sandbox}/data;XDG_RUNTIME_DIR=${sandbox}/run;TMPDIR=${sandbox}/tmp;QT_QPA_PLATFORM=${platform};\
+QT_STYLE_OVERRIDE=Fusion;QT_FONT_DPI=96;QT_LOGGING_RULES=;LC_ALL=C.UTF-8;LANGUAGE=;LOCPATH=${OSTREL_TEST_LOCALES};\
+QTEST_FUNCTION_TIMEOUT=${function_timeout};FENNAR_COMPONENT_PATH=;\
+LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0;\
+UBSAN_OPTIONS=print_stacktrace=1")
+=======
     ostrel_sandbox_test(${name} ${platform})
     set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT})
     set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "QTEST_FUNCTION_TIMEOUT=${function_timeout}")
+>>>>>>> main
     if(arg_PROGRAM)
         set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "ASAN_OPTIONS=fast_unwind_on_malloc=0")
     endif()

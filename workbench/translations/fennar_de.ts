@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>ColourScheme</name>
+    <message>
+        <source>S&amp;ystem Colors</source>
+        <translation>S&amp;ystemfarben</translation>
+    </message>
+    <message>
+        <source>Li&amp;ght Colors</source>
+        <translation>Helle F&amp;arben</translation>
+    </message>
+    <message>
+        <source>&amp;Dark Colors</source>
+        <translation>Dun&amp;kle Farben</translation>
+    </message>
+</context>
+<context>
     <name>CommandDialog</name>
     <message>
         <source>Fill in all fields; numbers have a decimal point.</source>
@@ -26,6 +41,301 @@
         <source>Apply %1</source>
         <translation>%1 anwenden</translation>
     </message>
+    <message>
+        <source>Edit the line</source>
+        <translation>Zeile bearbeiten</translation>
+    </message>
+    <message>
+        <source>Way to use the command</source>
+        <translation>Form des Befehls</translation>
+    </message>
+    <message>
+        <source>Write the command line yourself</source>
+        <translation>Die Befehlszeile selbst schreiben</translation>
+    </message>
+    <message>
+        <source>%1 (optional):</source>
+        <translation>%1 (optional):</translation>
+    </message>
+    <message>
+        <source>%1:</source>
+        <translation>%1:</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>%1 must be filled in.</source>
+        <translation>%1 muss ausgefüllt werden.</translation>
+    </message>
+    <message>
+        <source>%1 must be filled in, too.</source>
+        <translation>%1 muss ebenfalls ausgefüllt werden.</translation>
+    </message>
+    <message>
+        <source>%1: the numbers must not all be 0.</source>
+        <translation>%1: die Zahlen dürfen nicht alle 0 sein.</translation>
+    </message>
+</context>
+<context>
+    <name>CommandParameter</name>
+    <message>
+        <source>Components</source>
+        <translation>Komponenten</translation>
+    </message>
+    <message>
+        <source>Component</source>
+        <translation>Komponente</translation>
+    </message>
+    <message>
+        <source>By name</source>
+        <translation>Nach Namen</translation>
+    </message>
+    <message>
+        <source>From a file</source>
+        <translation>Aus einer Datei</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Anzahl</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>Modell</translation>
+    </message>
+    <message>
+        <source>Model Files</source>
+        <translation>Modelldateien</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Needed only where the ending of the file does not tell it.</source>
+        <translation>Nur nötig, wenn die Dateiendung es nicht verrät.</translation>
+    </message>
+    <message>
+        <source>Size of the triangles</source>
+        <translation>Größe der Dreiecke</translation>
+    </message>
+    <message>
+        <source>Solids</source>
+        <translation>Körper</translation>
+    </message>
+    <message>
+        <source>Mesh</source>
+        <translation>Netz</translation>
+    </message>
+    <message>
+        <source>Radius of the top</source>
+        <translation>Oberer Radius</translation>
+    </message>
+    <message>
+        <source>Without it the cone ends in a point.</source>
+        <translation>Ohne ihn endet der Kegel in einer Spitze.</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>Tiefe</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Without depth and height it is a cube.</source>
+        <translation>Ohne Tiefe und Höhe ist es ein Würfel.</translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <translation>Mittelpunkt</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>Radius</translation>
+    </message>
+    <message>
+        <source>Radius of the tube</source>
+        <translation>Radius des Rohrs</translation>
+    </message>
+    <message>
+        <source>Way</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>Winkel</translation>
+    </message>
+    <message>
+        <source>Point on the axis</source>
+        <translation>Punkt auf der Achse</translation>
+    </message>
+    <message>
+        <source>Solid</source>
+        <translation>Körper</translation>
+    </message>
+    <message>
+        <source>Size of the elements</source>
+        <translation>Größe der Elemente</translation>
+    </message>
+    <message>
+        <source>Show all messages of the mesher</source>
+        <translation>Alle Meldungen des Vernetzers zeigen</translation>
+    </message>
+    <message>
+        <source>Measure</source>
+        <translation>Maß</translation>
+    </message>
+    <message>
+        <source>X</source>
+        <translation>X</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>Y</translation>
+    </message>
+    <message>
+        <source>Z</source>
+        <translation>Z</translation>
+    </message>
+    <message>
+        <source>Axis</source>
+        <translation>Achse</translation>
+    </message>
+    <message>
+        <source>The direction; its length does not matter.</source>
+        <translation>Die Richtung; ihre Länge ist gleichgültig.</translation>
+    </message>
+    <message>
+        <source>New name</source>
+        <translation>Neuer Name</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Without one the solid is named after its kind and number.</source>
+        <translation>Ohne Namen heißt der Körper nach seiner Art und Nummer.</translation>
+    </message>
+    <message>
+        <source>Side</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>Was</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Whom to greet</source>
+        <translation>Wer gegrüßt wird</translation>
+    </message>
+    <message>
+        <source>Quotes keep blanks; $NAME is a variable.</source>
+        <translation>Anführungszeichen bewahren Leerzeichen; $NAME ist eine Variable.</translation>
+    </message>
+    <message>
+        <source>Journals</source>
+        <translation>Journale</translation>
+    </message>
+    <message>
+        <source>Python Scripts</source>
+        <translation>Python-Skripte</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Words</source>
+        <translation>Wörter</translation>
+    </message>
+    <message>
+        <source>Variable</source>
+        <translation>Variable</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Zeilen</translation>
+    </message>
+    <message>
+        <source>Journal or script</source>
+        <translation>Journal oder Skript</translation>
+    </message>
+    <message>
+        <source>From line</source>
+        <translation>Ab Zeile</translation>
+    </message>
+    <message>
+        <source>Items</source>
+        <translation>Elemente</translation>
+    </message>
+    <message>
+        <source>Colors</source>
+        <translation>Farben</translation>
+    </message>
+    <message>
+        <source>For how long</source>
+        <translation>Wie lange</translation>
+    </message>
+    <message>
+        <source>Python scripts</source>
+        <translation>Python-Skripte</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Fenster</translation>
+    </message>
+    <message>
+        <source>A window</source>
+        <translation>Ein Fenster</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>A page of the options</source>
+        <translation>Eine Seite der Optionen</translation>
+    </message>
+    <message>
+        <source>Journal</source>
+        <translation>Journal</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Delay</source>
+        <translation>Verzögerung</translation>
+    </message>
+    <message>
+        <source>Statement</source>
+        <translation>Anweisung</translation>
+    </message>
 </context>
 <context>
     <name>ConsoleOwner</name>
@@ -49,12 +359,6 @@
         <source>The command history cannot be written; it will be lost at the end.
 </source>
         <translation>Der Befehlsverlauf kann nicht geschrieben werden; er geht am Ende verloren.
-</translation>
-    </message>
-    <message>
-        <source>ERROR: %1
-</source>
-        <translation>ERROR: %1
 </translation>
     </message>
 </context>
@@ -84,10 +388,6 @@
         <translation>&amp;Weniger</translation>
     </message>
     <message>
-        <source>Demo &amp;Dialog...</source>
-        <translation>De&amp;mo-Dialog...</translation>
-    </message>
-    <message>
         <source>Demo component</source>
         <translation>Demo-Komponente</translation>
     </message>
@@ -115,6 +415,10 @@
         <source>Number</source>
         <translation>Anzahl</translation>
     </message>
+    <message>
+        <source>D&amp;emo Dialog...</source>
+        <translation>De&amp;mo-Dialog...</translation>
+    </message>
 </context>
 <context>
     <name>DocumentKeeper</name>
@@ -125,6 +429,119 @@
     <message>
         <source>Unsaved journals cannot be kept for a recovery: %1. It will be tried again.</source>
         <translation>Nicht gespeicherte Journale können nicht für eine Wiederherstellung aufbewahrt werden: %1. Es wird erneut versucht.</translation>
+    </message>
+</context>
+<context>
+    <name>ErrorPage</name>
+    <message>
+        <source>Double-click an error, or press Enter on it, to see its line in the journal editor.</source>
+        <translation>Ein Doppelklick auf einen Fehler oder die Eingabetaste zeigt seine Zeile im Journal-Editor.</translation>
+    </message>
+    <message>
+        <source>&amp;Show in Journal Editor</source>
+        <translation>Im Journal-Editor &amp;zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>FormField</name>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1 in %2</translation>
+    </message>
+    <message>
+        <source>not given</source>
+        <translation>nicht angegeben</translation>
+    </message>
+    <message>
+        <source>Add to %1</source>
+        <translation>Zu %1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>Choose %1</source>
+        <translation>%1 wählen</translation>
+    </message>
+    <message>
+        <source>There is nothing to choose.</source>
+        <translation>Es gibt nichts auszuwählen.</translation>
+    </message>
+    <message>
+        <source>%1: a quote is not closed, or a variable is not set.</source>
+        <translation>%1: ein Anführungszeichen ist nicht geschlossen oder eine Variable nicht gesetzt.</translation>
+    </message>
+    <message>
+        <source>%1: there is no variable %2.</source>
+        <translation>%1: die Variable %2 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>%1: there is no &quot;%2&quot;.</source>
+        <translation>%1: „%2“ gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>%1: a letter, then letters, digits, &quot;_&quot;, &quot;-&quot; and &quot;.&quot;.</source>
+        <translation>%1: ein Buchstabe, dann Buchstaben, Ziffern, „_“, „-“ und „.“.</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; has a meaning of its own.</source>
+        <translation>%1: „%2“ hat eine eigene Bedeutung.</translation>
+    </message>
+    <message>
+        <source>%1: there is a &quot;%2&quot; already.</source>
+        <translation>%1: „%2“ gibt es schon.</translation>
+    </message>
+    <message>
+        <source>%1: a letter, then letters, digits and &quot;_&quot;.</source>
+        <translation>%1: ein Buchstabe, dann Buchstaben, Ziffern und „_“.</translation>
+    </message>
+    <message>
+        <source>%1: there is no file %2.</source>
+        <translation>%1: die Datei %2 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>%1: there is no folder %2.</source>
+        <translation>%1: den Ordner %2 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is a folder.</source>
+        <translation>%1: %2 ist ein Ordner.</translation>
+    </message>
+    <message>
+        <source>%1: a whole number from %2 to %3.</source>
+        <translation>%1: eine ganze Zahl von %2 bis %3.</translation>
+    </message>
+    <message>
+        <source>%1: a number from %2 to %3.</source>
+        <translation>%1: eine Zahl von %2 bis %3.</translation>
+    </message>
+    <message>
+        <source>%1: a whole number from %2 on.</source>
+        <translation>%1: eine ganze Zahl ab %2.</translation>
+    </message>
+    <message>
+        <source>%1: a number from %2 on.</source>
+        <translation>%1: eine Zahl ab %2.</translation>
+    </message>
+    <message>
+        <source>%1: a whole number.</source>
+        <translation>%1: eine ganze Zahl.</translation>
+    </message>
+    <message>
+        <source>%1: a number, as 2.5 or 1e-3.</source>
+        <translation>%1: eine Zahl wie 2.5 oder 1e-3.</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; stands alone.</source>
+        <translation>%1: „%2“ steht allein.</translation>
+    </message>
+    <message>
+        <source>%1: each one only once.</source>
+        <translation>%1: jeder nur einmal.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: at least %n.</source>
+        <translation>
+            <numerusform>%1: mindestens %n.</numerusform>
+            <numerusform>%1: mindestens %n.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -395,6 +812,28 @@
     </message>
 </context>
 <context>
+    <name>Hello</name>
+    <message>
+        <source>&amp;Greet the World</source>
+        <translation>Die &amp;Welt grüßen</translation>
+    </message>
+    <message>
+        <source>&amp;Hello</source>
+        <translation>Ha&amp;llo</translation>
+    </message>
+</context>
+<context>
+    <name>HistorySearch</name>
+    <message>
+        <source>Not in the history: %1</source>
+        <translation>Nicht im Verlauf: %1</translation>
+    </message>
+    <message>
+        <source>Search in the history: %1</source>
+        <translation>Suche im Verlauf: %1</translation>
+    </message>
+</context>
+<context>
     <name>InsertCommand</name>
     <message>
         <source>Insert command...</source>
@@ -466,6 +905,14 @@
     <message>
         <source>Journal Files (*.jou *.py);;All Files (*.*)</source>
         <translation>Journaldateien (*.jou *.py);;Alle Dateien (*.*)</translation>
+    </message>
+    <message>
+        <source>Show Error</source>
+        <translation>Fehler zeigen</translation>
+    </message>
+    <message>
+        <source>The document that was played has been closed and is in no file.</source>
+        <translation>Das abgespielte Dokument wurde geschlossen und steht in keiner Datei.</translation>
     </message>
 </context>
 <context>
@@ -738,12 +1185,362 @@
         <source>The Python interpreter of the application.</source>
         <translation>Der Python-Interpreter der Anwendung.</translation>
     </message>
+    <message>
+        <source>Make</source>
+        <translation>Erstellen</translation>
+    </message>
+    <message>
+        <source>Make solids.</source>
+        <translation>Körper erstellen.</translation>
+    </message>
+    <message>
+        <source>Brick</source>
+        <translation>Quader</translation>
+    </message>
+    <message>
+        <source>Makes a brick, or a cube.</source>
+        <translation>Erstellt einen Quader oder Würfel.</translation>
+    </message>
+    <message>
+        <source>Cylinder</source>
+        <translation>Zylinder</translation>
+    </message>
+    <message>
+        <source>Makes a cylinder.</source>
+        <translation>Erstellt einen Zylinder.</translation>
+    </message>
+    <message>
+        <source>Sphere</source>
+        <translation>Kugel</translation>
+    </message>
+    <message>
+        <source>Makes a sphere.</source>
+        <translation>Erstellt eine Kugel.</translation>
+    </message>
+    <message>
+        <source>Cone</source>
+        <translation>Kegel</translation>
+    </message>
+    <message>
+        <source>Makes a cone, or a part of one.</source>
+        <translation>Erstellt einen Kegel oder Kegelstumpf.</translation>
+    </message>
+    <message>
+        <source>Torus</source>
+        <translation>Torus</translation>
+    </message>
+    <message>
+        <source>Makes a torus.</source>
+        <translation>Erstellt einen Torus.</translation>
+    </message>
+    <message>
+        <source>Copy Solid</source>
+        <translation>Körper kopieren</translation>
+    </message>
+    <message>
+        <source>Makes another solid of the same shape.</source>
+        <translation>Erstellt einen weiteren Körper derselben Form.</translation>
+    </message>
+    <message>
+        <source>Modify</source>
+        <translation>Verändern</translation>
+    </message>
+    <message>
+        <source>Change solids and combine them.</source>
+        <translation>Körper ändern und kombinieren.</translation>
+    </message>
+    <message>
+        <source>Combine</source>
+        <translation>Kombinieren</translation>
+    </message>
+    <message>
+        <source>Make one solid of several.</source>
+        <translation>Aus mehreren Körpern einen machen.</translation>
+    </message>
+    <message>
+        <source>Unite</source>
+        <translation>Vereinigen</translation>
+    </message>
+    <message>
+        <source>Makes one solid of several.</source>
+        <translation>Macht aus mehreren Körpern einen.</translation>
+    </message>
+    <message>
+        <source>Subtract</source>
+        <translation>Abziehen</translation>
+    </message>
+    <message>
+        <source>Takes the tools away from a solid.</source>
+        <translation>Zieht die Werkzeugkörper von einem Körper ab.</translation>
+    </message>
+    <message>
+        <source>Intersect</source>
+        <translation>Verschneiden</translation>
+    </message>
+    <message>
+        <source>Keeps what several solids have in common.</source>
+        <translation>Behält, was mehreren Körpern gemeinsam ist.</translation>
+    </message>
+    <message>
+        <source>Move Solids</source>
+        <translation>Körper verschieben</translation>
+    </message>
+    <message>
+        <source>Moves solids.</source>
+        <translation>Verschiebt Körper.</translation>
+    </message>
+    <message>
+        <source>Rotate Solids</source>
+        <translation>Körper drehen</translation>
+    </message>
+    <message>
+        <source>Turns solids about an axis.</source>
+        <translation>Dreht Körper um eine Achse.</translation>
+    </message>
+    <message>
+        <source>Rename Solid</source>
+        <translation>Körper umbenennen</translation>
+    </message>
+    <message>
+        <source>Gives a solid another name.</source>
+        <translation>Gibt einem Körper einen anderen Namen.</translation>
+    </message>
+    <message>
+        <source>Delete Solids</source>
+        <translation>Körper löschen</translation>
+    </message>
+    <message>
+        <source>Deletes solids.</source>
+        <translation>Löscht Körper.</translation>
+    </message>
+    <message>
+        <source>Mesh</source>
+        <translation>Netz</translation>
+    </message>
+    <message>
+        <source>Make a mesh and look at its numbers.</source>
+        <translation>Ein Netz erstellen und seine Kennzahlen ansehen.</translation>
+    </message>
+    <message>
+        <source>Mesh Solids</source>
+        <translation>Körper vernetzen</translation>
+    </message>
+    <message>
+        <source>Fills solids with tetrahedra.</source>
+        <translation>Füllt Körper mit Tetraedern.</translation>
+    </message>
+    <message>
+        <source>Mesh Statistics</source>
+        <translation>Netzstatistik</translation>
+    </message>
+    <message>
+        <source>Counts the nodes and elements of the mesh.</source>
+        <translation>Zählt die Knoten und Elemente des Netzes.</translation>
+    </message>
+    <message>
+        <source>Mesh Quality</source>
+        <translation>Netzqualität</translation>
+    </message>
+    <message>
+        <source>Measures the volume elements of the mesh.</source>
+        <translation>Misst die Volumenelemente des Netzes.</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>Ansehen</translation>
+    </message>
+    <message>
+        <source>Choose what the graphics view shows.</source>
+        <translation>Wählen, was die Grafikansicht zeigt.</translation>
+    </message>
+    <message>
+        <source>Look From</source>
+        <translation>Blickrichtung</translation>
+    </message>
+    <message>
+        <source>Looks at the solids from one side.</source>
+        <translation>Zeigt die Körper von einer Seite.</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Einpassen</translation>
+    </message>
+    <message>
+        <source>Shows all solids, from the same side.</source>
+        <translation>Zeigt alle Körper von derselben Seite.</translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation>Anzeige</translation>
+    </message>
+    <message>
+        <source>Tells or sets what the graphics view shows.</source>
+        <translation>Nennt oder bestimmt, was die Grafikansicht zeigt.</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Dateien</translation>
+    </message>
+    <message>
+        <source>Open and save models, exchange them with other programs.</source>
+        <translation>Modelle öffnen, speichern und mit anderen Programmen austauschen.</translation>
+    </message>
+    <message>
+        <source>New Model</source>
+        <translation>Neues Modell</translation>
+    </message>
+    <message>
+        <source>Starts an empty model.</source>
+        <translation>Beginnt ein leeres Modell.</translation>
+    </message>
+    <message>
+        <source>Open Model</source>
+        <translation>Modell öffnen</translation>
+    </message>
+    <message>
+        <source>Opens a model that was saved.</source>
+        <translation>Öffnet ein gespeichertes Modell.</translation>
+    </message>
+    <message>
+        <source>Save Model</source>
+        <translation>Modell speichern</translation>
+    </message>
+    <message>
+        <source>Saves the model.</source>
+        <translation>Speichert das Modell.</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Reads solids or a mesh from a file.</source>
+        <translation>Liest Körper oder ein Netz aus einer Datei.</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Writes solids or the mesh to a file.</source>
+        <translation>Schreibt Körper oder das Netz in eine Datei.</translation>
+    </message>
+    <message>
+        <source>Count</source>
+        <translation>Zählen</translation>
+    </message>
+    <message>
+        <source>Counts, to show what a component can add.</source>
+        <translation>Zählt, um zu zeigen, was eine Komponente hinzufügen kann.</translation>
+    </message>
+    <message>
+        <source>List Solids</source>
+        <translation>Körper auflisten</translation>
+    </message>
+    <message>
+        <source>Lists solids with their measures.</source>
+        <translation>Listet Körper mit ihren Maßen auf.</translation>
+    </message>
+    <message>
+        <source>Recover Journals</source>
+        <translation>Journale wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Offers the journals that were kept for later.</source>
+        <translation>Bietet die für später behaltenen Journale an.</translation>
+    </message>
+    <message>
+        <source>Solids</source>
+        <translation>Körper</translation>
+    </message>
+    <message>
+        <source>The solids of the model.</source>
+        <translation>Die Körper des Modells.</translation>
+    </message>
+    <message>
+        <source>New Solid</source>
+        <translation>Neuer Körper</translation>
+    </message>
+    <message>
+        <source>Simple solids to begin with.</source>
+        <translation>Einfache Körper für den Anfang.</translation>
+    </message>
+    <message>
+        <source>One solid of several.</source>
+        <translation>Ein Körper aus mehreren.</translation>
+    </message>
+    <message>
+        <source>The mesh that was made last.</source>
+        <translation>Das zuletzt erstellte Netz.</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>Modell</translation>
+    </message>
+    <message>
+        <source>The model as a whole, and its files.</source>
+        <translation>Das Modell als Ganzes und seine Dateien.</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>What the graphics view shows.</source>
+        <translation>Was die Grafikansicht zeigt.</translation>
+    </message>
+</context>
+<context>
+    <name>PanelOptions</name>
+    <message>
+        <source>Panel</source>
+        <translation>Befehlsleiste</translation>
+    </message>
 </context>
 <context>
     <name>PanelView</name>
     <message>
         <source>There are no commands.</source>
         <translation>Es gibt keine Befehle.</translation>
+    </message>
+</context>
+<context>
+    <name>QtPanelOptions</name>
+    <message>
+        <source>Panel</source>
+        <translation>Befehlsleiste</translation>
+    </message>
+    <message>
+        <source>Command Panel</source>
+        <translation>Befehlsleiste</translation>
+    </message>
+    <message>
+        <source>&amp;Rows of buttons, one below the other</source>
+        <translation>&amp;Reihen von Schaltflächen untereinander</translation>
+    </message>
+    <message>
+        <source>One &amp;level at a time, and the way that led there</source>
+        <translation>Jeweils eine &amp;Ebene und der Weg dorthin</translation>
+    </message>
+    <message>
+        <source>Large pictures above the titles of the level</source>
+        <translation>Große Bilder über den Titeln der Ebene</translation>
+    </message>
+    <message>
+        <source>Large &amp;pictures</source>
+        <translation>Große &amp;Bilder</translation>
+    </message>
+    <message>
+        <source>Arrangement of the Commands</source>
+        <translation>Anordnung der Befehle</translation>
+    </message>
+    <message>
+        <source>By what you want to &amp;do</source>
+        <translation>Nach dem, was Sie &amp;tun wollen</translation>
+    </message>
+    <message>
+        <source>By what you &amp;work on</source>
+        <translation>Nach dem, womit Sie &amp;arbeiten</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>ColourScheme</name>
+    <message>
+        <source>S&amp;ystem Colors</source>
+        <translation>系统配色(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Li&amp;ght Colors</source>
+        <translation>浅色(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Dark Colors</source>
+        <translation>深色(&amp;K)</translation>
+    </message>
+</context>
+<context>
     <name>CommandDialog</name>
     <message>
         <source>Fill in all fields; numbers have a decimal point.</source>
@@ -26,6 +41,301 @@
         <source>Apply %1</source>
         <translation>应用“%1”</translation>
     </message>
+    <message>
+        <source>Edit the line</source>
+        <translation>编辑命令行</translation>
+    </message>
+    <message>
+        <source>Way to use the command</source>
+        <translation>命令的用法</translation>
+    </message>
+    <message>
+        <source>Write the command line yourself</source>
+        <translation>自行编写命令行</translation>
+    </message>
+    <message>
+        <source>%1 (optional):</source>
+        <translation>%1（可选）：</translation>
+    </message>
+    <message>
+        <source>%1:</source>
+        <translation>%1：</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>%1 must be filled in.</source>
+        <translation>必须填写“%1”。</translation>
+    </message>
+    <message>
+        <source>%1 must be filled in, too.</source>
+        <translation>还必须填写“%1”。</translation>
+    </message>
+    <message>
+        <source>%1: the numbers must not all be 0.</source>
+        <translation>%1：数值不能全为 0。</translation>
+    </message>
+</context>
+<context>
+    <name>CommandParameter</name>
+    <message>
+        <source>Components</source>
+        <translation>组件</translation>
+    </message>
+    <message>
+        <source>Component</source>
+        <translation>组件</translation>
+    </message>
+    <message>
+        <source>By name</source>
+        <translation>按名称</translation>
+    </message>
+    <message>
+        <source>From a file</source>
+        <translation>来自文件</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>数量</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>模型</translation>
+    </message>
+    <message>
+        <source>Model Files</source>
+        <translation>模型文件</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>格式</translation>
+    </message>
+    <message>
+        <source>Needed only where the ending of the file does not tell it.</source>
+        <translation>仅当文件扩展名无法说明格式时才需要。</translation>
+    </message>
+    <message>
+        <source>Size of the triangles</source>
+        <translation>三角形尺寸</translation>
+    </message>
+    <message>
+        <source>Solids</source>
+        <translation>实体</translation>
+    </message>
+    <message>
+        <source>Mesh</source>
+        <translation>网格</translation>
+    </message>
+    <message>
+        <source>Radius of the top</source>
+        <translation>顶面半径</translation>
+    </message>
+    <message>
+        <source>Without it the cone ends in a point.</source>
+        <translation>不指定时圆锥收于一点。</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>工具</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>深度</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高度</translation>
+    </message>
+    <message>
+        <source>Without depth and height it is a cube.</source>
+        <translation>不指定深度和高度时为立方体。</translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <translation>中心</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>半径</translation>
+    </message>
+    <message>
+        <source>Radius of the tube</source>
+        <translation>管半径</translation>
+    </message>
+    <message>
+        <source>Way</source>
+        <translation>方式</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>Point on the axis</source>
+        <translation>轴上的点</translation>
+    </message>
+    <message>
+        <source>Solid</source>
+        <translation>实体</translation>
+    </message>
+    <message>
+        <source>Size of the elements</source>
+        <translation>单元尺寸</translation>
+    </message>
+    <message>
+        <source>Show all messages of the mesher</source>
+        <translation>显示网格生成器的所有消息</translation>
+    </message>
+    <message>
+        <source>Measure</source>
+        <translation>度量</translation>
+    </message>
+    <message>
+        <source>X</source>
+        <translation>X</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>Y</translation>
+    </message>
+    <message>
+        <source>Z</source>
+        <translation>Z</translation>
+    </message>
+    <message>
+        <source>Axis</source>
+        <translation>轴</translation>
+    </message>
+    <message>
+        <source>The direction; its length does not matter.</source>
+        <translation>方向；长度无关紧要。</translation>
+    </message>
+    <message>
+        <source>New name</source>
+        <translation>新名称</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Without one the solid is named after its kind and number.</source>
+        <translation>不指定时按实体的种类和编号命名。</translation>
+    </message>
+    <message>
+        <source>Side</source>
+        <translation>侧面</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>内容</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>Whom to greet</source>
+        <translation>问候对象</translation>
+    </message>
+    <message>
+        <source>Quotes keep blanks; $NAME is a variable.</source>
+        <translation>引号可保留空格；$NAME 为变量。</translation>
+    </message>
+    <message>
+        <source>Journals</source>
+        <translation>日志脚本</translation>
+    </message>
+    <message>
+        <source>Python Scripts</source>
+        <translation>Python 脚本</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>命令</translation>
+    </message>
+    <message>
+        <source>Words</source>
+        <translation>文字</translation>
+    </message>
+    <message>
+        <source>Variable</source>
+        <translation>变量</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>值</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>行数</translation>
+    </message>
+    <message>
+        <source>Journal or script</source>
+        <translation>日志脚本或脚本</translation>
+    </message>
+    <message>
+        <source>From line</source>
+        <translation>起始行</translation>
+    </message>
+    <message>
+        <source>Items</source>
+        <translation>项目</translation>
+    </message>
+    <message>
+        <source>Colors</source>
+        <translation>颜色</translation>
+    </message>
+    <message>
+        <source>For how long</source>
+        <translation>持续时间</translation>
+    </message>
+    <message>
+        <source>Python scripts</source>
+        <translation>Python 脚本</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>窗口</translation>
+    </message>
+    <message>
+        <source>A window</source>
+        <translation>窗口</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>页</translation>
+    </message>
+    <message>
+        <source>A page of the options</source>
+        <translation>选项页</translation>
+    </message>
+    <message>
+        <source>Journal</source>
+        <translation>日志脚本</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>图片</translation>
+    </message>
+    <message>
+        <source>Delay</source>
+        <translation>延迟</translation>
+    </message>
+    <message>
+        <source>Statement</source>
+        <translation>语句</translation>
+    </message>
 </context>
 <context>
     <name>ConsoleOwner</name>
@@ -49,12 +359,6 @@
         <source>The command history cannot be written; it will be lost at the end.
 </source>
         <translation>无法写入命令历史；退出时将会丢失。
-</translation>
-    </message>
-    <message>
-        <source>ERROR: %1
-</source>
-        <translation>ERROR: %1
 </translation>
     </message>
 </context>
@@ -84,10 +388,6 @@
         <translation>减少(&amp;L)</translation>
     </message>
     <message>
-        <source>Demo &amp;Dialog...</source>
-        <translation>演示对话框(&amp;D)...</translation>
-    </message>
-    <message>
         <source>Demo component</source>
         <translation>演示组件</translation>
     </message>
@@ -115,6 +415,10 @@
         <source>Number</source>
         <translation>数量</translation>
     </message>
+    <message>
+        <source>D&amp;emo Dialog...</source>
+        <translation>演示对话框(&amp;E)...</translation>
+    </message>
 </context>
 <context>
     <name>DocumentKeeper</name>
@@ -125,6 +429,118 @@
     <message>
         <source>Unsaved journals cannot be kept for a recovery: %1. It will be tried again.</source>
         <translation>无法保留未保存的日志脚本以供恢复：%1。稍后将重试。</translation>
+    </message>
+</context>
+<context>
+    <name>ErrorPage</name>
+    <message>
+        <source>Double-click an error, or press Enter on it, to see its line in the journal editor.</source>
+        <translation>双击错误或按 Enter 键，可在日志脚本编辑器中查看对应的行。</translation>
+    </message>
+    <message>
+        <source>&amp;Show in Journal Editor</source>
+        <translation>在日志脚本编辑器中显示(&amp;S)</translation>
+    </message>
+</context>
+<context>
+    <name>FormField</name>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>not given</source>
+        <translation>未指定</translation>
+    </message>
+    <message>
+        <source>Add to %1</source>
+        <translation>添加到“%1”</translation>
+    </message>
+    <message>
+        <source>Choose %1</source>
+        <translation>选择“%1”</translation>
+    </message>
+    <message>
+        <source>There is nothing to choose.</source>
+        <translation>没有可选择的内容。</translation>
+    </message>
+    <message>
+        <source>%1: a quote is not closed, or a variable is not set.</source>
+        <translation>%1：引号未闭合，或变量未设置。</translation>
+    </message>
+    <message>
+        <source>%1: there is no variable %2.</source>
+        <translation>%1：没有变量 %2。</translation>
+    </message>
+    <message>
+        <source>%1: there is no &quot;%2&quot;.</source>
+        <translation>%1：没有“%2”。</translation>
+    </message>
+    <message>
+        <source>%1: a letter, then letters, digits, &quot;_&quot;, &quot;-&quot; and &quot;.&quot;.</source>
+        <translation>%1：以字母开头，其后为字母、数字、“_”、“-”和“.”。</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; has a meaning of its own.</source>
+        <translation>%1：“%2”有特殊含义。</translation>
+    </message>
+    <message>
+        <source>%1: there is a &quot;%2&quot; already.</source>
+        <translation>%1：已存在“%2”。</translation>
+    </message>
+    <message>
+        <source>%1: a letter, then letters, digits and &quot;_&quot;.</source>
+        <translation>%1：以字母开头，其后为字母、数字和“_”。</translation>
+    </message>
+    <message>
+        <source>%1: there is no file %2.</source>
+        <translation>%1：没有文件 %2。</translation>
+    </message>
+    <message>
+        <source>%1: there is no folder %2.</source>
+        <translation>%1：没有文件夹 %2。</translation>
+    </message>
+    <message>
+        <source>%1: %2 is a folder.</source>
+        <translation>%1：%2 是文件夹。</translation>
+    </message>
+    <message>
+        <source>%1: a whole number from %2 to %3.</source>
+        <translation>%1：%2 到 %3 之间的整数。</translation>
+    </message>
+    <message>
+        <source>%1: a number from %2 to %3.</source>
+        <translation>%1：%2 到 %3 之间的数。</translation>
+    </message>
+    <message>
+        <source>%1: a whole number from %2 on.</source>
+        <translation>%1：不小于 %2 的整数。</translation>
+    </message>
+    <message>
+        <source>%1: a number from %2 on.</source>
+        <translation>%1：不小于 %2 的数。</translation>
+    </message>
+    <message>
+        <source>%1: a whole number.</source>
+        <translation>%1：整数。</translation>
+    </message>
+    <message>
+        <source>%1: a number, as 2.5 or 1e-3.</source>
+        <translation>%1：数值，例如 2.5 或 1e-3。</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; stands alone.</source>
+        <translation>%1：“%2”必须单独使用。</translation>
+    </message>
+    <message>
+        <source>%1: each one only once.</source>
+        <translation>%1：每项只能出现一次。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: at least %n.</source>
+        <translation>
+            <numerusform>%1：至少 %n 个。</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -395,6 +811,28 @@
     </message>
 </context>
 <context>
+    <name>Hello</name>
+    <message>
+        <source>&amp;Greet the World</source>
+        <translation>问候世界(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Hello</source>
+        <translation>你好(&amp;L)</translation>
+    </message>
+</context>
+<context>
+    <name>HistorySearch</name>
+    <message>
+        <source>Not in the history: %1</source>
+        <translation>历史中没有：%1</translation>
+    </message>
+    <message>
+        <source>Search in the history: %1</source>
+        <translation>在历史中搜索：%1</translation>
+    </message>
+</context>
+<context>
     <name>InsertCommand</name>
     <message>
         <source>Insert command...</source>
@@ -466,6 +904,14 @@
     <message>
         <source>Journal Files (*.jou *.py);;All Files (*.*)</source>
         <translation>日志脚本文件 (*.jou *.py);;所有文件 (*.*)</translation>
+    </message>
+    <message>
+        <source>Show Error</source>
+        <translation>显示错误</translation>
+    </message>
+    <message>
+        <source>The document that was played has been closed and is in no file.</source>
+        <translation>所播放的文档已关闭，且未保存到文件。</translation>
     </message>
 </context>
 <context>
@@ -738,12 +1184,362 @@
         <source>The Python interpreter of the application.</source>
         <translation>应用程序的 Python 解释器。</translation>
     </message>
+    <message>
+        <source>Make</source>
+        <translation>创建</translation>
+    </message>
+    <message>
+        <source>Make solids.</source>
+        <translation>创建实体。</translation>
+    </message>
+    <message>
+        <source>Brick</source>
+        <translation>长方体</translation>
+    </message>
+    <message>
+        <source>Makes a brick, or a cube.</source>
+        <translation>创建长方体或立方体。</translation>
+    </message>
+    <message>
+        <source>Cylinder</source>
+        <translation>圆柱体</translation>
+    </message>
+    <message>
+        <source>Makes a cylinder.</source>
+        <translation>创建圆柱体。</translation>
+    </message>
+    <message>
+        <source>Sphere</source>
+        <translation>球体</translation>
+    </message>
+    <message>
+        <source>Makes a sphere.</source>
+        <translation>创建球体。</translation>
+    </message>
+    <message>
+        <source>Cone</source>
+        <translation>圆锥体</translation>
+    </message>
+    <message>
+        <source>Makes a cone, or a part of one.</source>
+        <translation>创建圆锥体或圆台。</translation>
+    </message>
+    <message>
+        <source>Torus</source>
+        <translation>圆环体</translation>
+    </message>
+    <message>
+        <source>Makes a torus.</source>
+        <translation>创建圆环体。</translation>
+    </message>
+    <message>
+        <source>Copy Solid</source>
+        <translation>复制实体</translation>
+    </message>
+    <message>
+        <source>Makes another solid of the same shape.</source>
+        <translation>创建另一个形状相同的实体。</translation>
+    </message>
+    <message>
+        <source>Modify</source>
+        <translation>修改</translation>
+    </message>
+    <message>
+        <source>Change solids and combine them.</source>
+        <translation>修改和组合实体。</translation>
+    </message>
+    <message>
+        <source>Combine</source>
+        <translation>组合</translation>
+    </message>
+    <message>
+        <source>Make one solid of several.</source>
+        <translation>将多个实体合为一个。</translation>
+    </message>
+    <message>
+        <source>Unite</source>
+        <translation>合并</translation>
+    </message>
+    <message>
+        <source>Makes one solid of several.</source>
+        <translation>将多个实体合为一个。</translation>
+    </message>
+    <message>
+        <source>Subtract</source>
+        <translation>相减</translation>
+    </message>
+    <message>
+        <source>Takes the tools away from a solid.</source>
+        <translation>从实体中减去工具实体。</translation>
+    </message>
+    <message>
+        <source>Intersect</source>
+        <translation>相交</translation>
+    </message>
+    <message>
+        <source>Keeps what several solids have in common.</source>
+        <translation>保留多个实体的公共部分。</translation>
+    </message>
+    <message>
+        <source>Move Solids</source>
+        <translation>移动实体</translation>
+    </message>
+    <message>
+        <source>Moves solids.</source>
+        <translation>移动实体。</translation>
+    </message>
+    <message>
+        <source>Rotate Solids</source>
+        <translation>旋转实体</translation>
+    </message>
+    <message>
+        <source>Turns solids about an axis.</source>
+        <translation>绕轴旋转实体。</translation>
+    </message>
+    <message>
+        <source>Rename Solid</source>
+        <translation>重命名实体</translation>
+    </message>
+    <message>
+        <source>Gives a solid another name.</source>
+        <translation>更改实体的名称。</translation>
+    </message>
+    <message>
+        <source>Delete Solids</source>
+        <translation>删除实体</translation>
+    </message>
+    <message>
+        <source>Deletes solids.</source>
+        <translation>删除实体。</translation>
+    </message>
+    <message>
+        <source>Mesh</source>
+        <translation>网格</translation>
+    </message>
+    <message>
+        <source>Make a mesh and look at its numbers.</source>
+        <translation>划分网格并查看其数据。</translation>
+    </message>
+    <message>
+        <source>Mesh Solids</source>
+        <translation>划分实体网格</translation>
+    </message>
+    <message>
+        <source>Fills solids with tetrahedra.</source>
+        <translation>用四面体填充实体。</translation>
+    </message>
+    <message>
+        <source>Mesh Statistics</source>
+        <translation>网格统计</translation>
+    </message>
+    <message>
+        <source>Counts the nodes and elements of the mesh.</source>
+        <translation>统计网格的节点和单元。</translation>
+    </message>
+    <message>
+        <source>Mesh Quality</source>
+        <translation>网格质量</translation>
+    </message>
+    <message>
+        <source>Measures the volume elements of the mesh.</source>
+        <translation>测量网格的体单元。</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>查看</translation>
+    </message>
+    <message>
+        <source>Choose what the graphics view shows.</source>
+        <translation>选择图形视图显示的内容。</translation>
+    </message>
+    <message>
+        <source>Look From</source>
+        <translation>观察方向</translation>
+    </message>
+    <message>
+        <source>Looks at the solids from one side.</source>
+        <translation>从某一侧查看实体。</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>适合窗口</translation>
+    </message>
+    <message>
+        <source>Shows all solids, from the same side.</source>
+        <translation>从同一方向显示所有实体。</translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation>显示</translation>
+    </message>
+    <message>
+        <source>Tells or sets what the graphics view shows.</source>
+        <translation>说明或设置图形视图显示的内容。</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Open and save models, exchange them with other programs.</source>
+        <translation>打开和保存模型，并与其他程序交换。</translation>
+    </message>
+    <message>
+        <source>New Model</source>
+        <translation>新建模型</translation>
+    </message>
+    <message>
+        <source>Starts an empty model.</source>
+        <translation>新建空模型。</translation>
+    </message>
+    <message>
+        <source>Open Model</source>
+        <translation>打开模型</translation>
+    </message>
+    <message>
+        <source>Opens a model that was saved.</source>
+        <translation>打开已保存的模型。</translation>
+    </message>
+    <message>
+        <source>Save Model</source>
+        <translation>保存模型</translation>
+    </message>
+    <message>
+        <source>Saves the model.</source>
+        <translation>保存模型。</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>导入</translation>
+    </message>
+    <message>
+        <source>Reads solids or a mesh from a file.</source>
+        <translation>从文件读取实体或网格。</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>导出</translation>
+    </message>
+    <message>
+        <source>Writes solids or the mesh to a file.</source>
+        <translation>将实体或网格写入文件。</translation>
+    </message>
+    <message>
+        <source>Count</source>
+        <translation>计数</translation>
+    </message>
+    <message>
+        <source>Counts, to show what a component can add.</source>
+        <translation>计数，用于展示组件可以添加的功能。</translation>
+    </message>
+    <message>
+        <source>List Solids</source>
+        <translation>列出实体</translation>
+    </message>
+    <message>
+        <source>Lists solids with their measures.</source>
+        <translation>列出实体及其度量值。</translation>
+    </message>
+    <message>
+        <source>Recover Journals</source>
+        <translation>恢复日志脚本</translation>
+    </message>
+    <message>
+        <source>Offers the journals that were kept for later.</source>
+        <translation>提供留待以后恢复的日志脚本。</translation>
+    </message>
+    <message>
+        <source>Solids</source>
+        <translation>实体</translation>
+    </message>
+    <message>
+        <source>The solids of the model.</source>
+        <translation>模型的实体。</translation>
+    </message>
+    <message>
+        <source>New Solid</source>
+        <translation>新建实体</translation>
+    </message>
+    <message>
+        <source>Simple solids to begin with.</source>
+        <translation>用于起步的简单实体。</translation>
+    </message>
+    <message>
+        <source>One solid of several.</source>
+        <translation>由多个实体得到一个实体。</translation>
+    </message>
+    <message>
+        <source>The mesh that was made last.</source>
+        <translation>最近生成的网格。</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>模型</translation>
+    </message>
+    <message>
+        <source>The model as a whole, and its files.</source>
+        <translation>整个模型及其文件。</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>视图</translation>
+    </message>
+    <message>
+        <source>What the graphics view shows.</source>
+        <translation>图形视图显示的内容。</translation>
+    </message>
+</context>
+<context>
+    <name>PanelOptions</name>
+    <message>
+        <source>Panel</source>
+        <translation>命令面板</translation>
+    </message>
 </context>
 <context>
     <name>PanelView</name>
     <message>
         <source>There are no commands.</source>
         <translation>没有命令。</translation>
+    </message>
+</context>
+<context>
+    <name>QtPanelOptions</name>
+    <message>
+        <source>Panel</source>
+        <translation>命令面板</translation>
+    </message>
+    <message>
+        <source>Command Panel</source>
+        <translation>命令面板</translation>
+    </message>
+    <message>
+        <source>&amp;Rows of buttons, one below the other</source>
+        <translation>多行按钮，逐行排列(&amp;R)</translation>
+    </message>
+    <message>
+        <source>One &amp;level at a time, and the way that led there</source>
+        <translation>每次显示一个层级及其路径(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Large pictures above the titles of the level</source>
+        <translation>在当前层级的标题上方显示大图标</translation>
+    </message>
+    <message>
+        <source>Large &amp;pictures</source>
+        <translation>大图标(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Arrangement of the Commands</source>
+        <translation>命令的排列方式</translation>
+    </message>
+    <message>
+        <source>By what you want to &amp;do</source>
+        <translation>按操作目的(&amp;D)</translation>
+    </message>
+    <message>
+        <source>By what you &amp;work on</source>
+        <translation>按操作对象(&amp;W)</translation>
     </message>
 </context>
 <context>

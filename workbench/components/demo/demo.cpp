@@ -124,7 +124,7 @@ DemoWindow::DemoWindow(Ostrel* window)
       mReset(make_action("demoReset", tr("&Reset"), QStyle::SP_BrowserReload)),
       mMore(make_action("demoMore", tr("&More"), QStyle::SP_ArrowUp)),
       mLess(make_action("demoLess", tr("&Less"), QStyle::SP_ArrowDown)),
-      mDialogAction(make_action("demoDialog", tr("Demo &Dialog..."), QStyle::SP_TitleBarMenuButton))
+      mDialogAction(make_action("demoDialog", tr("D&emo Dialog..."), QStyle::SP_TitleBarMenuButton))
 {
     setObjectName(u"DemoWindow"_s);
     add_dock();
