@@ -12,6 +12,14 @@ if(NOT EXISTS ${OSTREL_TEST_LOCALES}/de_DE.UTF-8/LC_NUMERIC)
     endif()
 endif()
 
+# Newer versions of Qt narrow numbers in the text of their test macros, where the compiler blames the sources that have them.
+function(ostrel_has_test_macros)
+    if(Qt6_VERSION VERSION_GREATER_EQUAL 6.5)
+        # On the sources, since a target's own options stand before those that it inherits.
+        set_property(SOURCE ${ARGN} APPEND PROPERTY COMPILE_OPTIONS -Wno-conversion)
+    endif()
+endfunction()
+
 # Gives a test that is declared a home directory of its own under the build tree.
 function(ostrel_sandbox_test name platform)
     set(sandbox ${CMAKE_BINARY_DIR}/sandbox/${name})
@@ -53,11 +61,7 @@ function(ostrel_add_test name)
     target_link_libraries(${name} PRIVATE ostrel_house ostrel_testsupport ${arg_LIBRARIES} Qt6::Test)
     # A test spends its time in what it tests; not optimising its own code halves the time to compile it.
     target_compile_options(${name} PRIVATE -O0)
-    # Newer versions of Qt narrow numbers in the text of their test macros, where the compiler blames the test.
-    if(Qt6_VERSION VERSION_GREATER_EQUAL 6.5)
-        # On the sources, since a target's own options stand before those that it inherits.
-        set_property(SOURCE ${arg_SOURCES} APPEND PROPERTY COMPILE_OPTIONS -Wno-conversion)
-    endif()
+    ostrel_has_test_macros(${arg_SOURCES})
     if(NOT arg_WORKBENCH)
         target_link_libraries(${name} PRIVATE ostrelgui_objects hostdouble)
     endif()
