@@ -74,20 +74,9 @@ function(ostrel_add_test name)
         set(platform offscreen)
         add_test(NAME ${name} COMMAND ${name})
     endif()
-<<<<<<< HEAD
-    set_tests_properties(${name} PROPERTIES
-        TIMEOUT ${arg_TIMEOUT}
-        ENVIRONMENT "HOME=${sandbox};XDG_CONFIG_HOME=${sandbox}/config;XDG_CONFIG_DIRS=${sandbox}/config-dirs;\
-XDG_DATA_HOME=${sandbox}/data;XDG_RUNTIME_DIR=${sandbox}/run;TMPDIR=${sandbox}/tmp;QT_QPA_PLATFORM=${platform};\
-QT_STYLE_OVERRIDE=Fusion;QT_FONT_DPI=96;QT_LOGGING_RULES=;LC_ALL=C.UTF-8;LANGUAGE=;LOCPATH=${OSTREL_TEST_LOCALES};\
-QTEST_FUNCTION_TIMEOUT=${function_timeout};FENNAR_COMPONENT_PATH=;\
-LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0;\
-UBSAN_OPTIONS=print_stacktrace=1")
-=======
     ostrel_sandbox_test(${name} ${platform})
     set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT})
     set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "QTEST_FUNCTION_TIMEOUT=${function_timeout}")
->>>>>>> main
     if(arg_PROGRAM)
         set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "ASAN_OPTIONS=fast_unwind_on_malloc=0")
     endif()
