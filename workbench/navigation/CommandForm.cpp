@@ -339,8 +339,9 @@ QString CommandForm::clause_problem(qsizetype i) const
     const CommandClause& clause = form().clauses[i];
     const Row& row = mRows[i];
     if (!row.is_given()) {
-        return clause.optional || row.fields.isEmpty() ? QString()
-                                                       : tr("%1 must be filled in.").arg(row.fields.first()->label());
+        return clause.optional || row.fields.isEmpty()
+                   ? QString()
+                   : tr("%1 must be filled in.").arg(row.fields.first()->label());
     }
     bool all_zero = clause.not_zero;
     for (const FormField* field : row.fields) {
