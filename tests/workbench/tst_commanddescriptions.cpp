@@ -8,6 +8,7 @@
 #include "workbench/Workbench.h"
 #include "workbench/component_manager/ComponentManager.h"
 #include "workbench/fennari19/Fennar.h"
+#include "workbench/fennari19/tokenize.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -42,6 +43,14 @@ QStringList example(const CommandParameter& parameter, int number)
     return {parameter.choices.value(0)};
 }
 
+QStringList words(const QString& line)
+{
+    QStringList result;
+    for (const CommandWord& word : tokenize(line).words)
+        result << word.text;
+    return result;
+}
+
 /** The values of all clauses that @p with wants. */
 template <typename With>
 QList<ClauseValues> examples(const CommandSyntax& form, With with)
@@ -53,10 +62,10 @@ QList<ClauseValues> examples(const CommandSyntax& form, With with)
             values << std::nullopt;
             continue;
         }
-        QList<QStringList> words;
+        QList<QStringList> given;
         for (const CommandParameter& parameter : form.clauses[i].parameters)
-            words << example(parameter, parameter.kind == Kind::Entity ? entities++ : 0);
-        values << words;
+            given << example(parameter, parameter.kind == Kind::Entity ? entities++ : 0);
+        values << given;
     }
     return values;
 }
@@ -202,6 +211,10 @@ void TstCommandDescriptions::lines_made_of_the_description_run()
             values = {QList<QStringList>{{u"demo"_s}}};
         const QString line = command_line(name, form, values);
         QVERIFY2(run(line) == Result::Done, qPrintable(line + u": "_s + mErrors));
+        // And the values come back from the line.
+        const auto read = read_values(form, words(line).sliced(1));
+        QVERIFY2(read, qPrintable(line));
+        QCOMPARE(words(command_line(name, form, *read)), words(line));
     };
     check([&](qsizetype i) { return !form.clauses[i].optional; });
     if (QTest::currentTestFailed())
