@@ -298,7 +298,7 @@ int main(int argc, char** argv)
     registry.add(command);
     if (!workbench.load())
         return fail(u"there is no window"_s);
-    workbench.play_later(journal.fileName());
+    workbench.start_later({}, journal.fileName());
     workbench.run();
     workbench.unload();
     registry.remove(own_command);

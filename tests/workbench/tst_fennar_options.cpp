@@ -225,9 +225,9 @@ void TstFennarOptions::page_of_a_component_keeps_its_option()
     if (QTest::currentTestFailed())
         return;
     open_options();
-    // "General", "Layout", the group "Plugins", which opens, and the page in it with its number.
-    press({u"Down"_s, u"Down"_s, u"Right"_s, u"Down"_s, u"Tab"_s, u"Tab"_s, u"Tab"_s, u"Up"_s, u"Up"_s,
-           u"alt+s"_s});
+    // "General", "Layout", "Panel", the group "Plugins", which opens, and the page in it with its number.
+    press({u"Down"_s, u"Down"_s, u"Down"_s, u"Right"_s, u"Down"_s, u"Tab"_s, u"Tab"_s, u"Tab"_s, u"Up"_s,
+           u"Up"_s, u"alt+s"_s});
     QTRY_COMPARE_WITH_TIMEOUT(text(u"demo/number"_s), u"3"_s, patience_ms);
     quit();
     start(true);

@@ -92,7 +92,9 @@ void OutputRouter::set_gathering(bool gather)
 {
     flush();
     mGathering = gather;
-    mLineOpen = false;
+    // A prompt follows on what has run, and closes the line.
+    if (!gather)
+        mLineOpen = false;
     mBudget = painting_budget * nanoseconds_per_millisecond;
     mRefilled.start();
 }

@@ -1066,10 +1066,6 @@
         <translation>Bild</translation>
     </message>
     <message>
-        <source>Writes a picture of the main window.</source>
-        <translation>Schreibt ein Bild des Hauptfensters.</translation>
-    </message>
-    <message>
         <source>Change</source>
         <translation>Ändern</translation>
     </message>
@@ -1488,6 +1484,58 @@
     <message>
         <source>What the graphics view shows.</source>
         <translation>Was die Grafikansicht zeigt.</translation>
+    </message>
+    <message>
+        <source>Writes a picture of a window.</source>
+        <translation>Schreibt ein Bild eines Fensters.</translation>
+    </message>
+    <message>
+        <source>Windows</source>
+        <translation>Fenster</translation>
+    </message>
+    <message>
+        <source>The windows of the program and their colors.</source>
+        <translation>Die Fenster des Programms und ihre Farben.</translation>
+    </message>
+    <message>
+        <source>Show Window</source>
+        <translation>Fenster zeigen</translation>
+    </message>
+    <message>
+        <source>Shows a window, or a page of the options.</source>
+        <translation>Zeigt ein Fenster oder eine Seite der Optionen.</translation>
+    </message>
+    <message>
+        <source>Hide Window</source>
+        <translation>Fenster schließen</translation>
+    </message>
+    <message>
+        <source>Closes a window other than the main window.</source>
+        <translation>Schließt ein anderes Fenster als das Hauptfenster.</translation>
+    </message>
+    <message>
+        <source>Edit Journal</source>
+        <translation>Journal bearbeiten</translation>
+    </message>
+    <message>
+        <source>Opens a journal or a Python script in the journal editor.</source>
+        <translation>Öffnet ein Journal oder Python-Skript im Journal-Editor.</translation>
+    </message>
+    <message>
+        <source>Show Form</source>
+        <translation>Formular zeigen</translation>
+    </message>
+    <message>
+        <source>Shows a command in the command panel.</source>
+        <translation>Zeigt einen Befehl in der Befehlsleiste.</translation>
+    </message>
+    <message>
+        <source>Colors</source>
+        <translation>Farben</translation>
+    </message>
+    <message>
+        <source>Tells or sets the colors of the windows.</source>
+        <translation>Nennt oder setzt die Farben der Fenster.</translation>
     </message>
 </context>
 <context>

@@ -1065,10 +1065,6 @@
         <translation>图片</translation>
     </message>
     <message>
-        <source>Writes a picture of the main window.</source>
-        <translation>保存主窗口的图片。</translation>
-    </message>
-    <message>
         <source>Change</source>
         <translation>更改</translation>
     </message>
@@ -1487,6 +1483,58 @@
     <message>
         <source>What the graphics view shows.</source>
         <translation>图形视图显示的内容。</translation>
+    </message>
+    <message>
+        <source>Writes a picture of a window.</source>
+        <translation>写出一个窗口的图像。</translation>
+    </message>
+    <message>
+        <source>Windows</source>
+        <translation>窗口</translation>
+    </message>
+    <message>
+        <source>The windows of the program and their colors.</source>
+        <translation>程序的窗口及其颜色。</translation>
+    </message>
+    <message>
+        <source>Show Window</source>
+        <translation>显示窗口</translation>
+    </message>
+    <message>
+        <source>Shows a window, or a page of the options.</source>
+        <translation>显示一个窗口，或选项的一页。</translation>
+    </message>
+    <message>
+        <source>Hide Window</source>
+        <translation>隐藏窗口</translation>
+    </message>
+    <message>
+        <source>Closes a window other than the main window.</source>
+        <translation>关闭主窗口以外的窗口。</translation>
+    </message>
+    <message>
+        <source>Edit Journal</source>
+        <translation>编辑日志</translation>
+    </message>
+    <message>
+        <source>Opens a journal or a Python script in the journal editor.</source>
+        <translation>在日志编辑器中打开日志或 Python 脚本。</translation>
+    </message>
+    <message>
+        <source>Show Form</source>
+        <translation>显示表单</translation>
+    </message>
+    <message>
+        <source>Shows a command in the command panel.</source>
+        <translation>在命令面板中显示一个命令。</translation>
+    </message>
+    <message>
+        <source>Colors</source>
+        <translation>颜色</translation>
+    </message>
+    <message>
+        <source>Tells or sets the colors of the windows.</source>
+        <translation>告知或设置窗口的颜色。</translation>
     </message>
 </context>
 <context>

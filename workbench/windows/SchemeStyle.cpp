@@ -5,10 +5,34 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <QStyleOption>
 
 using namespace Qt::StringLiterals;
 
 SchemeStyle::SchemeStyle() : QProxyStyle(u"fusion"_s) {}
+
+void SchemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                const QWidget* widget) const
+{
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const bool box = element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck;
+    const bool round = element == PE_IndicatorRadioButton;
+    const QPalette& palette = option->palette;
+    if ((!box && !round) ||
+        palette.color(QPalette::Window).lightness() > palette.color(QPalette::WindowText).lightness())
+        return;
+    painter->save();
+    painter->setPen(palette.color(QPalette::PlaceholderText));
+    painter->setBrush(Qt::NoBrush);
+    const QRectF rect = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    if (round) {
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->drawEllipse(rect);
+    } else {
+        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    }
+    painter->restore();
+}
 
 QIcon SchemeStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const
 {

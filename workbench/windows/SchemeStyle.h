@@ -6,8 +6,9 @@
 #include <QProxyStyle>
 
 /**
- * Fusion, whose toolbars can be seen to have more buttons on a dark ground, too: its own sign for that is
- * nearly black. It is drawn in the colour of the window's text as that is when the style is set.
+ * Fusion with two changes for dark grounds. Its boxes to be ticked and its radio buttons get an outline, as
+ * theirs is darker than the ground. And its sign that a toolbar has more buttons, which is nearly black, is
+ * drawn in the colour of the window's text as that is when the style is set.
  */
 class SchemeStyle : public QProxyStyle
 {
@@ -16,5 +17,7 @@ class SchemeStyle : public QProxyStyle
 public:
     SchemeStyle();
 
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
 };

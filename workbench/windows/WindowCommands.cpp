@@ -316,6 +316,8 @@ void WindowCommands::show_window(CommandCall& call)
         if (with_page)
             options->show_panel(chosen);
     } else {
+        if (name == "about"_L1)
+            main->help_menu()->get_help_about_dialog()->finish_populating_dialog();
         find_window(name)->show();
         find_window(name)->raise();
     }

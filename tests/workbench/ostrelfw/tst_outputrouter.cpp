@@ -249,6 +249,15 @@ void TstOutputRouter::line_of_its_own_stands_below_an_open_one()
     router.print_line(u"one"_s);
     router.print_line(u"two"_s);
     QCOMPARE(console.printed.join(QString()), u"open\none\ntwo\n"_s);
+    // What a thread has left open before a line runs is open still; behind the run it is not.
+    console.printed.clear();
+    router.print(u"thread"_s);
+    router.set_gathering(true);
+    router.print_line(u"three"_s);
+    router.print(u"open"_s);
+    router.set_gathering(false);
+    router.print_line(u"four"_s);
+    QCOMPARE(console.printed.join(QString()), u"thread\nthree\nopenfour\n"_s);
 }
 
 OSTREL_TEST_MAIN(TstOutputRouter)

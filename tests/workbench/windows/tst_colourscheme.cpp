@@ -12,8 +12,11 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QListWidget>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QRadioButton>
 #include <QSettings>
 #include <QStyle>
 #include <QTest>
@@ -76,6 +79,8 @@ private slots:
     void entries_of_the_menu_send_the_command_and_show_the_choice();
     void current_line_of_the_editor_follows();
     void sign_of_crowded_toolbars_is_seen_on_a_dark_ground();
+    void boxes_to_be_ticked_are_seen_in_both_schemes_data();
+    void boxes_to_be_ticked_are_seen_in_both_schemes();
     void wrong_words_are_named();
 
 private:
@@ -247,6 +252,38 @@ void TstColourScheme::sign_of_crowded_toolbars_is_seen_on_a_dark_ground()
             }
         }
         QVERIFY2(best > 4.5, qPrintable(u"%1: %2"_s.arg(QLatin1StringView(name)).arg(best)));
+    }
+}
+
+void TstColourScheme::boxes_to_be_ticked_are_seen_in_both_schemes_data()
+{
+    QTest::addColumn<QString>("scheme");
+    QTest::newRow("light") << u"light"_s;
+    QTest::newRow("dark") << u"dark"_s;
+}
+
+void TstColourScheme::boxes_to_be_ticked_are_seen_in_both_schemes()
+{
+    QFETCH(const QString, scheme);
+    start();
+    enter(u"scheme "_s + scheme);
+    QCheckBox box;
+    QRadioButton round;
+    QListWidget list;
+    auto* item = new QListWidgetItem(&list);
+    item->setCheckState(Qt::Unchecked);
+    list.setFrameShape(QFrame::NoFrame);
+    for (QWidget* widget : std::initializer_list<QWidget*>{&box, &round, &list}) {
+        widget->resize(40, 40);
+        const QImage image = widget->grab().toImage();
+        const QColor ground = image.pixelColor(38, 38);
+        double best = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                best = std::max(best, contrast(image.pixelColor(x, y), ground));
+        }
+        const QString found = u"%1: %2"_s.arg(QLatin1StringView(widget->metaObject()->className())).arg(best);
+        QVERIFY2(best > (scheme == "dark"_L1 ? 3 : 1.5), qPrintable(found));
     }
 }
 

@@ -367,6 +367,9 @@ void write_file(const Job& job)
         stage("write");
         write_surface(triangles(), job.output);
     } else {
+        // As text: version 4.13 of the engine does not read the binary files of this format that it writes.
+        if (job.kind == "vtk")
+            gmsh::option::setNumber("Mesh.Binary", 0);
         write_checked(job.output);
     }
 }
