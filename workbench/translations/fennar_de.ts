@@ -450,7 +450,7 @@
     </message>
     <message>
         <source>not given</source>
-        <translation>nicht angegeben</translation>
+        <translation>ohne</translation>
     </message>
     <message>
         <source>Add to %1</source>

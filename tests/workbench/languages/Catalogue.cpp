@@ -83,6 +83,7 @@ constexpr SameText same_texts[] = {
     {"Python", "the name of the language"},
     {"OK", "the same in German"},
     {"Computer", "the same in German"},
+    {"mm", "a unit"},
     {"brick1", "the name of a solid, as the command that made it is called"},
     {"STEP", "the name of a file format"},
     {"IGES", "the name of a file format"},
@@ -96,9 +97,35 @@ constexpr SameText same_texts[] = {
      "a fixed tool tip of the shell, which no translation reaches"},
 };
 
+/** How many letters a translation with placeholders needs to say something by itself. */
+constexpr qsizetype least_letters = 4;
+
+/** How many letters @p text has; a Chinese one counts as two. */
+qsizetype letters_in(const QString& text)
+{
+    qsizetype letters = 0;
+    for (const QChar c : text)
+        letters += !c.isLetter() ? 0 : c.script() == QChar::Script_Han ? 2 : 1;
+    return letters;
+}
+
 bool has_letters(const QString& text)
 {
     return std::any_of(text.begin(), text.end(), [](QChar c) { return c.isLetter(); });
+}
+
+/** The text of the translation that @p xml is at, or its texts for several numbers. */
+QStringList read_forms(QXmlStreamReader& xml)
+{
+    QStringList forms;
+    QString text;
+    while (!xml.atEnd() && xml.readNext() != QXmlStreamReader::EndElement) {
+        if (xml.isStartElement())
+            forms << xml.readElementText();
+        else
+            text += xml.text();
+    }
+    return forms.isEmpty() ? QStringList{text} : forms;
 }
 
 } // namespace
@@ -119,7 +146,8 @@ Catalogue::Catalogue(const QString& language)
             if (xml.name() == u"source")
                 source = xml.readElementText();
             else if (xml.name() == u"translation")
-                add(source, xml.readElementText());
+                for (const QString& form : read_forms(xml))
+                    add(source, form);
         }
         if (xml.hasError())
             mErrors << file.fileName() + u": "_s + xml.errorString();
@@ -155,22 +183,30 @@ void Catalogue::add(const QString& source, const QString& translation)
             mSources << plain(line);
     }
     for (QString line : translations) {
-        // Texts that Qt and the shell put others behind.
+        // Texts that Qt and the shell put others behind, or in front of.
         if (line.endsWith(u' '))
             line += u"%1"_s;
+        if (line.startsWith(u' ') && line.size() > 1)
+            line.prepend(u"%1"_s);
         if (!line.contains(u'%')) {
             mTranslations << plain(line);
             continue;
         }
-        static const QRegularExpression placeholder(u"%\\d"_s);
+        static const QRegularExpression placeholder(u"%[\\dn]"_s);
         QString expression;
+        bool first = true;
         for (const QString& part : plain(line).split(placeholder)) {
-            if (!expression.isEmpty() || part.isEmpty())
-                expression += u"(.*)"_s;
+            expression += first ? QString() : u"(.*)"_s;
             expression += QRegularExpression::escape(part);
+            first = false;
         }
-        // A placeholder may stand for nothing.
-        expression.replace(u"(.*)\\ "_s, u"(.*)\\s*"_s).replace(u"\\ (.*)"_s, u"\\s*(.*)"_s);
+        // A placeholder at an end may stand for nothing where the rest says enough.
+        if (letters_in(line) >= least_letters) {
+            if (expression.startsWith(u"(.*)\\ "_s))
+                expression.replace(0, 6, u"(?:(.*)\\ )?"_s);
+            if (expression.endsWith(u"\\ (.*)"_s))
+                expression.replace(expression.size() - 6, 6, u"(?:\\ (.*))?"_s);
+        }
         mPatterns.append({line, QRegularExpression(QRegularExpression::anchoredPattern(expression))});
     }
     // A text that is another one's translation is no leftover.
@@ -212,10 +248,14 @@ QString Catalogue::judge_line(const QString& line) const
         if (!match.hasMatch())
             continue;
         const QStringList parts = match.capturedTexts().mid(1);
-        const bool leftover = std::any_of(parts.begin(), parts.end(), [this](const QString& part) {
-            return mSources.contains(part.trimmed());
-        });
-        return leftover ? u"a part of it is a source text"_s : QString();
+        // One that holds hardly more than placeholders fits nearly everything; what it joins counts.
+        const bool says_little = letters_in(pattern.translation) < least_letters;
+        const auto is_wrong = [&](const QString& part) {
+            return mSources.contains(part.trimmed()) ||
+                   (says_little && (part.size() == line.size() || !judge_line(part.trimmed()).isEmpty()));
+        };
+        if (std::none_of(parts.begin(), parts.end(), is_wrong))
+            return {};
     }
     return u"no translation reads so"_s;
 }
