@@ -91,7 +91,6 @@ private slots:
     void closing_the_editor_waits_for_the_run_only_if_it_asks_data();
     void closing_the_editor_waits_for_the_run_only_if_it_asks();
     void closing_the_window_asks_when_the_run_has_ended();
-    void tour_leaves_its_pictures_and_ends_the_application();
 
 private:
     static JournalEditor* editor() { return Ostrel::instance()->journal_editor(); }
@@ -695,22 +694,6 @@ void TstJournalPlayer::closing_the_window_asks_when_the_run_has_ended()
     QCOMPARE(mSteps, QStringList(u"1"_s));
     QVERIFY2(text().contains(u"Interrupted: Untitled:2\n"_s), qPrintable(text()));
     editor()->hide();
-}
-
-void TstJournalPlayer::tour_leaves_its_pictures_and_ends_the_application()
-{
-    QTemporaryDir place;
-    const QString before = QDir::currentPath();
-    QVERIFY(QDir::setCurrent(place.path()));
-    QTimer::singleShot(0, this, [this] { enter(u"play '%1'"_s.arg(QStringLiteral(JOURNALS "/tour.jou"))); });
-    mWorkbench->run();
-    const QStringList pictures = QDir().entryList({u"*.png"_s}, QDir::Files, QDir::Name);
-    QVERIFY(QDir::setCurrent(before));
-    QCOMPARE(pictures,
-             QStringList({u"commands.png"_s, u"python.png"_s, u"variables.png"_s, u"workbench.png"_s}));
-    QVERIFY(!Ostrel::instance()->isVisible());
-    QVERIFY2(!text().contains(u"ERROR"_s), qPrintable(text()));
-    QVERIFY(show_active(Ostrel::instance()));
 }
 
 void TstJournalPlayer::indented_python_selection_plays()
