@@ -11,7 +11,7 @@
 #include <QFile>
 #include <QTest>
 
-HostDouble& FileMenuTest::host()
+HostDouble& host()
 {
     return HostDouble::instance();
 }

@@ -21,8 +21,6 @@ class FileMenuTest : public TestCase
     Q_OBJECT
 
 protected:
-    static HostDouble& host();
-
     /** A name in the directory. */
     QString place(const QString& name) const { return mDirectory + u'/' + name; }
     /** Makes an empty file in the directory. */
@@ -48,5 +46,6 @@ private:
     std::unique_ptr<QTemporaryDir> mPlace;
 };
 
+HostDouble& host();
 void expect_choice(DialogDriver& driver, const QString& path, const QString& filter = {});
 void expect_cancel(DialogDriver& driver);

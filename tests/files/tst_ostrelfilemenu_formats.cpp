@@ -18,14 +18,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
-
-HostDouble& host()
-{
-    return HostDouble::instance();
-}
 
 const auto meshes = u"Meshes (*.msh)"_s;
 const auto steps = u"Steps (*.stp *.step)"_s;
@@ -195,7 +192,7 @@ Format* TstOstrelFileMenuFormats::add(const List& list, const QString& filters, 
 {
     static int number = 0;
     auto* format = new Format(u"Unique %1 (*.u)"_s.arg(++number), component);
-    if (!(mMenu->*list.add)(format)) {
+    if (!std::invoke(list.add, mMenu, format)) {
         QTest::qFail("a format of its own was refused", __FILE__, __LINE__);
         delete format;
         return nullptr;
@@ -207,7 +204,7 @@ Format* TstOstrelFileMenuFormats::add(const List& list, const QString& filters, 
 QString TstOstrelFileMenuFormats::filters(const List& list) const
 {
     QString all;
-    (mMenu->*list.get)(all);
+    std::invoke(list.get, mMenu, all);
     return all;
 }
 
@@ -260,7 +257,7 @@ void TstOstrelFileMenuFormats::handler_is_added_if_it_brings_something_new()
         for (const QString& of_present : present)
             add(list, of_present, u"present"_s);
         auto format = std::make_unique<Format>(filters);
-        const bool was_added = (mMenu->*list.add)(format.get());
+        const bool was_added = std::invoke(list.add, mMenu, format.get());
         QCOMPARE(was_added, added);
         QCOMPARE(format->mFilters, filters);
         QCOMPARE(is_enabled(list), added || !present.isEmpty());
@@ -273,15 +270,15 @@ void TstOstrelFileMenuFormats::handler_is_added_if_it_brings_something_new()
 void TstOstrelFileMenuFormats::refused_handler_leaves_everything()
 {
     for (const List& list : {imports, exports}) {
-        QVERIFY(!(mMenu->*list.add)(nullptr));
+        QVERIFY(!std::invoke(list.add, mMenu, nullptr));
         Format empty{QString()};
-        QVERIFY(!(mMenu->*list.add)(&empty));
+        QVERIFY(!std::invoke(list.add, mMenu, &empty));
         QVERIFY(!is_enabled(list));
         QCOMPARE(filters(list), QString());
         // The same one twice.
         auto* format = new Format(meshes);
-        QVERIFY((mMenu->*list.add)(format));
-        QVERIFY(!(mMenu->*list.add)(format));
+        QVERIFY(std::invoke(list.add, mMenu, format));
+        QVERIFY(!std::invoke(list.add, mMenu, format));
         QCOMPARE(filters(list), meshes);
         QVERIFY(is_enabled(list));
     }
@@ -308,12 +305,12 @@ void TstOstrelFileMenuFormats::filters_are_appended_in_order()
 {
     for (const List& list : {imports, exports}) {
         QString text = u"before"_s;
-        (mMenu->*list.get)(text);
+        std::invoke(list.get, mMenu, text);
         QCOMPARE(text, u"before"_s);
         add(list, steps, u"a"_s);
         add(list, meshes + u";;"_s + all_files, u"b"_s);
         add(list, u"Points (*.pts)"_s, u"c"_s);
-        (mMenu->*list.get)(text);
+        std::invoke(list.get, mMenu, text);
         QCOMPARE(text, u"before"_s + steps + u";;"_s + meshes + u";;"_s + all_files + u";;Points (*.pts)"_s);
     }
 }
@@ -360,7 +357,7 @@ void TstOstrelFileMenuFormats::removal_thins_out_by_filter()
         for (const QString& of_present : present)
             formats << add(list, of_present, u"present"_s);
         Format with_the_same(given);
-        (mMenu->*list.remove)(&with_the_same);
+        std::invoke(list.remove, mMenu, &with_the_same);
         QCOMPARE(filters(list), left.join(u";;"_s));
         QCOMPARE(is_enabled(list), !left.isEmpty());
         QCOMPARE(with_the_same.mFilters, given);
@@ -380,13 +377,13 @@ void TstOstrelFileMenuFormats::removal_passes_over_the_one_behind()
         add(list, meshes, u"second"_s);
         const std::unique_ptr<Format> third(add(list, meshes, u"third"_s));
         const Format* fourth = add(list, meshes + u";;"_s + steps, u"fourth"_s);
-        (mMenu->*list.remove)(first.get());
+        std::invoke(list.remove, mMenu, first.get());
         // The first and the third are out; the second and the fourth were passed over.
         QCOMPARE(filters(list), meshes + u";;"_s + meshes + u";;"_s + steps);
         QCOMPARE(fourth->mFilters, meshes + u";;"_s + steps);
         QVERIFY(is_enabled(list));
         host().take_calls();
-        (mMenu->*list.execute)(u"/f"_s, meshes);
+        std::invoke(list.execute, mMenu, u"/f"_s, meshes);
         QCOMPARE(host().take_calls(), QStringList{executed(u"second"_s, u"/f"_s, meshes)});
     }
 }
@@ -395,27 +392,27 @@ void TstOstrelFileMenuFormats::removed_handlers_live_on()
 {
     for (const List& list : {imports, exports}) {
         const std::unique_ptr<Format> format(add(list, meshes, u"a"_s));
-        (mMenu->*list.remove)(format.get());
+        std::invoke(list.remove, mMenu, format.get());
         QCOMPARE(Format::alive, 1);
         QCOMPARE(format->mFilters, meshes);
         QCOMPARE(filters(list), QString());
         // And may come back.
-        QVERIFY((mMenu->*list.add)(format.get()));
+        QVERIFY(std::invoke(list.add, mMenu, format.get()));
         QVERIFY(is_enabled(list));
-        (mMenu->*list.remove)(format.get());
+        std::invoke(list.remove, mMenu, format.get());
     }
 }
 
 void TstOstrelFileMenuFormats::removing_nothing_does_nothing()
 {
     for (const List& list : {imports, exports}) {
-        (mMenu->*list.remove)(nullptr);
+        std::invoke(list.remove, mMenu, nullptr);
         Format unknown(meshes);
-        (mMenu->*list.remove)(&unknown);
+        std::invoke(list.remove, mMenu, &unknown);
         QVERIFY(!is_enabled(list));
         add(list, steps, u"a"_s);
-        (mMenu->*list.remove)(nullptr);
-        (mMenu->*list.remove)(&unknown);
+        std::invoke(list.remove, mMenu, nullptr);
+        std::invoke(list.remove, mMenu, &unknown);
         QCOMPARE(filters(list), steps);
         QVERIFY(is_enabled(list));
     }
@@ -426,9 +423,9 @@ void TstOstrelFileMenuFormats::last_removal_disables_the_action()
     for (const List& list : {imports, exports}) {
         const std::unique_ptr<Format> first(add(list, meshes, u"a"_s));
         const std::unique_ptr<Format> second(add(list, steps, u"a"_s));
-        (mMenu->*list.remove)(first.get());
+        std::invoke(list.remove, mMenu, first.get());
         QVERIFY(is_enabled(list));
-        (mMenu->*list.remove)(second.get());
+        std::invoke(list.remove, mMenu, second.get());
         QVERIFY(!is_enabled(list));
     }
 }
@@ -440,9 +437,9 @@ void TstOstrelFileMenuFormats::removal_does_not_enable_the_action()
         const std::unique_ptr<Format> second(add(list, steps, u"b"_s));
         auto* action = mMenu->findChild<QAction*>(list.action);
         action->setEnabled(false);
-        (mMenu->*list.remove)(first.get());
+        std::invoke(list.remove, mMenu, first.get());
         QVERIFY(!action->isEnabled());
-        (mMenu->*list.remove)(second.get());
+        std::invoke(list.remove, mMenu, second.get());
         QVERIFY(!action->isEnabled());
     }
 }
@@ -508,7 +505,7 @@ void TstOstrelFileMenuFormats::first_handler_with_the_filter_is_executed()
             add(list, present[i], QString::number(i));
         const QString path = OstrelFileMenu::mPath;
         host().take_calls();
-        (mMenu->*list.execute)(file, filter);
+        std::invoke(list.execute, mMenu, file, filter);
         QCOMPARE(host().take_calls(), executes < 0
                                           ? QStringList()
                                           : QStringList{executed(QString::number(executes), file, filter)});
