@@ -333,6 +333,8 @@ void TstWindowCommands::wrong_words_are_named_data()
     QTest::newRow("no command") << u"form"_s << u"form: column 5: expected the name of a command"_s;
     QTest::newRow("no picture") << u"picture"_s
                                 << u"picture: column 8: expected the name of a picture file"_s;
+    QTest::newRow("empty name") << u"picture ''"_s
+                                << u"picture: column 9: expected the name of a picture file"_s;
     QTest::newRow("no word") << u"picture a.png editor"_s << u"picture: column 15: expected of or after"_s;
     QTest::newRow("unknown picture") << u"picture a.png of help"_s << u"picture: column 18: expected main"_s;
     QTest::newRow("no time") << u"picture a.png after"_s
