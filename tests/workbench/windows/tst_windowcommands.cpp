@@ -14,6 +14,7 @@
 #include "workbench/console/ConsoleOwner.h"
 #include "workbench/fennari19/Fennar.h"
 #include "workbench/navigation/NavigationRoles.h"
+#include "workbench/ostrelfw/OutputRouter.h"
 #include "workbench/scene/Scene.h"
 
 #include <QDialog>
@@ -357,6 +358,8 @@ void TstWindowCommands::played_command_without_output_is_scrolled_to()
     int height = 0;
     int distance = -1;
     Fennar::instance().registry().add({.name = u"measure"_s, .run = [&](CommandCall&) {
+                                           // On a slow machine lines are gathered.
+                                           OutputRouter::instance().flush();
                                            height = bar->maximum();
                                            distance = bar->maximum() - bar->value();
                                        }});
