@@ -5,6 +5,7 @@
 
 #include "console/CommandWindow.h"
 #include "frame/Ostrel.h"
+#include "journal/JournalEditor.h"
 #include "menus/OstrelToolsMenu.h"
 #include "menus/OstrelViewMenu.h"
 
@@ -12,6 +13,8 @@
 #include <QApplication>
 #include <QDockWidget>
 #include <QShortcut>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QToolButton>
 
 #include <algorithm>
@@ -46,6 +49,13 @@ QWidget* focus_target(QWidget* pane)
     return nullptr;
 }
 
+/** Gives the keyboard to the journal in sight. */
+void focus_journal(const QTabWidget* tabs)
+{
+    if (QWidget* journal = tabs->currentWidget())
+        journal->setFocus(Qt::OtherFocusReason);
+}
+
 } // namespace
 
 WindowKeys::WindowKeys(Ostrel* window) : mWindow(window)
@@ -62,6 +72,15 @@ WindowKeys::WindowKeys(Ostrel* window) : mWindow(window)
         connect(mCancel, &QShortcut::activated, window, &Ostrel::cancel_progress);
     if (mPause)
         connect(mPause, &QShortcut::activated, window->tools_menu()->pause_action(), &QAction::toggle);
+    mJournals = window->journal_editor()->findChild<QTabWidget*>(u"mDocTab"_s);
+    if (mJournals) {
+        connect(mJournals, &QTabWidget::currentChanged, this, [tabs = mJournals.data()] {
+            // Who goes through the tabs stays there.
+            if (!tabs->tabBar()->hasFocus())
+                focus_journal(tabs);
+        });
+        window->journal_editor()->installEventFilter(this);
+    }
     set_busy(false);
 }
 
@@ -78,6 +97,13 @@ void WindowKeys::set_busy(bool busy)
     for (const QPointer<QShortcut>& shortcut : {mCancel, mPause})
         if (shortcut)
             shortcut->setEnabled(busy);
+}
+
+bool WindowKeys::eventFilter(QObject*, QEvent* event)
+{
+    if (event->type() == QEvent::Show && !event->spontaneous() && mJournals)
+        focus_journal(mJournals);
+    return false;
 }
 
 QAction* WindowKeys::make_action(const QString& name, const QString& text, const QString& shortcut, int step)

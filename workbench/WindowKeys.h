@@ -11,11 +11,12 @@
 class Ostrel;
 class QAction;
 class QShortcut;
+class QTabWidget;
 
 /**
  * What makes the main window usable without a mouse beyond what the shell has keys for: F6 and Shift+F6 go
  * from pane to pane, and while a command runs, Escape cancels it and Pause pauses the journal or goes on with
- * it.
+ * it. In the journal editor what is typed goes to the journal that is in sight.
  *
  * Panes are the central area and the docks that are not hidden, in the order of the View menu. One object
  * while there is a main window; it goes before the window does.
@@ -33,6 +34,8 @@ public:
     /** Says whether a command runs: only then do the keys for it mean anything. */
     void set_busy(bool busy);
 
+    bool eventFilter(QObject* object, QEvent* event) override;
+
 private:
     QAction* make_action(const QString& name, const QString& text, const QString& shortcut, int step);
     QShortcut* make_shortcut(int key);
@@ -42,4 +45,6 @@ private:
     QPointer<Ostrel> mWindow;
     QPointer<QShortcut> mCancel;
     QPointer<QShortcut> mPause;
+    /** Those of the journal editor. */
+    QPointer<QTabWidget> mJournals;
 };

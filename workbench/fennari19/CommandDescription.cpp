@@ -96,7 +96,9 @@ private:
     bool at_keyword_behind(qsizetype clause) const
     {
         return std::any_of(mForm.clauses.begin() + clause + 1, mForm.clauses.end(),
-                           [&](const CommandClause& other) { return other.keyword == mWords[mNext]; });
+                           [&](const CommandClause& other) {
+                               return !other.keyword.isEmpty() && other.keyword == mWords[mNext];
+                           });
     }
 
     bool fits(const CommandParameter& parameter) const

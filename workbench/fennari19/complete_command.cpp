@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QSet>
 
 #include <algorithm>
 
@@ -74,6 +75,11 @@ Quote open_quote(QStringView raw)
             quote = Quote::None;
     }
     return quote;
+}
+
+QString opening(Quote quote)
+{
+    return quote == Quote::Double ? u"\""_s : quote == Quote::Single ? u"'"_s : QString();
 }
 
 /**
@@ -229,11 +235,12 @@ public:
     /** @param more  whether the word goes on behind it, as behind a directory. */
     void add(const QString& text, bool more = false)
     {
-        if (!text.startsWith(mTyped) || text.isEmpty() || mTexts.contains(text))
+        if (!text.startsWith(mTyped) || text.isEmpty() || mSeen.contains(text))
             return;
         const QString inserted = written(text, mQuote, !more);
         if (inserted.isEmpty())
             return;
+        mSeen << text;
         mTexts << text;
         mMore = more;
         mResult.candidates << LineCompletion::Candidate{text, inserted};
@@ -263,6 +270,7 @@ private:
     const QString mTyped;
     const Quote mQuote;
     QStringList mTexts;
+    QSet<QString> mSeen;
     bool mMore = false;
     LineCompletion mResult;
 };
@@ -392,17 +400,15 @@ LineCompletion complete_command(const QString& line, qsizetype caret, const Comm
     LineCompletion result = words.result();
     if (with_files && result.candidates.isEmpty()) {
         // Only the part behind the last slash is written anew; what is ahead may hold quotes and variables.
-        const qsizetype slash = typed.word.lastIndexOf(u'/');
-        const qsizetype raw_slash = before.lastIndexOf(u'/');
-        const bool split = slash >= 0 && raw_slash >= typed.start;
-        const qsizetype start = split ? raw_slash + 1 : typed.start;
-        const QString name = split ? typed.word.sliced(slash + 1) : typed.word;
-        const QString directory = split ? typed.word.first(slash + 1) : QString();
-        Collector files(name, start,
-                        split ? open_quote(QStringView(before).sliced(typed.start, start - typed.start))
-                              : Quote::None);
-        add_files(files, directory, name, file);
-        result = files.result();
+        const qsizetype start = std::max(before.lastIndexOf(u'/') + 1, typed.start);
+        const Quote quote = open_quote(QStringView(before).sliced(typed.start, start - typed.start));
+        const QString name = read_words(opening(quote) + before.sliced(start), variables).word;
+        // One with a slash in it is a variable's, and nothing here could go on with it.
+        if (!name.contains(u'/')) {
+            Collector files(name, start, quote);
+            add_files(files, typed.word.chopped(name.size()), name, file);
+            result = files.result();
+        }
     }
     // A quote that stands behind the caret closes the word already.
     for (LineCompletion::Candidate& candidate : result.candidates) {

@@ -23,6 +23,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -103,6 +104,8 @@ CommandForm::CommandForm(QWidget* parent)
     mLine->setObjectName(u"commandLine"_s);
     mLine->setAccessibleName(tr("Command line"));
     mLine->setMinimumWidth(1);
+    // A line that is cut off would be another command.
+    mLine->setMaxLength(std::numeric_limits<int>::max());
     mEdit->setObjectName(u"editLine"_s);
     mEdit->setToolTip(tr("Write the command line yourself"));
     mApply->setObjectName(u"applyButton"_s);

@@ -112,6 +112,8 @@ void FormField::make_combo()
     mCombo = new QComboBox(this);
     mCombo->setEditable(true);
     mCombo->setInsertPolicy(QComboBox::NoInsert);
+    // What is typed stays as it is: it may be the beginning of a longer name.
+    mCombo->setCompleter(nullptr);
     mCombo->setMinimumContentsLength(least_width);
     mCombo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     use_line(mCombo->lineEdit());
@@ -276,10 +278,13 @@ QString FormField::problem() const
     if (is_raw()) {
         const CommandWords split = tokenize(text(), &variable);
         // A backslash would continue the line.
-        if (split.error || text().endsWith(u'\\'))
+        if (split.error || text().trimmed().endsWith(u'\\'))
             return tr("%1: a quote is not closed, or a variable is not set.").arg(mLabel);
         if (mParameter.kind == Kind::Words)
             return {};
+        // A comment would be dropped.
+        if (const QString rest = text().sliced(split.end_column - 1).trimmed(); !rest.isEmpty())
+            return tr("%1: there is no \"%2\".").arg(mLabel, rest);
     }
     for (const QString& word : given) {
         if (const QString problem = word_problem(word); !problem.isEmpty())

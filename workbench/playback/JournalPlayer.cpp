@@ -16,6 +16,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QTabWidget>
 #include <QTextBlock>
 #include <QTimer>
@@ -82,7 +83,8 @@ void mark_line(QPlainTextEdit* document, int line)
 /** Whether the file belongs to Python's own library, where no error of the user's can be mended. */
 bool is_of_python(const QString& file)
 {
-    return file.contains("/lib/python"_L1);
+    static const QRegularExpression library(u"/lib(?:64)?/python\\d[\\d.]*/"_s);
+    return file.contains(library);
 }
 
 } // namespace

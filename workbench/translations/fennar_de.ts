@@ -301,10 +301,6 @@
         <translation>Wie lange</translation>
     </message>
     <message>
-        <source>Python scripts</source>
-        <translation>Python-Skripte</translation>
-    </message>
-    <message>
         <source>Window</source>
         <translation>Fenster</translation>
     </message>

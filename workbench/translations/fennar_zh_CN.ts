@@ -301,10 +301,6 @@
         <translation>持续时间</translation>
     </message>
     <message>
-        <source>Python scripts</source>
-        <translation>Python 脚本</translation>
-    </message>
-    <message>
         <source>Window</source>
         <translation>窗口</translation>
     </message>

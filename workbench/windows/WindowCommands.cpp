@@ -189,7 +189,7 @@ QList<CommandFileFilter> picture_filters()
 QList<CommandFileFilter> journal_filters()
 {
     return {{QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Journals")), u".jou"_s},
-            {QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Python scripts")), u".py"_s}};
+            {QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Python Scripts")), u".py"_s}};
 }
 
 CommandParameter window_parameter(const QStringList& choices)
@@ -371,7 +371,10 @@ void WindowCommands::show_form(CommandCall& call)
 
 void WindowCommands::take_picture(CommandCall& call)
 {
-    const QString file = call.text(1, u"the name of a picture file");
+    constexpr auto file_what = u"the name of a picture file";
+    const QString file = call.text(1, file_what);
+    if (file.isEmpty())
+        throw call.expected(1, file_what);
     QString name = u"main"_s;
     qsizetype i = 2;
     if (call.has(i) && call.words()[i].text == "of"_L1) {

@@ -49,6 +49,7 @@ private slots:
     void clauses_left_out_leave_nothing();
     void values_come_back_from_the_line_data();
     void values_come_back_from_the_line();
+    void empty_word_is_a_value();
     void variable_references_data();
     void variable_references();
     void entities_are_offered_and_withdrawn();
@@ -167,6 +168,18 @@ void TstCommandDescription::values_come_back_from_the_line()
         command_line(u"note"_s, form, {QList<QStringList>{{file}}, QList<QStringList>{{u"3"_s}}});
     QCOMPARE(session.interpreter.enter(line), CommandInterpreter::Result::Done);
     QCOMPARE(session.notes, QStringList(file + u"|3"_s));
+}
+
+void TstCommandDescription::empty_word_is_a_value()
+{
+    const CommandSyntax form{{required_value(of_kind(Kind::NewName)),
+                              required_value(of_kind(Kind::NewName)),
+                              {.keyword = u"now"_s, .optional = true}}};
+    const auto values = read_values(form, {QString(), u"b"_s});
+    QVERIFY(values.has_value());
+    QVERIFY(values->at(0) && values->at(1) && !values->at(2));
+    QCOMPARE(values->at(0)->at(0), QStringList(QString()));
+    QCOMPARE(values->at(1)->at(0), QStringList(u"b"_s));
 }
 
 void TstCommandDescription::variable_references_data()

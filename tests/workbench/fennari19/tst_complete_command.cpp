@@ -67,6 +67,8 @@ void TstCompleteCommand::init()
         QVERIFY(file.open(QIODevice::WriteOnly));
     }
     QVERIFY(QDir().mkpath(u"my parts/deep"_s));
+    QFile deep(u"my parts/deep/gear"_s);
+    QVERIFY(deep.open(QIODevice::WriteOnly));
     QFile inner(u"my parts/gear wheel.jou"_s);
     QVERIFY(inner.open(QIODevice::WriteOnly));
 
@@ -131,6 +133,8 @@ void TstCompleteCommand::init()
     mVariables.set(u"radius"_s, u"2"_s);
     mVariables.set(u"radial"_s, u"3"_s);
     mVariables.set(u"dir"_s, u"my parts"_s);
+    mVariables.set(u"gear"_s, u"gear"_s);
+    mVariables.set(u"inner"_s, u"deep/g"_s);
 }
 
 void TstCompleteCommand::cleanup()
@@ -202,6 +206,8 @@ void TstCompleteCommand::candidates_fit_the_place_data()
     row("files of that kind", u"play "_s, u"it's.jou|my parts/|plate two.jou|plate.jou|say \"x\".jou"_s);
     row("any file if there is none of the kind", u"play pic"_s, u"picture.png"_s);
     row("hidden files only for a dot", u"play ."_s, u".hidden"_s);
+    row("slash of a variable", u"play ${dir}/${inner}"_s, QString());
+    row("slash of a variable alone", u"play ${dir}${inner}"_s, QString());
     row("behind the file", u"play plate.jou "_s, QString());
     row("command without a description", u"old pl"_s, u"plate two.jou|plate.jou"_s);
     row("unknown command", u"nix pl"_s, u"plate two.jou|plate.jou"_s);
@@ -236,6 +242,7 @@ void TstCompleteCommand::files_are_completed_with_quotes_data()
     row("in single quotes", u"play 'my parts/g"_s, u"play 'my parts/gear wheel.jou'_"_s);
     row("behind closed quotes", u"play \"my parts\"/g"_s, u"play \"my parts\"/\"gear wheel.jou\"_"_s);
     row("variable ahead stays", u"play $dir/g"_s, u"play $dir/\"gear wheel.jou\"_"_s);
+    row("variable behind the slash", u"play my' parts'/${gear}"_s, u"play my' parts'/\"gear wheel.jou\"_"_s);
     row("plain directory", u"play \"my parts/d"_s, u"play \"my parts/deep/"_s);
     row("entity with a blank", u"mesh pin"_s, u"mesh \"pin 1\"_"_s);
     row("quote behind the caret", u"play \"plate t^\""_s, u"play \"plate two.jou_\""_s);
@@ -256,7 +263,7 @@ void TstCompleteCommand::variables_are_completed_data()
     QTest::newRow("common part") << u"brick $r"_s << u"radial|radius"_s << u"brick $radi"_s;
     QTest::newRow("one") << u"brick $radiu"_s << u"radius"_s << u"brick $radius"_s;
     QTest::newRow("braces") << u"brick ${radiu"_s << u"radius"_s << u"brick ${radius}"_s;
-    QTest::newRow("all") << u"brick $"_s << u"dir|radial|radius"_s << u"brick $"_s;
+    QTest::newRow("all") << u"brick $"_s << u"dir|gear|inner|radial|radius"_s << u"brick $"_s;
     QTest::newRow("within a word") << u"old x$di"_s << u"dir"_s << u"old x$dir"_s;
     QTest::newRow("within double quotes") << u"old \"a $di"_s << u"dir"_s << u"old \"a $dir"_s;
     QTest::newRow("not in single quotes") << u"old 'a $di"_s << QString() << u"old 'a $di"_s;

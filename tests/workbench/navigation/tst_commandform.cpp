@@ -75,6 +75,7 @@ private slots:
     void optional_fields_are_told();
     void line_follows_the_fields();
     void line_is_sent_as_it_stands();
+    void long_line_is_sent_whole();
     void apply_is_off_while_something_is_wrong_data();
     void apply_is_off_while_something_is_wrong();
     void missing_coordinates_are_the_defaults();
@@ -87,6 +88,7 @@ private slots:
     void several_entities_are_added_from_a_menu();
     void entities_follow_the_model();
     void typed_name_survives_a_change_of_the_model();
+    void beginning_of_a_name_stays_what_it_is();
     void new_name_must_be_new();
     void file_fields_take_what_the_application_makes();
     void file_names_are_quoted();
@@ -304,6 +306,17 @@ void TstCommandForm::line_is_sent_as_it_stands()
     QCOMPARE(tokenize(shown).words.value(1).text, u"it's \"$5\""_s);
 }
 
+void TstCommandForm::long_line_is_sent_whole()
+{
+    show(u"say"_s);
+    // As much as a field takes, and twice as much on the line.
+    const QString text(find<QLineEdit>(u"valueTEXT"_s)->maxLength(), u'"');
+    give(u"TEXT"_s, text);
+    QTest::mouseClick(apply(), Qt::LeftButton);
+    QCOMPARE(mSent.size(), 1);
+    QCOMPARE(tokenize(mSent[0]).words.value(1).text, text);
+}
+
 void TstCommandForm::apply_is_off_while_something_is_wrong_data()
 {
     QTest::addColumn<QString>("command");
@@ -340,6 +353,7 @@ void TstCommandForm::apply_is_off_while_something_is_wrong_data()
     row("one wrong", u"delete"_s, u"SOLID"_s, u"pin x"_s, u"Solids: there is no \"x\"."_s);
     row("open quote", u"delete"_s, u"SOLID"_s, u"'pin"_s,
         u"Solids: a quote is not closed, or a variable is not set."_s);
+    row("comment", u"delete"_s, u"SOLID"_s, u"pin #2"_s, u"Solids: there is no \"#2\"."_s);
     row("too few", u"join"_s, u"SOLID"_s, u"pin"_s, u"Solids: at least 2."_s);
     row("enough", u"join"_s, u"SOLID"_s, u"pin plate"_s);
     row("all are enough", u"join"_s, u"SOLID"_s, u"all"_s);
@@ -413,6 +427,8 @@ void TstCommandForm::value_needs_the_one_in_front_of_it()
     QCOMPARE(line(), u"set radius 5"_s);
     QVERIFY(apply()->isEnabled());
     give(u"VALUE"_s, u"5\\"_s); // would be continued on the next line
+    QVERIFY(!apply()->isEnabled());
+    give(u"VALUE"_s, u"5\\ "_s); // the blank is not sent
     QVERIFY(!apply()->isEnabled());
     give(u"VALUE"_s, u"'a  b' $x"_s);
     QVERIFY(!apply()->isEnabled());
@@ -519,6 +535,19 @@ void TstCommandForm::typed_name_survives_a_change_of_the_model()
     mRegistry->entities().tell_changed(u"solid"_s);
     QTRY_VERIFY(!apply()->isEnabled());
     QCOMPARE(line(), u"load bolt"_s);
+}
+
+void TstCommandForm::beginning_of_a_name_stays_what_it_is()
+{
+    mSolids = {u"pin 10"_s, u"pin"_s};
+    show(u"load"_s);
+    auto* combo = find<QComboBox>(u"valueSOLID"_s);
+    combo->setFocus();
+    QTest::keyClicks(combo->lineEdit(), u"pin"_s);
+    QTest::keyClick(combo->lineEdit(), Qt::Key_Tab);
+    QVERIFY(!combo->hasFocus());
+    QCOMPARE(combo->currentText(), u"pin"_s);
+    QCOMPARE(line(), u"load pin"_s);
 }
 
 void TstCommandForm::new_name_must_be_new()

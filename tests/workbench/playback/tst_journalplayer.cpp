@@ -65,6 +65,7 @@ private slots:
     void error_leads_to_its_line_in_the_editor_data();
     void error_leads_to_its_line_in_the_editor();
     void error_of_a_file_that_is_not_open_opens_it();
+    void errors_lead_to_journals_and_not_to_the_library_of_python();
     void error_of_a_document_that_is_closed_is_told();
     void line_that_is_gone_leads_to_the_last_one();
     void example_in_python_is_the_translation_of_its_journal();
@@ -845,6 +846,26 @@ void TstJournalPlayer::error_of_a_file_that_is_not_open_opens_it()
     QCOMPARE(tabs()->count(), count + 1);
     QCOMPARE(document()->textCursor().selectedText(), u"nix"_s);
     editor()->hide();
+}
+
+void TstJournalPlayer::errors_lead_to_journals_and_not_to_the_library_of_python()
+{
+    QVERIFY(QDir(mDirectory->path()).mkpath(u"lib/python"_s));
+    write(u"lib/python/own.py"_s, "import json\njson.loads('nix')\n");
+    enter(u"play \"%1\""_s.arg(mDirectory->filePath(u"lib/python/own.py"_s)));
+    wait_for_end();
+    const ErrorPage* errors = mWorkbench->console()->error_page();
+    QStringList linked;
+    for (QTextBlock block = errors->document()->begin(); block.isValid(); block = block.next()) {
+        for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+            if (piece.fragment().charFormat().fontUnderline())
+                linked << piece.fragment().text();
+        }
+    }
+    QVERIFY2(errors->toPlainText().contains(u"json/decoder.py\", line "_s),
+             qPrintable(errors->toPlainText()));
+    QCOMPARE(linked.size(), 1);
+    QVERIFY2(linked[0].contains(u"lib/python/own.py\", line 2"_s), qPrintable(linked[0]));
 }
 
 void TstJournalPlayer::error_of_a_document_that_is_closed_is_told()

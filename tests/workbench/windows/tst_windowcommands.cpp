@@ -6,6 +6,7 @@
 #include "frame/Ostrel.h"
 #include "host/navigation/TaskPanel.h"
 #include "journal/JournalEditor.h"
+#include "menus/OstrelToolsMenu.h"
 #include "options/OptionsPanel.h"
 #include "support/TestCase.h"
 #include "support/windows.h"
@@ -13,14 +14,17 @@
 #include "workbench/console/ConsoleOwner.h"
 #include "workbench/fennari19/Fennar.h"
 #include "workbench/navigation/NavigationRoles.h"
+#include "workbench/ostrelfw/OutputRouter.h"
 #include "workbench/scene/Scene.h"
 
 #include <QDialog>
 #include <QDockWidget>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QStackedWidget>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -45,6 +49,7 @@ private slots:
     void page_of_the_options_is_named_or_numbered();
     void options_hold_no_command_up();
     void journal_is_opened_in_the_editor();
+    void typed_text_goes_into_the_journal();
     void form_of_a_command_is_shown();
     void later_picture_shows_what_is_there_then();
     void later_picture_of_a_modal_dialog_is_taken_while_it_waits();
@@ -212,6 +217,53 @@ void TstWindowCommands::journal_is_opened_in_the_editor()
     QVERIFY(enter(u"edit /"_s).contains(u"ERROR: edit: column 6: cannot read"_s));
 }
 
+void TstWindowCommands::typed_text_goes_into_the_journal()
+{
+    JournalEditor* editor = Ostrel::instance()->journal_editor();
+    const auto* tabs = editor->findChild<QTabWidget*>(u"mDocTab"_s);
+    const auto type = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(editor->windowHandle(), key, modifiers);
+    };
+    const auto text = [&] { return qobject_cast<QPlainTextEdit*>(tabs->currentWidget())->toPlainText(); };
+    const bool prompt = JournalEditor::do_save_prompt();
+    JournalEditor::set_save_prompt(false);
+    const auto restore = qScopeGuard([&] {
+        enter(u"hide editor"_s);
+        JournalEditor::set_save_prompt(prompt);
+    });
+
+    Ostrel::instance()->tools_menu()->show_journal_editor();
+    QVERIFY(show_active(editor));
+    editor->fileNew();
+    type(Qt::Key_A);
+    QCOMPARE(text(), u"a"_s);
+    const int count = tabs->count();
+    type(Qt::Key_N, Qt::ControlModifier);
+    QCOMPARE(tabs->count(), count + 1);
+    type(Qt::Key_B);
+    QCOMPARE(text(), u"b"_s);
+    enter(u"edit \"%1\""_s.arg(write(u"a.jou"_s, "echo a")));
+    QVERIFY(show_active(editor));
+    type(Qt::Key_C);
+    QCOMPARE(text().first(7), u"cecho a"_s);
+    editor->fileClose();
+    type(Qt::Key_D);
+    QCOMPARE(text(), u"bd"_s);
+    // Who goes through the tabs with the arrow keys stays there.
+    tabs->tabBar()->setFocus();
+    type(Qt::Key_Left);
+    QCOMPARE(text(), u"a"_s);
+    QVERIFY(tabs->tabBar()->hasFocus());
+
+    enter(u"hide editor"_s);
+    QVERIFY(!editor->isVisible());
+    Ostrel::instance()->tools_menu()->show_journal_editor();
+    QVERIFY(show_active(editor));
+    const QString before = text();
+    type(Qt::Key_E);
+    QCOMPARE(text(), u'e' + before);
+}
+
 void TstWindowCommands::form_of_a_command_is_shown()
 {
     const Ostrel* window = Ostrel::instance();
@@ -306,6 +358,8 @@ void TstWindowCommands::played_command_without_output_is_scrolled_to()
     int height = 0;
     int distance = -1;
     Fennar::instance().registry().add({.name = u"measure"_s, .run = [&](CommandCall&) {
+                                           // On a slow machine lines are gathered.
+                                           OutputRouter::instance().flush();
                                            height = bar->maximum();
                                            distance = bar->maximum() - bar->value();
                                        }});
@@ -333,6 +387,8 @@ void TstWindowCommands::wrong_words_are_named_data()
     QTest::newRow("no command") << u"form"_s << u"form: column 5: expected the name of a command"_s;
     QTest::newRow("no picture") << u"picture"_s
                                 << u"picture: column 8: expected the name of a picture file"_s;
+    QTest::newRow("empty name") << u"picture ''"_s
+                                << u"picture: column 9: expected the name of a picture file"_s;
     QTest::newRow("no word") << u"picture a.png editor"_s << u"picture: column 15: expected of or after"_s;
     QTest::newRow("unknown picture") << u"picture a.png of help"_s << u"picture: column 18: expected main"_s;
     QTest::newRow("no time") << u"picture a.png after"_s
