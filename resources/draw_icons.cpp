@@ -79,12 +79,13 @@ int main(int argc, char** argv)
             out << "constexpr QRgb picture_" << count << "[] = {\n";
             write_pixels(out, picture);
             out << "};\n";
-            table += u"DrawnIcon{\"%1\", %2, picture_%3},\n"_s.arg(QFileInfo(path).fileName(), side)
-                         .arg(count);
+            table +=
+                u"DrawnIcon{\"%1\", %2, picture_%3},\n"_s.arg(QFileInfo(path).fileName(), side).arg(count);
             ++count;
         }
     }
-    out << "constexpr std::array<DrawnIcon, " << count << "> table{\n" << table << "};\n\n} // namespace\n\n"
+    out << "constexpr std::array<DrawnIcon, " << count << "> table{\n"
+        << table << "};\n\n} // namespace\n\n"
         << "std::span<const DrawnIcon> drawn_icons()\n{\n    return table;\n}\n";
     out.flush();
     return file.error() == QFileDevice::NoError ? 0 : 1;

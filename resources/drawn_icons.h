@@ -16,9 +16,9 @@ struct DrawnIcon
 };
 
 /**
- * The pictures of the icons that stand in a new main window, in the sizes in which it shows them on screens of
- * one and of two pixels to the point: see CMakeLists.txt. They are exactly what Qt draws of the files. Nothing
- * has to be loaded or parsed for them, which is much of what the first window would wait for.
+ * The pictures of the icons that stand in a new main window, in the sizes in which it shows them on screens
+ * of one and of two pixels to the point: see CMakeLists.txt. They are exactly what Qt draws of the files.
+ * Nothing has to be loaded or parsed for them, which is much of what the first window would wait for.
  *
  * Empty if Qt's SVG plugins were missing when this was built.
  */
