@@ -62,9 +62,9 @@ int main(int argc, char** argv)
     out << head;
 
     const bool can_draw = QImageReader::supportedImageFormats().contains("svg");
-    if (!can_draw) {
+    // The program works all the same: it draws what it finds no picture of.
+    if (!can_draw)
         std::fputs("draw_icons: Qt's SVG plugins are missing; no icon is drawn ahead\n", stderr);
-    }
     QString table;
     qsizetype count = 0;
     for (const QString& argument : can_draw ? arguments.mid(2) : QStringList()) {
