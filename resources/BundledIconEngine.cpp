@@ -3,6 +3,8 @@
 
 #include "resources/BundledIconEngine.h"
 
+#include "resources/drawn_icons.h"
+
 #include <QApplication>
 #include <QDataStream>
 #include <QImageReader>
@@ -17,11 +19,32 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QPixmap draw(const QString& path, const QSize& size, QIcon::Mode mode)
+/** Null if the build has not drawn it. */
+QImage drawn_ahead(const QString& path, const QSize& size)
+{
+    static const auto directory = u":/ostrelgui/images/light/"_s;
+    for (const DrawnIcon& icon : drawn_icons()) {
+        if (size == QSize(icon.side, icon.side) && path.startsWith(directory) &&
+            QStringView(path).mid(directory.size()) == QLatin1StringView(icon.name)) {
+            const auto* bytes = reinterpret_cast<const uchar*>(icon.pixels);
+            // Pictures may outlive the library.
+            return QImage(bytes, icon.side, icon.side, QImage::Format_ARGB32_Premultiplied).copy();
+        }
+    }
+    return {};
+}
+
+QImage read(const QString& path, const QSize& size)
 {
     QImageReader reader(path);
     reader.setScaledSize(reader.size().scaled(size, Qt::KeepAspectRatio));
-    const QPixmap picture = QPixmap::fromImage(reader.read());
+    return reader.read();
+}
+
+QPixmap draw(const QString& path, const QSize& size, QIcon::Mode mode)
+{
+    const QImage ahead = drawn_ahead(path, size);
+    const QPixmap picture = QPixmap::fromImage(ahead.isNull() ? read(path, size) : ahead);
     if (picture.isNull())
         return picture;
     QStyleOption option;

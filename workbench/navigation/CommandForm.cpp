@@ -24,6 +24,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -91,16 +92,10 @@ CommandForm::CommandForm(QWidget* parent)
       mApply(new QPushButton(tr("Apply"), this))
 {
     setObjectName(u"commandForm"_s);
-    QFont bold = mTitle->font();
-    bold.setBold(true);
-    mTitle->setFont(bold);
-    const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    mUsage->setFont(fixed);
     mWays->setObjectName(u"commandWays"_s);
     mWays->setAccessibleName(tr("Way to use the command"));
     mWays->setMinimumContentsLength(4);
     mWays->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    mLine->setFont(fixed);
     mLine->setObjectName(u"commandLine"_s);
     mLine->setAccessibleName(tr("Command line"));
     mLine->setMinimumWidth(1);
@@ -146,6 +141,16 @@ CommandForm::CommandForm(QWidget* parent)
 
 CommandForm::~CommandForm() = default;
 
+void CommandForm::set_fonts()
+{
+    QFont bold = mTitle->font();
+    bold.setBold(true);
+    mTitle->setFont(bold);
+    const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    mUsage->setFont(fixed);
+    mLine->setFont(fixed);
+}
+
 const CommandSyntax& CommandForm::form() const
 {
     return mCommand->forms[mWay];
@@ -157,6 +162,9 @@ void CommandForm::set_entry(const QModelIndex& entry)
     const QString tip = entry.data(NavigationRole::Tip).toString();
     const QString usage = entry.data(NavigationRole::Usage).toString();
     const QString line = entry.data(NavigationRole::Command).toString();
+    // Finding fonts takes time, which the start of the program, where no form is shown, does not have.
+    if (entry.isValid() && !std::exchange(mHasFonts, true))
+        set_fonts();
     mTitle->setText(title);
     set_text_or_hide(mTip, tip);
     mApply->setAccessibleName(tr("Apply %1").arg(title));

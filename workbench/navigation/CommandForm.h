@@ -68,6 +68,7 @@ private:
         bool is_given() const;
     };
 
+    void set_fonts();
     void start(const QString& line, const QString& usage);
     bool read_line(const QString& line);
     void show_way(int way);
@@ -87,6 +88,7 @@ private:
     bool is_described() const { return mCommand && !mEditing; }
     const CommandSyntax& form() const;
 
+    bool mHasFonts = false;
     QLabel* mTitle;
     QLabel* mTip;
     QLabel* mUsage;

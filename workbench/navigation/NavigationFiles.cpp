@@ -7,7 +7,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QIcon>
 #include <QPoint>
 #include <QScopedValueRollback>
 #include <QStringDecoder>
@@ -262,7 +261,7 @@ NavigationNode* NavigationFiles::merged(NavigationNode* parent, NavigationKind k
         known->node->setData(other->data(NavigationRole::Tip), NavigationRole::Tip);
     if (known->node->data(NavigationRole::IconName).toString().isEmpty()) {
         known->node->setData(other->data(NavigationRole::IconName), NavigationRole::IconName);
-        known->node->setIcon(other->icon());
+        known->node->set_picture(other->picture());
     }
     return known->node;
 }
@@ -294,11 +293,10 @@ std::unique_ptr<NavigationNode> NavigationFiles::new_node(NavigationKind kind)
     const QString icon = attribute("icon"_L1);
     set(NavigationRole::IconName, icon);
     if (const QString file = icon_file(icon); !file.isEmpty()) {
-        // Many entries share few pictures, and making an icon reads the file.
-        QIcon& made = mIcons[file];
-        if (made.isNull())
-            made = QIcon(file);
-        node->setIcon(made);
+        std::shared_ptr<NavigationPicture>& picture = mPictures[file];
+        if (!picture)
+            picture = std::make_shared<NavigationPicture>(file);
+        node->set_picture(picture);
     }
     return node;
 }

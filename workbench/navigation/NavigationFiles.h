@@ -6,7 +6,6 @@
 #include "workbench/navigation/NavigationNode.h"
 
 #include <QHash>
-#include <QIcon>
 #include <QStringList>
 
 #include <memory>
@@ -64,7 +63,7 @@ private:
     /** Every entry by the one above it (null for pages) and its own id. */
     QHash<Key, Entry> mEntries;
     /** Those made so far, by file. */
-    QHash<QString, QIcon> mIcons;
+    QHash<QString, std::shared_ptr<NavigationPicture>> mPictures;
 
     // The file being read.
     QString mPath;

@@ -5,6 +5,17 @@
 
 #include "workbench/navigation/NavigationComponents.h"
 
+#include <utility>
+
+NavigationPicture::NavigationPicture(const QString& file) : mFile(file) {}
+
+const QIcon& NavigationPicture::icon()
+{
+    if (mIcon.isNull())
+        mIcon = QIcon(mFile);
+    return mIcon;
+}
+
 NavigationNode::NavigationNode(NavigationKind kind, const QString& title) : QStandardItem(title)
 {
     setData(static_cast<int>(kind), NavigationRole::Kind);
@@ -14,6 +25,20 @@ NavigationNode::NavigationNode(NavigationKind kind, const QString& title) : QSta
 int NavigationNode::type() const
 {
     return UserType;
+}
+
+QVariant NavigationNode::data(int role) const
+{
+    QVariant value = QStandardItem::data(role);
+    if (role == Qt::DecorationRole && mPicture && !value.isValid())
+        value = mPicture->icon();
+    return value;
+}
+
+void NavigationNode::set_picture(std::shared_ptr<NavigationPicture> picture)
+{
+    mPicture = std::move(picture);
+    emitDataChanged();
 }
 
 NavigationKind NavigationNode::kind() const

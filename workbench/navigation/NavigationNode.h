@@ -5,7 +5,23 @@
 
 #include "workbench/navigation/NavigationRoles.h"
 
+#include <QIcon>
 #include <QStandardItem>
+
+#include <memory>
+
+/** A picture in a file. Making an icon reads the file, so that is left until the icon is asked for. */
+class NavigationPicture
+{
+public:
+    explicit NavigationPicture(const QString& file);
+
+    const QIcon& icon();
+
+private:
+    QString mFile;
+    QIcon mIcon;
+};
 
 /**
  * An entry that was read from a navigation file: a page, a group or a command.
@@ -19,7 +35,17 @@ public:
 
     int type() const override;
 
+    /** The icon is that of picture(), if there is one and none has been set. */
+    QVariant data(int role = Qt::UserRole + 1) const override;
+
     NavigationKind kind() const;
+
+    /** Null without a picture. Entries with the same picture share it. */
+    const std::shared_ptr<NavigationPicture>& picture() const { return mPicture; }
+    void set_picture(std::shared_ptr<NavigationPicture> picture);
+
+private:
+    std::shared_ptr<NavigationPicture> mPicture;
 };
 
 /**

@@ -20,6 +20,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -70,6 +71,7 @@ private slots:
     void init();
     void cleanup();
 
+    void title_is_bold_and_the_line_of_fixed_width();
     void fields_are_those_of_the_description();
     void units_and_defaults_are_shown();
     void optional_fields_are_told();
@@ -234,6 +236,22 @@ void TstCommandForm::show(const QString& line)
         mForm = std::make_unique<CommandForm>(nullptr);
     mForm->set_entry(entry->index());
     QVERIFY(show_active(mForm.get()));
+}
+
+void TstCommandForm::title_is_bold_and_the_line_of_fixed_width()
+{
+    show(u"brick"_s);
+    QFont bold = QApplication::font("QLabel");
+    bold.setBold(true);
+    const QString fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+    for ([[maybe_unused]] const int time : {1, 2}) {
+        QCOMPARE(find<QLabel>(u"commandTitle"_s)->font(), bold);
+        QCOMPARE(find<QLineEdit>(u"commandLine"_s)->font().family(), fixed);
+        QCOMPARE(find<QLabel>(u"commandUsage"_s)->font().family(), fixed);
+        QVERIFY(fixed != bold.family());
+        // The same form for another entry.
+        show(u"delete"_s);
+    }
 }
 
 void TstCommandForm::fields_are_those_of_the_description()

@@ -32,6 +32,7 @@ private slots:
     void icon_of_the_shell_is_found();
     void icon_beside_the_file_is_found();
     void icon_below_the_file_is_found();
+    void icon_is_read_when_it_is_asked_for();
     void entries_cannot_be_edited();
     void entries_inside_a_page_know_their_model();
 
@@ -361,6 +362,23 @@ void TstNavigationReader::icon_below_the_file_is_found()
     folder().write(u"a.xml"_s, navigation("<page title=\"P\" icon=\"images/own.png\"/>"));
     NavigationModel model(nullptr);
     QCOMPARE(folder().read(&model), QStringList());
+    QCOMPARE(middle(model), QColor(Qt::blue));
+}
+
+void TstNavigationReader::icon_is_read_when_it_is_asked_for()
+{
+    QPixmap pixmap(16, 16);
+    pixmap.fill(Qt::red);
+    QVERIFY(pixmap.save(folder().path(u"own.png"_s)));
+    folder().write(u"a.xml"_s, navigation("<page title=\"P\" icon=\"own.png\"/>"));
+    NavigationModel model(nullptr);
+    QCOMPARE(folder().read(&model), QStringList());
+    pixmap.fill(Qt::blue);
+    QVERIFY(pixmap.save(folder().path(u"own.png"_s)));
+    QCOMPARE(middle(model), QColor(Qt::blue));
+    // And once only.
+    pixmap.fill(Qt::red);
+    QVERIFY(pixmap.save(folder().path(u"own.png"_s)));
     QCOMPARE(middle(model), QColor(Qt::blue));
 }
 
