@@ -51,6 +51,8 @@
 #include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QPlainTextEdit>
+#include <QScreen>
+#include <QSettings>
 #include <QStandardPaths>
 #include <QTimer>
 #include <QWindow>
@@ -58,6 +60,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <optional>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -186,6 +189,29 @@ QString not_played(const QString& journal)
     return u"ERROR: %1 is not played, since the model could not be opened\n"_s.arg(
         CommandError::shown(journal, journal.size()));
 }
+
+/** The size of the main window at the first start, where the screen has room for it: all buttons of the
+ * toolbars are seen, and most errors are not cut on the console. */
+constexpr QSize first_size(1200, 880);
+
+/** Gives the main window its first size just before it is shown, unless the settings have one. */
+class FirstSize : public QObject
+{
+public:
+    FirstSize() { QCoreApplication::instance()->installEventFilter(this); }
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        // The shell has read its settings by then, and the screen has not got the window yet.
+        if (event->type() != QEvent::Show || object != Ostrel::instance())
+            return false;
+        const QSettings settings;
+        Ostrel* window = Ostrel::instance();
+        if (!settings.contains("geometry"_L1) && !settings.contains("ostrelgui/ostrel/width"_L1))
+            window->resize(
+                window->size().expandedTo(first_size.boundedTo(window->screen()->availableSize())));
+        return false;
+    }
+};
 
 /** Fills the about dialog in. */
 void describe_product()
@@ -317,6 +343,8 @@ void Workbench::set_up_playback()
     JournalEditor* editor = window->journal_editor();
     Playback& playback = Fennar::instance().playback();
     mConsole->offer_pages(editor);
+    // The two have one font. When the window was built, the console had none of its own yet.
+    editor->set_editor_font(window->command_line()->get_font());
     mPlayer = std::make_unique<JournalPlayer>(window, mConsole.get(), playback,
                                               [this](const QString& command) { run_panel_command(command); });
     playback.set_hints(true);
@@ -374,7 +402,9 @@ bool Workbench::load()
     wait_for_windows();
     mFrame.show_splash_message(
         qUtf8Printable(QCoreApplication::translate("Workbench", "Loading the main window")));
+    std::optional<FirstSize> first_size_giver(std::in_place);
     const bool loaded = mFrame.load_gui();
+    first_size_giver.reset();
     mFrame.finish_splash();
     if (!loaded)
         return false;

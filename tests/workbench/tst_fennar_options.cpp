@@ -54,6 +54,7 @@ private slots:
     void options_that_are_saved_are_in_force_at_the_next_start();
     void options_that_are_not_saved_are_not();
     void page_of_a_component_keeps_its_option();
+    void size_in_the_settings_comes_before_that_of_a_first_start();
 
 private:
     QString path(const QString& name) const { return mDirectory->filePath(name); }
@@ -237,6 +238,27 @@ void TstFennarOptions::page_of_a_component_keeps_its_option()
     press({u"alt+s"_s});
     quit();
     QCOMPARE(text(u"demo/number"_s), u"3"_s);
+}
+
+void TstFennarOptions::size_in_the_settings_comes_before_that_of_a_first_start()
+{
+    const auto size_at_start = [this] {
+        start();
+        const QString shown = xdo({u"getwindowgeometry"_s, windows_named(u"Fennar"_s).value(0)});
+        quit();
+        return shown.section(u"Geometry: "_s, 1).trimmed();
+    };
+    {
+        QSettings settings(path(u"my.ini"_s), QSettings::IniFormat);
+        settings.setValue(u"ostrelgui/ostrel/width"_s, 1100);
+        settings.setValue(u"ostrelgui/ostrel/height"_s, 850);
+    }
+    QCOMPARE(size_at_start(), u"1100x850"_s);
+    // Now there is what the window has stored when it closed.
+    QSettings(path(u"my.ini"_s), QSettings::IniFormat).remove(u"ostrelgui/ostrel/width"_s);
+    QCOMPARE(size_at_start(), u"1100x850"_s);
+    QVERIFY(QFile::remove(path(u"my.ini"_s)));
+    QCOMPARE(size_at_start(), u"1200x880"_s);
 }
 
 OSTREL_TEST_MAIN(TstFennarOptions)

@@ -10,6 +10,7 @@
 #include "host/navigation/NavigationReader.h"
 #include "host/navigation/TaskPanel.h"
 #include "host/ostrelfw/Framework.h"
+#include "journal/JournalEditor.h"
 #include "support/TestCase.h"
 #include "support/windows.h"
 #include "workbench/Workbench.h"
@@ -25,6 +26,7 @@
 #include <QDockWidget>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QImage>
 #include <QLineEdit>
@@ -95,6 +97,7 @@ private slots:
     void splash_screen_with_a_picture_comes_first();
     void window_is_painted_with_its_prompt_before_python_starts();
     void window_has_a_black_area_a_command_panel_and_a_console();
+    void journal_editor_has_the_font_of_the_console();
     void typed_command_is_answered_above_the_next_prompt();
     void continued_command_gets_a_second_prompt();
     void error_names_command_and_column_and_warns_on_the_errors_tab();
@@ -253,6 +256,13 @@ void TstWorkbench::window_has_a_black_area_a_command_panel_and_a_console()
     }
     QVERIFY(page()->isVisible());
     QCOMPARE(window->windowTitle(), u"Fennar"_s);
+}
+
+void TstWorkbench::journal_editor_has_the_font_of_the_console()
+{
+    // A start without settings: the console has its own font then.
+    QCOMPARE(QFontInfo(page()->font()).family(), u"Inconsolata"_s);
+    QCOMPARE(Ostrel::instance()->journal_editor()->get_editor_font(), page()->font());
 }
 
 void TstWorkbench::typed_command_is_answered_above_the_next_prompt()

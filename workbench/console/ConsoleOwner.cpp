@@ -10,6 +10,8 @@
 #include "workbench/console/HistorySearch.h"
 #include "workbench/console/LineInterpreter.h"
 
+#include <QScrollBar>
+
 #include <algorithm>
 #include <exception>
 #include <utility>
@@ -97,6 +99,9 @@ void ConsoleOwner::offer_pages(JournalEditor* editor)
 void ConsoleOwner::prompt()
 {
     mWindow->print_prompt(mIncomplete, mIndent.toUtf8().constData());
+    // The page follows what is printed, but no line that comes from elsewhere and prints nothing.
+    QScrollBar* bar = mPage->verticalScrollBar();
+    bar->setValue(bar->maximum());
 }
 
 void ConsoleOwner::run_line(const QString& line, const Then& then)

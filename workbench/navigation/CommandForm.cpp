@@ -202,7 +202,7 @@ void CommandForm::start(const QString& line, const QString& usage)
         show_way(-1);
     mWays->setVisible(mCommand && mCommand->forms.size() > 1);
     mEdit->setVisible(mCommand != nullptr);
-    mLine->setReadOnly(mCommand != nullptr);
+    set_line_read_only(mCommand != nullptr);
     set_text_or_hide(mUsage, mCommand ? QString() : usage);
     mLine->setAccessibleDescription(mCommand ? mCommand->usage : usage);
     mLine->setToolTip(mCommand ? mCommand->usage : QString());
@@ -403,7 +403,7 @@ void CommandForm::set_editing(bool on)
     if (!on)
         read_line(mLine->text());
     mEditing = on;
-    mLine->setReadOnly(!on);
+    set_line_read_only(!on);
     mFields->setEnabled(!on);
     mWays->setEnabled(!on);
     update_line();
@@ -412,6 +412,30 @@ void CommandForm::set_editing(bool on)
         mLine->setFocus(Qt::OtherFocusReason);
         mLine->end(false);
     }
+}
+
+void CommandForm::set_line_read_only(bool read_only)
+{
+    mLine->setReadOnly(read_only);
+    colour_line();
+}
+
+/** A line that only shows what will run has the colour of the panel, not that of a field to write in. */
+void CommandForm::colour_line()
+{
+    QPalette colours;
+    if (mLine->isReadOnly()) {
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+            colours.setBrush(group, QPalette::Base, palette().brush(group, QPalette::Window));
+    }
+    mLine->setPalette(colours);
+}
+
+void CommandForm::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        colour_line();
 }
 
 void CommandForm::note_change(const QString& entities)

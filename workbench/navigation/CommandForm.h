@@ -55,6 +55,7 @@ signals:
     void left();
 
 protected:
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -81,6 +82,8 @@ private:
     QString problem() const;
     QString clause_problem(qsizetype i) const;
     void set_editing(bool on);
+    void set_line_read_only(bool read_only);
+    void colour_line();
     void note_change(const QString& entities);
     void refresh();
     void apply();

@@ -15,6 +15,7 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -79,6 +80,7 @@ private slots:
     void lines_that_wait_can_be_given_up();
     void run_line_keeps_what_is_half_typed();
     void run_line_gives_up_a_command_that_is_not_complete();
+    void prompt_behind_lines_of_somebody_else_is_in_sight();
     void owner_tells_when_a_line_runs();
     void error_page_has_the_font_of_the_command_page();
     void up_and_down_walk_the_history();
@@ -274,6 +276,19 @@ void TstConsoleOwner::run_line_gives_up_a_command_that_is_not_complete()
     mOwner->run_line(u"echo 1"_s);
     QCOMPARE(mCommands.resets, 1);
     QCOMPARE(text(), u"Fennar>a \\\nFennar>echo 1\nFennar>"_s);
+}
+
+void TstConsoleOwner::prompt_behind_lines_of_somebody_else_is_in_sight()
+{
+    QVERIFY(show_active(mWindow.get()));
+    const QScrollBar* bar = page()->verticalScrollBar();
+    for (int i = 0; bar->maximum() < 3; ++i) {
+        QVERIFY(i < 1000);
+        mOwner->run_line(u"silent"_s);
+    }
+    QCOMPARE(bar->value(), bar->maximum());
+    QVERIFY(page()->viewport()->rect().contains(page()->cursorRect()));
+    QVERIFY(page()->textCursor().atEnd());
 }
 
 void TstConsoleOwner::owner_tells_when_a_line_runs()

@@ -25,6 +25,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QScrollArea>
 #include <QStandardItem>
 #include <QTemporaryDir>
@@ -99,6 +100,7 @@ private slots:
     void line_that_is_no_form_is_left_to_the_user();
     void command_without_description_has_its_line();
     void line_can_be_edited_and_is_read_back();
+    void line_looks_like_a_field_only_while_it_can_be_edited();
     void edited_line_that_does_not_fit_is_given_up();
     void command_that_comes_and_goes_changes_the_form();
     void return_applies_from_any_field();
@@ -697,6 +699,28 @@ void TstCommandForm::line_can_be_edited_and_is_read_back()
     QCOMPARE(find<QLineEdit>(u"valueatX"_s)->text(), u"${x}"_s);
     QCOMPARE(line(), u"brick 7 2 3 at ${x} 1 2"_s);
     QCOMPARE(message(), u"Centre X: there is no variable ${x}."_s);
+}
+
+void TstCommandForm::line_looks_like_a_field_only_while_it_can_be_edited()
+{
+    show(u"brick"_s);
+    const auto* text = find<QLineEdit>(u"commandLine"_s);
+    const auto* field = find<QLineEdit>(u"valueWIDTH"_s);
+    const auto base = [](const QWidget* widget) { return widget->palette().color(QPalette::Base); };
+    QCOMPARE(base(text), mForm->palette().color(QPalette::Window));
+    QVERIFY(base(text) != base(field));
+    QTest::keyClick(find<QCheckBox>(u"editLine"_s), Qt::Key_Space);
+    QCOMPARE(base(text), QApplication::palette().color(QPalette::Base));
+    QTest::keyClick(find<QCheckBox>(u"editLine"_s), Qt::Key_Space);
+    // Colors may change while the form is shown.
+    const QPalette before = QApplication::palette();
+    QPalette dark(Qt::darkGray, Qt::black);
+    dark.setColor(QPalette::Base, Qt::darkBlue);
+    const auto restore = qScopeGuard([before] { QApplication::setPalette(before); });
+    QApplication::setPalette(dark);
+    QTRY_COMPARE(base(text), QColor(Qt::black));
+    show(u"bare"_s);
+    QCOMPARE(base(text), QColor(Qt::darkBlue));
 }
 
 void TstCommandForm::edited_line_that_does_not_fit_is_given_up()

@@ -144,12 +144,12 @@ void TstTour::tour_shows_the_workbench_in_pictures()
     // What other programs can read is there, too.
     for (const QString& name : {u"tour_flange.step"_s, u"tour_flange.stl"_s, u"tour_flange.mdl"_s})
         QVERIFY2(QFileInfo(mDirectory->filePath(name)).size() > 1000, qPrintable(name));
-    // The user's next start is as it was: no colours, no mesh.
+    // The user's next start is as it was: in colours, and in what is displayed.
     QFile settings(mDirectory->filePath(u"settings.ini"_s));
     QVERIFY(settings.open(QIODevice::ReadOnly));
     const QByteArray kept = settings.readAll();
     QVERIFY2(!kept.contains("scheme="), kept.constData());
-    QVERIFY2(!kept.contains("mesh=true"), kept.constData());
+    QVERIFY2(!kept.contains("[graphics]"), kept.constData());
 }
 
 void TstTour::tour_needs_no_window()

@@ -18,7 +18,7 @@ struct DisplayOptions
     /** Edges. Without surfaces all of them are seen, and lines on what is curved. */
     bool wireframe = true;
     /** The mesh in place of the surfaces, for items that have one. */
-    bool mesh = false;
+    bool mesh = true;
 
     bool operator==(const DisplayOptions&) const = default;
 

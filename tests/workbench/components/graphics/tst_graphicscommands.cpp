@@ -74,14 +74,14 @@ void TstGraphicsCommands::fit_keeps_the_direction()
 
 void TstGraphicsCommands::display_sets_and_tells()
 {
-    QCOMPARE(run(u"display"_s), u"shaded on, wireframe on, mesh off, opengl on (not in use)\n"_s);
+    QCOMPARE(run(u"display"_s), u"shaded on, wireframe on, mesh on, opengl on (not in use)\n"_s);
     mState->set_has_opengl(true);
-    QCOMPARE(run(u"display"_s), u"shaded on, wireframe on, mesh off, opengl on\n"_s);
-    QCOMPARE(run(u"display shaded off"_s) + run(u"display wireframe off"_s) + run(u"display mesh on"_s) +
+    QCOMPARE(run(u"display"_s), u"shaded on, wireframe on, mesh on, opengl on\n"_s);
+    QCOMPARE(run(u"display shaded off"_s) + run(u"display wireframe off"_s) + run(u"display mesh off"_s) +
                  run(u"display opengl off"_s),
              QString());
-    QCOMPARE(run(u"display"_s), u"shaded off, wireframe off, mesh on, opengl off\n"_s);
-    run(u"display shaded on"_s);
+    QCOMPARE(run(u"display"_s), u"shaded off, wireframe off, mesh off, opengl off\n"_s);
+    QCOMPARE(run(u"display shaded on"_s) + run(u"display mesh on"_s), QString());
     QVERIFY(mState->display().shaded && !mState->display().wireframe && mState->display().mesh);
 }
 

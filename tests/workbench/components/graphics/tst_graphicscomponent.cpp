@@ -355,9 +355,9 @@ void TstGraphicsComponent::tools_send_commands_and_show_the_state()
         QVERIFY2(page()->toPlainText().startsWith(u"Fennar>"_s + line + u'\n'),
                  qPrintable(page()->toPlainText()));
     }
-    QVERIFY(tool("shaded")->isChecked() && tool("wireframe")->isChecked() && !tool("mesh")->isChecked());
-    enter(u"display mesh on"_s);
-    QVERIFY(tool("mesh")->isChecked());
+    QVERIFY(tool("shaded")->isChecked() && tool("wireframe")->isChecked() && tool("mesh")->isChecked());
+    enter(u"display mesh off"_s);
+    QVERIFY(!tool("mesh")->isChecked());
     page()->clearToPrompt();
     tool("shaded")->trigger();
     flush();
@@ -370,17 +370,17 @@ void TstGraphicsComponent::tools_send_commands_and_show_the_state()
 
 void TstGraphicsComponent::display_is_kept_until_the_next_start()
 {
-    const QString at_first = u"shaded on, wireframe on, mesh off, opengl on"_s;
+    const QString at_first = u"shaded on, wireframe on, mesh on, opengl on"_s;
     enter(command("load", GRAPHICS));
     QVERIFY2(enter(u"display"_s).contains(at_first), qPrintable(page()->toPlainText()));
     QVERIFY(!QSettings().contains(u"graphics/shaded"_s)); // nothing was chosen
-    for (const QString& line : {u"shaded off"_s, u"wireframe off"_s, u"mesh on"_s, u"opengl off"_s})
+    for (const QString& line : {u"shaded off"_s, u"wireframe off"_s, u"mesh off"_s, u"opengl off"_s})
         enter(u"display "_s + line);
     enter(u"unload graphics"_s);
     enter(command("load", GRAPHICS));
-    QVERIFY2(enter(u"display"_s).contains(u"shaded off, wireframe off, mesh on, opengl off"_s),
+    QVERIFY2(enter(u"display"_s).contains(u"shaded off, wireframe off, mesh off, opengl off"_s),
              qPrintable(page()->toPlainText()));
-    QVERIFY(!tool("shaded")->isChecked() && !tool("wireframe")->isChecked() && tool("mesh")->isChecked());
+    QVERIFY(!tool("shaded")->isChecked() && !tool("wireframe")->isChecked() && !tool("mesh")->isChecked());
     // What makes no sense counts as yes, and as no where it is empty.
     QSettings().setValue(u"graphics/shaded"_s, u"perhaps"_s);
     QSettings().setValue(u"graphics/mesh"_s, QString());

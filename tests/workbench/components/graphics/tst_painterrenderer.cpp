@@ -195,6 +195,7 @@ void TstPainterRenderer::mesh_takes_the_place_of_the_surface()
     const int id = add_box(*mScene, u"a"_s, {0, 0, 0}, {2, 2, 2});
     mScene->set_mesh(id, make_box({0, 0, 0}, {1, 1, 1}));
     look(Camera::View::Top);
+    mDisplay.mesh = false;
     QCOMPARE(count(draw(), mColours.mesh_line), 0);
     mDisplay.mesh = true;
     QVERIFY(count(draw(), mColours.mesh_line) > 50);
