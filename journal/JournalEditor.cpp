@@ -90,14 +90,6 @@ void name_close_button(QTabWidget* tabs, int index)
     }
 }
 
-void remove_tab(QTabWidget* tabs, int index)
-{
-    tabs->removeTab(index);
-    // What is typed next goes into the text that is seen now, and not to the tabs.
-    if (QWidget* shown = tabs->currentWidget())
-        shown->setFocus();
-}
-
 } // namespace
 
 bool JournalEditor::mDoPrompt = true;
@@ -350,7 +342,7 @@ void JournalEditor::close_tab(int index)
     if (!check_modified(document(index)))
         return;
     if (mUi->mDocTab->count() > 1)
-        remove_tab(mUi->mDocTab, index);
+        mUi->mDocTab->removeTab(index);
     else
         close();
 }
@@ -436,8 +428,6 @@ JournalDocument* JournalEditor::create_document(const QString& name)
         connect(doc, &JournalDocument::fileNameChanged, this, &JournalEditor::change_file_name);
     }
     doc->setFont(get_editor_font());
-    // Also while the window is hidden: whoever opens it finds the caret in its text.
-    doc->setFocus();
     return doc;
 }
 
@@ -523,7 +513,7 @@ void JournalEditor::remove_document(JournalDocument* doc)
 {
     if (!doc || mUi->mDocTab->count() < 2)
         return;
-    remove_tab(mUi->mDocTab, mUi->mDocTab->indexOf(doc));
+    mUi->mDocTab->removeTab(mUi->mDocTab->indexOf(doc));
     for (QAction* action : std::as_const(mUi->mContextMenuItems))
         doc->remove_context_menu_item(action);
     delete doc;

@@ -88,9 +88,6 @@ private slots:
     void pristine_document_among_two_is_not_reused();
     void new_document_becomes_current_and_closable();
     void new_document_has_name_font_and_no_wrap();
-    void new_document_takes_what_is_typed();
-    void document_that_is_left_takes_what_is_typed();
-    void window_that_is_shown_again_takes_what_is_typed();
     void tab_shows_the_file_name();
     void odd_file_names_show_on_tab_and_title_data();
     void odd_file_names_show_on_tab_and_title();
@@ -501,48 +498,6 @@ void TstJournalEditor::new_document_has_name_font_and_no_wrap()
     document_of(second, 0)->setLineWrapMode(QPlainTextEdit::WidgetWidth);
     second.fileNew();
     QCOMPARE(document_of(second, 0)->lineWrapMode(), QPlainTextEdit::NoWrap);
-}
-
-void TstJournalEditor::new_document_takes_what_is_typed()
-{
-    JournalEditor editor;
-    QVERIFY(show_active(&editor));
-    QTRY_COMPARE(QApplication::focusWidget(), document_of(editor, 0));
-    QTest::keyClicks(QApplication::focusWidget(), u"a"_s);
-    // From a menu, or from what else has the focus.
-    tabs_of(editor)->tabBar()->setFocus();
-    editor.fileNew();
-    QCOMPARE(QApplication::focusWidget(), document_of(editor, 1));
-    QTest::keyClicks(QApplication::focusWidget(), u"b"_s);
-    QCOMPARE(texts_of(editor), (QStringList{u"a"_s, u"b"_s}));
-    for (const int i : {0, 1})
-        document_of(editor, i)->document()->setModified(false);
-}
-
-void TstJournalEditor::document_that_is_left_takes_what_is_typed()
-{
-    JournalEditor editor;
-    for (const QString& text : {u"a"_s, u"b"_s, u"c"_s})
-        typed_document(editor, text)->document()->setModified(false);
-    QVERIFY(show_active(&editor));
-    QTRY_COMPARE(QApplication::focusWidget(), document_of(editor, 2));
-    editor.fileClose();
-    QCOMPARE(QApplication::focusWidget(), document_of(editor, 1));
-    editor.close_tab(1);
-    QCOMPARE(QApplication::focusWidget(), document_of(editor, 0));
-}
-
-void TstJournalEditor::window_that_is_shown_again_takes_what_is_typed()
-{
-    JournalEditor editor;
-    typed_document(editor, u"a"_s);
-    typed_document(editor, u"b"_s);
-    QVERIFY(show_active(&editor));
-    for (const int i : {0, 1})
-        document_of(editor, i)->document()->setModified(false);
-    QVERIFY(editor.close());
-    QVERIFY(show_active(&editor));
-    QTRY_COMPARE(QApplication::focusWidget(), editor.returnCurrentDocument());
 }
 
 void TstJournalEditor::tab_shows_the_file_name()
