@@ -197,7 +197,11 @@ constexpr QSize first_size(1200, 880);
 class FirstSize : public QObject
 {
 public:
-    FirstSize() { QCoreApplication::instance()->installEventFilter(this); }
+    FirstSize()
+    {
+        if (QCoreApplication* application = QCoreApplication::instance())
+            application->installEventFilter(this);
+    }
     bool eventFilter(QObject* object, QEvent* event) override
     {
         // The shell has read its settings by then, and the screen has not got the window yet.
