@@ -60,7 +60,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <optional>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -198,7 +197,11 @@ constexpr QSize first_size(1200, 880);
 class FirstSize : public QObject
 {
 public:
-    FirstSize() { QCoreApplication::instance()->installEventFilter(this); }
+    FirstSize()
+    {
+        if (QCoreApplication* application = QCoreApplication::instance())
+            application->installEventFilter(this);
+    }
     bool eventFilter(QObject* object, QEvent* event) override
     {
         // The shell has read its settings by then, and the screen has not got the window yet.
@@ -398,13 +401,12 @@ bool Workbench::load()
 {
     if (qobject_cast<QApplication*>(QCoreApplication::instance()))
         mScheme->restore();
+    const FirstSize while_loading;
     mFrame.start_splash(":/workbench/splash.png");
     wait_for_windows();
     mFrame.show_splash_message(
         qUtf8Printable(QCoreApplication::translate("Workbench", "Loading the main window")));
-    std::optional<FirstSize> first_size_giver(std::in_place);
     const bool loaded = mFrame.load_gui();
-    first_size_giver.reset();
     mFrame.finish_splash();
     if (!loaded)
         return false;

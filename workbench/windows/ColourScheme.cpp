@@ -13,6 +13,7 @@
 #include "workbench/windows/scheme_palette.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QPlainTextEdit>
 #include <QSettings>
@@ -163,8 +164,9 @@ void ColourScheme::add_to_menu(Ostrel* window)
 {
     const std::array<QString, 3> texts = {tr("S&ystem Colors"), tr("Li&ght Colors"), tr("&Dark Colors")};
     std::vector<QAction*> actions = {nullptr};
+    auto* group = new QActionGroup(this); // menus show that one of them holds
     for (std::size_t i = 0; i < texts.size(); ++i) {
-        auto* action = new QAction(texts[i], this);
+        auto* action = new QAction(texts[i], group);
         action->setObjectName(u"scheme_"_s + names[i]);
         action->setCheckable(true);
         connect(action, &QAction::triggered, this, [this, i] {
@@ -181,8 +183,9 @@ void ColourScheme::add_to_menu(Ostrel* window)
 void ColourScheme::remove_from_menu(Ostrel* window)
 {
     window->view_menu()->remove_component_items(owner);
-    for (QAction*& action : mActions)
-        delete std::exchange(action, nullptr);
+    if (mActions[0])
+        delete mActions[0]->actionGroup(); // with all of them
+    mActions = {};
 }
 
 void ColourScheme::update_actions()

@@ -11,6 +11,7 @@
 #include "workbench/windows/scheme_palette.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QCheckBox>
 #include <QListWidget>
@@ -204,6 +205,10 @@ void TstColourScheme::settings_that_make_no_sense_change_nothing()
 void TstColourScheme::entries_of_the_menu_send_the_command_and_show_the_choice()
 {
     start();
+    // One holds at a time, and menus and screen readers say so.
+    for (const char* name : {"system", "light", "dark"})
+        QVERIFY(entry(name)->actionGroup() && entry(name)->actionGroup() == entry("dark")->actionGroup() &&
+                entry(name)->actionGroup()->isExclusive());
     for (const char* name : {"dark", "light", "system"}) {
         mWorkbench->console()->command_page()->clearToPrompt();
         entry(name)->trigger();

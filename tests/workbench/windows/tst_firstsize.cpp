@@ -14,8 +14,7 @@
 
 using namespace Qt::StringLiterals;
 
-/** How large the main window is when it is shown. Python can be started once in a process: the window that is
- * made again is the same workbench's. */
+/** How large the main window is when it is shown for the first time. */
 class TstFirstSize : public TestCase
 {
     Q_OBJECT
@@ -27,6 +26,7 @@ private slots:
 void TstFirstSize::first_window_shows_all_buttons_of_all_toolbars()
 {
     qputenv("FENNAR_COMPONENT_PATH", TREE_COMPONENTS);
+    QSettings().setValue(u"graphics/opengl"_s, false); // its driver leaks
     Workbench workbench;
     QVERIFY(workbench.load());
     workbench.components().load_all();
