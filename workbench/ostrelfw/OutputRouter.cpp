@@ -23,7 +23,7 @@ OutputRouter::OutputRouter()
 {
     mTimer.setSingleShot(true);
     mTimer.setInterval(gather_interval);
-    mTimer.callOnTimeout([this] { flush(); });
+    QObject::connect(&mTimer, &QTimer::timeout, &mTimer, [this] { flush(); });
 }
 
 OutputRouter& OutputRouter::instance()

@@ -89,7 +89,9 @@ void TstPick::mesh_is_picked_where_it_is_shown()
     camera.set_view(Camera::View::Front);
     camera.fit(scene.box());
     const QPointF pixel = camera.to_pixel({1.5, 0, 1.5});
-    QCOMPARE(pick(scene, camera, {}, pixel), id);
+    DisplayOptions without_mesh;
+    without_mesh.mesh = false;
+    QCOMPARE(pick(scene, camera, without_mesh, pixel), id);
     DisplayOptions meshed;
     meshed.mesh = true;
     QCOMPARE(pick(scene, camera, meshed, pixel), 0);
