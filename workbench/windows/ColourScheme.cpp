@@ -150,6 +150,12 @@ void ColourScheme::set_scheme(Scheme scheme, bool keep)
                                                       : Qt::ColorScheme::Unknown);
 #endif
     QApplication::setPalette(own ? scheme_palette(scheme == Scheme::Dark) : QPalette());
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+    // Journals draw their current line by what the platform says. One that does not take up the wish above
+    // has it drawn for dark text, so that their text stays dark.
+    if (scheme == Scheme::Dark && QGuiApplication::styleHints()->colorScheme() != Qt::ColorScheme::Dark)
+        QApplication::setPalette(scheme_palette(false), "JournalDocument");
+#endif
     // Behind the palette, by which a style makes its icons.
     if (own)
         QApplication::setStyle(new SchemeStyle);

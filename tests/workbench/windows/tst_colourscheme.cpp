@@ -229,15 +229,15 @@ void TstColourScheme::current_line_of_the_editor_follows()
 {
     start();
     const auto* document = Ostrel::instance()->journal_editor()->findChild<QPlainTextEdit*>();
-    const auto line_colour = [document] {
-        return document->extraSelections().value(0).format.background().color();
-    };
-    enter(u"scheme light"_s);
-    const QColor light = line_colour();
-    enter(u"scheme dark"_s);
-    const QColor dark = line_colour();
-    QVERIFY2(contrast(dark, scheme_palette(true).color(QPalette::Text)) > 4.5, qPrintable(dark.name()));
-    QVERIFY2(contrast(light, scheme_palette(false).color(QPalette::Text)) > 4.5, qPrintable(light.name()));
+    for (const QString& scheme : {u"light"_s, u"dark"_s, u"light"_s}) {
+        enter(u"scheme "_s + scheme);
+        const QColor line = document->extraSelections().value(0).format.background().color();
+        const QColor text = document->palette().color(QPalette::Text);
+        const QColor ground = document->palette().color(QPalette::Base);
+        QVERIFY2(contrast(line, text) > 4.5, qPrintable(scheme + u' ' + line.name() + u' ' + text.name()));
+        QVERIFY2(contrast(ground, text) > 4.5, qPrintable(scheme + u' ' + ground.name()));
+    }
+    QCOMPARE(document->palette().color(QPalette::Text), scheme_palette(false).color(QPalette::Text));
 }
 
 void TstColourScheme::sign_of_crowded_toolbars_is_seen_on_a_dark_ground()
