@@ -3,14 +3,13 @@
 
 #include "workbench/components/geometry/document_commands.h"
 
-#include "workbench/components/geometry/GeometryError.h"
 #include "workbench/components/geometry/GeometryModel.h"
+#include "workbench/components/geometry/run_model_command.h"
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandRegistry.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -64,22 +63,6 @@ void save(CommandCall& call, const DocumentActions& actions)
     actions.save(call.has(1) ? read_file_name(call) : QString());
 }
 
-/** Runs a command; failures become those of the command, warnings of the engine are printed. */
-void run(CommandCall& call, GeometryModel& model, const DocumentActions& actions,
-         void (*function)(CommandCall&, const DocumentActions&))
-{
-    const auto print_messages = qScopeGuard([&] {
-        const QStringList messages = model.take_messages();
-        for (const QString& message : messages)
-            call.print(message + u'\n');
-    });
-    try {
-        function(call, actions);
-    } catch (const GeometryError& error) {
-        throw CommandError(error.message());
-    }
-}
-
 } // namespace
 
 bool register_document_commands(CommandRegistry& registry, GeometryModel& model,
@@ -87,7 +70,9 @@ bool register_document_commands(CommandRegistry& registry, GeometryModel& model,
 {
     const QString owner = u"geometry"_s;
     const auto with = [&](auto function) {
-        return [&model, actions, function](CommandCall& call) { run(call, model, actions, function); };
+        return [&model, actions, function](CommandCall& call) {
+            run_model_command(call, model, [&] { function(call, actions); });
+        };
     };
     const Command commands[] = {
         {.name = u"new"_s,

@@ -4,11 +4,11 @@
 #include "workbench/components/geometry/file_commands.h"
 
 #include "workbench/components/geometry/FileExchange.h"
-#include "workbench/components/geometry/GeometryError.h"
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/geometry/GeometryWords.h"
 #include "workbench/components/geometry/LongWork.h"
 #include "workbench/components/geometry/geometry_parameters.h"
+#include "workbench/components/geometry/run_model_command.h"
 #include "workbench/fennar_formats/FormatRegistry.h"
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandRegistry.h"
@@ -205,18 +205,7 @@ using Run = void (*)(CommandCall& call, GeometryWords& words, Context& context);
 void run(CommandCall& call, Context& context, Run function)
 {
     GeometryWords words(call, context.model);
-    const auto print_messages = [&] {
-        const QStringList messages = context.model.take_messages();
-        for (const QString& message : messages)
-            call.print(message + u'\n');
-    };
-    try {
-        function(call, words, context);
-    } catch (const GeometryError& error) {
-        print_messages();
-        throw CommandError(error.message());
-    }
-    print_messages();
+    run_model_command(call, context.model, [&] { function(call, words, context); });
 }
 
 QString with_format(const QString& words, const QString& file, const QString& format)

@@ -3,12 +3,12 @@
 
 #include "workbench/components/geometry/geometry_commands.h"
 
-#include "workbench/components/geometry/GeometryError.h"
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/geometry/GeometryWords.h"
 #include "workbench/components/geometry/LongWork.h"
 #include "workbench/components/geometry/geometry_parameters.h"
 #include "workbench/components/geometry/run_mesher.h"
+#include "workbench/components/geometry/run_model_command.h"
 #include "workbench/fennari19/ApplicationServices.h"
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandInterpreter.h"
@@ -584,22 +584,10 @@ QList<Entry> entries()
     };
 }
 
-/** Runs a command; failures of the model become those of the command, warnings of the engine are printed. */
 void run(CommandCall& call, Context& context, Run function)
 {
     GeometryWords words(call, context.model);
-    const auto print_messages = [&] {
-        const QStringList messages = context.model.take_messages();
-        for (const QString& message : messages)
-            call.print(message + u'\n');
-    };
-    try {
-        function(call, words, context);
-    } catch (const GeometryError& error) {
-        print_messages();
-        throw CommandError(error.message());
-    }
-    print_messages();
+    run_model_command(call, context.model, [&] { function(call, words, context); });
 }
 
 } // namespace

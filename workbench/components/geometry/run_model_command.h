@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <functional>
+
+class CommandCall;
+class GeometryModel;
+
+/**
+ * Does the work of a command on the model: failures of the model become those of the command, and warnings of
+ * the engine are printed, also if the command fails.
+ */
+void run_model_command(CommandCall& call, GeometryModel& model, const std::function<void()>& work);
