@@ -12,13 +12,17 @@ if(NOT EXISTS ${OSTREL_TEST_LOCALES}/de_DE.UTF-8/LC_NUMERIC)
     endif()
 endif()
 
-# Newer versions of Qt narrow numbers in the text of their test macros, where the compiler blames the sources that have them.
-function(ostrel_has_test_macros)
-    if(Qt6_VERSION VERSION_GREATER_EQUAL 6.5)
-        # On the sources, since a target's own options stand before those that it inherits.
-        set_property(SOURCE ${ARGN} APPEND PROPERTY COMPILE_OPTIONS -Wno-conversion)
-    endif()
-endfunction()
+# What test code is built with, linked behind ostrel_house. A test spends its time in what it tests; not optimising its own
+# code halves the time to compile it. Objects of one kind, so that libraries and executables can share precompiled headers.
+add_library(ostrel_test_house INTERFACE)
+target_compile_options(ostrel_test_house INTERFACE -O0 -fPIC)
+if(Qt6_VERSION VERSION_GREATER_EQUAL 6.5)
+    # These narrow numbers in the text of their test macros, where the compiler blames the sources that have them.
+    target_compile_options(ostrel_test_house INTERFACE -Wno-conversion)
+endif()
+
+ostrel_add_precompiled(test LIBRARIES ostrel_test_house Qt6::Widgets Qt6::Test
+    HEADERS ${ostrel_widgets_headers} <QSignalSpy> <QTemporaryDir> <QTest>)
 
 # Gives a test that is declared a home directory of its own under the build tree.
 function(ostrel_sandbox_test name platform)
@@ -34,21 +38,49 @@ LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_sup
 UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()
 
-# Declares a test: an executable of its own, run in a home directory of its own under the build tree.
+# Declares an executable for related test classes.
 #
-#   ostrel_add_test(tst_name [SOURCES file...] [LIBRARIES target...] [WORKBENCH] [PROGRAM] [DISPLAY] [TIMEOUT seconds])
+#   ostrel_add_test_program(name [SHELL] [SOURCES file...] [LIBRARIES target...] [DEFINITIONS definition...] [DEPENDS target...])
 #
-# SOURCES    default tst_name.cpp
-# WORKBENCH  links the workbench's libraries; without it the shell's objects are linked with the recording host
-# PROGRAM    starts the program fennar itself; the leak check then records whole stacks, so that leaks.supp can name what
-#            the threads of Qt's drawing still hold when the program ends
-# DISPLAY    needs a real window system: runs under a virtual display with a window manager, label "display"
-# TIMEOUT    default 120 seconds; one test function may take a quarter of it, with the sanitizers three times that
-function(ostrel_add_test name)
-    cmake_parse_arguments(arg "WORKBENCH;PROGRAM;DISPLAY" "TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
-    if(NOT arg_SOURCES)
-        set(arg_SOURCES ${name}.cpp)
+# SHELL    links the shell's objects with the recording host
+# SOURCES  what the classes share
+# DEPENDS  what they load or start
+function(ostrel_add_test_program name)
+    cmake_parse_arguments(arg "SHELL" "" "SOURCES;LIBRARIES;DEFINITIONS;DEPENDS" ${ARGN})
+    add_executable(${name} ${CMAKE_SOURCE_DIR}/tests/support/main.cpp ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE ostrel_house ostrel_test_house ostrel_testsupport ${arg_LIBRARIES} Qt6::Test)
+    if(arg_SHELL)
+        target_link_libraries(${name} PRIVATE ostrelgui_objects hostdouble)
     endif()
+    target_compile_definitions(${name} PRIVATE ${arg_DEFINITIONS})
+    if(arg_DEPENDS)
+        add_dependencies(${name} ${arg_DEPENDS})
+    endif()
+    ostrel_precompile(${name} test)
+endfunction()
+
+# Declares a test: a class, in a source file of the test's name, that a test program runs in a home directory of its own
+# under the build tree.
+#
+#   ostrel_add_test(tst_name IN program [STARTS_PROGRAM] [DISPLAY] [TIMEOUT seconds])
+#
+# STARTS_PROGRAM  starts the program fennar itself; the leak check then records whole stacks, so that leaks.supp can name
+#                 what the threads of Qt's drawing still hold when the program ends
+# DISPLAY         needs a real window system: runs under a virtual display with a window manager, label "display"
+# TIMEOUT         default 120 seconds; one test function may take a quarter of it, with the sanitizers three times that
+function(ostrel_add_test name)
+    cmake_parse_arguments(arg "STARTS_PROGRAM;DISPLAY" "IN;TIMEOUT" "" ${ARGN})
+    target_sources(${arg_IN} PRIVATE ${name}.cpp)
+    if(arg_DISPLAY)
+        ostrel_declare_test(${name} ${ARGN} COMMAND ${CMAKE_SOURCE_DIR}/tests/support/with-display $<TARGET_FILE:${arg_IN}> ${name})
+    else()
+        ostrel_declare_test(${name} ${ARGN} COMMAND ${arg_IN} ${name})
+    endif()
+endfunction()
+
+# The part of ostrel_add_test() that is CTest's, for a test with a command of its own.
+function(ostrel_declare_test name)
+    cmake_parse_arguments(arg "STARTS_PROGRAM;DISPLAY" "IN;TIMEOUT" "COMMAND" ${ARGN})
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
     endif()
@@ -56,31 +88,17 @@ function(ostrel_add_test name)
     if(OSTREL_SANITIZE)
         math(EXPR arg_TIMEOUT "${arg_TIMEOUT} * 3")
     endif()
-
-    add_executable(${name} ${arg_SOURCES})
-    target_link_libraries(${name} PRIVATE ostrel_house ostrel_testsupport ${arg_LIBRARIES} Qt6::Test)
-    # A test spends its time in what it tests; not optimising its own code halves the time to compile it.
-    target_compile_options(${name} PRIVATE -O0)
-    ostrel_has_test_macros(${arg_SOURCES})
-    if(NOT arg_WORKBENCH)
-        target_link_libraries(${name} PRIVATE ostrelgui_objects hostdouble)
-    endif()
-
     math(EXPR function_timeout "${arg_TIMEOUT} * 250")
+    add_test(NAME ${name} COMMAND ${arg_COMMAND})
     if(arg_DISPLAY)
-        set(platform xcb)
-        add_test(NAME ${name} COMMAND ${CMAKE_SOURCE_DIR}/tests/support/with-display $<TARGET_FILE:${name}>)
+        ostrel_sandbox_test(${name} xcb)
+        set_tests_properties(${name} PROPERTIES LABELS display)
     else()
-        set(platform offscreen)
-        add_test(NAME ${name} COMMAND ${name})
+        ostrel_sandbox_test(${name} offscreen)
     endif()
-    ostrel_sandbox_test(${name} ${platform})
     set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT})
     set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "QTEST_FUNCTION_TIMEOUT=${function_timeout}")
-    if(arg_PROGRAM)
+    if(arg_STARTS_PROGRAM)
         set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "ASAN_OPTIONS=fast_unwind_on_malloc=0")
-    endif()
-    if(arg_DISPLAY)
-        set_tests_properties(${name} PROPERTIES LABELS display)
     endif()
 endfunction()

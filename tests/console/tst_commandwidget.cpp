@@ -1003,5 +1003,5 @@ void TstCommandWidget::the_page_may_go_while_its_menu_is_open()
     QVERIFY(driver.menu_is_deleted());
 }
 
-OSTREL_TEST_MAIN(TstCommandWidget)
+OSTREL_TEST(TstCommandWidget)
 #include "tst_commandwidget.moc"

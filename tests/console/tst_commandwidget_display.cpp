@@ -82,5 +82,5 @@ void TstCommandWidgetDisplay::the_middle_button_pastes_in_the_command()
     clipboard->clear(QClipboard::Selection);
 }
 
-OSTREL_TEST_MAIN(TstCommandWidgetDisplay)
+OSTREL_TEST(TstCommandWidgetDisplay)
 #include "tst_commandwidget_display.moc"

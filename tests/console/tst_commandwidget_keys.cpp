@@ -856,5 +856,5 @@ void TstCommandWidgetKeys::set_read_only_switches_both_ways()
     QCOMPARE(page.text(), u"x"_s);
 }
 
-OSTREL_TEST_MAIN(TstCommandWidgetKeys)
+OSTREL_TEST(TstCommandWidgetKeys)
 #include "tst_commandwidget_keys.moc"

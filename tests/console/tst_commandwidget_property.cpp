@@ -551,5 +551,5 @@ void TstCommandWidgetProperty::any_sequence_of_input_and_output_follows_the_rule
     QGuiApplication::clipboard()->clear();
 }
 
-OSTREL_TEST_MAIN(TstCommandWidgetProperty)
+OSTREL_TEST(TstCommandWidgetProperty)
 #include "tst_commandwidget_property.moc"

@@ -173,9 +173,10 @@ class TstCommandWindow : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     // Construction
     void widget_layout_and_tabs_carry_their_names();
     void layout_has_margins_of_two_and_no_spacing();
@@ -291,9 +292,8 @@ private slots:
     void unchecked_buttons_stay_so_until_the_mode_really_changes();
 };
 
-void TstCommandWindow::init()
+void TstCommandWindow::set_up()
 {
-    TestCase::init();
     HostDouble::instance().reset();
 }
 
@@ -1654,5 +1654,5 @@ void TstCommandWindow::unchecked_buttons_stay_so_until_the_mode_really_changes()
     QVERIFY(python_button(window)->isChecked());
 }
 
-OSTREL_TEST_MAIN(TstCommandWindow)
+OSTREL_TEST(TstCommandWindow)
 #include "tst_commandwindow.moc"

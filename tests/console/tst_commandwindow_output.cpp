@@ -96,9 +96,10 @@ class TstCommandWindowOutput : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     // Signals
     void read_only_is_passed_on();
     void prompt_is_passed_on_data();
@@ -143,9 +144,8 @@ private slots:
     void typing_takes_no_signal();
 };
 
-void TstCommandWindowOutput::init()
+void TstCommandWindowOutput::set_up()
 {
-    TestCase::init();
     HostDouble::instance().reset();
 }
 
@@ -658,5 +658,5 @@ void TstCommandWindowOutput::typing_takes_no_signal()
     QCOMPARE(data.size() + command.size() + prompt.size(), 0);
 }
 
-OSTREL_TEST_MAIN(TstCommandWindowOutput)
+OSTREL_TEST(TstCommandWindowOutput)
 #include "tst_commandwindow_output.moc"

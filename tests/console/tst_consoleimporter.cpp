@@ -19,9 +19,10 @@ class TstConsoleImporter : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void names_and_action_come_from_the_label();
     void owner_name_is_kept();
     void one_slot_is_known_by_name();
@@ -35,9 +36,8 @@ private slots:
     void imported_commands_are_unsaved();
 };
 
-void TstConsoleImporter::init()
+void TstConsoleImporter::set_up()
 {
-    TestCase::init();
     HostDouble::instance().reset();
 }
 
@@ -172,5 +172,5 @@ void TstConsoleImporter::imported_commands_are_unsaved()
     QVERIFY(!editor.returnCurrentDocument()->document()->isModified());
 }
 
-OSTREL_TEST_MAIN(TstConsoleImporter)
+OSTREL_TEST(TstConsoleImporter)
 #include "tst_consoleimporter.moc"

@@ -218,5 +218,5 @@ void TstTrim::a_flood_leaves_the_last_lines()
     QCOMPARE(page.verticalScrollBar()->value(), page.verticalScrollBar()->maximum());
 }
 
-OSTREL_TEST_MAIN(TstTrim)
+OSTREL_TEST(TstTrim)
 #include "tst_trim.moc"

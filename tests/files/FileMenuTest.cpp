@@ -36,9 +36,8 @@ FileMenuTest::Asked FileMenuTest::asked_by(const std::function<void()>& act) con
     return asked;
 }
 
-void FileMenuTest::init()
+void FileMenuTest::set_up()
 {
-    TestCase::init();
     reset_statics();
     mPlace = std::make_unique<QTemporaryDir>();
     mDirectory = QDir(mPlace->path()).canonicalPath();
@@ -48,11 +47,10 @@ void FileMenuTest::init()
     host().reset();
 }
 
-void FileMenuTest::cleanup()
+void FileMenuTest::tear_down()
 {
     mWindow.reset();
     reset_statics();
-    TestCase::cleanup();
 }
 
 void expect_choice(DialogDriver& driver, const QString& path, const QString& filter)

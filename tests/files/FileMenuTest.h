@@ -38,9 +38,8 @@ protected:
     std::unique_ptr<Ostrel> mWindow;
     OstrelFileMenu* mMenu = nullptr;
 
-protected slots:
-    void init();
-    void cleanup();
+    void set_up() override;
+    void tear_down() override;
 
 private:
     std::unique_ptr<QTemporaryDir> mPlace;

@@ -138,5 +138,5 @@ void TstFileNames::extension_comes_from_the_filter()
     QTEST(extension_of_filter(filter), "as_one");
 }
 
-OSTREL_TEST_MAIN(TstFileNames)
+OSTREL_TEST(TstFileNames)
 #include "tst_file_names.moc"

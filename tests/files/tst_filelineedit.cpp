@@ -65,9 +65,10 @@ class TstFileLineEdit : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void form_has_the_names_texts_and_measures();
     void texts_are_translated();
     void all_signals_of_the_line_edit_are_handed_on();
@@ -105,9 +106,8 @@ private:
     std::unique_ptr<QTemporaryDir> mDirectory;
 };
 
-void TstFileLineEdit::init()
+void TstFileLineEdit::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
     QVERIFY(mDirectory->isValid());
 }
@@ -499,5 +499,5 @@ void TstFileLineEdit::filters_may_change_while_the_dialog_is_open()
     QCOMPARE(field.filename(), path(u"a.msh"_s));
 }
 
-OSTREL_TEST_MAIN(TstFileLineEdit)
+OSTREL_TEST(TstFileLineEdit)
 #include "tst_filelineedit.moc"

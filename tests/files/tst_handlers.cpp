@@ -85,5 +85,5 @@ void TstHandlers::handler_copies_both_texts()
     QCOMPARE(other.mComponent, u"mesher"_s);
 }
 
-OSTREL_TEST_MAIN(TstHandlers)
+OSTREL_TEST(TstHandlers)
 #include "tst_handlers.moc"

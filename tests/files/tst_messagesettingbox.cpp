@@ -605,5 +605,5 @@ void TstMessageSettingBox::hidden_buttons_take_no_room()
     QVERIFY(one.width() < three.width());
 }
 
-OSTREL_TEST_MAIN(TstMessageSettingBox)
+OSTREL_TEST(TstMessageSettingBox)
 #include "tst_messagesettingbox.moc"

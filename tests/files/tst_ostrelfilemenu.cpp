@@ -103,10 +103,11 @@ class TstOstrelFileMenu : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     // The menu.
     void menu_comes_first_in_the_bar();
     void entries_keep_their_order();
@@ -161,19 +162,17 @@ private:
     QString mHomeBefore;
 };
 
-void TstOstrelFileMenu::init()
+void TstOstrelFileMenu::set_up()
 {
-    TestCase::init();
     reset_statics();
     host().reset();
     mHomeBefore = QDir::homePath();
 }
 
-void TstOstrelFileMenu::cleanup()
+void TstOstrelFileMenu::tear_down()
 {
     qputenv("HOME", mHomeBefore.toLocal8Bit());
     reset_statics();
-    TestCase::cleanup();
 }
 
 void TstOstrelFileMenu::menu_comes_first_in_the_bar()
@@ -722,5 +721,5 @@ void TstOstrelFileMenu::menu_label_and_lists_go_with_the_file_menu()
     QCOMPARE(at_the_end, QStringList{u"menu 0, imports 0, label 0, bar 1"_s});
 }
 
-OSTREL_TEST_MAIN(TstOstrelFileMenu)
+OSTREL_TEST(TstOstrelFileMenu)
 #include "tst_ostrelfilemenu.moc"

@@ -105,10 +105,11 @@ class TstOstrelFileMenuFlows : public FileMenuTest
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     // Unsaved data.
     void unmodified_document_may_go_unasked();
     void question_says_what_is_at_stake();
@@ -174,9 +175,9 @@ private:
     std::unique_ptr<Documents> mDocuments;
 };
 
-void TstOstrelFileMenuFlows::init()
+void TstOstrelFileMenuFlows::set_up()
 {
-    FileMenuTest::init();
+    FileMenuTest::set_up();
     mDocuments = std::make_unique<Documents>();
     mDocuments->open_filters = filters;
     mDocuments->save_filters = filters;
@@ -184,11 +185,11 @@ void TstOstrelFileMenuFlows::init()
     host().reset();
 }
 
-void TstOstrelFileMenuFlows::cleanup()
+void TstOstrelFileMenuFlows::tear_down()
 {
     mWindow.reset();
     mDocuments.reset();
-    FileMenuTest::cleanup();
+    FileMenuTest::tear_down();
 }
 
 QStringList TstOstrelFileMenuFlows::recent_files() const
@@ -900,5 +901,5 @@ void TstOstrelFileMenuFlows::closing_asks_and_saves_the_settings()
     QVERIFY(QSettings().contains(u"geometry"_s));
 }
 
-OSTREL_TEST_MAIN(TstOstrelFileMenuFlows)
+OSTREL_TEST(TstOstrelFileMenuFlows)
 #include "tst_ostrelfilemenu_flows.moc"

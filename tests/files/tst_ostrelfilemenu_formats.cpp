@@ -109,9 +109,10 @@ class TstOstrelFileMenuFormats : public FileMenuTest
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     // The lists.
     void handler_is_added_if_it_brings_something_new_data();
     void handler_is_added_if_it_brings_something_new();
@@ -182,9 +183,9 @@ private:
     bool is_enabled(const List& list) const;
 };
 
-void TstOstrelFileMenuFormats::init()
+void TstOstrelFileMenuFormats::set_up()
 {
-    FileMenuTest::init();
+    FileMenuTest::set_up();
     Format::alive = 0;
 }
 
@@ -1143,5 +1144,5 @@ void TstOstrelFileMenuFormats::filters_live_on_in_the_settings()
     }
 }
 
-OSTREL_TEST_MAIN(TstOstrelFileMenuFormats)
+OSTREL_TEST(TstOstrelFileMenuFormats)
 #include "tst_ostrelfilemenu_formats.moc"

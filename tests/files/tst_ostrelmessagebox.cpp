@@ -264,5 +264,5 @@ void TstOstrelMessageBox::box_goes_with_its_parent()
     QVERIFY(prompt);
 }
 
-OSTREL_TEST_MAIN(TstOstrelMessageBox)
+OSTREL_TEST(TstOstrelMessageBox)
 #include "tst_ostrelmessagebox.moc"

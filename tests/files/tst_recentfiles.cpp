@@ -61,9 +61,10 @@ class TstRecentFiles : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void newest_entry_stands_first_and_all_are_numbered();
     void same_name_twice_leaves_one_entry();
     void same_name_twice_keeps_the_action_of_the_only_entry();
@@ -118,9 +119,8 @@ private:
     std::unique_ptr<QTemporaryDir> mDirectory;
 };
 
-void TstRecentFiles::init()
+void TstRecentFiles::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
     QVERIFY(mDirectory->isValid());
 }
@@ -732,5 +732,5 @@ void TstRecentFiles::menu_deleted_by_others_is_survived()
     QCOMPARE(entries(recent), QStringList(u"a"_s));
 }
 
-OSTREL_TEST_MAIN(TstRecentFiles)
+OSTREL_TEST(TstRecentFiles)
 #include "tst_recentfiles.moc"

@@ -205,5 +205,5 @@ void TstRecentFilesProperty::list_follows_the_model()
     }
 }
 
-OSTREL_TEST_MAIN(TstRecentFilesProperty)
+OSTREL_TEST(TstRecentFilesProperty)
 #include "tst_recentfiles_property.moc"

@@ -129,9 +129,10 @@ class TstMainFrame : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void construction_makes_the_resources_and_no_more();
     void destruction_deletes_splash_and_resources();
     void destruction_leaves_window_and_catcher();
@@ -188,9 +189,8 @@ private slots:
     void other_component_calls_have_no_effect();
 };
 
-void TstMainFrame::init()
+void TstMainFrame::set_up()
 {
-    TestCase::init();
     host().reset();
 }
 
@@ -950,6 +950,6 @@ void TstMainFrame::other_component_calls_have_no_effect()
     QVERIFY(announced.isEmpty());
 }
 
-OSTREL_TEST_MAIN(TstMainFrame)
+OSTREL_TEST(TstMainFrame)
 
 #include "tst_mainframe.moc"

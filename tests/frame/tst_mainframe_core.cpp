@@ -26,8 +26,10 @@ class TstMainFrameCore : public TestCase
 {
     Q_OBJECT
 
+protected:
+    void set_up() override;
+
 private slots:
-    void init();
     void premise_there_is_no_gui_application();
     void loading_only_registers_the_tracker();
     void nothing_works_after_such_a_load();
@@ -45,9 +47,8 @@ private slots:
     void end_application_leaves_the_loop_alone();
 };
 
-void TstMainFrameCore::init()
+void TstMainFrameCore::set_up()
 {
-    TestCase::init();
     host().reset();
 }
 

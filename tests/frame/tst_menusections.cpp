@@ -835,6 +835,6 @@ void TstMenuSections::cleared_menu_is_no_harm()
         QCOMPARE(f.shown_rows(), (QStringList{u"3"_s, separator}));
 }
 
-OSTREL_TEST_MAIN(TstMenuSections)
+OSTREL_TEST(TstMenuSections)
 
 #include "tst_menusections.moc"

@@ -450,6 +450,6 @@ void TstMenuSectionsProperty::any_sequence_of_additions_and_removals_follows_the
     }
 }
 
-OSTREL_TEST_MAIN(TstMenuSectionsProperty)
+OSTREL_TEST(TstMenuSectionsProperty)
 
 #include "tst_menusections_property.moc"

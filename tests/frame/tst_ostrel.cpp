@@ -108,9 +108,10 @@ class TstOstrel : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     // Construction.
     void name_is_ostrel_unless_given();
     void first_window_is_the_instance();
@@ -188,9 +189,8 @@ private slots:
     void graphics_widget_in_place_goes_with_the_window();
 };
 
-void TstOstrel::init()
+void TstOstrel::set_up()
 {
-    TestCase::init();
     reset_statics();
     host().reset();
     CommandButtons::mPanelButtonWidth = 0;
@@ -1111,6 +1111,6 @@ void TstOstrel::graphics_widget_in_place_goes_with_the_window()
     QVERIFY(!graphics);
 }
 
-OSTREL_TEST_MAIN(TstOstrel)
+OSTREL_TEST(TstOstrel)
 
 #include "tst_ostrel.moc"

@@ -161,9 +161,10 @@ class TstOstrelComponents : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     // Menus.
     void fixed_menus_stand_in_order();
     void component_menus_stand_before_the_tools_menu_in_the_order_of_their_making();
@@ -244,9 +245,8 @@ private slots:
     void component_that_never_says_goodbye_is_no_harm();
 };
 
-void TstOstrelComponents::init()
+void TstOstrelComponents::set_up()
 {
-    TestCase::init();
     HostDouble::instance().reset();
 }
 
@@ -1333,6 +1333,6 @@ void TstOstrelComponents::component_that_never_says_goodbye_is_no_harm()
     QVERIFY(action->associatedObjects().isEmpty());
 }
 
-OSTREL_TEST_MAIN(TstOstrelComponents)
+OSTREL_TEST(TstOstrelComponents)
 
 #include "tst_ostrel_components.moc"

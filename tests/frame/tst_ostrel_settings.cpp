@@ -56,10 +56,11 @@ class TstOstrelSettings : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     // Position and size.
     void position_is_restored_data();
     void position_is_restored();
@@ -126,9 +127,8 @@ private:
     std::unique_ptr<QTemporaryDir> mSaved;
 };
 
-void TstOstrelSettings::init()
+void TstOstrelSettings::set_up()
 {
-    TestCase::init();
     reset_statics();
     HostDouble::instance().reset();
     ComponentTool::sLastPath.clear();
@@ -139,12 +139,11 @@ void TstOstrelSettings::init()
     QVERIFY(QDir::setCurrent(mStart->path()));
 }
 
-void TstOstrelSettings::cleanup()
+void TstOstrelSettings::tear_down()
 {
     QVERIFY(QDir::setCurrent(mDirectoryBefore));
     mStart.reset();
     mSaved.reset();
-    TestCase::cleanup();
 }
 
 void TstOstrelSettings::position_is_restored_data()
@@ -774,6 +773,6 @@ void TstOstrelSettings::extreme_numbers_do_no_harm()
     QVERIFY(!window.grab().isNull());
 }
 
-OSTREL_TEST_MAIN(TstOstrelSettings)
+OSTREL_TEST(TstOstrelSettings)
 
 #include "tst_ostrel_settings.moc"

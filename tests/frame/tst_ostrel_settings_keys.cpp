@@ -353,10 +353,11 @@ class TstOstrelSettingsKeys : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void key_reaches_a_new_window_data();
     void key_reaches_a_new_window();
     void navigation_key_chooses_the_files();
@@ -376,9 +377,8 @@ private:
     std::unique_ptr<SettingsSandbox> mNext;
 };
 
-void TstOstrelSettingsKeys::init()
+void TstOstrelSettingsKeys::set_up()
 {
-    TestCase::init();
     reset_statics();
     HostDouble::instance().reset();
     ComponentTool::sLastPath.clear();
@@ -386,11 +386,10 @@ void TstOstrelSettingsKeys::init()
     mDirectoryBefore = QDir::currentPath();
 }
 
-void TstOstrelSettingsKeys::cleanup()
+void TstOstrelSettingsKeys::tear_down()
 {
     QVERIFY(QDir::setCurrent(mDirectoryBefore));
     mNext.reset();
-    TestCase::cleanup();
 }
 
 void TstOstrelSettingsKeys::key_reaches_a_new_window_data()
@@ -586,6 +585,6 @@ void TstOstrelSettingsKeys::settings_that_cannot_be_read_or_stored_do_no_harm()
     QCOMPARE(stored.status(), QSettings::AccessError);
 }
 
-OSTREL_TEST_MAIN(TstOstrelSettingsKeys)
+OSTREL_TEST(TstOstrelSettingsKeys)
 
 #include "tst_ostrel_settings_keys.moc"

@@ -159,10 +159,12 @@ class TstOstrelSettingsProperty : public TestCase
 {
     Q_OBJECT
 
+protected:
+    void set_up() override;
+    void tear_down() override;
+
 private slots:
     void initTestCase();
-    void init();
-    void cleanup();
 
     void any_values_give_a_window_that_saves_what_it_shows();
     void any_file_gives_a_window_that_saves_what_it_shows();
@@ -191,9 +193,8 @@ void TstOstrelSettingsProperty::initTestCase()
     mRandom.seed(seed);
 }
 
-void TstOstrelSettingsProperty::init()
+void TstOstrelSettingsProperty::set_up()
 {
-    TestCase::init();
     reset_statics();
     HostDouble::instance().reset();
     ComponentTool::sLastPath.clear();
@@ -204,11 +205,10 @@ void TstOstrelSettingsProperty::init()
     mGeometry = Ostrel().saveGeometry();
 }
 
-void TstOstrelSettingsProperty::cleanup()
+void TstOstrelSettingsProperty::tear_down()
 {
     QVERIFY(QDir::setCurrent(mDirectoryBefore));
     mStart.reset();
-    TestCase::cleanup();
 }
 
 int TstOstrelSettingsProperty::any_number()
@@ -450,6 +450,6 @@ void TstOstrelSettingsProperty::any_file_gives_a_window_that_saves_what_it_shows
     }
 }
 
-OSTREL_TEST_MAIN(TstOstrelSettingsProperty)
+OSTREL_TEST(TstOstrelSettingsProperty)
 
 #include "tst_ostrel_settings_property.moc"

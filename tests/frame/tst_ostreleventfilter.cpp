@@ -482,11 +482,16 @@ void TstOstrelEventFilter::inner_run_filters_and_ends_the_filtering_of_the_outer
                                u"outside: passes"_s}));
 }
 
-int main(int argc, char** argv)
+namespace {
+
+/** A throwing handler unwinds Qt's own dispatcher cleanly; that of GLib, written in C, does not take it. */
+int do_without_glib()
 {
-    // A throwing handler unwinds Qt's own dispatcher cleanly; that of GLib, written in C, does not take it.
     qputenv("QT_NO_GLIB", "1");
-    return run_test(argc, argv, []() -> QObject* { return new TstOstrelEventFilter; });
+    return -1;
 }
 
+} // namespace
+
+OSTREL_TEST(TstOstrelEventFilter, do_without_glib)
 #include "tst_ostreleventfilter.moc"

@@ -99,6 +99,6 @@ void TstOstrelEventFilterDisplay::real_key_is_lost()
     QTRY_COMPARE(window.edit.text(), u"xz"_s);
 }
 
-OSTREL_TEST_MAIN(TstOstrelEventFilterDisplay)
+OSTREL_TEST(TstOstrelEventFilterDisplay)
 
 #include "tst_ostreleventfilter_display.moc"

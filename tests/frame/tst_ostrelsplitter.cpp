@@ -94,6 +94,6 @@ void TstOstrelSplitter::null_is_ignored()
     QCOMPARE(splitter.count(), 1);
 }
 
-OSTREL_TEST_MAIN(TstOstrelSplitter)
+OSTREL_TEST(TstOstrelSplitter)
 
 #include "tst_ostrelsplitter.moc"

@@ -58,10 +58,11 @@ class TstProgressControl : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void form_has_the_names_texts_and_measures();
     void texts_of_the_form_are_translated_in_its_own_context();
     void cancelling_is_its_only_slot();
@@ -130,9 +131,8 @@ private:
     ProgressControl* mControl = nullptr;
 };
 
-void TstProgressControl::init()
+void TstProgressControl::set_up()
 {
-    TestCase::init();
     HostDouble::instance().reset();
     mFrame = std::make_unique<MainFrame>();
     QVERIFY(mFrame->load_gui());
@@ -142,11 +142,10 @@ void TstProgressControl::init()
     HostDouble::instance().take_calls();
 }
 
-void TstProgressControl::cleanup()
+void TstProgressControl::tear_down()
 {
     mFrame->unload_gui();
     mFrame.reset();
-    TestCase::cleanup();
 }
 
 void TstProgressControl::form_has_the_names_texts_and_measures()
@@ -542,5 +541,5 @@ void TstProgressControl::clicks_on_pause_pass_while_other_input_is_swallowed()
     QVERIFY(pause->isChecked());
 }
 
-OSTREL_TEST_MAIN(TstProgressControl)
+OSTREL_TEST(TstProgressControl)
 #include "tst_progresscontrol.moc"

@@ -27,10 +27,11 @@ class TstProgressControlDisplay : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void click_on_cancel_interrupts_the_running_command();
     void click_on_disabled_cancel_is_lost();
     void clicks_on_pause_pause_and_resume();
@@ -60,9 +61,8 @@ private:
     Ostrel* mWindow = nullptr;
 };
 
-void TstProgressControlDisplay::init()
+void TstProgressControlDisplay::set_up()
 {
-    TestCase::init();
     HostDouble::instance().reset();
     mFrame = std::make_unique<MainFrame>();
     QVERIFY(mFrame->load_gui());
@@ -74,11 +74,10 @@ void TstProgressControlDisplay::init()
     HostDouble::instance().take_calls();
 }
 
-void TstProgressControlDisplay::cleanup()
+void TstProgressControlDisplay::tear_down()
 {
     mFrame->unload_gui();
     mFrame.reset();
-    TestCase::cleanup();
 }
 
 void TstProgressControlDisplay::click_on_cancel_interrupts_the_running_command()
@@ -151,5 +150,5 @@ void TstProgressControlDisplay::other_clicks_and_keys_are_lost()
     delete page;
 }
 
-OSTREL_TEST_MAIN(TstProgressControlDisplay)
+OSTREL_TEST(TstProgressControlDisplay)
 #include "tst_progresscontrol_display.moc"

@@ -254,5 +254,5 @@ void TstHostFaces::bases_of_command_window_are_in_order()
              std::ptrdiff_t(sizeof(QWidget)));
 }
 
-OSTREL_TEST_MAIN(TstHostFaces)
+OSTREL_TEST(TstHostFaces)
 #include "tst_hostfaces.moc"

@@ -39,9 +39,10 @@ class TstHostDouble : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void each_call_is_recorded_with_its_arguments_data();
     void each_call_is_recorded_with_its_arguments();
     void reset_takes_calls_and_answers_back();
@@ -56,9 +57,8 @@ private slots:
     void panels_remember_where_the_user_is();
 };
 
-void TstHostDouble::init()
+void TstHostDouble::set_up()
 {
-    TestCase::init();
     host().reset();
 }
 
@@ -331,5 +331,5 @@ void TstHostDouble::panels_remember_where_the_user_is()
     QVERIFY(crumbs.usingLargeIcons);
 }
 
-OSTREL_TEST_MAIN(TstHostDouble)
+OSTREL_TEST(TstHostDouble)
 #include "tst_hostdouble.moc"

@@ -33,5 +33,5 @@ void TstColorSchemeDark::current_line_is_dark_grey()
     QCOMPARE(document->extraSelections().first().format.background(), QBrush(QColor(75, 75, 75)));
 }
 
-OSTREL_TEST_MAIN(TstColorSchemeDark)
+OSTREL_TEST(TstColorSchemeDark)
 #include "tst_color_scheme_dark.moc"

@@ -70,10 +70,11 @@ class TstJournalDocument : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void has_the_name_it_was_given();
     void null_name_is_no_name();
     void starts_untitled_with_a_strip_and_a_highlighted_line();
@@ -113,9 +114,8 @@ private:
     Document* mDocument = nullptr;
 };
 
-void TstJournalDocument::init()
+void TstJournalDocument::set_up()
 {
-    TestCase::init();
     mEditor = std::make_unique<JournalEditor>();
     mTabs = std::make_unique<QTabWidget>();
     mDocument = new Document(mEditor.get(), mTabs.get(), "JournalDocument");
@@ -123,11 +123,10 @@ void TstJournalDocument::init()
     mTabs->resize(400, 300);
 }
 
-void TstJournalDocument::cleanup()
+void TstJournalDocument::tear_down()
 {
     mTabs.reset();
     mEditor.reset();
-    TestCase::cleanup();
 }
 
 void TstJournalDocument::has_the_name_it_was_given()
@@ -480,5 +479,5 @@ void TstJournalDocument::names_for_connections_are_as_promised()
                                  u"doc_modified(bool)"_s}));
 }
 
-OSTREL_TEST_MAIN(TstJournalDocument)
+OSTREL_TEST(TstJournalDocument)
 #include "tst_journaldocument.moc"

@@ -53,10 +53,11 @@ class TstJournalDocumentMenu : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void menu_of_a_text_with_and_without_selection_data();
     void menu_of_a_text_with_and_without_selection();
     void menu_of_an_empty_document();
@@ -88,9 +89,8 @@ private:
     JournalDocument* mDocument = nullptr;
 };
 
-void TstJournalDocumentMenu::init()
+void TstJournalDocumentMenu::set_up()
 {
-    TestCase::init();
     QGuiApplication::clipboard()->clear();
     mEditor = std::make_unique<JournalEditor>();
     mDocument = mEditor->returnCurrentDocument();
@@ -98,11 +98,10 @@ void TstJournalDocumentMenu::init()
     QVERIFY(show_active(mEditor.get()));
 }
 
-void TstJournalDocumentMenu::cleanup()
+void TstJournalDocumentMenu::tear_down()
 {
     mEditor.reset();
     QGuiApplication::clipboard()->clear();
-    TestCase::cleanup();
 }
 
 QStringList TstJournalDocumentMenu::rows()
@@ -389,5 +388,5 @@ void TstJournalDocumentMenu::document_may_be_deleted_while_the_menu_is_open()
     QVERIFY(driver.menu_is_deleted());
 }
 
-OSTREL_TEST_MAIN(TstJournalDocumentMenu)
+OSTREL_TEST(TstJournalDocumentMenu)
 #include "tst_journaldocument_menu.moc"

@@ -25,10 +25,11 @@ class TstJournalDocumentText : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void comment_puts_a_mark_into_the_first_column_data();
     void comment_puts_a_mark_into_the_first_column();
     void uncomment_takes_one_mark_from_the_first_column_data();
@@ -72,21 +73,19 @@ private:
     std::unique_ptr<QSignalSpy> mPlayedAsFile;
 };
 
-void TstJournalDocumentText::init()
+void TstJournalDocumentText::set_up()
 {
-    TestCase::init();
     HostDouble::instance().reset();
     mEditor = std::make_unique<JournalEditor>();
     mPlayed = std::make_unique<QSignalSpy>(mEditor.get(), &JournalEditor::processCommands);
     mPlayedAsFile = std::make_unique<QSignalSpy>(mEditor.get(), &JournalEditor::processCommandsAsFile);
 }
 
-void TstJournalDocumentText::cleanup()
+void TstJournalDocumentText::tear_down()
 {
     mPlayed.reset();
     mPlayedAsFile.reset();
     mEditor.reset();
-    TestCase::cleanup();
 }
 
 /** Makes the editor's current document hold @p text, one line each. */
@@ -552,5 +551,5 @@ void TstJournalDocumentText::keys_comment_and_play_only_in_the_current_tab()
     mEditor->hide();
 }
 
-OSTREL_TEST_MAIN(TstJournalDocumentText)
+OSTREL_TEST(TstJournalDocumentText)
 #include "tst_journaldocument_text.moc"

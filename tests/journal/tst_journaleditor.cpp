@@ -61,9 +61,10 @@ class TstJournalEditor : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     // The form.
     void form_has_names_sizes_and_title();
     void window_of_a_parent_stays_a_window();
@@ -129,9 +130,8 @@ private slots:
     void prompt_flag_is_one_for_all();
 };
 
-void TstJournalEditor::init()
+void TstJournalEditor::set_up()
 {
-    TestCase::init();
     HostDouble::instance().reset();
     OstrelFileMenu::mPath.clear();
 }
@@ -968,5 +968,5 @@ void TstJournalEditor::prompt_flag_is_one_for_all()
     QVERIFY(JournalEditor::do_save_prompt());
 }
 
-OSTREL_TEST_MAIN(TstJournalEditor)
+OSTREL_TEST(TstJournalEditor)
 #include "tst_journaleditor.moc"

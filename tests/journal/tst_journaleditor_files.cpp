@@ -107,10 +107,11 @@ class TstJournalEditorFiles : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     // Reading.
     void file_is_read_data();
     void file_is_read();
@@ -210,19 +211,17 @@ private:
     std::unique_ptr<QTemporaryDir> mDirectory;
 };
 
-void TstJournalEditorFiles::init()
+void TstJournalEditorFiles::set_up()
 {
-    TestCase::init();
     HostDouble::instance().reset();
     mDirectory = std::make_unique<QTemporaryDir>();
     QVERIFY(mDirectory->isValid());
     OstrelFileMenu::mPath = mDirectory->path();
 }
 
-void TstJournalEditorFiles::cleanup()
+void TstJournalEditorFiles::tear_down()
 {
     mDirectory.reset();
-    TestCase::cleanup();
 }
 
 void TstJournalEditorFiles::file_is_read_data()
@@ -1395,5 +1394,5 @@ void TstJournalEditorFiles::close_events_are_answered()
     QVERIFY(!refused.isAccepted());
 }
 
-OSTREL_TEST_MAIN(TstJournalEditorFiles)
+OSTREL_TEST(TstJournalEditorFiles)
 #include "tst_journaleditor_files.moc"

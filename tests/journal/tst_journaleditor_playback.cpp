@@ -40,10 +40,11 @@ class TstJournalEditorPlayback : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void whole_document_is_played_line_by_line_data();
     void whole_document_is_played_line_by_line();
     void selection_is_played_by_whole_lines_data();
@@ -67,17 +68,15 @@ private:
     std::unique_ptr<Ostrel> mWindow;
 };
 
-void TstJournalEditorPlayback::init()
+void TstJournalEditorPlayback::set_up()
 {
-    TestCase::init();
     HostDouble::instance().reset();
     mWindow = std::make_unique<Ostrel>();
 }
 
-void TstJournalEditorPlayback::cleanup()
+void TstJournalEditorPlayback::tear_down()
 {
     mWindow.reset();
-    TestCase::cleanup();
 }
 
 void TstJournalEditorPlayback::whole_document_is_played_line_by_line_data()
@@ -290,5 +289,5 @@ void TstJournalEditorPlayback::selection_is_translated_by_the_same_rule()
     QCOMPARE(doc()->toPlainText(), u"one\nfennar.cmd('two')\nthree\nfour"_s);
 }
 
-OSTREL_TEST_MAIN(TstJournalEditorPlayback)
+OSTREL_TEST(TstJournalEditorPlayback)
 #include "tst_journaleditor_playback.moc"

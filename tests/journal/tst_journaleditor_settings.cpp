@@ -61,9 +61,10 @@ class TstJournalEditorSettings : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void fresh_settings_give_the_defaults();
     void position_is_restored_if_it_is_on_the_screen_data();
     void position_is_restored_if_it_is_on_the_screen();
@@ -91,9 +92,8 @@ private slots:
     void refused_close_of_the_editor_keeps_the_main_window();
 };
 
-void TstJournalEditorSettings::init()
+void TstJournalEditorSettings::set_up()
 {
-    TestCase::init();
     HostDouble::instance().reset();
     JournalEditor::set_save_prompt(true);
 }
@@ -399,5 +399,5 @@ void TstJournalEditorSettings::refused_close_of_the_editor_keeps_the_main_window
     window.hide();
 }
 
-OSTREL_TEST_MAIN(TstJournalEditorSettings)
+OSTREL_TEST(TstJournalEditorSettings)
 #include "tst_journaleditor_settings.moc"

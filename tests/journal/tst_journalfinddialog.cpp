@@ -33,10 +33,11 @@ class TstJournalFindDialog : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     // The form.
     void form_has_names_texts_and_places();
     void parent_is_kept();
@@ -122,19 +123,17 @@ private:
     std::unique_ptr<JournalFindDialog> mDialog;
 };
 
-void TstJournalFindDialog::init()
+void TstJournalFindDialog::set_up()
 {
-    TestCase::init();
     HostDouble::instance().reset();
     mWindow = std::make_unique<Ostrel>();
     mDialog = std::make_unique<JournalFindDialog>();
 }
 
-void TstJournalFindDialog::cleanup()
+void TstJournalFindDialog::tear_down()
 {
     mDialog.reset();
     mWindow.reset();
-    TestCase::cleanup();
 }
 
 void TstJournalFindDialog::form_has_names_texts_and_places()
@@ -601,5 +600,5 @@ void TstJournalFindDialog::grey_is_not_saved_with_the_text()
     QCOMPARE(file.readAll(), "one two");
 }
 
-OSTREL_TEST_MAIN(TstJournalFindDialog)
+OSTREL_TEST(TstJournalFindDialog)
 #include "tst_journalfinddialog.moc"

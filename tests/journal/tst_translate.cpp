@@ -167,5 +167,5 @@ void TstTranslate::time_grows_with_the_length_of_the_text()
     QVERIFY2(of_long < 32 * of_short, qPrintable(u"%1 and %2 ticks"_s.arg(of_short).arg(of_long)));
 }
 
-OSTREL_TEST_MAIN(TstTranslate)
+OSTREL_TEST(TstTranslate)
 #include "tst_translate.moc"

@@ -174,5 +174,5 @@ void TstTranslateProperty::long_texts()
     }
 }
 
-OSTREL_TEST_MAIN(TstTranslateProperty)
+OSTREL_TEST(TstTranslateProperty)
 #include "tst_translate_property.moc"

@@ -51,19 +51,13 @@ protected:
     static QStringList rows(const QMenu* menu) { return texts(menu->actions()); }
     static QImage picture(const QIcon& icon) { return icon.pixmap(22, 22).toImage(); }
 
-protected slots:
-    void init()
+    void set_up() override
     {
-        TestCase::init();
         HostDouble::instance().reset();
         mWindow = std::make_unique<Ostrel>();
         HostDouble::instance().take_calls();
     }
-    void cleanup()
-    {
-        mWindow.reset();
-        TestCase::cleanup();
-    }
+    void tear_down() override { mWindow.reset(); }
 
 private:
     std::unique_ptr<Ostrel> mWindow;

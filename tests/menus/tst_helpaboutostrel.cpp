@@ -336,5 +336,5 @@ private slots:
     }
 };
 
-OSTREL_TEST_MAIN(TstHelpAboutOstrel)
+OSTREL_TEST(TstHelpAboutOstrel)
 #include "tst_helpaboutostrel.moc"

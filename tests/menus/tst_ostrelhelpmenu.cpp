@@ -164,5 +164,5 @@ private slots:
     }
 };
 
-OSTREL_TEST_MAIN(TstOstrelHelpMenu)
+OSTREL_TEST(TstOstrelHelpMenu)
 #include "tst_ostrelhelpmenu.moc"

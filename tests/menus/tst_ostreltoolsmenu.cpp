@@ -320,5 +320,5 @@ private slots:
     }
 };
 
-OSTREL_TEST_MAIN(TstOstrelToolsMenu)
+OSTREL_TEST(TstOstrelToolsMenu)
 #include "tst_ostreltoolsmenu.moc"

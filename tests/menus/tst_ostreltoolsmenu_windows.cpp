@@ -117,5 +117,5 @@ private slots:
     }
 };
 
-OSTREL_TEST_MAIN(TstOstrelToolsMenuWindows)
+OSTREL_TEST(TstOstrelToolsMenuWindows)
 #include "tst_ostreltoolsmenu_windows.moc"

@@ -346,5 +346,5 @@ private slots:
     }
 };
 
-OSTREL_TEST_MAIN(TstOstrelViewMenu)
+OSTREL_TEST(TstOstrelViewMenu)
 #include "tst_ostrelviewmenu.moc"

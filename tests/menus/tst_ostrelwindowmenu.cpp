@@ -43,5 +43,5 @@ private slots:
     }
 };
 
-OSTREL_TEST_MAIN(TstOstrelWindowMenu)
+OSTREL_TEST(TstOstrelWindowMenu)
 #include "tst_ostrelwindowmenu.moc"

@@ -342,5 +342,5 @@ private slots:
     }
 };
 
-OSTREL_TEST_MAIN(TstPyAction)
+OSTREL_TEST(TstPyAction)
 #include "tst_pyaction.moc"

@@ -91,9 +91,10 @@ class TstComponentTool : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     // Form.
     void form_has_the_names_texts_and_measures();
     void widgets_have_their_places_in_the_grid();
@@ -158,9 +159,8 @@ private slots:
     void start_directory_is_shared_by_all_dialogs();
 };
 
-void TstComponentTool::init()
+void TstComponentTool::set_up()
 {
-    TestCase::init();
     host().reset();
     ComponentTool::sLastPath.clear();
 }
@@ -962,5 +962,5 @@ void TstComponentTool::start_directory_is_shared_by_all_dialogs()
     tool.hide();
 }
 
-OSTREL_TEST_MAIN(TstComponentTool)
+OSTREL_TEST(TstComponentTool)
 #include "tst_componenttool.moc"

@@ -62,10 +62,11 @@ class TstGeneralOptions : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void form_has_its_name_and_title();
     void controls_have_their_texts();
     void headings_are_bold();
@@ -100,20 +101,18 @@ private:
     std::unique_ptr<Ostrel> mWindow;
 };
 
-void TstGeneralOptions::init()
+void TstGeneralOptions::set_up()
 {
-    TestCase::init();
     HostDouble::instance().reset();
     OstrelFileMenu::set_save_prompt(true);
     JournalEditor::set_save_prompt(true);
 }
 
-void TstGeneralOptions::cleanup()
+void TstGeneralOptions::tear_down()
 {
     mWindow.reset();
     OstrelFileMenu::set_save_prompt(true);
     JournalEditor::set_save_prompt(true);
-    TestCase::cleanup();
 }
 
 void TstGeneralOptions::form_has_its_name_and_title()
@@ -488,5 +487,5 @@ void TstGeneralOptions::page_leaves_with_its_owner()
     QVERIFY(!page);
 }
 
-OSTREL_TEST_MAIN(TstGeneralOptions)
+OSTREL_TEST(TstGeneralOptions)
 #include "tst_generaloptions.moc"

@@ -96,10 +96,11 @@ class TstLayoutOptions : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void form_has_its_name_and_title();
     void controls_have_their_texts();
     void controls_have_their_places();
@@ -140,16 +141,14 @@ private:
     std::unique_ptr<Ostrel> mWindow;
 };
 
-void TstLayoutOptions::init()
+void TstLayoutOptions::set_up()
 {
-    TestCase::init();
     HostDouble::instance().reset();
 }
 
-void TstLayoutOptions::cleanup()
+void TstLayoutOptions::tear_down()
 {
     mWindow.reset();
-    TestCase::cleanup();
 }
 
 void TstLayoutOptions::form_has_its_name_and_title()
@@ -571,5 +570,5 @@ void TstLayoutOptions::panel_drives_the_page()
     QCOMPARE(QSettings().value(tab_key).toString(), u"west"_s);
 }
 
-OSTREL_TEST_MAIN(TstLayoutOptions)
+OSTREL_TEST(TstLayoutOptions)
 #include "tst_layoutoptions.moc"

@@ -194,5 +194,5 @@ void TstLayoutOptionsModel::deleted_action_leaves_the_list()
     QVERIFY(!model.setData(last, Qt::Checked, Qt::CheckStateRole));
 }
 
-OSTREL_TEST_MAIN(TstLayoutOptionsModel)
+OSTREL_TEST(TstLayoutOptionsModel)
 #include "tst_layoutoptionsmodel.moc"

@@ -614,5 +614,5 @@ void TstOptionsPanel::panel_dies_with_a_page_selected()
     QVERIFY(!page);
 }
 
-OSTREL_TEST_MAIN(TstOptionsPanel)
+OSTREL_TEST(TstOptionsPanel)
 #include "tst_optionspanel.moc"

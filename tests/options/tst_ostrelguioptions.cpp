@@ -77,10 +77,11 @@ class TstOstrelGUIOptions : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void pages_stand_in_order();
     void dialog_opens_on_general();
     void class_has_no_signals_and_slots();
@@ -110,21 +111,19 @@ private:
     std::unique_ptr<Ostrel> mWindow;
 };
 
-void TstOstrelGUIOptions::init()
+void TstOstrelGUIOptions::set_up()
 {
-    TestCase::init();
     reset_statics();
     JournalEditor::set_save_prompt(true);
     HostDouble::instance().reset();
     mWindow = std::make_unique<Ostrel>();
 }
 
-void TstOstrelGUIOptions::cleanup()
+void TstOstrelGUIOptions::tear_down()
 {
     mWindow.reset();
     reset_statics();
     JournalEditor::set_save_prompt(true);
-    TestCase::cleanup();
 }
 
 bool TstOstrelGUIOptions::in_dialog(const std::function<void()>& act, const QString& button)
@@ -316,5 +315,5 @@ void TstOstrelGUIOptions::closing_the_dialog_saves_nothing()
     QVERIFY(shown);
 }
 
-OSTREL_TEST_MAIN(TstOstrelGUIOptions)
+OSTREL_TEST(TstOstrelGUIOptions)
 #include "tst_ostrelguioptions.moc"

@@ -117,9 +117,10 @@ class TstBundledIconEngine : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void pictures_are_those_of_an_icon_made_by_qt_from_the_file();
     void pictures_for_a_window_have_its_pixel_ratio();
     void painting_is_that_of_an_icon_made_by_qt_data();
@@ -141,9 +142,8 @@ private slots:
     void composed_icon_is_written_with_its_addition();
 };
 
-void TstBundledIconEngine::init()
+void TstBundledIconEngine::set_up()
 {
-    TestCase::init();
     QPixmapCache::clear();
 }
 
@@ -354,5 +354,5 @@ void TstBundledIconEngine::composed_icon_is_written_with_its_addition()
     QCOMPARE(pixels(read, 22).toImage(), pixels(QIcon(kPath), 22).toImage());
 }
 
-OSTREL_TEST_MAIN(TstBundledIconEngine)
+OSTREL_TEST(TstBundledIconEngine)
 #include "tst_bundlediconengine.moc"

@@ -99,5 +99,5 @@ void TstDrawnIcons::new_window_needs_no_other_pictures()
     }
 }
 
-OSTREL_TEST_MAIN(TstDrawnIcons)
+OSTREL_TEST(TstDrawnIcons)
 #include "tst_drawnicons.moc"

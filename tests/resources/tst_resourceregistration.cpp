@@ -28,5 +28,5 @@ void TstResourceRegistration::bundle_is_there_exactly_while_its_library_is_loade
     QVERIFY(!QFile::exists(logo));
 }
 
-OSTREL_TEST_MAIN(TstResourceRegistration)
+OSTREL_TEST(TstResourceRegistration)
 #include "tst_resourceregistration.moc"

@@ -402,5 +402,5 @@ void TstResources::font_is_the_monospaced_family_of_its_name()
     QCOMPARE(metrics.horizontalAdvance(u"iiii"_s), metrics.horizontalAdvance(u"WWWW"_s));
 }
 
-OSTREL_TEST_MAIN(TstResources)
+OSTREL_TEST(TstResources)
 #include "tst_resources.moc"

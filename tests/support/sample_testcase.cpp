@@ -182,5 +182,5 @@ private slots:
     void hangs() { QEventLoop().exec(); }
 };
 
-OSTREL_TEST_MAIN(SampleTestCase)
+OSTREL_TEST(SampleTestCase)
 #include "sample_testcase.moc"

@@ -148,5 +148,5 @@ void TstDescribeWindow::what_is_left_behind_is_told()
                                       }));
 }
 
-OSTREL_TEST_MAIN(TstDescribeWindow)
+OSTREL_TEST(TstDescribeWindow)
 #include "tst_describe_window.moc"

@@ -228,5 +228,5 @@ void TstDialogs::overwriting_is_the_next_expectation()
     QCOMPARE(given, other);
 }
 
-OSTREL_TEST_MAIN(TstDialogs)
+OSTREL_TEST(TstDialogs)
 #include "tst_dialogs.moc"

@@ -47,5 +47,5 @@ private slots:
     }
 };
 
-OSTREL_TEST_MAIN(TstIntrospection)
+OSTREL_TEST(TstIntrospection)
 #include "tst_introspection.moc"

@@ -69,5 +69,5 @@ void TstMenus::rows_tell_text_shortcut_and_state()
              QStringList({u"&Copy [Ctrl+C] (enabled)"_s, u"---"_s, u"Clear [] (disabled)"_s}));
 }
 
-OSTREL_TEST_MAIN(TstMenus)
+OSTREL_TEST(TstMenus)
 #include "tst_menus.moc"

@@ -124,5 +124,5 @@ void TstSettingsSandbox::sandbox_without_directory_says_so()
     QVERIFY(!sandbox.is_valid());
 }
 
-OSTREL_TEST_MAIN(TstSettingsSandbox)
+OSTREL_TEST(TstSettingsSandbox)
 #include "tst_settingssandbox.moc"

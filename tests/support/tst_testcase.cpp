@@ -26,7 +26,7 @@ Outcome run_sample(const QStringList& functions,
 {
     QProcess sample;
     sample.setProcessEnvironment(environment);
-    sample.start(QString::fromUtf8(OSTREL_SAMPLE), functions);
+    sample.start(QString::fromUtf8(OSTREL_SAMPLE), QStringList{u"sample_testcase"_s} + functions);
     sample.waitForFinished();
     return {sample.exitStatus(), sample.exitCode(), QString::fromUtf8(sample.readAllStandardOutput()),
             QString::fromUtf8(sample.readAllStandardError())};
@@ -208,5 +208,5 @@ void TstTestCase::environment_is_the_tests_own()
 #endif
 }
 
-OSTREL_TEST_MAIN(TstTestCase)
+OSTREL_TEST(TstTestCase)
 #include "tst_testcase.moc"

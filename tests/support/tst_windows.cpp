@@ -53,5 +53,5 @@ void TstWindows::window_that_cannot_become_active_is_told()
     QVERIFY(!show_active(widget));
 }
 
-OSTREL_TEST_MAIN(TstWindows)
+OSTREL_TEST(TstWindows)
 #include "tst_windows.moc"

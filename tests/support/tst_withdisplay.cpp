@@ -137,11 +137,12 @@ void TstWithDisplay::missing_server_or_manager_is_told()
 
 void TstWithDisplay::failing_test_fails_under_the_script()
 {
-    QCOMPARE(run_with_display({QString::fromUtf8(OSTREL_SAMPLE), u"passes"_s}).code, 0);
-    const Outcome outcome = run_with_display({QString::fromUtf8(OSTREL_SAMPLE), u"leaves_a_window_open"_s});
+    QCOMPARE(run_with_display({QString::fromUtf8(OSTREL_SAMPLE), u"sample_testcase"_s, u"passes"_s}).code, 0);
+    const Outcome outcome =
+        run_with_display({QString::fromUtf8(OSTREL_SAMPLE), u"sample_testcase"_s, u"leaves_a_window_open"_s});
     QCOMPARE(outcome.code, 1);
     QVERIFY2(outcome.output.contains(u"a window was left open: left over"_s), qPrintable(outcome.output));
 }
 
-OSTREL_TEST_MAIN(TstWithDisplay)
+OSTREL_TEST(TstWithDisplay)
 #include "tst_withdisplay.moc"

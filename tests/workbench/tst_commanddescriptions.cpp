@@ -3,13 +3,14 @@
 
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Framework.h"
-#include "support/TestCase.h"
 #include "support/windows.h"
 #include "workbench/Workbench.h"
+#include "workbench/WorkbenchTest.h"
 #include "workbench/component_manager/ComponentManager.h"
 #include "workbench/fennari19/Fennar.h"
 #include "workbench/fennari19/tokenize.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
@@ -73,16 +74,17 @@ QList<ClauseValues> examples(const CommandSyntax& form, With with)
 } // namespace
 
 /** What the commands say of themselves, held against what they do: all commands, with all components. */
-class TstCommandDescriptions : public TestCase
+class TstCommandDescriptions : public WorkbenchTest
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void init() {} // one window serves all functions
-    void cleanup() {}
-    void cleanupTestCase();
+protected:
+    void prepare(Workbench& workbench) override;
+    void set_up_class() override;
+    void tear_down() override;
+    void after_workbench() override { QDir::setCurrent(mOldDirectory); }
 
+private slots:
     void every_command_is_described();
     void lines_made_of_the_description_run_data();
     void lines_made_of_the_description_run();
@@ -99,35 +101,34 @@ private:
         mErrors.clear();
         return Fennar::instance().interpreter().run(line);
     }
-    void prepare();
+    void prepare_model();
     void each_form();
 
-    std::unique_ptr<Workbench> mWorkbench;
     QTemporaryDir mDirectory;
     QString mOldDirectory;
     QString mErrors;
     int mQuits = 0;
 };
 
-void TstCommandDescriptions::initTestCase()
+void TstCommandDescriptions::prepare(Workbench&)
 {
-    TestCase::init();
     qputenv("FENNAR_COMPONENT_PATH", TREE_COMPONENTS);
     mOldDirectory = QDir::currentPath();
     QVERIFY(QDir::setCurrent(mDirectory.path()));
-    mWorkbench = std::make_unique<Workbench>();
-    QVERIFY(mWorkbench->load());
-    QVERIFY(show_active(Ostrel::instance()));
-    mWorkbench->components().load_all();
+}
+
+void TstCommandDescriptions::set_up_class()
+{
+    workbench().components().load_all();
     Fennar::instance().interpreter().set_error_output([this](const QString& text) { mErrors += text; });
     Fennar::instance().services().quit = [this] { ++mQuits; };
-    for (const ComponentManager::Component& component : mWorkbench->components().components())
+    for (const ComponentManager::Component& component : workbench().components().components())
         QVERIFY2(component.state == ComponentManager::State::Loaded, qPrintable(component.name));
     QVERIFY(registry().names().size() >= 35);
 }
 
 /** A model, files and a session in which every command finds what it works on. */
-void TstCommandDescriptions::prepare()
+void TstCommandDescriptions::prepare_model()
 {
     QFile journal(u"example.jou"_s);
     QVERIFY(journal.open(QIODevice::WriteOnly));
@@ -140,12 +141,14 @@ void TstCommandDescriptions::prepare()
         QVERIFY2(run(QString::fromLatin1(line)) == Result::Done, qPrintable(mErrors));
 }
 
-void TstCommandDescriptions::cleanupTestCase()
+/** Takes away what a command has shown. */
+void TstCommandDescriptions::tear_down()
 {
-    mWorkbench->unload();
-    mWorkbench.reset();
-    QDir::setCurrent(mOldDirectory);
-    TestCase::cleanup();
+    const QWidgetList shown = QApplication::topLevelWidgets();
+    for (QWidget* one : shown) {
+        if (one != &window())
+            one->hide();
+    }
 }
 
 void TstCommandDescriptions::each_form()
@@ -198,7 +201,7 @@ void TstCommandDescriptions::lines_made_of_the_description_run()
 {
     QFETCH(const QString, name);
     QFETCH(const int, number);
-    prepare();
+    prepare_model();
     const CommandSyntax form = registry().find(name)->forms[number];
     // A component cannot be loaded that is loaded, and a file of one holds a name that is taken then.
     if (name == "load"_L1)
@@ -222,7 +225,7 @@ void TstCommandDescriptions::lines_made_of_the_description_run()
     for (qsizetype clause = 0; clause < form.clauses.size(); ++clause) {
         if (!form.clauses[clause].optional)
             continue;
-        prepare();
+        prepare_model();
         // This one alone, with those in front that it needs.
         check([&](qsizetype i) {
             return !form.clauses[i].optional || i == clause ||
@@ -234,7 +237,7 @@ void TstCommandDescriptions::lines_made_of_the_description_run()
     }
     if (std::any_of(form.clauses.begin(), form.clauses.end(),
                     [](const CommandClause& c) { return c.optional; })) {
-        prepare();
+        prepare_model();
         check([](qsizetype) { return true; });
     }
     QCOMPARE(mQuits, name == "quit"_L1 ? 1 : 0);
@@ -243,7 +246,7 @@ void TstCommandDescriptions::lines_made_of_the_description_run()
 
 void TstCommandDescriptions::lines_without_a_required_part_fail_data()
 {
-    prepare();
+    prepare_model();
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("number");
     QTest::addColumn<int>("clause");
@@ -273,7 +276,7 @@ void TstCommandDescriptions::lines_without_a_required_part_fail()
 
 void TstCommandDescriptions::numbers_out_of_range_are_refused_data()
 {
-    prepare();
+    prepare_model();
     QTest::addColumn<QString>("line");
     for (const QString& name : registry().names()) {
         const QList<CommandSyntax> forms = registry().find(name)->forms;
@@ -315,7 +318,7 @@ void TstCommandDescriptions::numbers_out_of_range_are_refused()
 
 void TstCommandDescriptions::unknown_choices_are_refused_data()
 {
-    prepare();
+    prepare_model();
     each_form();
 }
 
@@ -344,5 +347,5 @@ void TstCommandDescriptions::unknown_choices_are_refused()
     }
 }
 
-OSTREL_TEST_MAIN(TstCommandDescriptions)
+OSTREL_TEST(TstCommandDescriptions)
 #include "tst_commanddescriptions.moc"

@@ -10,10 +10,10 @@
 #include "host/navigation/NavigationReader.h"
 #include "menus/OstrelToolsMenu.h"
 #include "options/OptionsPanel.h"
-#include "support/TestCase.h"
 #include "support/dialogs.h"
 #include "support/windows.h"
 #include "workbench/Workbench.h"
+#include "workbench/WorkbenchTest.h"
 #include "workbench/component_manager/ComponentManager.h"
 #include "workbench/console/ConsoleOwner.h"
 #include "workbench/fennari19/Fennar.h"
@@ -82,16 +82,18 @@ QStringList awaited(QModelIndex entry)
 } // namespace
 
 /** The command panel of the whole application, with all components. */
-class TstCommandPanel : public TestCase
+class TstCommandPanel : public WorkbenchTest
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void init() {} // one window serves all functions
-    void cleanup();
-    void cleanupTestCase();
+protected:
+    void prepare(Workbench& workbench) override;
+    void set_up_class() override;
+    void tear_down() override { set_options({u"rbRows"_s, u"rbByAction"_s}); }
+    void tear_down_class() override { run(u"save model.mdl"_s); }
+    void after_workbench() override { QDir::setCurrent(mOldDirectory); }
 
+private slots:
     void both_kinds_of_files_hold_every_command();
     void commands_of_components_wait_for_them();
     void every_command_has_a_form_in_both_panels_data();
@@ -105,7 +107,6 @@ private slots:
     void entries_go_with_their_component();
 
 private:
-    static Ostrel& window() { return *Ostrel::instance(); }
     static TaskPanel& panel() { return *window().command_buttons(); }
     static NavigationModel& model() { return *window().navigation_model(); }
     /** Goes to the entry of @p command in the panel that is shown, and returns its form. */
@@ -127,37 +128,22 @@ private:
                  qPrintable(line));
     }
 
-    std::unique_ptr<Workbench> mWorkbench;
     QTemporaryDir mDirectory;
     QString mOldDirectory;
 };
 
-void TstCommandPanel::initTestCase()
+void TstCommandPanel::prepare(Workbench&)
 {
-    TestCase::init();
     qputenv("FENNAR_COMPONENT_PATH", TREE_COMPONENTS);
     mOldDirectory = QDir::currentPath();
     QVERIFY(QDir::setCurrent(mDirectory.path()));
-    mWorkbench = std::make_unique<Workbench>();
-    QVERIFY(mWorkbench->load());
-    QVERIFY(show_active(&window()));
-    mWorkbench->components().load_all();
+}
+
+void TstCommandPanel::set_up_class()
+{
+    workbench().components().load_all();
     run(u"brick 10 name plate"_s);
     run(u"sphere 3 name ball"_s);
-}
-
-void TstCommandPanel::cleanup()
-{
-    set_options({u"rbRows"_s, u"rbByAction"_s});
-}
-
-void TstCommandPanel::cleanupTestCase()
-{
-    run(u"save model.mdl"_s);
-    mWorkbench->unload();
-    mWorkbench.reset();
-    QDir::setCurrent(mOldDirectory);
-    TestCase::cleanup();
 }
 
 void TstCommandPanel::go_to(const QModelIndex& entry)
@@ -294,10 +280,10 @@ void TstCommandPanel::applied_form_runs_on_the_console()
     QTest::keyClicks(field<QLineEdit>(u"valueHEIGHT"_s), u"5"_s);
     QTest::keyClicks(field<QLineEdit>(u"valueNAME"_s), u"pin"_s);
     QTest::keyClick(field<QLineEdit>(u"valueNAME"_s), Qt::Key_Return);
-    const QString text = mWorkbench->console()->command_page()->toPlainText();
+    const QString text = workbench().console()->command_page()->toPlainText();
     QVERIFY2(text.contains(u"Fennar>cylinder 2 5 name pin\npin: volume 62.8319\nFennar>"_s),
              qPrintable(text));
-    QCOMPARE(mWorkbench->console()->history().entries().last(), u"cylinder 2 5 name pin"_s);
+    QCOMPARE(workbench().console()->history().entries().last(), u"cylinder 2 5 name pin"_s);
     // The name is taken now.
     QTRY_VERIFY(!field<QPushButton>(u"applyButton"_s)->isEnabled());
 
@@ -421,5 +407,5 @@ void TstCommandPanel::entries_go_with_their_component()
     QTRY_VERIFY(is_shown(u"Look"_s));
 }
 
-OSTREL_TEST_MAIN(TstCommandPanel)
+OSTREL_TEST(TstCommandPanel)
 #include "tst_commandpanel.moc"

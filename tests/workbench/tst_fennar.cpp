@@ -59,9 +59,10 @@ class TstFennar : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void help_and_version_need_no_display();
     void missing_display_is_told_in_one_line();
     void output_that_cannot_be_written_fails_the_batch_run();
@@ -93,9 +94,8 @@ private:
     std::unique_ptr<QTemporaryDir> mDirectory;
 };
 
-void TstFennar::init()
+void TstFennar::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
 }
 
@@ -434,5 +434,5 @@ void TstFennar::journal_is_of_the_directory_where_the_program_was_started()
              QFileInfo(other).canonicalFilePath());
 }
 
-OSTREL_TEST_MAIN(TstFennar)
+OSTREL_TEST(TstFennar)
 #include "tst_fennar.moc"

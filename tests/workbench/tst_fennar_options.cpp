@@ -47,10 +47,11 @@ class TstFennarOptions : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void options_that_are_saved_are_in_force_at_the_next_start();
     void options_that_are_not_saved_are_not();
     void page_of_a_component_keeps_its_option();
@@ -74,21 +75,19 @@ private:
     QString mDialog;
 };
 
-void TstFennarOptions::init()
+void TstFennarOptions::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
     QVERIFY(mDirectory->isValid());
 }
 
-void TstFennarOptions::cleanup()
+void TstFennarOptions::tear_down()
 {
     if (mProgram) {
         mProgram->kill();
         mProgram->waitForFinished();
         mProgram.reset();
     }
-    TestCase::cleanup();
 }
 
 /** Starts the program and waits until it takes commands. */
@@ -261,5 +260,5 @@ void TstFennarOptions::size_in_the_settings_comes_before_that_of_a_first_start()
     QCOMPARE(size_at_start(), u"1200x880"_s);
 }
 
-OSTREL_TEST_MAIN(TstFennarOptions)
+OSTREL_TEST(TstFennarOptions)
 #include "tst_fennar_options.moc"

@@ -38,9 +38,10 @@ class TstFennarSettings : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void window_run_keeps_everything_in_the_file_and_beside_it();
     void journal_sees_the_users_own_settings_without_the_argument();
     void component_path_and_components_switched_off_are_in_the_file();
@@ -75,9 +76,8 @@ private:
     std::unique_ptr<QTemporaryDir> mDirectory;
 };
 
-void TstFennarSettings::init()
+void TstFennarSettings::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
     QVERIFY(mDirectory->isValid());
     QVERIFY(QDir(mDirectory->path()).mkpath(u"config"_s));
@@ -294,5 +294,5 @@ void TstFennarSettings::no_python_gets_no_paths()
     QCOMPARE(apply_python_paths(nullptr), QStringList());
 }
 
-OSTREL_TEST_MAIN(TstFennarSettings)
+OSTREL_TEST(TstFennarSettings)
 #include "tst_fennar_settings.moc"

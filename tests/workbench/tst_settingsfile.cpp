@@ -27,10 +27,11 @@ class TstSettingsFile : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void settings_go_to_the_file_and_come_back();
     void settings_of_the_user_are_neither_read_nor_written();
     void file_is_made_only_when_something_is_stored();
@@ -55,19 +56,17 @@ private:
     QString mDirectoryBefore;
 };
 
-void TstSettingsFile::init()
+void TstSettingsFile::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
     QVERIFY(mDirectory->isValid());
     mDirectoryBefore = QDir::currentPath();
 }
 
-void TstSettingsFile::cleanup()
+void TstSettingsFile::tear_down()
 {
     QVERIFY(QDir::setCurrent(mDirectoryBefore));
     mDirectory.reset();
-    TestCase::cleanup();
 }
 
 QString TstSettingsFile::write(const QString& name, const QByteArray& content) const
@@ -250,5 +249,5 @@ void TstSettingsFile::file_that_cannot_be_written_is_still_read()
     QVERIFY(!file.data_directory().startsWith("/proc"_L1));
 }
 
-OSTREL_TEST_MAIN(TstSettingsFile)
+OSTREL_TEST(TstSettingsFile)
 #include "tst_settingsfile.moc"

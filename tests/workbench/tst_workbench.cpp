@@ -11,9 +11,9 @@
 #include "host/navigation/TaskPanel.h"
 #include "host/ostrelfw/Framework.h"
 #include "journal/JournalEditor.h"
-#include "support/TestCase.h"
 #include "support/windows.h"
 #include "workbench/Workbench.h"
+#include "workbench/WorkbenchTest.h"
 #include "workbench/console/ConsoleOwner.h"
 #include "workbench/fennar_python/PythonRuntime.h"
 #include "workbench/fennari19/CommandCall.h"
@@ -33,7 +33,6 @@
 #include <QPushButton>
 #include <QSplashScreen>
 #include <QTabWidget>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -84,16 +83,17 @@ public:
  * The whole application on its real host: what a user types goes in at the keyboard and what is checked is
  * the text that he then reads. Python can be started once in a process, so all functions share one workbench.
  */
-class TstWorkbench : public TestCase
+class TstWorkbench : public WorkbenchTest
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
-    void cleanupTestCase();
+protected:
+    void prepare(Workbench& workbench) override;
+    void set_up_class() override;
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void splash_screen_with_a_picture_comes_first();
     void window_is_painted_with_its_prompt_before_python_starts();
     void window_has_a_black_area_a_command_panel_and_a_console();
@@ -153,17 +153,6 @@ private slots:
     void quit_closes_the_window_and_ends_the_loop();
 
 private:
-    CommandWidget* page() const { return mWorkbench->console()->command_page(); }
-    QString text() const { return page()->toPlainText(); }
-    void enter(const QString& line)
-    {
-        QTest::keyClicks(page(), line);
-        QTest::keyClick(page(), Qt::Key_Return);
-    }
-    void python_mode(bool on)
-    {
-        QTest::keyClick(Ostrel::instance(), on ? Qt::Key_P : Qt::Key_C, Qt::AltModifier);
-    }
     void paste(const QString& lines)
     {
         QGuiApplication::clipboard()->setText(lines);
@@ -177,55 +166,34 @@ private:
     }
     /** Clicks on the entry of the command panel. */
     static void choose_entry(const QString& title);
-    QString write_journal(const QString& name, const QByteArray& content);
 
     SplashWatcher mSplash;
     FirstPaintWatcher mFirstPaint;
-    std::unique_ptr<Workbench> mWorkbench;
-    QTemporaryDir mDirectory;
 };
 
-void TstWorkbench::initTestCase()
+void TstWorkbench::prepare(Workbench&)
 {
-    TestCase::init();
-    mWorkbench = std::make_unique<Workbench>();
     QCoreApplication::instance()->installEventFilter(&mSplash);
     QCoreApplication::instance()->installEventFilter(&mFirstPaint);
-    QVERIFY(mWorkbench->load());
+}
+
+void TstWorkbench::set_up_class()
+{
     QCoreApplication::instance()->removeEventFilter(&mSplash);
-    QVERIFY(show_active(Ostrel::instance()));
     QTRY_VERIFY(PythonRuntime::running());
     QCoreApplication::instance()->removeEventFilter(&mFirstPaint);
 }
 
-void TstWorkbench::init()
+void TstWorkbench::set_up()
 {
-    // One window serves all functions, so the checks of the base class wait for the last.
     Ostrel::instance()->command_line()->set_focus();
     page()->clearToPrompt();
 }
 
-void TstWorkbench::cleanup()
+void TstWorkbench::tear_down()
 {
     if (Ostrel::instance() && FennarInterface::command_is_python_mode())
         python_mode(false);
-}
-
-void TstWorkbench::cleanupTestCase()
-{
-    mWorkbench->unload();
-    QVERIFY(!Ostrel::instance());
-    mWorkbench.reset();
-    TestCase::cleanup();
-}
-
-QString TstWorkbench::write_journal(const QString& name, const QByteArray& content)
-{
-    const QString path = mDirectory.filePath(name);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("the journal could not be written");
-    return path;
 }
 
 void TstWorkbench::splash_screen_with_a_picture_comes_first()
@@ -239,7 +207,7 @@ void TstWorkbench::window_is_painted_with_its_prompt_before_python_starts()
     QVERIFY(mFirstPaint.painted);
     QVERIFY(!mFirstPaint.python);
     QCOMPARE(mFirstPaint.console, u"Fennar>"_s);
-    // Without having been asked for; see initTestCase().
+    // Without having been asked for; see set_up_class().
     QVERIFY(PythonRuntime::running());
 }
 
@@ -267,26 +235,26 @@ void TstWorkbench::journal_editor_has_the_font_of_the_console()
 
 void TstWorkbench::typed_command_is_answered_above_the_next_prompt()
 {
-    enter(u"echo one 'two three'"_s);
+    type(u"echo one 'two three'"_s);
     QCOMPARE(text(), u"Fennar>echo one 'two three'\none two three\nFennar>"_s);
 }
 
 void TstWorkbench::continued_command_gets_a_second_prompt()
 {
-    enter(u"echo one \\"_s);
+    type(u"echo one \\"_s);
     QCOMPARE(text(), u"Fennar>echo one \\\nFennar>"_s);
-    enter(u"two"_s);
+    type(u"two"_s);
     QVERIFY2(text().endsWith(u"two\none two\nFennar>"_s), qPrintable(text()));
 }
 
 void TstWorkbench::error_names_command_and_column_and_warns_on_the_errors_tab()
 {
     auto* tabs = Ostrel::instance()->findChild<QTabWidget*>(u"mCommandTab"_s);
-    enter(u"set 1x 5"_s);
+    type(u"set 1x 5"_s);
     QVERIFY2(text().contains(u"ERROR: set: column 5: expected "_s), qPrintable(text()));
-    QVERIFY(mWorkbench->console()->error_page()->toPlainText().contains(
+    QVERIFY(workbench().console()->error_page()->toPlainText().contains(
         u"Fennar>set 1x 5\nERROR: set: column 5"_s));
-    const int errors = tabs->indexOf(mWorkbench->console()->error_page());
+    const int errors = tabs->indexOf(workbench().console()->error_page());
     QVERIFY(!tabs->tabIcon(errors).isNull());
     tabs->setCurrentIndex(errors);
     QVERIFY(tabs->tabIcon(errors).isNull());
@@ -296,38 +264,38 @@ void TstWorkbench::error_names_command_and_column_and_warns_on_the_errors_tab()
 void TstWorkbench::python_statement_runs_in_python_mode()
 {
     python_mode(true);
-    enter(u"6 * 7"_s);
+    type(u"6 * 7"_s);
     QCOMPARE(text(), u">>>6 * 7\n42\n>>>"_s);
 }
 
 void TstWorkbench::python_loop_over_several_lines_runs_at_the_empty_line()
 {
     python_mode(true);
-    enter(u"for i in range(3):"_s);
+    type(u"for i in range(3):"_s);
     QCOMPARE(page()->currentCommand(), u"    "_s);
-    enter(u"print('i =', i)"_s);
+    type(u"print('i =', i)"_s);
     QCOMPARE(page()->currentCommand(), u"    "_s);
     QTest::keyClick(page(), Qt::Key_U, Qt::ControlModifier);
-    enter({});
+    type({});
     QVERIFY2(text().endsWith(u"\ni = 0\ni = 1\ni = 2\n>>>"_s), qPrintable(text()));
 }
 
 void TstWorkbench::python_traceback_stands_on_the_console()
 {
     python_mode(true);
-    enter(u"1 / 0"_s);
+    type(u"1 / 0"_s);
     QVERIFY2(text().contains(u"Traceback"_s), qPrintable(text()));
     QVERIFY2(text().endsWith(u"ZeroDivisionError: division by zero\n>>>"_s), qPrintable(text()));
-    QVERIFY(mWorkbench->console()->error_page()->toPlainText().contains(u">>>1 / 0\nTraceback"_s));
+    QVERIFY(workbench().console()->error_page()->toPlainText().contains(u">>>1 / 0\nTraceback"_s));
 }
 
 void TstWorkbench::python_exit_ends_nothing()
 {
     python_mode(true);
-    enter(u"import sys"_s);
-    enter(u"sys.exit(3)"_s);
+    type(u"import sys"_s);
+    type(u"sys.exit(3)"_s);
     QVERIFY2(text().contains(u"SystemExit"_s), qPrintable(text()));
-    enter(u"'still ' + 'here'"_s);
+    type(u"'still ' + 'here'"_s);
     QVERIFY2(text().endsWith(u"\n'still here'\n>>>"_s), qPrintable(text()));
 }
 
@@ -345,37 +313,37 @@ void TstWorkbench::snippet_runs_in_python_mode()
 {
     python_mode(true);
     QTest::keyClick(page(), Qt::Key_T, Qt::ControlModifier);
-    enter(u"'echo from python'"_s);
+    type(u"'echo from python'"_s);
     QVERIFY2(text().startsWith(u">>>fennar.cmd('echo from python')\nfrom python\n"_s), qPrintable(text()));
 }
 
 void TstWorkbench::snippet_is_an_unknown_command_in_command_mode()
 {
     QTest::keyClick(page(), Qt::Key_T, Qt::ControlModifier);
-    enter({});
+    type({});
     QVERIFY2(text().startsWith(u"Fennar>fennar.cmd()\nERROR: "_s), qPrintable(text()));
 }
 
 void TstWorkbench::command_runs_from_python_and_its_failure_raises()
 {
     python_mode(true);
-    enter(u"fennar.cmd('no_such_command')"_s);
+    type(u"fennar.cmd('no_such_command')"_s);
     QVERIFY2(text().contains(u"no_such_command"_s), qPrintable(text()));
     QVERIFY2(text().contains(u"CommandError"_s), qPrintable(text()));
 }
 
 void TstWorkbench::python_runs_from_a_command()
 {
-    enter(u"python print(1.5 + 1)"_s);
+    type(u"python print(1.5 + 1)"_s);
     QCOMPARE(text(), u"Fennar>python print(1.5 + 1)\n2.5\nFennar>"_s);
 }
 
 void TstWorkbench::prints_of_a_python_thread_arrive_in_order()
 {
     python_mode(true);
-    enter(u"import threading"_s);
-    enter(u"t = threading.Thread(target=lambda: [print('line', n) for n in range(200)])"_s);
-    enter(u"t.start()"_s);
+    type(u"import threading"_s);
+    type(u"t = threading.Thread(target=lambda: [print('line', n) for n in range(200)])"_s);
+    type(u"t.start()"_s);
     QTRY_VERIFY(text().contains(u"line 199\n"_s));
     QString expected;
     for (int n = 0; n < 200; ++n)
@@ -383,7 +351,7 @@ void TstWorkbench::prints_of_a_python_thread_arrive_in_order()
     QString printed = text();
     printed = printed.mid(printed.indexOf(u"line 0\n"_s), expected.size());
     QCOMPARE(printed, expected);
-    enter(u"t.join()"_s);
+    type(u"t.join()"_s);
 }
 
 void TstWorkbench::user_and_framework_names_are_apart()
@@ -395,7 +363,7 @@ void TstWorkbench::user_and_framework_names_are_apart()
     QCOMPARE(Framework::python_interpreter()->Run_SimpleString("own"), -1);
     // What the user types goes to the user's names.
     python_mode(true);
-    enter(u"own"_s);
+    type(u"own"_s);
     QVERIFY2(text().endsWith(u">>>own\n2\n>>>"_s), qPrintable(text()));
 }
 
@@ -407,15 +375,15 @@ void TstWorkbench::pasted_lines_run_in_order()
 
 void TstWorkbench::journal_plays_line_by_line()
 {
-    const QString path = write_journal(u"good.jou"_s, "# a comment\necho one\necho two\n");
-    enter(u"play \"%1\""_s.arg(path));
+    const QString path = write_temp(u"good.jou"_s, "# a comment\necho one\necho two\n");
+    type(u"play \"%1\""_s.arg(path));
     QVERIFY2(text().contains(u"Fennar>echo one\none\nFennar>echo two\ntwo\nFennar>"_s), qPrintable(text()));
 }
 
 void TstWorkbench::failing_journal_stops_with_file_and_line()
 {
-    const QString path = write_journal(u"bad.jou"_s, "echo one\nnonsense 5\necho never\n");
-    enter(u"play \"%1\""_s.arg(path));
+    const QString path = write_temp(u"bad.jou"_s, "echo one\nnonsense 5\necho never\n");
+    type(u"play \"%1\""_s.arg(path));
     QVERIFY2(text().contains(path + u":2"_s), qPrintable(text()));
     QVERIFY(!text().contains(u"never"_s));
     QVERIFY(text().endsWith(u"\nFennar>"_s));
@@ -423,31 +391,31 @@ void TstWorkbench::failing_journal_stops_with_file_and_line()
 
 void TstWorkbench::history_command_lists_what_was_entered()
 {
-    enter(u"echo remember me"_s);
-    enter(u"history 2"_s);
+    type(u"echo remember me"_s);
+    type(u"history 2"_s);
     QVERIFY2(text().section(u"history 2\n"_s, 1).contains(u"echo remember me"_s), qPrintable(text()));
 }
 
 void TstWorkbench::picture_command_writes_the_window()
 {
-    const QString path = mDirectory.filePath(u"window.png"_s);
-    enter(u"picture \"%1\""_s.arg(path));
+    const QString path = temp_path(u"window.png"_s);
+    type(u"picture \"%1\""_s.arg(path));
     const QImage picture(path);
     QCOMPARE(picture.size(), Ostrel::instance()->size());
 }
 
 void TstWorkbench::picture_that_cannot_be_written_is_an_error()
 {
-    enter(u"picture /no/such/directory/window.png"_s);
+    type(u"picture /no/such/directory/window.png"_s);
     QVERIFY2(text().contains(u"ERROR: picture: column 9: "_s), qPrintable(text()));
 }
 
 void TstWorkbench::output_with_odd_characters_does_no_harm()
 {
     python_mode(true);
-    enter(u"print('a\\0b\\udc80c')"_s);
-    enter(u"import sys; _ = sys.stdout.write('x' * 1000000 + chr(10))"_s);
-    enter(u"1 + 1"_s);
+    type(u"print('a\\0b\\udc80c')"_s);
+    type(u"import sys; _ = sys.stdout.write('x' * 1000000 + chr(10))"_s);
+    type(u"1 + 1"_s);
     QVERIFY(text().endsWith(u">>>1 + 1\n2\n>>>"_s));
     QVERIFY(text().contains(QString(1000000, u'x')));
 }
@@ -455,14 +423,14 @@ void TstWorkbench::output_with_odd_characters_does_no_harm()
 void TstWorkbench::output_that_is_no_utf8_is_shown_with_replacements()
 {
     python_mode(true);
-    enter(u"import sys; _ = sys.stdout.buffer.write(b'a\\xffb\\n')"_s);
+    type(u"import sys; _ = sys.stdout.buffer.write(b'a\\xffb\\n')"_s);
     QVERIFY2(text().endsWith(u"\na\ufffdb\n>>>"_s), qPrintable(text()));
 }
 
 void TstWorkbench::line_of_10_megabytes_is_printed()
 {
     python_mode(true);
-    enter(u"print('x' * 10000000)"_s);
+    type(u"print('x' * 10000000)"_s);
     QVERIFY(text().endsWith(QString(10'000'000, u'x') + u"\n>>>"_s));
     page()->clearToPrompt();
 }
@@ -473,7 +441,7 @@ void TstWorkbench::line_of_a_megabyte_is_typed()
     paste(u"echo "_s + word);
     QTest::keyClick(page(), Qt::Key_Return);
     QVERIFY(text().endsWith(u"\n"_s + word + u"\nFennar>"_s));
-    QCOMPARE(mWorkbench->console()->history().entries().last(), u"echo "_s + word);
+    QCOMPARE(workbench().console()->history().entries().last(), u"echo "_s + word);
     page()->clearToPrompt();
 }
 
@@ -493,19 +461,19 @@ void TstWorkbench::command_that_throws_is_an_error()
                           throw std::runtime_error("out of luck");
                       throw 1;
                   }});
-    enter(u"broken"_s);
+    type(u"broken"_s);
     registry.remove_owner(u"test"_s);
     const QString error =
         standard ? u"ERROR: broken: out of luck\n"_s : u"ERROR: broken: failed for an unknown reason\n"_s;
     QCOMPARE(text(), u"Fennar>broken\n"_s + error + u"Fennar>"_s);
-    QVERIFY(mWorkbench->console()->error_page()->toPlainText().endsWith(u"Fennar>broken\n"_s + error));
+    QVERIFY(workbench().console()->error_page()->toPlainText().endsWith(u"Fennar>broken\n"_s + error));
 }
 
 void TstWorkbench::up_and_down_walk_the_history()
 {
-    enter(u"echo first"_s);
-    enter(u"echo second"_s);
-    enter(u"echo second"_s);
+    type(u"echo first"_s);
+    type(u"echo second"_s);
+    type(u"echo second"_s);
     QTest::keyClicks(page(), u"half"_s);
     QTest::keyClick(page(), Qt::Key_Up);
     QTest::keyClick(page(), Qt::Key_Up);
@@ -530,7 +498,7 @@ void TstWorkbench::mode_buttons_work_by_mouse()
     QTest::mouseClick(python, Qt::LeftButton);
     QVERIFY(FennarInterface::command_is_python_mode());
     QVERIFY(python->isChecked() && !fennar->isChecked());
-    enter(u"2 * 3"_s);
+    type(u"2 * 3"_s);
     QCOMPARE(text(), u">>>2 * 3\n6\n>>>"_s);
     QTest::mouseClick(fennar, Qt::LeftButton);
     QVERIFY(!FennarInterface::command_is_python_mode());
@@ -598,14 +566,14 @@ void TstWorkbench::apply_in_the_panel_runs_the_command_on_the_console()
     QCOMPARE(line->text(), u"echo from the panel"_s);
     QTest::mouseClick(apply, Qt::LeftButton);
     QCOMPARE(text(), u"Fennar>echo from the panel\nfrom the panel\nFennar>half"_s);
-    QCOMPARE(mWorkbench->console()->history().entries().last(), u"echo from the panel"_s);
+    QCOMPARE(workbench().console()->history().entries().last(), u"echo from the panel"_s);
 }
 
 void TstWorkbench::apply_in_python_mode_runs_the_command_through_python()
 {
     python_mode(true);
     // A block that waits for its next line must not swallow the command.
-    enter(u"for i in range(3):"_s);
+    type(u"for i in range(3):"_s);
     choose_entry(u"Change"_s);
     choose_entry(u"Console"_s);
     choose_entry(u"Echo Text"_s);
@@ -624,10 +592,10 @@ void TstWorkbench::cancel_button_is_enabled_while_a_line_runs()
     CommandRegistry& registry = Fennar::instance().registry();
     registry.add(
         {u"look"_s, u"look"_s, {}, {}, u"test"_s, [&seen](CommandCall&) { seen << cancel()->isEnabled(); }});
-    enter(u"look"_s);
+    type(u"look"_s);
     QVERIFY(!cancel()->isEnabled());
     python_mode(true);
-    enter(u"fennar.cmd('look')"_s);
+    type(u"fennar.cmd('look')"_s);
     registry.remove_owner(u"test"_s);
     QCOMPARE(seen, QList<bool>({true, true}));
     QVERIFY(!cancel()->isEnabled());
@@ -637,10 +605,10 @@ void TstWorkbench::cancel_interrupts_python()
 {
     python_mode(true);
     cancel_soon();
-    enter(u"exec('while True: pass')"_s);
+    type(u"exec('while True: pass')"_s);
     QVERIFY2(text().endsWith(u"KeyboardInterrupt\n>>>"_s), qPrintable(text()));
     // The request was for that line only.
-    enter(u"exec('for i in range(10 ** 7): pass'); 'done'"_s);
+    type(u"exec('for i in range(10 ** 7): pass'); 'done'"_s);
     QVERIFY2(text().endsWith(u"\n'done'\n>>>"_s), qPrintable(text()));
 }
 
@@ -650,8 +618,8 @@ void TstWorkbench::cancel_lets_python_clean_up()
     registry.add({u"arm"_s, u"arm"_s, {}, {}, u"test"_s, [this](CommandCall&) { cancel_soon(); }});
     python_mode(true);
     // The loop behind the interrupt lasts for several turns.
-    enter(u"exec('try:\\n fennar.cmd(\"arm\")\\n while True: pass\\nexcept KeyboardInterrupt:\\n"
-          " for i in range(10 ** 7): pass\\n print(\"clean\")')"_s);
+    type(u"exec('try:\\n fennar.cmd(\"arm\")\\n while True: pass\\nexcept KeyboardInterrupt:\\n"
+         " for i in range(10 ** 7): pass\\n print(\"clean\")')"_s);
     registry.remove_owner(u"test"_s);
     QVERIFY2(text().endsWith(u"\nclean\n>>>"_s), qPrintable(text()));
 }
@@ -667,8 +635,8 @@ void TstWorkbench::each_click_on_cancel_interrupts_python()
     CommandRegistry& registry = Fennar::instance().registry();
     registry.add({u"arm"_s, u"arm"_s, {}, {}, u"test"_s, [&](CommandCall&) { clicks.start(0); }});
     python_mode(true);
-    enter(u"exec('try:\\n fennar.cmd(\"arm\")\\n while True: pass\\nexcept KeyboardInterrupt:\\n"
-          " while True: pass')"_s);
+    type(u"exec('try:\\n fennar.cmd(\"arm\")\\n while True: pass\\nexcept KeyboardInterrupt:\\n"
+         " while True: pass')"_s);
     clicks.stop();
     registry.remove_owner(u"test"_s);
     QVERIFY2(text().endsWith(u"KeyboardInterrupt\n>>>"_s), qPrintable(text()));
@@ -686,7 +654,7 @@ void TstWorkbench::cancelled_command_interrupts_the_python_that_called_it()
                   }});
     python_mode(true);
     cancel_soon();
-    enter(u"exec('while True:\\n try: fennar.cmd(\"work\")\\n except fennar.CommandError: pass')"_s);
+    type(u"exec('while True:\\n try: fennar.cmd(\"work\")\\n except fennar.CommandError: pass')"_s);
     registry.remove_owner(u"test"_s);
     QVERIFY2(text().endsWith(u"KeyboardInterrupt\n>>>"_s), qPrintable(text()));
     QCOMPARE(calls, 1);
@@ -697,10 +665,10 @@ void TstWorkbench::cancel_ends_a_journal()
     // Armed within the loop's own command: on a slow machine the first turn comes ahead of one of the lines.
     CommandRegistry& registry = Fennar::instance().registry();
     registry.add({u"arm"_s, u"arm"_s, {}, {}, u"test"_s, [this](CommandCall&) { cancel_soon(); }});
-    const QString path = write_journal(
-        u"long.jou"_s,
-        "echo one\npython 'exec(\"fennar.cmd(\\\"arm\\\")\\nwhile True: pass\")'\necho never\n");
-    enter(u"play \"%1\""_s.arg(path));
+    const QString path =
+        write_temp(u"long.jou"_s,
+                   "echo one\npython 'exec(\"fennar.cmd(\\\"arm\\\")\\nwhile True: pass\")'\necho never\n");
+    type(u"play \"%1\""_s.arg(path));
     registry.remove_owner(u"test"_s);
     QVERIFY2(text().contains(u"KeyboardInterrupt"_s), qPrintable(text()));
     QVERIFY2(text().endsWith(u"Interrupted: %1:2\n  play on with: play %1 2\nFennar>"_s.arg(path)),
@@ -710,10 +678,10 @@ void TstWorkbench::cancel_ends_a_journal()
 
 void TstWorkbench::cancel_ends_a_paused_journal()
 {
-    const QString path = write_journal(u"paused.jou"_s, "echo never\n");
+    const QString path = write_temp(u"paused.jou"_s, "echo never\n");
     FennarInterface::pause_playback();
     cancel_soon();
-    enter(u"play \"%1\""_s.arg(path));
+    type(u"play \"%1\""_s.arg(path));
     QVERIFY2(text().endsWith(u"Interrupted: %1:1\n  play on with: play %1 1\nFennar>"_s.arg(path)),
              qPrintable(text()));
     QVERIFY(!text().contains(u"never"_s));
@@ -727,22 +695,24 @@ void TstWorkbench::closing_the_window_ends_what_runs_data()
     // The window is closed from within the loop, so that this comes neither earlier nor later.
     const QByteArray loop = "exec(\"fennar.cmd('arm')\\nwhile True: pass\")\n";
     QTest::newRow("Python loop") << true << QString::fromUtf8(loop) + u"print('ne' + 'ver')\n"_s;
-    const QString path = write_journal(
-        u"endless.jou"_s, "python 'exec(\"fennar.cmd(\\\"arm\\\")\\nwhile True: pass\")'\necho never\n");
-    QTest::newRow("journal") << false << u"play \"%1\"\necho never\n"_s.arg(path);
+    QTest::newRow("journal") << false << u"play \"%1\"\necho never\n"_s;
 }
 
 void TstWorkbench::closing_the_window_ends_what_runs()
 {
     QFETCH(const bool, python);
-    QFETCH(const QString, lines);
+    QFETCH(QString, lines);
+    if (!python) {
+        lines = lines.arg(write_temp(
+            u"endless.jou"_s, "python 'exec(\"fennar.cmd(\\\"arm\\\")\\nwhile True: pass\")'\necho never\n"));
+    }
     CommandRegistry& registry = Fennar::instance().registry();
     registry.add({u"arm"_s, u"arm"_s, {}, {}, u"test"_s, [](CommandCall&) {
                       QTimer::singleShot(0, Ostrel::instance(), &QWidget::close);
                   }});
     python_mode(python);
     QTimer::singleShot(0, page(), [&] { paste(lines); });
-    mWorkbench->run();
+    workbench().run();
     registry.remove_owner(u"test"_s);
     const bool closed = !Ostrel::instance()->isVisible();
     QVERIFY(show_active(Ostrel::instance()));
@@ -753,9 +723,9 @@ void TstWorkbench::closing_the_window_ends_what_runs()
 
 void TstWorkbench::quit_in_a_journal_ends_the_lines_behind_it()
 {
-    const QString path = write_journal(u"quit.jou"_s, "echo two\nquit\necho never\n");
+    const QString path = write_temp(u"quit.jou"_s, "echo two\nquit\necho never\n");
     QTimer::singleShot(0, page(), [&] { paste(u"echo one\nplay \"%1\"\necho never\n"_s.arg(path)); });
-    mWorkbench->run();
+    workbench().run();
     QVERIFY(!Ostrel::instance()->isVisible());
     QVERIFY2(text().contains(u"\none\n"_s) && text().contains(u"\ntwo\n"_s), qPrintable(text()));
     QVERIFY(!text().contains(u"never"_s));
@@ -764,8 +734,8 @@ void TstWorkbench::quit_in_a_journal_ends_the_lines_behind_it()
 
 void TstWorkbench::quit_closes_the_window_and_ends_the_loop()
 {
-    QTimer::singleShot(0, page(), [this] { enter(u"quit"_s); });
-    mWorkbench->run();
+    QTimer::singleShot(0, page(), [this] { type(u"quit"_s); });
+    workbench().run();
     QVERIFY(!Ostrel::instance()->isVisible());
 }
 
@@ -800,8 +770,8 @@ void TstWorkbench::flood_of_lines_arrives_in_order()
         expected += text;
     }
     const QString before = QDir::currentPath();
-    write_journal(u"flood.jou"_s, lines);
-    QVERIFY(QDir::setCurrent(mDirectory.path()));
+    write_temp(u"flood.jou"_s, lines);
+    QVERIFY(QDir::setCurrent(temp_directory()));
     QString printed;
     qsizetype texts = 0;
     const auto listening = connect(Ostrel::instance()->command_line(), &CommandWindow::dataToPrint, this,
@@ -809,7 +779,7 @@ void TstWorkbench::flood_of_lines_arrives_in_order()
                                        printed += data;
                                        ++texts;
                                    });
-    enter(line);
+    type(line);
     disconnect(listening);
     registry.remove_owner(u"test"_s);
     QVERIFY(QDir::setCurrent(before));
@@ -839,8 +809,8 @@ void TstWorkbench::cancel_stops_a_flood_of_lines()
                       throw call.error(0, u"interrupted"_s);
                   }});
     const QString before = QDir::currentPath();
-    write_journal(u"flood.jou"_s, QByteArray("echo line\n").repeated(3'000'000));
-    QVERIFY(QDir::setCurrent(mDirectory.path()));
+    write_temp(u"flood.jou"_s, QByteArray("echo line\n").repeated(3'000'000));
+    QVERIFY(QDir::setCurrent(temp_directory()));
     // Pressed in the middle of the flood, when texts are gathered.
     qsizetype size = 0;
     QElapsedTimer since_press;
@@ -852,7 +822,7 @@ void TstWorkbench::cancel_stops_a_flood_of_lines()
                                        since_press.start();
                                        cancel_soon();
                                    });
-    enter(line);
+    type(line);
     const qint64 elapsed = since_press.isValid() ? since_press.elapsed() : -1;
     disconnect(listening);
     registry.remove_owner(u"test"_s);
@@ -869,9 +839,9 @@ void TstWorkbench::cancel_stops_a_flood_of_lines()
 
 void TstWorkbench::journal_is_not_played_if_the_model_fails()
 {
-    const QString journal = write_journal(u"after.jou"_s, "echo was played\n");
-    const QString model = mDirectory.filePath(u"missing.model"_s);
-    mWorkbench->start_later(model, journal);
+    const QString journal = write_temp(u"after.jou"_s, "echo was played\n");
+    const QString model = temp_path(u"missing.model"_s);
+    workbench().start_later(model, journal);
     QTRY_VERIFY2(text().contains(u"is not played"_s), qPrintable(text()));
     QVERIFY2(text().contains(u"Fennar>open "_s + model), qPrintable(text()));
     QVERIFY2(
@@ -880,7 +850,7 @@ void TstWorkbench::journal_is_not_played_if_the_model_fails()
     QVERIFY(text().endsWith(u"\nFennar>"_s));
     QVERIFY(!text().contains(u"was played"_s));
     // Later lines run as ever.
-    enter(u"echo still here"_s);
+    type(u"echo still here"_s);
     QVERIFY(text().endsWith(u"\nstill here\nFennar>"_s));
 }
 
@@ -891,8 +861,8 @@ void TstWorkbench::journal_is_played_once_the_model_is_open()
     registry.add({u"open"_s, u"open FILE"_s, {}, {}, u"test"_s, [&opened](CommandCall& call) {
                       opened << call.text(1, u"a file");
                   }});
-    const QString journal = write_journal(u"my after.jou"_s, "echo was played\n");
-    mWorkbench->start_later(u"/a model"_s, journal);
+    const QString journal = write_temp(u"my after.jou"_s, "echo was played\n");
+    workbench().start_later(u"/a model"_s, journal);
     QTRY_VERIFY2(text().endsWith(u"\nwas played\nFennar>"_s), qPrintable(text()));
     registry.remove_owner(u"test"_s);
     QCOMPARE(opened, QStringList(u"/a model"_s));
@@ -900,20 +870,20 @@ void TstWorkbench::journal_is_played_once_the_model_is_open()
 
 void TstWorkbench::tab_completes_commands_and_files()
 {
-    const QString path = write_journal(u"my journal.jou"_s, "echo completed\n");
+    const QString path = write_temp(u"my journal.jou"_s, "echo completed\n");
     QTest::keyClicks(page(), u"pla"_s);
     QTest::keyClick(page(), Qt::Key_Tab);
     QCOMPARE(page()->currentCommand(), u"play "_s);
-    QTest::keyClicks(page(), mDirectory.path() + u"/my"_s);
+    QTest::keyClicks(page(), temp_directory() + u"/my"_s);
     QTest::keyClick(page(), Qt::Key_Tab);
     QTest::keyClick(page(), Qt::Key_Return);
     QVERIFY2(text().endsWith(u"\ncompleted\nFennar>"_s), qPrintable(text()));
     // A line that goes on knows what stood ahead.
-    enter(u"help \\"_s);
+    type(u"help \\"_s);
     QTest::keyClicks(page(), u"hist"_s);
     QTest::keyClick(page(), Qt::Key_Tab);
     QCOMPARE(page()->currentCommand(), u"history "_s);
-    enter(QString());
+    type(QString());
     QVERIFY2(text().contains(u"Usage: history"_s), qPrintable(text()));
 }
 
@@ -930,18 +900,18 @@ void TstWorkbench::second_tab_lists_what_could_be_typed()
 void TstWorkbench::tab_completes_python()
 {
     python_mode(true);
-    enter(u"some_wheel = 40"_s);
+    type(u"some_wheel = 40"_s);
     QTest::keyClicks(page(), u"print(some_wh"_s);
     QTest::keyClick(page(), Qt::Key_Tab);
     QTest::keyClicks(page(), u" + 2)"_s);
     QTest::keyClick(page(), Qt::Key_Return);
     QVERIFY2(text().endsWith(u"\n42\n>>>"_s), qPrintable(text()));
-    enter(u"import os"_s);
+    type(u"import os"_s);
     QTest::keyClicks(page(), u"os.path.exis"_s);
     QTest::keyClick(page(), Qt::Key_Tab);
     QCOMPARE(page()->currentCommand(), u"os.path.exists"_s);
     page()->setCurrentCommand({});
 }
 
-OSTREL_TEST_MAIN(TstWorkbench)
+OSTREL_TEST(TstWorkbench)
 #include "tst_workbench.moc"

@@ -111,10 +111,12 @@ class TstComponentManager : public TestCase
 {
     Q_OBJECT
 
+protected:
+    void set_up() override;
+    void tear_down() override;
+
 private slots:
     void initTestCase();
-    void init();
-    void cleanup();
     void cleanupTestCase();
 
     void components_are_known_by_their_files_before_they_are_loaded();
@@ -182,9 +184,8 @@ void TstComponentManager::initTestCase()
     set_framework_interpreters(make_python_interpreter(PythonRuntime::framework_namespace()), nullptr);
 }
 
-void TstComponentManager::init()
+void TstComponentManager::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
     mReports.clear();
     qputenv("FENNAR_COMPONENT_PATH", {});
@@ -195,7 +196,7 @@ void TstComponentManager::init()
     make_manager();
 }
 
-void TstComponentManager::cleanup()
+void TstComponentManager::tear_down()
 {
     mManager.reset();
     if (mFrame)
@@ -204,7 +205,6 @@ void TstComponentManager::cleanup()
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget* window : windows)
         delete window;
-    TestCase::cleanup();
 }
 
 void TstComponentManager::cleanupTestCase()
@@ -953,5 +953,5 @@ void TstComponentManager::hundred_cycles_leave_the_window_as_it_was()
     QCOMPARE(mReports, QString());
 }
 
-OSTREL_TEST_MAIN(TstComponentManager)
+OSTREL_TEST(TstComponentManager)
 #include "tst_componentmanager.moc"

@@ -36,9 +36,10 @@ class TstFennarComponents : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void batch_run_has_the_commands_of_components();
     void argument_leaves_components_out();
     void batch_run_does_not_switch_components_off();
@@ -69,9 +70,8 @@ private:
     int mJournals = 0;
 };
 
-void TstFennarComponents::init()
+void TstFennarComponents::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
     QVERIFY(QDir(mDirectory->path()).mkpath(u"components"_s));
 }
@@ -245,5 +245,5 @@ void TstFennarComponents::ends_cleanly_with_a_component_at_work()
     QCOMPARE(ended.errors, QString());
 }
 
-OSTREL_TEST_MAIN(TstFennarComponents)
+OSTREL_TEST(TstFennarComponents)
 #include "tst_fennar_components.moc"

@@ -33,10 +33,12 @@ class TstInsertCommand : public TestCase
 {
     Q_OBJECT
 
+protected:
+    void set_up() override;
+    void tear_down() override;
+
 private slots:
     void initTestCase();
-    void init();
-    void cleanup();
     void cleanupTestCase();
 
     void item_comes_and_goes_with_the_component();
@@ -80,9 +82,8 @@ void TstInsertCommand::initTestCase()
     set_framework_interpreters(make_python_interpreter(PythonRuntime::framework_namespace()), nullptr);
 }
 
-void TstInsertCommand::init()
+void TstInsertCommand::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
     mFrame = std::make_unique<MainFrame>();
     QVERIFY(mFrame->load_gui());
@@ -92,7 +93,7 @@ void TstInsertCommand::init()
     QVERIFY(show_active(editor()));
 }
 
-void TstInsertCommand::cleanup()
+void TstInsertCommand::tear_down()
 {
     Fennar::instance().registry().remove_owner(u"test"_s);
     mManager.reset();
@@ -102,7 +103,6 @@ void TstInsertCommand::cleanup()
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget* window : windows)
         delete window;
-    TestCase::cleanup();
 }
 
 void TstInsertCommand::cleanupTestCase()
@@ -325,5 +325,5 @@ void TstInsertCommand::document_that_goes_meanwhile_takes_nothing()
     QCOMPARE(document()->toPlainText(), u"# note\n"_s);
 }
 
-OSTREL_TEST_MAIN(TstInsertCommand)
+OSTREL_TEST(TstInsertCommand)
 #include "tst_insert_command.moc"

@@ -15,9 +15,10 @@ class TstLoadMark : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void load_that_ended_leaves_nothing();
     void end_of_the_program_leaves_nothing();
     void lock_left_behind_is_cleared();
@@ -37,9 +38,8 @@ private:
     std::unique_ptr<QTemporaryDir> mDirectory;
 };
 
-void TstLoadMark::init()
+void TstLoadMark::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
 }
 
@@ -131,5 +131,5 @@ void TstLoadMark::missing_directory_holds_no_crash()
     QVERIFY(!QFile::exists(directory()));
 }
 
-OSTREL_TEST_MAIN(TstLoadMark)
+OSTREL_TEST(TstLoadMark)
 #include "tst_loadmark.moc"

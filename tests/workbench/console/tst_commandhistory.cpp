@@ -232,5 +232,5 @@ void TstCommandHistory::binary_file_is_read_without_harm()
     QCOMPARE(history.entries().constLast(), u"two"_s);
 }
 
-OSTREL_TEST_MAIN(TstCommandHistory)
+OSTREL_TEST(TstCommandHistory)
 #include "tst_commandhistory.moc"

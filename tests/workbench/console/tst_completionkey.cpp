@@ -17,10 +17,11 @@ class TstCompletionKey : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void only_candidate_goes_in_with_a_blank_behind_it();
     void blank_goes_in_only_at_the_end_and_where_it_belongs();
     void common_part_goes_in_first_and_a_second_tab_lists();
@@ -52,9 +53,8 @@ private:
     QString mHint;
 };
 
-void TstCompletionKey::init()
+void TstCompletionKey::set_up()
 {
-    TestCase::init();
     mWords = {u"brick"_s, u"bring"_s, u"sphere"_s};
     mFollowed = true;
     mHint.clear();
@@ -83,11 +83,10 @@ void TstCompletionKey::init()
     QVERIFY(mPage->hasFocus());
 }
 
-void TstCompletionKey::cleanup()
+void TstCompletionKey::tear_down()
 {
     mKey.reset();
     mPage.reset();
-    TestCase::cleanup();
 }
 
 void TstCompletionKey::only_candidate_goes_in_with_a_blank_behind_it()
@@ -247,5 +246,5 @@ void TstCompletionKey::columns_fit_the_width()
     QCOMPARE(in_columns({}, width), QString());
 }
 
-OSTREL_TEST_MAIN(TstCompletionKey)
+OSTREL_TEST(TstCompletionKey)
 #include "tst_completionkey.moc"

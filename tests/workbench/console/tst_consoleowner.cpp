@@ -63,10 +63,11 @@ class TstConsoleOwner : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void command_page_comes_first_and_is_current();
     void page_keeps_its_font_until_another_is_chosen();
     void typed_line_reaches_the_interpreter_and_its_reply_stands_above_the_next_prompt();
@@ -126,9 +127,8 @@ private:
     QTemporaryDir mDirectory;
 };
 
-void TstConsoleOwner::init()
+void TstConsoleOwner::set_up()
 {
-    TestCase::init();
     HostDouble::instance().reset();
     mCommands = {};
     mPython = {};
@@ -145,11 +145,10 @@ void TstConsoleOwner::make_owner(const QString& history_file)
     mOwner->prompt();
 }
 
-void TstConsoleOwner::cleanup()
+void TstConsoleOwner::tear_down()
 {
     mOwner.reset();
     mWindow.reset();
-    TestCase::cleanup();
 }
 
 void TstConsoleOwner::command_page_comes_first_and_is_current()
@@ -622,5 +621,5 @@ void TstConsoleOwner::tab_asks_the_interpreter_of_the_mode()
     QCOMPARE(mPython.lines + mCommands.lines, QStringList());
 }
 
-OSTREL_TEST_MAIN(TstConsoleOwner)
+OSTREL_TEST(TstConsoleOwner)
 #include "tst_consoleowner.moc"

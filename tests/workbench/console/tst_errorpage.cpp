@@ -42,10 +42,11 @@ class TstErrorPage : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void error_with_a_file_and_line_is_a_link_data();
     void error_with_a_file_and_line_is_a_link();
     void name_that_is_no_journal_is_no_link();
@@ -63,9 +64,8 @@ private:
     QStringList mAsked;
 };
 
-void TstErrorPage::init()
+void TstErrorPage::set_up()
 {
-    TestCase::init();
     mAsked.clear();
     mPage = std::make_unique<ErrorPage>();
     mPage->set_finder([this](const QString& name) -> std::optional<JournalPlace> {
@@ -76,10 +76,9 @@ void TstErrorPage::init()
     });
 }
 
-void TstErrorPage::cleanup()
+void TstErrorPage::tear_down()
 {
     mPage.reset();
-    TestCase::cleanup();
 }
 
 void TstErrorPage::error_with_a_file_and_line_is_a_link_data()
@@ -260,5 +259,5 @@ void TstErrorPage::context_menu_offers_the_place()
     QCOMPARE(activated.size(), 1);
 }
 
-OSTREL_TEST_MAIN(TstErrorPage)
+OSTREL_TEST(TstErrorPage)
 #include "tst_errorpage.moc"

@@ -21,10 +21,11 @@ class TstHistorySearch : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void letters_typed_narrow_to_the_newest_match();
     void search_again_goes_to_older_matches_and_stays_at_the_oldest();
     void line_entered_several_times_is_found_once();
@@ -63,9 +64,8 @@ private:
     std::unique_ptr<HistorySearch> mSearch;
 };
 
-void TstHistorySearch::init()
+void TstHistorySearch::set_up()
 {
-    TestCase::init();
     mPage = std::make_unique<CommandWidget>();
     mHistory = std::make_unique<CommandHistory>();
     for (const auto& line : {u"brick x 10"_s, u"echo one"_s, u"brick x 20"_s, u"echo two"_s})
@@ -78,11 +78,10 @@ void TstHistorySearch::init()
     QVERIFY(mPage->hasFocus());
 }
 
-void TstHistorySearch::cleanup()
+void TstHistorySearch::tear_down()
 {
     mSearch.reset();
     mPage.reset();
-    TestCase::cleanup();
 }
 
 void TstHistorySearch::letters_typed_narrow_to_the_newest_match()
@@ -349,5 +348,5 @@ void TstHistorySearch::forgotten_search_leaves_the_line_alone()
     QCOMPARE(mPage->toPlainText(), u"$ "_s);
 }
 
-OSTREL_TEST_MAIN(TstHistorySearch)
+OSTREL_TEST(TstHistorySearch)
 #include "tst_historysearch.moc"

@@ -138,6 +138,6 @@ void TstFormatRegistry::filter_lists_all_endings()
     QCOMPARE(file_filter(u"STEP"_s, {u"step"_s, u"stp"_s}), u"STEP (*.step *.stp)"_s);
 }
 
-OSTREL_TEST_MAIN(TstFormatRegistry)
+OSTREL_TEST(TstFormatRegistry)
 
 #include "tst_formatregistry.moc"

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "support/TestCase.h"
+
 #include <QCoreApplication>
 #include <QProcess>
 
@@ -30,7 +32,7 @@ inline ChildResult run_part(const QString& part,
     environment.insert(QStringLiteral("OSTREL_TEST_PART"), part);
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.start(QCoreApplication::applicationFilePath(), QStringList());
+    process.start(QCoreApplication::applicationFilePath(), {running_test()});
     const bool ended = process.waitForFinished(20000);
     ChildResult result;
     result.output = QString::fromUtf8(process.readAllStandardOutput());

@@ -473,7 +473,10 @@ private slots:
     }
 };
 
-int main(int argc, char** argv)
+namespace {
+
+/** Plays a part as a child process; -1 if none is asked for. */
+int play_part()
 {
     const QString part = child_part();
     if (part == u"source"_s)
@@ -492,6 +495,10 @@ int main(int argc, char** argv)
         return play_signals();
     if (part == u"stop"_s)
         return play_stop_without_start();
-    return run_test(argc, argv, []() -> QObject* { return new TstPythonEnvironment; });
+    return -1;
 }
+
+} // namespace
+
+OSTREL_TEST(TstPythonEnvironment, play_part)
 #include "tst_python_environment.moc"

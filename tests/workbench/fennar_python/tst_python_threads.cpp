@@ -150,24 +150,21 @@ private:
     PythonRecorder mRecorder;
     std::unique_ptr<FennarPythonInterpreter> mUser;
 
+protected:
+    void set_up() override { mRecorder.clear(); }
+    void tear_down() override
+    {
+        QVERIFY2(run("assert threading.active_count() == 1, 'a test left a thread'"),
+                 qPrintable(mRecorder.errors));
+        PythonRuntime::deliver_output();
+    }
+
 private slots:
     void initTestCase()
     {
         QVERIFY2(PythonRuntime::start(mRecorder.hooks()), qPrintable(mRecorder.errors));
         mUser = make_python_interpreter(PythonRuntime::user_namespace());
         QVERIFY(run("import threading, sys, time"));
-    }
-    void init()
-    {
-        TestCase::init();
-        mRecorder.clear();
-    }
-    void cleanup()
-    {
-        QVERIFY2(run("assert threading.active_count() == 1, 'a test left a thread'"),
-                 qPrintable(mRecorder.errors));
-        PythonRuntime::deliver_output();
-        TestCase::cleanup();
     }
     void cleanupTestCase() { PythonRuntime::stop(); }
 
@@ -397,7 +394,10 @@ private slots:
     }
 };
 
-int main(int argc, char** argv)
+namespace {
+
+/** Plays a part as a child process; -1 if none is asked for. */
+int play_part()
 {
     const QString played = child_part();
     if (played == u"within"_s)
@@ -406,6 +406,10 @@ int main(int argc, char** argv)
         if (played == QLatin1StringView(part.name))
             return play_stop(part);
     }
-    return run_test(argc, argv, []() -> QObject* { return new TstPythonThreads; });
+    return -1;
 }
+
+} // namespace
+
+OSTREL_TEST(TstPythonThreads, play_part)
 #include "tst_python_threads.moc"

@@ -17,17 +17,18 @@ private:
     PythonRecorder mRecorder;
     PythonConsole mConsole{PythonRuntime::user_namespace()};
 
+protected:
+    void set_up() override
+    {
+        mConsole.reset();
+        mRecorder.clear();
+    }
+
 private slots:
     void initTestCase()
     {
         QVERIFY(mConsole.enter(u"1"_s).failed); // not started yet
         QVERIFY2(PythonRuntime::start(mRecorder.hooks()), qPrintable(mRecorder.errors));
-    }
-    void init()
-    {
-        TestCase::init();
-        mConsole.reset();
-        mRecorder.clear();
     }
     void cleanupTestCase() { PythonRuntime::stop(); }
 
@@ -355,5 +356,5 @@ private slots:
     }
 };
 
-OSTREL_TEST_MAIN(TstPythonConsole)
+OSTREL_TEST(TstPythonConsole)
 #include "tst_pythonconsole.moc"

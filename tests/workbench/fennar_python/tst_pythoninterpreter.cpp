@@ -18,13 +18,10 @@ private:
     std::unique_ptr<FennarPythonInterpreter> mInterpreter =
         make_python_interpreter(PythonRuntime::user_namespace());
 
-private slots:
-    void init()
-    {
-        TestCase::init();
-        mRecorder.clear();
-    }
+protected:
+    void set_up() override { mRecorder.clear(); }
 
+private slots:
     // The first function: the ones behind it find Python running.
     void before_the_start_nothing_runs()
     {
@@ -147,5 +144,5 @@ private slots:
     }
 };
 
-OSTREL_TEST_MAIN(TstPythonInterpreter)
+OSTREL_TEST(TstPythonInterpreter)
 #include "tst_pythoninterpreter.moc"

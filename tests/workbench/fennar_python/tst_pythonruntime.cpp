@@ -21,6 +21,9 @@ private:
     PythonRecorder mRecorder;
     std::unique_ptr<FennarPythonInterpreter> mUser;
 
+protected:
+    void set_up() override { mRecorder.clear(); }
+
 private slots:
     void initTestCase()
     {
@@ -28,11 +31,6 @@ private slots:
         QVERIFY2(PythonRuntime::start(mRecorder.hooks()), qPrintable(mRecorder.errors));
         QVERIFY(PythonRuntime::running());
         mUser = make_python_interpreter(PythonRuntime::user_namespace());
-    }
-    void init()
-    {
-        TestCase::init();
-        mRecorder.clear();
     }
 
     // Comes first: code that ran before could have left a turn behind, and this loop must get its own.
@@ -453,5 +451,5 @@ private slots:
     }
 };
 
-OSTREL_TEST_MAIN(TstPythonRuntime)
+OSTREL_TEST(TstPythonRuntime)
 #include "tst_pythonruntime.moc"

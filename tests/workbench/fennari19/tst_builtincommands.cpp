@@ -287,5 +287,5 @@ void TstBuiltinCommands::surplus_words_are_errors()
     QVERIFY(!quitted);
 }
 
-OSTREL_TEST_MAIN(TstBuiltinCommands)
+OSTREL_TEST(TstBuiltinCommands)
 #include "tst_builtincommands.moc"

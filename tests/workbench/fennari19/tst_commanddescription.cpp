@@ -259,5 +259,5 @@ void TstCommandDescription::commands_and_variables_are_entities()
     QCOMPARE(changes[2], QVariantList{u"command"_s});
 }
 
-OSTREL_TEST_MAIN(TstCommandDescription)
+OSTREL_TEST(TstCommandDescription)
 #include "tst_commanddescription.moc"

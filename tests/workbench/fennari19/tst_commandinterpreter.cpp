@@ -630,5 +630,5 @@ void TstCommandInterpreter::odd_characters_pass_through()
     QCOMPARE(session.errors.count(u'\n'), 1);
 }
 
-OSTREL_TEST_MAIN(TstCommandInterpreter)
+OSTREL_TEST(TstCommandInterpreter)
 #include "tst_commandinterpreter.moc"

@@ -178,5 +178,5 @@ void TstCommandRegistry::nearest_name()
     QCOMPARE(::nearest_name(typed, names), nearest);
 }
 
-OSTREL_TEST_MAIN(TstCommandRegistry)
+OSTREL_TEST(TstCommandRegistry)
 #include "tst_commandregistry.moc"

@@ -27,10 +27,11 @@ class TstCompleteCommand : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void candidates_fit_the_place_data();
     void candidates_fit_the_place();
     void files_are_completed_with_quotes_data();
@@ -55,9 +56,8 @@ private:
     CommandVariables mVariables;
 };
 
-void TstCompleteCommand::init()
+void TstCompleteCommand::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
     mBefore = QDir::currentPath();
     QVERIFY(QDir::setCurrent(mDirectory->path()));
@@ -137,11 +137,10 @@ void TstCompleteCommand::init()
     mVariables.set(u"inner"_s, u"deep/g"_s);
 }
 
-void TstCompleteCommand::cleanup()
+void TstCompleteCommand::tear_down()
 {
     QVERIFY(QDir::setCurrent(mBefore));
     mRegistry.reset();
-    TestCase::cleanup();
 }
 
 LineCompletion TstCompleteCommand::complete(QString line, qsizetype& caret)
@@ -337,5 +336,5 @@ void TstCompleteCommand::any_line_and_caret_are_harmless()
     QCOMPARE(complete_command(u"me"_s, -1, *mRegistry, mVariables).start, 0);
 }
 
-OSTREL_TEST_MAIN(TstCompleteCommand)
+OSTREL_TEST(TstCompleteCommand)
 #include "tst_complete_command.moc"

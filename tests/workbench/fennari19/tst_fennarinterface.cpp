@@ -18,8 +18,10 @@ class TstFennarInterface : public TestCase
 {
     Q_OBJECT
 
+protected:
+    void tear_down() override;
+
 private slots:
-    void cleanup();
     void app_util_is_one_object();
     void set_interrupt_raises_and_clears_the_flag();
     void interrupt_reaches_other_threads_and_comes_from_them();
@@ -32,7 +34,7 @@ private slots:
     void built_in_commands_are_there();
 };
 
-void TstFennarInterface::cleanup()
+void TstFennarInterface::tear_down()
 {
     // One object serves the whole process: each test leaves it as it was at the start.
     Playback& playback = Fennar::instance().playback();
@@ -43,7 +45,6 @@ void TstFennarInterface::cleanup()
     Fennar::instance().registry().remove_owner(u"test"_s);
     Fennar::instance().set_python_mode(false);
     clear_interrupt();
-    TestCase::cleanup();
 }
 
 void TstFennarInterface::app_util_is_one_object()
@@ -169,5 +170,5 @@ void TstFennarInterface::built_in_commands_are_there()
     QVERIFY(asked);
 }
 
-OSTREL_TEST_MAIN(TstFennarInterface)
+OSTREL_TEST(TstFennarInterface)
 #include "tst_fennarinterface.moc"

@@ -70,8 +70,10 @@ class TstPlayback : public TestCase
 {
     Q_OBJECT
 
+protected:
+    void tear_down() override;
+
 private slots:
-    void cleanup();
     void commands_run_in_order();
     void file_forms_data();
     void file_forms();
@@ -133,10 +135,9 @@ private slots:
     void long_journal_takes_linear_time();
 };
 
-void TstPlayback::cleanup()
+void TstPlayback::tear_down()
 {
     QVERIFY2(!interrupt_requested(), "the interrupt flag was left raised");
-    TestCase::cleanup();
 }
 
 void TstPlayback::commands_run_in_order()
@@ -953,5 +954,5 @@ void TstPlayback::names_in_play_are_known_until_they_end()
     QCOMPARE(session.playback.file_in_play(u"a.jou"_s), QString());
 }
 
-OSTREL_TEST_MAIN(TstPlayback)
+OSTREL_TEST(TstPlayback)
 #include "tst_playback.moc"

@@ -472,5 +472,5 @@ void TstTokenize::variable_names()
     QCOMPARE(is_variable_name(name), valid);
 }
 
-OSTREL_TEST_MAIN(TstTokenize)
+OSTREL_TEST(TstTokenize)
 #include "tst_tokenize.moc"

@@ -85,9 +85,8 @@ QAction* WindowTest::action(const QString& name) const
     qFatal("no action %s", qPrintable(name));
 }
 
-void WindowTest::initTestCase()
+void WindowTest::prepare(Workbench&)
 {
-    TestCase::init();
     qputenv("FENNAR_COMPONENT_PATH", TREE_COMPONENTS);
     mTranslations =
         std::make_unique<Translations>(mLanguage.isEmpty() ? QStringList() : QStringList{mLanguage});
@@ -98,30 +97,32 @@ void WindowTest::initTestCase()
         QCOMPARE(mCatalogue->errors(), QStringList());
         QVERIFY(mCatalogue->size() > 300);
     }
-    mWorkbench = std::make_unique<Workbench>();
-    QVERIFY(mWorkbench->load());
-    mWorkbench->components().load_all();
+}
+
+void WindowTest::set_up_class()
+{
+    workbench().components().load_all();
     QStringList loaded;
-    for (const ComponentManager::Component& component : mWorkbench->components().components())
+    for (const ComponentManager::Component& component : workbench().components().components())
         if (component.state == ComponentManager::State::Loaded)
             loaded << component.name;
     loaded.sort();
     QCOMPARE(loaded, QStringList({u"demo"_s, u"geometry"_s, u"graphics"_s, u"insert_command"_s,
                                   u"obj_format"_s, u"recovery"_s}));
-    QVERIFY(show_active(Ostrel::instance()));
     visit_all();
 }
 
-void WindowTest::cleanupTestCase()
+void WindowTest::tear_down_class()
 {
     Ostrel::instance()->journal_editor()->hide();
-    mWorkbench->unload();
-    mWorkbench.reset();
+}
+
+void WindowTest::after_workbench()
+{
     mTranslations.reset();
     for (QWidget* window : QApplication::topLevelWidgets())
         if (qobject_cast<QDialog*>(window) && !window->parent())
             delete window;
-    TestCase::cleanup();
 }
 
 void WindowTest::visit(QWidget* window, const QString& name)
@@ -188,7 +189,7 @@ void WindowTest::visit_main_window()
         dock->raise();
         visit(window, u"main window with "_s + dock->objectName());
     }
-    meet_menu(mWorkbench->console()->command_page(),
+    meet_menu(workbench().console()->command_page(),
               [this](QMenu* menu) { visit(menu, u"menu of the console"_s); });
 }
 
@@ -214,9 +215,9 @@ void WindowTest::visit_panels()
 void WindowTest::visit_geometry()
 {
     Ostrel* window = Ostrel::instance();
-    mWorkbench->console()->run_line(u"brick 1 2 3"_s);
-    mWorkbench->console()->run_line(u"mesh size 1"_s);
-    const QString said = mWorkbench->console()->command_page()->toPlainText();
+    workbench().console()->run_line(u"brick 1 2 3"_s);
+    workbench().console()->run_line(u"mesh size 1"_s);
+    const QString said = workbench().console()->command_page()->toPlainText();
     QVERIFY2(!said.contains(u"ERROR"_s), qPrintable(said));
     visit(window, u"main window with a model"_s);
     auto* dock = window->findChild<QDockWidget*>(u"GeometryModelDock"_s);
@@ -469,11 +470,11 @@ void WindowTest::scripts_name_menus_in_english()
     const qsizetype count = tools->actions().size();
     const qsizetype menus =
         Ostrel::instance()->findChild<QMenuBar*>(QString(), Qt::FindDirectChildrenOnly)->actions().size();
-    mWorkbench->console()->run_line(
+    workbench().console()->run_line(
         u"python 'import fennar; entry = fennar.PyAction(); entry.setText(\"of a script\"); "
         "fennar.add_to_menu(\"&Tools\", [entry], \"script\")'"_s);
     QCOMPARE(tools->actions().size(), count + 1);
-    mWorkbench->console()->run_line(u"python 'fennar.remove_menu_items(\"script\"); del entry'"_s);
+    workbench().console()->run_line(u"python 'fennar.remove_menu_items(\"script\"); del entry'"_s);
     QCOMPARE(tools->actions().size(), count);
     QCOMPARE(
         Ostrel::instance()->findChild<QMenuBar*>(QString(), Qt::FindDirectChildrenOnly)->actions().size(),
@@ -489,7 +490,7 @@ void WindowTest::press_while_a_journal_is_paused(Qt::Key key)
     file.close();
     QVERIFY(show_active(Ostrel::instance()));
     Ostrel::instance()->set_focus_to_command_window();
-    mWorkbench->console()->command_page()->clearToPrompt();
+    workbench().console()->command_page()->clearToPrompt();
     FennarInterface::pause_playback();
     bool pressed = false;
     // Comes in the turn that the paused journal gives, when input is dropped that is not for the cancel
@@ -498,7 +499,7 @@ void WindowTest::press_while_a_journal_is_paused(Qt::Key key)
         pressed = true;
         QTest::keyClick(QApplication::focusWidget(), key);
     });
-    mWorkbench->console()->run_line(u"play \"%1\""_s.arg(file.fileName()));
+    workbench().console()->run_line(u"play \"%1\""_s.arg(file.fileName()));
     QVERIFY(pressed);
     QVERIFY(!FennarInterface::is_playback_paused());
 }
@@ -506,7 +507,7 @@ void WindowTest::press_while_a_journal_is_paused(Qt::Key key)
 void WindowTest::escape_cancels_a_running_journal()
 {
     press_while_a_journal_is_paused(Qt::Key_Escape);
-    const QString text = mWorkbench->console()->command_page()->toPlainText();
+    const QString text = workbench().console()->command_page()->toPlainText();
     QVERIFY2(text.contains(u"Interrupted: "_s), qPrintable(text));
     QVERIFY2(!text.contains(u"\nwas_played"_s), qPrintable(text));
 }
@@ -514,7 +515,7 @@ void WindowTest::escape_cancels_a_running_journal()
 void WindowTest::pause_key_goes_on_with_a_paused_journal()
 {
     press_while_a_journal_is_paused(Qt::Key_Pause);
-    const QString text = mWorkbench->console()->command_page()->toPlainText();
+    const QString text = workbench().console()->command_page()->toPlainText();
     QVERIFY2(text.contains(u"\nwas_played"_s), qPrintable(text));
 }
 

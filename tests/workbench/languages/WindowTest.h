@@ -4,9 +4,9 @@
 #pragma once
 
 #include "Catalogue.h"
-#include "support/TestCase.h"
 #include "workbench/Translations.h"
 #include "workbench/Workbench.h"
+#include "workbench/WorkbenchTest.h"
 
 #include <QList>
 #include <QString>
@@ -22,7 +22,7 @@ class QAction;
  *
  * Python can be started once in a process, and so each language has a test executable of its own.
  */
-class WindowTest : public TestCase
+class WindowTest : public WorkbenchTest
 {
     Q_OBJECT
 
@@ -30,12 +30,13 @@ public:
     /** @param language  as in the names of translation files; empty for English. */
     explicit WindowTest(const QString& language) : mLanguage(language) {}
 
-private slots:
-    void initTestCase();
-    void init() {}
-    void cleanup() {}
-    void cleanupTestCase();
+protected:
+    void prepare(Workbench& workbench) override;
+    void set_up_class() override;
+    void tear_down_class() override;
+    void after_workbench() override;
 
+private slots:
     void all_windows_were_visited();
     void no_source_text_is_left();
     void no_text_is_clipped();
@@ -66,7 +67,6 @@ private:
     const QString mLanguage;
     std::unique_ptr<Translations> mTranslations;
     std::unique_ptr<Catalogue> mCatalogue;
-    std::unique_ptr<Workbench> mWorkbench;
     QStringList mVisited;
     qsizetype mTexts = 0;
     QStringList mUntranslated;

@@ -133,6 +133,6 @@ void TstTranslations::program_speaks_the_language_of_the_system()
     QVERIFY(chinese != german);
 }
 
-OSTREL_TEST_MAIN(TstTranslations)
+OSTREL_TEST(TstTranslations)
 
 #include "tst_translations.moc"

@@ -231,6 +231,6 @@ void TstWindowChecks::catalogue_tells_sources_from_translations()
     QCOMPARE(catalogue.judge(text).isEmpty(), translated);
 }
 
-OSTREL_TEST_MAIN(TstWindowChecks)
+OSTREL_TEST(TstWindowChecks)
 
 #include "tst_window_checks.moc"

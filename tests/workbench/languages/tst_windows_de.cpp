@@ -15,4 +15,4 @@ public:
 
 } // namespace
 
-OSTREL_TEST_MAIN(TstGerman)
+OSTREL_TEST(TstGerman)

@@ -15,4 +15,4 @@ public:
 
 } // namespace
 
-OSTREL_TEST_MAIN(TstEnglish)
+OSTREL_TEST(TstEnglish)

@@ -55,9 +55,9 @@ private slots:
     void nothing_is_wider_than_a_narrow_dock();
     void size_hint_suits_a_dock();
 
-protected slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
 private:
     void show(const QString& place = {});
@@ -72,9 +72,8 @@ private:
     std::unique_ptr<BreadcrumbsPanel> mPanel;
 };
 
-void TstBreadcrumbsPanel::init()
+void TstBreadcrumbsPanel::set_up()
 {
-    TestCase::init();
     // Run > (Scripts > (Play, Python), Quit), Ask > Help
     mModel = std::make_unique<NavigationModel>(nullptr);
     QStandardItem* run = add_page(*mModel, u"Run"_s);
@@ -87,12 +86,11 @@ void TstBreadcrumbsPanel::init()
     mPanel->set_model(mModel.get(), {});
 }
 
-void TstBreadcrumbsPanel::cleanup()
+void TstBreadcrumbsPanel::tear_down()
 {
     mPanel.reset();
     mModel.reset();
     set_command_sink({});
-    TestCase::cleanup();
 }
 
 void TstBreadcrumbsPanel::show(const QString& place)
@@ -430,6 +428,6 @@ void TstBreadcrumbsPanel::size_hint_suits_a_dock()
     QCOMPARE(panel().sizeHint(), QSize(240, 400));
 }
 
-OSTREL_TEST_MAIN(TstBreadcrumbsPanel)
+OSTREL_TEST(TstBreadcrumbsPanel)
 
 #include "tst_breadcrumbspanel.moc"

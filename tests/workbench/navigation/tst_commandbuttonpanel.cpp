@@ -92,9 +92,9 @@ private slots:
     void nothing_is_wider_than_a_narrow_dock();
     void size_hint_suits_a_dock();
 
-protected slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
 private:
     void show(const QString& place = {});
@@ -109,9 +109,8 @@ private:
     QStringList mSent;
 };
 
-void TstCommandButtonPanel::init()
+void TstCommandButtonPanel::set_up()
 {
-    TestCase::init();
     mSent.clear();
     set_command_sink([this](const QString& line) { mSent << line; });
     // Run > (Scripts > (Play, Python), Quit), Ask > Help
@@ -129,12 +128,11 @@ void TstCommandButtonPanel::init()
     mPanel->set_model(mModel.get(), {});
 }
 
-void TstCommandButtonPanel::cleanup()
+void TstCommandButtonPanel::tear_down()
 {
     mPanel.reset();
     mModel.reset();
     set_command_sink({});
-    TestCase::cleanup();
 }
 
 void TstCommandButtonPanel::show(const QString& place)
@@ -785,6 +783,6 @@ void TstCommandButtonPanel::size_hint_suits_a_dock()
     QVERIFY(panel().minimumSizeHint().width() <= 120);
 }
 
-OSTREL_TEST_MAIN(TstCommandButtonPanel)
+OSTREL_TEST(TstCommandButtonPanel)
 
 #include "tst_commandbuttonpanel.moc"

@@ -68,10 +68,11 @@ class TstCommandForm : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void title_is_bold_and_the_line_of_fixed_width();
     void fields_are_those_of_the_description();
     void units_and_defaults_are_shown();
@@ -145,9 +146,8 @@ private:
     QTemporaryDir mDirectory;
 };
 
-void TstCommandForm::init()
+void TstCommandForm::set_up()
 {
-    TestCase::init();
     mSent.clear();
     mSolids = {u"plate"_s, u"pin"_s};
     mVariables = {};
@@ -215,14 +215,13 @@ void TstCommandForm::init()
     mRegistry->add({.name = u"bare"_s, .usage = u"bare [WHATEVER]"_s, .run = [](CommandCall&) {}});
 }
 
-void TstCommandForm::cleanup()
+void TstCommandForm::tear_down()
 {
     mForm.reset();
     mModel.reset();
     set_form_services({});
     set_command_sink({});
     mRegistry.reset();
-    TestCase::cleanup();
 }
 
 void TstCommandForm::add(const QString& name, const QList<CommandSyntax>& forms)
@@ -958,5 +957,5 @@ void TstCommandForm::labels_are_translated()
     QCoreApplication::removeTranslator(const_cast<Marker*>(&marker));
 }
 
-OSTREL_TEST_MAIN(TstCommandForm)
+OSTREL_TEST(TstCommandForm)
 #include "tst_commandform.moc"

@@ -165,6 +165,6 @@ void TstFlowLayout::margins_are_kept_free()
     QCOMPARE(box->geometry(), QRect(3, 4, 32, 20));
 }
 
-OSTREL_TEST_MAIN(TstFlowLayout)
+OSTREL_TEST(TstFlowLayout)
 
 #include "tst_flowlayout.moc"

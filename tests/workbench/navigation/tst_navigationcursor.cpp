@@ -377,6 +377,6 @@ void TstNavigationCursor::old_model_is_no_longer_listened_to()
     QCOMPARE(place(cursor), u"P"_s);
 }
 
-OSTREL_TEST_MAIN(TstNavigationCursor)
+OSTREL_TEST(TstNavigationCursor)
 
 #include "tst_navigationcursor.moc"

@@ -75,17 +75,12 @@ private:
 
     void init_folder() { mFolder = std::make_unique<NavigationFolder>(); }
 
-protected slots:
-    void init()
-    {
-        TestCase::init();
-        init_folder();
-    }
-    void cleanup()
+protected:
+    void set_up() override { init_folder(); }
+    void tear_down() override
     {
         set_component_loaded(u"mesher"_s, false);
         mFolder.reset();
-        TestCase::cleanup();
     }
 };
 
@@ -768,6 +763,6 @@ void TstNavigationReader::with_resources_entries_wait_for_their_component()
     QVERIFY(model.item(0)->child(0)->isEnabled());
 }
 
-OSTREL_TEST_MAIN(TstNavigationReader)
+OSTREL_TEST(TstNavigationReader)
 
 #include "tst_navigationreader.moc"

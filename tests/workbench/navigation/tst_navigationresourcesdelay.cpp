@@ -28,12 +28,8 @@ private slots:
     void plain_items_of_the_model_are_rechecked();
     void recheck_that_changes_nothing_is_silent();
 
-protected slots:
-    void cleanup()
-    {
-        set_component_loaded(u"mesher"_s, false);
-        TestCase::cleanup();
-    }
+protected:
+    void tear_down() override { set_component_loaded(u"mesher"_s, false); }
 };
 
 void TstNavigationResourcesDelay::component_is_loaded_once_told()
@@ -137,6 +133,6 @@ void TstNavigationResourcesDelay::recheck_that_changes_nothing_is_silent()
     QCOMPARE(changes.size(), 1);
 }
 
-OSTREL_TEST_MAIN(TstNavigationResourcesDelay)
+OSTREL_TEST(TstNavigationResourcesDelay)
 
 #include "tst_navigationresourcesdelay.moc"

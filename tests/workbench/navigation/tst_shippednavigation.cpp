@@ -112,6 +112,6 @@ void TstShippedNavigation::both_arrangements_hold_the_same_commands()
     QCOMPARE(words[0].removeDuplicates(), 0);
 }
 
-OSTREL_TEST_MAIN(TstShippedNavigation)
+OSTREL_TEST(TstShippedNavigation)
 
 #include "tst_shippednavigation.moc"

@@ -122,5 +122,5 @@ void TstCommandLine::application_has_one_command_line()
     QCOMPARE(CLOptions::instance(), &CommandLine::of_application());
 }
 
-OSTREL_TEST_MAIN(TstCommandLine)
+OSTREL_TEST(TstCommandLine)
 #include "tst_commandline.moc"

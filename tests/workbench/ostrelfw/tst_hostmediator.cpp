@@ -16,9 +16,10 @@ class TstHostMediator : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void cleanup();
+protected:
+    void tear_down() override;
 
+private slots:
     void broker_hands_it_out();
     void exit_request_reaches_the_handler();
     void new_event_reaches_the_handler();
@@ -33,11 +34,10 @@ private slots:
     void trackers_are_told_in_order_of_their_registration();
 };
 
-void TstHostMediator::cleanup()
+void TstHostMediator::tear_down()
 {
     HostMediator::instance().set_exit_handler(nullptr);
     HostMediator::instance().set_event_handler(nullptr);
-    TestCase::cleanup();
 }
 
 void TstHostMediator::broker_hands_it_out()
@@ -189,5 +189,5 @@ void TstHostMediator::trackers_are_told_in_order_of_their_registration()
     QCOMPARE(told, (QStringList{u"first gear"_s, u"second gear"_s}));
 }
 
-OSTREL_TEST_MAIN(TstHostMediator)
+OSTREL_TEST(TstHostMediator)
 #include "tst_hostmediator.moc"

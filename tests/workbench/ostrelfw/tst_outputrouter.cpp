@@ -67,9 +67,10 @@ class TstOutputRouter : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void cleanup();
+protected:
+    void tear_down() override;
 
+private slots:
     void text_reaches_the_console_in_chained_pieces();
     void text_before_the_console_waits_for_it();
     void listener_hears_of_the_console_before_the_text_that_waited();
@@ -85,14 +86,13 @@ private slots:
     void line_of_its_own_stands_below_an_open_one();
 };
 
-void TstOutputRouter::cleanup()
+void TstOutputRouter::tear_down()
 {
     OutputRouter::instance().set_gathering(false);
     OutputRouter::instance().set_fallback([](const QString&) {});
     OutputRouter::instance().set_window_listener(nullptr);
     Broker::command.set_command_window(nullptr);
     OutputRouter::instance().set_fallback(nullptr);
-    TestCase::cleanup();
 }
 
 void TstOutputRouter::text_reaches_the_console_in_chained_pieces()
@@ -260,5 +260,5 @@ void TstOutputRouter::line_of_its_own_stands_below_an_open_one()
     QCOMPARE(console.printed.join(QString()), u"thread\nthree\nopenfour\n"_s);
 }
 
-OSTREL_TEST_MAIN(TstOutputRouter)
+OSTREL_TEST(TstOutputRouter)
 #include "tst_outputrouter.moc"

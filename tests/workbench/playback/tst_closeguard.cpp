@@ -139,5 +139,5 @@ void TstCloseGuard::other_windows_are_left_alone()
     QCOMPARE(other.closed, 1);
 }
 
-OSTREL_TEST_MAIN(TstCloseGuard)
+OSTREL_TEST(TstCloseGuard)
 #include "tst_closeguard.moc"

@@ -10,10 +10,10 @@
 #include "host/ostrelfw/Mediator.h"
 #include "journal/JournalEditor.h"
 #include "menus/OstrelToolsMenu.h"
-#include "support/TestCase.h"
 #include "support/dialogs.h"
 #include "support/windows.h"
 #include "workbench/Workbench.h"
+#include "workbench/WorkbenchTest.h"
 #include "workbench/console/ConsoleOwner.h"
 #include "workbench/console/ErrorPage.h"
 #include "workbench/fennari19/CommandCall.h"
@@ -38,16 +38,18 @@ using namespace Qt::StringLiterals;
 
 /** Journals are played from the editor and the menu, and what is checked is what the user reads and what ran.
  */
-class TstJournalPlayer : public TestCase
+class TstJournalPlayer : public WorkbenchTest
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
-    void cleanupTestCase();
+protected:
+    void prepare(Workbench& workbench) override { workbench.leave_components_out(); }
+    void set_up_class() override;
+    void set_up() override;
+    void tear_down() override;
+    void tear_down_class() override { Fennar::instance().registry().remove_owner(u"test"_s); }
 
+private slots:
     void document_plays_line_by_line_on_the_console();
     void document_whose_first_line_is_empty_keeps_its_numbers();
     void empty_document_plays_nothing();
@@ -99,18 +101,6 @@ private:
     static QPlainTextEdit* document() { return qobject_cast<QPlainTextEdit*>(tabs()->currentWidget()); }
     static QAction* pause() { return Ostrel::instance()->tools_menu()->pause_action(); }
     static QProgressBar* bar() { return Ostrel::instance()->findChild<QProgressBar*>(u"mProgress"_s); }
-    CommandWidget* page() const { return mWorkbench->console()->command_page(); }
-    QString text() const { return page()->toPlainText(); }
-    void enter(const QString& line)
-    {
-        QTest::keyClicks(page(), line);
-        QTest::keyClick(page(), Qt::Key_Return);
-    }
-    void python_mode(bool on)
-    {
-        QTest::keyClick(Ostrel::instance(), on ? Qt::Key_P : Qt::Key_C, Qt::AltModifier);
-    }
-    QString write(const QString& name, const QByteArray& content);
     /** Opens @p content as a file of that name. */
     QString open(const QString& name, const QByteArray& content);
     static void select_lines(int first, int last);
@@ -121,19 +111,13 @@ private:
     /** Waits for what has been started. */
     void wait_for_end();
 
-    std::unique_ptr<Workbench> mWorkbench;
-    std::unique_ptr<QTemporaryDir> mDirectory;
     /** What "act" does in a journal. */
     std::function<void()> mAct;
     QStringList mSteps;
 };
 
-void TstJournalPlayer::initTestCase()
+void TstJournalPlayer::set_up_class()
 {
-    TestCase::init();
-    mWorkbench = std::make_unique<Workbench>();
-    mWorkbench->leave_components_out();
-    QVERIFY(mWorkbench->load());
     CommandRegistry& registry = Fennar::instance().registry();
     registry.add({u"step"_s, u"step N"_s, {}, {}, u"test"_s, [this](CommandCall& call) {
                       mSteps << call.text(1, u"a word");
@@ -142,26 +126,23 @@ void TstJournalPlayer::initTestCase()
                       if (mAct)
                           mAct();
                   }});
-    QVERIFY(show_active(Ostrel::instance()));
 }
 
-void TstJournalPlayer::init()
+void TstJournalPlayer::set_up()
 {
-    // One window serves all functions, so the checks of the base class wait for the last.
-    mDirectory = std::make_unique<QTemporaryDir>();
     mAct = nullptr;
     mSteps.clear();
     Ostrel::instance()->command_line()->set_focus();
     page()->clearToPrompt();
-    mWorkbench->console()->error_page()->clear();
+    workbench().console()->error_page()->clear();
 }
 
-void TstJournalPlayer::cleanup()
+void TstJournalPlayer::tear_down()
 {
     if (FennarInterface::command_is_python_mode())
         python_mode(false);
     Broker::instance()->set_change_dir_on_playback(false);
-    QVERIFY(!mWorkbench->console()->is_running());
+    QVERIFY(!workbench().console()->is_running());
     QVERIFY(!FennarInterface::is_playback_paused());
     QVERIFY(!pause()->isChecked());
     // A single document that is pristine.
@@ -175,26 +156,9 @@ void TstJournalPlayer::cleanup()
     }
 }
 
-void TstJournalPlayer::cleanupTestCase()
-{
-    Fennar::instance().registry().remove_owner(u"test"_s);
-    mWorkbench->unload();
-    mWorkbench.reset();
-    TestCase::cleanup();
-}
-
-QString TstJournalPlayer::write(const QString& name, const QByteArray& content)
-{
-    const QString path = mDirectory->filePath(name);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("the journal could not be written");
-    return path;
-}
-
 QString TstJournalPlayer::open(const QString& name, const QByteArray& content)
 {
-    const QString path = write(name, content);
+    const QString path = write_temp(name, content);
     editor()->open_file(path);
     return path;
 }
@@ -222,7 +186,7 @@ void TstJournalPlayer::play_selection()
 
 void TstJournalPlayer::activate_last_error(const QString& text)
 {
-    ErrorPage* errors = mWorkbench->console()->error_page();
+    ErrorPage* errors = workbench().console()->error_page();
     QTextCursor cursor =
         errors->document()->find(text, errors->document()->characterCount() - 1, QTextDocument::FindBackward);
     if (cursor.isNull()) // as in a script: the last line of all
@@ -236,7 +200,7 @@ void TstJournalPlayer::wait_for_end()
     // What was asked for begins in the next turn of the loop; a later event comes behind its end.
     bool later = false;
     QTimer::singleShot(0, this, [&later] { later = true; });
-    QTRY_VERIFY(later && !mWorkbench->console()->is_running());
+    QTRY_VERIFY(later && !workbench().console()->is_running());
 }
 
 void TstJournalPlayer::document_plays_line_by_line_on_the_console()
@@ -309,7 +273,7 @@ void TstJournalPlayer::first_error_ends_with_file_line_and_the_way_on()
                              "  play on with: %2\nFennar>"_s.arg(name, way)),
              qPrintable(text()));
     QCOMPARE(mSteps, QStringList(u"1"_s));
-    QVERIFY(mWorkbench->console()->error_page()->toPlainText().contains(
+    QVERIFY(workbench().console()->error_page()->toPlainText().contains(
         u"Playing %1\nERROR: %1:3: set"_s.arg(name)));
 }
 
@@ -319,8 +283,8 @@ void TstJournalPlayer::played_on_from_the_line_told()
     play_document();
     const QString command = text().section(u"play on with: "_s, 1).section(u'\n', 0, 0);
     QCOMPARE(command, u"play %1 2"_s.arg(path));
-    write(u"a.jou"_s, "step 1\nstep 2\nstep 3\n");
-    enter(command);
+    write_temp(u"a.jou"_s, "step 1\nstep 2\nstep 3\n");
+    type(command);
     QCOMPARE(mSteps, QStringList({u"1"_s, u"2"_s, u"3"_s}));
 }
 
@@ -345,9 +309,8 @@ void TstJournalPlayer::python_document_goes_whole_to_python()
         open(file, script);
     play_document();
     QCOMPARE(mSteps, QStringList({u"0"_s, u"1"_s}));
-    const QString place =
-        u"File \"%1\", line %2"_s.arg(file.isEmpty() ? u"Untitled"_s : mDirectory->filePath(file))
-            .arg(head.isEmpty() ? 4 : 5);
+    const QString place = u"File \"%1\", line %2"_s.arg(file.isEmpty() ? u"Untitled"_s : temp_path(file))
+                              .arg(head.isEmpty() ? 4 : 5);
     QVERIFY2(text().contains(place), qPrintable(text()));
     QVERIFY(!text().contains(u"play on with"_s));
 }
@@ -369,7 +332,7 @@ void TstJournalPlayer::journal_waits_for_what_the_console_runs()
         QCoreApplication::processEvents();
         mSteps << u"act"_s;
     };
-    enter(u"act"_s);
+    type(u"act"_s);
     wait_for_end();
     QCOMPARE(mSteps, QStringList({u"act"_s, u"journal"_s}));
 }
@@ -401,18 +364,18 @@ void TstJournalPlayer::half_typed_command_stays()
 void TstJournalPlayer::command_that_is_not_complete_is_given_up()
 {
     editor()->add_document(u"echo one"_s);
-    enter(u"echo never \\"_s);
+    type(u"echo never \\"_s);
     play_document();
-    enter(u"echo two"_s);
+    type(u"echo two"_s);
     QVERIFY2(text().endsWith(u"\nFennar>echo one\none\nFennar>echo two\ntwo\nFennar>"_s), qPrintable(text()));
 }
 
 void TstJournalPlayer::nothing_of_a_journal_is_in_the_history()
 {
-    enter(u"echo before"_s);
+    type(u"echo before"_s);
     editor()->add_document(u"echo one"_s);
     play_document();
-    QCOMPARE(mWorkbench->console()->history().entries().last(), u"echo before"_s);
+    QCOMPARE(workbench().console()->history().entries().last(), u"echo before"_s);
 }
 
 void TstJournalPlayer::what_runs_is_a_snapshot()
@@ -420,7 +383,7 @@ void TstJournalPlayer::what_runs_is_a_snapshot()
     const QString path = open(u"a.jou"_s, "step 1\nact\nstep 2\n");
     mAct = [this, path] {
         document()->setPlainText(u"step never"_s);
-        write(u"a.jou"_s, "step never\n");
+        write_temp(u"a.jou"_s, "step never\n");
     };
     editor()->playFile();
     document()->setPlainText(u"step too late"_s);
@@ -521,7 +484,7 @@ void TstJournalPlayer::directory_is_changed_as_the_option_says()
     select_lines(1, 2);
     selection ? play_selection() : play_document();
     QVERIFY(!seen.isEmpty());
-    QCOMPARE(seen.first(), change ? QDir(mDirectory->path()).canonicalPath() : before);
+    QCOMPARE(seen.first(), change ? QDir(temp_directory()).canonicalPath() : before);
     QCOMPARE(QDir::currentPath(), before);
     QCOMPARE(text().contains(u"Interrupted: "_s), last == "act");
 }
@@ -529,13 +492,13 @@ void TstJournalPlayer::directory_is_changed_as_the_option_says()
 void TstJournalPlayer::missing_directory_of_a_document_ends_it()
 {
     Broker::instance()->set_change_dir_on_playback(true);
-    QVERIFY(QDir(mDirectory->path()).mkdir(u"gone"_s));
+    QVERIFY(QDir(temp_directory()).mkdir(u"gone"_s));
     const QString path = open(u"gone/a.jou"_s, "step 1\n");
-    QVERIFY(QDir(mDirectory->filePath(u"gone"_s)).removeRecursively());
+    QVERIFY(QDir(temp_path(u"gone"_s)).removeRecursively());
     play_document();
     QCOMPARE(mSteps, QStringList());
     QVERIFY2(text().contains(u"ERROR: cannot change to the directory \"%1\" of \"%2\"\n"_s.arg(
-                 mDirectory->filePath(u"gone"_s), path)),
+                 temp_path(u"gone"_s), path)),
              qPrintable(text()));
 }
 
@@ -550,9 +513,9 @@ void TstJournalPlayer::play_action_asks_for_a_file_and_plays_it()
 {
     QFETCH(const bool, python);
     python_mode(python);
-    QVERIFY(QDir(mDirectory->path()).mkdir(u"it's"_s));
-    const QString path = write(u"it's/a b.jou"_s, "step 1\n");
-    OstrelFileMenu::set_path(mDirectory->path());
+    QVERIFY(QDir(temp_directory()).mkdir(u"it's"_s));
+    const QString path = write_temp(u"it's/a b.jou"_s, "step 1\n");
+    OstrelFileMenu::set_path(temp_directory());
     FileQuestion asked;
     DialogDriver driver;
     driver.expect<QFileDialog>([&](QFileDialog* dialog) {
@@ -564,23 +527,23 @@ void TstJournalPlayer::play_action_asks_for_a_file_and_plays_it()
     wait_for_end();
     QCOMPARE(mSteps, QStringList(u"1"_s));
     QCOMPARE(asked.caption, u"Play Journal File"_s);
-    QCOMPARE(asked.directory, mDirectory->path());
+    QCOMPARE(asked.directory, temp_directory());
     QCOMPARE(asked.filters, QStringList({u"Journal Files (*.jou *.py)"_s, u"All Files (*.*)"_s}));
     QCOMPARE(asked.file_mode, QFileDialog::ExistingFile);
-    QCOMPARE(QDir(OstrelFileMenu::mPath), QDir(mDirectory->filePath(u"it's"_s)));
-    QVERIFY(mWorkbench->console()->history().entries().last().contains(u"play "_s));
+    QCOMPARE(QDir(OstrelFileMenu::mPath), QDir(temp_path(u"it's"_s)));
+    QVERIFY(workbench().console()->history().entries().last().contains(u"play "_s));
 }
 
 void TstJournalPlayer::play_action_with_no_answer_does_nothing()
 {
-    OstrelFileMenu::set_path(mDirectory->path());
+    OstrelFileMenu::set_path(temp_directory());
     DialogDriver driver;
     driver.expect<QFileDialog>([](QFileDialog* dialog) { dialog->reject(); });
     Ostrel::instance()->tools_menu()->play_action()->trigger();
     QVERIFY(driver.finish());
     wait_for_end();
     QCOMPARE(text(), u"Fennar>"_s);
-    QCOMPARE(OstrelFileMenu::mPath, mDirectory->path());
+    QCOMPARE(OstrelFileMenu::mPath, temp_directory());
 }
 
 void TstJournalPlayer::action_for_journals_without_ids_is_hidden()
@@ -591,13 +554,13 @@ void TstJournalPlayer::action_for_journals_without_ids_is_hidden()
 
 void TstJournalPlayer::import_menu_offers_the_pages()
 {
-    enter(u"echo one"_s);
+    type(u"echo one"_s);
     const auto items = editor()->findChild<QMenu*>(u"fileImportMenu"_s)->actions();
     QCOMPARE(items.size(), 2);
     items[0]->trigger();
     QCOMPARE(document()->toPlainText(), u"echo one\n"_s);
     items[1]->trigger();
-    QCOMPARE(document()->toPlainText(), mWorkbench->console()->error_page()->toPlainText());
+    QCOMPARE(document()->toPlainText(), workbench().console()->error_page()->toPlainText());
 }
 
 void TstJournalPlayer::example_journals_play_data()
@@ -628,11 +591,11 @@ void TstJournalPlayer::example_journals_play()
     const QString before = QDir::currentPath();
     // What an example writes goes to the current directory.
     QVERIFY(QDir::setCurrent(place.path()));
-    const QString errors = mWorkbench->console()->error_page()->toPlainText();
-    enter(u"play '%1'"_s.arg(file));
+    const QString errors = workbench().console()->error_page()->toPlainText();
+    type(u"play '%1'"_s.arg(file));
     wait_for_end();
     QVERIFY(QDir::setCurrent(before));
-    QCOMPARE(mWorkbench->console()->error_page()->toPlainText(), errors);
+    QCOMPARE(workbench().console()->error_page()->toPlainText(), errors);
     // Each ends with a line that says so.
     QVERIFY2(text().endsWith(u"\nThat was %1.\nFennar>"_s.arg(QFileInfo(file).fileName())),
              qPrintable(text()));
@@ -642,7 +605,7 @@ void TstJournalPlayer::example_journals_play()
     QVERIFY(QDir::setCurrent(place.path()));
     play_document();
     QVERIFY(QDir::setCurrent(before));
-    QCOMPARE(mWorkbench->console()->error_page()->toPlainText(), errors);
+    QCOMPARE(workbench().console()->error_page()->toPlainText(), errors);
     QVERIFY2(text().contains(u"\nThat was %1.\n"_s.arg(QFileInfo(file).fileName())), qPrintable(text()));
 }
 
@@ -682,7 +645,7 @@ void TstJournalPlayer::closing_the_window_asks_when_the_run_has_ended()
     mAct = [] { Ostrel::instance()->close(); };
     DialogDriver driver;
     driver.expect(u"OstrelMessageBox"_s, [&](QWidget* box) {
-        running_when_asked = mWorkbench->console()->is_running();
+        running_when_asked = workbench().console()->is_running();
         press(u"mCancelButton"_s)(box);
     });
     play_document();
@@ -822,17 +785,17 @@ void TstJournalPlayer::error_leads_to_its_line_in_the_editor()
 
 void TstJournalPlayer::error_of_a_file_that_is_not_open_opens_it()
 {
-    QVERIFY(QDir().mkdir(mDirectory->filePath(u"sub"_s)));
-    const QString inner = write(u"sub/inner.jou"_s, "step 1\nnix\n");
-    write(u"sub/outer.jou"_s, "play inner.jou\n");
+    QVERIFY(QDir().mkdir(temp_path(u"sub"_s)));
+    const QString inner = write_temp(u"sub/inner.jou"_s, "step 1\nnix\n");
+    write_temp(u"sub/outer.jou"_s, "play inner.jou\n");
     // Relative names mean what they meant when the error came.
     const QString before = QDir::currentPath();
-    QVERIFY(QDir::setCurrent(mDirectory->path()));
+    QVERIFY(QDir::setCurrent(temp_directory()));
     Broker::instance()->set_change_dir_on_playback(true);
-    enter(u"play sub/outer.jou"_s);
+    type(u"play sub/outer.jou"_s);
     wait_for_end();
     QVERIFY(QDir::setCurrent(before));
-    ErrorPage* errors = mWorkbench->console()->error_page();
+    ErrorPage* errors = workbench().console()->error_page();
     const auto place = errors->place_at(errors->document()->find(u"inner.jou:2:"_s).block());
     QVERIFY(place.has_value());
     QCOMPARE(place->file, inner);
@@ -850,11 +813,11 @@ void TstJournalPlayer::error_of_a_file_that_is_not_open_opens_it()
 
 void TstJournalPlayer::errors_lead_to_journals_and_not_to_the_library_of_python()
 {
-    QVERIFY(QDir(mDirectory->path()).mkpath(u"lib/python"_s));
-    write(u"lib/python/own.py"_s, "import json\njson.loads('nix')\n");
-    enter(u"play \"%1\""_s.arg(mDirectory->filePath(u"lib/python/own.py"_s)));
+    QVERIFY(QDir(temp_directory()).mkpath(u"lib/python"_s));
+    write_temp(u"lib/python/own.py"_s, "import json\njson.loads('nix')\n");
+    type(u"play \"%1\""_s.arg(temp_path(u"lib/python/own.py"_s)));
     wait_for_end();
-    const ErrorPage* errors = mWorkbench->console()->error_page();
+    const ErrorPage* errors = workbench().console()->error_page();
     QStringList linked;
     for (QTextBlock block = errors->document()->begin(); block.isValid(); block = block.next()) {
         for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
@@ -906,5 +869,5 @@ void TstJournalPlayer::example_in_python_is_the_translation_of_its_journal()
     QVERIFY2(translated == shipped, qPrintable(translated.right(60)));
 }
 
-OSTREL_TEST_MAIN(TstJournalPlayer)
+OSTREL_TEST(TstJournalPlayer)
 #include "tst_journalplayer.moc"

@@ -4,9 +4,9 @@
 #include "frame/Ostrel.h"
 #include "journal/JournalEditor.h"
 #include "menus/OstrelToolsMenu.h"
-#include "support/TestCase.h"
 #include "support/windows.h"
 #include "workbench/Workbench.h"
+#include "workbench/WorkbenchTest.h"
 #include "workbench/console/ConsoleOwner.h"
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandRegistry.h"
@@ -122,16 +122,17 @@ Q_DECLARE_METATYPE(State)
  * Each thing that can be done in the editor is done in each state of playback. What it does to the documents
  * must be what it does while nothing plays, and the journal runs as it would have run without.
  */
-class TstJournalPlayerStates : public TestCase
+class TstJournalPlayerStates : public WorkbenchTest
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
-    void cleanupTestCase();
+protected:
+    void prepare(Workbench& workbench) override { workbench.leave_components_out(); }
+    void set_up_class() override;
+    void tear_down() override;
+    void tear_down_class() override { Fennar::instance().registry().remove_owner(u"test"_s); }
 
+private slots:
     void every_action_is_walked();
     void editor_in_each_state_data();
     void editor_in_each_state();
@@ -148,7 +149,6 @@ private:
     QStringList documents() const;
     QStringList walk(State state, const Step& step);
 
-    std::unique_ptr<Workbench> mWorkbench;
     QTemporaryDir mDirectory;
     QString mFile;
     /** What "act" does in the middle of the journal. */
@@ -157,12 +157,8 @@ private:
     QMap<QString, QStringList> mIdle;
 };
 
-void TstJournalPlayerStates::initTestCase()
+void TstJournalPlayerStates::set_up_class()
 {
-    TestCase::init();
-    mWorkbench = std::make_unique<Workbench>();
-    mWorkbench->leave_components_out();
-    QVERIFY(mWorkbench->load());
     CommandRegistry& registry = Fennar::instance().registry();
     registry.add({u"count"_s, u"count N"_s, {}, {}, u"test"_s, [this](CommandCall& call) {
                       mCounted << call.integer(1, u"a number");
@@ -173,13 +169,10 @@ void TstJournalPlayerStates::initTestCase()
                   }});
     mFile = mDirectory.filePath(u"a.jou"_s);
     editor()->setProperty("file", mFile);
-    QVERIFY(show_active(Ostrel::instance()));
     editor()->show();
 }
 
-void TstJournalPlayerStates::init() {}
-
-void TstJournalPlayerStates::cleanup()
+void TstJournalPlayerStates::tear_down()
 {
     // The editor leaves its find dialogs to whoever comes behind.
     const QWidgetList windows = QApplication::topLevelWidgets();
@@ -187,14 +180,6 @@ void TstJournalPlayerStates::cleanup()
         if (qobject_cast<QDialog*>(window) && !window->parent())
             delete window;
     }
-}
-
-void TstJournalPlayerStates::cleanupTestCase()
-{
-    Fennar::instance().registry().remove_owner(u"test"_s);
-    mWorkbench->unload();
-    mWorkbench.reset();
-    TestCase::cleanup();
 }
 
 /** Leaves one modified document with a file and a selection, and one without a file behind it. */
@@ -219,7 +204,7 @@ void TstJournalPlayerStates::reset_documents()
     cursor.movePosition(QTextCursor::NextWord, QTextCursor::KeepAnchor);
     document(0)->setTextCursor(cursor);
     editor()->add_document(u"# another journal"_s);
-    mWorkbench->console()->error_page()->setPlainText(u"an error"_s);
+    workbench().console()->error_page()->setPlainText(u"an error"_s);
     tabs()->setCurrentIndex(0);
     QGuiApplication::clipboard()->setText(u"pasted"_s);
     QVERIFY(document(0)->document()->isModified() && document(1)->document()->isModified());
@@ -288,7 +273,7 @@ QStringList TstJournalPlayerStates::walk(State state, const Step& step)
         pause->setChecked(state != State::Running);
     };
     editor()->playFile();
-    [&] { QTRY_VERIFY(!after.isEmpty() && !mWorkbench->console()->is_running()); }();
+    [&] { QTRY_VERIFY(!after.isEmpty() && !workbench().console()->is_running()); }();
     const bool closing = state == State::ClosingEditor || state == State::ClosingWindow;
     if (closing)
         [&] { QTRY_VERIFY(dismisser.count > 0); }();
@@ -352,5 +337,5 @@ void TstJournalPlayerStates::editor_in_each_state()
     editor()->show();
 }
 
-OSTREL_TEST_MAIN(TstJournalPlayerStates)
+OSTREL_TEST(TstJournalPlayerStates)
 #include "tst_journalplayer_states.moc"

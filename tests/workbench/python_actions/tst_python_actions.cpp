@@ -40,6 +40,12 @@ private:
     std::unique_ptr<FennarPythonInterpreter> mUser;
     std::unique_ptr<Ostrel> mWindow;
 
+protected:
+    void tear_down() override
+    {
+        // The window stays for the next function.
+    }
+
 private slots:
     void initTestCase()
     {
@@ -51,15 +57,7 @@ private slots:
                                    make_python_interpreter(PythonRuntime::user_namespace()));
         mUser = make_python_interpreter(PythonRuntime::user_namespace());
     }
-    void cleanup()
-    {
-        // The window stays for the next function.
-    }
-    void cleanupTestCase()
-    {
-        mWindow.reset();
-        TestCase::cleanup();
-    }
+    void cleanupTestCase() { mWindow.reset(); }
 
     void before_the_window_nothing_is_loaded_and_no_action_can_be_made()
     {
@@ -127,5 +125,5 @@ private slots:
     }
 };
 
-OSTREL_TEST_MAIN(TstPythonActions)
+OSTREL_TEST(TstPythonActions)
 #include "tst_python_actions.moc"

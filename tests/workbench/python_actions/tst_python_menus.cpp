@@ -9,10 +9,10 @@
 #include "host/ostrelfw/Framework.h"
 #include "menus/HelpAboutOstrel.h"
 #include "menus/OstrelHelpMenu.h"
-#include "support/TestCase.h"
 #include "support/menus.h"
 #include "support/windows.h"
 #include "workbench/Workbench.h"
+#include "workbench/WorkbenchTest.h"
 #include "workbench/console/ConsoleOwner.h"
 
 #include <QLabel>
@@ -28,20 +28,18 @@ using namespace Qt::StringLiterals;
  * Scripts and their menu entries in the whole application. Python can be started once in a process, so all
  * functions share one workbench, which ends as it does for a user: first the window, then Python.
  */
-class TstPythonMenus : public TestCase
+class TstPythonMenus : public WorkbenchTest
 {
     Q_OBJECT
 
 private:
-    Ostrel* window() const { return Ostrel::instance(); }
-    QString text() const { return mWorkbench->console()->command_page()->toPlainText(); }
     static bool run(const QByteArray& source)
     {
         return Framework::user_python_interpreter()->Run_SimpleString(source.constData()) == 0;
     }
     QAction* bar_action(const QString& title) const
     {
-        for (QAction* action : window()->menuBar()->actions())
+        for (QAction* action : window().menuBar()->actions())
             if (action->text() == title)
                 return action;
         return nullptr;
@@ -57,8 +55,8 @@ private:
         bool chosen = false;
         {
             const MenuDriver driver([&](QMenu* menu) { chosen = choose(menu, row); });
-            QTest::mouseClick(window()->menuBar(), Qt::LeftButton, {},
-                              window()->menuBar()->actionGeometry(bar_action(title)).center());
+            QTest::mouseClick(window().menuBar(), Qt::LeftButton, {},
+                              window().menuBar()->actionGeometry(bar_action(title)).center());
             QTRY_VERIFY_WITH_TIMEOUT(chosen, 5000);
         }
     }
@@ -69,37 +67,24 @@ private:
         return Ostrel::instance()->findChildren<QAction*>(Qt::FindDirectChildrenOnly).size();
     }
 
-    std::unique_ptr<Workbench> mWorkbench;
-
-private slots:
-    void initTestCase()
-    {
-        TestCase::init();
-        mWorkbench = std::make_unique<Workbench>();
-        QVERIFY(mWorkbench->load());
-        QVERIFY(show_active(window()));
-    }
-    void init()
-    {
-        // One window serves all functions, so the checks of the base class wait for the last.
-        mWorkbench->console()->command_page()->clearToPrompt();
-    }
-    void cleanup()
+protected:
+    void set_up() override { page()->clearToPrompt(); }
+    void tear_down() override
     {
         QVERIFY(run("fennar.remove_menu_items('test')"));
         QVERIFY(!bar_action(u"Scripts"_s));
     }
-    void cleanupTestCase()
+    void tear_down_class() override
     {
         // An entry that is there to the end.
         QVERIFY(run("fennar.add_to_menu('Scripts', [fennar.PyAction()], 'last')\nkept = fennar.PyAction()"));
-        mWorkbench->unload();
-        QVERIFY(!Ostrel::instance());
+    }
+    void after_window() override
+    {
         QVERIFY(run("kept.setText('x'); assert kept.getText() == ''; assert not fennar.is_loaded()"));
-        mWorkbench.reset();
-        TestCase::cleanup();
     }
 
+private slots:
     void entry_of_a_script_calls_back()
     {
         QVERIFY(run("def hello():\n    print('Hello')\n"
@@ -133,7 +118,7 @@ private slots:
         choose_entry(u"Scripts"_s, u"Fail"_s);
         QVERIFY2(text().startsWith(u"Traceback (most recent call last):\n"_s), qPrintable(text()));
         QVERIFY2(text().endsWith(u"\nValueError: no good\nFennar>"_s), qPrintable(text()));
-        QVERIFY(mWorkbench->console()->error_page()->toPlainText().contains(u"ValueError: no good"_s));
+        QVERIFY(workbench().console()->error_page()->toPlainText().contains(u"ValueError: no good"_s));
         // The entry works on.
         choose_entry(u"Scripts"_s, u"Fail"_s);
         QCOMPARE(text().count(u"ValueError: no good"_s), 2);
@@ -341,7 +326,7 @@ private slots:
 
     void about_dialog_shows_the_product()
     {
-        const HelpAboutOstrel* const dialog = window()->help_menu()->get_help_about_dialog();
+        const HelpAboutOstrel* const dialog = window().help_menu()->get_help_about_dialog();
         QStringList seen;
         QSize icon;
         QTimer::singleShot(0, dialog, [&] {
@@ -350,7 +335,7 @@ private slots:
             icon = dialog->findChild<QLabel*>(u"mProductIconLabel"_s)->pixmap(Qt::ReturnByValue).size();
             QTest::mouseClick(dialog->findChild<QPushButton*>(u"mOkButton"_s), Qt::LeftButton);
         });
-        window()->help_menu()->help_about();
+        window().help_menu()->help_about();
         FennarPythonInterpreter* const python = Framework::python_interpreter();
         QCOMPARE(seen.size(), 3);
         QCOMPARE(seen.at(0), u"<h1>Fennar</h>"_s);
@@ -365,5 +350,5 @@ private slots:
     }
 };
 
-OSTREL_TEST_MAIN(TstPythonMenus)
+OSTREL_TEST(TstPythonMenus)
 #include "tst_python_menus.moc"

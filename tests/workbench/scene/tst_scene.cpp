@@ -228,5 +228,5 @@ void TstScene::taken_name_adds_no_command()
     QVERIFY(!register_select_command(session.registry, scene));
 }
 
-OSTREL_TEST_MAIN(TstScene)
+OSTREL_TEST(TstScene)
 #include "tst_scene.moc"

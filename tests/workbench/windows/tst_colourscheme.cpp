@@ -69,9 +69,10 @@ class TstColourScheme : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void cleanup();
+protected:
+    void tear_down() override;
 
+private slots:
     void texts_can_be_read_data();
     void texts_can_be_read();
     void command_changes_all_windows_and_is_kept();
@@ -111,10 +112,9 @@ private:
     std::unique_ptr<Workbench> mWorkbench;
 };
 
-void TstColourScheme::cleanup()
+void TstColourScheme::tear_down()
 {
     end();
-    TestCase::cleanup();
 }
 
 void TstColourScheme::texts_can_be_read_data()
@@ -301,5 +301,5 @@ void TstColourScheme::wrong_words_are_named()
     QVERIFY(!is_dark(Ostrel::instance()->palette()));
 }
 
-OSTREL_TEST_MAIN(TstColourScheme)
+OSTREL_TEST(TstColourScheme)
 #include "tst_colourscheme.moc"

@@ -44,5 +44,5 @@ void TstFirstSize::first_window_shows_all_buttons_of_all_toolbars()
     workbench.unload();
 }
 
-OSTREL_TEST_MAIN(TstFirstSize)
+OSTREL_TEST(TstFirstSize)
 #include "tst_firstsize.moc"

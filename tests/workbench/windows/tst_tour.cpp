@@ -47,9 +47,10 @@ class TstTour : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void tour_shows_the_workbench_in_pictures();
     void tour_needs_no_window();
 
@@ -61,11 +62,10 @@ private:
     QString mOutput;
 };
 
-void TstTour::init()
+void TstTour::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
-    QVERIFY(QFile::copy(QStringLiteral(TOUR), mDirectory->filePath(u"tour.jou"_s)));
+    QVERIFY(QFile::copy(QStringLiteral(JOURNALS "/tour.jou"), mDirectory->filePath(u"tour.jou"_s)));
 }
 
 int TstTour::play(const QStringList& options, const QString& platform)
@@ -99,7 +99,7 @@ void TstTour::tour_shows_the_workbench_in_pictures()
     QVERIFY2(status == 0, qPrintable(mOutput));
 
     // Which pictures there are to be, the journal itself tells.
-    QFile journal(QStringLiteral(TOUR));
+    QFile journal(QStringLiteral(JOURNALS "/tour.jou"));
     QVERIFY(journal.open(QIODevice::ReadOnly));
     const QString text = QString::fromUtf8(journal.readAll());
     static const QRegularExpression command(u"^picture (\\S+)(?: of (\\S+))?"_s,
@@ -172,5 +172,5 @@ void TstTour::tour_needs_no_window()
     QCOMPARE(QDir(mDirectory->path()).entryList({u"*.png"_s}), QStringList());
 }
 
-OSTREL_TEST_MAIN(TstTour)
+OSTREL_TEST(TstTour)
 #include "tst_tour.moc"

@@ -8,9 +8,9 @@
 #include "journal/JournalEditor.h"
 #include "menus/OstrelToolsMenu.h"
 #include "options/OptionsPanel.h"
-#include "support/TestCase.h"
 #include "support/windows.h"
 #include "workbench/Workbench.h"
+#include "workbench/WorkbenchTest.h"
 #include "workbench/console/ConsoleOwner.h"
 #include "workbench/fennari19/Fennar.h"
 #include "workbench/navigation/NavigationRoles.h"
@@ -34,16 +34,15 @@
 using namespace Qt::StringLiterals;
 
 /** The commands that open and photograph windows, in the whole application. */
-class TstWindowCommands : public TestCase
+class TstWindowCommands : public WorkbenchTest
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
-    void cleanupTestCase();
+protected:
+    void prepare(Workbench& workbench) override { workbench.leave_components_out(); }
+    void tear_down() override;
 
+private slots:
     void window_is_shown_photographed_and_hidden_data();
     void window_is_shown_photographed_and_hidden();
     void page_of_the_options_is_named_or_numbered();
@@ -61,59 +60,18 @@ private slots:
     void wrong_words_are_named();
 
 private:
-    /** Runs the line and returns what stands on the console behind it. */
-    QString enter(const QString& line)
-    {
-        page()->clearToPrompt();
-        mWorkbench->console()->run_line(line);
-        QCoreApplication::processEvents();
-        return page()->toPlainText();
-    }
-    CommandWidget* page() const { return mWorkbench->console()->command_page(); }
-    QString path(const QString& name) const { return mDirectory->filePath(name); }
-    QString write(const QString& name, const QByteArray& content) const
-    {
-        QFile file(path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-            qFatal("the file could not be written");
-        return path(name);
-    }
     static QString current_page()
     {
         const auto* list = Ostrel::instance()->options()->findChild<QTreeWidget*>(u"mOptionList"_s);
         return list->currentItem() ? list->currentItem()->text(0) : QString();
     }
-
-    std::unique_ptr<Workbench> mWorkbench;
-    std::unique_ptr<QTemporaryDir> mDirectory;
 };
 
-void TstWindowCommands::initTestCase()
-{
-    TestCase::init();
-    mWorkbench = std::make_unique<Workbench>();
-    mWorkbench->leave_components_out();
-    QVERIFY(mWorkbench->load());
-    QVERIFY(show_active(Ostrel::instance()));
-}
-
-void TstWindowCommands::init()
-{
-    mDirectory = std::make_unique<QTemporaryDir>();
-}
-
-void TstWindowCommands::cleanup()
+void TstWindowCommands::tear_down()
 {
     for (const char* name : {"editor", "options", "plugins", "about"})
         enter(u"hide "_s + QLatin1StringView(name));
     QCOMPARE(QApplication::activeModalWidget(), nullptr);
-}
-
-void TstWindowCommands::cleanupTestCase()
-{
-    mWorkbench->unload();
-    mWorkbench.reset();
-    TestCase::cleanup();
 }
 
 void TstWindowCommands::window_is_shown_photographed_and_hidden_data()
@@ -130,7 +88,7 @@ void TstWindowCommands::window_is_shown_photographed_and_hidden()
 {
     QFETCH(const QString, name);
     QFETCH(const QString, type);
-    const QString file = path(u"a.png"_s);
+    const QString file = temp_path(u"a.png"_s);
     const QString picture = u"picture \"%1\" of %2"_s.arg(file, name);
     const QString refused = enter(picture);
     QVERIFY2(refused.contains(u"ERROR: picture: column 1: the window is not shown"_s), qPrintable(refused));
@@ -185,7 +143,7 @@ void TstWindowCommands::page_of_the_options_is_named_or_numbered()
 
 void TstWindowCommands::options_hold_no_command_up()
 {
-    const QString journal = write(u"a.jou"_s, "show options\necho behind it\n");
+    const QString journal = write_temp(u"a.jou"_s, "show options\necho behind it\n");
     const QString text = enter(u"play \"%1\""_s.arg(journal));
     QVERIFY2(text.contains(u"\nbehind it\n"_s), qPrintable(text));
     QVERIFY(Ostrel::instance()->options()->isVisible());
@@ -204,7 +162,7 @@ void TstWindowCommands::options_hold_no_command_up()
 
 void TstWindowCommands::journal_is_opened_in_the_editor()
 {
-    const QString file = write(u"with blank.jou"_s, "echo one\n");
+    const QString file = write_temp(u"with blank.jou"_s, "echo one\n");
     const QString text = enter(u"edit \"%1\""_s.arg(file));
     QVERIFY2(!text.contains(u"ERROR"_s), qPrintable(text));
     JournalEditor* editor = Ostrel::instance()->journal_editor();
@@ -242,7 +200,7 @@ void TstWindowCommands::typed_text_goes_into_the_journal()
     QCOMPARE(tabs->count(), count + 1);
     type(Qt::Key_B);
     QCOMPARE(text(), u"b"_s);
-    enter(u"edit \"%1\""_s.arg(write(u"a.jou"_s, "echo a")));
+    enter(u"edit \"%1\""_s.arg(write_temp(u"a.jou"_s, "echo a")));
     QVERIFY(show_active(editor));
     type(Qt::Key_C);
     QCOMPARE(text().first(7), u"cecho a"_s);
@@ -286,7 +244,7 @@ void TstWindowCommands::form_of_a_command_is_shown()
 
 void TstWindowCommands::later_picture_shows_what_is_there_then()
 {
-    const QString file = path(u"later.png"_s);
+    const QString file = temp_path(u"later.png"_s);
     enter(u"picture \"%1\" of editor after 0.2"_s.arg(file)); // it is not shown yet
     QVERIFY(!QFile::exists(file));
     enter(u"show editor"_s);
@@ -295,7 +253,7 @@ void TstWindowCommands::later_picture_shows_what_is_there_then()
 
 void TstWindowCommands::later_picture_of_a_modal_dialog_is_taken_while_it_waits()
 {
-    const QString file = path(u"modal.png"_s);
+    const QString file = temp_path(u"modal.png"_s);
     enter(u"picture \"%1\" of active after 0.05"_s.arg(file));
     QDialog dialog(Ostrel::instance());
     dialog.resize(321, 123);
@@ -314,25 +272,25 @@ void TstWindowCommands::later_picture_that_fails_is_told()
     enter(u"picture /no/such/directory/a.png after 0"_s);
     QTRY_VERIFY(page()->toPlainText().contains(
         u"ERROR: picture: the picture cannot be written to \"/no/such/directory/a.png\"\n"_s));
-    enter(u"picture \"%1\" of about after 0"_s.arg(path(u"a.png"_s)));
+    enter(u"picture \"%1\" of about after 0"_s.arg(temp_path(u"a.png"_s)));
     QTRY_VERIFY(page()->toPlainText().contains(u"ERROR: picture: the window \"about\" is not shown\n"_s));
-    QVERIFY(mWorkbench->console()->error_page()->toPlainText().contains(u"\"about\" is not shown"_s));
+    QVERIFY(workbench().console()->error_page()->toPlainText().contains(u"\"about\" is not shown"_s));
 }
 
 void TstWindowCommands::later_picture_goes_to_the_directory_of_its_command()
 {
     const QString before = QDir::currentPath();
-    QVERIFY(QDir::setCurrent(mDirectory->path()));
+    QVERIFY(QDir::setCurrent(temp_directory()));
     enter(u"picture here.png after 0.05"_s);
     QVERIFY(QDir::setCurrent(before));
-    QTRY_VERIFY(QFile::exists(path(u"here.png"_s)));
+    QTRY_VERIFY(QFile::exists(temp_path(u"here.png"_s)));
 }
 
 void TstWindowCommands::picture_waits_for_shapes_and_no_longer_when_cancelled()
 {
     Scene& scene = Scene::instance();
     scene.begin_work();
-    const QString file = path(u"a.png"_s);
+    const QString file = temp_path(u"a.png"_s);
     bool early = false;
     QTimer::singleShot(100, this, [&] {
         early = QFile::exists(file);
@@ -344,8 +302,8 @@ void TstWindowCommands::picture_waits_for_shapes_and_no_longer_when_cancelled()
 
     scene.begin_work();
     QTimer::singleShot(50, this, [] { Ostrel::instance()->cancel_progress(); });
-    enter(u"picture \"%1\""_s.arg(path(u"b.png"_s)));
-    QVERIFY(!mWorkbench->console()->is_running());
+    enter(u"picture \"%1\""_s.arg(temp_path(u"b.png"_s)));
+    QVERIFY(!workbench().console()->is_running());
     scene.end_work();
 }
 
@@ -363,7 +321,7 @@ void TstWindowCommands::played_command_without_output_is_scrolled_to()
                                            height = bar->maximum();
                                            distance = bar->maximum() - bar->value();
                                        }});
-    enter(u"play \"%1\""_s.arg(write(u"quiet.jou"_s, lines + "measure\n")));
+    enter(u"play \"%1\""_s.arg(write_temp(u"quiet.jou"_s, lines + "measure\n")));
     Fennar::instance().registry().remove(u"measure"_s);
     QVERIFY2(height > 50, qPrintable(QString::number(height)));
     QCOMPARE(distance, 0);
@@ -412,5 +370,5 @@ void TstWindowCommands::wrong_words_are_named()
     QVERIFY2(text.contains(u"ERROR: "_s + answer), qPrintable(text));
 }
 
-OSTREL_TEST_MAIN(TstWindowCommands)
+OSTREL_TEST(TstWindowCommands)
 #include "tst_windowcommands.moc"

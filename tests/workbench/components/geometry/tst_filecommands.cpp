@@ -126,10 +126,11 @@ class TstFileCommands : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void solids_come_back_with_their_measures_data();
     void solids_come_back_with_their_measures();
     void pieces_come_back_as_solids();
@@ -216,9 +217,8 @@ private:
     QStringList mTemporaryFiles;
 };
 
-void TstFileCommands::init()
+void TstFileCommands::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
     mWorkingDirectory = QDir::currentPath();
     QDir::setCurrent(mDirectory->path());
@@ -232,7 +232,7 @@ void TstFileCommands::init()
     mTemporaryFiles = temporary_files();
 }
 
-void TstFileCommands::cleanup()
+void TstFileCommands::tear_down()
 {
     QCOMPARE(child_processes(), QList<int>());
     QCOMPARE(temporary_files(), mTemporaryFiles);
@@ -242,7 +242,6 @@ void TstFileCommands::cleanup()
     mModel.reset();
     QDir::setCurrent(mWorkingDirectory);
     mDirectory.reset();
-    TestCase::cleanup();
 }
 
 void TstFileCommands::solids_come_back_with_their_measures_data()
@@ -803,6 +802,6 @@ void TstFileCommands::commands_are_explained()
     }
 }
 
-OSTREL_TEST_MAIN(TstFileCommands)
+OSTREL_TEST(TstFileCommands)
 
 #include "tst_filecommands.moc"

@@ -8,11 +8,11 @@
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "leftovers.h"
-#include "support/TestCase.h"
 #include "support/describe_window.h"
 #include "support/dialogs.h"
 #include "support/windows.h"
 #include "workbench/Workbench.h"
+#include "workbench/WorkbenchTest.h"
 #include "workbench/console/ConsoleOwner.h"
 #include "workbench/fennar_formats/FormatRegistry.h"
 #include "workbench/fennari19/CommandRegistry.h"
@@ -55,16 +55,18 @@ public:
 } // namespace
 
 /** Import and export from the "File" menu of the whole application. */
-class TstFileMenuFormats : public TestCase
+class TstFileMenuFormats : public WorkbenchTest
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
-    void cleanupTestCase();
+protected:
+    // Models are thrown away without a question.
+    void set_up_class() override { OstrelFileMenu::set_save_prompt(false); }
+    void set_up() override;
+    void tear_down() override;
+    void after_workbench() override { QCOMPARE(child_processes(), QList<int>()); }
 
+private slots:
     void components_come_and_go_in_any_order();
     void handlers_of_others_are_left_alone();
     void export_asks_and_adds_the_ending_of_the_filter_data();
@@ -77,22 +79,7 @@ private slots:
     void chosen_files_run_in_python_mode();
 
 private:
-    CommandWidget* page() const { return mWorkbench->console()->command_page(); }
     static OstrelFileMenu* menu() { return Ostrel::instance()->file_menu(); }
-    QString path(const QString& name) const { return mDirectory->filePath(name); }
-    QString enter(const QString& line)
-    {
-        page()->clearToPrompt();
-        mWorkbench->console()->run_line(line);
-        flush();
-        return page()->toPlainText();
-    }
-    static void flush()
-    {
-        QCoreApplication::sendPostedEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCoreApplication::processEvents();
-    }
     static QStringList filters()
     {
         QString imports;
@@ -142,29 +129,15 @@ private:
         QVERIFY(driver.finish());
         flush();
     }
-
-    std::unique_ptr<Workbench> mWorkbench;
-    std::unique_ptr<QTemporaryDir> mDirectory;
 };
 
-void TstFileMenuFormats::initTestCase()
+void TstFileMenuFormats::set_up()
 {
-    TestCase::init();
-    mWorkbench = std::make_unique<Workbench>();
-    QVERIFY(mWorkbench->load());
-    // Models are thrown away without a question.
-    OstrelFileMenu::set_save_prompt(false);
-    QVERIFY(show_active(Ostrel::instance()));
-}
-
-void TstFileMenuFormats::init()
-{
-    mDirectory = std::make_unique<QTemporaryDir>();
     const QString answer = enter(u"load "_s + QStringLiteral(GEOMETRY));
     QVERIFY2(!answer.contains(u"ERROR"), qPrintable(answer));
 }
 
-void TstFileMenuFormats::cleanup()
+void TstFileMenuFormats::tear_down()
 {
     for (const auto& name : {u"obj_format"_s, u"geometry"_s}) {
         const QString answer = enter(u"unload "_s + name);
@@ -172,16 +145,8 @@ void TstFileMenuFormats::cleanup()
     }
     QCOMPARE(filters(), QStringList({QString(), QString()}));
     QCOMPARE(FormatRegistry::instance().formats().size(), 0);
-    mDirectory.reset();
+    QVERIFY(QDir(temp_directory()).removeRecursively());
     forget_recent_imports();
-}
-
-void TstFileMenuFormats::cleanupTestCase()
-{
-    mWorkbench->unload();
-    mWorkbench.reset();
-    QCOMPARE(child_processes(), QList<int>());
-    TestCase::cleanup();
 }
 
 void TstFileMenuFormats::components_come_and_go_in_any_order()
@@ -205,7 +170,7 @@ void TstFileMenuFormats::components_come_and_go_in_any_order()
         QCOMPARE(filters(), all);
         QVERIFY(action("mFileImportAction")->isEnabled() && action("mFileExportAction")->isEnabled());
         enter(u"brick 2"_s);
-        const QString file = path(u"%1.obj"_s.arg(i));
+        const QString file = temp_path(u"%1.obj"_s.arg(i));
         QVERIFY(!enter(u"export "_s + file).contains(u"ERROR"));
         QVERIFY(enter(u"import "_s + file).contains(u"closed, volume 8\n"));
         unload(u"obj_format"_s);
@@ -267,7 +232,7 @@ void TstFileMenuFormats::export_asks_and_adds_the_ending_of_the_filter()
     DialogDriver driver;
     driver.expect<QFileDialog>([&](QFileDialog* dialog) {
         asked = file_question(dialog);
-        choose(dialog, path(typed), filter);
+        choose(dialog, temp_path(typed), filter);
     });
     page()->clearToPrompt();
     action("mFileExportAction")->trigger();
@@ -275,23 +240,23 @@ void TstFileMenuFormats::export_asks_and_adds_the_ending_of_the_filter()
     flush();
     QCOMPARE(asked.caption, u"Export File"_s);
     QCOMPARE(asked.filters, (engine_exports + u";;"_s + obj_filter).split(u";;"_s));
-    const QString line = command.arg(mDirectory->path());
+    const QString line = command.arg(temp_directory());
     QVERIFY2(page()->toPlainText().startsWith(u"Fennar>"_s + line + u'\n'),
              qPrintable(page()->toPlainText()));
     QVERIFY(!page()->toPlainText().contains(u"ERROR"));
-    QCOMPARE(mWorkbench->console()->history().entries().last(), line);
-    QCOMPARE(QDir(mDirectory->path()).entryList(QDir::Files).size(), 1);
+    QCOMPARE(workbench().console()->history().entries().last(), line);
+    QCOMPARE(QDir(temp_directory()).entryList(QDir::Files).size(), 1);
 }
 
 void TstFileMenuFormats::several_files_are_imported_one_after_the_other()
 {
     enter(u"brick 2"_s);
     for (const auto& name : {u"a.step"_s, u"b.step"_s})
-        enter(u"export "_s + path(name));
+        enter(u"export "_s + temp_path(name));
     page()->clearToPrompt();
     DialogDriver driver;
     driver.expect<QFileDialog>([&](QFileDialog* dialog) {
-        choose_with_return(dialog, u"\"%1\" \"%2\""_s.arg(path(u"a.step"_s), path(u"b.step"_s)),
+        choose_with_return(dialog, u"\"%1\" \"%2\""_s.arg(temp_path(u"a.step"_s), temp_path(u"b.step"_s)),
                            u"STEP (*.step *.stp)"_s);
     });
     action("mFileImportAction")->trigger();
@@ -299,15 +264,15 @@ void TstFileMenuFormats::several_files_are_imported_one_after_the_other()
     flush();
     QVERIFY2(page()->toPlainText().startsWith(
                  u"Fennar>import %1\na: volume 8\nFennar>import %2\nb: volume 8\nFennar>"_s.arg(
-                     path(u"a.step"_s), path(u"b.step"_s))),
+                     temp_path(u"a.step"_s), temp_path(u"b.step"_s))),
              qPrintable(page()->toPlainText()));
-    QCOMPARE(recent_imports(), QStringList({u"import \"%1\""_s.arg(path(u"b.step"_s)),
-                                            u"import \"%1\""_s.arg(path(u"a.step"_s))}));
+    QCOMPARE(recent_imports(), QStringList({u"import \"%1\""_s.arg(temp_path(u"b.step"_s)),
+                                            u"import \"%1\""_s.arg(temp_path(u"a.step"_s))}));
 }
 
 void TstFileMenuFormats::failed_import_is_no_recent_one()
 {
-    QFile file(path(u"a.step"_s));
+    QFile file(temp_path(u"a.step"_s));
     QVERIFY(file.open(QIODevice::WriteOnly) && file.write("no model") == 8);
     file.close();
     import_through_the_dialog(file.fileName(), u"STEP (*.step *.stp)"_s);
@@ -323,8 +288,8 @@ void TstFileMenuFormats::failed_import_is_no_recent_one()
 void TstFileMenuFormats::typed_import_is_no_recent_one()
 {
     enter(u"brick 2"_s);
-    enter(u"export "_s + path(u"a.step"_s));
-    QVERIFY(enter(u"import "_s + path(u"a.step"_s)).contains(u"volume 8"));
+    enter(u"export "_s + temp_path(u"a.step"_s));
+    QVERIFY(enter(u"import "_s + temp_path(u"a.step"_s)).contains(u"volume 8"));
     QCOMPARE(recent_imports(), QStringList());
 }
 
@@ -339,7 +304,7 @@ void TstFileMenuFormats::recent_import_runs_again_after_a_new_start_data()
 void TstFileMenuFormats::recent_import_runs_again_after_a_new_start()
 {
     QFETCH(const QString, name);
-    const QString file = path(name + u".stl"_s);
+    const QString file = temp_path(name + u".stl"_s);
     enter(u"brick 2"_s);
     enter(u"export "_s + quote_word(file));
     QVERIFY(QFile::exists(file));
@@ -369,15 +334,15 @@ void TstFileMenuFormats::recent_import_runs_again_after_a_new_start()
 void TstFileMenuFormats::chosen_files_run_in_python_mode()
 {
     enter(u"brick 2"_s);
-    const QString file = path(u"it's.step"_s);
+    const QString file = temp_path(u"it's.step"_s);
     enter(u"export "_s + quote_word(file));
     emit Ostrel::instance()->command_line()->commandModeChanged(true);
-    QVERIFY(mWorkbench->console()->python_mode());
+    QVERIFY(workbench().console()->python_mode());
     import_through_the_dialog(file, u"STEP (*.step *.stp)"_s);
     emit Ostrel::instance()->command_line()->commandModeChanged(false);
     QCOMPARE(recent_imports(), QStringList(u"import \"%1\""_s.arg(file)));
 }
 
-OSTREL_TEST_MAIN(TstFileMenuFormats)
+OSTREL_TEST(TstFileMenuFormats)
 
 #include "tst_filemenuformats.moc"

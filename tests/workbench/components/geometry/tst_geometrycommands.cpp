@@ -62,10 +62,11 @@ class TstGeometryCommands : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void solids_are_made_and_named();
     void errors_tell_the_column_data();
     void errors_tell_the_column();
@@ -115,9 +116,8 @@ private:
     ApplicationServices mServices;
 };
 
-void TstGeometryCommands::init()
+void TstGeometryCommands::set_up()
 {
-    TestCase::init();
     mModel = std::make_unique<GeometryModel>();
     mSession = std::make_unique<CommandSession>();
     mShell = std::make_unique<RecordingShell>();
@@ -126,13 +126,12 @@ void TstGeometryCommands::init()
         register_geometry_commands(mSession->registry, *mModel, mServices, QStringLiteral(FENNAR_MESHER)));
 }
 
-void TstGeometryCommands::cleanup()
+void TstGeometryCommands::tear_down()
 {
     QCOMPARE(child_processes(), QList<int>());
     mSession.reset();
     mModel.reset();
     mShell.reset();
-    TestCase::cleanup();
 }
 
 void TstGeometryCommands::solids_are_made_and_named()
@@ -454,6 +453,6 @@ void TstGeometryCommands::thousands_of_commands_are_quick()
     QVERIFY(timer.elapsed() < 20'000);
 }
 
-OSTREL_TEST_MAIN(TstGeometryCommands)
+OSTREL_TEST(TstGeometryCommands)
 
 #include "tst_geometrycommands.moc"

@@ -6,10 +6,10 @@
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "leftovers.h"
-#include "support/TestCase.h"
 #include "support/describe_window.h"
 #include "support/windows.h"
 #include "workbench/Workbench.h"
+#include "workbench/WorkbenchTest.h"
 #include "workbench/console/ConsoleOwner.h"
 #include "workbench/fennari19/CommandRegistry.h"
 #include "workbench/fennari19/Fennar.h"
@@ -34,16 +34,16 @@
 using namespace Qt::StringLiterals;
 
 /** The component in the whole application, as a user meets it. */
-class TstGeometryComponent : public TestCase
+class TstGeometryComponent : public WorkbenchTest
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
-    void cleanupTestCase();
+protected:
+    void set_up() override;
+    void tear_down() override;
+    void after_workbench() override { QCOMPARE(child_processes(), QList<int>()); }
 
+private slots:
     void window_is_as_before_after_each_unload();
     void menu_toolbar_and_dock_are_there();
     void form_sends_its_command_to_the_console();
@@ -60,10 +60,6 @@ private slots:
     void batch_run_meshes_and_keeps_standard_output_clean();
 
 private:
-    CommandWidget* page() const { return mWorkbench->console()->command_page(); }
-    /** Types a line and returns what the console shows for it. */
-    QString enter(const QString& line);
-    static void flush();
     /** The action that a user finds in the menus; null if there is none. */
     static QAction* find_action(const char* name);
     /** Returns whether there is such an action. */
@@ -85,19 +81,10 @@ private:
         return form->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
     }
 
-    std::unique_ptr<Workbench> mWorkbench;
     QTemporaryDir mDirectory;
 };
 
-void TstGeometryComponent::initTestCase()
-{
-    TestCase::init();
-    mWorkbench = std::make_unique<Workbench>();
-    QVERIFY(mWorkbench->load());
-    QVERIFY(show_active(Ostrel::instance()));
-}
-
-void TstGeometryComponent::init()
+void TstGeometryComponent::set_up()
 {
     // The component goes behind each function, with all that it has made.
     OstrelFileMenu::set_save_prompt(false);
@@ -107,36 +94,13 @@ void TstGeometryComponent::init()
     QVERIFY(Fennar::instance().registry().find(u"brick"_s));
 }
 
-void TstGeometryComponent::cleanup()
+void TstGeometryComponent::tear_down()
 {
     if (Fennar::instance().registry().find(u"brick"_s)) {
         const QString answer = enter(u"unload geometry"_s);
         QVERIFY2(!answer.contains(u"ERROR") && !answer.contains(u"left behind"), qPrintable(answer));
     }
     QVERIFY(!Fennar::instance().registry().find(u"brick"_s));
-}
-
-void TstGeometryComponent::cleanupTestCase()
-{
-    mWorkbench->unload();
-    mWorkbench.reset();
-    QCOMPARE(child_processes(), QList<int>());
-    TestCase::cleanup();
-}
-
-QString TstGeometryComponent::enter(const QString& line)
-{
-    page()->clearToPrompt();
-    mWorkbench->console()->run_line(line);
-    flush();
-    return page()->toPlainText();
-}
-
-void TstGeometryComponent::flush()
-{
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
 }
 
 QAction* TstGeometryComponent::find_action(const char* name)
@@ -231,7 +195,7 @@ void TstGeometryComponent::form_sends_its_command_to_the_console()
     QVERIFY2(
         page()->toPlainText().startsWith(u"Fennar>cylinder 2 3.5 at 1 2 3 name rod\nrod: volume 43.9823\n"_s),
         qPrintable(page()->toPlainText()));
-    QCOMPARE(mWorkbench->console()->history().entries().last(), u"cylinder 2 3.5 at 1 2 3 name rod"_s);
+    QCOMPARE(workbench().console()->history().entries().last(), u"cylinder 2 3.5 at 1 2 3 name rod"_s);
     QVERIFY(!form("cylinder"));
 }
 
@@ -428,6 +392,6 @@ void TstGeometryComponent::batch_run_meshes_and_keeps_standard_output_clean()
     QCOMPARE(lines[5], u"sphere2: volume 3053.63"_s);
 }
 
-OSTREL_TEST_MAIN(TstGeometryComponent)
+OSTREL_TEST(TstGeometryComponent)
 
 #include "tst_geometrycomponent.moc"

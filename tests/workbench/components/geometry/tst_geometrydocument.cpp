@@ -48,10 +48,11 @@ class TstGeometryDocument : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void model_comes_back_whole();
     void saving_what_was_opened_writes_the_same_bytes();
     void ids_go_on_behind_those_of_the_file();
@@ -91,9 +92,8 @@ private:
     QString mOutput;
 };
 
-void TstGeometryDocument::init()
+void TstGeometryDocument::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
     mModel = std::make_unique<GeometryModel>();
     mDocument = std::make_unique<GeometryDocument>(*mModel);
@@ -108,13 +108,12 @@ void TstGeometryDocument::init()
                                         [this](const QString& file) { mDocument->save(file); }}));
 }
 
-void TstGeometryDocument::cleanup()
+void TstGeometryDocument::tear_down()
 {
     mInterpreter.reset();
     mRegistry.reset();
     mDocument.reset();
     mModel.reset();
-    TestCase::cleanup();
 }
 
 QString TstGeometryDocument::enter(const QString& line)
@@ -448,5 +447,5 @@ void TstGeometryDocument::nothing_is_left_in_the_temporary_folder()
              QStringList(u"a.mdl"_s));
 }
 
-OSTREL_TEST_MAIN(TstGeometryDocument)
+OSTREL_TEST(TstGeometryDocument)
 #include "tst_geometrydocument.moc"

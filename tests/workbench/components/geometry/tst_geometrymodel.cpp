@@ -716,6 +716,6 @@ void TstGeometryModel::no_temporary_files_stay()
     QCOMPARE(temporary_files(), before);
 }
 
-OSTREL_TEST_MAIN(TstGeometryModel)
+OSTREL_TEST(TstGeometryModel)
 
 #include "tst_geometrymodel.moc"

@@ -142,6 +142,6 @@ void TstMesherReport::odd_numbers_do_no_harm()
     QVERIFY(report.percent() <= 100);
 }
 
-OSTREL_TEST_MAIN(TstMesherReport)
+OSTREL_TEST(TstMesherReport)
 
 #include "tst_mesherreport.moc"

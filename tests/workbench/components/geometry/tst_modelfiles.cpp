@@ -58,10 +58,12 @@ class TstModelFiles : public TestCase
 {
     Q_OBJECT
 
+protected:
+    void set_up() override;
+    void tear_down() override;
+
 private slots:
     void initTestCase();
-    void init();
-    void cleanup();
 
     void typed_model_comes_back_from_the_recent_files();
     void exported_surface_comes_back_by_import();
@@ -124,18 +126,16 @@ void TstModelFiles::initTestCase()
     qputenv("FENNAR_COMPONENT_PATH", QFile::encodeName(mComponents.path()));
 }
 
-void TstModelFiles::init()
+void TstModelFiles::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
     reset_statics();
     start();
 }
 
-void TstModelFiles::cleanup()
+void TstModelFiles::tear_down()
 {
     end();
-    TestCase::cleanup();
 }
 
 void TstModelFiles::start()
@@ -701,5 +701,5 @@ void TstModelFiles::batch_run_fails_with_the_model()
     QVERIFY(!QString::fromUtf8(process->readAllStandardOutput()).contains(u"never"_s));
 }
 
-OSTREL_TEST_MAIN(TstModelFiles)
+OSTREL_TEST(TstModelFiles)
 #include "tst_modelfiles.moc"

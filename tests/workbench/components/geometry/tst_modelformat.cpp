@@ -287,5 +287,5 @@ void TstModelFormat::huge_files_are_refused_at_once()
     }
 }
 
-OSTREL_TEST_MAIN(TstModelFormat)
+OSTREL_TEST(TstModelFormat)
 #include "tst_modelformat.moc"

@@ -21,10 +21,11 @@ class TstRunMesher : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void cube_is_meshed();
     void smaller_size_gives_more_elements();
     void several_solids_are_meshed_together();
@@ -59,9 +60,8 @@ private:
     const QString mMesher = QStringLiteral(FENNAR_MESHER);
 };
 
-void TstRunMesher::init()
+void TstRunMesher::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
     mModel = std::make_unique<GeometryModel>();
     mModel->brick({1, 1, 1});
@@ -69,13 +69,12 @@ void TstRunMesher::init()
     QCOMPARE(child_processes(), QList<int>());
 }
 
-void TstRunMesher::cleanup()
+void TstRunMesher::tear_down()
 {
     QCOMPARE(child_processes(), QList<int>());
     QCOMPARE(temporary_files(), mFilesBefore);
     mModel.reset();
     mDirectory.reset();
-    TestCase::cleanup();
 }
 
 QString TstRunMesher::program(const QByteArray& script)
@@ -392,6 +391,6 @@ void TstRunMesher::mesher_ends_with_the_program_that_started_it()
     QTRY_VERIFY(kill(pid, 0) != 0 || QFile::symLinkTarget(u"/proc/%1/exe"_s.arg(pid)).isEmpty());
 }
 
-OSTREL_TEST_MAIN(TstRunMesher)
+OSTREL_TEST(TstRunMesher)
 
 #include "tst_runmesher.moc"

@@ -44,9 +44,10 @@ class TstWriteWholeFile : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void parts_follow_each_other();
     void names_may_have_any_characters_data();
     void names_may_have_any_characters();
@@ -73,9 +74,8 @@ private:
     std::unique_ptr<QTemporaryDir> mDirectory;
 };
 
-void TstWriteWholeFile::init()
+void TstWriteWholeFile::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
 }
 
@@ -242,5 +242,5 @@ void TstWriteWholeFile::directory_without_permission_leaves_the_old_file_whole()
     QCOMPARE(content(path(u"a"_s)), "old");
 }
 
-OSTREL_TEST_MAIN(TstWriteWholeFile)
+OSTREL_TEST(TstWriteWholeFile)
 #include "tst_writewholefile.moc"

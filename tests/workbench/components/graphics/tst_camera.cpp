@@ -254,5 +254,5 @@ void TstCamera::resized_viewport_keeps_what_the_shorter_side_shows()
     QVERIFY(std::abs(camera.units_per_pixel() * 300 - extent) < 1e-9);
 }
 
-OSTREL_TEST_MAIN(TstCamera)
+OSTREL_TEST(TstCamera)
 #include "tst_camera.moc"

@@ -15,9 +15,10 @@ class TstGraphicsCommands : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void view_turns_the_camera_and_fits();
     void fit_keeps_the_direction();
     void display_sets_and_tells();
@@ -38,9 +39,8 @@ private:
     std::unique_ptr<CommandSession> mSession;
 };
 
-void TstGraphicsCommands::init()
+void TstGraphicsCommands::set_up()
 {
-    TestCase::init();
     mSession = std::make_unique<CommandSession>();
     mScene = std::make_unique<Scene>();
     mState = std::make_unique<GraphicsState>(*mScene);
@@ -131,5 +131,5 @@ void TstGraphicsCommands::taken_name_of_a_command_adds_none()
     QCOMPARE(session.registry.names(), QStringList({u"display"_s, u"note"_s}));
 }
 
-OSTREL_TEST_MAIN(TstGraphicsCommands)
+OSTREL_TEST(TstGraphicsCommands)
 #include "tst_graphicscommands.moc"

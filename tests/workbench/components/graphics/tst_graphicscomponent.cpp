@@ -6,10 +6,10 @@
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "frame/OstrelSplitter.h"
-#include "support/TestCase.h"
 #include "support/describe_window.h"
 #include "support/windows.h"
 #include "workbench/Workbench.h"
+#include "workbench/WorkbenchTest.h"
 #include "workbench/console/ConsoleOwner.h"
 #include "workbench/fennari19/Fennar.h"
 #include "workbench/ostrelfw/CommandLine.h"
@@ -27,16 +27,18 @@
 using namespace Qt::StringLiterals;
 
 /** The component in the whole application, with the solids of another one and without. */
-class TstGraphicsComponent : public TestCase
+class TstGraphicsComponent : public WorkbenchTest
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
-    void cleanupTestCase();
+protected:
+    void prepare(Workbench& workbench) override { workbench.leave_components_out(); }
+    // Models are thrown away without a question.
+    void set_up_class() override { OstrelFileMenu::set_save_prompt(false); }
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void unloading_brings_the_black_area_back();
     void view_is_the_same_whichever_component_comes_first_data();
     void view_is_the_same_whichever_component_comes_first();
@@ -56,37 +58,21 @@ private:
     {
         return QLatin1StringView(what) + u' ' + QLatin1StringView(file);
     }
-    QString enter(const QString& line);
-    static CommandWidget* page() { return Ostrel::instance()->command_line()->findChild<CommandWidget*>(); }
-    static void flush();
     static const Scene::Item* item(const QString& name);
     static bool has_shapes();
     static QTreeWidget* tree() { return Ostrel::instance()->findChild<QTreeWidget*>(u"GeometryModelTree"_s); }
     static QStringList tree_selection();
     static QAction* tool(const char* name);
-
-    std::unique_ptr<Workbench> mWorkbench;
 };
 
-void TstGraphicsComponent::initTestCase()
-{
-    TestCase::init();
-    mWorkbench = std::make_unique<Workbench>();
-    mWorkbench->leave_components_out();
-    QVERIFY(mWorkbench->load());
-    // Models are thrown away without a question.
-    OstrelFileMenu::set_save_prompt(false);
-    QVERIFY(show_active(Ostrel::instance()));
-}
-
-void TstGraphicsComponent::init()
+void TstGraphicsComponent::set_up()
 {
     QVERIFY(!Ostrel::instance()->graphics_widget());
     QVERIFY(Scene::instance().items().empty());
     QSettings().remove(u"graphics"_s); // what a test has displayed
 }
 
-void TstGraphicsComponent::cleanup()
+void TstGraphicsComponent::tear_down()
 {
     for (const QString& name : {u"graphics"_s, u"geometry"_s}) {
         const QString answer = enter(u"unload "_s + name);
@@ -95,28 +81,6 @@ void TstGraphicsComponent::cleanup()
     flush();
     QVERIFY(!Scene::instance().has_viewers());
     QVERIFY(!Scene::instance().is_awaited());
-}
-
-void TstGraphicsComponent::cleanupTestCase()
-{
-    mWorkbench->unload();
-    mWorkbench.reset();
-    TestCase::cleanup();
-}
-
-QString TstGraphicsComponent::enter(const QString& line)
-{
-    page()->clearToPrompt();
-    mWorkbench->console()->run_line(line);
-    flush();
-    return page()->toPlainText();
-}
-
-void TstGraphicsComponent::flush()
-{
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
 }
 
 const Scene::Item* TstGraphicsComponent::item(const QString& name)
@@ -449,5 +413,5 @@ void TstGraphicsComponent::shapes_of_fifty_solids_hold_nothing_up()
     QVERIFY2(longest < 500, qPrintable(QString::number(longest)));
 }
 
-OSTREL_TEST_MAIN(TstGraphicsComponent)
+OSTREL_TEST(TstGraphicsComponent)
 #include "tst_graphicscomponent.moc"

@@ -15,10 +15,11 @@ class TstGraphicsView : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void click_asks_for_a_selection();
     void click_with_control_adds_and_takes_away();
     void drag_orbits_and_selects_nothing();
@@ -53,9 +54,8 @@ private:
     int mRight = 0;
 };
 
-void TstGraphicsView::init()
+void TstGraphicsView::set_up()
 {
-    TestCase::init();
     mScene = std::make_unique<Scene>();
     mState = std::make_unique<GraphicsState>(*mScene);
     mView = std::make_unique<GraphicsView>(*mState);
@@ -67,13 +67,12 @@ void TstGraphicsView::init()
     mCommands = std::make_unique<QSignalSpy>(mView.get(), &GraphicsView::command_wanted);
 }
 
-void TstGraphicsView::cleanup()
+void TstGraphicsView::tear_down()
 {
     mCommands.reset();
     mView.reset();
     mState.reset();
     mScene.reset();
-    TestCase::cleanup();
 }
 
 void TstGraphicsView::click_asks_for_a_selection()
@@ -233,5 +232,5 @@ void TstGraphicsView::picture_is_kept_until_something_changes()
     QCOMPARE(made.size(), 4);
 }
 
-OSTREL_TEST_MAIN(TstGraphicsView)
+OSTREL_TEST(TstGraphicsView)
 #include "tst_graphicsview.moc"

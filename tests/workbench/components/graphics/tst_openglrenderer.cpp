@@ -210,5 +210,5 @@ void TstOpenGlRenderer::view_changes_over_and_shows_the_same()
     QVERIFY(view.uses_opengl());
 }
 
-OSTREL_TEST_MAIN(TstOpenGlRenderer)
+OSTREL_TEST(TstOpenGlRenderer)
 #include "tst_openglrenderer.moc"

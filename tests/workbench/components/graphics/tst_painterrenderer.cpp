@@ -26,9 +26,10 @@ class TstPainterRenderer : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void background_is_transparent_and_surface_is_not();
     void nearer_surface_hides_the_other_whatever_the_order();
     void surface_towards_the_light_is_lighter();
@@ -74,9 +75,8 @@ private:
     ViewColours mColours;
 };
 
-void TstPainterRenderer::init()
+void TstPainterRenderer::set_up()
 {
-    TestCase::init();
     mScene = std::make_unique<Scene>();
     mCamera = {};
     mDisplay = {};
@@ -291,5 +291,5 @@ void TstPainterRenderer::damaged_numbers_come_to_no_harm()
     QVERIFY(mScene->items().contains(id));
 }
 
-OSTREL_TEST_MAIN(TstPainterRenderer)
+OSTREL_TEST(TstPainterRenderer)
 #include "tst_painterrenderer.moc"

@@ -112,5 +112,5 @@ void TstPick::picks_far_from_the_origin()
     QCOMPARE(pick(scene, camera, {}, camera.to_pixel({1e7 + 0.1, 1e7, 1e7})), 0);
 }
 
-OSTREL_TEST_MAIN(TstPick)
+OSTREL_TEST(TstPick)
 #include "tst_pick.moc"

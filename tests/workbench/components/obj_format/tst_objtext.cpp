@@ -128,6 +128,6 @@ void TstObjText::long_file_is_quick()
     QCOMPARE(read_obj(text).triangles.size(), surface.triangles.size());
 }
 
-OSTREL_TEST_MAIN(TstObjText)
+OSTREL_TEST(TstObjText)
 
 #include "tst_objtext.moc"

@@ -25,10 +25,11 @@ class TstDocumentKeeper : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
+protected:
+    void set_up() override;
+    void tear_down() override;
 
+private slots:
     void modified_documents_are_kept();
     void document_with_a_file_is_kept_with_its_whole_name();
     void names_are_found_without_a_trace_in_the_window();
@@ -82,20 +83,18 @@ private:
     QStringList mReports;
 };
 
-void TstDocumentKeeper::init()
+void TstDocumentKeeper::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
     mEditor = std::make_unique<JournalEditor>();
     mReports.clear();
     make_keeper();
 }
 
-void TstDocumentKeeper::cleanup()
+void TstDocumentKeeper::tear_down()
 {
     mKeeper.reset();
     mEditor.reset();
-    TestCase::cleanup();
 }
 
 void TstDocumentKeeper::make_keeper(std::chrono::milliseconds interval)
@@ -594,5 +593,5 @@ void TstDocumentKeeper::random_work_is_kept_as_it_is()
     }
 }
 
-OSTREL_TEST_MAIN(TstDocumentKeeper)
+OSTREL_TEST(TstDocumentKeeper)
 #include "tst_documentkeeper.moc"

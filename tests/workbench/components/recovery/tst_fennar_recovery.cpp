@@ -36,9 +36,10 @@ class TstFennarRecovery : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void killed_program_offers_its_journals_and_restores_them();
     void restored_journals_survive_the_next_kill();
     void journals_kept_for_later_are_offered_again_data();
@@ -80,9 +81,8 @@ private:
     int mFiles = 0;
 };
 
-void TstFennarRecovery::init()
+void TstFennarRecovery::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
     QVERIFY(QDir(mDirectory->path()).mkpath(u"components"_s));
     QVERIFY(QFile::link(QStringLiteral(TREE_COMPONENTS "/recovery.so"),
@@ -320,5 +320,5 @@ void TstFennarRecovery::batch_run_leaves_all_alone()
     QCOMPARE(run_and_report({}).offer.size(), 1);
 }
 
-OSTREL_TEST_MAIN(TstFennarRecovery)
+OSTREL_TEST(TstFennarRecovery)
 #include "tst_fennar_recovery.moc"

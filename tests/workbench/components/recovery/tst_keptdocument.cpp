@@ -109,5 +109,5 @@ void TstKeptDocument::title_has_name_and_time()
     QCOMPARE((KeptDocument{file, changed, {}}.title(QDateTime(QDate(2026, 5, 2), QTime(23, 0)))), title);
 }
 
-OSTREL_TEST_MAIN(TstKeptDocument)
+OSTREL_TEST(TstKeptDocument)
 #include "tst_keptdocument.moc"

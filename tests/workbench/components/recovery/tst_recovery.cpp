@@ -31,11 +31,13 @@ class TstRecovery : public TestCase
 {
     Q_OBJECT
 
+protected:
+    void set_up() override;
+    void tear_down() override;
+
 private slots:
     void initTestCase();
     void cleanupTestCase();
-    void init();
-    void cleanup();
 
     void component_keeps_every_15_seconds();
     void unload_leaves_nothing_and_can_be_repeated();
@@ -83,9 +85,8 @@ void TstRecovery::cleanupTestCase()
     PythonRuntime::stop();
 }
 
-void TstRecovery::init()
+void TstRecovery::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
     mReports.clear();
     mOutput.clear();
@@ -100,14 +101,13 @@ void TstRecovery::init()
     mManager->set_report([this](const QString& text) { mReports += text; });
 }
 
-void TstRecovery::cleanup()
+void TstRecovery::tear_down()
 {
     mManager->unload_all();
     mManager.reset();
     mFrame->unload_gui();
     mFrame.reset();
     QCOMPARE(mReports, QString());
-    TestCase::cleanup();
 }
 
 QStringList TstRecovery::texts()
@@ -255,5 +255,5 @@ void TstRecovery::copy_that_cannot_be_read_stays_and_is_told()
     QCOMPARE(mOutput, u"ERROR: Not all journals could be read. They stay in %1.\n"_s.arg(root()));
 }
 
-OSTREL_TEST_MAIN(TstRecovery)
+OSTREL_TEST(TstRecovery)
 #include "tst_recovery.moc"

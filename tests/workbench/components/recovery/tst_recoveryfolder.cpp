@@ -27,9 +27,10 @@ class TstRecoveryFolder : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void folder_is_new_and_for_the_user_only();
     void root_that_cannot_be_made_gives_no_folder();
     void written_documents_are_read_back();
@@ -63,9 +64,8 @@ private:
     std::unique_ptr<QTemporaryDir> mDirectory;
 };
 
-void TstRecoveryFolder::init()
+void TstRecoveryFolder::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
 }
 
@@ -279,5 +279,5 @@ void TstRecoveryFolder::missing_root_holds_nothing()
     QVERIFY(!QFile::exists(root()));
 }
 
-OSTREL_TEST_MAIN(TstRecoveryFolder)
+OSTREL_TEST(TstRecoveryFolder)
 #include "tst_recoveryfolder.moc"

@@ -19,9 +19,10 @@ class TstRecoveryOffer : public TestCase
 {
     Q_OBJECT
 
-private slots:
-    void init();
+protected:
+    void set_up() override;
 
+private slots:
     void documents_are_named_in_the_order_of_their_changes();
     void names_are_no_markup();
     void long_offer_is_cut_in_the_box_only();
@@ -39,9 +40,8 @@ private:
     std::unique_ptr<QTemporaryDir> mDirectory;
 };
 
-void TstRecoveryOffer::init()
+void TstRecoveryOffer::set_up()
 {
-    TestCase::init();
     mDirectory = std::make_unique<QTemporaryDir>();
 }
 
@@ -177,5 +177,5 @@ void TstRecoveryOffer::documents_are_held_until_given_up()
     QCOMPARE(left.front()->read(u"1.journal"_s)->file, u"/b.jou"_s);
 }
 
-OSTREL_TEST_MAIN(TstRecoveryOffer)
+OSTREL_TEST(TstRecoveryOffer)
 #include "tst_recoveryoffer.moc"

@@ -140,5 +140,5 @@ void TstTextCopy::random_changes_meanwhile_are_in_the_copy()
     }
 }
 
-OSTREL_TEST_MAIN(TstTextCopy)
+OSTREL_TEST(TstTextCopy)
 #include "tst_textcopy.moc"
