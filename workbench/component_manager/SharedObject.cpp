@@ -12,8 +12,16 @@ namespace {
 /** Where the object begins that @p address lies in; null if it lies in none. */
 const void* begin_of_object(const void* address)
 {
+    if (!address)
+        return nullptr;
+#ifdef DLFO_STRUCT_HAS_EH_DBASE // glibc 2.35 and later
+    // dladdr() looks through all symbols of the object, of which a library like Qt's has thousands.
+    dl_find_object found = {};
+    return _dl_find_object(const_cast<void*>(address), &found) == 0 ? found.dlfo_map_start : nullptr;
+#else
     Dl_info info;
-    return address && dladdr(address, &info) ? info.dli_fbase : nullptr;
+    return dladdr(address, &info) ? info.dli_fbase : nullptr;
+#endif
 }
 
 } // namespace

@@ -106,6 +106,9 @@ void GeometryScene::update_solid(int id)
             mEntries.erase(found);
             mWaiting.remove(id);
             mScene.remove(item);
+            // Perhaps it was the last that was waited for.
+            go_on();
+            end_if_done();
         }
         return;
     }

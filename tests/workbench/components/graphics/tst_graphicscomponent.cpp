@@ -45,6 +45,7 @@ private slots:
     void no_shape_is_made_while_nobody_looks();
     void click_tree_and_command_agree();
     void deleted_solid_is_selected_nowhere();
+    void deleted_solid_is_not_awaited();
     void renamed_solid_keeps_shape_and_selection();
     void mesh_is_shown_until_the_solid_changes();
     void tools_send_commands_and_show_the_state();
@@ -265,6 +266,16 @@ void TstGraphicsComponent::deleted_solid_is_selected_nowhere()
     QCOMPARE(tree_selection(), QStringList({u"b"_s}));
 }
 
+void TstGraphicsComponent::deleted_solid_is_not_awaited()
+{
+    enter(command("load", GRAPHICS));
+    enter(command("load", GEOMETRY));
+    enter(u"brick 2 name a"_s);
+    QVERIFY(Scene::instance().is_awaited());
+    enter(u"delete a"_s);
+    QTRY_VERIFY(!Scene::instance().is_awaited());
+}
+
 void TstGraphicsComponent::renamed_solid_keeps_shape_and_selection()
 {
     enter(command("load", GRAPHICS));
@@ -406,7 +417,7 @@ void TstGraphicsComponent::shapes_of_fifty_solids_hold_nothing_up()
     QTimer tick;
     connect(&tick, &QTimer::timeout, this, [&] { longest = std::max(longest, turn.restart()); });
     turn.start();
-    tick.start(0);
+    tick.start(1); // not without a pause, which would keep the processor from those who make the shapes
     QTRY_VERIFY_WITH_TIMEOUT(has_shapes(), 50000);
     tick.stop();
     qInfo("the event loop was held up for %lld ms at most", longest);
