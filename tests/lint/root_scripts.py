@@ -237,6 +237,11 @@ class Scripts(unittest.TestCase):
         return subprocess.run(["/bin/sh", os.path.join(ROOT, "tools/packages"), *groups],
                               env={"PATH": os.path.join(self.root, "path")}, capture_output=True, text=True, check=False)
 
+    def empty_path(self):
+        shutil.rmtree(os.path.join(self.root, "path"))
+        os.mkdir(os.path.join(self.root, "path"))
+        open(self.log, "w").close()
+
     def apt(self, installed, known, uid=0):
         """A package manager that has some packages installed and knows some."""
         for tool in ("grep", "env"):
@@ -270,9 +275,7 @@ class Scripts(unittest.TestCase):
     def test_packages_takes_the_svg_plugins_that_the_release_knows(self):
         for known in ("libqt6svg6", "qt6-svg-plugins"):
             with self.subTest(known):
-                shutil.rmtree(os.path.join(self.root, "path"))
-                os.mkdir(os.path.join(self.root, "path"))
-                open(self.log, "w").close()
+                self.empty_path()
                 self.apt(installed=self.ALL, known=known)
                 self.assertEqual(self.packages("build").returncode, 0)
                 self.assertEqual(self.calls("apt-get")[1:],
@@ -290,6 +293,51 @@ class Scripts(unittest.TestCase):
         packages = self.packages("build")
         self.assertEqual(packages.returncode, 1)
         self.assertTrue(packages.stderr.endswith(": cmake\n"), packages.stderr)
+
+    def locked_apt(self, held, command="update"):
+        """A package manager whose `command` meets another one's lock `held` times, and a clock that stands still."""
+        self.apt(installed=self.ALL, known="libqt6svg6")
+        held_file = self.write("path/apt-get.held", "held\n" * held)
+        self.stand_in("path/apt-get", f'[ "$2" = {command} ] || exit 0; read -r line <{held_file} || exit 0\n'
+                      'echo "E: Could not get lock /var/lib/l. It is held by process 7 (apt)" >&2\n'
+                      f'{shutil.which("sed")} -i 1d {held_file}; exit 100')
+        self.stand_in("path/sleep")
+
+    def test_packages_waits_for_the_lock_of_another_package_manager(self):
+        for command in ("update", "install"):
+            with self.subTest(command):
+                self.empty_path()
+                self.locked_apt(held=3, command=command)
+                packages = self.packages("build")
+                self.assertEqual(packages.returncode, 0, packages.stderr)
+                self.assertEqual(len([c for c in self.calls("apt-get") if command in c]), 4)
+                self.assertEqual(len(self.calls("sleep")), 3)
+                self.assertEqual(packages.stderr.count("waiting"), 1)
+                self.assertIn("process 7 (apt)", packages.stderr)
+
+    def test_packages_does_not_wait_for_a_lock_forever(self):
+        self.locked_apt(held=10000)
+        packages = self.packages("build")
+        self.assertNotEqual(packages.returncode, 0)
+        waited = sum(int(c.split()[1]) for c in self.calls("sleep"))
+        self.assertTrue(120 <= waited <= 900, waited)
+        self.assertTrue(packages.stderr.endswith("held by process 7 (apt)\n"), packages.stderr)
+        self.assertEqual([c for c in self.calls("apt-get") if "install" in c], [])
+
+    def test_packages_waits_for_nothing_but_a_lock(self):
+        self.locked_apt(held=0)
+        self.stand_in("path/apt-get", "echo 'E: no network' >&2; exit 100")
+        packages = self.packages("build")
+        self.assertNotEqual(packages.returncode, 0)
+        self.assertEqual(packages.stderr, "E: no network\n")
+        self.assertEqual((len(self.calls("apt-get")), self.calls("sleep")), (1, []))
+
+    def test_packages_hands_warnings_of_apt_on(self):
+        self.apt(installed=self.ALL, known="libqt6svg6")
+        self.stand_in("path/apt-get", "echo out; echo W: something >&2")
+        packages = self.packages("build")
+        self.assertEqual((packages.returncode, packages.stderr), (0, "W: something\n" * 2))
+        self.assertEqual(packages.stdout.count("out\n"), 2)
 
     def test_packages_fails_when_apt_does(self):
         self.apt(installed=self.ALL, known="libqt6svg6")
