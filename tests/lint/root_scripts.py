@@ -132,32 +132,43 @@ class Scripts(unittest.TestCase):
                       f'mkdir -p "$(dirname "$l")"; echo "1/3 Test #1\n\n{self.SUMMARY}\nTime $p" | tee "$l"\n'
                       f'[ "$p" != "{fails_in}" ]')
 
-    def test_check_runs_every_stage_and_ends_with_the_summaries(self):
+    def test_check_checks_format_and_release(self):
         self.ctest()
+        self.write("tests/lint/house_rules.py", f"open({self.log!r}, 'a').write('house_rules .\\n')")
         check = self.call("check")
+        self.assertEqual(check.returncode, 0, check.stderr)
+        self.assertEqual([c.split()[2] for c in self.calls("ctest")], ["release"])
+        self.assertEqual(len(self.calls("house_rules")), 1)
+
+    def test_check_ends_with_the_summaries_of_all_stages(self):
+        self.ctest()
+        check = self.call("check", "release", "asan")
         self.assertEqual(check.returncode, 0, check.stderr)
         self.assertEqual([c.split()[2] for c in self.calls("ctest")], ["release", "asan"])
         self.assertTrue(check.stdout.endswith(
             f"\n== release\n{self.SUMMARY}\nTime release\n\n== asan\n{self.SUMMARY}\nTime asan\n"), check.stdout)
 
-    def test_check_makes_warnings_errors_in_every_build(self):
-        self.ctest()
-        self.call("check")
-        configured = [c for c in self.calls("cmake") if "--build" not in c]
-        self.assertEqual(len(configured), 2)
-        for call in configured:
-            self.assertIn("-DOSTREL_WARNINGS_AS_ERRORS=ON", call)
+    def test_check_makes_warnings_errors_in_every_build_with_proven_versions_only_but_in_ci(self):
+        for ci, wanted in (("", "PROVEN"), ("true", "ON"), ("1", "ON")):
+            with self.subTest(ci):
+                self.ctest()
+                open(self.log, "w").close()
+                self.call("check", "release", "asan", CI=ci)
+                configured = [c for c in self.calls("cmake") if "--build" not in c]
+                self.assertEqual(len(configured), 2)
+                for call in configured:
+                    self.assertTrue(call.endswith(f"-DOSTREL_WARNINGS_AS_ERRORS={wanted}"), call)
 
     def test_check_fails_with_the_first_stage_that_fails(self):
         self.ctest(fails_in="release")
-        check = self.call("check")
+        check = self.call("check", "release", "asan")
         self.assertNotEqual(check.returncode, 0)
         self.assertEqual(len(self.calls("ctest")), 1)
         self.assertTrue(check.stdout.endswith(f"{self.SUMMARY}\nTime release\n"))
 
     def test_check_fails_with_the_last_stage_too(self):
         self.ctest(fails_in="asan")
-        self.assertNotEqual(self.call("check").returncode, 0)
+        self.assertNotEqual(self.call("check", "release", "asan").returncode, 0)
 
     def test_check_fails_when_the_build_fails(self):
         self.ctest()
@@ -188,11 +199,15 @@ class Scripts(unittest.TestCase):
         self.assertEqual(self.call("check", "release", "no-such").returncode, 2)
         self.assertEqual(self.calls("cmake"), [])
 
-    def test_ci_calls_check(self):
+    def test_ci_calls_check_with_every_stage(self):
         self.ctest(fails_in="asan")
-        ci = self.call(".ci/run", CI="true")
+        ci = self.call(".ci/run", CI="")
         self.assertNotEqual(ci.returncode, 0)
-        self.assertEqual(len(self.calls("ctest")), 2)
+        with open(os.path.join(ROOT, "check"), encoding="utf-8") as check:
+            stages = re.search("there are: (.*)\"", check.read()).group(1).split()
+        self.assertEqual(re.findall("^== (.*)", ci.stdout, re.M)[:len(stages)], stages)
+        self.assertEqual([c.split()[2] for c in self.calls("ctest")], ["release", "asan"])
+        self.assertEqual(len([c for c in self.calls("cmake") if "-DOSTREL_WARNINGS_AS_ERRORS=ON" in c]), 2)
 
     # --- bench
 
