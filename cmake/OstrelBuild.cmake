@@ -3,6 +3,8 @@
 
 # What every target of the project is built with.
 
+include(OstrelWarnings)
+
 set(CMAKE_AUTOMOC ON)
 set(CMAKE_AUTOUIC ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
@@ -35,7 +37,15 @@ target_compile_definitions(ostrel_house INTERFACE
     QT_NO_FOREACH QT_NO_CONTEXTLESS_CONNECT QT_STRICT_ITERATORS
     QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 target_link_options(ostrel_house INTERFACE -Wl,--no-undefined)
-if(OSTREL_WARNINGS_AS_ERRORS)
+set(warnings_as_errors ${OSTREL_WARNINGS_AS_ERRORS})
+if(OSTREL_WARNINGS_AS_ERRORS STREQUAL PROVEN)
+    ostrel_is_proven(warnings_as_errors "${CMAKE_CXX_COMPILER_ID}" "${CMAKE_CXX_COMPILER_VERSION}" "${Qt6_VERSION}")
+    if(NOT warnings_as_errors)
+        message(STATUS "Warnings are not errors: the tree is not proven to have none by ${CMAKE_CXX_COMPILER_ID} "
+            "${CMAKE_CXX_COMPILER_VERSION} with Qt ${Qt6_VERSION}")
+    endif()
+endif()
+if(warnings_as_errors)
     target_compile_options(ostrel_house INTERFACE -Werror)
 endif()
 if(OSTREL_SANITIZE)

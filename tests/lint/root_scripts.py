@@ -132,32 +132,43 @@ class Scripts(unittest.TestCase):
                       f'mkdir -p "$(dirname "$l")"; echo "1/3 Test #1\n\n{self.SUMMARY}\nTime $p" | tee "$l"\n'
                       f'[ "$p" != "{fails_in}" ]')
 
-    def test_check_runs_every_stage_and_ends_with_the_summaries(self):
+    def test_check_checks_format_and_release(self):
         self.ctest()
+        self.write("tests/lint/house_rules.py", f"open({self.log!r}, 'a').write('house_rules .\\n')")
         check = self.call("check")
+        self.assertEqual(check.returncode, 0, check.stderr)
+        self.assertEqual([c.split()[2] for c in self.calls("ctest")], ["release"])
+        self.assertEqual(len(self.calls("house_rules")), 1)
+
+    def test_check_ends_with_the_summaries_of_all_stages(self):
+        self.ctest()
+        check = self.call("check", "release", "asan")
         self.assertEqual(check.returncode, 0, check.stderr)
         self.assertEqual([c.split()[2] for c in self.calls("ctest")], ["release", "asan"])
         self.assertTrue(check.stdout.endswith(
             f"\n== release\n{self.SUMMARY}\nTime release\n\n== asan\n{self.SUMMARY}\nTime asan\n"), check.stdout)
 
-    def test_check_makes_warnings_errors_in_every_build(self):
-        self.ctest()
-        self.call("check")
-        configured = [c for c in self.calls("cmake") if "--build" not in c]
-        self.assertEqual(len(configured), 2)
-        for call in configured:
-            self.assertIn("-DOSTREL_WARNINGS_AS_ERRORS=ON", call)
+    def test_check_makes_warnings_errors_in_every_build_with_proven_versions_only_but_in_ci(self):
+        for ci, wanted in (("", "PROVEN"), ("true", "ON"), ("1", "ON")):
+            with self.subTest(ci):
+                self.ctest()
+                open(self.log, "w").close()
+                self.call("check", "release", "asan", CI=ci)
+                configured = [c for c in self.calls("cmake") if "--build" not in c]
+                self.assertEqual(len(configured), 2)
+                for call in configured:
+                    self.assertTrue(call.endswith(f"-DOSTREL_WARNINGS_AS_ERRORS={wanted}"), call)
 
     def test_check_fails_with_the_first_stage_that_fails(self):
         self.ctest(fails_in="release")
-        check = self.call("check")
+        check = self.call("check", "release", "asan")
         self.assertNotEqual(check.returncode, 0)
         self.assertEqual(len(self.calls("ctest")), 1)
         self.assertTrue(check.stdout.endswith(f"{self.SUMMARY}\nTime release\n"))
 
     def test_check_fails_with_the_last_stage_too(self):
         self.ctest(fails_in="asan")
-        self.assertNotEqual(self.call("check").returncode, 0)
+        self.assertNotEqual(self.call("check", "release", "asan").returncode, 0)
 
     def test_check_fails_when_the_build_fails(self):
         self.ctest()
@@ -188,11 +199,15 @@ class Scripts(unittest.TestCase):
         self.assertEqual(self.call("check", "release", "no-such").returncode, 2)
         self.assertEqual(self.calls("cmake"), [])
 
-    def test_ci_calls_check(self):
+    def test_ci_calls_check_with_every_stage(self):
         self.ctest(fails_in="asan")
-        ci = self.call(".ci/run", CI="true")
+        ci = self.call(".ci/run", CI="")
         self.assertNotEqual(ci.returncode, 0)
-        self.assertEqual(len(self.calls("ctest")), 2)
+        with open(os.path.join(ROOT, "check"), encoding="utf-8") as check:
+            stages = re.search("there are: (.*)\"", check.read()).group(1).split()
+        self.assertEqual(re.findall("^== (.*)", ci.stdout, re.M)[:len(stages)], stages)
+        self.assertEqual([c.split()[2] for c in self.calls("ctest")], ["release", "asan"])
+        self.assertEqual(len([c for c in self.calls("cmake") if "-DOSTREL_WARNINGS_AS_ERRORS=ON" in c]), 2)
 
     # --- bench
 
@@ -237,6 +252,11 @@ class Scripts(unittest.TestCase):
         return subprocess.run(["/bin/sh", os.path.join(ROOT, "tools/packages"), *groups],
                               env={"PATH": os.path.join(self.root, "path")}, capture_output=True, text=True, check=False)
 
+    def empty_path(self):
+        shutil.rmtree(os.path.join(self.root, "path"))
+        os.mkdir(os.path.join(self.root, "path"))
+        open(self.log, "w").close()
+
     def apt(self, installed, known, uid=0):
         """A package manager that has some packages installed and knows some."""
         for tool in ("grep", "env"):
@@ -270,9 +290,7 @@ class Scripts(unittest.TestCase):
     def test_packages_takes_the_svg_plugins_that_the_release_knows(self):
         for known in ("libqt6svg6", "qt6-svg-plugins"):
             with self.subTest(known):
-                shutil.rmtree(os.path.join(self.root, "path"))
-                os.mkdir(os.path.join(self.root, "path"))
-                open(self.log, "w").close()
+                self.empty_path()
                 self.apt(installed=self.ALL, known=known)
                 self.assertEqual(self.packages("build").returncode, 0)
                 self.assertEqual(self.calls("apt-get")[1:],
@@ -290,6 +308,51 @@ class Scripts(unittest.TestCase):
         packages = self.packages("build")
         self.assertEqual(packages.returncode, 1)
         self.assertTrue(packages.stderr.endswith(": cmake\n"), packages.stderr)
+
+    def locked_apt(self, held, command="update"):
+        """A package manager whose `command` meets another one's lock `held` times, and a clock that stands still."""
+        self.apt(installed=self.ALL, known="libqt6svg6")
+        held_file = self.write("path/apt-get.held", "held\n" * held)
+        self.stand_in("path/apt-get", f'[ "$2" = {command} ] || exit 0; read -r line <{held_file} || exit 0\n'
+                      'echo "E: Could not get lock /var/lib/l. It is held by process 7 (apt)" >&2\n'
+                      f'{shutil.which("sed")} -i 1d {held_file}; exit 100')
+        self.stand_in("path/sleep")
+
+    def test_packages_waits_for_the_lock_of_another_package_manager(self):
+        for command in ("update", "install"):
+            with self.subTest(command):
+                self.empty_path()
+                self.locked_apt(held=3, command=command)
+                packages = self.packages("build")
+                self.assertEqual(packages.returncode, 0, packages.stderr)
+                self.assertEqual(len([c for c in self.calls("apt-get") if command in c]), 4)
+                self.assertEqual(len(self.calls("sleep")), 3)
+                self.assertEqual(packages.stderr.count("waiting"), 1)
+                self.assertIn("process 7 (apt)", packages.stderr)
+
+    def test_packages_does_not_wait_for_a_lock_forever(self):
+        self.locked_apt(held=10000)
+        packages = self.packages("build")
+        self.assertNotEqual(packages.returncode, 0)
+        waited = sum(int(c.split()[1]) for c in self.calls("sleep"))
+        self.assertTrue(120 <= waited <= 900, waited)
+        self.assertTrue(packages.stderr.endswith("held by process 7 (apt)\n"), packages.stderr)
+        self.assertEqual([c for c in self.calls("apt-get") if "install" in c], [])
+
+    def test_packages_waits_for_nothing_but_a_lock(self):
+        self.locked_apt(held=0)
+        self.stand_in("path/apt-get", "echo 'E: no network' >&2; exit 100")
+        packages = self.packages("build")
+        self.assertNotEqual(packages.returncode, 0)
+        self.assertEqual(packages.stderr, "E: no network\n")
+        self.assertEqual((len(self.calls("apt-get")), self.calls("sleep")), (1, []))
+
+    def test_packages_hands_warnings_of_apt_on(self):
+        self.apt(installed=self.ALL, known="libqt6svg6")
+        self.stand_in("path/apt-get", "echo out; echo W: something >&2")
+        packages = self.packages("build")
+        self.assertEqual((packages.returncode, packages.stderr), (0, "W: something\n" * 2))
+        self.assertEqual(packages.stdout.count("out\n"), 2)
 
     def test_packages_fails_when_apt_does(self):
         self.apt(installed=self.ALL, known="libqt6svg6")

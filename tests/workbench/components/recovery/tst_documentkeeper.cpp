@@ -501,7 +501,7 @@ void TstDocumentKeeper::opened_document_fills_the_pristine_one()
 
 void TstDocumentKeeper::opened_document_keeps_its_name_and_time_for_the_next_time()
 {
-    const QDateTime changed(QDate(2026, 5, 1), QTime(12, 3), Qt::UTC);
+    const QDateTime changed = QDateTime::fromString(u"2026-05-01T12:03:00Z"_s, Qt::ISODate);
     mKeeper->open({u"/a/part.jou"_s, changed, u"one"_s});
     QVERIFY(keep());
     QCOMPARE(kept().size(), 1);

@@ -46,7 +46,7 @@ void TstKeptDocument::what_is_decoded_is_what_was_encoded()
 {
     QFETCH(const QString, file);
     QFETCH(const QString, text);
-    const QDateTime changed(QDate(2026, 5, 1), QTime(12, 3, 4, 567), Qt::UTC);
+    const QDateTime changed = QDateTime::fromString(u"2026-05-01T12:03:04.567Z"_s, Qt::ISODateWithMs);
     const KeptDocument decoded = KeptDocument::decode(KeptDocument{file, changed, text}.encode());
     QCOMPARE(decoded.file, file);
     QCOMPARE(decoded.changed, changed);

@@ -18,7 +18,7 @@ namespace {
 
 KeptDocument document(const QString& text)
 {
-    return {u"/a/part.jou"_s, QDateTime(QDate(2026, 5, 1), QTime(12, 3), Qt::UTC), text};
+    return {u"/a/part.jou"_s, QDateTime::fromString(u"2026-05-01T12:03:00Z"_s, Qt::ISODate), text};
 }
 
 } // namespace
