@@ -266,7 +266,7 @@ class Scripts(unittest.TestCase):
         self.stand_in("path/dpkg-query", f'case " {installed} " in *" $4 "*) echo installed;; *) exit 1;; esac')
         self.stand_in("path/id", f"echo {uid}")
 
-    ALL = ("g++ cmake ninja-build ccache qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qt6-translations-l10n "
+    ALL = ("g++ cmake ninja-build mold ccache qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qt6-translations-l10n "
            "libgl-dev pybind11-dev python3-dev fonts-dejavu-core libgmsh-dev")
 
     def test_packages_without_apt_names_them_all_and_fails(self):
