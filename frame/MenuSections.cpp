@@ -3,8 +3,11 @@
 
 #include "frame/MenuSections.h"
 
+#include "frame/Alive.h"
+
 #include <QAction>
 #include <QMenu>
+#include <QScopeGuard>
 #include <QToolBar>
 
 #include <algorithm>
@@ -47,6 +50,31 @@ void MenuSections::set_menu(QMenu* filled_menu, QAction* bar_action)
 {
     menu = filled_menu;
     menu_action = bar_action;
+    if (!menu)
+        return;
+    QObject::connect(menu, &QObject::destroyed, &mLife, [this, filled_menu] {
+        if (menu == filled_menu)
+            set_menu(nullptr, nullptr);
+    });
+}
+
+void MenuSections::set_toolbar(QToolBar* filled_toolbar)
+{
+    toolbar = filled_toolbar;
+    if (!toolbar)
+        return;
+    QObject::connect(toolbar, &QObject::destroyed, &mLife, [this, filled_toolbar] {
+        if (toolbar == filled_toolbar)
+            toolbar = nullptr;
+    });
+}
+
+QWidget* MenuSections::widget() const
+{
+    // Of a widget that is being destroyed little is left but a QWidget, and what is in it may call here.
+    if (toolbar)
+        return qobject_cast<QToolBar*>(static_cast<QObject*>(toolbar));
+    return qobject_cast<QMenu*>(static_cast<QObject*>(menu));
 }
 
 MenuSection* MenuSections::find_section(const char* section, int position, int* run, int* total)
@@ -95,7 +123,7 @@ void MenuSections::add_items(std::vector<QAction*>& actions, const char* compone
 {
     int run = 0;
     MenuSection* const target = find_section(section, -1, &run, nullptr);
-    if (!component || (!menu && !toolbar) || actions.empty())
+    if (!component || !widget() || actions.empty())
         return;
 
     // Widgets only append here: what stands behind the target is taken out and put in again.
@@ -107,7 +135,7 @@ void MenuSections::add_items(std::vector<QAction*>& actions, const char* compone
             for (MenuEntry* entry : (*it)->entries)
                 take_out(*entry);
         if (toolbar)
-            toolbar->clear();
+            mSteps.push_back({Step::Kind::Clear, nullptr});
         for (auto it = first; it != later; ++it)
             for (MenuEntry* entry : (*it)->entries)
                 put_in(*entry);
@@ -127,11 +155,12 @@ void MenuSections::add_items(std::vector<QAction*>& actions, const char* compone
 
     for (auto behind = later; behind != sections.end(); ++behind)
         put_in_again(**behind, run);
+    change_widget();
 }
 
 void MenuSections::remove_items(const char* component)
 {
-    if (!component || (!menu && !toolbar))
+    if (!component || !widget())
         return;
 
     const QString owner = QString::fromUtf8(component);
@@ -155,7 +184,8 @@ void MenuSections::remove_items(const char* component)
     }
     // What is left is not put back, which is intended; see the header.
     if (lost_toolbar_separator)
-        toolbar->clear();
+        mSteps.push_back({Step::Kind::Clear, nullptr});
+    change_widget();
 }
 
 void MenuSections::get_items(std::vector<QAction*>& out, const char* section) const
@@ -173,33 +203,25 @@ void MenuSections::get_items(std::vector<QAction*>& out, const char* section) co
 
 void MenuSections::take_out(MenuEntry& entry)
 {
-    if (!entry.action) {
-        // Separators are this class's own. Deleting one removes it from its widget.
-        delete entry.shown;
-        entry.separator = nullptr;
+    if (entry.action) {
+        mSteps.push_back({Step::Kind::Remove, entry.shown});
         return;
     }
-    if (!entry.shown)
-        return;
-    if (toolbar)
-        toolbar->removeAction(entry.action);
-    else
-        menu->removeAction(entry.action);
+    // Separators are this class's own. Deleting one removes it from its widget.
+    mSteps.push_back({Step::Kind::Delete, entry.shown});
+    entry.shown = nullptr;
+    entry.separator = nullptr;
 }
 
 void MenuSections::put_in(MenuEntry& entry)
 {
     if (!entry.action) {
-        entry.shown = toolbar ? toolbar->addSeparator() : menu->addSeparator();
-        entry.separator = toolbar ? nullptr : entry.shown.data();
-        return;
+        auto* separator = new QAction(&mLife);
+        separator->setSeparator(true);
+        entry.shown = separator;
+        entry.separator = toolbar ? nullptr : separator;
     }
-    if (!entry.shown)
-        return;
-    if (toolbar)
-        toolbar->addAction(entry.action);
-    else
-        menu->addAction(entry.action);
+    mSteps.push_back({Step::Kind::Add, entry.shown});
 }
 
 void MenuSections::put_in_again(MenuSection& section, int& run)
@@ -215,4 +237,53 @@ void MenuSections::put_in_again(MenuSection& section, int& run)
         put_in(*entry);
     }
     std::erase(section.entries, nullptr);
+}
+
+void MenuSections::change_widget()
+{
+    // The call that is under way does these steps, too.
+    if (mChanging)
+        return;
+    mChanging = true;
+    const Alive alive(&mLife);
+    const auto done = qScopeGuard([&] {
+        if (alive)
+            mChanging = false;
+    });
+    while (alive && !mSteps.empty()) {
+        const Step step = mSteps.front();
+        mSteps.pop_front();
+        do_step(step);
+    }
+}
+
+// At most one call out, at its end.
+void MenuSections::do_step(const Step& step)
+{
+    QWidget* const changed = widget();
+    if (!changed || (!step.action && step.kind != Step::Kind::Clear))
+        return;
+    switch (step.kind) {
+    case Step::Kind::Add:
+        if (step.action->parent() == &mLife) {
+            // Belongs to its widget, as one of QMenu's own does; the widget tells of that as well.
+            mSteps.push_front(step);
+            step.action->setParent(changed);
+        } else {
+            changed->addAction(step.action);
+        }
+        break;
+    case Step::Kind::Remove:
+        changed->removeAction(step.action);
+        break;
+    case Step::Kind::Delete:
+        delete step.action;
+        break;
+    case Step::Kind::Clear: {
+        const QList<QAction*> shown = changed->actions();
+        for (auto action = shown.rbegin(); action != shown.rend(); ++action)
+            mSteps.push_front({Step::Kind::Remove, *action});
+        break;
+    }
+    }
 }

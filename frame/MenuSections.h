@@ -3,14 +3,17 @@
 
 #pragma once
 
+#include <QObject>
 #include <QPointer>
 #include <QString>
 
+#include <deque>
 #include <vector>
 
 class QAction;
 class QMenu;
 class QToolBar;
+class QWidget;
 
 /** One action or separator of a menu or toolbar. */
 struct MenuEntry
@@ -19,7 +22,7 @@ struct MenuEntry
     QString owner;
     /** Not owned; null for a separator. */
     QAction* action = nullptr;
-    /** What QMenu::addSeparator() gave. Null for an action, and always on a toolbar. */
+    /** The separator that stands in the menu. Null for an action, and always on a toolbar. */
     QAction* separator = nullptr;
     /** The action or separator that stands in the widget. Null once that is deleted by someone else, which
      * the pointers above do not notice: the entry then goes on counting, but nothing is to be reached through
@@ -43,7 +46,12 @@ struct MenuSection
  * that owns it. It keeps the order while components come and go, and takes away what one of them added.
  *
  * Names are compared exactly and case-sensitively; they are UTF-8. Neither the widget nor the actions are
- * owned. GUI thread only.
+ * owned. Once the widget is deleted, by whomever, its pointers are null and the list works as one without.
+ *
+ * Widgets tell others of each change (event filters, the end of a separator), who may call the list again,
+ * delete it, its widget or its actions. So the entries are brought up to date first, and the widget is
+ * changed afterwards, step by step. What such a call changes is in the entries when it returns, and in the
+ * widget when the call that was there before has done its own steps. GUI thread only.
  */
 class MenuSections
 {
@@ -57,7 +65,7 @@ public:
     /** Sets the menu to fill. @p bar_action stands for it in the menu bar; may be null. */
     void set_menu(QMenu* filled_menu, QAction* bar_action);
     /** Sets the toolbar to fill. */
-    void set_toolbar(QToolBar* filled_toolbar) { toolbar = filled_toolbar; }
+    void set_toolbar(QToolBar* filled_toolbar);
 
     /**
      * Finds a section, or makes it.
@@ -97,6 +105,11 @@ public:
      */
     void get_items(std::vector<QAction*>& out, const char* section) const;
 
+    /** The menu or the toolbar. Null if there is none, and as soon as its destruction has begun. */
+    QWidget* widget() const;
+    /** Whether a call is changing the widget just now, so that it does not show yet what the list holds. */
+    bool is_changing() const { return mChanging; }
+
     std::vector<MenuSection*> sections;
     QString name;
     QToolBar* toolbar = nullptr;
@@ -104,7 +117,27 @@ public:
     QAction* menu_action = nullptr;
 
 private:
+    /** A change of the widget that is due. */
+    struct Step
+    {
+        enum class Kind {
+            Add,
+            Remove,
+            Delete,
+            Clear,
+        };
+        Kind kind;
+        QPointer<QAction> action;
+    };
+
     void take_out(MenuEntry& entry);
     void put_in(MenuEntry& entry);
     void put_in_again(MenuSection& section, int& run);
+    void change_widget();
+    void do_step(const Step& step);
+
+    std::deque<Step> mSteps;
+    bool mChanging = false;
+    /** Lives as long as the list, whose class is no QObject; holds separators until they are shown. */
+    QObject mLife;
 };
