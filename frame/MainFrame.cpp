@@ -4,6 +4,7 @@
 #include "frame/MainFrame.h"
 
 #include "console/CommandWindow.h"
+#include "frame/Alive.h"
 #include "frame/EventCatcher.h"
 #include "frame/Ostrel.h"
 #include "frame/OstrelEventFilter.h"
@@ -18,9 +19,12 @@
 #include <QEvent>
 #include <QFontDatabase>
 #include <QPixmap>
+#include <QPointer>
 #include <QScreen>
 #include <QSettings>
 #include <QSplashScreen>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -68,6 +72,7 @@ struct MainFramePrivate
     // Destroyed from the last to the first: the splash screen goes before the resources.
     std::unique_ptr<NavigationResourcesDelay> resources = std::make_unique<NavigationResourcesDelay>();
     std::unique_ptr<QSplashScreen> splash;
+    bool tracks = false;
 };
 
 MainFrame::MainFrame()
@@ -90,24 +95,44 @@ bool MainFrame::load_gui()
         qWarning("MainFrame::load_gui: a frame that has been unloaded cannot be loaded again; make another");
         return false;
     }
+    // There is one window. The catcher is there as soon as its building has begun.
+    if (mEventCatcher)
+        return is_loaded();
     mApplication = gui_application();
-    if (mApplication) {
-        // Before the window, whose console asks for the font. Without it the console takes what Qt offers.
-        QFontDatabase::addApplicationFont(u":/ostrelgui/fonts/Inconsolata-Regular.ttf"_s);
-        mEventCatcher = new EventCatcher(mApplication);
-        mMainWindow = new Ostrel(nullptr, nullptr);
-        if (fits_with_room(mMainWindow->size(), QGuiApplication::primaryScreen()->geometry().size()))
-            mMainWindow->show();
-        else
-            mMainWindow->showMaximized();
-
-        Broker::command.set_command_window(mMainWindow->command_line());
-        const QString directory = navigation_directory();
-        mPrivate->resources->model = mMainWindow->navigation_model();
-        read_navigation(directory, mPrivate->resources.get(), mMainWindow->navigation_model());
-    }
-    Broker::instance()->add_component_tracker(this);
+    if (mApplication && !build_window())
+        return false;
+    // Without an application there may be a second try.
+    if (!std::exchange(mPrivate->tracks, true))
+        Broker::instance()->add_component_tracker(this);
     return is_loaded();
+}
+
+// Returns whether nobody has unloaded the frame meanwhile, which may then be gone altogether.
+bool MainFrame::build_window()
+{
+    // Before the window, whose console asks for the font. Without it the console takes what Qt offers.
+    QFontDatabase::addApplicationFont(u":/ostrelgui/fonts/Inconsolata-Regular.ttf"_s);
+    mEventCatcher = new EventCatcher(mApplication);
+    const QPointer<EventCatcher> catcher(mEventCatcher);
+    auto* const window = new Ostrel(nullptr, nullptr);
+    if (!catcher) {
+        delete window;
+        return false;
+    }
+    mMainWindow = window;
+    const Alive alive(catcher.data(), window);
+    if (fits_with_room(window->size(), QGuiApplication::primaryScreen()->geometry().size()))
+        window->show();
+    else
+        window->showMaximized();
+    if (alive)
+        Broker::command.set_command_window(window->command_line());
+    if (!alive)
+        return false;
+    const QString directory = navigation_directory();
+    mPrivate->resources->model = window->navigation_model();
+    read_navigation(directory, mPrivate->resources.get(), window->navigation_model());
+    return bool(alive);
 }
 
 void MainFrame::unload_gui()
@@ -117,12 +142,11 @@ void MainFrame::unload_gui()
     if (mMainWindow) {
         // From here on the framework must not print to a console that is about to go.
         Broker::command.set_command_window(nullptr);
-        delete mMainWindow;
+        // What goes with it may call here once more.
+        delete std::exchange(mMainWindow, nullptr);
     }
-    delete mEventCatcher;
+    delete std::exchange(mEventCatcher, nullptr);
     mApplication = nullptr;
-    mEventCatcher = nullptr;
-    mMainWindow = nullptr;
 }
 
 void MainFrame::new_event()
@@ -200,14 +224,15 @@ void MainFrame::finish_splash()
 {
     if (!mPrivate || !mPrivate->splash)
         return;
-    mPrivate->splash->close();
-    mPrivate->splash.reset();
+    const std::unique_ptr<QSplashScreen> splash = std::move(mPrivate->splash);
+    splash->close();
 }
 
 void MainFrame::component_loaded(const char* name)
 {
-    mPrivate->resources->recheckResources();
-    // The tracker is registered even when no window could be built.
+    // The tracker is registered even when no window could be built, and may be told late.
+    if (mPrivate)
+        mPrivate->resources->recheckResources();
     if (mMainWindow)
         mMainWindow->component_finished_loading(name);
 }

@@ -35,12 +35,13 @@ public:
     bool is_loaded() override;
     /**
      * Builds and shows the main window, makes the console the framework's output, reads the navigation files,
-     * prints what the reader has to say, and registers as a component tracker. To be called once only.
-     * After unload_gui() it warns and does nothing: another MainFrame can bring the interface up again.
+     * prints what the reader has to say, and registers as a component tracker. While there is a window it
+     * does nothing. After unload_gui() it warns and does nothing: another MainFrame can bring the interface
+     * up again, and should only do so then, since there is one main window at a time.
      *
      * Without a QApplication nothing is built, but the tracker is registered all the same.
      *
-     * @return is_loaded().
+     * @return is_loaded(); false if what it calls has called unload_gui().
      */
     bool load_gui() override;
     /**
@@ -93,12 +94,13 @@ public:
 
     /**
      * Looks again at the navigation entries that wait for a component, and has the main window emit
-     * Ostrel::componentLoaded(). Without a main window only the former happens. Not to be called after
-     * unload_gui(), which ends the tracking.
+     * Ostrel::componentLoaded(). Without a main window only the former happens, after unload_gui() nothing.
      */
     void component_loaded(const char* name) override;
 
 private:
+    bool build_window();
+
     std::unique_ptr<MainFramePrivate> mPrivate;
     QApplication* mApplication;
     EventCatcher* mEventCatcher;

@@ -3,8 +3,11 @@
 
 #include "frame/OstrelEventFilter.h"
 
+#include "frame/Alive.h"
+
 #include <QCoreApplication>
 #include <QEvent>
+#include <QPointer>
 
 #include <chrono>
 
@@ -49,11 +52,16 @@ public:
     {
         QCoreApplication::instance()->installEventFilter(mFilter);
     }
-    ~ApplicationFilter() { QCoreApplication::instance()->removeEventFilter(mFilter); }
+    ~ApplicationFilter()
+    {
+        // One that has been deleted meanwhile is not called any more.
+        if (mFilter)
+            QCoreApplication::instance()->removeEventFilter(mFilter);
+    }
     Q_DISABLE_COPY_MOVE(ApplicationFilter)
 
 private:
-    QObject* mFilter;
+    QPointer<QObject> mFilter;
 };
 
 } // namespace
@@ -67,14 +75,19 @@ void OstrelEventFilter::processEvents(bool force)
     const double now = steady_seconds();
     if (!force && now - mLastProcess < shortest_interval)
         return;
+    const Alive alive(this);
     do_process();
+    if (!alive)
+        return;
     // The time before the run: a long one must not push the next one back.
     mLastProcess = now;
 }
 
 void OstrelEventFilter::addObject(QObject* object)
 {
-    mAllowed.insert(object);
+    // Another object may come to lie at the address of one that is gone.
+    if (mAllowed.insert(object).second && object)
+        connect(object, &QObject::destroyed, this, &OstrelEventFilter::removeObject, Qt::UniqueConnection);
 }
 
 void OstrelEventFilter::removeObject(QObject* object)

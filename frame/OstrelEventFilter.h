@@ -36,7 +36,7 @@ public:
      * An exception from an event handler passes through. The filter is then gone as usual, and the run does
      * not count for the interval.
      *
-     * No handler may destroy the filter, and so the main window, during the run.
+     * A handler may destroy the filter, and so the main window. The rest of the run goes unfiltered then.
      *
      * @param force  false does nothing within 0.5 seconds of the start of the last run.
      */
@@ -45,8 +45,7 @@ public:
     /**
      * Lets input to @p object and to everything below it pass. A second time makes no difference.
      *
-     * The object is not owned and is never touched; only its address is compared. One that dies while allowed
-     * need not be removed, but another object that comes to lie at its address is then allowed too. Null is
+     * The object is not owned. One that is deleted is allowed no more, and need not be removed. Null is
      * harmless.
      */
     void addObject(QObject* object);

@@ -32,7 +32,7 @@ void ProgressControl::start_session(const char* name, bool process)
     mSession = QString::fromUtf8(name);
     ui->mProgress->reset();
     if (process)
-        Ostrel::instance()->mEventFilter->processEvents(false);
+        run_waiting_events();
 }
 
 void ProgressControl::update_session(const char* name, int percent)
@@ -43,7 +43,15 @@ void ProgressControl::update_session(const char* name, int percent)
     if (value == ui->mProgress->value())
         return;
     ui->mProgress->setValue(value);
-    Ostrel::instance()->mEventFilter->processEvents(false);
+    run_waiting_events();
+}
+
+void ProgressControl::run_waiting_events()
+{
+    // The filter of the one main window, which may be gone: with what the bar has told, or before a second
+    // one.
+    if (const Ostrel* const window = Ostrel::instance())
+        window->mEventFilter->processEvents(false);
 }
 
 void ProgressControl::end_session(const char* name)

@@ -62,6 +62,8 @@ public slots:
     void cancel_progress();
 
 private:
+    static void run_waiting_events();
+
     QString mSession;
     std::unique_ptr<Ui::QtProgressControl> ui;
     int mCancelCount = 0;

@@ -7,6 +7,7 @@
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/ComponentTracker.h"
 #include "hostdouble/HostDouble.h"
+#include "support/EventActor.h"
 #include "support/TestCase.h"
 #include "support/windows.h"
 
@@ -161,6 +162,16 @@ private slots:
     void window_closed_by_the_user_is_unloaded_too();
     void one_life_leaves_nothing_to_the_next();
 
+    void loading_again_does_nothing();
+    void loading_while_loading_does_nothing();
+    void frame_may_be_unloaded_while_it_loads_data();
+    void frame_may_be_unloaded_while_it_loads();
+    void frame_may_be_unloaded_while_it_is_unloaded();
+    void frame_may_be_unloaded_while_the_queue_runs_data();
+    void frame_may_be_unloaded_while_the_queue_runs();
+    void frame_may_be_unloaded_by_what_it_announces();
+    void frame_may_be_unloaded_while_its_splash_closes();
+
     void new_event_is_posted_not_sent();
     void new_event_needs_an_application_behind_the_catcher();
     void new_event_has_normal_priority();
@@ -186,6 +197,7 @@ private slots:
     void message_and_finish_do_nothing_without_splash();
 
     void loaded_component_is_rechecked_then_announced();
+    void component_loaded_after_unloading_is_not_announced();
     void other_component_calls_have_no_effect();
 };
 
@@ -627,6 +639,133 @@ void TstMainFrame::one_life_leaves_nothing_to_the_next()
     QVERIFY(!first_calls.contains(announcement()));
 }
 
+void TstMainFrame::loading_again_does_nothing()
+{
+    LoadedFrame frame;
+    const Ostrel* const window = Ostrel::instance();
+    host().take_calls();
+    QVERIFY(frame.load_gui());
+    QCOMPARE(host().take_calls(), QStringList());
+    QCOMPARE(Ostrel::instance(), window);
+    QCOMPARE(host().trackers.size(), size_t(1));
+    frame.unload_gui();
+    QVERIFY(!Ostrel::instance());
+    QVERIFY(!top_level_names().contains(u"Ostrel"_s));
+}
+
+void TstMainFrame::loading_while_loading_does_nothing()
+{
+    MainFrame frame;
+    QList<bool> loaded;
+    host().on_record = [&](const QString&) { loaded << frame.load_gui(); };
+    QVERIFY(frame.load_gui());
+    host().on_record = nullptr;
+    // From the building of the window, and from behind it.
+    QVERIFY(loaded.contains(false));
+    QVERIFY(loaded.contains(true));
+    QCOMPARE(host().calls.count(u"BrokerCommand::set_command_window(set)"_s), 1);
+    QCOMPARE(host().trackers.size(), size_t(1));
+    frame.unload_gui();
+    QVERIFY(!top_level_names().contains(u"Ostrel"_s));
+}
+
+void TstMainFrame::frame_may_be_unloaded_while_it_loads_data()
+{
+    QTest::addColumn<QString>("moment");
+    for (const char* moment : {"CLParser::batch_mode", "Framework::python_interpreter",
+                               "BrokerCommand::set_command_window(set)", "BrokerCommand::operator<<"})
+        QTest::newRow(moment) << QString::fromLatin1(moment);
+}
+
+void TstMainFrame::frame_may_be_unloaded_while_it_loads()
+{
+    QFETCH(const QString, moment);
+    host().navigation_messages = {u"first"_s, u"second"_s};
+    MainFrame frame;
+    bool unloaded = false;
+    host().on_record = [&](const QString& call) {
+        if (!unloaded && call.startsWith(moment)) {
+            unloaded = true;
+            frame.unload_gui();
+        }
+    };
+    QVERIFY(!frame.load_gui());
+    host().on_record = nullptr;
+    QVERIFY(unloaded);
+    QVERIFY(!frame.is_loaded());
+    QVERIFY(!Ostrel::instance());
+    QVERIFY(host().trackers.empty());
+    QVERIFY(!top_level_names().contains(u"Ostrel"_s));
+}
+
+void TstMainFrame::frame_may_be_unloaded_while_it_is_unloaded()
+{
+    for (const QString& moment : {u"Mediator::remove_component_tracker(set)"_s,
+                                  u"BrokerCommand::set_command_window(null)"_s, u"window gone"_s}) {
+        LoadedFrame frame;
+        connect(Ostrel::instance(), &QObject::destroyed, this, [] { host().record(u"window gone"_s); });
+        bool again = false;
+        host().on_record = [&](const QString& call) {
+            if (!again && call == moment) {
+                again = true;
+                frame.unload_gui();
+                frame.set_status_text("late");
+            }
+        };
+        frame.unload_gui();
+        host().on_record = nullptr;
+        QVERIFY(again);
+        QVERIFY(!frame.is_loaded());
+    }
+}
+
+void TstMainFrame::frame_may_be_unloaded_while_the_queue_runs_data()
+{
+    QTest::addColumn<QString>("call");
+    for (const char* call : {"start", "update", "check"})
+        QTest::newRow(call) << QString::fromLatin1(call);
+}
+
+void TstMainFrame::frame_may_be_unloaded_while_the_queue_runs()
+{
+    QFETCH(const QString, call);
+    LoadedFrame frame;
+    if (call == u"update"_s)
+        frame.start_progress_session("work", 0);
+    host().on_handle_new_event = [&] { frame.unload_gui(); };
+    frame.new_event();
+    if (call == u"start"_s)
+        frame.start_progress_session("work", 1);
+    else if (call == u"update"_s)
+        frame.update_progress_session("work", 50);
+    else
+        frame.check_interrupt_session("work");
+    QCOMPARE(announcements(), 1);
+    QVERIFY(!frame.is_loaded());
+    QVERIFY(!Ostrel::instance());
+}
+
+void TstMainFrame::frame_may_be_unloaded_by_what_it_announces()
+{
+    LoadedFrame frame;
+    connect(Ostrel::instance(), &Ostrel::componentLoaded, this, [&] { frame.unload_gui(); });
+    frame.component_loaded("geometry");
+    QVERIFY(!frame.is_loaded());
+}
+
+void TstMainFrame::frame_may_be_unloaded_while_its_splash_closes()
+{
+    LoadedFrame frame;
+    frame.start_splash(nullptr);
+    const EventActor actor(splash_screens().constFirst(), QEvent::Close, [&] {
+        frame.unload_gui();
+        return false;
+    });
+    frame.finish_splash();
+    QVERIFY(actor.has_acted());
+    QVERIFY(splash_screens().isEmpty());
+}
+
 void TstMainFrame::new_event_is_posted_not_sent()
 {
     AnnouncementWatch watch;
@@ -934,6 +1073,16 @@ void TstMainFrame::loaded_component_is_rechecked_then_announced()
     host().trackers.front()->component_loaded("geometry");
     QCOMPARE(host().take_calls(),
              (QStringList{u"NavigationResourcesDelay::recheckResources()"_s, u"announced geometry"_s}));
+}
+
+void TstMainFrame::component_loaded_after_unloading_is_not_announced()
+{
+    MainFrame frame;
+    frame.load_gui();
+    frame.unload_gui();
+    host().take_calls();
+    frame.component_loaded("geometry");
+    QCOMPARE(host().take_calls(), QStringList());
 }
 
 void TstMainFrame::other_component_calls_have_no_effect()

@@ -32,6 +32,7 @@ protected:
 private slots:
     void premise_there_is_no_gui_application();
     void loading_only_registers_the_tracker();
+    void second_try_registers_no_second_time();
     void nothing_works_after_such_a_load();
     void splash_is_not_shown();
     void loaded_component_is_rechecked_only();
@@ -65,6 +66,16 @@ void TstMainFrameCore::loading_only_registers_the_tracker()
     QVERIFY(!frame.is_loaded());
     QCOMPARE(host().take_calls(), QStringList{u"Mediator::add_component_tracker(set)"_s});
     QCOMPARE(host().trackers, std::vector<ComponentTracker*>{&frame});
+}
+
+void TstMainFrameCore::second_try_registers_no_second_time()
+{
+    MainFrame frame;
+    frame.load_gui();
+    QVERIFY(!frame.load_gui());
+    QCOMPARE(host().trackers, std::vector<ComponentTracker*>{&frame});
+    frame.unload_gui();
+    QVERIFY(host().trackers.empty());
 }
 
 void TstMainFrameCore::nothing_works_after_such_a_load()

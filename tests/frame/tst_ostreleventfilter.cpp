@@ -16,7 +16,11 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include <array>
+#include <cstddef>
 #include <functional>
+#include <memory>
+#include <new>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -125,6 +129,8 @@ private slots:
     void allowed_object_passes_with_all_below_it();
     void object_added_twice_is_removed_at_once();
     void removing_an_object_that_is_not_allowed_changes_nothing();
+    void new_object_in_the_place_of_an_allowed_one_is_not_allowed();
+    void filter_may_be_deleted_while_the_queue_runs();
 
     void first_unforced_run_takes_place();
     void second_unforced_run_waits_for_half_a_second();
@@ -215,6 +221,33 @@ void TstOstrelEventFilter::removing_an_object_that_is_not_allowed_changes_nothin
     filter.removeObject(&other);
     QVERIFY(!filter.swallows(&allowed, QEvent::KeyPress));
     QVERIFY(filter.swallows(&other, QEvent::KeyPress));
+}
+
+void TstOstrelEventFilter::new_object_in_the_place_of_an_allowed_one_is_not_allowed()
+{
+    OpenFilter filter;
+    filter.addObject(nullptr);
+    alignas(QObject) std::array<std::byte, sizeof(QObject)> place;
+    auto* object = new (place.data()) QObject;
+    filter.addObject(object);
+    filter.addObject(object);
+    QVERIFY(!filter.swallows(object, QEvent::KeyPress));
+    object->~QObject();
+    object = new (place.data()) QObject;
+    QVERIFY(filter.swallows(object, QEvent::KeyPress));
+    object->~QObject();
+}
+
+void TstOstrelEventFilter::filter_may_be_deleted_while_the_queue_runs()
+{
+    auto filter = std::make_unique<OstrelEventFilter>();
+    Handler handler([&] { filter.reset(); });
+    handler.post();
+    OstrelEventFilter* const called = filter.get();
+    called->processEvents(true);
+    QCOMPARE(handler.handled, 1);
+    QVERIFY(!filter);
+    QVERIFY(input_passes());
 }
 
 void TstOstrelEventFilter::first_unforced_run_takes_place()

@@ -134,6 +134,14 @@ void HostDouble::reset()
     *this = HostDouble();
 }
 
+void HostDouble::record(const QString& call)
+{
+    calls << call;
+    // It may set another one.
+    if (const auto act = on_record)
+        act(call);
+}
+
 QStringList HostDouble::take_calls()
 {
     return std::exchange(calls, {});

@@ -35,7 +35,9 @@ public:
     void reset();
     /** Takes the calls recorded so far out. */
     QStringList take_calls();
-    void record(const QString& call) { calls << call; }
+    void record(const QString& call);
+    /** Called behind each recording, so that a test can act from inside the host. */
+    std::function<void(const QString& call)> on_record;
 
     QStringList calls;
 
