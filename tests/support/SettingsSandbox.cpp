@@ -3,11 +3,24 @@
 
 #include "support/SettingsSandbox.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QSettings>
 
 using namespace Qt::StringLiterals;
 
-SettingsSandbox::SettingsSandbox()
+namespace {
+
+QString usual_folder()
+{
+    const QFileInfo memory(u"/dev/shm"_s);
+    return memory.isDir() && memory.isWritable() ? memory.filePath() : QDir::tempPath();
+}
+
+} // namespace
+
+SettingsSandbox::SettingsSandbox(const QString& folder)
+    : mDirectory((folder.isEmpty() ? usual_folder() : folder) + u"/ostrel-settings-XXXXXX"_s)
 {
     QSettings::setDefaultFormat(QSettings::IniFormat);
     for (const QSettings::Format format : {QSettings::IniFormat, QSettings::NativeFormat}) {

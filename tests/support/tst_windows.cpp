@@ -50,7 +50,7 @@ void TstWindows::window_that_cannot_become_active_is_told()
     QGraphicsScene scene;
     auto* widget = new QWidget;
     scene.addWidget(widget);
-    QVERIFY(!show_active(widget));
+    QVERIFY(!show_active(widget, 50));
 }
 
 OSTREL_TEST(TstWindows)

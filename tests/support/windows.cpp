@@ -8,15 +8,16 @@
 #include <QWidget>
 #include <QWindow>
 
-bool show_active(QWidget* window)
+bool show_active(QWidget* window, int patience)
 {
     window->show();
     window->raise();
     window->activateWindow();
     // A window above another one already counts as active for Qt's own wait when the other one is.
-    return QTest::qWaitForWindowActive(window) && QTest::qWaitFor([window] {
-               return QGuiApplication::focusWindow() == window->window()->windowHandle();
-           });
+    return QTest::qWaitForWindowActive(window, patience) &&
+           QTest::qWaitFor(
+               [window] { return QGuiApplication::focusWindow() == window->window()->windowHandle(); },
+               patience);
 }
 
 QWidget* next_tab_stop(const QWidget* widget)

@@ -5,9 +5,9 @@
 
 class QWidget;
 
-/** Shows @p window and makes it the active one. Returns whether that worked: to be verified, never ignored.
- */
-[[nodiscard]] bool show_active(QWidget* window);
+/** Shows @p window and makes it the active one. Returns whether that worked, within @p patience milliseconds:
+ * to be verified, never ignored. */
+[[nodiscard]] bool show_active(QWidget* window, int patience = 5000);
 
 /** Where the Tab key leads from @p widget. */
 QWidget* next_tab_stop(const QWidget* widget);
