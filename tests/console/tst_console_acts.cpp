@@ -620,25 +620,25 @@ void TstConsoleActs::console_may_go_when_a_mode_is_asked_for()
 void TstConsoleActs::pages_that_go_with_the_console_find_it_whole()
 {
     Console console;
+    // What is derived of it has gone by then.
+    CommandWindow* window = console.window;
     int partings = 0;
     for (const QString& title : {u"one"_s, u"two"_s, u"removed"_s}) {
         auto* page = new PartingPage;
         console.window->add_command_tab(title, page);
         page->on_parting = [&, page] {
             ++partings;
-            CommandWindow& window = *console.window;
-            window.set_tab_warning(page);
-            window.print_data(u"line\n"_s);
-            window.append_command(u"typed"_s);
-            window.clear_contents();
-            window.set_font(QFont());
-            window.set_python_mode(partings % 2 == 1);
-            window.switchTab(page);
-            window.remove_command_tab(page);
+            window->set_tab_warning(page);
+            window->print_data(u"line\n"_s);
+            window->append_command(u"typed"_s);
+            window->clear_contents();
+            window->set_font(QFont());
+            window->set_python_mode(partings % 2 == 1);
+            window->switchTab(page);
+            window->remove_command_tab(page);
         };
     }
     console.window->remove_command_tab(console.tabs()->widget(2));
-    CommandWindow* window = console.window;
     delete window;
     QCOMPARE(partings, 3);
 }
