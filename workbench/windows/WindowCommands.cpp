@@ -236,7 +236,7 @@ WindowCommands::WindowCommands(CommandRegistry& registry, const std::function<vo
                   .forms = {{.clauses = {required_value(window_parameter(windows_to_hide()))}}}});
     registry.add(
         {.name = u"edit"_s,
-         .summary = u"Opens a journal, a Python script or a folded line in the journal editor."_s,
+         .summary = u"Opens a journal or a Python script in the journal editor."_s,
          .help = u"A line that is too long for the console is folded there, and has a number in its mark.\n"
                  "The newest ten are kept."_s,
          .owner = owner,
