@@ -4,6 +4,7 @@
 #include "console/CommandWidget.h"
 
 #include "console/trim.h"
+#include "frame/Alive.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -20,6 +21,8 @@
 #include <QTextLayout>
 
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +45,17 @@ QString without_final_newline(const QString& text)
     return text.endsWith(u'\n') ? text.chopped(1) : text;
 }
 
+/**
+ * Whether @p line starts with @p prompt, as each line does with an empty one.
+ *
+ * Said here, since to Qt an empty line may be a null text, which starts with nothing but null; which lines
+ * are null differs between its versions.
+ */
+bool starts_with_prompt(QStringView line, QStringView prompt)
+{
+    return prompt.isEmpty() || line.startsWith(prompt);
+}
+
 /** As QTextCursor::EndOfBlock, but without laying the block out. */
 QTextCursor end_of(const QTextBlock& block)
 {
@@ -61,6 +75,82 @@ void step_over_prompt(QTextCursor& cursor, qsizetype length, QTextCursor::MoveMo
     cursor.movePosition(QTextCursor::NextCharacter, mode, static_cast<int>(length));
 }
 
+/**
+ * Holds lines that are pasted and dropped back until the base class has done its work.
+ *
+ * The base class inserts from deep inside: behind insertFromMimeData() it goes on with the page, and a drop
+ * has an edit block open meanwhile. What runs the lines may print, which needs the block closed, and may
+ * delete the page. A drag from one page to another ends within the mouse move of the first, so there is one
+ * such holder for all pages.
+ */
+class HeldLines
+{
+public:
+    /** Lets the base class do @p work, then hands over what that has brought. */
+    template <class Work>
+    static void let_base(Work work)
+    {
+        ++depth;
+        work();
+        if (--depth > 0)
+            return;
+        for (const auto& [page, lines] : std::exchange(held(), {})) {
+            if (page)
+                emit page->commandsEntered(lines);
+        }
+    }
+
+    /** Hands over @p lines of @p page, as soon as that may be. */
+    static void hand_over(CommandWidget* page, const QList<QString>& lines)
+    {
+        if (depth > 0)
+            held().append({page, lines});
+        else
+            emit page->commandsEntered(lines);
+    }
+
+private:
+    using Lines = std::pair<QPointer<CommandWidget>, QList<QString>>;
+
+    static QList<Lines>& held()
+    {
+        static QList<Lines> lines;
+        return lines;
+    }
+
+    inline static int depth = 0;
+};
+
+/**
+ * Lets the base class do, with HeldLines, what it does on the mouse: the middle button pastes, and a drag
+ * that begins in the page may end there.
+ */
+class MouseFilter : public QObject
+{
+public:
+    MouseFilter(QWidget* viewport, QObject* parent, std::function<bool(QEvent*)> deliver)
+        : QObject(parent), mDeliver(std::move(deliver))
+    {
+        viewport->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* e) override
+    {
+        if (e->type() != QEvent::MouseMove && e->type() != QEvent::MouseButtonRelease)
+            return false;
+        const auto* mouse = static_cast<QMouseEvent*>(e);
+        const Qt::MouseButtons buttons = mouse->buttons() | mouse->button();
+        if (!(buttons & (Qt::LeftButton | Qt::MiddleButton)))
+            return false;
+        bool taken = true;
+        HeldLines::let_base([&] { taken = mDeliver(e); });
+        return taken;
+    }
+
+private:
+    std::function<bool(QEvent*)> mDeliver;
+};
+
 } // namespace
 
 CommandWidget::CommandWidget(QWidget* parent)
@@ -75,6 +165,8 @@ CommandWidget::CommandWidget(QWidget* parent)
     document()->setMaximumBlockCount(1000);
     setWordWrapMode(QTextOption::NoWrap);
     setFont(console_font(font()));
+    // The base class's way to its mouse handlers.
+    new MouseFilter(viewport(), this, [this](QEvent* e) { return viewportEvent(e); });
 }
 
 CommandWidget::~CommandWidget() = default;
@@ -85,9 +177,9 @@ QList<QString> CommandWidget::getCommands() const
     // The text of all blocks at once: to ask each block for its own takes several times as long.
     const QString text = document()->toRawText();
     for (const QStringView line : qTokenize(text, QChar(QChar::ParagraphSeparator))) {
-        if (line.startsWith(mPrompt))
+        if (starts_with_prompt(line, mPrompt))
             commands.append(line.sliced(mPrompt.size()).toString());
-        else if (line.startsWith(mContinuationPrompt))
+        else if (starts_with_prompt(line, mContinuationPrompt))
             commands.append(line.sliced(mContinuationPrompt.size()).toString());
     }
     return commands;
@@ -190,9 +282,11 @@ void CommandWidget::appendToCommand(const QString& command)
 
 void CommandWidget::insertInCommand(const QString& command)
 {
+    const Alive alive(this);
     if (cursorIndex() < 0)
         setTextCursor(command_end());
-    textCursor().insertText(command);
+    if (alive)
+        textCursor().insertText(command);
 }
 
 void CommandWidget::printPrompt(bool continuation, const char* indent)
@@ -215,15 +309,17 @@ void CommandWidget::setReadOnly(bool readOnly)
 
 bool CommandWidget::event(QEvent* e)
 {
+    const Alive alive(this);
     if (e->type() == QEvent::Enter && mFocusFollowsCursor)
         setFocus(Qt::OtherFocusReason);
     else if (e->type() == QEvent::InputMethod)
         keep_input_in_command(static_cast<QInputMethodEvent*>(e));
-    return QPlainTextEdit::event(e);
+    return !alive || QPlainTextEdit::event(e);
 }
 
 void CommandWidget::keyPressEvent(QKeyEvent* e)
 {
+    const Alive alive(this);
     // Taken before anything moves: all that follows goes by where the caret was.
     const int index = cursorIndex();
     const bool control = e->modifiers().testFlag(Qt::ControlModifier);
@@ -233,18 +329,24 @@ void CommandWidget::keyPressEvent(QKeyEvent* e)
     // A key without text stays where it is, also one that edits, as Shift+Insert does; that is intended.
     if (outside && !copies && !e->text().isEmpty())
         bring_caret_home(index);
+    if (!alive)
+        return;
 
     switch (e->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter: {
         const QString command = currentCommand();
         moveCursor(QTextCursor::End);
+        if (!alive)
+            return;
         // Without modifiers, or Shift+Return would break the line inside the block.
         QKeyEvent plain(e->type(), e->key(), Qt::NoModifier, e->text(), false,
                         static_cast<quint16>(e->count()));
-        QPlainTextEdit::keyPressEvent(&plain);
-        scroll_to_end();
-        new_command(command);
+        HeldLines::let_base([&] { QPlainTextEdit::keyPressEvent(&plain); });
+        if (alive)
+            scroll_to_end();
+        if (alive)
+            new_command(command);
         return;
     }
     case Qt::Key_Home: {
@@ -278,13 +380,13 @@ void CommandWidget::keyPressEvent(QKeyEvent* e)
         if (!control)
             break;
         if (index >= 0)
-            setCurrentCommand(currentCommand().first(index));
+            setCurrentCommand(currentCommand().left(index));
         return;
     case Qt::Key_U:
         if (!control)
             break;
         if (index >= 0)
-            setCurrentCommand(currentCommand().sliced(index));
+            setCurrentCommand(currentCommand().mid(index));
         return;
     case Qt::Key_T: {
         if (!control)
@@ -298,7 +400,8 @@ void CommandWidget::keyPressEvent(QKeyEvent* e)
     default:
         break;
     }
-    QPlainTextEdit::keyPressEvent(e);
+    if (alive)
+        HeldLines::let_base([&] { QPlainTextEdit::keyPressEvent(e); });
 }
 
 void CommandWidget::contextMenuEvent(QContextMenuEvent* e)
@@ -309,25 +412,48 @@ void CommandWidget::contextMenuEvent(QContextMenuEvent* e)
     const bool hasBlocks = document()->blockCount() > 0;
     const QClipboard* clipboard = QGuiApplication::clipboard();
 
+    // What is chosen is done when the menu has closed: it may delete the page, and the menu still works on
+    // itself behind its action.
+    using Slot = void (CommandWidget::*)();
+    Slot chosen = nullptr;
+    const auto add = [&](const QString& text, const QKeySequence& shortcut, Slot slot, bool enabled) {
+        QAction* action = menu->addAction(text);
+        action->setShortcut(shortcut);
+        action->setEnabled(enabled);
+        connect(action, &QAction::triggered, this, [&chosen, slot] { chosen = slot; });
+    };
     // Not guarded as the keys are: the user who asks the menu to cut output gets it cut.
-    menu->addAction(tr("Cu&t"), QKeySequence::Cut, this, &CommandWidget::cut)->setEnabled(hasSelection);
-    menu->addAction(tr("&Copy"), QKeySequence::Copy, this, &CommandWidget::copy)->setEnabled(hasSelection);
-    menu->addAction(tr("&Paste"), QKeySequence::Paste, this, &CommandWidget::paste)
-        ->setEnabled(clipboard && !clipboard->text().isEmpty());
-    menu->addAction(tr("Clear"), this, &CommandWidget::clearToPrompt)->setEnabled(hasBlocks);
+    add(tr("Cu&t"), QKeySequence::Cut, &CommandWidget::cut, hasSelection);
+    add(tr("&Copy"), QKeySequence::Copy, &CommandWidget::copy, hasSelection);
+    add(tr("&Paste"), QKeySequence::Paste, &CommandWidget::paste, clipboard && !clipboard->text().isEmpty());
+    add(tr("Clear"), {}, &CommandWidget::clearToPrompt, hasBlocks);
     menu->addSeparator();
-    menu->addAction(tr("Select All"), this, &CommandWidget::selectAll)->setEnabled(hasBlocks);
+    add(tr("Select All"), {}, &CommandWidget::selectAll, hasBlocks);
     menu->exec(e->globalPos());
+    if (!menu)
+        return;
     delete menu;
+    if (chosen)
+        (this->*chosen)();
 }
 
 void CommandWidget::dropEvent(QDropEvent* e)
 {
+    const Alive alive(this);
     // The base class takes the selection away when the text comes from this page; without one, output is
     // copied.
-    if (hasSelectionOutsideCommand())
+    if (hasSelectionOutsideCommand()) {
+        // The view stays: the base class has yet to see what the pointer is over.
+        const int x = horizontalScrollBar()->value();
+        const int y = verticalScrollBar()->value();
         moveCursor(QTextCursor::End);
-    QPlainTextEdit::dropEvent(e);
+        if (alive)
+            horizontalScrollBar()->setValue(x);
+        if (alive)
+            verticalScrollBar()->setValue(y);
+    }
+    if (alive)
+        HeldLines::let_base([&] { QPlainTextEdit::dropEvent(e); });
 }
 
 void CommandWidget::insertFromMimeData(const QMimeData* source)
@@ -335,11 +461,13 @@ void CommandWidget::insertFromMimeData(const QMimeData* source)
     const QString text = source->text();
     const QStringList lines = text.split(u'\n');
     if (lines.size() > 1) {
-        emit commandsEntered(lines);
+        HeldLines::hand_over(this, lines);
         return;
     }
+    const Alive alive(this);
     insertInCommand(text);
-    ensureCursorVisible();
+    if (alive)
+        ensureCursorVisible();
 }
 
 void CommandWidget::scroll_to_end()
@@ -356,9 +484,13 @@ bool CommandWidget::hasSelectionOutsideCommand() const
 
 void CommandWidget::new_command(const QString& command)
 {
+    const Alive alive(this);
+    // A copy: a slot may change what the reference names.
+    const QString entered = command;
     mPromptShown = false;
     emit resetHistoryIndex();
-    emit commandEntered(command);
+    if (alive)
+        emit commandEntered(entered);
 }
 
 QTextCursor CommandWidget::command_start() const
@@ -376,8 +508,10 @@ QTextCursor CommandWidget::command_end() const
 void CommandWidget::bring_caret_home(int index)
 {
     const bool inPrompt = index < 0 && index + mPrompt.size() >= 0;
+    const Alive alive(this);
     setTextCursor(inPrompt ? command_start() : command_end());
-    scroll_to_end();
+    if (alive)
+        scroll_to_end();
 }
 
 void CommandWidget::keep_word_in_command()

@@ -4,6 +4,7 @@
 #include "console/CommandWindow.h"
 
 #include "console/CommandWidget.h"
+#include "frame/Alive.h"
 #include "host/fennari19/FennarInterface.h"
 #include "resources/load_icon.h"
 
@@ -12,8 +13,10 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QStackedWidget>
 #include <QTabWidget>
 #include <QTextDocument>
 #include <QVBoxLayout>
@@ -35,12 +38,23 @@ QPushButton* make_mode_button(const char* icon, bool checked, const QString& too
     return button;
 }
 
-/** Calls @p act with each page that is a Page, from the first tab to the last. */
+/**
+ * Calls @p act with each page that is a Page, from the first tab to the last.
+ *
+ * What that calls may take pages out, delete them, and delete the console with all of them: those that have
+ * left by then are left out, and so are pages that have come meanwhile.
+ */
 template <class Page, class Act>
 void for_each_page(const QTabWidget* tabs, Act act)
 {
-    for (int index = 0; index < tabs->count(); ++index) {
-        if (auto* page = qobject_cast<Page*>(tabs->widget(index)))
+    QList<QPointer<QWidget>> pages;
+    for (int index = 0; index < tabs->count(); ++index)
+        pages << tabs->widget(index);
+    const Alive alive(tabs);
+    for (const QPointer<QWidget>& known : std::as_const(pages)) {
+        if (!alive)
+            return;
+        if (auto* page = qobject_cast<Page*>(tabs->widget(tabs->indexOf(known))))
             act(page);
     }
 }
@@ -81,6 +95,35 @@ void set_checked_silently(QPushButton* button, bool checked)
     const QSignalBlocker blocker(button);
     button->setChecked(checked);
 }
+
+/**
+ * Marks a mode button while its toggle is followed.
+ *
+ * The button goes on with itself afterwards, so a console that is deleted meanwhile leaves it for later.
+ */
+class FollowedButton
+{
+public:
+    explicit FollowedButton(QPushButton* button) { followed().append(button); }
+    ~FollowedButton() { followed().removeLast(); }
+    Q_DISABLE_COPY_MOVE(FollowedButton)
+
+    /** To be called before the parent of @p button deletes it. */
+    static void spare(QPushButton* button)
+    {
+        if (!followed().contains(button))
+            return;
+        button->setParent(nullptr);
+        button->deleteLater();
+    }
+
+private:
+    static QList<const QPushButton*>& followed()
+    {
+        static QList<const QPushButton*> buttons;
+        return buttons;
+    }
+};
 
 } // namespace
 
@@ -137,6 +180,14 @@ CommandWindow::CommandWindow(QWidget* parent) : QWidget(parent)
 
 CommandWindow::~CommandWindow()
 {
+    // The pages go while the console still stands, so that one which acts on it as it goes finds it whole.
+    // Those that were taken out are children of the stack, too.
+    disconnect(mCommandTab, nullptr, this, nullptr);
+    const auto* stack = mCommandTab->findChild<QStackedWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    while (const QWidget* page = stack->findChild<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        delete page;
+    FollowedButton::spare(mFennarButton);
+    FollowedButton::spare(mPythonButton);
     delete mWarningIcon;
     delete mNoIcon;
 }
@@ -148,8 +199,10 @@ void CommandWindow::set_read_only(bool readOnly)
 
 void CommandWindow::print_prompt(bool useContinue, const char* indent)
 {
+    const Alive alive(this);
     emit readyForPrompt(useContinue, indent);
-    mPromptPrinted = true;
+    if (alive)
+        mPromptPrinted = true;
 }
 
 void CommandWindow::print_data(const QString& output)
@@ -157,8 +210,9 @@ void CommandWindow::print_data(const QString& output)
     // A command can print for a long time while the event loop stands still, so each finished line is brought
     // to the screen from here. The end is looked at first: a receiver may change what the reference names.
     const bool line_finished = output.endsWith(u'\n');
+    const Alive alive(this);
     emit dataToPrint(output);
-    if (!line_finished)
+    if (!alive || !line_finished)
         return;
     // Before the first prompt the program is still starting, and more than this window waits to be drawn.
     // The rectangle is the one within the parent; that is intended.
@@ -191,17 +245,24 @@ void CommandWindow::add_command_tab(const QString& title, QWidget* page)
 {
     if (!page)
         return;
+    const Alive alive(this, page);
     mCommandTab->addTab(page, title);
+    if (!alive)
+        return;
     if (auto* text_page = qobject_cast<QPlainTextEdit*>(page))
         text_page->document()->setMaximumBlockCount(mOtherMaxLines);
-    if (CommandWidget* command_page = command_widget(page)) {
-        command_page->setFont(mFont);
-        // With no limit for command pages, the one for the other pages stays; that is intended.
-        if (mCmdMaxLines != 0)
-            command_page->document()->setMaximumBlockCount(mCmdMaxLines);
-        mCommandTab->setCurrentWidget(command_page);
-        mCurrentCommandWidget = command_page;
-    }
+    CommandWidget* command_page = alive ? command_widget(page) : nullptr;
+    if (!command_page)
+        return;
+    command_page->setFont(mFont);
+    // With no limit for command pages, the one for the other pages stays; that is intended.
+    if (alive && mCmdMaxLines != 0)
+        command_page->document()->setMaximumBlockCount(mCmdMaxLines);
+    if (!alive || mCommandTab->indexOf(page) == -1)
+        return;
+    // First, so that a page chosen while this one is shown stays chosen.
+    mCurrentCommandWidget = command_page;
+    mCommandTab->setCurrentWidget(command_page);
 }
 
 void CommandWindow::remove_command_tab(QWidget* page)
@@ -216,8 +277,10 @@ void CommandWindow::switchTab(QWidget* page)
     const int index = mCommandTab->indexOf(page);
     if (index == -1)
         return;
+    const Alive alive(this, page);
     mCommandTab->setCurrentIndex(index);
-    page->setFocus(Qt::OtherFocusReason);
+    if (alive && page == mCommandTab->currentWidget())
+        page->setFocus(Qt::OtherFocusReason);
 }
 
 void CommandWindow::set_tab_warning(QWidget* page)
@@ -253,8 +316,9 @@ void CommandWindow::clear_tab_warning(const QString& title)
 void CommandWindow::set_cmd_max_lines(int lines)
 {
     mCmdMaxLines = lines;
+    // By the member: what this calls may set another limit, which then is the one for all.
     for_each_page<CommandWidget>(
-        mCommandTab, [lines](CommandWidget* page) { page->document()->setMaximumBlockCount(lines); });
+        mCommandTab, [this](CommandWidget* page) { page->document()->setMaximumBlockCount(mCmdMaxLines); });
 }
 
 int CommandWindow::get_cmd_max_lines() const
@@ -265,9 +329,9 @@ int CommandWindow::get_cmd_max_lines() const
 void CommandWindow::set_other_max_lines(int lines)
 {
     mOtherMaxLines = lines;
-    for_each_page<QPlainTextEdit>(mCommandTab, [this, lines](QPlainTextEdit* page) {
+    for_each_page<QPlainTextEdit>(mCommandTab, [this](QPlainTextEdit* page) {
         if (!command_widget(page))
-            page->document()->setMaximumBlockCount(lines);
+            page->document()->setMaximumBlockCount(mOtherMaxLines);
     });
 }
 
@@ -312,8 +376,9 @@ void CommandWindow::set_focus()
 
 void CommandWindow::current_command_and_index(QString& command, int& index) const
 {
-    command = mCurrentCommandWidget->currentCommand();
-    index = mCurrentCommandWidget->cursorIndex();
+    const CommandWidget* page = if_still_there(mCommandTab, mCurrentCommandWidget);
+    command = page ? page->currentCommand() : QString();
+    index = page ? page->cursorIndex() : 0;
 }
 
 void CommandWindow::set_python_mode(bool python)
@@ -322,7 +387,14 @@ void CommandWindow::set_python_mode(bool python)
         return;
     mPythonMode = python;
     const QString prompt = python ? u">>>"_s : u"Fennar>"_s;
-    for_each_page<CommandWidget>(mCommandTab, [&prompt](CommandWidget* page) { page->setPrompt(prompt); });
+    const Alive alive(this);
+    for_each_page<CommandWidget>(mCommandTab, [&](CommandWidget* page) {
+        // What follows a change of a prompt may have changed the mode back, on all pages.
+        if (mPythonMode == python)
+            page->setPrompt(prompt);
+    });
+    if (!alive || mPythonMode != python)
+        return;
     set_checked_silently(mFennarButton, !python);
     set_checked_silently(mPythonButton, python);
 }
@@ -335,7 +407,11 @@ void CommandWindow::tabPageChanged(int index)
     QWidget* page = mCommandTab->currentWidget();
     if (!page)
         return;
+    const Alive alive(this, page);
     page->setFocus(Qt::OtherFocusReason);
+    // With the focus, another page may have been chosen, or this one taken out.
+    if (!alive || page != mCommandTab->currentWidget())
+        return;
     if (CommandWidget* command_page = command_widget(page))
         mCurrentCommandWidget = command_page;
 }
@@ -345,8 +421,10 @@ void CommandWindow::tabPageChanged(int index)
 
 void CommandWindow::fennar_mode_pushed()
 {
+    const FollowedButton followed(mFennarButton);
+    const Alive alive(this);
     show_first_command_page(mCommandTab);
-    if (!FennarInterface::command_is_python_mode())
+    if (!alive || !FennarInterface::command_is_python_mode() || !alive)
         return;
     set_checked_silently(mPythonButton, false);
     emit commandModeChanged(false);
@@ -354,8 +432,10 @@ void CommandWindow::fennar_mode_pushed()
 
 void CommandWindow::python_mode_pushed()
 {
+    const FollowedButton followed(mPythonButton);
+    const Alive alive(this);
     show_first_command_page(mCommandTab);
-    if (FennarInterface::command_is_python_mode())
+    if (!alive || FennarInterface::command_is_python_mode() || !alive)
         return;
     set_checked_silently(mFennarButton, false);
     emit commandModeChanged(true);

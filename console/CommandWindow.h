@@ -99,9 +99,8 @@ public:
     /** Gives the current CommandWidget the focus, if there is one. */
     void set_focus();
     /**
-     * Tells the command being typed and the caret's index in it.
-     *
-     * There must be a current CommandWidget: the caller has to know that, it is not checked.
+     * Tells the command being typed and the caret's index in it; an empty command and 0 if there is no
+     * current CommandWidget.
      */
     void current_command_and_index(QString& command, int& index) const;
     /**

@@ -18,6 +18,7 @@
 #include "menus/OstrelHelpMenu.h"
 #include "menus/OstrelToolsMenu.h"
 #include "options/OptionsPanel.h"
+#include "workbench/FileDrops.h"
 #include "workbench/PanelOptions.h"
 #include "workbench/WindowKeys.h"
 #include "workbench/apply_python_paths.h"
@@ -424,6 +425,9 @@ bool Workbench::load()
     add_panel_options();
     follow_unloaded_components();
     mKeys = std::make_unique<WindowKeys>(Ostrel::instance());
+    mDrops = std::make_unique<FileDrops>(
+        Ostrel::instance(), mConsole.get(), [this](const QString& command) { run_panel_command(command); },
+        [this](const QString& text) { report_error(text); });
     // The pages of components come below it and go with them; the group stays. Its name sorts behind the
     // pages of the shell, since the dialog opens on the first.
     Ostrel::instance()->options()->add_panel(QCoreApplication::translate("Workbench", "Plugins"), nullptr);
@@ -471,6 +475,7 @@ void Workbench::unload()
     mPlayer.reset();
     if (Ostrel* window = Ostrel::instance())
         mScheme->remove_from_menu(window);
+    mDrops.reset();
     mKeys.reset();
     mFrame.unload_gui();
 }

@@ -19,6 +19,7 @@
 class ColourScheme;
 class ComponentManager;
 class ConsoleOwner;
+class FileDrops;
 class JournalPlayer;
 class LineInterpreter;
 class OutputHandler;
@@ -124,6 +125,7 @@ private:
     std::unique_ptr<JournalPlayer> mPlayer;
     CloseGuard mCloseGuard;
     std::unique_ptr<WindowKeys> mKeys;
+    std::unique_ptr<FileDrops> mDrops;
     std::unique_ptr<ComponentManager> mComponents;
     std::unique_ptr<ColourScheme> mScheme;
     std::unique_ptr<WindowCommands> mWindowCommands;

@@ -773,6 +773,8 @@ void TstCommandWidget::commands_data()
     data_row("the continuation may start with the prompt", u">>"_s, u">"_s, u">>a\n>b"_s, {u"a"_s, u"b"_s});
     data_row("an empty page", one, two, QString(), {});
     data_row("an empty page, an empty prompt", u""_s, two, QString(), {u""_s});
+    data_row("an empty page, an empty continuation prompt", one, u""_s, QString(), {u""_s});
+    data_row("empty lines, no prompts", QString(), QString(), u"\n"_s, {u""_s, u""_s});
     data_row("a line separator stays in its line", one, two, u"$ a\u2028$ b"_s, {u"a\u2028$ b"_s});
     data_row("a hard space stays", one, two, u"$ a\u00A0b"_s, {u"a\u00A0b"_s});
 }

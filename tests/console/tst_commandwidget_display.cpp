@@ -8,6 +8,8 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QPointer>
 #include <QTest>
 #include <QWindow>
 
@@ -23,6 +25,9 @@ private slots:
     void dragging();
     void the_middle_button_pastes_in_the_command_data();
     void the_middle_button_pastes_in_the_command();
+    void the_page_may_go_when_lines_come_by_the_middle_button();
+    void the_page_may_go_when_output_is_dragged_to_it();
+    void the_page_may_go_when_its_output_is_dragged_to_another();
 };
 
 void TstCommandWidgetDisplay::dragging_data()
@@ -80,6 +85,66 @@ void TstCommandWidgetDisplay::the_middle_button_pastes_in_the_command()
                       page.viewport()->mapTo(&page, page.middle_of(at)));
     QCOMPARE(page.state(), after);
     clipboard->clear(QClipboard::Selection);
+}
+
+void TstCommandWidgetDisplay::the_page_may_go_when_lines_come_by_the_middle_button()
+{
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    QVERIFY(clipboard->supportsSelection());
+    QWidget window;
+    const QPointer<Page> page = new Page;
+    page->setParent(&window);
+    page->set_state(u"$ "_s);
+    QVERIFY(show_active(&window));
+    clipboard->setText(u"one\ntwo"_s, QClipboard::Selection);
+    QStringList entered;
+    connect(page, &CommandWidget::commandsEntered, this, [&](const QList<QString>& lines) {
+        entered = lines;
+        delete page;
+    });
+    QTest::mouseClick(window.windowHandle(), Qt::MiddleButton, Qt::NoModifier,
+                      page->viewport()->mapTo(&window, page->middle_of(2)));
+    QVERIFY(!page);
+    QCOMPARE(entered, QStringList({u"one"_s, u"two"_s}));
+    clipboard->clear(QClipboard::Selection);
+}
+
+void TstCommandWidgetDisplay::the_page_may_go_when_output_is_dragged_to_it()
+{
+    QWidget window;
+    const QPointer<Page> page = new Page;
+    page->setParent(&window);
+    page->set_state(u"^one\ntwo|\n$ "_s);
+    QVERIFY(show_active(&window));
+    QStringList entered;
+    connect(page, &CommandWidget::commandsEntered, this, [&](const QList<QString>& lines) {
+        entered = lines;
+        delete page;
+    });
+    QVERIFY(drag_by_mouse(page->viewport(), page->middle_of(1), page->middle_of(10)));
+    QVERIFY(!page);
+    QCOMPARE(entered, QStringList({u"one"_s, u"two"_s}));
+}
+
+void TstCommandWidgetDisplay::the_page_may_go_when_its_output_is_dragged_to_another()
+{
+    QWidget window;
+    auto* layout = new QHBoxLayout(&window);
+    const QPointer<Page> from = new Page;
+    auto* to = new Page;
+    layout->addWidget(from);
+    layout->addWidget(to);
+    from->set_state(u"^one\ntwo|\n$ "_s);
+    QVERIFY(show_active(&window));
+    QStringList entered;
+    connect(to, &CommandWidget::commandsEntered, this, [&](const QList<QString>& lines) {
+        entered = lines;
+        delete from;
+    });
+    const QPoint target = to->viewport()->mapTo(&window, QPoint(20, 20));
+    QVERIFY(drag_by_mouse(from->viewport(), from->middle_of(1), from->viewport()->mapFrom(&window, target)));
+    QVERIFY(!from);
+    QCOMPARE(entered, QStringList({u"one"_s, u"two"_s}));
 }
 
 OSTREL_TEST(TstCommandWidgetDisplay)

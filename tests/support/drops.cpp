@@ -9,23 +9,50 @@
 #include <QMimeData>
 #include <QTest>
 #include <QTimer>
+#include <QUrl>
 #include <QWindow>
 
 #include <chrono>
 
 using namespace std::chrono_literals;
 
+namespace {
+
+Qt::DropAction drop_data(QWidget* target, const QPoint& position, const QMimeData& data,
+                         Qt::DropActions offered, Qt::DropAction proposed)
+{
+    // No other program can be made to drag here, so the events are made by hand.
+    QDragEnterEvent enter(position, offered, &data, Qt::LeftButton, Qt::NoModifier);
+    enter.setDropAction(proposed);
+    QCoreApplication::sendEvent(target, &enter);
+    QDropEvent drop(position, offered, &data, Qt::LeftButton, Qt::NoModifier);
+    drop.setDropAction(proposed);
+    drop.ignore();
+    if (enter.isAccepted())
+        QCoreApplication::sendEvent(target, &drop);
+    return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
+}
+
+} // namespace
+
 bool drop_text(QWidget* target, const QPoint& position, const QString& text)
 {
     QMimeData data;
     data.setText(text);
-    // No other program can be made to drag here, so the events are made by hand.
-    const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
-    QDragEnterEvent enter(position, actions, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(target, &enter);
-    QDropEvent drop(position, actions, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(target, &drop);
-    return enter.isAccepted() && drop.isAccepted();
+    const Qt::DropAction done =
+        drop_data(target, position, data, Qt::CopyAction | Qt::MoveAction, Qt::CopyAction);
+    return done != Qt::IgnoreAction;
+}
+
+Qt::DropAction drop_files(QWidget* target, const QPoint& position, const QStringList& files,
+                          Qt::DropActions offered)
+{
+    QList<QUrl> urls;
+    for (const QString& file : files)
+        urls << QUrl::fromLocalFile(file);
+    QMimeData data;
+    data.setUrls(urls);
+    return drop_data(target, position, data, offered, Qt::MoveAction);
 }
 
 bool drag_by_mouse(QWidget* widget, const QPoint& from, const QPoint& to)

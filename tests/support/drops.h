@@ -4,12 +4,19 @@
 #pragma once
 
 #include <QPoint>
+#include <QStringList>
 
-class QString;
 class QWidget;
 
 /** Drops @p text at @p position of @p target as another program would. Returns whether it was taken. */
 [[nodiscard]] bool drop_text(QWidget* target, const QPoint& position, const QString& text);
+
+/**
+ * Drops files at @p position of @p target as another program would that offers @p offered and proposes to
+ * move them. Returns what was done with them: Qt::IgnoreAction if they were not taken.
+ */
+[[nodiscard]] Qt::DropAction drop_files(QWidget* target, const QPoint& position, const QStringList& files,
+                                        Qt::DropActions offered);
 
 /**
  * Presses the mouse at @p from, drags what is selected there to @p to, and lets go.

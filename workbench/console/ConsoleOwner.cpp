@@ -9,6 +9,7 @@
 #include "workbench/console/CompletionKey.h"
 #include "workbench/console/HistorySearch.h"
 #include "workbench/console/LineInterpreter.h"
+#include "workbench/console/OutputDrag.h"
 
 #include <QScrollBar>
 
@@ -32,7 +33,8 @@ ConsoleOwner::ConsoleOwner(CommandWindow* window, const QString& history_file)
       mHistory(history_file),
       mCompletion(std::make_unique<CompletionKey>(
           mPage.get(), [this](const QString& line, qsizetype caret) { return complete(line, caret); })),
-      mSearch(std::make_unique<HistorySearch>(mPage.get(), mHistory))
+      mSearch(std::make_unique<HistorySearch>(mPage.get(), mHistory)),
+      mOutputDrag(std::make_unique<OutputDrag>(mPage.get()))
 {
     mPage->setObjectName(u"commandPage"_s);
     mPage->setAccessibleName(tr("Command"));

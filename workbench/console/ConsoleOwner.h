@@ -21,6 +21,7 @@ class CompletionKey;
 class HistorySearch;
 class JournalEditor;
 class LineInterpreter;
+class OutputDrag;
 
 /**
  * Puts the pages into the shell's console and connects them with the interpreters.
@@ -122,6 +123,7 @@ private:
     std::unique_ptr<CompletionKey> mCompletion;
     /** Sees keys first: one that ends a search may be for the completion. */
     std::unique_ptr<HistorySearch> mSearch;
+    std::unique_ptr<OutputDrag> mOutputDrag;
     LineInterpreter* mCommands = nullptr;
     LineInterpreter* mPython = nullptr;
     std::function<void(bool)> mModeHandler;

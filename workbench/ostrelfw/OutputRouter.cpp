@@ -35,11 +35,12 @@ OutputRouter& OutputRouter::instance()
 void OutputRouter::set_window(OutputHandler* window)
 {
     flush();
+    end_folded_line();
     mWindow = window;
     if (mListener)
         mListener(window);
     if (mWindow && !mWaiting.isEmpty())
-        mWindow->print_data(std::exchange(mWaiting, {}));
+        mWindow->print_data(mFolder.fold(std::exchange(mWaiting, {})));
 }
 
 void OutputRouter::set_window_listener(std::function<void(OutputHandler*)> listener)
@@ -52,17 +53,21 @@ void OutputRouter::set_fallback(std::function<void(const QString&)> fallback)
     mFallback = std::move(fallback);
 }
 
-void OutputRouter::print(const QString& text)
+void OutputRouter::print(const QString& printed)
 {
-    if (!text.isEmpty())
-        mLineOpen = !text.endsWith(u'\n');
+    if (!printed.isEmpty())
+        mLineOpen = !printed.endsWith(u'\n');
     if (!mWindow) {
         if (mFallback)
-            mFallback(text);
+            mFallback(printed);
         else
-            mWaiting += text;
+            mWaiting += printed;
         return;
     }
+    const QString text = mFolder.fold(printed);
+    // All of it may have been folded.
+    if (text.isEmpty() && !printed.isEmpty())
+        return;
     if (!mGathering) {
         mWindow->print_data(text);
         return;
@@ -93,8 +98,10 @@ void OutputRouter::set_gathering(bool gather)
     flush();
     mGathering = gather;
     // A prompt follows on what has run, and closes the line.
-    if (!gather)
+    if (!gather) {
+        end_folded_line();
         mLineOpen = false;
+    }
     mBudget = painting_budget * nanoseconds_per_millisecond;
     mRefilled.start();
 }
@@ -117,4 +124,11 @@ void OutputRouter::hand_over(const QString& text)
     painting.start();
     mWindow->print_data(text);
     mBudget -= painting.nsecsElapsed();
+}
+
+void OutputRouter::end_folded_line()
+{
+    const QString mark = mFolder.end_line();
+    if (mWindow && !mark.isEmpty())
+        mWindow->print_data(mark);
 }

@@ -3,11 +3,14 @@
 
 #pragma once
 
+#include "workbench/ostrelfw/LineFolder.h"
+
 #include <QElapsedTimer>
 #include <QString>
 #include <QTimer>
 
 #include <functional>
+#include <optional>
 
 class OutputHandler;
 
@@ -19,6 +22,8 @@ class OutputHandler;
  * hundred thousand. While a line runs the router therefore gathers what comes in a flood: once the painting
  * has cost some time, texts are joined and handed over together. They stay in order, and none waits longer
  * than it takes the command to give the shell a turn or to end.
+ *
+ * Lines that are too long for the console are folded. The fallback gets them whole.
  */
 class OutputRouter
 {
@@ -60,13 +65,18 @@ public:
      * the user is to read or to answer something. */
     void flush();
 
+    /** A line that was folded, by the number in its mark; see LineFolder::line(). */
+    std::optional<QString> folded_line(int number) const { return mFolder.line(number); }
+
 private:
     void hand_over(const QString& text);
+    void end_folded_line();
 
     OutputHandler* mWindow = nullptr;
     std::function<void(OutputHandler*)> mListener;
     std::function<void(const QString&)> mFallback;
     QString mWaiting;
+    LineFolder mFolder;
     /** What was gathered. */
     QString mGathered;
     /** How much painting, in nanoseconds, is left of the budget. */

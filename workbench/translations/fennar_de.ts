@@ -332,6 +332,14 @@
         <source>Statement</source>
         <translation>Anweisung</translation>
     </message>
+    <message>
+        <source>A file</source>
+        <translation>Eine Datei</translation>
+    </message>
+    <message>
+        <source>A folded line of the console</source>
+        <translation>Eine gefaltete Zeile der Konsole</translation>
+    </message>
 </context>
 <context>
     <name>ConsoleOwner</name>

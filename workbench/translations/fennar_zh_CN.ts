@@ -332,6 +332,14 @@
         <source>Statement</source>
         <translation>语句</translation>
     </message>
+    <message>
+        <source>A file</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>A folded line of the console</source>
+        <translation>控制台中折叠的行</translation>
+    </message>
 </context>
 <context>
     <name>ConsoleOwner</name>

@@ -27,6 +27,8 @@
 #include <QWindow>
 
 #include <chrono>
+#include <limits>
+#include <optional>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -235,13 +237,24 @@ WindowCommands::WindowCommands(CommandRegistry& registry, const std::function<vo
     registry.add(
         {.name = u"edit"_s,
          .summary = u"Opens a journal or a Python script in the journal editor."_s,
+         .help = u"A line that is too long for the console is folded there, and has a number in its mark.\n"
+                 "The newest ten are kept."_s,
          .owner = owner,
          .run = [this](CommandCall& call) { edit(call); },
          .forms = {{.clauses = {required_value({.name = u"FILE"_s,
                                                 .kind = Kind::InputFile,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal"),
                                                 .filters = &journal_filters,
-                                                .example = u"example.jou"_s})}}}});
+                                                .example = u"example.jou"_s})},
+                    .title = QT_TRANSLATE_NOOP("CommandParameter", "A file")},
+                   {.clauses = {{.keyword = u"line"_s,
+                                 .parameters = {{.name = u"NUMBER"_s,
+                                                 .kind = Kind::WholeNumber,
+                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Number"),
+                                                 .least = 1,
+                                                 .most = std::numeric_limits<int>::max(),
+                                                 .example = u"1"_s}}}},
+                    .title = QT_TRANSLATE_NOOP("CommandParameter", "A folded line of the console")}}});
     registry.add(
         {.name = u"form"_s,
          .summary = u"Shows a command in the command panel."_s,
@@ -337,6 +350,10 @@ void WindowCommands::hide_window(CommandCall& call)
 void WindowCommands::edit(CommandCall& call)
 {
     const QString name = call.text(1, u"the name of a journal file");
+    if (name == "line"_L1 && call.has(2)) {
+        edit_line(call);
+        return;
+    }
     call.expect_end();
     const QFileInfo file(name);
     if (!file.isFile() || !file.isReadable())
@@ -346,6 +363,21 @@ void WindowCommands::edit(CommandCall& call)
     Ostrel* main = Ostrel::instance();
     main->tools_menu()->show_journal_editor();
     main->journal_editor()->open_file(file.absoluteFilePath());
+    wait_until_complete(call, main->journal_editor());
+}
+
+void WindowCommands::edit_line(CommandCall& call)
+{
+    const std::optional<QString> line =
+        OutputRouter::instance().folded_line(call.integer(2, u"the number of a folded line", 1));
+    call.expect_end();
+    if (!has_window(call))
+        return;
+    if (!line)
+        throw call.error(2, u"there is no such line, or it is no longer kept"_s);
+    Ostrel* main = Ostrel::instance();
+    main->tools_menu()->show_journal_editor();
+    main->journal_editor()->add_document(*line);
     wait_until_complete(call, main->journal_editor());
 }
 

@@ -37,6 +37,7 @@ private:
     void show_window(CommandCall& call);
     void hide_window(CommandCall& call);
     void edit(CommandCall& call);
+    void edit_line(CommandCall& call);
     void show_form(CommandCall& call);
     void take_picture(CommandCall& call);
     void wait_until_complete(const CommandCall& call, const QWidget* window) const;

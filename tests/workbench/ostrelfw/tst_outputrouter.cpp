@@ -7,6 +7,7 @@
 #include "workbench/ostrelfw/OutputRouter.h"
 
 #include <QDeadlineTimer>
+#include <QRegularExpression>
 #include <QStringList>
 #include <QTest>
 
@@ -84,6 +85,9 @@ private slots:
     void end_of_gathering_hands_over_and_prints_at_once_again();
     void console_that_goes_gets_what_was_gathered();
     void line_of_its_own_stands_below_an_open_one();
+    void long_line_is_folded_on_the_console_only();
+    void long_line_that_waited_is_folded();
+    void folded_line_is_ended_by_the_prompt_and_with_the_console();
 };
 
 void TstOutputRouter::tear_down()
@@ -258,6 +262,58 @@ void TstOutputRouter::line_of_its_own_stands_below_an_open_one()
     router.set_gathering(false);
     router.print_line(u"four"_s);
     QCOMPARE(console.printed.join(QString()), u"thread\nthree\nopenfour\n"_s);
+}
+
+void TstOutputRouter::long_line_is_folded_on_the_console_only()
+{
+    RecordingHandler console;
+    OutputRouter& router = OutputRouter::instance();
+    const QString line = u"a long line "_s.repeated(100'000);
+    QString taken;
+    router.set_fallback([&](const QString& text) { taken += text; });
+    router.print(line + u'\n');
+    QVERIFY(taken == line + u'\n');
+    router.set_window(&console);
+    router.print(line);
+    router.print(line);
+    router.print(u"\n"_s);
+    const QString shown = console.printed.join(QString());
+    QVERIFY2(shown.size() < 5000, qPrintable(QString::number(shown.size())));
+    QVERIFY(shown.startsWith(line.first(1000)));
+    const QRegularExpressionMatch mark =
+        QRegularExpression(u"\\[2400000 characters; \"edit line (\\d+)\" shows the line whole\\]\n$"_s)
+            .match(shown);
+    QVERIFY(mark.hasMatch());
+    QVERIFY(router.folded_line(mark.captured(1).toInt()) == line + line);
+}
+
+void TstOutputRouter::long_line_that_waited_is_folded()
+{
+    RecordingHandler console;
+    Broker::command << QString(1'000'000, u'x') << u"\nnext\n"_s;
+    Broker::command.set_command_window(&console);
+    const QString shown = console.printed.join(QString());
+    QVERIFY2(shown.size() < 5000, qPrintable(QString::number(shown.size())));
+    QVERIFY(shown.endsWith(u" shows the line whole]\nnext\n"_s));
+}
+
+void TstOutputRouter::folded_line_is_ended_by_the_prompt_and_with_the_console()
+{
+    RecordingHandler first;
+    RecordingHandler second;
+    OutputRouter& router = OutputRouter::instance();
+    router.set_window(&first);
+    router.set_gathering(true);
+    router.print(QString(10'000, u'x'));
+    router.set_gathering(false);
+    QVERIFY(first.printed.last().endsWith(u"whole]"_s));
+    router.print(u"next"_s);
+    QCOMPARE(first.printed.last(), u"next"_s);
+    router.print(QString(10'000, u'x'));
+    router.set_window(&second);
+    QVERIFY(first.printed.last().endsWith(u"whole]"_s));
+    router.print(u"next"_s);
+    QCOMPARE(second.printed, QStringList{u"next"_s});
 }
 
 OSTREL_TEST(TstOutputRouter)

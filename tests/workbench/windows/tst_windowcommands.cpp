@@ -21,6 +21,7 @@
 #include <QDockWidget>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QScrollBar>
 #include <QStackedWidget>
@@ -48,6 +49,7 @@ private slots:
     void page_of_the_options_is_named_or_numbered();
     void options_hold_no_command_up();
     void journal_is_opened_in_the_editor();
+    void folded_line_is_opened_in_the_editor();
     void typed_text_goes_into_the_journal();
     void form_of_a_command_is_shown();
     void later_picture_shows_what_is_there_then();
@@ -173,6 +175,27 @@ void TstWindowCommands::journal_is_opened_in_the_editor()
     const QString missing = enter(u"edit /no/such.jou"_s);
     QVERIFY2(missing.contains(u"ERROR: edit: column 6: cannot read \"/no/such.jou\""_s), qPrintable(missing));
     QVERIFY(enter(u"edit /"_s).contains(u"ERROR: edit: column 6: cannot read"_s));
+}
+
+void TstWindowCommands::folded_line_is_opened_in_the_editor()
+{
+    const QString line = u"x"_s.repeated(10'000);
+    const QString shown = enter(u"echo "_s + line);
+    const QRegularExpressionMatch mark =
+        QRegularExpression(u"\\[10000 characters; \"(edit line \\d+)\" shows"_s).match(shown);
+    QVERIFY2(mark.hasMatch(), qPrintable(shown.right(200)));
+    enter(mark.captured(1));
+    JournalEditor* editor = Ostrel::instance()->journal_editor();
+    QVERIFY(editor->isVisible());
+    const auto documents = editor->findChildren<QPlainTextEdit*>();
+    QVERIFY(std::any_of(documents.begin(), documents.end(), [&](const QPlainTextEdit* document) {
+        return document->isVisible() && document->toPlainText() == line;
+    }));
+    QVERIFY(enter(u"edit line 1000"_s).contains(u"there is no such line, or it is no longer kept"_s));
+    QVERIFY(enter(u"edit line x"_s).contains(u"expected the number of a folded line"_s));
+    for (QPlainTextEdit* document : documents)
+        document->document()->setModified(false);
+    editor->close();
 }
 
 void TstWindowCommands::typed_text_goes_into_the_journal()
