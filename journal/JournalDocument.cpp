@@ -58,6 +58,13 @@ JournalDocument::JournalDocument(JournalEditor* editor, QTabWidget* parent, cons
     highlightCurrentLine();
 }
 
+JournalDocument::~JournalDocument()
+{
+    // Those that are children of this die after the list of them.
+    for (const QAction* action : std::as_const(mContextMenuItems))
+        disconnect(action, &QObject::destroyed, this, nullptr);
+}
+
 void JournalDocument::set_file_name(const QString& name)
 {
     if (name == mFileName)
@@ -68,12 +75,17 @@ void JournalDocument::set_file_name(const QString& name)
 
 void JournalDocument::add_context_menu_item(QAction* action)
 {
+    // A document whose tab was closed hears nothing from the editor any more.
+    if (!mContextMenuItems.contains(action))
+        connect(action, &QObject::destroyed, this, [this, action] { mContextMenuItems.removeAll(action); });
     mContextMenuItems.append(action);
 }
 
 void JournalDocument::remove_context_menu_item(QAction* action)
 {
-    mContextMenuItems.removeAll(action);
+    // One that is no longer in the list may be dead.
+    if (mContextMenuItems.removeAll(action) > 0)
+        disconnect(action, &QObject::destroyed, this, nullptr);
 }
 
 void JournalDocument::comment_lines(int first, int last)

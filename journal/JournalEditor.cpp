@@ -180,9 +180,9 @@ void JournalEditor::remove_context_menu_items(QAction* action)
     // One that is no longer in the list may be dead.
     if (mUi->mContextMenuItems.removeAll(action) > 0)
         disconnect(action, &QObject::destroyed, this, nullptr);
-    // Those without a tab, too, which somebody may give one again.
-    for (JournalDocument* doc : findChildren<JournalDocument*>())
-        doc->remove_context_menu_item(action);
+    for (int i = 0; i < mUi->mDocTab->count(); ++i)
+        if (JournalDocument* doc = document(i))
+            doc->remove_context_menu_item(action);
 }
 
 QFont JournalEditor::get_editor_font() const
