@@ -36,7 +36,7 @@ function(ostrel_compress_text source target)
     execute_process(COMMAND gzip -9nc INPUT_FILE ${source} OUTPUT_FILE ${target} COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
-# The shell's exported classes, all of host/, and what they include.
+# The shell's exported classes, all of host/, what they include, and what they hand out.
 file(GLOB_RECURSE candidates RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS
     ${CMAKE_SOURCE_DIR}/frame/*.h ${CMAKE_SOURCE_DIR}/console/*.h ${CMAKE_SOURCE_DIR}/files/*.h
     ${CMAKE_SOURCE_DIR}/journal/*.h ${CMAKE_SOURCE_DIR}/menus/*.h ${CMAKE_SOURCE_DIR}/options/*.h
@@ -47,6 +47,10 @@ foreach(header IN LISTS candidates)
     if(exported OR header MATCHES "^host/")
         ostrel_collect_headers(public_headers ${header})
     endif()
+endforeach()
+# What exported classes hand out without being exported itself. Others use it as the class of Qt that it derives from.
+foreach(header frame/OstrelSplitter.h journal/JournalDocument.h)
+    ostrel_collect_headers(public_headers ${header})
 endforeach()
 set(exported_targets ostrelgui)
 
@@ -90,6 +94,8 @@ if(OSTREL_BUILD_WORKBENCH)
         RENAME fennar.png)
 endif()
 
+list(JOIN public_headers "\n" lines)
+file(WRITE ${CMAKE_BINARY_DIR}/install/headers.txt "${lines}\n")
 foreach(header IN LISTS public_headers)
     get_filename_component(folder ${header} DIRECTORY)
     install(FILES ${header} DESTINATION ${ostrel_include_dir}/${folder} COMPONENT development)

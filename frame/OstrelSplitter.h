@@ -5,7 +5,12 @@
 
 #include <QSplitter>
 
-/** The central area of the main window: the splitter into which a component puts the graphics view. */
+/**
+ * The central area of the main window: the splitter into which a component puts the graphics view.
+ *
+ * Ostrel::graphics_area() hands it out. The class is not exported: outside of the shell it is a QSplitter,
+ * and what it adds cannot be linked.
+ */
 class OstrelSplitter : public QSplitter
 {
     Q_OBJECT
@@ -13,6 +18,7 @@ class OstrelSplitter : public QSplitter
 public:
     /** @param name  the object name, in UTF-8; null counts as empty. */
     explicit OstrelSplitter(QWidget* parent = nullptr, const char* name = nullptr);
+    /** As above, with @p orientation. */
     explicit OstrelSplitter(Qt::Orientation orientation, QWidget* parent = nullptr,
                             const char* name = nullptr);
 

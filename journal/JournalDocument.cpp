@@ -3,6 +3,7 @@
 
 #include "journal/JournalDocument.h"
 
+#include "frame/Alive.h"
 #include "frame/Ostrel.h"
 #include "journal/JournalEditor.h"
 #include "journal/LineNumberArea.h"
@@ -57,6 +58,13 @@ JournalDocument::JournalDocument(JournalEditor* editor, QTabWidget* parent, cons
     highlightCurrentLine();
 }
 
+JournalDocument::~JournalDocument()
+{
+    // Those that are children of this die after the list of them.
+    for (const QAction* action : std::as_const(mContextMenuItems))
+        disconnect(action, &QObject::destroyed, this, nullptr);
+}
+
 void JournalDocument::set_file_name(const QString& name)
 {
     if (name == mFileName)
@@ -67,30 +75,38 @@ void JournalDocument::set_file_name(const QString& name)
 
 void JournalDocument::add_context_menu_item(QAction* action)
 {
+    // A document whose tab was closed hears nothing from the editor any more.
+    if (!mContextMenuItems.contains(action))
+        connect(action, &QObject::destroyed, this, [this, action] { mContextMenuItems.removeAll(action); });
     mContextMenuItems.append(action);
 }
 
 void JournalDocument::remove_context_menu_item(QAction* action)
 {
-    mContextMenuItems.removeAll(action);
+    // One that is no longer in the list may be dead.
+    if (mContextMenuItems.removeAll(action) > 0)
+        disconnect(action, &QObject::destroyed, this, nullptr);
 }
 
 void JournalDocument::comment_lines(int first, int last)
 {
     if (last < 0)
         last = blockCount() - 1;
-    QTextBlock block = document()->findBlockByNumber(first);
-    for (int number = first; number <= last && block.isValid(); ++number, block = block.next())
+    for (int number = first; number <= last; ++number) {
+        // Looked up anew: whoever hears of an edit may change the text, too.
+        const QTextBlock block = document()->findBlockByNumber(number);
+        if (!block.isValid())
+            return;
         QTextCursor(block).insertText(u"#"_s);
+    }
 }
 
 void JournalDocument::uncomment_lines(int first, int last)
 {
     if (last < 0)
         last = blockCount() - 1;
-    const QTextBlock begin = document()->findBlockByNumber(first);
     const auto for_each_line = [&](auto&& work) {
-        QTextBlock block = begin;
+        QTextBlock block = document()->findBlockByNumber(first);
         for (int number = first; number <= last && block.isValid(); ++number, block = block.next())
             work(block);
     };
@@ -98,7 +114,11 @@ void JournalDocument::uncomment_lines(int first, int last)
     // It passes over those that are not laid out. Selecting would lay them out, save in an edit that has
     // begun.
     for_each_line([](const QTextBlock& line) { line.layout()->clearLayout(); });
-    for_each_line([](const QTextBlock& line) {
+    for (int number = first; number <= last; ++number) {
+        // Looked up anew: whoever hears of an edit may change the text, too.
+        const QTextBlock line = document()->findBlockByNumber(number);
+        if (!line.isValid())
+            break;
         QTextCursor cursor(line);
         cursor.beginEditBlock();
         cursor.setPosition(line.position() + line.length() - 1, QTextCursor::KeepAnchor);
@@ -107,7 +127,7 @@ void JournalDocument::uncomment_lines(int first, int last)
             text.remove(0, 1);
         cursor.insertText(text);
         cursor.endEditBlock();
-    });
+    }
     for_each_line([this](const QTextBlock& line) { blockBoundingRect(line); });
 }
 
@@ -117,12 +137,16 @@ void JournalDocument::play_lines(int first, int last)
     if (last < 0)
         last = blockCount() - 1;
     const QStringList lines = collect_lines(first, last).split(u'\n');
+    // Whoever hears that another window has become active may close this document, or the editor.
+    const QPointer<JournalEditor> editor = mEditor;
     if (Ostrel* window = Ostrel::instance())
         window->activateWindow();
+    if (!editor)
+        return;
     if (as_file)
-        emit mEditor->processCommandsAsFile(lines);
+        emit editor->processCommandsAsFile(lines);
     else
-        emit mEditor->processCommands(lines);
+        emit editor->processCommands(lines);
 }
 
 void JournalDocument::pythonize_lines(int first, int last)
@@ -250,8 +274,10 @@ void JournalDocument::contextMenuEvent(QContextMenuEvent* event)
             menu->addSeparator();
         add(tr("Find..."), has_text, {}, [this] { mEditor->editFind(); });
         add(tr("Clear"), has_text, {}, [this] {
+            const Alive alive(this);
             selectAll();
-            cut();
+            if (alive)
+                cut();
         });
         menu->addSeparator();
     }
@@ -261,8 +287,9 @@ void JournalDocument::contextMenuEvent(QContextMenuEvent* event)
     if (!menu)
         return;
     const std::function<void()> effect = effects.value(chosen);
+    const Alive alive(this);
     delete menu;
-    if (effect)
+    if (alive && effect)
         effect();
 }
 

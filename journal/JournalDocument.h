@@ -16,6 +16,9 @@ class QTabWidget;
  * One tab of the journal editor: the text of one script, with line numbers, a mark on the tab while it has
  * unsaved changes, and a context menu to play, translate and comment lines.
  *
+ * JournalEditor::returnCurrentDocument() hands it out. The class is not exported: outside of the shell it is
+ * a QPlainTextEdit, and what it adds cannot be linked.
+ *
  * JournalEditor creates and deletes it, reads and writes its file and sets font and line wrap; the tab widget
  * is its parent. Whether it is modified is told by its QTextDocument alone. Block numbers count from 0; the
  * caller takes them from the document, they are not checked.
@@ -32,6 +35,7 @@ public:
      * @param name    the object name; null gives none.
      */
     JournalDocument(JournalEditor* editor, QTabWidget* parent, const char* name);
+    ~JournalDocument() override;
 
     /** The full path of the document's file; empty if it has none yet. */
     const QString& file_name() const { return mFileName; }
@@ -41,7 +45,7 @@ public:
 
     /**
      * Adds @p action behind those added before; adding it twice shows it twice. Never null; it stays its
-     * owner's, who removes it before deleting it.
+     * owner's, and leaves the menu when it is deleted.
      */
     void add_context_menu_item(QAction* action);
     /** Removes every occurrence of @p action, if there is one. */
@@ -87,10 +91,13 @@ public:
     void lineNumberAreaPaintEvent(QPaintEvent* event);
 
 signals:
+    /** The file of @p document, which is this one, has another name. */
     void fileNameChanged(JournalDocument* document);
 
 protected:
+    /** Gives the strip of line numbers its place. */
     void resizeEvent(QResizeEvent* event) override;
+    /** Runs the context menu, which is made anew for each event. */
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private slots:

@@ -4,39 +4,24 @@
 #include "journal/JournalEditor.h"
 
 #include "console/ConsoleImporter.h"
-#include "files/OstrelFileMenu.h"
-#include "files/OstrelMessageBox.h"
 #include "files/RecentFiles.h"
+#include "frame/Alive.h"
 #include "frame/read_setting.h"
 #include "journal/JournalDocument.h"
+#include "journal/JournalEditorForm.h"
 #include "journal/JournalFindDialog.h"
 #include "resources/load_icon.h"
-#include "ui_QtJournalEditor.h"
 
-#include <QCloseEvent>
-#include <QFile>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QMessageBox>
 #include <QPointer>
 #include <QScreen>
 #include <QSettings>
-#include <QSignalBlocker>
 #include <QTabBar>
 
-#include <fstream>
-#include <optional>
-#include <string>
 #include <utility>
 
 using namespace Qt::StringLiterals;
-
-struct JournalEditor::Form : Ui::QtJournalEditor
-{
-    QList<ConsoleImporter*> mImportItems;
-    QList<QAction*> mContextMenuItems;
-};
 
 namespace {
 
@@ -49,36 +34,6 @@ const auto settings_group = u"/ostrelgui/journal"_s;
 QString recent_file_key(int number)
 {
     return u"/file"_s + QString::number(number);
-}
-
-// Each line up to its first NUL, with a line feed; nothing if the file cannot be read to its end.
-std::optional<QString> read_lines(const QString& name)
-{
-    std::ifstream stream(QFile::encodeName(name).constData());
-    if (!stream)
-        return std::nullopt;
-    QString text;
-    std::string line;
-    // The read that meets the end of the file counts as a line too, which is intended: each cycle of opening
-    // and saving adds an empty line at the end.
-    while (!stream.eof()) {
-        std::getline(stream, line);
-        if (stream.bad() || (stream.fail() && !stream.eof()))
-            return std::nullopt;
-        text += QString::fromUtf8(line.c_str());
-        text += u'\n';
-    }
-    return text;
-}
-
-bool is_modified(const JournalDocument* doc)
-{
-    return doc->document()->isModified();
-}
-
-void set_modified(JournalDocument* doc, bool modified)
-{
-    doc->document()->setModified(modified);
 }
 
 // Qt gives the button of a tab a tool tip, but nothing that a screen reader would say.
@@ -147,8 +102,9 @@ JournalEditor::JournalEditor(QWidget* parent) : QMainWindow(parent), mUi(std::ma
 
 JournalEditor::~JournalEditor()
 {
-    qDeleteAll(mUi->mImportItems);
-    mUi->mImportItems.clear();
+    // Out of the list first: who hears of an item's end may remove others.
+    while (!mUi->mImportItems.isEmpty())
+        delete mUi->mImportItems.takeLast();
     // Those that are children of the window die after the list of them.
     for (const QAction* action : std::as_const(mUi->mContextMenuItems))
         disconnect(action, &QObject::destroyed, this, nullptr);
@@ -158,34 +114,45 @@ JournalEditor::~JournalEditor()
 
 void JournalEditor::add_document(const QString& text)
 {
-    JournalDocument* doc = create_document(QString());
-    // Setting no text would leave the mark of unsaved changes on the tab of a document that has none.
-    if (!text.isEmpty())
-        doc->setPlainText(text);
+    JournalDocument* const doc = create_document(QString());
+    if (!doc)
+        return;
+    const Alive alive(this, doc);
+    doc->setPlainText(text);
+    if (!alive)
+        return;
+    // To set no text tells the tab that there are changes, and then not that there are none.
+    change_file_name(doc);
     // A blank one counts as saved.
     if (!doc->toPlainText().trimmed().isEmpty())
-        set_modified(doc, true);
+        doc->document()->setModified(true);
 }
 
 void JournalEditor::add_import(const char* name, const QString& label, QPlainTextEdit* source)
 {
     auto* importer = new ConsoleImporter(this, label);
     mUi->mImportItems.append(importer);
+    connect(importer, &QObject::destroyed, this, [this, importer] { mUi->mImportItems.removeAll(importer); });
     importer->set_owner_name(QString::fromUtf8(name));
     importer->set_source(source);
+    if (source)
+        connect(source, &QObject::destroyed, importer, [importer] { importer->set_source(nullptr); });
     mUi->fileImportMenu->addAction(importer->action());
 }
 
 void JournalEditor::remove_import_items(const char* name)
 {
-    const QString owner = QString::fromUtf8(name);
-    mUi->mImportItems.removeIf([this, &owner](ConsoleImporter* importer) {
-        if (importer->owner_name() != owner)
-            return false;
-        mUi->fileImportMenu->removeAction(importer->action());
-        delete importer;
-        return true;
+    // Out of the list first: who hears of an item's end may remove others.
+    QList<QPointer<ConsoleImporter>> removed;
+    mUi->mImportItems.removeIf([&removed, owner = QString::fromUtf8(name)](ConsoleImporter* importer) {
+        const bool is_owners = importer->owner_name() == owner;
+        if (is_owners)
+            removed.append(importer);
+        return is_owners;
     });
+    // The menu loses the action with it.
+    for (const QPointer<ConsoleImporter>& importer : std::as_const(removed))
+        delete importer.data();
 }
 
 void JournalEditor::add_action_to_import_menu(QAction* action)
@@ -226,8 +193,8 @@ QFont JournalEditor::get_editor_font() const
 
 void JournalEditor::set_editor_font(const QFont& font)
 {
-    for (int i = 0; i < mUi->mDocTab->count(); ++i)
-        if (JournalDocument* doc = document(i))
+    for (const QPointer<JournalDocument>& doc : documents())
+        if (doc)
             doc->setFont(font);
 }
 
@@ -249,48 +216,6 @@ void JournalEditor::set_save_prompt(bool prompt)
 void JournalEditor::fileNew()
 {
     create_document(QString());
-}
-
-void JournalEditor::fileOpen()
-{
-    const QString path = OstrelFileMenu::mPath;
-    const QString name = QFileDialog::getOpenFileName(this, tr("Open"), path,
-                                                      tr("Journal Files (*.jou *.py);;All Files (*.*)"));
-    if (!name.isEmpty())
-        open_file(name);
-}
-
-void JournalEditor::fileClose()
-{
-    const QPointer<JournalDocument> doc = returnCurrentDocument();
-    if (!check_modified(doc))
-        return;
-    if (mUi->mDocTab->count() > 1)
-        remove_document(doc);
-    else
-        close();
-}
-
-void JournalEditor::fileSave()
-{
-    save_document(returnCurrentDocument());
-}
-
-void JournalEditor::fileSaveAs()
-{
-    save_document_as(returnCurrentDocument());
-}
-
-void JournalEditor::fileSaveAll()
-{
-    for (int i = 0; i < mUi->mDocTab->count(); ++i) {
-        const QPointer<JournalDocument> doc = document(i);
-        if (!doc || !is_modified(doc))
-            continue;
-        save_document(doc);
-        if (doc && is_modified(doc))
-            return;
-    }
 }
 
 void JournalEditor::filePrint() {}
@@ -337,16 +262,6 @@ void JournalEditor::findText()
     editFind();
 }
 
-void JournalEditor::close_tab(int index)
-{
-    if (!check_modified(document(index)))
-        return;
-    if (mUi->mDocTab->count() > 1)
-        mUi->mDocTab->removeTab(index);
-    else
-        close();
-}
-
 void JournalEditor::update_title(int index)
 {
     const JournalDocument* doc = document(index == -1 ? mUi->mDocTab->currentIndex() : index);
@@ -354,21 +269,6 @@ void JournalEditor::update_title(int index)
     if (doc && !doc->file_name().isEmpty())
         title = doc->file_name() + u" - "_s + title;
     setWindowTitle(title);
-}
-
-void JournalEditor::open_file(const QString& name)
-{
-    OstrelFileMenu::set_path_from_file(name);
-    const std::optional<QString> text = read_lines(name);
-    if (!text) {
-        QMessageBox::critical(this, tr("File Error"), tr("Unable to open the file."), QMessageBox::Ok);
-        return;
-    }
-    JournalDocument* doc = create_document(name);
-    doc->setPlainText(*text);
-    set_modified(doc, false);
-    if (mRecentFiles)
-        mRecentFiles->add(name);
 }
 
 void JournalEditor::change_file_name(JournalDocument* doc)
@@ -382,141 +282,50 @@ void JournalEditor::change_file_name(JournalDocument* doc)
         update_title(-1);
 }
 
-void JournalEditor::closeEvent(QCloseEvent* e)
-{
-    QSignalBlocker blocker(mUi->mDocTab);
-    for (int i = mUi->mDocTab->count() - 1; i >= 0; --i) {
-        const QPointer<JournalDocument> doc = document(i);
-        if (!check_modified(doc)) {
-            blocker.unblock();
-            update_title(-1);
-            e->ignore();
-            return;
-        }
-        // Leaves the last one, for the next time that the window is shown.
-        remove_document(doc);
-    }
-    blocker.unblock();
-    update_title(-1);
-    save_settings();
-    e->accept();
-}
-
 // Null if there is no such tab, or if it holds something else.
 JournalDocument* JournalEditor::document(int index) const
 {
     return qobject_cast<JournalDocument*>(mUi->mDocTab->widget(index));
 }
 
+// Those of all tabs. What is done with one may close others, so that their indexes change.
+QList<QPointer<JournalDocument>> JournalEditor::documents() const
+{
+    QList<QPointer<JournalDocument>> all;
+    for (int i = 0; i < mUi->mDocTab->count(); ++i)
+        if (JournalDocument* doc = document(i))
+            all.append(doc);
+    return all;
+}
+
 JournalDocument* JournalEditor::create_document(const QString& name)
 {
     QTabWidget* const tabs = mUi->mDocTab;
     JournalDocument* doc = tabs->count() == 1 ? document(0) : nullptr;
-    const bool reuse = doc && !is_modified(doc) && doc->file_name().isEmpty() && doc->document()->isEmpty();
+    const bool reuse =
+        doc && !doc->document()->isModified() && doc->file_name().isEmpty() && doc->document()->isEmpty();
     if (!reuse)
         doc = new JournalDocument(this, tabs, "JournalDocument");
+    // Whoever is told of the new name and of the new tab may close either.
+    const Alive alive(this, doc);
     doc->setLineWrapMode(QPlainTextEdit::NoWrap);
     // Names the tab of a reused document, which is connected already.
     doc->set_file_name(name);
+    if (!alive)
+        return nullptr;
     if (!reuse) {
         for (QAction* action : std::as_const(mUi->mContextMenuItems))
             doc->add_context_menu_item(action);
         tabs->addTab(doc, name.isEmpty() ? tr("Untitled") : QFileInfo(name).fileName());
         tabs->setCurrentWidget(doc);
+        if (!alive)
+            return nullptr;
         tabs->setTabsClosable(true);
         name_close_button(tabs, tabs->indexOf(doc));
         connect(doc, &JournalDocument::fileNameChanged, this, &JournalEditor::change_file_name);
     }
     doc->setFont(get_editor_font());
-    return doc;
-}
-
-// Whether the caller may go on: nothing is unsaved, or the user has decided to save or to lose it.
-bool JournalEditor::check_modified(JournalDocument* doc)
-{
-    if (!doc || !is_modified(doc))
-        return true;
-    if (!mDoPrompt) {
-        set_modified(doc, false);
-        return true;
-    }
-
-    // While the user is asked, others run: one of them may close the document.
-    const QPointer<JournalDocument> watched = doc;
-    mUi->mDocTab->setCurrentWidget(doc);
-    bool never_again = false;
-    const int answer = OstrelMessageBox::warning(
-        this, tr("Journal Editor"), tr("The document has been modified.\nDo you wish to save the changes?"),
-        never_again, QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel,
-        tr("Never prompt me when there is unsaved data."));
-    if (answer == QMessageBox::Yes) {
-        save_document(watched);
-        return !watched || !is_modified(watched);
-    }
-    if (answer == QMessageBox::No) {
-        mDoPrompt = !never_again;
-        if (watched)
-            set_modified(watched, false);
-        return true;
-    }
-    return false;
-}
-
-void JournalEditor::save_document(JournalDocument* doc)
-{
-    if (!doc)
-        return;
-    if (doc->file_name().isEmpty()) {
-        save_document_as(doc);
-        return;
-    }
-    std::ofstream stream(QFile::encodeName(doc->file_name()).constData());
-    if (!stream) {
-        QMessageBox::critical(this, tr("File Error"), tr("Unable to save the file."), QMessageBox::Ok);
-        return;
-    }
-    // As a C string: what follows a NUL is not written.
-    stream << doc->toPlainText().toUtf8().constData();
-    stream.close();
-    // Whatever became of the writing, which is intended.
-    set_modified(doc, false);
-}
-
-void JournalEditor::save_document_as(JournalDocument* doc)
-{
-    if (!doc)
-        return;
-    // While the user is asked, and when the new name is told, others run: one of them may close the document.
-    const QPointer<JournalDocument> watched = doc;
-    QString name = QFileDialog::getSaveFileName(this, tr("Save As"), OstrelFileMenu::mPath,
-                                                tr("Journal files (*.jou *.py);;All Files (*.*)"));
-    if (name.isEmpty())
-        return;
-    // A dot in the directory counts as well, which is intended.
-    if (!name.contains(u'.'))
-        name += u".jou"_s;
-    OstrelFileMenu::set_path_from_file(name);
-    // Comes on top of what the file dialog asks, which does not know of the added ending.
-    if (QFile::exists(name) &&
-        QMessageBox::warning(this, tr("Save As"), name + tr(" already exists.\nDo you want to replace it?"),
-                             QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
-        return;
-    if (!watched)
-        return;
-    watched->set_file_name(name);
-    if (mRecentFiles)
-        mRecentFiles->add(name);
-    save_document(watched);
-}
-
-void JournalEditor::remove_document(JournalDocument* doc)
-{
-    if (!doc || mUi->mDocTab->count() < 2)
-        return;
-    mUi->mDocTab->removeTab(mUi->mDocTab->indexOf(doc));
-    for (QAction* action : std::as_const(mUi->mContextMenuItems))
-        doc->remove_context_menu_item(action);
-    delete doc;
+    return alive ? doc : nullptr;
 }
 
 void JournalEditor::restore_settings()

@@ -6,7 +6,9 @@
 #include "frame/export.h"
 
 #include <QIcon>
+#include <QList>
 #include <QMainWindow>
+#include <QPointer>
 #include <QStringList>
 
 #include <memory>
@@ -49,8 +51,8 @@ public:
      *
      * @param name    the owner mark for remove_import_items(), in UTF-8; null counts as empty.
      * @param label   the item's text.
-     * @param source  stays the caller's, who removes the item before the page goes. Null makes an item that
-     * does nothing.
+     * @param source  stays the caller's, who removes the item before the page goes. Null, or a page that has
+     * gone, makes an item that does nothing.
      */
     void add_import(const char* name, const QString& label, QPlainTextEdit* source);
     /** Removes every item that add_import() added under exactly @p name; null counts as empty. */
@@ -156,6 +158,7 @@ private:
     struct Form;
 
     JournalDocument* document(int index) const;
+    QList<QPointer<JournalDocument>> documents() const;
     JournalDocument* create_document(const QString& name);
     bool check_modified(JournalDocument* doc);
     void save_document(JournalDocument* doc);

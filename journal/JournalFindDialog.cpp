@@ -3,6 +3,7 @@
 
 #include "journal/JournalFindDialog.h"
 
+#include "frame/Alive.h"
 #include "frame/Ostrel.h"
 #include "journal/JournalDocument.h"
 #include "journal/JournalEditor.h"
@@ -64,7 +65,11 @@ JournalFindDialog::~JournalFindDialog() = default;
 
 void JournalFindDialog::on_pbNext_clicked()
 {
+    const Alive alive(this);
     ui->pbNext->setFocus(Qt::OtherFocusReason);
+    // Whoever follows the focus may have deleted the dialog.
+    if (!alive)
+        return;
 
     QTextDocument::FindFlags flags;
     // The wrong way round, which is intended: unchecked looks for the exact case, checked for any.

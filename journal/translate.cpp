@@ -7,285 +7,165 @@
 #include <QString>
 
 #include <algorithm>
-#include <cstring>
+#include <vector>
+
+using std::size_t;
+using std::string;
+using std::string_view;
 
 namespace {
 
-constexpr QByteArrayView call_begin = "fennar.cmd('";
-constexpr QByteArrayView call_end = "')";
+constexpr string_view prefix = "fennar.cmd('";
+constexpr string_view call_name = "fennar.cmd";
+constexpr string_view closing = "')";
 
-bool is_blank(const char* begin, const char* end)
+bool is_line_end(char byte)
 {
-    return std::all_of(begin, end, [](char byte) { return byte == ' ' || byte == '\t'; });
+    return byte == '\r' || byte == '\n';
 }
 
-bool has_parenthesis(const char* begin, const char* end)
+bool is_quote(char byte)
 {
-    return begin != end && std::memchr(begin, ')', static_cast<size_t>(end - begin));
+    return byte == '"' || byte == '\'';
 }
 
-/** A line without its line end. */
-struct Line
+size_t line_end(string_view text, size_t start)
 {
-    const char* begin;
-    const char* end;
-    /** Null if there is none. */
-    const char* first_quote = nullptr;
-    const char* last_quote = nullptr;
-
-    /** A lone quote is taken for the begin of a string, save in a comment, where it is an apostrophe. */
-    bool is_closed() const { return first_quote && first_quote == last_quote && *begin != '#'; }
-    /** A closed line ends in the added quote, whatever stood there before. */
-    bool is_continued() const { return begin != end && end[-1] == '\\' && !is_closed(); }
-    /** Where the line's own text ends: before the backslash that continues it. */
-    const char* content_end() const { return is_continued() ? end - 1 : end; }
-    /** From the first quote up to here, backslashes are doubled. */
-    const char* string_end() const { return is_closed() ? end : last_quote; }
-};
-
-/** Where one byte occurs in a text, asked for from its begin to its end. */
-class Occurrences
-{
-public:
-    Occurrences(char byte, QByteArrayView text) : mByte(byte), mEnd(text.end()) { search(text.begin()); }
-
-    /** The first one at or behind @p at; the end of the text if there is none. */
-    const char* from(const char* at)
-    {
-        if (mNext < at)
-            search(at);
-        return mNext;
-    }
-
-private:
-    void search(const char* at)
-    {
-        const void* found = at == mEnd ? nullptr : std::memchr(at, mByte, static_cast<size_t>(mEnd - at));
-        mNext = found ? static_cast<const char*>(found) : mEnd;
-    }
-
-    char mByte;
-    const char* mEnd;
-    const char* mNext;
-};
-
-/** Tells the lines of a text, one after the other. */
-class Lines
-{
-public:
-    explicit Lines(QByteArrayView text)
-        : mFeeds('\n', text), mReturns('\r', text), mApostrophes('\'', text), mDoubleQuotes('"', text)
-    {}
-
-    /** The line that begins at @p begin, which never comes before that of an earlier call. */
-    Line line_at(const char* begin)
-    {
-        Line line{begin, std::min(mFeeds.from(begin), mReturns.from(begin))};
-        const char* quote = std::min(mApostrophes.from(begin), mDoubleQuotes.from(begin));
-        if (quote >= line.end)
-            return line;
-        line.first_quote = quote;
-        line.last_quote = line.end - 1;
-        while (*line.last_quote != '\'' && *line.last_quote != '"')
-            --line.last_quote;
-        return line;
-    }
-
-private:
-    Occurrences mFeeds;
-    Occurrences mReturns;
-    Occurrences mApostrophes;
-    Occurrences mDoubleQuotes;
-};
-
-/** Bytes that are written one after the other. Whoever writes asks for room first, once for a whole line. */
-class Output
-{
-public:
-    explicit Output(qsizetype expected) : mBytes(expected, Qt::Uninitialized), mEnd(mBytes.data()) {}
-
-    void make_room(qsizetype bytes)
-    {
-        const qsizetype size = mEnd - mBytes.constData();
-        if (mBytes.size() - size >= bytes)
-            return;
-        mBytes.resize(2 * mBytes.size() + bytes);
-        mEnd = mBytes.data() + size;
-    }
-    void add(const char* begin, const char* end)
-    {
-        std::memcpy(mEnd, begin, static_cast<size_t>(end - begin));
-        mEnd += end - begin;
-    }
-    void add(QByteArrayView bytes) { add(bytes.begin(), bytes.end()); }
-    void add(char byte) { *mEnd++ = byte; }
-
-    QByteArrayView bytes() const { return QByteArrayView(mBytes.constData(), mEnd); }
-
-private:
-    QByteArray mBytes;
-    char* mEnd;
-};
-
-class Translation
-{
-public:
-    explicit Translation(qsizetype size) : mOut(size + size / 2) {}
-
-    void run(QByteArrayView text);
-    QByteArrayView result() const { return mOut.bytes(); }
-
-private:
-    void add(const Line& line);
-    void add_content(const Line& line, QByteArrayView apostrophe);
-    QByteArray add_leading_apostrophe_line(QByteArrayView text);
-
-    Output mOut;
-    /** Whether a command runs on, whether it began with a call, and whether it holds a ")" so far. */
-    bool mPending = false;
-    bool mInCall = false;
-    bool mHasParenthesis = false;
-};
-
-void Translation::run(QByteArrayView text)
-{
-    QByteArray rest;
-    const bool starts_over = text.startsWith('\'');
-    if (starts_over) {
-        rest = add_leading_apostrophe_line(text);
-        text = rest;
-    }
-    Lines lines(text);
-    const char* at = text.begin();
-    if (!starts_over) {
-        const Line line = lines.line_at(at);
-        add(line);
-        at = line.end;
-    }
-    while (true) {
-        const char* line_end = at;
-        while (at != text.end() && (*at == '\r' || *at == '\n'))
-            ++at;
-        mOut.make_room(at - line_end);
-        mOut.add(line_end, at);
-        if (at == text.end())
-            return;
-        const Line line = lines.line_at(at);
-        add(line);
-        at = line.end;
-    }
+    return size_t(std::find_if(text.begin() + start, text.end(), is_line_end) - text.begin());
 }
 
-void Translation::add(const Line& line)
+/** Closes a lone quote and doubles the backslashes of strings; returns where the line ends afterwards. */
+size_t treat_quotes(string& buffer, size_t start, size_t eol)
 {
-    // Each byte becomes two at most; the quote that closes the line, the call and a backslash come on top.
-    mOut.make_room(2 * (line.end - line.begin + 1) + call_begin.size() + call_end.size());
-    const bool continued = line.is_continued();
-    const char* content_end = line.content_end();
-    if (!mPending && is_blank(line.begin, content_end)) {
-        mOut.add(line.begin, line.end);
-        // Blanks that a backslash follows begin a command that gets no call. Intended.
-        mPending = continued && line.begin != content_end;
-        mInCall = mHasParenthesis = false;
-        return;
-    }
-    if (!mPending) {
-        mOut.add(call_begin);
-        mInCall = true;
-        mHasParenthesis = false;
-    }
-    if (mInCall)
-        add_content(line, "\\'");
-    else
-        add_content(line, "'");
-    if (continued) {
-        // Python reads it as the continuation of the string.
-        mOut.add('\\');
-        mHasParenthesis = mHasParenthesis || has_parenthesis(line.begin, content_end);
-        mPending = true;
-        return;
-    }
-    // A command on one line is closed in any case, one on several only without a ")" ahead of its last line.
-    // Intended.
-    if (!mPending || !mHasParenthesis)
-        mOut.add(mInCall ? call_end : QByteArrayView(")"));
-    mPending = false;
-}
-
-/** Adds the line's own text with the backslashes of its string doubled, and @p apostrophe for each of those.
- */
-void Translation::add_content(const Line& line, QByteArrayView apostrophe)
-{
-    const char* end = line.content_end();
-    if (!line.first_quote) {
-        mOut.add(line.begin, end);
-        return;
-    }
-    mOut.add(line.begin, line.first_quote);
-    const char* string_end = line.string_end();
-    for (const char* at = line.first_quote; at != end; ++at) {
-        if (*at == '\'') {
-            mOut.add(apostrophe);
-            continue;
-        }
-        if (*at == '\\' && at < string_end)
-            mOut.add('\\');
-        mOut.add(*at);
-    }
-    if (!line.is_closed())
-        return;
-    if (*line.first_quote == '\'')
-        mOut.add(apostrophe);
-    else
-        mOut.add(*line.first_quote);
+    const string_view line = string_view(buffer).substr(start, eol - start);
+    const auto first = std::find_if(line.begin(), line.end(), is_quote);
+    if (first == line.end())
+        return eol;
+    const auto last = std::find_if(line.rbegin(), line.rend(), is_quote).base() - 1;
+    const size_t q1 = start + size_t(first - line.begin());
+    const size_t q2 = start + size_t(last - line.begin());
+    if (q1 != q2)
+        return eol + replace_backwards(buffer, q1, q2, "\\", "\\\\");
+    // In a comment it is an apostrophe.
+    if (buffer[start] == '#')
+        return eol;
+    buffer.insert(eol, 1, buffer[q1]);
+    return eol + 1 + replace_backwards(buffer, q1, eol, "\\", "\\\\");
 }
 
 /**
- * Adds the first line of a text that begins with an apostrophe. Returns what comes behind it, to be
- * translated from its begin on.
+ * Translates the line from @p start to @p eol in @p buffer; returns where it ends afterwards.
  *
- * Escaping the very first byte makes the search, which goes backwards, start again from the end of the whole
- * text. So the apostrophes of this line are escaped a second time and those of all later lines once, and the
- * end of this line's call lies as many bytes too far as there are later ones: in one of the later lines,
- * maybe inside a character. This is intended; journals that were translated so must come out the same.
+ * @param pending  the command that the line continues, as it has been translated so far, without the
+ *                 backslashes that continue it; empty if the line begins one. Afterwards that of the next
+ *                 line.
  */
-QByteArray Translation::add_leading_apostrophe_line(QByteArrayView text)
+size_t translate_line(string& buffer, size_t start, size_t eol, string& pending)
 {
-    const Line line = Lines(text).line_at(text.begin());
-    const bool continued = line.is_continued();
-    const QByteArrayView later(line.content_end(), text.end());
-    const qsizetype too_far = std::count(later.begin(), later.end(), '\'');
-    Output rest(later.size() + too_far);
-    for (const char byte : later) {
-        if (byte == '\'')
-            rest.add('\\');
-        rest.add(byte);
-    }
-    const QByteArrayView skipped = rest.bytes().first(too_far);
+    eol = treat_quotes(buffer, start, eol);
+    const bool continued = eol > start && buffer[eol - 1] == '\\';
+    // Where the line's content ends. Python reads the backslash behind it as the continuation of the string.
+    size_t end = continued ? eol - 1 : eol;
+    const auto escape_apostrophes = [&] { end += replace_backwards(buffer, start, end, "'", "\\'"); };
+    const auto insert = [&](size_t at, string_view bytes) {
+        buffer.insert(at, bytes);
+        end += bytes.size();
+    };
 
-    mOut.make_room(3 * (line.end - line.begin + 1) + too_far + call_begin.size() + call_end.size());
-    mOut.add(call_begin);
-    add_content(line, "\\\\'");
-    mOut.add(skipped);
-    if (!continued) {
-        mOut.add(call_end);
-        return rest.bytes().sliced(too_far).toByteArray();
+    if (pending.empty()) {
+        const string_view content = string_view(buffer).substr(start, end - start);
+        if (content.find_first_not_of(" \t\r") == string_view::npos) {
+            // Blanks that a backslash follows begin a command that gets no call. Intended.
+            if (continued)
+                pending = content;
+            return eol;
+        }
+        escape_apostrophes();
+        if (!continued)
+            insert(end, closing);
+        insert(start, prefix);
+        if (continued)
+            pending.assign(buffer, start, end - start);
+    } else {
+        const bool call = pending.starts_with(call_name);
+        if (call)
+            escape_apostrophes();
+        if (continued) {
+            pending.append(buffer, start, end - start);
+        } else {
+            // A command with a ")" ahead of its last line is left open. Intended.
+            if (pending.find(')') == string::npos)
+                insert(end, call ? closing : ")");
+            pending.clear();
+        }
     }
-    mPending = mInCall = true;
-    mHasParenthesis =
-        has_parenthesis(line.begin, line.content_end()) || has_parenthesis(skipped.begin(), skipped.end());
-    // The byte that stands where the line's backslash was taken to be.
-    mOut.add(rest.bytes().at(too_far));
-    return rest.bytes().sliced(too_far + 1).toByteArray();
+    return continued ? end + 1 : end;
 }
 
 } // namespace
 
+size_t replace_backwards(string& buffer, size_t begin, size_t end, string_view from, string_view to)
+{
+    if (begin > buffer.size() || end < begin)
+        return 0;
+    const string_view searched = string_view(buffer).substr(begin);
+    // Most lines have none, which the search forwards finds out several times as fast.
+    if (searched.find(from) == string_view::npos)
+        return 0;
+    std::vector<size_t> places;
+    size_t place = searched.rfind(from, end - begin);
+    while (place != string_view::npos) {
+        places.push_back(begin + place);
+        place = place < from.size() ? string_view::npos : searched.rfind(from, place - from.size());
+    }
+    if (places.empty())
+        return 0;
+
+    // All at once: one after the other each would move the rest of the buffer.
+    string replaced;
+    size_t done = places.back();
+    for (auto next = places.rbegin(); next != places.rend(); ++next) {
+        replaced.append(buffer, done, *next - done);
+        replaced += to;
+        done = *next + from.size();
+    }
+    replaced.append(buffer, done);
+    buffer.replace(places.back(), string::npos, replaced);
+    const bool starts_over = places.back() < from.size();
+    return places.size() + (starts_over ? replace_backwards(buffer, begin, string::npos, from, to) : 0);
+}
+
 void pythonize_text(QString& text)
 {
-    const QByteArray bytes = text.toUtf8();
-    const QByteArrayView to_first_nul(bytes.constData());
-    Translation translation(to_first_nul.size());
-    translation.run(to_first_nul);
-    text = QString::fromUtf8(translation.result());
+    if (text.isEmpty())
+        return;
+    const QByteArray utf8 = text.toUtf8();
+    string_view rest(utf8.constData()); // up to its first NUL
+    // Ends with the line that is translated, so that an insertion moves nothing but that.
+    string buffer;
+    buffer.reserve(rest.size() + rest.size() / 2);
+    string pending;
+
+    // A text that begins with an apostrophe is the one case in which replace_backwards() reaches beyond a
+    // line: it escapes the apostrophes of the whole text, those of the first line twice. The end of that
+    // line's call so lies as many bytes too far as there are later ones: in one of the later lines, maybe
+    // inside a character. Intended; journals that were translated so must come out the same.
+    string later;
+    if (rest.starts_with('\'')) {
+        buffer = rest;
+        const size_t eol = translate_line(buffer, 0, line_end(buffer, 0), pending);
+        later = buffer.substr(eol);
+        rest = later;
+        buffer.resize(eol);
+    }
+    while (!rest.empty()) {
+        const auto start = size_t(std::find_if_not(rest.begin(), rest.end(), is_line_end) - rest.begin());
+        const size_t eol = line_end(rest, start);
+        const size_t done = buffer.size();
+        buffer += rest.substr(0, eol);
+        if (start < eol)
+            translate_line(buffer, done + start, done + eol, pending);
+        rest.remove_prefix(eol);
+    }
+    text = QString::fromUtf8(buffer.data(), qsizetype(buffer.size()));
 }

@@ -3,6 +3,10 @@
 
 #pragma once
 
+#include <cstddef>
+#include <string>
+#include <string_view>
+
 class QString;
 
 /**
@@ -20,3 +24,20 @@ class QString;
  *              Empty stays empty.
  */
 void pythonize_text(QString& text);
+
+/**
+ * Replaces each @p from in @p buffer that begins from @p begin to @p end by @p to, the last one first.
+ * Returns how many there were.
+ *
+ * A match at offset 0, which has nothing ahead of it to search on in, makes the search start over at the end
+ * of the buffer, down to @p begin. Intended: the translation of a text that begins with an apostrophe relies
+ * on it.
+ *
+ * Time grows with the length of @p buffer from @p begin on.
+ *
+ * @param end   may lie behind the end of the buffer.
+ * @param from  not empty.
+ * @param to    must not begin with @p from if that can be at offset 0: the search would never end.
+ */
+std::size_t replace_backwards(std::string& buffer, std::size_t begin, std::size_t end, std::string_view from,
+                              std::string_view to);

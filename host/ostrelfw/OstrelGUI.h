@@ -12,7 +12,8 @@
 class OstrelGUI
 {
 public:
-    virtual ~OstrelGUI() = default;
+    // The host's library has the body, and by that the class's type information.
+    virtual ~OstrelGUI();
 
     /** Whether the main window exists. */
     virtual bool is_loaded() = 0;

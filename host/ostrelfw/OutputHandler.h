@@ -14,7 +14,8 @@ class QString;
 class OutputHandler
 {
 public:
-    virtual ~OutputHandler() = default;
+    // The host's library has the body, and by that the class's type information.
+    virtual ~OutputHandler();
 
     /** Makes the console read-only or editable. */
     virtual void set_read_only(bool readOnly) = 0;

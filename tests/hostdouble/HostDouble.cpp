@@ -14,6 +14,8 @@
 #include "host/ostrelfw/ComponentTracker.h"
 #include "host/ostrelfw/Framework.h"
 #include "host/ostrelfw/Mediator.h"
+#include "host/ostrelfw/OstrelGUI.h"
+#include "host/ostrelfw/OutputHandler.h"
 
 #include <algorithm>
 
@@ -196,6 +198,10 @@ CLParser* CLOptions::instance()
     static RecordingParser parser;
     return &parser;
 }
+
+OstrelGUI::~OstrelGUI() = default;
+
+OutputHandler::~OutputHandler() = default;
 
 ComponentTracker::~ComponentTracker() = default;
 void ComponentTracker::component_loading(const char*) {}

@@ -9,7 +9,8 @@
 using std::size_t;
 using std::string;
 
-size_t replace_backwards(string& buffer, size_t begin, size_t end, std::string_view from, std::string_view to)
+size_t literally_replace_backwards(string& buffer, size_t begin, size_t end, std::string_view from,
+                                   std::string_view to)
 {
     size_t count = 0;
     size_t position = buffer.rfind(from, end);
@@ -47,9 +48,9 @@ size_t treat_quotes(string& buffer, size_t start, size_t eol)
         const size_t old_eol = eol;
         buffer.insert(eol, 1, buffer[q1]);
         eol += 1;
-        doubled = replace_backwards(buffer, q1, old_eol, "\\", "\\\\");
+        doubled = literally_replace_backwards(buffer, q1, old_eol, "\\", "\\\\");
     } else {
-        doubled = replace_backwards(buffer, q1, q2, "\\", "\\\\");
+        doubled = literally_replace_backwards(buffer, q1, q2, "\\", "\\\\");
     }
     return doubled > 0 ? line_end(buffer, start) : eol;
 }
@@ -81,7 +82,7 @@ void literally_pythonize_text(QString& text)
                 if (continued)
                     pending = buffer.substr(start, end - start);
             } else {
-                grow(replace_backwards(buffer, start, end, "'", "\\'"));
+                grow(literally_replace_backwards(buffer, start, end, "'", "\\'"));
                 if (!continued) {
                     buffer.insert(end, closing);
                     grow(closing.size());
@@ -94,7 +95,7 @@ void literally_pythonize_text(QString& text)
         } else {
             const bool call = pending.starts_with("fennar.cmd");
             if (call)
-                grow(replace_backwards(buffer, start, end, "'", "\\'"));
+                grow(literally_replace_backwards(buffer, start, end, "'", "\\'"));
             if (continued) {
                 pending += buffer.substr(start, end - start);
             } else {

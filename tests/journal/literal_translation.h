@@ -15,11 +15,6 @@ class QString;
  */
 void literally_pythonize_text(QString& text);
 
-/**
- * Replaces @p from by @p to in @p buffer, searching backwards from @p end down to @p begin. Returns how
- * often.
- *
- * After a match at offset 0 the search starts over at the end of the buffer.
- */
-std::size_t replace_backwards(std::string& buffer, std::size_t begin, std::size_t end, std::string_view from,
-                              std::string_view to);
+/** Its step of search and replace, one match after the other; what replace_backwards() is compared with. */
+std::size_t literally_replace_backwards(std::string& buffer, std::size_t begin, std::size_t end,
+                                        std::string_view from, std::string_view to);

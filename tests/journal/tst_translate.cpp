@@ -119,6 +119,7 @@ void TstTranslate::search_goes_backwards_between_its_ends()
     QCOMPARE(replaced("a'b'c'", 1, 60), u"a\\'b\\'c\\' 3"_s);
     QCOMPARE(replaced("abc", 0, 2), u"abc 0"_s);
     QCOMPARE(replaced("", 0, 0), u" 0"_s);
+    QCOMPARE(replaced("a'", 5, 9), u"a' 0"_s);
 }
 
 void TstTranslate::search_that_hits_the_first_byte_starts_over_at_the_end()

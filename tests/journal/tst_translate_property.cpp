@@ -78,6 +78,7 @@ private slots:
     void short_texts();
     void all_texts_of_few_pieces();
     void long_texts();
+    void replacing_backwards_is_what_one_match_after_the_other_gives();
 
 private:
     QString text_of(int count, int kinds);
@@ -172,6 +173,38 @@ void TstTranslateProperty::long_texts()
         const QString wrong = difference(text);
         QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
     }
+}
+
+/** With any pattern, and with ends that lie anywhere. */
+void TstTranslateProperty::replacing_backwards_is_what_one_match_after_the_other_gives()
+{
+    const auto random_text = [this](int shortest, int longest) {
+        std::string text(static_cast<size_t>(mRandom.bounded(shortest, longest + 1)), 'a');
+        for (char& byte : text)
+            byte = "aab"[mRandom.bounded(3)];
+        return text;
+    };
+    int replaced = 0;
+    int started_over = 0;
+    for (int run = 0; run < 200'000; ++run) {
+        const std::string before = random_text(0, 12);
+        const std::string from = random_text(1, 3);
+        // One that begins with what it replaces would be replaced again and again at the very start.
+        const std::string to = '+' + random_text(0, 3);
+        const auto begin = static_cast<size_t>(mRandom.bounded(14));
+        const auto end = static_cast<size_t>(mRandom.bounded(16));
+        std::string found = before;
+        const size_t count = replace_backwards(found, begin, end, from, to);
+        std::string expected = before;
+        const size_t expected_count = literally_replace_backwards(expected, begin, end, from, to);
+        const auto text = QString::fromStdString(before + " from " + from + " to " + to) +
+                          u", %1 to %2"_s.arg(begin).arg(end);
+        QVERIFY2(found == expected && count == expected_count, qPrintable(text));
+        replaced += count > 0;
+        started_over += begin == 0 && before.starts_with(from) && end < before.size();
+    }
+    QVERIFY(replaced > 20'000);
+    QVERIFY(started_over > 1'000);
 }
 
 OSTREL_TEST(TstTranslateProperty)

@@ -5,6 +5,7 @@
 """Checks that the shell's library exports its public classes and nothing else:  exported_symbols.py ROOT LIBRARY
 
 The classes, and namespaces of functions, are those below. They must be the ones that the headers mark, and each must be in the library.
+The type information of the host's classes must not be there, but asked of the host.
 """
 
 import glob
@@ -22,6 +23,9 @@ PUBLIC = {
     "OstrelViewMenu", "OstrelToolsMenu", "OstrelHelpMenu", "HelpAboutOstrel", "PyAction", "PyOstrel",
     "OptionsPanel",
 }
+
+# Classes of the host that the shell derives from. A library of the host owns their type information.
+OF_THE_HOST = {"ComponentTracker", "OstrelGUI", "OutputHandler"}
 
 SHELL = ("frame", "console", "files", "journal", "menus", "options", "resources")
 
@@ -109,6 +113,10 @@ def main():
     seen, strays = judge(lines)
     faults += [f"not in the library: {c}" for c in sorted(PUBLIC - seen)]
     faults += [f"exported beyond the public classes: {name}" for name in strays]
+    asked = subprocess.run(["nm", "-DC", "--undefined-only", library], capture_output=True, text=True,
+                           check=True).stdout
+    faults += [f"the type information is not the host's: {c}" for c in sorted(OF_THE_HOST)
+               if not re.search(rf" typeinfo for {c}(@|$)", asked, re.M)]
     for fault in faults:
         print(fault)
     print(f"{len(lines)} symbols, {len(seen)} classes: {len(faults)} faults")

@@ -12,6 +12,7 @@
 #include "workbench/fennari19/CommandError.h"
 #include "workbench/fennari19/CommandInterpreter.h"
 #include "workbench/fennari19/Fennar.h"
+#include "workbench/fennari19/tokenize.h"
 #include "workbench/navigation/CommandSink.h"
 
 #include <QCoreApplication>
@@ -105,6 +106,15 @@ void GeometryFileHandler::import_recent(const QString& command)
 
 void GeometryFileHandler::save_file(const QString& file)
 {
+    // A command that runs has asked for it, or asks about unsaved changes: another one would have to wait.
+    if (!mForCommand && !Fennar::instance().interpreter().is_running()) {
+        const std::weak_ptr<void> life = mLife;
+        send_command(file == mDocument.file() ? u"save"_s : u"save "_s + quote_word(file));
+        // Whatever else has waited for the console has run by now, too.
+        if (!life.expired())
+            mSaveFailed = mDocument.is_modified();
+        return;
+    }
     mSaveFailed = !attempt([&] { mDocument.save(file); });
 }
 
@@ -135,13 +145,16 @@ void GeometryFileHandler::set_directory()
     Ostrel::instance()->file_menu()->user_changed_directory(directory);
 }
 
-void GeometryFileHandler::start_new()
+void GeometryFileHandler::start_new(bool discard)
 {
     if (!is_plugged_in()) {
         mDocument.clear();
         return;
     }
-    ask_about_changes();
+    if (discard)
+        mDiscarded = mDocument.changes();
+    else
+        ask_about_changes();
     run_for_command([this] { menu()->file_new(); });
 }
 

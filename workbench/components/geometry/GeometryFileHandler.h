@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 
 class GeometryDocument;
 class Ostrel;
@@ -17,6 +18,7 @@ class OstrelFileMenu;
 /**
  * Opens and saves the model through the file menu, and for commands in the same way.
  *
+ * Saving is sent to the console as a command, as import and export are, so that history and notes have it.
  * What fails is told on the console. Neither a file that cannot be read nor one that cannot be written
  * becomes the current file, whatever the file menu has noted by then; and unsaved data that the user has
  * agreed to lose counts as unsaved again if it was not lost after all.
@@ -43,7 +45,8 @@ public:
     // For commands: as the entries of the file menu, but without a file dialog, and what fails throws a
     // GeometryError.
 
-    void start_new();
+    /** @param discard  without the question about unsaved changes. */
+    void start_new(bool discard);
     void open(const QString& file);
     /** @param file  empty for the current one. */
     void save(const QString& file);
@@ -68,4 +71,6 @@ private:
     SaveQuestion mQuestion;
     bool mForCommand = false;
     QString mFailure;
+    /** Expires with this object. */
+    std::shared_ptr<void> mLife = std::make_shared<bool>();
 };

@@ -45,8 +45,12 @@ QString read_file_name(CommandCall& call)
 
 void start_new(CommandCall& call, const DocumentActions& actions)
 {
+    const bool discard = call.has(1);
+    const QStringView what = u"\"discard\" or the end of the line";
+    if (discard && call.text(1, what) != "discard"_L1)
+        throw call.expected(1, what);
     call.expect_end();
-    actions.start_new();
+    actions.start_new(discard);
 }
 
 void open(CommandCall& call, const DocumentActions& actions)
@@ -78,10 +82,12 @@ bool register_document_commands(CommandRegistry& registry, GeometryModel& model,
         {.name = u"new"_s,
          .summary = u"Starts an empty model."_s,
          .help =
-             u"As \"New\" in the file menu: with a window the question about unsaved changes comes first."_s,
+             u"As \"New\" in the file menu: with a window the question about unsaved changes comes first, "
+             u"unless\n"
+             "\"discard\" drops them, and the console is emptied."_s,
          .owner = owner,
          .run = with(&start_new),
-         .forms = {{}}},
+         .forms = {{.clauses = {{.keyword = u"discard"_s, .optional = true}}}}},
         {.name = u"open"_s,
          .summary = u"Opens a model that was saved."_s,
          .help = u"It takes the place of the present model. With a window the question about unsaved changes "

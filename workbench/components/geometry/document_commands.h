@@ -13,7 +13,8 @@ class GeometryModel;
 /** What the commands "new", "open" and "save" do; each may throw a GeometryError. */
 struct DocumentActions
 {
-    std::function<void()> start_new;
+    /** With whether unsaved changes are dropped without a question. */
+    std::function<void(bool discard)> start_new;
     /** With the whole path of a file that exists. */
     std::function<void(const QString& file)> open;
     /** With the whole path of a file, or empty for the document's own. */

@@ -60,7 +60,7 @@ QString program_path(const QString& name)
 /** What the commands that open and save do: with a window the same as the file menu. */
 DocumentActions document_actions()
 {
-    return {[] { file_handler ? file_handler->start_new() : document->clear(); },
+    return {[](bool discard) { file_handler ? file_handler->start_new(discard) : document->clear(); },
             [](const QString& file) { file_handler ? file_handler->open(file) : document->open(file); },
             [](const QString& file) { file_handler ? file_handler->save(file) : document->save(file); }};
 }

@@ -6,6 +6,7 @@
 #include "journal/JournalEditor.h"
 #include "workbench/components/recovery/RecoveryFolder.h"
 #include "workbench/components/recovery/TextCopy.h"
+#include "workbench/components/recovery/journal_file.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -167,9 +168,14 @@ void DocumentKeeper::modification_changed(QPlainTextEdit* document, bool modifie
     watched.changed = true;
     if (modified)
         return;
-    drop_copy(watched);
+    if (mCheck)
+        mCheck(document);
+    const auto saved = mWatched.find(document);
+    if (saved == mWatched.end() || document->document()->isModified())
+        return;
+    drop_copy(*saved);
     if (mTabs)
-        forget_origin(document, watched);
+        forget_origin(document, *saved);
 }
 
 void DocumentKeeper::look_at(QPlainTextEdit* document)
@@ -218,7 +224,7 @@ void DocumentKeeper::write(QPlainTextEdit* document, Watched& watched)
     const int tab = mTabs ? mTabs->indexOf(document) : -1;
     if (tab < 0)
         return;
-    copy.file = file_of(tab);
+    copy.file = journal_file(document);
     if (copy.file.isEmpty())
         copy.file = watched.earlier_file;
     watched.changed = false;
@@ -283,19 +289,4 @@ void DocumentKeeper::forget_origin(QPlainTextEdit* document, Watched& watched)
     if (!watched.earlier_file.isEmpty())
         mTabs->setTabToolTip(mTabs->indexOf(document), {});
     watched.earlier_file.clear();
-}
-
-// The editor tells the file of a document in its title only.
-QString DocumentKeeper::file_of(int tab) const
-{
-    if (!mEditor)
-        return {};
-    const bool current = tab == mTabs->currentIndex();
-    if (!current)
-        mEditor->update_title(tab);
-    const QString title = mEditor->windowTitle();
-    if (!current)
-        mEditor->update_title(-1);
-    const QString ending = u" - "_s + JournalEditor::tr("Journal Editor");
-    return title.endsWith(ending) ? title.chopped(ending.size()) : QString();
 }

@@ -15,6 +15,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <utility>
 
 class JournalEditor;
 class QPlainTextEdit;
@@ -47,6 +48,10 @@ public:
                    const Report& report);
     /** Removes all that is kept. */
     ~DocumentKeeper() override;
+
+    /** Sets what is called with a document that is no longer modified, before its copy goes: if that makes it
+     * modified again, since its file does not hold it, the copy stays. */
+    void set_check(std::function<void(QPlainTextEdit* document)> check) { mCheck = std::move(check); }
 
     /**
      * Opens @p kept as a document that is modified and has no file.
@@ -93,12 +98,12 @@ private:
     void forget(QObject* document);
     void forget_origin(QPlainTextEdit* document, Watched& watched);
     void written(QObject* document, int number, const QString& error, bool lost);
-    QString file_of(int tab) const;
 
     QPointer<JournalEditor> mEditor;
     /** The editor's; null if it has none. */
     QPointer<QTabWidget> mTabs;
     Report mReport;
+    std::function<void(QPlainTextEdit*)> mCheck;
     QHash<QObject*, Watched> mWatched;
     int mLastNumber = 0;
     /** Whether go_on() is to be called from the event loop. */

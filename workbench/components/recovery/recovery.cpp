@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 // A component that works in the background: it keeps the unsaved journals on disk while the program runs,
-// and offers them at the next start if the program did not come to its end.
+// and offers them at the next start if the program did not come to its end. It also sees to it that journals
+// and their files do not part unnoticed.
 
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
 #include "journal/JournalEditor.h"
 #include "workbench/components/component.h"
 #include "workbench/components/recovery/DocumentKeeper.h"
+#include "workbench/components/recovery/JournalFiles.h"
 #include "workbench/components/recovery/RecoveryOffer.h"
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandRegistry.h"
@@ -33,6 +35,11 @@ constexpr auto owner = "recovery";
 /** So much of a user's work may get lost. */
 constexpr auto interval = 15s;
 
+void report(const QString& text)
+{
+    Broker::command << u"ERROR: "_s + text + u'\n';
+}
+
 /** All that the component has while there is a window. */
 class Recovery : public QObject
 {
@@ -51,6 +58,7 @@ private:
 
     QString mRoot;
     Ostrel* mWindow;
+    JournalFiles mFiles;
     DocumentKeeper mKeeper;
     /** A child of the window. */
     QPointer<RecoveryOffer> mOffer;
@@ -60,10 +68,13 @@ Recovery::Recovery(Ostrel* window)
     : QObject(window),
       mRoot(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + u"/recovery"_s),
       mWindow(window),
-      mKeeper(window->journal_editor(), mRoot, interval,
-              [](const QString& text) { Broker::command << u"ERROR: "_s + text + u'\n'; })
+      mFiles(window->journal_editor(), &report),
+      mKeeper(window->journal_editor(), mRoot, interval, &report)
 {
     setObjectName(u"Recovery"_s);
+    mKeeper.set_check([this](QPlainTextEdit* document) { mFiles.verify(document); });
+    mFiles.setObjectName(u"journalFiles"_s);
+    mFiles.setParent(this);
     mKeeper.setObjectName(u"documentKeeper"_s);
     mKeeper.setParent(this);
 }

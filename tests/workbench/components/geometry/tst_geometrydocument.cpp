@@ -59,6 +59,7 @@ private slots:
     void mesh_stays_of_the_model_or_of_an_earlier_one();
     void changed_are_all_solids_of_both_models();
     void new_starts_from_the_beginning();
+    void new_asks_unless_changes_are_to_be_dropped();
     void commands_that_change_the_model_make_it_modified_data();
     void commands_that_change_the_model_make_it_modified();
     void file_that_cannot_be_opened_changes_nothing_data();
@@ -89,11 +90,13 @@ private:
     std::unique_ptr<GeometryModel> mModel;
     std::unique_ptr<GeometryDocument> mDocument;
     ApplicationServices mServices;
+    QList<bool> mDiscarded;
     QString mOutput;
 };
 
 void TstGeometryDocument::set_up()
 {
+    mDiscarded.clear();
     mDirectory = std::make_unique<QTemporaryDir>();
     mModel = std::make_unique<GeometryModel>();
     mDocument = std::make_unique<GeometryDocument>(*mModel);
@@ -103,7 +106,10 @@ void TstGeometryDocument::set_up()
     mInterpreter->set_error_output([this](const QString& text) { mOutput += text; });
     QVERIFY(register_geometry_commands(*mRegistry, *mModel, mServices, QStringLiteral(FENNAR_MESHER)));
     QVERIFY(register_document_commands(*mRegistry, *mModel,
-                                       {[this] { mDocument->clear(); },
+                                       {[this](bool discard) {
+                                            mDiscarded << discard;
+                                            mDocument->clear();
+                                        },
                                         [this](const QString& file) { mDocument->open(file); },
                                         [this](const QString& file) { mDocument->save(file); }}));
 }
@@ -232,6 +238,13 @@ void TstGeometryDocument::new_starts_from_the_beginning()
     enter(u"brick 1"_s);
     enter(u"new"_s);
     QVERIFY(enter(u"brick 1"_s).startsWith(u"brick1: "_s));
+}
+
+void TstGeometryDocument::new_asks_unless_changes_are_to_be_dropped()
+{
+    enter(u"new"_s);
+    enter(u"new discard"_s);
+    QCOMPARE(mDiscarded, QList<bool>({false, true}));
 }
 
 void TstGeometryDocument::commands_that_change_the_model_make_it_modified_data()
@@ -418,7 +431,10 @@ void TstGeometryDocument::mistakes_are_named_data()
     QTest::newRow("save in an empty name")
         << u"save ''"_s << u"ERROR: save: column 6: expected the name of a file, found \"\"\n"_s;
     QTest::newRow("new with a word")
-        << u"new x"_s << u"ERROR: new: column 5: expected the end of the line, found \"x\"\n"_s;
+        << u"new x"_s
+        << u"ERROR: new: column 5: expected \"discard\" or the end of the line, found \"x\"\n"_s;
+    QTest::newRow("new with a word too many")
+        << u"new discard x"_s << u"ERROR: new: column 13: expected the end of the line, found \"x\"\n"_s;
 }
 
 void TstGeometryDocument::mistakes_are_named()

@@ -70,6 +70,8 @@ private slots:
     void exported_surface_comes_back_by_import();
     void dialog_opens_a_model();
     void save_as_proposes_the_current_file();
+    void saving_from_the_menu_is_a_command();
+    void new_discard_drops_unsaved_data_without_a_question();
     void closing_asks_about_unsaved_data_data();
     void closing_asks_about_unsaved_data();
     void yes_to_the_question_saves_before_the_window_closes();
@@ -311,6 +313,43 @@ void TstModelFiles::save_as_proposes_the_current_file()
     QCOMPARE(title(), u"Fennar - "_s + path(u"a.mdl"_s));
 }
 
+void TstModelFiles::saving_from_the_menu_is_a_command()
+{
+    type(u"brick 2"_s);
+    {
+        DialogDriver driver;
+        driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, path(u"a b.mdl"_s)); });
+        action(u"mFileSaveAsAction"_s)->trigger();
+        QVERIFY(driver.finish());
+    }
+    const QString file = path(u"a b.mdl"_s);
+    QVERIFY2(page()->toPlainText().contains(u"Fennar>save %1\n"_s.arg(quote_word(file))),
+             qPrintable(page()->toPlainText()));
+    QVERIFY(!is_modified());
+    QCOMPARE(recent_files(), QStringList(file));
+
+    // In the current file.
+    type(u"brick 3"_s);
+    page()->clearToPrompt();
+    action(u"mFileSaveAction"_s)->trigger();
+    QVERIFY2(page()->toPlainText().contains(u"Fennar>save\n"_s), qPrintable(page()->toPlainText()));
+    QVERIFY(!is_modified());
+    QCOMPARE(title(), u"Fennar - "_s + file);
+    QCOMPARE(recent_files(), QStringList(file));
+}
+
+void TstModelFiles::new_discard_drops_unsaved_data_without_a_question()
+{
+    type(u"brick 2"_s);
+    QVERIFY(is_modified());
+    QVERIFY(OstrelFileMenu::do_save_prompt());
+    const DialogDriver nothing_comes;
+    type(u"new discard"_s);
+    QVERIFY(!is_modified());
+    QCOMPARE(list(), u"There are no solids."_s);
+    QVERIFY(OstrelFileMenu::do_save_prompt());
+}
+
 void TstModelFiles::closing_asks_about_unsaved_data_data()
 {
     QTest::addColumn<QString>("button");
@@ -380,7 +419,7 @@ void TstModelFiles::save_that_fails_keeps_data_name_and_window()
     action(u"mFileSaveAction"_s)->trigger();
     QVERIFY2(
         page()->toPlainText().contains(
-            u"ERROR: the model cannot be saved in \"%1\": No such file or directory; it stays in memory, unsaved\n"_s
+            u"ERROR: save: the model cannot be saved in \"%1\": No such file or directory; it stays in memory, unsaved\n"_s
                 .arg(path(u"d/a.mdl"_s))),
         qPrintable(page()->toPlainText()));
     QVERIFY(is_modified());

@@ -1,0 +1,415 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/components/recovery/JournalFiles.h"
+
+#include "journal/JournalEditor.h"
+#include "workbench/components/recovery/journal_file.h"
+#include "workbench/components/recovery/line_differences.h"
+
+#include <QAction>
+#include <QCryptographicHash>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QEvent>
+#include <QFile>
+#include <QFileInfo>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTextCursor>
+#include <QVBoxLayout>
+
+#include <chrono>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+/** How long a file is left alone after a change. */
+constexpr auto patience = 200ms;
+
+std::optional<QByteArray> content_of(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return {};
+    return bytes;
+}
+
+QByteArray fingerprint_of(const QByteArray& bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
+}
+
+/** The text that the editor makes of a file: each line up to its first NUL, and a line feed behind the last.
+ */
+QString text_of(const QByteArray& bytes)
+{
+    QString text;
+    for (const QByteArray& line : bytes.split('\n'))
+        text += QString::fromUtf8(line.constData()) + u'\n';
+    return text;
+}
+
+QString shown(const QString& file)
+{
+    return QDir::toNativeSeparators(file);
+}
+
+QPushButton* add_button(QMessageBox* box, const QString& name, const QString& text,
+                        QMessageBox::ButtonRole role)
+{
+    QPushButton* const button = box->addButton(text, role);
+    button->setObjectName(name);
+    return button;
+}
+
+} // namespace
+
+JournalFiles::State JournalFiles::State::of(const QString& file)
+{
+    struct stat found = {};
+    if (file.isEmpty() || ::stat(QFile::encodeName(file).constData(), &found) != 0)
+        return {};
+    return {true, S_ISREG(found.st_mode), found.st_size, found.st_mtim, found.st_ino};
+}
+
+bool JournalFiles::State::operator==(const State& other) const
+{
+    return exists == other.exists && size == other.size && changed.tv_sec == other.changed.tv_sec &&
+           changed.tv_nsec == other.changed.tv_nsec && inode == other.inode;
+}
+
+void JournalFiles::Watched::close_boxes() const
+{
+    delete question;
+    delete comparison;
+    delete complaint;
+}
+
+JournalFiles::JournalFiles(JournalEditor* editor, const Report& report)
+    : mEditor(editor), mTabs(editor->findChild<QTabWidget*>(u"mDocTab"_s)), mReport(report)
+{
+    if (!mTabs)
+        return;
+    mPatience.setSingleShot(true);
+    mPatience.setInterval(patience);
+    connect(&mPatience, &QTimer::timeout, this, &JournalFiles::check);
+    const auto wait = [this] { mPatience.start(); };
+    connect(&mWatcher, &QFileSystemWatcher::fileChanged, this, wait);
+    connect(&mWatcher, &QFileSystemWatcher::directoryChanged, this, wait);
+    // A new document, a document of another name.
+    connect(mTabs, &QTabWidget::currentChanged, this, &JournalFiles::follow_documents);
+    connect(editor, &QWidget::windowTitleChanged, this, &JournalFiles::follow_documents);
+    editor->installEventFilter(this);
+    guard(u"fileSaveAction"_s, &JournalEditor::fileSave, &JournalFiles::look_at_current);
+    guard(u"fileSaveAllAction"_s, &JournalEditor::fileSaveAll, &JournalFiles::look_at_modified);
+    guard(u"fileCloseAction"_s, &JournalEditor::fileClose, &JournalFiles::look_at_current);
+    disconnect(mTabs, &QTabWidget::tabCloseRequested, editor, nullptr);
+    connect(mTabs, &QTabWidget::tabCloseRequested, this, [this](int tab) {
+        auto* const document = qobject_cast<Document*>(mTabs->widget(tab));
+        if (!document || !document->document()->isModified() || look_at(document, true))
+            mEditor->close_tab(tab);
+    });
+    follow_documents();
+}
+
+JournalFiles::~JournalFiles()
+{
+    for (const Watched& watched : std::as_const(mWatched))
+        watched.close_boxes();
+    if (!mEditor || !mTabs)
+        return;
+    for (const Guarded& one : std::as_const(mGuarded)) {
+        if (one.action)
+            connect(one.action, &QAction::triggered, mEditor, one.slot);
+    }
+    connect(mTabs, &QTabWidget::tabCloseRequested, mEditor, &JournalEditor::close_tab);
+}
+
+void JournalFiles::check()
+{
+    if (!mTabs)
+        return;
+    follow_documents();
+    for (Document* document : documents())
+        look_at(document, false);
+}
+
+// The window closes, or has become the active one.
+bool JournalFiles::eventFilter(QObject* object, QEvent* event)
+{
+    if (object != mEditor)
+        return false;
+    if (event->type() == QEvent::WindowActivate)
+        mPatience.start();
+    if (event->type() != QEvent::Close || look_at_modified())
+        return false;
+    event->ignore();
+    return true;
+}
+
+// Puts a look at the files ahead of what an action of the editor does.
+void JournalFiles::guard(const QString& name, void (JournalEditor::*slot)(),
+                         bool (JournalFiles::*may_go_on)())
+{
+    auto* const action = mEditor->findChild<QAction*>(name);
+    if (!action)
+        return;
+    disconnect(action, &QAction::triggered, mEditor, nullptr);
+    connect(action, &QAction::triggered, this, [this, slot, may_go_on] {
+        if (!mEditor || !(this->*may_go_on)())
+            return;
+        const QPointer<JournalFiles> self = this;
+        (mEditor->*slot)();
+        // A document that was not modified does not tell that it has been saved.
+        if (self && mEditor && slot == &JournalEditor::fileSave) {
+            auto* const document = qobject_cast<Document*>(mTabs->currentWidget());
+            if (document && !document->document()->isModified())
+                verify(document);
+        }
+    });
+    mGuarded.append({action, slot});
+}
+
+QList<JournalFiles::Document*> JournalFiles::documents() const
+{
+    QList<Document*> all;
+    for (int tab = 0; mTabs && tab < mTabs->count(); ++tab) {
+        if (auto* document = qobject_cast<Document*>(mTabs->widget(tab)))
+            all << document;
+    }
+    return all;
+}
+
+void JournalFiles::follow_documents()
+{
+    for (Document* document : documents())
+        watch(document);
+}
+
+JournalFiles::Watched& JournalFiles::watch(Document* document)
+{
+    const bool is_new = !mWatched.contains(document);
+    Watched& watched = mWatched[document];
+    if (is_new) {
+        connect(document->document(), &QTextDocument::modificationChanged, this,
+                [this, document] { modification_changed(document); });
+        connect(document->document(), &QObject::destroyed, this,
+                [this, document] { mWatched.take(document).close_boxes(); });
+    }
+    if (const QString file = journal_file(document); file != watched.file) {
+        watched.close_boxes();
+        watched.file = file;
+        accept_state(watched);
+    }
+    return watched;
+}
+
+void JournalFiles::accept_state(Watched& watched)
+{
+    watched.state = State::of(watched.file);
+    watched.fingerprint.clear();
+    if (!watched.state.is_regular)
+        return;
+    if (const std::optional<QByteArray> bytes = content_of(watched.file))
+        watched.fingerprint = fingerprint_of(*bytes);
+    // One that was replaced is not watched any more.
+    mWatcher.addPaths({watched.file, QFileInfo(watched.file).absolutePath()});
+}
+
+void JournalFiles::modification_changed(Document* document)
+{
+    // It may also be that the user does not want the changes any more. Then nothing was written.
+    if (!document->document()->isModified())
+        verify(document);
+}
+
+void JournalFiles::verify(Document* document)
+{
+    const auto known = mWatched.constFind(document);
+    const bool has_new_name = known == mWatched.constEnd() || known->file != journal_file(document);
+    Watched& watched = watch(document);
+    const State now = State::of(watched.file);
+    if (!now.exists)
+        return;
+    // Whether it has been written cannot be seen either.
+    if (!now.is_regular) {
+        complain(document, tr("it is not a regular file, and cannot be compared with the text"));
+        return;
+    }
+    if (!has_new_name && now == watched.state)
+        return;
+    const std::optional<QByteArray> bytes = content_of(watched.file);
+    const QByteArray text = document->toPlainText().toUtf8();
+    if (bytes && !text.startsWith(*bytes)) {
+        // Others have written it, too.
+        look_at(document, true);
+        return;
+    }
+    accept_state(watched);
+    if (!bytes)
+        complain(document, tr("it cannot be read back"));
+    else if (bytes->size() < text.size())
+        complain(document, tr("it has only %1 of %2 bytes").arg(bytes->size()).arg(text.size()));
+    else
+        delete watched.complaint;
+}
+
+bool JournalFiles::look_at_current()
+{
+    auto* const document = mTabs ? qobject_cast<Document*>(mTabs->currentWidget()) : nullptr;
+    return !document || look_at(document, true);
+}
+
+bool JournalFiles::look_at_modified()
+{
+    bool all = true;
+    for (Document* document : documents()) {
+        if (document->document()->isModified() && !look_at(document, true))
+            all = false;
+    }
+    return all;
+}
+
+bool JournalFiles::look_at(Document* document, bool insist)
+{
+    Watched& watched = watch(document);
+    const State now = State::of(watched.file);
+    bool is_same = now == watched.state;
+    // A file that is gone is not overwritten; it may come back in a moment.
+    if (!is_same && !now.is_regular)
+        return true;
+    if (!is_same) {
+        const QByteArray bytes = content_of(watched.file).value_or(QByteArray());
+        const QString text = document->toPlainText();
+        // Touched, or written with what is shown anyway.
+        is_same = fingerprint_of(bytes) == watched.fingerprint ||
+                  (!document->document()->isModified() && (text_of(bytes) == text || bytes == text.toUtf8()));
+        if (is_same)
+            accept_state(watched);
+    }
+    if (is_same) {
+        delete watched.question;
+        return true;
+    }
+    if (insist || !(now == watched.asked))
+        ask(document, insist);
+    return false;
+}
+
+void JournalFiles::complain(Document* document, const QString& reason)
+{
+    Watched& watched = watch(document);
+    const QString message = tr("%1 does not hold the journal: %2").arg(shown(watched.file), reason);
+    delete watched.complaint;
+    auto* const box =
+        new QMessageBox(QMessageBox::Critical, tr("Journal Not Saved"), {}, QMessageBox::Ok, mEditor);
+    box->setObjectName(u"journalNotSaved"_s);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setModal(false);
+    // File names may look like markup.
+    box->setTextFormat(Qt::PlainText);
+    box->setText(message + u"\n\n"_s +
+                 tr("The disk may be full. The journal counts as unsaved, and stays in the editor."));
+    watched.complaint = box;
+    box->show();
+    // So that closing asks again, and the copy for a recovery stays.
+    document->document()->setModified(true);
+    mReport(message);
+}
+
+void JournalFiles::ask(Document* document, bool insist)
+{
+    Watched& watched = watch(document);
+    watched.asked = State::of(watched.file);
+    if (QDialog* const open = watched.comparison ? watched.comparison.data() : watched.question.data()) {
+        if (insist) {
+            open->raise();
+            open->activateWindow();
+        }
+        return;
+    }
+    auto* const box = new QMessageBox(QMessageBox::Question, tr("Journal Changed on Disk"), {},
+                                      QMessageBox::NoButton, mEditor);
+    box->setObjectName(u"journalChanged"_s);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setModal(false);
+    box->setTextFormat(Qt::PlainText);
+    QString text = tr("%1 was changed by another program.").arg(shown(watched.file));
+    if (document->document()->isModified())
+        text += u'\n' + tr("The journal has unsaved changes, too.");
+    box->setText(text);
+    box->setInformativeText(
+        tr("Until you decide, the journal is not saved. A journal that was read anew can be undone."));
+    QPushButton* const reload_button =
+        add_button(box, u"journalReload"_s, tr("&Reload"), QMessageBox::AcceptRole);
+    QPushButton* const keep_button =
+        add_button(box, u"journalKeep"_s, tr("&Keep the Journal"), QMessageBox::DestructiveRole);
+    QPushButton* const compare_button =
+        add_button(box, u"journalCompare"_s, tr("&Compare..."), QMessageBox::ActionRole);
+    box->setEscapeButton(add_button(box, u"journalLater"_s, tr("&Later"), QMessageBox::RejectRole));
+    connect(reload_button, &QPushButton::clicked, this, [this, document] { reload(document); });
+    connect(keep_button, &QPushButton::clicked, this, [this, document] {
+        Watched& kept = watch(document);
+        accept_state(kept);
+        // It is not what the file holds.
+        document->document()->setModified(true);
+    });
+    connect(compare_button, &QPushButton::clicked, this, [this, document] { compare(document); });
+    watched.question = box;
+    box->show();
+}
+
+void JournalFiles::reload(Document* document)
+{
+    Watched& watched = watch(document);
+    const std::optional<QByteArray> bytes = content_of(watched.file);
+    if (!bytes) {
+        mReport(tr("%1 cannot be read").arg(shown(watched.file)));
+        return;
+    }
+    accept_state(watched);
+    QTextCursor cursor(document->document());
+    cursor.select(QTextCursor::Document);
+    cursor.insertText(text_of(*bytes));
+    document->document()->setModified(false);
+}
+
+void JournalFiles::compare(Document* document)
+{
+    Watched& watched = watch(document);
+    const std::optional<QByteArray> bytes = content_of(watched.file);
+    const QStringList lines = line_differences(document->toPlainText().split(u'\n'),
+                                               QString::fromUtf8(bytes.value_or(QByteArray())).split(u'\n'));
+    auto* const dialog = new QDialog(mEditor);
+    watched.comparison = dialog;
+    dialog->setObjectName(u"journalDifferences"_s);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(tr("Differences of %1").arg(QFileInfo(watched.file).fileName()));
+    auto* const view = new QPlainTextEdit(dialog);
+    view->setObjectName(u"journalDifferencesText"_s);
+    view->setAccessibleName(tr("Differences"));
+    view->setReadOnly(true);
+    view->setLineWrapMode(QPlainTextEdit::NoWrap);
+    view->setFont(document->font());
+    view->setPlainText(tr("- only in the journal\n+ only in the file") + u"\n\n"_s + lines.join(u'\n'));
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, dialog);
+    connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
+    auto* const layout = new QVBoxLayout(dialog);
+    layout->addWidget(view);
+    layout->addWidget(buttons);
+    dialog->resize(600, 400);
+    // The question is still open.
+    connect(dialog, &QDialog::finished, this, [this, document] {
+        watch(document).comparison.clear();
+        look_at(document, true);
+    });
+    dialog->show();
+}
