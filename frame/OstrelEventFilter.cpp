@@ -4,6 +4,7 @@
 #include "frame/OstrelEventFilter.h"
 
 #include "frame/Alive.h"
+#include "frame/clock.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -19,7 +20,7 @@ constexpr double shortest_interval = 0.5;
 double steady_seconds()
 {
     using namespace std::chrono;
-    const auto now = duration_cast<microseconds>(steady_clock::now().time_since_epoch());
+    const auto now = duration_cast<microseconds>(shell_clock::now().time_since_epoch());
     return static_cast<double>(now.count()) / 1'000'000;
 }
 

@@ -4,10 +4,9 @@
 #include "console/CommandWidget.h"
 #include "frame/OstrelEventFilter.h"
 #include "support/TestCase.h"
+#include "support/TestClock.h"
 #include "support/windows.h"
 
-#include <QDeadlineTimer>
-#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QShortcut>
@@ -24,6 +23,7 @@
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -261,30 +261,31 @@ void TstOstrelEventFilter::first_unforced_run_takes_place()
 
 void TstOstrelEventFilter::second_unforced_run_waits_for_half_a_second()
 {
+    const TestClock clock;
     OpenFilter filter;
-    Handler handler;
-    QElapsedTimer before_first;
-    before_first.start();
     filter.processEvents(false);
-    QElapsedTimer after_first;
-    after_first.start();
 
-    // As a command reports its progress, over and over. Each call is judged by the times around it, so that a
-    // busy machine does not matter.
+    // As a command reports its progress, over and over.
+    Handler handler;
     handler.post();
-    const QDeadlineTimer give_up(10'000);
-    while (!give_up.hasExpired()) {
-        const qint64 at_least = after_first.nsecsElapsed();
-        filter.processEvents(false);
-        const qint64 at_most = before_first.nsecsElapsed();
-        if (handler.handled) {
-            // The whole microseconds that the interval is counted in may hide two.
-            QCOMPARE_GE(at_most, 499'998'000);
-            break;
-        }
-        QCOMPARE_LT(at_least, 500'002'000);
-    }
+    clock.advance(250ms);
+    filter.processEvents(false);
+    clock.advance(249'999us);
+    filter.processEvents(false);
+    // The interval is counted in whole microseconds.
+    clock.advance(999ns);
+    filter.processEvents(false);
+    QCOMPARE(handler.handled, 0);
+    clock.advance(1ns);
+    filter.processEvents(false);
     QCOMPARE(handler.handled, 1);
+
+    handler.post();
+    filter.processEvents(false);
+    QCOMPARE(handler.handled, 1);
+    clock.advance(500ms);
+    filter.processEvents(false);
+    QCOMPARE(handler.handled, 2);
 }
 
 void TstOstrelEventFilter::forced_run_always_takes_place()
@@ -300,22 +301,26 @@ void TstOstrelEventFilter::forced_run_always_takes_place()
 
 void TstOstrelEventFilter::forced_run_starts_the_interval()
 {
+    const TestClock clock;
     OpenFilter filter;
     Handler handler;
+    filter.processEvents(false);
+    clock.advance(375ms);
     filter.processEvents(true);
+    clock.advance(375ms);
     handler.post();
     filter.processEvents(false);
     QCOMPARE(handler.handled, 0);
+    clock.advance(125ms);
+    filter.processEvents(false);
+    QCOMPARE(handler.handled, 1);
 }
 
 void TstOstrelEventFilter::interval_counts_from_before_the_run()
 {
+    const TestClock clock;
     OpenFilter filter;
-    Handler slow([] {
-        const QDeadlineTimer busy(510);
-        while (!busy.hasExpired())
-            ;
-    });
+    Handler slow([] { TestClock::advance(500ms); });
     slow.post();
     filter.processEvents(false);
     QCOMPARE(slow.handled, 1);

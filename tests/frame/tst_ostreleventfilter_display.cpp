@@ -3,10 +3,10 @@
 
 #include "frame/OstrelEventFilter.h"
 #include "support/TestCase.h"
+#include "support/patience.h"
 #include "support/real_input.h"
 #include "support/windows.h"
 
-#include <QDeadlineTimer>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -21,10 +21,7 @@ namespace {
 template <class Condition>
 bool run_until(OstrelEventFilter& filter, Condition done)
 {
-    const QDeadlineTimer give_up(10'000);
-    while (!done() && !give_up.hasExpired())
-        filter.processEvents(true);
-    return done();
+    return repeat_until(done, [&filter] { filter.processEvents(true); });
 }
 
 class Window : public QWidget

@@ -8,11 +8,11 @@
 #include "hostdouble/HostDouble.h"
 #include "menus/OstrelToolsMenu.h"
 #include "support/TestCase.h"
+#include "support/patience.h"
 #include "support/real_input.h"
 #include "support/windows.h"
 
 #include <QAction>
-#include <QDeadlineTimer>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolBar>
@@ -50,10 +50,7 @@ private:
     template <class Condition>
     bool work_until(Condition done)
     {
-        const QDeadlineTimer give_up(10'000);
-        while (!done() && !give_up.hasExpired())
-            mFrame->check_interrupt_session("work");
-        return done();
+        return repeat_until(done, [this] { mFrame->check_interrupt_session("work"); });
     }
 
     static inline const QString interrupt = u"AppUtil::set_interrupt(true)"_s;
@@ -87,9 +84,8 @@ void TstProgressControlDisplay::click_on_cancel_interrupts_the_running_command()
     QVERIFY(real_click(cancel()));
     QVERIFY(!interrupted());
     // By reports of progress alone, of which a few in a second run the queue.
-    const QDeadlineTimer give_up(10'000);
-    for (int report = 0; !interrupted() && !give_up.hasExpired(); ++report)
-        mFrame->update_progress_session("mesh", report % 100);
+    int report = 0;
+    QVERIFY(repeat_until(interrupted, [&] { mFrame->update_progress_session("mesh", ++report % 100); }));
     QCOMPARE(HostDouble::instance().take_calls(), QStringList({u"FennarInterface::stop_playback()"_s,
                                                                u"FennarInterface::app_util()"_s, interrupt}));
     QVERIFY(cancel()->isEnabled());

@@ -105,8 +105,21 @@ def spdx_lines(tree):
 def no_bare_waits(tree):
     """A test waits for what it wants to see, not for time to pass, and does not skip. What it runs may sleep."""
     seen = [p for p in tree if is_code(p) and folder_of(p) == "tests"]
-    pattern = r"\bqSleep\b|\bqWait\s*\(|\bu?m?sleep\s*\(|\bsleep_(for|until)\s*\(|\bnanosleep\s*\(|\bQSKIP\s*\("
+    pattern = (r"\bqSleep\b|\bqWait\s*\(|\bu?m?sleep\s*\(|\bsleep_(for|until)\s*\(|\bnanosleep\s*\(|\bQSKIP\s*\("
+               r"|\bsingleShot\s*\(\s*(?!0\b)[\d.]")
     return seen, [b for p in seen for b in matches(pattern, p, without_strings(tree[p]), "waits by the clock, or skips")]
+
+
+def no_clocks(tree):
+    """A test does not ask how long something took, nor is it busy for a while: a slow machine is not a fault. What
+    takes long is measured by ./bench. Processor time may be compared with processor time, and deadlines that have
+    passed or never come may be handed to what is tested."""
+    seen = [p for p in tree if is_code(p) and folder_of(p) == "tests" and p != "tests/support/patience.h"]
+    pattern = (r"\bQElapsedTimer\b|\b(steady|system|high_resolution|file)_clock::now\b|\bQDeadlineTimer::current\b"
+               r"|\bQDeadlineTimer\b(\s+\w+)?\s*[({](?!\s*(0|QDeadlineTimer::Forever)\s*[)}])"
+               r"|\bcurrentM?SecsSinceEpoch\b|\bQTime::currentTime\b|\bn?m?secsElapsed\b|[.>]elapsed\s*\("
+               r"|\bclock_gettime\b|\bgettimeofday\b|\btime\s*\(\s*(nullptr|NULL|0)\s*\)")
+    return seen, [b for p in seen for b in matches(pattern, p, without_strings(tree[p]), "asks the clock")]
 
 
 def no_promises(tree):
@@ -236,6 +249,9 @@ GOOD = {
                                       'void t() { connect(a, SIGNAL(b()), c, SLOT(d())); }\n'
                                       'void s() { run("time.sleep(1)"); run(R"(\n" sleep(1))"); }\n'
                                       'void u() { QTRY_VERIFY(a); QVERIFY(QTest::qWaitFor(b)); }\n'
+                                      'void v() { QTimer::singleShot(0, this, f); const QDeadlineTimer past(0); }\n'
+                                      'void w(QDeadlineTimer d) { go(QDeadlineTimer(QDeadlineTimer::Forever)); }\n'
+                                      'void x() { shell_clock::now(); entry.time(); std::clock(); const TestClock clock; }\n'
                                       '#include "tst_box.moc"\n',
     "workbench/CMakeLists.txt": HASH_SPDX + "add_executable(fennar console/main.cpp)\n",
     "workbench/console/main.cpp": SPDX + '#include "frame/Box.h"\n',
@@ -257,8 +273,14 @@ BAD = {
     ],
     no_bare_waits: [{"tests/frame/tst_box.cpp": SPDX + f"void t() {{ {call} }}\n"} for call in (
         "QTest::qSleep(5);", "QTest::qWait(100);", "QThread::msleep(5);", "QThread::usleep (5);", "sleep(1);",
-        "std::this_thread::sleep_for(1s);", 'QSKIP("why");', 'f("a", \'"\'); sleep(1); f("b");',
+        "std::this_thread::sleep_for(1s);", "QTimer::singleShot(100, this, f);", "QTimer::singleShot(10ms, f);", 'QSKIP("why");', 'f("a", \'"\'); sleep(1); f("b");',
         'f(R"(a\n")"); sleep(1); f("b");')],
+    no_clocks: [{"tests/frame/tst_box.cpp": SPDX + line + "\n"} for line in (
+        "#include <QElapsedTimer>", "QElapsedTimer since;", "QVERIFY(since.elapsed() < 500);", "since->nsecsElapsed();",
+        "const QDeadlineTimer busy(510);", "QDeadlineTimer busy{500ms};", "while (!QDeadlineTimer(patience).hasExpired())",
+        "auto a = std::chrono::steady_clock::now();", "auto a = system_clock::now();", "QDeadlineTimer::current();",
+        "QDateTime::currentMSecsSinceEpoch();", "QTime::currentTime();", "clock_gettime(CLOCK_MONOTONIC, &t);",
+        "long a = std::time(nullptr);")],
     no_promises: [{"README.md": text + "\n"} for text in (
         "// TO" + "DO: more", "FIX" + "ME", "/* X" + "XX */", "a HA" + "CK")],
     includes_by_folder: [{"frame/Box.cpp": SPDX + line + "\n"} for line in (

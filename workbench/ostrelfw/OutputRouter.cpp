@@ -12,8 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 nanoseconds_per_millisecond = 1'000'000;
-
 /** Painting may take this part of the time in the long run. */
 constexpr qint64 refill_divisor = 10;
 
@@ -72,19 +70,20 @@ void OutputRouter::print(const QString& printed)
         mWindow->print_data(text);
         return;
     }
-    const qint64 budget = painting_budget * nanoseconds_per_millisecond;
-    mBudget = std::min(budget, mBudget + mRefilled.nsecsElapsed() / refill_divisor);
-    mRefilled.start();
-    if (mGathered.isEmpty() && mBudget > 0) {
+    const Time at = now();
+    mBudget =
+        std::min<std::chrono::nanoseconds>(painting_budget, mBudget + (at - mRefilled) / refill_divisor);
+    mRefilled = at;
+    if (mGathered.isEmpty() && mBudget.count() > 0) {
         hand_over(text);
         return;
     }
     if (mGathered.isEmpty()) {
-        mSinceFirst.start();
+        mFirst = at;
         mTimer.start();
     }
     mGathered += text;
-    if (mGathered.size() >= gather_size || mSinceFirst.elapsed() >= gather_interval)
+    if (mGathered.size() >= gather_size || at - mFirst >= gather_interval)
         flush();
 }
 
@@ -102,8 +101,15 @@ void OutputRouter::set_gathering(bool gather)
         end_folded_line();
         mLineOpen = false;
     }
-    mBudget = painting_budget * nanoseconds_per_millisecond;
-    mRefilled.start();
+    mBudget = painting_budget;
+    mRefilled = now();
+}
+
+void OutputRouter::set_clock(std::function<Time()> clock)
+{
+    mClock = std::move(clock);
+    mRefilled = now();
+    mFirst = now();
 }
 
 void OutputRouter::flush()
@@ -120,10 +126,9 @@ void OutputRouter::flush()
 
 void OutputRouter::hand_over(const QString& text)
 {
-    QElapsedTimer painting;
-    painting.start();
+    const Time begin = now();
     mWindow->print_data(text);
-    mBudget -= painting.nsecsElapsed();
+    mBudget -= now() - begin;
 }
 
 void OutputRouter::end_folded_line()

@@ -3,12 +3,16 @@
 
 #pragma once
 
+<<<<<<< HEAD
 #include "workbench/ostrelfw/LineFolder.h"
 
 #include <QElapsedTimer>
+=======
+>>>>>>> h-tests
 #include <QString>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -28,6 +32,8 @@ class OutputHandler;
 class OutputRouter
 {
 public:
+    using Time = std::chrono::steady_clock::time_point;
+
     OutputRouter();
 
     static OutputRouter& instance();
@@ -46,10 +52,10 @@ public:
     /** Takes text while there is no console. Null, as at first, keeps the text for the next console. */
     void set_fallback(std::function<void(const QString&)> fallback);
 
-    /** How long, in milliseconds, painting may take at first before texts are gathered. */
-    static constexpr qint64 painting_budget = 100;
-    /** How long, in milliseconds, texts are gathered. */
-    static constexpr int gather_interval = 40;
+    /** How long painting may take at first before texts are gathered. */
+    static constexpr std::chrono::milliseconds painting_budget{100};
+    /** How long texts are gathered. */
+    static constexpr std::chrono::milliseconds gather_interval{40};
     /** How many characters are gathered at most. */
     static constexpr qsizetype gather_size = 1 << 16;
 
@@ -61,6 +67,8 @@ public:
     /** Whether a flood of text is gathered. At first it is not; with false, what was gathered is handed over.
      */
     void set_gathering(bool gather);
+    /** Takes the time from @p clock, as a test may set it. Null for the steady clock, as at first. */
+    void set_clock(std::function<Time()> clock);
     /** Hands over what was gathered: ahead of anything that is put on the console in another way, and before
      * the user is to read or to answer something. */
     void flush();
@@ -69,9 +77,11 @@ public:
     std::optional<QString> folded_line(int number) const { return mFolder.line(number); }
 
 private:
+    Time now() const { return mClock ? mClock() : std::chrono::steady_clock::now(); }
     void hand_over(const QString& text);
     void end_folded_line();
 
+    std::function<Time()> mClock;
     OutputHandler* mWindow = nullptr;
     std::function<void(OutputHandler*)> mListener;
     std::function<void(const QString&)> mFallback;
@@ -79,11 +89,11 @@ private:
     LineFolder mFolder;
     /** What was gathered. */
     QString mGathered;
-    /** How much painting, in nanoseconds, is left of the budget. */
-    qint64 mBudget = 0;
-    QElapsedTimer mRefilled;
-    /** Runs since the first text was gathered. */
-    QElapsedTimer mSinceFirst;
+    /** How much painting is left of the budget, and since when. */
+    std::chrono::nanoseconds mBudget{};
+    Time mRefilled;
+    /** When the first text was gathered. */
+    Time mFirst;
     /** For commands that let the event loop run without the shell's turn, as for a dialog. */
     QTimer mTimer;
     bool mGathering = false;

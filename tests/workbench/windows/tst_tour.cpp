@@ -4,7 +4,6 @@
 #include "support/TestCase.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
@@ -82,14 +81,11 @@ int TstTour::play(const QStringList& options, const QString& platform)
     process.setProcessEnvironment(variables);
     process.setWorkingDirectory(mDirectory->path());
     process.setProcessChannelMode(QProcess::MergedChannels);
-    QElapsedTimer time;
-    time.start();
     process.start(QStringLiteral(FENNAR), QStringList{u"--settings"_s, u"settings.ini"_s} + options +
                                               QStringList{u"--play"_s, u"tour.jou"_s});
     // The watchdog of the test ends what takes too long.
     const bool ended = process.waitForFinished(-1) && process.exitStatus() == QProcess::NormalExit;
     mOutput = QString::fromUtf8(process.readAll());
-    qInfo("the tour took %.1f s", double(time.elapsed()) / 1000);
     return ended ? process.exitCode() : -1;
 }
 

@@ -315,16 +315,31 @@ void TstWindowCommands::picture_waits_for_shapes_and_no_longer_when_cancelled()
     scene.begin_work();
     const QString file = temp_path(u"a.png"_s);
     bool early = false;
-    QTimer::singleShot(100, this, [&] {
-        early = QFile::exists(file);
-        scene.end_work();
+    QTimer tick;
+    int turns = 0;
+    connect(&tick, &QTimer::timeout, this, [&] {
+        if (turns == 10)
+            return;
+        early = early || QFile::exists(file);
+        if (++turns == 10)
+            scene.end_work();
     });
+    tick.start(0);
     enter(u"picture \"%1\""_s.arg(file));
+    tick.stop();
+    QCOMPARE(turns, 10);
     QVERIFY(!early);
     QVERIFY(QFile::exists(file));
 
     scene.begin_work();
-    QTimer::singleShot(50, this, [] { Ostrel::instance()->cancel_progress(); });
+    QTimer cancel;
+    connect(&cancel, &QTimer::timeout, this, [&] {
+        if (!workbench().console()->is_running())
+            return;
+        cancel.stop();
+        Ostrel::instance()->cancel_progress();
+    });
+    cancel.start(0);
     enter(u"picture \"%1\""_s.arg(temp_path(u"b.png"_s)));
     QVERIFY(!workbench().console()->is_running());
     scene.end_work();

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QStringList>
 
+#include <csignal>
+
 /** The processes that this one has started and not yet taken leave of, dead or alive. */
 inline QList<int> child_processes()
 {
@@ -24,6 +26,18 @@ inline QList<int> child_processes()
         }
     }
     return result;
+}
+
+/**
+ * Stops the processes that this one has started, as if their work took forever, or lets them go on. Returns
+ * whether there are any.
+ */
+inline bool freeze_children(bool frozen = true)
+{
+    const QList<int> children = child_processes();
+    for (const int child : children)
+        kill(child, frozen ? SIGSTOP : SIGCONT);
+    return !children.isEmpty();
 }
 
 /** What lies in the folder of temporary files. */

@@ -1,0 +1,229 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+// How long the user of the workbench waits: for many commands, for the end of work that has been cancelled,
+// and for the window's next turn while other processes work.
+
+#include "bench.h"
+
+#include "console/CommandWidget.h"
+#include "console/CommandWindow.h"
+#include "files/OstrelFileMenu.h"
+#include "frame/Ostrel.h"
+#include "workbench/Workbench.h"
+#include "workbench/console/ConsoleOwner.h"
+#include "workbench/fennar_python/PythonRuntime.h"
+#include "workbench/fennari19/CommandCall.h"
+#include "workbench/fennari19/Fennar.h"
+#include "workbench/fennari19/tokenize.h"
+#include "workbench/scene/Scene.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProgressBar>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QToolButton>
+
+#include <algorithm>
+#include <clocale>
+#include <cstdio>
+#include <functional>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Bench
+{
+public:
+    Bench()
+    {
+        mWorkbench.leave_components_out();
+        if (!mWorkbench.load())
+            qFatal("there is no window");
+        OstrelFileMenu::set_save_prompt(false);
+        enter(u"load \"%1\""_s.arg(QStringLiteral(GRAPHICS)));
+        enter(u"load \"%1\""_s.arg(QStringLiteral(GEOMETRY)));
+        PythonRuntime::is_ready();
+    }
+    ~Bench() { mWorkbench.unload(); }
+    Q_DISABLE_COPY_MOVE(Bench)
+
+    static void long_line()
+    {
+        const QString line = u"x "_s.repeated(5'000'000);
+        row("reading a line of 10,000,000 characters", 2000, [&] { tokenize(line); });
+    }
+
+    void many_commands()
+    {
+        const QString journal = write(u"many.jou"_s, QByteArray("set number 12.5 # x\n").repeated(200'000));
+        row("a journal of 200,000 commands", 5000, [&] { enter(u"play \"%1\""_s.arg(journal)); });
+        QByteArray solids = "new\n";
+        for (int i = 0; i < 1000; ++i)
+            solids += "brick 0.5 at " + QByteArray::number(i) + " 0 0\n";
+        const QString model = write(u"solids.jou"_s, solids);
+        row("1,000 solids made by a journal", 5000, [&] { enter(u"play \"%1\""_s.arg(model)); });
+        enter(u"new"_s);
+    }
+
+    void cancelled_floods()
+    {
+        Fennar::instance().registry().add({u"flood"_s, u"flood"_s, {}, {}, u"bench"_s, [](CommandCall& call) {
+                                               while (!call.interrupted())
+                                                   call.print(u"line\n"_s);
+                                           }});
+        const QString journal = write(u"flood.jou"_s, QByteArray("echo line\n").repeated(3'000'000));
+        row("a flood of a command's lines, cancelled", 500, cancelled(u"flood"_s, flooded()));
+        row("a flood of Python's lines, cancelled", 500,
+            cancelled(u"python 'exec(\"import itertools\\nfor i in itertools.count(): print(i)\")'"_s,
+                      flooded()));
+        row("a flood of a journal's lines, cancelled", 500,
+            cancelled(u"play \"%1\""_s.arg(journal), flooded()));
+        Fennar::instance().registry().remove_owner(u"bench"_s);
+    }
+
+    void meshing()
+    {
+        enter(u"brick 1"_s);
+        const auto* bar = Ostrel::instance()->findChild<QProgressBar*>(u"mProgress"_s);
+        row("a mesher at work, cancelled", 500,
+            cancelled(u"mesh size 0.02"_s, [bar] { return bar->value() >= 35; }));
+        row_of("the window's longest wait for a turn, meshing", 250,
+               [&] { return longest_turn([&] { enter(u"mesh size 0.05"_s); }); });
+        enter(u"new"_s);
+    }
+
+    void shapes()
+    {
+        row_of("the window's longest wait for a turn, 50 shapes to come", 500, [&] {
+            const auto has_shapes = [] {
+                const auto& items = Scene::instance().items();
+                return std::all_of(items.begin(), items.end(),
+                                   [](const auto& entry) { return entry.second.shape != nullptr; });
+            };
+            for (int i = 0; i < 50; ++i)
+                enter(u"torus 2 0.5 at %1 0 0"_s.arg(6 * i));
+            const double longest = longest_turn([&] {
+                while (!has_shapes())
+                    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+            });
+            enter(u"new"_s);
+            return longest;
+        });
+    }
+
+private:
+    using Condition = std::function<bool()>;
+
+    void enter(const QString& line)
+    {
+        page()->clearToPrompt();
+        mWorkbench.console()->run_line(line);
+        QCoreApplication::processEvents();
+        if (page()->toPlainText().contains(u"ERROR: "_s) && !page()->toPlainText().contains(u"cancelled"_s))
+            qFatal("%s", qPrintable(page()->toPlainText().right(500)));
+    }
+    static CommandWidget* page() { return Ostrel::instance()->command_line()->findChild<CommandWidget*>(); }
+
+    QString write(const QString& name, const QByteArray& content)
+    {
+        QFile file(mDirectory.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+            qFatal("the file cannot be written");
+        return file.fileName();
+    }
+
+    /** One that holds as soon as much has been printed since now. */
+    Condition flooded()
+    {
+        return [size = &mPrinted] { return *size > 100'000; };
+    }
+
+    /** Enters a line, cancels it by its button when that is worth while, and tells how long it goes on for,
+     * in seconds. */
+    std::function<double()> cancelled(const QString& line, const Condition& when)
+    {
+        return [this, line, when] {
+            mPrinted = 0;
+            QElapsedTimer since;
+            QTimer timer;
+            const auto listening =
+                QObject::connect(Ostrel::instance()->command_line(), &CommandWindow::dataToPrint,
+                                 [this](const QString& text) { mPrinted += text.size(); });
+            QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+                auto* button = Ostrel::instance()->findChild<QToolButton*>(u"mCancel"_s);
+                if (since.isValid() || !button->isEnabled() || !when())
+                    return;
+                since.start();
+                button->click();
+            });
+            timer.start(0);
+            mWorkbench.console()->run_line(line);
+            QObject::disconnect(listening);
+            if (!since.isValid())
+                qFatal("not cancelled: %s", qPrintable(line));
+            return double(since.nsecsElapsed()) * 1e-9;
+        };
+    }
+
+    /** The longest time, in seconds, that the event loop is kept from its work while @p work is done. */
+    template <class Work>
+    static double longest_turn(Work&& work)
+    {
+        qint64 longest = 0;
+        QElapsedTimer turn;
+        QTimer tick;
+        QObject::connect(&tick, &QTimer::timeout, &tick, [&] {
+            longest = std::max(longest, turn.nsecsElapsed());
+            turn.start();
+        });
+        turn.start();
+        tick.start(0);
+        work();
+        return double(longest) * 1e-9;
+    }
+
+    /** Prints how long something takes, with an aim in milliseconds. */
+    template <class Work>
+    static void row(const char* what, double aim, Work&& work)
+    {
+        row_of(what, aim, [&] { return bench::seconds(work); });
+    }
+    /** Prints a time that is measured by @p time, in seconds. */
+    template <class Time>
+    static void row_of(const char* what, double aim, Time&& time)
+    {
+        std::vector<double> times;
+        for (int round = 0; round < 3; ++round)
+            times.push_back(time() * 1e3);
+        const double median = bench::median(times);
+        std::printf("%s\t%.1f ms\t\t%.1f ms\t%g ms\n", what, median, median, aim);
+        std::fflush(stdout);
+    }
+
+    Workbench mWorkbench;
+    QTemporaryDir mDirectory;
+    qsizetype mPrinted = 0;
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    bench::ignore_platform_warnings();
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    const QApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
+
+    Bench bench;
+    Bench::long_line();
+    bench.many_commands();
+    bench.cancelled_floods();
+    bench.meshing();
+    bench.shapes();
+    return 0;
+}
