@@ -3,12 +3,8 @@
 
 #pragma once
 
-<<<<<<< HEAD
 #include "workbench/ostrelfw/LineFolder.h"
 
-#include <QElapsedTimer>
-=======
->>>>>>> h-tests
 #include <QString>
 #include <QTimer>
 
