@@ -453,7 +453,7 @@ void TstWorkbench::line_of_a_megabyte_is_typed()
     paste(u"echo "_s + word);
     QTest::keyClick(page(), Qt::Key_Return);
     QVERIFY2(text().endsWith(u" shows the line whole]\nFennar>"_s), qPrintable(text().right(200)));
-    QCOMPARE(mWorkbench->console()->history().entries().last(), u"echo "_s + word);
+    QCOMPARE(workbench().console()->history().entries().last(), u"echo "_s + word);
     page()->clearToPrompt();
 }
 

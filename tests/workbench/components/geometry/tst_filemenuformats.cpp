@@ -267,7 +267,7 @@ void TstFileMenuFormats::export_without_the_ending_replaces_no_file_unasked()
     QFETCH(const QString, typed);
     QFETCH(const bool, replaces);
     enter(u"brick 2"_s);
-    QFile file(path(u"a.stl"_s));
+    QFile file(temp_path(u"a.stl"_s));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("precious");
     file.close();
