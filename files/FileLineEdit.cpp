@@ -3,6 +3,7 @@
 
 #include "files/FileLineEdit.h"
 
+#include "frame/Alive.h"
 #include "ui_FileLineEdit.h"
 
 #include <QFileDialog>
@@ -14,6 +15,7 @@ using namespace Qt::StringLiterals;
 FileLineEdit::FileLineEdit(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::FileLineEdit>())
 {
     ui->setupUi(this);
+    setFocusProxy(ui->leFilename);
     connect(ui->leFilename, &QLineEdit::cursorPositionChanged, this, &FileLineEdit::cursorPositionChanged);
     connect(ui->leFilename, &QLineEdit::editingFinished, this, &FileLineEdit::editingFinished);
     connect(ui->leFilename, &QLineEdit::returnPressed, this, &FileLineEdit::returnPressed);
@@ -79,6 +81,7 @@ void FileLineEdit::on_tbBrowse_clicked()
         directory = present.absolutePath();
 
     // The form that this field is in may be deleted while the dialog waits, and the dialog with it.
+    const Alive alive(this);
     const QPointer<QFileDialog> dialog = new QFileDialog(this, QString(), directory, filters.join(";;"_L1));
     dialog->setAcceptMode(mOpenDialog ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     if (mDirectoryDialog) {
@@ -93,7 +96,7 @@ void FileLineEdit::on_tbBrowse_clicked()
     const QStringList files = dialog->selectedFiles();
     const qsizetype filter = filters.indexOf(dialog->selectedNameFilter());
     delete dialog.data();
-    if (!accepted || files.isEmpty())
+    if (!accepted || files.isEmpty() || !alive)
         return;
 
     QString name = files.constFirst();

@@ -19,8 +19,9 @@ class FileLineEdit;
  * A field for the name of a file or directory, with a button that lets the user choose one.
  *
  * For the forms of components, which own it through its parent; it hands on all signals of the line edit
- * inside it. The button opens a dialog for saving a file unless set_open_dialog() or set_directory_dialog()
- * says otherwise. GUI thread only.
+ * inside it, and its focus. The button opens a dialog for saving a file unless set_open_dialog() or
+ * set_directory_dialog() says otherwise. As with a line edit, a slot of its signals may delete the field with
+ * deleteLater() only. GUI thread only.
  */
 class OSTRELGUI_EXPORT FileLineEdit : public QWidget
 {

@@ -15,8 +15,9 @@ class QString;
  *
  * The file menu shows the dialogs, keeps the file name and asks about unsaved data; the handler reads, writes
  * and knows whether anything is unsaved. It reports errors to the user by itself. The object stays the
- * component's, which takes it out, by plugging in null, before it deletes it; it may do so from any operation
- * that opens, saves or starts a document. All calls come on the GUI thread, and none may throw.
+ * component's, which takes it out, by plugging in null, before it deletes it. It may do so, plug in another
+ * one, and even close the window from any operation and while any dialog is open: what the user has begun
+ * then ends there. All calls come on the GUI thread, and none may throw.
  */
 class OSTRELGUI_EXPORT OpenSaveHandler
 {

@@ -9,6 +9,8 @@
 #include "files/OstrelMessageBox.h"
 #include "files/RecentFiles.h"
 #include "files/file_names.h"
+#include "files/modal_dialogs.h"
+#include "frame/Alive.h"
 #include "frame/Ostrel.h"
 #include "frame/read_setting.h"
 #include "host/ostrelfw/Broker.h"
@@ -16,12 +18,10 @@
 
 #include <QAction>
 #include <QDir>
-#include <QFileDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QPointer>
 #include <QSettings>
 #include <QStatusBar>
 
@@ -34,6 +34,50 @@ struct OstrelFileMenu::Handlers
 {
     std::vector<ImportExportHandler*> imports;
     std::vector<ImportExportHandler*> exports;
+    /** How often the OpenSaveHandler has changed. The address of a handler tells less: a new one may have
+     * that of one deleted before. */
+    unsigned changes = 0;
+};
+
+/**
+ * What goes on between a click and the end of what it starts, with the handler that was plugged in then.
+ *
+ * Handlers, the console, a dialog and whoever listens to the window may delete the window, and may plug in
+ * another handler or none. So the flow looks after each of them whether it may go on: what the user has
+ * answered was about the document of that one handler.
+ */
+class OstrelFileMenu::Flow
+{
+public:
+    explicit Flow(OstrelFileMenu* menu)
+        : mMenu(menu), mAlive(menu, menu->mMain), mChanges(menu->mHandlers->changes)
+    {}
+
+    /** Whether the window is still there. */
+    bool has_window() const { return static_cast<bool>(mAlive); }
+    /** Whether the window and the handler are still there. */
+    bool goes_on() const { return has_window() && mMenu->mOpenSaveHandler && is_same(); }
+    /** The same; tells the user on the console if it ends for want of the handler. */
+    bool is_over() const
+    {
+        if (has_window() && !goes_on())
+            Broker::command << OstrelFileMenu::tr("ERROR: Missing open/save handler.\n");
+        return !goes_on();
+    }
+    /**
+     * Asks the user about the document if it is modified, and saves it if so wished. There must be a handler.
+     *
+     * @return false if the user wants to keep it, or wanted to save it and that failed. Otherwise the caller
+     * looks whether there still are a window and this document.
+     */
+    bool may_discard() const;
+
+private:
+    bool is_same() const { return mMenu->mHandlers->changes == mChanges; }
+
+    OstrelFileMenu* mMenu;
+    Alive<2> mAlive;
+    unsigned mChanges;
 };
 
 namespace {
@@ -94,12 +138,10 @@ void remove_filters(HandlerList& list, QAction* action, const ImportExportHandle
         action->setEnabled(false);
 }
 
-void remove_of_component(HandlerList& list, QAction* action, const QString& component)
+void remove_of_component(HandlerList& list, const QString& component)
 {
     std::erase_if(
         list, [&component](const ImportExportHandler* handler) { return handler->mComponent == component; });
-    if (list.empty())
-        action->setEnabled(false);
 }
 
 void append_filters(const HandlerList& list, QString& filters)
@@ -110,17 +152,9 @@ void append_filters(const HandlerList& list, QString& filters)
     filters += all.join(filter_separator);
 }
 
-// Tells the user on the console that nobody can open and save.
-bool is_missing(const OpenSaveHandler* handler)
-{
-    if (!handler)
-        Broker::command << OstrelFileMenu::tr("ERROR: Missing open/save handler.\n");
-    return !handler;
-}
-
 // Looks for the whole filter inside each handler's, so that a part of an entry finds its handler, too; that
-// is intended.
-void execute_first(const HandlerList& list, const QString& file, const QString& filter)
+// is intended. The texts are copies: a handler may set those of the menu.
+void execute_first(const HandlerList& list, const QString file, const QString filter)
 {
     const auto found = std::find_if(list.begin(), list.end(), [&filter](const ImportExportHandler* handler) {
         return handler->mFilters.contains(filter);
@@ -228,14 +262,18 @@ OstrelFileMenu::OstrelFileMenu(Ostrel* main)
 
 OstrelFileMenu::~OstrelFileMenu()
 {
-    // One object may serve both lists.
-    std::set<ImportExportHandler*> handlers(mHandlers->imports.begin(), mHandlers->imports.end());
-    handlers.insert(mHandlers->exports.begin(), mHandlers->exports.end());
-    // A handler's destructor may call back, to take itself or its component out: it finds empty lists.
-    mHandlers->imports.clear();
-    mHandlers->exports.clear();
-    for (ImportExportHandler* handler : handlers)
-        delete handler;
+    HandlerList& imports = mHandlers->imports;
+    HandlerList& exports = mHandlers->exports;
+    while (!imports.empty() || !exports.empty()) {
+        // One object may serve both lists.
+        std::set<ImportExportHandler*> handlers(imports.begin(), imports.end());
+        handlers.insert(exports.begin(), exports.end());
+        // A handler's destructor may call back, to take itself or its component out: it finds empty lists.
+        imports.clear();
+        exports.clear();
+        for (ImportExportHandler* handler : handlers)
+            delete handler;
+    }
     // Before the menu, from which they remove their actions.
     mRecentImports.reset();
     mRecentFiles.reset();
@@ -245,9 +283,15 @@ OstrelFileMenu::~OstrelFileMenu()
 
 void OstrelFileMenu::set_open_save_handler(OpenSaveHandler* handler)
 {
+    if (handler != mOpenSaveHandler)
+        ++mHandlers->changes;
     mOpenSaveHandler = handler;
-    for (QAction* action : {mFileNewAction, mFileOpenAction, mFileSaveAction, mFileSaveAsAction})
-        action->setEnabled(handler != nullptr);
+    const Alive alive(this);
+    for (QAction* action : {mFileNewAction, mFileOpenAction, mFileSaveAction, mFileSaveAsAction}) {
+        // Whoever listens to an action may plug in another handler.
+        if (alive)
+            action->setEnabled(mOpenSaveHandler != nullptr);
+    }
 }
 
 OpenSaveHandler* OstrelFileMenu::get_open_save_handler() const
@@ -298,32 +342,13 @@ void OstrelFileMenu::user_changed_directory(const QString& dir)
 
 bool OstrelFileMenu::check_modified()
 {
-    if (!mOpenSaveHandler || !mOpenSaveHandler->is_modified())
+    if (!mOpenSaveHandler)
         return true;
-    if (mDoPrompt) {
-        bool never_again = false;
-        const int answer = OstrelMessageBox::warning(
-            mMain, mMain->get_title(), tr("The data has been modified.\nDo you wish to save the changes?"),
-            never_again, QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel,
-            tr("Never prompt me when there is unsaved data."));
-        switch (answer) {
-        case QMessageBox::Yes:
-            // The check box is ignored here, which is intended.
-            file_save();
-            if (mOpenSaveHandler && mOpenSaveHandler->is_modified())
-                return false;
-            break;
-        case QMessageBox::Cancel:
-        case 0:
-            return false;
-        default:
-            mDoPrompt = !never_again;
-        }
-    }
-    // A handler may have gone while the question was open.
-    if (mOpenSaveHandler)
-        mOpenSaveHandler->set_modified(false);
-    return true;
+    const Flow flow(this);
+    if (!flow.may_discard())
+        return false;
+    // A document that has gone with its handler needs no consent; one that came meanwhile has none.
+    return flow.has_window() && (!mOpenSaveHandler || !flow.is_over());
 }
 
 void OstrelFileMenu::recent_file(const QString& file)
@@ -375,8 +400,13 @@ void OstrelFileMenu::remove_component_items(const char* component)
     if (!component)
         return;
     const QString name = QString::fromUtf8(component);
-    remove_of_component(mHandlers->imports, mFileImportAction, name);
-    remove_of_component(mHandlers->exports, mFileExportAction, name);
+    remove_of_component(mHandlers->imports, name);
+    remove_of_component(mHandlers->exports, name);
+    const Alive alive(this);
+    if (mHandlers->imports.empty())
+        mFileImportAction->setEnabled(false);
+    if (alive && mHandlers->exports.empty())
+        mFileExportAction->setEnabled(false);
 }
 
 void OstrelFileMenu::get_import_filters(QString& filters) const
@@ -413,71 +443,119 @@ void OstrelFileMenu::get_items_for_toolbar(std::vector<QAction*>& items) const
     }
 }
 
-// In what follows the handler is looked at again after each dialog and after each saving: its component may
-// have gone meanwhile.
+bool OstrelFileMenu::Flow::may_discard() const
+{
+    if (!mMenu->mOpenSaveHandler->is_modified() || !goes_on())
+        return true;
+    if (mDoPrompt) {
+        bool never_again = false;
+        const int answer = OstrelMessageBox::warning(
+            mMenu->mMain, mMenu->mMain->get_title(),
+            OstrelFileMenu::tr("The data has been modified.\nDo you wish to save the changes?"), never_again,
+            QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel,
+            OstrelFileMenu::tr("Never prompt me when there is unsaved data."));
+        if (answer == QMessageBox::Cancel || answer == 0)
+            return false;
+        const bool meant_for_another = has_window() && mMenu->mOpenSaveHandler && !is_same();
+        if (!has_window() || meant_for_another)
+            return true;
+        if (answer == QMessageBox::Yes) {
+            // The check box is ignored here, which is intended.
+            mMenu->file_save();
+            if (goes_on() && mMenu->mOpenSaveHandler->is_modified())
+                return false;
+        } else {
+            mDoPrompt = !never_again;
+        }
+    }
+    if (goes_on())
+        mMenu->mOpenSaveHandler->set_modified(false);
+    return true;
+}
 
 void OstrelFileMenu::file_new()
 {
-    if (is_missing(mOpenSaveHandler) || !check_modified() || is_missing(mOpenSaveHandler))
+    const Flow flow(this);
+    if (flow.is_over() || !check_modified() || flow.is_over())
         return;
     mFileName.clear();
     mMain->update_title();
+    if (flow.is_over())
+        return;
     if (CommandWindow* console = mMain->command_line())
         console->clear_contents();
-    mOpenSaveHandler->new_file();
+    if (!flow.is_over())
+        mOpenSaveHandler->new_file();
 }
 
 void OstrelFileMenu::file_open()
 {
-    if (is_missing(mOpenSaveHandler) || !check_modified() || is_missing(mOpenSaveHandler))
+    const Flow flow(this);
+    if (flow.is_over() || !check_modified() || flow.is_over())
         return;
     // Lives from call to call, so that the dialog comes up with the filter used last.
-    static QString selected_filter;
+    static QString last_filter;
     QString filters;
     mOpenSaveHandler->get_filters(filters, false);
-    const QString name = QFileDialog::getOpenFileName(mMain, tr("Open"), mPath, filters, &selected_filter);
-    if (name.isEmpty() || is_missing(mOpenSaveHandler))
+    if (flow.is_over())
         return;
-    Broker::command << tr("selected filter: ") << selected_filter << u"\n"_s;
+    QString filter = last_filter;
+    const QString name = ask_open_file(mMain, tr("Open"), mPath, filters, &filter);
+    last_filter = filter;
+    if (name.isEmpty() || flow.is_over())
+        return;
+    Broker::command << tr("selected filter: ") << filter << u"\n"_s;
+    if (flow.is_over())
+        return;
     set_path_from_file(name);
     mFileName = name;
     mMain->update_title();
-    if (mRecentFiles) {
+    if (flow.has_window() && mRecentFiles) {
         mRecentFiles->add(name);
         // Before the handler is called: what it does may end the program.
-        Ostrel::instance()->save_settings();
+        if (Ostrel* const window = Ostrel::instance())
+            window->save_settings();
     }
-    mOpenSaveHandler->open_file(name);
+    if (!flow.is_over())
+        mOpenSaveHandler->open_file(name);
 }
 
 void OstrelFileMenu::file_save()
 {
-    if (is_missing(mOpenSaveHandler))
+    const Flow flow(this);
+    if (flow.is_over())
         return;
-    if (mFileName.isEmpty()) {
+    // What the handler gets stays what it is when the handler sets the name of the file.
+    const QString name = mFileName;
+    if (name.isEmpty()) {
         file_save_as();
         return;
     }
-    mOpenSaveHandler->save_file(mFileName);
+    mOpenSaveHandler->save_file(name);
     // Whatever came of it, which is intended.
-    if (mOpenSaveHandler)
+    if (flow.goes_on())
         mOpenSaveHandler->set_modified(false);
 }
 
 void OstrelFileMenu::file_save_as()
 {
-    if (is_missing(mOpenSaveHandler))
+    const Flow flow(this);
+    if (flow.is_over())
         return;
     QString path = mPath;
     QString proposal;
     mOpenSaveHandler->get_save_location(path, proposal);
+    if (flow.is_over())
+        return;
     if (!proposal.isEmpty())
         path += u'/' + proposal;
     QString filters;
     mOpenSaveHandler->get_filters(filters, true);
-    QString selected_filter;
-    QString name = QFileDialog::getSaveFileName(mMain, tr("Save As"), path, filters, &selected_filter);
-    if (name.isEmpty() || is_missing(mOpenSaveHandler))
+    if (flow.is_over())
+        return;
+    QString filter;
+    QString name = ask_save_file(mMain, tr("Save As"), path, filters, &filter);
+    if (name.isEmpty() || flow.is_over())
         return;
     // Of the first filter, not of the selected one, which is intended.
     if (lacks_extension(name))
@@ -485,9 +563,12 @@ void OstrelFileMenu::file_save_as()
     set_path_from_file(name);
     mFileName = name;
     mMain->update_title();
-    recent_file(name);
-    mOpenSaveHandler->save_file_as(mFileName, selected_filter);
-    if (mOpenSaveHandler)
+    if (flow.has_window())
+        recent_file(name);
+    if (flow.is_over())
+        return;
+    mOpenSaveHandler->save_file_as(name, filter);
+    if (flow.goes_on())
         mOpenSaveHandler->set_modified(false);
 }
 
@@ -497,15 +578,14 @@ void OstrelFileMenu::file_import()
     get_import_filters(filters);
     if (filters.isEmpty())
         return;
+    const Alive alive(this);
     QString filter = mActiveImportFilter.isEmpty() ? get_saved_import_filter() : mActiveImportFilter;
-    const QStringList files =
-        QFileDialog::getOpenFileNames(mMain, tr("Import File"), mPath, filters, &filter);
+    const QStringList files = ask_open_files(mMain, tr("Import File"), mPath, filters, &filter);
     if (!files.isEmpty())
         mActiveImportFilter = filter;
-    // Whoever imports may close the program.
-    const QPointer<OstrelFileMenu> self = this;
     for (const QString& file : files) {
-        if (!self)
+        // Whoever imports may close the program.
+        if (!alive)
             return;
         if (file.isEmpty())
             continue;
@@ -517,12 +597,12 @@ void OstrelFileMenu::file_import()
 
 void OstrelFileMenu::file_import_exodus_only()
 {
+    const Alive alive(this);
     QString filter = mActiveImportFilter;
-    const QStringList files = QFileDialog::getOpenFileNames(
-        mMain, tr("Import File"), mPath, tr("Genesis/Exodus (*.g *.gen *.e* *.exo)"), &filter);
-    const QPointer<OstrelFileMenu> self = this;
+    const QStringList files =
+        ask_open_files(mMain, tr("Import File"), mPath, tr("Genesis/Exodus (*.g *.gen *.e* *.exo)"), &filter);
     for (const QString& file : files) {
-        if (!self)
+        if (!alive)
             return;
         if (file.isEmpty())
             continue;
@@ -537,10 +617,11 @@ void OstrelFileMenu::file_export(QString filter)
     get_export_filters(filters);
     if (filters.isEmpty())
         return;
+    const Alive alive(this);
     if (filter.isEmpty())
         filter = get_saved_export_filter();
-    QString name = QFileDialog::getSaveFileName(mMain, tr("Export File"), mPath, filters, &filter);
-    if (name.isEmpty())
+    QString name = ask_save_file(mMain, tr("Export File"), mPath, filters, &filter);
+    if (name.isEmpty() || !alive)
         return;
     // Of the selected filter, unlike the name of a saved document.
     if (lacks_extension(name))
@@ -552,23 +633,30 @@ void OstrelFileMenu::file_export(QString filter)
 
 void OstrelFileMenu::file_directory()
 {
-    if (!is_missing(mOpenSaveHandler))
+    const Flow flow(this);
+    if (!flow.is_over())
         mOpenSaveHandler->set_directory();
 }
 
 void OstrelFileMenu::open_recent_file(const QString& name)
 {
-    if (is_missing(mOpenSaveHandler) || !check_modified() || is_missing(mOpenSaveHandler))
+    // A copy, since the name may be the current one, which changes when the user saves under another.
+    const QString file = name;
+    const Flow flow(this);
+    if (flow.is_over() || !check_modified() || flow.is_over())
         return;
-    mFileName = name;
+    mFileName = file;
     mMain->update_title();
-    mOpenSaveHandler->open_file(name);
+    if (!flow.is_over())
+        mOpenSaveHandler->open_file(file);
 }
 
 void OstrelFileMenu::import_recent_file(const QString& command)
 {
-    if (!is_missing(mOpenSaveHandler))
-        mOpenSaveHandler->import_recent(command);
+    const QString import = command;
+    const Flow flow(this);
+    if (!flow.is_over())
+        mOpenSaveHandler->import_recent(import);
 }
 
 QString OstrelFileMenu::get_working_directory() const

@@ -73,8 +73,9 @@ public:
      * Whether the document may be discarded, after asking the user if it is modified. Saves it if the user
      * wishes so.
      *
-     * @return false if the user wants to keep it, or wanted to save it and that failed. After true the
-     * document counts as unmodified.
+     * @return false if the user wants to keep it, or wanted to save it and that failed, and if the window, or
+     * the document with its handler, has given way to another meanwhile. After true the document counts as
+     * unmodified.
      */
     bool check_modified();
     /** Puts a file at the top of the recent files. */
@@ -172,6 +173,7 @@ public slots:
 
 private:
     struct Handlers;
+    class Flow;
 
     QString get_working_directory() const;
     QString get_saved_import_filter() const;

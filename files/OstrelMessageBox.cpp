@@ -55,7 +55,8 @@ int OstrelMessageBox::message(QWidget* parent, const QString& title, const QPixm
     box->set_icon(icon);
     box->set_message(text);
     box->set_buttons(yes, no, cancel);
-    if (!promptText.isEmpty()) {
+    const bool has_text = !promptText.isEmpty();
+    if (has_text) {
         box->set_prompt_again(prompt);
         box->set_prompt_text(promptText);
     }
@@ -65,7 +66,7 @@ int OstrelMessageBox::message(QWidget* parent, const QString& title, const QPixm
         return 0;
     const int result = box->get_result();
     // The two senses are intended; callers without a text of their own rely on the second.
-    prompt = promptText.isEmpty() ? box->do_prompt_again() : !box->do_prompt_again();
+    prompt = has_text ? !box->do_prompt_again() : box->do_prompt_again();
     delete box.data();
     return result;
 }

@@ -13,7 +13,7 @@ RecentFile::~RecentFile() = default;
 
 bool RecentFile::has_action(QAction* action)
 {
-    return action && mAction == action;
+    return mAction == action;
 }
 
 bool RecentFile::matches(const QString& other)

@@ -15,7 +15,7 @@ public:
     virtual ~RecentFile();
     Q_DISABLE_COPY_MOVE(RecentFile)
 
-    /** Whether @p action stands for this entry in the menu; false for null. */
+    /** Whether @p action stands for this entry in the menu. Null stands for one that is in no menu. */
     virtual bool has_action(QAction* action);
     /** Whether @p other stands for the same file; compared exactly. */
     virtual bool matches(const QString& other);

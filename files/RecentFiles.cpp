@@ -5,17 +5,28 @@
 
 #include "files/RecentFile.h"
 #include "files/RecentImport.h"
-
-#include <QMessageBox>
+#include "files/modal_dialogs.h"
+#include "frame/Alive.h"
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr std::size_t most_entries = 5;
+
+// Who watches the menu is told of it at once, and may do anything, as add to the list or delete it.
+void take_out(const QPointer<QMenu>& menu, const QPointer<QAction>& action)
+{
+    if (menu && action)
+        menu->removeAction(action);
+    // Not at once: the action may be what has just been triggered.
+    if (action)
+        action->deleteLater();
+}
 
 } // namespace
 
@@ -28,44 +39,55 @@ RecentFiles::RecentFiles(QMenu* menu, int index, bool imports) : mMenu(menu), mI
 
 RecentFiles::~RecentFiles()
 {
-    for (RecentFile* entry : mEntries) {
-        take_from_menu(entry->mAction);
+    // Without a menu nothing is added any more.
+    const QPointer<QMenu> menu = std::exchange(mMenu, nullptr);
+    for (RecentFile* entry : std::exchange(mEntries, {})) {
+        take_out(menu, entry->mAction);
         delete entry;
     }
-    take_from_menu(mSeparator);
+    take_out(menu, mSeparator);
 }
 
 void RecentFiles::add(const QString& text)
 {
-    if (!mMenu)
+    const auto known = [&] {
+        return std::find_if(mEntries.begin(), mEntries.end(),
+                            [&text](RecentFile* candidate) { return candidate->matches(text); });
+    };
+    if (!mMenu || (known() != mEntries.end() && mEntries.size() == 1))
         return;
-    const auto known = std::find_if(mEntries.begin(), mEntries.end(),
-                                    [&text](RecentFile* candidate) { return candidate->matches(text); });
+    const QPointer<QMenu> menu = mMenu;
+    const Alive alive(this, menu.data());
+    menu->setEnabled(true);
+    const QPointer<QAction> action = alive ? new QAction(tr("Recent"), menu) : nullptr;
+    if (!alive) {
+        delete action;
+        return;
+    }
+    // The list is as it shall be before the menu changes, see take_out().
     std::unique_ptr<RecentFile> entry;
-    if (known != mEntries.end()) {
-        if (mEntries.size() == 1)
-            return;
-        entry.reset(*known);
-        take_from_menu(entry->mAction);
-        mEntries.erase(known);
+    QPointer<QAction> old_action;
+    if (const auto found = known(); found != mEntries.end()) {
+        entry.reset(*found);
+        old_action = entry->mAction;
+        mEntries.erase(found);
     } else if (mImports) {
         entry = std::make_unique<RecentImport>(text);
     } else {
         entry = std::make_unique<RecentFile>(text);
     }
-
-    mMenu->setEnabled(true);
-    if (mEntries.empty() && mMenu->actions().size() > mIndex)
-        mSeparator = mMenu->insertSeparator(mMenu->actions().value(mIndex));
-    insert_action(*entry);
+    entry->mAction = action;
     mEntries.push_front(entry.release());
-
     if (mEntries.size() > most_entries) {
         const std::unique_ptr<RecentFile> oldest(mEntries.back());
-        take_from_menu(oldest->mAction);
         mEntries.pop_back();
+        old_action = oldest->mAction;
     }
-    renumber();
+
+    insert(action);
+    take_out(menu, old_action);
+    if (alive)
+        renumber();
 }
 
 void RecentFiles::get_entries(std::vector<QString>& entries) const
@@ -76,6 +98,9 @@ void RecentFiles::get_entries(std::vector<QString>& entries) const
 
 void RecentFiles::menu_selection(QAction* action)
 {
+    // Null stands for entries that others took out of the menu.
+    if (!action)
+        return;
     const auto entry = std::find_if(mEntries.begin(), mEntries.end(), [action](RecentFile* candidate) {
         return candidate->has_action(action);
     });
@@ -83,56 +108,59 @@ void RecentFiles::menu_selection(QAction* action)
         return;
 
     // Whoever is told, or answers the message, may delete the list.
-    const QPointer<RecentFiles> self = this;
+    const Alive alive(this);
     if ((*entry)->exists()) {
         const QString text = (*entry)->mText;
         emit recent_file_selected(text);
-        if (self)
+        if (alive)
             add(text);
         return;
     }
     remove_missing(entry);
-    QMessageBox::critical(mParent, tr("File Error"), tr("The selected file does not exist."),
-                          QMessageBox::Ok);
-    if (self && mMenu && mMenu->actions().isEmpty())
+    if (!alive)
+        return;
+    show_message(QMessageBox::Critical, mParent, tr("File Error"), tr("The selected file does not exist."),
+                 QMessageBox::Ok);
+    if (alive && mMenu && mMenu->actions().isEmpty())
         mMenu->setEnabled(false);
 }
 
-void RecentFiles::insert_action(RecentFile& entry)
+/** Puts an action on top of the entries, and below the first of them a separator where something follows. */
+void RecentFiles::insert(QAction* action)
 {
-    entry.mAction = new QAction(tr("Recent"), mMenu);
-    mMenu->insertAction(mMenu->actions().value(mIndex), entry.mAction);
-}
-
-void RecentFiles::take_from_menu(QPointer<QAction>& action)
-{
-    if (mMenu && action)
-        mMenu->removeAction(action);
-    // Not at once: the action may be what has just been triggered.
-    if (action)
-        action->deleteLater();
-    action.clear();
+    const Alive alive(this, mMenu.data());
+    const QPointer<QAction> following = mMenu->actions().value(mIndex);
+    const bool ends_list = mEntries.size() == 1 && !mSeparator && following;
+    mMenu->insertAction(following, action);
+    if (!alive || !ends_list || mEntries.empty())
+        return;
+    mSeparator = new QAction(mMenu);
+    mSeparator->setSeparator(true);
+    mMenu->insertAction(following, mSeparator);
 }
 
 void RecentFiles::remove_missing(std::deque<RecentFile*>::iterator position)
 {
     const std::unique_ptr<RecentFile> entry(*position);
-    take_from_menu(entry->mAction);
     mEntries.erase(position);
-    if (mEntries.empty())
-        take_from_menu(mSeparator);
-    renumber();
+    const QPointer<QAction> separator = mEntries.empty() ? std::exchange(mSeparator, nullptr) : nullptr;
+    const Alive alive(this);
+    const QPointer<QMenu> menu = mMenu;
+    take_out(menu, entry->mAction);
+    take_out(menu, separator);
+    if (alive)
+        renumber();
 }
 
 void RecentFiles::renumber()
 {
-    int number = 0;
-    for (RecentFile* entry : mEntries) {
-        ++number;
+    const Alive alive(this);
+    // By position: the list may change with each text.
+    for (std::size_t i = 0; alive && i < mEntries.size(); ++i) {
         QString name;
-        entry->display_text(name);
+        mEntries[i]->display_text(name);
         // An ampersand in a name is not doubled, which is intended.
-        if (entry->mAction)
-            entry->mAction->setText(u"&%1 "_s.arg(number) + name);
+        if (QAction* const action = mEntries[i]->mAction)
+            action->setText(u"&%1 "_s.arg(i + 1) + name);
     }
 }

@@ -55,8 +55,7 @@ public slots:
     void menu_selection(QAction* action);
 
 private:
-    void insert_action(RecentFile& entry);
-    void take_from_menu(QPointer<QAction>& action);
+    void insert(QAction* action);
     void remove_missing(std::deque<RecentFile*>::iterator entry);
     void renumber();
 

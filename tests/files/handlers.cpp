@@ -32,6 +32,7 @@ void Documents::get_filters(QString& filters, bool saving)
 {
     HostDouble::instance().record(u"Documents::get_filters(%1)"_s.arg(truth(saving)));
     filters = saving ? save_filters : open_filters;
+    tell(u"get_filters"_s);
 }
 
 void Documents::get_save_location(QString& path, QString& name)
@@ -43,12 +44,15 @@ void Documents::get_save_location(QString& path, QString& name)
         path = *location;
     if (!proposal.isEmpty())
         name = proposal;
+    tell(u"get_save_location"_s);
 }
 
 bool Documents::is_modified()
 {
     HostDouble::instance().record(u"Documents::is_modified()"_s);
-    return modified;
+    const bool answer = modified;
+    tell(u"is_modified"_s);
+    return answer;
 }
 
 void Documents::set_modified(bool now_modified)
@@ -91,8 +95,15 @@ void Documents::set_directory()
 void Documents::record(const QString& operation, const QString& arguments)
 {
     HostDouble::instance().record(u"Documents::"_s + operation + u'(' + arguments + u')');
-    if (on_call)
-        on_call(operation);
+    // A copy, since it may delete the documents.
+    if (const auto act = on_call)
+        act(operation);
+}
+
+void Documents::tell(const QString& question)
+{
+    if (const auto act = on_question)
+        act(question);
 }
 
 Format::Format(const QString& filters, const QString& component) : ImportExportHandler(component)

@@ -40,9 +40,12 @@ public:
     QString name_seen;
     /** Called at the end of each operation but the first three, with its name. */
     std::function<void(const QString& operation)> on_call;
+    /** Called at the end of the first three; it may delete the documents. */
+    std::function<void(const QString& operation)> on_question;
 
 private:
     void record(const QString& operation, const QString& arguments = {});
+    void tell(const QString& question);
 };
 
 /** A format: every call is recorded in HostDouble::calls under the handler's component. */

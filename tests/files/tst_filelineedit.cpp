@@ -99,6 +99,8 @@ private slots:
     void chosen_name_is_changed_but_not_edited();
     void field_may_be_deleted_while_the_dialog_is_open();
     void filters_may_change_while_the_dialog_is_open();
+    void focus_goes_to_the_line_edit();
+    void button_has_a_name_for_screen_readers();
 
 private:
     QString path(const QString& name) const { return mDirectory->filePath(name); }
@@ -497,6 +499,21 @@ void TstFileLineEdit::filters_may_change_while_the_dialog_is_open()
     QVERIFY(driver.finish());
     // What the dialog has shown counts.
     QCOMPARE(field.filename(), path(u"a.msh"_s));
+}
+
+void TstFileLineEdit::focus_goes_to_the_line_edit()
+{
+    FileLineEdit field;
+    QCOMPARE(field.focusProxy(), edit(field));
+    field.setFocus();
+    QCOMPARE(field.focusWidget(), edit(field));
+}
+
+void TstFileLineEdit::button_has_a_name_for_screen_readers()
+{
+    const MarkingTranslator marker("FileLineEdit");
+    const FileLineEdit field;
+    QCOMPARE(field.findChild<QToolButton*>(u"tbBrowse"_s)->accessibleName(), u"<Browse>"_s);
 }
 
 OSTREL_TEST(TstFileLineEdit)

@@ -8,12 +8,15 @@
 #include "support/TestCase.h"
 #include "support/dialogs.h"
 
+#include <QAction>
+#include <QApplication>
 #include <QFile>
 #include <QMenu>
 #include <QMessageBox>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -112,6 +115,9 @@ private slots:
 
     void menu_cleared_by_others_is_survived();
     void menu_deleted_by_others_is_survived();
+    void entry_without_an_action_is_that_of_null();
+    void who_watches_the_menu_may_act_data();
+    void who_watches_the_menu_may_act();
 
 private:
     QString path(const QString& name) const { return mDirectory->filePath(name); }
@@ -730,6 +736,106 @@ void TstRecentFiles::menu_deleted_by_others_is_survived()
     menu.reset();
     recent.add(u"b"_s);
     QCOMPARE(entries(recent), QStringList(u"a"_s));
+}
+
+void TstRecentFiles::entry_without_an_action_is_that_of_null()
+{
+    RecentFile entry(u"/a"_s);
+    QVERIFY(entry.has_action(nullptr));
+    QAction action;
+    QVERIFY(!entry.has_action(&action));
+    entry.mAction = &action;
+    QVERIFY(entry.has_action(&action));
+    QVERIFY(!entry.has_action(nullptr));
+
+    // Nobody chooses such an entry all the same.
+    QMenu menu;
+    RecentFiles recent(&menu, 0, false);
+    recent.add(u"/a"_s);
+    menu.clear();
+    DialogDriver driver;
+    recent.menu_selection(nullptr);
+    QVERIFY(driver.finish());
+    QCOMPARE(entries(recent), QStringList(u"/a"_s));
+}
+
+void TstRecentFiles::who_watches_the_menu_may_act_data()
+{
+    QTest::addColumn<QEvent::Type>("event");
+    QTest::addColumn<QString>("act");
+    for (const auto event : {QEvent::EnabledChange, QEvent::ActionAdded, QEvent::ActionRemoved,
+                             QEvent::ActionChanged, QEvent::ChildAdded}) {
+        for (const char* act : {"add", "fill", "delete list"})
+            QTest::addRow("%s at %d", act, static_cast<int>(event)) << event << QString::fromUtf8(act);
+    }
+}
+
+void TstRecentFiles::who_watches_the_menu_may_act()
+{
+    QFETCH(QEvent::Type, event);
+    QFETCH(QString, act);
+
+    /** Acts at the first event of a kind. */
+    struct Watcher : QObject
+    {
+        bool eventFilter(QObject*, QEvent* met) override
+        {
+            if (met->type() == type && act)
+                std::exchange(act, nullptr)();
+            return false;
+        }
+        QEvent::Type type = QEvent::None;
+        std::function<void()> act;
+    };
+    const auto dismiss = [] {
+        if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            box->reject();
+    };
+    const QList<std::function<void(RecentFiles&, QMenu&)>> changes{
+        [](RecentFiles& recent, QMenu&) { recent.add(u"/new"_s); },
+        [](RecentFiles& recent, QMenu&) { recent.add(u"/1"_s); },
+        [](RecentFiles& recent, QMenu&) { recent.add(u"/3"_s); },
+        // A file that is missing.
+        [](RecentFiles& recent, QMenu& menu) { recent.menu_selection(menu.actions().constFirst()); },
+    };
+    bool acted = false;
+    for (const auto& change : changes) {
+        for (const int count : {1, 5}) {
+            QMenu menu;
+            menu.addAction(u"x"_s);
+            auto recent = std::make_unique<RecentFiles>(&menu, 0, false);
+            for (int i = 1; i <= count; ++i)
+                recent->add(u'/' + QString::number(i));
+            menu.setEnabled(event != QEvent::EnabledChange);
+            Watcher watcher;
+            watcher.type = event;
+            watcher.act = [&] {
+                acted = true;
+                if (act == u"add"_s)
+                    recent->add(u"/added"_s);
+                else if (act == u"fill"_s)
+                    add_all(*recent, {u"/a"_s, u"/b"_s, u"/c"_s, u"/d"_s, u"/e"_s, u"/f"_s});
+                else
+                    recent.reset();
+            };
+            menu.installEventFilter(&watcher);
+            QTimer answerer;
+            connect(&answerer, &QTimer::timeout, this, dismiss);
+            answerer.start(5);
+            change(*recent, menu);
+            menu.removeEventFilter(&watcher);
+            // The menu shows what the list holds, in its order and with its numbers.
+            QStringList expected;
+            if (recent) {
+                for (const QString& entry : entries(*recent))
+                    expected << u"&%1 "_s.arg(expected.size() + 1) + entry;
+            }
+            if (!expected.isEmpty())
+                expected << u"---"_s;
+            QCOMPARE(rows(menu), expected << u"x"_s);
+        }
+    }
+    QVERIFY(acted);
 }
 
 OSTREL_TEST(TstRecentFiles)

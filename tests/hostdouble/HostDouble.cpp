@@ -53,59 +53,80 @@ void record(const char* operation, const Arguments&... arguments)
     host().record(QString::fromLatin1(operation) + u'(' + QStringList{text(arguments)...}.join(u", ") + u')');
 }
 
+/** Lets a test act at the end of a call. */
+class Call
+{
+public:
+    template <class... Arguments>
+    explicit Call(const char* operation, const Arguments&... arguments) : mOperation(operation)
+    {
+        record(operation, arguments...);
+    }
+    ~Call()
+    {
+        // A copy, since a test may take its own function back.
+        if (const auto act = host().on_call)
+            act(QString::fromLatin1(mOperation));
+    }
+    Q_DISABLE_COPY_MOVE(Call)
+
+private:
+    const char* mOperation;
+};
+
 class RecordingMediator : public Mediator
 {
 public:
     void request_exit() override
     {
-        record("Mediator::request_exit");
+        const Call call("Mediator::request_exit");
         if (host().on_request_exit)
             host().on_request_exit();
     }
     void handle_new_event() override
     {
-        record("Mediator::handle_new_event");
+        const Call call("Mediator::handle_new_event");
         if (host().on_handle_new_event)
             host().on_handle_new_event();
     }
     void set_change_dir_on_playback(bool change) override
     {
-        record("Mediator::set_change_dir_on_playback", change);
+        const Call call("Mediator::set_change_dir_on_playback", change);
         host().change_dir_on_playback = change;
     }
     bool change_dir_on_playback() override
     {
-        record("Mediator::change_dir_on_playback");
+        const Call call("Mediator::change_dir_on_playback");
         return host().change_dir_on_playback;
     }
     void add_component_tracker(ComponentTracker* tracker) override
     {
-        record("Mediator::add_component_tracker", static_cast<const void*>(tracker));
+        const Call call("Mediator::add_component_tracker", static_cast<const void*>(tracker));
         host().trackers.push_back(tracker);
     }
     void remove_component_tracker(ComponentTracker* tracker) override
     {
-        record("Mediator::remove_component_tracker", static_cast<const void*>(tracker));
+        const Call call("Mediator::remove_component_tracker", static_cast<const void*>(tracker));
         std::erase(host().trackers, tracker);
     }
     void get_components(std::vector<ComponentRecord>& components) override
     {
-        record("Mediator::get_components");
+        const Call call("Mediator::get_components");
         components = host().components;
     }
     void get_component_path(QString& path) override
     {
-        record("Mediator::get_component_path");
+        const Call call("Mediator::get_component_path");
         path = host().component_path;
     }
     void set_component_path(const QString& path) override
     {
-        record("Mediator::set_component_path", path);
+        const Call call("Mediator::set_component_path", path);
         host().component_path = path;
     }
     void get_component_directory(QString& directory) override
     {
-        record("Mediator::get_component_directory");
+        const Call call("Mediator::get_component_directory");
         directory = host().component_directory;
     }
 };
@@ -157,7 +178,7 @@ void BrokerCommand::set_command_window(OutputHandler* window)
 
 BrokerCommand& BrokerCommand::operator<<(const QString& output)
 {
-    record("BrokerCommand::operator<<", output);
+    const Call call("BrokerCommand::operator<<", output);
     host().printed += output;
     return *this;
 }

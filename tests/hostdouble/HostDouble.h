@@ -65,4 +65,7 @@ public:
     // Called after the recording, so that a test can act from inside the host.
     std::function<void()> on_handle_new_event;
     std::function<void()> on_request_exit;
+    /** The same, for all calls of the mediator and for what is written to the console; called with the class
+     * and the operation when the answer is there. */
+    std::function<void(const QString& operation)> on_call;
 };
