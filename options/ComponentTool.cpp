@@ -3,6 +3,8 @@
 
 #include "options/ComponentTool.h"
 
+#include "files/modal_dialogs.h"
+#include "frame/Alive.h"
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
 #include "host/ostrelfw/ComponentRecord.h"
@@ -10,15 +12,23 @@
 #include "resources/load_icon.h"
 #include "ui_QtComponentTool.h"
 
-#include <QFileDialog>
-#include <QHideEvent>
-#include <QShowEvent>
-
 #include <vector>
 
 using namespace Qt::StringLiterals;
 
 QString ComponentTool::sLastPath;
+
+struct ComponentTool::Form : Ui::QtComponentTool
+{
+    /**
+     * Where the lists are between two showings. The framework may show and hide the dialog while it is asked
+     * or told of anything. It may not delete it then: Qt goes on with a widget that it has shown or hidden.
+     *
+     * The events of showing and hiding do not tell: minimizing brings them as well, and on newer versions of
+     * Qt they are not even marked as the window system's.
+     */
+    enum class State { Empty, Loading, Loaded, HandingBack } state = State::Empty;
+};
 
 namespace {
 
@@ -40,7 +50,7 @@ void move_current(QListWidget* list, int rows)
 
 } // namespace
 
-ComponentTool::ComponentTool(Ostrel* parent) : QDialog(parent), ui(std::make_unique<Ui::QtComponentTool>())
+ComponentTool::ComponentTool(Ostrel* parent) : QDialog(parent), ui(std::make_unique<Form>())
 {
     ui->setupUi(this);
     connect(ui->mAddButton, &QPushButton::clicked, this, &ComponentTool::add_location);
@@ -80,6 +90,8 @@ void ComponentTool::component_unloaded(const char* name)
 
 void ComponentTool::show_state(const char* name, const char* icon)
 {
+    if (!name)
+        return;
     const QList<QListWidgetItem*> items =
         ui->mCompList->findItems(QString::fromUtf8(name), Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (!items.isEmpty())
@@ -88,14 +100,18 @@ void ComponentTool::show_state(const char* name, const char* icon)
 
 void ComponentTool::add_location()
 {
+    const Alive alive(this);
     if (sLastPath.isEmpty())
         mediator().get_component_directory(sLastPath);
-    const QString directory =
-        QFileDialog::getExistingDirectory(this, tr("Select Folder"), sLastPath, QFileDialog::ShowDirsOnly);
+    if (!alive)
+        return;
+    const QString directory = ask_directory(this, tr("Select Folder"), sLastPath);
     if (directory.isEmpty())
         return;
     // A name without "/" stays whole.
     sLastPath = directory.left(directory.lastIndexOf(u'/'));
+    if (!alive || ui->state != Form::State::Loaded)
+        return;
 
     QListWidget* list = ui->mPathList;
     const QList<QListWidgetItem*> known =
@@ -133,10 +149,21 @@ void ComponentTool::update_buttons(QListWidgetItem* current, QListWidgetItem* /*
 void ComponentTool::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
-    // The window system tells of minimizing as well; the dialog stays open then.
-    if (event->spontaneous())
-        return;
+    if (ui->state == Form::State::Empty)
+        load();
+}
 
+void ComponentTool::hideEvent(QHideEvent* event)
+{
+    QDialog::hideEvent(event);
+    if (isHidden() && ui->state == Form::State::Loaded)
+        hand_back();
+}
+
+/** Fills the lists from the framework. */
+void ComponentTool::load()
+{
+    ui->state = Form::State::Loading;
     std::vector<ComponentRecord> components;
     mediator().get_components(components);
     for (const ComponentRecord& component : components) {
@@ -152,19 +179,23 @@ void ComponentTool::showEvent(QShowEvent* event)
         ui->mPathList->setCurrentRow(0);
     // The current item need not have changed.
     update_buttons(ui->mPathList->item(0), nullptr);
+    ui->state = Form::State::Loaded;
+    if (isHidden())
+        hand_back();
 }
 
-void ComponentTool::hideEvent(QHideEvent* event)
+/** Empties the lists and gives the directories to the framework. */
+void ComponentTool::hand_back()
 {
-    QDialog::hideEvent(event);
-    if (event->spontaneous())
-        return;
-
-    mediator().remove_component_tracker(this);
+    ui->state = Form::State::HandingBack;
     QStringList directories;
     for (int row = 0; row < ui->mPathList->count(); ++row)
         directories << ui->mPathList->item(row)->text();
-    mediator().set_component_path(directories.join(u';'));
     ui->mCompList->clear();
     ui->mPathList->clear();
+    mediator().remove_component_tracker(this);
+    mediator().set_component_path(directories.join(u';'));
+    ui->state = Form::State::Empty;
+    if (!isHidden())
+        load();
 }

@@ -13,17 +13,14 @@
 class Ostrel;
 class QListWidgetItem;
 
-namespace Ui {
-class QtComponentTool;
-}
-
 /**
  * The dialog "Plugin Directories": the components that the framework knows, with their states, and the
  * ordered list of directories in which it looks for components, for editing.
  *
  * Everything is read from the framework when the dialog is shown. While it is open the states follow the
  * framework's reports. The directories go back to the framework when the dialog is hidden, by whatever means
- * and whether changed or not; there is no way to discard changes. Deleting the open dialog hides it first.
+ * and whether changed or not; there is no way to discard changes. Deleting the open dialog hides it first;
+ * minimizing it does not hide it.
  *
  * The Tools menu creates it, without showing it, on first use and owns it. GUI thread only.
  */
@@ -48,7 +45,7 @@ public:
 
 public slots:
     /** Lets the user choose a directory, and adds it at the end of the list; one that is in the list already
-     * is selected instead. */
+     * is selected instead. One that is chosen when the dialog has been hidden meanwhile is not added. */
     void add_location();
     /** Removes the current directory from the list; without one nothing happens. */
     void remove_location();
@@ -65,7 +62,11 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    struct Form;
+
+    void load();
+    void hand_back();
     void show_state(const char* name, const char* icon);
 
-    std::unique_ptr<Ui::QtComponentTool> ui;
+    std::unique_ptr<Form> ui;
 };

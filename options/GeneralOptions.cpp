@@ -5,6 +5,8 @@
 
 #include "console/CommandWindow.h"
 #include "files/OstrelFileMenu.h"
+#include "files/modal_dialogs.h"
+#include "frame/Alive.h"
 #include "frame/Ostrel.h"
 #include "frame/read_setting.h"
 #include "host/ostrelfw/Broker.h"
@@ -12,7 +14,6 @@
 #include "journal/JournalEditor.h"
 #include "ui_QtGeneralOptions.h"
 
-#include <QFileDialog>
 #include <QSettings>
 
 using namespace Qt::StringLiterals;
@@ -46,21 +47,31 @@ void GeneralOptions::saveClicked()
 {
     OstrelFileMenu::set_save_prompt(mForm->mUsingDataPrompt->isChecked());
     JournalEditor::set_save_prompt(mForm->mUsingJournalPrompt->isChecked());
+    // All of it is read before the framework is told, and stored after that, whether the page lives on or
+    // not.
+    const bool splash = mForm->mUsingSplash->isChecked();
+    const bool restores = mForm->cbRestoreWorkingDir->isChecked();
+    const bool uses_paths = mForm->cbUsePaths->isChecked();
+    const QString paths = mForm->lePythonPaths->text();
     Broker::instance()->set_change_dir_on_playback(mForm->mUsingChangeDir->isChecked());
     QSettings settings;
     settings.beginGroup(group);
-    settings.setValue(u"/splash"_s, mForm->mUsingSplash->isChecked());
-    settings.setValue(u"/restoreWorkingDir"_s, mForm->cbRestoreWorkingDir->isChecked());
-    settings.setValue(u"/usepythonpaths"_s, mForm->cbUsePaths->isChecked());
-    settings.setValue(u"/pythonpaths"_s, mForm->lePythonPaths->text());
+    settings.setValue(u"/splash"_s, splash);
+    settings.setValue(u"/restoreWorkingDir"_s, restores);
+    settings.setValue(u"/usepythonpaths"_s, uses_paths);
+    settings.setValue(u"/pythonpaths"_s, paths);
     settings.endGroup();
 }
 
 void GeneralOptions::refreshClicked()
 {
+    const Alive alive(this);
     mForm->mUsingDataPrompt->setChecked(OstrelFileMenu::do_save_prompt());
     mForm->mUsingJournalPrompt->setChecked(JournalEditor::do_save_prompt());
-    mForm->mUsingChangeDir->setChecked(Broker::instance()->change_dir_on_playback());
+    const bool changes_directory = Broker::instance()->change_dir_on_playback();
+    if (!alive)
+        return;
+    mForm->mUsingChangeDir->setChecked(changes_directory);
     if (const CommandWindow* window = console())
         mForm->mFocusFollowsCursor->setChecked(window->get_focus_follows_cursor());
     QSettings settings;
@@ -78,8 +89,8 @@ void GeneralOptions::on_mFocusFollowsCursor_toggled(bool on)
 
 void GeneralOptions::choosePythonPath()
 {
-    const QString directory =
-        QFileDialog::getExistingDirectory(this, QString(), QString(), QFileDialog::ShowDirsOnly);
-    if (!directory.isEmpty())
+    const Alive alive(this);
+    const QString directory = ask_directory(this, QString(), QString());
+    if (!directory.isEmpty() && alive)
         mForm->lePythonPaths->setText(directory);
 }

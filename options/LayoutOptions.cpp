@@ -4,6 +4,7 @@
 #include "options/LayoutOptions.h"
 
 #include "console/CommandWindow.h"
+#include "frame/Alive.h"
 #include "frame/Ostrel.h"
 #include "frame/read_setting.h"
 #include "journal/JournalEditor.h"
@@ -50,16 +51,19 @@ LayoutOptions::~LayoutOptions() = default;
 
 void LayoutOptions::saveClicked()
 {
+    // Stored at the end, even if the page does not live that long: a change of the font reaches others.
+    const QString tab_position = mTabPosition;
     if (Ostrel* window = Ostrel::instance()) {
+        const Alive alive(window);
         const QFont font = mForm->mSampleText->font();
         if (window->command_line())
             window->command_line()->set_font(font);
-        if (window->journal_editor())
+        if (alive && window->journal_editor())
             window->journal_editor()->set_editor_font(font);
     }
     QSettings settings;
     settings.beginGroup(group);
-    settings.setValue(tab_position_key, mTabPosition);
+    settings.setValue(tab_position_key, tab_position);
     settings.endGroup();
 }
 
@@ -187,7 +191,7 @@ void LayoutOptions::select_size(int points)
 
 void LayoutOptions::set_tab_position(QTabWidget::TabPosition position, const QString& word)
 {
+    mTabPosition = word;
     if (Ostrel* window = Ostrel::instance())
         window->setTabPosition(Qt::AllDockWidgetAreas, position);
-    mTabPosition = word;
 }

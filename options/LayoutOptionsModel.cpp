@@ -15,6 +15,8 @@ void LayoutOptionsModel::set_actions(const std::vector<QAction*>& actions)
         action->disconnect(this);
     mActions.clear();
     for (QAction* action : actions) {
+        if (!action)
+            continue;
         mActions.append(action);
         connect(action, &QObject::destroyed, this, &LayoutOptionsModel::forget);
     }
@@ -84,7 +86,7 @@ Qt::ItemFlags LayoutOptionsModel::flags(const QModelIndex& index) const
 /** The action of an index of this model; null for any other. */
 QAction* LayoutOptionsModel::action(const QModelIndex& index) const
 {
-    // No signal tells of shorter lists, so that an index may be out of date.
+    // No signal tells of lists that are set, so that an index may be out of date.
     const bool known =
         index.isValid() && index.model() == this && index.column() == 0 && index.row() < mActions.size();
     return known ? mActions[index.row()] : nullptr;
@@ -92,5 +94,16 @@ QAction* LayoutOptionsModel::action(const QModelIndex& index) const
 
 void LayoutOptionsModel::forget(const QObject* action)
 {
-    mActions.removeIf([&](const QAction* known) { return static_cast<const QObject*>(known) == action; });
+    for (int row = 0; row < mActions.size();) {
+        if (static_cast<const QObject*>(mActions[row]) != action) {
+            ++row;
+            continue;
+        }
+        // Views may still ask for the row while they are told, and there is nothing left to read of the
+        // action.
+        mActions[row] = nullptr;
+        beginRemoveRows({}, row, row);
+        mActions.removeAt(row);
+        endRemoveRows();
+    }
 }

@@ -3,10 +3,13 @@
 
 #include "options/OptionsPanel.h"
 
+#include "frame/Alive.h"
 #include "ui_QtOptionsPanel.h"
 
 #include <QMap>
 #include <QPointer>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
 
 namespace {
 
@@ -44,6 +47,16 @@ struct OptionsPanel::Form : Ui::QtOptionsPanel
     ~Form() { qDeleteAll(mPanels); }
 
     QMap<QString, PanelEntry*> mPanels;
+    /** The labels of the page that was chosen last; empty for none. */
+    QString chosen;
+    /** Whether the stack goes to that page. */
+    bool switching = false;
+    /** Whether the pages load their controls. */
+    bool refreshing = false;
+    /** Whether exec() waits for the dialog to be closed. */
+    bool running = false;
+    /** Whether the dialog was closed and opened again while exec() still waits. */
+    bool again = false;
 };
 
 OptionsPanel::OptionsPanel(QWidget* parent) : QDialog(parent), mForm(std::make_unique<Form>())
@@ -58,6 +71,12 @@ OptionsPanel::~OptionsPanel()
 {
     // The tree changes its current item while it is torn down, when there are no entries to look up any more.
     mForm->mOptionList->disconnect(this);
+    // While the dialog is whole, since a page may take itself or others out as it goes. Hidden before, so
+    // that none comes up in place of another.
+    hide();
+    while (QWidget* const page =
+               mForm->mOptionStack->widget(mForm->mOptionStack->indexOf(mForm->mBlankPage) + 1))
+        delete page;
 }
 
 void OptionsPanel::add_panel(const QString& path, QWidget* page)
@@ -100,33 +119,68 @@ void OptionsPanel::remove_panel(const QString& path)
     const std::unique_ptr<PanelEntry> entry(mForm->mPanels.take(path));
     if (!entry)
         return;
-    const bool shown = entry->page && mForm->mOptionStack->currentWidget() == entry->page;
-    if (entry->item) {
-        forget_items_below(entry->item);
-        // The tree selects a neighbour.
-        delete entry->item;
+    QTreeWidget* const list = mForm->mOptionList;
+    QStackedWidget* const stack = mForm->mOptionStack;
+    const bool in_front = entry->page && stack->currentWidget() == entry->page;
+    const bool shown = mForm->switching ? mForm->chosen == path : in_front;
+    const QTreeWidgetItem* const current = list->currentItem();
+    {
+        // The pages are told when the tree is as it shall be: they may add and remove others.
+        const QSignalBlocker blocker(list);
+        if (entry->item) {
+            forget_items_below(entry->item);
+            // The tree selects a neighbour.
+            delete entry->item;
+        }
+        if (entry->page && shown)
+            list->setCurrentItem(nullptr);
     }
-    if (entry->page) {
-        if (shown)
-            mForm->mOptionStack->setCurrentWidget(mForm->mBlankPage);
-        mForm->mOptionStack->removeWidget(entry->page);
-    }
+    if (list->currentItem() != current)
+        changeWidget(list->currentItem(), nullptr);
+    if (entry->page && stack->currentWidget() == entry->page)
+        stack->setCurrentWidget(mForm->mBlankPage);
+    if (entry->page)
+        stack->removeWidget(entry->page);
 }
 
 void OptionsPanel::show_panel(const QString& path)
 {
+    const Alive alive(this);
     const PanelEntry* entry = mForm->mPanels.value(path);
     if (entry && entry->item)
         mForm->mOptionList->setCurrentItem(entry->item);
-    if (isHidden()) {
-        refresh_settings();
+    if (!alive || !isHidden() || mForm->refreshing)
+        return;
+    refresh_settings();
+    if (alive && isHidden())
         exec();
-    }
 }
 
 void OptionsPanel::refresh_settings()
 {
+    const Alive alive(this);
+    mForm->refreshing = true;
     emit refreshSettings();
+    if (alive)
+        mForm->refreshing = false;
+}
+
+int OptionsPanel::exec()
+{
+    if (mForm->running) {
+        mForm->again = isHidden();
+        return Rejected;
+    }
+    const Alive alive(this);
+    int result = Rejected;
+    mForm->running = true;
+    do {
+        mForm->again = false;
+        result = QDialog::exec();
+    } while (alive && mForm->again);
+    if (alive)
+        mForm->running = false;
+    return result;
 }
 
 void OptionsPanel::select_first()
@@ -136,22 +190,31 @@ void OptionsPanel::select_first()
 
 void OptionsPanel::saveClicked()
 {
+    const Alive alive(this);
     emit saveSettings();
-    close();
+    if (alive)
+        close();
 }
 
 // Goes by the labels shown and not by the items, which is intended.
 void OptionsPanel::changeWidget(QTreeWidgetItem* current, QTreeWidgetItem*)
 {
-    mForm->mOptionStack->setCurrentWidget(mForm->mBlankPage);
-    if (!current)
-        return;
     QStringList labels;
     for (const QTreeWidgetItem* item = current; item; item = item->parent())
         labels.prepend(item->text(0));
-    const PanelEntry* entry = mForm->mPanels.value(labels.join(u'/'));
-    if (entry && entry->page)
-        mForm->mOptionStack->setCurrentWidget(entry->page);
+    mForm->chosen = labels.join(u'/');
+    // Pages that come and go may choose another one. That waits until the stack has done with them.
+    if (mForm->switching)
+        return;
+    const QScopedValueRollback switching(mForm->switching, true);
+    QString shown;
+    do {
+        mForm->mOptionStack->setCurrentWidget(mForm->mBlankPage);
+        shown = mForm->chosen;
+        const PanelEntry* entry = mForm->mPanels.value(shown);
+        if (entry && entry->page)
+            mForm->mOptionStack->setCurrentWidget(entry->page);
+    } while (mForm->chosen != shown);
 }
 
 /** The items die with @p item; their entries stay and must not touch them again. */

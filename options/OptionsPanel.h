@@ -43,16 +43,25 @@ public:
     void add_panel(const QString& path, QWidget* page);
     /**
      * Removes the page and its entry in the tree; entries below it disappear from the tree as well, their
-     * pages stay added. The page is hidden and not deleted. An unknown path is ignored.
+     * pages stay added. The page is hidden and not deleted. If it is the one that is shown, no entry is
+     * selected afterwards. An unknown path is ignored.
      */
     void remove_panel(const QString& path);
     /**
      * Selects the page of @p path and, if the dialog is hidden, emits refreshSettings() and runs it as a
-     * modal dialog, which returns when it is closed. An unknown path leaves the selection as it is.
+     * modal dialog, which returns when it is closed. An unknown path leaves the selection as it is. Called by
+     * a page that loads its controls it selects only.
      */
     void show_panel(const QString& path);
     /** Emits refreshSettings(). */
     void refresh_settings();
+    /**
+     * Runs the dialog until it is closed.
+     *
+     * If it is open already, which a page can be the cause of, this returns QDialog::Rejected at once; a
+     * dialog that has just been closed then opens again.
+     */
+    int exec() override;
     /** Selects the first entry of the tree. */
     void select_first();
 

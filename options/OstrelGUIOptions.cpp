@@ -25,6 +25,15 @@ Page* add_page(OptionsPanel* panel, const QString& name)
     return page;
 }
 
+void delete_page(OptionsPanel* panel, const QString& name, const QPointer<QWidget>& page)
+{
+    // A page that found its place taken, by that of another window, has stayed outside the stack of pages.
+    const bool is_other_page = page && page->parentWidget() == panel;
+    if (panel && !is_other_page)
+        panel->remove_panel(name);
+    delete page.data();
+}
+
 } // namespace
 
 OstrelGUIOptions::OstrelGUIOptions(QObject* parent) : QObject(parent)
@@ -39,11 +48,9 @@ OstrelGUIOptions::OstrelGUIOptions(QObject* parent) : QObject(parent)
 OstrelGUIOptions::~OstrelGUIOptions()
 {
     // Without the panel the pages have gone with it.
-    OptionsPanel* const panel = options_panel();
+    const QPointer<OptionsPanel> panel = options_panel();
     if (!panel)
         return;
-    panel->remove_panel(tr("Layout"));
-    delete mLayoutOptions;
-    panel->remove_panel(tr("General"));
-    delete mGeneralOptions;
+    delete_page(panel, tr("Layout"), mLayoutOptions.data());
+    delete_page(panel, tr("General"), mGeneralOptions.data());
 }

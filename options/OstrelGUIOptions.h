@@ -4,9 +4,11 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 
 class GeneralOptions;
 class LayoutOptions;
+class OptionsPanel;
 
 /**
  * Joins the shell's own two pages, General and Layout, to the options panel.
@@ -24,6 +26,6 @@ public:
     ~OstrelGUIOptions() override;
 
 private:
-    LayoutOptions* mLayoutOptions = nullptr;
-    GeneralOptions* mGeneralOptions = nullptr;
+    QPointer<LayoutOptions> mLayoutOptions;
+    QPointer<GeneralOptions> mGeneralOptions;
 };

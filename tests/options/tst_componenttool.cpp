@@ -14,6 +14,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QPointer>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -157,6 +158,14 @@ private slots:
     void cancelled_folder_dialog_changes_nothing();
     void start_directory_above_the_root_is_empty();
     void start_directory_is_shared_by_all_dialogs();
+    void folder_chosen_after_hiding_is_not_added();
+    void dialog_may_go_under_the_folder_dialog();
+
+    // From inside the framework.
+    void framework_may_act_when_it_is_asked_data();
+    void framework_may_act_when_it_is_asked();
+    void framework_may_hide_the_dialog_before_the_lists_are_there();
+    void report_without_a_name_is_ignored();
 };
 
 void TstComponentTool::set_up()
@@ -959,6 +968,134 @@ void TstComponentTool::start_directory_is_shared_by_all_dialogs()
     press_button(tool, u"mAddButton"_s);
     QVERIFY(driver.finish());
     QCOMPARE(asked.directory, directory.path());
+    tool.hide();
+}
+
+void TstComponentTool::folder_chosen_after_hiding_is_not_added()
+{
+    const QTemporaryDir place;
+    const QString known = QDir(place.path()).canonicalPath();
+    for (const bool again : {false, true}) {
+        host().component_path = u"/a;/b"_s;
+        ComponentTool tool(nullptr);
+        tool.show();
+        DialogDriver driver;
+        driver.expect<QFileDialog>([&](QFileDialog* dialog) {
+            tool.hide();
+            if (again)
+                tool.show();
+            choose(dialog, known);
+        });
+        press_button(tool, u"mAddButton"_s);
+        QVERIFY(driver.finish());
+        if (again) {
+            // It is what the user now looks at.
+            QCOMPARE(rows(paths(tool)), (QStringList{u"/a"_s, u"/b"_s, known}));
+            continue;
+        }
+        QCOMPARE(rows(paths(tool)), QStringList());
+        tool.show();
+        QCOMPARE(rows(paths(tool)), (QStringList{u"/a"_s, u"/b"_s}));
+        tool.hide();
+        QCOMPARE(host().component_path, u"/a;/b"_s);
+    }
+}
+
+void TstComponentTool::dialog_may_go_under_the_folder_dialog()
+{
+    host().component_path = u"/a;/b"_s;
+    auto tool = std::make_unique<ComponentTool>(nullptr);
+    tool->show();
+    DialogDriver driver;
+    driver.expect<QFileDialog>([&](QFileDialog*) { tool.reset(); });
+    tool->add_location();
+    QVERIFY(driver.finish());
+    QVERIFY(!tool);
+    QCOMPARE(host().component_path, u"/a;/b"_s);
+    QVERIFY(host().trackers.empty());
+}
+
+void TstComponentTool::framework_may_act_when_it_is_asked_data()
+{
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<QString>("act");
+    for (const char* operation : {"get_components", "add_component_tracker", "get_component_path",
+                                  "remove_component_tracker", "set_component_path"}) {
+        for (const char* act : {"hide", "show", "hide and show", "report"})
+            QTest::addRow("%s, %s", operation, act)
+                << u"Mediator::"_s + QString::fromUtf8(operation) << QString::fromUtf8(act);
+    }
+}
+
+void TstComponentTool::framework_may_act_when_it_is_asked()
+{
+    QFETCH(QString, operation);
+    QFETCH(QString, act);
+    host().component_path = u"/a;/b"_s;
+    host().components = {component(u"x"_s, u"loaded"_s)};
+    ComponentTool tool(nullptr);
+    bool acted = false;
+    host().on_call = [&](const QString& called) {
+        if (called != operation || acted)
+            return;
+        acted = true;
+        if (act.startsWith(u"hide"_s))
+            tool.hide();
+        if (act.endsWith(u"show"_s))
+            tool.show();
+        if (act == u"report"_s)
+            tool.component_unloading("x");
+    };
+    tool.show();
+    if (!acted) {
+        // An edit, to be handed back.
+        press_button(tool, u"mMoveDownButton"_s);
+        tool.hide();
+        if (act != u"report"_s)
+            QCOMPARE(host().component_path, u"/b;/a"_s);
+    }
+    QVERIFY(acted);
+    host().on_call = nullptr;
+
+    const bool open = tool.isVisible();
+    QCOMPARE(host().trackers.size(), open ? std::size_t(1) : std::size_t(0));
+    QStringList directories = host().component_path.split(u';');
+    std::sort(directories.begin(), directories.end());
+    QCOMPARE(directories, (QStringList{u"/a"_s, u"/b"_s}));
+    QCOMPARE(rows(paths(tool)), open ? host().component_path.split(u';') : QStringList());
+    QCOMPARE(rows(components(tool)), open ? QStringList{u"x"_s} : QStringList());
+    if (!open)
+        tool.show();
+    QCOMPARE(rows(paths(tool)), host().component_path.split(u';'));
+    QCOMPARE(rows(components(tool)), QStringList{u"x"_s});
+    tool.hide();
+    QVERIFY(host().trackers.empty());
+}
+
+// Otherwise it would hand back an empty list and forget all directories.
+void TstComponentTool::framework_may_hide_the_dialog_before_the_lists_are_there()
+{
+    host().component_path = u"/a;/b"_s;
+    ComponentTool tool(nullptr);
+    host().on_call = [&](const QString& called) {
+        if (called == u"Mediator::get_components"_s)
+            tool.hide();
+    };
+    tool.show();
+    host().on_call = nullptr;
+    QVERIFY(tool.isHidden());
+    QCOMPARE(host().component_path, u"/a;/b"_s);
+    QVERIFY(host().trackers.empty());
+    QCOMPARE(rows(paths(tool)), QStringList());
+}
+
+void TstComponentTool::report_without_a_name_is_ignored()
+{
+    host().components = {component(QString(), u"loaded"_s)};
+    ComponentTool tool(nullptr);
+    tool.show();
+    tool.component_unloading(nullptr);
+    QCOMPARE(picture(components(tool)->item(0)->icon()), picture(load_icon("loaded_ot.svg")));
     tool.hide();
 }
 

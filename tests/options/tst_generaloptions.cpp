@@ -18,6 +18,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMetaMethod>
+#include <QPointer>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
@@ -81,6 +82,9 @@ private slots:
     void unreadable_settings_show_the_defaults();
     void prompts_come_from_the_static_flags();
     void prompts_are_stored_in_the_static_flags_on_save();
+    void page_may_go_while_the_framework_is_asked();
+    void settings_are_stored_even_if_the_page_goes();
+    void page_may_go_under_the_folder_dialog();
     void playback_option_comes_from_the_framework();
     void playback_option_goes_to_the_framework_on_save();
     void startup_settings_are_read_on_refresh();
@@ -142,6 +146,7 @@ void TstGeneralOptions::controls_have_their_texts()
     QVERIFY(p.journal_prompt->isChecked());
     QVERIFY(p.splash->isChecked());
     QVERIFY(!p.focus_follows->isChecked());
+    QCOMPARE(p.browse->accessibleName(), u"Browse"_s);
 }
 
 void TstGeneralOptions::headings_are_bold()
@@ -484,6 +489,46 @@ void TstGeneralOptions::page_leaves_with_its_owner()
     const QPointer<GeneralOptions> page(mWindow->options()->findChild<GeneralOptions*>());
     QVERIFY(page);
     mWindow.reset();
+    QVERIFY(!page);
+}
+
+void TstGeneralOptions::page_may_go_while_the_framework_is_asked()
+{
+    auto page = std::make_unique<GeneralOptions>(nullptr);
+    bool asked = false;
+    HostDouble::instance().on_call = [&](const QString&) {
+        asked = true;
+        page.reset();
+    };
+    page->refreshClicked();
+    QVERIFY(asked);
+    HostDouble::instance().on_call = nullptr;
+}
+
+void TstGeneralOptions::settings_are_stored_even_if_the_page_goes()
+{
+    auto p = std::make_unique<Page>();
+    p->splash->setChecked(false);
+    p->restore->setChecked(true);
+    p->use_paths->setChecked(true);
+    p->paths->setText(u"/one"_s);
+    HostDouble::instance().on_call = [&](const QString&) { p.reset(); };
+    p->page.saveClicked();
+    HostDouble::instance().on_call = nullptr;
+    QVERIFY(!p);
+    QCOMPARE(stored(splash_key), QVariant(false));
+    QCOMPARE(stored(restore_key), QVariant(true));
+    QCOMPARE(stored(use_paths_key), QVariant(true));
+    QCOMPARE(stored(paths_key), QVariant(u"/one"_s));
+}
+
+void TstGeneralOptions::page_may_go_under_the_folder_dialog()
+{
+    auto page = std::make_unique<GeneralOptions>(nullptr);
+    DialogDriver driver;
+    driver.expect<QFileDialog>([&](QFileDialog*) { page.reset(); });
+    page->choosePythonPath();
+    QVERIFY(driver.finish());
     QVERIFY(!page);
 }
 

@@ -5,6 +5,7 @@
 #include "support/TestCase.h"
 
 #include <QAction>
+#include <QListView>
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QTest>
@@ -42,6 +43,9 @@ private slots:
     void flags_allow_checking();
     void index_of_another_model_is_foreign();
     void deleted_action_leaves_the_list();
+    void views_are_told_of_a_deleted_action();
+    void deleted_action_is_not_read_any_more();
+    void null_is_passed_over();
 };
 
 void TstLayoutOptionsModel::actions_are_sorted_with_capitals_first()
@@ -192,6 +196,45 @@ void TstLayoutOptionsModel::deleted_action_leaves_the_list()
     QCOMPARE(texts(model), QStringList{u"b"_s});
     QCOMPARE(model.data(last), QVariant());
     QVERIFY(!model.setData(last, Qt::Checked, Qt::CheckStateRole));
+}
+
+void TstLayoutOptionsModel::views_are_told_of_a_deleted_action()
+{
+    auto doomed = std::make_unique<QAction>(u"b"_s);
+    QAction a(u"a"_s), c(u"c"_s);
+    LayoutOptionsModel model;
+    model.set_actions({&a, doomed.get(), &c});
+    const QSignalSpy removed(&model, &QAbstractItemModel::rowsRemoved);
+    QListView view;
+    view.setModel(&model);
+    view.setCurrentIndex(model.index(2, 0));
+    doomed.reset();
+    QCOMPARE(removed.size(), 1);
+    QCOMPARE(removed.constFirst().mid(1), (QVariantList{1, 1}));
+    QCOMPARE(view.currentIndex().data().toString(), u"c"_s);
+}
+
+void TstLayoutOptionsModel::deleted_action_is_not_read_any_more()
+{
+    auto doomed = std::make_unique<QAction>(u"a"_s);
+    doomed->setCheckable(true);
+    LayoutOptionsModel model;
+    model.set_actions({doomed.get()});
+    QVariantList seen;
+    connect(&model, &QAbstractItemModel::rowsAboutToBeRemoved, this, [&] {
+        seen << model.data(model.index(0, 0)) << model.data(model.index(0, 0), Qt::CheckStateRole)
+             << model.setData(model.index(0, 0), true, Qt::CheckStateRole);
+    });
+    doomed.reset();
+    QCOMPARE(seen, (QVariantList{QVariant(), QVariant(), false}));
+}
+
+void TstLayoutOptionsModel::null_is_passed_over()
+{
+    QAction a(u"a"_s), b(u"b"_s);
+    LayoutOptionsModel model;
+    model.set_actions({nullptr, &b, nullptr, &a});
+    QCOMPARE(texts(model), (QStringList{u"a"_s, u"b"_s}));
 }
 
 OSTREL_TEST(TstLayoutOptionsModel)

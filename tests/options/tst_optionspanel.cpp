@@ -117,6 +117,15 @@ private slots:
 
     void removed_page_leaves_and_lives();
     void removed_page_gives_way_to_the_blank_page();
+    void no_entry_is_current_when_the_shown_page_was_removed();
+    void hidden_page_may_act_data();
+    void hidden_page_may_act();
+    void dying_pages_may_take_pages_out();
+    void receiver_of_save_may_delete_the_panel();
+    void receiver_of_refresh_may_act_data();
+    void receiver_of_refresh_may_act();
+    void dialog_that_is_open_is_not_opened_twice();
+    void dialog_may_be_closed_and_opened_again_from_inside();
     void removed_page_that_is_not_shown_leaves_the_shown_one();
     void removed_path_can_come_back();
     void unknown_path_is_not_removed();
@@ -612,6 +621,213 @@ void TstOptionsPanel::panel_dies_with_a_page_selected()
     panel.reset();
     // It was a child of the panel by then.
     QVERIFY(!page);
+}
+
+void TstOptionsPanel::no_entry_is_current_when_the_shown_page_was_removed()
+{
+    for (const bool first : {true, false}) {
+        Panel panel;
+        auto* a = new QWidget;
+        auto* b = new QWidget;
+        panel.dialog.add_panel(u"a"_s, a);
+        panel.dialog.add_panel(u"b"_s, b);
+        panel.dialog.add_panel(u"c"_s, new QWidget);
+        QCOMPARE(panel.shown_at(u"a"_s), a);
+        panel.dialog.remove_panel(u"a"_s);
+        QCOMPARE(panel.tree->currentItem(), nullptr);
+        QCOMPARE(panel.tree->selectedItems(), QList<QTreeWidgetItem*>());
+        // So that what stands there next can be chosen.
+        if (first)
+            panel.dialog.select_first();
+        else
+            panel.tree->setCurrentItem(panel.item(u"b"_s));
+        QCOMPARE(panel.stack->currentWidget(), b);
+    }
+}
+
+void TstOptionsPanel::hidden_page_may_act_data()
+{
+    QTest::addColumn<QString>("cause");
+    QTest::addColumn<QString>("act");
+    for (const char* cause : {"select", "remove", "remove group", "close"}) {
+        for (const char* act : {"remove itself", "remove group", "remove next", "add", "select another"})
+            QTest::addRow("%s, %s", cause, act) << QString::fromUtf8(cause) << QString::fromUtf8(act);
+    }
+}
+
+void TstOptionsPanel::hidden_page_may_act()
+{
+    QFETCH(QString, cause);
+    QFETCH(QString, act);
+
+    /** Acts when it is hidden, once. */
+    class Page : public QWidget
+    {
+    public:
+        std::function<void()> act;
+
+    protected:
+        void hideEvent(QHideEvent*) override
+        {
+            if (act)
+                std::exchange(act, nullptr)();
+        }
+    };
+
+    auto panel = std::make_unique<Panel>();
+    const QPointer<Page> page(new Page);
+    const QPointer<QWidget> next(new QWidget);
+    panel->dialog.add_panel(u"G/a"_s, page);
+    panel->dialog.add_panel(u"G/b"_s, next);
+    auto* const h = new QWidget;
+    panel->dialog.add_panel(u"H"_s, h);
+    panel->dialog.show();
+    QCOMPARE(panel->shown_at(u"a"_s), page);
+    QVERIFY(page->isVisible());
+    bool acted = false;
+    page->act = [&] {
+        acted = true;
+        if (act == u"remove itself"_s)
+            panel->dialog.remove_panel(u"G/a"_s);
+        else if (act == u"remove group"_s)
+            panel->dialog.remove_panel(u"G"_s);
+        else if (act == u"remove next"_s)
+            panel->dialog.remove_panel(u"G/b"_s);
+        else if (act == u"add"_s)
+            panel->dialog.add_panel(u"A/new"_s, new QWidget);
+        else if (act == u"select another"_s)
+            panel->tree->setCurrentItem(panel->item(u"H"_s));
+    };
+    if (cause == u"select"_s)
+        panel->tree->setCurrentItem(panel->item(u"b"_s));
+    else if (cause == u"remove"_s)
+        panel->dialog.remove_panel(u"G/a"_s);
+    else if (cause == u"remove group"_s)
+        panel->dialog.remove_panel(u"G"_s);
+    else
+        panel->dialog.close();
+    QVERIFY(acted);
+    // What is shown belongs to what is selected.
+    const QTreeWidgetItem* const current = panel->tree->currentItem();
+    const QWidget* const shown = panel->stack->currentWidget();
+    if (!current || current->childCount() > 0)
+        QCOMPARE(shown, panel->blank);
+    else if (current == panel->item(u"b"_s))
+        QCOMPARE(shown, next);
+    else if (current == panel->item(u"H"_s))
+        QCOMPARE(shown, h);
+    if (cause == u"select"_s && act == u"remove itself"_s)
+        QCOMPARE(current, panel->item(u"b"_s));
+    if (cause == u"select"_s && act == u"select another"_s)
+        QCOMPARE(current, panel->item(u"H"_s));
+    panel->dialog.close();
+    panel.reset();
+    // One that was removed is nobody's but ours.
+    delete page;
+    delete next;
+}
+
+void TstOptionsPanel::dying_pages_may_take_pages_out()
+{
+    class Page : public QWidget
+    {
+    public:
+        explicit Page(OptionsPanel& panel) : mPanel(panel) {}
+        ~Page() override
+        {
+            mPanel.remove_panel(u"a"_s);
+            mPanel.remove_panel(u"c"_s);
+            mPanel.select_first();
+        }
+
+    private:
+        OptionsPanel& mPanel;
+    };
+    auto panel = std::make_unique<Panel>();
+    const QPointer<QWidget> removed(new QWidget);
+    panel->dialog.add_panel(u"a"_s, new Page(panel->dialog));
+    panel->dialog.add_panel(u"b"_s, new Page(panel->dialog));
+    panel->dialog.add_panel(u"c"_s, removed);
+    panel->dialog.show();
+    QVERIFY(panel->shown_at(u"a"_s) != panel->blank);
+    panel.reset();
+    // The first one that died has taken it out.
+    QVERIFY(!removed || !removed->parent());
+    delete removed;
+}
+
+void TstOptionsPanel::receiver_of_save_may_delete_the_panel()
+{
+    auto panel = std::make_unique<Panel>();
+    panel->dialog.show();
+    connect(&panel->dialog, &OptionsPanel::saveSettings, this, [&] { panel.reset(); });
+    QMetaObject::invokeMethod(&panel->dialog, "saveClicked");
+    QVERIFY(!panel);
+}
+
+void TstOptionsPanel::receiver_of_refresh_may_act_data()
+{
+    QTest::addColumn<QString>("act");
+    QTest::newRow("delete panel") << u"delete"_s;
+    QTest::newRow("show a page") << u"page"_s;
+    QTest::newRow("show the dialog") << u"show"_s;
+}
+
+void TstOptionsPanel::receiver_of_refresh_may_act()
+{
+    QFETCH(QString, act);
+    auto panel = std::make_unique<Panel>();
+    auto* page = new QWidget;
+    panel->dialog.add_panel(u"a"_s, new QWidget);
+    panel->dialog.add_panel(u"b"_s, page);
+    int refreshed = 0;
+    connect(&panel->dialog, &OptionsPanel::refreshSettings, this, [&] {
+        ++refreshed;
+        if (act == u"delete"_s)
+            panel.reset();
+        else if (act == u"page"_s)
+            panel->dialog.show_panel(u"b"_s);
+        else
+            panel->dialog.show();
+    });
+    bool opened = false;
+    if (act == u"page"_s)
+        meet_open_dialog(panel->dialog, [&] { opened = panel->stack->currentWidget() == page; });
+    panel->dialog.show_panel(u"a"_s);
+    QCOMPARE(refreshed, 1);
+    QCOMPARE(opened, act == u"page"_s);
+    if (panel)
+        panel->dialog.close();
+}
+
+void TstOptionsPanel::dialog_that_is_open_is_not_opened_twice()
+{
+    Panel panel;
+    int result = -1;
+    meet_open_dialog(panel.dialog, [&] { result = panel.dialog.exec(); });
+    panel.dialog.exec();
+    QCOMPARE(result, int(QDialog::Rejected));
+    QVERIFY(panel.dialog.isHidden());
+}
+
+void TstOptionsPanel::dialog_may_be_closed_and_opened_again_from_inside()
+{
+    Panel panel;
+    auto* page = new QWidget;
+    panel.dialog.add_panel(u"a"_s, page);
+    QStringList met;
+    QTimer::singleShot(0, &panel.dialog, [&] {
+        met << u"first"_s;
+        panel.dialog.close();
+        meet_open_dialog(panel.dialog, [&] {
+            met << (panel.stack->currentWidget() == page ? u"page"_s : u"another"_s);
+            met << (panel.dialog.isModal() ? u"modal"_s : u"not modal"_s);
+        });
+        panel.dialog.show_panel(u"a"_s);
+    });
+    panel.dialog.exec();
+    QCOMPARE(met, (QStringList{u"first"_s, u"page"_s, u"modal"_s}));
+    QVERIFY(panel.dialog.isHidden());
 }
 
 OSTREL_TEST(TstOptionsPanel)
