@@ -24,8 +24,8 @@ struct ComponentTool::Form : Ui::QtComponentTool
      * Where the lists are between two showings. The framework may show and hide the dialog while it is asked
      * or told of anything. It may not delete it then: Qt goes on with a widget that it has shown or hidden.
      *
-     * The events of showing and hiding do not tell: minimizing brings them as well, and on newer versions of
-     * Qt they are not even marked as the window system's.
+     * The events of showing and hiding do not tell: minimizing brings them as well, and newer versions of Qt
+     * send one more of showing, which is not marked as the window system's, while the window is minimized.
      */
     enum class State { Empty, Loading, Loaded, HandingBack } state = State::Empty;
 };

@@ -177,6 +177,7 @@ void TstProgressControl::texts_of_the_form_are_translated_in_its_own_context()
     QCOMPARE(control.windowTitle(), u"<Progress>"_s);
     QCOMPARE(control.findChild<QToolButton*>(u"mCancel"_s)->toolTip(),
              u"<Cancel the currently running process>"_s);
+    QCOMPARE(control.findChild<QProgressBar*>(u"mProgress"_s)->accessibleName(), u"<Progress>"_s);
 }
 
 void TstProgressControl::cancelling_is_its_only_slot()
