@@ -66,6 +66,8 @@ WindowKeys::WindowKeys(Ostrel* window) : mWindow(window)
         make_action(u"previousPane"_s, tr("&Previous Pane"), u"Shift+F6"_s, -1),
     };
     window->view_menu()->add_items(actions, owner);
+    // Its keys are dead otherwise while the toolbar that shows it is hidden.
+    window->addAction(window->tools_menu()->pause_action());
     mCancel = make_shortcut(Qt::Key_Escape);
     mPause = make_shortcut(Qt::Key_Pause);
     if (mCancel)
@@ -88,8 +90,10 @@ WindowKeys::~WindowKeys()
 {
     delete mCancel;
     delete mPause;
-    if (mWindow)
-        mWindow->view_menu()->remove_component_items(owner);
+    if (!mWindow)
+        return;
+    mWindow->removeAction(mWindow->tools_menu()->pause_action());
+    mWindow->view_menu()->remove_component_items(owner);
 }
 
 void WindowKeys::set_busy(bool busy)

@@ -16,7 +16,8 @@ class QTabWidget;
 /**
  * What makes the main window usable without a mouse beyond what the shell has keys for: F6 and Shift+F6 go
  * from pane to pane, and while a command runs, Escape cancels it and Pause pauses the journal or goes on with
- * it. In the journal editor what is typed goes to the journal that is in sight.
+ * it. The keys of the pause button work also while its toolbar is hidden. In the journal editor what is typed
+ * goes to the journal that is in sight.
  *
  * Panes are the central area and the docks that are not hidden, in the order of the View menu. One object
  * while there is a main window; it goes before the window does.
@@ -28,7 +29,7 @@ class WindowKeys : public QObject
 public:
     /** @param window  the main window, not null and not owned. */
     explicit WindowKeys(Ostrel* window);
-    /** Takes its entries out of the View menu. */
+    /** Takes its entries out of the View menu, and the pause button's keys from the window. */
     ~WindowKeys() override;
 
     /** Says whether a command runs: only then do the keys for it mean anything. */

@@ -11,6 +11,7 @@
 #include "host/navigation/TaskPanel.h"
 #include "host/ostrelfw/Framework.h"
 #include "journal/JournalEditor.h"
+#include "menus/OstrelToolsMenu.h"
 #include "support/windows.h"
 #include "workbench/Workbench.h"
 #include "workbench/WorkbenchTest.h"
@@ -21,6 +22,7 @@
 #include "workbench/fennari19/Fennar.h"
 #include "workbench/navigation/NavigationRoles.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QDir>
 #include <QDockWidget>
@@ -35,6 +37,7 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
+#include <QToolBar>
 #include <QToolButton>
 
 #include <stdexcept>
@@ -147,6 +150,7 @@ private slots:
     void cancel_stops_a_flood_of_lines();
     void journal_is_not_played_if_the_model_fails();
     void journal_is_played_once_the_model_is_open();
+    void keys_pause_while_the_toolbar_is_hidden();
     void closing_the_window_ends_what_runs_data();
     void closing_the_window_ends_what_runs();
     void quit_in_a_journal_ends_the_lines_behind_it();
@@ -686,6 +690,20 @@ void TstWorkbench::cancel_ends_a_paused_journal()
              qPrintable(text()));
     QVERIFY(!text().contains(u"never"_s));
     QVERIFY(!FennarInterface::is_playback_paused());
+}
+
+void TstWorkbench::keys_pause_while_the_toolbar_is_hidden()
+{
+    Ostrel* const window = Ostrel::instance();
+    auto* const toolbar = window->findChild<QToolBar*>(u"FileTools"_s);
+    const QAction* const pause = window->tools_menu()->pause_action();
+    for (const bool shown : {false, true}) {
+        toolbar->setVisible(shown);
+        QTest::keyClick(window, Qt::Key_I, Qt::ControlModifier);
+        QVERIFY(pause->isChecked());
+        QTest::keyClick(window, Qt::Key_I, Qt::ControlModifier);
+        QVERIFY(!pause->isChecked());
+    }
 }
 
 void TstWorkbench::closing_the_window_ends_what_runs_data()
