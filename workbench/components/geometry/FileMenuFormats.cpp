@@ -5,6 +5,7 @@
 
 #include "files/ImportExportHandler.h"
 #include "files/OstrelFileMenu.h"
+#include "frame/Ostrel.h"
 #include "workbench/components/geometry/Format.h"
 #include "workbench/components/geometry/file_commands.h"
 #include "workbench/fennar_formats/FormatRegistry.h"
@@ -46,18 +47,22 @@ private:
 class FileMenuFormats::Exporter : public ImportExportHandler
 {
 public:
-    explicit Exporter(const Format& format)
-        : ImportExportHandler(QString::fromLatin1(owner)), mFormat(format.name)
+    Exporter(SaveQuestion& question, const Format& format)
+        : ImportExportHandler(QString::fromLatin1(owner)), mQuestion(question), mFormat(format.name)
     {
         mFilters = format.filter();
     }
 
     void execute(const QString& file, const QString&) override
     {
-        send_command(export_command(file, mFormat));
+        // This object may go while the question is open.
+        const QString command = export_command(file, mFormat);
+        if (mQuestion.may_write(Ostrel::instance(), file))
+            send_command(command);
     }
 
 private:
+    SaveQuestion& mQuestion;
     QString mFormat;
 };
 
@@ -82,7 +87,7 @@ void FileMenuFormats::build()
                 mHandlers.push_back(std::move(handler));
         }
         if (format.writes) {
-            auto handler = std::make_unique<Exporter>(format);
+            auto handler = std::make_unique<Exporter>(mQuestion, format);
             if (mMenu->add_export(handler.get()))
                 mHandlers.push_back(std::move(handler));
         }

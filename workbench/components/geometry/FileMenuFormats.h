@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/components/geometry/SaveQuestion.h"
+
 #include <QObject>
 #include <QStringList>
 
@@ -39,6 +41,7 @@ private:
     void clear();
 
     OstrelFileMenu* mMenu;
+    SaveQuestion mQuestion;
     /** The file menu has them in its lists, and would delete them only if it went first. */
     std::vector<std::unique_ptr<ImportExportHandler>> mHandlers;
     struct Chosen

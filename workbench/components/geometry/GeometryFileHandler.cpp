@@ -18,6 +18,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QPointer>
 #include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
@@ -109,7 +110,13 @@ void GeometryFileHandler::save_file(const QString& file)
 
 void GeometryFileHandler::save_file_as(const QString& file, const QString&)
 {
-    save_file(file);
+    const QPointer<SaveQuestion> self = &mQuestion;
+    if (mQuestion.may_write(mWindow, file)) {
+        save_file(file);
+    } else if (self && Ostrel::instance()) {
+        mSaveFailed = true;
+        restore_name();
+    }
 }
 
 void GeometryFileHandler::set_directory()
@@ -194,9 +201,14 @@ bool GeometryFileHandler::attempt(const std::function<void()>& work)
     for (const QString& message : messages)
         Broker::command << message << u"\n"_s;
     // After a failure the file menu has a name that is not the document's.
+    restore_name();
+    return done;
+}
+
+void GeometryFileHandler::restore_name()
+{
     OstrelFileMenu::set_file_name(mDocument.file());
     mWindow->update_title();
-    return done;
 }
 
 void GeometryFileHandler::run_for_command(const std::function<void()>& flow)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "files/OpenSaveHandler.h"
+#include "workbench/components/geometry/SaveQuestion.h"
 
 #include <QString>
 
@@ -51,6 +52,8 @@ private:
     OstrelFileMenu* menu() const;
     bool is_plugged_in() const;
     void ask_about_changes();
+    /** Takes back what the file menu has noted of a file that was not opened or saved after all. */
+    void restore_name();
     /** Runs work on the document and tells what fails. Returns whether it has succeeded. */
     bool attempt(const std::function<void()>& work);
     /** Runs a flow of the file menu; what is told meanwhile is thrown at its end. */
@@ -62,6 +65,7 @@ private:
     qint64 mDiscarded = -1;
     /** The file menu clears the modified state behind each saving, and must not after one that has failed. */
     bool mSaveFailed = false;
+    SaveQuestion mQuestion;
     bool mForCommand = false;
     QString mFailure;
 };

@@ -22,6 +22,7 @@
 
 #include <QAction>
 #include <QDir>
+#include <QFile>
 #include <QMenu>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -71,6 +72,8 @@ private slots:
     void handlers_of_others_are_left_alone();
     void export_asks_and_adds_the_ending_of_the_filter_data();
     void export_asks_and_adds_the_ending_of_the_filter();
+    void export_without_the_ending_replaces_no_file_unasked_data();
+    void export_without_the_ending_replaces_no_file_unasked();
     void several_files_are_imported_one_after_the_other();
     void failed_import_is_no_recent_one();
     void typed_import_is_no_recent_one();
@@ -246,6 +249,39 @@ void TstFileMenuFormats::export_asks_and_adds_the_ending_of_the_filter()
     QVERIFY(!page()->toPlainText().contains(u"ERROR"));
     QCOMPARE(workbench().console()->history().entries().last(), line);
     QCOMPARE(QDir(temp_directory()).entryList(QDir::Files).size(), 1);
+}
+
+void TstFileMenuFormats::export_without_the_ending_replaces_no_file_unasked_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<bool>("replaces");
+    // The file dialog asks about the name that is typed whole.
+    for (const auto& typed : {u"a"_s, u"a.stl"_s}) {
+        QTest::addRow("%s, no", qPrintable(typed)) << typed << false;
+        QTest::addRow("%s, yes", qPrintable(typed)) << typed << true;
+    }
+}
+
+void TstFileMenuFormats::export_without_the_ending_replaces_no_file_unasked()
+{
+    QFETCH(const QString, typed);
+    QFETCH(const bool, replaces);
+    enter(u"brick 2"_s);
+    QFile file(path(u"a.stl"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("precious");
+    file.close();
+    DialogDriver driver;
+    driver.expect<QFileDialog>(
+        [&](QFileDialog* dialog) { choose_with_return(dialog, path(typed), u"STL (*.stl)"_s); });
+    driver.expect(u"QMessageBox"_s, press(replaces ? QDialogButtonBox::Yes : QDialogButtonBox::No));
+    if (typed == u"a.stl"_s && !replaces)
+        driver.expect<QFileDialog>(press(QDialogButtonBox::Cancel));
+    action("mFileExportAction")->trigger();
+    QVERIFY(driver.finish());
+    flush();
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll() == "precious", !replaces);
 }
 
 void TstFileMenuFormats::several_files_are_imported_one_after_the_other()

@@ -21,6 +21,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QMenu>
+#include <QMessageBox>
 #include <QProcess>
 #include <QStatusBar>
 #include <QTemporaryDir>
@@ -81,6 +82,9 @@ private slots:
     void name_comes_back_in_a_second_life_data();
     void name_comes_back_in_a_second_life();
     void dialog_takes_odd_names();
+    void name_without_its_ending_replaces_no_file_unasked_data();
+    void name_without_its_ending_replaces_no_file_unasked();
+    void file_dialog_that_has_asked_asks_alone();
     void file_that_is_gone_leaves_the_recent_files();
     void set_directory_asks_and_tells();
     void set_directory_that_is_cancelled_changes_nothing();
@@ -517,6 +521,52 @@ void TstModelFiles::dialog_takes_odd_names()
     QVERIFY(driver.finish());
     QVERIFY(QFile::exists(path(name + u".mdl"_s)));
     QCOMPARE(recent_files(), QStringList(path(name + u".mdl"_s)));
+}
+
+void TstModelFiles::name_without_its_ending_replaces_no_file_unasked_data()
+{
+    QTest::addColumn<bool>("replaces");
+    QTest::newRow("no") << false;
+    QTest::newRow("yes") << true;
+}
+
+void TstModelFiles::name_without_its_ending_replaces_no_file_unasked()
+{
+    QFETCH(bool, replaces);
+    QFile other(path(u"b.mdl"_s));
+    QVERIFY(other.open(QIODevice::WriteOnly));
+    other.write("precious");
+    other.close();
+    type(u"brick 2"_s);
+    enter(u"save "_s + path(u"a.mdl"_s));
+    type(u"brick 3"_s);
+    DialogDriver driver;
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, path(u"b"_s)); });
+    QString question;
+    driver.expect<QMessageBox>([&](QMessageBox* box) {
+        question = box->text();
+        press(replaces ? QDialogButtonBox::Yes : QDialogButtonBox::No)(box);
+    });
+    action(u"mFileSaveAsAction"_s)->trigger();
+    QVERIFY(driver.finish());
+    QCOMPARE(question, u"b.mdl already exists.\nDo you want to replace it?"_s);
+    QVERIFY(other.open(QIODevice::ReadOnly));
+    QCOMPARE(other.readAll() == "precious", !replaces);
+    QCOMPARE(is_modified(), !replaces);
+    QCOMPARE(title(), u"Fennar - "_s + path(replaces ? u"b.mdl"_s : u"a.mdl"_s));
+}
+
+void TstModelFiles::file_dialog_that_has_asked_asks_alone()
+{
+    type(u"brick 2"_s);
+    enter(u"save "_s + path(u"a.mdl"_s));
+    type(u"brick 3"_s);
+    DialogDriver driver;
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, path(u"a.mdl"_s)); });
+    driver.expect<QMessageBox>(press(QDialogButtonBox::Yes));
+    action(u"mFileSaveAsAction"_s)->trigger();
+    QVERIFY(driver.finish());
+    QVERIFY(!is_modified());
 }
 
 void TstModelFiles::file_that_is_gone_leaves_the_recent_files()
