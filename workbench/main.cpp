@@ -5,10 +5,12 @@
 #include "workbench/Translations.h"
 #include "workbench/Workbench.h"
 #include "workbench/ostrelfw/CommandLine.h"
+#include "workbench/settings_checks.h"
 
 #include <QApplication>
 #include <QFileInfo>
 #include <QIcon>
+#include <QScreen>
 
 #include <algorithm>
 #include <clocale>
@@ -105,13 +107,14 @@ int main(int argc, char** argv)
     std::optional<SettingsFile> settings;
     if (!command_line.settings().isEmpty())
         settings.emplace(command_line.settings());
+    const QString settings_error = settings ? settings->error() : keep_unreadable_settings();
     Workbench workbench(settings ? settings->data_directory() : Workbench::default_data_directory());
-    if (settings)
-        workbench.add_start_error(settings->error());
+    workbench.add_start_error(settings_error);
     if (!command_line.components())
         workbench.leave_components_out();
     if (command_line.batch_mode())
         return workbench.play_batch(command_line.journal(), model);
+    bound_settings(QGuiApplication::primaryScreen()->availableVirtualGeometry());
     workbench.load();
     workbench.start_later(model, journal);
     workbench.run();

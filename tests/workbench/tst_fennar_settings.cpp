@@ -45,6 +45,8 @@ private slots:
     void window_run_keeps_everything_in_the_file_and_beside_it();
     void journal_sees_the_users_own_settings_without_the_argument();
     void component_path_and_components_switched_off_are_in_the_file();
+    void damaged_file_of_the_user_is_kept_and_named();
+    void useless_settings_do_not_reach_the_window();
     void file_that_cannot_be_written_is_told_and_the_program_runs_on_data();
     void file_that_cannot_be_written_is_told_and_the_program_runs_on();
 
@@ -160,6 +162,33 @@ void TstFennarSettings::component_path_and_components_switched_off_are_in_the_fi
     const Run on = run({u"--batch"_s, u"--play"_s, once}, path(u"components"_s));
     QVERIFY2(on.code == 0, qPrintable(on.errors));
     QVERIFY(on.output.contains("The demo counts to 3."_L1));
+}
+
+void TstFennarSettings::damaged_file_of_the_user_is_kept_and_named()
+{
+    QVERIFY(QDir(mDirectory->path()).mkpath(u"config/ostrel"_s));
+    const QString file = write(u"config/ostrel/fennar.conf"_s, "[ostrelgui]\nostrel\\spl");
+    const QString journal = write(u"a.jou"_s, "echo one\n");
+    const QStringList batch{u"--no-components"_s, u"--batch"_s, u"--play"_s, journal};
+    const Run told = run(batch);
+    QCOMPARE(told.code, 0);
+    QVERIFY2(
+        told.errors.contains(u"\"%1\" cannot be read in full. It is kept as \"%1.unreadable\""_s.arg(file)),
+        qPrintable(told.errors));
+    QCOMPARE(content(u"config/ostrel/fennar.conf.unreadable"_s), u"[ostrelgui]\nostrel\\spl"_s);
+    QCOMPARE(run(batch).errors, QString());
+}
+
+void TstFennarSettings::useless_settings_do_not_reach_the_window()
+{
+    set(u"ostrelgui/ostrel/width"_s, -5);
+    set(u"ostrelgui/ostrel/height"_s, 600);
+    set(u"ostrelgui/command/fontsize"_s, 900);
+    const QString journal = write(u"a.jou"_s, "quit\n");
+    const Run ended = run({u"--settings"_s, u"my.ini"_s, u"--no-components"_s, u"--play"_s, journal});
+    QVERIFY2(ended.code == 0, qPrintable(ended.errors));
+    QCOMPARE(stored(u"ostrelgui/ostrel/width"_s), QVariant());
+    QCOMPARE(stored(u"ostrelgui/command/fontsize"_s).toInt(), 72);
 }
 
 void TstFennarSettings::file_that_cannot_be_written_is_told_and_the_program_runs_on_data()

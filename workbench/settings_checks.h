@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QRect>
+#include <QString>
+
+/**
+ * Moves the user's own settings file aside if it cannot be read, before the first write would put another one
+ * in its place. What can be read of it is taken over.
+ *
+ * To be called before anything else asks for settings, and not with a SettingsFile, which looks for itself.
+ *
+ * @return what was done, as a line for the user; empty if there is nothing to tell.
+ */
+QString keep_unreadable_settings();
+
+/**
+ * Takes back settings with which the windows could not be used: sizes without an area, places off the screen,
+ * a font that leaves no room for text.
+ *
+ * @param screens  where windows can be seen.
+ */
+void bound_settings(const QRect& screens);
