@@ -13,6 +13,7 @@
 #include "frame/Alive.h"
 #include "frame/Ostrel.h"
 #include "frame/read_setting.h"
+#include "frame/settings_keys.h"
 #include "host/ostrelfw/Broker.h"
 #include "resources/load_icon.h"
 
@@ -162,26 +163,6 @@ void execute_first(const HandlerList& list, const QString file, const QString fi
     if (found != list.end())
         (*found)->execute(file, filter);
 }
-
-QString read_text(const QString& key)
-{
-    QSettings settings;
-    settings.beginGroup(u"/ostrelgui"_s);
-    settings.beginGroup(u"/ostrel"_s);
-    return read_setting(settings, key, QString());
-}
-
-void write_text(const QString& key, const QString& text)
-{
-    QSettings settings;
-    settings.beginGroup(u"/ostrelgui"_s);
-    settings.beginGroup(u"/ostrel"_s);
-    settings.setValue(key, text);
-}
-
-// The keys hold filters, despite their names; that is intended.
-const auto import_filter_key = u"/importdir"_s;
-const auto export_filter_key = u"/exportdir"_s;
 
 } // namespace
 
@@ -661,25 +642,25 @@ void OstrelFileMenu::import_recent_file(const QString& command)
 
 QString OstrelFileMenu::get_working_directory() const
 {
-    return read_text(u"/workingdir"_s);
+    return read_setting(QSettings(), settings_keys::working_directory, QString());
 }
 
 QString OstrelFileMenu::get_saved_import_filter() const
 {
-    return read_text(import_filter_key);
+    return read_setting(QSettings(), settings_keys::import_filter, QString());
 }
 
 void OstrelFileMenu::save_import_filter(const QString& filter)
 {
-    write_text(import_filter_key, filter);
+    QSettings().setValue(settings_keys::import_filter, filter);
 }
 
 QString OstrelFileMenu::get_saved_export_filter() const
 {
-    return read_text(export_filter_key);
+    return read_setting(QSettings(), settings_keys::export_filter, QString());
 }
 
 void OstrelFileMenu::save_export_filter(const QString& filter)
 {
-    write_text(export_filter_key, filter);
+    QSettings().setValue(settings_keys::export_filter, filter);
 }

@@ -10,6 +10,7 @@
 #include "frame/OstrelEventFilter.h"
 #include "frame/ProgressControl.h"
 #include "frame/read_setting.h"
+#include "frame/settings_keys.h"
 #include "host/navigation/NavigationReader.h"
 #include "host/navigation/NavigationResourcesDelay.h"
 #include "host/ostrelfw/Broker.h"
@@ -46,10 +47,7 @@ bool fits_with_room(const QSize& window, const QSize& screen)
 
 QString navigation_directory()
 {
-    QSettings settings;
-    settings.beginGroup(u"/fennargui/commandpanel"_s);
-    const bool classic = read_setting(settings, u"/classicnavigation"_s, false);
-    settings.endGroup();
+    const bool classic = read_setting(QSettings(), settings_keys::classic_navigation, false);
     return QCoreApplication::applicationDirPath() + u"/xml"_s +
            (classic ? u"/entity-based-xml"_s : u"/action-based-xml"_s);
 }
@@ -206,7 +204,7 @@ void MainFrame::enable_cancel(bool on)
 
 void MainFrame::start_splash(const char* file)
 {
-    const bool wanted = read_setting(QSettings(), u"/ostrelgui/ostrel/splash"_s, true);
+    const bool wanted = read_setting(QSettings(), settings_keys::splash, true);
     if (!wanted || !mPrivate || mPrivate->splash || !gui_application())
         return;
     mPrivate->splash =

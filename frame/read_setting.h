@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QAnyStringView>
 #include <QSettings>
 
 #include <limits>
@@ -14,7 +15,7 @@
  * QVariant's own toInt() and its kin turn what they cannot read into 0 or false instead.
  */
 template <class Value>
-Value read_setting(const QSettings& settings, const QString& key, const Value& fallback)
+Value read_setting(const QSettings& settings, QAnyStringView key, const Value& fallback)
 {
     QVariant value = settings.value(key);
     if constexpr (std::is_same_v<Value, int>) {

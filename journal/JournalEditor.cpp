@@ -7,6 +7,7 @@
 #include "files/RecentFiles.h"
 #include "frame/Alive.h"
 #include "frame/read_setting.h"
+#include "frame/settings_keys.h"
 #include "journal/JournalDocument.h"
 #include "journal/JournalEditorForm.h"
 #include "journal/JournalFindDialog.h"
@@ -28,13 +29,6 @@ namespace {
 // The recent journals stand before Exit.
 constexpr int recent_files_index = 11;
 constexpr int most_recent_files = 5;
-
-const auto settings_group = u"/ostrelgui/journal"_s;
-
-QString recent_file_key(int number)
-{
-    return u"/file"_s + QString::number(number);
-}
 
 // Qt gives the button of a tab a tool tip, but nothing that a screen reader would say.
 void name_close_button(QTabWidget* tabs, int index)
@@ -331,22 +325,22 @@ JournalDocument* JournalEditor::create_document(const QString& name)
 void JournalEditor::restore_settings()
 {
     QSettings settings;
-    settings.beginGroup(settings_group);
-
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    const int x = read_setting(settings, u"/x"_s, 0);
-    const int y = read_setting(settings, u"/y"_s, 0);
+    const int x = read_setting(settings, settings_keys::journal_x, 0);
+    const int y = read_setting(settings, settings_keys::journal_y, 0);
     // A missing value reads as 0 and counts like a stored 0, which is intended.
     const bool on_screen = x >= 1 && x < screen.width() && y >= 1 && y < screen.height();
     move(on_screen ? QPoint(x, y) : QPoint(0, 0));
-    if (settings.contains(u"/width"_s) && settings.contains(u"/height"_s))
-        resize(read_setting(settings, u"/width"_s, 0), read_setting(settings, u"/height"_s, 0));
+    if (settings.contains(settings_keys::journal_width) && settings.contains(settings_keys::journal_height))
+        resize(read_setting(settings, settings_keys::journal_width, 0),
+               read_setting(settings, settings_keys::journal_height, 0));
 
-    mDoPrompt = read_setting(settings, u"/unsavedjournalprompt"_s, true);
+    mDoPrompt = read_setting(settings, settings_keys::journal_prompt, true);
 
     // Oldest first.
     for (int number = most_recent_files; mRecentFiles && number >= 1; --number) {
-        const QString file = read_setting(settings, recent_file_key(number), QString());
+        const QString file =
+            read_setting(settings, settings_keys::numbered(settings_keys::recent_journal, number), QString());
         if (!file.isEmpty())
             mRecentFiles->add(file);
     }
@@ -355,20 +349,19 @@ void JournalEditor::restore_settings()
 void JournalEditor::save_settings()
 {
     QSettings settings;
-    settings.beginGroup(settings_group);
-    settings.setValue(u"/x"_s, x());
-    settings.setValue(u"/y"_s, y());
-    settings.setValue(u"/width"_s, geometry().width());
-    settings.setValue(u"/height"_s, geometry().height());
-    settings.setValue(u"/unsavedjournalprompt"_s, mDoPrompt);
+    settings.setValue(settings_keys::journal_x, x());
+    settings.setValue(settings_keys::journal_y, y());
+    settings.setValue(settings_keys::journal_width, geometry().width());
+    settings.setValue(settings_keys::journal_height, geometry().height());
+    settings.setValue(settings_keys::journal_prompt, mDoPrompt);
 
     for (int number = 1; number <= most_recent_files; ++number)
-        settings.remove(recent_file_key(number));
+        settings.remove(settings_keys::numbered(settings_keys::recent_journal, number));
     if (!mRecentFiles)
         return;
     std::vector<QString> files;
     mRecentFiles->get_entries(files);
     int number = 0;
     for (const QString& file : files)
-        settings.setValue(recent_file_key(++number), file);
+        settings.setValue(settings_keys::numbered(settings_keys::recent_journal, ++number), file);
 }

@@ -9,6 +9,7 @@
 #include "frame/Alive.h"
 #include "frame/Ostrel.h"
 #include "frame/read_setting.h"
+#include "frame/settings_keys.h"
 #include "host/ostrelfw/Broker.h"
 #include "host/ostrelfw/Mediator.h"
 #include "journal/JournalEditor.h"
@@ -19,8 +20,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const auto group = u"/ostrelgui/ostrel"_s;
 
 CommandWindow* console()
 {
@@ -34,10 +33,8 @@ GeneralOptions::GeneralOptions(QWidget* parent)
 {
     mForm->setupUi(this);
     QSettings settings;
-    settings.beginGroup(group);
-    mForm->cbUsePaths->setChecked(read_setting(settings, u"/usepythonpaths"_s, false));
-    mForm->lePythonPaths->setText(read_setting(settings, u"/pythonpaths"_s, QString()));
-    settings.endGroup();
+    mForm->cbUsePaths->setChecked(read_setting(settings, settings_keys::use_python_paths, false));
+    mForm->lePythonPaths->setText(read_setting(settings, settings_keys::python_paths, QString()));
     connect(mForm->tbPythonPaths, &QToolButton::clicked, this, &GeneralOptions::choosePythonPath);
 }
 
@@ -55,12 +52,10 @@ void GeneralOptions::saveClicked()
     const QString paths = mForm->lePythonPaths->text();
     Broker::instance()->set_change_dir_on_playback(mForm->mUsingChangeDir->isChecked());
     QSettings settings;
-    settings.beginGroup(group);
-    settings.setValue(u"/splash"_s, splash);
-    settings.setValue(u"/restoreWorkingDir"_s, restores);
-    settings.setValue(u"/usepythonpaths"_s, uses_paths);
-    settings.setValue(u"/pythonpaths"_s, paths);
-    settings.endGroup();
+    settings.setValue(settings_keys::splash, splash);
+    settings.setValue(settings_keys::restore_working_directory, restores);
+    settings.setValue(settings_keys::use_python_paths, uses_paths);
+    settings.setValue(settings_keys::python_paths, paths);
 }
 
 void GeneralOptions::refreshClicked()
@@ -75,10 +70,9 @@ void GeneralOptions::refreshClicked()
     if (const CommandWindow* window = console())
         mForm->mFocusFollowsCursor->setChecked(window->get_focus_follows_cursor());
     QSettings settings;
-    settings.beginGroup(group);
-    mForm->mUsingSplash->setChecked(read_setting(settings, u"/splash"_s, true));
-    mForm->cbRestoreWorkingDir->setChecked(read_setting(settings, u"/restoreWorkingDir"_s, false));
-    settings.endGroup();
+    mForm->mUsingSplash->setChecked(read_setting(settings, settings_keys::splash, true));
+    mForm->cbRestoreWorkingDir->setChecked(
+        read_setting(settings, settings_keys::restore_working_directory, false));
 }
 
 void GeneralOptions::on_mFocusFollowsCursor_toggled(bool on)

@@ -7,6 +7,7 @@
 #include "frame/Alive.h"
 #include "frame/Ostrel.h"
 #include "frame/read_setting.h"
+#include "frame/settings_keys.h"
 #include "journal/JournalEditor.h"
 #include "menus/OstrelViewMenu.h"
 #include "options/LayoutOptionsModel.h"
@@ -20,9 +21,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const auto group = u"/fennargui"_s;
-const auto tab_position_key = u"/tabposition"_s;
 
 void add_size(QComboBox* box, int points)
 {
@@ -61,10 +59,7 @@ void LayoutOptions::saveClicked()
         if (alive && window->journal_editor())
             window->journal_editor()->set_editor_font(font);
     }
-    QSettings settings;
-    settings.beginGroup(group);
-    settings.setValue(tab_position_key, tab_position);
-    settings.endGroup();
+    QSettings().setValue(settings_keys::tab_position, tab_position);
 }
 
 void LayoutOptions::refreshClicked()
@@ -82,10 +77,7 @@ void LayoutOptions::refreshClicked()
     }
     mForm->mUseLabels->setChecked(false);
 
-    QSettings settings;
-    settings.beginGroup(group);
-    mTabPosition = read_setting(settings, tab_position_key, u"south"_s);
-    settings.endGroup();
+    mTabPosition = read_setting(QSettings(), settings_keys::tab_position, u"south"_s);
     if (mTabPosition.isEmpty())
         mTabPosition = u"south"_s;
     if (mTabPosition == "north"_L1)

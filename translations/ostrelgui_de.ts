@@ -56,6 +56,10 @@
         <source>...</source>
         <translation>...</translation>
     </message>
+    <message>
+        <source>Browse</source>
+        <translation>Durchsuchen</translation>
+    </message>
 </context>
 <context>
     <name>HelpAboutOstrel</name>
@@ -646,6 +650,10 @@ Möchten Sie die Änderungen speichern?</translation>
     <message>
         <source>...</source>
         <translation>...</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>Durchsuchen</translation>
     </message>
 </context>
 <context>

@@ -56,6 +56,10 @@
         <source>...</source>
         <translation>...</translation>
     </message>
+    <message>
+        <source>Browse</source>
+        <translation>浏览</translation>
+    </message>
 </context>
 <context>
     <name>HelpAboutOstrel</name>
@@ -646,6 +650,10 @@ Do you wish to save the changes?</source>
     <message>
         <source>...</source>
         <translation>...</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>浏览</translation>
     </message>
 </context>
 <context>

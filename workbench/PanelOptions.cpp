@@ -4,6 +4,7 @@
 #include "workbench/PanelOptions.h"
 
 #include "frame/Ostrel.h"
+#include "frame/settings_keys.h"
 #include "host/navigation/NavigationModel.h"
 #include "host/navigation/NavigationReader.h"
 #include "host/navigation/NavigationResourcesDelay.h"
@@ -17,8 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kind_key = u"/fennargui/commandpanel/breadcrumbs"_s;
-const QString arrangement_key = u"/fennargui/commandpanel/classicnavigation"_s;
 const QString size_key = u"/fennar/commandpanel/largeicons"_s;
 
 bool stored(const QString& key)
@@ -47,17 +46,17 @@ void PanelOptions::refresh()
     (mWindow->usingButtonRows() ? mForm->rbRows : mForm->rbLevels)->setChecked(true);
     mForm->cbLargeIcons->setChecked(stored(size_key));
     mForm->cbLargeIcons->setEnabled(!mWindow->usingButtonRows());
-    (stored(arrangement_key) ? mForm->rbByEntity : mForm->rbByAction)->setChecked(true);
+    (stored(settings_keys::classic_navigation) ? mForm->rbByEntity : mForm->rbByAction)->setChecked(true);
 }
 
 void PanelOptions::save()
 {
     const bool by_entity = mForm->rbByEntity->isChecked();
-    const bool rearrange = by_entity != stored(arrangement_key);
+    const bool rearrange = by_entity != stored(settings_keys::classic_navigation);
     QSettings settings;
-    settings.setValue(kind_key, mForm->rbLevels->isChecked());
+    settings.setValue(settings_keys::breadcrumbs, mForm->rbLevels->isChecked());
     settings.setValue(size_key, mForm->cbLargeIcons->isChecked());
-    settings.setValue(arrangement_key, by_entity);
+    settings.setValue(settings_keys::classic_navigation, by_entity);
     if (rearrange)
         read_navigation(by_entity);
     mWindow->setUsingButtonRows(mForm->rbRows->isChecked());

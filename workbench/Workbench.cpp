@@ -7,6 +7,7 @@
 #include "console/CommandWindow.h"
 #include "files/FileLineEdit.h"
 #include "frame/Ostrel.h"
+#include "frame/settings_keys.h"
 #include "host/navigation/NavigationModel.h"
 #include "host/navigation/NavigationResourcesDelay.h"
 #include "host/ostrelfw/Broker.h"
@@ -210,7 +211,7 @@ public:
             return false;
         const QSettings settings;
         Ostrel* window = Ostrel::instance();
-        if (!settings.contains("geometry"_L1) && !settings.contains("ostrelgui/ostrel/width"_L1))
+        if (!settings.contains(settings_keys::geometry) && !settings.contains(settings_keys::width))
             window->resize(
                 window->size().expandedTo(first_size.boundedTo(window->screen()->availableSize())));
         return false;

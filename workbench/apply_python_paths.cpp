@@ -4,6 +4,7 @@
 #include "workbench/apply_python_paths.h"
 
 #include "frame/read_setting.h"
+#include "frame/settings_keys.h"
 #include "host/fennar_python/FennarPythonInterpreter.h"
 #include "workbench/python_literal.h"
 
@@ -44,11 +45,11 @@ QStringList apply_python_paths(FennarPythonInterpreter* python)
 {
     const QSettings settings;
     // Asked last: it starts a Python that is not needed otherwise.
-    if (!read_setting(settings, u"/ostrelgui/ostrel/usepythonpaths"_s, false) || !python ||
+    if (!read_setting(settings, settings_keys::use_python_paths, false) || !python ||
         !python->IsInitialized())
         return {};
     QStringList errors;
-    const QString paths = read_setting(settings, u"/ostrelgui/ostrel/pythonpaths"_s, QString());
+    const QString paths = read_setting(settings, settings_keys::python_paths, QString());
     for (const QString& directory : split_python_paths(paths)) {
         QString wrong = fault(directory);
         if (wrong.isEmpty()) {

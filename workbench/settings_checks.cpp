@@ -4,6 +4,7 @@
 #include "workbench/settings_checks.h"
 
 #include "frame/read_setting.h"
+#include "frame/settings_keys.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -43,26 +44,34 @@ QString name_beside(const QString& path)
     return name;
 }
 
-void bound_window(QSettings& settings, const QString& group, const QRect& screens)
+struct WindowKeys
 {
-    settings.beginGroup(group);
-    if (settings.contains("width"_L1) && settings.contains("height"_L1)) {
-        const QSize size(read_setting(settings, u"width"_s, 0), read_setting(settings, u"height"_s, 0));
+    QLatin1StringView x;
+    QLatin1StringView y;
+    QLatin1StringView width;
+    QLatin1StringView height;
+};
+
+void bound_window(QSettings& settings, const WindowKeys& keys, const QRect& screens)
+{
+    if (settings.contains(keys.width) && settings.contains(keys.height)) {
+        const QSize size(read_setting(settings, keys.width, 0), read_setting(settings, keys.height, 0));
+        const QSize bounded = size.boundedTo(screens.size());
         if (size.isEmpty()) {
-            settings.remove("width"_L1);
-            settings.remove("height"_L1);
-        } else if (size != size.boundedTo(screens.size())) {
-            settings.setValue("width"_L1, size.boundedTo(screens.size()).width());
-            settings.setValue("height"_L1, size.boundedTo(screens.size()).height());
+            settings.remove(keys.width);
+            settings.remove(keys.height);
+        } else if (size != bounded) {
+            settings.setValue(keys.width, bounded.width());
+            settings.setValue(keys.height, bounded.height());
         }
     }
-    const QPoint place(read_setting(settings, u"x"_s, 0), read_setting(settings, u"y"_s, 0));
-    const bool placed = settings.contains("x"_L1) && settings.contains("y"_L1);
-    if (placed && !screens.intersects(QRect(place, grip))) {
-        settings.remove("x"_L1);
-        settings.remove("y"_L1);
+    if (settings.contains(keys.x) && settings.contains(keys.y)) {
+        const QPoint place(read_setting(settings, keys.x, 0), read_setting(settings, keys.y, 0));
+        if (!screens.intersects(QRect(place, grip))) {
+            settings.remove(keys.x);
+            settings.remove(keys.y);
+        }
     }
-    settings.endGroup();
 }
 
 } // namespace
@@ -87,9 +96,9 @@ QString keep_unreadable_settings()
 void bound_settings(const QRect& screens)
 {
     QSettings settings;
-    bound_window(settings, u"ostrelgui/ostrel"_s, screens);
-    bound_window(settings, u"ostrelgui/journal"_s, screens);
-    const auto font_size = u"ostrelgui/command/fontsize"_s;
+    using namespace settings_keys;
+    bound_window(settings, {x, y, width, height}, screens);
+    bound_window(settings, {journal_x, journal_y, journal_width, journal_height}, screens);
     if (read_setting(settings, font_size, 0) > largest_font)
         settings.setValue(font_size, largest_font);
 }

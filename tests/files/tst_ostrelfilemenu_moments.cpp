@@ -179,6 +179,9 @@ void TstOstrelFileMenuMoments::any_moment_of_a_flow_bears_any_act()
 
     const auto last = act == u"nothing"_s ? qsizetype(1) : moments.size();
     for (qsizetype chosen = 0; chosen < last; ++chosen) {
+        // Newer versions of Qt go on with a window that has told of its title.
+        if (act == u"window"_s && moments[chosen] == u"title"_s)
+            continue;
         open_window();
         OstrelFileMenu::mFileName = named ? place(u"a.mdl"_s) : QString();
         mWindow->update_title();

@@ -231,6 +231,15 @@ def plain_lines(tree):
     return seen, bad
 
 
+def settings_keys_stand_once(tree):
+    """The keys of the shell's settings stand in one header. Tests spell them out."""
+    seen = [p for p in tree
+            if is_code(p) and folder_of(p) in SHELL + ("workbench",) and p != "frame/settings_keys.h"]
+    pattern = (r'"/?(ostrelgui|fennargui)/(ostrel|command|journal|commandpanel|tabposition)\b'
+               r'|\bbeginGroup\(u?"/?(ostrelgui|fennargui)\b')
+    return seen, [b for p in seen for b in matches(pattern, p, tree[p], "a key that frame/settings_keys.h has")]
+
+
 # --- The samples ---------------------------------------------------------------------------------------------------
 
 SPDX = "// SPDX-FileCopyrightText: 2026 The Ostrel developers\n// SPDX-License-Identifier: BSD-3-Clause\n"
@@ -307,6 +316,9 @@ BAD = {
         {"tests/frame/CMakeLists.txt": HASH_SPDX + "ostrel_add_test(tst_boxes)\n"},
         {"frame/x.cpp": SPDX, "console/CMakeLists.txt": HASH_SPDX + "# x.cpp\n"},
     ],
+    settings_keys_stand_once: [{"frame/Box.cpp": SPDX + f"void f() {{ {text} }}\n"} for text in (
+        'settings.value(u"/ostrelgui/ostrel/x"_s);', 'settings.beginGroup("fennargui/commandpanel");',
+        'settings.beginGroup(u"/ostrelgui"_s);', 'a("fennargui/tabposition"_L1);')],
     scripts_parse: [{"run": "#!/bin/sh\n" + HASH_SPDX + "if true; then echo\n"}],
     plain_lines: [
         {"README.md": "one \ntwo\n"}, {"README.md": "one\r\n"}, {"README.md": "one"}, {"frame/Box.h": "int a;\t\n"}],

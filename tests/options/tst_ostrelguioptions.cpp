@@ -88,6 +88,8 @@ private slots:
     void nothing_is_added_without_a_window();
     void pages_leave_with_the_object();
     void pages_go_with_the_panel();
+    void second_window_leaves_the_pages_of_the_first();
+    void page_deleted_by_others_leaves_no_trace();
     void save_and_refresh_reach_both_pages_layout_first();
     void pages_are_found_under_their_translated_names();
     void texts_of_the_forms_are_translated_in_their_contexts();
@@ -190,6 +192,22 @@ void TstOstrelGUIOptions::pages_go_with_the_panel()
     mWindow.reset();
     QVERIFY(!general);
     QVERIFY(!layout);
+}
+
+void TstOstrelGUIOptions::second_window_leaves_the_pages_of_the_first()
+{
+    auto second = std::make_unique<Ostrel>();
+    second.reset();
+    QCOMPARE(rows(panel()), (QStringList{u"General"_s, u"Layout"_s}));
+    QCOMPARE(stack(panel())->count(), 3);
+}
+
+void TstOstrelGUIOptions::page_deleted_by_others_leaves_no_trace()
+{
+    delete panel()->findChild<GeneralOptions*>();
+    delete mWindow->findChild<OstrelGUIOptions*>();
+    QCOMPARE(rows(panel()), QStringList());
+    QCOMPARE(stack(panel())->count(), 1);
 }
 
 void TstOstrelGUIOptions::save_and_refresh_reach_both_pages_layout_first()

@@ -1632,6 +1632,19 @@
     </message>
 </context>
 <context>
+    <name>SaveQuestion</name>
+    <message>
+        <source>Replace File</source>
+        <translation>Datei ersetzen</translation>
+    </message>
+    <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 ist bereits vorhanden.
+Möchten Sie die Datei ersetzen?</translation>
+    </message>
+</context>
+<context>
     <name>WindowKeys</name>
     <message>
         <source>&amp;Next Pane</source>

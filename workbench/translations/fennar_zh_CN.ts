@@ -1631,6 +1631,19 @@
     </message>
 </context>
 <context>
+    <name>SaveQuestion</name>
+    <message>
+        <source>Replace File</source>
+        <translation>替换文件</translation>
+    </message>
+    <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 已存在。
+是否替换？</translation>
+    </message>
+</context>
+<context>
     <name>WindowKeys</name>
     <message>
         <source>&amp;Next Pane</source>
