@@ -71,7 +71,12 @@ QString ask_save_file(QWidget* parent, const QString& caption, const QString& pa
 
 QString ask_directory(QWidget* parent, const QString& caption, const QString& path)
 {
-    return ask({parent, caption, path, {}, QFileDialog::AcceptOpen, QFileDialog::Directory,
+    return ask({parent,
+                caption,
+                path,
+                {},
+                QFileDialog::AcceptOpen,
+                QFileDialog::Directory,
                 QFileDialog::ShowDirsOnly},
                nullptr)
         .value(0);
