@@ -340,6 +340,10 @@
         <source>A folded line of the console</source>
         <translation>Eine gefaltete Zeile der Konsole</translation>
     </message>
+    <message>
+        <source>Drop unsaved changes</source>
+        <translation>Ungespeicherte Änderungen verwerfen</translation>
+    </message>
 </context>
 <context>
     <name>ConsoleOwner</name>
@@ -880,6 +884,83 @@
     <message>
         <source>Journal Editor</source>
         <translation>Journal-Editor</translation>
+    </message>
+</context>
+<context>
+    <name>JournalFiles</name>
+    <message>
+        <source>it is not a regular file, and cannot be compared with the text</source>
+        <translation>sie ist keine gewöhnliche Datei und lässt sich nicht mit dem Text vergleichen</translation>
+    </message>
+    <message>
+        <source>it cannot be read back</source>
+        <translation>sie lässt sich nicht zurücklesen</translation>
+    </message>
+    <message>
+        <source>it has only %1 of %2 bytes</source>
+        <translation>sie hat nur %1 von %2 Bytes</translation>
+    </message>
+    <message>
+        <source>%1 does not hold the whole journal: %2</source>
+        <translation>%1 enthält nicht das ganze Journal: %2</translation>
+    </message>
+    <message>
+        <source>Journal Not Saved</source>
+        <translation>Journal nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>The disk may be full. The journal counts as unsaved, and stays in the editor.</source>
+        <translation>Vielleicht ist der Datenträger voll. Das Journal gilt als ungespeichert und bleibt im Editor.</translation>
+    </message>
+    <message>
+        <source>Journal Changed on Disk</source>
+        <translation>Journal auf dem Datenträger geändert</translation>
+    </message>
+    <message>
+        <source>%1 was changed by another program.</source>
+        <translation>%1 wurde von einem anderen Programm geändert.</translation>
+    </message>
+    <message>
+        <source>The journal has unsaved changes, too.</source>
+        <translation>Auch das Journal hat ungespeicherte Änderungen.</translation>
+    </message>
+    <message>
+        <source>Until you decide, the journal is not saved. Reloading can be undone.</source>
+        <translation>Bis zu Ihrer Entscheidung wird das Journal nicht gespeichert. Das Neuladen lässt sich rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>&amp;Reload</source>
+        <translation>&amp;Neu laden</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the Journal</source>
+        <translation>Journal &amp;behalten</translation>
+    </message>
+    <message>
+        <source>&amp;Compare...</source>
+        <translation>&amp;Vergleichen...</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Später</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>%1 kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Differences of %1</source>
+        <translation>Unterschiede in %1</translation>
+    </message>
+    <message>
+        <source>Differences</source>
+        <translation>Unterschiede</translation>
+    </message>
+    <message>
+        <source>- only in the journal
++ only in the file</source>
+        <translation>- nur im Journal
++ nur in der Datei</translation>
     </message>
 </context>
 <context>

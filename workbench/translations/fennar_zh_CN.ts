@@ -340,6 +340,10 @@
         <source>A folded line of the console</source>
         <translation>控制台中折叠的行</translation>
     </message>
+    <message>
+        <source>Drop unsaved changes</source>
+        <translation>放弃未保存的更改</translation>
+    </message>
 </context>
 <context>
     <name>ConsoleOwner</name>
@@ -879,6 +883,83 @@
     <message>
         <source>Journal Editor</source>
         <translation>日志脚本编辑器</translation>
+    </message>
+</context>
+<context>
+    <name>JournalFiles</name>
+    <message>
+        <source>it is not a regular file, and cannot be compared with the text</source>
+        <translation>它不是普通文件，无法与文本比较</translation>
+    </message>
+    <message>
+        <source>it cannot be read back</source>
+        <translation>无法将其读回</translation>
+    </message>
+    <message>
+        <source>it has only %1 of %2 bytes</source>
+        <translation>它只有 %1 字节，应有 %2 字节</translation>
+    </message>
+    <message>
+        <source>%1 does not hold the whole journal: %2</source>
+        <translation>%1 未包含完整的日志脚本：%2</translation>
+    </message>
+    <message>
+        <source>Journal Not Saved</source>
+        <translation>日志脚本未保存</translation>
+    </message>
+    <message>
+        <source>The disk may be full. The journal counts as unsaved, and stays in the editor.</source>
+        <translation>磁盘可能已满。该日志脚本仍视为未保存，并保留在编辑器中。</translation>
+    </message>
+    <message>
+        <source>Journal Changed on Disk</source>
+        <translation>磁盘上的日志脚本已更改</translation>
+    </message>
+    <message>
+        <source>%1 was changed by another program.</source>
+        <translation>%1 已被其他程序更改。</translation>
+    </message>
+    <message>
+        <source>The journal has unsaved changes, too.</source>
+        <translation>该日志脚本也有未保存的更改。</translation>
+    </message>
+    <message>
+        <source>Until you decide, the journal is not saved. Reloading can be undone.</source>
+        <translation>在您决定之前，不会保存该日志脚本。重新载入可以撤消。</translation>
+    </message>
+    <message>
+        <source>&amp;Reload</source>
+        <translation>重新载入(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the Journal</source>
+        <translation>保留日志脚本(&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;Compare...</source>
+        <translation>比较(&amp;C)...</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>以后(&amp;L)</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>无法读取 %1</translation>
+    </message>
+    <message>
+        <source>Differences of %1</source>
+        <translation>%1 的差异</translation>
+    </message>
+    <message>
+        <source>Differences</source>
+        <translation>差异</translation>
+    </message>
+    <message>
+        <source>- only in the journal
++ only in the file</source>
+        <translation>- 仅在日志脚本中
++ 仅在文件中</translation>
     </message>
 </context>
 <context>

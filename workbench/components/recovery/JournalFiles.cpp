@@ -307,7 +307,7 @@ bool JournalFiles::look_at(Document* document, bool insist)
 void JournalFiles::complain(Document* document, const QString& reason)
 {
     Watched& watched = watch(document);
-    const QString message = tr("%1 does not hold the journal: %2").arg(shown(watched.file), reason);
+    const QString message = tr("%1 does not hold the whole journal: %2").arg(shown(watched.file), reason);
     delete watched.complaint;
     auto* const box =
         new QMessageBox(QMessageBox::Critical, tr("Journal Not Saved"), {}, QMessageBox::Ok, mEditor);
@@ -346,8 +346,7 @@ void JournalFiles::ask(Document* document, bool insist)
     if (document->document()->isModified())
         text += u'\n' + tr("The journal has unsaved changes, too.");
     box->setText(text);
-    box->setInformativeText(
-        tr("Until you decide, the journal is not saved. A journal that was read anew can be undone."));
+    box->setInformativeText(tr("Until you decide, the journal is not saved. Reloading can be undone."));
     QPushButton* const reload_button =
         add_button(box, u"journalReload"_s, tr("&Reload"), QMessageBox::AcceptRole);
     QPushButton* const keep_button =
