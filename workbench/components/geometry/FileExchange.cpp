@@ -6,11 +6,11 @@
 #include "workbench/components/geometry/GeometryError.h"
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/geometry/GeometryWords.h"
+#include "workbench/fennar_util/write_whole_file.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -120,13 +120,6 @@ void check_target(const QString& file)
         throw cannot_export(file, info.isDir() ? u"it is a folder"_s : u"it is no regular file"_s);
     if (!QFileInfo(info.absolutePath()).isDir())
         throw cannot_export(file, u"there is no folder "_s + shown(info.absolutePath()));
-}
-
-void replace_file(const QString& file, const QByteArray& content)
-{
-    QSaveFile target(file);
-    if (!target.open(QIODevice::WriteOnly) || target.write(content) != content.size() || !target.commit())
-        throw cannot_export(file, target.errorString());
 }
 
 // Surfaces travel as two counts, the points and the triangles, in the machine's own numbers.
@@ -311,11 +304,15 @@ bool FileExchange::export_file(const QString& file, const Format& format, const 
         if (!job.run(mConverter, listener))
             return false;
         QByteArray content = read_job_file(job.path(output), no_result);
+        if (!format.foreign && !is_whole(format, content))
+            throw GeometryError(u"the converter has left a part of it; the disk may be full"_s);
         if (format.foreign) {
             const Surface surface = unpack(content);
             content = foreign([&] { return format.foreign->write(surface); });
         }
-        replace_file(file, content);
+        const QString reason = write_whole_file(file, {content});
+        if (!reason.isEmpty())
+            throw cannot_export(file, reason);
         return true;
     } catch (const GeometryError& error) {
         const QString& message = error.message();

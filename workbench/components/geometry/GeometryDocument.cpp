@@ -6,7 +6,7 @@
 #include "workbench/components/geometry/GeometryError.h"
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/geometry/model_format.h"
-#include "workbench/components/geometry/write_whole_file.h"
+#include "workbench/fennar_util/write_whole_file.h"
 #include "workbench/fennari19/CommandError.h"
 
 #include <QFile>
@@ -77,8 +77,11 @@ void GeometryDocument::save(const QString& file)
     const QString target = file.isEmpty() ? mFile : file;
     if (target.isEmpty())
         throw GeometryError(u"the model has no file yet; \"save FILE\" gives it one"_s);
-    about(u"the model cannot be saved in %1: %2"_s, target, u"; it stays in memory, unsaved"_s,
-          [&] { write_whole_file(target, write_model(mModel.contents())); });
+    about(u"the model cannot be saved in %1: %2"_s, target, u"; it stays in memory, unsaved"_s, [&] {
+        const QString reason = write_whole_file(target, write_model(mModel.contents()));
+        if (!reason.isEmpty())
+            throw GeometryError(reason);
+    });
     set_unmodified(target);
 }
 

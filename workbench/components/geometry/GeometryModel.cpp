@@ -3,10 +3,10 @@
 
 #include "workbench/components/geometry/GeometryModel.h"
 
+#include "workbench/components/geometry/Format.h"
 #include "workbench/components/geometry/GeometryError.h"
 
 #include <QFile>
-#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 
@@ -150,16 +150,14 @@ void remove_loose_shapes()
     }
 }
 
-/** Whether the file has the last line of the BREP format, behind an empty one: where the shape itself begins.
- */
+/** Whether the file has the last line of the BREP format. */
 bool is_whole_brep(const QString& path)
 {
     constexpr qint64 longest_end = 64;
-    static const QRegularExpression last_line(u"\\n\\n[-+][0-9]+ [0-9]+ \\n?$"_s);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || !file.seek(std::max<qint64>(0, file.size() - longest_end)))
         return false;
-    return last_line.match(QString::fromLatin1(file.readAll())).hasMatch();
+    return ends_brep(file.readAll());
 }
 
 } // namespace

@@ -3,10 +3,11 @@
 
 #include "workbench/components/recovery/RecoveryFolder.h"
 
+#include "workbench/fennar_util/write_whole_file.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QSysInfo>
 #include <QUuid>
 
@@ -128,19 +129,7 @@ std::optional<KeptDocument> RecoveryFolder::read(const QString& name) const
 
 QString RecoveryFolder::write(int number, const KeptDocument& document)
 {
-    QSaveFile file(mPath + u'/' + name_of(number));
-    // What is wrong with a buffer, that would be written at the end, not all versions of Qt tell.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return file.errorString();
-    const QByteArray bytes = document.encode();
-    // A disk that becomes full takes a part without a complaint, which the next try gets.
-    for (qint64 done = 0; done < bytes.size();) {
-        const qint64 count = file.write(bytes.constData() + done, bytes.size() - done);
-        if (count <= 0)
-            return file.errorString();
-        done += count;
-    }
-    return file.commit() ? QString() : file.errorString();
+    return write_whole_file(mPath + u'/' + name_of(number), {document.encode()});
 }
 
 bool RecoveryFolder::remove(const QString& name)
