@@ -82,7 +82,8 @@ public:
      * Loads the components and plays @p journal, without a window. Output goes to standard output, errors to
      * standard error.
      *
-     * @param model  the file of a model to open before; empty for none.
+     * @param journal  a file or a pipe; CommandLine::standard_input is played once it has come to its end.
+     * @param model    the file of a model to open before; empty for none.
      * @return the program's exit status: 0, or 1 if the model could not be opened, the journal failed or its
      * output could not be written.
      */

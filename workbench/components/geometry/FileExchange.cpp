@@ -6,12 +6,12 @@
 #include "workbench/components/geometry/GeometryError.h"
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/geometry/GeometryWords.h"
+#include "workbench/fennar_util/TemporaryFolder.h"
 #include "workbench/fennar_util/write_whole_file.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstring>
@@ -32,12 +32,12 @@ class ConverterJob
 public:
     explicit ConverterJob(const QByteArray& first_line) : mText(first_line + '\n')
     {
-        if (!mDirectory.isValid())
-            throw GeometryError(u"no temporary folder can be made: "_s + mDirectory.errorString());
+        if (!mDirectory.is_valid())
+            throw GeometryError(u"no temporary folder can be made: "_s + mDirectory.error());
     }
 
     QDir folder() const { return QDir(mDirectory.path()); }
-    QString path(const QString& name) const { return mDirectory.filePath(name); }
+    QString path(const QString& name) const { return mDirectory.path(name); }
     void add(const QByteArray& line) { mText += line + '\n'; }
     /** Lets the engine read @p file under @p name: it goes by the ending, and a job cannot hold each name
      * that a file can have. */
@@ -71,7 +71,7 @@ private:
         return mInputPath.isEmpty() ? text : text.replace(mInputPath, mInput);
     }
 
-    QTemporaryDir mDirectory;
+    TemporaryFolder mDirectory;
     QByteArray mText;
     QString mInput;
     QString mInputPath;

@@ -5,10 +5,10 @@
 
 #include "workbench/components/geometry/Format.h"
 #include "workbench/components/geometry/GeometryError.h"
+#include "workbench/fennar_util/TemporaryFolder.h"
 
 #include <QFile>
 #include <QScopeGuard>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <array>
@@ -616,10 +616,10 @@ EngineTags GeometryModel::load(int id) const
 {
     std::string current;
     gmsh::model::getCurrent(current);
-    const QTemporaryDir directory;
-    if (!directory.isValid())
-        throw GeometryError(u"no temporary folder can be made: "_s + directory.errorString());
-    const QString file = directory.filePath(u"solid.brep"_s);
+    const TemporaryFolder directory;
+    if (!directory.is_valid())
+        throw GeometryError(u"no temporary folder can be made: "_s + directory.error());
+    const QString file = directory.path(u"solid.brep"_s);
     write_brep(id, file);
     gmsh::model::setCurrent(current);
     EngineTags shapes;
@@ -649,10 +649,10 @@ void GeometryModel::changed(int id)
 
 GeometryContents GeometryModel::contents() const
 {
-    const QTemporaryDir directory;
-    if (!directory.isValid() && !mSolids.empty())
-        throw GeometryError(u"no temporary folder can be made: "_s + directory.errorString());
-    const QString path = directory.filePath(u"solid.brep"_s);
+    const TemporaryFolder directory;
+    if (!directory.is_valid() && !mSolids.empty())
+        throw GeometryError(u"no temporary folder can be made: "_s + directory.error());
+    const QString path = directory.path(u"solid.brep"_s);
     GeometryContents result;
     result.last_id = mLastId;
     for (auto& [id, solid] : mSolids) {
@@ -675,10 +675,10 @@ GeometryContents GeometryModel::contents() const
 
 void GeometryModel::replace(const GeometryContents& contents)
 {
-    const QTemporaryDir directory;
-    if (!directory.isValid() && !contents.solids.isEmpty())
-        throw GeometryError(u"no temporary folder can be made: "_s + directory.errorString());
-    const QString path = directory.filePath(u"solid.brep"_s);
+    const TemporaryFolder directory;
+    if (!directory.is_valid() && !contents.solids.isEmpty())
+        throw GeometryError(u"no temporary folder can be made: "_s + directory.error());
+    const QString path = directory.path(u"solid.brep"_s);
     std::map<int, Entry> solids;
     std::map<QString, int> ids;
     std::vector<std::unique_ptr<Draft>> drafts;
