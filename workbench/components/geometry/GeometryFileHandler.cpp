@@ -66,8 +66,9 @@ void GeometryFileHandler::get_filters(QString& filters, bool saving)
 
 void GeometryFileHandler::get_save_location(QString& path, QString& name)
 {
-    const QFileInfo file(mDocument.file());
-    if (!mDocument.file().isEmpty()) {
+    const QString known = mDocument.file().isEmpty() ? mDocument.earlier_file() : mDocument.file();
+    const QFileInfo file(known);
+    if (!known.isEmpty()) {
         path = file.path();
         name = file.fileName();
     }
@@ -105,6 +106,9 @@ void GeometryFileHandler::import_recent(const QString& command)
 void GeometryFileHandler::save_file(const QString& file)
 {
     mSaveFailed = !attempt([&] { mDocument.save(file); });
+    // What is said to be saved is to be found again, whatever becomes of the program now.
+    if (!mSaveFailed)
+        mWindow->save_settings();
 }
 
 void GeometryFileHandler::save_file_as(const QString& file, const QString&)
@@ -194,9 +198,21 @@ bool GeometryFileHandler::attempt(const std::function<void()>& work)
     for (const QString& message : messages)
         Broker::command << message << u"\n"_s;
     // After a failure the file menu has a name that is not the document's.
+    show_file();
+    return done;
+}
+
+void GeometryFileHandler::recover(const QByteArray& contents, const QString& file)
+{
+    mDocument.recover(contents, file);
+    mDiscarded = -1;
+    show_file();
+}
+
+void GeometryFileHandler::show_file()
+{
     OstrelFileMenu::set_file_name(mDocument.file());
     mWindow->update_title();
-    return done;
 }
 
 void GeometryFileHandler::run_for_command(const std::function<void()>& flow)
