@@ -3,6 +3,8 @@
 
 #include "workbench/SettingsFile.h"
 
+#include "workbench/SettingsFormat.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -72,9 +74,9 @@ SettingsFile::SettingsFile(const QString& file)
 
     // Without a temporary directory nothing is read and written, rather than the user's own settings.
     const QString directory = mDirectory.is_valid() ? mDirectory.path() : u"/dev/null"_s;
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, directory + u"/user"_s);
-    QSettings::setPath(QSettings::IniFormat, QSettings::SystemScope, directory + u"/none"_s);
+    QSettings::setDefaultFormat(settings_format());
+    QSettings::setPath(settings_format(), QSettings::UserScope, directory + u"/user"_s);
+    QSettings::setPath(settings_format(), QSettings::SystemScope, directory + u"/none"_s);
     const QString place = QSettings().fileName();
     const bool ready = QDir().mkpath(QFileInfo(place).path());
 

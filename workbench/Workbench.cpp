@@ -443,6 +443,10 @@ bool Workbench::load()
     Ostrel::instance()->set_title(u"Fennar"_s);
     describe_product();
     mScheme->add_to_menu(Ostrel::instance());
+    // Once all pages have written theirs.
+    QObject::connect(
+        Ostrel::instance()->options(), &OptionsPanel::saveSettings, Ostrel::instance(),
+        [this] { check_settings(); }, Qt::QueuedConnection);
     set_up_playback();
     add_panel_options();
     follow_unloaded_components();
@@ -496,6 +500,20 @@ void Workbench::unload()
         mScheme->remove_from_menu(window);
     mKeys.reset();
     mFrame.unload_gui();
+    check_settings();
+}
+
+void Workbench::check_settings()
+{
+    // Another object, since a failure of before stays with one.
+    QSettings now;
+    now.sync();
+    if (now.status() != QSettings::AccessError)
+        return;
+    const QString text =
+        u"ERROR: the settings cannot be written in \"%1\", and are as they were before\n"_s.arg(
+            now.fileName());
+    mConsole ? report_error(text) : print_to(stderr, text);
 }
 
 void Workbench::start_later(const QString& model, const QString& journal)

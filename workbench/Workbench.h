@@ -9,6 +9,7 @@
 
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
+#include <QSettings>
 #include <QString>
 #include <QStringList>
 
@@ -100,6 +101,8 @@ private:
     void finish_start();
     void set_up_playback();
     void tell_of_start();
+    /** Tells of settings that could not be written, after another try. */
+    void check_settings();
     void set_console(OutputHandler* window);
     void report_error(const QString& text);
     void echo(const QString& line);
@@ -116,6 +119,8 @@ private:
     void end_run();
 
     const QString mDataDirectory;
+    /** What others have set stays with it until it can be written. */
+    QSettings mSettings;
     /** What to tell the user once there is a place for it. */
     QStringList mErrors;
     MainFrame mFrame;

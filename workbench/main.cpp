@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "workbench/SettingsFile.h"
+#include "workbench/SettingsFormat.h"
 #include "workbench/Translations.h"
 #include "workbench/Workbench.h"
 #include "workbench/fennar_util/TemporaryFolder.h"
@@ -99,6 +100,7 @@ int main(int argc, char** argv)
     }
 
     TemporaryFolder::remove_on_signals();
+    QSettings::setDefaultFormat(settings_format());
 
     // What a batch run prints is read by programs, and stays English.
     std::optional<Translations> translations;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "failing_calls.h"
 #include "support/TestCase.h"
 #include "sweep.h"
 #include "workbench/components/geometry/FileExchange.h"
@@ -11,7 +12,9 @@
 #include "workbench/fennari19/ApplicationServices.h"
 #include "workbench/fennari19/CommandSession.h"
 
+#include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
@@ -30,6 +33,8 @@ protected:
 private slots:
     void exported_file_is_the_old_or_the_new_one_data();
     void exported_file_is_the_old_or_the_new_one();
+    void program_tells_of_a_full_disk_data();
+    void program_tells_of_a_full_disk();
 
 private:
     QString error(const QString& line)
@@ -100,6 +105,58 @@ void TstFailingExports::exported_file_is_the_old_or_the_new_one()
                     .program = program,
                     .clean = without_time}),
              QString());
+}
+
+void TstFailingExports::program_tells_of_a_full_disk_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("command");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("told");
+    QTest::newRow("save") << u"part.mdl"_s << QByteArray("save part.mdl\n") << 1
+                          << u"part.mdl\": No space left on device"_s;
+    QTest::newRow("export") << u"part.step"_s << QByteArray("export part.step\n") << 1
+                            << u"part.step\" cannot be written"_s;
+    QTest::newRow("settings") << u"settings.conf"_s << QByteArray() << 0
+                              << u"ERROR: the settings cannot be written in "_s;
+}
+
+void TstFailingExports::program_tells_of_a_full_disk()
+{
+    QFETCH(const QString, name);
+    QFETCH(const QByteArray, command);
+    QFETCH(const int, code);
+    QFETCH(const QString, told);
+    const QByteArray old = "[General]\nold=1\n";
+    const auto make = [this](const QString& file, const QByteArray& content) {
+        QFile made(mDirectory->filePath(file));
+        QVERIFY(made.open(QIODevice::WriteOnly) && made.write(content) == content.size());
+    };
+    QVERIFY(QDir(mDirectory->path()).mkdir(u"full"_s));
+    make(u"full/"_s + name, old);
+    make(u"a.jou"_s, (command.isEmpty() ? QByteArray() : "brick 1\n" + command) + "quit\n");
+    QStringList arguments{u"--play"_s, mDirectory->filePath(u"a.jou"_s)};
+    if (command.isEmpty())
+        arguments << u"--settings"_s << name << u"--no-components"_s;
+    else
+        arguments << u"--batch"_s;
+    qputenv("FENNAR_COMPONENT_PATH", TREE_COMPONENTS);
+    const QString full = QFileInfo(mDirectory->filePath(u"full"_s)).canonicalFilePath();
+    QProcess process;
+    process.setWorkingDirectory(full);
+    const QString counted = mDirectory->filePath(u"count"_s);
+    begin_failing_in("fennar", {.folder = full.toStdString(), .number = 1, .lasting = true},
+                     counted.toStdString());
+    process.start(QStringLiteral(FENNAR), arguments);
+    end_failing_in();
+    QVERIFY(process.waitForFinished());
+    const QString errors = QString::fromUtf8(process.readAllStandardError());
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), code);
+    QVERIFY2(errors.contains(told), qPrintable(errors));
+    QFile left(full + u'/' + name);
+    QVERIFY(left.open(QIODevice::ReadOnly));
+    QCOMPARE(left.readAll(), old);
 }
 
 OSTREL_TEST(TstFailingExports)

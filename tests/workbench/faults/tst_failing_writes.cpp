@@ -3,9 +3,11 @@
 
 #include "support/TestCase.h"
 #include "sweep.h"
+#include "workbench/SettingsFormat.h"
 #include "workbench/components/geometry/GeometryDocument.h"
 #include "workbench/components/geometry/GeometryError.h"
 #include "workbench/components/geometry/GeometryModel.h"
+#include "workbench/components/recovery/RecoveryFolder.h"
 #include "workbench/console/CommandHistory.h"
 #include "workbench/fennar_util/write_whole_file.h"
 
@@ -30,6 +32,9 @@ private slots:
     void saved_model_is_the_old_or_the_new_one();
     void history_has_whole_lines();
     void history_is_shortened_or_left();
+    void settings_are_the_old_or_the_new_ones();
+    void recovery_copy_is_the_old_or_the_new_one_data();
+    void recovery_copy_is_the_old_or_the_new_one();
 
 private:
     /** The path of a file that is there already. */
@@ -123,6 +128,41 @@ void TstFailingWrites::history_is_shortened_or_left()
         return written.size() < lines.size() ? QString() : u"it is as long as before"_s;
     };
     QCOMPARE(sweep({.file = file, .write = shorten, .folder = mDirectory->path()}), QString());
+}
+
+void TstFailingWrites::settings_are_the_old_or_the_new_ones()
+{
+    const QString file = make(u"a.conf"_s, "[General]\nold=1\n");
+    const auto write = [&file] {
+        QSettings settings(file, settings_format());
+        settings.setValue(u"window/geometry"_s, QByteArray(500, 'x'));
+        settings.sync();
+        return settings.status() == QSettings::NoError ? QString() : u"they cannot be written"_s;
+    };
+    QCOMPARE(sweep({.file = file, .write = write, .folder = mDirectory->path()}), QString());
+}
+
+void TstFailingWrites::recovery_copy_is_the_old_or_the_new_one_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("journal") << QString();
+    QTest::newRow("model") << u"model"_s;
+}
+
+void TstFailingWrites::recovery_copy_is_the_old_or_the_new_one()
+{
+    QFETCH(const QString, kind);
+    const auto folder = RecoveryFolder::make(mDirectory->filePath(u"recovery"_s));
+    QVERIFY(folder);
+    KeptDocument document{
+        u"/a/part"_s, QDateTime::currentDateTimeUtc(), u"old"_s, kind, {"old"}};
+    QCOMPARE(folder->write(1, document), QString());
+    document.text = QString(100'000, u'x');
+    document.data = {QByteArray(100'000, 'x'), "y"};
+    QCOMPARE(sweep({.file = folder->path() + u'/' + RecoveryFolder::name_of(1, kind),
+                    .write = [&] { return folder->write(1, document); },
+                    .folder = folder->path()}),
+             QString());
 }
 
 OSTREL_TEST(TstFailingWrites)
