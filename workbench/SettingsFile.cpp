@@ -3,6 +3,8 @@
 
 #include "workbench/SettingsFile.h"
 
+#include "workbench/SettingsFormat.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -65,23 +67,23 @@ void copy(const QString& from, const QString& to)
 
 } // namespace
 
-SettingsFile::SettingsFile(const QString& file) : mDirectory(QDir::tempPath() + u"/fennar-settings-XXXXXX"_s)
+SettingsFile::SettingsFile(const QString& file)
 {
     const QString path = QFileInfo(file).absoluteFilePath();
     Verdict verdict = look_at(path);
 
     // Without a temporary directory nothing is read and written, rather than the user's own settings.
-    const QString directory = mDirectory.isValid() ? mDirectory.path() : u"/dev/null"_s;
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, directory + u"/user"_s);
-    QSettings::setPath(QSettings::IniFormat, QSettings::SystemScope, directory + u"/none"_s);
+    const QString directory = mDirectory.is_valid() ? mDirectory.path() : u"/dev/null"_s;
+    QSettings::setDefaultFormat(settings_format());
+    QSettings::setPath(settings_format(), QSettings::UserScope, directory + u"/user"_s);
+    QSettings::setPath(settings_format(), QSettings::SystemScope, directory + u"/none"_s);
     const QString place = QSettings().fileName();
     const bool ready = QDir().mkpath(QFileInfo(place).path());
 
     if (verdict.use == Use::ReadAndWrite && (!ready || !QFile::link(path, place)))
         verdict = {Use::None,
                    u"ERROR: there is no temporary directory for the way to the settings file "
-                   "\"%1\": %2. What is set is lost at the end.\n"_s.arg(path, mDirectory.errorString())};
+                   "\"%1\": %2. What is set is lost at the end.\n"_s.arg(path, mDirectory.error())};
     if (verdict.use == Use::ReadOnly)
         copy(path, place);
     mError = verdict.error;

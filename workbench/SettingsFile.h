@@ -3,8 +3,9 @@
 
 #pragma once
 
+#include "workbench/fennar_util/TemporaryFolder.h"
+
 #include <QString>
-#include <QTemporaryDir>
 
 /**
  * Makes one file, chosen by the user, the place of all settings of the program instead of the user's own.
@@ -36,7 +37,7 @@ public:
     QString data_directory() const { return mDataDirectory; }
 
 private:
-    QTemporaryDir mDirectory;
+    TemporaryFolder mDirectory;
     QString mError;
     QString mDataDirectory;
 };

@@ -37,6 +37,7 @@
 #include "workbench/fennari19/complete_command.h"
 #include "workbench/navigation/CommandSink.h"
 #include "workbench/navigation/FormServices.h"
+#include "workbench/ostrelfw/CommandLine.h"
 #include "workbench/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/ostrelfw/HostMediator.h"
 #include "workbench/ostrelfw/OutputRouter.h"
@@ -51,6 +52,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QFile>
 #include <QGuiApplication>
 #include <QPlainTextEdit>
 #include <QScreen>
@@ -62,6 +64,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <sys/stat.h>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -189,6 +192,26 @@ QString not_played(const QString& journal)
 {
     return u"ERROR: %1 is not played, since the model could not be opened\n"_s.arg(
         CommandError::shown(journal, journal.size()));
+}
+
+/** Whether reading from the file has to wait for others. */
+bool is_pipe(const QString& path)
+{
+    struct stat status = {};
+    return ::stat(QFile::encodeName(path).constData(), &status) == 0 &&
+           (S_ISFIFO(status.st_mode) || S_ISSOCK(status.st_mode));
+}
+
+/** Plays a journal that may come from another program. */
+Playback::Outcome play_from_anywhere(Playback& playback, const QString& journal)
+{
+    QFile file(journal);
+    if (journal == CommandLine::standard_input && file.open(stdin, QIODevice::ReadOnly))
+        return playback.play_device(file, u"standard input"_s);
+    // A window would wait for the other program, too, and so does not take one.
+    if (is_pipe(journal) && file.open(QIODevice::ReadOnly))
+        return playback.play_device(file, journal);
+    return playback.play(journal);
 }
 
 /** The size of the main window at the first start, where the screen has room for it: all buttons of the
@@ -422,6 +445,10 @@ bool Workbench::load()
     Ostrel::instance()->set_title(u"Fennar"_s);
     describe_product();
     mScheme->add_to_menu(Ostrel::instance());
+    // Once all pages have written theirs.
+    QObject::connect(
+        Ostrel::instance()->options(), &OptionsPanel::saveSettings, Ostrel::instance(),
+        [this] { check_settings(); }, Qt::QueuedConnection);
     set_up_playback();
     add_panel_options();
     follow_unloaded_components();
@@ -479,6 +506,20 @@ void Workbench::unload()
     mDrops.reset();
     mKeys.reset();
     mFrame.unload_gui();
+    check_settings();
+}
+
+void Workbench::check_settings()
+{
+    // Another object, since a failure of before stays with one.
+    QSettings now;
+    now.sync();
+    if (now.status() != QSettings::AccessError)
+        return;
+    const QString text =
+        u"ERROR: the settings cannot be written in \"%1\", and are as they were before\n"_s.arg(
+            now.fileName());
+    mConsole ? report_error(text) : print_to(stderr, text);
 }
 
 void Workbench::start_later(const QString& model, const QString& journal)
@@ -524,7 +565,7 @@ int Workbench::play_batch(const QString& journal, const QString& model)
                                                CommandInterpreter::Result::Done;
     if (!opened)
         report_error(not_played(journal));
-    const bool played = opened && fennar.playback().play(journal) == Playback::Outcome::Played;
+    const bool played = opened && play_from_anywhere(fennar.playback(), journal) == Playback::Outcome::Played;
     mComponents->unload_all();
     PythonRuntime::deliver_output();
     OutputRouter::instance().set_fallback(nullptr);

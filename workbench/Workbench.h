@@ -9,6 +9,7 @@
 
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
+#include <QSettings>
 #include <QString>
 #include <QStringList>
 
@@ -83,7 +84,8 @@ public:
      * Loads the components and plays @p journal, without a window. Output goes to standard output, errors to
      * standard error.
      *
-     * @param model  the file of a model to open before; empty for none.
+     * @param journal  a file or a pipe; CommandLine::standard_input is played once it has come to its end.
+     * @param model    the file of a model to open before; empty for none.
      * @return the program's exit status: 0, or 1 if the model could not be opened, the journal failed or its
      * output could not be written.
      */
@@ -100,6 +102,8 @@ private:
     void finish_start();
     void set_up_playback();
     void tell_of_start();
+    /** Tells of settings that could not be written, after another try. */
+    void check_settings();
     void set_console(OutputHandler* window);
     void report_error(const QString& text);
     void echo(const QString& line);
@@ -116,6 +120,8 @@ private:
     void end_run();
 
     const QString mDataDirectory;
+    /** What others have set stays with it until it can be written. */
+    QSettings mSettings;
     /** What to tell the user once there is a place for it. */
     QStringList mErrors;
     MainFrame mFrame;

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "workbench/SettingsFile.h"
+#include "workbench/SettingsFormat.h"
 #include "workbench/Translations.h"
 #include "workbench/Workbench.h"
+#include "workbench/fennar_util/TemporaryFolder.h"
 #include "workbench/ostrelfw/CommandLine.h"
 #include "workbench/settings_checks.h"
 
@@ -53,13 +55,14 @@ QString from_here(const QString& file)
     return file.isEmpty() ? QString() : QFileInfo(file).absoluteFilePath();
 }
 
-std::unique_ptr<QCoreApplication> make_application(int& argc, char** argv)
+/** @param windows  whether there can be windows. */
+std::unique_ptr<QCoreApplication> make_application(int& argc, char** argv, bool windows)
 {
     QCoreApplication::setOrganizationName(u"ostrel"_s);
     QCoreApplication::setApplicationName(u"fennar"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(OSTREL_VERSION));
     std::unique_ptr<QCoreApplication> application;
-    if (works_without_display(argc, argv)) {
+    if (!windows) {
         application = std::make_unique<QCoreApplication>(argc, argv);
     } else {
         application = std::make_unique<QApplication>(argc, argv);
@@ -75,11 +78,9 @@ std::unique_ptr<QCoreApplication> make_application(int& argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    if (!works_without_display(argc, argv) && !has_display(argc, argv)) {
-        std::fputs("fennar: there is no display; without one there is --batch --play FILE\n", stderr);
-        return 1;
-    }
-    const std::unique_ptr<QCoreApplication> application = make_application(argc, argv);
+    const bool display = has_display(argc, argv);
+    const bool windows = display && !works_without_display(argc, argv);
+    const std::unique_ptr<QCoreApplication> application = make_application(argc, argv, windows);
     CommandLine& command_line = CommandLine::of_application();
     if (!command_line.error().isEmpty()) {
         std::fprintf(stderr, "fennar: %s\n%s", qPrintable(command_line.error()),
@@ -94,6 +95,14 @@ int main(int argc, char** argv)
         std::puts("fennar " OSTREL_VERSION);
         return 0;
     }
+
+    if (!display && !command_line.batch_mode()) {
+        std::fputs("fennar: there is no display; without one there is --batch --play FILE\n", stderr);
+        return 1;
+    }
+
+    TemporaryFolder::remove_on_signals();
+    QSettings::setDefaultFormat(settings_format());
 
     // What a batch run prints is read by programs, and stays English.
     std::optional<Translations> translations;

@@ -11,6 +11,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <csignal>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -65,6 +67,12 @@ protected:
 private slots:
     void help_and_version_need_no_display();
     void missing_display_is_told_in_one_line();
+    void wrong_argument_is_told_without_a_display();
+    void batch_run_reads_a_pipe_data();
+    void batch_run_reads_a_pipe();
+    void signal_ends_the_program_and_leaves_no_temporary_files_data();
+    void signal_ends_the_program_and_leaves_no_temporary_files();
+    void ignored_signal_stays_ignored();
     void output_that_cannot_be_written_fails_the_batch_run();
     void quit_ends_a_batch_run_without_a_word();
     void wrong_argument_is_named_with_the_usage();
@@ -125,6 +133,112 @@ void TstFennar::missing_display_is_told_in_one_line()
     QCOMPARE(refused.status, QProcess::NormalExit);
     QCOMPARE(refused.code, 1);
     QCOMPARE(refused.errors, u"fennar: there is no display; without one there is --batch --play FILE\n"_s);
+}
+
+void TstFennar::wrong_argument_is_told_without_a_display()
+{
+    const Run wrong =
+        run({u"--bogus"_s}, {{u"QT_QPA_PLATFORM"_s, {}}, {u"DISPLAY"_s, {}}, {u"WAYLAND_DISPLAY"_s, {}}});
+    QCOMPARE(wrong.status, QProcess::NormalExit);
+    QCOMPARE(wrong.code, 2);
+    QVERIFY2(wrong.errors.startsWith("fennar: unknown argument \"--bogus\"\n"_L1), qPrintable(wrong.errors));
+}
+
+void TstFennar::batch_run_reads_a_pipe_data()
+{
+    QTest::addColumn<QString>("pipeline");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("output");
+    QTest::addColumn<QString>("errors");
+    const auto commands = u"printf 'echo one\\necho two\\n' | "_s;
+    const QString both = u"one\ntwo"_s;
+    QTest::newRow("standard input") << commands + u"\"$0\" --batch --play -"_s << 0 << both << QString();
+    QTest::newRow("standard input by its file")
+        << commands + u"\"$0\" --batch --play /dev/stdin"_s << 0 << both << QString();
+    QTest::newRow("pipe with a name")
+        << u"mkfifo pipe && { printf 'echo one\\necho two' >pipe & } && \"$0\" --batch --play pipe"_s << 0
+        << both << QString();
+    QTest::newRow("file as standard input")
+        << u"printf 'echo one\\necho two' >file && \"$0\" --batch --play - <file"_s << 0 << both << QString();
+    QTest::newRow("script") << u"printf '#!python\\nprint(\"one\\\\ntwo\")\\n' | \"$0\" --batch --play -"_s
+                            << 0 << both << QString();
+    QTest::newRow("nothing") << u"\"$0\" --batch --play - </dev/null"_s << 0 << QString() << QString();
+    QTest::newRow("error") << u"printf 'echo one\\nnonsense\\n' | \"$0\" --batch --play -"_s << 1 << u"one"_s
+                           << u"standard input:2"_s;
+    QTest::newRow("no text") << u"printf 'echo \\377\\n' | \"$0\" --batch --play -"_s << 1 << QString()
+                             << u"\"standard input\" is not UTF-8 on line 1"_s;
+}
+
+void TstFennar::batch_run_reads_a_pipe()
+{
+    QFETCH(const QString, pipeline);
+    QFETCH(const int, code);
+    QFETCH(const QString, output);
+    QFETCH(const QString, errors);
+    const Run done = run({u"-c"_s, pipeline, QStringLiteral(FENNAR)}, {}, u"/bin/sh"_s, mDirectory->path());
+    QVERIFY2(done.code == code, qPrintable(done.errors));
+    QStringList lines = done.output.split(u'\n', Qt::SkipEmptyParts);
+    lines.removeIf([](const QString& line) { return line.startsWith("Fennar>"_L1); });
+    QCOMPARE(lines.join(u'\n'), output);
+    QVERIFY2(done.errors.contains(errors) && done.errors.isEmpty() == errors.isEmpty(),
+             qPrintable(done.errors));
+}
+
+void TstFennar::signal_ends_the_program_and_leaves_no_temporary_files_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<bool>("batch");
+    const QByteArray mesh = "brick 10\nmesh size 0.05\n";
+    const QByteArray loop = "#!python\nwhile True: pass\n";
+    QTest::newRow("interrupt, meshing") << SIGINT << mesh << true;
+    QTest::newRow("end, meshing") << SIGTERM << mesh << true;
+    QTest::newRow("end, meshing in a window") << SIGTERM << mesh << false;
+    QTest::newRow("interrupt, script") << SIGINT << loop << true;
+    QTest::newRow("end, window that waits") << SIGTERM << QByteArray("echo one\n") << false;
+    QTest::newRow("lost terminal, window that waits") << SIGHUP << QByteArray("echo one\n") << false;
+}
+
+void TstFennar::signal_ends_the_program_and_leaves_no_temporary_files()
+{
+    QFETCH(const int, signal);
+    QFETCH(const QByteArray, content);
+    QFETCH(const bool, batch);
+    const QString temporary = mDirectory->filePath(u"tmp"_s);
+    QVERIFY(QDir().mkdir(temporary));
+    QProcess process;
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    variables.insert(u"TMPDIR"_s, temporary);
+    variables.insert(u"FENNAR_COMPONENT_PATH"_s, QStringLiteral(TREE_COMPONENTS));
+    process.setProcessEnvironment(variables);
+    // The way to the settings is a temporary folder, too.
+    QStringList arguments{u"--settings"_s, mDirectory->filePath(u"settings.ini"_s), u"--play"_s,
+                          write(u"long.jou"_s, content)};
+    if (batch)
+        arguments << u"--batch"_s;
+    process.start(QStringLiteral(FENNAR), arguments);
+    const qsizetype folders = content.startsWith("brick") ? 2 : 1;
+    QTRY_VERIFY_WITH_TIMEOUT(QDir(temporary).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size() >= folders,
+                             patience_ms);
+    QCOMPARE(process.state(), QProcess::Running);
+    QCOMPARE(kill(pid_t(process.processId()), signal), 0);
+    QVERIFY(process.waitForFinished(patience_ms));
+    QCOMPARE(process.exitStatus(), QProcess::CrashExit);
+    QCOMPARE(process.exitCode(), signal);
+    QCOMPARE(QDir(temporary).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+             QStringList());
+}
+
+void TstFennar::ignored_signal_stays_ignored()
+{
+    // As "nohup" does.
+    const QString journal = write(u"hup.py"_s, "import os, signal\nos.kill(os.getpid(), signal.SIGHUP)\n"
+                                               "fennar.cmd('echo alive')\n");
+    const Run done =
+        run({u"-c"_s, u"trap '' HUP; exec \"$0\" --batch --play \"$1\""_s, QStringLiteral(FENNAR), journal},
+            {}, u"/bin/sh"_s);
+    QVERIFY2(done.code == 0, qPrintable(done.errors));
+    QVERIFY2(done.output.contains("alive\n"_L1), qPrintable(done.output));
 }
 
 void TstFennar::output_that_cannot_be_written_fails_the_batch_run()

@@ -338,8 +338,9 @@ QString ComponentManager::load_entry(Entry& entry, bool asked_for)
         mMark.end();
         mBusy = false;
     });
-    if (!mMark.begin(entry.about.file))
-        report(entry, u"a crash while it is being loaded would go unnoticed: the note cannot be written"_s);
+    if (!mMark.begin(entry.about.file) && !std::exchange(mToldOfNotes, true) && mReport)
+        mReport(u"ERROR: notes on components that are being loaded cannot be written in \"%1\"; the next "
+                "start would not know which one has crashed\n"_s.arg(mMark.directory()));
     entry.about.refusal = open(entry);
     // The name in the file may be another one than the file's.
     if (entry.about.refusal.isEmpty() && !asked_for && is_stored(off_key, entry.about.name))

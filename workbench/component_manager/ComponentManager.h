@@ -143,6 +143,8 @@ private:
     QStringList mWaiting;
     std::function<void()> mDone;
     bool mRemember = true;
+    /** Whether the user knows that crashes will not be noted. */
+    bool mToldOfNotes = false;
     /** While a component's load() or unload() runs no other may. */
     bool mBusy = false;
     std::unique_ptr<QObject> mTurns;

@@ -24,6 +24,8 @@ public:
     ~LoadMark();
     Q_DISABLE_COPY_MOVE(LoadMark)
 
+    const QString& directory() const { return mDirectory; }
+
     /** Notes that @p file is about to be loaded. Returns false if the note could not be written. */
     bool begin(const QString& file);
     /** Takes the note away: the load has ended, well or not. */

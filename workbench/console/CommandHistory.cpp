@@ -3,12 +3,14 @@
 
 #include "workbench/console/CommandHistory.h"
 
+#include "workbench/fennar_util/write_whole_file.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -24,6 +26,22 @@ QStringList read_lines(const QString& path)
     return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
 }
 
+/** Adds @p line to the end of a file. Returns false if that fails; no part of the line is there then. */
+bool append(const QString& path, const QByteArray& line)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
+        return false;
+    const qint64 before = file.size();
+    const qint64 written = file.write(line);
+    const bool whole = written == line.size();
+    // Unless another program has added a line behind it.
+    if (!whole && file.size() == before + std::max<qint64>(written, 0))
+        file.resize(before);
+    file.close();
+    return whole && file.error() == QFileDevice::NoError;
+}
+
 } // namespace
 
 CommandHistory::CommandHistory(const QString& file) : mFile(file)
@@ -34,11 +52,8 @@ CommandHistory::CommandHistory(const QString& file) : mFile(file)
     if (surplus > 0)
         mEntries.remove(0, surplus);
     if (surplus > slack) {
-        QSaveFile shortened(mFile);
-        if (shortened.open(QIODevice::WriteOnly)) {
-            shortened.write(mEntries.join(u'\n').toUtf8() + '\n');
-            shortened.commit();
-        }
+        // A file that stays long does no harm, and add() tells of one that cannot be written.
+        std::ignore = write_whole_file(mFile, {mEntries.join(u'\n').toUtf8(), "\n"});
     }
     mPosition = mEntries.size();
 }
@@ -56,10 +71,7 @@ bool CommandHistory::add(const QString& command)
             mEntries.removeFirst();
         if (!mFile.isEmpty()) {
             QDir().mkpath(QFileInfo(mFile).path());
-            const QByteArray line = entry.toUtf8() + '\n';
-            QFile file(mFile);
-            written = file.open(QIODevice::WriteOnly | QIODevice::Append) &&
-                      file.write(line) == line.size() && file.flush();
+            written = append(mFile, entry.toUtf8() + '\n');
         }
     }
     reset_position();

@@ -41,6 +41,25 @@ qsizetype first_bad_line(const QByteArray& bytes)
     return number;
 }
 
+/** @param shown  what the device is called in messages. */
+Text read_text(QIODevice& device, const QString& shown)
+{
+    const QByteArray bytes = device.readAll();
+    if (const auto* file = qobject_cast<QFileDevice*>(&device); file && file->error() != QFileDevice::NoError)
+        return {{}, u"cannot read %1: %2"_s.arg(shown, file->errorString())};
+
+    if (const qsizetype nul = bytes.indexOf('\0'); nul >= 0)
+        return {{},
+                u"%1 is no text file: it holds a NUL byte on line %2"_s.arg(shown).arg(
+                    bytes.first(nul).count('\n') + 1)};
+    // Stateless, so that a character cut off at the end is an error as well.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QString text = decoder.decode(bytes);
+    if (decoder.hasError())
+        return {{}, u"%1 is not UTF-8 on line %2"_s.arg(shown).arg(first_bad_line(bytes))};
+    return {text, {}};
+}
+
 Text read_text(const QString& path)
 {
     const QString shown = CommandError::shown(path, path.size());
@@ -55,20 +74,7 @@ Text read_text(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {{}, u"cannot read %1: %2"_s.arg(shown, file.errorString())};
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return {{}, u"cannot read %1: %2"_s.arg(shown, file.errorString())};
-
-    if (const qsizetype nul = bytes.indexOf('\0'); nul >= 0)
-        return {{},
-                u"%1 is no text file: it holds a NUL byte on line %2"_s.arg(shown).arg(
-                    bytes.first(nul).count('\n') + 1)};
-    // Stateless, so that a character cut off at the end is an error as well.
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    QString text = decoder.decode(bytes);
-    if (decoder.hasError())
-        return {{}, u"%1 is not UTF-8 on line %2"_s.arg(shown).arg(first_bad_line(bytes))};
-    return {text, {}};
+    return read_text(file, shown);
 }
 
 /** Where line @p number begins; the text's size if there is no such line. */
@@ -156,6 +162,14 @@ Playback::Outcome Playback::play(const QString& path, qsizetype from)
     const QFileInfo file(path);
     return play_text({read.text.sliced(start), path, from, go_on, file.absoluteFilePath()}, python,
                      file.absolutePath());
+}
+
+Playback::Outcome Playback::play_device(QIODevice& device, const QString& name)
+{
+    const Text read = read_text(device, CommandError::shown(name, name.size()));
+    if (!read.error.isNull())
+        return fail(read.error);
+    return play_text({read.text, name, 1, {}, {}}, name.endsWith(".py"_L1) || is_python(read.text), {});
 }
 
 Playback::Outcome Playback::play_lines(const QStringList& lines, const QString& name, const Origin& origin)

@@ -13,6 +13,7 @@
 #include <functional>
 
 class CommandInterpreter;
+class QIODevice;
 
 /**
  * Plays journals: runs their commands one after the other, and can be paused and stopped in between.
@@ -94,6 +95,11 @@ public:
      *              line before it, and if it is not 1 for a Python script.
      */
     Outcome play(const QString& path, qsizetype from = 1);
+    /**
+     * Plays what an open device has up to its end, which may be waited for, as a file of that name. Nothing
+     * is known of its directory, and no way to play on from a line is told.
+     */
+    Outcome play_device(QIODevice& device, const QString& name);
     /** Plays lines that are not in a file; @p name stands for the file's name in messages. */
     Outcome play_lines(const QStringList& lines, const QString& name, const Origin& origin);
     /** Plays lines as those of a journal, counted from 1. */

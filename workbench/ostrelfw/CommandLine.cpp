@@ -37,6 +37,8 @@ CommandLine::CommandLine(const QStringList& words)
     }
     if (mError.isEmpty() && mBatch && mJournal.isEmpty() && !mHelp && !mVersion)
         mError = u"--batch needs a journal: add --play FILE"_s;
+    else if (mError.isEmpty() && !mBatch && mJournal == standard_input)
+        mError = u"--play - reads the journal from standard input, which needs --batch"_s;
 }
 
 CommandLine::~CommandLine() = default;
@@ -64,7 +66,8 @@ QString CommandLine::usage()
            "  MODEL        open this model, before anything is played; if that fails, nothing is played;\n"
            "               behind \"--\" its name may begin with a \"-\"\n"
            "  --play FILE  play a journal of commands, or of Python if its name ends in .py\n"
-           "  --batch      open no window: play the journal and end, with status 0, or 1 if it failed\n"
+           "  --batch      open no window: play the journal and end, with status 0, or 1 if it failed;\n"
+           "               FILE may then be a pipe, or \"-\" for standard input\n"
            "  --no-components\n"
            "               load no components at the start\n"
            "  --settings FILE\n"

@@ -12,6 +12,9 @@
 class CommandLine : public CLParser
 {
 public:
+    /** The name of a journal that stands for standard input; only in a batch run. */
+    static constexpr QLatin1String standard_input{"-"};
+
     /** Reads the words behind the program's name. */
     explicit CommandLine(const QStringList& words);
     ~CommandLine() override;

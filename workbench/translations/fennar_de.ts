@@ -431,10 +431,6 @@
 <context>
     <name>DocumentKeeper</name>
     <message>
-        <source>no folder can be made in &quot;%1&quot;</source>
-        <translation>in „%1“ kann kein Ordner angelegt werden</translation>
-    </message>
-    <message>
         <source>Unsaved journals cannot be kept for a recovery: %1. It will be tried again.</source>
         <translation>Nicht gespeicherte Journale können nicht für eine Wiederherstellung aufbewahrt werden: %1. Es wird erneut versucht.</translation>
     </message>
@@ -1010,6 +1006,10 @@
         <source>%1 (changed %2)</source>
         <translation>%1 (geändert %2)</translation>
     </message>
+    <message>
+        <source>Untitled model</source>
+        <translation>Unbenanntes Modell</translation>
+    </message>
 </context>
 <context>
     <name>LevelView</name>
@@ -1523,14 +1523,6 @@
         <translation>Listet Körper mit ihren Maßen auf.</translation>
     </message>
     <message>
-        <source>Recover Journals</source>
-        <translation>Journale wiederherstellen</translation>
-    </message>
-    <message>
-        <source>Offers the journals that were kept for later.</source>
-        <translation>Bietet die für später behaltenen Journale an.</translation>
-    </message>
-    <message>
         <source>Solids</source>
         <translation>Körper</translation>
     </message>
@@ -1622,6 +1614,14 @@
         <source>Tells or sets the colors of the windows.</source>
         <translation>Nennt oder setzt die Farben der Fenster.</translation>
     </message>
+    <message>
+        <source>Recover Unsaved Work</source>
+        <translation>Nicht Gespeichertes wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Offers the unsaved work that was kept for later.</source>
+        <translation>Bietet nicht Gespeichertes an, das für später aufbewahrt wurde.</translation>
+    </message>
 </context>
 <context>
     <name>PanelOptions</name>
@@ -1679,10 +1679,12 @@
 <context>
     <name>Recovery</name>
     <message>
-        <source>ERROR: Not all journals could be read. They stay in %1.
-</source>
-        <translation>ERROR: Nicht alle Journale konnten gelesen werden. Sie bleiben in %1.
-</translation>
+        <source>Not all that was kept could be read. It stays in %1.</source>
+        <translation>Nicht alles Aufbewahrte konnte gelesen werden. Es bleibt in %1.</translation>
+    </message>
+    <message>
+        <source>%1 stays kept. The command &quot;recover&quot; offers it again.</source>
+        <translation>%1 bleibt aufbewahrt. Der Befehl „recover“ bietet es wieder an.</translation>
     </message>
 </context>
 <context>
@@ -1700,16 +1702,23 @@
         <translation>Für später &amp;behalten</translation>
     </message>
     <message>
-        <source>Recover Journals</source>
-        <translation>Journale wiederherstellen</translation>
-    </message>
-    <message>
         <source>and %1 more</source>
         <translation>und %1 weitere</translation>
     </message>
     <message>
-        <source>Unsaved journals were kept when the program ended unexpectedly:</source>
-        <translation>Als das Programm unerwartet endete, wurden nicht gespeicherte Journale aufbewahrt:</translation>
+        <source>Recover Unsaved Work</source>
+        <translation>Nicht Gespeichertes wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Unsaved work was kept when the program ended unexpectedly:</source>
+        <translation>Als das Programm unerwartet endete, wurde nicht Gespeichertes aufbewahrt:</translation>
+    </message>
+</context>
+<context>
+    <name>RecoveryWriter</name>
+    <message>
+        <source>no folder can be made in &quot;%1&quot;</source>
+        <translation>in „%1“ kann kein Ordner angelegt werden</translation>
     </message>
 </context>
 <context>
@@ -1734,6 +1743,13 @@ Möchten Sie die Datei ersetzen?</translation>
     <message>
         <source>&amp;Previous Pane</source>
         <translation>Vorheri&amp;ger Bereich</translation>
+    </message>
+</context>
+<context>
+    <name>WorkKeeper</name>
+    <message>
+        <source>Unsaved work cannot be kept for a recovery: %1. It will be tried again.</source>
+        <translation>Nicht Gespeichertes kann nicht für eine Wiederherstellung aufbewahrt werden: %1. Es wird erneut versucht.</translation>
     </message>
 </context>
 <context>

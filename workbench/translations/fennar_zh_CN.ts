@@ -431,10 +431,6 @@
 <context>
     <name>DocumentKeeper</name>
     <message>
-        <source>no folder can be made in &quot;%1&quot;</source>
-        <translation>无法在“%1”中创建文件夹</translation>
-    </message>
-    <message>
         <source>Unsaved journals cannot be kept for a recovery: %1. It will be tried again.</source>
         <translation>无法保留未保存的日志脚本以供恢复：%1。稍后将重试。</translation>
     </message>
@@ -1009,6 +1005,10 @@
         <source>%1 (changed %2)</source>
         <translation>%1（修改于 %2）</translation>
     </message>
+    <message>
+        <source>Untitled model</source>
+        <translation>未命名模型</translation>
+    </message>
 </context>
 <context>
     <name>LevelView</name>
@@ -1522,14 +1522,6 @@
         <translation>列出实体及其度量值。</translation>
     </message>
     <message>
-        <source>Recover Journals</source>
-        <translation>恢复日志脚本</translation>
-    </message>
-    <message>
-        <source>Offers the journals that were kept for later.</source>
-        <translation>提供留待以后恢复的日志脚本。</translation>
-    </message>
-    <message>
         <source>Solids</source>
         <translation>实体</translation>
     </message>
@@ -1621,6 +1613,14 @@
         <source>Tells or sets the colors of the windows.</source>
         <translation>告知或设置窗口的颜色。</translation>
     </message>
+    <message>
+        <source>Recover Unsaved Work</source>
+        <translation>恢复未保存的工作</translation>
+    </message>
+    <message>
+        <source>Offers the unsaved work that was kept for later.</source>
+        <translation>提供先前保留下来的未保存工作。</translation>
+    </message>
 </context>
 <context>
     <name>PanelOptions</name>
@@ -1678,10 +1678,12 @@
 <context>
     <name>Recovery</name>
     <message>
-        <source>ERROR: Not all journals could be read. They stay in %1.
-</source>
-        <translation>ERROR: 部分日志脚本无法读取，它们保留在 %1 中。
-</translation>
+        <source>Not all that was kept could be read. It stays in %1.</source>
+        <translation>部分保留的内容无法读取，它们保留在 %1 中。</translation>
+    </message>
+    <message>
+        <source>%1 stays kept. The command &quot;recover&quot; offers it again.</source>
+        <translation>%1 仍被保留。命令“recover”会再次提供。</translation>
     </message>
 </context>
 <context>
@@ -1699,16 +1701,23 @@
         <translation>留待以后(&amp;K)</translation>
     </message>
     <message>
-        <source>Recover Journals</source>
-        <translation>恢复日志脚本</translation>
-    </message>
-    <message>
         <source>and %1 more</source>
         <translation>以及另外 %1 个</translation>
     </message>
     <message>
-        <source>Unsaved journals were kept when the program ended unexpectedly:</source>
-        <translation>程序意外结束时保留了未保存的日志脚本：</translation>
+        <source>Recover Unsaved Work</source>
+        <translation>恢复未保存的工作</translation>
+    </message>
+    <message>
+        <source>Unsaved work was kept when the program ended unexpectedly:</source>
+        <translation>程序意外结束时保留了未保存的工作：</translation>
+    </message>
+</context>
+<context>
+    <name>RecoveryWriter</name>
+    <message>
+        <source>no folder can be made in &quot;%1&quot;</source>
+        <translation>无法在“%1”中创建文件夹</translation>
     </message>
 </context>
 <context>
@@ -1733,6 +1742,13 @@ Do you want to replace it?</source>
     <message>
         <source>&amp;Previous Pane</source>
         <translation>上一个窗格(&amp;P)</translation>
+    </message>
+</context>
+<context>
+    <name>WorkKeeper</name>
+    <message>
+        <source>Unsaved work cannot be kept for a recovery: %1. It will be tried again.</source>
+        <translation>无法保留未保存的工作以供恢复：%1。稍后将重试。</translation>
     </message>
 </context>
 <context>

@@ -40,6 +40,7 @@ protected:
     void set_up() override;
 
 private slots:
+    void notes_that_cannot_be_written_are_told_once();
     void batch_run_has_the_commands_of_components();
     void argument_leaves_components_out();
     void batch_run_does_not_switch_components_off();
@@ -81,6 +82,18 @@ void TstFennarComponents::offer(const QStringList& names)
     for (const QString& name : names)
         QVERIFY(QFile::link(QStringLiteral(TEST_COMPONENTS) + u'/' + name + u".so"_s,
                             mDirectory->filePath(u"components/"_s + name + u".so"_s)));
+}
+
+void TstFennarComponents::notes_that_cannot_be_written_are_told_once()
+{
+    offer({u"plain"_s, u"second"_s, u"lasting"_s});
+    // A file stands where the folder would be made.
+    QFile data(mDirectory->filePath(u"data"_s));
+    QVERIFY(data.open(QIODevice::WriteOnly));
+    const Run done = run({u"--batch"_s, u"--play"_s, journal("echo one\n")});
+    QCOMPARE(done.code, 0);
+    QCOMPARE(done.errors.count(u"ERROR"_s), 1);
+    QVERIFY2(done.errors.contains("notes on components"_L1), qPrintable(done.errors));
 }
 
 QString TstFennarComponents::journal(const QByteArray& content)

@@ -48,6 +48,8 @@ void TstCommandLine::words_are_read_data()
         << QStringList{u"--play"_s, u"a.jou"_s, u"--batch"_s} << true << u"a.jou"_s << QString();
     QTest::newRow("journal named like an argument")
         << QStringList{u"--play"_s, u"--batch"_s} << false << u"--batch"_s << QString();
+    QTest::newRow("standard input") << QStringList{u"--batch"_s, u"--play"_s, u"-"_s} << true << u"-"_s
+                                    << QString();
     QTest::newRow("model") << QStringList{u"a b.mdl"_s} << false << QString() << u"a b.mdl"_s;
     QTest::newRow("model before a journal")
         << QStringList{u"a.mdl"_s, u"--play"_s, u"a.jou"_s} << false << u"a.jou"_s << u"a.mdl"_s;
@@ -101,6 +103,9 @@ void TstCommandLine::mistakes_are_named_data()
     QTest::newRow("model without a name") << QStringList{QString()} << u"the name of a model file is empty"_s;
     QTest::newRow("batch without a journal")
         << QStringList{u"--batch"_s} << u"--batch needs a journal: add --play FILE"_s;
+    QTest::newRow("standard input with a window")
+        << QStringList{u"--play"_s, u"-"_s}
+        << u"--play - reads the journal from standard input, which needs --batch"_s;
 }
 
 void TstCommandLine::mistakes_are_named()

@@ -6,12 +6,12 @@
 #include "workbench/components/geometry/GeometryError.h"
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/geometry/GeometryWords.h"
+#include "workbench/fennar_util/TemporaryFolder.h"
+#include "workbench/fennar_util/write_whole_file.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstring>
@@ -32,12 +32,12 @@ class ConverterJob
 public:
     explicit ConverterJob(const QByteArray& first_line) : mText(first_line + '\n')
     {
-        if (!mDirectory.isValid())
-            throw GeometryError(u"no temporary folder can be made: "_s + mDirectory.errorString());
+        if (!mDirectory.is_valid())
+            throw GeometryError(u"no temporary folder can be made: "_s + mDirectory.error());
     }
 
     QDir folder() const { return QDir(mDirectory.path()); }
-    QString path(const QString& name) const { return mDirectory.filePath(name); }
+    QString path(const QString& name) const { return mDirectory.path(name); }
     void add(const QByteArray& line) { mText += line + '\n'; }
     /** Lets the engine read @p file under @p name: it goes by the ending, and a job cannot hold each name
      * that a file can have. */
@@ -71,7 +71,7 @@ private:
         return mInputPath.isEmpty() ? text : text.replace(mInputPath, mInput);
     }
 
-    QTemporaryDir mDirectory;
+    TemporaryFolder mDirectory;
     QByteArray mText;
     QString mInput;
     QString mInputPath;
@@ -120,13 +120,6 @@ void check_target(const QString& file)
         throw cannot_export(file, info.isDir() ? u"it is a folder"_s : u"it is no regular file"_s);
     if (!QFileInfo(info.absolutePath()).isDir())
         throw cannot_export(file, u"there is no folder "_s + shown(info.absolutePath()));
-}
-
-void replace_file(const QString& file, const QByteArray& content)
-{
-    QSaveFile target(file);
-    if (!target.open(QIODevice::WriteOnly) || target.write(content) != content.size() || !target.commit())
-        throw cannot_export(file, target.errorString());
 }
 
 // Surfaces travel as two counts, the points and the triangles, in the machine's own numbers.
@@ -311,11 +304,15 @@ bool FileExchange::export_file(const QString& file, const Format& format, const 
         if (!job.run(mConverter, listener))
             return false;
         QByteArray content = read_job_file(job.path(output), no_result);
+        if (!format.foreign && !is_whole(format, content))
+            throw GeometryError(u"the converter has left a part of it; the disk may be full"_s);
         if (format.foreign) {
             const Surface surface = unpack(content);
             content = foreign([&] { return format.foreign->write(surface); });
         }
-        replace_file(file, content);
+        const QString reason = write_whole_file(file, {content});
+        if (!reason.isEmpty())
+            throw cannot_export(file, reason);
         return true;
     } catch (const GeometryError& error) {
         const QString& message = error.message();

@@ -5,6 +5,7 @@
 
 #include "workbench/fennar_formats/FormatRegistry.h"
 
+#include <QRegularExpression>
 #include <QtEndian>
 
 #include <algorithm>
@@ -105,4 +106,23 @@ QString mismatch(const Format& format, const QByteArray& begin, const QByteArray
     if (format.name == u"BREP" && !end.simplified().endsWith(" 0"))
         return u"its end is missing"_s;
     return {};
+}
+
+bool is_whole(const Format& format, const QByteArray& content)
+{
+    if (format.name == u"STEP")
+        return content.right(64).trimmed().endsWith("END-ISO-10303-21;");
+    if (format.name == u"BREP")
+        return ends_brep(content.right(64));
+    if (format.name == u"STL")
+        return is_binary_stl(content, content.size());
+    if (format.name == u"MSH")
+        return content.right(64).trimmed().contains("\n$End");
+    return !content.isEmpty();
+}
+
+bool ends_brep(const QByteArray& end)
+{
+    static const QRegularExpression last_line(u"\\n\\n[-+][0-9]+ [0-9]+ \\n?$"_s);
+    return last_line.match(QString::fromLatin1(end)).hasMatch();
 }

@@ -52,3 +52,15 @@ std::optional<Format> format_of_file(const QString& file);
  * @param begin  up to 4096 bytes of the file's beginning, and @p end up to 64 bytes of its end.
  */
 QString mismatch(const Format& format, const QByteArray& begin, const QByteArray& end, qint64 size);
+
+/**
+ * Whether @p content, which the engine has written as a file of the format, has its end: the engine does not
+ * tell of each file that it could not write to the end.
+ *
+ * STL files must be binary. Of files of other components' formats only empty ones are not whole.
+ */
+bool is_whole(const Format& format, const QByteArray& content);
+
+/** Whether a BREP file could end with these bytes, up to 64: an empty line, then one where the shape itself
+ * begins. */
+bool ends_brep(const QByteArray& end);

@@ -6,9 +6,10 @@
 #include "workbench/components/geometry/GeometryError.h"
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/geometry/model_format.h"
-#include "workbench/components/geometry/write_whole_file.h"
+#include "workbench/fennar_util/write_whole_file.h"
 #include "workbench/fennari19/CommandError.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 
@@ -77,13 +78,36 @@ void GeometryDocument::save(const QString& file)
     const QString target = file.isEmpty() ? mFile : file;
     if (target.isEmpty())
         throw GeometryError(u"the model has no file yet; \"save FILE\" gives it one"_s);
-    about(u"the model cannot be saved in %1: %2"_s, target, u"; it stays in memory, unsaved"_s,
-          [&] { write_whole_file(target, write_model(mModel.contents())); });
+    about(u"the model cannot be saved in %1: %2"_s, target, u"; it stays in memory, unsaved"_s, [&] {
+        const QString reason = write_whole_file(target, contents());
+        if (!reason.isEmpty())
+            throw GeometryError(reason);
+    });
     set_unmodified(target);
+}
+
+QByteArrayList GeometryDocument::contents() const
+{
+    return write_model(mModel.contents());
+}
+
+void GeometryDocument::recover(const QByteArray& contents, const QString& file)
+{
+    about(u"the model of %1 cannot be recovered: %2"_s, file, u"; nothing has changed"_s, [&] {
+        QBuffer buffer;
+        buffer.setData(contents);
+        buffer.open(QIODevice::ReadOnly);
+        mModel.replace(read_model(buffer));
+    });
+    mFile.clear();
+    mEarlierFile = file;
+    touch();
 }
 
 void GeometryDocument::set_unmodified(const QString& file)
 {
     mFile = file;
+    mEarlierFile.clear();
     mSavedChanges = mChanges;
+    emit settled();
 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QByteArrayList>
 #include <QObject>
 #include <QString>
 
@@ -39,12 +40,27 @@ public:
     void open(const QString& file);
     /** @param file  empty for the document's own; an error if it has none. */
     void save(const QString& file = {});
+    /** All of the model, as save() writes it. */
+    QByteArrayList contents() const;
+    /**
+     * Opens what contents() has returned. It has no file then and counts as modified.
+     *
+     * @param file  the file that it belonged to, for earlier_file().
+     */
+    void recover(const QByteArray& contents, const QString& file);
+    /** The file that a recovered model belonged to, until it is saved; empty for another model. */
+    QString earlier_file() const { return mEarlierFile; }
+
+signals:
+    /** Nothing is unsaved any more. */
+    void settled();
 
 private:
     void set_unmodified(const QString& file);
 
     GeometryModel& mModel;
     QString mFile;
+    QString mEarlierFile;
     qint64 mChanges = 0;
     qint64 mSavedChanges = 0;
 };

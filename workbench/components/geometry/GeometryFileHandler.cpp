@@ -68,8 +68,9 @@ void GeometryFileHandler::get_filters(QString& filters, bool saving)
 
 void GeometryFileHandler::get_save_location(QString& path, QString& name)
 {
-    const QFileInfo file(mDocument.file());
-    if (!mDocument.file().isEmpty()) {
+    const QString known = mDocument.file().isEmpty() ? mDocument.earlier_file() : mDocument.file();
+    const QFileInfo file(known);
+    if (!known.isEmpty()) {
         path = file.path();
         name = file.fileName();
     }
@@ -116,6 +117,9 @@ void GeometryFileHandler::save_file(const QString& file)
         return;
     }
     mSaveFailed = !attempt([&] { mDocument.save(file); });
+    // What is said to be saved is to be found again, whatever becomes of the program now.
+    if (!mSaveFailed)
+        mWindow->save_settings();
 }
 
 void GeometryFileHandler::save_file_as(const QString& file, const QString&)
@@ -125,7 +129,7 @@ void GeometryFileHandler::save_file_as(const QString& file, const QString&)
         save_file(file);
     } else if (self && Ostrel::instance()) {
         mSaveFailed = true;
-        restore_name();
+        show_file();
     }
 }
 
@@ -214,11 +218,18 @@ bool GeometryFileHandler::attempt(const std::function<void()>& work)
     for (const QString& message : messages)
         Broker::command << message << u"\n"_s;
     // After a failure the file menu has a name that is not the document's.
-    restore_name();
+    show_file();
     return done;
 }
 
-void GeometryFileHandler::restore_name()
+void GeometryFileHandler::recover(const QByteArray& contents, const QString& file)
+{
+    mDocument.recover(contents, file);
+    mDiscarded = -1;
+    show_file();
+}
+
+void GeometryFileHandler::show_file()
 {
     OstrelFileMenu::set_file_name(mDocument.file());
     mWindow->update_title();

@@ -3,12 +3,12 @@
 
 #include "workbench/components/geometry/GeometryModel.h"
 
+#include "workbench/components/geometry/Format.h"
 #include "workbench/components/geometry/GeometryError.h"
+#include "workbench/fennar_util/TemporaryFolder.h"
 
 #include <QFile>
-#include <QRegularExpression>
 #include <QScopeGuard>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <array>
@@ -150,16 +150,14 @@ void remove_loose_shapes()
     }
 }
 
-/** Whether the file has the last line of the BREP format, behind an empty one: where the shape itself begins.
- */
+/** Whether the file has the last line of the BREP format. */
 bool is_whole_brep(const QString& path)
 {
     constexpr qint64 longest_end = 64;
-    static const QRegularExpression last_line(u"\\n\\n[-+][0-9]+ [0-9]+ \\n?$"_s);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || !file.seek(std::max<qint64>(0, file.size() - longest_end)))
         return false;
-    return last_line.match(QString::fromLatin1(file.readAll())).hasMatch();
+    return ends_brep(file.readAll());
 }
 
 } // namespace
@@ -618,10 +616,10 @@ EngineTags GeometryModel::load(int id) const
 {
     std::string current;
     gmsh::model::getCurrent(current);
-    const QTemporaryDir directory;
-    if (!directory.isValid())
-        throw GeometryError(u"no temporary folder can be made: "_s + directory.errorString());
-    const QString file = directory.filePath(u"solid.brep"_s);
+    const TemporaryFolder directory;
+    if (!directory.is_valid())
+        throw GeometryError(u"no temporary folder can be made: "_s + directory.error());
+    const QString file = directory.path(u"solid.brep"_s);
     write_brep(id, file);
     gmsh::model::setCurrent(current);
     EngineTags shapes;
@@ -651,10 +649,10 @@ void GeometryModel::changed(int id)
 
 GeometryContents GeometryModel::contents() const
 {
-    const QTemporaryDir directory;
-    if (!directory.isValid() && !mSolids.empty())
-        throw GeometryError(u"no temporary folder can be made: "_s + directory.errorString());
-    const QString path = directory.filePath(u"solid.brep"_s);
+    const TemporaryFolder directory;
+    if (!directory.is_valid() && !mSolids.empty())
+        throw GeometryError(u"no temporary folder can be made: "_s + directory.error());
+    const QString path = directory.path(u"solid.brep"_s);
     GeometryContents result;
     result.last_id = mLastId;
     for (auto& [id, solid] : mSolids) {
@@ -677,10 +675,10 @@ GeometryContents GeometryModel::contents() const
 
 void GeometryModel::replace(const GeometryContents& contents)
 {
-    const QTemporaryDir directory;
-    if (!directory.isValid() && !contents.solids.isEmpty())
-        throw GeometryError(u"no temporary folder can be made: "_s + directory.errorString());
-    const QString path = directory.filePath(u"solid.brep"_s);
+    const TemporaryFolder directory;
+    if (!directory.is_valid() && !contents.solids.isEmpty())
+        throw GeometryError(u"no temporary folder can be made: "_s + directory.error());
+    const QString path = directory.path(u"solid.brep"_s);
     std::map<int, Entry> solids;
     std::map<QString, int> ids;
     std::vector<std::unique_ptr<Draft>> drafts;

@@ -187,7 +187,7 @@ void GeometryScene::start_tessellator()
 {
     if (mProcess || mWaiting.isEmpty() || !mScene.has_viewers())
         return;
-    mDirectory = std::make_unique<QTemporaryDir>();
+    mDirectory = std::make_unique<TemporaryFolder>();
     QElapsedTimer time;
     time.start();
     QStringList arguments;
@@ -197,7 +197,7 @@ void GeometryScene::start_tessellator()
     for (const int id : std::as_const(ids)) {
         mWaiting.remove(id);
         Entry& entry = mEntries.at(id);
-        const QString file = mDirectory->filePath(QString::number(id));
+        const QString file = mDirectory->path(QString::number(id));
         try {
             mModel.write_brep(id, file + u".brep"_s);
         } catch (const GeometryError&) {

@@ -3,13 +3,13 @@
 
 #pragma once
 
+#include "workbench/fennar_util/TemporaryFolder.h"
 #include "workbench/scene/SceneShape.h"
 
 #include <QElapsedTimer>
 #include <QObject>
 #include <QProcess>
 #include <QSet>
-#include <QTemporaryDir>
 #include <QThread>
 #include <QTimer>
 
@@ -79,7 +79,7 @@ private:
     qint64 mRevision = 0;
     QTimer mStart;
     QTimer mPatience;
-    std::unique_ptr<QTemporaryDir> mDirectory;
+    std::unique_ptr<TemporaryFolder> mDirectory;
     std::unique_ptr<QProcess> mProcess;
     QByteArray mOutput;
     /** The solids that the tessellator has not come to yet. */

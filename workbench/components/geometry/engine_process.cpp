@@ -88,7 +88,10 @@ QByteArray read_job_file(const QString& path, const QString& missing)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw GeometryError(missing + u": "_s + file.errorString());
-    return file.readAll();
+    QByteArray content = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        throw GeometryError(u"a temporary file cannot be read: "_s + file.errorString());
+    return content;
 }
 
 void read_mesh_files(const QDir& folder, const QString& name, Mesh& mesh)

@@ -343,6 +343,35 @@ void triangulate(double size)
     }
 }
 
+/** The number of nodes, and of the elements of dimension 2 and 3, of the current mesh. */
+std::array<std::size_t, 3> mesh_size()
+{
+    std::vector<std::size_t> nodes;
+    std::vector<double> coordinates;
+    std::vector<double> parameters;
+    gmsh::model::mesh::getNodes(nodes, coordinates, parameters);
+    std::array<std::size_t, 3> result{nodes.size(), 0, 0};
+    for (const int dimension : {2, 3}) {
+        std::vector<int> types;
+        std::vector<std::vector<std::size_t>> tags;
+        std::vector<std::vector<std::size_t>> element_nodes;
+        gmsh::model::mesh::getElements(types, tags, element_nodes, dimension);
+        for (const auto& some : tags)
+            result[static_cast<std::size_t>(dimension) - 1] += some.size();
+    }
+    return result;
+}
+
+/** Reads a mesh that was written just now: the engine goes on behind a piece that it could not write. */
+void check_mesh(const std::string& path)
+{
+    const auto written = mesh_size();
+    gmsh::model::add("check");
+    gmsh::merge(path);
+    if (mesh_size() != written)
+        throw Failure("a temporary file cannot be written; the disk may be full");
+}
+
 void write_file(const Job& job)
 {
     gmsh::model::add("output");
@@ -371,6 +400,8 @@ void write_file(const Job& job)
         if (job.kind == "vtk")
             gmsh::option::setNumber("Mesh.Binary", 0);
         write_checked(job.output);
+        if (job.kind == "vtk" || job.kind == "msh")
+            check_mesh(job.output);
     }
 }
 

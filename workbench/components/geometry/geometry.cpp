@@ -8,6 +8,7 @@
 #include "workbench/components/geometry/FileExchange.h"
 #include "workbench/components/geometry/FileMenuFormats.h"
 #include "workbench/components/geometry/GeometryDocument.h"
+#include "workbench/components/geometry/GeometryError.h"
 #include "workbench/components/geometry/GeometryFileHandler.h"
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/geometry/GeometryScene.h"
@@ -15,6 +16,7 @@
 #include "workbench/components/geometry/document_commands.h"
 #include "workbench/components/geometry/file_commands.h"
 #include "workbench/components/geometry/geometry_commands.h"
+#include "workbench/fennar_formats/UnsavedWorks.h"
 #include "workbench/fennari19/Fennar.h"
 #include "workbench/scene/Scene.h"
 
@@ -23,6 +25,7 @@
 
 #include <dlfcn.h>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -65,8 +68,28 @@ DocumentActions document_actions()
             [](const QString& file) { file_handler ? file_handler->save(file) : document->save(file); }};
 }
 
+/** The model as what is kept while it is unsaved, and comes back after a crash. */
+UnsavedWork unsaved_model()
+{
+    return {
+        .kind = u"model"_s,
+        .owner = u"geometry"_s,
+        .state = [] { return document->is_modified() ? std::optional(document->changes()) : std::nullopt; },
+        .file = [] { return document->file().isEmpty() ? document->earlier_file() : document->file(); },
+        .take = [] { return document->contents(); },
+        .restore = [](const QByteArray& bytes, const QString& file) -> QString {
+            try {
+                file_handler ? file_handler->recover(bytes, file) : document->recover(bytes, file);
+                return {};
+            } catch (const GeometryError& error) {
+                return error.message();
+            }
+        }};
+}
+
 void unload()
 {
+    UnsavedWorks::instance().remove_owner(u"geometry"_s);
     file_menu_formats.reset();
     file_handler.reset();
     window_part.reset();
@@ -96,6 +119,9 @@ void load()
         unload();
         throw std::runtime_error("one of the geometry commands is there already");
     }
+    UnsavedWorks::instance().add(unsaved_model());
+    QObject::connect(document.get(), &GeometryDocument::settled, document.get(),
+                     [] { UnsavedWorks::instance().tell_settled(u"model"_s); });
     scene_part =
         std::make_unique<GeometryScene>(*model, Scene::instance(), program_path(u"fennar-tessellator"_s));
     if (Ostrel* window = Ostrel::instance()) {

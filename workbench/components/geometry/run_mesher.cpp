@@ -6,25 +6,24 @@
 #include "workbench/components/geometry/GeometryError.h"
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/geometry/engine_process.h"
-
-#include <QTemporaryDir>
+#include "workbench/fennar_util/TemporaryFolder.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 /** Writes the solids and the job, and returns the path of the job. */
-QString write_job(const QTemporaryDir& directory, const GeometryModel& model, const QList<int>& ids,
+QString write_job(const TemporaryFolder& directory, const GeometryModel& model, const QList<int>& ids,
                   double size)
 {
     QByteArray job =
         "size " + QByteArray::number(size, 'g', 17) + "\noutput mesh.msh\nstatistics statistics\n";
     for (const int id : ids) {
         const QString file = QString::number(id) + u".brep"_s;
-        model.write_brep(id, directory.filePath(file));
+        model.write_brep(id, directory.path(file));
         job += "solid " + model.solid(id)->name.toUtf8() + ' ' + file.toUtf8() + '\n';
     }
-    const QString path = directory.filePath(u"job"_s);
+    const QString path = directory.path(u"job"_s);
     write_job_file(path, job);
     return path;
 }
@@ -34,9 +33,9 @@ QString write_job(const QTemporaryDir& directory, const GeometryModel& model, co
 std::shared_ptr<const Mesh> run_mesher(const QString& program, const GeometryModel& model,
                                        const QList<int>& ids, double size, const MesherListener& listener)
 {
-    const QTemporaryDir directory;
-    if (!directory.isValid())
-        throw GeometryError(u"no temporary folder can be made: "_s + directory.errorString());
+    const TemporaryFolder directory;
+    if (!directory.is_valid())
+        throw GeometryError(u"no temporary folder can be made: "_s + directory.error());
     auto mesh = std::make_shared<Mesh>();
     mesh->size = size;
     mesh->revision = model.revision();

@@ -4,7 +4,7 @@
 #include "workbench/components/recovery/DocumentKeeper.h"
 
 #include "journal/JournalEditor.h"
-#include "workbench/components/recovery/RecoveryFolder.h"
+#include "workbench/components/recovery/RecoveryWriter.h"
 #include "workbench/components/recovery/TextCopy.h"
 #include "workbench/components/recovery/journal_file.h"
 
@@ -33,50 +33,12 @@ QString label_of(const QTabWidget* tabs, int tab)
 
 } // namespace
 
-/** Writes and removes copies. */
-class DocumentKeeper::Writer
-{
-public:
-    explicit Writer(const QString& root) : mRoot(root) {}
-
-    /** Returns what is wrong, or nothing; @p lost tells that copies written earlier are not there any more.
-     */
-    QString write(int number, const KeptDocument& document, bool& lost)
-    {
-        lost = mFolder && !mFolder->exists();
-        if (!mFolder || lost)
-            mFolder = RecoveryFolder::make(mRoot);
-        if (!mFolder)
-            return DocumentKeeper::tr("no folder can be made in \"%1\"").arg(QDir::toNativeSeparators(mRoot));
-        return mFolder->write(number, document);
-    }
-
-    void remove(int number)
-    {
-        if (mFolder)
-            mFolder->remove(RecoveryFolder::name_of(number));
-    }
-
-    void remove_all()
-    {
-        if (mFolder)
-            mFolder->remove_all();
-        mFolder.reset();
-        // Stays if other programs keep something in it.
-        QDir().rmdir(mRoot);
-    }
-
-private:
-    QString mRoot;
-    std::unique_ptr<RecoveryFolder> mFolder;
-};
-
 DocumentKeeper::DocumentKeeper(JournalEditor* editor, const QString& root, std::chrono::milliseconds interval,
                                const Report& report)
     : mEditor(editor),
       mTabs(editor->findChild<QTabWidget*>(u"mDocTab"_s)),
       mReport(report),
-      mWriter(std::make_unique<Writer>(root))
+      mWriter(std::make_unique<RecoveryWriter>(root))
 {
     mPool.setMaxThreadCount(1);
     if (interval.count() > 0) {
@@ -272,7 +234,7 @@ void DocumentKeeper::drop_copy(Watched& watched)
     watched.kept = false;
     watched.changed = true;
     mFailing.remove(watched.number);
-    mPool.start([this, number = watched.number] { mWriter->remove(number); });
+    mPool.start([this, number = watched.number] { mWriter->remove(RecoveryFolder::name_of(number)); });
 }
 
 void DocumentKeeper::forget(QObject* document)

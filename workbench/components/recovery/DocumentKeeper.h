@@ -20,6 +20,7 @@
 class JournalEditor;
 class QPlainTextEdit;
 class QTabWidget;
+class RecoveryWriter;
 class TextCopy;
 
 /**
@@ -86,7 +87,6 @@ private:
         /** The file that it belonged to in an earlier run, until it is saved; the tab's tool tip as well. */
         QString earlier_file;
     };
-    class Writer;
 
     void watch(QPlainTextEdit* document);
     void modification_changed(QPlainTextEdit* document, bool modified);
@@ -111,7 +111,7 @@ private:
     /** The numbers of the documents that could not be written, of which the user has been told. */
     QSet<int> mFailing;
     /** Used on the pool's thread only. */
-    std::unique_ptr<Writer> mWriter;
+    std::unique_ptr<RecoveryWriter> mWriter;
     /** Of one thread, so that things are done in the order in which they are asked for. */
     QThreadPool mPool;
 };

@@ -20,6 +20,7 @@ constexpr int format_version = 1;
 const auto file_key = u"file"_s;
 const auto changed_key = u"changed"_s;
 const auto encoding_key = u"encoding"_s;
+const auto kind_key = u"kind"_s;
 const auto utf16 = u"UTF-16LE"_s;
 
 QString tr(const char* text)
@@ -29,17 +30,21 @@ QString tr(const char* text)
 
 } // namespace
 
-QByteArray KeptDocument::encode() const
+QByteArrayList KeptDocument::encode() const
 {
+    QJsonObject head{{format_key, format_version},
+                     {file_key, file},
+                     {changed_key, changed.toUTC().toString(Qt::ISODateWithMs)}};
     const bool plain = text.isValidUtf16();
-    const QJsonObject head{{format_key, format_version},
-                           {file_key, file},
-                           {changed_key, changed.toUTC().toString(Qt::ISODateWithMs)},
-                           {encoding_key, plain ? u"UTF-8"_s : utf16}};
-    QByteArray bytes = QJsonDocument(head).toJson(QJsonDocument::Compact) + '\n';
+    if (kind.isEmpty())
+        head.insert(encoding_key, plain ? u"UTF-8"_s : utf16);
+    else
+        head.insert(kind_key, kind);
+    const QByteArray line = QJsonDocument(head).toJson(QJsonDocument::Compact) + '\n';
+    if (!kind.isEmpty())
+        return QByteArrayList{line} + data;
     QStringEncoder encoder(plain ? QStringConverter::Utf8 : QStringConverter::Utf16LE);
-    bytes += QByteArray(encoder(text));
-    return bytes;
+    return {line, QByteArray(encoder(text))};
 }
 
 KeptDocument KeptDocument::decode(const QByteArray& bytes)
@@ -54,7 +59,12 @@ KeptDocument KeptDocument::decode(const QByteArray& bytes)
         kept.changed = QDateTime::fromString(head.value(changed_key).toString(), Qt::ISODateWithMs);
         if (head.value(encoding_key).toString() == utf16)
             encoding = QStringConverter::Utf16LE;
+        kept.kind = head.value(kind_key).toString();
         content = content.sliced(line_end + 1);
+    }
+    if (!kept.kind.isEmpty()) {
+        kept.data = {content.toByteArray()};
+        return kept;
     }
     // A mark of the byte order at the start would be part of the text, not of the encoding.
     QStringDecoder decoder(encoding, QStringConverter::Flag::ConvertInitialBom);
@@ -64,7 +74,9 @@ KeptDocument KeptDocument::decode(const QByteArray& bytes)
 
 QString KeptDocument::title(const QDateTime& now) const
 {
-    const QString name = file.isEmpty() ? tr("Untitled") : QFileInfo(file).fileName();
+    const QString name = !file.isEmpty()  ? QFileInfo(file).fileName()
+                         : kind.isEmpty() ? tr("Untitled")
+                                          : tr("Untitled model");
     if (!changed.isValid())
         return name;
     const QDateTime local = changed.toLocalTime();

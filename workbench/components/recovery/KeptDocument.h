@@ -3,11 +3,11 @@
 
 #pragma once
 
-#include <QByteArray>
+#include <QByteArrayList>
 #include <QDateTime>
 #include <QString>
 
-/** A document of the journal editor as it is kept on disk. */
+/** A document of the journal editor, or the work of a component, as it is kept on disk. */
 struct KeptDocument
 {
     /** The full path of the file that it belongs to; empty if it was never saved. */
@@ -16,15 +16,20 @@ struct KeptDocument
     QDateTime changed;
     /** Its text, with a line feed at the end of each line but the last. */
     QString text;
+    /** The kind of a component's work; empty for a document of the journal editor. */
+    QString kind = {};
+    /** The component's work instead of a text, as parts one behind the other; one of them from decode(). */
+    QByteArrayList data = {};
 
     /**
-     * As bytes: a line that says what follows, then the text, which decode() gives back exactly.
+     * As parts one behind the other: a line that says what follows, then the text or the data, which decode()
+     * gives back exactly.
      *
      * The text is in UTF-8, so that it can be read in any editor; only one that UTF-8 cannot hold, since
      * half of a surrogate pair stands in it, is in UTF-16.
      */
-    QByteArray encode() const;
-    /** From what encode() returned. Bytes without the first line are all text, of no file. */
+    QByteArrayList encode() const;
+    /** From what encode() returned, joined. Bytes without the first line are all text, of no file. */
     static KeptDocument decode(const QByteArray& bytes);
 
     /** Its name for the user: that of its file, and when it was changed, seen from @p now. */

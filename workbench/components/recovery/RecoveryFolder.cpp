@@ -3,10 +3,11 @@
 
 #include "workbench/components/recovery/RecoveryFolder.h"
 
+#include "workbench/fennar_util/write_whole_file.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QSysInfo>
 #include <QUuid>
 
@@ -16,7 +17,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto ending = u".journal"_s;
+const auto journal_ending = u".journal"_s;
+const auto work_ending = u".work"_s;
 const auto lock_name = u"lock"_s;
 
 /** More bytes than the first line of a document can have: the name of a file in it is limited. */
@@ -50,7 +52,7 @@ std::unique_ptr<QLockFile> take_lock(const QString& folder)
 
 int number_of(const QString& name)
 {
-    return name.chopped(ending.size()).toInt();
+    return name.section(u'.', 0, 0).toInt();
 }
 
 } // namespace
@@ -98,7 +100,7 @@ bool RecoveryFolder::exists() const
 
 QStringList RecoveryFolder::names() const
 {
-    QStringList names = QDir(mPath).entryList({u'*' + ending}, QDir::Files);
+    QStringList names = QDir(mPath).entryList({u'*' + journal_ending, u'*' + work_ending}, QDir::Files);
     std::sort(names.begin(), names.end(), [](const QString& one, const QString& other) {
         return std::pair(number_of(one), one) < std::pair(number_of(other), other);
     });
@@ -128,19 +130,7 @@ std::optional<KeptDocument> RecoveryFolder::read(const QString& name) const
 
 QString RecoveryFolder::write(int number, const KeptDocument& document)
 {
-    QSaveFile file(mPath + u'/' + name_of(number));
-    // What is wrong with a buffer, that would be written at the end, not all versions of Qt tell.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return file.errorString();
-    const QByteArray bytes = document.encode();
-    // A disk that becomes full takes a part without a complaint, which the next try gets.
-    for (qint64 done = 0; done < bytes.size();) {
-        const qint64 count = file.write(bytes.constData() + done, bytes.size() - done);
-        if (count <= 0)
-            return file.errorString();
-        done += count;
-    }
-    return file.commit() ? QString() : file.errorString();
+    return write_whole_file(mPath + u'/' + name_of(number, document.kind), document.encode());
 }
 
 bool RecoveryFolder::remove(const QString& name)
@@ -149,9 +139,9 @@ bool RecoveryFolder::remove(const QString& name)
     return QFile::remove(path) || !QFile::exists(path);
 }
 
-QString RecoveryFolder::name_of(int number)
+QString RecoveryFolder::name_of(int number, const QString& kind)
 {
-    return QString::number(number) + ending;
+    return QString::number(number) + (kind.isEmpty() ? journal_ending : work_ending);
 }
 
 void RecoveryFolder::remove_all()

@@ -57,8 +57,8 @@ public:
     QString write(int number, const KeptDocument& document);
     /** Removes a document. Returns whether it is gone, which one that was not there is. */
     bool remove(const QString& name);
-    /** The name of the document @p number. */
-    static QString name_of(int number);
+    /** The name of the document @p number. No two have one number, whatever their kinds. */
+    static QString name_of(int number, const QString& kind = {});
 
     /** Removes the folder with all that is in it; the object then is of no more use. */
     void remove_all();

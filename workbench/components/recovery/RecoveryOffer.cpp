@@ -37,7 +37,7 @@ RecoveryOffer::RecoveryOffer(QWidget* parent, std::vector<std::unique_ptr<Recove
     setDefaultButton(mRestore);
     setModal(false);
     setIcon(Question);
-    setWindowTitle(tr("Recover Journals"));
+    setWindowTitle(tr("Recover Unsaved Work"));
     // File names may look like markup.
     setTextFormat(Qt::PlainText);
 
@@ -61,7 +61,7 @@ RecoveryOffer::RecoveryOffer(QWidget* parent, std::vector<std::unique_ptr<Recove
     }
     if (mEntries.size() > most_names)
         titles << tr("and %1 more").arg(mEntries.size() - most_names);
-    setText(tr("Unsaved journals were kept when the program ended unexpectedly:") + u"\n\n"_s +
+    setText(tr("Unsaved work was kept when the program ended unexpectedly:") + u"\n\n"_s +
             titles.join(u'\n'));
     connect(this, &QDialog::finished, this, &RecoveryOffer::tell_answer);
 }

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-// A component that works in the background: it keeps the unsaved journals on disk while the program runs,
-// and offers them at the next start if the program did not come to its end. It also sees to it that journals
-// and their files do not part unnoticed.
+// A component that works in the background: it keeps unsaved journals, and what other components have
+// unsaved, on disk while the program runs, and offers them at the next start if the program did not come to
+// its end. It also sees to it that journals and their files do not part unnoticed.
 
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
@@ -12,6 +12,8 @@
 #include "workbench/components/recovery/DocumentKeeper.h"
 #include "workbench/components/recovery/JournalFiles.h"
 #include "workbench/components/recovery/RecoveryOffer.h"
+#include "workbench/components/recovery/WorkKeeper.h"
+#include "workbench/fennar_formats/UnsavedWorks.h"
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandRegistry.h"
 #include "workbench/fennari19/Fennar.h"
@@ -23,6 +25,7 @@
 #include <chrono>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -35,7 +38,7 @@ constexpr auto owner = "recovery";
 /** So much of a user's work may get lost. */
 constexpr auto interval = 15s;
 
-void report(const QString& text)
+void print_error(const QString& text)
 {
     Broker::command << u"ERROR: "_s + text + u'\n';
 }
@@ -55,11 +58,15 @@ public:
 private:
     void act(RecoveryOffer::Answer answer);
     void restore(const RecoveryOffer& offer);
+    /** Gives work back to its component. Returns false if that has other work that is unsaved, or none. */
+    bool restore_work(const KeptDocument& kept);
+    static void tell_left(const KeptDocument& kept);
 
     QString mRoot;
     Ostrel* mWindow;
     JournalFiles mFiles;
     DocumentKeeper mKeeper;
+    WorkKeeper mWorkKeeper;
     /** A child of the window. */
     QPointer<RecoveryOffer> mOffer;
 };
@@ -68,8 +75,9 @@ Recovery::Recovery(Ostrel* window)
     : QObject(window),
       mRoot(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + u"/recovery"_s),
       mWindow(window),
-      mFiles(window->journal_editor(), &report),
-      mKeeper(window->journal_editor(), mRoot, interval, &report)
+      mFiles(window->journal_editor(), &print_error),
+      mKeeper(window->journal_editor(), mRoot, interval, &print_error),
+      mWorkKeeper(mRoot, interval, &print_error)
 {
     setObjectName(u"Recovery"_s);
     mKeeper.set_check([this](QPlainTextEdit* document) { mFiles.verify(document); });
@@ -77,6 +85,8 @@ Recovery::Recovery(Ostrel* window)
     mFiles.setParent(this);
     mKeeper.setObjectName(u"documentKeeper"_s);
     mKeeper.setParent(this);
+    mWorkKeeper.setObjectName(u"workKeeper"_s);
+    mWorkKeeper.setParent(this);
 }
 
 Recovery::~Recovery()
@@ -116,27 +126,65 @@ void Recovery::act(RecoveryOffer::Answer answer)
 void Recovery::restore(const RecoveryOffer& offer)
 {
     std::vector<RecoveryOffer::Entry> opened;
-    for (const RecoveryOffer::Entry& entry : offer.entries()) {
-        if (const std::optional<KeptDocument> kept = entry.folder->read(entry.name)) {
-            mKeeper.open(*kept);
-            opened.push_back(entry);
+    std::size_t unreadable = 0;
+    bool journals = false;
+    QStringList kinds;
+    // Backwards, since of one kind the work that was changed last comes back; journals in their order.
+    std::vector<std::pair<RecoveryOffer::Entry, KeptDocument>> documents;
+    for (auto entry = offer.entries().rbegin(); entry != offer.entries().rend(); ++entry) {
+        std::optional<KeptDocument> kept = entry->folder->read(entry->name);
+        if (!kept) {
+            ++unreadable;
+        } else if (kept->kind.isEmpty()) {
+            documents.emplace_back(*entry, std::move(*kept));
+        } else if (!kinds.contains(kept->kind) && restore_work(*kept)) {
+            kinds << kept->kind;
+            opened.push_back(*entry);
+        } else {
+            tell_left(*kept);
         }
+    }
+    for (auto document = documents.rbegin(); document != documents.rend(); ++document) {
+        mKeeper.open(document->second);
+        opened.push_back(document->first);
+        journals = true;
     }
     // The old copies go only once there are new ones.
     mKeeper.keep();
-    if (mKeeper.finish()) {
+    mWorkKeeper.keep();
+    const bool kept = mKeeper.finish();
+    if (mWorkKeeper.finish() && kept) {
         for (const RecoveryOffer::Entry& entry : opened)
             entry.folder->remove(entry.name);
     }
-    if (opened.size() < offer.entries().size())
-        Broker::command << tr("ERROR: Not all journals could be read. They stay in %1.\n")
-                               .arg(QDir::toNativeSeparators(mRoot));
+    if (unreadable > 0)
+        print_error(
+            tr("Not all that was kept could be read. It stays in %1.").arg(QDir::toNativeSeparators(mRoot)));
+    if (!journals)
+        return;
     JournalEditor* const editor = mWindow->journal_editor();
     if (editor->isMinimized())
         editor->showNormal();
     else
         editor->show();
     editor->activateWindow();
+}
+
+bool Recovery::restore_work(const KeptDocument& kept)
+{
+    const std::optional<UnsavedWork> work = UnsavedWorks::instance().find(kept.kind);
+    if (!work || work->state())
+        return false;
+    const QString error = work->restore(kept.data.join(), kept.file);
+    if (!error.isEmpty())
+        print_error(error);
+    return error.isEmpty();
+}
+
+void Recovery::tell_left(const KeptDocument& kept)
+{
+    Broker::command << tr("%1 stays kept. The command \"recover\" offers it again.").arg(kept.title()) +
+                           u'\n';
 }
 
 /** A child of the window. */
@@ -147,7 +195,7 @@ void run_command(CommandCall& call)
 {
     call.expect_end();
     if (!recovery || !recovery->offer())
-        call.print(u"There are no journals to recover.\n"_s);
+        call.print(u"There is nothing to recover.\n"_s);
 }
 
 void load()
@@ -158,8 +206,9 @@ void load()
         return;
     Fennar::instance().registry().add(
         {.name = u"recover"_s,
-         .summary = u"Offers the journals that were kept for later."_s,
-         .help = u"They are what was unsaved when a run of the program ended unexpectedly."_s,
+         .summary = u"Offers the unsaved work that was kept for later."_s,
+         .help = u"These are the journals and the model that were unsaved when a run of the program ended\n"
+                 "unexpectedly."_s,
          .owner = QString::fromLatin1(owner),
          .run = &run_command,
          .forms = {{}}});

@@ -67,6 +67,8 @@ private slots:
     void save_that_fails_keeps_the_data_and_the_file_data();
     void save_that_fails_keeps_the_data_and_the_file();
     void full_temporary_folder_keeps_the_data_and_the_file();
+    void recovered_model_is_modified_and_has_no_file();
+    void copy_that_is_damaged_changes_nothing();
     void save_needs_a_name_once();
     void names_may_have_any_characters_data();
     void names_may_have_any_characters();
@@ -364,6 +366,45 @@ void TstGeometryDocument::full_temporary_folder_keeps_the_data_and_the_file()
     QCOMPARE(content(path()), saved);
     QCOMPARE(enter(u"save"_s), QString());
     QVERIFY(content(path()) != saved);
+}
+
+void TstGeometryDocument::recovered_model_is_modified_and_has_no_file()
+{
+    make_solids();
+    const QString before = description();
+    const QByteArray copy = mDocument->contents().join();
+    enter(u"new"_s);
+    enter(u"brick 7"_s);
+    enter(u"save \"%1\""_s.arg(path(u"other.mdl"_s)));
+    mDocument->recover(copy, path());
+    QCOMPARE(description(), before);
+    QVERIFY(mDocument->is_modified());
+    QCOMPARE(mDocument->file(), QString());
+    QCOMPARE(mDocument->earlier_file(), path());
+    // Once it has a file again, nothing is left of the old one.
+    QSignalSpy settled(mDocument.get(), &GeometryDocument::settled);
+    QCOMPARE(enter(u"save \"%1\""_s.arg(path(u"b.mdl"_s))), QString());
+    QVERIFY(!mDocument->is_modified());
+    QCOMPARE(mDocument->earlier_file(), QString());
+    QCOMPARE(settled.size(), 1);
+}
+
+void TstGeometryDocument::copy_that_is_damaged_changes_nothing()
+{
+    make_solids();
+    const QByteArray copy = mDocument->contents().join();
+    QCOMPARE(enter(u"save \"%1\""_s.arg(path())), QString());
+    const QString before = description();
+    QString reason;
+    try {
+        mDocument->recover(copy.chopped(10), u"/a/part.mdl"_s);
+    } catch (const GeometryError& error) {
+        reason = error.message();
+    }
+    QVERIFY2(reason.startsWith("the model of \"/a/part.mdl\" cannot be recovered: "_L1), qPrintable(reason));
+    QCOMPARE(description(), before);
+    QCOMPARE(mDocument->file(), path());
+    QVERIFY(!mDocument->is_modified());
 }
 
 void TstGeometryDocument::save_needs_a_name_once()

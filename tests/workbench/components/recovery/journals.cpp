@@ -65,11 +65,13 @@ void type(CommandCall& call)
 /** Makes the pass that is due once in a while come now. */
 void keep(CommandCall& call)
 {
-    auto* keeper = Ostrel::instance()->findChild<QObject*>(u"documentKeeper"_s);
-    bool done = false;
-    if (!keeper || !QMetaObject::invokeMethod(keeper, "keep") ||
-        !QMetaObject::invokeMethod(keeper, "finish", Q_RETURN_ARG(bool, done)) || !done)
-        throw call.error(0, u"the journals were not kept"_s);
+    for (const auto& name : {u"documentKeeper"_s, u"workKeeper"_s}) {
+        auto* keeper = Ostrel::instance()->findChild<QObject*>(name);
+        bool done = false;
+        if (!keeper || !QMetaObject::invokeMethod(keeper, "keep") ||
+            !QMetaObject::invokeMethod(keeper, "finish", Q_RETURN_ARG(bool, done)) || !done)
+            throw call.error(0, u"not all was kept"_s);
+    }
 }
 
 void press_button(CommandCall& call)

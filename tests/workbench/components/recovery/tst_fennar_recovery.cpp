@@ -50,6 +50,9 @@ private slots:
     void living_program_keeps_its_own();
     void journals_are_offered_by_one_program_only();
     void batch_run_leaves_all_alone();
+    void killed_program_offers_its_model_and_restores_it();
+    void ended_program_offers_its_model();
+    void saved_model_survives_a_kill_and_is_not_offered();
 
 private:
     /** What the program reports. */
@@ -64,6 +67,7 @@ private:
 
     QString kept() const { return mDirectory->filePath(u"data/ostrel/fennar/recovery"_s); }
     QStringList folders() const { return QDir(kept()).entryList(QDir::Dirs | QDir::NoDotAndDotDot); }
+    void add_component(const char* file);
     QString journal(const QByteArray& content);
     /** Starts the program with a journal that runs once the components are there. */
     std::unique_ptr<QProcess> start(const QByteArray& lines, const QStringList& arguments = {});
@@ -85,10 +89,14 @@ void TstFennarRecovery::set_up()
 {
     mDirectory = std::make_unique<QTemporaryDir>();
     QVERIFY(QDir(mDirectory->path()).mkpath(u"components"_s));
-    QVERIFY(QFile::link(QStringLiteral(TREE_COMPONENTS "/recovery.so"),
-                        mDirectory->filePath(u"components/recovery.so"_s)));
-    QVERIFY(QFile::link(QStringLiteral(TEST_COMPONENTS "/journals.so"),
-                        mDirectory->filePath(u"components/journals.so"_s)));
+    add_component(TREE_COMPONENTS "/recovery.so");
+    add_component(TEST_COMPONENTS "/journals.so");
+}
+
+void TstFennarRecovery::add_component(const char* file)
+{
+    const QString path = QString::fromUtf8(file);
+    QVERIFY(QFile::link(path, mDirectory->filePath(u"components/"_s + QFileInfo(path).fileName())));
 }
 
 QString TstFennarRecovery::journal(const QByteArray& content)
@@ -318,6 +326,53 @@ void TstFennarRecovery::batch_run_leaves_all_alone()
     QCOMPARE(run({}, {u"--batch"_s}), 0);
     QCOMPARE(folders(), before);
     QCOMPARE(run_and_report({}).offer.size(), 1);
+}
+
+void TstFennarRecovery::killed_program_offers_its_model_and_restores_it()
+{
+    add_component(TREE_COMPONENTS "/geometry.so");
+    const QString part = mDirectory->filePath(u"part.mdl"_s);
+    const QByteArray save = "save \"" + part.toUtf8() + "\"\n";
+    const auto process =
+        start_and_wait("brick 1 2 3 name plate\n" + save + "sphere 4 name ball\njournal-keep\n");
+    kill(*process);
+    Report offered;
+    const auto next = start_and_wait({}, &offered);
+    QCOMPARE(offered.offer.size(), 1);
+    QVERIFY2(offered.offer[0].startsWith("part.mdl (changed "_L1), qPrintable(offered.offer[0]));
+    kill(*next);
+
+    // What comes back counts as unsaved.
+    const QByteArray restore = line("journal-press", u"recoveryRestore"_s);
+    const auto restored = start_and_wait(restore);
+    kill(*restored);
+    QCOMPARE(run_and_report({}).offer.size(), 1);
+    QCOMPARE(run(restore + "list plate\nlist ball\n" + save), 0);
+    QCOMPARE(folders(), QStringList());
+    // Saved again, it has both.
+    QCOMPARE(run("open \"" + part.toUtf8() + "\"\nlist ball\n"), 0);
+}
+
+void TstFennarRecovery::ended_program_offers_its_model()
+{
+    add_component(TREE_COMPONENTS "/geometry.so");
+    const auto process = start_and_wait("brick 1\njournal-keep\n");
+    process->terminate();
+    QVERIFY(process->waitForFinished(patience_ms));
+    QCOMPARE(run_and_report({}).offer.size(), 1);
+}
+
+void TstFennarRecovery::saved_model_survives_a_kill_and_is_not_offered()
+{
+    add_component(TREE_COMPONENTS "/geometry.so");
+    const QString part = mDirectory->filePath(u"part.mdl"_s);
+    const auto process = start_and_wait("brick 1\njournal-keep\nsave \"" + part.toUtf8() + "\"\n");
+    kill(*process);
+    QVERIFY(QFile::exists(part));
+    QCOMPARE(run_and_report({}).offer, QStringList());
+    QFile settings(mDirectory->filePath(u"config/ostrel/fennar.conf"_s));
+    QVERIFY(settings.open(QIODevice::ReadOnly));
+    QVERIFY(settings.readAll().contains(part.toUtf8()));
 }
 
 OSTREL_TEST(TstFennarRecovery)

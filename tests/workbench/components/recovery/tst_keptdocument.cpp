@@ -16,6 +16,7 @@ private slots:
     void what_is_decoded_is_what_was_encoded_data();
     void what_is_decoded_is_what_was_encoded();
     void text_stands_in_utf8_behind_one_line();
+    void work_of_a_component_comes_back();
     void bytes_without_the_first_line_are_all_text_data();
     void bytes_without_the_first_line_are_all_text();
     void title_has_name_and_time_data();
@@ -47,19 +48,34 @@ void TstKeptDocument::what_is_decoded_is_what_was_encoded()
     QFETCH(const QString, file);
     QFETCH(const QString, text);
     const QDateTime changed = QDateTime::fromString(u"2026-05-01T12:03:04.567Z"_s, Qt::ISODateWithMs);
-    const KeptDocument decoded = KeptDocument::decode(KeptDocument{file, changed, text}.encode());
+    const KeptDocument decoded = KeptDocument::decode(KeptDocument{file, changed, text}.encode().join());
     QCOMPARE(decoded.file, file);
     QCOMPARE(decoded.changed, changed);
     QCOMPARE(decoded.text.size(), text.size());
     QVERIFY(decoded.text == text);
     // A time that is not known stays so.
-    QVERIFY(!KeptDocument::decode(KeptDocument{file, {}, text}.encode()).changed.isValid());
+    QVERIFY(!KeptDocument::decode(KeptDocument{file, {}, text}.encode().join()).changed.isValid());
 }
 
 void TstKeptDocument::text_stands_in_utf8_behind_one_line()
 {
-    const QByteArray bytes = KeptDocument{u"/a\nb"_s, {}, u"gr\u00fcn\nzwei"_s}.encode();
+    const QByteArray bytes = KeptDocument{u"/a\nb"_s, {}, u"gr\u00fcn\nzwei"_s}.encode().join();
     QCOMPARE(bytes.sliced(bytes.indexOf('\n') + 1), QByteArray("gr\xc3\xbcn\nzwei"));
+}
+
+void TstKeptDocument::work_of_a_component_comes_back()
+{
+    const QDateTime changed = QDateTime::fromString(u"2026-05-01T12:03:00Z"_s, Qt::ISODate);
+    const QByteArray bytes("a\0\n\xff", 4);
+    const KeptDocument kept{u"/a/part.mdl"_s, changed, {}, u"model"_s, {bytes, {}, "b"}};
+    const KeptDocument decoded = KeptDocument::decode(kept.encode().join());
+    QCOMPARE(decoded.kind, u"model"_s);
+    QCOMPARE(decoded.file, kept.file);
+    QCOMPARE(decoded.changed, changed);
+    QCOMPARE(decoded.data, QByteArrayList{bytes + 'b'});
+    QCOMPARE(decoded.text, QString());
+    QCOMPARE(KeptDocument::decode(KeptDocument{{}, {}, {}, u"model"_s, {}}.encode().join()).data.join(), "");
+    QCOMPARE((KeptDocument{{}, {}, {}, u"model"_s}.title()), u"Untitled model"_s);
 }
 
 void TstKeptDocument::bytes_without_the_first_line_are_all_text_data()

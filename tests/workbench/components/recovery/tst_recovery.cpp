@@ -8,6 +8,8 @@
 #include "journal/JournalEditor.h"
 #include "support/TestCase.h"
 #include "workbench/component_manager/ComponentManager.h"
+#include "workbench/components/recovery/KeptDocument.h"
+#include "workbench/fennar_formats/UnsavedWorks.h"
 #include "workbench/fennar_python/PythonRuntime.h"
 #include "workbench/fennar_python/make_python_interpreter.h"
 #include "workbench/fennari19/Fennar.h"
@@ -46,6 +48,10 @@ private slots:
     void restored_journals_are_kept_before_the_old_copies_go();
     void old_copies_stay_if_new_ones_cannot_be_written();
     void copy_that_cannot_be_read_stays_and_is_told();
+    void work_goes_back_to_its_component();
+    void work_changed_last_comes_back_and_the_rest_stays();
+    void work_that_cannot_go_back_stays_data();
+    void work_that_cannot_go_back_stays();
 
 private:
     static QString root()
@@ -64,6 +70,10 @@ private:
     static void press(const QString& button);
     /** Leaves a copy as a program that is gone does. Returns its path. */
     static QString leave(const QString& folder, const QByteArray& text);
+    /** Leaves work of the kind "model" in the same way. */
+    static QString leave_work(const QString& folder, const QByteArray& data, int minute);
+    /** Brings a component's work, which is unsaved in that state; nothing else is. */
+    void add_work(std::optional<qint64> state, const QString& refusal = {});
     void load() { QCOMPARE(mManager->load(u"recovery"_s), QString()); }
     void unload() { QCOMPARE(mManager->unload(u"recovery"_s), QString()); }
 
@@ -72,6 +82,9 @@ private:
     std::unique_ptr<QTemporaryDir> mDirectory;
     QString mReports;
     QString mOutput;
+    std::optional<qint64> mState;
+    /** What went back, as "file data". */
+    QStringList mRestored;
 };
 
 void TstRecovery::initTestCase()
@@ -90,6 +103,7 @@ void TstRecovery::set_up()
     mDirectory = std::make_unique<QTemporaryDir>();
     mReports.clear();
     mOutput.clear();
+    mRestored.clear();
     QDir(root()).removeRecursively();
     qputenv("FENNAR_COMPONENT_PATH", TREE_COMPONENTS);
     mFrame = std::make_unique<MainFrame>();
@@ -105,6 +119,7 @@ void TstRecovery::tear_down()
 {
     mManager->unload_all();
     mManager.reset();
+    UnsavedWorks::instance().remove_owner(u"test"_s);
     mFrame->unload_gui();
     mFrame.reset();
     QCOMPARE(mReports, QString());
@@ -142,6 +157,96 @@ QString TstRecovery::leave(const QString& folder, const QByteArray& text)
     return file.fileName();
 }
 
+QString TstRecovery::leave_work(const QString& folder, const QByteArray& data, int minute)
+{
+    const QDateTime changed =
+        QDateTime::fromString(u"2026-05-01T12:0%1:00Z"_s.arg(minute), Qt::ISODate);
+    const QString path =
+        leave(folder, KeptDocument{u"/a/part.mdl"_s, changed, {}, u"model"_s, {data}}.encode().join());
+    const QString name = path.chopped(8) + u".work"_s;
+    if (!QFile::rename(path, name))
+        qFatal("the copy cannot be named");
+    return name;
+}
+
+void TstRecovery::add_work(std::optional<qint64> state, const QString& refusal)
+{
+    mState = state;
+    QVERIFY(UnsavedWorks::instance().add(
+        {.kind = u"model"_s,
+         .owner = u"test"_s,
+         .state = [this] { return mState; },
+         .file = [] { return QString(); },
+         .take = [this] { return QByteArrayList{mRestored.join(u',').toUtf8()}; },
+         .restore =
+             [this, refusal](const QByteArray& bytes, const QString& file) {
+                 if (refusal.isEmpty()) {
+                     mRestored << file + u' ' + QString::fromUtf8(bytes);
+                     mState = 1;
+                 }
+                 return refusal;
+             }}));
+}
+
+void TstRecovery::work_goes_back_to_its_component()
+{
+    const QString copy = leave_work(u"left"_s, "one", 1);
+    leave(u"other"_s, "text");
+    add_work({});
+    load();
+    QVERIFY2(offer()->text().contains("part.mdl"_L1), qPrintable(offer()->text()));
+    press(u"recoveryRestore"_s);
+    QCOMPARE(mRestored, QStringList{u"/a/part.mdl one"_s});
+    QCOMPARE(texts(), QStringList{u"text"_s});
+    // Another kill would not lose it.
+    QVERIFY(!QFile::exists(copy));
+    QCOMPARE(folders().size(), 2);
+    QCOMPARE(mOutput, QString());
+}
+
+void TstRecovery::work_changed_last_comes_back_and_the_rest_stays()
+{
+    const QString older = leave_work(u"older"_s, "older", 1);
+    const QString newer = leave_work(u"newer"_s, "newer", 2);
+    add_work({});
+    load();
+    press(u"recoveryRestore"_s);
+    QCOMPARE(mRestored, QStringList{u"/a/part.mdl newer"_s});
+    QVERIFY(QFile::exists(older));
+    QVERIFY(!QFile::exists(newer));
+    QVERIFY2(mOutput.startsWith("part.mdl (changed "_L1) && mOutput.contains(" stays kept"_L1),
+             qPrintable(mOutput));
+    // The present one is saved.
+    mState.reset();
+    Fennar::instance().interpreter().run(u"recover"_s);
+    press(u"recoveryRestore"_s);
+    QCOMPARE(mRestored.size(), 2);
+    QVERIFY(!QFile::exists(older));
+}
+
+void TstRecovery::work_that_cannot_go_back_stays_data()
+{
+    QTest::addColumn<QString>("why");
+    QTest::newRow("other work is unsaved") << u"unsaved"_s;
+    QTest::newRow("no component") << u"none"_s;
+    QTest::newRow("refused") << u"refused"_s;
+}
+
+void TstRecovery::work_that_cannot_go_back_stays()
+{
+    QFETCH(const QString, why);
+    const QString copy = leave_work(u"left"_s, "one", 1);
+    if (why != "none"_L1)
+        add_work(why == "unsaved"_L1 ? std::optional<qint64>(7) : std::nullopt,
+                 why == "refused"_L1 ? u"it is damaged"_s : QString());
+    load();
+    press(u"recoveryRestore"_s);
+    QCOMPARE(mRestored, QStringList());
+    QVERIFY(QFile::exists(copy));
+    QVERIFY(mOutput.contains(" stays kept"_L1));
+    QCOMPARE(mOutput.contains("ERROR: it is damaged\n"_L1), why == "refused"_L1);
+}
+
 void TstRecovery::component_keeps_every_15_seconds()
 {
     load();
@@ -153,6 +258,8 @@ void TstRecovery::component_keeps_every_15_seconds()
     Ostrel::instance()->journal_editor()->add_document(u"one"_s);
     timers.first()->start(0);
     QTRY_COMPARE(folders().size(), 1);
+    auto* works = Ostrel::instance()->findChild<QObject*>(u"workKeeper"_s);
+    QCOMPARE(works->findChildren<QTimer*>().value(0)->interval(), 15000);
 }
 
 void TstRecovery::unload_leaves_nothing_and_can_be_repeated()
@@ -211,7 +318,7 @@ void TstRecovery::command_says_when_there_is_nothing()
     interpreter.set_output([&](const QString& text) { printed += text; });
     interpreter.run(u"recover"_s);
     interpreter.set_output(nullptr);
-    QCOMPARE(printed, u"There are no journals to recover.\n"_s);
+    QCOMPARE(printed, u"There is nothing to recover.\n"_s);
     QVERIFY(!offer());
 }
 
@@ -252,7 +359,7 @@ void TstRecovery::copy_that_cannot_be_read_stays_and_is_told()
     press(u"recoveryRestore"_s);
     QCOMPARE(texts(), QStringList{u"other"_s});
     QVERIFY(!QFile::exists(other));
-    QCOMPARE(mOutput, u"ERROR: Not all journals could be read. They stay in %1.\n"_s.arg(root()));
+    QCOMPARE(mOutput, u"ERROR: Not all that was kept could be read. It stays in %1.\n"_s.arg(root()));
 }
 
 OSTREL_TEST(TstRecovery)

@@ -65,8 +65,8 @@ void TstRecoveryOffer::documents_are_named_in_the_order_of_their_changes()
     keep(u"/b/part.jou"_s, 2);
     const auto offer = make_offer();
     QCOMPARE(offer->objectName(), u"recoveryOffer"_s);
-    QCOMPARE(offer->windowTitle(), u"Recover Journals"_s);
-    QCOMPARE(offer->text(), u"Unsaved journals were kept when the program ended unexpectedly:\n\n"
+    QCOMPARE(offer->windowTitle(), u"Recover Unsaved Work"_s);
+    QCOMPARE(offer->text(), u"Unsaved work was kept when the program ended unexpectedly:\n\n"
                             "Untitled (changed 2026-05-01 12:01)\n"
                             "part.jou (changed 2026-05-01 12:02)\n"
                             "part.jou (changed 2026-05-01 12:03)"_s);

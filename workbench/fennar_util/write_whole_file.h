@@ -12,8 +12,9 @@
  * A file with another name is written beside it, is brought to the disk, and then takes its place. The file's
  * permissions stay, and a symbolic link stays one: the file that it leads to is replaced. A file that may not
  * be written to is not replaced. What is no file, as a device, is written to directly.
+ * Any thread.
  *
- * Throws a GeometryError with the system's reason. What was at @p path is as it was then, unless it is a
- * device.
+ * @return why it failed, in the system's words; empty if the new content is on the disk. After a failure what
+ * was at @p path is as it was, unless it is a device.
  */
-void write_whole_file(const QString& path, const QByteArrayList& parts);
+[[nodiscard]] QString write_whole_file(const QString& path, const QByteArrayList& parts);

@@ -1,20 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/components/geometry/write_whole_file.h"
-
-#include "workbench/components/geometry/GeometryError.h"
+#include "workbench/fennar_util/write_whole_file.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
 #include <optional>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -27,7 +25,7 @@ constexpr int most_links = 40;
 
 [[noreturn]] void fail(int error)
 {
-    throw GeometryError(qt_error_string(error));
+    throw std::system_error(error, std::generic_category());
 }
 
 /** Throws if a call of the system has failed. */
@@ -148,9 +146,7 @@ void write_device(const QByteArray& path, const QByteArrayList& parts)
     device.close();
 }
 
-} // namespace
-
-void write_whole_file(const QString& path, const QByteArrayList& parts)
+void replace(const QString& path, const QByteArrayList& parts)
 {
     const QString file = without_links(path);
     const QByteArray name = QFile::encodeName(file);
@@ -182,4 +178,16 @@ void write_whole_file(const QString& path, const QByteArrayList& parts)
     descriptor.close();
     neighbour.become(name);
     sync_directory(directory);
+}
+
+} // namespace
+
+QString write_whole_file(const QString& path, const QByteArrayList& parts)
+{
+    try {
+        replace(path, parts);
+        return {};
+    } catch (const std::system_error& error) {
+        return qt_error_string(error.code().value());
+    }
 }

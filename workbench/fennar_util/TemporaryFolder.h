@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QTemporaryDir>
+
+#include <memory>
+
+/**
+ * A new folder for temporary files. It is removed with the object, and also if a signal ends the program; see
+ * remove_on_signals(). Any thread.
+ */
+class TemporaryFolder
+{
+public:
+    /** Makes it where the system has temporary files. */
+    TemporaryFolder();
+    ~TemporaryFolder();
+    Q_DISABLE_COPY_MOVE(TemporaryFolder)
+
+    /** Whether it could be made. */
+    bool is_valid() const { return mFolder->isValid(); }
+    /** Why it could not be made. */
+    QString error() const { return mFolder->errorString(); }
+    QString path() const { return mFolder->path(); }
+    /** The path of a file in it. */
+    QString path(const QString& name) const { return mFolder->filePath(name); }
+
+    /**
+     * From now on SIGINT, SIGTERM and SIGHUP remove all these folders before they end the program, which they
+     * do as they would by themselves. A signal that is ignored stays so. Called once, by the main function.
+     */
+    static void remove_on_signals();
+
+private:
+    std::unique_ptr<QTemporaryDir> mFolder;
+};
