@@ -154,8 +154,7 @@ void TstFailingWrites::recovery_copy_is_the_old_or_the_new_one()
     QFETCH(const QString, kind);
     const auto folder = RecoveryFolder::make(mDirectory->filePath(u"recovery"_s));
     QVERIFY(folder);
-    KeptDocument document{
-        u"/a/part"_s, QDateTime::currentDateTimeUtc(), u"old"_s, kind, {"old"}};
+    KeptDocument document{u"/a/part"_s, QDateTime::currentDateTimeUtc(), u"old"_s, kind, {"old"}};
     QCOMPARE(folder->write(1, document), QString());
     document.text = QString(100'000, u'x');
     document.data = {QByteArray(100'000, 'x'), "y"};

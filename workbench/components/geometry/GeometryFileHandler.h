@@ -58,11 +58,10 @@ private:
     OstrelFileMenu* menu() const;
     bool is_plugged_in() const;
     void ask_about_changes();
-    /** Takes back what the file menu has noted of a file that was not opened or saved after all. */
-    void show_file();
     /** Runs work on the document and tells what fails. Returns whether it has succeeded. */
     bool attempt(const std::function<void()>& work);
-    /** Shows the document's own file as the current one. */
+    /** Shows the document's own file as the current one: takes back what the file menu has noted of a file
+     * that was not opened or saved after all. */
     void show_file();
     /** Runs a flow of the file menu; what is told meanwhile is thrown at its end. */
     void run_for_command(const std::function<void()>& flow);

@@ -167,8 +167,8 @@ void TstJournalFiles::journal_that_is_cut_counts_as_unsaved()
     QVERIFY(desk.box(not_saved));
     QVERIFY2(desk.box(not_saved)->text().contains(u"it has only 4 of 10 bytes"_s),
              qPrintable(desk.box(not_saved)->text()));
-    QCOMPARE(desk.reports,
-             QStringList(u"%1 does not hold the whole journal: it has only 4 of 10 bytes"_s.arg(desk.path())));
+    QCOMPARE(desk.reports, QStringList(u"%1 does not hold the whole journal: it has only 4 of 10 bytes"_s.arg(
+                               desk.path())));
 
     // There is room again.
     desk.editor->fileSave();

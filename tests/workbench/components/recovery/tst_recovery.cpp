@@ -159,8 +159,7 @@ QString TstRecovery::leave(const QString& folder, const QByteArray& text)
 
 QString TstRecovery::leave_work(const QString& folder, const QByteArray& data, int minute)
 {
-    const QDateTime changed =
-        QDateTime::fromString(u"2026-05-01T12:0%1:00Z"_s.arg(minute), Qt::ISODate);
+    const QDateTime changed = QDateTime::fromString(u"2026-05-01T12:0%1:00Z"_s.arg(minute), Qt::ISODate);
     const QString path =
         leave(folder, KeptDocument{u"/a/part.mdl"_s, changed, {}, u"model"_s, {data}}.encode().join());
     const QString name = path.chopped(8) + u".work"_s;
