@@ -5,6 +5,7 @@
 
 #include "console/CommandWindow.h"
 #include "files/OstrelFileMenu.h"
+#include "frame/Alive.h"
 #include "frame/OstrelEventFilter.h"
 #include "frame/OstrelSplitter.h"
 #include "frame/Ostrel_sections.h"
@@ -33,11 +34,14 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPersistentModelIndex>
 #include <QPixmapCache>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QVBoxLayout>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -184,17 +188,21 @@ Ostrel::~Ostrel()
 {
     if (mOstrel == this)
         mOstrel = nullptr;
+    // It goes with the window, which then has no place for another.
+    if (mGraphicsWidget)
+        disconnect(mGraphicsWidget, &QObject::destroyed, this, nullptr);
     QPixmapCache::clear();
     mSections.reset();
-    delete mDefaultWidget;
-    delete mOptionsPanel;
-    delete mJournalEditor;
-    delete mFileMenu;
-    delete mViewMenu;
-    delete mToolsMenu;
-    delete mWindowMenu;
-    delete mHelpMenu;
-    delete mCommandWindow;
+    // What goes last may still ask for what went first.
+    delete std::exchange(mDefaultWidget, nullptr);
+    delete std::exchange(mOptionsPanel, nullptr);
+    delete std::exchange(mJournalEditor, nullptr);
+    delete std::exchange(mFileMenu, nullptr);
+    delete std::exchange(mViewMenu, nullptr);
+    delete std::exchange(mToolsMenu, nullptr);
+    delete std::exchange(mWindowMenu, nullptr);
+    delete std::exchange(mHelpMenu, nullptr);
+    delete std::exchange(mCommandWindow, nullptr);
     // After all widgets that may have registered with it.
     mEventFilter.reset();
 }
@@ -293,22 +301,48 @@ QString Ostrel::command_prompt() const
 
 void Ostrel::set_graphics_widget(QWidget* w)
 {
+    const Alive alive(this);
+    const QPointer<QWidget> wanted(w);
     QWidget* const shown = mGraphicsWidget ? mGraphicsWidget : mDefaultWidget;
     const int index = mGraphicsArea->indexOf(shown);
+    const bool was_graphics = mGraphicsWidget != nullptr;
+    if (was_graphics)
+        disconnect(mGraphicsWidget, &QObject::destroyed, this, nullptr);
+    mGraphicsWidget = nullptr;
     mGraphicsArea->removeWidget(shown);
-    if (mGraphicsWidget) {
-        mGraphicsWidget = nullptr;
+    // Whoever is told of a step may have put something in its place, which then stays.
+    if (alive && !is_graphics_area_taken() && was_graphics)
         CLOptions::instance()->set_graphics_state(1);
-    }
+    if (!alive || is_graphics_area_taken())
+        return;
 
-    if (w) {
-        mGraphicsWidget = w;
-        w->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-        mGraphicsArea->insertWidget(index, w);
-        CLOptions::instance()->set_graphics_state(2);
+    if (wanted) {
+        mGraphicsWidget = wanted;
+        connect(wanted, &QObject::destroyed, this, &Ostrel::replace_deleted_graphics);
+        wanted->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+        if (alive && wanted && mGraphicsWidget == wanted)
+            mGraphicsArea->insertWidget(index, wanted);
+        if (alive && wanted && mGraphicsWidget == wanted)
+            CLOptions::instance()->set_graphics_state(2);
     } else {
         mGraphicsArea->insertWidget(index, mDefaultWidget);
     }
+}
+
+bool Ostrel::is_graphics_area_taken() const
+{
+    return mGraphicsWidget || mGraphicsArea->indexOf(mDefaultWidget) != -1;
+}
+
+void Ostrel::replace_deleted_graphics()
+{
+    // What is left of it is in the splitter still.
+    const int index = mGraphicsArea->indexOf(mGraphicsWidget);
+    mGraphicsWidget = nullptr;
+    const Alive alive(this);
+    CLOptions::instance()->set_graphics_state(1);
+    if (alive && !is_graphics_area_taken())
+        mGraphicsArea->insertWidget(index, mDefaultWidget);
 }
 
 bool Ostrel::is_in_batch_mode() const
@@ -349,14 +383,19 @@ void Ostrel::setUsingLargeButtonIcons(bool on)
 void Ostrel::update_navigation_model(bool rows)
 {
     // The replaced panel is not deleted, which is intended: it stays a hidden child of the dock.
-    const QModelIndex current = mCommandPanel->current_index();
+    const QPersistentModelIndex current = mCommandPanel->current_index();
+    TaskPanel* panel = nullptr;
     if (rows)
-        mCommandPanel = new CommandButtonPanel(mCommandPanelDock);
+        panel = new CommandButtonPanel(mCommandPanelDock);
     else
-        mCommandPanel = new BreadcrumbsPanel(mCommandPanelDock);
-    mCommandPanelDock->setWidget(mCommandPanel);
-    mCommandPanel->set_model(mNavigationModel, QModelIndex());
-    mCommandPanel->set_current_index(current);
+        panel = new BreadcrumbsPanel(mCommandPanelDock);
+    mCommandPanel = panel;
+    const Alive alive(this, panel);
+    mCommandPanelDock->setWidget(panel);
+    if (alive)
+        panel->set_model(mNavigationModel, QModelIndex());
+    if (alive)
+        panel->set_current_index(current);
 }
 
 void Ostrel::display_context_menu(QContextMenuEvent* e)
@@ -413,8 +452,11 @@ void Ostrel::keyPressEvent(QKeyEvent* e)
 
 void Ostrel::closeEvent(QCloseEvent* e)
 {
+    const Alive alive(this);
     if (mJournalEditor && !mJournalEditor->isHidden()) {
         mJournalEditor->close();
+        if (!alive)
+            return;
         if (!mJournalEditor->isHidden()) {
             save_settings();
             e->ignore();
@@ -422,6 +464,8 @@ void Ostrel::closeEvent(QCloseEvent* e)
         }
     }
     const bool may_close = !mFileMenu || mFileMenu->check_modified();
+    if (!alive)
+        return;
     // Even if the window stays.
     save_settings();
     if (!may_close) {

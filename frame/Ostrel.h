@@ -39,6 +39,13 @@ class TaskPanel;
  * MainFrame creates, shows and owns it. Components get it from instance() and use its accessors; what these
  * return belongs to the window and dies with it, and is null where the window has no such part.
  *
+ * There is one at a time. A second one is built all the same, but instance() stays the first, and through it
+ * the parts reach each other: the second one's option pages stand in the first one's dialog, and its progress
+ * and cancel button belong to the first one's event filter. It is of no use to a user.
+ *
+ * What is called while the window works (slots, handlers, event filters, the host) may do all that it may do
+ * otherwise, and delete the window: see "What may happen during a call" in docs/architecture.md.
+ *
  * GUI thread only.
  */
 class OSTRELGUI_EXPORT Ostrel : public QMainWindow
@@ -97,9 +104,11 @@ public:
     /**
      * Puts @p w into the central area, in place of the widget that was there.
      *
-     * @param w  stays the caller's, who must take it out before deleting it; one that is still in place when
-     * the window is destroyed goes with it. Null brings the black placeholder back. The widget taken out is
-     * left alive and without a parent.
+     * @param w  stays the caller's; one that is still in place when the window is destroyed goes with it, and
+     * one that is deleted in place gives way to the black placeholder. Null brings the placeholder back. The
+     * widget taken out is left alive and without a parent.
+     *
+     * Whoever is told of the change may put another widget in, which then stays.
      */
     void set_graphics_widget(QWidget* w);
 
@@ -173,6 +182,9 @@ public:
      * of the actions just removed, which Qt deletes when the event loop runs next. So a toolbar that loses
      * many at once stays, empty, until the next call. One that loses a separator is emptied; see
      * MenuSections.
+     *
+     * A click on one of the toolbar's own buttons may call this: what is being clicked is deleted when the
+     * click has returned.
      */
     void remove_toolbar_items(const char* component);
     /**
@@ -191,9 +203,10 @@ public:
      *
      * @param dock       becomes the window's. It must have an object name.
      * @param component  the owner mark of its entry in the view menu; null stands for the dock's object name.
-     * @param area       where to put it; must be one of @p allowed.
+     * @param area       where to put it; must be one area, and one of @p allowed.
      * @param allowed    where the user may drag it.
-     * @return false, with nothing done, if @p dock is null or has no object name or @p area is not allowed.
+     * @return false, with nothing done, if @p dock is null or has no object name or @p area is no such area;
+     * false as well if the dock is deleted by what is told of its coming.
      */
     bool add_dock_window(QDockWidget* dock, const char* component, Qt::DockWidgetArea area,
                          Qt::DockWidgetAreas allowed);
@@ -241,6 +254,8 @@ private:
     struct Sections;
 
     ProgressControl* progress() const;
+    bool is_graphics_area_taken() const;
+    void replace_deleted_graphics();
     void update_navigation_model(bool rows);
     void restore_settings();
     /** Saves the settings unless the window is hidden. For a host that quits Qt without closing the window.

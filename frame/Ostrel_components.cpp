@@ -3,8 +3,10 @@
 
 // What components add to the main window, and how it goes again.
 
+#include "frame/Alive.h"
 #include "frame/Ostrel.h"
 #include "frame/Ostrel_sections.h"
+#include "frame/RemovableWidget.h"
 #include "menus/OstrelHelpMenu.h"
 #include "menus/OstrelToolsMenu.h"
 #include "menus/OstrelViewMenu.h"
@@ -27,36 +29,32 @@ namespace {
 // A toolbar with so few tool buttons counts as empty. It is not 0, which is intended.
 constexpr int buttons_of_an_empty_toolbar = 3;
 
-/** A menu that one of its own entries may remove. */
-class ComponentMenu : public QMenu
+using ComponentMenu = RemovableWidget<QMenu>;
+using ComponentToolBar = RemovableWidget<QToolBar>;
+
+// Qt takes no other.
+bool is_one_area(Qt::DockWidgetArea area)
 {
-public:
-    using QMenu::QMenu;
-
-    /** Deletes the menu: now, or, if an entry chosen in it is being carried out, when that has returned. */
-    void remove()
-    {
-        if (mEvents > 0)
-            deleteLater();
-        else
-            delete this;
+    switch (area) {
+    case Qt::LeftDockWidgetArea:
+    case Qt::RightDockWidgetArea:
+    case Qt::TopDockWidgetArea:
+    case Qt::BottomDockWidgetArea:
+        return true;
+    default:
+        return false;
     }
+}
 
-protected:
-    bool event(QEvent* e) override
-    {
-        const QPointer<ComponentMenu> self(this);
-        ++mEvents;
-        const bool taken = QMenu::event(e);
-        // It may have been the event that deletes the menu.
-        if (self)
-            --mEvents;
-        return taken;
-    }
-
-private:
-    int mEvents = 0;
-};
+/** The list of that name; one whose widget has been deleted by someone else is forgotten. */
+MenuSections* find_list(QMap<QString, MenuSections*>& lists, const QString& name)
+{
+    MenuSections* const found = lists.value(name);
+    if (!found || found->widget())
+        return found;
+    delete lists.take(name);
+    return nullptr;
+}
 
 } // namespace
 
@@ -85,15 +83,29 @@ void Ostrel::add_to_menu(const QString& title, std::vector<QAction*>& actions, c
         return;
     }
 
-    MenuSections*& sections = mSections->menus[title];
+    MenuSections* sections = find_list(mSections->menus, title);
     if (!sections) {
-        sections = new MenuSections(title);
-        auto* menu = new ComponentMenu(this);
+        auto* menu = new ComponentMenu;
         menu->setTitle(title);
+        sections = new MenuSections(title);
+        sections->set_menu(menu, menu->menuAction());
+        mSections->menus.insert(title, sections);
+        const ComponentMenu::Use use(menu);
+        const QPointer<QMenu> made = menu;
+        const Alive alive(this, menu);
+        // Filled before it is shown, so that nobody who is told of it takes it for an empty one.
+        sections->add_items(actions, component, nullptr);
+        if (alive)
+            menu->setParent(this, menu->windowFlags());
+        if (!alive)
+            delete made;
+        if (!alive || mSections->menus.value(title) != sections)
+            return;
         // Behind the file menu, or before the tools menu, which is the last but one.
         const QList<QAction*> bar = mMenuBar->actions();
         const qsizetype place = title == tr("&Edit") ? 1 : bar.size() - 2;
-        sections->set_menu(menu, mMenuBar->insertMenu(bar.value(place), menu));
+        mMenuBar->insertMenu(bar.value(place), menu);
+        return;
     }
     sections->add_items(actions, component, nullptr);
 }
@@ -115,16 +127,23 @@ void Ostrel::add_to_toolbar(const char* name, const QString& title, std::vector<
     if (!component || !name || !mSections)
         return;
     const QString key = QString::fromUtf8(name);
-    MenuSections*& sections = mSections->toolbars[key];
+    MenuSections* sections = find_list(mSections->toolbars, key);
     if (!sections) {
-        sections = new MenuSections(key);
-        auto* toolbar = new QToolBar(this);
+        auto* toolbar = new ComponentToolBar;
         toolbar->setObjectName(key);
-        sections->set_toolbar(toolbar);
         toolbar->setWindowTitle(title);
-        addToolBar(area, toolbar);
-        if (mViewMenu)
+        sections = new MenuSections(key);
+        sections->set_toolbar(toolbar);
+        mSections->toolbars.insert(key, sections);
+        const ComponentToolBar::Use use(toolbar);
+        const Alive alive(this, toolbar);
+        toolbar->setParent(this);
+        if (alive)
+            addToolBar(area, toolbar);
+        if (alive && mViewMenu)
             mViewMenu->get_toolbar_menu()->addAction(toolbar->toggleViewAction());
+        if (!alive || mSections->toolbars.value(key) != sections)
+            return;
     }
     sections->add_items(actions, component, nullptr);
 }
@@ -133,25 +152,32 @@ void Ostrel::remove_menu_items(const char* component)
 {
     if (!component)
         return;
+    const Alive alive(this);
     if (mViewMenu)
         mViewMenu->remove_component_items(component);
-    if (mToolsMenu)
+    if (alive && mToolsMenu)
         mToolsMenu->remove_component_items(component);
-    if (mHelpMenu)
+    if (alive && mHelpMenu)
         mHelpMenu->remove_component_items(component);
-    if (!mSections)
+    if (!alive || !mSections)
         return;
-    for (auto entry = mSections->menus.begin(); entry != mSections->menus.end();) {
-        MenuSections* const sections = entry.value();
-        sections->remove_items(component);
-        if (!sections->menu->actions().isEmpty() || !sections->menu_action) {
-            ++entry;
+    for (const QString& title : mSections->menus.keys()) {
+        if (MenuSections* const sections = find_list(mSections->menus, title))
+            sections->remove_items(component);
+        if (!alive)
+            return;
+        // Looked up again, since others may have removed it meanwhile.
+        const MenuSections* const left = find_list(mSections->menus, title);
+        if (!left || left->is_changing() || !left->menu->actions().isEmpty() || !left->menu_action)
             continue;
-        }
-        mMenuBar->removeAction(sections->menu_action);
-        static_cast<ComponentMenu*>(sections->menu)->remove();
-        entry = mSections->menus.erase(entry);
-        delete sections;
+        // Out of the list first: what is told of the end of the menu may look there.
+        const std::unique_ptr<MenuSections> taken(mSections->menus.take(title));
+        const QPointer<ComponentMenu> menu = dynamic_cast<ComponentMenu*>(taken->menu);
+        mMenuBar->removeAction(taken->menu_action);
+        if (menu)
+            menu->remove();
+        if (!alive)
+            return;
     }
 }
 
@@ -160,17 +186,25 @@ void Ostrel::remove_toolbar_items(const char* component)
     // The window menu has nothing to do with toolbars; that it must exist is intended.
     if (!mSections || !component || !mWindowMenu)
         return;
-    for (auto entry = mSections->toolbars.begin(); entry != mSections->toolbars.end();) {
-        MenuSections* const sections = entry.value();
-        sections->remove_items(component);
+    const Alive alive(this);
+    for (const QString& name : mSections->toolbars.keys()) {
+        if (MenuSections* const sections = find_list(mSections->toolbars, name))
+            sections->remove_items(component);
+        if (!alive)
+            return;
+        const MenuSections* const left = find_list(mSections->toolbars, name);
         // Whatever is below the toolbar; see the header.
-        if (sections->toolbar->findChildren<QToolButton*>().size() > buttons_of_an_empty_toolbar) {
-            ++entry;
+        if (!left || left->is_changing() ||
+            left->toolbar->findChildren<QToolButton*>().size() > buttons_of_an_empty_toolbar)
             continue;
-        }
-        delete sections->toolbar;
-        entry = mSections->toolbars.erase(entry);
-        delete sections;
+        const std::unique_ptr<MenuSections> taken(mSections->toolbars.take(name));
+        const QPointer<ComponentToolBar> toolbar = dynamic_cast<ComponentToolBar*>(taken->toolbar);
+        if (toolbar && mViewMenu)
+            mViewMenu->get_toolbar_menu()->removeAction(toolbar->toggleViewAction());
+        if (toolbar)
+            toolbar->remove();
+        if (!alive)
+            return;
     }
 }
 
@@ -178,7 +212,7 @@ void Ostrel::push_tool_button(const char* toolbar, const char* button, bool on)
 {
     if (!toolbar || !button || !mSections)
         return;
-    const MenuSections* const sections = mSections->toolbars.value(QString::fromUtf8(toolbar));
+    const MenuSections* const sections = find_list(mSections->toolbars, QString::fromUtf8(toolbar));
     if (!sections)
         return;
     const QString name = QString::fromUtf8(button) + u"_action_button"_s;
@@ -194,10 +228,15 @@ void Ostrel::push_tool_button(const char* toolbar, const char* button, bool on)
 bool Ostrel::add_dock_window(QDockWidget* dock, const char* component, Qt::DockWidgetArea area,
                              Qt::DockWidgetAreas allowed)
 {
-    if (!dock || !mSections || dock->objectName().isEmpty() || !(allowed & area))
+    if (!dock || !mSections || dock->objectName().isEmpty() || !is_one_area(area) || !(allowed & area))
         return false;
+    // A dock tells of its move, which may be the end of it.
+    const Alive alive(this, dock);
     addDockWidget(area, dock);
-    dock->setAllowedAreas(allowed);
+    if (alive)
+        dock->setAllowedAreas(allowed);
+    if (!alive)
+        return false;
     if (mViewMenu) {
         const QByteArray own_name = dock->objectName().toUtf8();
         mViewMenu->add_dock_item(dock->toggleViewAction(), component ? component : own_name.constData());
