@@ -3,6 +3,7 @@
 
 #include "menus/HelpAboutOstrel.h"
 
+#include "frame/Alive.h"
 #include "host/fennar_python/FennarPythonInterpreter.h"
 #include "host/ostrelfw/Framework.h"
 #include "ui_QtHelpAboutOstrel.h"
@@ -55,8 +56,9 @@ void HelpAboutOstrel::add_about(QWidget* widget)
     auto* layout = qobject_cast<QBoxLayout*>(ui->mAboutFrame->layout());
     // One that is there already would otherwise shift what the index counts.
     layout->removeWidget(widget);
+    const Alive alive(this, widget);
     layout->insertWidget(layout->count() - 2, widget);
-    if (isVisible())
+    if (alive && isVisible())
         widget->show();
 }
 

@@ -6,6 +6,7 @@
 #include "frame/MenuSections.h"
 #include "frame/Ostrel.h"
 #include "menus/HelpAboutOstrel.h"
+#include "menus/raise_open_dialog.h"
 
 #include <QAction>
 #include <QMenu>
@@ -75,7 +76,7 @@ void OstrelHelpMenu::help_tip_of_day() {}
 
 void OstrelHelpMenu::help_about()
 {
-    if (!mAboutDialog)
+    if (!mAboutDialog || raise_open_dialog(mAboutDialog))
         return;
     mAboutDialog->finish_populating_dialog();
     mAboutDialog->exec();

@@ -60,7 +60,7 @@ public:
 public slots:
     /** Does nothing, which is intended, and is connected to nothing. */
     void help_tip_of_day();
-    /** Shows the about dialog, modal, with what was set last. */
+    /** Shows the about dialog, modal, with what was set last. One that is open comes to the front. */
     void help_about();
 
 private:

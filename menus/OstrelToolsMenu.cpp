@@ -3,10 +3,12 @@
 
 #include "menus/OstrelToolsMenu.h"
 
+#include "frame/Alive.h"
 #include "frame/MenuSections.h"
 #include "frame/Ostrel.h"
 #include "host/fennari19/FennarInterface.h"
 #include "journal/JournalEditor.h"
+#include "menus/raise_open_dialog.h"
 #include "options/ComponentTool.h"
 #include "options/OptionsPanel.h"
 #include "resources/load_icon.h"
@@ -122,11 +124,13 @@ void OstrelToolsMenu::show_journal_editor()
     JournalEditor* const editor = mMainWindow->journal_editor();
     if (!editor)
         return;
+    const Alive alive(editor);
     if (editor->isMinimized())
         editor->showNormal();
     else
         editor->show();
-    editor->activateWindow();
+    if (alive)
+        editor->activateWindow();
 }
 
 void OstrelToolsMenu::pause_playback(bool on)
@@ -145,8 +149,10 @@ void OstrelToolsMenu::pause_playback(bool on)
 
 void OstrelToolsMenu::show_component_tool()
 {
-    if (!mComponentTool)
+    if (!mComponentTool) {
         mComponentTool = new ComponentTool(mMainWindow);
+        connect(mComponentTool, &QObject::destroyed, this, [this] { mComponentTool = nullptr; });
+    }
     mComponentTool->show();
 }
 
@@ -155,7 +161,13 @@ void OstrelToolsMenu::run_options()
     OptionsPanel* const panel = mMainWindow->options();
     if (!panel)
         return;
+    // What the user has set in it so far stays.
+    if (raise_open_dialog(panel))
+        return;
+    const Alive alive(panel);
     panel->refresh_settings();
-    panel->select_first();
-    panel->exec();
+    if (alive)
+        panel->select_first();
+    if (alive)
+        panel->exec();
 }

@@ -71,7 +71,8 @@ public slots:
     void pause_playback(bool on);
     /** Shows the plugin tool, which is made the first time and is not modal. */
     void show_component_tool();
-    /** Opens the options dialog, modal, on its first page. Does nothing if there is none. */
+    /** Opens the options dialog, modal, on its first page. One that is open comes to the front as it is. Does
+     * nothing if there is none. */
     void run_options();
 
 private:

@@ -10,6 +10,7 @@
 #include <QDockWidget>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QToolBar>
 
 #include <algorithm>
@@ -41,11 +42,18 @@ void set_first_checked(const std::vector<QAction*>& actions, const QString& labe
                                     [&label](const QAction* action) { return action->text() == label; });
     if (found == actions.end())
         return;
-    QAction* const toggle = *found;
+    const QPointer<QAction> toggle = *found;
+    const auto* dock = qobject_cast<const QDockWidget*>(toggle->parent());
+    if (dock && dock->toggleViewAction() != toggle)
+        dock = nullptr;
+    const bool changes = toggle->isChecked() != checked;
     toggle->setChecked(checked);
-    // A dock follows its action only when that is triggered.
-    const auto* const dock = qobject_cast<const QDockWidget*>(toggle->parent());
-    if (dock && dock->toggleViewAction() == toggle)
+    // Who is told of that may have deleted the dock with its action, or have thought better of it.
+    if (!toggle || !dock || toggle->isChecked() != checked)
+        return;
+    // A dock follows its action only when that is triggered. Before its window is shown it may have to follow
+    // an action that shows the state already.
+    if (changes || dock->isHidden() == checked)
         emit toggle->triggered(checked);
 }
 

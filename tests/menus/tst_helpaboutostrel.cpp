@@ -176,6 +176,17 @@ private slots:
         QCOMPARE(label(dialog, "mOstrel3rdParty"), list);
     }
 
+    void application_name_that_looks_like_markup_is_shown_as_it_is()
+    {
+        const QString before = QCoreApplication::applicationName();
+        const auto restore = qScopeGuard([&] { QCoreApplication::setApplicationName(before); });
+        QCoreApplication::setApplicationName(u"<b>a</b>&amp;"_s);
+        HelpAboutOstrel dialog(nullptr);
+        auto* const list = child<QLabel>(dialog, "mOstrel3rdParty");
+        QVERIFY(list->text().startsWith(u"<b>a</b>&amp; includes:\n"_s));
+        QCOMPARE(list->textFormat(), Qt::PlainText);
+    }
+
     void nothing_set_shows_empty_tags_and_the_word_icon()
     {
         HelpAboutOstrel dialog(nullptr);

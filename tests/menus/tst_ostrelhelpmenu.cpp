@@ -137,6 +137,31 @@ private slots:
         QCOMPARE(modal, QList<bool>({true, true}));
     }
 
+    void open_dialog_comes_to_the_front_as_it_is()
+    {
+        HelpAboutOstrel* const dialog = help()->get_help_about_dialog();
+        QString name;
+        bool open_still = false;
+        QTimer::singleShot(0, dialog, [&] {
+            dialog->setProductName(u"Later"_s);
+            // Nests no second loop, of which Qt would warn.
+            help()->help_about();
+            open_still = dialog->isVisible();
+            name = dialog->findChild<QLabel*>(u"mProductNameLabel"_s)->text();
+            dialog->reject();
+        });
+        help()->help_about();
+        QVERIFY(open_still);
+        QCOMPARE(name, u"<h1></h>"_s);
+    }
+
+    void window_may_be_deleted_under_the_dialog()
+    {
+        QTimer::singleShot(0, help(), [&] { delete_window(); });
+        help()->help_about();
+        QVERIFY(!Ostrel::instance());
+    }
+
     void tip_of_the_day_does_nothing()
     {
         const QWidgetList before = QApplication::topLevelWidgets();

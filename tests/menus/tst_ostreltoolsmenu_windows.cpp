@@ -89,6 +89,55 @@ private slots:
         QVERIFY(!tool);
     }
 
+    void plugin_tool_deleted_by_others_is_made_anew()
+    {
+        trigger(u"mComponentAction"_s);
+        delete component_tools().first();
+        trigger(u"mComponentAction"_s);
+        QCOMPARE(component_tools().size(), 1);
+        QVERIFY(component_tools().first()->isVisible());
+        delete component_tools().first();
+    }
+
+    void open_options_come_to_the_front_as_they_are()
+    {
+        OptionsPanel* const panel = window()->options();
+        auto* tree = panel->findChild<QTreeWidget*>(u"mOptionList"_s);
+        const QSignalSpy refreshed(panel, &OptionsPanel::refreshSettings);
+        int row = -1;
+        bool open_still = false;
+        DialogDriver driver;
+        driver.expect<OptionsPanel>([&](OptionsPanel* open) {
+            tree->setCurrentItem(tree->topLevelItem(1));
+            // Nests no second loop, of which Qt would warn.
+            tools()->run_options();
+            open_still = open->isVisible();
+            row = tree->indexOfTopLevelItem(tree->currentItem());
+            open->reject();
+        });
+        trigger(u"mOptionsAction"_s);
+        QVERIFY(driver.finish());
+        QVERIFY(open_still);
+        QCOMPARE(row, 1);
+        QCOMPARE(refreshed.count(), 1);
+    }
+
+    void window_may_be_deleted_while_the_options_open()
+    {
+        connect(window()->options(), &OptionsPanel::refreshSettings, this, [this] { delete_window(); });
+        tools()->run_options();
+        QVERIFY(!Ostrel::instance());
+    }
+
+    void window_may_be_deleted_under_the_options()
+    {
+        DialogDriver driver;
+        driver.expect<OptionsPanel>([&](OptionsPanel*) { delete_window(); });
+        tools()->run_options();
+        QVERIFY(driver.finish());
+        QVERIFY(!Ostrel::instance());
+    }
+
     void options_are_refreshed_and_begin_on_the_first_item()
     {
         OptionsPanel* const panel = window()->options();

@@ -240,6 +240,48 @@ private slots:
         QVERIFY(!dock->isHidden());
     }
 
+    void state_that_a_dock_has_already_triggers_nothing()
+    {
+        QDockWidget* const dock = add_dock(u"Dock"_s);
+        window()->show();
+        QVERIFY(dock->isVisible());
+        const QSignalSpy triggered(dock->toggleViewAction(), &QAction::triggered);
+        view()->show_dock_window(u"Dock"_s);
+        QCOMPARE(triggered.count(), 0);
+        view()->hide_dock_window(u"Dock"_s);
+        QCOMPARE(triggered.count(), 1);
+        view()->hide_dock_window(u"Dock"_s);
+        QCOMPARE(triggered.count(), 1);
+        view()->show_dock_window(u"Dock"_s);
+        QCOMPARE(triggered.count(), 2);
+    }
+
+    void dock_may_be_deleted_by_its_toggle()
+    {
+        for (const bool on_screen : {true, false}) {
+            const QPointer<QDockWidget> dock = add_dock(u"Dock"_s);
+            window()->setVisible(on_screen);
+            dock->toggleViewAction()->setChecked(true);
+            connect(dock->toggleViewAction(), &QAction::toggled, window(), [&] { delete dock; });
+            view()->hide_dock_window(u"Dock"_s);
+            QVERIFY(!dock);
+            view()->show_dock_window(u"Dock"_s);
+            QVERIFY(!dock_labels().contains(u"Dock"_s));
+        }
+    }
+
+    void toggle_may_think_better_of_it()
+    {
+        QDockWidget* const dock = add_dock(u"Dock"_s);
+        window()->show();
+        QAction* const toggle = dock->toggleViewAction();
+        connect(toggle, &QAction::toggled, window(), [toggle] { toggle->setChecked(true); });
+        const QSignalSpy triggered(toggle, &QAction::triggered);
+        view()->hide_dock_window(u"Dock"_s);
+        QCOMPARE(triggered.count(), 0);
+        QVERIFY(dock->isVisible() && toggle->isChecked());
+    }
+
     void action_that_is_no_dock_s_own_is_only_checked()
     {
         QAction toggle(u"Mine"_s);
