@@ -69,8 +69,11 @@ ConsoleOwner::~ConsoleOwner()
 {
     if (mEditor)
         mEditor->remove_import_items(import_owner);
+    // What is removed stays the console's child, and would go with it once more.
     mWindow->remove_command_tab(mErrors.get());
+    mErrors->setParent(nullptr);
     mWindow->remove_command_tab(mPage.get());
+    mPage->setParent(nullptr);
 }
 
 void ConsoleOwner::set_interpreters(LineInterpreter* commands, LineInterpreter* python)
