@@ -16,6 +16,7 @@
 #include <QDockWidget>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -89,12 +90,15 @@ void Ostrel::add_to_menu(const QString& title, std::vector<QAction*>& actions, c
         sections = new MenuSections(title);
         sections->set_menu(menu, menu->menuAction());
         mSections->menus.insert(title, sections);
-        // Filled before it is shown, so that nobody who is told of it takes it for an empty one.
         const ComponentMenu::Use use(menu);
+        const QPointer<QMenu> made = menu;
         const Alive alive(this, menu);
+        // Filled before it is shown, so that nobody who is told of it takes it for an empty one.
         sections->add_items(actions, component, nullptr);
         if (alive)
             menu->setParent(this, menu->windowFlags());
+        if (!alive)
+            delete made;
         if (!alive || mSections->menus.value(title) != sections)
             return;
         // Behind the file menu, or before the tools menu, which is the last but one.

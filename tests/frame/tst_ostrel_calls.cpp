@@ -143,7 +143,9 @@ private slots:
     void deleted_graphics_widget_gives_way_to_the_placeholder();
     void graphics_widget_set_during_a_change_stays();
     void graphics_widget_may_be_deleted_while_it_is_put_in();
+    void window_may_be_deleted_while_graphics_change_data();
     void window_may_be_deleted_while_graphics_change();
+    void graphics_widget_set_when_one_is_deleted_stays();
 
     // The rest.
     void window_may_be_deleted_while_it_closes();
@@ -691,20 +693,49 @@ void TstOstrelCalls::graphics_widget_may_be_deleted_while_it_is_put_in()
     QCOMPARE(window.graphics_area()->widget(0), placeholder(window));
 }
 
+void TstOstrelCalls::window_may_be_deleted_while_graphics_change_data()
+{
+    QTest::addColumn<QString>("moment");
+    QTest::newRow("a widget has left") << u"CLParser::set_graphics_state(1)"_s;
+    QTest::newRow("a widget has come") << u"CLParser::set_graphics_state(2)"_s;
+}
+
 void TstOstrelCalls::window_may_be_deleted_while_graphics_change()
 {
+    QFETCH(const QString, moment);
     auto window = std::make_unique<Ostrel>();
     QWidget first;
-    QWidget second;
+    auto* second = new QWidget;
+    const QPointer<QWidget> watched = second;
     window->set_graphics_widget(&first);
-    const EventActor actor(&first, QEvent::ParentChange, [&] {
-        window.reset();
-        return false;
-    });
+    HostDouble::instance().on_record = [&](const QString& call) {
+        if (call == moment)
+            window.reset();
+    };
     Ostrel* const called = window.get();
-    called->set_graphics_widget(&second);
-    QVERIFY(actor.has_acted());
-    QCOMPARE(second.parent(), nullptr);
+    called->set_graphics_widget(second);
+    HostDouble::instance().on_record = nullptr;
+    QVERIFY(!window);
+    // What is in place goes with the window.
+    QCOMPARE(watched.isNull(), moment.contains(u'2'));
+    delete watched;
+}
+
+void TstOstrelCalls::graphics_widget_set_when_one_is_deleted_stays()
+{
+    Ostrel window;
+    QWidget other;
+    window.set_graphics_widget(new QWidget);
+    HostDouble::instance().on_record = [&](const QString& call) {
+        if (call == u"CLParser::set_graphics_state(1)"_s)
+            window.set_graphics_widget(&other);
+    };
+    delete window.graphics_widget();
+    HostDouble::instance().on_record = nullptr;
+    QCOMPARE(window.graphics_widget(), &other);
+    QCOMPARE(window.graphics_area()->count(), 1);
+    window.set_graphics_widget(nullptr);
+    QCOMPARE(window.graphics_area()->widget(0), placeholder(window));
 }
 
 void TstOstrelCalls::window_may_be_deleted_while_it_closes()

@@ -273,7 +273,7 @@ void TstFileMenuFormats::export_without_the_ending_replaces_no_file_unasked()
     file.close();
     DialogDriver driver;
     driver.expect<QFileDialog>(
-        [&](QFileDialog* dialog) { choose_with_return(dialog, path(typed), u"STL (*.stl)"_s); });
+        [&](QFileDialog* dialog) { choose_with_return(dialog, temp_path(typed), u"STL (*.stl)"_s); });
     driver.expect(u"QMessageBox"_s, press(replaces ? QDialogButtonBox::Yes : QDialogButtonBox::No));
     if (typed == u"a.stl"_s && !replaces)
         driver.expect<QFileDialog>(press(QDialogButtonBox::Cancel));
