@@ -261,9 +261,11 @@ void CommandWidget::clearToPrompt()
 
 void CommandWidget::addExternalCommand(const QString& command)
 {
+    // A copy: a slot may change what the reference names.
+    const QString shown = command;
     if (!mPromptShown)
         printPrompt();
-    setCurrentCommand(command);
+    setCurrentCommand(shown);
     command_end().insertText(u"\n"_s);
     mPromptShown = false;
 }
@@ -283,10 +285,11 @@ void CommandWidget::appendToCommand(const QString& command)
 void CommandWidget::insertInCommand(const QString& command)
 {
     const Alive alive(this);
+    const QString inserted = command;
     if (cursorIndex() < 0)
         setTextCursor(command_end());
     if (alive)
-        textCursor().insertText(command);
+        textCursor().insertText(inserted);
 }
 
 void CommandWidget::printPrompt(bool continuation, const char* indent)
@@ -295,11 +298,13 @@ void CommandWidget::printPrompt(bool continuation, const char* indent)
     if (mPromptShown)
         return;
     // At the start of the line: what was typed ahead becomes part of the command.
+    const QString beginning = QString::fromUtf8(indent);
     QTextCursor cursor(document()->lastBlock());
-    cursor.insertText(continuation ? mContinuationPrompt : mPrompt);
-    if (indent && *indent)
-        cursor.insertText(QString::fromUtf8(indent));
+    // First, or a slot that prints a prompt would print another one.
     mPromptShown = true;
+    cursor.insertText(continuation ? mContinuationPrompt : mPrompt);
+    if (!beginning.isEmpty())
+        cursor.insertText(beginning);
 }
 
 void CommandWidget::setReadOnly(bool readOnly)

@@ -174,6 +174,8 @@ private slots:
     void drop_with_output_selected_lands_under_the_pointer();
     void page_may_go_when_the_history_is_reset();
     void command_is_the_same_after_the_history_is_reset();
+    void texts_are_the_same_after_a_slot_has_run();
+    void prompt_is_printed_once_if_a_slot_prints_it_too();
     void page_may_go_when_it_is_cleared_from_its_menu();
     void page_may_go_when_the_caret_comes_home_data();
     void page_may_go_when_the_caret_comes_home();
@@ -287,6 +289,39 @@ void TstConsoleActs::command_is_the_same_after_the_history_is_reset()
     connect(&page, &CommandWidget::resetHistoryIndex, &page, [&] { recalled.reset(); });
     page.new_command(*recalled);
     QCOMPARE(page.take_signals(), QStringList({u"reset"_s, u"entered: recalled!"_s}));
+}
+
+void TstConsoleActs::texts_are_the_same_after_a_slot_has_run()
+{
+    // Texts that a slot takes away as soon as the page changes.
+    std::unique_ptr<QString> text;
+    std::unique_ptr<QByteArray> indent;
+    const auto forget = [&] {
+        text.reset();
+        indent.reset();
+    };
+    Page page;
+    connect(&page, &QPlainTextEdit::textChanged, &page, forget);
+    connect(&page, &QPlainTextEdit::cursorPositionChanged, &page, forget);
+
+    text = std::make_unique<QString>(QString(u"external"_s).append(u'!'));
+    page.addExternalCommand(*text);
+    QCOMPARE(page.text(), u"$ external!\n"_s);
+    indent = std::make_unique<QByteArray>("   ");
+    page.printPrompt(false, indent->constData());
+    QCOMPARE(page.text(), u"$ external!\n$    "_s);
+    page.put_caret(0);
+    text = std::make_unique<QString>(QString(u"inserted"_s).append(u'!'));
+    page.insertInCommand(*text);
+    QCOMPARE(page.text(), u"$ external!\n$    inserted!"_s);
+}
+
+void TstConsoleActs::prompt_is_printed_once_if_a_slot_prints_it_too()
+{
+    Page page;
+    connect(&page, &QPlainTextEdit::textChanged, &page, [&] { page.printPrompt(); });
+    page.printPrompt();
+    QCOMPARE(page.text(), u"$ "_s);
 }
 
 void TstConsoleActs::page_may_go_when_it_is_cleared_from_its_menu()

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "frame/Ostrel.h"
+#include "host/ostrelfw/Broker.h"
 #include "host/ostrelfw/Framework.h"
 #include "support/windows.h"
 #include "workbench/Workbench.h"
@@ -128,6 +129,8 @@ void TstCommandDescriptions::set_up_class()
     for (const ComponentManager::Component& component : workbench().components().components())
         QVERIFY2(component.state == ComponentManager::State::Loaded, qPrintable(component.name));
     QVERIFY(registry().names().size() >= 35);
+    // The first line that is folded, for the command that shows it whole.
+    Broker::command << QString(10'000, u'x') << u"\n"_s;
 }
 
 /** A model, files and a session in which every command finds what it works on. */
