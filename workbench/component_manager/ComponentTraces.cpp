@@ -167,11 +167,11 @@ Surroundings Surroundings::now(const CommandRegistry& registry)
     const QObjectList objects = window_objects();
     for (const QObject* object : objects) {
         if (counts(object))
-            found.objects.insert(object);
+            found.objects.insert(object, object);
     }
     const QWidgetList windows = free_windows();
     for (const QWidget* window : windows)
-        found.objects.insert(window);
+        found.objects.insert(window, window);
     visit_actions([&found](const QWidget* widget, const QAction* action) {
         found.actions.insert({widget, action});
     });
@@ -195,8 +195,10 @@ ComponentTraces::ComponentTraces(const QString& name, const Surroundings& before
     : mName(name), mCode(code), mRegistry(&registry)
 {
     const Surroundings after = Surroundings::now(registry);
-    for (const QObject* object : after.objects - before.objects)
-        mObjects << const_cast<QObject*>(object);
+    for (const QObject* object : after.objects.keys()) {
+        if (!before.objects.value(object))
+            mObjects << const_cast<QObject*>(object);
+    }
     for (const auto& [widget, action] : after.actions - before.actions)
         mActions << Placement{const_cast<QWidget*>(widget), const_cast<QAction*>(action)};
     if (after.graphics_widget != before.graphics_widget)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QAction>
+#include <QHash>
 #include <QList>
 #include <QPointer>
 #include <QSet>
@@ -23,7 +24,8 @@ struct Surroundings
     static Surroundings now(const CommandRegistry& registry);
 
     /** What can be seen or chosen in the main window, and all windows. Compared by address only. */
-    QSet<const QObject*> objects;
+    /** With a watch on each: the address of one that has gone may belong to another. */
+    QHash<const QObject*, QPointer<const QObject>> objects;
     /** Which action stands in which widget. */
     QSet<std::pair<const QWidget*, const QAction*>> actions;
     QWidget* graphics_widget = nullptr;
