@@ -218,17 +218,15 @@ class Scripts(unittest.TestCase):
         self.assertEqual(self.call("check", "release", "no-such").returncode, 2)
         self.assertEqual(self.calls("cmake"), [])
 
-    def test_ci_calls_check_with_every_stage(self):
+    def test_ci_calls_check_with_every_stage_that_builds(self):
         self.ctest()
         self.stand_in("tools/tidy", "exit 7")
         ci = self.call(".ci/run", CI="")
-        self.assertEqual(ci.returncode, 7)
-        with open(os.path.join(ROOT, "check"), encoding="utf-8") as check:
-            stages = re.search("there are: (.*)\"", check.read()).group(1).split()
-        self.assertEqual(re.findall("^== (.*)", ci.stdout, re.M)[:len(stages)], stages)
+        self.assertEqual(ci.returncode, 0)
+        self.assertEqual(re.findall("^== (.*)", ci.stdout, re.M)[:3], ["format", "release", "asan"])
         self.assertEqual([c.split()[2] for c in self.calls("ctest")], ["release", "asan"])
-        self.assertEqual(len(self.calls("tidy")), 1)
-        self.assertEqual(len([c for c in self.calls("cmake") if "-DOSTREL_WARNINGS_AS_ERRORS=ON" in c]), 3)
+        self.assertEqual(self.calls("tidy"), [])
+        self.assertEqual(len([c for c in self.calls("cmake") if "-DOSTREL_WARNINGS_AS_ERRORS=ON" in c]), 2)
 
     # --- bench
 
