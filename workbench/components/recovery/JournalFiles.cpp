@@ -110,11 +110,10 @@ JournalFiles::JournalFiles(JournalEditor* editor, const Report& report)
     editor->installEventFilter(this);
     guard(u"fileSaveAction"_s, &JournalEditor::fileSave, &JournalFiles::look_at_current);
     guard(u"fileSaveAllAction"_s, &JournalEditor::fileSaveAll, &JournalFiles::look_at_modified);
-    guard(u"fileCloseAction"_s, &JournalEditor::fileClose, &JournalFiles::look_at_current);
+    guard(u"fileCloseAction"_s, &JournalEditor::fileClose, &JournalFiles::may_close_current);
     disconnect(mTabs, &QTabWidget::tabCloseRequested, editor, nullptr);
     connect(mTabs, &QTabWidget::tabCloseRequested, this, [this](int tab) {
-        auto* const document = qobject_cast<Document*>(mTabs->widget(tab));
-        if (!document || !document->document()->isModified() || look_at(document, true))
+        if (may_close(mTabs->widget(tab)))
             mEditor->close_tab(tab);
     });
     follow_documents();
@@ -138,15 +137,15 @@ void JournalFiles::check()
     if (!mTabs)
         return;
     follow_documents();
-    for (Document* document : documents())
-        look_at(document, false);
+    for (const QPointer<Document>& document : documents()) {
+        if (document)
+            look_at(document, false);
+    }
 }
 
-// The window closes, or has become the active one.
-bool JournalFiles::eventFilter(QObject* object, QEvent* event)
+bool JournalFiles::eventFilter(QObject*, QEvent* event)
 {
-    if (object != mEditor)
-        return false;
+    // Other events come from within the editor's end, too.
     if (event->type() == QEvent::WindowActivate)
         mPatience.start();
     if (event->type() != QEvent::Close || look_at_modified())
@@ -178,9 +177,9 @@ void JournalFiles::guard(const QString& name, void (JournalEditor::*slot)(),
     mGuarded.append({action, slot});
 }
 
-QList<JournalFiles::Document*> JournalFiles::documents() const
+QList<QPointer<QPlainTextEdit>> JournalFiles::documents() const
 {
-    QList<Document*> all;
+    QList<QPointer<Document>> all;
     for (int tab = 0; mTabs && tab < mTabs->count(); ++tab) {
         if (auto* document = qobject_cast<Document*>(mTabs->widget(tab)))
             all << document;
@@ -190,7 +189,7 @@ QList<JournalFiles::Document*> JournalFiles::documents() const
 
 void JournalFiles::follow_documents()
 {
-    for (Document* document : documents())
+    for (const QPointer<Document>& document : documents())
         watch(document);
 }
 
@@ -268,11 +267,23 @@ bool JournalFiles::look_at_current()
     return !document || look_at(document, true);
 }
 
+bool JournalFiles::may_close_current()
+{
+    return may_close(mTabs ? mTabs->currentWidget() : nullptr);
+}
+
+// One that is not modified is not written.
+bool JournalFiles::may_close(QWidget* page)
+{
+    auto* const document = qobject_cast<Document*>(page);
+    return !document || !document->document()->isModified() || look_at(document, true);
+}
+
 bool JournalFiles::look_at_modified()
 {
     bool all = true;
-    for (Document* document : documents()) {
-        if (document->document()->isModified() && !look_at(document, true))
+    for (const QPointer<Document>& document : documents()) {
+        if (!may_close(document))
             all = false;
     }
     return all;

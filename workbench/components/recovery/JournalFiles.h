@@ -95,12 +95,14 @@ private:
     bool look_at(Document* document, bool insist);
     bool look_at_modified();
     bool look_at_current();
+    bool may_close_current();
+    bool may_close(QWidget* page);
     void accept_state(Watched& watched);
     void complain(Document* document, const QString& reason);
     void ask(Document* document, bool insist);
     void reload(Document* document);
     void compare(Document* document);
-    QList<Document*> documents() const;
+    QList<QPointer<Document>> documents() const;
 
     QPointer<JournalEditor> mEditor;
     /** The editor's; null if it has none. */

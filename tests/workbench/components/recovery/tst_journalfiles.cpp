@@ -124,7 +124,9 @@ private slots:
     void touched_file_is_no_change_data();
     void touched_file_is_no_change();
     void file_that_is_gone_is_written_anew();
+    void unmodified_journal_of_a_changed_file_may_be_closed_data();
     void unmodified_journal_of_a_changed_file_may_be_closed();
+    void unmodified_journal_is_not_written_over_a_changed_file();
 
     // Lives.
     void question_goes_with_its_document();
@@ -520,15 +522,38 @@ void TstJournalFiles::file_that_is_gone_is_written_anew()
     QVERIFY(!is_modified(document));
 }
 
+void TstJournalFiles::unmodified_journal_of_a_changed_file_may_be_closed_data()
+{
+    cut_journal_is_not_closed_data();
+}
+
 void TstJournalFiles::unmodified_journal_of_a_changed_file_may_be_closed()
 {
+    QFETCH(const QString, by);
     Desk desk;
     QVERIFY(show_active(desk.editor.get()));
     desk.write("old");
     desk.open_and_type({});
     desk.write("by others");
-    QVERIFY(desk.editor->close());
+    if (by == "menu"_L1)
+        desk.trigger(u"fileCloseAction"_s);
+    else if (by == "tab"_L1)
+        emit tabs_of(*desk.editor)->tabCloseRequested(0);
+    else
+        QVERIFY(desk.editor->close());
+    QVERIFY(desk.editor->isHidden());
     QCOMPARE(desk.content(), "by others");
+}
+
+void TstJournalFiles::unmodified_journal_is_not_written_over_a_changed_file()
+{
+    Desk desk;
+    desk.write("old");
+    desk.open_and_type({});
+    desk.write("by others");
+    desk.trigger(u"fileSaveAction"_s);
+    QCOMPARE(desk.content(), "by others");
+    QVERIFY(desk.box(changed));
 }
 
 void TstJournalFiles::question_goes_with_its_document()
