@@ -18,7 +18,8 @@ OutputDrag::OutputDrag(CommandWidget* page) : mPage(page)
 
 bool OutputDrag::eventFilter(QObject*, QEvent* event)
 {
-    const auto* mouse = static_cast<QMouseEvent*>(event);
+    // Null for events of other kinds, which are not looked at.
+    const auto* mouse = dynamic_cast<QMouseEvent*>(event);
     switch (event->type()) {
     case QEvent::MouseButtonPress:
         mSelected = {};
