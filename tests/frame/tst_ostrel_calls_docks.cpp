@@ -160,7 +160,8 @@ void TstOstrelCallsDocks::view_menu_knows_living_docks_only_whatever_their_toggl
         Ostrel window;
         window.setVisible(round % 2 == 0);
         std::function<void()> act;
-        int told = 0; // Qt itself goes on with an action of which it tells
+        int told = 0;  // Qt itself goes on with an action of which it tells
+        int dying = 0; // and lays the window out with what is left of a dock that is being deleted
         const MenuWatch watch(window.menuBar()->actions().at(1)->menu(), [&] {
             ++told;
             if (left > 0)
@@ -191,21 +192,27 @@ void TstOstrelCallsDocks::view_menu_knows_living_docks_only_whatever_their_toggl
             const QString label = labels.at(random.bounded(quint32(labels.size())));
             switch (random.bounded(7)) {
             case 0:
-                add_dock();
+                if (dying == 0)
+                    add_dock();
                 break;
             case 1:
-                window.view_menu()->show_dock_window(label);
+                if (dying == 0)
+                    window.view_menu()->show_dock_window(label);
                 break;
             case 2:
-                window.view_menu()->hide_dock_window(label);
+                if (dying == 0)
+                    window.view_menu()->hide_dock_window(label);
                 break;
             case 3:
                 window.remove_dock_window(qPrintable(label));
                 break;
             case 4:
                 for (QDockWidget* dock : std::set<QDockWidget*>(docks)) {
-                    if (told == 0 && docks.contains(dock) && !busy.contains(dock) && random.bounded(3) == 0)
+                    if (told == 0 && docks.contains(dock) && !busy.contains(dock) && random.bounded(3) == 0) {
+                        ++dying;
                         delete dock;
+                        --dying;
+                    }
                 }
                 break;
             case 5: {
