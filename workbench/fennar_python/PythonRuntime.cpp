@@ -22,9 +22,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/** How long stop() waits for Python's threads. */
-constexpr auto grace = 1s;
-
 /** PyConfig frees its strings only when asked to. */
 class Configuration
 {
@@ -144,8 +141,9 @@ int take_turn(void*)
     return 0;
 }
 
-/** Ends Python's other threads as far as they listen. Called and left with Python's lock held. */
-bool end_other_threads()
+/** Ends Python's other threads as far as they listen within @p grace. Called and left with Python's lock
+ * held. */
+bool end_other_threads(std::chrono::milliseconds grace)
 {
     const auto next_other = [own = PyThreadState_Get()](PyThreadState* thread) {
         return thread == own ? PyThreadState_Next(thread) : thread;
@@ -232,7 +230,7 @@ bool PythonRuntime::is_ready()
     return state.running;
 }
 
-void PythonRuntime::stop()
+void PythonRuntime::stop(std::chrono::milliseconds grace)
 {
     PythonState& state = PythonState::get();
     state.waiting = nullptr;
@@ -252,7 +250,7 @@ void PythonRuntime::stop()
     state.stopWhenIdle = false;
     without_python_lock([&] { state.ticker.reset(); });
 
-    const bool alone = end_other_threads();
+    const bool alone = end_other_threads(grace);
     if (!alone) {
         try {
             py::module_::import("atexit").attr("_run_exitfuncs")();

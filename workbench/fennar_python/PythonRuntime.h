@@ -8,6 +8,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <functional>
 
 /** What Python needs of the application. Each may be null; its texts are then dropped, its answer is no. */
@@ -77,13 +78,13 @@ public:
     static bool is_ready();
 
     /**
-     * Stops Python. Its threads are asked to end by a SystemExit; one that has not ended after a second is
+     * Stops Python. Its threads are asked to end by a SystemExit; one that has not ended within @p grace is
      * left standing still. Functions registered with atexit run. What was written before arrives first.
      * Called from Python code, through a hook, it lets go of the hooks at once, ends that code by a
      * SystemExit, and finishes when the code has returned. Without a start it
      * only sees to it that none is made when Python is needed.
      */
-    static void stop();
+    static void stop(std::chrono::milliseconds grace = std::chrono::seconds(1));
 
     /** Whether Python runs. May be called on any thread. */
     static bool running();
