@@ -11,10 +11,12 @@
 #include <QTest>
 #include <QThread>
 
+#include <chrono>
 #include <cstdio>
 #include <thread>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -106,7 +108,8 @@ int play_stop(const StopPart& part)
                                 "    return thread\n";
     if (user->Run_SimpleString((preamble + part.source).constData()) != 0)
         return 3;
-    PythonRuntime::stop();
+    // For those that stay there is no need to wait, and those that end may take their time.
+    PythonRuntime::stop(part.ends ? 10s : 50ms);
     std::fputs(qPrintable(recorder.output), stdout);
     std::fputs(qPrintable(recorder.errors), stderr);
     return PythonRuntime::running() ? 4 : 0;
