@@ -160,6 +160,8 @@ void TstOstrelFileMenuMoments::any_moment_of_a_flow_bears_any_act_data()
          {},
          {u"import_recent"_s}},
         {"closing", [](OstrelFileMenu* menu) { menu->check_modified(); }, true, yes_button, saved},
+        {"window closed", [](OstrelFileMenu* menu) { qobject_cast<QWidget*>(menu->parent())->close(); }, true,
+         no_button, dropped + QStringList{u"Mediator::request_exit"_s}},
     };
     for (const auto& [name, flow, named, button, moments] : flows) {
         for (const char* act : {"nothing", "window", "none", "deleted", "another"})
