@@ -11,6 +11,7 @@
 #include "frame/ProgressControl.h"
 #include "frame/read_setting.h"
 #include "frame/settings_keys.h"
+#include "host/navigation/NavigationModel.h"
 #include "host/navigation/NavigationReader.h"
 #include "host/navigation/NavigationResourcesDelay.h"
 #include "host/ostrelfw/Broker.h"
@@ -52,13 +53,16 @@ QString navigation_directory()
            (classic ? u"/entity-based-xml"_s : u"/action-based-xml"_s);
 }
 
-// Prints what the reader has to say, which is gone with it.
+// Prints what the reader has to say, which is gone with it. The model may go at any step.
 void read_navigation(const QString& directory, NavigationResources* resources, NavigationModel* model)
 {
+    const Alive alive(model);
     NavigationReader reader;
     reader.setResources(resources);
-    reader.setModel(model, nullptr, nullptr);
-    reader.buildNavigation(directory, u".xml"_s);
+    if (alive)
+        reader.setModel(model, nullptr, nullptr);
+    if (alive)
+        reader.buildNavigation(directory, u".xml"_s);
     for (const QString& message : std::as_const(reader.messages))
         Broker::command << message << u"\n"_s;
 }
@@ -67,8 +71,9 @@ void read_navigation(const QString& directory, NavigationResources* resources, N
 
 struct MainFramePrivate
 {
-    // Destroyed from the last to the first: the splash screen goes before the resources.
-    std::unique_ptr<NavigationResourcesDelay> resources = std::make_unique<NavigationResourcesDelay>();
+    // Destroyed from the last to the first: the splash screen goes before the resources. Those stay until a
+    // call that uses them returns.
+    std::shared_ptr<NavigationResourcesDelay> resources = std::make_shared<NavigationResourcesDelay>();
     std::unique_ptr<QSplashScreen> splash;
     bool tracks = false;
 };
@@ -128,8 +133,9 @@ bool MainFrame::build_window()
     if (!alive)
         return false;
     const QString directory = navigation_directory();
-    mPrivate->resources->model = window->navigation_model();
-    read_navigation(directory, mPrivate->resources.get(), window->navigation_model());
+    const std::shared_ptr<NavigationResourcesDelay> resources = mPrivate->resources;
+    resources->model = window->navigation_model();
+    read_navigation(directory, resources.get(), window->navigation_model());
     return bool(alive);
 }
 
@@ -229,8 +235,11 @@ void MainFrame::finish_splash()
 void MainFrame::component_loaded(const char* name)
 {
     // The tracker is registered even when no window could be built, and may be told late.
-    if (mPrivate)
-        mPrivate->resources->recheckResources();
-    if (mMainWindow)
-        mMainWindow->component_finished_loading(name);
+    const QPointer<Ostrel> window(mMainWindow);
+    const auto resources = mPrivate ? mPrivate->resources : nullptr;
+    if (resources)
+        resources->recheckResources();
+    // The frame may be gone by now.
+    if (window)
+        window->component_finished_loading(name);
 }

@@ -170,6 +170,7 @@ private slots:
     void frame_may_be_unloaded_while_the_queue_runs_data();
     void frame_may_be_unloaded_while_the_queue_runs();
     void frame_may_be_unloaded_by_what_it_announces();
+    void frame_may_go_while_resources_are_rechecked();
     void frame_may_be_unloaded_while_its_splash_closes();
 
     void new_event_is_posted_not_sent();
@@ -672,8 +673,10 @@ void TstMainFrame::loading_while_loading_does_nothing()
 void TstMainFrame::frame_may_be_unloaded_while_it_loads_data()
 {
     QTest::addColumn<QString>("moment");
-    for (const char* moment : {"CLParser::batch_mode", "Framework::python_interpreter",
-                               "BrokerCommand::set_command_window(set)", "BrokerCommand::operator<<"})
+    for (const char* moment :
+         {"CLParser::batch_mode", "Framework::python_interpreter", "BrokerCommand::set_command_window(set)",
+          "NavigationReader::setResources", "NavigationReader::setModel", "NavigationReader::buildNavigation",
+          "BrokerCommand::operator<<"})
         QTest::newRow(moment) << QString::fromLatin1(moment);
 }
 
@@ -683,15 +686,22 @@ void TstMainFrame::frame_may_be_unloaded_while_it_loads()
     host().navigation_messages = {u"first"_s, u"second"_s};
     MainFrame frame;
     bool unloaded = false;
+    bool early = false;
     host().on_record = [&](const QString& call) {
         if (!unloaded && call.startsWith(moment)) {
             unloaded = true;
             frame.unload_gui();
+            early = moment.startsWith(u"NavigationReader"_s) &&
+                    host().calls.contains(u"~NavigationResourcesDelay()"_s);
+            host().take_calls();
         }
     };
     QVERIFY(!frame.load_gui());
     host().on_record = nullptr;
     QVERIFY(unloaded);
+    QVERIFY2(!early, "the reader was left without its resources");
+    // The model that it would be given has gone.
+    QCOMPARE(host().take_calls().filter(u"NavigationReader::"_s), QStringList());
     QVERIFY(!frame.is_loaded());
     QVERIFY(!Ostrel::instance());
     QVERIFY(host().trackers.empty());
@@ -751,6 +761,28 @@ void TstMainFrame::frame_may_be_unloaded_by_what_it_announces()
     connect(Ostrel::instance(), &Ostrel::componentLoaded, this, [&] { frame.unload_gui(); });
     frame.component_loaded("geometry");
     QVERIFY(!frame.is_loaded());
+}
+
+void TstMainFrame::frame_may_go_while_resources_are_rechecked()
+{
+    auto frame = std::make_unique<LoadedFrame>();
+    host().take_calls();
+    bool early = false;
+    host().on_record = [&](const QString& call) {
+        if (call != u"NavigationResourcesDelay::recheckResources()"_s)
+            return;
+        LoadedFrame* const called = frame.get();
+        called->unload_gui();
+        frame.reset();
+        early = host().calls.contains(u"~NavigationResourcesDelay()"_s);
+    };
+    LoadedFrame* const called = frame.get();
+    called->component_loaded("geometry");
+    host().on_record = nullptr;
+    QVERIFY(!frame);
+    QVERIFY(!Ostrel::instance());
+    QVERIFY2(!early, "the resources went in their own call");
+    QCOMPARE(host().calls.count(u"~NavigationResourcesDelay()"_s), 1);
 }
 
 void TstMainFrame::frame_may_be_unloaded_while_its_splash_closes()
