@@ -4,6 +4,8 @@
 #include "workbench/playback/JournalPlayer.h"
 
 #include "files/OstrelFileMenu.h"
+#include "files/modal_dialogs.h"
+#include "frame/Alive.h"
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
 #include "journal/JournalEditor.h"
@@ -12,9 +14,7 @@
 #include "workbench/fennari19/tokenize.h"
 
 #include <QAction>
-#include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QTabWidget>
@@ -174,9 +174,10 @@ void JournalPlayer::play(const QStringList& lines, const Source& source, const P
 
 void JournalPlayer::play_file()
 {
-    const QString file = QFileDialog::getOpenFileName(mWindow, tr("Play Journal File"), OstrelFileMenu::mPath,
-                                                      tr("Journal Files (*.jou *.py);;All Files (*.*)"));
-    if (file.isEmpty())
+    const Alive alive(this);
+    const QString file = ask_open_file(mWindow, tr("Play Journal File"), OstrelFileMenu::mPath,
+                                       tr("Journal Files (*.jou *.py);;All Files (*.*)"));
+    if (file.isEmpty() || !alive)
         return;
     OstrelFileMenu::set_path_from_file(file);
     mRunCommand(u"play "_s + quote_word(file));
@@ -204,8 +205,8 @@ void JournalPlayer::show_place(const JournalPlace& place)
     if (tab >= 0) {
         tabs->setCurrentIndex(tab);
     } else if (place.file.isEmpty()) {
-        QMessageBox::information(mWindow, tr("Show Error"),
-                                 tr("The document that was played has been closed and is in no file."));
+        show_message(QMessageBox::Information, mWindow, tr("Show Error"),
+                     tr("The document that was played has been closed and is in no file."), QMessageBox::Ok);
         return;
     } else {
         editor->open_file(place.file);

@@ -55,6 +55,7 @@ private slots:
     void cancelled_dialog_inserts_nothing();
     void key_works_in_an_empty_document();
     void document_that_goes_meanwhile_takes_nothing();
+    void window_may_go_under_the_dialog();
 
 private:
     static JournalEditor* editor() { return Ostrel::instance()->journal_editor(); }
@@ -97,7 +98,7 @@ void TstInsertCommand::tear_down()
 {
     Fennar::instance().registry().remove_owner(u"test"_s);
     mManager.reset();
-    if (mFrame)
+    if (mFrame && mFrame->is_loaded())
         mFrame->unload_gui();
     mFrame.reset();
     const QWidgetList windows = QApplication::topLevelWidgets();
@@ -323,6 +324,15 @@ void TstInsertCommand::document_that_goes_meanwhile_takes_nothing()
         dialog->accept();
     });
     QCOMPARE(document()->toPlainText(), u"# note\n"_s);
+}
+
+void TstInsertCommand::window_may_go_under_the_dialog()
+{
+    DialogDriver driver;
+    driver.expect(u"InsertCommandDialog"_s, [&](QWidget*) { mFrame->unload_gui(); });
+    editor()->actions().constFirst()->trigger();
+    QVERIFY(driver.finish());
+    QVERIFY(!Ostrel::instance());
 }
 
 OSTREL_TEST(TstInsertCommand)

@@ -4,6 +4,7 @@
 #include "workbench/components/geometry/GeometryFileHandler.h"
 
 #include "files/OstrelFileMenu.h"
+#include "files/modal_dialogs.h"
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
 #include "workbench/components/geometry/GeometryDocument.h"
@@ -17,7 +18,6 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QPointer>
 #include <QScopeGuard>
@@ -137,9 +137,9 @@ void GeometryFileHandler::set_directory()
 {
     QString start;
     OstrelFileMenu::get_path(start);
-    const QString directory = QFileDialog::getExistingDirectory(mWindow, tr("Set Directory"), start);
-    // This object may have gone while the dialog was open.
-    if (directory.isEmpty() || !Ostrel::instance())
+    const std::weak_ptr<void> life = mLife;
+    const QString directory = ask_directory(mWindow, tr("Set Directory"), start);
+    if (directory.isEmpty() || life.expired() || !Ostrel::instance())
         return;
     if (!QDir::setCurrent(directory)) {
         Fennar::instance().interpreter().report(

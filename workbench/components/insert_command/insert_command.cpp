@@ -88,10 +88,17 @@ void InsertCommand::insert()
     const QPointer<QPlainTextEdit> target = document();
     if (!target)
         return;
-    InsertCommandDialog dialog(Fennar::instance().registry(), mEditor);
-    // The document may be closed meanwhile.
-    if (dialog.exec() == QDialog::Accepted && target && !dialog.name().isEmpty())
-        insert_template(target, dialog.name(), dialog.usage());
+    // On the heap: the editor may go meanwhile, and takes the dialog with it. The document may be closed.
+    const QPointer<InsertCommandDialog> dialog =
+        new InsertCommandDialog(Fennar::instance().registry(), mEditor);
+    const bool accepted = dialog->exec() == QDialog::Accepted;
+    if (!dialog)
+        return;
+    const QString name = dialog->name();
+    const QString usage = dialog->usage();
+    delete dialog.data();
+    if (accepted && target && !name.isEmpty())
+        insert_template(target, name, usage);
 }
 
 std::unique_ptr<InsertCommand> insert_command;

@@ -6,6 +6,7 @@
 #include "files/OpenSaveHandler.h"
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
+#include "menus/OstrelToolsMenu.h"
 #include "support/TestCase.h"
 #include "support/dialogs.h"
 #include "support/statics.h"
@@ -90,6 +91,8 @@ private slots:
     void file_that_is_gone_leaves_the_recent_files();
     void set_directory_asks_and_tells();
     void set_directory_that_is_cancelled_changes_nothing();
+    void window_may_go_under_a_dialog_of_files_data();
+    void window_may_go_under_a_dialog_of_files();
     void recent_import_runs_its_command();
     void tree_of_an_opened_model_is_in_the_order_of_the_solids();
     void unloaded_component_takes_its_document_with_it();
@@ -99,6 +102,8 @@ private slots:
     void batch_run_fails_with_the_model();
 
 private:
+    using Ask = void (*)();
+
     /** Begins a life of the program. */
     void start();
     /** Ends it, without a word about unsaved data. */
@@ -666,6 +671,26 @@ void TstModelFiles::set_directory_that_is_cancelled_changes_nothing()
     QVERIFY(driver.finish());
     QCOMPARE(QDir::currentPath(), before);
     QCOMPARE(OstrelFileMenu::mPath, mDirectory->path());
+}
+
+void TstModelFiles::window_may_go_under_a_dialog_of_files_data()
+{
+    QTest::addColumn<Ask>("ask");
+    QTest::newRow("Set Directory") << Ask([] { Ostrel::instance()->file_menu()->file_directory(); });
+    QTest::newRow("Play Journal File")
+        << Ask([] { Ostrel::instance()->tools_menu()->play_action()->trigger(); });
+}
+
+void TstModelFiles::window_may_go_under_a_dialog_of_files()
+{
+    QFETCH(const Ask, ask);
+    const QString before = QDir::currentPath();
+    DialogDriver driver;
+    driver.expect<QFileDialog>([&](QFileDialog*) { end(); });
+    ask();
+    QVERIFY(driver.finish());
+    QVERIFY(!Ostrel::instance());
+    QCOMPARE(QDir::currentPath(), before);
 }
 
 void TstModelFiles::recent_import_runs_its_command()
