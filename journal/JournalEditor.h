@@ -5,6 +5,7 @@
 
 #include "frame/export.h"
 
+#include <QEvent>
 #include <QIcon>
 #include <QList>
 #include <QMainWindow>
@@ -36,6 +37,13 @@ class OSTRELGUI_EXPORT JournalEditor : public QMainWindow
     Q_OBJECT
 
 public:
+    /**
+     * The type of the event that a document gets before it is written to its file, whoever asks for that. A
+     * filter on the document that calls ignore() on it and swallows it keeps the document from being written;
+     * the user then hears of that from the filter alone.
+     */
+    static constexpr auto document_is_saved = QEvent::Type(1001);
+
     /** Builds the window with one empty document and restores what was saved of it; nothing is shown yet. */
     explicit JournalEditor(QWidget* parent = nullptr);
     ~JournalEditor() override;

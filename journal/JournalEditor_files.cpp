@@ -16,6 +16,7 @@
 #include "journal/JournalEditorForm.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QFile>
 #include <QMessageBox>
 #include <QPointer>
@@ -222,6 +223,11 @@ void JournalEditor::save_document(JournalDocument* doc)
         save_document_as(doc);
         return;
     }
+    const Alive alive(this, doc);
+    QEvent event(document_is_saved);
+    QCoreApplication::sendEvent(doc, &event);
+    if (!alive || !event.isAccepted())
+        return;
     std::ofstream stream(QFile::encodeName(doc->file_name()).constData());
     if (!stream) {
         show_message(QMessageBox::Critical, this, tr("File Error"), tr("Unable to save the file."),

@@ -9,6 +9,7 @@
 #include "files/OstrelFileMenu.h"
 #include "journal/JournalDocument.h"
 #include "journal/JournalEditor.h"
+#include "support/EventActor.h"
 #include "support/TestCase.h"
 #include "support/dialogs.h"
 #include "support/menus.h"
@@ -64,6 +65,7 @@ struct Moment
 };
 
 using Act = void (*)(Moment&);
+using Slot = void (JournalEditor::*)();
 
 /** What others do at the worst moment. */
 const std::pair<const char*, Act> acts[] = {
@@ -191,6 +193,10 @@ private slots:
     void window_stays_if_the_document_to_close_has_gone();
     void document_added_while_the_window_closes_is_asked_about();
     void document_whose_new_name_is_told_may_go();
+    void filter_may_keep_a_document_from_being_written_data();
+    void filter_may_keep_a_document_from_being_written();
+    void others_act_when_a_document_is_about_to_be_written_data();
+    void others_act_when_a_document_is_about_to_be_written();
     void document_that_is_shown_for_the_first_time_may_go_data();
     void document_that_is_shown_for_the_first_time_may_go();
     void window_may_go_when_changes_are_dropped_data();
@@ -360,6 +366,71 @@ void TstJournalEditorMoments::document_whose_new_name_is_told_may_go()
     // It goes on working.
     editor->fileNew();
     QCOMPARE(tab_texts(*editor), QStringList(u"Untitled"_s));
+}
+
+void TstJournalEditorMoments::filter_may_keep_a_document_from_being_written_data()
+{
+    QTest::addColumn<Slot>("slot");
+    QTest::newRow("save") << &JournalEditor::fileSave;
+    QTest::newRow("save all") << &JournalEditor::fileSaveAll;
+    QTest::newRow("close") << &JournalEditor::fileClose;
+}
+
+void TstJournalEditorMoments::filter_may_keep_a_document_from_being_written()
+{
+    QFETCH(const Slot, slot);
+    const Moment moment;
+    for (const int i : {0, 2})
+        document_of(*moment.editor, i)->document()->setModified(false);
+    make_file(moment);
+    QFile file(moment.file());
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray before = file.readAll();
+    /** Says no. */
+    struct Refusal : QObject
+    {
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() != JournalEditor::document_is_saved)
+                return false;
+            ++asked;
+            event->ignore();
+            return true;
+        }
+        int asked = 0;
+    } refusal;
+    moment.doc->installEventFilter(&refusal);
+    DialogDriver driver;
+    if (slot == &JournalEditor::fileClose)
+        driver.expect(unsaved_box, press(u"mYesButton"_s));
+    (moment.editor->*slot)();
+    QVERIFY(driver.finish());
+    QCOMPARE(refusal.asked, 1);
+    QVERIFY(is_modified(moment.doc));
+    QVERIFY(file.seek(0));
+    QCOMPARE(file.readAll(), before);
+    QCOMPARE(tabs_of(*moment.editor)->count(), 3);
+}
+
+void TstJournalEditorMoments::others_act_when_a_document_is_about_to_be_written_data()
+{
+    QTest::addColumn<Act>("act");
+    for (const auto& [name, act] : acts)
+        QTest::newRow(name) << act;
+}
+
+void TstJournalEditorMoments::others_act_when_a_document_is_about_to_be_written()
+{
+    QFETCH(Act, act);
+    Moment moment;
+    const EventActor actor(moment.doc, JournalEditor::document_is_saved, [&] {
+        act(moment);
+        // Nobody goes on with an event of a document that is gone.
+        return moment.doc.isNull();
+    });
+    moment.editor->fileSave();
+    QVERIFY(actor.has_acted());
+    QCOMPARE(QFile::exists(moment.file()), !moment.editor.isNull() && !moment.doc.isNull());
 }
 
 void TstJournalEditorMoments::document_that_is_shown_for_the_first_time_may_go_data()
