@@ -108,9 +108,15 @@ JournalFiles::JournalFiles(JournalEditor* editor, const Report& report)
     connect(mTabs, &QTabWidget::currentChanged, this, &JournalFiles::follow_documents);
     connect(editor, &QWidget::windowTitleChanged, this, &JournalFiles::follow_documents);
     editor->installEventFilter(this);
-    guard(u"fileSaveAction"_s, &JournalEditor::fileSave, &JournalFiles::look_at_current);
-    guard(u"fileSaveAllAction"_s, &JournalEditor::fileSaveAll, &JournalFiles::look_at_modified);
-    guard(u"fileCloseAction"_s, &JournalEditor::fileClose, &JournalFiles::may_close_current);
+    // Asked before the editor asks its own question.
+    mClose = mEditor->findChild<QAction*>(u"fileCloseAction"_s);
+    if (mClose) {
+        disconnect(mClose, &QAction::triggered, mEditor, nullptr);
+        connect(mClose, &QAction::triggered, this, [this] {
+            if (mEditor && may_close(mTabs->currentWidget()))
+                mEditor->fileClose();
+        });
+    }
     disconnect(mTabs, &QTabWidget::tabCloseRequested, editor, nullptr);
     connect(mTabs, &QTabWidget::tabCloseRequested, this, [this](int tab) {
         if (may_close(mTabs->widget(tab)))
@@ -125,10 +131,8 @@ JournalFiles::~JournalFiles()
         watched.close_boxes();
     if (!mEditor || !mTabs)
         return;
-    for (const Guarded& one : std::as_const(mGuarded)) {
-        if (one.action)
-            connect(one.action, &QAction::triggered, mEditor, one.slot);
-    }
+    if (mClose)
+        connect(mClose, &QAction::triggered, mEditor, &JournalEditor::fileClose);
     connect(mTabs, &QTabWidget::tabCloseRequested, mEditor, &JournalEditor::close_tab);
 }
 
@@ -143,8 +147,17 @@ void JournalFiles::check()
     }
 }
 
-bool JournalFiles::eventFilter(QObject*, QEvent* event)
+bool JournalFiles::eventFilter(QObject* object, QEvent* event)
 {
+    if (event->type() == JournalEditor::document_is_saved) {
+        auto* const document = qobject_cast<Document*>(object);
+        if (!document || may_save(document))
+            return false;
+        event->ignore();
+        return true;
+    }
+    if (object != mEditor)
+        return false;
     // Other events come from within the editor's end, too.
     if (event->type() == QEvent::WindowActivate)
         mPatience.start();
@@ -152,29 +165,6 @@ bool JournalFiles::eventFilter(QObject*, QEvent* event)
         return false;
     event->ignore();
     return true;
-}
-
-// Puts a look at the files ahead of what an action of the editor does.
-void JournalFiles::guard(const QString& name, void (JournalEditor::*slot)(),
-                         bool (JournalFiles::*may_go_on)())
-{
-    auto* const action = mEditor->findChild<QAction*>(name);
-    if (!action)
-        return;
-    disconnect(action, &QAction::triggered, mEditor, nullptr);
-    connect(action, &QAction::triggered, this, [this, slot, may_go_on] {
-        if (!mEditor || !(this->*may_go_on)())
-            return;
-        const QPointer<JournalFiles> self = this;
-        (mEditor->*slot)();
-        // A document that was not modified does not tell that it has been saved.
-        if (self && mEditor && slot == &JournalEditor::fileSave) {
-            auto* const document = qobject_cast<Document*>(mTabs->currentWidget());
-            if (document && !document->document()->isModified())
-                verify(document);
-        }
-    });
-    mGuarded.append({action, slot});
 }
 
 QList<QPointer<QPlainTextEdit>> JournalFiles::documents() const
@@ -198,6 +188,7 @@ JournalFiles::Watched& JournalFiles::watch(Document* document)
     const bool is_new = !mWatched.contains(document);
     Watched& watched = mWatched[document];
     if (is_new) {
+        document->installEventFilter(this);
         connect(document->document(), &QTextDocument::modificationChanged, this,
                 [this, document] { modification_changed(document); });
         connect(document->document(), &QObject::destroyed, this,
@@ -261,15 +252,22 @@ void JournalFiles::verify(Document* document)
         delete watched.complaint;
 }
 
-bool JournalFiles::look_at_current()
+bool JournalFiles::may_save(Document* document)
 {
-    auto* const document = mTabs ? qobject_cast<Document*>(mTabs->currentWidget()) : nullptr;
-    return !document || look_at(document, true);
-}
-
-bool JournalFiles::may_close_current()
-{
-    return may_close(mTabs ? mTabs->currentWidget() : nullptr);
+    if (!look_at(document, true))
+        return false;
+    // One that is not modified does not tell that it has been saved.
+    if (!document->document()->isModified()) {
+        const QPointer<Document> saved = document;
+        QMetaObject::invokeMethod(
+            this,
+            [this, saved] {
+                if (saved && !saved->document()->isModified())
+                    verify(saved);
+            },
+            Qt::QueuedConnection);
+    }
+    return true;
 }
 
 // One that is not modified is not written.
@@ -339,7 +337,8 @@ void JournalFiles::complain(Document* document, const QString& reason)
 void JournalFiles::ask(Document* document, bool insist)
 {
     Watched& watched = watch(document);
-    watched.asked = State::of(watched.file);
+    const State asked = State::of(watched.file);
+    watched.asked = asked;
     if (QDialog* const open = watched.comparison ? watched.comparison.data() : watched.question.data()) {
         if (insist) {
             open->raise();
@@ -366,8 +365,14 @@ void JournalFiles::ask(Document* document, bool insist)
         add_button(box, u"journalCompare"_s, tr("&Compare..."), QMessageBox::ActionRole);
     box->setEscapeButton(add_button(box, u"journalLater"_s, tr("&Later"), QMessageBox::RejectRole));
     connect(reload_button, &QPushButton::clicked, this, [this, document] { reload(document); });
-    connect(keep_button, &QPushButton::clicked, this, [this, document] {
+    connect(keep_button, &QPushButton::clicked, this, [this, document, asked] {
         Watched& kept = watch(document);
+        // The user has not decided on what came behind the question.
+        if (!(State::of(kept.file) == asked)) {
+            kept.question.clear();
+            look_at(document, true);
+            return;
+        }
         accept_state(kept);
         // It is not what the file holds.
         document->document()->setModified(true);

@@ -29,8 +29,8 @@ class QTabWidget;
  * counts as modified again, and the user is told.
  *
  * A file that others have changed is noticed when that happens, when the editor's window becomes the active
- * one, and before the journal is saved or closed. The user is then asked whether to read it anew, to keep the
- * journal, or to see how they differ; before that is answered it is not saved.
+ * one, and before the journal is saved or closed, whoever does that. The user is then asked whether to read
+ * it anew, to keep the journal, or to see how they differ; before that is answered it is not saved.
  *
  * Nothing of it is modal. GUI thread only.
  */
@@ -83,7 +83,6 @@ private:
     using Document = QPlainTextEdit;
 
     bool eventFilter(QObject* object, QEvent* event) override;
-    void guard(const QString& action, void (JournalEditor::*slot)(), bool (JournalFiles::*may_go_on)());
     void follow_documents();
     Watched& watch(Document* document);
     void modification_changed(Document* document);
@@ -94,9 +93,9 @@ private:
      */
     bool look_at(Document* document, bool insist);
     bool look_at_modified();
-    bool look_at_current();
-    bool may_close_current();
     bool may_close(QWidget* page);
+    /** Answers the editor that is about to write a document. */
+    bool may_save(Document* document);
     void accept_state(Watched& watched);
     void complain(Document* document, const QString& reason);
     void ask(Document* document, bool insist);
@@ -112,10 +111,6 @@ private:
     QFileSystemWatcher mWatcher;
     /** Lets a program that writes come to its end. */
     QTimer mPatience;
-    struct Guarded
-    {
-        QPointer<QAction> action;
-        void (JournalEditor::*slot)();
-    };
-    QList<Guarded> mGuarded;
+    /** The editor's entry that closes the document, which comes here first. */
+    QPointer<QAction> mClose;
 };

@@ -116,7 +116,11 @@ private slots:
     void change_by_others_is_noticed();
     void change_by_others_is_not_overwritten_data();
     void change_by_others_is_not_overwritten();
+    void change_while_the_user_is_asked_is_not_overwritten_data();
+    void change_while_the_user_is_asked_is_not_overwritten();
     void kept_journal_is_saved();
+    void change_behind_the_question_is_asked_about_data();
+    void change_behind_the_question_is_asked_about();
     void file_read_anew_replaces_the_journal_which_can_be_undone();
     void comparison_shows_the_lines_that_differ();
     void question_that_is_put_off_comes_again_before_saving();
@@ -191,6 +195,7 @@ void TstJournalFiles::cut_file_of_an_unmodified_journal_is_told()
         desk.trigger(u"fileSaveAction"_s);
     }
     QCOMPARE(desk.content(), "0123");
+    QCoreApplication::sendPostedEvents();
     QVERIFY(is_modified(document));
     QVERIFY(desk.box(not_saved));
 }
@@ -361,7 +366,8 @@ void TstJournalFiles::change_by_others_is_noticed()
 void TstJournalFiles::change_by_others_is_not_overwritten_data()
 {
     QTest::addColumn<QString>("by");
-    for (const QString& by : {u"save"_s, u"save all"_s, u"close"_s, u"tab"_s, u"window"_s})
+    for (const QString& by : {u"save"_s, u"save all"_s, u"close"_s, u"tab"_s, u"window"_s, u"call to save"_s,
+                              u"call to save all"_s})
         QTest::newRow(qPrintable(by)) << by;
 }
 
@@ -383,6 +389,10 @@ void TstJournalFiles::change_by_others_is_not_overwritten()
         desk.trigger(u"fileCloseAction"_s);
     else if (by == "tab"_L1)
         emit tabs_of(*desk.editor)->tabCloseRequested(0);
+    else if (by == "call to save"_L1)
+        desk.editor->fileSave();
+    else if (by == "call to save all"_L1)
+        desk.editor->fileSaveAll();
     else
         QVERIFY(!desk.editor->close());
     QCOMPARE(desk.content(), "by others");
@@ -390,6 +400,36 @@ void TstJournalFiles::change_by_others_is_not_overwritten()
     QVERIFY(desk.editor->isVisible());
     QVERIFY(desk.box(changed));
     QVERIFY(desk.box(changed)->text().contains(u"unsaved changes"_s));
+}
+
+void TstJournalFiles::change_while_the_user_is_asked_is_not_overwritten_data()
+{
+    cut_journal_is_not_closed_data();
+}
+
+void TstJournalFiles::change_while_the_user_is_asked_is_not_overwritten()
+{
+    QFETCH(const QString, by);
+    Desk desk;
+    QVERIFY(show_active(desk.editor.get()));
+    desk.write("old");
+    JournalDocument* const document = desk.open_and_type(u"typed "_s);
+    DialogDriver driver;
+    driver.expect(unsaved_box, [&](QWidget* box) {
+        desk.write("by others");
+        ::press(u"mYesButton"_s)(box);
+    });
+    if (by == "menu"_L1)
+        desk.trigger(u"fileCloseAction"_s);
+    else if (by == "tab"_L1)
+        emit tabs_of(*desk.editor)->tabCloseRequested(0);
+    else
+        QVERIFY(!desk.editor->close());
+    QVERIFY(driver.finish());
+    QCOMPARE(desk.content(), "by others");
+    QVERIFY(is_modified(document));
+    QVERIFY(desk.editor->isVisible());
+    QVERIFY(desk.box(changed));
 }
 
 void TstJournalFiles::kept_journal_is_saved()
@@ -410,6 +450,34 @@ void TstJournalFiles::kept_journal_is_saved()
     QCOMPARE(desk.content(), "old\n");
     QVERIFY(!is_modified(document));
     QVERIFY(!desk.box(changed) && !desk.box(not_saved));
+}
+
+void TstJournalFiles::change_behind_the_question_is_asked_about_data()
+{
+    QTest::addColumn<bool>("noticed");
+    QTest::newRow("noticed") << true;
+    QTest::newRow("not noticed") << false;
+}
+
+void TstJournalFiles::change_behind_the_question_is_asked_about()
+{
+    QFETCH(const bool, noticed);
+    Desk desk;
+    desk.write("old");
+    desk.open_and_type(u"typed "_s);
+    desk.write("by others");
+    desk.files->check();
+    desk.write("by yet others");
+    if (noticed)
+        desk.files->check();
+    desk.press(changed, u"journalKeep"_s);
+    QVERIFY(desk.box(changed));
+    desk.trigger(u"fileSaveAction"_s);
+    QCOMPARE(desk.content(), "by yet others");
+    desk.press(changed, u"journalKeep"_s);
+    QVERIFY(!desk.box(changed));
+    desk.trigger(u"fileSaveAction"_s);
+    QCOMPARE(desk.content(), "typed old\n");
 }
 
 void TstJournalFiles::file_read_anew_replaces_the_journal_which_can_be_undone()
