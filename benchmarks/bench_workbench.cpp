@@ -14,6 +14,7 @@
 #include "workbench/console/ConsoleOwner.h"
 #include "workbench/fennar_python/PythonRuntime.h"
 #include "workbench/fennari19/CommandCall.h"
+#include "workbench/fennari19/CommandInterpreter.h"
 #include "workbench/fennari19/Fennar.h"
 #include "workbench/fennari19/tokenize.h"
 #include "workbench/scene/Scene.h"
@@ -30,6 +31,7 @@
 #include <clocale>
 #include <cstdio>
 #include <functional>
+#include <utility>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -52,16 +54,36 @@ public:
     ~Bench() { mWorkbench.unload(); }
     Q_DISABLE_COPY_MOVE(Bench)
 
-    static void long_line()
+    /** All of them are linear in the text: what is not would take hours. */
+    static void long_lines()
     {
-        const QString line = u"x "_s.repeated(5'000'000);
-        row("reading a line of 10,000,000 characters", 2000, [&] { tokenize(line); });
+        constexpr qsizetype size = 10'000'000;
+        const QString quotes(size, u'\'');
+        const std::pair<const char*, QString> lines[] = {
+            {"words", u"x "_s.repeated(size / 2)},         {"one word", QString(size, u'x')},
+            {"quoted", u'"' + QString(size, u'x') + u'"'}, {"empty quotes", u"\"\""_s.repeated(size / 2)},
+            {"quotes, the last one open", quotes + u'\''}, {"variables without a name", QString(size, u'$')},
+        };
+        for (const auto& [what, line] : lines) {
+            row(qPrintable(u"reading a line of 10,000,000 characters, %1"_s.arg(QLatin1StringView(what))),
+                2000, [&line = line] { tokenize(line); });
+        }
+        CommandInterpreter& interpreter = Fennar::instance().interpreter();
+        const QString comment(size, u'#');
+        row("running a comment of 10,000,000 characters", 2000, [&] { interpreter.run(comment); });
+        const QString empty(size, u'\n');
+        row("running 10,000,000 empty lines", 5000, [&] { interpreter.run(empty); });
+        const QString continued = u"\\\n"_s.repeated(size / 2) + u"new"_s;
+        row("running a command continued on 5,000,000 lines", 5000, [&] { interpreter.run(continued); });
     }
 
     void many_commands()
     {
         const QString journal = write(u"many.jou"_s, QByteArray("set number 12.5 # x\n").repeated(200'000));
         row("a journal of 200,000 commands", 5000, [&] { enter(u"play \"%1\""_s.arg(journal)); });
+        const QString continued =
+            write(u"continued.jou"_s, "set text '1\\\n" + QByteArray("0\\\n").repeated(200'000) + "'\n");
+        row("a command of 200,000 lines in a journal", 5000, [&] { enter(u"play \"%1\""_s.arg(continued)); });
         QByteArray solids = "new\n";
         for (int i = 0; i < 1000; ++i)
             solids += "brick 0.5 at " + QByteArray::number(i) + " 0 0\n";
@@ -220,7 +242,7 @@ int main(int argc, char** argv)
     std::setlocale(LC_NUMERIC, "C");
 
     Bench bench;
-    Bench::long_line();
+    Bench::long_lines();
     bench.many_commands();
     bench.cancelled_floods();
     bench.meshing();

@@ -131,7 +131,7 @@ private slots:
     void pause_says_ahead_of_what();
     void progress_is_told_of_the_outermost_journal();
     void callbacks_may_replace_themselves();
-    void long_journal_takes_linear_time();
+    void long_journal_plays_to_its_end();
 };
 
 void TstPlayback::tear_down()
@@ -827,7 +827,7 @@ void TstPlayback::callbacks_may_replace_themselves()
     QCOMPARE(session.log, QStringList({u"turn"_s, u"echo"_s, u"step 1"_s, u"step 2"_s}));
 }
 
-void TstPlayback::long_journal_takes_linear_time()
+void TstPlayback::long_journal_plays_to_its_end()
 {
     PlaybackSession session;
     int ran = 0;
@@ -835,7 +835,7 @@ void TstPlayback::long_journal_takes_linear_time()
         call.number(1, "a number");
         ++ran;
     });
-    // Quadratic work on texts of this size takes minutes, which a test is not given.
+    // How long such journals take is a row of bench_workbench.
     QCOMPARE(session.play(QByteArray("count 12.5 # x\n").repeated(200'000)), Outcome::Played);
     QCOMPARE(ran, 200'000);
     QCOMPARE(session.play("count '1\\\n" + QByteArray("0\\\n").repeated(200'000) + "'"), Outcome::Failed);
