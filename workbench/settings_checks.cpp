@@ -5,11 +5,11 @@
 
 #include "frame/read_setting.h"
 #include "frame/settings_keys.h"
+#include "workbench/fennar_util/TemporaryFolder.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
-#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
@@ -25,8 +25,8 @@ bool is_readable(const QString& path)
 {
     // By a copy: Qt keeps what it has read once under a name, and tells the first reader alone what was
     // wrong.
-    const QTemporaryDir place;
-    const QString copy = place.filePath(u"copy"_s);
+    const TemporaryFolder place;
+    const QString copy = place.path(u"copy"_s);
     if (!QFile::copy(path, copy))
         return false;
     const QSettings settings(copy, QSettings::IniFormat);
