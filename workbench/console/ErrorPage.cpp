@@ -3,6 +3,8 @@
 
 #include "workbench/console/ErrorPage.h"
 
+#include "frame/Alive.h"
+
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QFileInfo>
@@ -13,7 +15,6 @@
 #include <QTextBlock>
 
 #include <algorithm>
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -76,9 +77,9 @@ void ErrorPage::add(const QString& text, const QString& context)
         end_error();
         if (!cursor.atBlockStart())
             cursor.insertBlock();
-        cursor.insertText(context + u'\n', QTextCharFormat());
+        cursor.insertText(mFolder.fold(context + u'\n'), QTextCharFormat());
     }
-    cursor.insertText(text, QTextCharFormat());
+    cursor.insertText(mFolder.fold(text), QTextCharFormat());
     // From the end: lines at the top may have been dropped.
     QTextBlock block = document()->lastBlock();
     for (qsizetype more = text.count(u'\n') + (context.isEmpty() ? 0 : 1); block.isValid() && more >= 0;
@@ -87,6 +88,14 @@ void ErrorPage::add(const QString& text, const QString& context)
         block = block.previous();
     }
     verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+}
+
+void ErrorPage::end_error()
+{
+    ++mError;
+    QTextCursor cursor(document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertText(mFolder.end_line(), QTextCharFormat());
 }
 
 /** Notes the place that the line names, and underlines it. */
@@ -156,14 +165,19 @@ void ErrorPage::contextMenuEvent(QContextMenuEvent* event)
     const bool by_mouse = event->reason() == QContextMenuEvent::Mouse;
     const QTextCursor cursor = by_mouse ? cursorForPosition(event->pos()) : textCursor();
     const std::optional<JournalPlace> place = place_at(cursor.block());
-    const std::unique_ptr<QMenu> menu(createStandardContextMenu(event->pos()));
-    auto* show_action = new QAction(tr("&Show in Journal Editor"), menu.get());
+    // The page may go while its menu is open, and takes it with it.
+    const Alive alive(this);
+    const QPointer<QMenu> menu = createStandardContextMenu(event->pos());
+    auto* show_action = new QAction(tr("&Show in Journal Editor"), menu);
     show_action->setObjectName(u"showPlaceAction"_s);
     show_action->setEnabled(place.has_value());
     menu->insertAction(menu->actions().value(0), show_action);
     menu->insertSeparator(menu->actions().value(1));
-    if (menu->exec(by_mouse ? event->globalPos() : viewport()->mapToGlobal(cursorRect().bottomLeft())) ==
-        show_action)
+    const QAction* const chosen =
+        menu->exec(by_mouse ? event->globalPos() : viewport()->mapToGlobal(cursorRect().bottomLeft()));
+    const bool show = menu && chosen == show_action;
+    delete menu.data();
+    if (alive && show)
         emit place_activated(*place);
 }
 

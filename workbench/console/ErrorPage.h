@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/ostrelfw/LineFolder.h"
+
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QString>
@@ -27,7 +29,8 @@ struct JournalPlace
  * The page of the console that keeps the errors.
  *
  * Where an error names a line of a journal, the name is underlined, and a double click, Enter or the context
- * menu on the error asks for that line. GUI thread only.
+ * menu on the error asks for that line. Lines that are too long are cut as on the page of the commands, which
+ * keeps them whole. GUI thread only.
  */
 class ErrorPage : public QPlainTextEdit
 {
@@ -54,7 +57,7 @@ public:
     void add(const QString& text, const QString& context = {});
 
     /** What is added next belongs to another error. */
-    void end_error() { ++mError; }
+    void end_error();
 
     /** The place that the error at @p block leads to: its own, or else the nearest of the same error. */
     std::optional<JournalPlace> place_at(const QTextBlock& block) const;
@@ -73,6 +76,7 @@ private:
     bool activate(const QTextBlock& block);
 
     Finder mFinder;
+    LineFolder mFolder{false};
     /** Tells the lines of one error from those of the next. */
     int mError = 0;
 };

@@ -22,10 +22,14 @@ QString LineFolder::fold(const QString& text)
 {
     if (mLength + text.size() <= shown_size) {
         const auto behind = std::find_if(text.crbegin(), text.crend(), ends_line).base();
-        if (behind != text.cbegin())
+        if (behind != text.cbegin()) {
             mOpen.clear();
-        mOpen += text.sliced(behind - text.cbegin());
-        mLength = mOpen.size();
+            mLength = 0;
+        }
+        const QString open = text.sliced(behind - text.cbegin());
+        mLength += open.size();
+        if (mKeeps)
+            mOpen += open;
         return text;
     }
     QString shown;
@@ -39,7 +43,7 @@ QString LineFolder::fold(const QString& text)
             --room;
         shown += part.first(room);
         mLength += part.size();
-        if (line_end == end || mLength > shown_size)
+        if (mKeeps && (line_end == end || mLength > shown_size))
             mOpen += part.first(std::min(part.size(), kept_size - mOpen.size()));
         position = line_end;
         if (line_end != end) {
@@ -56,6 +60,8 @@ QString LineFolder::end_line()
     const qsizetype length = std::exchange(mLength, 0);
     if (length <= shown_size)
         return {};
+    if (!mKeeps)
+        return u" ... [%1 characters; the page of the commands says how to see the line whole]"_s.arg(length);
     keep(text);
     const QString more = length > text.size() ? u", of which %1 are kept"_s.arg(text.size()) : QString();
     return u" ... [%1 characters%2; \"edit line %3\" shows the line whole]"_s.arg(length).arg(more).arg(

@@ -9,7 +9,7 @@
 #include <optional>
 
 /**
- * Cuts lines that are too long to be shown, and keeps them whole.
+ * Cuts lines that are too long to be shown, and may keep them whole.
  *
  * As long as such a line is in sight, the page lays it out anew at each output, and a line of a million
  * characters makes that slow. The text comes in pieces, which need not end their lines.
@@ -23,6 +23,10 @@ public:
     static constexpr qsizetype kept_lines = 10;
     /** How many characters are kept of all of them together. */
     static constexpr qsizetype kept_size = qsizetype(64) << 20;
+
+    /** @param keeps  whether folded lines are kept. If not, another page has them and says how to see them.
+     */
+    explicit LineFolder(bool keeps = true) : mKeeps(keeps) {}
 
     /** @p text as it is to be shown. */
     QString fold(const QString& text);
@@ -43,6 +47,7 @@ private:
 
     void keep(const QString& text);
 
+    bool mKeeps;
     /** What is kept of the present line. */
     QString mOpen;
     /** Its length so far. */

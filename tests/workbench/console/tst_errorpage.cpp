@@ -5,6 +5,7 @@
 #include "support/menus.h"
 #include "support/windows.h"
 #include "workbench/console/ErrorPage.h"
+#include "workbench/ostrelfw/LineFolder.h"
 
 #include <QContextMenuEvent>
 #include <QFile>
@@ -58,6 +59,8 @@ private slots:
     void keys_on_other_lines_do_what_they_do();
     void context_menu_offers_the_place();
     void without_a_finder_absolute_files_are_found();
+    void long_lines_are_cut();
+    void page_may_go_while_its_menu_is_open();
 
 private:
     std::unique_ptr<ErrorPage> mPage;
@@ -257,6 +260,35 @@ void TstErrorPage::context_menu_offers_the_place()
     open_at(1, [&](QMenu* menu) { rows = menu_rows(menu); });
     QCOMPARE(rows.value(0), u"&Show in Journal Editor [] (disabled)"_s);
     QCOMPARE(activated.size(), 1);
+}
+
+void TstErrorPage::long_lines_are_cut()
+{
+    constexpr qsizetype most = LineFolder::shown_size;
+    const QString start = u"ERROR: a.jou:3: "_s;
+    mPage->add(start + QString(1'000'000, u'x') + u"\nnext\n"_s, u"echo "_s + QString(1'000'000, u'y'));
+    mPage->add(QString(2 * most, u'z'));
+    mPage->end_error();
+    const QString mark = u" ... [%1 characters; the page of the commands says how to see the line whole]"_s;
+    const QStringList lines = mPage->toPlainText().split(u'\n');
+    QCOMPARE(lines.size(), 4);
+    QVERIFY(lines[0] == u"echo "_s + QString(most - 5, u'y') + mark.arg(1'000'005));
+    QVERIFY(lines[1] == start + QString(most - start.size(), u'x') + mark.arg(start.size() + 1'000'000));
+    QCOMPARE(lines[2], u"next"_s);
+    QVERIFY(lines[3] == QString(most, u'z') + mark.arg(2 * most));
+    QCOMPARE(place(*mPage, 1), u"/found/a.jou:3"_s);
+}
+
+void TstErrorPage::page_may_go_while_its_menu_is_open()
+{
+    mPage->resize(600, 300);
+    QVERIFY(show_active(mPage.get()));
+    mPage->add(u"ERROR: a.jou:3: nix\n"_s);
+    ErrorPage* const page = mPage.get();
+    const MenuDriver driver([this](QMenu*) { mPage.reset(); });
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), page->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(page->viewport(), &event);
+    QVERIFY(!mPage);
 }
 
 OSTREL_TEST(TstErrorPage)

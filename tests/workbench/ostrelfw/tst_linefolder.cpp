@@ -35,6 +35,7 @@ private slots:
     void newest_lines_are_kept();
     void line_beyond_all_measure_is_kept_in_part();
     void pieces_do_not_matter();
+    void line_that_is_not_kept_is_only_cut();
 };
 
 void TstLineFolder::short_lines_stay_as_they_are()
@@ -166,6 +167,20 @@ void TstLineFolder::pieces_do_not_matter()
         for (int number = 0; number < 20; ++number)
             QVERIFY(in_pieces.line(number) == at_once.line(number));
     }
+}
+
+void TstLineFolder::line_that_is_not_kept_is_only_cut()
+{
+    LineFolder folder(false);
+    const QString shown(most, u'x');
+    const QString behind = u" ... [%1 characters; the page of the commands says how to see the line whole]"_s;
+    QCOMPARE(folder.fold(u"short\n"_s + shown + u"y\nbehind"_s),
+             u"short\n"_s + shown + behind.arg(most + 1) + u"\nbehind"_s);
+    QCOMPARE(folder.fold(u" it\n"_s), u" it\n"_s);
+    for (qsizetype i = 0; i < most / 10 + 1; ++i)
+        folder.fold(u"0123456789"_s);
+    QCOMPARE(folder.end_line(), behind.arg(most + 10));
+    QVERIFY(!folder.line(1));
 }
 
 OSTREL_TEST(TstLineFolder)
