@@ -10,6 +10,8 @@
 #include "journal/JournalEditor.h"
 #include "options/OptionsPanel.h"
 #include "workbench/component_manager/SharedObject.h"
+#include "workbench/fennar_formats/FormatRegistry.h"
+#include "workbench/fennar_formats/UnsavedWorks.h"
 #include "workbench/fennari19/CommandRegistry.h"
 #include "workbench/ostrelfw/HostMediator.h"
 
@@ -225,6 +227,7 @@ QStringList ComponentTraces::clean_up()
     QStringList left;
     clean_commands(left);
     clean_trackers(left);
+    clean_formats(left);
     if (Ostrel::instance()) {
         delete_what_waits();
         clean_console(left);
@@ -304,6 +307,22 @@ void ComponentTraces::clean_trackers(QStringList& left)
             left << u"component tracker"_s;
         }
     }
+}
+
+void ComponentTraces::clean_formats(QStringList& left) const
+{
+    FormatRegistry& formats = FormatRegistry::instance();
+    for (const auto& format : formats.formats()) {
+        if (format->owner == mName)
+            left << u"format %1"_s.arg(format->name);
+    }
+    formats.remove_owner(mName);
+    UnsavedWorks& works = UnsavedWorks::instance();
+    for (const UnsavedWork& work : works.works()) {
+        if (work.owner == mName)
+            left << u"unsaved work of the kind \"%1\""_s.arg(work.kind);
+    }
+    works.remove_owner(mName);
 }
 
 void ComponentTraces::clean_console(QStringList& left) const

@@ -82,6 +82,7 @@ private:
     void delete_what_waits() const;
     void clean_commands(QStringList& left);
     void clean_trackers(QStringList& left);
+    void clean_formats(QStringList& left) const;
     void clean_console(QStringList& left) const;
     void clean_files(QStringList& left) const;
     void clean_options(QStringList& left) const;

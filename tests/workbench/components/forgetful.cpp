@@ -17,6 +17,8 @@
 #include "menus/OstrelViewMenu.h"
 #include "options/OptionsPanel.h"
 #include "workbench/components/component.h"
+#include "workbench/fennar_formats/FormatRegistry.h"
+#include "workbench/fennar_formats/UnsavedWorks.h"
 #include "workbench/fennari19/CommandCall.h"
 #include "workbench/fennari19/CommandRegistry.h"
 #include "workbench/fennari19/Fennar.h"
@@ -158,6 +160,11 @@ void load()
         {QStringLiteral(RECORD_NAME) + u"-other"_s, u"left"_s, {}, {}, u"nobody"_s, [](CommandCall&) {
              files.modified = true;
          }});
+    const QString own_name = QStringLiteral(RECORD_NAME);
+    FormatRegistry::instance().add({u"LEFT"_s, {u"left"_s}, own_name, {}, [](const Surface&) { return ""; }});
+    UnsavedWorks::instance().add({u"left"_s, own_name, [] { return std::nullopt; }, [] { return QString(); },
+                                  [] { return QByteArrayList(); },
+                                  [](const QByteArray&, const QString&) { return QString(); }});
     Broker::instance()->add_component_tracker(&tracker);
     if (Ostrel* window = Ostrel::instance())
         add_to_window(window);
@@ -170,6 +177,8 @@ void unload()
 {
 #ifdef RECORD_LATER
     // All of it is taken away, but some of it not yet.
+    FormatRegistry::instance().remove_owner(QStringLiteral(RECORD_NAME));
+    UnsavedWorks::instance().remove_owner(QStringLiteral(RECORD_NAME));
     Broker::instance()->remove_component_tracker(&tracker);
     Fennar::instance().registry().remove(QStringLiteral(RECORD_NAME) + u"-other"_s);
     Fennar::instance().registry().remove_owner(QStringLiteral(RECORD_NAME));

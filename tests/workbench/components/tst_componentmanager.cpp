@@ -19,6 +19,7 @@
 #include "workbench/component_manager/ComponentManager.h"
 #include "workbench/component_manager/component_commands.h"
 #include "workbench/fennar_formats/FormatRegistry.h"
+#include "workbench/fennar_formats/UnsavedWorks.h"
 #include "workbench/fennar_python/PythonRuntime.h"
 #include "workbench/fennar_python/make_python_interpreter.h"
 #include "workbench/fennari19/CommandCall.h"
@@ -503,6 +504,8 @@ void TstComponentManager::what_a_component_forgets_is_told_and_taken_away()
     for (const QString& forgotten : {u"command \"forgetful-command\""_s,
                                      u"command \"forgetful-other\""_s,
                                      u"component tracker"_s,
+                                     u"format LEFT"_s,
+                                     u"unsaved work of the kind \"left\""_s,
                                      u"graphics widget"_s,
                                      u"console page \"leftPage\""_s,
                                      u"menu entry \"left entry\""_s,
@@ -531,6 +534,8 @@ void TstComponentManager::what_a_component_forgets_is_told_and_taken_away()
     QCOMPARE(without_separators(describe_window(*window)), without_separators(rows));
     QCOMPARE(commands(), known_commands);
     QCOMPARE(HostMediator::instance().trackers(), trackers);
+    QVERIFY(FormatRegistry::instance().formats().isEmpty());
+    QVERIFY(UnsavedWorks::instance().works().isEmpty());
     QVERIFY(!window->graphics_widget());
     QVERIFY(graphics && !graphics->parent());
     QCOMPARE(tabs->count(), 0);
