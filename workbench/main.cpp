@@ -123,6 +123,8 @@ int main(int argc, char** argv)
         workbench.leave_components_out();
     if (command_line.batch_mode())
         return workbench.play_batch(command_line.journal(), model);
+    if (!settings)
+        workbench.add_start_error(tell_unwritable_settings());
     bound_settings(QGuiApplication::primaryScreen()->availableVirtualGeometry());
     workbench.load();
     workbench.start_later(model, journal);

@@ -93,6 +93,15 @@ QString keep_unreadable_settings()
                                                                                                    kept);
 }
 
+QString tell_unwritable_settings()
+{
+    const QSettings settings;
+    return settings.isWritable()
+               ? QString()
+               : u"ERROR: the settings cannot be written in \"%1\"; changes are lost at the end\n"_s.arg(
+                     settings.fileName());
+}
+
 void bound_settings(const QRect& screens)
 {
     QSettings settings;

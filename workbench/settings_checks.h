@@ -17,6 +17,12 @@
 QString keep_unreadable_settings();
 
 /**
+ * What to tell the user if settings cannot be written, as a line; empty if they can. At the end of the
+ * program, when they are written, there is no console any more.
+ */
+QString tell_unwritable_settings();
+
+/**
  * Takes back settings with which the windows could not be used: sizes without an area, places off the screen,
  * a font that leaves no room for text.
  *

@@ -43,6 +43,8 @@ private slots:
     void kept_file_is_not_replaced_by_the_next();
     void sound_file_is_left_as_it_is();
     void missing_file_is_nothing_to_tell();
+    void settings_that_cannot_be_written_are_told_data();
+    void settings_that_cannot_be_written_are_told();
 
     void windows_have_a_usable_size_data();
     void windows_have_a_usable_size();
@@ -105,6 +107,28 @@ void TstSettingsChecks::missing_file_is_nothing_to_tell()
 {
     QCOMPARE(keep_unreadable_settings(), QString());
     QVERIFY(!QFileInfo::exists(settings().file()));
+}
+
+void TstSettingsChecks::settings_that_cannot_be_written_are_told_data()
+{
+    QTest::addColumn<int>("levels_up");
+    QTest::newRow("place of the file taken") << 0;
+    QTest::newRow("place of its folder taken") << 1;
+}
+
+void TstSettingsChecks::settings_that_cannot_be_written_are_told()
+{
+    QFETCH(const int, levels_up);
+    QCOMPARE(tell_unwritable_settings(), QString());
+    const QString path = settings().file();
+    const QString folder = QFileInfo(path).path();
+    QVERIFY(QDir(folder).removeRecursively());
+    if (levels_up == 0)
+        QVERIFY(QDir().mkpath(path));
+    else
+        write(folder, "no folder");
+    QCOMPARE(tell_unwritable_settings(),
+             u"ERROR: the settings cannot be written in \"%1\"; changes are lost at the end\n"_s.arg(path));
 }
 
 void TstSettingsChecks::windows_have_a_usable_size_data()
