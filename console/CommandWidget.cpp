@@ -331,7 +331,7 @@ void CommandWidget::keyPressEvent(QKeyEvent* e)
 
     const bool outside = index < 0 || hasSelectionOutsideCommand();
     const bool copies = control && e->key() == Qt::Key_C;
-    // A key without text stays where it is, also one that edits, as Shift+Insert does; that is intended.
+    // A key without text stays where it is, also one that edits, as Shift+Insert does (docs/surprises.md).
     if (outside && !copies && !e->text().isEmpty())
         bring_caret_home(index);
     if (!alive)

@@ -19,7 +19,7 @@
  *
  * The last block is the command line: the prompt, when shown, and behind it the command. The command starts
  * as many characters behind the start of that line as the primary prompt is long, also behind a continuation
- * prompt of another length; that is intended, and CommandWindow::set_python_mode() keeps the two equal.
+ * prompt of another length (docs/surprises.md). CommandWindow::set_python_mode() keeps the two equal.
  *
  * Typing, input methods included, alters neither output nor prompt. The context menu's Cut may, and so may
  * keys that edit without carrying text, as Shift+Insert does, and the slots that the base class has for a

@@ -142,7 +142,7 @@ CommandWindow::CommandWindow(QWidget* parent) : QWidget(parent)
     mCommandTab->setTabPosition(QTabWidget::South);
     mCommandTab->setTabShape(QTabWidget::Triangular);
 
-    // The tool tips are not translated; that is intended.
+    // The tool tips are not translated (docs/surprises.md).
     mFennarButton = make_mode_button("halvane_fennar.svg", true, u"Switch to Fennar command mode (Alt+C)"_s,
                                      u"mFennarButton"_s);
     mPythonButton = make_mode_button("python.svg", false, u"Switch to Python statement mode (Alt+P)"_s,
@@ -215,7 +215,7 @@ void CommandWindow::print_data(const QString& output)
     if (!alive || !line_finished)
         return;
     // Before the first prompt the program is still starting, and more than this window waits to be drawn.
-    // The rectangle is the one within the parent; that is intended.
+    // The rectangle is the one within the parent.
     if (mPromptPrinted)
         repaint(geometry());
     else
@@ -255,7 +255,7 @@ void CommandWindow::add_command_tab(const QString& title, QWidget* page)
     if (!command_page)
         return;
     command_page->setFont(mFont);
-    // With no limit for command pages, the one for the other pages stays; that is intended.
+    // With no limit for command pages, the one for the other pages stays (docs/surprises.md).
     if (alive && mCmdMaxLines != 0)
         command_page->document()->setMaximumBlockCount(mCmdMaxLines);
     if (!alive || mCommandTab->indexOf(page) == -1)
@@ -417,7 +417,7 @@ void CommandWindow::tabPageChanged(int index)
 }
 
 // A click on the button of the active mode lands in these two as well. It leaves neither button checked until
-// the mode really changes; that is intended.
+// the host has changed the mode.
 
 void CommandWindow::fennar_mode_pushed()
 {

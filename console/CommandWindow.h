@@ -45,7 +45,7 @@ public:
      * Adds a page and applies the line limit, and to a CommandWidget the font too, which also becomes the
      * current page.
      *
-     * A CommandWidget added while its limit is 0 keeps the limit of the other pages; that is intended.
+     * A CommandWidget added while its limit is 0 keeps the limit of the other pages (docs/surprises.md).
      *
      * @param title  the tab's text.
      * @param page   stays the caller's until the window is destroyed, and then goes with it. A page that is

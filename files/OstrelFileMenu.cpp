@@ -100,7 +100,7 @@ QString default_directory()
 }
 
 // Whether a handler offers a filter that the list does not have yet. An all-files entry counts as known as
-// soon as there is any handler, which is intended.
+// soon as there is any handler, so that no component is let in by that alone.
 bool brings_something_new(const HandlerList& list, const ImportExportHandler& handler)
 {
     QStringList parts = handler.mFilters.split(filter_separator);
@@ -125,7 +125,7 @@ void remove_filters(HandlerList& list, QAction* action, const ImportExportHandle
 {
     if (!handler || handler->mFilters.isEmpty())
         return;
-    // The handler that moves into the place of one taken out is passed over, which is intended.
+    // The handler that moves into the place of one taken out is passed over (docs/surprises.md).
     for (size_t i = 0; i < list.size(); ++i) {
         QStringList parts = list[i]->mFilters.split(filter_separator);
         parts.removeIf(
@@ -153,8 +153,8 @@ void append_filters(const HandlerList& list, QString& filters)
     filters += all.join(filter_separator);
 }
 
-// Looks for the whole filter inside each handler's, so that a part of an entry finds its handler, too; that
-// is intended. The texts are copies: a handler may set those of the menu.
+// Looks for the whole filter inside each handler's, so that a part of an entry finds its handler, too
+// (docs/surprises.md). The texts are copies: a handler may set those of the menu.
 void execute_first(const HandlerList& list, const QString file, const QString filter)
 {
     const auto found = std::find_if(list.begin(), list.end(), [&filter](const ImportExportHandler* handler) {
@@ -441,7 +441,7 @@ bool OstrelFileMenu::Flow::may_discard() const
         if (!has_window() || meant_for_another)
             return true;
         if (answer == QMessageBox::Yes) {
-            // The check box is ignored here, which is intended.
+            // The check box is ignored here (docs/surprises.md).
             mMenu->file_save();
             if (goes_on() && mMenu->mOpenSaveHandler->is_modified())
                 return false;
@@ -513,7 +513,7 @@ void OstrelFileMenu::file_save()
         return;
     }
     mOpenSaveHandler->save_file(name);
-    // Whatever came of it, which is intended.
+    // Whatever came of it (docs/surprises.md).
     if (flow.goes_on())
         mOpenSaveHandler->set_modified(false);
 }
@@ -538,7 +538,7 @@ void OstrelFileMenu::file_save_as()
     QString name = ask_save_file(mMain, tr("Save As"), path, filters, &filter);
     if (name.isEmpty() || flow.is_over())
         return;
-    // Of the first filter, not of the selected one, which is intended.
+    // Of the first filter, not of the selected one (docs/surprises.md).
     if (lacks_extension(name))
         name += extension_of_filters(filters);
     set_path_from_file(name);

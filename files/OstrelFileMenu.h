@@ -106,7 +106,7 @@ public:
      * Takes the filters of @p handler, compared without case, out of the list for import, and with them each
      * handler that has no other. Handlers taken out are not deleted: the caller owns them again.
      *
-     * It goes by filter alone, which is intended: another handler with the same filters loses them too,
+     * It goes by filter alone (docs/surprises.md): another handler with the same filters loses them too,
      * except that the one right behind a handler taken out is passed over. Null and a handler without
      * filters do nothing.
      */

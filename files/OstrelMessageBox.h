@@ -29,7 +29,7 @@ public:
      * @param prompt      its sense depends on @p promptText. With a text it goes in and comes out as the
      *                    state of the check box, true for a tick, whichever button was pressed. Without a
      *                    text it goes in unread and comes out as the opposite, the wish to be asked again;
-     *                    the check box is then shown with its own text. This is intended.
+     *                    the check box is then shown with its own text (docs/surprises.md).
      * @param yes,no,cancel  see MessageSettingBox::set_buttons().
      * @param promptText  the text of the check box.
      */

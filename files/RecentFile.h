@@ -36,7 +36,7 @@ public:
  *
  * Up to 25 characters stand unchanged. Otherwise the name keeps its first part (a drive, or nothing before
  * the first "/"), and behind a separator and ".." as many of its last parts as make 26 characters. The dots
- * stand there as soon as those 26 are reached, even if no part is left out; that is intended. A name that has
- * no "/" is taken apart at each "\".
+ * stand there as soon as those 26 are reached, even if no part is left out (docs/surprises.md). A name that
+ * has no "/" is taken apart at each "\".
  */
 QString short_form(const QString& text);

@@ -159,7 +159,7 @@ void RecentFiles::renumber()
     for (std::size_t i = 0; alive && i < mEntries.size(); ++i) {
         QString name;
         mEntries[i]->display_text(name);
-        // An ampersand in a name is not doubled, which is intended.
+        // An ampersand in a name is not doubled (docs/surprises.md).
         if (QAction* const action = mEntries[i]->mAction)
             action->setText(u"&%1 "_s.arg(i + 1) + name);
     }

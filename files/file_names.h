@@ -9,7 +9,7 @@
  * The directory of @p file, with the separator at its end.
  *
  * The last slash counts, and the last backslash only where there is no slash; a name with neither is given
- * back whole, which is intended.
+ * back whole (docs/surprises.md).
  */
 QString directory_of(const QString& file);
 
@@ -20,7 +20,7 @@ bool lacks_extension(const QString& file);
  * The extension, with its dot, that the first of several filters gives to a file: ".mdl" for
  * "Models (*.mdl);;All Files (*.*)". Empty if there is none to be found.
  *
- * Only the form "Name (*.extension)" makes sense of it. What other forms give is intended all the same: a
+ * Only the form "Name (*.extension)" makes sense of it. Of other forms it makes what the rule says: a
  * first filter of several patterns followed by a second filter leaves a blank at the end.
  */
 QString extension_of_filters(const QString& filters);

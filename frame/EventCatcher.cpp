@@ -12,7 +12,7 @@ EventCatcher::~EventCatcher() = default;
 
 bool EventCatcher::event(QEvent*)
 {
-    // The type is not looked at, which is intended: nothing but announcements is sent here on purpose.
+    // The type is not looked at: nothing but announcements is sent here on purpose (docs/surprises.md).
     Broker::instance()->handle_new_event();
     return true;
 }

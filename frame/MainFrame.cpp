@@ -197,7 +197,8 @@ void MainFrame::check_interrupt_session(const char*)
 
 void MainFrame::set_status_text(const char* text)
 {
-    // The percentage follows without a blank; that is intended. A "%" in the text is the bar's to interpret.
+    // The percentage follows without a blank: hosts put one at the end of their text. A "%" in the text is
+    // the bar's to interpret.
     if (mMainWindow)
         mMainWindow->progress()->set_format(QString::fromUtf8(text) + u"%p%"_s);
 }

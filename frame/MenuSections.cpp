@@ -182,7 +182,7 @@ void MenuSections::remove_items(const char* component)
         }
         std::erase(section->entries, nullptr);
     }
-    // What is left is not put back, which is intended; see the header.
+    // What is left is not put back; see the header.
     if (lost_toolbar_separator)
         mSteps.push_back({Step::Kind::Clear, nullptr});
     change_widget();

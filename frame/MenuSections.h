@@ -95,7 +95,7 @@ public:
      * Removes all entries of @p component, and separators that would then lead the list. Null removes
      * nothing.
      *
-     * A toolbar that loses a separator is emptied altogether, which is intended: what stays in the list is
+     * A toolbar that loses a separator is emptied altogether (docs/surprises.md): what stays in the list is
      * shown again when items are added to a section that has others behind it.
      */
     void remove_items(const char* component);

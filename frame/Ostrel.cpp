@@ -363,7 +363,7 @@ void Ostrel::setUsingButtonRows(bool rows)
 
 void Ostrel::setPanelButtonWidth(int width)
 {
-    // The new width is not stored, which is intended: it is the panels' own to change.
+    // The new width is not stored here: it is the panels' own to change.
     if (CommandButtons::mPanelButtonWidth != width && usingButtonRows())
         update_navigation_model(true);
 }
@@ -382,7 +382,7 @@ void Ostrel::setUsingLargeButtonIcons(bool on)
 
 void Ostrel::update_navigation_model(bool rows)
 {
-    // The replaced panel is not deleted, which is intended: it stays a hidden child of the dock.
+    // The replaced panel is not deleted; it stays a hidden child of the dock (docs/surprises.md).
     const QPersistentModelIndex current = mCommandPanel->current_index();
     TaskPanel* panel = nullptr;
     if (rows)

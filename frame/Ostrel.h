@@ -125,8 +125,8 @@ public:
     /**
      * Builds a panel of button rows anew if @p width differs from CommandButtons::mPanelButtonWidth.
      *
-     * The width, in pixels, is compared only, never stored; that is intended. Does nothing with a breadcrumbs
-     * panel.
+     * The width, in pixels, is compared only, never stored (docs/surprises.md). Does nothing with a
+     * breadcrumbs panel.
      */
     void setPanelButtonWidth(int width);
     /** Whether the command panel shows large icons; always true for button rows. */
@@ -178,7 +178,7 @@ public:
      * Takes the actions of @p component off all toolbars, and deletes each toolbar, whoever's it is, that is
      * left with three tool buttons or fewer. Null removes nothing.
      *
-     * All tool buttons below the toolbar count, which is intended: Qt's own for what has no room, and those
+     * All tool buttons below the toolbar count (docs/surprises.md): Qt's own for what has no room, and those
      * of the actions just removed, which Qt deletes when the event loop runs next. So a toolbar that loses
      * many at once stays, empty, until the next call. One that loses a separator is emptied; see
      * MenuSections.

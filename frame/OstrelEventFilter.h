@@ -31,7 +31,7 @@ public:
      * Runs the event queue once, with this filter on the application.
      *
      * May be called from inside a handler that it runs. Each level puts the filter in place and takes it
-     * away; so once an inner run has ended, the rest of the outer one goes unfiltered. That is intended.
+     * away; so once an inner run has ended, the rest of the outer one goes unfiltered (docs/surprises.md).
      *
      * An exception from an event handler passes through. The filter is then gone as usual, and the run does
      * not count for the interval.

@@ -26,7 +26,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A toolbar with so few tool buttons counts as empty. It is not 0, which is intended.
+// A toolbar with so few tool buttons counts as empty (docs/surprises.md).
 constexpr int buttons_of_an_empty_toolbar = 3;
 
 using ComponentMenu = RemovableWidget<QMenu>;
@@ -62,7 +62,7 @@ void Ostrel::add_to_menu(const QString& title, std::vector<QAction*>& actions, c
 {
     if (!component || !mSections)
         return;
-    // The file and the window menu take nothing this way, which is intended.
+    // The file and the window menu take nothing this way (docs/surprises.md).
     if (title == tr("&File"))
         return;
     if (title == tr("&View")) {
@@ -183,7 +183,7 @@ void Ostrel::remove_menu_items(const char* component)
 
 void Ostrel::remove_toolbar_items(const char* component)
 {
-    // The window menu has nothing to do with toolbars; that it must exist is intended.
+    // The window menu has nothing to do with toolbars; without it the window is being built or taken down.
     if (!mSections || !component || !mWindowMenu)
         return;
     const Alive alive(this);

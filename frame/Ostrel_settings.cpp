@@ -145,7 +145,7 @@ void Ostrel::restore_settings()
 void Ostrel::save_settings()
 {
     QSettings settings;
-    // Read by nothing, which is intended: the arrangement of docks and toolbars does not come back.
+    // Read by nothing here: the arrangement of docks and toolbars does not come back (docs/surprises.md).
     settings.setValue(settings_keys::saved_state, saveState(0));
     settings.setValue(settings_keys::save_prompt, OstrelFileMenu::mDoPrompt);
     settings.setValue(settings_keys::component_path, ComponentTool::sLastPath);
@@ -163,7 +163,7 @@ void Ostrel::save_settings()
     const QFont font = mCommandWindow->get_font();
     settings.setValue(settings_keys::font_family, font.family());
     settings.setValue(settings_keys::font_size, font.pointSize());
-    // Without trimming the limit is written as 0, which is intended: the old one is gone.
+    // Without trimming the limit is written as 0, and the old one is gone (docs/surprises.md).
     const int limit = mCommandWindow->get_cmd_max_lines();
     settings.setValue(settings_keys::use_trim, limit != 0);
     settings.setValue(settings_keys::trim_limit, limit);

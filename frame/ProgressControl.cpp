@@ -56,7 +56,7 @@ void ProgressControl::run_waiting_events()
 
 void ProgressControl::end_session(const char* name)
 {
-    // Without a running session an empty name resets the bar as well; that is intended.
+    // Without a running session an empty name, which equals none, resets the bar as well.
     if (QString::fromUtf8(name) != mSession)
         return;
     mSession.clear();

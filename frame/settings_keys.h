@@ -29,7 +29,7 @@ inline constexpr QLatin1StringView component_path("/ostrelgui/ostrel/comppath");
 inline constexpr QLatin1StringView recent_file("/ostrelgui/ostrel/file");
 /** With a number behind it, see numbered(). */
 inline constexpr QLatin1StringView recent_import("/ostrelgui/ostrel/import");
-// These two hold filters, despite their names; that is intended.
+// These two hold filters, despite their names, which stored settings have.
 inline constexpr QLatin1StringView import_filter("/ostrelgui/ostrel/importdir");
 inline constexpr QLatin1StringView export_filter("/ostrelgui/ostrel/exportdir");
 

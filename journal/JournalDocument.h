@@ -80,8 +80,8 @@ public:
      * has none unless it is empty.
      *
      * Text from the middle of a document so begins with a line feed, and a document whose first line is empty
-     * gives one line feed too many. This is intended: the receivers of played lines and pythonize_lines()
-     * count on it.
+     * gives one line feed too many. The receivers of played lines and pythonize_lines() count on
+     * it.
      */
     QString collect_lines(int first, int last) const;
 

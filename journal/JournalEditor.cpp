@@ -246,7 +246,7 @@ void JournalEditor::editPaste()
 
 void JournalEditor::editFind()
 {
-    // Neither kept nor deleted, which is intended: text and boxes start afresh at each call.
+    // Not kept: text and boxes start afresh at each call (docs/surprises.md).
     auto* dialog = new JournalFindDialog;
     dialog->exec();
 }
@@ -328,7 +328,7 @@ void JournalEditor::restore_settings()
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
     const int x = read_setting(settings, settings_keys::journal_x, 0);
     const int y = read_setting(settings, settings_keys::journal_y, 0);
-    // A missing value reads as 0 and counts like a stored 0, which is intended.
+    // A missing value reads as 0 and counts like a stored 0 (docs/surprises.md).
     const bool on_screen = x >= 1 && x < screen.width() && y >= 1 && y < screen.height();
     move(on_screen ? QPoint(x, y) : QPoint(0, 0));
     if (settings.contains(settings_keys::journal_width) && settings.contains(settings_keys::journal_height))

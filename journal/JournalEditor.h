@@ -148,7 +148,7 @@ public slots:
      * Takes a tab away, or closes the window if it is the only one, if the user agrees to lose unsaved
      * changes.
      *
-     * The document itself is not deleted, which is intended: it goes with the window.
+     * The document itself is not deleted (docs/surprises.md): it goes with the window.
      */
     void close_tab(int index);
     /** Writes the window's title for the tab at @p index; -1 stands for the current one. */

@@ -38,8 +38,8 @@ std::optional<QString> read_lines(const QString& name)
         return std::nullopt;
     QString text;
     std::string line;
-    // The read that meets the end of the file counts as a line too, which is intended: each cycle of opening
-    // and saving adds an empty line at the end.
+    // The read that meets the end of the file counts as a line too: each cycle of opening and
+    // saving adds an empty line at the end (docs/surprises.md).
     while (!stream.eof()) {
         std::getline(stream, line);
         if (stream.bad() || (stream.fail() && !stream.eof()))
@@ -237,7 +237,7 @@ void JournalEditor::save_document(JournalDocument* doc)
     // As a C string: what follows a NUL is not written.
     stream << doc->toPlainText().toUtf8().constData();
     stream.close();
-    // Whatever became of the writing, which is intended.
+    // Whatever became of the writing (docs/surprises.md).
     set_modified(doc, false);
 }
 
@@ -250,7 +250,7 @@ void JournalEditor::save_document_as(JournalDocument* doc)
                                  tr("Journal files (*.jou *.py);;All Files (*.*)"));
     if (!alive || name.isEmpty())
         return;
-    // A dot in the directory counts as well, which is intended.
+    // A dot in the directory counts as well (docs/surprises.md).
     if (!name.contains(u'.'))
         name += u".jou"_s;
     OstrelFileMenu::set_path_from_file(name);

@@ -72,7 +72,8 @@ void JournalFindDialog::on_pbNext_clicked()
         return;
 
     QTextDocument::FindFlags flags;
-    // The wrong way round, which is intended: unchecked looks for the exact case, checked for any.
+    // The wrong way round, as users know it: unchecked looks for the exact case, checked for any
+    // (docs/surprises.md).
     flags.setFlag(QTextDocument::FindCaseSensitively, !ui->cbCaseSensitive->isChecked());
     flags.setFlag(QTextDocument::FindWholeWords, ui->cbWholeWords->isChecked());
     flags.setFlag(QTextDocument::FindBackward, ui->cbSearchUp->isChecked());
@@ -91,7 +92,7 @@ void JournalFindDialog::on_pbNext_clicked()
         if (!mDocument->find(text, flags))
             return;
     }
-    // Marks a hit of the first search only, which is intended: after wrapping this cursor selects nothing.
+    // Marks a hit of the first search only: after wrapping this cursor selects nothing (docs/surprises.md).
     QTextCharFormat mark;
     mark.setBackground(QColor(u"lightgrey"_s));
     cursor.mergeCharFormat(mark);

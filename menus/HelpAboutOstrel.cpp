@@ -72,7 +72,7 @@ void HelpAboutOstrel::remove_about(QWidget* widget)
 
 void HelpAboutOstrel::finish_populating_dialog()
 {
-    // The closing tag lacks its digit, which is intended.
+    // The closing tag lacks its digit; Qt ends the heading all the same.
     ui->mProductNameLabel->setText(u"<h1>"_s + mProductName + u"</h>"_s);
     ui->mProductInfoLabel->setText(u"<b>"_s + mProductInfo + u"</b>"_s);
     if (mIconPath.isEmpty())

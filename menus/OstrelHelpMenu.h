@@ -58,7 +58,7 @@ public:
     HelpAboutOstrel* get_help_about_dialog();
 
 public slots:
-    /** Does nothing, which is intended, and is connected to nothing. */
+    /** Does nothing and is connected to nothing; it keeps a place. */
     void help_tip_of_day();
     /** Shows the about dialog, modal, with what was set last. One that is open comes to the front. */
     void help_about();

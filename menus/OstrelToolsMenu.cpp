@@ -141,7 +141,7 @@ void OstrelToolsMenu::pause_playback(bool on)
     }
     FennarInterface::resume_playback();
     // The action of the main window's menu, which is not always this one. If playback stays paused this
-    // toggles it, and the pause is asked for once more; that is intended.
+    // toggles it, and the pause is asked for once more (docs/surprises.md).
     const Ostrel* const window = Ostrel::instance();
     if (window && window->tools_menu())
         window->tools_menu()->pause_action()->setChecked(FennarInterface::is_playback_paused());

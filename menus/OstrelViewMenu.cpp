@@ -64,7 +64,7 @@ OstrelViewMenu::OstrelViewMenu(Ostrel* parent) : QObject(parent), mMainWindow(pa
     setObjectName(u"OstrelViewMenu"_s);
     mSections = std::make_unique<MenuSections>(tr("&View"));
     mMenu = new QMenu(tr("&View"), mMainWindow);
-    // Without a parent and never deleted, which is intended: it is handed out and may be shown elsewhere.
+    // Without a parent and never deleted: it is handed out, and components may show it elsewhere.
     mToolbarMenu = make_toolbar_menu(tr("Toolbars"));
 
     QAction* const bar_action = mMainWindow->menuBar()->addMenu(mMenu);

@@ -75,7 +75,7 @@ public:
 public slots:
     /** Shows or hides the dock of the console. Does nothing if there is none. */
     void view_command(bool visible);
-    /** Does nothing, which is intended: "Line up" of the main window is connected to it. */
+    /** Does nothing: keeps the place of what "Line up" of the main window is to do (docs/surprises.md). */
     void lineup_tools();
 
 private:

@@ -22,7 +22,7 @@ void run_call(const QString& method, const QString& arguments)
     python->Run_SimpleString(call.toUtf8().constData());
 }
 
-// The text is gone when this returns, which is intended; see the class.
+// The text is gone when this returns; see the class.
 const char* released_text(const QString& text)
 {
     return text.toUtf8().constData();

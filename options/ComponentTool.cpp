@@ -84,7 +84,7 @@ void ComponentTool::component_unloading(const char* name)
 
 void ComponentTool::component_unloaded(const char* name)
 {
-    // There is no such picture, which is intended: what is not loaded shows none.
+    // There is no such picture: what is not loaded shows none (docs/surprises.md).
     show_state(name, "unloaded_ot.svg");
 }
 

@@ -38,7 +38,6 @@ LayoutOptions::LayoutOptions(QWidget* parent)
     for (const int points : QFontDatabase::pointSizes(mForm->mFontFamily->currentText(), QString()))
         add_size(mForm->mFontSize, points);
     mForm->mToolDockList->setModel(mModel);
-    // The heading stands alone, which is intended.
     mForm->tlUseLabels->show();
     mForm->mUseLabels->hide();
     connect(mForm->mFontFamily, &QComboBox::currentTextChanged, this, &LayoutOptions::changeFontFamily);

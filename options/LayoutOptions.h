@@ -18,8 +18,8 @@ class QtLayoutOptions;
  * that are shown, and where the tabs of stacked docks are.
  *
  * The font acts on save; the list and the tab position act at once. The tab position is stored on save, and
- * not applied at the next start, which is intended. OstrelGUIOptions makes the page and owns it. GUI thread
- * only.
+ * not applied at the next start; see docs/surprises.md. OstrelGUIOptions makes the page and owns it. GUI
+ * thread only.
  */
 class LayoutOptions : public QWidget
 {

@@ -24,7 +24,7 @@ public:
     /**
      * Shows @p actions, sorted by their texts with capitals before small letters.
      *
-     * No signal tells views of it, which is intended: whoever sets the actions renews the view. The actions
+     * No signal tells views of it: whoever sets the actions renews the view. The actions
      * are not owned; one that is deleted meanwhile leaves the list, of which views are told. Null is passed
      * over.
      */

@@ -94,7 +94,7 @@ void OptionsPanel::add_panel(const QString& path, QWidget* page)
     const QStringList parts = path.split(u'/');
     const QStringList ancestors = ancestor_keys(parts);
     QTreeWidgetItem* parent = mForm->mOptionList->invisibleRootItem();
-    // Counts down, which is intended: new groups of three levels and more get their labels in reverse order.
+    // Counts down: new groups of three levels and more get their labels in reverse order (docs/surprises.md).
     qsizetype label = ancestors.size();
     for (const QString& key : ancestors) {
         --label;
@@ -196,7 +196,7 @@ void OptionsPanel::saveClicked()
         close();
 }
 
-// Goes by the labels shown and not by the items, which is intended.
+// By the labels shown, which components give, and not by the items, which they do not have.
 void OptionsPanel::changeWidget(QTreeWidgetItem* current, QTreeWidgetItem*)
 {
     QStringList labels;

@@ -36,7 +36,7 @@ public:
      *
      * @param path  names the page and, in front of it, the groups it belongs to, parted by "/". Groups that
      * are missing are made. In a path of three or more parts, groups made here get their labels in reverse
-     * order and pages below them cannot be reached by selection, which is intended: use two parts at most.
+     * order and pages below them cannot be reached by selection: use two parts at most.
      * @param page  becomes a child of the panel, and remains the caller's to remove and delete. Null makes
      * a group only.
      */

@@ -628,7 +628,7 @@ void TstMainFrame::one_life_leaves_nothing_to_the_next()
             frame.new_event(); // left waiting
         }
         QVERIFY(!Ostrel::instance());
-        // The submenu of toolbars outlives its window, which is intended, and nothing else does.
+        // The submenu of toolbars outlives its window, since components may show it, and nothing else does.
         QCOMPARE(top_level_names(), QStringList(earlier + life, u"ViewToolbarsActionGroup"_s));
         QCoreApplication::processEvents();
         QVERIFY(host().trackers.empty());

@@ -251,7 +251,7 @@ void TstOstrelGUIOptions::texts_of_the_forms_are_translated_in_their_contexts()
         const MarkingTranslator marker("QtLayoutOptions");
         const LayoutOptions page(nullptr);
         QVERIFY2(all_marked(page_texts(page)), qPrintable(page_texts(page).join(u'|')));
-        // This one is not translated, which is intended.
+        // This one is not translated.
         QCOMPARE(LayoutOptionsModel().headerData(0, Qt::Horizontal).toString(), u"Name"_s);
     }
     const MarkingTranslator marker("QtOptionsPanel");
