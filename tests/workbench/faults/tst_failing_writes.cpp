@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "console/CommandWidget.h"
+#include "console/CommandWindow.h"
 #include "support/TestCase.h"
 #include "sweep.h"
 #include "workbench/SettingsFormat.h"
@@ -9,6 +11,8 @@
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/recovery/RecoveryFolder.h"
 #include "workbench/console/CommandHistory.h"
+#include "workbench/console/ConsoleOwner.h"
+#include "workbench/console/ErrorPage.h"
 #include "workbench/fennar_util/write_whole_file.h"
 
 #include <QFile>
@@ -31,6 +35,7 @@ private slots:
     void saved_model_is_the_old_or_the_new_one_data();
     void saved_model_is_the_old_or_the_new_one();
     void history_has_whole_lines();
+    void line_entered_at_the_console_is_in_the_history_or_told();
     void history_is_shortened_or_left();
     void settings_are_the_old_or_the_new_ones();
     void recovery_copy_is_the_old_or_the_new_one_data();
@@ -113,6 +118,20 @@ void TstFailingWrites::history_has_whole_lines()
         return history.add(u"sphere 2 at 1 2 3"_s) ? QString() : u"it cannot be written"_s;
     };
     QCOMPARE(sweep({.file = file, .write = add, .folder = mDirectory->path()}), QString());
+}
+
+void TstFailingWrites::line_entered_at_the_console_is_in_the_history_or_told()
+{
+    const QString file = make(u"history"_s, "brick 1\n");
+    CommandWindow window(nullptr);
+    const auto enter = [&]() -> QString {
+        ConsoleOwner console(&window, file);
+        console.prompt();
+        QTest::keyClicks(console.command_page(), u"sphere 2 at 1 2 3"_s);
+        QTest::keyClick(console.command_page(), Qt::Key_Return);
+        return console.error_page()->toPlainText();
+    };
+    QCOMPARE(sweep({.file = file, .write = enter, .folder = mDirectory->path()}), QString());
 }
 
 void TstFailingWrites::history_is_shortened_or_left()
