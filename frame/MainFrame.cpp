@@ -104,10 +104,11 @@ bool MainFrame::load_gui()
     mApplication = gui_application();
     if (mApplication && !build_window())
         return false;
-    // Without an application there may be a second try.
+    const QPointer<Ostrel> window(mMainWindow);
+    // Without an application there may be a second try. The framework may unload the frame at once.
     if (!std::exchange(mPrivate->tracks, true))
         Broker::instance()->add_component_tracker(this);
-    return is_loaded();
+    return window;
 }
 
 // Returns whether nobody has unloaded the frame meanwhile, which may then be gone altogether.
@@ -141,16 +142,19 @@ bool MainFrame::build_window()
 
 void MainFrame::unload_gui()
 {
-    Broker::instance()->remove_component_tracker(this);
-    mPrivate.reset();
-    if (mMainWindow) {
-        // From here on the framework must not print to a console that is about to go.
-        Broker::command.set_command_window(nullptr);
-        // What goes with it may call here once more.
-        delete std::exchange(mMainWindow, nullptr);
-    }
-    delete std::exchange(mEventCatcher, nullptr);
+    // What is told of this may come here once more, or delete the frame: nothing of it is used from the first
+    // call on.
+    std::unique_ptr<MainFramePrivate> parts = std::move(mPrivate);
+    const QPointer<Ostrel> window(std::exchange(mMainWindow, nullptr));
+    const QPointer<EventCatcher> catcher(std::exchange(mEventCatcher, nullptr));
     mApplication = nullptr;
+    Broker::instance()->remove_component_tracker(this);
+    parts.reset();
+    // The framework must not print to a console that is about to go.
+    if (window)
+        Broker::command.set_command_window(nullptr);
+    delete window.data();
+    delete catcher.data();
 }
 
 void MainFrame::new_event()

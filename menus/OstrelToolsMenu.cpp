@@ -80,7 +80,7 @@ OstrelToolsMenu::OstrelToolsMenu(Ostrel* parent) : QObject(parent), mMainWindow(
 OstrelToolsMenu::~OstrelToolsMenu()
 {
     mSections.reset();
-    delete mComponentTool;
+    ComponentTool::dispose(mComponentTool);
     delete mMenu;
 }
 

@@ -15,11 +15,11 @@ namespace {
 
 void run_call(const QString& method, const QString& arguments)
 {
+    // Made first: who asks for Python may lead it to delete the action.
+    const QByteArray call = method.isEmpty() ? QByteArray() : (method + u'(' + arguments + u')').toUtf8();
     FennarPythonInterpreter* const python = Framework::user_python_interpreter();
-    if (!python || !python->IsInitialized() || method.isEmpty())
-        return;
-    const QString call = method + u'(' + arguments + u')';
-    python->Run_SimpleString(call.toUtf8().constData());
+    if (python && python->IsInitialized() && !call.isEmpty())
+        python->Run_SimpleString(call.constData());
 }
 
 // The text is gone when this returns; see the class.

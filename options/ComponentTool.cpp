@@ -67,6 +67,17 @@ ComponentTool::~ComponentTool()
     hide();
 }
 
+void ComponentTool::dispose(ComponentTool* tool)
+{
+    // Qt goes on with a widget whose event has led here.
+    if (tool && (tool->ui->state == Form::State::Loading || tool->ui->state == Form::State::HandingBack)) {
+        tool->setParent(nullptr);
+        tool->deleteLater();
+    } else {
+        delete tool;
+    }
+}
+
 void ComponentTool::component_loading(const char* name)
 {
     show_state(name, "loading_ot.svg");

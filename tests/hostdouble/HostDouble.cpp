@@ -321,8 +321,8 @@ NavigationResourcesDelay::~NavigationResourcesDelay()
 
 void NavigationResourcesDelay::recheckResources()
 {
-    record("NavigationResourcesDelay::recheckResources");
     host().resources_model = model;
+    record("NavigationResourcesDelay::recheckResources");
 }
 
 NavigationReader::NavigationReader()
@@ -350,8 +350,8 @@ void NavigationReader::setModel(NavigationModel* model, QSet<NavigationNode*>* n
 
 void NavigationReader::buildNavigation(const QString& directory, const QString& extension)
 {
-    record("NavigationReader::buildNavigation", directory, extension);
     const auto* resources = dynamic_cast<const NavigationResourcesDelay*>(mResources);
     host().resources_model = resources ? resources->model : nullptr;
     messages = host().navigation_messages;
+    record("NavigationReader::buildNavigation", directory, extension);
 }

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <span>
+
+class Stage;
+
+/** What a user, a component or the host begins, and what leads the shell to call others. */
+struct Flow
+{
+    const char* name;
+    /** Each step looks whether what it needs is there still. */
+    void (*run)(Stage& stage);
+    /** Whether it starts without a window. */
+    bool loads = false;
+};
+
+/** The window, its bars and the console. */
+std::span<const Flow> window_flows();
+/** The file menu and the journal editor. */
+std::span<const Flow> file_flows();
+/** The options, the plugin tool and the help menu. */
+std::span<const Flow> panel_flows();
