@@ -14,6 +14,7 @@
 #include "journal/JournalDocument.h"
 #include "journal/JournalEditor.h"
 #include "journal/JournalEditorForm.h"
+#include "journal/read_journal.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -23,31 +24,16 @@
 
 #include <fstream>
 #include <optional>
-#include <string>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// Each line up to its first NUL, with a line feed; nothing if the file cannot be read to its end.
-std::optional<QString> read_lines(const QString& name)
+std::optional<QString> read_file(const QString& name)
 {
     std::ifstream stream(QFile::encodeName(name).constData());
-    if (!stream)
-        return std::nullopt;
-    QString text;
-    std::string line;
-    // The read that meets the end of the file counts as a line too: each cycle of opening and
-    // saving adds an empty line at the end (docs/surprises.md).
-    while (!stream.eof()) {
-        std::getline(stream, line);
-        if (stream.bad() || (stream.fail() && !stream.eof()))
-            return std::nullopt;
-        text += QString::fromUtf8(line.c_str());
-        text += u'\n';
-    }
-    return text;
+    return read_journal(stream);
 }
 
 bool is_modified(const JournalDocument* doc)
@@ -128,7 +114,7 @@ void JournalEditor::close_tab(int index)
 void JournalEditor::open_file(const QString& name)
 {
     OstrelFileMenu::set_path_from_file(name);
-    const std::optional<QString> text = read_lines(name);
+    const std::optional<QString> text = read_file(name);
     if (!text) {
         show_message(QMessageBox::Critical, this, tr("File Error"), tr("Unable to open the file."),
                      QMessageBox::Ok);

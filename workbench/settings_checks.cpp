@@ -105,6 +105,11 @@ QString tell_unwritable_settings()
 void bound_settings(const QRect& screens)
 {
     QSettings settings;
+    bound_settings(settings, screens);
+}
+
+void bound_settings(QSettings& settings, const QRect& screens)
+{
     using namespace settings_keys;
     bound_window(settings, {x, y, width, height}, screens);
     bound_window(settings, {journal_x, journal_y, journal_width, journal_height}, screens);

@@ -6,6 +6,8 @@
 #include <QRect>
 #include <QString>
 
+class QSettings;
+
 /**
  * Moves the user's own settings file aside if it cannot be read, before the first write would put another one
  * in its place. What can be read of it is taken over.
@@ -29,3 +31,5 @@ QString tell_unwritable_settings();
  * @param screens  where windows can be seen.
  */
 void bound_settings(const QRect& screens);
+/** The same for @p settings. */
+void bound_settings(QSettings& settings, const QRect& screens);

@@ -3,20 +3,20 @@
 
 // Compares the two translations of journals on whatever bytes the fuzzer comes up with.
 
+#include "fuzz/fuzz_target.h"
 #include "journal/literal_translation.h"
 #include "journal/translate.h"
 
 #include <QByteArray>
 #include <QString>
 
-#include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArrayView bytes(data, static_cast<qsizetype>(size));
     const QString text = QString::fromUtf8(bytes);
+    const MemoryBound bound(size);
     QString found = text;
     pythonize_text(found);
     QString expected = text;

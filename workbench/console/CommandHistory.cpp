@@ -23,7 +23,7 @@ QStringList read_lines(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    return CommandHistory::read(file);
 }
 
 /** Adds @p line to the end of a file. Returns false if that fails; no part of the line is there then. */
@@ -56,6 +56,11 @@ CommandHistory::CommandHistory(const QString& file) : mFile(file)
         std::ignore = write_whole_file(mFile, {mEntries.join(u'\n').toUtf8(), "\n"});
     }
     mPosition = mEntries.size();
+}
+
+QStringList CommandHistory::read(QIODevice& device)
+{
+    return QString::fromUtf8(device.readAll()).split(u'\n', Qt::SkipEmptyParts);
 }
 
 bool CommandHistory::add(const QString& command)

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+class QIODevice;
+
 /**
  * The commands entered so far, oldest first, and the place in them that Up and Down have reached.
  *
@@ -25,6 +27,8 @@ public:
      * @param file  empty keeps the history in memory only.
      */
     explicit CommandHistory(const QString& file = {});
+    /** The entries in what an open @p device has, however many they are. */
+    static QStringList read(QIODevice& device);
 
     /**
      * Adds @p command behind the newest entry, and returns to the newest position.

@@ -78,18 +78,18 @@ QString parent_name(const NavigationNode* parent)
     return parent ? element(element_name(parent->kind())) : element(Navigation);
 }
 
-/** Column and line of the first bytes of @p file that are no letter of UTF-8; null if there are none, or if
+/** Column and line of the first bytes of @p device that are no letter of UTF-8; null if there are none, or if
  * the file says that it has another @p encoding. The XML reader tells only how far it had come. */
-QPoint first_wrong_letter(QFile& file, QStringView encoding)
+QPoint first_wrong_letter(QIODevice& device, QStringView encoding)
 {
-    if (!file.seek(0) || !(encoding.isEmpty() || encoding.compare("UTF-8"_L1, Qt::CaseInsensitive) == 0))
+    if (!device.seek(0) || !(encoding.isEmpty() || encoding.compare("UTF-8"_L1, Qt::CaseInsensitive) == 0))
         return {};
-    const QByteArray mark = file.peek(2);
+    const QByteArray mark = device.peek(2);
     if (mark == "\xfe\xff" || mark == "\xff\xfe") // UTF-16
         return {};
-    for (int line = 1; !file.atEnd(); ++line) {
+    for (int line = 1; !device.atEnd(); ++line) {
         QStringDecoder decoder(QStringDecoder::Utf8);
-        const QString text = decoder.decode(file.readLine());
+        const QString text = decoder.decode(device.readLine());
         if (decoder.hasError())
             return {static_cast<int>(text.indexOf(QChar::ReplacementCharacter)) + 1, line};
     }
@@ -110,7 +110,6 @@ std::vector<std::unique_ptr<NavigationNode>> NavigationFiles::take_pages()
 void NavigationFiles::read(const QString& path)
 {
     mPath = path;
-    mTroubles = 0;
     const QFileInfo info(path);
     // Opening a pipe would wait for whoever writes into it.
     if (!info.exists())
@@ -120,17 +119,23 @@ void NavigationFiles::read(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return tell_unreadable(file.errorString());
+    read(file, path);
+}
 
-    QXmlStreamReader xml(&file);
+void NavigationFiles::read(QIODevice& device, const QString& path)
+{
+    mPath = path;
+    mTroubles = 0;
+    QXmlStreamReader xml(&device);
     const QScopedValueRollback<QXmlStreamReader*> reading(mXml, &xml);
     read_root();
 
-    if (file.error() != QFileDevice::NoError)
-        tell_unreadable(file.errorString());
-    else if (file.size() == 0)
+    if (const auto* file = qobject_cast<QFileDevice*>(&device); file && file->error() != QFileDevice::NoError)
+        tell_unreadable(file->errorString());
+    else if (device.size() == 0)
         tell_at(1, 1, u"the file is empty"_s);
     else if (xml.hasError())
-        tell_xml_error(file);
+        tell_xml_error(device);
     if (mTroubles > MostTroubles)
         mMessages->append(u"%1: %2 further troubles are not told"_s.arg(
             QDir::toNativeSeparators(mPath), QString::number(mTroubles - MostTroubles)));
@@ -370,9 +375,9 @@ void NavigationFiles::tell_at(qint64 line, qint64 column, const QString& trouble
                                                 QString::number(column), trouble));
 }
 
-void NavigationFiles::tell_xml_error(QFile& file)
+void NavigationFiles::tell_xml_error(QIODevice& device)
 {
-    const QPoint wrong = first_wrong_letter(file, mEncoding);
+    const QPoint wrong = first_wrong_letter(device, mEncoding);
     if (wrong.isNull())
         tell_at(mXml->lineNumber(), mXml->columnNumber() + 1, u"not well-formed: "_s + mXml->errorString());
     else

@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-class QFile;
+class QIODevice;
 class QXmlStreamReader;
 
 /**
@@ -30,6 +30,8 @@ public:
 
     /** Reads the file @p path. Trouble is told under this path. */
     void read(const QString& path);
+    /** Reads what an open @p device has. Trouble is told under @p path; icons are looked for beside it. */
+    void read(QIODevice& device, const QString& path);
 
     /** Hands over the pages read so far, in order. The caller owns them. */
     std::vector<std::unique_ptr<NavigationNode>> take_pages();
@@ -55,7 +57,7 @@ private:
     QString attribute(QLatin1StringView name) const;
     void tell(const QString& trouble);
     void tell_at(qint64 line, qint64 column, const QString& trouble);
-    void tell_xml_error(QFile& file);
+    void tell_xml_error(QIODevice& device);
     void tell_unreadable(const QString& reason);
 
     QStringList* mMessages;

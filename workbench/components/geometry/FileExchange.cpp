@@ -6,6 +6,7 @@
 #include "workbench/components/geometry/GeometryError.h"
 #include "workbench/components/geometry/GeometryModel.h"
 #include "workbench/components/geometry/GeometryWords.h"
+#include "workbench/components/geometry/surface_bytes.h"
 #include "workbench/fennar_util/TemporaryFolder.h"
 #include "workbench/fennar_util/write_whole_file.h"
 
@@ -14,7 +15,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <cstring>
 
 using namespace Qt::StringLiterals;
 
@@ -122,44 +122,6 @@ void check_target(const QString& file)
         throw cannot_export(file, u"there is no folder "_s + shown(info.absolutePath()));
 }
 
-// Surfaces travel as two counts, the points and the triangles, in the machine's own numbers.
-
-template <typename Item>
-void append_items(QByteArray& data, const Item* items, std::size_t count)
-{
-    data.append(reinterpret_cast<const char*>(items), static_cast<qsizetype>(count * sizeof(Item)));
-}
-
-QByteArray pack(const Surface& surface)
-{
-    const std::array<std::uint64_t, 2> counts{surface.points.size(), surface.triangles.size()};
-    QByteArray data;
-    append_items(data, counts.data(), counts.size());
-    append_items(data, surface.points.data(), surface.points.size());
-    append_items(data, surface.triangles.data(), surface.triangles.size());
-    return data;
-}
-
-Surface unpack(const QByteArray& data)
-{
-    std::array<std::uint64_t, 2> counts{};
-    Surface surface;
-    const auto size = static_cast<std::uint64_t>(data.size());
-    if (size >= sizeof counts)
-        std::memcpy(counts.data(), data.constData(), sizeof counts);
-    if (counts[0] > size || counts[1] > size ||
-        size !=
-            sizeof counts + counts[0] * sizeof surface.points[0] + counts[1] * sizeof surface.triangles[0])
-        throw GeometryError(u"the converter's triangles are damaged"_s);
-    surface.points.resize(counts[0]);
-    surface.triangles.resize(counts[1]);
-    const char* from = data.constData() + sizeof counts;
-    std::memcpy(surface.points.data(), from, counts[0] * sizeof surface.points[0]);
-    std::memcpy(surface.triangles.data(), from + counts[0] * sizeof surface.points[0],
-                counts[1] * sizeof surface.triangles[0]);
-    return surface;
-}
-
 /** Throws if what another component has made of a file cannot be used. */
 void check_surface(const Surface& surface)
 {
@@ -250,7 +212,7 @@ std::optional<FileExchange::Imported> FileExchange::read_mesh(const QString& fil
 {
     ConverterJob job(format.foreign ? "read surface" : "read mesh");
     if (format.foreign) {
-        write_job_file(job.path(u"input.surface"_s), pack(read_foreign(file, format)));
+        write_job_file(job.path(u"input.surface"_s), pack_surface(read_foreign(file, format)));
         job.add("input input.surface");
     } else {
         job.add_input(file, u"input."_s + format.endings.first());
@@ -307,7 +269,7 @@ bool FileExchange::export_file(const QString& file, const Format& format, const 
         if (!format.foreign && !is_whole(format, content))
             throw GeometryError(u"the converter has left a part of it; the disk may be full"_s);
         if (format.foreign) {
-            const Surface surface = unpack(content);
+            const Surface surface = unpack_surface(content);
             content = foreign([&] { return format.foreign->write(surface); });
         }
         const QString reason = write_whole_file(file, {content});

@@ -202,17 +202,6 @@ GeometryModel::~GeometryModel()
         Draft::remove(solid.second.model);
 }
 
-bool GeometryModel::is_name(const QString& text)
-{
-    const auto is_letter = [](QChar c) {
-        return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c == u'_';
-    };
-    return !text.isEmpty() && is_letter(text.front()) &&
-           std::all_of(text.begin(), text.end(), [&is_letter](QChar c) {
-               return is_letter(c) || (c >= u'0' && c <= u'9') || c == u'-' || c == u'.';
-           });
-}
-
 QList<int> GeometryModel::ids() const
 {
     QList<int> result;

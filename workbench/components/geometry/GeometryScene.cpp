@@ -9,7 +9,6 @@
 #include "workbench/scene/Scene.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -22,39 +21,6 @@ constexpr qint64 write_time = 15;
 constexpr int patience = 60'000;
 /** The start of the tessellator waits this long, in milliseconds, for more changes. */
 constexpr int start_delay = 20;
-
-constexpr qsizetype number = sizeof(double);
-
-std::vector<QVector3D> read_points(const char*& bytes, qsizetype count, const Point3& origin)
-{
-    std::vector<QVector3D> points;
-    points.reserve(std::size_t(count));
-    for (qsizetype i = 0; i < count; ++i, bytes += 3 * number) {
-        Point3 point;
-        std::memcpy(&point.x, bytes, number);
-        std::memcpy(&point.y, bytes + number, number);
-        std::memcpy(&point.z, bytes + 2 * number, number);
-        point = point - origin;
-        points.emplace_back(float(point.x), float(point.y), float(point.z));
-    }
-    return points;
-}
-
-std::shared_ptr<const SceneShape> read_shape(const char* bytes, qsizetype triangles, qsizetype lines)
-{
-    auto shape = std::make_shared<SceneShape>();
-    if (triangles > 0) {
-        std::memcpy(&shape->origin.x, bytes, number);
-        std::memcpy(&shape->origin.y, bytes + number, number);
-        std::memcpy(&shape->origin.z, bytes + 2 * number, number);
-    }
-    shape->corners = read_points(bytes, 3 * triangles, shape->origin);
-    shape->normals = read_points(bytes, 3 * triangles, {});
-    shape->lines = read_points(bytes, 2 * lines, shape->origin);
-    shape->update_box();
-    shape->update_curves();
-    return shape;
-}
 
 } // namespace
 
@@ -239,29 +205,14 @@ void GeometryScene::start_tessellator()
 void GeometryScene::take_shapes()
 {
     mPatience.start();
-    mOutput += mProcess->readAllStandardOutput();
-    qsizetype begin = 0;
-    for (;;) {
-        const qsizetype end = mOutput.indexOf('\n', begin);
-        if (end < 0)
-            break;
-        const QList<QByteArray> words = mOutput.mid(begin, end - begin).split(' ');
-        const bool made = words[0] == "shape" && words.size() == 4;
-        const qsizetype triangles = made ? words[2].toLongLong() : 0;
-        const qsizetype lines = made ? words[3].toLongLong() : 0;
-        const qsizetype size = (18 * triangles + 6 * lines) * number;
-        if (mOutput.size() - end - 1 < size)
-            break;
-        const int id = words.value(1).toInt();
-        mBatch.remove(id);
-        const auto found = mEntries.find(id);
+    mOutput.add(mProcess->readAllStandardOutput());
+    while (const auto solid = mOutput.take()) {
+        mBatch.remove(solid->id);
+        const auto found = mEntries.find(solid->id);
         // One that has changed meanwhile gets its present shape next.
         if (found != mEntries.end() && found->second.asked == found->second.version)
-            mScene.set_shape(found->second.item,
-                             made ? read_shape(mOutput.constData() + end + 1, triangles, lines) : nullptr);
-        begin = end + 1 + size;
+            mScene.set_shape(found->second.item, solid->shape);
     }
-    mOutput.remove(0, begin);
 }
 
 void GeometryScene::tessellator_ended(bool well)

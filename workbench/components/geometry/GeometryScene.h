@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "workbench/components/geometry/TessellatorOutput.h"
 #include "workbench/fennar_util/TemporaryFolder.h"
 #include "workbench/scene/SceneShape.h"
 
@@ -81,7 +82,7 @@ private:
     QTimer mPatience;
     std::unique_ptr<TemporaryFolder> mDirectory;
     std::unique_ptr<QProcess> mProcess;
-    QByteArray mOutput;
+    TessellatorOutput mOutput;
     /** The solids that the tessellator has not come to yet. */
     QSet<int> mBatch;
     qsizetype mBatchSize = 0;

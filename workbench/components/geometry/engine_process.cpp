@@ -51,6 +51,26 @@ QString failure(const QString& name, const QProcess& process, const MesherReport
     return u"%1 has failed (exit status %2)"_s.arg(name).arg(process.exitCode());
 }
 
+} // namespace
+
+void write_job_file(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush())
+        throw GeometryError(u"a temporary file cannot be written: "_s + file.errorString());
+}
+
+QByteArray read_job_file(const QString& path, const QString& missing)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw GeometryError(missing + u": "_s + file.errorString());
+    QByteArray content = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        throw GeometryError(u"a temporary file cannot be read: "_s + file.errorString());
+    return content;
+}
+
 void read_statistics(const QByteArray& text, const QString& name, Mesh& mesh)
 {
     const QList<QByteArray> lines = text.split('\n');
@@ -72,26 +92,6 @@ void read_statistics(const QByteArray& text, const QString& name, Mesh& mesh)
         [](const Mesh::Elements& a, const Mesh::Elements& b) { return a.dimension < b.dimension; });
     if (mesh.nodes <= 0 || mesh.elements.isEmpty())
         throw GeometryError(name + u" has left an empty mesh"_s);
-}
-
-} // namespace
-
-void write_job_file(const QString& path, const QByteArray& content)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush())
-        throw GeometryError(u"a temporary file cannot be written: "_s + file.errorString());
-}
-
-QByteArray read_job_file(const QString& path, const QString& missing)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw GeometryError(missing + u": "_s + file.errorString());
-    QByteArray content = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        throw GeometryError(u"a temporary file cannot be read: "_s + file.errorString());
-    return content;
 }
 
 void read_mesh_files(const QDir& folder, const QString& name, Mesh& mesh)

@@ -39,6 +39,9 @@ void write_job_file(const QString& path, const QByteArray& content);
 /** Reads what a job has left. Throws a GeometryError that begins with @p missing if it is not there. */
 QByteArray read_job_file(const QString& path, const QString& missing);
 
+/** Reads the counts and the quality in @p text into @p mesh. Throws a GeometryError if they make no sense. */
+void read_statistics(const QByteArray& text, const QString& name, Mesh& mesh);
+
 /**
  * Reads "mesh.msh" and the counts and the quality in "statistics". Throws a GeometryError if they are not
  * there or make no sense.

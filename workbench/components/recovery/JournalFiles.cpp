@@ -5,6 +5,7 @@
 
 #include "journal/JournalEditor.h"
 #include "workbench/components/recovery/journal_file.h"
+#include "workbench/components/recovery/journal_text.h"
 #include "workbench/components/recovery/line_differences.h"
 
 #include <QAction>
@@ -45,16 +46,6 @@ std::optional<QByteArray> content_of(const QString& path)
 QByteArray fingerprint_of(const QByteArray& bytes)
 {
     return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
-}
-
-/** The text that the editor makes of a file: each line up to its first NUL, and a line feed behind the last.
- */
-QString text_of(const QByteArray& bytes)
-{
-    QString text;
-    for (const QByteArray& line : bytes.split('\n'))
-        text += QString::fromUtf8(line.constData()) + u'\n';
-    return text;
 }
 
 QString shown(const QString& file)
@@ -299,8 +290,9 @@ bool JournalFiles::look_at(Document* document, bool insist)
         const QByteArray bytes = content_of(watched.file).value_or(QByteArray());
         const QString text = document->toPlainText();
         // Touched, or written with what is shown anyway.
-        is_same = fingerprint_of(bytes) == watched.fingerprint ||
-                  (!document->document()->isModified() && (text_of(bytes) == text || bytes == text.toUtf8()));
+        is_same =
+            fingerprint_of(bytes) == watched.fingerprint ||
+            (!document->document()->isModified() && (journal_text(bytes) == text || bytes == text.toUtf8()));
         if (is_same)
             accept_state(watched);
     }
@@ -393,7 +385,7 @@ void JournalFiles::reload(Document* document)
     accept_state(watched);
     QTextCursor cursor(document->document());
     cursor.select(QTextCursor::Document);
-    cursor.insertText(text_of(*bytes));
+    cursor.insertText(journal_text(*bytes));
     document->document()->setModified(false);
 }
 

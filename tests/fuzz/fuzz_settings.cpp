@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+// Takes whatever the fuzzer comes up with for a settings file. What can be read of it is looked through as at
+// the start of the program, and written.
+
+#include "frame/read_setting.h"
+#include "frame/settings_keys.h"
+#include "fuzz/fuzz_target.h"
+#include "workbench/SettingsFormat.h"
+#include "workbench/settings_checks.h"
+
+#include <QRect>
+
+#include <algorithm>
+#include <array>
+#include <ctime>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** A file without a disk, since Qt's reader of settings wants a name. */
+class MemoryFile
+{
+public:
+    MemoryFile() : mFile(::memfd_create("fuzz_settings.conf", 0))
+    {
+        expect(mFile >= 0, "memory can be a file");
+    }
+
+    QString name() const { return u"/proc/self/fd/%1"_s.arg(mFile); }
+    void set(const char* data, std::size_t size)
+    {
+        expect(::ftruncate(mFile, 0) == 0, "the file can be emptied");
+        expect(::pwrite(mFile, data, size, 0) == static_cast<ssize_t>(size), "the file can be written");
+        // Qt reads a file anew that has another time, in milliseconds.
+        mTime += 10;
+        const std::timespec time{mTime, 0};
+        expect(::futimens(mFile, std::array{time, time}.data()) == 0, "the file can get another time");
+    }
+
+private:
+    int mFile;
+    std::time_t mTime = 1'000'000'000;
+};
+
+/** Whether it is of a kind that the program keeps. Streams of other kinds differ between versions of Qt. */
+bool is_own(const QVariant& value)
+{
+    switch (value.typeId()) {
+    case QMetaType::UnknownType:
+    case QMetaType::QByteArray:
+    case QMetaType::QString:
+    case QMetaType::QStringList:
+    case QMetaType::QRect:
+    case QMetaType::QSize:
+    case QMetaType::QPoint:
+        return true;
+    case QMetaType::QVariantList: {
+        const QVariantList list = value.toList();
+        return std::all_of(list.begin(), list.end(), &is_own);
+    }
+    default:
+        return false;
+    }
+}
+
+QSettings::SettingsMap contents(const QSettings& settings)
+{
+    QSettings::SettingsMap map;
+    const QStringList keys = settings.allKeys();
+    for (const QString& key : keys) {
+        // Keys with slashes too many are listed but cannot be asked for.
+        if (const QVariant value = settings.value(key); is_own(value) && settings.contains(key))
+            map.insert(key, value);
+    }
+    return map;
+}
+
+/** As the shell reads its own keys, whatever they hold. */
+void read_as_shell(const QSettings& settings)
+{
+    const QStringList keys = settings.allKeys();
+    for (const QString& key : keys) {
+        read_setting(settings, key, 0);
+        read_setting(settings, key, false);
+        read_setting(settings, key, QString());
+        read_setting(settings, key, QStringList());
+        read_setting(settings, key, QByteArray());
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static MemoryFile file;
+    static const QString name = file.name();
+    file.set(reinterpret_cast<const char*>(data), size);
+    QSettings::SettingsMap first;
+    {
+        QSettings settings(name, settings_format());
+        read_as_shell(settings);
+        first = contents(settings);
+    }
+    const QByteArray written = ini_text(first);
+    file.set(written.constData(), static_cast<std::size_t>(written.size()));
+    const QSettings settings(name, settings_format());
+    expect(settings.status() == QSettings::NoError, "what is written can be read");
+    expect(ini_text(contents(settings)) == written, "settings that were written come back");
+    return 0;
+}

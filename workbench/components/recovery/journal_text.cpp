@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/components/recovery/journal_text.h"
+
+#include <QList>
+
+QString journal_text(const QByteArray& bytes)
+{
+    QString text;
+    for (const QByteArray& line : bytes.split('\n'))
+        text += QString::fromUtf8(line.constData()) + u'\n';
+    return text;
+}

@@ -1,0 +1,11 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/** The text that the editor makes of a file: each line up to its first NUL, and a line feed behind the last.
+ */
+QString journal_text(const QByteArray& bytes);
