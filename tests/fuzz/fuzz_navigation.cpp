@@ -60,6 +60,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     const MemoryBound bound(size);
-    expect(read(bytes, 1) == read(bytes, 2), "the same file adds nothing");
+    const int entries = read(bytes, 1);
+    if (entries > 0)
+        expect(read(bytes, 2) == entries, "the same file adds nothing");
     return 0;
 }

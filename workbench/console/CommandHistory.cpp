@@ -18,6 +18,14 @@ namespace {
 /** Entries that may gather in the file beyond the limit before it is written anew. */
 constexpr qsizetype slack = 1000;
 
+/** On the console, any of these would begin a line. */
+void make_one_line(QString& entry)
+{
+    std::replace_if(
+        entry.begin(), entry.end(),
+        [](QChar c) { return c == u'\n' || c == u'\r' || c == QChar::ParagraphSeparator; }, u' ');
+}
+
 QStringList read_lines(const QString& path)
 {
     QFile file(path);
@@ -60,15 +68,16 @@ CommandHistory::CommandHistory(const QString& file) : mFile(file)
 
 QStringList CommandHistory::read(QIODevice& device)
 {
-    return QString::fromUtf8(device.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    QStringList entries = QString::fromUtf8(device.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    // Another program may have written the file.
+    std::ranges::for_each(entries, &make_one_line);
+    return entries;
 }
 
 bool CommandHistory::add(const QString& command)
 {
     QString entry = command;
-    std::replace_if(
-        entry.begin(), entry.end(),
-        [](QChar c) { return c == u'\n' || c == u'\r' || c == QChar::ParagraphSeparator; }, u' ');
+    make_one_line(entry);
     bool written = true;
     if (!entry.trimmed().isEmpty() && (mEntries.isEmpty() || mEntries.last() != entry)) {
         mEntries.append(entry);

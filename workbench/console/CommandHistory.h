@@ -27,7 +27,7 @@ public:
      * @param file  empty keeps the history in memory only.
      */
     explicit CommandHistory(const QString& file = {});
-    /** The entries in what an open @p device has, however many they are. */
+    /** The entries in what an open @p device has, however many they are; one to a line. */
     static QStringList read(QIODevice& device);
 
     /**

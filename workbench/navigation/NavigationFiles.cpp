@@ -379,7 +379,8 @@ void NavigationFiles::tell_xml_error(QIODevice& device)
 {
     const QPoint wrong = first_wrong_letter(device, mEncoding);
     if (wrong.isNull())
-        tell_at(mXml->lineNumber(), mXml->columnNumber() + 1, u"not well-formed: "_s + mXml->errorString());
+        tell_at(mXml->lineNumber(), mXml->columnNumber() + 1,
+                u"not well-formed: "_s + mXml->errorString().simplified());
     else
         tell_at(wrong.y(), wrong.x(), u"not well-formed: the text is not UTF-8"_s);
 }

@@ -34,6 +34,7 @@ private slots:
     void missing_directory_is_made();
     void unwritable_file_is_told_and_the_entry_kept();
     void binary_file_is_read_without_harm();
+    void line_ends_of_others_in_the_file_become_blanks();
 
 private:
     QString path() const
@@ -230,6 +231,17 @@ void TstCommandHistory::binary_file_is_read_without_harm()
     const CommandHistory history(path());
     QCOMPARE(history.entries().size(), 2);
     QCOMPARE(history.entries().constLast(), u"two"_s);
+}
+
+void TstCommandHistory::line_ends_of_others_in_the_file_become_blanks()
+{
+    QFile file(path());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("one\r\ntwo\rthree\nfour\xe2\x80\xa9"
+               "five\n");
+    file.close();
+    // On the console each of them would begin a line.
+    QCOMPARE(CommandHistory(path()).entries(), (QStringList{u"one "_s, u"two three"_s, u"four five"_s}));
 }
 
 OSTREL_TEST(TstCommandHistory)

@@ -251,6 +251,9 @@ void TstNavigationReader::one_file_data()
         << QByteArray("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><navigation version=\"1\">"
                       "<page title=\"\xe9\"/></navigation>")
         << QStringList{u"page é"_s} << nothing;
+    QTest::newRow("encoding that is no name, on two lines")
+        << QByteArray("<?xml version=\"1.0\" encoding=\"a\nb\"?><navigation version=\"1\"/>") << nothing
+        << QStringList{u"a.xml:2:5: not well-formed: a b is an invalid encoding name."_s};
     QTest::newRow("other encoding and another fault")
         << QByteArray("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><navigation version=\"1\">"
                       "<page title=\"\xe9\"/></menu>")
