@@ -24,7 +24,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const MemoryBound bound(size);
     const QStringList entries =
         read(QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
-    QByteArray written;
+    // A byte order mark is one only at the beginning.
+    QByteArray written = "first\n";
     CommandHistory history;
     for (const QString& entry : entries) {
         expect(!entry.isEmpty(), "an entry is a command");
@@ -33,7 +34,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         written += entry.toUtf8() + '\n';
         history.add(entry);
     }
-    expect(read(written) == entries, "entries that were written come back");
+    expect(read(written).mid(1) == entries, "entries that were written come back");
 
     expect(history.entries().size() <= CommandHistory::limit, "old entries are forgotten");
     QString line;

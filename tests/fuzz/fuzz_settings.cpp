@@ -117,7 +117,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     const QByteArray written = ini_text(first);
     file.set(written.constData(), static_cast<std::size_t>(written.size()));
-    const QSettings settings(name, settings_format());
+    const QSettings settings(name, QSettings::IniFormat);
     expect(settings.status() == QSettings::NoError, "what is written can be read");
     expect(ini_text(contents(settings)) == written, "settings that were written come back");
     return 0;

@@ -46,7 +46,7 @@ std::optional<MesherReport::Message> MesherReport::read(const QByteArray& line)
         return std::nullopt;
     }
     if (text.startsWith("@expect "_L1)) {
-        mExpectedNodes = std::max(text.sliced(8).toDouble(), 1.0);
+        mExpectedNodes = std::max(1.0, text.sliced(8).toDouble()); // in this order: "nan" becomes 1, too
         return std::nullopt;
     }
     const QRegularExpressionMatch said = engine_line.match(text);
@@ -88,5 +88,8 @@ void MesherReport::begin_stage(const QString& name)
 
 void MesherReport::advance(double part)
 {
-    mPercent = std::clamp(int(mBegin + part * (mEnd - mBegin)), mPercent, 100);
+    // What is no number is no progress either.
+    const double percent = mBegin + std::min(part, 1.0) * (mEnd - mBegin);
+    if (percent > mPercent)
+        mPercent = int(percent);
 }

@@ -30,6 +30,7 @@ public:
 
 private:
     void begin_stage(const QString& name);
+    /** @param part  how much of the stage is done, from 0 to 1. */
     void advance(double part);
 
     QString mStage;

@@ -9,6 +9,7 @@
 
 #include <QCryptographicHash>
 #include <QIODevice>
+#include <QStringDecoder>
 
 #include <cmath>
 #include <limits>
@@ -52,6 +53,13 @@ QByteArrayList write_mesh(const Mesh& mesh, qint64 age)
                 exact(quality.mean) + ' ' + exact(quality.most) + '\n';
     head += "mesh " + QByteArray::number(mesh.msh.size()) + '\n';
     return {head, mesh.msh, "\n"};
+}
+
+/** A byte order mark at the beginning would be part of the text: lines have none. */
+QString text_of(const QByteArray& bytes)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    return decoder(bytes);
 }
 
 /** Walks through the file; each function stands at what it is about and leaves behind it. */
@@ -119,8 +127,8 @@ private:
         bool ok = false;
         const int version = text.toInt(&ok);
         if (!ok || version < 1 || QByteArray::number(version) != text)
-            throw GeometryError(u"the version of its format, %1, is no number"_s.arg(
-                CommandError::shown(QString::fromUtf8(text))));
+            throw GeometryError(
+                u"the version of its format, %1, is no number"_s.arg(CommandError::shown(text_of(text))));
         if (version > model_format_version)
             throw GeometryError(
                 u"it has version %1 of the format, and this program knows no later one than %2"_s.arg(version)
@@ -141,7 +149,7 @@ private:
     {
         if (mWord != word)
             throw wrong(u"expected \"%1\", found %2"_s.arg(QString::fromLatin1(word),
-                                                           CommandError::shown(QString::fromUtf8(mWord))));
+                                                           CommandError::shown(text_of(mWord))));
         return mRest;
     }
 
@@ -153,7 +161,7 @@ private:
         const qint64 value = text.toLongLong(&ok);
         if (!ok || QByteArray::number(value) != text || value < least || value > most)
             throw wrong(u"expected a whole number from %1 to %2, found %3"_s.arg(least).arg(most).arg(
-                CommandError::shown(QString::fromUtf8(text))));
+                CommandError::shown(text_of(text))));
         return Number(value);
     }
 
@@ -162,7 +170,7 @@ private:
         bool ok = false;
         const double value = text.toDouble(&ok);
         if (!ok || !std::isfinite(value))
-            throw wrong(u"expected a number, found %1"_s.arg(CommandError::shown(QString::fromUtf8(text))));
+            throw wrong(u"expected a number, found %1"_s.arg(CommandError::shown(text_of(text))));
         return value;
     }
 
@@ -172,7 +180,7 @@ private:
     {
         QByteArrayList result = mRest.split(' ');
         if (result.size() < count || result.contains(QByteArray()))
-            throw wrong(u"the line \"%1\" is not whole"_s.arg(QString::fromUtf8(mWord)));
+            throw wrong(u"the line \"%1\" is not whole"_s.arg(text_of(mWord)));
         const QByteArray last = result.sliced(count - 1).join(' ');
         result = result.first(count - 1);
         return result << last;
@@ -180,7 +188,7 @@ private:
 
     QString solid_name(const QByteArray& text) const
     {
-        QString name = QString::fromUtf8(text);
+        QString name = text_of(text);
         if (!GeometryModel::is_name(name))
             throw wrong(u"expected the name of a solid, found %1"_s.arg(CommandError::shown(name)));
         return name;
@@ -229,13 +237,11 @@ private:
             mesh->solids << solid_name(mRest);
         for (; mWord == "mesh-elements"; next_line()) {
             const QByteArrayList words = parts(3);
-            mesh->elements.append(
-                {number<int>(words[0], 0), QString::fromUtf8(words[2]), number<qint64>(words[1], 0)});
+            mesh->elements.append({number<int>(words[0], 0), text_of(words[2]), number<qint64>(words[1], 0)});
         }
         for (; mWord == "mesh-quality"; next_line()) {
             const QByteArrayList words = parts(4);
-            mesh->quality.append(
-                {QString::fromUtf8(words[0]), real(words[1]), real(words[2]), real(words[3])});
+            mesh->quality.append({text_of(words[0]), real(words[1]), real(words[2]), real(words[3])});
         }
         mesh->msh = read_bytes(need("mesh"));
         mContents.mesh = mesh;

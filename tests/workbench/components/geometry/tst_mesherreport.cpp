@@ -25,6 +25,8 @@ private slots:
     void nodes_of_several_volumes_add_up();
     void percentage_never_falls();
     void odd_numbers_do_no_harm();
+    void no_percentage_is_beyond_its_stage();
+    void expectation_that_is_no_number_counts_as_least();
 };
 
 void TstMesherReport::engine_lines_are_messages_of_their_kind()
@@ -140,6 +142,27 @@ void TstMesherReport::odd_numbers_do_no_harm()
     report.read("@stage 2D");
     report.read("Info    : [99999999999999%] what");
     QVERIFY(report.percent() <= 100);
+}
+
+void TstMesherReport::no_percentage_is_beyond_its_stage()
+{
+    for (const char* percentage : {"[999%]", "[99999999999999%]"}) {
+        MesherReport report;
+        report.read("@stage 2D\n");
+        report.read(QByteArray("Info    : ") + percentage + " Meshing\n");
+        QCOMPARE(report.percent(), 35);
+    }
+}
+
+void TstMesherReport::expectation_that_is_no_number_counts_as_least()
+{
+    for (const char* expectation : {"nan", "-inf", "none"}) {
+        MesherReport report;
+        report.read("@stage 3D\n");
+        report.read(QByteArray("@expect ") + expectation + '\n');
+        report.read("Info    : It. 500 - 500 nodes created\n");
+        QCOMPARE(report.percent(), 84);
+    }
 }
 
 OSTREL_TEST(TstMesherReport)

@@ -76,6 +76,7 @@ private slots:
     void all_comes_back();
     void empty_model_comes_back();
     void long_name_comes_back();
+    void byte_order_marks_in_texts_come_back();
     void wrong_files_are_refused_with_reason_and_place_data();
     void wrong_files_are_refused_with_reason_and_place();
     void each_truncated_file_is_told_to_be_cut_off();
@@ -158,6 +159,19 @@ void TstModelFormat::long_name_comes_back()
     QCOMPARE(read(bytes(contents)).solids[0].name, contents.solids[0].name);
 }
 
+void TstModelFormat::byte_order_marks_in_texts_come_back()
+{
+    const QByteArray file = with_checksum("fennar model 1\n"
+                                          "last-id 0\n"
+                                          "mesh-size 1\n"
+                                          "mesh-age 0\n"
+                                          "mesh-nodes 1\n"
+                                          "mesh-elements 3 1 \xef\xbb\xbf\n"
+                                          "mesh-quality \xef\xbb\xbfICN 1 1 1\n"
+                                          "mesh 0\n\n");
+    QCOMPARE(bytes(read(file)), file);
+}
+
 void TstModelFormat::wrong_files_are_refused_with_reason_and_place_data()
 {
     QTest::addColumn<QByteArray>("file");
@@ -191,6 +205,10 @@ void TstModelFormat::wrong_files_are_refused_with_reason_and_place_data()
         << u"expected a whole number from 0 to 1000000000, found \"2147483647\" at byte 15"_s;
     QTest::newRow("wrong name") << with_checksum(head + "solid 1 a;b 1\nx\n")
                                 << u"expected the name of a solid, found \"a;b\" at byte 25"_s;
+    QTest::newRow("byte order mark ahead of a name")
+        << with_checksum(head + "solid 1 \xef\xbb\xbf"
+                                "a 1\nx\n")
+        << u"expected the name of a solid, found \"\ufeffa\" at byte 25"_s;
     QTest::newRow("solid without a size")
         << with_checksum(head + "solid 1 a\nx\n") << u"the line \"solid\" is not whole at byte 25"_s;
     QTest::newRow("size too small") << with_checksum(head + "solid 1 a 1\nxy\n")
