@@ -19,6 +19,7 @@
 #include "options/OptionsPanel.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QFileDialog>
 #include <QMenu>
 #include <QMessageBox>
@@ -278,6 +279,19 @@ JournalEditor* Stage::editor() const
 QString Stage::place(const QString& name) const
 {
     return mPlace->filePath(name);
+}
+
+void Stage::choose_existing(const QString& name)
+{
+    file = place(name);
+    if (QFile made(file); !made.open(QIODevice::WriteOnly))
+        qFatal("no file %s", qPrintable(file));
+}
+
+void Stage::choose_new(const QString& name)
+{
+    file = place(name);
+    QFile::remove(file);
 }
 
 void Stage::announce(void (ComponentTracker::*change)(const char*))

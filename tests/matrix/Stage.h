@@ -94,6 +94,11 @@ public:
     QList<ImportExportHandler*> formats;
     std::unique_ptr<FileLineEdit> field;
 
+    /** Makes an empty file of that name in the stage's folder, and the user's choice. */
+    void choose_existing(const QString& name);
+    /** Makes the name of a file that is not there the user's choice. */
+    void choose_new(const QString& name);
+
     // How the user answers what the shell asks.
     QString file;
     QString button = QStringLiteral("mYesButton");

@@ -17,9 +17,13 @@ struct Flow
     bool loads = false;
 };
 
-/** The window, its bars and the console. */
+/** The frame, the window and its bars. */
 std::span<const Flow> window_flows();
-/** The file menu and the journal editor. */
+/** The console. */
+std::span<const Flow> console_flows();
+/** The file menu and the field for file names. */
 std::span<const Flow> file_flows();
+/** The journal editor. */
+std::span<const Flow> journal_flows();
 /** The options, the plugin tool and the help menu. */
 std::span<const Flow> panel_flows();

@@ -3,7 +3,7 @@
 
 #include "MatrixTest.h"
 
-/** The file menu and the journal editor. */
+/** The file menu and the field for file names. */
 class TstMatrixFiles : public MatrixTest
 {
     Q_OBJECT

@@ -3,7 +3,7 @@
 
 #include "MatrixTest.h"
 
-/** The window, its bars and the console. */
+/** The frame, the window and its bars. */
 class TstMatrixWindows : public MatrixTest
 {
     Q_OBJECT

@@ -29,7 +29,8 @@ private:
 void TstWaysOut::initTestCase()
 {
     arm();
-    for (const auto& flows : {window_flows(), file_flows(), panel_flows()}) {
+    for (const auto& flows :
+         {window_flows(), console_flows(), file_flows(), journal_flows(), panel_flows()}) {
         for (const TakenWays& taken : take_ways(flows)) {
             mTaken << taken.ways;
             for (const QString& way : taken.ways)

@@ -202,9 +202,9 @@ void TstTestCase::environment_is_the_tests_own()
     }
     QCOMPARE(qEnvironmentVariable("LC_ALL"), u"C.UTF-8"_s);
 #ifdef __SANITIZE_ADDRESS__
-    QCOMPARE(qEnvironmentVariable("QTEST_FUNCTION_TIMEOUT"), u"90000"_s);
+    QCOMPARE(qEnvironmentVariable("QTEST_FUNCTION_TIMEOUT"), u"324000"_s);
 #else
-    QCOMPARE(qEnvironmentVariable("QTEST_FUNCTION_TIMEOUT"), u"30000"_s);
+    QCOMPARE(qEnvironmentVariable("QTEST_FUNCTION_TIMEOUT"), u"108000"_s);
 #endif
 }
 
