@@ -3,6 +3,7 @@
 
 #include "page.h"
 #include "support/TestCase.h"
+#include "support/random_seed.h"
 #include "support/windows.h"
 
 #include <QClipboard>
@@ -510,11 +511,7 @@ void TstCommandWidgetProperty::act(Page& page, Model& model)
 
 void TstCommandWidgetProperty::any_sequence_of_input_and_output_follows_the_rules()
 {
-    const auto seed = qEnvironmentVariableIsSet("OSTREL_TEST_SEED")
-                          ? static_cast<quint32>(qEnvironmentVariableIntValue("OSTREL_TEST_SEED"))
-                          : QRandomGenerator::global()->generate() & 0x7fffffff;
-    qInfo("OSTREL_TEST_SEED=%u", seed);
-    mRandom.seed(seed);
+    mRandom.seed(random_seed());
 
     constexpr int runs = 1600;
     constexpr int steps = 80;

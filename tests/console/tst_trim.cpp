@@ -4,6 +4,7 @@
 #include "console/trim.h"
 #include "page.h"
 #include "support/TestCase.h"
+#include "support/random_seed.h"
 #include "support/windows.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -131,11 +132,7 @@ void TstTrim::a_page_is_as_if_all_had_been_inserted_data()
 void TstTrim::a_page_is_as_if_all_had_been_inserted()
 {
     QFETCH(int, limit);
-    const auto seed = qEnvironmentVariableIsSet("OSTREL_TEST_SEED")
-                          ? static_cast<quint32>(qEnvironmentVariableIntValue("OSTREL_TEST_SEED"))
-                          : QRandomGenerator::global()->generate() & 0x7fffffff;
-    qInfo("OSTREL_TEST_SEED=%u", seed);
-    QRandomGenerator random(seed);
+    QRandomGenerator random(random_seed());
 
     for (int run = 0; run < 60; ++run) {
         Page page;

@@ -4,6 +4,7 @@
 #include "files/RecentFiles.h"
 #include "support/TestCase.h"
 #include "support/dialogs.h"
+#include "support/random_seed.h"
 
 #include <QFile>
 #include <QMenu>
@@ -104,11 +105,7 @@ private:
 
 void TstRecentFilesProperty::initTestCase()
 {
-    const auto seed = qEnvironmentVariableIsSet("OSTREL_TEST_SEED")
-                          ? static_cast<quint32>(qEnvironmentVariableIntValue("OSTREL_TEST_SEED"))
-                          : QRandomGenerator::global()->generate();
-    qInfo("OSTREL_TEST_SEED=%u", seed);
-    mRandom.seed(seed);
+    mRandom.seed(random_seed());
     QVERIFY(mDirectory.isValid());
 }
 

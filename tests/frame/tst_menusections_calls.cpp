@@ -4,6 +4,7 @@
 #include "frame/MenuSections.h"
 #include "support/EventActor.h"
 #include "support/TestCase.h"
+#include "support/random_seed.h"
 
 #include <QAction>
 #include <QMenu>
@@ -352,9 +353,7 @@ void TstMenuSectionsCalls::widget_of_an_action_on_a_dying_toolbar_may_call()
 void TstMenuSectionsCalls::calls_inside_calls_end_as_calls_in_a_row()
 {
     QFETCH(const bool, on_toolbar);
-    const quint32 seed = QRandomGenerator::global()->generate();
-    qInfo("seed %u", seed);
-    QRandomGenerator random(seed);
+    QRandomGenerator random(random_seed());
     const std::array<const char*, 3> owners{"one", "two", "three"};
     const std::array<const char*, 4> sections{"a", "b", "c", "d"};
 

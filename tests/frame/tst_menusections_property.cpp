@@ -3,6 +3,7 @@
 
 #include "frame/MenuSections.h"
 #include "support/TestCase.h"
+#include "support/random_seed.h"
 
 #include <QAction>
 #include <QMenu>
@@ -535,11 +536,7 @@ void TstMenuSectionsProperty::any_sequence_of_additions_and_removals_follows_the
 {
     QFETCH(const int, kind);
     QFETCH(const int, runs);
-    const auto seed = qEnvironmentVariableIsSet("OSTREL_TEST_SEED")
-                          ? static_cast<quint32>(qEnvironmentVariableIntValue("OSTREL_TEST_SEED"))
-                          : QRandomGenerator::global()->generate() & 0x7fffffff;
-    qInfo("OSTREL_TEST_SEED=%u", seed);
-    mRandom.seed(seed);
+    mRandom.seed(random_seed());
 
     constexpr int steps = 30;
     for (int run = 0; run < runs; ++run) {

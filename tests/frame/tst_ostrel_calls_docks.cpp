@@ -12,6 +12,7 @@
 #include "support/TestCase.h"
 #include "support/describe_window.h"
 #include "support/menus.h"
+#include "support/random_seed.h"
 
 #include <QAction>
 #include <QContextMenuEvent>
@@ -148,9 +149,7 @@ void TstOstrelCallsDocks::dock_may_be_deleted_while_it_is_added()
 
 void TstOstrelCallsDocks::view_menu_knows_living_docks_only_whatever_their_toggles_do()
 {
-    const quint32 seed = QRandomGenerator::global()->generate();
-    qInfo("seed %u", seed);
-    QRandomGenerator random(seed);
+    QRandomGenerator random(random_seed());
     for (int round = 0; round < 20; ++round) {
         std::set<QDockWidget*> docks;
         std::set<const QObject*> busy; // Qt itself goes on with a dock whose state changes

@@ -10,6 +10,7 @@
 #include "options/ComponentTool.h"
 #include "options/OptionsPanel.h"
 #include "support/TestCase.h"
+#include "support/random_seed.h"
 #include "support/statics.h"
 
 #include <QCheckBox>
@@ -186,11 +187,7 @@ private:
 
 void TstOstrelSettingsProperty::initTestCase()
 {
-    const auto seed = qEnvironmentVariableIsSet("OSTREL_TEST_SEED")
-                          ? static_cast<quint32>(qEnvironmentVariableIntValue("OSTREL_TEST_SEED"))
-                          : QRandomGenerator::global()->generate() & 0x7fffffff;
-    qInfo("OSTREL_TEST_SEED=%u", seed);
-    mRandom.seed(seed);
+    mRandom.seed(random_seed());
 }
 
 void TstOstrelSettingsProperty::set_up()

@@ -4,6 +4,7 @@
 #include "journal/translate.h"
 #include "literal_translation.h"
 #include "support/TestCase.h"
+#include "support/random_seed.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -90,11 +91,7 @@ private:
 
 void TstTranslateProperty::initTestCase()
 {
-    const auto seed = qEnvironmentVariableIsSet("OSTREL_TEST_SEED")
-                          ? static_cast<quint32>(qEnvironmentVariableIntValue("OSTREL_TEST_SEED"))
-                          : QRandomGenerator::global()->generate() & 0x7fffffff;
-    qInfo("OSTREL_TEST_SEED=%u", seed);
-    mRandom.seed(seed);
+    mRandom.seed(random_seed());
 }
 
 /** @p count pieces of @p kinds kinds, which are chosen anew for each text so that some come up often. */

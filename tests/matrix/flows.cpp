@@ -25,6 +25,9 @@ std::span<const Flow> window_flows()
          }},
         {"closing",
          [](Stage& stage) {
+             // What comes of unsaved data is a flow of the file menu.
+             if (stage.documents)
+                 stage.documents->modified = false;
              if (stage.window())
                  stage.window()->close();
          }},

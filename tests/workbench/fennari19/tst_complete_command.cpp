@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
+#include "support/random_seed.h"
 #include "workbench/fennari19/CommandRegistry.h"
 #include "workbench/fennari19/CommandVariables.h"
 #include "workbench/fennari19/complete_command.h"
@@ -319,9 +320,7 @@ void TstCompleteCommand::completed_words_are_read_back_as_they_are()
 
 void TstCompleteCommand::any_line_and_caret_are_harmless()
 {
-    const quint32 seed = QRandomGenerator::global()->generate();
-    qInfo("seed %u", seed);
-    QRandomGenerator random(seed);
+    QRandomGenerator random(random_seed());
     const QString letters = u"mesh play/.$\"'\\# {}1pl\u00e4\t"_s;
     for (int i = 0; i < 5000; ++i) {
         QString line = i % 2 ? u"play "_s : QString();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
+#include "support/random_seed.h"
 #include "workbench/fennari19/numbers.h"
 #include "workbench/fennari19/tokenize.h"
 
@@ -205,9 +206,7 @@ void TstTokenize::expansion_beyond_the_limit_is_an_error()
 
 void TstTokenize::quoted_words_read_back_the_same()
 {
-    const quint32 seed = QRandomGenerator::global()->generate();
-    qInfo("seed %u", seed);
-    QRandomGenerator random(seed);
+    QRandomGenerator random(random_seed());
     // The marks of the language, and some letters for it to look like text.
     const QString marks = u" \t\r\n\v\f\"'\\$#{}_=.,abcn0159-+\u00e4\u20ac\u00a0"_s + QChar(u'\0') +
                           QChar(0xd83d) + QChar(0xde00);
@@ -257,9 +256,7 @@ void TstTokenize::plain_words_are_not_quoted()
 
 void TstTokenize::any_text_gives_words_or_a_fault()
 {
-    const quint32 seed = QRandomGenerator::global()->generate();
-    qInfo("seed %u", seed);
-    QRandomGenerator random(seed);
+    QRandomGenerator random(random_seed());
     const QString marks = u" \"'\\$#{}an"_s + QChar(u'\0') + QChar(0xd800) + QChar(0xdc00);
     for (int round = 0; round < 20000; ++round) {
         QString line;
@@ -418,9 +415,7 @@ void TstTokenize::numbers_ignore_the_locale()
 
 void TstTokenize::numbers_read_back_what_was_printed()
 {
-    const quint32 seed = QRandomGenerator::global()->generate();
-    qInfo("seed %u", seed);
-    QRandomGenerator random(seed);
+    QRandomGenerator random(random_seed());
     for (int round = 0; round < 20000;) {
         const quint64 bits = random.generate64();
         double value = 0;

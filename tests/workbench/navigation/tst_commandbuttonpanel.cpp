@@ -6,6 +6,7 @@
 #include "host/navigation/CommandButtons.h"
 #include "host/navigation/NavigationModel.h"
 #include "support/TestCase.h"
+#include "support/random_seed.h"
 #include "support/windows.h"
 #include "workbench/navigation/CommandSink.h"
 #include "workbench/navigation/NavigationNode.h"
@@ -425,9 +426,7 @@ QStandardItem* item_of(NavigationModel& model, const Plain* plain)
 
 void TstCommandButtonPanel::random_changes_leave_what_the_model_says()
 {
-    const quint32 seed = QRandomGenerator::global()->generate();
-    qInfo("seed %u", seed);
-    QRandomGenerator random(seed);
+    QRandomGenerator random(random_seed());
     NavigationModel changing(nullptr);
     panel().set_model(&changing, {});
     show();

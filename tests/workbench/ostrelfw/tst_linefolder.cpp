@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
+#include "support/random_seed.h"
 #include "workbench/ostrelfw/LineFolder.h"
 
 #include <QRandomGenerator>
@@ -146,9 +147,7 @@ void TstLineFolder::line_beyond_all_measure_is_kept_in_part()
 
 void TstLineFolder::pieces_do_not_matter()
 {
-    const quint32 seed = QRandomGenerator::global()->generate();
-    qInfo("seed %u", seed);
-    QRandomGenerator random(seed);
+    QRandomGenerator random(random_seed());
     for (int round = 0; round < 200; ++round) {
         QString text;
         while (text.size() < 20'000)

@@ -5,6 +5,7 @@
 #include "journal/JournalEditor.h"
 #include "journal/editor_helpers.h"
 #include "support/TestCase.h"
+#include "support/random_seed.h"
 #include "workbench/components/recovery/DocumentKeeper.h"
 #include "workbench/components/recovery/RecoveryFolder.h"
 
@@ -538,9 +539,7 @@ void TstDocumentKeeper::name_of_an_opened_document_goes_with_the_keeper()
 void TstDocumentKeeper::random_work_is_kept_as_it_is()
 {
     JournalEditor::set_save_prompt(false);
-    const quint32 seed = QRandomGenerator::global()->generate();
-    qInfo("seed %u", seed);
-    QRandomGenerator random(seed);
+    QRandomGenerator random(random_seed());
     const QString path = make_file(u"a.jou"_s, "x");
     for (int step = 0; step < 120; ++step) {
         QTabWidget* tabs = tabs_of(*mEditor);

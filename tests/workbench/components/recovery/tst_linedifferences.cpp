@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
+#include "support/random_seed.h"
 #include "workbench/components/recovery/line_differences.h"
 
 #include <QRandomGenerator>
@@ -54,7 +55,7 @@ void TstLineDifferences::lines_are_marked()
 
 void TstLineDifferences::texts_come_back_from_their_differences()
 {
-    QRandomGenerator random(QRandomGenerator::global()->generate());
+    QRandomGenerator random(random_seed());
     for (int run = 0; run < 5000; ++run) {
         const auto text = [&random] {
             QStringList lines;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
+#include "support/random_seed.h"
 #include "workbench/components/recovery/TextCopy.h"
 
 #include <QPlainTextDocumentLayout>
@@ -91,9 +92,7 @@ void TstTextCopy::document_may_go()
 
 void TstTextCopy::random_changes_meanwhile_are_in_the_copy()
 {
-    const quint32 seed = QRandomGenerator::global()->generate();
-    qInfo("seed %u", seed);
-    QRandomGenerator random(seed);
+    QRandomGenerator random(random_seed());
     for (int round = 0; round < 50; ++round) {
         QTextDocument document;
         // That of an editor, which is the quicker one as well.
