@@ -81,6 +81,7 @@ template <typename Calls>
 void measure(const char* work, double aim, Calls&& calls, int rounds = 9)
 {
     std::vector<double> times;
+    times.reserve(size_t(rounds));
     calls();
     for (int round = 0; round < rounds; ++round)
         times.push_back(calls());

@@ -13,8 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int line_limit = 1000;
-
 /** A bare edit that looks and holds as much as @p page. */
 void make_alike(QPlainTextEdit& edit, const CommandWidget& page)
 {

@@ -84,6 +84,7 @@ void print(const char* work, double milliseconds, double aim)
 double median_turn(GraphicsView& view)
 {
     std::vector<double> times;
+    times.reserve(5);
     turn(view);
     for (int round = 0; round < 5; ++round)
         times.push_back(turn(view));
@@ -121,6 +122,7 @@ int main(int argc, char** argv)
     print("turning 100,000 triangles, painter", median_turn(view), aim_ms);
 
     std::vector<double> times;
+    times.reserve(9);
     for (int i = 0; i < 9; ++i)
         times.push_back(bench::seconds([&] { pick(scene, state.camera(), {}, {500.0 + i, 350}); }) * 1e3);
     print("a click on 100,000 triangles", bench::median(times), aim_ms);

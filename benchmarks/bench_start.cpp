@@ -91,6 +91,7 @@ int main(int argc, char** argv)
         "start to a usable prompt, components to come", aim, empty_window,
         [] { return workbench({}, false); }, rounds);
     std::vector<double> times;
+    times.reserve(5);
     for (int round = 0; round < 5; ++round)
         times.push_back(workbench({}, true));
     std::printf("All components of the workbench are there %.0f ms after its start.\n",

@@ -174,7 +174,7 @@ private:
             QElapsedTimer since;
             QTimer timer;
             const auto listening =
-                QObject::connect(Ostrel::instance()->command_line(), &CommandWindow::dataToPrint,
+                QObject::connect(Ostrel::instance()->command_line(), &CommandWindow::dataToPrint, &timer,
                                  [this](const QString& text) { mPrinted += text.size(); });
             QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
                 auto* button = Ostrel::instance()->findChild<QToolButton*>(u"mCancel"_s);
@@ -220,6 +220,7 @@ private:
     static void row_of(const char* what, double aim, Time&& time)
     {
         std::vector<double> times;
+        times.reserve(3);
         for (int round = 0; round < 3; ++round)
             times.push_back(time() * 1e3);
         const double median = bench::median(times);

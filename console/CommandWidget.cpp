@@ -425,7 +425,8 @@ void CommandWidget::contextMenuEvent(QContextMenuEvent* e)
         QAction* action = menu->addAction(text);
         action->setShortcut(shortcut);
         action->setEnabled(enabled);
-        connect(action, &QAction::triggered, this, [&chosen, slot] { chosen = slot; });
+        // The menu does not outlive this function.
+        connect(action, &QAction::triggered, menu, [chosen = &chosen, slot] { *chosen = slot; });
     };
     // Not guarded as the keys are: the user who asks the menu to cut output gets it cut.
     add(tr("Cu&t"), QKeySequence::Cut, &CommandWidget::cut, hasSelection);

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <ranges>
 
 using namespace Qt::StringLiterals;
 
@@ -281,8 +282,8 @@ void MenuSections::do_step(const Step& step)
         break;
     case Step::Kind::Clear: {
         const QList<QAction*> shown = changed->actions();
-        for (auto action = shown.rbegin(); action != shown.rend(); ++action)
-            mSteps.push_front({Step::Kind::Remove, *action});
+        for (QAction* action : std::views::reverse(shown))
+            mSteps.push_front({Step::Kind::Remove, action});
         break;
     }
     }

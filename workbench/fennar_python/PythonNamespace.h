@@ -7,7 +7,7 @@
 
 #include <QByteArray>
 
-struct _object;
+struct _object; // NOLINT(bugprone-reserved-identifier): the name that Python gives it
 
 /** The global names of some Python code: the dictionary of a module. PythonRuntime owns the two there are. */
 class FENNAR_PYTHON_EXPORT PythonNamespace
