@@ -16,6 +16,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 
 using namespace Qt::StringLiterals;
 
@@ -143,8 +144,12 @@ void OstrelToolsMenu::pause_playback(bool on)
     // The action of the main window's menu, which is not always this one. If playback stays paused this
     // toggles it, and the pause is asked for once more (docs/surprises.md).
     const Ostrel* const window = Ostrel::instance();
-    if (window && window->tools_menu())
-        window->tools_menu()->pause_action()->setChecked(FennarInterface::is_playback_paused());
+    if (!window || !window->tools_menu())
+        return;
+    const QPointer<QAction> action = window->tools_menu()->pause_action();
+    const bool paused = FennarInterface::is_playback_paused();
+    if (action)
+        action->setChecked(paused);
 }
 
 void OstrelToolsMenu::show_component_tool()

@@ -22,6 +22,13 @@ void with_menu(Stage& stage, void (*use)(OstrelFileMenu&))
         use(*menu);
 }
 
+// So that nothing is asked about them.
+void save_documents(Stage& stage)
+{
+    if (stage.documents)
+        stage.documents->modified = false;
+}
+
 } // namespace
 
 std::span<const Flow> file_flows()
@@ -40,7 +47,7 @@ std::span<const Flow> file_flows()
         {"open",
          [](Stage& stage) {
              stage.choose_existing(u"a.mdl"_s);
-             stage.button = u"mNoButton"_s;
+             save_documents(stage);
              with_menu(stage, [](OstrelFileMenu& menu) { menu.file_open(); });
          }},
         {"save",
@@ -73,7 +80,7 @@ std::span<const Flow> file_flows()
         {"recent file",
          [](Stage& stage) {
              stage.choose_existing(u"a.mdl"_s);
-             stage.button = u"mNoButton"_s;
+             save_documents(stage);
              if (stage.file_menu())
                  stage.file_menu()->open_recent_file(stage.file);
          }},
