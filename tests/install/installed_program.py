@@ -30,6 +30,18 @@ def run(*command, **options):
     return result.stdout
 
 
+def find_windows(*what):
+    """The windows that are shown. xdotool ends with an error if one that it looks at goes at that moment."""
+    for _ in range(5):
+        search = ["timeout", "60", "xdotool", "search", "--sync", "--onlyvisible", *what]
+        result = subprocess.run(search, stdin=subprocess.DEVNULL, capture_output=True, text=True, check=False)
+        if "BadWindow" not in result.stderr:
+            break
+    if result.returncode != 0:
+        raise AssertionError(f"{' '.join(search)}\nended with {result.returncode}\n{result.stderr}")
+    return result.stdout.split()
+
+
 def setUpModule():
     global folder, prefix, libraries
     folder = tempfile.mkdtemp(prefix="installed_program.")
@@ -195,11 +207,10 @@ class InstalledProgram(unittest.TestCase):
         program = subprocess.Popen(command, env={**os.environ, **dict(environment)}, stdin=subprocess.DEVNULL,
                                    stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
         try:
-            window = run("timeout", "60", "xdotool", "search", "--sync", "--onlyvisible", "--name", f"^{title}$").split()
+            window = find_windows("--name", f"^{title}$")
             self.assertEqual(len(window), 1)
             if program_class:
-                self.assertIn(window[0], run("xdotool", "search", "--onlyvisible", "--classname",
-                                             f"^{program_class}$").split())
+                self.assertIn(window[0], find_windows("--classname", f"^{program_class}$"))
             run("xdotool", "windowactivate", "--sync", window[0], "key", "--clearmodifiers", "alt+F4")
             output, _ = program.communicate(timeout=60)
         finally:
