@@ -147,12 +147,15 @@ bool JournalFiles::eventFilter(QObject* object, QEvent* event)
         event->ignore();
         return true;
     }
-    if (object != mEditor)
-        return false;
     // Other events come from within the editor's end, too.
-    if (event->type() == QEvent::WindowActivate)
+    const bool closes = event->type() == QEvent::Close;
+    if ((!closes && event->type() != QEvent::WindowActivate) || object != mEditor)
+        return false;
+    if (!closes) {
         mPatience.start();
-    if (event->type() != QEvent::Close || look_at_modified())
+        return false;
+    }
+    if (look_at_modified())
         return false;
     event->ignore();
     return true;
