@@ -76,6 +76,8 @@ struct MainFramePrivate
     std::shared_ptr<NavigationResourcesDelay> resources = std::make_shared<NavigationResourcesDelay>();
     std::unique_ptr<QSplashScreen> splash;
     bool tracks = false;
+    /** Ends with the private part. */
+    std::shared_ptr<int> life = std::make_shared<int>();
 };
 
 MainFrame::MainFrame()
@@ -142,13 +144,18 @@ bool MainFrame::build_window()
 
 void MainFrame::unload_gui()
 {
-    // What is told of this may come here once more, or delete the frame: nothing of it is used from the first
-    // call on.
-    std::unique_ptr<MainFramePrivate> parts = std::move(mPrivate);
-    const QPointer<Ostrel> window(std::exchange(mMainWindow, nullptr));
-    const QPointer<EventCatcher> catcher(std::exchange(mEventCatcher, nullptr));
-    mApplication = nullptr;
+    const std::weak_ptr<int> life = mPrivate ? mPrivate->life : nullptr;
+    const QPointer<Ostrel> window(mMainWindow);
+    const QPointer<EventCatcher> catcher(mEventCatcher);
     Broker::instance()->remove_component_tracker(this);
+    // The framework may have unloaded or deleted the frame by now, and may do so in what follows.
+    std::unique_ptr<MainFramePrivate> parts;
+    if (!life.expired()) {
+        parts = std::move(mPrivate);
+        mMainWindow = nullptr;
+        mEventCatcher = nullptr;
+        mApplication = nullptr;
+    }
     parts.reset();
     // The framework must not print to a console that is about to go.
     if (window)
@@ -201,8 +208,7 @@ void MainFrame::check_interrupt_session(const char*)
 
 void MainFrame::set_status_text(const char* text)
 {
-    // The percentage follows without a blank: hosts put one at the end of their text. A "%" in the text is
-    // the bar's to interpret.
+    // The percentage follows without a blank. A "%" in the text is the bar's to interpret.
     if (mMainWindow)
         mMainWindow->progress()->set_format(QString::fromUtf8(text) + u"%p%"_s);
 }

@@ -155,6 +155,8 @@ private slots:
     void tracker_is_registered();
 
     void unloading_goes_in_order();
+    void tracker_is_taken_out_of_a_loaded_frame();
+    void frame_may_be_deleted_while_it_is_unloaded();
     void nothing_works_after_unloading();
     void unloaded_frame_refuses_to_load_again();
     void another_frame_can_be_loaded_after_the_first();
@@ -491,6 +493,39 @@ void TstMainFrame::tracker_is_registered()
 {
     LoadedFrame frame;
     QCOMPARE(host().trackers, std::vector<ComponentTracker*>{&frame});
+}
+
+void TstMainFrame::tracker_is_taken_out_of_a_loaded_frame()
+{
+    MainFrame frame;
+    frame.load_gui();
+    QStringList loaded;
+    host().on_record = [&](const QString& call) {
+        if (call.startsWith(u"Mediator::remove_component_tracker"_s))
+            loaded << (frame.is_loaded() ? u"loaded"_s : u"unloaded"_s);
+    };
+    frame.unload_gui();
+    host().on_record = nullptr;
+    QCOMPARE(loaded, QStringList{u"loaded"_s});
+    QVERIFY(!frame.is_loaded());
+}
+
+void TstMainFrame::frame_may_be_deleted_while_it_is_unloaded()
+{
+    for (const QString& moment : {u"Mediator::remove_component_tracker"_s, u"~NavigationResourcesDelay"_s,
+                                  u"BrokerCommand::set_command_window"_s}) {
+        auto frame = std::make_unique<MainFrame>();
+        frame->load_gui();
+        const QPointer<Ostrel> window = Ostrel::instance();
+        host().on_record = [&](const QString& call) {
+            if (call.startsWith(moment))
+                frame.reset();
+        };
+        frame->unload_gui();
+        host().on_record = nullptr;
+        QVERIFY(!frame);
+        QVERIFY2(!window, qPrintable(moment));
+    }
 }
 
 void TstMainFrame::unloading_goes_in_order()

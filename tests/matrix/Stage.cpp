@@ -136,6 +136,22 @@ void Stage::furnish()
     }
 }
 
+void Stage::remove_component()
+{
+    if (Ostrel* const shown = window()) {
+        shown->remove_menu_items("own");
+        shown->remove_toolbar_items("own");
+        shown->remove_dock_windows("own");
+    }
+    delete dock.data();
+    delete page.data();
+    delete other_page.data();
+    menu_action.reset();
+    button_action.reset();
+    drop_options_page();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 void Stage::add_pages(Ostrel& shown)
 {
     CommandWindow* const output = shown.command_line();

@@ -43,6 +43,9 @@ public:
     /** Lets the component add what it has not got, or has lost. */
     void furnish();
 
+    /** Takes out all bars, docks and pages that the component has, and deletes them. */
+    void remove_component();
+
     /** Null while there is no window. */
     Ostrel* window() const;
     CommandWindow* console() const;

@@ -21,9 +21,11 @@ struct Flow
 std::span<const Flow> window_flows();
 /** The console. */
 std::span<const Flow> console_flows();
-/** The file menu and the field for file names. */
+/** The file menu. */
 std::span<const Flow> file_flows();
 /** The journal editor. */
 std::span<const Flow> journal_flows();
 /** The options, the plugin tool and the help menu. */
 std::span<const Flow> panel_flows();
+/** The field for file names. */
+std::span<const Flow> field_flows();

@@ -2,15 +2,11 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "Stage.h"
-#include "files/FileLineEdit.h"
 #include "files/OstrelFileMenu.h"
 #include "flows.h"
 #include "frame/Ostrel.h"
 
 #include <QAction>
-#include <QLineEdit>
-#include <QTest>
-#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
@@ -101,17 +97,6 @@ std::span<const Flow> file_flows()
         {"recent import",
          [](Stage& stage) {
              with_menu(stage, [](OstrelFileMenu& menu) { menu.import_recent_file(u"import 'a'"_s); });
-         }},
-        {"field for a file",
-         [](Stage& stage) {
-             if (!stage.field)
-                 return;
-             stage.choose_existing(u"a.mdl"_s);
-             auto* const line = stage.field->findChild<QLineEdit*>();
-             QTest::keyClicks(line, u"ab"_s);
-             QTest::keyClick(line, Qt::Key_A, Qt::ControlModifier);
-             QTest::keyClick(line, Qt::Key_Return);
-             stage.field->findChild<QToolButton*>()->click();
          }},
     };
     return flows;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "Stage.h"
+#include "files/FileLineEdit.h"
 #include "flows.h"
 #include "frame/Ostrel.h"
 #include "hostdouble/HostDouble.h"
@@ -11,7 +12,9 @@
 #include "options/GeneralOptions.h"
 #include "options/OptionsPanel.h"
 
+#include <QLineEdit>
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
 #include <QToolButton>
 
@@ -86,6 +89,24 @@ std::span<const Flow> panel_flows()
          [](Stage& stage) {
              if (stage.window())
                  stage.window()->help_menu()->help_tip_of_day();
+         }},
+    };
+    return flows;
+}
+
+std::span<const Flow> field_flows()
+{
+    static const Flow flows[] = {
+        {"field for a file",
+         [](Stage& stage) {
+             if (!stage.field)
+                 return;
+             stage.choose_existing(u"a.mdl"_s);
+             auto* const line = stage.field->findChild<QLineEdit*>();
+             QTest::keyClicks(line, u"ab"_s);
+             QTest::keyClick(line, Qt::Key_A, Qt::ControlModifier);
+             QTest::keyClick(line, Qt::Key_Return);
+             stage.field->findChild<QToolButton*>()->click();
          }},
     };
     return flows;

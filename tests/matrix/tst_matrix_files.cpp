@@ -3,7 +3,7 @@
 
 #include "MatrixTest.h"
 
-/** The file menu and the field for file names. */
+/** The file menu. */
 class TstMatrixFiles : public MatrixTest
 {
     Q_OBJECT

@@ -30,7 +30,7 @@ void TstWaysOut::initTestCase()
 {
     arm();
     for (const auto& flows :
-         {window_flows(), console_flows(), file_flows(), journal_flows(), panel_flows()}) {
+         {window_flows(), console_flows(), file_flows(), journal_flows(), panel_flows(), field_flows()}) {
         for (const TakenWays& taken : take_ways(flows)) {
             mTaken << taken.ways;
             for (const QString& way : taken.ways)

@@ -88,7 +88,7 @@ void MesherReport::begin_stage(const QString& name)
 
 void MesherReport::advance(double part)
 {
-    // What is no number is no progress either.
+    // Progress that is not a number is passed over.
     const double percent = mBegin + std::min(part, 1.0) * (mEnd - mBegin);
     if (percent > mPercent)
         mPercent = int(percent);

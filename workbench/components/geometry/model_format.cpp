@@ -128,7 +128,7 @@ private:
         const int version = text.toInt(&ok);
         if (!ok || version < 1 || QByteArray::number(version) != text)
             throw GeometryError(
-                u"the version of its format, %1, is no number"_s.arg(CommandError::shown(text_of(text))));
+                u"the version of its format, %1, is not a number"_s.arg(CommandError::shown(text_of(text))));
         if (version > model_format_version)
             throw GeometryError(
                 u"it has version %1 of the format, and this program knows no later one than %2"_s.arg(version)

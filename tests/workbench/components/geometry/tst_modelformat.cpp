@@ -186,10 +186,10 @@ void TstModelFormat::wrong_files_are_refused_with_reason_and_place_data()
     QTest::newRow("newer version")
         << "fennar model 2\nanything" + good
         << u"it has version 2 of the format, and this program knows no later one than 1"_s;
-    QTest::newRow("version that is no number")
-        << QByteArray("fennar model 1.5\n") << u"the version of its format, \"1.5\", is no number"_s;
+    QTest::newRow("version that is not a number")
+        << QByteArray("fennar model 1.5\n") << u"the version of its format, \"1.5\", is not a number"_s;
     QTest::newRow("line ends of another system") << QByteArray(good).replace("model 1\n", "model 1\r\n")
-                                                 << u"the version of its format, \"1\\r\", is no number"_s;
+                                                 << u"the version of its format, \"1\\r\", is not a number"_s;
     QTest::newRow("other line") << with_checksum("fennar model 1\nids 4\n")
                                 << u"expected \"last-id\", found \"ids\" at byte 15"_s;
     QTest::newRow("other section") << with_checksum(head + "curve 1\n")
