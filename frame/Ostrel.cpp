@@ -78,6 +78,35 @@ void set_up_toggle_action(QAction* action, const QString& text, const QString& t
     action->setIcon(load_icon(icon));
 }
 
+/**
+ * Marks the graphics area while what is left of a deleted widget is in it.
+ *
+ * Whoever deletes the window meanwhile leaves the area for later: it would delete the widget once more.
+ */
+class AreaOfDying
+{
+public:
+    explicit AreaOfDying(const QWidget* area) { areas().append(area); }
+    ~AreaOfDying() { areas().removeLast(); }
+    Q_DISABLE_COPY_MOVE(AreaOfDying)
+
+    /** To be called before the parent of @p area deletes it. */
+    static void spare(QWidget* area)
+    {
+        if (!areas().contains(area))
+            return;
+        area->setParent(nullptr);
+        area->deleteLater();
+    }
+
+private:
+    static QList<const QWidget*>& areas()
+    {
+        static QList<const QWidget*> marked;
+        return marked;
+    }
+};
+
 } // namespace
 
 Ostrel* Ostrel::mOstrel = nullptr;
@@ -191,6 +220,7 @@ Ostrel::~Ostrel()
     // It goes with the window, which then has no place for another.
     if (mGraphicsWidget)
         disconnect(mGraphicsWidget, &QObject::destroyed, this, nullptr);
+    AreaOfDying::spare(mGraphicsArea);
     QPixmapCache::clear();
     mSections.reset();
     // What goes last may still ask for what went first.
@@ -340,7 +370,10 @@ void Ostrel::replace_deleted_graphics()
     const int index = mGraphicsArea->indexOf(mGraphicsWidget);
     mGraphicsWidget = nullptr;
     const Alive alive(this);
-    CLOptions::instance()->set_graphics_state(1);
+    {
+        const AreaOfDying area(mGraphicsArea);
+        CLOptions::instance()->set_graphics_state(1);
+    }
     if (alive && !is_graphics_area_taken())
         mGraphicsArea->insertWidget(index, mDefaultWidget);
 }
@@ -389,9 +422,12 @@ void Ostrel::update_navigation_model(bool rows)
         panel = new CommandButtonPanel(mCommandPanelDock);
     else
         panel = new BreadcrumbsPanel(mCommandPanelDock);
+    const bool is_changing = mCommandPanelDock->widget() != mCommandPanel;
     mCommandPanel = panel;
     const Alive alive(this, panel);
-    mCommandPanelDock->setWidget(panel);
+    // Whoever hears of the change may choose another panel, which goes in when Qt has done with this one.
+    while (alive && !is_changing && mCommandPanelDock->widget() != mCommandPanel)
+        mCommandPanelDock->setWidget(mCommandPanel);
     if (alive)
         panel->set_model(mNavigationModel, QModelIndex());
     if (alive)

@@ -21,6 +21,7 @@
 #include <QToolButton>
 
 #include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -45,6 +46,31 @@ bool is_one_area(Qt::DockWidgetArea area)
         return false;
     }
 }
+
+/** Actions that a component has handed in. Whoever is told of something meanwhile may delete some. */
+class HandedIn
+{
+public:
+    explicit HandedIn(const std::vector<QAction*>& actions)
+    {
+        for (QAction* action : actions)
+            mActions.push_back(action ? std::optional<QPointer<QAction>>(action) : std::nullopt);
+    }
+
+    /** Those that still exist, and null for each separator. */
+    std::vector<QAction*> left() const
+    {
+        std::vector<QAction*> actions;
+        for (const std::optional<QPointer<QAction>>& action : mActions)
+            if (!action || *action)
+                actions.push_back(action ? action->data() : nullptr);
+        return actions;
+    }
+
+private:
+    /** Nothing for a separator. */
+    std::vector<std::optional<QPointer<QAction>>> mActions;
+};
 
 /** The list of that name; one whose widget has been deleted by someone else is forgotten. */
 MenuSections* find_list(QMap<QString, MenuSections*>& lists, const QString& name)
@@ -83,10 +109,21 @@ void Ostrel::add_to_menu(const QString& title, std::vector<QAction*>& actions, c
         return;
     }
 
+    const HandedIn handed_in(actions);
     MenuSections* sections = find_list(mSections->menus, title);
+    std::unique_ptr<ComponentMenu> new_menu;
     if (!sections) {
-        auto* menu = new ComponentMenu;
-        menu->setTitle(title);
+        const Alive alive(this);
+        new_menu = std::make_unique<ComponentMenu>();
+        new_menu->setTitle(title);
+        if (!alive)
+            return;
+        // Filters on the application hear of it while it is made, and may have added to another.
+        sections = find_list(mSections->menus, title);
+    }
+    std::vector<QAction*> left = handed_in.left();
+    if (!sections) {
+        ComponentMenu* const menu = new_menu.release();
         sections = new MenuSections(title);
         sections->set_menu(menu, menu->menuAction());
         mSections->menus.insert(title, sections);
@@ -94,7 +131,7 @@ void Ostrel::add_to_menu(const QString& title, std::vector<QAction*>& actions, c
         const QPointer<QMenu> made = menu;
         const Alive alive(this, menu);
         // Filled before it is shown, so that nobody who is told of it takes it for an empty one.
-        sections->add_items(actions, component, nullptr);
+        sections->add_items(left, component, nullptr);
         if (alive)
             menu->setParent(this, menu->windowFlags());
         if (!alive)
@@ -107,7 +144,7 @@ void Ostrel::add_to_menu(const QString& title, std::vector<QAction*>& actions, c
         mMenuBar->insertMenu(bar.value(place), menu);
         return;
     }
-    sections->add_items(actions, component, nullptr);
+    sections->add_items(left, component, nullptr);
 }
 
 void Ostrel::add_to_menu(const char* title, std::vector<PyAction*>& actions, const char* component)
@@ -127,11 +164,21 @@ void Ostrel::add_to_toolbar(const char* name, const QString& title, std::vector<
     if (!component || !name || !mSections)
         return;
     const QString key = QString::fromUtf8(name);
+    const HandedIn handed_in(actions);
     MenuSections* sections = find_list(mSections->toolbars, key);
+    std::unique_ptr<ComponentToolBar> new_toolbar;
     if (!sections) {
-        auto* toolbar = new ComponentToolBar;
-        toolbar->setObjectName(key);
-        toolbar->setWindowTitle(title);
+        const Alive alive(this);
+        new_toolbar = std::make_unique<ComponentToolBar>();
+        new_toolbar->setObjectName(key);
+        new_toolbar->setWindowTitle(title);
+        if (!alive)
+            return;
+        // As for menus.
+        sections = find_list(mSections->toolbars, key);
+    }
+    if (!sections) {
+        ComponentToolBar* const toolbar = new_toolbar.release();
         sections = new MenuSections(key);
         sections->set_toolbar(toolbar);
         mSections->toolbars.insert(key, sections);
@@ -145,7 +192,8 @@ void Ostrel::add_to_toolbar(const char* name, const QString& title, std::vector<
         if (!alive || mSections->toolbars.value(key) != sections)
             return;
     }
-    sections->add_items(actions, component, nullptr);
+    std::vector<QAction*> left = handed_in.left();
+    sections->add_items(left, component, nullptr);
 }
 
 void Ostrel::remove_menu_items(const char* component)
@@ -219,10 +267,14 @@ void Ostrel::push_tool_button(const char* toolbar, const char* button, bool on)
     auto* const found = sections->toolbar->findChild<QToolButton*>(name);
     if (!found)
         return;
-    if (found->isCheckable())
-        found->setChecked(on);
-    else
+    if (!found->isCheckable())
         found->animateClick();
+    else if (QAction* const action = found->defaultAction())
+        // Whoever hears of that may delete the window: the button would go on with itself, the action does
+        // not.
+        action->setChecked(on);
+    else
+        found->setChecked(on);
 }
 
 bool Ostrel::add_dock_window(QDockWidget* dock, const char* component, Qt::DockWidgetArea area,

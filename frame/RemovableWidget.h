@@ -99,14 +99,17 @@ private:
             if (!self || !child || child->parent() != self)
                 continue;
             if (const QPointer<QWidget> widget = qobject_cast<QWidget*>(child)) {
-                widget->deleteLater();
                 remove_actions(widget);
                 if (widget)
                     widget->setParent(nullptr);
+                // Last: whoever is told of the rest may run an event loop, which deletes what waits for it.
+                if (widget)
+                    widget->deleteLater();
             } else if (qobject_cast<QWidgetAction*>(child)) {
                 // It takes its widget with it.
-                child->deleteLater();
                 child->setParent(nullptr);
+                if (child)
+                    child->deleteLater();
             }
         }
     }
