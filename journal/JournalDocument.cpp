@@ -217,6 +217,9 @@ void JournalDocument::lineNumberAreaPaintEvent(QPaintEvent* event)
 void JournalDocument::resizeEvent(QResizeEvent* event)
 {
     QPlainTextEdit::resizeEvent(event);
+    // It may come while the strip is made, from whoever is told of that.
+    if (!mLineNumberArea)
+        return;
     const QRect contents = contentsRect();
     mLineNumberArea->setGeometry(contents.left(), contents.top(), lineNumberAreaWidth(), contents.height());
 }

@@ -124,23 +124,36 @@ void JournalEditor::add_document(const QString& text)
 
 void JournalEditor::add_import(const char* name, const QString& label, QPlainTextEdit* source)
 {
+    // Whoever hears of the new item may delete the page.
+    const QPointer<QPlainTextEdit> page = source;
     auto* importer = new ConsoleImporter(this, label);
     mUi->mImportItems.append(importer);
-    connect(importer, &QObject::destroyed, this, [this, importer] { mUi->mImportItems.removeAll(importer); });
+    connect(importer, &QObject::destroyed, this, [this, importer] {
+        mUi->mImportItems.removeAll(importer);
+        mUi->mComingItems.removeAll(importer);
+    });
     importer->set_owner_name(QString::fromUtf8(name));
-    importer->set_source(source);
-    if (source)
-        connect(source, &QObject::destroyed, importer, [importer] { importer->set_source(nullptr); });
+    importer->set_source(page);
+    if (page)
+        connect(page, &QObject::destroyed, importer, [importer] { importer->set_source(nullptr); });
+    mUi->mComingItems.append(importer);
+    const Alive alive(this, importer);
     mUi->fileImportMenu->addAction(importer->action());
+    if (!alive)
+        return;
+    mUi->mComingItems.removeAll(importer);
+    // Whoever hears of it may have removed it already.
+    if (!mUi->mImportItems.contains(importer))
+        delete importer;
 }
 
 void JournalEditor::remove_import_items(const char* name)
 {
     // Out of the list first: who hears of an item's end may remove others.
     QList<QPointer<ConsoleImporter>> removed;
-    mUi->mImportItems.removeIf([&removed, owner = QString::fromUtf8(name)](ConsoleImporter* importer) {
+    mUi->mImportItems.removeIf([&, owner = QString::fromUtf8(name)](ConsoleImporter* importer) {
         const bool is_owners = importer->owner_name() == owner;
-        if (is_owners)
+        if (is_owners && !mUi->mComingItems.contains(importer))
             removed.append(importer);
         return is_owners;
     });

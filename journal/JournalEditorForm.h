@@ -14,5 +14,7 @@ class ConsoleImporter;
 struct JournalEditor::Form : Ui::QtJournalEditor
 {
     QList<ConsoleImporter*> mImportItems;
+    /** Those that are being put into the menu, and are deleted behind that if they have left the list. */
+    QList<const ConsoleImporter*> mComingItems;
     QList<QAction*> mContextMenuItems;
 };

@@ -9,6 +9,7 @@
 #include "files/OstrelFileMenu.h"
 #include "journal/JournalDocument.h"
 #include "journal/JournalEditor.h"
+#include "journal/LineNumberArea.h"
 #include "support/EventActor.h"
 #include "support/TestCase.h"
 #include "support/dialogs.h"
@@ -16,6 +17,7 @@
 #include "support/windows.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QFile>
 #include <QFileInfo>
@@ -62,6 +64,24 @@ struct Moment
     QPointer<JournalEditor> editor = new JournalEditor;
     QPointer<JournalDocument> doc;
     QPointer<JournalDocument> third;
+};
+
+/** Shows the window when a document in it gets its first child as a document. */
+struct ShowWhenBegun : QObject
+{
+    explicit ShowWhenBegun(JournalEditor& shown) : editor(shown) { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::ChildAdded && qobject_cast<JournalDocument*>(watched) && !has_acted) {
+            has_acted = true;
+            editor.show();
+        }
+        return false;
+    }
+
+    JournalEditor& editor;
+    bool has_acted = false;
 };
 
 using Act = void (*)(Moment&);
@@ -213,6 +233,9 @@ private slots:
     void import_item_may_remove_itself();
     void import_item_deleted_by_others_is_forgotten();
     void import_of_a_page_that_has_gone_does_nothing();
+    void page_may_go_while_its_import_item_is_made();
+    void import_item_may_be_removed_while_it_is_put_into_the_menu();
+    void window_may_be_shown_while_a_document_is_made();
     void context_menu_of_a_document_without_a_tab_forgets_dead_actions();
     void added_blank_text_leaves_nothing_to_do_again_data();
     void added_blank_text_leaves_nothing_to_do_again();
@@ -651,6 +674,51 @@ void TstJournalEditorMoments::import_of_a_page_that_has_gone_does_nothing()
     page.reset();
     menu_of(editor, u"fileImportMenu"_s)->actions().constFirst()->trigger();
     QCOMPARE(texts_of(editor), QStringList(QString()));
+}
+
+void TstJournalEditorMoments::page_may_go_while_its_import_item_is_made()
+{
+    JournalEditor editor;
+    auto page = std::make_unique<QPlainTextEdit>();
+    const EventActor actor(&editor, QEvent::ChildAdded, [&] {
+        page.reset();
+        return false;
+    });
+    editor.add_import("owner", u"Import"_s, page.get());
+    QVERIFY(actor.has_acted());
+    const int journals = tabs_of(editor)->count();
+    menu_of(editor, u"fileImportMenu"_s)->actions().constFirst()->trigger();
+    QCOMPARE(tabs_of(editor)->count(), journals);
+}
+
+void TstJournalEditorMoments::import_item_may_be_removed_while_it_is_put_into_the_menu()
+{
+    JournalEditor editor;
+    const QMenu* const menu = menu_of(editor, u"fileImportMenu"_s);
+    const EventActor actor(menu_of(editor, u"fileImportMenu"_s), QEvent::ActionAdded, [&] {
+        editor.remove_import_items("owner");
+        return false;
+    });
+    editor.add_import("owner", u"Import"_s, nullptr);
+    QVERIFY(actor.has_acted());
+    QCOMPARE(menu->actions().size(), 0);
+    QCOMPARE(editor.findChildren<ConsoleImporter*>().size(), 0);
+    editor.add_import("owner", u"Import"_s, nullptr);
+    QCOMPARE(menu->actions().size(), 1);
+    editor.remove_import_items("owner");
+    QCOMPARE(menu->actions().size(), 0);
+}
+
+void TstJournalEditorMoments::window_may_be_shown_while_a_document_is_made()
+{
+    JournalEditor editor;
+    typed_document(editor, u"first"_s);
+    // Its strip is about to be made.
+    ShowWhenBegun show(editor);
+    editor.fileNew();
+    QVERIFY(show.has_acted);
+    const auto* const doc = editor.returnCurrentDocument();
+    QCOMPARE(doc->findChild<LineNumberArea*>()->width(), doc->lineNumberAreaWidth());
 }
 
 void TstJournalEditorMoments::context_menu_of_a_document_without_a_tab_forgets_dead_actions()
