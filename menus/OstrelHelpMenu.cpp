@@ -78,6 +78,9 @@ void OstrelHelpMenu::help_about()
 {
     if (!mAboutDialog || raise_open_dialog(mAboutDialog))
         return;
+    // It is modal while it runs only: one that has not come up yet, or has just been closed, runs on.
+    if (mAboutDialog->isModal())
+        return;
     mAboutDialog->finish_populating_dialog();
     mAboutDialog->exec();
 }

@@ -4,6 +4,7 @@
 #include "MenuTestCase.h"
 #include "menus/HelpAboutOstrel.h"
 #include "menus/OstrelHelpMenu.h"
+#include "support/EventActor.h"
 #include "support/MarkingTranslator.h"
 #include "support/own_methods.h"
 
@@ -153,6 +154,23 @@ private slots:
         help()->help_about();
         QVERIFY(open_still);
         QCOMPARE(name, u"<h1></h>"_s);
+    }
+
+    void dialog_that_is_coming_up_or_going_is_not_opened_again()
+    {
+        HelpAboutOstrel* const dialog = help()->get_help_about_dialog();
+        const auto open = [&] {
+            // Nests no second loop, of which Qt would warn.
+            help()->help_about();
+            return false;
+        };
+        const EventActor comes(dialog, QEvent::Polish, open);
+        const EventActor goes(dialog, QEvent::Hide, open);
+        QTimer::singleShot(0, dialog, [&] { dialog->reject(); });
+        help()->help_about();
+        QVERIFY(comes.has_acted());
+        QVERIFY(goes.has_acted());
+        QVERIFY(!dialog->isVisible());
     }
 
     void window_may_be_deleted_under_the_dialog()

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "MenuTestCase.h"
+#include "hostdouble/HostDouble.h"
 #include "menus/PyAction.h"
 #include "menus/PyOstrel.h"
 #include "support/menus.h"
@@ -9,8 +10,11 @@
 #include "support/windows.h"
 
 #include <QPointer>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -303,6 +307,18 @@ private slots:
         QCOMPARE(menu->actions(), QList<QAction*>({other.getAction()}));
         PyOstrel::remove_menu_items("script");
         QVERIFY(!bar_menu(u"Scripts"_s));
+    }
+
+    void action_may_be_deleted_by_the_host_that_it_asks_first()
+    {
+        auto* action = new PyAction;
+        action->setActivateMethod("method_of_an_action_that_has_gone");
+        HostDouble::instance().take_calls();
+        HostDouble::instance().on_record = [&](const QString&) { delete std::exchange(action, nullptr); };
+        const auto reset = qScopeGuard([] { HostDouble::instance().on_record = nullptr; });
+        action->getAction()->trigger();
+        QVERIFY(!action);
+        QCOMPARE(HostDouble::instance().take_calls(), run_of(u"method_of_an_action_that_has_gone()"_s));
     }
 
     void without_a_window_nothing_is_loaded_and_nothing_happens()
