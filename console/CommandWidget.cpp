@@ -80,8 +80,8 @@ void step_over_prompt(QTextCursor& cursor, qsizetype length, QTextCursor::MoveMo
  *
  * The base class inserts from deep inside: behind insertFromMimeData() it goes on with the page, and a drop
  * has an edit block open meanwhile. What runs the lines may print, which needs the block closed, and may
- * delete the page. A drag from one page to another ends within the mouse move of the first, so there is one
- * such holder for all pages.
+ * delete the page; and where the caret is, is known when the block is closed. A drag from one page to another
+ * ends within the mouse move of the first, so there is one such holder for all pages.
  */
 class HeldLines
 {
@@ -94,6 +94,10 @@ public:
         work();
         if (--depth > 0)
             return;
+        for (const QPointer<CommandWidget>& page : std::exchange(unseen(), {})) {
+            if (page)
+                page->ensureCursorVisible();
+        }
         for (const auto& [page, lines] : std::exchange(held(), {})) {
             if (page)
                 emit page->commandsEntered(lines);
@@ -109,6 +113,15 @@ public:
             emit page->commandsEntered(lines);
     }
 
+    /** Brings the caret of @p page into view, as soon as the text is laid out around it. */
+    static void show_caret(CommandWidget* page)
+    {
+        if (depth > 0)
+            unseen().append(page);
+        else
+            page->ensureCursorVisible();
+    }
+
 private:
     using Lines = std::pair<QPointer<CommandWidget>, QList<QString>>;
 
@@ -116,6 +129,13 @@ private:
     {
         static QList<Lines> lines;
         return lines;
+    }
+
+    /** Pages whose carets are to be brought into view. */
+    static QList<QPointer<CommandWidget>>& unseen()
+    {
+        static QList<QPointer<CommandWidget>> pages;
+        return pages;
     }
 
     inline static int depth = 0;
@@ -473,7 +493,7 @@ void CommandWidget::insertFromMimeData(const QMimeData* source)
     const Alive alive(this);
     insertInCommand(text);
     if (alive)
-        ensureCursorVisible();
+        HeldLines::show_caret(this);
 }
 
 void CommandWidget::scroll_to_end()

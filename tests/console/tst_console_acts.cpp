@@ -172,6 +172,7 @@ private slots:
     void page_may_go_when_lines_are_entered();
     void lines_that_are_brought_while_lines_run_come_at_once();
     void drop_with_output_selected_lands_under_the_pointer();
+    void drop_into_a_command_that_is_out_of_view_may_make_it_longer();
     void page_may_go_when_the_history_is_reset();
     void command_is_the_same_after_the_history_is_reset();
     void texts_are_the_same_after_a_slot_has_run();
@@ -255,6 +256,18 @@ void TstConsoleActs::lines_that_are_brought_while_lines_run_come_at_once()
     });
     by_drop(first, u"one\ntwo"_s);
     QCOMPARE(inner, QStringList{u"lines: three, four"_s});
+}
+
+void TstConsoleActs::drop_into_a_command_that_is_out_of_view_may_make_it_longer()
+{
+    Page page;
+    page.set_state(u"$ ab|"_s);
+    QVERIFY(show_active(&page));
+    // The caret cannot be brought into view, and will be behind the text that is laid out.
+    page.setFixedHeight(page.height() - page.viewport()->height());
+    QCOMPARE(page.viewport()->height(), 0);
+    QVERIFY(drop_text(page.viewport(), page.middle_of(3), u"longer than before"_s));
+    QCOMPARE(page.currentCommand(), u"alonger than beforeb"_s);
 }
 
 void TstConsoleActs::drop_with_output_selected_lands_under_the_pointer()
