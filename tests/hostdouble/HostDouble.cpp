@@ -182,8 +182,8 @@ Mediator* Broker::instance()
 
 void BrokerCommand::set_command_window(OutputHandler* window)
 {
-    record("BrokerCommand::set_command_window", static_cast<const void*>(window));
     host().command_window = window;
+    record("BrokerCommand::set_command_window", static_cast<const void*>(window));
 }
 
 BrokerCommand& BrokerCommand::operator<<(const QString& output)
