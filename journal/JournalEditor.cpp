@@ -39,6 +39,20 @@ void name_close_button(QTabWidget* tabs, int index)
     }
 }
 
+/** Deletes an item of the import menu, and its owner as soon as Qt cannot be walking over the children of the
+ * window. */
+void remove_import_item(ConsoleImporter* importer)
+{
+    // Who hears of that may delete the window, and the importer with it.
+    const QPointer<ConsoleImporter> left = importer;
+    delete importer->action();
+    if (!left)
+        return;
+    left->setParent(nullptr);
+    if (left)
+        left->deleteLater();
+}
+
 } // namespace
 
 bool JournalEditor::mDoPrompt = true;
@@ -144,7 +158,7 @@ void JournalEditor::add_import(const char* name, const QString& label, QPlainTex
     mUi->mComingItems.removeAll(importer);
     // Whoever hears of it may have removed it already.
     if (!mUi->mImportItems.contains(importer))
-        delete importer;
+        remove_import_item(importer);
 }
 
 void JournalEditor::remove_import_items(const char* name)
@@ -157,9 +171,10 @@ void JournalEditor::remove_import_items(const char* name)
             removed.append(importer);
         return is_owners;
     });
-    // The menu loses the action with it.
+    const Alive alive(this);
     for (const QPointer<ConsoleImporter>& importer : std::as_const(removed))
-        delete importer.data();
+        if (alive && importer)
+            remove_import_item(importer);
 }
 
 void JournalEditor::add_action_to_import_menu(QAction* action)

@@ -235,6 +235,7 @@ private slots:
     void import_of_a_page_that_has_gone_does_nothing();
     void page_may_go_while_its_import_item_is_made();
     void import_item_may_be_removed_while_it_is_put_into_the_menu();
+    void import_item_may_be_removed_while_the_window_comes_up();
     void window_may_be_shown_while_a_document_is_made();
     void context_menu_of_a_document_without_a_tab_forgets_dead_actions();
     void added_blank_text_leaves_nothing_to_do_again_data();
@@ -628,7 +629,7 @@ void TstJournalEditorMoments::import_items_may_remove_each_other()
     for (const char* owner : {"one", "two", "one", "two", "one"})
         editor.add_import(owner, QString::fromLatin1(owner), nullptr);
     for (const ConsoleImporter* importer : editor.findChildren<ConsoleImporter*>()) {
-        connect(importer, &QObject::destroyed, &editor, [&editor] {
+        connect(importer->action(), &QObject::destroyed, &editor, [&editor] {
             editor.remove_import_items("two");
             editor.remove_import_items("one");
         });
@@ -707,6 +708,21 @@ void TstJournalEditorMoments::import_item_may_be_removed_while_it_is_put_into_th
     QCOMPARE(menu->actions().size(), 1);
     editor.remove_import_items("owner");
     QCOMPARE(menu->actions().size(), 0);
+}
+
+void TstJournalEditorMoments::import_item_may_be_removed_while_the_window_comes_up()
+{
+    JournalEditor editor;
+    editor.add_import("owner", u"Import"_s, nullptr);
+    // Qt walks over the children of the window to show them, the item among them.
+    const EventActor actor(tabs_of(editor), QEvent::Show, [&] {
+        editor.remove_import_items("owner");
+        return false;
+    });
+    editor.show();
+    QVERIFY(actor.has_acted());
+    QCOMPARE(menu_of(editor, u"fileImportMenu"_s)->actions().size(), 0);
+    QCOMPARE(editor.findChildren<ConsoleImporter*>().size(), 0);
 }
 
 void TstJournalEditorMoments::window_may_be_shown_while_a_document_is_made()
