@@ -4,6 +4,7 @@
 #include "workbench/SettingsFile.h"
 
 #include "workbench/SettingsFormat.h"
+#include "workbench/settings_checks.h"
 
 #include <QDir>
 #include <QFile>
@@ -30,17 +31,16 @@ Verdict look_at(const QString& path)
                                   "lost at its end.\n"_s.arg(reason)};
     };
     const QFileInfo info(path);
+    bool is_damaged = false;
     if (info.exists()) {
         if (!info.isFile())
             return useless(u"\"%1\" is no file for settings"_s.arg(path));
         QFile file(path);
         if (!file.open(QIODevice::ReadOnly))
             return useless(u"the settings file \"%1\" cannot be read: %2"_s.arg(path, file.errorString()));
-        // Writing would destroy what may be a file of quite another kind, given by mistake.
-        const QSettings settings(path, QSettings::IniFormat);
-        // Nothing is looked into before somebody asks.
-        settings.allKeys();
-        if (settings.status() == QSettings::FormatError)
+        is_damaged = !are_readable_settings(path);
+        // It may be a file of quite another kind, given by mistake.
+        if (is_damaged && !file.readAll().contains("[ostrelgui]"))
             return useless(u"\"%1\" holds something else than settings, and is left as it is"_s.arg(path));
     }
     // Opens what QSettings will write, beside the file, and drops it.
@@ -54,7 +54,11 @@ Verdict look_at(const QString& path)
                 u"ERROR: %1. Its settings hold, but changes are lost at the end.\n"_s.arg(reason)};
     }
     probe.cancelWriting();
-    return {Use::ReadAndWrite, {}};
+    if (!is_damaged)
+        return {Use::ReadAndWrite, {}};
+    const std::optional<QString> told = keep_unreadable_settings(path);
+    return told ? Verdict{Use::ReadAndWrite, *told}
+                : useless(u"the settings file \"%1\" cannot be read in full, nor be moved aside"_s.arg(path));
 }
 
 void copy(const QString& from, const QString& to)

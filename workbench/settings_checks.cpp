@@ -5,6 +5,7 @@
 
 #include "frame/read_setting.h"
 #include "frame/settings_keys.h"
+#include "workbench/SettingsFormat.h"
 #include "workbench/fennar_util/TemporaryFolder.h"
 
 #include <QFile>
@@ -20,20 +21,6 @@ constexpr int largest_font = 72;
 
 /** What has to be on a screen of a window's title, by which it is moved. */
 constexpr QSize grip(100, 20);
-
-bool is_readable(const QString& path)
-{
-    // By a copy: Qt keeps what it has read once under a name, and tells the first reader alone what was
-    // wrong.
-    const TemporaryFolder place;
-    const QString copy = place.path(u"copy"_s);
-    if (!QFile::copy(path, copy))
-        return false;
-    const QSettings settings(copy, QSettings::IniFormat);
-    // Nothing is looked into before somebody asks.
-    settings.allKeys();
-    return settings.status() == QSettings::NoError;
-}
 
 /** The first name of its kind that is free. */
 QString name_beside(const QString& path)
@@ -76,21 +63,41 @@ void bound_window(QSettings& settings, const WindowKeys& keys, const QRect& scre
 
 } // namespace
 
-QString keep_unreadable_settings()
+bool are_readable_settings(const QString& path)
 {
-    const QString path = QSettings().fileName();
-    if (!QFileInfo::exists(path) || is_readable(path))
-        return {};
+    // By a copy: Qt keeps what it has read once under a name, and tells the first reader alone what was
+    // wrong.
+    const TemporaryFolder place;
+    const QString copy = place.path(u"copy"_s);
+    if (!QFile::copy(path, copy))
+        return false;
+    const QSettings settings(copy, QSettings::IniFormat);
+    // Nothing is looked into before somebody asks.
+    settings.allKeys();
+    return settings.status() == QSettings::NoError;
+}
+
+std::optional<QString> keep_unreadable_settings(const QString& path)
+{
     const QString kept = name_beside(path);
     if (!QFile::rename(path, kept))
-        return u"ERROR: the settings file \"%1\" cannot be read\n"_s.arg(path);
+        return {};
     const QSettings old(kept, QSettings::IniFormat);
-    QSettings settings;
+    QSettings settings(path, settings_format());
     const QStringList keys = old.allKeys();
     for (const QString& key : keys)
         settings.setValue(key, old.value(key));
     return u"ERROR: the settings file \"%1\" cannot be read in full. It is kept as \"%2\"\n"_s.arg(path,
                                                                                                    kept);
+}
+
+QString keep_unreadable_settings()
+{
+    const QString path = QSettings().fileName();
+    if (!QFileInfo::exists(path) || are_readable_settings(path))
+        return {};
+    return keep_unreadable_settings(path).value_or(
+        u"ERROR: the settings file \"%1\" cannot be read\n"_s.arg(path));
 }
 
 QString tell_unwritable_settings()

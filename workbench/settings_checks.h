@@ -6,7 +6,19 @@
 #include <QRect>
 #include <QString>
 
+#include <optional>
+
 class QSettings;
+
+/** Whether all of @p path, which must exist, can be read as settings. */
+bool are_readable_settings(const QString& path);
+
+/**
+ * Moves the settings file @p path aside, and begins a new one with what can be read of it.
+ *
+ * @return what was done, as a line for the user; nothing if the file could not be moved, and is as it was.
+ */
+std::optional<QString> keep_unreadable_settings(const QString& path);
 
 /**
  * Moves the user's own settings file aside if it cannot be read, before the first write would put another one

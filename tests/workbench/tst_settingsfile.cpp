@@ -43,6 +43,7 @@ private slots:
     void data_lie_beside_the_file();
     void file_of_another_kind_is_left_alone_data();
     void file_of_another_kind_is_left_alone();
+    void damaged_settings_are_kept_beside_the_new_ones();
     void directory_is_no_file();
     void missing_directory_is_told();
     void settings_last_until_the_end_if_there_is_no_file();
@@ -196,6 +197,24 @@ void TstSettingsFile::file_of_another_kind_is_left_alone()
     QSettings().setValue(u"key"_s, 7);
     QCOMPARE(content_of(name), content);
     QVERIFY(!file.data_directory().startsWith(mDirectory->path()));
+}
+
+void TstSettingsFile::damaged_settings_are_kept_beside_the_new_ones()
+{
+    const QByteArray content("[ostrelgui]\ncommand\\fontsize=11\ncommand\\fontfa");
+    const QString name = write(u"my.ini"_s, content);
+    {
+        const SettingsFile file(name);
+        QCOMPARE(file.error(), u"ERROR: the settings file \"%1\" cannot be read in full. It is kept as "
+                               "\"%1.unreadable\"\n"_s.arg(name));
+        QCOMPARE(file.data_directory(), name + u".data"_s);
+        QCOMPARE(QSettings().value(u"ostrelgui/command/fontsize"_s).toInt(), 11);
+        QSettings().setValue(u"key"_s, 7);
+    }
+    QCOMPARE(content_of(name + u".unreadable"_s), content);
+    const SettingsFile file(name);
+    QCOMPARE(file.error(), QString());
+    QCOMPARE(QSettings().value(u"key"_s).toInt(), 7);
 }
 
 void TstSettingsFile::directory_is_no_file()
