@@ -79,15 +79,23 @@ class Tidy(unittest.TestCase):
         self.git("add", "--all")
         self.git("commit", "--message", " ".join(changes))
 
-    def tidy(self, *arguments):
+    def make_shallow(self, depth):
+        """Leaves of the repository what a clone of so many commits has."""
+        clone = os.path.join(self.root, "build/clone")
+        self.git("clone", f"--depth={depth}", "file://" + self.root, clone)
+        shutil.rmtree(os.path.join(self.root, ".git"))
+        os.rename(os.path.join(clone, ".git"), os.path.join(self.root, ".git"))
+        shutil.rmtree(clone)
+
+    def tidy(self, *arguments, root=None, cwd="/"):
         env = {**os.environ, "PATH": os.path.join(self.root, "path") + ":" + os.environ["PATH"],
                "GIT_CEILING_DIRECTORIES": os.path.dirname(self.root)}
-        return subprocess.run([os.path.join(self.root, "tools/tidy"), *arguments], env=env, cwd="/",
+        return subprocess.run([os.path.join(root or self.root, "tools/tidy"), *arguments], env=env, cwd=cwd,
                               capture_output=True, text=True, check=False)
 
-    def looked_at(self, *arguments):
+    def looked_at(self, *arguments, cwd="/"):
         """What clang-tidy was called for, which is what clazy was called for."""
-        tidy = self.tidy(*arguments)
+        tidy = self.tidy(*arguments, cwd=cwd)
         self.assertEqual(tidy.returncode, 0, tidy.stdout + tidy.stderr)
         calls = {"clang-tidy-14": [], "clazy-standalone": []}
         with open(self.log, encoding="utf-8") as log:
@@ -167,6 +175,57 @@ class Tidy(unittest.TestCase):
         self.change("unbuilt.cpp")
         self.assertEqual(self.looked_at(), [])
 
+    def test_paths_are_sources_and_headers_and_the_sources_in_folders(self):
+        for paths, sources in ((["frame/Box.cpp"], ["frame/Box.cpp"]), (["frame/lid.h", "tests"], SOURCES[1:]),
+                               (["frame/", "frame/Box.cpp"], SOURCES[:1]), (["."], SOURCES), (["README.md", "fram"], None)):
+            with self.subTest(paths):
+                self.write("log", "")
+                paths = [os.path.join(self.root, path) for path in paths]
+                if sources:
+                    self.assertEqual(self.looked_at(*paths), sources)
+                else:
+                    self.assertEqual(self.tidy(*paths).returncode, 2)
+
+    def test_path_that_exists_is_no_revision(self):
+        self.commit("menus/Menu.cpp")
+        self.git("branch", "tests", "HEAD~1")
+        self.assertEqual(self.looked_at("tests"), ["menus/Menu.cpp"])
+        self.write("log", "")
+        self.assertEqual(self.looked_at("tests", cwd=self.root), ["tests/frame/tst_box.cpp"])
+
+    # --- Where it cannot be told what has changed
+
+    def assert_nothing_is_looked_at(self, why, tidy):
+        self.assertEqual((tidy.returncode, tidy.stdout),
+                         (0, f"tools/tidy: nothing is looked at; {why}; --all looks at the whole tree\n"), tidy.stderr)
+        with open(self.log, encoding="utf-8") as log:
+            self.assertEqual(log.read(), "")
+
+    def test_folder_that_is_no_repository_is_left_alone(self):
+        shutil.rmtree(os.path.join(self.root, ".git"))
+        self.assert_nothing_is_looked_at("this is not a git repository", self.tidy())
+        self.assertEqual(self.tidy("HEAD").returncode, 2)
+        self.assertEqual(self.looked_at("--all"), SOURCES)
+
+    def test_folder_in_the_repository_of_another_is_left_alone(self):
+        shutil.rmtree(os.path.join(self.root, ".git"))
+        around = tempfile.mkdtemp(prefix="tidy_script.")
+        self.addCleanup(shutil.rmtree, around)
+        subprocess.run(["git", "init", "--quiet", around], check=True)
+        copy = shutil.copytree(self.root, os.path.join(around, "unpacked"))
+        self.assert_nothing_is_looked_at("this is not a git repository", self.tidy(root=copy))
+
+    def test_clone_of_the_last_commit_only_is_left_alone(self):
+        self.commit("menus/Menu.cpp")
+        self.make_shallow(1)
+        self.assert_nothing_is_looked_at("what has changed is not known in a clone without the commits before", self.tidy())
+
+    def test_clone_of_the_last_two_commits_counts_the_last(self):
+        self.commit("menus/Menu.cpp")
+        self.commit("frame/Box.cpp")
+        self.make_shallow(2)
+        self.assertEqual(self.looked_at(), ["frame/Box.cpp"])
+
     # --- What comes of it
 
     def test_finding_of_either_is_shown_and_fails(self):
@@ -210,14 +269,11 @@ class Tidy(unittest.TestCase):
         self.stand_in("clang-tidy-14", version="19.1.7")
         tidy = self.tidy("--all")
         self.assertEqual(tidy.returncode, 0)
-        self.assertEqual(tidy.stdout, "tools/tidy: not checked; it takes clang-tidy 14, here is 19.1.7\n")
+        self.assertEqual(tidy.stdout, "tools/tidy: nothing is looked at; it takes clang-tidy 14, here is 19.1.7\n")
 
-    def test_without_a_build_or_a_repository_or_with_wrong_words_it_cannot_look(self):
-        for arguments in (("--everything",), ("main", "HEAD"), ("no-such-revision",)):
+    def test_without_a_build_or_with_wrong_words_it_cannot_look(self):
+        for arguments in (("--everything",), ("main", "HEAD"), ("no-such-revision",), (self.root, "HEAD"), (self.root, "--all")):
             self.assertEqual(self.tidy(*arguments).returncode, 2)
-        shutil.rmtree(os.path.join(self.root, ".git"))
-        self.assertEqual(self.tidy().returncode, 2)
-        self.assertEqual(self.tidy("--all").returncode, 0)
         shutil.rmtree(os.path.join(self.root, "build"))
         self.assertEqual(self.tidy("--all").returncode, 2)
 
