@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <ranges>
 
 using namespace Qt::StringLiterals;
 
@@ -281,9 +280,9 @@ void MenuSections::do_step(const Step& step)
         delete step.action;
         break;
     case Step::Kind::Clear: {
-        const QList<QAction*> shown = changed->actions();
-        for (QAction* action : std::views::reverse(shown))
-            mSteps.push_front({Step::Kind::Remove, action});
+        QList<QAction*> shown = changed->actions();
+        while (!shown.isEmpty())
+            mSteps.push_front({Step::Kind::Remove, shown.takeLast()});
         break;
     }
     }

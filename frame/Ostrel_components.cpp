@@ -209,7 +209,8 @@ void Ostrel::remove_menu_items(const char* component)
         mHelpMenu->remove_component_items(component);
     if (!alive || !mSections)
         return;
-    for (const QString& title : mSections->menus.keys()) {
+    const QStringList titles = mSections->menus.keys();
+    for (const QString& title : titles) {
         if (MenuSections* const sections = find_list(mSections->menus, title))
             sections->remove_items(component);
         if (!alive)
@@ -235,7 +236,8 @@ void Ostrel::remove_toolbar_items(const char* component)
     if (!mSections || !component || !mWindowMenu)
         return;
     const Alive alive(this);
-    for (const QString& name : mSections->toolbars.keys()) {
+    const QStringList names = mSections->toolbars.keys();
+    for (const QString& name : names) {
         if (MenuSections* const sections = find_list(mSections->toolbars, name))
             sections->remove_items(component);
         if (!alive)
