@@ -24,7 +24,6 @@
 #include <QTextLayout>
 
 #include <functional>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -236,11 +235,11 @@ void JournalDocument::contextMenuEvent(QContextMenuEvent* event)
     menu->setObjectName(u"qt_edit_menu"_s);
     QHash<const QAction*, std::function<void()>> effects;
     const auto add = [&](const QString& text, bool enabled, const QKeySequence& shown_shortcut,
-                         std::function<void()> effect) {
+                         const std::function<void()>& effect) {
         QAction* item = menu->addAction(text);
         item->setEnabled(enabled);
         item->setShortcut(shown_shortcut);
-        effects.insert(item, std::move(effect));
+        effects.insert(item, effect);
     };
 
     add(tr("Play Selected"), has_selection, play_shortcut, [this] { mEditor->playSelected(); });
