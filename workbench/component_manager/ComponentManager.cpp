@@ -37,7 +37,12 @@ constexpr auto path_variable = "FENNAR_COMPONENT_PATH";
 constexpr auto command_patience = 50ms;
 
 /** Owner marks that are not for components. */
-const QStringList reserved_names{u"framework"_s, u"fennari19"_s, u"workbench"_s, u"ot_section_separator"_s};
+bool is_reserved(const QString& name)
+{
+    static const QStringList reserved{u"framework"_s, u"fennari19"_s, u"workbench"_s,
+                                      u"ot_section_separator"_s};
+    return reserved.contains(name);
+}
 
 /** Where components lie beside the executable: installed, or in the tree it was built in. */
 QString default_directory()
@@ -422,7 +427,7 @@ QString ComponentManager::name_conflict(const Entry& entry, const QString& name)
     const bool owns_command = std::any_of(commands.begin(), commands.end(), [&](const QString& command) {
         return registry.find(command)->owner == name;
     });
-    if (owns_command || reserved_names.contains(name))
+    if (owns_command || is_reserved(name))
         return u"the name \"%1\" is taken by the program"_s.arg(name);
     return {};
 }

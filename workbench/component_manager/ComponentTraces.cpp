@@ -197,11 +197,12 @@ ComponentTraces::ComponentTraces(const QString& name, const Surroundings& before
     : mName(name), mCode(code), mRegistry(&registry)
 {
     const Surroundings after = Surroundings::now(registry);
-    for (const QObject* object : after.objects.keys()) {
-        if (!before.objects.value(object))
-            mObjects << const_cast<QObject*>(object);
+    for (auto object = after.objects.keyBegin(); object != after.objects.keyEnd(); ++object) {
+        if (!before.objects.value(*object))
+            mObjects << const_cast<QObject*>(*object);
     }
-    for (const auto& [widget, action] : after.actions - before.actions)
+    const auto actions = after.actions - before.actions;
+    for (const auto& [widget, action] : actions)
         mActions << Placement{const_cast<QWidget*>(widget), const_cast<QAction*>(action)};
     if (after.graphics_widget != before.graphics_widget)
         mGraphicsWidget = after.graphics_widget;
@@ -210,7 +211,8 @@ ComponentTraces::ComponentTraces(const QString& name, const Surroundings& before
     if (after.open_save_handler != before.open_save_handler)
         mOpenSaveHandler = after.open_save_handler;
     mOptionLabels = after.option_labels - before.option_labels;
-    for (const QWidget* page : after.option_pages - before.option_pages)
+    const auto pages = after.option_pages - before.option_pages;
+    for (const QWidget* page : pages)
         mOptionPages << const_cast<QWidget*>(page);
 }
 
