@@ -31,14 +31,15 @@ int CommandCall::integer(qsizetype i, QAnyStringView what, int least, int most)
     const std::optional<qint64> value = has(i) ? parse_integer(word(i, what).text) : std::nullopt;
     if (value && *value >= least && *value <= most)
         return int(*value);
+    const bool far_out = value && *value != int(*value); // so that both ends are worth telling
+    const bool has_least = least != std::numeric_limits<int>::min();
+    const bool has_most = most != std::numeric_limits<int>::max();
     QString kind = u"a whole number"_s;
-    if (value && *value != int(*value)) // far out, so that both ends are worth telling
+    if (far_out || (has_least && has_most))
         kind += u" from %1 to %2"_s.arg(least).arg(most);
-    else if (least != std::numeric_limits<int>::min() && most != std::numeric_limits<int>::max())
-        kind += u" from %1 to %2"_s.arg(least).arg(most);
-    else if (least != std::numeric_limits<int>::min())
+    else if (has_least)
         kind += u" from %1 on"_s.arg(least);
-    else if (most != std::numeric_limits<int>::max())
+    else if (has_most)
         kind += u" up to %1"_s.arg(most);
     throw expected(i, QString(what.toString() + " ("_L1 + kind + ')'_L1));
 }

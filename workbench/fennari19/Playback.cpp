@@ -32,9 +32,7 @@ qsizetype first_bad_line(const QByteArray& bytes)
 {
     qsizetype number = 1;
     for (const QByteArray& line : bytes.split('\n')) {
-        QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-        const QString decoded = decoder.decode(line);
-        if (decoder.hasError())
+        if (!line.isValidUtf8())
             break;
         ++number;
     }

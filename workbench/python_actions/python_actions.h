@@ -3,7 +3,7 @@
 
 #pragma once
 
-struct _object;
+struct _object; // NOLINT(bugprone-reserved-identifier): the name that Python gives it
 
 /**
  * Gives the Python module @p module what scripts need to add entries to the menus: the class PyAction and the
