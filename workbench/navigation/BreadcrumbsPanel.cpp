@@ -12,7 +12,7 @@ struct BreadcrumbsPanel::Private
 };
 
 BreadcrumbsPanel::BreadcrumbsPanel(QWidget* parent)
-    : TaskPanel(parent), mPrivate(std::make_unique<Private>(new LevelView(this)))
+    : TaskPanel(parent), mPrivate(std::make_unique<Private>(Private{new LevelView(this)}))
 {}
 
 BreadcrumbsPanel::~BreadcrumbsPanel() = default;

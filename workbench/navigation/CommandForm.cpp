@@ -279,11 +279,12 @@ void CommandForm::add_clause(const CommandClause& clause, QFormLayout* layout)
         auto* beside = new QHBoxLayout(together);
         beside->setContentsMargins(0, 0, 0, 0);
         beside->setSpacing(3);
-        for (CommandParameter parameter : clause.parameters) {
+        for (const CommandParameter& parameter : clause.parameters) {
             auto* name = new QLabel(translated(parameter.label), together);
             beside->addWidget(name);
-            parameter.unit.clear(); // one behind the last is enough
-            QWidget* field = add_field(parameter, clause.optional, clause, together);
+            CommandParameter unitless = parameter; // one unit behind the last is enough
+            unitless.unit.clear();
+            QWidget* field = add_field(unitless, clause.optional, clause, together);
             name->setBuddy(field->focusProxy());
             beside->addWidget(field, 1);
         }
