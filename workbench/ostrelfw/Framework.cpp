@@ -9,9 +9,8 @@
 
 namespace {
 
-// Nothing is run for them at the start: the constructor is a constant.
-std::unique_ptr<FennarPythonInterpreter> framework_interpreter; // clazy:exclude=non-pod-global-static
-std::unique_ptr<FennarPythonInterpreter> user_interpreter;      // clazy:exclude=non-pod-global-static
+std::unique_ptr<FennarPythonInterpreter> framework_interpreter;
+std::unique_ptr<FennarPythonInterpreter> user_interpreter;
 
 } // namespace
 
