@@ -63,8 +63,8 @@ QModelIndexList NavigationCursor::path() const
         return entries;
     for (QModelIndex entry = mPlace; entry.isValid() && entry != mRoot; entry = entry.parent())
         entries.prepend(entry);
-    const auto hidden = std::find_if_not(entries.begin(), entries.end(), is_entry_shown);
-    entries.erase(hidden, entries.end());
+    const auto hidden = std::find_if_not(entries.cbegin(), entries.cend(), is_entry_shown);
+    entries.erase(hidden, entries.cend());
     return entries;
 }
 
