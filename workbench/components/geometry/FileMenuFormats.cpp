@@ -102,9 +102,9 @@ void FileMenuFormats::clear()
 
 void FileMenuFormats::imported(const QString& file, bool done)
 {
-    const auto chosen = std::find_if(mChosen.begin(), mChosen.end(),
+    const auto chosen = std::find_if(mChosen.cbegin(), mChosen.cend(),
                                      [&file](const Chosen& candidate) { return candidate.file == file; });
-    if (chosen == mChosen.end())
+    if (chosen == mChosen.cend())
         return;
     const QString format = chosen->format;
     mChosen.erase(chosen);
