@@ -14,7 +14,7 @@ namespace {
 template <typename Item>
 void append_items(QByteArray& data, const Item* items, std::size_t count)
 {
-    data.append(reinterpret_cast<const char*>(items), static_cast<qsizetype>(count * sizeof(Item)));
+    data.append(reinterpret_cast<const char*>(items), qsizetype(count) * qsizetype(sizeof(Item)));
 }
 
 template <typename Item>

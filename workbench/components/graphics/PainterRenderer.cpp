@@ -104,7 +104,7 @@ std::array<QRgb, 256> shades(const QColor& colour)
 {
     std::array<QRgb, 256> result;
     for (std::size_t i = 0; i < result.size(); ++i) {
-        const auto part = [i](int value) { return int(double(value) * double(i) / 255 + 0.5); };
+        const auto part = [i](int value) { return int(std::lround(double(value) * double(i) / 255)); };
         result[i] = qRgb(part(colour.red()), part(colour.green()), part(colour.blue()));
     }
     return result;
@@ -121,7 +121,9 @@ std::pair<int, int> pixels_between(float from, float to, int count)
 void fill(Canvas& canvas, const std::array<Spot, 3>& spots, const std::array<float, 3>& light,
           const std::array<QRgb, 256>& colours)
 {
-    const auto& [a, b, c] = spots;
+    const Spot& a = spots[0];
+    const Spot& b = spots[1];
+    const Spot& c = spots[2];
     const float area = (b.x - a.x) * (c.y - a.y) - (c.x - a.x) * (b.y - a.y);
     if (!(std::abs(area) > 1e-12F) || !std::isfinite(area))
         return;

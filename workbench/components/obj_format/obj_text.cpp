@@ -121,7 +121,7 @@ Surface read_obj(const QByteArray& text)
 QByteArray write_obj(const Surface& surface)
 {
     QByteArray text;
-    text.reserve(static_cast<qsizetype>(surface.points.size() * 40 + surface.triangles.size() * 24));
+    text.reserve(qsizetype(surface.points.size()) * 40 + qsizetype(surface.triangles.size()) * 24);
     for (const std::array<double, 3>& point : surface.points) {
         text += 'v';
         for (const double value : point) {

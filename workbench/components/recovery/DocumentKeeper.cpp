@@ -243,7 +243,7 @@ void DocumentKeeper::forget(QObject* document)
     if (watched == mWatched.end())
         return;
     drop_copy(*watched);
-    mWatched.erase(watched);
+    mWatched.remove(document);
 }
 
 void DocumentKeeper::forget_origin(QPlainTextEdit* document, Watched& watched)

@@ -22,7 +22,7 @@ const auto work_ending = u".work"_s;
 const auto lock_name = u"lock"_s;
 
 /** More bytes than the first line of a document can have: the name of a file in it is limited. */
-constexpr qint64 longest_head = 64 * 1024;
+constexpr qint64 longest_head = 65'536;
 
 /** How often a new folder is tried, should another program take each for one that is left. */
 constexpr int attempts = 5;

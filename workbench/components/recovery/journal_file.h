@@ -12,7 +12,7 @@
  *
  * The sanitizer that looks at types would want the class's, which the shell does not export.
  */
-[[gnu::no_sanitize("vptr")]] inline QString journal_file(const QWidget* page)
+__attribute__((no_sanitize("vptr"))) inline QString journal_file(const QWidget* page)
 {
     // The class is not exported, so that it cannot be asked for by its meta-object.
     return page && page->inherits("JournalDocument") ? static_cast<const JournalDocument*>(page)->file_name()
