@@ -265,6 +265,13 @@ class Tidy(unittest.TestCase):
                 f"{self.root}/{path}\n" for path in ("frame/Box.h", "tests/frame/boxes.h", "build/a/ui_Box.h", "frame/a.hpp")))
             self.assertEqual(found.stdout, f"{self.root}/frame/Box.h\n{self.root}/tests/frame/boxes.h\n")
 
+    def test_slots_of_a_test_may_know_its_locals(self):
+        self.tidy("--all")
+        with open(self.log, encoding="utf-8") as log:
+            without = {os.path.relpath(line.split()[-1], self.root): "no-lambda-in-connect" in line
+                       for line in log if line.startswith("clazy")}
+        self.assertEqual(without, {"frame/Box.cpp": False, "menus/Menu.cpp": False, "tests/frame/tst_box.cpp": True})
+
     def test_another_version_is_said_and_not_used(self):
         self.stand_in("clang-tidy-14", version="19.1.7")
         tidy = self.tidy("--all")
