@@ -168,26 +168,28 @@ void TstTrim::a_page_is_as_if_all_had_been_inserted()
             const QString text = random_text(random);
             history << text;
             const auto told = [&](const QString& what) {
-                return qPrintable(what + u" after "_s +
-                                  QStringList(history)
-                                      .replaceInStrings(u"\n"_s, u"\\n"_s)
-                                      .replaceInStrings(u"\r"_s, u"\\r"_s)
-                                      .join(u", "_s));
+                return QString(what + u" after "_s +
+                               QStringList(history)
+                                   .replaceInStrings(u"\n"_s, u"\\n"_s)
+                                   .replaceInStrings(u"\r"_s, u"\\r"_s)
+                                   .join(u", "_s));
             };
             page.printOutput(text);
             plain.print_output(text);
-            QVERIFY2(blocks(page) == blocks(plain), told(u"text"_s));
-            QVERIFY2(page.textCursor().position() == plain.textCursor().position(), told(u"caret"_s));
-            QVERIFY2(page.textCursor().anchor() == plain.textCursor().anchor(), told(u"anchor"_s));
-            QVERIFY2(other.position() == plainOther.position(), told(u"another cursor"_s));
+            QVERIFY2(blocks(page) == blocks(plain), qPrintable(told(u"text"_s)));
+            QVERIFY2(page.textCursor().position() == plain.textCursor().position(),
+                     qPrintable(told(u"caret"_s)));
+            QVERIFY2(page.textCursor().anchor() == plain.textCursor().anchor(),
+                     qPrintable(told(u"anchor"_s)));
+            QVERIFY2(other.position() == plainOther.position(), qPrintable(told(u"another cursor"_s)));
             for (QPlainTextEdit* edit : both) {
                 QScrollBar* bar = edit->verticalScrollBar();
-                QVERIFY2(bar->value() == bar->maximum(), told(u"scroll bar"_s));
+                QVERIFY2(bar->value() == bar->maximum(), qPrintable(told(u"scroll bar"_s)));
                 lay_out_all(*edit);
                 bar->setValue(bar->maximum());
             }
             QVERIFY2(page.verticalScrollBar()->maximum() == plain.verticalScrollBar()->maximum(),
-                     told(u"scrolled range"_s));
+                     qPrintable(told(u"scrolled range"_s)));
             if (random.bounded(4) == 0) {
                 page.appendToCommand(u"x"_s);
                 plainOther.movePosition(QTextCursor::End);
