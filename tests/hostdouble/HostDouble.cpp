@@ -344,6 +344,8 @@ void NavigationReader::setModel(NavigationModel* model, QSet<NavigationNode*>* n
                                 QMap<NavigationNode*, QString>* titles)
 {
     mModel = model;
+    mNodes = nodes;
+    mTitles = titles;
     record("NavigationReader::setModel", static_cast<const void*>(model), static_cast<const void*>(nodes),
            static_cast<const void*>(titles));
 }

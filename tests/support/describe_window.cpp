@@ -37,7 +37,7 @@ public:
     }
 
 private:
-    void write_line(int depth, const QString& line) { mLines << QString(2 * depth, u' ') + line; }
+    void write_line(int depth, const QString& line) { mLines << QString(qsizetype(2) * depth, u' ') + line; }
 
     static QString named(const QString& kind, const QString& name, const QString& text)
     {

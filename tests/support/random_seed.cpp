@@ -4,6 +4,7 @@
 #include "support/random_seed.h"
 
 #include <QRandomGenerator>
+#include <QString>
 
 quint32 random_seed()
 {
