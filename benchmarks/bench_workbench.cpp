@@ -10,14 +10,14 @@
 #include "console/CommandWindow.h"
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
-#include "workbench/Workbench.h"
-#include "workbench/console/ConsoleOwner.h"
-#include "workbench/fennar_python/PythonRuntime.h"
-#include "workbench/fennari19/CommandCall.h"
-#include "workbench/fennari19/CommandInterpreter.h"
-#include "workbench/fennari19/Fennar.h"
-#include "workbench/fennari19/tokenize.h"
-#include "workbench/scene/Scene.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/host/fennar_python/PythonRuntime.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
+#include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/commands/tokenize.h"
+#include "workbench/sdk/core/scene/Scene.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

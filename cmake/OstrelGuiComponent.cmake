@@ -15,7 +15,7 @@ function(ostrelgui_add_component name)
     add_library(${name} MODULE ${arg_SOURCES})
     target_link_libraries(${name} PRIVATE
         OstrelGui::ostrelgui     # the main window
-        OstrelGui::fennari19     # the registry of commands
+        OstrelGui::fennar_core   # the registry of commands
         OstrelGui::ostrelfw      # the framework's text stream and trackers
         ${arg_LIBRARIES})
     target_compile_features(${name} PRIVATE cxx_std_20)

@@ -56,13 +56,14 @@ set(exported_targets ostrelgui)
 
 if(OSTREL_BUILD_WORKBENCH)
     # What components and hosts need of the workbench.
-    foreach(header components/component.h fennari19/Fennar.h fennari19/CommandCall.h fennari19/CommandError.h
-            fennar_formats/FormatRegistry.h fennar_util/Interrupt.h scene/Scene.h
-            fennar_python/PythonRuntime.h fennar_python/make_python_interpreter.h
-            ostrelfw/FrameworkInterpreters.h ostrelfw/HostMediator.h)
+    foreach(header sdk/component/component.h sdk/core/commands/Fennar.h sdk/core/commands/CommandCall.h
+            sdk/core/commands/CommandError.h sdk/core/commands/Interrupt.h sdk/core/files/FormatRegistry.h
+            sdk/core/scene/Scene.h
+            host/fennar_python/PythonRuntime.h host/fennar_python/make_python_interpreter.h
+            host/ostrelfw/FrameworkInterpreters.h host/ostrelfw/HostMediator.h)
         ostrel_collect_headers(public_headers workbench/${header})
     endforeach()
-    list(APPEND exported_targets fennar_util fennari19 fennar_formats fennar_python navigation ostrelfw scene)
+    list(APPEND exported_targets fennar_core fennar_util fennari19 fennar_python navigation ostrelfw)
 
     # The program reads its navigation files and finds its components in the folder that it lies in. Folders are no use
     # in a directory of commands, so it has one of its own, and what is there is a link to it.
@@ -89,7 +90,7 @@ if(OSTREL_BUILD_WORKBENCH)
     install(FILES workbench/desktop/fennar.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
     install(FILES workbench/desktop/fennar.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
     install(FILES resources/images/light/fennar.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
-    install(FILES workbench/product.png DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/64x64/apps RENAME fennar.png)
+    install(FILES workbench/application/product.png DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/64x64/apps RENAME fennar.png)
     install(FILES workbench/desktop/fennar-48.png DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/48x48/apps
         RENAME fennar.png)
 endif()

@@ -12,10 +12,10 @@
 #include "host/ostrelfw/Broker.h"
 #include "host/ostrelfw/ComponentRecord.h"
 #include "host/ostrelfw/Mediator.h"
-#include "workbench/Workbench.h"
-#include "workbench/fennari19/CommandCall.h"
-#include "workbench/fennari19/CommandRegistry.h"
-#include "workbench/fennari19/Fennar.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QApplication>
 #include <QFile>

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/SettingsFile.h"
-#include "workbench/SettingsFormat.h"
-#include "workbench/Translations.h"
-#include "workbench/Workbench.h"
-#include "workbench/fennar_util/TemporaryFolder.h"
-#include "workbench/ostrelfw/CommandLine.h"
-#include "workbench/settings_checks.h"
+#include "workbench/application/Translations.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/settings/SettingsFile.h"
+#include "workbench/application/settings/SettingsFormat.h"
+#include "workbench/application/settings/settings_checks.h"
+#include "workbench/host/ostrelfw/CommandLine.h"
+#include "workbench/sdk/core/files/TemporaryFolder.h"
 
 #include <QApplication>
 #include <QFileInfo>

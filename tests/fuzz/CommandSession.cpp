@@ -4,7 +4,7 @@
 #include "fuzz/CommandSession.h"
 
 #include "fuzz/fuzz_target.h"
-#include "workbench/fennari19/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
 
 using namespace Qt::StringLiterals;
 

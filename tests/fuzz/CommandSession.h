@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "workbench/fennari19/CommandInterpreter.h"
-#include "workbench/fennari19/CommandRegistry.h"
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
 
 #include <QString>
 

@@ -5,7 +5,7 @@
 
 #include "fuzz/fuzz_target.h"
 #include "fuzz/fuzz_text.h"
-#include "workbench/ostrelfw/CommandLine.h"
+#include "workbench/host/ostrelfw/CommandLine.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

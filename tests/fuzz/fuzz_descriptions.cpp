@@ -5,8 +5,8 @@
 
 #include "fuzz/fuzz_target.h"
 #include "fuzz/fuzz_text.h"
-#include "workbench/fennari19/CommandDescription.h"
-#include "workbench/fennari19/tokenize.h"
+#include "workbench/sdk/core/commands/CommandDescription.h"
+#include "workbench/sdk/core/commands/tokenize.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 // Looks whether whatever the fuzzer comes up with is a file of a format that the engine reads or writes.
 
 #include "fuzz/fuzz_target.h"
-#include "workbench/components/geometry/Format.h"
+#include "workbench/components/geometry/exchange/Format.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,7 @@
 // Reads whatever the fuzzer comes up with as the history of commands, and walks through it.
 
 #include "fuzz/fuzz_target.h"
-#include "workbench/console/CommandHistory.h"
+#include "workbench/application/console/CommandHistory.h"
 
 #include <QBuffer>
 

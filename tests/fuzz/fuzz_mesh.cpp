@@ -5,7 +5,7 @@
 // with.
 
 #include "fuzz/fuzz_target.h"
-#include "workbench/components/geometry/mesh_surfaces.h"
+#include "workbench/components/geometry/model/mesh_surfaces.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

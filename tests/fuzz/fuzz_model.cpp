@@ -5,9 +5,9 @@
 // have.
 
 #include "fuzz/fuzz_target.h"
-#include "workbench/components/geometry/GeometryError.h"
-#include "workbench/components/geometry/GeometryModel.h"
-#include "workbench/components/geometry/model_format.h"
+#include "workbench/components/geometry/exchange/model_format.h"
+#include "workbench/components/geometry/model/GeometryError.h"
+#include "workbench/components/geometry/model/GeometryModel.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>

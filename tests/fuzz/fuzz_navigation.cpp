@@ -5,7 +5,7 @@
 // set.
 
 #include "fuzz/fuzz_target.h"
-#include "workbench/navigation/NavigationFiles.h"
+#include "workbench/host/navigation/NavigationFiles.h"
 
 #include <QBuffer>
 

@@ -5,7 +5,7 @@
 
 #include "fuzz/CommandSession.h"
 #include "fuzz/fuzz_target.h"
-#include "workbench/fennari19/Playback.h"
+#include "workbench/sdk/core/commands/Playback.h"
 
 #include <QBuffer>
 #include <QStringDecoder>

@@ -5,8 +5,8 @@
 // that it leaves.
 
 #include "fuzz/fuzz_target.h"
-#include "workbench/components/geometry/GeometryError.h"
-#include "workbench/components/geometry/engine_process.h"
+#include "workbench/components/geometry/model/GeometryError.h"
+#include "workbench/components/geometry/programs/engine_process.h"
 
 using namespace Qt::StringLiterals;
 

@@ -7,8 +7,8 @@
 #include "frame/read_setting.h"
 #include "frame/settings_keys.h"
 #include "fuzz/fuzz_target.h"
-#include "workbench/SettingsFormat.h"
-#include "workbench/settings_checks.h"
+#include "workbench/application/settings/SettingsFormat.h"
+#include "workbench/application/settings/settings_checks.h"
 
 #include <QRect>
 

@@ -4,8 +4,8 @@
 // Takes whatever the fuzzer comes up with for the triangles that the converter leaves.
 
 #include "fuzz/fuzz_target.h"
-#include "workbench/components/geometry/GeometryError.h"
-#include "workbench/components/geometry/surface_bytes.h"
+#include "workbench/components/geometry/exchange/surface_bytes.h"
+#include "workbench/components/geometry/model/GeometryError.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

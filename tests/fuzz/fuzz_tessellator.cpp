@@ -4,7 +4,7 @@
 // Takes whatever the fuzzer comes up with for the output of the tessellator: at once, and in two pieces.
 
 #include "fuzz/fuzz_target.h"
-#include "workbench/components/geometry/TessellatorOutput.h"
+#include "workbench/components/geometry/programs/TessellatorOutput.h"
 
 #include <vector>
 

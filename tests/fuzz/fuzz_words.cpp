@@ -5,9 +5,9 @@
 
 #include "fuzz/fuzz_target.h"
 #include "fuzz/fuzz_text.h"
-#include "workbench/fennari19/ContinuedCommand.h"
-#include "workbench/fennari19/numbers.h"
-#include "workbench/fennari19/tokenize.h"
+#include "workbench/sdk/core/commands/ContinuedCommand.h"
+#include "workbench/sdk/core/commands/numbers.h"
+#include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QStringList>
 

@@ -5,8 +5,8 @@
 
 #include "console/CommandWidget.h"
 #include "support/windows.h"
-#include "workbench/Workbench.h"
-#include "workbench/console/ConsoleOwner.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/console/ConsoleOwner.h"
 
 #include <QApplication>
 #include <QTest>

@@ -5,11 +5,11 @@
 #include "host/ostrelfw/Broker.h"
 #include "host/ostrelfw/Framework.h"
 #include "support/windows.h"
-#include "workbench/Workbench.h"
 #include "workbench/WorkbenchTest.h"
-#include "workbench/component_manager/ComponentManager.h"
-#include "workbench/fennari19/Fennar.h"
-#include "workbench/fennari19/tokenize.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/component_manager/ComponentManager.h"
+#include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QApplication>
 #include <QDir>

@@ -12,15 +12,15 @@
 #include "options/OptionsPanel.h"
 #include "support/dialogs.h"
 #include "support/windows.h"
-#include "workbench/Workbench.h"
 #include "workbench/WorkbenchTest.h"
-#include "workbench/component_manager/ComponentManager.h"
-#include "workbench/console/ConsoleOwner.h"
-#include "workbench/fennari19/Fennar.h"
-#include "workbench/navigation/CommandForm.h"
-#include "workbench/navigation/EntryButton.h"
-#include "workbench/navigation/FormField.h"
-#include "workbench/navigation/NavigationRoles.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/component_manager/ComponentManager.h"
+#include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/host/navigation/CommandForm.h"
+#include "workbench/host/navigation/EntryButton.h"
+#include "workbench/host/navigation/FormField.h"
+#include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -5,9 +5,9 @@
 #include "frame/Ostrel.h"
 #include "options/OptionsPanel.h"
 #include "support/TestCase.h"
-#include "workbench/Workbench.h"
-#include "workbench/apply_python_paths.h"
-#include "workbench/console/ConsoleOwner.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/application/python/apply_python_paths.h"
 
 #include <QDir>
 #include <QFile>

@@ -8,12 +8,12 @@
 #include "files/OstrelFileMenu.h"
 #include "journal/JournalEditor.h"
 #include "support/drops.h"
-#include "workbench/Workbench.h"
-#include "workbench/console/ConsoleOwner.h"
-#include "workbench/console/ErrorPage.h"
-#include "workbench/fennari19/CommandCall.h"
-#include "workbench/fennari19/CommandRegistry.h"
-#include "workbench/fennari19/Fennar.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/application/console/ErrorPage.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QFile>
 #include <QPlainTextEdit>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
-#include "workbench/settings_checks.h"
+#include "workbench/application/settings/settings_checks.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
-#include "workbench/SettingsFile.h"
+#include "workbench/application/settings/SettingsFile.h"
 
 #include <QDir>
 #include <QFile>

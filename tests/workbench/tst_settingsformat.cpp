@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
-#include "workbench/SettingsFormat.h"
+#include "workbench/application/settings/SettingsFormat.h"
 
 #include <QColor>
 #include <QFile>

@@ -6,10 +6,10 @@
 
 #include "frame/MainFrame.h"
 #include "frame/Ostrel.h"
-#include "workbench/fennar_python/PythonRuntime.h"
-#include "workbench/fennar_python/make_python_interpreter.h"
-#include "workbench/ostrelfw/FrameworkInterpreters.h"
-#include "workbench/ostrelfw/HostMediator.h"
+#include "workbench/host/fennar_python/PythonRuntime.h"
+#include "workbench/host/fennar_python/make_python_interpreter.h"
+#include "workbench/host/ostrelfw/FrameworkInterpreters.h"
+#include "workbench/host/ostrelfw/HostMediator.h"
 
 #include <QApplication>
 

@@ -3,7 +3,7 @@
 
 // A component that ends the program while it is loaded.
 
-#include "workbench/components/component.h"
+#include "workbench/sdk/component/component.h"
 
 #include <cstdlib>
 

@@ -16,12 +16,12 @@
 #include "menus/OstrelToolsMenu.h"
 #include "menus/OstrelViewMenu.h"
 #include "options/OptionsPanel.h"
-#include "workbench/components/component.h"
-#include "workbench/fennar_formats/FormatRegistry.h"
-#include "workbench/fennar_formats/UnsavedWorks.h"
-#include "workbench/fennari19/CommandCall.h"
-#include "workbench/fennari19/CommandRegistry.h"
-#include "workbench/fennari19/Fennar.h"
+#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/files/FormatRegistry.h"
+#include "workbench/sdk/core/files/UnsavedWorks.h"
 
 #include <QAction>
 #include <QDockWidget>

@@ -25,7 +25,7 @@ target_compile_features(headers PRIVATE cxx_std_20)
 if(NOT EXISTS "${OstrelGui_TRANSLATIONS_DIR}/ostrelgui_de.qm")
     message(FATAL_ERROR "no translations in ${OstrelGui_TRANSLATIONS_DIR}")
 endif()
-target_link_libraries(headers PRIVATE OstrelGui::ostrelgui OstrelGui::fennari19 OstrelGui::fennar_formats)
+target_link_libraries(headers PRIVATE OstrelGui::ostrelgui OstrelGui::fennar_core)
 """
 
 
@@ -101,7 +101,7 @@ def main():
         headers = sorted(os.path.relpath(path, include)
                          for path in glob.glob(os.path.join(include, "**", "*.h"), recursive=True))
         check({"frame/Ostrel.h", "frame/MainFrame.h", "console/CommandWindow.h", "host/ostrelfw/Mediator.h",
-               "workbench/components/component.h", "workbench/fennari19/CommandRegistry.h"} <= set(headers), str(headers))
+               "workbench/sdk/component/component.h", "workbench/sdk/core/commands/CommandRegistry.h"} <= set(headers), str(headers))
         own = re.compile(r'^#include "([^"]+/[^"]+)"', re.M)
         for header in headers:
             with open(os.path.join(include, header), encoding="utf-8") as file:

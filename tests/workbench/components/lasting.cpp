@@ -4,10 +4,10 @@
 // A component with dialogs and commands that are open and running when the program ends.
 
 #include "frame/Ostrel.h"
-#include "workbench/components/component.h"
-#include "workbench/fennari19/CommandCall.h"
-#include "workbench/fennari19/CommandRegistry.h"
-#include "workbench/fennari19/Fennar.h"
+#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QCoreApplication>
 #include <QDialog>

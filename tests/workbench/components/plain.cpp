@@ -3,10 +3,10 @@
 
 // A component with one command, and with a record that the build can spoil.
 
-#include "workbench/components/component.h"
-#include "workbench/fennari19/CommandCall.h"
-#include "workbench/fennari19/CommandRegistry.h"
-#include "workbench/fennari19/Fennar.h"
+#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/Fennar.h"
 
 #ifndef RECORD_NAME
 #define RECORD_NAME "plain"

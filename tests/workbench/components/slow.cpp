@@ -3,7 +3,7 @@
 
 // A component that takes as long to load as nobody opens the pipe that the environment names.
 
-#include "workbench/components/component.h"
+#include "workbench/sdk/component/component.h"
 
 #include <QFile>
 

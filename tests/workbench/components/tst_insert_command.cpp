@@ -8,12 +8,12 @@
 #include "support/dialogs.h"
 #include "support/menus.h"
 #include "support/windows.h"
-#include "workbench/component_manager/ComponentManager.h"
-#include "workbench/fennar_python/PythonRuntime.h"
-#include "workbench/fennar_python/make_python_interpreter.h"
-#include "workbench/fennari19/CommandRegistry.h"
-#include "workbench/fennari19/Fennar.h"
-#include "workbench/ostrelfw/FrameworkInterpreters.h"
+#include "workbench/application/component_manager/ComponentManager.h"
+#include "workbench/host/fennar_python/PythonRuntime.h"
+#include "workbench/host/fennar_python/make_python_interpreter.h"
+#include "workbench/host/ostrelfw/FrameworkInterpreters.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>

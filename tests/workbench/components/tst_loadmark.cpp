@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
-#include "workbench/component_manager/LoadMark.h"
+#include "workbench/application/component_manager/LoadMark.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
-#include "workbench/console/CommandHistory.h"
+#include "workbench/application/console/CommandHistory.h"
 
 #include <QFile>
 #include <QTemporaryDir>

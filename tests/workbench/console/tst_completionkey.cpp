@@ -4,9 +4,9 @@
 #include "console/CommandWidget.h"
 #include "support/TestCase.h"
 #include "support/windows.h"
-#include "workbench/console/CommandHistory.h"
-#include "workbench/console/CompletionKey.h"
-#include "workbench/console/HistorySearch.h"
+#include "workbench/application/console/CommandHistory.h"
+#include "workbench/application/console/CompletionKey.h"
+#include "workbench/application/console/HistorySearch.h"
 
 #include <QSignalSpy>
 #include <QTest>

@@ -7,8 +7,8 @@
 #include "journal/JournalEditor.h"
 #include "support/TestCase.h"
 #include "support/windows.h"
-#include "workbench/console/ConsoleOwner.h"
-#include "workbench/console/LineInterpreter.h"
+#include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/application/console/LineInterpreter.h"
 
 #include <QClipboard>
 #include <QFile>

@@ -4,8 +4,8 @@
 #include "support/TestCase.h"
 #include "support/menus.h"
 #include "support/windows.h"
-#include "workbench/console/ErrorPage.h"
-#include "workbench/ostrelfw/LineFolder.h"
+#include "workbench/application/console/ErrorPage.h"
+#include "workbench/host/ostrelfw/LineFolder.h"
 
 #include <QContextMenuEvent>
 #include <QFile>

@@ -4,8 +4,8 @@
 #include "console/CommandWidget.h"
 #include "support/TestCase.h"
 #include "support/windows.h"
-#include "workbench/console/CommandHistory.h"
-#include "workbench/console/HistorySearch.h"
+#include "workbench/application/console/CommandHistory.h"
+#include "workbench/application/console/HistorySearch.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -5,7 +5,7 @@
 #include "support/TestCase.h"
 #include "support/drops.h"
 #include "support/windows.h"
-#include "workbench/console/OutputDrag.h"
+#include "workbench/application/console/OutputDrag.h"
 
 #include <QHBoxLayout>
 #include <QTest>

@@ -4,13 +4,13 @@
 #include "failing_calls.h"
 #include "support/TestCase.h"
 #include "sweep.h"
-#include "workbench/components/geometry/FileExchange.h"
-#include "workbench/components/geometry/GeometryModel.h"
-#include "workbench/components/geometry/file_commands.h"
+#include "workbench/components/geometry/commands/file_commands.h"
+#include "workbench/components/geometry/exchange/FileExchange.h"
+#include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/obj_format/obj_text.h"
-#include "workbench/fennar_formats/FormatRegistry.h"
-#include "workbench/fennari19/ApplicationServices.h"
 #include "workbench/fennari19/CommandSession.h"
+#include "workbench/sdk/core/commands/ApplicationServices.h"
+#include "workbench/sdk/core/files/FormatRegistry.h"
 
 #include <QDir>
 #include <QFile>

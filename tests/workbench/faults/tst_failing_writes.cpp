@@ -5,15 +5,15 @@
 #include "console/CommandWindow.h"
 #include "support/TestCase.h"
 #include "sweep.h"
-#include "workbench/SettingsFormat.h"
-#include "workbench/components/geometry/GeometryDocument.h"
-#include "workbench/components/geometry/GeometryError.h"
-#include "workbench/components/geometry/GeometryModel.h"
+#include "workbench/application/console/CommandHistory.h"
+#include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/application/console/ErrorPage.h"
+#include "workbench/application/settings/SettingsFormat.h"
+#include "workbench/components/geometry/model/GeometryDocument.h"
+#include "workbench/components/geometry/model/GeometryError.h"
+#include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/recovery/RecoveryFolder.h"
-#include "workbench/console/CommandHistory.h"
-#include "workbench/console/ConsoleOwner.h"
-#include "workbench/console/ErrorPage.h"
-#include "workbench/fennar_util/write_whole_file.h"
+#include "workbench/sdk/core/files/write_whole_file.h"
 
 #include <QFile>
 #include <QTemporaryDir>

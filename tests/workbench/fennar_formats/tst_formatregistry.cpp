@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
-#include "workbench/fennar_formats/FormatRegistry.h"
+#include "workbench/sdk/core/files/FormatRegistry.h"
 
 #include <QSignalSpy>
 #include <QTest>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "workbench/fennar_python/PythonRuntime.h"
+#include "workbench/host/fennar_python/PythonRuntime.h"
 
 #include <QStringList>
 

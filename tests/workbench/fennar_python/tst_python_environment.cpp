@@ -4,8 +4,8 @@
 #include "ChildProcess.h"
 #include "PythonRecorder.h"
 #include "support/TestCase.h"
-#include "workbench/fennar_python/PythonConsole.h"
-#include "workbench/fennar_python/make_python_interpreter.h"
+#include "workbench/host/fennar_python/PythonConsole.h"
+#include "workbench/host/fennar_python/make_python_interpreter.h"
 
 #include <QDir>
 #include <QJsonArray>

@@ -5,7 +5,7 @@
 #include "PythonRecorder.h"
 #include "support/TestCase.h"
 #include "support/patience.h"
-#include "workbench/fennar_python/make_python_interpreter.h"
+#include "workbench/host/fennar_python/make_python_interpreter.h"
 
 #include <QRegularExpression>
 #include <QTest>

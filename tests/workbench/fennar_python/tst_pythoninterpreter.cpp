@@ -3,7 +3,7 @@
 
 #include "PythonRecorder.h"
 #include "support/TestCase.h"
-#include "workbench/fennar_python/make_python_interpreter.h"
+#include "workbench/host/fennar_python/make_python_interpreter.h"
 
 #include <QTest>
 

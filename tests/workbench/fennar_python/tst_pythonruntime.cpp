@@ -3,8 +3,8 @@
 
 #include "PythonRecorder.h"
 #include "support/TestCase.h"
-#include "workbench/fennar_python/PythonConsole.h"
-#include "workbench/fennar_python/make_python_interpreter.h"
+#include "workbench/host/fennar_python/PythonConsole.h"
+#include "workbench/host/fennar_python/make_python_interpreter.h"
 
 #include <QTemporaryDir>
 #include <QTest>

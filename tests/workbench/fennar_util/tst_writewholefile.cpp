@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
-#include "workbench/fennar_util/write_whole_file.h"
+#include "workbench/sdk/core/files/write_whole_file.h"
 
 #include <QDir>
 #include <QFile>

@@ -3,9 +3,9 @@
 
 #pragma once
 
-#include "workbench/fennari19/CommandCall.h"
-#include "workbench/fennari19/CommandInterpreter.h"
-#include "workbench/fennari19/CommandRegistry.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
 
 /** A registry and an interpreter whose output is kept, and a command "note" that keeps its words. */
 struct CommandSession

@@ -3,8 +3,8 @@
 
 #include "CommandSession.h"
 #include "support/TestCase.h"
-#include "workbench/fennari19/Playback.h"
-#include "workbench/fennari19/builtin_commands.h"
+#include "workbench/sdk/core/commands/Playback.h"
+#include "workbench/sdk/core/commands/builtin_commands.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -4,7 +4,7 @@
 #include "CommandSession.h"
 #include "host/fennar_util/AppUtil.h"
 #include "support/TestCase.h"
-#include "workbench/fennar_util/Interrupt.h"
+#include "workbench/sdk/core/commands/Interrupt.h"
 
 #include <QLocale>
 #include <QScopeGuard>

@@ -3,7 +3,7 @@
 
 #include "CommandSession.h"
 #include "support/TestCase.h"
-#include "workbench/fennari19/nearest_name.h"
+#include "workbench/sdk/core/commands/nearest_name.h"
 
 #include <QTest>
 

@@ -3,10 +3,10 @@
 
 #include "support/TestCase.h"
 #include "support/random_seed.h"
-#include "workbench/fennari19/CommandRegistry.h"
-#include "workbench/fennari19/CommandVariables.h"
-#include "workbench/fennari19/complete_command.h"
-#include "workbench/fennari19/tokenize.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/CommandVariables.h"
+#include "workbench/sdk/core/commands/complete_command.h"
+#include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QDir>
 #include <QFile>

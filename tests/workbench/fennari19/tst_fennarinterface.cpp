@@ -4,9 +4,9 @@
 #include "host/fennar_util/AppUtil.h"
 #include "host/fennari19/FennarInterface.h"
 #include "support/TestCase.h"
-#include "workbench/fennar_util/Interrupt.h"
-#include "workbench/fennari19/CommandCall.h"
-#include "workbench/fennari19/Fennar.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/commands/Interrupt.h"
 
 #include <QTest>
 

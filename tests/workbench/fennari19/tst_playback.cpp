@@ -4,9 +4,9 @@
 #include "CommandSession.h"
 #include "host/fennar_util/AppUtil.h"
 #include "support/TestCase.h"
-#include "workbench/fennar_util/Interrupt.h"
-#include "workbench/fennari19/Playback.h"
-#include "workbench/fennari19/builtin_commands.h"
+#include "workbench/sdk/core/commands/Interrupt.h"
+#include "workbench/sdk/core/commands/Playback.h"
+#include "workbench/sdk/core/commands/builtin_commands.h"
 
 #include <QDir>
 #include <QFile>

@@ -3,8 +3,8 @@
 
 #include "support/TestCase.h"
 #include "support/random_seed.h"
-#include "workbench/fennari19/numbers.h"
-#include "workbench/fennari19/tokenize.h"
+#include "workbench/sdk/core/commands/numbers.h"
+#include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QLocale>
 #include <QRandomGenerator>

@@ -16,11 +16,11 @@
 #include "support/menus.h"
 #include "support/windows.h"
 #include "window_checks.h"
-#include "workbench/component_manager/ComponentManager.h"
+#include "workbench/application/component_manager/ComponentManager.h"
+#include "workbench/application/console/ConsoleOwner.h"
 #include "workbench/components/recovery/RecoveryFolder.h"
 #include "workbench/components/recovery/RecoveryOffer.h"
-#include "workbench/console/ConsoleOwner.h"
-#include "workbench/fennar_util/Interrupt.h"
+#include "workbench/sdk/core/commands/Interrupt.h"
 
 #include <QAction>
 #include <QApplication>

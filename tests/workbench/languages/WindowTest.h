@@ -4,9 +4,9 @@
 #pragma once
 
 #include "Catalogue.h"
-#include "workbench/Translations.h"
-#include "workbench/Workbench.h"
 #include "workbench/WorkbenchTest.h"
+#include "workbench/application/Translations.h"
+#include "workbench/application/Workbench.h"
 
 #include <QList>
 #include <QString>

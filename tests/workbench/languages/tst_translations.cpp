@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
-#include "workbench/Translations.h"
+#include "workbench/application/Translations.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -5,8 +5,8 @@
 
 #include "host/navigation/NavigationModel.h"
 #include "host/navigation/NavigationReader.h"
-#include "workbench/navigation/EntryButtons.h"
-#include "workbench/navigation/NavigationNode.h"
+#include "workbench/host/navigation/EntryButtons.h"
+#include "workbench/host/navigation/NavigationNode.h"
 
 #include <QFile>
 #include <QTest>

@@ -5,9 +5,9 @@
 #include "host/navigation/NavigationModel.h"
 #include "support/TestCase.h"
 #include "support/windows.h"
-#include "workbench/navigation/CommandSink.h"
-#include "workbench/navigation/NavigationNode.h"
+#include "workbench/host/navigation/NavigationNode.h"
 #include "workbench/navigation/navigation_helpers.h"
+#include "workbench/sdk/core/commands/CommandSink.h"
 
 #include <QApplication>
 #include <QLineEdit>

@@ -7,14 +7,14 @@
 #include "navigation_helpers.h"
 #include "support/TestCase.h"
 #include "support/windows.h"
-#include "workbench/fennari19/CommandInterpreter.h"
-#include "workbench/fennari19/CommandRegistry.h"
-#include "workbench/fennari19/tokenize.h"
-#include "workbench/navigation/CommandForm.h"
-#include "workbench/navigation/CommandSink.h"
-#include "workbench/navigation/FormField.h"
-#include "workbench/navigation/FormServices.h"
-#include "workbench/navigation/NavigationRoles.h"
+#include "workbench/host/navigation/CommandForm.h"
+#include "workbench/host/navigation/FormField.h"
+#include "workbench/host/navigation/FormServices.h"
+#include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/CommandSink.h"
+#include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QApplication>
 #include <QCheckBox>

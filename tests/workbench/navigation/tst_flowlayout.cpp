@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
-#include "workbench/navigation/FlowLayout.h"
+#include "workbench/host/navigation/FlowLayout.h"
 
 #include <QTest>
 #include <QWidget>

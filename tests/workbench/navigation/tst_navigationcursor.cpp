@@ -3,8 +3,8 @@
 
 #include "host/navigation/NavigationModel.h"
 #include "support/TestCase.h"
-#include "workbench/navigation/NavigationCursor.h"
-#include "workbench/navigation/NavigationNode.h"
+#include "workbench/host/navigation/NavigationCursor.h"
+#include "workbench/host/navigation/NavigationNode.h"
 #include "workbench/navigation/navigation_helpers.h"
 
 #include <QSignalSpy>

@@ -6,8 +6,8 @@
 #include "host/navigation/NavigationResourcesDelay.h"
 #include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
-#include "workbench/navigation/NavigationComponents.h"
-#include "workbench/navigation/NavigationNode.h"
+#include "workbench/host/navigation/NavigationComponents.h"
+#include "workbench/host/navigation/NavigationNode.h"
 #include "workbench/navigation/navigation_helpers.h"
 
 #include <QDir>

@@ -3,7 +3,7 @@
 
 #include "host/ostrelfw/CLOptions.h"
 #include "support/TestCase.h"
-#include "workbench/ostrelfw/CommandLine.h"
+#include "workbench/host/ostrelfw/CommandLine.h"
 
 #include <QTest>
 

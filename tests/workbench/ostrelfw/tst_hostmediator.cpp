@@ -5,7 +5,7 @@
 #include "host/ostrelfw/ComponentRecord.h"
 #include "host/ostrelfw/ComponentTracker.h"
 #include "support/TestCase.h"
-#include "workbench/ostrelfw/HostMediator.h"
+#include "workbench/host/ostrelfw/HostMediator.h"
 
 #include <QCoreApplication>
 #include <QTest>

@@ -3,7 +3,7 @@
 
 #include "support/TestCase.h"
 #include "support/random_seed.h"
-#include "workbench/ostrelfw/LineFolder.h"
+#include "workbench/host/ostrelfw/LineFolder.h"
 
 #include <QRandomGenerator>
 #include <QTest>

@@ -4,7 +4,7 @@
 #include "host/ostrelfw/Broker.h"
 #include "host/ostrelfw/OutputHandler.h"
 #include "support/TestCase.h"
-#include "workbench/ostrelfw/OutputRouter.h"
+#include "workbench/host/ostrelfw/OutputRouter.h"
 
 #include <QRegularExpression>
 #include <QStringList>

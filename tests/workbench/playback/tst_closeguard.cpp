@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
-#include "workbench/playback/CloseGuard.h"
+#include "workbench/application/playback/CloseGuard.h"
 
 #include <QTest>
 #include <QWidget>

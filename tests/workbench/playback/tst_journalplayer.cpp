@@ -12,14 +12,14 @@
 #include "menus/OstrelToolsMenu.h"
 #include "support/dialogs.h"
 #include "support/windows.h"
-#include "workbench/Workbench.h"
 #include "workbench/WorkbenchTest.h"
-#include "workbench/console/ConsoleOwner.h"
-#include "workbench/console/ErrorPage.h"
-#include "workbench/fennari19/CommandCall.h"
-#include "workbench/fennari19/CommandInterpreter.h"
-#include "workbench/fennari19/CommandRegistry.h"
-#include "workbench/fennari19/Fennar.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/application/console/ErrorPage.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QAction>
 #include <QDir>

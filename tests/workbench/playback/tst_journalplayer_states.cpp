@@ -5,12 +5,12 @@
 #include "journal/JournalEditor.h"
 #include "menus/OstrelToolsMenu.h"
 #include "support/windows.h"
-#include "workbench/Workbench.h"
 #include "workbench/WorkbenchTest.h"
-#include "workbench/console/ConsoleOwner.h"
-#include "workbench/fennari19/CommandCall.h"
-#include "workbench/fennari19/CommandRegistry.h"
-#include "workbench/fennari19/Fennar.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QAction>
 #include <QApplication>

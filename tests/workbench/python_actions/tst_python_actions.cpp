@@ -3,10 +3,10 @@
 
 #include "frame/Ostrel.h"
 #include "support/TestCase.h"
-#include "workbench/fennar_python/PythonRuntime.h"
-#include "workbench/fennar_python/make_python_interpreter.h"
-#include "workbench/ostrelfw/FrameworkInterpreters.h"
-#include "workbench/python_actions/python_actions.h"
+#include "workbench/application/python/python_actions.h"
+#include "workbench/host/fennar_python/PythonRuntime.h"
+#include "workbench/host/fennar_python/make_python_interpreter.h"
+#include "workbench/host/ostrelfw/FrameworkInterpreters.h"
 
 #include <QAction>
 #include <QMenuBar>

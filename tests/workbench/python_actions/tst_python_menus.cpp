@@ -11,9 +11,9 @@
 #include "menus/OstrelHelpMenu.h"
 #include "support/menus.h"
 #include "support/windows.h"
-#include "workbench/Workbench.h"
 #include "workbench/WorkbenchTest.h"
-#include "workbench/console/ConsoleOwner.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/console/ConsoleOwner.h"
 
 #include <QLabel>
 #include <QMenuBar>

@@ -3,8 +3,8 @@
 
 #include "support/TestCase.h"
 #include "workbench/fennari19/CommandSession.h"
-#include "workbench/scene/Scene.h"
-#include "workbench/scene/select_command.h"
+#include "workbench/sdk/core/scene/Scene.h"
+#include "workbench/sdk/core/scene/select_command.h"
 
 #include <QSignalSpy>
 #include <QTest>

@@ -6,9 +6,9 @@
 #include "journal/JournalEditor.h"
 #include "support/TestCase.h"
 #include "support/windows.h"
-#include "workbench/Workbench.h"
-#include "workbench/console/ConsoleOwner.h"
-#include "workbench/windows/scheme_palette.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/application/windows/scheme_palette.h"
 
 #include <QAction>
 #include <QActionGroup>

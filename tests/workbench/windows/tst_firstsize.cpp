@@ -4,8 +4,8 @@
 #include "frame/Ostrel.h"
 #include "support/TestCase.h"
 #include "support/windows.h"
-#include "workbench/Workbench.h"
-#include "workbench/component_manager/ComponentManager.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/component_manager/ComponentManager.h"
 
 #include <QSettings>
 #include <QTest>

@@ -9,13 +9,13 @@
 #include "menus/OstrelToolsMenu.h"
 #include "options/OptionsPanel.h"
 #include "support/windows.h"
-#include "workbench/Workbench.h"
 #include "workbench/WorkbenchTest.h"
-#include "workbench/console/ConsoleOwner.h"
-#include "workbench/fennari19/Fennar.h"
-#include "workbench/navigation/NavigationRoles.h"
-#include "workbench/ostrelfw/OutputRouter.h"
-#include "workbench/scene/Scene.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/host/ostrelfw/OutputRouter.h"
+#include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/scene/Scene.h"
 
 #include <QDialog>
 #include <QDockWidget>

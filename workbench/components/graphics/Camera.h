@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "workbench/scene/Point3.h"
+#include "workbench/sdk/core/scene/Point3.h"
 
 #include <QPointF>
 #include <QSizeF>

@@ -7,7 +7,7 @@
 #include "menus/OstrelViewMenu.h"
 #include "workbench/components/graphics/GraphicsState.h"
 #include "workbench/components/graphics/GraphicsView.h"
-#include "workbench/navigation/CommandSink.h"
+#include "workbench/sdk/core/commands/CommandSink.h"
 
 #include <QAction>
 #include <QIcon>

@@ -5,7 +5,7 @@
 
 #include "workbench/components/graphics/Camera.h"
 #include "workbench/components/graphics/ViewColours.h"
-#include "workbench/scene/Scene.h"
+#include "workbench/sdk/core/scene/Scene.h"
 
 #include <QImage>
 #include <QString>

@@ -4,11 +4,11 @@
 // The component "graphics": shows the scene in the middle of the main window. See docs/graphics.md.
 
 #include "frame/Ostrel.h"
-#include "workbench/components/component.h"
 #include "workbench/components/graphics/GraphicsState.h"
 #include "workbench/components/graphics/GraphicsWindow.h"
 #include "workbench/components/graphics/graphics_commands.h"
-#include "workbench/fennari19/Fennar.h"
+#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/core/commands/Fennar.h"
 
 #include <memory>
 #include <stdexcept>

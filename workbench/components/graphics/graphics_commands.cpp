@@ -4,8 +4,8 @@
 #include "workbench/components/graphics/graphics_commands.h"
 
 #include "workbench/components/graphics/GraphicsState.h"
-#include "workbench/fennari19/CommandCall.h"
-#include "workbench/fennari19/CommandRegistry.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
 
 #include <array>
 #include <utility>

@@ -4,7 +4,7 @@
 #include "workbench/components/insert_command/InsertCommandDialog.h"
 
 #include "ui_InsertCommandDialog.h"
-#include "workbench/fennari19/CommandRegistry.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

@@ -6,9 +6,9 @@
 
 #include "frame/Ostrel.h"
 #include "journal/JournalEditor.h"
-#include "workbench/components/component.h"
 #include "workbench/components/insert_command/InsertCommandDialog.h"
-#include "workbench/fennari19/Fennar.h"
+#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QAction>
 #include <QPlainTextEdit>

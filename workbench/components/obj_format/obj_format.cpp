@@ -4,9 +4,9 @@
 // The component "obj_format": one more file format for surfaces. It knows the triangles alone; whoever has a
 // model finds the format in the registry. See docs/formats.md.
 
-#include "workbench/components/component.h"
 #include "workbench/components/obj_format/obj_text.h"
-#include "workbench/fennar_formats/FormatRegistry.h"
+#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/core/files/FormatRegistry.h"
 
 #include <stdexcept>
 

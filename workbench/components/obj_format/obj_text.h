@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "workbench/fennar_formats/Surface.h"
+#include "workbench/sdk/core/files/Surface.h"
 
 #include <QByteArray>
 

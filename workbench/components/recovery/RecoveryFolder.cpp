@@ -3,7 +3,7 @@
 
 #include "workbench/components/recovery/RecoveryFolder.h"
 
-#include "workbench/fennar_util/write_whole_file.h"
+#include "workbench/sdk/core/files/write_whole_file.h"
 
 #include <QDir>
 #include <QFile>

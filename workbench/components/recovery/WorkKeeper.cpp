@@ -3,7 +3,7 @@
 
 #include "workbench/components/recovery/WorkKeeper.h"
 
-#include "workbench/fennar_formats/UnsavedWorks.h"
+#include "workbench/sdk/core/files/UnsavedWorks.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -8,15 +8,15 @@
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
 #include "journal/JournalEditor.h"
-#include "workbench/components/component.h"
 #include "workbench/components/recovery/DocumentKeeper.h"
 #include "workbench/components/recovery/JournalFiles.h"
 #include "workbench/components/recovery/RecoveryOffer.h"
 #include "workbench/components/recovery/WorkKeeper.h"
-#include "workbench/fennar_formats/UnsavedWorks.h"
-#include "workbench/fennari19/CommandCall.h"
-#include "workbench/fennari19/CommandRegistry.h"
-#include "workbench/fennari19/Fennar.h"
+#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/files/UnsavedWorks.h"
 
 #include <QDir>
 #include <QPointer>

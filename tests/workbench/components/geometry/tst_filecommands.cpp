@@ -3,15 +3,15 @@
 
 #include "leftovers.h"
 #include "support/TestCase.h"
-#include "workbench/components/geometry/FileExchange.h"
-#include "workbench/components/geometry/GeometryModel.h"
-#include "workbench/components/geometry/file_commands.h"
-#include "workbench/components/geometry/geometry_commands.h"
+#include "workbench/components/geometry/commands/file_commands.h"
+#include "workbench/components/geometry/commands/geometry_commands.h"
+#include "workbench/components/geometry/exchange/FileExchange.h"
+#include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/obj_format/obj_text.h"
-#include "workbench/fennar_formats/FormatRegistry.h"
-#include "workbench/fennar_util/Interrupt.h"
-#include "workbench/fennari19/ApplicationServices.h"
 #include "workbench/fennari19/CommandSession.h"
+#include "workbench/sdk/core/commands/ApplicationServices.h"
+#include "workbench/sdk/core/commands/Interrupt.h"
+#include "workbench/sdk/core/files/FormatRegistry.h"
 
 #include <QFile>
 #include <QMap>

@@ -11,14 +11,14 @@
 #include "support/describe_window.h"
 #include "support/dialogs.h"
 #include "support/windows.h"
-#include "workbench/Workbench.h"
 #include "workbench/WorkbenchTest.h"
-#include "workbench/console/ConsoleOwner.h"
-#include "workbench/fennar_formats/FormatRegistry.h"
-#include "workbench/fennari19/CommandRegistry.h"
-#include "workbench/fennari19/Fennar.h"
-#include "workbench/fennari19/tokenize.h"
-#include "workbench/navigation/CommandSink.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/CommandSink.h"
+#include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/commands/tokenize.h"
+#include "workbench/sdk/core/files/FormatRegistry.h"
 
 #include <QAction>
 #include <QDir>

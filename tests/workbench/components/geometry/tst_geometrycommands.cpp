@@ -5,11 +5,11 @@
 #include "leftovers.h"
 #include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
-#include "workbench/components/geometry/GeometryModel.h"
-#include "workbench/components/geometry/geometry_commands.h"
-#include "workbench/fennar_util/Interrupt.h"
-#include "workbench/fennari19/ApplicationServices.h"
+#include "workbench/components/geometry/commands/geometry_commands.h"
+#include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/fennari19/CommandSession.h"
+#include "workbench/sdk/core/commands/ApplicationServices.h"
+#include "workbench/sdk/core/commands/Interrupt.h"
 
 #include <QRegularExpression>
 #include <QTemporaryDir>

@@ -8,11 +8,11 @@
 #include "leftovers.h"
 #include "support/describe_window.h"
 #include "support/windows.h"
-#include "workbench/Workbench.h"
 #include "workbench/WorkbenchTest.h"
-#include "workbench/console/ConsoleOwner.h"
-#include "workbench/fennari19/CommandRegistry.h"
-#include "workbench/fennari19/Fennar.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QAction>
 #include <QDialogButtonBox>

@@ -3,16 +3,16 @@
 
 #include "leftovers.h"
 #include "support/TestCase.h"
-#include "workbench/components/geometry/GeometryDocument.h"
-#include "workbench/components/geometry/GeometryError.h"
-#include "workbench/components/geometry/GeometryModel.h"
-#include "workbench/components/geometry/document_commands.h"
-#include "workbench/components/geometry/geometry_commands.h"
-#include "workbench/components/geometry/model_format.h"
-#include "workbench/fennari19/ApplicationServices.h"
-#include "workbench/fennari19/CommandInterpreter.h"
-#include "workbench/fennari19/CommandRegistry.h"
-#include "workbench/fennari19/tokenize.h"
+#include "workbench/components/geometry/commands/document_commands.h"
+#include "workbench/components/geometry/commands/geometry_commands.h"
+#include "workbench/components/geometry/exchange/model_format.h"
+#include "workbench/components/geometry/model/GeometryDocument.h"
+#include "workbench/components/geometry/model/GeometryError.h"
+#include "workbench/components/geometry/model/GeometryModel.h"
+#include "workbench/sdk/core/commands/ApplicationServices.h"
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QDir>
 #include <QFile>

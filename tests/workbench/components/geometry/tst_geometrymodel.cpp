@@ -3,8 +3,8 @@
 
 #include "leftovers.h"
 #include "support/TestCase.h"
-#include "workbench/components/geometry/GeometryError.h"
-#include "workbench/components/geometry/GeometryModel.h"
+#include "workbench/components/geometry/model/GeometryError.h"
+#include "workbench/components/geometry/model/GeometryModel.h"
 
 #include <QDir>
 #include <QFile>

@@ -11,11 +11,11 @@
 #include "support/dialogs.h"
 #include "support/statics.h"
 #include "support/windows.h"
-#include "workbench/Workbench.h"
-#include "workbench/console/ConsoleOwner.h"
-#include "workbench/fennari19/CommandRegistry.h"
-#include "workbench/fennari19/Fennar.h"
-#include "workbench/fennari19/tokenize.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QAction>
 #include <QDir>

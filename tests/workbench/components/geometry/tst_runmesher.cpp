@@ -3,9 +3,9 @@
 
 #include "leftovers.h"
 #include "support/TestCase.h"
-#include "workbench/components/geometry/GeometryError.h"
-#include "workbench/components/geometry/GeometryModel.h"
-#include "workbench/components/geometry/run_mesher.h"
+#include "workbench/components/geometry/model/GeometryError.h"
+#include "workbench/components/geometry/model/GeometryModel.h"
+#include "workbench/components/geometry/programs/run_mesher.h"
 
 #include <QTemporaryDir>
 #include <QTest>

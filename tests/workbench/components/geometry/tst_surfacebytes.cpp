@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
-#include "workbench/components/geometry/GeometryError.h"
-#include "workbench/components/geometry/surface_bytes.h"
+#include "workbench/components/geometry/exchange/surface_bytes.h"
+#include "workbench/components/geometry/model/GeometryError.h"
 
 #include <QTest>
 

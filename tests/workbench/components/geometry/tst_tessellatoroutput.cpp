@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
-#include "workbench/components/geometry/TessellatorOutput.h"
+#include "workbench/components/geometry/programs/TessellatorOutput.h"
 
 #include <QTest>
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "workbench/scene/Scene.h"
+#include "workbench/sdk/core/scene/Scene.h"
 
 #include <array>
 #include <cmath>

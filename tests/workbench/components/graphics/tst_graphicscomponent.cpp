@@ -9,13 +9,13 @@
 #include "support/describe_window.h"
 #include "support/patience.h"
 #include "support/windows.h"
-#include "workbench/Workbench.h"
 #include "workbench/WorkbenchTest.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/console/ConsoleOwner.h"
 #include "workbench/components/geometry/leftovers.h"
-#include "workbench/console/ConsoleOwner.h"
-#include "workbench/fennari19/Fennar.h"
-#include "workbench/ostrelfw/CommandLine.h"
-#include "workbench/scene/Scene.h"
+#include "workbench/host/ostrelfw/CommandLine.h"
+#include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/scene/Scene.h"
 
 #include <QAction>
 #include <QMenu>

@@ -5,10 +5,10 @@
 
 #include "frame/Ostrel.h"
 #include "journal/JournalEditor.h"
-#include "workbench/components/component.h"
-#include "workbench/fennari19/CommandCall.h"
-#include "workbench/fennari19/CommandRegistry.h"
-#include "workbench/fennari19/Fennar.h"
+#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QAbstractButton>
 #include <QJsonArray>

@@ -7,13 +7,13 @@
 #include "frame/Ostrel.h"
 #include "journal/JournalEditor.h"
 #include "support/TestCase.h"
-#include "workbench/component_manager/ComponentManager.h"
+#include "workbench/application/component_manager/ComponentManager.h"
 #include "workbench/components/recovery/KeptDocument.h"
-#include "workbench/fennar_formats/UnsavedWorks.h"
-#include "workbench/fennar_python/PythonRuntime.h"
-#include "workbench/fennar_python/make_python_interpreter.h"
-#include "workbench/fennari19/Fennar.h"
-#include "workbench/ostrelfw/FrameworkInterpreters.h"
+#include "workbench/host/fennar_python/PythonRuntime.h"
+#include "workbench/host/fennar_python/make_python_interpreter.h"
+#include "workbench/host/ostrelfw/FrameworkInterpreters.h"
+#include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/files/UnsavedWorks.h"
 
 #include <QApplication>
 #include <QDir>

@@ -3,7 +3,7 @@
 
 #include "support/TestCase.h"
 #include "workbench/components/recovery/WorkKeeper.h"
-#include "workbench/fennar_formats/UnsavedWorks.h"
+#include "workbench/sdk/core/files/UnsavedWorks.h"
 
 #include <QDir>
 #include <QFile>

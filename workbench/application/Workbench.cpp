@@ -1,0 +1,701 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/application/Workbench.h"
+
+#include "console/CommandWidget.h"
+#include "console/CommandWindow.h"
+#include "files/FileLineEdit.h"
+#include "frame/Ostrel.h"
+#include "frame/settings_keys.h"
+#include "host/navigation/NavigationModel.h"
+#include "host/navigation/NavigationResourcesDelay.h"
+#include "host/ostrelfw/Broker.h"
+#include "host/ostrelfw/Framework.h"
+#include "host/ostrelfw/Mediator.h"
+#include "host/ostrelfw/OutputHandler.h"
+#include "journal/JournalEditor.h"
+#include "menus/HelpAboutOstrel.h"
+#include "menus/OstrelHelpMenu.h"
+#include "menus/OstrelToolsMenu.h"
+#include "options/OptionsPanel.h"
+#include "workbench/application/component_manager/ComponentManager.h"
+#include "workbench/application/component_manager/component_commands.h"
+#include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/application/console/LineInterpreter.h"
+#include "workbench/application/playback/JournalPlayer.h"
+#include "workbench/application/python/apply_python_paths.h"
+#include "workbench/application/python/python_actions.h"
+#include "workbench/application/python/python_literal.h"
+#include "workbench/application/settings/PanelOptions.h"
+#include "workbench/application/windows/ColourScheme.h"
+#include "workbench/application/windows/FileDrops.h"
+#include "workbench/application/windows/WindowCommands.h"
+#include "workbench/application/windows/WindowKeys.h"
+#include "workbench/host/fennar_python/PythonConsole.h"
+#include "workbench/host/fennar_python/PythonRuntime.h"
+#include "workbench/host/fennar_python/make_python_interpreter.h"
+#include "workbench/host/navigation/FormServices.h"
+#include "workbench/host/ostrelfw/CommandLine.h"
+#include "workbench/host/ostrelfw/FrameworkInterpreters.h"
+#include "workbench/host/ostrelfw/HostMediator.h"
+#include "workbench/host/ostrelfw/OutputRouter.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
+#include "workbench/sdk/core/commands/CommandSink.h"
+#include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/commands/Interrupt.h"
+#include "workbench/sdk/core/commands/complete_command.h"
+#include "workbench/sdk/core/scene/Scene.h"
+#include "workbench/sdk/core/scene/select_command.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QGuiApplication>
+#include <QPlainTextEdit>
+#include <QScreen>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTimer>
+#include <QWindow>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <sys/stat.h>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+// Nothing else would link the resources of a static library. Not in a namespace, as Qt demands.
+static void init_resources()
+{
+    Q_INIT_RESOURCE(workbench);
+}
+
+namespace {
+
+/** The field for a file in the forms of the command panel. */
+QWidget* make_file_field(QWidget* parent, bool open, const QList<CommandFileFilter>& filters)
+{
+    auto* field = new FileLineEdit(parent);
+    field->set_open_dialog(open);
+    for (const CommandFileFilter& filter : filters)
+        field->add_filter(filter.name, filter.extension);
+    return field;
+}
+
+/** How often, in milliseconds, work that goes on gives the shell its turn. */
+constexpr qint64 turn_interval = 50;
+
+/** How long a paused journal rests between its looks at the user's input. */
+constexpr auto pause_interval = 10ms;
+
+/** How long, in milliseconds, the start waits for the splash screen to be seen. */
+constexpr qint64 splash_patience = 300;
+
+/** How often, and for how many milliseconds at most, the start looks whether the window has been painted. */
+constexpr auto start_interval = 2ms;
+constexpr qint64 start_patience = 2000;
+
+class CommandLines : public LineInterpreter
+{
+public:
+    Outcome enter(const QString& line) override
+    {
+        const CommandInterpreter::Result result = Fennar::instance().interpreter().enter(line);
+        return {result == CommandInterpreter::Result::Incomplete,
+                {},
+                result == CommandInterpreter::Result::Failed};
+    }
+    void reset() override { Fennar::instance().interpreter().reset(); }
+    LineCompletion complete(const QString& line, qsizetype caret) override
+    {
+        Fennar& fennar = Fennar::instance();
+        const QString& entered = fennar.interpreter().entered();
+        LineCompletion completion = complete_command(entered + line, entered.size() + caret,
+                                                     fennar.registry(), fennar.interpreter().variables());
+        completion.start -= entered.size();
+        // A word that has begun on an earlier line cannot be written anew.
+        return completion.start < 0 ? LineCompletion{.start = caret} : completion;
+    }
+};
+
+class PythonLines : public LineInterpreter
+{
+public:
+    Outcome enter(const QString& line) override
+    {
+        const PythonConsole::Outcome outcome = mConsole.enter(line);
+        return {outcome.incomplete, outcome.indent, outcome.failed};
+    }
+    void reset() override { mConsole.reset(); }
+    LineCompletion complete(const QString& line, qsizetype caret) override
+    {
+        const PythonConsole::Names names = mConsole.complete(line, caret);
+        LineCompletion completion{.start = names.start, .common = names.common};
+        for (const QString& name : names.names)
+            completion.candidates << LineCompletion::Candidate{name, name};
+        return completion;
+    }
+
+private:
+    PythonConsole mConsole{PythonRuntime::user_namespace()};
+};
+
+/** Leaves the file's error flag set if the text could not be written. */
+void print_to(std::FILE* file, const QString& text)
+{
+    const QByteArray bytes = text.toUtf8();
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), file);
+    std::fflush(file);
+}
+
+/** "python STATEMENT...": the words, joined with blanks, are one Python source. */
+void run_python_command(CommandCall& call)
+{
+    QStringList words;
+    for (qsizetype i = 1; i < std::max<qsizetype>(call.count(), 2); ++i)
+        words << call.text(i, u"a Python statement");
+    const QByteArray source = words.join(u' ').toUtf8();
+    FennarPythonInterpreter* python = Framework::user_python_interpreter();
+    if (!python || !python->IsInitialized())
+        throw call.error(0, u"Python is not available"_s);
+    if (python->Run_SimpleString(source.constData()) != 0)
+        throw call.error(1, u"the Python statement failed"_s);
+}
+
+/** Lets the windows that have been shown, which is the splash screen, come to the screen and be painted. */
+void wait_for_windows()
+{
+    const QDeadlineTimer patience(splash_patience);
+    const auto exposed = [](const QWindow* window) { return !window->isVisible() || window->isExposed(); };
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    while (!std::all_of(windows.begin(), windows.end(), exposed) && !patience.hasExpired())
+        QCoreApplication::processEvents();
+}
+
+/** Whether @p editor asks something before it closes. */
+bool asks_before_it_closes(const JournalEditor* editor)
+{
+    const auto documents = editor->findChildren<QPlainTextEdit*>();
+    return JournalEditor::do_save_prompt() &&
+           std::any_of(documents.begin(), documents.end(),
+                       [](const QPlainTextEdit* document) { return document->document()->isModified(); });
+}
+
+/** Tells why a journal is left out. */
+QString not_played(const QString& journal)
+{
+    return u"ERROR: %1 is not played, since the model could not be opened\n"_s.arg(
+        CommandError::shown(journal, journal.size()));
+}
+
+/** Whether reading from the file has to wait for others. */
+bool is_pipe(const QString& path)
+{
+    struct stat status = {};
+    return ::stat(QFile::encodeName(path).constData(), &status) == 0 &&
+           (S_ISFIFO(status.st_mode) || S_ISSOCK(status.st_mode));
+}
+
+/** Plays a journal that may come from another program. */
+Playback::Outcome play_from_anywhere(Playback& playback, const QString& journal)
+{
+    QFile file(journal);
+    if (journal == CommandLine::standard_input && file.open(stdin, QIODevice::ReadOnly))
+        return playback.play_device(file, u"standard input"_s);
+    // A window would wait for the other program, too, and so does not take one.
+    if (is_pipe(journal) && file.open(QIODevice::ReadOnly))
+        return playback.play_device(file, journal);
+    return playback.play(journal);
+}
+
+/** The size of the main window at the first start, where the screen has room for it: all buttons of the
+ * toolbars are seen, and most errors are not cut on the console. */
+constexpr QSize first_size(1200, 880);
+
+/** Gives the main window its first size just before it is shown, unless the settings have one. */
+class FirstSize : public QObject
+{
+public:
+    FirstSize()
+    {
+        if (QCoreApplication* application = QCoreApplication::instance())
+            application->installEventFilter(this);
+    }
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        // The shell has read its settings by then, and the screen has not got the window yet.
+        if (event->type() != QEvent::Show || object != Ostrel::instance())
+            return false;
+        const QSettings settings;
+        Ostrel* window = Ostrel::instance();
+        if (!settings.contains(settings_keys::geometry) && !settings.contains(settings_keys::width))
+            window->resize(
+                window->size().expandedTo(first_size.boundedTo(window->screen()->availableSize())));
+        return false;
+    }
+};
+
+/** Fills the about dialog in. */
+void describe_product()
+{
+    HelpAboutOstrel* about = Ostrel::instance()->help_menu()->get_help_about_dialog();
+    about->setProductName(u"Fennar"_s);
+    about->setProductInfo(QCoreApplication::translate("Workbench", "Version %1, the workbench of Ostrel")
+                              .arg(QCoreApplication::applicationVersion()));
+    // The dialog takes a path as it stands only if "fennargui" is in it.
+    about->setIconPath(u":/fennargui/product.png"_s);
+}
+
+} // namespace
+
+QString Workbench::default_data_directory()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+}
+
+Workbench::Workbench(const QString& data_directory) : mDataDirectory(data_directory)
+{
+    init_resources();
+    mComponents =
+        std::make_unique<ComponentManager>(Fennar::instance().interpreter(), mDataDirectory + u"/loading"_s);
+    mComponents->set_report([this](const QString& text) { report_error(text); });
+    set_up_commands();
+    set_up_python();
+    HostMediator::instance().set_exit_handler([this] { end_run(); });
+    HostMediator::instance().set_event_handler([] { PythonRuntime::deliver_output(); });
+    OutputRouter::instance().set_window_listener([this](OutputHandler* window) { set_console(window); });
+    mLastTurn.start();
+}
+
+Workbench::~Workbench()
+{
+    mComponents.reset();
+    mScheme.reset();
+    mWindowCommands.reset();
+    PythonRuntime::stop();
+    set_form_services({});
+    Fennar::instance().application() = {};
+    OutputRouter::instance().set_window_listener(nullptr);
+    HostMediator::instance().set_event_handler(nullptr);
+    HostMediator::instance().set_exit_handler(nullptr);
+}
+
+void Workbench::set_up_commands()
+{
+    Fennar& fennar = Fennar::instance();
+    // A command that prints can be watched and cancelled, whether or not it tells its progress.
+    fennar.interpreter().set_output([this](const QString& text) {
+        Broker::command << text;
+        give_turn();
+    });
+    fennar.interpreter().set_error_output([this](const QString& text) { report_error(text); });
+    fennar.services().history = [this] { return mConsole ? mConsole->history().entries() : QStringList(); };
+    fennar.services().quit = [this] { quit(); };
+    fennar.application() = {&mFrame, [this] { give_turn(); }};
+    fennar.playback().set_progress(
+        [this](const QString& journal, int percent) { show_progress(journal, percent); });
+    fennar.playback().set_echo([this](const QString& line) { echo(line); });
+    fennar.playback().set_turn([this] { give_turn(); });
+    fennar.playback().set_wait([this] {
+        OutputRouter::instance().flush();
+        std::this_thread::sleep_for(pause_interval);
+        mFrame.check_interrupt_session(nullptr);
+    });
+    fennar.playback().set_python_hook([](const Playback::PythonScript& script) {
+        return PythonRuntime::run_file(script.path, script.source, script.piece);
+    });
+    fennar.playback().set_change_directory([] { return Broker::instance()->change_dir_on_playback(); });
+    fennar.registry().add(
+        {.name = u"python"_s,
+         .summary = u"Runs a Python statement."_s,
+         .help = u"The words are joined with blanks. Quote the statement if it has quotes of its own, as\n"
+                 "    python 'print(\"done\")'"_s,
+         .owner = u"workbench"_s,
+         .run = &run_python_command,
+         .forms = {{.clauses = {required_value({.name = u"STATEMENT"_s,
+                                                .kind = CommandParameter::Kind::Text,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Statement"),
+                                                .repeated = true,
+                                                .example = u"print('done')"_s})}}}});
+    mWindowCommands = std::make_unique<WindowCommands>(
+        fennar.registry(),
+        [this] {
+            mFrame.check_interrupt_session(nullptr);
+            pass_interrupt_on();
+        },
+        [this](const QString& text) { report_error(text); });
+    mScheme = std::make_unique<ColourScheme>(fennar.registry());
+    set_form_services({&fennar.registry(), &fennar.interpreter().variables(), &make_file_field});
+    register_component_commands(fennar.registry(), *mComponents);
+    register_select_command(fennar.registry(), Scene::instance());
+}
+
+void Workbench::set_up_python()
+{
+    PythonHooks hooks;
+    hooks.output = [](const QString& text) { Broker::command << text; };
+    hooks.error_output = [this](const QString& text) { report_error(text); };
+    hooks.run_command = [this](const QString& text) {
+        const bool done = Fennar::instance().interpreter().run(text) == CommandInterpreter::Result::Done;
+        // What ends a command ends the Python code that has called it.
+        if (!done && interrupt_requested()) {
+            mInterruptsPassedOn = interrupt_requests();
+            PythonRuntime::request_interrupt();
+        }
+        return done;
+    };
+    hooks.wake = [this] { announce_output(); };
+    hooks.turn = [this] {
+        give_turn();
+        Playback& playback = Fennar::instance().playback();
+        playback.script_reached(PythonRuntime::line_reached(playback.script_in_play()));
+        pass_interrupt_on();
+    };
+    hooks.extend = &add_python_actions;
+    PythonRuntime::start_when_needed(hooks);
+    set_framework_interpreters(make_python_interpreter(PythonRuntime::framework_namespace()),
+                               make_python_interpreter(PythonRuntime::user_namespace()));
+    mCommands = std::make_unique<CommandLines>();
+    mPython = std::make_unique<PythonLines>();
+}
+
+void Workbench::set_up_playback()
+{
+    Ostrel* window = Ostrel::instance();
+    JournalEditor* editor = window->journal_editor();
+    Playback& playback = Fennar::instance().playback();
+    mConsole->offer_pages(editor);
+    // The two have one font. When the window was built, the console had none of its own yet.
+    editor->set_editor_font(window->command_line()->get_font());
+    mPlayer = std::make_unique<JournalPlayer>(window, mConsole.get(), playback,
+                                              [this](const QString& command) { run_panel_command(command); });
+    playback.set_hints(true);
+    // A pause may be over because the journal is.
+    playback.set_pause_changed(
+        [action = window->tools_menu()->pause_action()](bool paused) { action->setChecked(paused); });
+    mCloseGuard.watch(window, [this] {
+        stop_running();
+        return true;
+    });
+    mCloseGuard.watch(editor, [editor] { return asks_before_it_closes(editor); });
+}
+
+void Workbench::add_start_error(const QString& error)
+{
+    if (!error.isEmpty())
+        mErrors << error;
+}
+
+namespace {
+
+/** The window owns the page. */
+void add_panel_options()
+{
+    OptionsPanel* options = Ostrel::instance()->options();
+    auto* page = new PanelOptions(Ostrel::instance());
+    options->add_panel(PanelOptions::tr("Panel"), page);
+    QObject::connect(options, &OptionsPanel::refreshSettings, page, &PanelOptions::refresh);
+    QObject::connect(options, &OptionsPanel::saveSettings, page, &PanelOptions::save);
+    page->apply_stored_size();
+}
+
+/** The shell looks for entries that are shown from now on. Those that are no longer are for the host to find.
+ */
+void follow_unloaded_components()
+{
+    NavigationModel* model = Ostrel::instance()->navigation_model();
+    QObject::connect(&Fennar::instance().registry().entities(), &CommandEntities::changed, model,
+                     [model](const QString& kind) {
+                         if (kind != loaded_component)
+                             return;
+                         NavigationResourcesDelay resources;
+                         resources.model = model;
+                         resources.recheckResources();
+                     });
+}
+
+} // namespace
+
+bool Workbench::load()
+{
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()))
+        mScheme->restore();
+    const FirstSize while_loading;
+    mFrame.start_splash(":/workbench/splash.png");
+    wait_for_windows();
+    mFrame.show_splash_message(
+        qUtf8Printable(QCoreApplication::translate("Workbench", "Loading the main window")));
+    const bool loaded = mFrame.load_gui();
+    mFrame.finish_splash();
+    if (!loaded)
+        return false;
+    {
+        const std::scoped_lock lock(mFrameMutex);
+        mAnnounce = true;
+    }
+    // What Python's threads have written before could not be announced.
+    PythonRuntime::deliver_output();
+    set_command_sink([this](const QString& command) { run_panel_command(command); });
+    Ostrel::instance()->set_title(u"Fennar"_s);
+    describe_product();
+    mScheme->add_to_menu(Ostrel::instance());
+    // Once all pages have written theirs.
+    QObject::connect(
+        Ostrel::instance()->options(), &OptionsPanel::saveSettings, Ostrel::instance(),
+        [this] { check_settings(); }, Qt::QueuedConnection);
+    set_up_playback();
+    add_panel_options();
+    follow_unloaded_components();
+    mKeys = std::make_unique<WindowKeys>(Ostrel::instance());
+    mDrops = std::make_unique<FileDrops>(
+        Ostrel::instance(), mConsole.get(), [this](const QString& command) { run_panel_command(command); },
+        [this](const QString& text) { report_error(text); });
+    // The pages of components come below it and go with them; the group stays. Its name sorts behind the
+    // pages of the shell, since the dialog opens on the first.
+    Ostrel::instance()->options()->add_panel(QCoreApplication::translate("Workbench", "Plugins"), nullptr);
+    tell_of_start();
+    mConsole->prompt();
+    Ostrel::instance()->set_focus_to_command_window();
+    mStartPatience.setRemainingTime(start_patience);
+    finish_start();
+    return true;
+}
+
+void Workbench::finish_start()
+{
+    // What the user can do without for a moment comes once the window has been painted.
+    if (!Ostrel::instance()->windowHandle()->isExposed() && !mStartPatience.hasExpired()) {
+        QTimer::singleShot(start_interval, Ostrel::instance(), [this] { finish_start(); });
+        return;
+    }
+    PythonRuntime::is_ready();
+    const auto ready = [this] {
+        mReady = true;
+        run_start();
+    };
+    if (mWithComponents)
+        mComponents->start(ready);
+    else
+        ready();
+}
+
+void Workbench::run()
+{
+    mFrame.run_application();
+}
+
+void Workbench::unload()
+{
+    {
+        const std::scoped_lock lock(mFrameMutex);
+        mAnnounce = false;
+    }
+    mComponents->unload_all();
+    set_command_sink(nullptr);
+    Fennar::instance().playback().set_pause_changed(nullptr);
+    Fennar::instance().playback().set_hints(false);
+    mPlayer.reset();
+    if (Ostrel* window = Ostrel::instance())
+        mScheme->remove_from_menu(window);
+    mDrops.reset();
+    mKeys.reset();
+    mFrame.unload_gui();
+    check_settings();
+}
+
+void Workbench::check_settings()
+{
+    // Another object, since a failure of before stays with one.
+    QSettings now;
+    now.sync();
+    if (now.status() != QSettings::AccessError)
+        return;
+    const QString text =
+        u"ERROR: the settings cannot be written in \"%1\", and are as they were before\n"_s.arg(
+            now.fileName());
+    mConsole ? report_error(text) : print_to(stderr, text);
+}
+
+void Workbench::start_later(const QString& model, const QString& journal)
+{
+    mStartModel = model;
+    mStartJournal = journal;
+    if (mReady)
+        run_start();
+}
+
+void Workbench::run_start()
+{
+    // From the event loop, so that the window is up.
+    QTimer::singleShot(0, Ostrel::instance(), [this] {
+        if (mStartModel.isEmpty())
+            play_start(true);
+        else
+            mConsole->run_line(u"open "_s + quote_word(mStartModel), [this](bool done) { play_start(done); });
+    });
+}
+
+void Workbench::play_start(bool opened)
+{
+    const QString journal = std::exchange(mStartJournal, {});
+    if (journal.isEmpty())
+        return;
+    if (opened)
+        mConsole->run_line(u"play "_s + quote_word(journal));
+    else
+        report_error(not_played(journal));
+}
+
+int Workbench::play_batch(const QString& journal, const QString& model)
+{
+    OutputRouter::instance().set_fallback([](const QString& text) { print_to(stdout, text); });
+    tell_of_start();
+    // A script must not change what the user finds at the next start.
+    mComponents->set_remembering(false);
+    if (mWithComponents)
+        mComponents->load_all();
+    Fennar& fennar = Fennar::instance();
+    const bool opened = model.isEmpty() || fennar.interpreter().run(u"open "_s + quote_word(model)) ==
+                                               CommandInterpreter::Result::Done;
+    if (!opened)
+        report_error(not_played(journal));
+    const bool played = opened && play_from_anywhere(fennar.playback(), journal) == Playback::Outcome::Played;
+    mComponents->unload_all();
+    PythonRuntime::deliver_output();
+    OutputRouter::instance().set_fallback(nullptr);
+    if (std::ferror(stdout)) {
+        print_to(stderr, u"ERROR: the output could not be written\n"_s);
+        return 1;
+    }
+    return mQuitting || played ? 0 : 1;
+}
+
+void Workbench::tell_of_start()
+{
+    mErrors << apply_python_paths(Framework::user_python_interpreter());
+    for (const QString& text : std::exchange(mErrors, {}))
+        report_error(text);
+}
+
+void Workbench::set_console(OutputHandler* window)
+{
+    mConsole.reset();
+    auto* console = dynamic_cast<CommandWindow*>(window);
+    if (!console)
+        return;
+    mConsole = std::make_unique<ConsoleOwner>(console, mDataDirectory + u"/history"_s);
+    mConsole->set_interpreters(mCommands.get(), mPython.get());
+    mConsole->set_busy_handler([this](bool busy) { set_busy(busy); });
+    mConsole->set_mode_handler([](bool python) { Fennar::instance().set_python_mode(python); });
+}
+
+void Workbench::report_error(const QString& text)
+{
+    if (!mConsole) {
+        // That "quit" has stopped the journal it stands in is what was asked for.
+        if (!mQuitting)
+            print_to(stderr, text);
+        return;
+    }
+    Broker::command << text;
+    mConsole->report_error(text);
+}
+
+void Workbench::echo(const QString& line)
+{
+    // As output and not as a command of the window: a journal of many lines then reaches the page in few
+    // pieces.
+    OutputRouter::instance().print_line((mConsole ? mConsole->command_page()->prompt() : u"Fennar>"_s) +
+                                        line);
+}
+
+void Workbench::announce_output()
+{
+    // Called on a thread of Python's: the window must not go meanwhile.
+    const std::scoped_lock lock(mFrameMutex);
+    if (mAnnounce)
+        mFrame.new_event();
+}
+
+void Workbench::set_busy(bool busy)
+{
+    OutputRouter::instance().set_gathering(busy);
+    mFrame.enable_cancel(busy);
+    mWork.reset();
+    if (busy)
+        mWork.emplace();
+    mInterruptsPassedOn = 0;
+    mCloseGuard.set_running(busy);
+    if (mKeys)
+        mKeys->set_busy(busy);
+}
+
+void Workbench::show_progress(const QString& journal, int percent)
+{
+    const QByteArray title = journal.toUtf8();
+    if (percent == 0)
+        mFrame.start_progress_session(title.constData(), 1);
+    else if (percent == 100)
+        mFrame.end_progress_session(title.constData());
+    else
+        mFrame.update_progress_session(title.constData(), percent);
+}
+
+void Workbench::give_turn()
+{
+    if (mLastTurn.elapsed() < turn_interval)
+        return;
+    // Both before and after: what the turn lets in may print, and a long turn must not be followed by the
+    // next.
+    mLastTurn.start();
+    OutputRouter::instance().flush();
+    mFrame.check_interrupt_session(nullptr);
+    pass_interrupt_on();
+    mLastTurn.start();
+}
+
+void Workbench::pass_interrupt_on()
+{
+    // Each request once: code that cleans up after one must be able to finish.
+    const int requests = interrupt_requests();
+    if (requests > std::exchange(mInterruptsPassedOn, requests))
+        PythonRuntime::request_interrupt();
+}
+
+void Workbench::run_panel_command(const QString& command)
+{
+    // The panel offers commands in Python mode, too.
+    mConsole->run_line(mConsole->python_mode() ? u"fennar.cmd(%1)"_s.arg(python_literal(command)) : command);
+}
+
+void Workbench::quit()
+{
+    mQuitting = true;
+    Fennar::instance().playback().stop();
+    if (!mConsole)
+        return;
+    mConsole->forget_waiting();
+    // The command that asks for it must have ended before the window goes.
+    QTimer::singleShot(0, Ostrel::instance(), &QWidget::close);
+}
+
+void Workbench::stop_running()
+{
+    Fennar::instance().playback().stop();
+    request_interrupt();
+    if (mConsole)
+        mConsole->forget_waiting();
+}
+
+void Workbench::end_run()
+{
+    mQuitting = true;
+    stop_running();
+    mFrame.end_application();
+}

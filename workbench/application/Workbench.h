@@ -1,0 +1,154 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "frame/MainFrame.h"
+#include "workbench/application/playback/CloseGuard.h"
+#include "workbench/sdk/core/commands/Interrupt.h"
+
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
+#include <QSettings>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <mutex>
+#include <optional>
+
+class ColourScheme;
+class ComponentManager;
+class ConsoleOwner;
+class FileDrops;
+class JournalPlayer;
+class LineInterpreter;
+class OutputHandler;
+class WindowCommands;
+class WindowKeys;
+
+/**
+ * The reference application: joins the shell, the command interpreter, Python and the console owner.
+ *
+ * It shows how a host drives the shell, call by call. One object at a time; it needs an application object
+ * and is used on its thread.
+ */
+class Workbench
+{
+public:
+    /**
+     * Makes the interpreters ready. There is no window yet.
+     *
+     * @param data_directory  where the commands entered, and notes on components that are being loaded, are
+     * kept for the next run. It is made when it is needed.
+     */
+    explicit Workbench(const QString& data_directory = default_data_directory());
+    ~Workbench();
+
+    /** Where the platform has the user's data of this program. */
+    static QString default_data_directory();
+
+    /**
+     * Adds to the errors that the user is told of when the program starts, on the console or, in a batch run,
+     * on standard error. An empty text adds nothing. To be called before load() and play_batch().
+     *
+     * @param error  whole lines.
+     */
+    void add_start_error(const QString& error);
+
+    /** Makes the workbench load no components. To be called before load() and play_batch(). */
+    void leave_components_out() { mWithComponents = false; }
+
+    /**
+     * Brings the main window up, with a splash screen meanwhile. Python and the components follow, one by
+     * one, once the event loop runs and the window has been painted.
+     *
+     * @return false if there is no QApplication: the workbench then can only play_batch().
+     */
+    bool load();
+    /** Runs the event loop until the user closes the window or enters "quit". */
+    void run();
+    /** Unloads the components and takes the main window down. */
+    void unload();
+
+    /**
+     * Opens a model and plays a journal as though "open" and "play" had been typed, once the components are
+     * loaded: "open" is the command of one.
+     *
+     * @param model    the path of its file; empty for none. If it cannot be opened, nothing is played.
+     * @param journal  the path of its file; empty for none.
+     */
+    void start_later(const QString& model, const QString& journal);
+
+    /**
+     * Loads the components and plays @p journal, without a window. Output goes to standard output, errors to
+     * standard error.
+     *
+     * @param journal  a file or a pipe; CommandLine::standard_input is played once it has come to its end.
+     * @param model    the file of a model to open before; empty for none.
+     * @return the program's exit status: 0, or 1 if the model could not be opened, the journal failed or its
+     * output could not be written.
+     */
+    int play_batch(const QString& journal, const QString& model = {});
+
+    /** The console's pages; null while there is no window. */
+    ConsoleOwner* console() const { return mConsole.get(); }
+    ComponentManager& components() { return *mComponents; }
+
+private:
+    void set_up_commands();
+    void set_up_python();
+    /** Starts Python, the components and the lines that wait for them, one after another. */
+    void finish_start();
+    void set_up_playback();
+    void tell_of_start();
+    /** Tells of settings that could not be written, after another try. */
+    void check_settings();
+    void set_console(OutputHandler* window);
+    void report_error(const QString& text);
+    void echo(const QString& line);
+    void announce_output();
+    void run_start();
+    void play_start(bool opened);
+    void set_busy(bool busy);
+    void show_progress(const QString& journal, int percent);
+    void give_turn();
+    void pass_interrupt_on();
+    void run_panel_command(const QString& command);
+    void quit();
+    void stop_running();
+    void end_run();
+
+    const QString mDataDirectory;
+    /** What others have set stays with it until it can be written. */
+    QSettings mSettings;
+    /** What to tell the user once there is a place for it. */
+    QStringList mErrors;
+    MainFrame mFrame;
+    std::unique_ptr<LineInterpreter> mCommands;
+    std::unique_ptr<LineInterpreter> mPython;
+    std::unique_ptr<ConsoleOwner> mConsole;
+    std::unique_ptr<JournalPlayer> mPlayer;
+    CloseGuard mCloseGuard;
+    std::unique_ptr<WindowKeys> mKeys;
+    std::unique_ptr<FileDrops> mDrops;
+    std::unique_ptr<ComponentManager> mComponents;
+    std::unique_ptr<ColourScheme> mScheme;
+    std::unique_ptr<WindowCommands> mWindowCommands;
+    QElapsedTimer mLastTurn;
+    /** The line that runs on the console. */
+    std::optional<InterruptScope> mWork;
+    /** How many of the user's requests to stop it Python has been told of. */
+    int mInterruptsPassedOn = 0;
+    /** Guards mAnnounce, and the window while a thread announces its output. */
+    std::mutex mFrameMutex;
+    bool mAnnounce = false;
+    bool mWithComponents = true;
+    QDeadlineTimer mStartPatience;
+    /** Whether the components are loaded, and lines need not wait for them. */
+    bool mReady = false;
+    /** What waits for the components; see start_later(). */
+    QString mStartModel;
+    QString mStartJournal;
+    bool mQuitting = false;
+};

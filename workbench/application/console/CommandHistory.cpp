@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/application/console/CommandHistory.h"
+
+#include "workbench/sdk/core/files/write_whole_file.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+namespace {
+
+/** Entries that may gather in the file beyond the limit before it is written anew. */
+constexpr qsizetype slack = 1000;
+
+/** On the console, any of these would begin a line. */
+void make_one_line(QString& entry)
+{
+    std::replace_if(
+        entry.begin(), entry.end(),
+        [](QChar c) { return c == u'\n' || c == u'\r' || c == QChar::ParagraphSeparator; }, u' ');
+}
+
+QStringList read_lines(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return CommandHistory::read(file);
+}
+
+/** Adds @p line to the end of a file. Returns false if that fails; no part of the line is there then. */
+bool append(const QString& path, const QByteArray& line)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
+        return false;
+    const qint64 before = file.size();
+    const qint64 written = file.write(line);
+    const bool whole = written == line.size();
+    // Unless another program has added a line behind it.
+    if (!whole && file.size() == before + std::max<qint64>(written, 0))
+        file.resize(before);
+    file.close();
+    return whole && file.error() == QFileDevice::NoError;
+}
+
+} // namespace
+
+CommandHistory::CommandHistory(const QString& file) : mFile(file)
+{
+    if (!mFile.isEmpty())
+        mEntries = read_lines(mFile);
+    const qsizetype surplus = mEntries.size() - limit;
+    if (surplus > 0)
+        mEntries.remove(0, surplus);
+    if (surplus > slack) {
+        // A file that stays long does no harm, and add() tells of one that cannot be written.
+        std::ignore = write_whole_file(mFile, {mEntries.join(u'\n').toUtf8(), "\n"});
+    }
+    mPosition = mEntries.size();
+}
+
+QStringList CommandHistory::read(QIODevice& device)
+{
+    QStringList entries = QString::fromUtf8(device.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    // Another program may have written the file.
+    std::ranges::for_each(entries, &make_one_line);
+    return entries;
+}
+
+bool CommandHistory::add(const QString& command)
+{
+    QString entry = command;
+    make_one_line(entry);
+    bool written = true;
+    if (!entry.trimmed().isEmpty() && (mEntries.isEmpty() || mEntries.last() != entry)) {
+        mEntries.append(entry);
+        if (mEntries.size() > limit)
+            mEntries.removeFirst();
+        if (!mFile.isEmpty()) {
+            QDir().mkpath(QFileInfo(mFile).path());
+            written = append(mFile, entry.toUtf8() + '\n');
+        }
+    }
+    reset_position();
+    return written;
+}
+
+QString CommandHistory::previous(const QString& typed)
+{
+    if (mEntries.isEmpty())
+        return typed;
+    if (mPosition == mEntries.size())
+        mTyped = typed;
+    mPosition = std::max<qsizetype>(mPosition - 1, 0);
+    return mEntries[mPosition];
+}
+
+QString CommandHistory::next(const QString& typed)
+{
+    if (mPosition == mEntries.size())
+        return typed;
+    ++mPosition;
+    return mPosition == mEntries.size() ? std::exchange(mTyped, {}) : mEntries[mPosition];
+}
+
+qsizetype CommandHistory::find(const QString& text, qsizetype before) const
+{
+    for (qsizetype i = std::min(before, mEntries.size()) - 1; i >= 0; --i) {
+        if (mEntries[i].contains(text, Qt::CaseInsensitive))
+            return i;
+    }
+    return -1;
+}
+
+void CommandHistory::go_to(qsizetype index, const QString& typed)
+{
+    if (mPosition == mEntries.size())
+        mTyped = typed;
+    mPosition = std::clamp<qsizetype>(index, 0, mEntries.size());
+}
+
+void CommandHistory::reset_position()
+{
+    mPosition = mEntries.size();
+    mTyped.clear();
+}

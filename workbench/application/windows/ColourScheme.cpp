@@ -1,0 +1,203 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/application/windows/ColourScheme.h"
+
+#include "frame/Ostrel.h"
+#include "journal/JournalEditor.h"
+#include "menus/OstrelViewMenu.h"
+#include "workbench/application/windows/SchemeStyle.h"
+#include "workbench/application/windows/scheme_palette.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/CommandSink.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QApplication>
+#include <QPlainTextEdit>
+#include <QSettings>
+#include <QStyle>
+#include <QStyleHints>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Scheme = ColourScheme::Scheme;
+
+constexpr auto scheme_key = "/fennar/scheme"_L1;
+/** In the order of the schemes. */
+constexpr std::array<QLatin1StringView, 3> names = {"system"_L1, "light"_L1, "dark"_L1};
+/** The owner mark of the entries in the menu. */
+constexpr auto owner = "scheme";
+
+QLatin1StringView name_of(Scheme scheme)
+{
+    return names[std::size_t(scheme)];
+}
+
+std::optional<Scheme> scheme_of(const QString& name)
+{
+    const auto found = std::find(names.begin(), names.end(), name);
+    return found == names.end() ? std::nullopt : std::optional(Scheme(found - names.begin()));
+}
+
+/** What draws by itself by the colours that it finds, and would wait for the caret to move. */
+void draw_documents_anew()
+{
+    const Ostrel* window = Ostrel::instance();
+    if (!window || !window->journal_editor())
+        return;
+    const auto documents = window->journal_editor()->findChildren<QPlainTextEdit*>();
+    for (QPlainTextEdit* document : documents) {
+        if (document->metaObject()->indexOfSlot("highlightCurrentLine()") >= 0)
+            QMetaObject::invokeMethod(document, "highlightCurrentLine");
+    }
+}
+
+/** The buttons of toolbars that lack room take their sign from the style once only. */
+void renew_extension_signs()
+{
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (QWidget* widget : widgets) {
+        auto* button = qobject_cast<QToolButton*>(widget);
+        const auto* bar = button ? qobject_cast<QToolBar*>(button->parentWidget()) : nullptr;
+        if (!bar || button->objectName() != "qt_toolbar_ext_button"_L1)
+            continue;
+        button->setIcon(bar->style()->standardIcon(bar->orientation() == Qt::Horizontal
+                                                       ? QStyle::SP_ToolBarHorizontalExtensionButton
+                                                       : QStyle::SP_ToolBarVerticalExtensionButton));
+    }
+}
+
+} // namespace
+
+ColourScheme::ColourScheme(CommandRegistry& registry) : mRegistry(registry)
+{
+    const QStringList choices(names.begin(), names.end());
+    registry.add(
+        {.name = u"scheme"_s,
+         .summary = u"Tells or sets the colors of the windows."_s,
+         .help = u"system  those of the desktop\n"
+                 "light   dark text on a light ground\n"
+                 "dark    light text on a dark ground\n"
+                 "The choice is kept for the next start, unless \"once\" stands behind it."_s,
+         .owner = u"workbench"_s,
+         .run =
+             [this](CommandCall& call) {
+                 if (!call.has(1)) {
+                     call.print(u"scheme %1\n"_s.arg(name_of(mScheme)));
+                     return;
+                 }
+                 constexpr auto what = u"system, light or dark";
+                 const auto chosen = scheme_of(call.text(1, what));
+                 if (!chosen)
+                     throw call.expected(1, what);
+                 const bool once = call.has(2);
+                 if (once && call.text(2, u"once") != "once"_L1)
+                     throw call.expected(2, u"once");
+                 call.expect_end();
+                 if (qobject_cast<QApplication*>(QCoreApplication::instance()))
+                     set_scheme(*chosen, !once);
+                 else
+                     call.print(u"There are no windows; their colors stay as they are.\n"_s);
+             },
+         .forms = {
+             {.clauses = {optional_value({.name = u"SCHEME"_s,
+                                          .kind = CommandParameter::Kind::Choice,
+                                          .label = QT_TRANSLATE_NOOP("CommandParameter", "Colors"),
+                                          .choices = choices}),
+                          optional_value({.name = u"TIME"_s,
+                                          .kind = CommandParameter::Kind::Choice,
+                                          .label = QT_TRANSLATE_NOOP("CommandParameter", "For how long"),
+                                          .choices = {u"once"_s}})}}}});
+}
+
+ColourScheme::~ColourScheme()
+{
+    mRegistry.remove(u"scheme"_s);
+    if (mScheme != Scheme::System)
+        set_scheme(Scheme::System, false);
+}
+
+void ColourScheme::restore()
+{
+    const auto kept = scheme_of(QSettings().value(scheme_key).toString());
+    set_scheme(kept.value_or(Scheme::System), false);
+}
+
+void ColourScheme::set_scheme(Scheme scheme, bool keep)
+{
+    if (keep)
+        QSettings().setValue(scheme_key, QString(name_of(scheme)));
+    if (scheme == mScheme)
+        return;
+    mScheme = scheme;
+    const bool own = scheme != Scheme::System;
+    if (own && mSystemStyle.isEmpty())
+        mSystemStyle = QApplication::style()->name();
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    QGuiApplication::styleHints()->setColorScheme(own ? scheme == Scheme::Dark ? Qt::ColorScheme::Dark
+                                                                               : Qt::ColorScheme::Light
+                                                      : Qt::ColorScheme::Unknown);
+#endif
+    QApplication::setPalette(own ? scheme_palette(scheme == Scheme::Dark) : QPalette());
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+    // Journals draw their current line by what the platform says. One that does not take up the wish above
+    // has it drawn for dark text, so that their text stays dark.
+    if (scheme == Scheme::Dark && QGuiApplication::styleHints()->colorScheme() != Qt::ColorScheme::Dark)
+        QApplication::setPalette(scheme_palette(false), "JournalDocument");
+#endif
+    // Behind the palette, by which a style makes its icons.
+    if (own)
+        QApplication::setStyle(new SchemeStyle);
+    else
+        QApplication::setStyle(std::exchange(mSystemStyle, {}));
+    renew_extension_signs();
+    draw_documents_anew();
+    update_actions();
+}
+
+void ColourScheme::add_to_menu(Ostrel* window)
+{
+    const std::array<QString, 3> texts = {tr("S&ystem Colors"), tr("Li&ght Colors"), tr("&Dark Colors")};
+    std::vector<QAction*> actions = {nullptr};
+    auto* group = new QActionGroup(this); // menus show that one of them holds
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        auto* action = new QAction(texts[i], group);
+        action->setObjectName(u"scheme_"_s + names[i]);
+        action->setCheckable(true);
+        connect(action, &QAction::triggered, this, [this, i] {
+            send_command(u"scheme "_s + names[i]);
+            update_actions(); // the command may not have run
+        });
+        mActions[i] = action;
+        actions.push_back(action);
+    }
+    window->view_menu()->add_items(actions, owner);
+    update_actions();
+}
+
+void ColourScheme::remove_from_menu(Ostrel* window)
+{
+    window->view_menu()->remove_component_items(owner);
+    if (mActions[0])
+        delete mActions[0]->actionGroup(); // with all of them
+    mActions = {};
+}
+
+void ColourScheme::update_actions()
+{
+    for (std::size_t i = 0; i < mActions.size(); ++i) {
+        if (mActions[i])
+            mActions[i]->setChecked(mScheme == Scheme(i));
+    }
+}

@@ -1,0 +1,464 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/application/windows/WindowCommands.h"
+
+#include "frame/Ostrel.h"
+#include "host/navigation/NavigationModel.h"
+#include "host/navigation/TaskPanel.h"
+#include "journal/JournalEditor.h"
+#include "menus/HelpAboutOstrel.h"
+#include "menus/OstrelHelpMenu.h"
+#include "menus/OstrelToolsMenu.h"
+#include "options/OptionsPanel.h"
+#include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/host/ostrelfw/OutputRouter.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/scene/Scene.h"
+
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QDockWidget>
+#include <QFileInfo>
+#include <QPixmap>
+#include <QTimer>
+#include <QTreeWidget>
+#include <QWindow>
+
+#include <chrono>
+#include <limits>
+#include <optional>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using Kind = CommandParameter::Kind;
+
+namespace {
+
+constexpr auto owner = "workbench"_L1;
+constexpr auto command_names = {"show"_L1, "hide"_L1, "edit"_L1, "form"_L1, "picture"_L1};
+
+/** How long, in milliseconds, a command waits for a window to come to the screen, and a picture for shapes.
+ */
+constexpr qint64 window_patience = 2000;
+constexpr qint64 shape_patience = 30'000;
+/** How long a command that waits rests between its looks. */
+constexpr auto rest = 5ms;
+/** The longest time, in seconds, until a picture. */
+constexpr double longest_delay = 3600;
+
+constexpr auto page_entity = "options page"_L1;
+
+const QStringList& windows_to_show()
+{
+    static const QStringList names = {u"main"_s, u"editor"_s, u"options"_s, u"plugins"_s, u"about"_s};
+    return names;
+}
+
+const QStringList& windows_to_hide()
+{
+    static const QStringList names = windows_to_show().sliced(1);
+    return names;
+}
+
+const QStringList& windows_to_photograph()
+{
+    static const QStringList names = windows_to_show() + QStringList{u"active"_s};
+    return names;
+}
+
+/** Word @p i, which must be one of @p names. */
+QString choice(CommandCall& call, qsizetype i, const QStringList& names)
+{
+    const QString what = names.sliced(0, names.size() - 1).join(u", ") + u" or "_s + names.last();
+    const QString name = call.text(i, what);
+    if (!names.contains(name))
+        throw call.expected(i, what);
+    return name;
+}
+
+/** The window of that name; null if it has not been made yet. There must be a main window. */
+QWidget* find_window(const QString& name)
+{
+    Ostrel* main = Ostrel::instance();
+    if (name == "editor"_L1)
+        return main->journal_editor();
+    if (name == "options"_L1)
+        return main->options();
+    if (name == "about"_L1)
+        return main->help_menu()->get_help_about_dialog();
+    if (name == "plugins"_L1) {
+        // The class is the shell's own.
+        const auto dialogs = main->findChildren<QDialog*>(Qt::FindDirectChildrenOnly);
+        for (QDialog* dialog : dialogs) {
+            if (dialog->inherits("ComponentTool"))
+                return dialog;
+        }
+        return nullptr;
+    }
+    if (name == "active"_L1) {
+        if (QWidget* modal = QApplication::activeModalWidget())
+            return modal;
+        if (QWidget* active = QApplication::activeWindow())
+            return active;
+    }
+    return main;
+}
+
+void collect_pages(const QTreeWidgetItem* item, const QString& above, QStringList& pages)
+{
+    for (int i = 0; i < item->childCount(); ++i) {
+        const QString page = above + item->child(i)->text(0);
+        pages << page;
+        collect_pages(item->child(i), page + u'/', pages);
+    }
+}
+
+/** The pages of the options dialog as they stand in its list; none without a window. */
+QStringList options_pages()
+{
+    const Ostrel* main = Ostrel::instance();
+    const auto* list = main ? main->options()->findChild<QTreeWidget*>(u"mOptionList"_s) : nullptr;
+    QStringList pages;
+    if (list)
+        collect_pages(list->invisibleRootItem(), {}, pages);
+    return pages;
+}
+
+/** The page that word @p i names, be it by its place in the list. */
+QString page(CommandCall& call, qsizetype i)
+{
+    constexpr auto what = u"a page of the options or its number";
+    const QString name = call.text(i, what);
+    const QStringList pages = options_pages();
+    bool is_number = false;
+    const int number = name.toInt(&is_number);
+    if (is_number && number >= 1 && number <= pages.size())
+        return pages[number - 1];
+    if (pages.contains(name))
+        return name;
+    throw call.expected(i, what);
+}
+
+/** The entry for the command, at or below @p parent; invalid if there is none. */
+QModelIndex find_entry(const NavigationModel& model, const QString& command, const QModelIndex& parent = {})
+{
+    for (int row = 0; row < model.rowCount(parent); ++row) {
+        const QModelIndex entry = model.index(row, 0, parent);
+        const QString line = entry.data(NavigationRole::Command).toString();
+        if (line.section(u' ', 0, 0) == command)
+            return entry;
+        if (const QModelIndex found = find_entry(model, command, entry); found.isValid())
+            return found;
+    }
+    return {};
+}
+
+QWidget* enclosing_dock(QWidget* widget)
+{
+    while (widget && !qobject_cast<QDockWidget*>(widget))
+        widget = widget->parentWidget();
+    return widget;
+}
+
+/** Whether there is a main window; says so if there is none. */
+bool has_window(CommandCall& call)
+{
+    if (Ostrel::instance())
+        return true;
+    call.print(u"There is no window; \"%1\" was passed over.\n"_s.arg(call.text(0, u"a command")));
+    return false;
+}
+
+QString cannot_be_written(const QString& file)
+{
+    return u"the picture cannot be written to \"%1\""_s.arg(file);
+}
+
+bool save_picture(QWidget* window, const QString& file)
+{
+    OutputRouter::instance().flush();
+    return window->grab().save(file);
+}
+
+QList<CommandFileFilter> picture_filters()
+{
+    return {{u"PNG"_s, u".png"_s}, {u"JPEG"_s, u".jpg"_s}};
+}
+
+QList<CommandFileFilter> journal_filters()
+{
+    return {{QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Journals")), u".jou"_s},
+            {QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Python Scripts")), u".py"_s}};
+}
+
+CommandParameter window_parameter(const QStringList& choices)
+{
+    return {.name = u"WINDOW"_s,
+            .kind = Kind::Choice,
+            .label = QT_TRANSLATE_NOOP("CommandParameter", "Window"),
+            .choices = choices};
+}
+
+} // namespace
+
+WindowCommands::WindowCommands(CommandRegistry& registry, const std::function<void()>& turn,
+                               const std::function<void(const QString&)>& report)
+    : mRegistry(registry), mTurn(turn), mReport(report)
+{
+    registry.entities().offer(page_entity, owner, &options_pages);
+    registry.add(
+        {.name = u"show"_s,
+         .summary = u"Shows a window, or a page of the options."_s,
+         .help = u"main     the main window\n"
+                 "editor   the journal editor\n"
+                 "options  the options; PAGE is a name from their list, or its number in the list\n"
+                 "plugins  the plugin tool\n"
+                 "about    the version of the program"_s,
+         .owner = owner,
+         .run = [this](CommandCall& call) { show_window(call); },
+         .forms = {{.clauses = {required_value(window_parameter(windows_to_show()))},
+                    .title = QT_TRANSLATE_NOOP("CommandParameter", "A window")},
+                   {.clauses = {{.keyword = u"options"_s,
+                                 .parameters = {{.name = u"PAGE"_s,
+                                                 .kind = Kind::Entity,
+                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Page"),
+                                                 .entity = page_entity,
+                                                 .by_number = true}}}},
+                    .title = QT_TRANSLATE_NOOP("CommandParameter", "A page of the options")}}});
+    registry.add({.name = u"hide"_s,
+                  .summary = u"Closes a window other than the main window."_s,
+                  .help = u"The names are those of \"show\". What is not saved in the options is dropped."_s,
+                  .owner = owner,
+                  .run = [this](CommandCall& call) { hide_window(call); },
+                  .forms = {{.clauses = {required_value(window_parameter(windows_to_hide()))}}}});
+    registry.add(
+        {.name = u"edit"_s,
+         .summary = u"Opens a journal or a Python script in the journal editor."_s,
+         .help = u"A line that is too long for the console is folded there, and has a number in its mark.\n"
+                 "The newest ten are kept."_s,
+         .owner = owner,
+         .run = [this](CommandCall& call) { edit(call); },
+         .forms = {{.clauses = {required_value({.name = u"FILE"_s,
+                                                .kind = Kind::InputFile,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal"),
+                                                .filters = &journal_filters,
+                                                .example = u"example.jou"_s})},
+                    .title = QT_TRANSLATE_NOOP("CommandParameter", "A file")},
+                   {.clauses = {{.keyword = u"line"_s,
+                                 .parameters = {{.name = u"NUMBER"_s,
+                                                 .kind = Kind::WholeNumber,
+                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Number"),
+                                                 .least = 1,
+                                                 .most = std::numeric_limits<int>::max(),
+                                                 .example = u"1"_s}}}},
+                    .title = QT_TRANSLATE_NOOP("CommandParameter", "A folded line of the console")}}});
+    registry.add(
+        {.name = u"form"_s,
+         .summary = u"Shows a command in the command panel."_s,
+         .owner = owner,
+         .run = [this](CommandCall& call) { show_form(call); },
+         .forms = {{.clauses = {required_value({.name = u"COMMAND"_s,
+                                                .kind = Kind::Entity,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Command"),
+                                                .entity = u"command"_s,
+                                                .example = u"help"_s})}}}});
+    registry.add(
+        {.name = u"picture"_s,
+         .summary = u"Writes a picture of a window."_s,
+         .help =
+             u"The ending of FILE selects the format, as .png or .jpg. Without \"of\" it is the main "
+             u"window;\n"
+             "the other names are those of \"show\", and \"active\" is the window that has the keyboard.\n"
+             "The command waits until shapes that are still being made are in sight.\n"
+             "With \"after\" it does not wait: the picture is taken so many seconds later, be it that\n"
+             "another command is running or a dialog is open then."_s,
+         .owner = owner,
+         .run = [this](CommandCall& call) { take_picture(call); },
+         .forms = {{.clauses = {required_value({.name = u"FILE"_s,
+                                                .kind = Kind::OutputFile,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Picture"),
+                                                .filters = &picture_filters,
+                                                .example = u"window.png"_s}),
+                                {.keyword = u"of"_s,
+                                 .parameters = {window_parameter(windows_to_photograph())},
+                                 .optional = true},
+                                {.keyword = u"after"_s,
+                                 .parameters = {{.name = u"SECONDS"_s,
+                                                 .kind = Kind::Number,
+                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Delay"),
+                                                 .unit = u"s"_s,
+                                                 .least = 0,
+                                                 .most = longest_delay,
+                                                 .example = u"0"_s}},
+                                 .optional = true}}}}});
+}
+
+WindowCommands::~WindowCommands()
+{
+    for (const QLatin1StringView name : command_names)
+        mRegistry.remove(name);
+}
+
+void WindowCommands::show_window(CommandCall& call)
+{
+    const QString name = choice(call, 1, windows_to_show());
+    const bool with_page = name == "options"_L1 && call.has(2);
+    const QString chosen =
+        with_page && Ostrel::instance() ? page(call, 2) : call.optional(2).value_or(QString());
+    if (!with_page && call.has(2))
+        throw call.expected(2, u"the end of the command");
+    call.expect_end();
+    if (!has_window(call))
+        return;
+    Ostrel* main = Ostrel::instance();
+    if (name == "editor"_L1) {
+        main->tools_menu()->show_journal_editor();
+    } else if (name == "plugins"_L1) {
+        main->tools_menu()->show_component_tool();
+    } else if (name == "options"_L1) {
+        // Not modal, or the command would last until the user closes it.
+        OptionsPanel* options = main->options();
+        if (options->isHidden()) {
+            options->refresh_settings();
+            options->select_first();
+            options->show();
+        }
+        if (with_page)
+            options->show_panel(chosen);
+    } else {
+        if (name == "about"_L1)
+            main->help_menu()->get_help_about_dialog()->finish_populating_dialog();
+        find_window(name)->show();
+        find_window(name)->raise();
+    }
+    wait_until_complete(call, find_window(name));
+}
+
+void WindowCommands::hide_window(CommandCall& call)
+{
+    const QString name = choice(call, 1, windows_to_hide());
+    call.expect_end();
+    if (!has_window(call))
+        return;
+    if (QWidget* window = find_window(name); window && window->isVisible())
+        window->close();
+}
+
+void WindowCommands::edit(CommandCall& call)
+{
+    const QString name = call.text(1, u"the name of a journal file");
+    if (name == "line"_L1 && call.has(2)) {
+        edit_line(call);
+        return;
+    }
+    call.expect_end();
+    const QFileInfo file(name);
+    if (!file.isFile() || !file.isReadable())
+        throw call.error(1, u"cannot read \"%1\""_s.arg(name));
+    if (!has_window(call))
+        return;
+    Ostrel* main = Ostrel::instance();
+    main->tools_menu()->show_journal_editor();
+    main->journal_editor()->open_file(file.absoluteFilePath());
+    wait_until_complete(call, main->journal_editor());
+}
+
+void WindowCommands::edit_line(CommandCall& call)
+{
+    const std::optional<QString> line =
+        OutputRouter::instance().folded_line(call.integer(2, u"the number of a folded line", 1));
+    call.expect_end();
+    if (!has_window(call))
+        return;
+    if (!line)
+        throw call.error(2, u"there is no such line, or it is no longer kept"_s);
+    Ostrel* main = Ostrel::instance();
+    main->tools_menu()->show_journal_editor();
+    main->journal_editor()->add_document(*line);
+    wait_until_complete(call, main->journal_editor());
+}
+
+void WindowCommands::show_form(CommandCall& call)
+{
+    const QString name = call.text(1, u"the name of a command");
+    call.expect_end();
+    if (!mRegistry.find(name))
+        throw mRegistry.not_found(name, call.column(1));
+    if (!has_window(call))
+        return;
+    Ostrel* main = Ostrel::instance();
+    const QModelIndex entry = find_entry(*main->navigation_model(), name);
+    if (!entry.isValid())
+        throw call.error(1, u"the command panel has no entry for \"%1\""_s.arg(name));
+    TaskPanel* panel = main->command_buttons();
+    if (QWidget* dock = enclosing_dock(panel)) {
+        dock->show();
+        dock->raise();
+    }
+    panel->set_current_index(entry);
+}
+
+void WindowCommands::take_picture(CommandCall& call)
+{
+    constexpr auto file_what = u"the name of a picture file";
+    const QString file = call.text(1, file_what);
+    if (file.isEmpty())
+        throw call.expected(1, file_what);
+    QString name = u"main"_s;
+    qsizetype i = 2;
+    if (call.has(i) && call.words()[i].text == "of"_L1) {
+        call.text(i, u"of");
+        name = choice(call, i + 1, windows_to_photograph());
+        i += 2;
+    }
+    const bool later = call.has(i);
+    double delay = 0;
+    if (later) {
+        constexpr auto what = u"a number of seconds from 0 to 3600";
+        if (call.text(i, u"of or after") != "after"_L1)
+            throw call.expected(i, u"of or after");
+        delay = call.number(i + 1, what);
+        if (delay < 0 || delay > longest_delay)
+            throw call.expected(i + 1, what);
+    }
+    call.expect_end();
+    if (!has_window(call))
+        return;
+    if (later) {
+        // The current directory may be another one then.
+        const QString path = QFileInfo(file).absoluteFilePath();
+        QTimer::singleShot(std::chrono::milliseconds(qint64(delay * 1000)), Ostrel::instance(), [=, this] {
+            QWidget* window = find_window(name);
+            if (!window || !window->isVisible())
+                mReport(u"ERROR: picture: the window \"%1\" is not shown\n"_s.arg(name));
+            else if (!save_picture(window, path))
+                mReport(u"ERROR: picture: %1\n"_s.arg(cannot_be_written(path)));
+        });
+        return;
+    }
+    QWidget* window = find_window(name);
+    if (!window || !window->isVisible())
+        throw call.error(0, u"the window is not shown; use \"show %1\" before"_s.arg(name));
+    wait_until_complete(call, window);
+    if (!save_picture(window, file))
+        throw call.error(1, cannot_be_written(file));
+}
+
+/** Waits until the window is on the screen, where it has been laid out, and nothing in it is to come. */
+void WindowCommands::wait_until_complete(const CommandCall& call, const QWidget* window) const
+{
+    const QDeadlineTimer window_deadline(window_patience);
+    const QDeadlineTimer shape_deadline(shape_patience);
+    const auto incomplete = [&] {
+        return (!window->windowHandle()->isExposed() && !window_deadline.hasExpired()) ||
+               (Scene::instance().is_awaited() && !shape_deadline.hasExpired());
+    };
+    mTurn();
+    while (incomplete() && !call.interrupted()) {
+        std::this_thread::sleep_for(rest);
+        mTurn();
+    }
+}

@@ -1,0 +1,318 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/components/geometry/commands/file_commands.h"
+
+#include "workbench/components/geometry/commands/GeometryWords.h"
+#include "workbench/components/geometry/commands/LongWork.h"
+#include "workbench/components/geometry/commands/geometry_parameters.h"
+#include "workbench/components/geometry/commands/run_model_command.h"
+#include "workbench/components/geometry/exchange/FileExchange.h"
+#include "workbench/components/geometry/model/GeometryModel.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/files/FormatRegistry.h"
+
+#include <QFileInfo>
+#include <QScopeGuard>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum class Direction { Import, Export };
+
+QList<Format> formats_for(Direction direction)
+{
+    QList<Format> result = formats();
+    result.removeIf([&](const Format& format) {
+        return !(direction == Direction::Import ? format.reads : format.writes);
+    });
+    return result;
+}
+
+QStringList format_names(Direction direction)
+{
+    QStringList names;
+    for (const Format& format : formats_for(direction))
+        names << format.name;
+    return names;
+}
+
+QString names_of_formats(Direction direction)
+{
+    return format_names(direction).join(u", "_s);
+}
+
+QList<CommandFileFilter> file_filters(Direction direction)
+{
+    QList<CommandFileFilter> filters;
+    for (const Format& format : formats_for(direction))
+        filters.append({format.name, u'.' + format.endings.value(0)});
+    return filters;
+}
+
+QString format_entity(Direction direction)
+{
+    return direction == Direction::Import ? u"import format"_s : u"export format"_s;
+}
+
+/** "FILE [as FORMAT]" */
+QList<CommandClause> file_clauses(Direction direction)
+{
+    return {required_value({.name = u"FILE"_s,
+                            .kind = direction == Direction::Import ? CommandParameter::Kind::InputFile
+                                                                   : CommandParameter::Kind::OutputFile,
+                            .label = QT_TRANSLATE_NOOP("CommandParameter", "File"),
+                            .filters = [direction] { return file_filters(direction); },
+                            .example = u"part.stl"_s}),
+            {.keyword = u"as"_s,
+             .parameters = {{.name = u"FORMAT"_s,
+                             .kind = CommandParameter::Kind::Entity,
+                             .label = QT_TRANSLATE_NOOP("CommandParameter", "Format"),
+                             .tip = QT_TRANSLATE_NOOP(
+                                 "CommandParameter",
+                                 "Needed only where the ending of the file does not tell it."),
+                             .entity = format_entity(direction),
+                             .example = u"STL"_s}},
+             .optional = true}};
+}
+
+/** Reads "as FORMAT", or goes by the ending of the file. */
+Format read_format(CommandCall& call, GeometryWords& words, const QString& file, Direction direction)
+{
+    qsizetype word = 1;
+    std::optional<Format> format;
+    if (words.take("as"_L1)) {
+        word = words.next();
+        format = find_format(words.text(u"a format"));
+        if (!format)
+            throw call.expected(word, u"a format (%1)"_s.arg(names_of_formats(direction)));
+    } else {
+        format = format_of_file(file);
+        if (!format)
+            throw call.error(word,
+                             u"the ending of the file tells no format; say which one with \"as\" (%1)"_s.arg(
+                                 names_of_formats(direction)));
+    }
+    if (!(direction == Direction::Import ? format->reads : format->writes))
+        throw call.error(word, direction == Direction::Import
+                                   ? u"files of the format %1 cannot be read"_s.arg(format->name)
+                                   : u"files of the format %1 cannot be written"_s.arg(format->name));
+    return *format;
+}
+
+void need_end(const GeometryWords& words, QAnyStringView what = u"the end of the line")
+{
+    if (!words.at_end())
+        throw words.expected(what);
+}
+
+QString read_file_name(GeometryWords& words)
+{
+    const QString file = words.text(u"the name of a file");
+    if (file.isEmpty() || file.contains(QChar(0)))
+        throw words.expected_last(u"the name of a file");
+    return QFileInfo(file).absoluteFilePath();
+}
+
+QString described(const GeometryModel& model, const FileExchange::Imported& imported)
+{
+    QString text;
+    for (const int id : imported.solids)
+        text += u"%1: volume %2\n"_s.arg(model.solid(id)->name,
+                                         QString::number(model.measures(id).volume, 'g', 6));
+    if (imported.mesh) {
+        QStringList parts{u"%1 nodes"_s.arg(imported.mesh->nodes)};
+        for (const Mesh::Elements& elements : imported.mesh->elements) {
+            if (elements.dimension >= 2)
+                parts << u"%1 x %2"_s.arg(elements.count).arg(elements.kind);
+        }
+        if (imported.closed)
+            parts << (*imported.closed ? u"closed, volume "_s + QString::number(imported.volume, 'g', 6)
+                                       : u"not closed"_s);
+        text += u"Mesh: "_s + parts.join(u", "_s) + u'\n';
+    }
+    return text;
+}
+
+struct Context
+{
+    GeometryModel& model;
+    FileExchange& exchange;
+    const ApplicationServices& services;
+    ImportListener imported;
+};
+
+void import_file(CommandCall& call, GeometryWords& words, Context& context)
+{
+    const QString file = read_file_name(words);
+    bool done = false;
+    const auto tell = qScopeGuard([&] {
+        if (context.imported)
+            context.imported(file, done);
+    });
+    const Format format = read_format(call, words, file, Direction::Import);
+    need_end(words);
+    std::optional<FileExchange::Imported> imported;
+    {
+        LongWork work(call, context.services, "Import");
+        imported = context.exchange.import_file(file, format, work.listener());
+    }
+    if (!imported)
+        throw CommandError(u"cancelled; nothing has changed"_s);
+    call.print(described(context.model, *imported));
+    done = true;
+}
+
+void export_file(CommandCall& call, GeometryWords& words, Context& context)
+{
+    const QString file = read_file_name(words);
+    const Format format = read_format(call, words, file, Direction::Export);
+    FileExchange::Source source;
+    source.mesh = format.content == Format::Content::Mesh;
+    if (source.mesh) {
+        words.take("mesh"_L1);
+        need_end(words, u"the end of the line (%1 files hold the last mesh)"_s.arg(format.name));
+    } else {
+        const bool surface = format.content == Format::Content::Surface;
+        if (surface && words.take("mesh"_L1))
+            source.mesh = true;
+        else if (!words.at_keyword() || words.is("all"_L1))
+            source.solids = words.solids();
+        else // what an imported surface is for
+            source.mesh = surface && context.model.ids().isEmpty() && context.model.mesh();
+        if (surface && !source.mesh && words.take("size"_L1))
+            source.size = words.length(u"a size of the triangles");
+        need_end(words);
+    }
+    bool done = false;
+    {
+        LongWork work(call, context.services, "Export");
+        done = context.exchange.export_file(file, format, source, work.listener());
+    }
+    if (!done)
+        throw CommandError(u"cancelled; no file was written"_s);
+    const std::shared_ptr<const Mesh> mesh = context.model.mesh();
+    if (source.mesh && mesh->file.isEmpty() && mesh->revision != context.model.revision())
+        call.print(u"The model has changed since the mesh was made.\n"_s);
+}
+
+using Run = void (*)(CommandCall& call, GeometryWords& words, Context& context);
+
+void run(CommandCall& call, Context& context, Run function)
+{
+    GeometryWords words(call, context.model);
+    run_model_command(call, context.model, [&] { function(call, words, context); });
+}
+
+QString with_format(const QString& words, const QString& file, const QString& format)
+{
+    const std::optional<Format> told = format_of_file(file);
+    return told && told->name == format ? words : words + u" as "_s + format;
+}
+
+/** Whether tokenize() reads @p text, between double quotes, as it stands. */
+bool stands_in_double_quotes(const QString& text)
+{
+    const CommandWords words = tokenize(QString(u'"' + text + u'"'));
+    return !text.contains(u'"') && !text.contains(u'\n') && !text.contains(u'\r') && !words.error &&
+           words.words.size() == 1 && words.words[0].text == text;
+}
+
+} // namespace
+
+bool register_file_commands(CommandRegistry& registry, GeometryModel& model, FileExchange& exchange,
+                            const ApplicationServices& services, const ImportListener& imported)
+{
+    const auto context = std::make_shared<Context>(Context{model, exchange, services, imported});
+    const auto run_with = [&context](Run function) {
+        return [context, function](CommandCall& call) { run(call, *context, function); };
+    };
+    const QString owner = u"geometry"_s;
+    const Command commands[] = {
+        {.name = u"import"_s,
+         .summary = u"Reads solids or a mesh from a file."_s,
+         .help =
+             u"The ending of FILE tells the format unless \"as\" does. STEP, IGES and BREP files add their\n"
+             "solids, named after the file. STL, MSH and VTK files, and those of formats that other "
+             "components\n"
+             "bring, hold a mesh, which takes the place of the last one. Lengths become millimetres."_s,
+         .owner = owner,
+         .run = run_with(import_file),
+         .forms = {{.clauses = file_clauses(Direction::Import)}}},
+        {.name = u"export"_s,
+         .summary = u"Writes solids or the mesh to a file."_s,
+         .help =
+             u"The ending of FILE tells the format unless \"as\" does. STEP and BREP files hold solids, all "
+             u"of\n"
+             "them if none is named. MSH and VTK files hold the last mesh. STL files, and those of formats "
+             "that\n"
+             "other components bring, hold the surface of solids, in triangles of SIZE at most, or with "
+             "\"mesh\"\n"
+             "that of the last mesh. A file that exists is replaced."_s,
+         .owner = owner,
+         .run = run_with(export_file),
+         .forms = {{.clauses =
+                        file_clauses(Direction::Export) +
+                        QList{optional_value(solids_parameter()),
+                              CommandClause{.keyword = u"size"_s,
+                                            .parameters = {length_parameter(
+                                                u"SIZE"_s, QT_TRANSLATE_NOOP("CommandParameter",
+                                                                             "Size of the triangles"))},
+                                            .optional = true}},
+                    .title = QT_TRANSLATE_NOOP("CommandParameter", "Solids")},
+                   {.clauses = file_clauses(Direction::Export) + QList{CommandClause{.keyword = u"mesh"_s}},
+                    .title = QT_TRANSLATE_NOOP("CommandParameter", "Mesh")}}},
+    };
+    CommandEntities& entities = registry.entities();
+    // The formats are there longer than these commands: the connection goes with the offers.
+    const auto watcher = std::make_shared<QObject>();
+    for (const Direction direction : {Direction::Import, Direction::Export}) {
+        entities.offer(format_entity(direction), owner,
+                       [direction, watcher] { return format_names(direction); });
+        QObject::connect(&FormatRegistry::instance(), &FormatRegistry::changed, watcher.get(),
+                         [&entities, direction] { entities.tell_changed(format_entity(direction)); });
+    }
+    QStringList added;
+    for (const Command& command : commands) {
+        if (registry.add(command) != CommandRegistry::AddResult::Added) {
+            for (const QString& name : std::as_const(added))
+                registry.remove(name);
+            return false;
+        }
+        added << command.name;
+    }
+    return true;
+}
+
+QString import_command(const QString& file, const QString& format)
+{
+    return with_format(u"import "_s + quote_word(file), file, format);
+}
+
+QString export_command(const QString& file, const QString& format)
+{
+    return with_format(u"export "_s + quote_word(file), file, format);
+}
+
+QString recent_import_command(const QString& file, const QString& format)
+{
+    QString words;
+    if (stands_in_double_quotes(file)) {
+        words = u"\"%1\""_s.arg(file);
+    } else if (!file.contains(u'"') && !file.contains(u'\'') && !file.contains(u'\n') &&
+               !file.contains(u'\r')) {
+        words = u"'%1'"_s.arg(file);
+    } else {
+        // Parts that touch are one word. The root stands for itself in any quotes.
+        qsizetype end = 1;
+        for (qsizetype slash = 1; slash > 0 && stands_in_double_quotes(file.left(slash));
+             slash = file.indexOf(u'/', slash) + 1)
+            end = slash;
+        words = u"\"%1\""_s.arg(file.left(end)) + quote_word(file.sliced(end));
+    }
+    return with_format(u"import "_s + words, file, format);
+}

@@ -1,0 +1,624 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/components/geometry/commands/geometry_commands.h"
+
+#include "workbench/components/geometry/commands/GeometryWords.h"
+#include "workbench/components/geometry/commands/LongWork.h"
+#include "workbench/components/geometry/commands/geometry_parameters.h"
+#include "workbench/components/geometry/commands/run_model_command.h"
+#include "workbench/components/geometry/model/GeometryModel.h"
+#include "workbench/components/geometry/programs/run_mesher.h"
+#include "workbench/sdk/core/commands/ApplicationServices.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** So large a mesh would take all of the memory before anybody saw an error. */
+constexpr double most_nodes = 1e8;
+
+/** What all commands work with. */
+struct Context
+{
+    GeometryModel& model;
+    const ApplicationServices& services;
+    QString mesher;
+};
+
+using Run = void (*)(CommandCall& call, GeometryWords& words, Context& context);
+
+/** Where and how a new solid is to be made. */
+struct Placing
+{
+    Vector centre;
+    Vector axis = {0, 0, 1};
+    QString name;
+};
+
+/** Reads "at X Y Z", "along X Y Z" and "name NAME", in any order, to the end of the line. */
+Placing read_placing(GeometryWords& words, bool with_axis)
+{
+    Placing placing;
+    bool at = false;
+    bool along = !with_axis;
+    bool name = false;
+    while (!words.at_end()) {
+        if (!at && words.take("at"_L1)) {
+            placing.centre = words.position(u"the centre");
+            at = true;
+        } else if (!along && words.take("along"_L1)) {
+            placing.axis = words.direction();
+            along = true;
+        } else if (!name && words.take("name"_L1)) {
+            placing.name = words.new_name();
+            name = true;
+        } else {
+            QStringList choices;
+            if (!at)
+                choices << u"\"at\""_s;
+            if (!along)
+                choices << u"\"along\""_s;
+            if (!name)
+                choices << u"\"name\""_s;
+            choices << u"the end of the line"_s;
+            throw words.expected(choices.join(u" or "_s));
+        }
+    }
+    return placing;
+}
+
+void need_end(const GeometryWords& words)
+{
+    if (!words.at_end())
+        throw words.expected(u"the end of the line");
+}
+
+QString shown(double value)
+{
+    return QString::number(value, 'g', 6);
+}
+
+/** A coordinate, which the kernel knows to its tolerance only. */
+QString shown_coordinate(double value)
+{
+    return shown(std::abs(value) < 5e-7 ? 0.0 : value);
+}
+
+QString shown(const Vector& vector)
+{
+    return shown_coordinate(vector.x) + u' ' + shown_coordinate(vector.y) + u' ' + shown_coordinate(vector.z);
+}
+
+void print_solid(CommandCall& call, const GeometryModel& model, int id)
+{
+    const SolidMeasures measures = model.measures(id);
+    QString text = u"%1: volume %2"_s.arg(model.solid(id)->name, shown(measures.volume));
+    if (measures.pieces > 1)
+        text += u" in %1 pieces"_s.arg(measures.pieces);
+    call.print(text + u'\n');
+}
+
+void brick(CommandCall& call, GeometryWords& words, Context& context)
+{
+    Vector size;
+    size.x = words.length(u"a width");
+    size.y = size.z = size.x;
+    if (!words.at_keyword()) {
+        size.y = words.length(u"a depth");
+        size.z = words.length(u"a height");
+    }
+    const Placing placing = read_placing(words, false);
+    print_solid(call, context.model, context.model.brick(size, placing.centre, placing.name));
+}
+
+void cylinder(CommandCall& call, GeometryWords& words, Context& context)
+{
+    const double radius = words.length(u"a radius");
+    const double height = words.length(u"a height");
+    const Placing placing = read_placing(words, true);
+    print_solid(call, context.model,
+                context.model.cylinder(radius, height, placing.centre, placing.axis, placing.name));
+}
+
+void sphere(CommandCall& call, GeometryWords& words, Context& context)
+{
+    const double radius = words.length(u"a radius");
+    const Placing placing = read_placing(words, false);
+    print_solid(call, context.model, context.model.sphere(radius, placing.centre, placing.name));
+}
+
+void cone(CommandCall& call, GeometryWords& words, Context& context)
+{
+    const double radius = words.length(u"a radius");
+    const double height = words.length(u"a height");
+    double top = 0;
+    if (!words.at_keyword())
+        top = words.length(u"a top radius");
+    const Placing placing = read_placing(words, true);
+    print_solid(call, context.model,
+                context.model.cone(radius, top, height, placing.centre, placing.axis, placing.name));
+}
+
+void torus(CommandCall& call, GeometryWords& words, Context& context)
+{
+    const double radius = words.length(u"a radius");
+    const qsizetype tube_word = words.next();
+    const double tube = words.length(u"a radius of the tube");
+    if (tube >= radius)
+        throw call.expected(tube_word, u"a radius of the tube (less than %1)"_s.arg(radius));
+    const Placing placing = read_placing(words, true);
+    print_solid(call, context.model,
+                context.model.torus(radius, tube, placing.centre, placing.axis, placing.name));
+}
+
+void move(CommandCall&, GeometryWords& words, Context& context)
+{
+    const QList<int> ids = words.solids();
+    words.need("by"_L1);
+    const Vector by = words.position(u"the way");
+    need_end(words);
+    context.model.move(ids, by);
+}
+
+void rotate(CommandCall&, GeometryWords& words, Context& context)
+{
+    const QList<int> ids = words.solids();
+    words.need("by"_L1);
+    const double angle = words.number(u"an angle in degrees");
+    Vector point;
+    Vector axis{0, 0, 1};
+    bool about = false;
+    bool along = false;
+    while (!words.at_end()) {
+        if (!about && words.take("about"_L1)) {
+            point = words.position(u"the point");
+            about = true;
+        } else if (!along && words.take("along"_L1)) {
+            axis = words.direction();
+            along = true;
+        } else {
+            throw words.expected(u"\"about\", \"along\" or the end of the line");
+        }
+    }
+    context.model.rotate(ids, angle, point, axis);
+}
+
+void copy(CommandCall& call, GeometryWords& words, Context& context)
+{
+    const int id = words.solid();
+    Vector by;
+    QString name;
+    if (words.take("by"_L1))
+        by = words.position(u"the way");
+    if (words.take("name"_L1))
+        name = words.new_name();
+    need_end(words);
+    print_solid(call, context.model, context.model.copy(id, by, name));
+}
+
+void rename(CommandCall&, GeometryWords& words, Context& context)
+{
+    const int id = words.solid();
+    const QString name = words.new_name();
+    need_end(words);
+    context.model.rename(id, name);
+}
+
+/** Two solids or more, up to the end of the line. */
+QList<int> read_several(GeometryWords& words)
+{
+    const QList<int> ids = words.solids();
+    if (ids.size() < 2)
+        throw words.expected(u"another solid");
+    need_end(words);
+    return ids;
+}
+
+void unite(CommandCall& call, GeometryWords& words, Context& context)
+{
+    const QList<int> ids = read_several(words);
+    context.model.unite(ids);
+    print_solid(call, context.model, ids.first());
+}
+
+void subtract(CommandCall& call, GeometryWords& words, Context& context)
+{
+    const QList<int> tools = words.solids();
+    words.need("from"_L1);
+    const qsizetype word = words.next();
+    const int id = words.solid();
+    if (tools.contains(id))
+        throw call.error(word, u"\"%1\" was named already"_s.arg(context.model.solid(id)->name));
+    need_end(words);
+    context.model.subtract(id, tools);
+    print_solid(call, context.model, id);
+}
+
+void intersect(CommandCall& call, GeometryWords& words, Context& context)
+{
+    const QList<int> ids = read_several(words);
+    context.model.intersect(ids);
+    print_solid(call, context.model, ids.first());
+}
+
+void remove(CommandCall&, GeometryWords& words, Context& context)
+{
+    const QList<int> ids = words.solids();
+    need_end(words);
+    context.model.remove(ids);
+}
+
+/** Lines up the cells of a table, the first line being its head. Numbers stand to the right. */
+QString table(const QList<QStringList>& rows, const QList<bool>& right)
+{
+    QList<qsizetype> widths(right.size(), 0);
+    for (const QStringList& row : rows) {
+        for (qsizetype i = 0; i < row.size(); ++i)
+            widths[i] = std::max(widths[i], row[i].size());
+    }
+    QString text;
+    for (const QStringList& row : rows) {
+        QString line;
+        for (qsizetype i = 0; i < row.size(); ++i) {
+            line += i > 0 ? u"  "_s : QString();
+            line += right[i] ? row[i].rightJustified(widths[i]) : row[i].leftJustified(widths[i]);
+        }
+        while (line.endsWith(u' '))
+            line.chop(1);
+        text += line + u'\n';
+    }
+    return text;
+}
+
+void list(CommandCall& call, GeometryWords& words, Context& context)
+{
+    const GeometryModel& model = context.model;
+    const bool all = words.at_end();
+    const QList<int> ids = all ? model.ids() : words.solids();
+    need_end(words);
+    if (ids.isEmpty()) {
+        call.print(u"There are no solids.\n"_s);
+        return;
+    }
+    QList<QStringList> rows{{u"id"_s, u"name"_s, u"volume"_s, u"area"_s, u"pieces"_s, u"centre"_s, u"box"_s}};
+    for (const int id : ids) {
+        const SolidMeasures measures = model.measures(id);
+        rows.append({QString::number(id), model.solid(id)->name, shown(measures.volume), shown(measures.area),
+                     QString::number(measures.pieces), shown(measures.centre),
+                     shown(measures.least) + u" to "_s + shown(measures.most)});
+    }
+    call.print(table(rows, {true, false, true, true, true, false, false}));
+}
+
+QString summary(const Mesh& mesh)
+{
+    qint64 volumes = 0;
+    for (const Mesh::Elements& elements : mesh.elements) {
+        if (elements.dimension == 3)
+            volumes += elements.count;
+    }
+    return u"%1 nodes, %2 volume elements\n"_s.arg(mesh.nodes).arg(volumes);
+}
+
+void mesh(CommandCall& call, GeometryWords& words, Context& context)
+{
+    GeometryModel& model = context.model;
+    const QList<int> ids = words.is("size"_L1) ? model.ids() : words.solids();
+    words.need("size"_L1);
+    const qsizetype size_word = words.next();
+    const double size = words.length(u"a size of the elements");
+    const bool verbose = words.take("verbose"_L1);
+    need_end(words);
+    if (ids.isEmpty())
+        throw call.error(0, u"there is no solid to mesh"_s);
+
+    double nodes = 0;
+    for (const int id : ids) {
+        const SolidMeasures measures = model.measures(id);
+        nodes += measures.volume / std::pow(size, 3) + measures.area / std::pow(size, 2);
+    }
+    if (nodes > most_nodes)
+        throw call.error(
+            size_word, u"elements so small would need about %1 nodes; %2 is the most"_s.arg(nodes, 0, 'g', 2)
+                           .arg(most_nodes));
+
+    std::shared_ptr<const Mesh> result;
+    {
+        LongWork work(call, context.services, "Mesh", verbose);
+        result = run_mesher(context.mesher, model, ids, size, work.listener());
+    }
+    if (!result)
+        throw CommandError(u"cancelled; the last mesh is as it was"_s);
+    model.set_mesh(result);
+    call.print(summary(*result));
+}
+
+const Mesh& last_mesh(CommandCall& call, const Context& context)
+{
+    const std::shared_ptr<const Mesh> mesh = context.model.mesh();
+    if (!mesh)
+        throw call.error(0, u"there is no mesh"_s);
+    return *mesh;
+}
+
+QString age(const Mesh& mesh, const GeometryModel& model)
+{
+    return mesh.revision == model.revision() || !mesh.file.isEmpty() ? QString()
+                                                                     : u"The model has changed since.\n"_s;
+}
+
+void statistics(CommandCall& call, GeometryWords& words, Context& context)
+{
+    need_end(words);
+    const Mesh& mesh = last_mesh(call, context);
+    QList<QStringList> rows{{u"nodes"_s, QString::number(mesh.nodes)}};
+    for (const Mesh::Elements& elements : mesh.elements)
+        rows.append({elements.kind, QString::number(elements.count)});
+    const QString origin = mesh.file.isEmpty()
+                               ? u"Mesh of %1, size %2\n"_s.arg(mesh.solids.join(u", "_s), shown(mesh.size))
+                               : u"Mesh from %1\n"_s.arg(CommandError::shown(mesh.file, mesh.file.size()));
+    call.print(origin + table(rows, {false, true}) + age(mesh, context.model));
+}
+
+void quality(CommandCall& call, GeometryWords& words, Context& context)
+{
+    QString wanted;
+    if (!words.at_end()) {
+        if (words.take("ICN"_L1))
+            wanted = u"ICN"_s;
+        else if (words.take("IGE"_L1))
+            wanted = u"IGE"_s;
+        else
+            throw words.expected(u"\"ICN\" or \"IGE\"");
+    }
+    need_end(words);
+    const Mesh& mesh = last_mesh(call, context);
+    if (mesh.quality.isEmpty())
+        throw call.error(0, u"the mesh has no volume elements"_s);
+    QList<QStringList> rows{{u"measure"_s, u"least"_s, u"mean"_s, u"most"_s}};
+    for (const Mesh::Quality& quality : mesh.quality) {
+        if (wanted.isEmpty() || quality.measure == wanted)
+            rows.append({quality.measure, QString::number(quality.least, 'g', 4),
+                         QString::number(quality.mean, 'g', 4), QString::number(quality.most, 'g', 4)});
+    }
+    call.print(table(rows, {false, true, true, true}) + age(mesh, context.model));
+}
+
+struct Entry
+{
+    QLatin1StringView name;
+    QLatin1StringView summary;
+    QLatin1StringView help;
+    Run run;
+    QList<CommandSyntax> forms;
+};
+
+constexpr auto placing_help =
+    "The solid lies around its centre, which is the origin unless \"at\" tells another. "
+    "Without a\nname it is named after its kind and id."_L1;
+constexpr auto axis_help =
+    "The solid lies around its centre, which is the origin unless \"at\" tells another. Its "
+    "axis is\nthe z axis unless \"along\" tells another direction. Without a name it is named "
+    "after its kind\nand id."_L1;
+constexpr auto combine_help =
+    "The result has the name and id of the first solid; the others are gone. It may have several pieces."_L1;
+constexpr auto solids_help = "\"all\" stands for all solids."_L1;
+
+/** Of a cone. */
+CommandParameter top_radius()
+{
+    CommandParameter result =
+        length_parameter(u"TOP_RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius of the top"));
+    result.tip = QT_TRANSLATE_NOOP("CommandParameter", "Without it the cone ends in a point.");
+    return result;
+}
+
+CommandParameter tools()
+{
+    CommandParameter result = solids_parameter();
+    result.name = u"TOOL"_s;
+    result.label = QT_TRANSLATE_NOOP("CommandParameter", "Tools");
+    result.choices.clear();
+    return result;
+}
+
+QList<Entry> entries()
+{
+    return {
+        {"brick"_L1,
+         "Makes a brick, or a cube."_L1,
+         placing_help,
+         brick,
+         {{.clauses =
+               {required_value(length_parameter(u"WIDTH"_s, QT_TRANSLATE_NOOP("CommandParameter", "Width"))),
+                {.parameters = {length_parameter(u"DEPTH"_s, QT_TRANSLATE_NOOP("CommandParameter", "Depth")),
+                                length_parameter(u"HEIGHT"_s,
+                                                 QT_TRANSLATE_NOOP("CommandParameter", "Height"))},
+                 .optional = true,
+                 .tip = QT_TRANSLATE_NOOP("CommandParameter", "Without depth and height it is a cube.")},
+                position_clause(u"at"_s, QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true, u"0 0 0"_s),
+                name_clause()}}}},
+        {"cylinder"_L1,
+         "Makes a cylinder."_L1,
+         axis_help,
+         cylinder,
+         {{.clauses = {required_value(
+                           length_parameter(u"RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius"))),
+                       required_value(
+                           length_parameter(u"HEIGHT"_s, QT_TRANSLATE_NOOP("CommandParameter", "Height"))),
+                       position_clause(u"at"_s, QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true,
+                                       u"0 0 0"_s),
+                       axis_clause(), name_clause()}}}},
+        {"sphere"_L1,
+         "Makes a sphere."_L1,
+         placing_help,
+         sphere,
+         {{.clauses = {required_value(
+                           length_parameter(u"RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius"))),
+                       position_clause(u"at"_s, QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true,
+                                       u"0 0 0"_s),
+                       name_clause()}}}},
+        {"cone"_L1,
+         "Makes a cone, or a part of one."_L1,
+         axis_help,
+         cone,
+         {{.clauses = {required_value(
+                           length_parameter(u"RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius"))),
+                       required_value(
+                           length_parameter(u"HEIGHT"_s, QT_TRANSLATE_NOOP("CommandParameter", "Height"))),
+                       optional_value(top_radius()),
+                       position_clause(u"at"_s, QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true,
+                                       u"0 0 0"_s),
+                       axis_clause(), name_clause()}}}},
+        {"torus"_L1,
+         "Makes a torus."_L1,
+         axis_help,
+         torus,
+         {{.clauses =
+               {required_value(
+                    length_parameter(u"RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius"), u"10"_s)),
+                required_value(length_parameter(
+                    u"TUBE_RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius of the tube"), u"2"_s)),
+                position_clause(u"at"_s, QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true, u"0 0 0"_s),
+                axis_clause(), name_clause()}}}},
+        {"move"_L1,
+         "Moves solids."_L1,
+         solids_help,
+         move,
+         {{.clauses = {required_value(solids_parameter()),
+                       position_clause(u"by"_s, QT_TRANSLATE_NOOP("CommandParameter", "Way"), false)}}}},
+        {"rotate"_L1,
+         "Turns solids."_L1,
+         "The axis goes through the origin unless \"about\" tells another point, in the direction of the z "
+         "axis\n"
+         "unless \"along\" tells another. \"all\" stands for all solids."_L1,
+         rotate,
+         {{.clauses = {required_value(solids_parameter()),
+                       {.keyword = u"by"_s,
+                        .parameters = {{.name = u"DEGREES"_s,
+                                        .kind = CommandParameter::Kind::Number,
+                                        .label = QT_TRANSLATE_NOOP("CommandParameter", "Angle"),
+                                        .unit = u"\u00b0"_s,
+                                        .example = u"30"_s}}},
+                       position_clause(u"about"_s, QT_TRANSLATE_NOOP("CommandParameter", "Point on the axis"),
+                                       true, u"0 0 0"_s),
+                       axis_clause()}}}},
+        {"copy"_L1,
+         "Copies a solid."_L1,
+         {},
+         copy,
+         {{.clauses =
+               {required_value(solid_parameter(QT_TRANSLATE_NOOP("CommandParameter", "Solid"), u"SOLID"_s)),
+                position_clause(u"by"_s, QT_TRANSLATE_NOOP("CommandParameter", "Way"), true, u"0 0 0"_s),
+                name_clause()}}}},
+        {"rename"_L1,
+         "Gives a solid another name."_L1,
+         {},
+         rename,
+         {{.clauses = {required_value(
+                           solid_parameter(QT_TRANSLATE_NOOP("CommandParameter", "Solid"), u"SOLID"_s)),
+                       required_value(new_name_parameter())}}}},
+        {"unite"_L1,
+         "Makes one solid of several."_L1,
+         combine_help,
+         unite,
+         {{.clauses = {required_value(solids_parameter(2))}}}},
+        {"subtract"_L1,
+         "Takes the tools away from a solid."_L1,
+         "The tools are gone then. The solid may fall into several pieces, which stay one solid."_L1,
+         subtract,
+         {{.clauses = {required_value(tools()),
+                       {.keyword = u"from"_s,
+                        .parameters = {solid_parameter(QT_TRANSLATE_NOOP("CommandParameter", "Solid"),
+                                                       u"SOLID"_s)}}}}}},
+        {"intersect"_L1,
+         "Keeps what several solids have in common."_L1,
+         combine_help,
+         intersect,
+         {{.clauses = {required_value(solids_parameter(2))}}}},
+        {"delete"_L1,
+         "Deletes solids."_L1,
+         solids_help,
+         remove,
+         {{.clauses = {required_value(solids_parameter())}}}},
+        {"list"_L1,
+         "Lists solids with their measures."_L1,
+         "Solids can be named by name or by id. The box around a solid is exact to six digits; around round "
+         "solids\n"
+         "that were turned it has some room."_L1,
+         list,
+         {{.clauses = {optional_value(solids_parameter())}}}},
+        {"mesh"_L1,
+         "Fills solids with tetrahedra."_L1,
+         "Without solids all of them are meshed. SIZE is the length of the elements. The mesh takes the "
+         "place "
+         "of\n"
+         "the last one. \"verbose\" shows all that the mesher has to say."_L1,
+         mesh,
+         {{.clauses = {optional_value(solids_parameter()),
+                       {.keyword = u"size"_s,
+                        .parameters = {length_parameter(
+                            u"SIZE"_s, QT_TRANSLATE_NOOP("CommandParameter", "Size of the elements"))}},
+                       {.keyword = u"verbose"_s,
+                        .optional = true,
+                        .label =
+                            QT_TRANSLATE_NOOP("CommandParameter", "Show all messages of the mesher")}}}}},
+        {"statistics"_L1, "Counts the nodes and elements of the mesh."_L1, {}, statistics, {{}}},
+        {"quality"_L1,
+         "Measures the volume elements of the mesh."_L1,
+         "ICN is the inverse condition number, IGE the inverse gradient error. 1 is the best value, and "
+         "elements\n"
+         "of 0 or less are useless."_L1,
+         quality,
+         {{.clauses = {optional_value({.name = u"MEASURE"_s,
+                                       .kind = CommandParameter::Kind::Choice,
+                                       .label = QT_TRANSLATE_NOOP("CommandParameter", "Measure"),
+                                       .choices = {u"ICN"_s, u"IGE"_s}})}}}},
+    };
+}
+
+void run(CommandCall& call, Context& context, Run function)
+{
+    GeometryWords words(call, context.model);
+    run_model_command(call, context.model, [&] { function(call, words, context); });
+}
+
+} // namespace
+
+bool register_geometry_commands(CommandRegistry& registry, GeometryModel& model,
+                                const ApplicationServices& services, const QString& mesher)
+{
+    const QString owner = u"geometry"_s;
+    const auto context = std::make_shared<Context>(Context{model, services, mesher});
+    CommandEntities& entities = registry.entities();
+    entities.offer(solid_entity(), owner, [&model] {
+        QStringList names;
+        const QList<int> ids = model.ids();
+        for (const int id : ids)
+            names << model.solid(id)->name;
+        return names;
+    });
+    QObject::connect(&model, &GeometryModel::solid_changed, &entities,
+                     [&entities] { entities.tell_changed(solid_entity()); });
+    for (const Entry& entry : entries()) {
+        const Command command{
+            .name = entry.name,
+            .summary = entry.summary,
+            .help = entry.help,
+            .owner = owner,
+            .run = [context, function = entry.run](CommandCall& call) { run(call, *context, function); },
+            .forms = entry.forms};
+        if (registry.add(command) != CommandRegistry::AddResult::Added) {
+            registry.remove_owner(owner);
+            return false;
+        }
+    }
+    return true;
+}

@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/components/geometry/exchange/Format.h"
+#include "workbench/components/geometry/model/Mesh.h"
+#include "workbench/components/geometry/programs/engine_process.h"
+
+#include <QList>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class GeometryModel;
+
+/**
+ * Reads files into the model and writes it to files, with the engine in a process of its own.
+ *
+ * Whatever fails throws a GeometryError and leaves the model and the files as they were. GUI thread only.
+ */
+class FileExchange
+{
+public:
+    /** What an import has brought: solids, or a mesh. */
+    struct Imported
+    {
+        QList<int> solids;
+        /** Null if the file held solids. It is the model's mesh now. */
+        std::shared_ptr<const Mesh> mesh;
+        /** Whether the triangles of the mesh close a space; empty if it has none. */
+        std::optional<bool> closed;
+        /** The volume of that space. */
+        double volume = 0;
+    };
+    /** What is to be exported. */
+    struct Source
+    {
+        /** The last mesh rather than solids. */
+        bool mesh = false;
+        /** Empty stands for all solids. */
+        QList<int> solids;
+        /** The greatest edge of triangles; 0 lets the engine choose. */
+        double size = 0;
+    };
+
+    /**
+     * @param model      must outlive this object.
+     * @param converter  the path of the program that reads and writes.
+     */
+    FileExchange(GeometryModel& model, const QString& converter) : mModel(model), mConverter(converter) {}
+
+    /** Adds the solids of a file to the model, or replaces the model's mesh. Empty if the listener has ended
+     * it. */
+    std::optional<Imported> import_file(const QString& file, const Format& format,
+                                        const MesherListener& listener);
+    /** Writes a file, in the place of an old one only when all has gone well. False if the listener has ended
+     * it. */
+    bool export_file(const QString& file, const Format& format, const Source& source,
+                     const MesherListener& listener) const;
+
+private:
+    std::optional<Imported> read_solids(const QString& file, const QString& ending,
+                                        const MesherListener& listener);
+    std::optional<Imported> read_mesh(const QString& file, const Format& format,
+                                      const MesherListener& listener);
+
+    GeometryModel& mModel;
+    QString mConverter;
+};

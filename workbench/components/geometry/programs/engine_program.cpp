@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/components/geometry/programs/engine_program.h"
+
+#include <algorithm>
+#include <clocale>
+#include <cstdio>
+#include <exception>
+#include <gmsh.h>
+#include <iostream>
+#include <limits>
+#include <ostream>
+#include <vector>
+
+#ifdef __linux__
+#include <csignal>
+#include <sys/prctl.h>
+#include <unistd.h>
+#endif
+
+namespace {
+
+/** The process that started this one may die without a word, and nobody would want the result any more. */
+void die_with_parent()
+{
+#ifdef __linux__
+    const pid_t parent = getppid();
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() != parent)
+        std::_Exit(1);
+#endif
+}
+
+} // namespace
+
+void stage(const char* name)
+{
+    std::printf("@stage %s\n", name);
+    std::fflush(stdout);
+}
+
+bool has_elements(int dimension, int entity)
+{
+    std::vector<int> types;
+    std::vector<std::vector<std::size_t>> tags;
+    std::vector<std::vector<std::size_t>> nodes;
+    gmsh::model::mesh::getElements(types, tags, nodes, dimension, entity);
+    return !types.empty();
+}
+
+void write_counts(std::ostream& out)
+{
+    std::vector<std::size_t> nodes;
+    std::vector<double> coordinates;
+    std::vector<double> parameters;
+    gmsh::model::mesh::getNodes(nodes, coordinates, parameters);
+    out << "nodes " << nodes.size() << '\n';
+
+    std::vector<int> types;
+    std::vector<std::vector<std::size_t>> tags;
+    std::vector<std::vector<std::size_t>> element_nodes;
+    gmsh::model::mesh::getElements(types, tags, element_nodes);
+    for (std::size_t i = 0; i < types.size(); ++i) {
+        std::string name;
+        int dimension = 0;
+        int order = 0;
+        int node_count = 0;
+        int primary_count = 0;
+        std::vector<double> local;
+        gmsh::model::mesh::getElementProperties(types[i], name, dimension, order, node_count, local,
+                                                primary_count);
+        out << "elements " << dimension << ' ' << tags[i].size() << ' ' << name << '\n';
+    }
+}
+
+void write_quality(std::ostream& out, const char* measure)
+{
+    const char* const plugin = "AnalyseMeshQuality";
+    gmsh::plugin::setNumber(plugin, "JacobianDeterminant", 0);
+    gmsh::plugin::setNumber(plugin, "IGEMeasure", 0);
+    gmsh::plugin::setNumber(plugin, "ICNMeasure", 0);
+    gmsh::plugin::setNumber(plugin, std::string(measure) + "Measure", 1);
+    gmsh::plugin::setNumber(plugin, "CreateView", 1);
+    gmsh::plugin::setNumber(plugin, "DimensionOfElements", 3);
+    gmsh::plugin::run(plugin);
+    std::vector<int> views;
+    gmsh::view::getTags(views);
+    if (views.empty())
+        throw Failure("the quality of the mesh could not be found");
+    std::string kind;
+    std::vector<std::size_t> tags;
+    std::vector<std::vector<double>> values;
+    double time = 0;
+    int components = 0;
+    gmsh::view::getModelData(views.back(), 0, kind, tags, values, time, components);
+    double least = std::numeric_limits<double>::infinity();
+    double most = -least;
+    double sum = 0;
+    std::size_t count = 0;
+    for (const std::vector<double>& value : values) {
+        if (value.empty())
+            continue;
+        least = std::min(least, value.front());
+        most = std::max(most, value.front());
+        sum += value.front();
+        ++count;
+    }
+    if (count > 0)
+        out << "quality " << measure << ' ' << least << ' ' << sum / double(count) << ' ' << most << '\n';
+    gmsh::view::remove(views.back());
+}
+
+int run_engine_program(int argc, char** argv, const std::function<bool(const std::string& job)>& run)
+{
+    die_with_parent();
+    std::setlocale(LC_ALL, "C");
+    // Progress must not wait until a buffer is full.
+    std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
+    // The CAD kernel praises its own work there; the engine tells what has gone wrong in its own lines.
+    std::cout.rdbuf(nullptr);
+    try {
+        gmsh::initialize(0, nullptr, false);
+        const bool understood = argc == 2 && run(argv[1]);
+        gmsh::finalize();
+        if (understood)
+            return 0;
+        std::fprintf(stderr, "usage: %s JOB\n", argv[0]);
+        return 2;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "Error   : %s\n", error.what());
+    } catch (const std::string& error) { // what older versions of the engine throw
+        std::fprintf(stderr, "Error   : %s\n", error.c_str());
+    } catch (...) {
+        std::fputs("Error   : the engine failed for an unknown reason\n", stderr);
+    }
+    return 1;
+}

@@ -1,0 +1,427 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+// Reads and writes files in a process of its own:  fennar-converter JOB
+//
+// JOB is a text file, one entry a line; paths have no blank and are relative to the folder it lies in. It
+// begins with one of
+//
+//     read solids          reads "input", a file with exact solids, and writes each solid to a file in the
+//     BREP
+//                          format, named "output" with 1, 2, ... and ".brep" behind it
+//     read mesh            reads "input", a file that the engine knows, and writes the mesh to "output" in
+//     the
+//                          MSH format, its counts and quality to "statistics", and to the file "surface"
+//                          "closed VOLUME" or "open", or nothing if it has no triangles
+//     read surface         the same, for an input of plain triangles
+//     write ENDING         writes the "solid" files, in the BREP format, or the "mesh", in the MSH format, to
+//                          "output" in the format that ENDING tells; "surface" means plain triangles, and
+//                          "size" is the greatest edge of triangles that are made, 0 if it does not matter
+//
+// Plain triangles are two counts, the points and the corners of the triangles, in the machine's own numbers:
+// 64 bits for counts, double precision for coordinates, 32 bits for corners.
+//
+// Output and exit status are as those of fennar-mesher.
+
+#include "workbench/components/geometry/programs/engine_program.h"
+#include "workbench/components/geometry/programs/is_written.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <fstream>
+#include <gmsh.h>
+#include <map>
+#include <set>
+#include <sstream>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace {
+
+namespace occ = gmsh::model::occ;
+
+struct Job
+{
+    std::string action;
+    std::string kind;
+    std::string folder;
+    std::string input;
+    std::string output;
+    std::string statistics;
+    std::string mesh;
+    std::vector<std::string> solids;
+    double size = 0;
+};
+
+struct Triangles
+{
+    std::vector<double> points;
+    std::vector<std::uint32_t> corners;
+};
+
+bool read_job(const std::string& path, Job& job)
+{
+    const std::size_t slash = path.rfind('/');
+    job.folder = slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
+    std::ifstream file(path);
+    if (!(file >> job.action >> job.kind))
+        return false;
+    const std::map<std::string, std::string*> files{
+        {"input", &job.input}, {"output", &job.output}, {"statistics", &job.statistics}, {"mesh", &job.mesh}};
+    std::string key;
+    while (file >> key) {
+        std::string word;
+        if (key == "size") {
+            file >> job.size;
+        } else if (file >> word; key == "solid") {
+            job.solids.push_back(job.folder + word);
+        } else if (const auto found = files.find(key); found != files.end()) {
+            *found->second = job.folder + word;
+        } else {
+            return false;
+        }
+        if (file.fail())
+            return false;
+    }
+    if (job.output.empty())
+        return false;
+    if (job.action == "read")
+        return !job.input.empty() &&
+               (job.kind == "solids" ||
+                ((job.kind == "mesh" || job.kind == "surface") && !job.statistics.empty()));
+    return job.action == "write" && job.mesh.empty() != job.solids.empty();
+}
+
+void check_written(const std::string& path)
+{
+    if (!is_written(path.c_str()))
+        throw Failure("a temporary file cannot be written; the disk may be full");
+}
+
+void write_checked(const std::string& path)
+{
+    stage("write");
+    gmsh::write(path);
+    check_written(path);
+}
+
+gmsh::vectorpair volumes()
+{
+    gmsh::vectorpair shapes;
+    occ::getEntities(shapes, 3);
+    return shapes;
+}
+
+/** Writes the volumes of a BREP file to a file each. Halving it again and again costs less than taking one by
+ * one. */
+void split(const std::string& file, std::size_t count, std::size_t first, const Job& job)
+{
+    if (count == 1) {
+        const std::string target = job.output + std::to_string(first) + ".brep";
+        if (std::rename(file.c_str(), target.c_str()) != 0)
+            throw Failure("a temporary file cannot be written");
+        return;
+    }
+    const std::size_t middle = count / 2;
+    for (const bool second : {false, true}) {
+        gmsh::model::add("part");
+        gmsh::vectorpair shapes;
+        occ::importShapes(file, shapes, true, "brep");
+        std::sort(shapes.begin(), shapes.end());
+        if (shapes.size() != count)
+            throw Failure("the solids cannot be told apart");
+        const auto border = shapes.begin() + static_cast<std::ptrdiff_t>(middle);
+        occ::remove(
+            second ? gmsh::vectorpair(shapes.begin(), border) : gmsh::vectorpair(border, shapes.end()), true);
+        occ::synchronize();
+        const std::string part = file + (second ? "b" : "a") + ".brep";
+        gmsh::write(part);
+        check_written(part);
+        gmsh::model::remove();
+        split(part, second ? count - middle : middle, second ? first + middle : first, job);
+    }
+    std::remove(file.c_str());
+}
+
+void read_solids(const Job& job)
+{
+    // The CAD kernel turns all lengths into millimetres unless it is told otherwise.
+    gmsh::model::add("input");
+    gmsh::vectorpair shapes;
+    stage("open");
+    occ::importShapes(job.input, shapes);
+    if (volumes().empty()) {
+        // Surfaces that are only said to belong together, as most IGES files have them.
+        gmsh::model::remove();
+        gmsh::model::add("sewn");
+        gmsh::option::setNumber("Geometry.OCCSewFaces", 1);
+        gmsh::option::setNumber("Geometry.OCCMakeSolids", 1);
+        occ::importShapes(job.input, shapes);
+        gmsh::option::setNumber("Geometry.OCCSewFaces", 0);
+        gmsh::option::setNumber("Geometry.OCCMakeSolids", 0);
+    }
+    const std::size_t count = volumes().size();
+    if (count == 0)
+        throw Failure("it holds no solid");
+    occ::synchronize();
+    const std::string all = job.folder + "all.brep";
+    gmsh::write(all);
+    check_written(all);
+    gmsh::model::remove();
+    split(all, count, 1, job);
+}
+
+/** The first three corners of each triangle, and two triangles for each quadrangle. */
+Triangles triangles()
+{
+    Triangles result;
+    std::unordered_map<std::size_t, std::uint32_t> numbers;
+    std::vector<std::size_t> used;
+    const auto add = [&](std::size_t node) {
+        const auto [found, is_new] = numbers.emplace(node, static_cast<std::uint32_t>(used.size()));
+        if (is_new)
+            used.push_back(node);
+        result.corners.push_back(found->second);
+    };
+    std::vector<int> types;
+    std::vector<std::vector<std::size_t>> tags;
+    std::vector<std::vector<std::size_t>> nodes;
+    gmsh::model::mesh::getElements(types, tags, nodes, 2);
+    for (std::size_t i = 0; i < types.size(); ++i) {
+        std::string name;
+        int dimension = 0;
+        int order = 0;
+        int node_count = 0;
+        int corners = 0;
+        std::vector<double> local;
+        gmsh::model::mesh::getElementProperties(types[i], name, dimension, order, node_count, local, corners);
+        for (std::size_t at = 0; at < nodes[i].size(); at += static_cast<std::size_t>(node_count)) {
+            for (int corner = 2; corner < corners; ++corner) {
+                add(nodes[i][at]);
+                add(nodes[i][at + static_cast<std::size_t>(corner) - 1]);
+                add(nodes[i][at + static_cast<std::size_t>(corner)]);
+            }
+        }
+    }
+    std::vector<std::size_t> all;
+    std::vector<double> coordinates;
+    std::vector<double> parameters;
+    gmsh::model::mesh::getNodes(all, coordinates, parameters);
+    result.points.resize(3 * used.size());
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (const auto found = numbers.find(all[i]); found != numbers.end())
+            std::copy_n(coordinates.begin() + static_cast<std::ptrdiff_t>(3 * i), 3,
+                        result.points.begin() + std::ptrdiff_t(3) * found->second);
+    }
+    return result;
+}
+
+/** Whether each edge belongs to two triangles, which run along it in opposite directions. */
+bool is_closed(const Triangles& surface)
+{
+    std::set<std::pair<std::uint32_t, std::uint32_t>> edges;
+    for (std::size_t i = 0; i < surface.corners.size(); i += 3) {
+        for (std::size_t j = 0; j < 3; ++j) {
+            if (!edges.emplace(surface.corners[i + j], surface.corners[i + (j + 1) % 3]).second)
+                return false;
+        }
+    }
+    return std::all_of(edges.begin(), edges.end(), [&edges](const auto& edge) {
+        return edges.count({edge.second, edge.first}) > 0;
+    });
+}
+
+double enclosed_volume(const Triangles& surface)
+{
+    double sum = 0;
+    const auto point = [&surface](std::uint32_t corner) {
+        return surface.points.data() + std::size_t(3) * corner;
+    };
+    for (std::size_t i = 0; i < surface.corners.size(); i += 3) {
+        const double* a = point(surface.corners[i]);
+        const double* b = point(surface.corners[i + 1]);
+        const double* c = point(surface.corners[i + 2]);
+        sum += a[0] * (b[1] * c[2] - b[2] * c[1]) + a[1] * (b[2] * c[0] - b[0] * c[2]) +
+               a[2] * (b[0] * c[1] - b[1] * c[0]);
+    }
+    return sum / 6;
+}
+
+template <typename Item>
+void read_items(std::istream& file, std::vector<Item>& items, std::uint64_t count)
+{
+    items.resize(count);
+    file.read(reinterpret_cast<char*>(items.data()), static_cast<std::streamsize>(count * sizeof(Item)));
+}
+
+void read_surface(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::vector<std::uint64_t> counts;
+    Triangles surface;
+    read_items(file, counts, 2);
+    read_items(file, surface.points, 3 * counts[0]);
+    read_items(file, surface.corners, 3 * counts[1]);
+    if (!file)
+        throw Failure("the triangles are damaged");
+    std::vector<std::size_t> nodes(counts[0]);
+    for (std::size_t i = 0; i < nodes.size(); ++i)
+        nodes[i] = i + 1;
+    std::vector<std::size_t> corners;
+    for (const std::uint32_t corner : surface.corners)
+        corners.push_back(corner + std::size_t(1));
+    const int entity = gmsh::model::addDiscreteEntity(2);
+    gmsh::model::mesh::addNodes(2, entity, nodes, surface.points);
+    gmsh::model::mesh::addElementsByType(entity, 2, {}, corners);
+}
+
+void write_surface(const Triangles& surface, const std::string& path)
+{
+    const std::uint64_t counts[] = {surface.points.size() / 3, surface.corners.size() / 3};
+    std::ofstream file(path, std::ios::binary);
+    const auto write = [&file](const auto* items, std::size_t count) {
+        file.write(reinterpret_cast<const char*>(items), static_cast<std::streamsize>(count * sizeof *items));
+    };
+    write(counts, 2);
+    write(surface.points.data(), surface.points.size());
+    write(surface.corners.data(), surface.corners.size());
+    file.close();
+    if (!file)
+        throw Failure("a temporary file cannot be written");
+}
+
+void read_mesh(const Job& job)
+{
+    gmsh::model::add("input");
+    stage("open");
+    if (job.kind == "surface")
+        read_surface(job.input);
+    else
+        gmsh::merge(job.input);
+    if (!has_elements(2) && !has_elements(3))
+        throw Failure("it holds no faces and no volumes");
+    stage("quality");
+    std::ofstream statistics(job.statistics);
+    statistics.precision(17);
+    write_counts(statistics);
+    if (has_elements(3)) {
+        write_quality(statistics, "ICN");
+        write_quality(statistics, "IGE");
+    }
+    statistics.close();
+    std::ofstream about_surface(job.folder + "surface");
+    about_surface.precision(17);
+    if (const Triangles surface = triangles(); !surface.corners.empty())
+        about_surface << (is_closed(surface) ? "closed " : "open ") << enclosed_volume(surface) << '\n';
+    about_surface.close();
+    if (!statistics || !about_surface)
+        throw Failure("a temporary file cannot be written");
+    write_checked(job.output);
+}
+
+/** Puts triangles on the faces of the solids. */
+void triangulate(double size)
+{
+    gmsh::option::setNumber("Mesh.MeshSizeFromCurvature", 24);
+    if (size > 0)
+        gmsh::option::setNumber("Mesh.MeshSizeMax", size);
+    for (const auto& volume : volumes())
+        gmsh::model::mesh::setOutwardOrientation(volume.second);
+    stage("1D");
+    gmsh::model::mesh::generate(1);
+    stage("2D");
+    gmsh::model::mesh::generate(2);
+    gmsh::vectorpair faces;
+    gmsh::model::getEntities(faces, 2);
+    for (const auto& face : faces) {
+        if (!has_elements(2, face.second))
+            throw Failure("a face could not be covered with triangles");
+    }
+}
+
+/** The number of nodes, and of the elements of dimension 2 and 3, of the current mesh. */
+std::array<std::size_t, 3> mesh_size()
+{
+    std::vector<std::size_t> nodes;
+    std::vector<double> coordinates;
+    std::vector<double> parameters;
+    gmsh::model::mesh::getNodes(nodes, coordinates, parameters);
+    std::array<std::size_t, 3> result{nodes.size(), 0, 0};
+    for (const int dimension : {2, 3}) {
+        std::vector<int> types;
+        std::vector<std::vector<std::size_t>> tags;
+        std::vector<std::vector<std::size_t>> element_nodes;
+        gmsh::model::mesh::getElements(types, tags, element_nodes, dimension);
+        for (const auto& some : tags)
+            result[static_cast<std::size_t>(dimension) - 1] += some.size();
+    }
+    return result;
+}
+
+/** Reads a mesh that was written just now: the engine goes on behind a piece that it could not write. */
+void check_mesh(const std::string& path)
+{
+    const auto written = mesh_size();
+    gmsh::model::add("check");
+    gmsh::merge(path);
+    if (mesh_size() != written)
+        throw Failure("a temporary file cannot be written; the disk may be full");
+}
+
+void write_file(const Job& job)
+{
+    gmsh::model::add("output");
+    stage("read");
+    const bool triangles_only = job.kind == "stl" || job.kind == "surface";
+    if (!job.mesh.empty()) {
+        gmsh::merge(job.mesh);
+        if (triangles_only && !has_elements(2))
+            throw Failure("the mesh has no faces");
+    } else {
+        for (const std::string& solid : job.solids) {
+            gmsh::vectorpair shapes;
+            occ::importShapes(solid, shapes, true, "brep");
+        }
+        occ::synchronize();
+        if (volumes().empty())
+            throw Failure("there is no solid");
+        if (triangles_only)
+            triangulate(job.size);
+    }
+    if (job.kind == "surface") {
+        stage("write");
+        write_surface(triangles(), job.output);
+    } else {
+        // As text: version 4.13 of the engine does not read the binary files of this format that it writes.
+        if (job.kind == "vtk")
+            gmsh::option::setNumber("Mesh.Binary", 0);
+        write_checked(job.output);
+        if (job.kind == "vtk" || job.kind == "msh")
+            check_mesh(job.output);
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    return run_engine_program(argc, argv, [](const std::string& path) {
+        Job job;
+        if (!read_job(path, job))
+            return false;
+        // All elements, not only those of a physical group.
+        gmsh::option::setNumber("Mesh.SaveAll", 1);
+        gmsh::option::setNumber("Mesh.Binary", 1);
+        if (job.action == "write")
+            write_file(job);
+        else if (job.kind == "solids")
+            read_solids(job);
+        else
+            read_mesh(job);
+        return true;
+    });
+}

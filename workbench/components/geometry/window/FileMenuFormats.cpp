@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/components/geometry/window/FileMenuFormats.h"
+
+#include "files/ImportExportHandler.h"
+#include "files/OstrelFileMenu.h"
+#include "frame/Ostrel.h"
+#include "workbench/components/geometry/commands/file_commands.h"
+#include "workbench/components/geometry/exchange/Format.h"
+#include "workbench/sdk/core/commands/CommandSink.h"
+#include "workbench/sdk/core/files/FormatRegistry.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto owner = "geometry";
+
+} // namespace
+
+class FileMenuFormats::Importer : public ImportExportHandler
+{
+public:
+    Importer(FileMenuFormats& formats, const Format& format)
+        : ImportExportHandler(QString::fromLatin1(owner)), mFormats(formats), mFormat(format.name)
+    {
+        mFilters = format.filter();
+    }
+
+    void execute(const QString& file, const QString&) override
+    {
+        mFormats.mChosen.append({QFileInfo(file).absoluteFilePath(), mFormat});
+        // The command may let components come and go, and this object with them.
+        send_command(import_command(file, mFormat));
+    }
+
+private:
+    FileMenuFormats& mFormats;
+    QString mFormat;
+};
+
+class FileMenuFormats::Exporter : public ImportExportHandler
+{
+public:
+    Exporter(SaveQuestion& question, const Format& format)
+        : ImportExportHandler(QString::fromLatin1(owner)), mQuestion(question), mFormat(format.name)
+    {
+        mFilters = format.filter();
+    }
+
+    void execute(const QString& file, const QString&) override
+    {
+        // This object may go while the question is open.
+        const QString command = export_command(file, mFormat);
+        if (mQuestion.may_write(Ostrel::instance(), file))
+            send_command(command);
+    }
+
+private:
+    SaveQuestion& mQuestion;
+    QString mFormat;
+};
+
+FileMenuFormats::FileMenuFormats(OstrelFileMenu* menu) : mMenu(menu)
+{
+    build();
+    connect(&FormatRegistry::instance(), &FormatRegistry::changed, this, &FileMenuFormats::build);
+}
+
+FileMenuFormats::~FileMenuFormats()
+{
+    clear();
+}
+
+void FileMenuFormats::build()
+{
+    clear();
+    for (const Format& format : formats()) {
+        if (format.reads) {
+            auto handler = std::make_unique<Importer>(*this, format);
+            if (mMenu->add_import(handler.get()))
+                mHandlers.push_back(std::move(handler));
+        }
+        if (format.writes) {
+            auto handler = std::make_unique<Exporter>(mQuestion, format);
+            if (mMenu->add_export(handler.get()))
+                mHandlers.push_back(std::move(handler));
+        }
+    }
+}
+
+void FileMenuFormats::clear()
+{
+    mMenu->remove_component_items(owner);
+    mHandlers.clear();
+}
+
+void FileMenuFormats::imported(const QString& file, bool done)
+{
+    const auto chosen = std::find_if(mChosen.cbegin(), mChosen.cend(),
+                                     [&file](const Chosen& candidate) { return candidate.file == file; });
+    if (chosen == mChosen.cend())
+        return;
+    const QString format = chosen->format;
+    mChosen.erase(chosen);
+    if (done)
+        mMenu->recent_import(recent_import_command(file, format));
+}

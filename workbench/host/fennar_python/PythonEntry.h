@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/host/fennar_python/PythonOutput.h"
+#include "workbench/host/fennar_python/PythonTicker.h"
+
+#include <pybind11/pybind11.h>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <thread>
+
+/** What the parts of this library share about the running Python. */
+struct PythonState
+{
+    static PythonState& get();
+
+    /** Whether the calling thread is the one that started Python, or is to. */
+    bool on_gui_thread() const { return std::this_thread::get_id() == guiThread; }
+
+    std::atomic<bool> running = false;
+    /** Python was started once: it cannot be again. */
+    bool spent = false;
+    /** Starts Python when it is first needed; null if nobody has asked for that, or it has been tried. */
+    std::function<void()> waiting;
+    /** stop() was called by code that Python runs. */
+    bool stopWhenIdle = false;
+    std::thread::id guiThread;
+    /** Python's name for that thread. */
+    unsigned long guiThreadIdent = 0;
+    /** How many entries are nested; touched with Python's lock held. */
+    int depth = 0;
+    /** This is a process that Python code has forked off, and an exception has ended that code. */
+    bool childFailed = false;
+    /** An exception is being shown: no turns and no interrupts; touched with Python's lock held. */
+    bool reporting = false;
+    PythonOutput output;
+    std::optional<PythonTicker> ticker;
+    /** The names of support.py; owned. */
+    PyObject* support = nullptr;
+};
+
+/** While it lives, the GUI thread holds Python's lock and may use Python. Python objects go before it. */
+class PythonEntry
+{
+public:
+    PythonEntry();
+    ~PythonEntry();
+    PythonEntry(const PythonEntry&) = delete;
+    PythonEntry& operator=(const PythonEntry&) = delete;
+
+private:
+    PyGILState_STATE mLock;
+};
+
+/**
+ * Calls @p function without Python's lock. Takes it again in plain sight instead of in a destructor: a thread
+ * that Python ends at this point is unwound, which a destructor would turn into the end of the process.
+ */
+template <typename Function>
+void without_python_lock(Function&& function)
+{
+    PyThreadState* const thread = PyEval_SaveThread();
+    try {
+        function();
+    } catch (...) {
+        PyEval_RestoreThread(thread);
+        throw;
+    }
+    PyEval_RestoreThread(thread);
+}

@@ -1,0 +1,369 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/host/fennar_python/PythonRuntime.h"
+
+#include "workbench/host/fennar_python/PythonEntry.h"
+#include "workbench/host/fennar_python/fennar_module.h"
+#include "workbench/host/fennar_python/run_python.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <chrono>
+#include <csignal>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace py = pybind11;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+/** PyConfig frees its strings only when asked to. */
+class Configuration
+{
+public:
+    Configuration()
+    {
+        PyConfig_InitIsolatedConfig(&mConfig);
+        mConfig.install_signal_handlers = 0;
+    }
+    ~Configuration() { PyConfig_Clear(&mConfig); }
+    Configuration(const Configuration&) = delete;
+    Configuration& operator=(const Configuration&) = delete;
+
+    PyStatus set(wchar_t* PyConfig::*field, const QString& value)
+    {
+        return PyConfig_SetString(&mConfig, &(mConfig.*field), value.toStdWString().c_str());
+    }
+    PyStatus initialize() const { return Py_InitializeFromConfig(&mConfig); }
+
+private:
+    PyConfig mConfig;
+};
+
+PyStatus initialize(const QString& home)
+{
+    PyPreConfig early;
+    PyPreConfig_InitIsolatedConfig(&early);
+    early.configure_locale = 0; // the locale is the application's
+    early.utf8_mode = 1;        // file names are UTF-8 in any locale
+    PyStatus status = Py_PreInitialize(&early);
+    if (PyStatus_Exception(status))
+        return status;
+
+    // Given both, Python does not look along PATH for itself.
+    Configuration configuration;
+    status = configuration.set(&PyConfig::home, home);
+    if (!PyStatus_Exception(status))
+        status = configuration.set(&PyConfig::executable, QStringLiteral(FENNAR_PYTHON_EXECUTABLE));
+    if (!PyStatus_Exception(status))
+        status = configuration.set(&PyConfig::program_name, QStringLiteral(FENNAR_PYTHON_EXECUTABLE));
+    return PyStatus_Exception(status) ? status : configuration.initialize();
+}
+
+/** Python would do this along with its signal handlers; its libraries rely on it. */
+void ignore_broken_pipes()
+{
+    struct sigaction current = {};
+    if (sigaction(SIGPIPE, nullptr, &current) == 0 && current.sa_handler == SIG_DFL)
+        std::signal(SIGPIPE, SIG_IGN);
+}
+
+py::ssize_t write(PythonOutput::Stream stream, const py::object& object)
+{
+    if (!py::isinstance<py::str>(object)) {
+        throw py::type_error("write() argument must be str, not " +
+                             std::string(Py_TYPE(object.ptr())->tp_name));
+    }
+    PythonState& state = PythonState::get();
+    const QString text = to_qstring(py::reinterpret_borrow<py::str>(object));
+    if (text.isEmpty())
+        return 0;
+    if (state.on_gui_thread()) {
+        without_python_lock([&] { state.output.show(stream, text); });
+    } else if (state.output.enqueue(stream, text)) {
+        without_python_lock([&] {
+            const auto hooks = state.output.hooks();
+            if (hooks && hooks->wake)
+                hooks->wake();
+        });
+    }
+    return PyUnicode_GET_LENGTH(object.ptr());
+}
+
+/** Runs support.py, which puts the streams in place. */
+void install_support()
+{
+    QFile file(u":/fennar_python/support.py"_s);
+    if (!file.open(QIODevice::ReadOnly))
+        throw std::runtime_error("support.py is missing from the library");
+    py::dict names;
+    names["__builtins__"] = py::module_::import("builtins");
+    names["__name__"] = "fennar_support";
+    names["__file__"] = "<fennar>";
+    names["executable"] = FENNAR_PYTHON_EXECUTABLE;
+    names["write_output"] = py::cpp_function(
+        [](const py::object& text) { return write(PythonOutput::Stream::Output, text); }, py::name("write"));
+    names["write_error"] = py::cpp_function(
+        [](const py::object& text) { return write(PythonOutput::Stream::Error, text); }, py::name("write"));
+    names["become_child"] = py::cpp_function([] { PythonState::get().output.become_child(); });
+    const py::object code = py::module_::import("builtins")
+                                .attr("compile")(file.readAll().toStdString(), names["__file__"], "exec");
+    const auto result =
+        py::reinterpret_steal<py::object>(PyEval_EvalCode(code.ptr(), names.ptr(), names.ptr()));
+    if (!result)
+        throw py::error_already_set();
+    PythonState::get().support = names.release().ptr();
+}
+
+int take_turn(void*)
+{
+    PythonState& state = PythonState::get();
+    if (state.depth > 0 && !state.reporting && state.on_gui_thread()) {
+        try {
+            without_python_lock([&] {
+                const auto hooks = state.output.hooks();
+                if (hooks && hooks->turn)
+                    hooks->turn();
+            });
+        } catch (const std::exception& error) {
+            PyErr_SetString(PyExc_RuntimeError, error.what());
+            return -1;
+        } catch (...) {
+            PyErr_SetString(PyExc_RuntimeError, "unknown error of the application");
+            return -1;
+        }
+    }
+    return 0;
+}
+
+/** Ends Python's other threads as far as they listen within @p grace. Called and left with Python's lock
+ * held. */
+bool end_other_threads(std::chrono::milliseconds grace)
+{
+    const auto next_other = [own = PyThreadState_Get()](PyThreadState* thread) {
+        return thread == own ? PyThreadState_Next(thread) : thread;
+    };
+    const auto first = [&] { return next_other(PyInterpreterState_ThreadHead(PyInterpreterState_Get())); };
+
+    for (PyThreadState* thread = first(); thread; thread = next_other(PyThreadState_Next(thread)))
+        PyThreadState_SetAsyncExc(thread->thread_id, PyExc_SystemExit);
+    const auto end = std::chrono::steady_clock::now() + grace;
+    while (first() && std::chrono::steady_clock::now() < end)
+        without_python_lock([] { std::this_thread::sleep_for(1ms); });
+    return !first();
+}
+
+} // namespace
+
+bool PythonRuntime::start(PythonHooks hooks, const QString& home)
+{
+    PythonState& state = PythonState::get();
+    const auto fail = [&hooks](const QString& reason) {
+        if (hooks.error_output)
+            hooks.error_output(u"Python cannot be started: %1.\n"_s.arg(reason));
+        return false;
+    };
+
+    state.waiting = nullptr;
+    if (state.running)
+        return fail(u"it runs already"_s);
+    if (state.spent)
+        return fail(u"it has been stopped, and a process can start it only once"_s);
+    const QString installation = home.isEmpty() ? QStringLiteral(FENNAR_PYTHON_PREFIX) : home;
+    const QString library =
+        u"%1/lib/python%2.%3"_s.arg(installation).arg(PY_MAJOR_VERSION).arg(PY_MINOR_VERSION);
+    if (!QFileInfo::exists(library + u"/os.py"_s))
+        return fail(u"its standard library is not in \"%1\""_s.arg(library));
+
+    state.spent = true;
+    const PyStatus status = initialize(installation);
+    if (PyStatus_Exception(status))
+        return fail(QString::fromUtf8(status.err_msg ? status.err_msg : "unknown reason"));
+    ignore_broken_pipes();
+
+    state.guiThread = std::this_thread::get_id();
+    state.guiThreadIdent = PyThread_get_thread_ident();
+    try {
+        install_support();
+        framework_namespace().open();
+        user_namespace().open();
+        const auto fennar = py::module_::import("fennar");
+        if (hooks.extend)
+            hooks.extend(fennar.ptr());
+        py::handle(user_namespace().dictionary())["fennar"] = fennar;
+    } catch (const std::exception& error) {
+        // What was begun stays as it is, out of reach: taking it down is not safer than leaving it.
+        return fail(QString::fromUtf8(error.what()));
+    }
+    const bool ticking = hooks.turn != nullptr;
+    state.output.open(std::make_shared<const PythonHooks>(std::move(hooks)));
+    if (ticking)
+        state.ticker.emplace(&take_turn);
+    state.running = true;
+    PyEval_SaveThread();
+    return true;
+}
+
+void PythonRuntime::start_when_needed(PythonHooks hooks, const QString& home)
+{
+    PythonState& state = PythonState::get();
+    if (state.spent)
+        return;
+    // Whatever else the process writes to a pipe must not depend on whether Python was needed.
+    ignore_broken_pipes();
+    state.guiThread = std::this_thread::get_id();
+    state.waiting = [hooks = std::move(hooks), home] { start(hooks, home); };
+}
+
+bool PythonRuntime::is_ready()
+{
+    PythonState& state = PythonState::get();
+    if (!state.running && state.on_gui_thread()) {
+        if (const std::function<void()> start = std::exchange(state.waiting, nullptr))
+            start();
+    }
+    return state.running;
+}
+
+void PythonRuntime::stop(std::chrono::milliseconds grace)
+{
+    PythonState& state = PythonState::get();
+    state.waiting = nullptr;
+    if (!state.running && !state.stopWhenIdle)
+        return;
+    const PyGILState_STATE lock = PyGILState_Ensure();
+    if (state.depth > 0) {
+        state.running = false;
+        state.stopWhenIdle = true;
+        state.output.close();
+        PyThreadState_SetAsyncExc(state.guiThreadIdent, PyExc_SystemExit);
+        PyGILState_Release(lock);
+        return;
+    }
+    // From here on the lock is kept for good: either Python ends, or its threads stand still.
+    state.running = false;
+    state.stopWhenIdle = false;
+    without_python_lock([&] { state.ticker.reset(); });
+
+    const bool alone = end_other_threads(grace);
+    if (!alone) {
+        try {
+            py::module_::import("atexit").attr("_run_exitfuncs")();
+        } catch (py::error_already_set& error) {
+            report(error);
+        }
+    }
+    without_python_lock([&] { state.output.deliver(); });
+    framework_namespace().close();
+    user_namespace().close();
+    if (alone) {
+        release_fennar_module();
+        Py_CLEAR(state.support);
+        Py_FinalizeEx();
+    }
+    state.output.deliver();
+    state.output.close();
+}
+
+bool PythonRuntime::running()
+{
+    return PythonState::get().running;
+}
+
+bool PythonRuntime::in_application()
+{
+    return !PythonState::get().output.is_child();
+}
+
+void PythonRuntime::require_gui_thread(const char* function)
+{
+    if (!PythonState::get().on_gui_thread()) {
+        throw std::runtime_error(std::string(function) +
+                                 " can only be called in the main thread of the application");
+    }
+    if (!in_application()) {
+        throw std::runtime_error(std::string(function) +
+                                 " cannot be called in another process than the application's");
+    }
+}
+
+void PythonRuntime::deliver_output()
+{
+    PythonState::get().output.deliver();
+}
+
+bool PythonRuntime::request_interrupt()
+{
+    PythonState& state = PythonState::get();
+    if (!state.running)
+        return false;
+    const PyGILState_STATE lock = PyGILState_Ensure();
+    const bool busy = state.depth > 0 && !state.reporting;
+    if (busy)
+        PyThreadState_SetAsyncExc(state.guiThreadIdent, PyExc_KeyboardInterrupt);
+    PyGILState_Release(lock);
+    return busy;
+}
+
+bool PythonRuntime::run_file(const QString& path, const QString& source, bool piece)
+{
+    if (!is_ready())
+        return false;
+    const PythonEntry entry;
+    try {
+        const py::str file = to_python(path);
+        py::str text = to_python(source.startsWith(QChar::ByteOrderMark) ? source.mid(1) : source);
+        py::handle support(PythonState::get().support);
+        if (piece)
+            text = support["without_indentation"](file, text);
+        support["remember_source"](file, text);
+        py::dict names = py::reinterpret_borrow<py::dict>(user_namespace().dictionary());
+        names["__file__"] = file;
+        const bool done = run_source(names.ptr(), text, file);
+        names.attr("pop")("__file__", py::none());
+        return done;
+    } catch (py::error_already_set& error) {
+        report(error);
+        return false;
+    }
+}
+
+int PythonRuntime::line_reached(const QString& path)
+{
+    if (path.isEmpty() || !running())
+        return 0;
+    const PyGILState_STATE lock = PyGILState_Ensure();
+    int line = 0;
+    {
+        const py::str wanted = to_python(path);
+        auto frame = py::reinterpret_steal<py::object>(
+            reinterpret_cast<PyObject*>(PyThreadState_GetFrame(PyThreadState_Get())));
+        while (frame) {
+            auto* const here = reinterpret_cast<PyFrameObject*>(frame.ptr());
+            const auto code =
+                py::reinterpret_steal<py::object>(reinterpret_cast<PyObject*>(PyFrame_GetCode(here)));
+            if (py::object(code.attr("co_filename")).equal(wanted))
+                line = PyFrame_GetLineNumber(here);
+            frame = py::reinterpret_steal<py::object>(reinterpret_cast<PyObject*>(PyFrame_GetBack(here)));
+        }
+    }
+    PyGILState_Release(lock);
+    return line;
+}
+
+PythonNamespace& PythonRuntime::framework_namespace()
+{
+    static PythonNamespace names("__framework__");
+    return names;
+}
+
+PythonNamespace& PythonRuntime::user_namespace()
+{
+    static PythonNamespace names("__main__");
+    return names;
+}

@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/host/fennar_python/run_python.h"
+
+#include "workbench/host/fennar_python/PythonEntry.h"
+
+#include <QChar>
+#include <QScopedValueRollback>
+
+namespace py = pybind11;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void replace_lone_surrogates(QString& text)
+{
+    if (text.isValidUtf16())
+        return;
+    const qsizetype size = text.size();
+    for (qsizetype i = 0; i < size; ++i) {
+        if (!text.at(i).isSurrogate())
+            continue;
+        if (text.at(i).isHighSurrogate() && i + 1 < size && text.at(i + 1).isLowSurrogate())
+            ++i;
+        else
+            text[i] = QChar::ReplacementCharacter;
+    }
+}
+
+/** The last resort where Python itself cannot show an exception. */
+void report_unshown(const py::error_already_set& error)
+{
+    const auto* const type = reinterpret_cast<const PyTypeObject*>(error.type().ptr());
+    const QString text =
+        u"An exception of type %1 cannot be shown.\n"_s.arg(QString::fromUtf8(type->tp_name));
+    without_python_lock([&] { PythonState::get().output.show(PythonOutput::Stream::Error, text); });
+}
+
+} // namespace
+
+QString to_qstring(const py::str& text)
+{
+    PyObject* const object = text.ptr();
+    const qsizetype length = PyUnicode_GET_LENGTH(object);
+    const void* const data = PyUnicode_DATA(object);
+    QString result;
+    switch (PyUnicode_KIND(object)) {
+    case PyUnicode_1BYTE_KIND:
+        return QString::fromLatin1(static_cast<const char*>(data), length);
+    case PyUnicode_2BYTE_KIND:
+        result = QString(static_cast<const QChar*>(data), length);
+        break;
+    default:
+        result = QString::fromUcs4(static_cast<const char32_t*>(data), length);
+        break;
+    }
+    replace_lone_surrogates(result);
+    return result;
+}
+
+py::str to_python(const QString& text)
+{
+    int order = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? -1 : 1;
+    PyObject* const result = PyUnicode_DecodeUTF16(reinterpret_cast<const char*>(text.utf16()),
+                                                   text.size() * 2, "surrogatepass", &order);
+    if (!result)
+        throw py::error_already_set();
+    return py::reinterpret_steal<py::str>(result);
+}
+
+bool run_source(PyObject* names, const py::str& source, const py::str& file)
+{
+    py::object code;
+    try {
+        code = py::module_::import("builtins").attr("compile")(source, file, "exec", 0, true);
+    } catch (py::error_already_set& error) {
+        report(error, false);
+        return false;
+    }
+    return run_code(names, code);
+}
+
+bool run_code(PyObject* names, const py::object& code)
+{
+    try {
+        const auto result = py::reinterpret_steal<py::object>(PyEval_EvalCode(code.ptr(), names, names));
+        if (!result)
+            throw py::error_already_set();
+        return true;
+    } catch (py::error_already_set& error) {
+        report(error);
+        return false;
+    }
+}
+
+void report(py::error_already_set& error, bool withTrace)
+{
+    PythonState& state = PythonState::get();
+    state.childFailed = state.output.is_child();
+    const QScopedValueRollback rollback(state.reporting);
+    try {
+        // A hook of the user is code as any other. Our own is short, and an interrupt would cost the message.
+        const py::module_ sys = py::module_::import("sys");
+        state.reporting = sys.attr("excepthook").is(sys.attr("__excepthook__"));
+        if (state.reporting)
+            PyThreadState_SetAsyncExc(state.guiThreadIdent, nullptr);
+        const py::object trace = withTrace && error.trace() ? error.trace() : py::none();
+        py::handle(state.support)["report"](error.value(), trace);
+    } catch (const py::error_already_set&) {
+        report_unshown(error);
+    }
+}

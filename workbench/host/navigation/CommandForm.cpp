@@ -1,0 +1,513 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/host/navigation/CommandForm.h"
+
+#include "workbench/host/navigation/FormField.h"
+#include "workbench/host/navigation/FormServices.h"
+#include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/CommandSink.h"
+#include "workbench/sdk/core/commands/tokenize.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QFontDatabase>
+#include <QFormLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QLabel* new_label(const QString& name, QWidget* parent)
+{
+    auto* label = new QLabel(parent);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    // One long word must not push the form out of a narrow dock.
+    label->setMinimumWidth(1);
+    return label;
+}
+
+/** What the line starts with. A blank follows a command that can go on, so that the user just types. */
+QString first_line(const QString& command, const QString& usage)
+{
+    const bool goes_on = usage.size() > command.size() && usage.startsWith(command);
+    return goes_on ? command + u' ' : command;
+}
+
+void set_text_or_hide(QLabel* label, const QString& text)
+{
+    label->setText(text);
+    label->setVisible(!text.isEmpty());
+}
+
+/** A label or tip of a description in the user's language. */
+QString translated(const char* text)
+{
+    return text ? QCoreApplication::translate("CommandParameter", text) : QString();
+}
+
+/** The words of a line, its variables as they are written. */
+QStringList split(const QString& line)
+{
+    const CommandWords found =
+        tokenize(line, [](QStringView name) { return std::optional(u"${"_s + name.toString() + u'}'); });
+    QStringList words;
+    for (const CommandWord& word : found.words)
+        words << word.text;
+    return found.error ? QStringList() : words;
+}
+
+} // namespace
+
+bool CommandForm::Row::is_given() const
+{
+    return check ? check->isChecked() : std::any_of(fields.begin(), fields.end(), [](const FormField* field) {
+        return !field->words().isEmpty();
+    });
+}
+
+CommandForm::CommandForm(QWidget* parent)
+    : QWidget(parent),
+      mTitle(new_label(u"commandTitle"_s, this)),
+      mTip(new_label(u"commandTip"_s, this)),
+      mUsage(new_label(u"commandUsage"_s, this)),
+      mWays(new QComboBox(this)),
+      mMessage(new_label(u"commandMessage"_s, this)),
+      mLine(new QLineEdit(this)),
+      mEdit(new QCheckBox(tr("Edit the line"), this)),
+      mApply(new QPushButton(tr("Apply"), this))
+{
+    setObjectName(u"commandForm"_s);
+    mWays->setObjectName(u"commandWays"_s);
+    mWays->setAccessibleName(tr("Way to use the command"));
+    mWays->setMinimumContentsLength(4);
+    mWays->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    mLine->setObjectName(u"commandLine"_s);
+    mLine->setAccessibleName(tr("Command line"));
+    mLine->setMinimumWidth(1);
+    // A line that is cut off would be another command.
+    mLine->setMaxLength(std::numeric_limits<int>::max());
+    mEdit->setObjectName(u"editLine"_s);
+    mEdit->setToolTip(tr("Write the command line yourself"));
+    mApply->setObjectName(u"applyButton"_s);
+    mApply->setToolTip(tr("Run the command line"));
+    mApply->setAutoDefault(false);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (QWidget* widget :
+         {static_cast<QWidget*>(mTitle), static_cast<QWidget*>(mTip), static_cast<QWidget*>(mUsage),
+          static_cast<QWidget*>(mWays), static_cast<QWidget*>(mMessage), static_cast<QWidget*>(mLine)})
+        layout->addWidget(widget);
+    auto* bottom = new QHBoxLayout;
+    bottom->addWidget(mEdit);
+    bottom->addStretch();
+    bottom->addWidget(mApply);
+    layout->addLayout(bottom);
+
+    connect(mLine, &QLineEdit::textChanged, this, [this] {
+        if (!is_described())
+            update_line();
+    });
+    connect(mWays, &QComboBox::activated, this, [this](int way) {
+        show_way(way);
+        update_line();
+        emit controls_changed();
+    });
+    connect(mEdit, &QCheckBox::toggled, this, &CommandForm::set_editing);
+    connect(mApply, &QPushButton::clicked, this, &CommandForm::apply);
+    // Any number of changes in one turn are one for the form.
+    mRefresh.setSingleShot(true);
+    connect(&mRefresh, &QTimer::timeout, this, &CommandForm::refresh);
+    if (const CommandRegistry* registry = form_services().registry)
+        connect(&registry->entities(), &CommandEntities::changed, this, &CommandForm::note_change);
+    update_line();
+    hide();
+}
+
+CommandForm::~CommandForm() = default;
+
+void CommandForm::set_fonts()
+{
+    QFont bold = mTitle->font();
+    bold.setBold(true);
+    mTitle->setFont(bold);
+    const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    mUsage->setFont(fixed);
+    mLine->setFont(fixed);
+}
+
+const CommandSyntax& CommandForm::form() const
+{
+    return mCommand->forms[mWay];
+}
+
+void CommandForm::set_entry(const QModelIndex& entry)
+{
+    const QString title = entry.data(Qt::DisplayRole).toString();
+    const QString tip = entry.data(NavigationRole::Tip).toString();
+    const QString usage = entry.data(NavigationRole::Usage).toString();
+    const QString line = entry.data(NavigationRole::Command).toString();
+    // Finding fonts takes time, which the start of the program, where no form is shown, does not have.
+    if (entry.isValid() && !std::exchange(mHasFonts, true))
+        set_fonts();
+    mTitle->setText(title);
+    set_text_or_hide(mTip, tip);
+    mApply->setAccessibleName(tr("Apply %1").arg(title));
+    if (mEntry != entry || mEntryLine != line || mEntryUsage != usage) {
+        mEntry = entry;
+        mEntryLine = line;
+        mEntryUsage = usage;
+        start(line, usage);
+    }
+    setVisible(entry.isValid());
+}
+
+/** Shows the command of @p line, with fields if it is described in a way that @p line fits. */
+void CommandForm::start(const QString& line, const QString& usage)
+{
+    mCommand.reset();
+    mEditing = false;
+    {
+        const QSignalBlocker blocker(mEdit);
+        mEdit->setChecked(false);
+    }
+    const CommandRegistry* registry = form_services().registry;
+    const QString name = split(line).value(0);
+    mRegistered = registry ? registry->find(name) : nullptr;
+    if (mRegistered && !mRegistered->forms.isEmpty())
+        mCommand = mRegistered;
+    mWays->clear();
+    if (mCommand) {
+        for (const CommandSyntax& way : mCommand->forms)
+            mWays->addItem(translated(way.title));
+        if (!read_line(line))
+            mCommand.reset();
+    }
+    if (!mCommand)
+        show_way(-1);
+    mWays->setVisible(mCommand && mCommand->forms.size() > 1);
+    mEdit->setVisible(mCommand != nullptr);
+    set_line_read_only(mCommand != nullptr);
+    set_text_or_hide(mUsage, mCommand ? QString() : usage);
+    mLine->setAccessibleDescription(mCommand ? mCommand->usage : usage);
+    mLine->setToolTip(mCommand ? mCommand->usage : QString());
+    if (!mCommand)
+        mLine->setText(first_line(line, usage));
+    update_line();
+    emit controls_changed();
+}
+
+/** Puts what @p line holds into the fields; false if it is no line of this command. */
+bool CommandForm::read_line(const QString& line)
+{
+    QStringList words = split(line);
+    if (words.value(0) != mCommand->name)
+        return false;
+    words.removeFirst();
+    for (int way = 0; way < mCommand->forms.size(); ++way) {
+        if (const auto values = read_values(mCommand->forms[way], words)) {
+            show_way(way);
+            fill(*values);
+            return true;
+        }
+    }
+    return false;
+}
+
+/** Makes the fields of one way to write the command; none if @p way is negative. */
+void CommandForm::show_way(int way)
+{
+    // A field may be what has led here, by the key that applies the line.
+    if (mFields) {
+        mFields->hide();
+        mFields->setParent(nullptr);
+        mFields->deleteLater();
+    }
+    mFields = nullptr;
+    mRows.clear();
+    mWay = std::max(0, way);
+    if (way < 0)
+        return;
+    mWays->setCurrentIndex(way);
+    mFields = new QWidget(this);
+    auto* fields = new QFormLayout(mFields);
+    fields->setContentsMargins(0, 0, 0, 0);
+    fields->setRowWrapPolicy(QFormLayout::WrapLongRows);
+    fields->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    for (const CommandClause& clause : form().clauses)
+        add_clause(clause, fields);
+    auto* all = static_cast<QVBoxLayout*>(layout());
+    all->insertWidget(all->indexOf(mMessage), mFields);
+    mFields->setVisible(fields->rowCount() > 0);
+}
+
+void CommandForm::add_clause(const CommandClause& clause, QFormLayout* layout)
+{
+    mRows.append(Row());
+    const auto add_row = [&](const QString& label, QWidget* field) {
+        layout->addRow((clause.optional ? tr("%1 (optional):") : tr("%1:")).arg(label), field);
+    };
+    if (clause.parameters.isEmpty()) {
+        const QString label = clause.label ? translated(clause.label) : clause.keyword;
+        auto* check = new QCheckBox(label, mFields);
+        check->setObjectName(u"value"_s + clause.keyword);
+        check->setToolTip(translated(clause.tip));
+        // Without it the line would be another one.
+        check->setChecked(!clause.optional);
+        check->setVisible(clause.optional);
+        connect(check, &QCheckBox::toggled, this, &CommandForm::update_line);
+        mRows.last().check = check;
+        if (clause.optional)
+            layout->addRow(check);
+    } else if (clause.label && clause.parameters.size() > 1) {
+        auto* together = new QWidget(mFields);
+        auto* beside = new QHBoxLayout(together);
+        beside->setContentsMargins(0, 0, 0, 0);
+        beside->setSpacing(3);
+        for (const CommandParameter& parameter : clause.parameters) {
+            auto* name = new QLabel(translated(parameter.label), together);
+            beside->addWidget(name);
+            CommandParameter unitless = parameter; // one unit behind the last is enough
+            unitless.unit.clear();
+            QWidget* field = add_field(unitless, clause.optional, clause, together);
+            name->setBuddy(field->focusProxy());
+            beside->addWidget(field, 1);
+        }
+        if (const QString& unit = clause.parameters.last().unit; !unit.isEmpty())
+            beside->addWidget(new QLabel(unit, together));
+        together->setFocusProxy(mRows.last().fields.first());
+        add_row(translated(clause.label), together);
+    } else {
+        for (const CommandParameter& parameter : clause.parameters)
+            add_row(translated(parameter.label), add_field(parameter, clause.optional, clause, mFields));
+    }
+}
+
+QWidget* CommandForm::add_field(const CommandParameter& parameter, bool optional, const CommandClause& clause,
+                                QWidget* parent)
+{
+    CommandParameter described = parameter;
+    if (!described.tip)
+        described.tip = clause.tip;
+    const QString name = translated(parameter.label);
+    const QString label =
+        clause.label && clause.parameters.size() > 1 ? tr("%1 %2").arg(translated(clause.label), name) : name;
+    auto* field = new FormField(described, label, optional, parent);
+    connect(field, &FormField::changed, this, &CommandForm::update_line);
+    mRows.last().fields << field;
+    return field;
+}
+
+void CommandForm::fill(const QList<ClauseValues>& values)
+{
+    for (qsizetype i = 0; i < mRows.size(); ++i) {
+        const ClauseValues clause = values.value(i);
+        if (mRows[i].check) {
+            const QSignalBlocker blocker(mRows[i].check);
+            mRows[i].check->setChecked(clause || !form().clauses[i].optional);
+        }
+        for (qsizetype j = 0; j < mRows[i].fields.size(); ++j)
+            mRows[i].fields[j]->set_words(clause ? clause->value(j) : QStringList());
+    }
+}
+
+/** What the fields hold. Values that are missing beside others are those that the command would take. */
+QList<ClauseValues> CommandForm::values() const
+{
+    QList<ClauseValues> result;
+    for (const Row& row : mRows) {
+        if (!row.is_given()) {
+            result << std::nullopt;
+            continue;
+        }
+        QList<QStringList> words;
+        for (const FormField* field : row.fields) {
+            const QString& fallback = field->parameter().default_value;
+            const QStringList given = field->words();
+            words << (given.isEmpty() && !fallback.isNull() ? QStringList(fallback) : given);
+        }
+        result << words;
+    }
+    return result;
+}
+
+QString CommandForm::clause_problem(qsizetype i) const
+{
+    const CommandClause& clause = form().clauses[i];
+    const Row& row = mRows[i];
+    if (!row.is_given()) {
+        return clause.optional || row.fields.isEmpty()
+                   ? QString()
+                   : tr("%1 must be filled in.").arg(row.fields.first()->label());
+    }
+    bool all_zero = clause.not_zero;
+    for (const FormField* field : row.fields) {
+        if (field->words().isEmpty() && field->parameter().default_value.isNull())
+            return tr("%1 must be filled in, too.").arg(field->label());
+        if (const QString problem = field->problem(); !problem.isEmpty())
+            return problem;
+        const bool is_default = field->words().isEmpty();
+        all_zero = all_zero && (is_default ? field->parameter().default_value.toDouble()
+                                           : field->number().value_or(1)) == 0;
+    }
+    if (all_zero)
+        return tr("%1: the numbers must not all be 0.").arg(translated(clause.label));
+    // Without a keyword only the place tells what a value is.
+    if (i > 0 && clause.keyword.isEmpty() && form().clauses[i - 1].keyword.isEmpty() &&
+        form().clauses[i - 1].optional && !mRows[i - 1].is_given())
+        return tr("%1 must be filled in, too.").arg(mRows[i - 1].fields.first()->label());
+    return {};
+}
+
+QString CommandForm::problem() const
+{
+    for (qsizetype i = 0; i < mRows.size(); ++i) {
+        if (const QString problem = clause_problem(i); !problem.isEmpty())
+            return problem;
+    }
+    return {};
+}
+
+void CommandForm::update_line()
+{
+    QString message;
+    if (is_described()) {
+        message = problem();
+        mLine->setText(command_line(mCommand->name, form(), values()));
+        mLine->setCursorPosition(0);
+    }
+    // A hidden message would make what stands below it jump.
+    mMessage->setText(message);
+    mMessage->setVisible(!message.isEmpty());
+    mApply->setEnabled(message.isEmpty() && !mLine->text().trimmed().isEmpty());
+    mApply->setAccessibleDescription(message);
+}
+
+void CommandForm::set_editing(bool on)
+{
+    // What was written goes into the fields if they can hold it; otherwise they are as they were.
+    if (!on)
+        read_line(mLine->text());
+    mEditing = on;
+    set_line_read_only(!on);
+    mFields->setEnabled(!on);
+    mWays->setEnabled(!on);
+    update_line();
+    emit controls_changed();
+    if (on) {
+        mLine->setFocus(Qt::OtherFocusReason);
+        mLine->end(false);
+    }
+}
+
+void CommandForm::set_line_read_only(bool read_only)
+{
+    mLine->setReadOnly(read_only);
+    colour_line();
+}
+
+/** A line that only shows what will run has the colour of the panel, not that of a field to write in. */
+void CommandForm::colour_line()
+{
+    QPalette colours;
+    if (mLine->isReadOnly()) {
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+            colours.setBrush(group, QPalette::Base, palette().brush(group, QPalette::Window));
+    }
+    mLine->setPalette(colours);
+}
+
+void CommandForm::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        colour_line();
+}
+
+void CommandForm::note_change(const QString& entities)
+{
+    mChangedEntities.insert(entities);
+    mRefresh.start();
+}
+
+void CommandForm::refresh()
+{
+    const QSet<QString> changed = std::exchange(mChangedEntities, {});
+    const CommandRegistry* registry = form_services().registry;
+    // The command has come, has gone, or is another one.
+    if (changed.contains(u"command"_s) && registry && mEntry.isValid() &&
+        registry->find(split(mEntryLine).value(0)) != mRegistered) {
+        start(mEntryLine, mEntryUsage);
+        return;
+    }
+    for (const Row& row : std::as_const(mRows)) {
+        for (FormField* field : row.fields) {
+            if (changed.contains(field->parameter().entity))
+                field->refresh();
+        }
+    }
+    update_line();
+}
+
+void CommandForm::focus_first()
+{
+    QWidget* first = controls().value(0);
+    if (first != mLine && first != mApply) {
+        first->setFocus(Qt::TabFocusReason);
+    } else if (first == mApply || mLine->isReadOnly()) {
+        mApply->setFocus(Qt::TabFocusReason);
+    } else {
+        mLine->setFocus(Qt::OtherFocusReason);
+        mLine->end(false);
+    }
+}
+
+QWidgetList CommandForm::controls() const
+{
+    QWidgetList result;
+    if (!mWays->isHidden())
+        result << mWays;
+    for (const Row& row : mRows) {
+        if (row.check && !row.check->isHidden())
+            result << row.check;
+        for (const FormField* field : row.fields)
+            result << field->controls();
+    }
+    result << mLine;
+    if (!mEdit->isHidden())
+        result << mEdit;
+    result << mApply;
+    return result;
+}
+
+void CommandForm::keyPressEvent(QKeyEvent* event)
+{
+    // The fields leave these keys to whom they are in.
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        mApply->click();
+    else if (event->key() == Qt::Key_Escape)
+        emit left();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void CommandForm::apply()
+{
+    // Nothing may follow: the receiver is free to delete the panel.
+    send_command(mLine->text());
+}

@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/sdk/core/commands/CommandDescription.h"
+
+#include <QModelIndex>
+#include <QPersistentModelIndex>
+#include <QSet>
+#include <QTimer>
+#include <QWidget>
+
+#include <memory>
+
+class FormField;
+class QCheckBox;
+class QComboBox;
+class QFormLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+struct Command;
+
+/**
+ * What both panels show of a command: title, purpose, a field for each of its values, the line that they
+ * make, and the button that applies it.
+ *
+ * The fields are those that the registry describes, see FormServices. A command that it does not describe has
+ * its usage and its line, to be completed by the user; so has any other while "Edit the line" is on.
+ */
+class CommandForm : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CommandForm(QWidget* parent);
+    ~CommandForm() override;
+
+    /**
+     * Shows the command @p entry; an invalid index empties and hides the form.
+     *
+     * What the user has given stays as long as entry and command text remain the same.
+     */
+    void set_entry(const QModelIndex& entry);
+    /** Gives the keyboard to the first field, or to the line, behind its text. */
+    void focus_first();
+    /** The controls that take the keyboard, in order. */
+    QWidgetList controls() const;
+
+signals:
+    /** controls() is another list now. */
+    void controls_changed();
+    /** The user wants to go back to the command's entry. */
+    void left();
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    /** What stands for one clause. */
+    struct Row
+    {
+        QList<FormField*> fields;
+        /** For a clause that is a keyword and nothing else. */
+        QCheckBox* check = nullptr;
+
+        bool is_given() const;
+    };
+
+    void set_fonts();
+    void start(const QString& line, const QString& usage);
+    bool read_line(const QString& line);
+    void show_way(int way);
+    void add_clause(const CommandClause& clause, QFormLayout* layout);
+    QWidget* add_field(const CommandParameter& parameter, bool optional, const CommandClause& clause,
+                       QWidget* parent);
+    void fill(const QList<ClauseValues>& values);
+    void update_line();
+    QList<ClauseValues> values() const;
+    QString problem() const;
+    QString clause_problem(qsizetype i) const;
+    void set_editing(bool on);
+    void set_line_read_only(bool read_only);
+    void colour_line();
+    void note_change(const QString& entities);
+    void refresh();
+    void apply();
+
+    bool is_described() const { return mCommand && !mEditing; }
+    const CommandSyntax& form() const;
+
+    bool mHasFonts = false;
+    QLabel* mTitle;
+    QLabel* mTip;
+    QLabel* mUsage;
+    QComboBox* mWays;
+    /** Holds the fields; another one for each command. */
+    QWidget* mFields = nullptr;
+    QLabel* mMessage;
+    QLineEdit* mLine;
+    QCheckBox* mEdit;
+    QPushButton* mApply;
+    QPersistentModelIndex mEntry;
+    QString mEntryLine;
+    QString mEntryUsage;
+    /** What the registry has had of that name; null if nothing. */
+    std::shared_ptr<const Command> mRegistered;
+    /** The same if the form has fields for it; null if it has nothing but the line. */
+    std::shared_ptr<const Command> mCommand;
+    int mWay = 0;
+    QList<Row> mRows;
+    /** Whether the user writes the line. */
+    bool mEditing = false;
+    QSet<QString> mChangedEntities;
+    QTimer mRefresh;
+};

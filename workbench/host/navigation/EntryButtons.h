@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/host/navigation/FlowLayout.h"
+
+#include <QModelIndexList>
+#include <QPersistentModelIndex>
+#include <QWidget>
+
+class EntryButton;
+
+/** One level of a navigation model as buttons. A button stays the same object as long as its entry is shown,
+ * so that a keyboard user keeps the place when the model changes. */
+class EntryButtons : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit EntryButtons(QWidget* parent);
+
+    /** How the buttons look: pictures of @p icon_size pixels above the title in columns of at least
+     * @p button_width pixels, or beside it, one button in a line. */
+    void set_look(FlowLayout::Arrangement arrangement, int icon_size, int button_width);
+
+    /** Shows @p entries. The button of @p chosen, if that is one of them, is down. */
+    void set_entries(const QModelIndexList& entries, const QModelIndex& chosen);
+
+    /** The buttons in the order of their entries. */
+    QWidgetList buttons() const;
+
+signals:
+    /** The user has chosen @p entry. */
+    void chosen(const QModelIndex& entry);
+
+private:
+    void update_look(EntryButton* button) const;
+
+    FlowLayout* mLayout;
+    QList<EntryButton*> mButtons;
+    FlowLayout::Arrangement mArrangement = FlowLayout::Arrangement::Columns;
+    int mIconSize = 24;
+    int mButtonWidth = 0;
+};

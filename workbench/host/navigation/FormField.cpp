@@ -1,0 +1,368 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/host/navigation/FormField.h"
+
+#include "workbench/host/navigation/FormServices.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/CommandVariables.h"
+#include "workbench/sdk/core/commands/numbers.h"
+#include "workbench/sdk/core/commands/tokenize.h"
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QSignalBlocker>
+#include <QToolButton>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+using Kind = CommandParameter::Kind;
+
+namespace {
+
+/** In characters: what a field needs at least. Where that is too much beside its label it stands below it. */
+constexpr int least_width = 4;
+constexpr int least_width_of_text = 14;
+
+QString shown(double number)
+{
+    return QString::number(number, 'g', 10);
+}
+
+/** The value of a variable as the language would put it there; the reference itself stays for reading back.
+ */
+std::optional<QString> keep_reference(QStringView name)
+{
+    return u"${"_s + name.toString() + u'}';
+}
+
+std::optional<QString> variable(QStringView name)
+{
+    const CommandVariables* variables = form_services().variables;
+    return variables ? variables->value(name) : std::nullopt;
+}
+
+/** What the word stands for; empty if it is a variable that is not set. */
+std::optional<QString> resolved(const QString& word)
+{
+    if (!is_variable_reference(word))
+        return word;
+    QString name = word.sliced(1);
+    name.remove(u'{').remove(u'}');
+    return variable(name);
+}
+
+} // namespace
+
+FormField::FormField(const CommandParameter& parameter, const QString& label, bool optional, QWidget* parent)
+    : QWidget(parent), mParameter(parameter), mLabel(label), mOptional(optional)
+{
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    if (mParameter.kind == Kind::Choice)
+        make_choice();
+    else if (mParameter.kind == Kind::InputFile || mParameter.kind == Kind::OutputFile)
+        make_file();
+    else if (mParameter.kind == Kind::Entity && mParameter.repeated)
+        make_list();
+    else if (mParameter.kind == Kind::Entity || mParameter.kind == Kind::Variable)
+        make_combo();
+    else
+        make_line();
+    if (!mParameter.unit.isEmpty())
+        layout->addWidget(new QLabel(mParameter.unit, this));
+    const QString tip =
+        mParameter.tip ? QCoreApplication::translate("CommandParameter", mParameter.tip) : QString();
+    const QWidgetList widgets = controls();
+    for (QWidget* control : widgets) {
+        control->setToolTip(tip);
+        control->setAccessibleDescription(tip);
+    }
+    QWidget* first = widgets.first();
+    first->setObjectName(u"value"_s + mParameter.name);
+    first->setAccessibleName(mParameter.unit.isEmpty() ? mLabel
+                                                       : tr("%1 in %2").arg(mLabel, mParameter.unit));
+    setFocusProxy(first);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    refresh();
+}
+
+void FormField::make_choice()
+{
+    mCombo = new QComboBox(this);
+    if (mOptional)
+        mCombo->addItem(tr("not given"), QString());
+    for (const QString& choice : mParameter.choices)
+        mCombo->addItem(choice, choice);
+    mCombo->setMinimumContentsLength(least_width);
+    mCombo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    connect(mCombo, &QComboBox::currentIndexChanged, this, &FormField::changed);
+    layout()->addWidget(mCombo);
+}
+
+void FormField::make_combo()
+{
+    mCombo = new QComboBox(this);
+    mCombo->setEditable(true);
+    mCombo->setInsertPolicy(QComboBox::NoInsert);
+    // What is typed stays as it is: it may be the beginning of a longer name.
+    mCombo->setCompleter(nullptr);
+    mCombo->setMinimumContentsLength(least_width);
+    mCombo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    use_line(mCombo->lineEdit());
+    layout()->addWidget(mCombo);
+}
+
+void FormField::make_list()
+{
+    make_line();
+    mButton = new QToolButton(this);
+    mButton->setObjectName(u"add"_s + mParameter.name);
+    mButton->setText(u"+"_s);
+    mButton->setAccessibleName(tr("Add to %1").arg(mLabel));
+    mButton->setPopupMode(QToolButton::InstantPopup);
+    mButton->setFocusPolicy(Qt::StrongFocus);
+    auto* menu = new QMenu(mButton);
+    menu->setObjectName(u"names"_s + mParameter.name);
+    connect(menu, &QMenu::aboutToShow, this, &FormField::show_names);
+    mButton->setMenu(menu);
+    layout()->addWidget(mButton);
+}
+
+void FormField::make_file()
+{
+    if (!form_services().file_field) {
+        make_line();
+        return;
+    }
+    QList<CommandFileFilter> filters = mParameter.filters ? mParameter.filters() : QList<CommandFileFilter>();
+    for (CommandFileFilter& filter : filters)
+        filter.name = QCoreApplication::translate("CommandParameter", filter.name.toUtf8().constData());
+    QWidget* field = form_services().file_field(this, mParameter.kind == Kind::InputFile, filters);
+    layout()->addWidget(field);
+    use_line(field->findChild<QLineEdit*>());
+    mButton = field->findChild<QToolButton*>();
+    if (mButton)
+        mButton->setAccessibleName(tr("Choose %1").arg(mLabel));
+}
+
+void FormField::make_line()
+{
+    use_line(new QLineEdit(this));
+    layout()->addWidget(mLine);
+}
+
+void FormField::use_line(QLineEdit* line)
+{
+    mLine = line;
+    // The rest is for the layout to give.
+    const bool number = mParameter.kind == Kind::Number || mParameter.kind == Kind::WholeNumber;
+    const int characters = number || mCombo ? least_width + 2 : least_width_of_text;
+    mLine->setMinimumWidth(mLine->fontMetrics().averageCharWidth() * characters);
+    mLine->setPlaceholderText(mParameter.default_value);
+    connect(mLine, &QLineEdit::textChanged, this, &FormField::changed);
+}
+
+QString FormField::text() const
+{
+    return mLine ? mLine->text() : mCombo->currentData().toString();
+}
+
+/** Whether the text is words of the command language, and not one value. */
+bool FormField::is_raw() const
+{
+    return mParameter.kind == Kind::Words || (mParameter.kind == Kind::Entity && mParameter.repeated);
+}
+
+QStringList FormField::words() const
+{
+    const bool literal = mParameter.kind == Kind::InputFile || mParameter.kind == Kind::OutputFile;
+    const QString given = literal ? text() : text().trimmed();
+    if (given.isEmpty())
+        return {};
+    if (mParameter.kind == Kind::Words || !is_raw())
+        return {given};
+    QStringList result;
+    const CommandWords split = tokenize(given, &keep_reference);
+    for (const CommandWord& word : split.words)
+        result << word.text;
+    // A quote that is open must not pass for an empty field.
+    return result.isEmpty() ? QStringList(given) : result;
+}
+
+void FormField::set_words(const QStringList& words)
+{
+    const QSignalBlocker blocker(this);
+    if (!mLine) {
+        mCombo->setCurrentIndex(std::max(0, mCombo->findData(words.value(0))));
+        return;
+    }
+    QStringList quoted = words;
+    if (mParameter.kind == Kind::Entity && mParameter.repeated) {
+        for (QString& word : quoted) {
+            if (!is_variable_reference(word))
+                word = quote_word(word);
+        }
+    }
+    mLine->setText(quoted.join(u' '));
+}
+
+std::optional<double> FormField::number() const
+{
+    const QStringList given = words();
+    const std::optional<QString> value = given.isEmpty() ? std::nullopt : resolved(given.first());
+    return value ? parse_number(*value) : std::nullopt;
+}
+
+void FormField::refresh()
+{
+    const CommandRegistry* registry = form_services().registry;
+    if (mParameter.entity.isEmpty() || !registry)
+        return;
+    mNames = registry->entities().names(mParameter.entity);
+    if (!mCombo)
+        return;
+    const QSignalBlocker combo_blocker(mCombo);
+    const QString given = mLine->text();
+    const int cursor = mLine->cursorPosition();
+    const QSignalBlocker line_blocker(mLine);
+    mCombo->clear();
+    mCombo->addItems(mNames + mParameter.choices);
+    mCombo->setCurrentIndex(-1);
+    mLine->setText(given);
+    mLine->setCursorPosition(cursor);
+}
+
+void FormField::show_names()
+{
+    QMenu* menu = mButton->menu();
+    menu->clear();
+    const QStringList names = mNames + mParameter.choices;
+    for (const QString& name : names) {
+        // "&" is no mnemonic here.
+        connect(menu->addAction(QString(name).replace(u'&', u"&&"_s)), &QAction::triggered, this,
+                [this, name] { append_name(name); });
+    }
+    if (names.isEmpty())
+        menu->addAction(tr("There is nothing to choose."))->setEnabled(false);
+}
+
+void FormField::append_name(const QString& name)
+{
+    QString given = mLine->text().trimmed();
+    if (mParameter.choices.contains(name) || mParameter.choices.contains(given))
+        given.clear(); // it stands for itself
+    mLine->setText(given + (given.isEmpty() ? QString() : u" "_s) + quote_word(name));
+}
+
+QWidgetList FormField::controls() const
+{
+    QWidgetList result{mCombo ? static_cast<QWidget*>(mCombo) : mLine};
+    if (mButton)
+        result << mButton;
+    return result;
+}
+
+QString FormField::problem() const
+{
+    const QStringList given = words();
+    if (given.isEmpty())
+        return {};
+    if (is_raw()) {
+        const CommandWords split = tokenize(text(), &variable);
+        // A backslash would continue the line.
+        if (split.error || text().trimmed().endsWith(u'\\'))
+            return tr("%1: a quote is not closed, or a variable is not set.").arg(mLabel);
+        if (mParameter.kind == Kind::Words)
+            return {};
+        // A comment would be dropped.
+        if (const QString rest = text().sliced(split.end_column - 1).trimmed(); !rest.isEmpty())
+            return tr("%1: there is no \"%2\".").arg(mLabel, rest);
+    }
+    for (const QString& word : given) {
+        if (const QString problem = word_problem(word); !problem.isEmpty())
+            return problem;
+    }
+    return mParameter.repeated && mParameter.kind == Kind::Entity ? list_problem(given) : QString();
+}
+
+QString FormField::word_problem(const QString& word) const
+{
+    const bool literal = mParameter.kind == Kind::Text || mParameter.kind == Kind::InputFile ||
+                         mParameter.kind == Kind::OutputFile;
+    const std::optional<QString> value = literal ? word : resolved(word);
+    if (!value)
+        return tr("%1: there is no variable %2.").arg(mLabel, word);
+    const QFileInfo file(*value);
+    switch (mParameter.kind) {
+    case Kind::Number:
+    case Kind::WholeNumber:
+        return number_problem(*value);
+    case Kind::Entity:
+        if (mNames.contains(*value) || mParameter.choices.contains(*value) ||
+            (mParameter.by_number && parse_integer(*value)))
+            return {};
+        return tr("%1: there is no \"%2\".").arg(mLabel, *value);
+    case Kind::NewName:
+        if (!CommandRegistry::is_name(*value))
+            return tr("%1: a letter, then letters, digits, \"_\", \"-\" and \".\".").arg(mLabel);
+        if (mParameter.reserved.contains(*value))
+            return tr("%1: \"%2\" has a meaning of its own.").arg(mLabel, *value);
+        if (mNames.contains(*value))
+            return tr("%1: there is a \"%2\" already.").arg(mLabel, *value);
+        return {};
+    case Kind::Variable:
+        return is_variable_name(*value) ? QString()
+                                        : tr("%1: a letter, then letters, digits and \"_\".").arg(mLabel);
+    case Kind::InputFile:
+        return file.isFile() ? QString() : tr("%1: there is no file %2.").arg(mLabel, *value);
+    case Kind::OutputFile:
+        if (!file.absoluteDir().exists())
+            return tr("%1: there is no folder %2.").arg(mLabel, file.absolutePath());
+        return file.isDir() ? tr("%1: %2 is a folder.").arg(mLabel, *value) : QString();
+    case Kind::Choice:
+    case Kind::Text:
+    case Kind::Words:
+        break;
+    }
+    return {};
+}
+
+QString FormField::number_problem(const QString& value) const
+{
+    const bool whole = mParameter.kind == Kind::WholeNumber;
+    const std::optional<double> given = parse_number(value);
+    if (given && *given >= mParameter.least && *given <= mParameter.most && (!whole || parse_integer(value)))
+        return {};
+    const bool least = std::isfinite(mParameter.least);
+    // What a whole number can hold anyhow is no limit worth telling.
+    const bool most = std::isfinite(mParameter.most) && !(whole && mParameter.most >= 2147483647.0);
+    if (least && most)
+        return (whole ? tr("%1: a whole number from %2 to %3.") : tr("%1: a number from %2 to %3."))
+            .arg(mLabel, shown(mParameter.least), shown(mParameter.most));
+    if (least)
+        return (whole ? tr("%1: a whole number from %2 on.") : tr("%1: a number from %2 on."))
+            .arg(mLabel, shown(mParameter.least));
+    return (whole ? tr("%1: a whole number.") : tr("%1: a number, as 2.5 or 1e-3.")).arg(mLabel);
+}
+
+QString FormField::list_problem(const QStringList& given) const
+{
+    const bool choice = std::any_of(given.begin(), given.end(), [this](const QString& word) {
+        return mParameter.choices.contains(word);
+    });
+    if (choice)
+        return given.size() == 1 ? QString() : tr("%1: \"%2\" stands alone.").arg(mLabel, given.first());
+    if (QStringList(given).removeDuplicates() > 0)
+        return tr("%1: each one only once.").arg(mLabel);
+    if (given.size() < mParameter.at_least)
+        return tr("%1: at least %n.", nullptr, mParameter.at_least).arg(mLabel);
+    return {};
+}

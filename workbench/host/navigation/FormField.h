@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/sdk/core/commands/CommandDescription.h"
+
+#include <QWidget>
+
+class QComboBox;
+class QLineEdit;
+class QToolButton;
+
+/** The field for one value of a command, of the kind that the value needs; its unit stands behind it. */
+class FormField : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /**
+     * @param label     names the field in messages and for screen readers.
+     * @param optional  whether it may stay empty.
+     */
+    FormField(const CommandParameter& parameter, const QString& label, bool optional, QWidget* parent);
+
+    const CommandParameter& parameter() const { return mParameter; }
+    const QString& label() const { return mLabel; }
+
+    /** What the user has given, as command_line() takes it; none while the field is empty. */
+    QStringList words() const;
+    /** Does not tell changed(). */
+    void set_words(const QStringList& words);
+    /** The number in the field, be it in a variable; empty if there is none. */
+    std::optional<double> number() const;
+    /** What is wrong with what was given, as a sentence; empty if nothing is, and for an empty field. */
+    QString problem() const;
+    /** Offers the present names of entities; what was given stays. */
+    void refresh();
+    /** What takes the keyboard, in order. */
+    QWidgetList controls() const;
+
+signals:
+    void changed();
+
+private:
+    void make_choice();
+    void make_combo();
+    void make_list();
+    void make_file();
+    void make_line();
+    void use_line(QLineEdit* line);
+    void show_names();
+    void append_name(const QString& name);
+    QString text() const;
+    bool is_raw() const;
+    QString word_problem(const QString& word) const;
+    QString number_problem(const QString& value) const;
+    QString list_problem(const QStringList& words) const;
+
+    const CommandParameter mParameter;
+    const QString mLabel;
+    const bool mOptional;
+    /** The field itself, one of these; a combo box that can be edited has both. */
+    QLineEdit* mLine = nullptr;
+    QComboBox* mCombo = nullptr;
+    /** Beside the line, if there is one. */
+    QToolButton* mButton = nullptr;
+    QStringList mNames;
+};

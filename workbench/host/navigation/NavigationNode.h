@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/host/navigation/NavigationRoles.h"
+
+#include <QIcon>
+#include <QStandardItem>
+
+#include <memory>
+
+/** A picture in a file. Making an icon reads the file, so that is left until the icon is asked for. */
+class NavigationPicture
+{
+public:
+    explicit NavigationPicture(const QString& file);
+
+    const QIcon& icon();
+
+private:
+    QString mFile;
+    QIcon mIcon;
+};
+
+/**
+ * An entry that was read from a navigation file: a page, a group or a command.
+ *
+ * Users cannot edit it. The model, or the node above, owns it.
+ */
+class NavigationNode : public QStandardItem
+{
+public:
+    NavigationNode(NavigationKind kind, const QString& title);
+
+    int type() const override;
+
+    /** The icon is that of picture(), if there is one and none has been set. */
+    QVariant data(int role = Qt::UserRole + 1) const override;
+
+    NavigationKind kind() const;
+
+    /** Null without a picture. Entries with the same picture share it. */
+    const std::shared_ptr<NavigationPicture>& picture() const { return mPicture; }
+    void set_picture(std::shared_ptr<NavigationPicture> picture);
+
+private:
+    std::shared_ptr<NavigationPicture> mPicture;
+};
+
+/**
+ * Decides again whether @p entry and all entries below it wait for a component: an entry is enabled exactly
+ * when it names no component or one that is loaded. Null does nothing.
+ */
+void recheck_components(QStandardItem* entry);

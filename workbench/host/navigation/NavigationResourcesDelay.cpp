@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "host/navigation/NavigationResourcesDelay.h"
+
+#include "host/navigation/NavigationModel.h"
+#include "workbench/host/navigation/NavigationNode.h"
+
+NavigationResourcesDelay::NavigationResourcesDelay() = default;
+
+NavigationResourcesDelay::~NavigationResourcesDelay() = default;
+
+void NavigationResourcesDelay::recheckResources()
+{
+    if (!model)
+        return;
+    for (int row = 0; row < model->rowCount(); ++row)
+        recheck_components(model->item(row));
+}

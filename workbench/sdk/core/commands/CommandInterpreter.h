@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/sdk/core/commands/Callback.h"
+#include "workbench/sdk/core/commands/CommandVariables.h"
+#include "workbench/sdk/core/commands/ContinuedCommand.h"
+
+#include <QList>
+#include <QString>
+
+#include <functional>
+
+struct Command;
+class CommandRegistry;
+
+/**
+ * Runs commands: finds the words of a line, calls the command, reports what went wrong.
+ *
+ * An error is one line on the error output, as
+ *
+ *     ERROR: set: column 5: expected a name, found "="
+ *
+ * No exception leaves this class: whatever a command throws is reported in the name of that command. A
+ * command may run others. The outermost run or enter is an InterruptScope. GUI thread only.
+ */
+class CommandInterpreter
+{
+public:
+    /** How a line or a text has ended. */
+    enum class Result {
+        /** The command has run, or the line held none. */
+        Done,
+        /** The line is continued; nothing has run yet. */
+        Incomplete,
+        /** An error was reported. */
+        Failed,
+    };
+    /** Takes texts that bring their own line ends. */
+    using Output = std::function<void(const QString& text)>;
+
+    /** How deep commands may run commands. */
+    static constexpr int depth_limit = 64;
+
+    /** @param registry  not owned; outlives the interpreter. */
+    explicit CommandInterpreter(CommandRegistry& registry);
+    ~CommandInterpreter();
+
+    /** Where output goes; null drops it. The texts bring their own line ends. */
+    void set_output(const Output& output) { mOutput = output; }
+    /** Where errors go, under the same terms. */
+    void set_error_output(const Output& output) { mErrorOutput = output; }
+
+    /** Takes one line as typed. A continued one is kept, and the line that ends the command runs it all. */
+    Result enter(const QString& line);
+    /** Forgets the lines of a command that is not complete yet. */
+    void reset() { mEntered.clear(); }
+    /** What was entered of a command that is not complete yet, its lines joined. */
+    const QString& entered() const { return mEntered.text(); }
+    /** Whether the last line entered was continued. */
+    bool incomplete() const { return mEntered.is_incomplete(); }
+
+    /**
+     * Runs a text of any number of lines, until the first error or interrupt. A text that ends in a continued
+     * line is an error. What enter() keeps is left alone.
+     *
+     * @param file        where the text comes from; with a name, errors begin with "FILE:LINE: ".
+     * @param first_line  the number of the text's first line.
+     */
+    Result run(const QString& text, const QString& file = {}, qsizetype first_line = 1);
+
+    /** Prints on the output. */
+    void print(const QString& text) const;
+    /** Prints on the error output. */
+    void print_error(const QString& text) const;
+    /** Reports an error in the name of the command that runs, if any; one line without "ERROR". */
+    void report(const QString& message) const;
+
+    /** Whether a command of @p owner runs, be it that it waits for one that it has called. */
+    bool is_running(const QString& owner) const;
+    /** Whether any command runs. */
+    bool is_running() const { return !mCalls.isEmpty(); }
+
+    /** The commands that it finds. */
+    CommandRegistry& registry() { return mRegistry; }
+    /** The variables that it puts in. */
+    CommandVariables& variables() { return mVariables; }
+
+private:
+    /** The lines of a command and where they come from. */
+    struct Source
+    {
+        const ContinuedCommand& lines;
+        QString file;
+        qsizetype first_line;
+        /** Whether the line number must be told, since the text has more than one. */
+        bool tell_line;
+    };
+    struct Call;
+
+    Result execute(const Source& source);
+    void dispatch(Call& call);
+    void report_at(const Call* call, const QString& message, qsizetype column) const;
+
+    CommandRegistry& mRegistry;
+    CommandVariables mVariables;
+    Callback<void(const QString&)> mOutput;
+    Callback<void(const QString&)> mErrorOutput;
+    ContinuedCommand mEntered;
+    /** The calls that run, the outermost one first. */
+    QList<const Call*> mCalls;
+};

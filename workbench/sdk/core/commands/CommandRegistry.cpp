@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+
+#include "workbench/sdk/core/commands/nearest_name.h"
+#include "workbench/sdk/core/commands/tokenize.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString command_entity = u"command"_s;
+
+} // namespace
+
+bool CommandRegistry::is_name(const QString& text)
+{
+    // A variable's name, apart from the two more marks that may follow the first letter.
+    return !text.isEmpty() && is_variable_name(text.first(1)) &&
+           std::all_of(text.begin(), text.end(), [](QChar c) {
+               return c == u'-' || c == u'.' || (c >= u'0' && c <= u'9') ||
+                      is_variable_name(QStringView(&c, 1));
+           });
+}
+
+CommandRegistry::CommandRegistry()
+{
+    mEntities.offer(command_entity, {}, [this] { return names(); });
+}
+
+CommandRegistry::AddResult CommandRegistry::add(const Command& command)
+{
+    if (!is_name(command.name))
+        return AddResult::BadName;
+    if (!command.run)
+        return AddResult::NothingToRun;
+    if (mCommands.contains(command.name))
+        return AddResult::NameTaken;
+    auto added = std::make_shared<Command>(command);
+    if (!added->forms.isEmpty())
+        added->usage = command_usage(added->name, added->forms);
+    mCommands.insert(command.name, std::move(added));
+    mEntities.tell_changed(command_entity);
+    return AddResult::Added;
+}
+
+bool CommandRegistry::remove(const QString& name)
+{
+    const bool removed = mCommands.remove(name) > 0;
+    if (removed)
+        mEntities.tell_changed(command_entity);
+    return removed;
+}
+
+int CommandRegistry::remove_owner(const QString& owner)
+{
+    // Those that remain may be asked for what is told to have changed.
+    const int removed =
+        int(mCommands.removeIf([&owner](const auto& entry) { return entry.value()->owner == owner; }));
+    if (!owner.isEmpty())
+        mEntities.withdraw(owner);
+    if (removed > 0)
+        mEntities.tell_changed(command_entity);
+    return removed;
+}
+
+CommandError CommandRegistry::not_found(const QString& name, qsizetype column) const
+{
+    QString found = CommandError::shown(name);
+    if (const QString nearest = nearest_name(name, names()); !nearest.isEmpty())
+        found += u"; did you mean \"%1\"?"_s.arg(nearest);
+    return CommandError::expected(u"a command"_s, found, column);
+}

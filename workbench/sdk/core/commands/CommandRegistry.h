@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/sdk/core/commands/CommandDescription.h"
+#include "workbench/sdk/core/commands/CommandEntities.h"
+#include "workbench/sdk/core/commands/CommandError.h"
+
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+
+class CommandCall;
+
+/** A command of the command language. */
+struct Command
+{
+    /** One word: a letter or "_", then letters, digits, "_", "-" and ".", all of them ASCII. */
+    QString name;
+    /** The line behind "Usage:", as "set [NAME [VALUE...]]". The registry makes it of the forms if there are
+     * any. */
+    QString usage = {};
+    /** What the command does in a few words, for the list of commands. */
+    QString summary = {};
+    /** More lines for "help NAME"; may be empty. */
+    QString help = {};
+    /** Who has added the command, as a component's name; remove_owner() goes by it. */
+    QString owner = {};
+    /** Runs the command. It ends with an error by throwing a CommandError. */
+    std::function<void(CommandCall&)> run = {};
+    /**
+     * The ways to write the command, for forms and completion. A command without arguments has one that is
+     * empty; a command without any is only known by its usage.
+     */
+    QList<CommandSyntax> forms = {};
+};
+
+/** The commands that can be typed. Names are compared exactly and case-sensitively. GUI thread only. */
+class CommandRegistry
+{
+public:
+    /** What has become of a command that was to be added. */
+    enum class AddResult {
+        Added,
+        /** Another command has the name; that one stays. */
+        NameTaken,
+        /** The name is no command name. */
+        BadName,
+        /** The command has no function to run. */
+        NothingToRun,
+    };
+
+    /** Whether @p text could be the name of a command. */
+    static bool is_name(const QString& text);
+
+    CommandRegistry();
+
+    /** Adds a command; nothing changes unless the result is Added. */
+    AddResult add(const Command& command);
+    /** Removes a command. Returns false if there is none of that name. */
+    bool remove(const QString& name);
+    /**
+     * Removes all commands and entities of @p owner and returns how many commands there were.
+     *
+     * A command that runs goes on to its end: the library that holds its code must stay loaded until then,
+     * see CommandInterpreter::is_running().
+     */
+    int remove_owner(const QString& owner);
+
+    /** The command of that name; null if there is none. It stays valid when it is removed meanwhile. */
+    std::shared_ptr<const Command> find(const QString& name) const { return mCommands.value(name); }
+    /** All names, sorted. */
+    QStringList names() const { return mCommands.keys(); }
+    /** The error that @p name is no command, with the one that was most likely meant. */
+    CommandError not_found(const QString& name, qsizetype column) const;
+
+    /** The names that commands work on; "command" among them. */
+    CommandEntities& entities() { return mEntities; }
+    /** The same, for looking only. */
+    const CommandEntities& entities() const { return mEntities; }
+
+private:
+    CommandEntities mEntities;
+    QMap<QString, std::shared_ptr<const Command>> mCommands;
+};

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/sdk/core/commands/Fennar.h"
+
+Fennar& Fennar::instance()
+{
+    static Fennar fennar;
+    return fennar;
+}
+
+Fennar::Fennar() : mInterpreter(mRegistry), mPlayback(mInterpreter)
+{
+    register_builtin_commands(mInterpreter, mPlayback, mServices);
+}

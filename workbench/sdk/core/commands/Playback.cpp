@@ -1,0 +1,386 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/sdk/core/commands/Playback.h"
+
+#include "workbench/sdk/core/commands/CommandError.h"
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
+#include "workbench/sdk/core/commands/Interrupt.h"
+#include "workbench/sdk/core/commands/tokenize.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QScopeGuard>
+#include <QStringDecoder>
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Text
+{
+    QString text;
+    /** What is wrong with the file; null if nothing. */
+    QString error;
+};
+
+/** Names the line, so that it can be found and mended. */
+qsizetype first_bad_line(const QByteArray& bytes)
+{
+    qsizetype number = 1;
+    for (const QByteArray& line : bytes.split('\n')) {
+        if (!line.isValidUtf8())
+            break;
+        ++number;
+    }
+    return number;
+}
+
+/** @param shown  what the device is called in messages. */
+Text read_text(QIODevice& device, const QString& shown)
+{
+    const QByteArray bytes = device.readAll();
+    if (const auto* file = qobject_cast<QFileDevice*>(&device); file && file->error() != QFileDevice::NoError)
+        return {{}, u"cannot read %1: %2"_s.arg(shown, file->errorString())};
+
+    if (const qsizetype nul = bytes.indexOf('\0'); nul >= 0)
+        return {{},
+                u"%1 is no text file: it holds a NUL byte on line %2"_s.arg(shown).arg(
+                    bytes.first(nul).count('\n') + 1)};
+    // Stateless, so that a character cut off at the end is an error as well.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QString text = decoder.decode(bytes);
+    if (decoder.hasError())
+        return {{}, u"%1 is not UTF-8 on line %2"_s.arg(shown).arg(first_bad_line(bytes))};
+    return {text, {}};
+}
+
+Text read_text(const QString& path)
+{
+    const QString shown = CommandError::shown(path, path.size());
+    const QFileInfo info(path);
+    if (!info.exists())
+        return {{}, u"%1 does not exist"_s.arg(shown)};
+    if (info.isDir())
+        return {{}, u"%1 is a directory"_s.arg(shown)};
+    // A device or a pipe might never end.
+    if (!info.isFile())
+        return {{}, u"%1 is no regular file"_s.arg(shown)};
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {{}, u"cannot read %1: %2"_s.arg(shown, file.errorString())};
+    return read_text(file, shown);
+}
+
+/** Where line @p number begins; the text's size if there is no such line. */
+qsizetype start_of_line(QStringView text, qsizetype number)
+{
+    qsizetype start = 0;
+    for (; number > 1 && start < text.size(); --number) {
+        const qsizetype end = text.indexOf(u'\n', start);
+        start = end < 0 ? text.size() : end + 1;
+    }
+    return start;
+}
+
+/** Whether the line that ends ahead of @p start is continued. */
+bool is_continued(QStringView text, qsizetype start)
+{
+    QStringView before = text.first(std::max(start - 1, qsizetype(0)));
+    if (before.endsWith(u'\r'))
+        before.chop(1);
+    return before.endsWith(u'\\');
+}
+
+/** A line of a text and the lines that it is continued by. */
+struct CommandLines
+{
+    explicit CommandLines(QStringView text)
+    {
+        for (bool continued = true; continued && size < text.size();) {
+            const qsizetype found = text.indexOf(u'\n', size);
+            QStringView line = text.sliced(size, (found < 0 ? text.size() : found) - size);
+            size = found < 0 ? text.size() : found + 1;
+            if (line.endsWith(u'\r'))
+                line.chop(1);
+            continued = line.endsWith(u'\\');
+            lines.append(line.toString());
+        }
+    }
+
+    QStringList lines;
+    /** How much of the text they take, line ends included. */
+    qsizetype size = 0;
+};
+
+QString place_of(const QString& name, qsizetype line)
+{
+    return name + u':' + QString::number(line);
+}
+
+} // namespace
+
+Playback::Playback(CommandInterpreter& interpreter) : mInterpreter(interpreter) {}
+
+bool Playback::is_python(QStringView text)
+{
+    while (!text.isEmpty()) {
+        const qsizetype end = text.indexOf(u'\n');
+        const QStringView line = (end < 0 ? text : text.first(end)).trimmed();
+        if (!line.isEmpty())
+            return line == "#!python"_L1;
+        text = end < 0 ? QStringView() : text.sliced(end + 1);
+    }
+    return false;
+}
+
+Playback::Outcome Playback::play(const QString& path, qsizetype from)
+{
+    if (mDepth >= depth_limit)
+        return fail(u"journals are nested deeper than %1"_s.arg(depth_limit));
+    const Text read = read_text(path);
+    if (!read.error.isNull())
+        return fail(read.error);
+
+    const bool python = path.endsWith(".py"_L1) || is_python(read.text);
+    const QString shown = CommandError::shown(path, path.size());
+    const qsizetype start = start_of_line(read.text, from);
+    if (from != 1 && python)
+        return fail(u"%1 is a Python script, which is only run as a whole"_s.arg(shown));
+    if (from != 1 && (from < 1 || start == read.text.size()))
+        return fail(u"%1 has no line %2"_s.arg(shown).arg(from));
+    if (is_continued(read.text, start))
+        return fail(u"line %1 of %2 continues the line before it"_s.arg(from).arg(shown));
+    const auto go_on = [again = u"play "_s + quote_word(name_from_here(path))](qsizetype line) {
+        return again + u' ' + QString::number(line);
+    };
+    const QFileInfo file(path);
+    return play_text({read.text.sliced(start), path, from, go_on, file.absoluteFilePath()}, python,
+                     file.absolutePath());
+}
+
+Playback::Outcome Playback::play_device(QIODevice& device, const QString& name)
+{
+    const Text read = read_text(device, CommandError::shown(name, name.size()));
+    if (!read.error.isNull())
+        return fail(read.error);
+    return play_text({read.text, name, 1, {}, {}}, name.endsWith(".py"_L1) || is_python(read.text), {});
+}
+
+Playback::Outcome Playback::play_lines(const QStringList& lines, const QString& name, const Origin& origin)
+{
+    if (mDepth >= depth_limit)
+        return fail(u"journals are nested deeper than %1"_s.arg(depth_limit));
+    const QString text = lines.join(u'\n');
+    return play_text({text, name, origin.first_line, origin.go_on, {}, origin.piece},
+                     origin.python || is_python(text), origin.directory);
+}
+
+QString Playback::script_in_play() const
+{
+    return mPythonScripts.isEmpty() ? QString() : mPythonScripts.last()->name;
+}
+
+QString Playback::file_in_play(const QString& name) const
+{
+    for (auto it = mScripts.rbegin(); it != mScripts.rend(); ++it) {
+        if ((*it)->name == name)
+            return (*it)->file;
+    }
+    return {};
+}
+
+void Playback::script_reached(qsizetype line)
+{
+    if (mPythonScripts.isEmpty())
+        return;
+    // By value: what the wait lets in may end the run.
+    const Script script = *mPythonScripts.last();
+    const qsizetype lines = script.text.count(u'\n') + 1;
+    const qsizetype done = line - script.first_line;
+    if (done > 0 && done < lines && mScripts.size() == 1)
+        show_progress(script, std::max(int(done * 100 / lines), mPercent));
+    wait_while_paused(line > 0 ? u"in "_s + place_of(script.name, line) : u"in "_s + script.name);
+}
+
+void Playback::pause()
+{
+    set_paused(true);
+}
+
+void Playback::resume()
+{
+    set_paused(false);
+}
+
+void Playback::stop()
+{
+    mStop = is_playing();
+    set_paused(false);
+}
+
+Playback::Outcome Playback::play_text(const Script& script, bool python, const QString& directory)
+{
+    const InterruptScope scope;
+    const QString before = QDir::currentPath();
+    const bool change = !directory.isEmpty() && mChangeDirectory();
+    if (change && !QDir::setCurrent(directory))
+        return fail(u"cannot change to the directory %1 of %2"_s.arg(
+            CommandError::shown(directory, directory.size()),
+            CommandError::shown(script.name, script.name.size())));
+    if (mDepth++ == 0) {
+        mDirectory = before;
+        mPercent = 0;
+        mProgress(script.name, 0);
+    }
+    mScripts.append(&script);
+    if (python)
+        mPythonScripts.append(&script);
+    const auto leave = qScopeGuard([&] {
+        mScripts.removeLast();
+        if (python)
+            mPythonScripts.removeLast();
+        if (change)
+            QDir::setCurrent(before);
+        if (--mDepth > 0)
+            return;
+        mStop = false;
+        mProgress(script.name, 100);
+    });
+    const Outcome outcome = python ? play_python(script) : play_journal(script);
+    mInnerEnded = outcome != Outcome::Played;
+    mInnerPython = python;
+    return outcome;
+}
+
+Playback::Outcome Playback::play_journal(const Script& script)
+{
+    // The commands that run may play journals themselves: nothing of this walk is a member.
+    const QStringView text = script.text;
+    qsizetype line = script.first_line;
+    qsizetype last_command = line;
+    for (qsizetype start = 0; start < text.size();) {
+        const CommandLines command(text.sliced(start));
+        if (mDepth == 1)
+            show_progress(script, int(start * 100 / text.size()));
+        if (const Outcome outcome = turn_and_wait(place_of(script.name, line)); outcome != Outcome::Played) {
+            report_end(outcome, place_of(script.name, last_command));
+            hint(script, line);
+            return outcome;
+        }
+        for (const QString& one : command.lines)
+            mEcho(one);
+        mInnerEnded = false;
+        const bool done = mInterpreter.run(text.sliced(start, command.size).toString(), script.name, line) !=
+                          CommandInterpreter::Result::Failed;
+        const Outcome ended = test_end();
+        const Outcome outcome = ended == Outcome::Played && !done ? Outcome::Failed : ended;
+        const bool inner = mInnerEnded && outcome != Outcome::Played;
+        last_command = line;
+        start += command.size;
+        line += command.lines.size();
+        if (outcome == Outcome::Played)
+            continue;
+        if (inner)
+            mInterpreter.print_error(u"  played from %1\n"_s.arg(place_of(script.name, last_command)));
+        else
+            report_end(outcome, place_of(script.name, last_command));
+        // What an inner journal has left is played on there.
+        const bool again = !done && (!inner || mInnerPython);
+        if (again || start < text.size())
+            hint(script, again ? last_command : line);
+        return outcome;
+    }
+    return Outcome::Played;
+}
+
+Playback::Outcome Playback::play_python(const Script& script)
+{
+    const QString& name = script.name;
+    if (const Outcome outcome = turn_and_wait(name); outcome != Outcome::Played)
+        return report_end(outcome, name);
+    if (!mPythonHook)
+        return fail(u"%1 is a Python script, and there is no Python here"_s.arg(
+            CommandError::shown(name, name.size())));
+    bool done = false;
+    try {
+        // Lines keep their numbers.
+        done = mPythonHook({name, QString(script.first_line - 1, u'\n') + script.text, script.piece});
+    } catch (const std::exception& error) {
+        return fail(QString::fromUtf8(error.what()));
+    } catch (...) {
+        return fail(u"%1 failed for an unknown reason"_s.arg(CommandError::shown(name, name.size())));
+    }
+    if (const Outcome outcome = test_end(); outcome != Outcome::Played)
+        return report_end(outcome, name);
+    return done ? Outcome::Played : Outcome::Failed;
+}
+
+Playback::Outcome Playback::turn_and_wait(const QString& next)
+{
+    mTurn();
+    wait_while_paused(u"ahead of "_s + next);
+    return test_end();
+}
+
+void Playback::wait_while_paused(const QString& where)
+{
+    for (bool told = false; mPaused && mWait && test_end() == Outcome::Played; mWait()) {
+        if (!std::exchange(told, true))
+            mInterpreter.print(u"Paused %1\n"_s.arg(where));
+    }
+}
+
+void Playback::show_progress(const Script& script, int percent)
+{
+    if (percent != std::exchange(mPercent, percent))
+        mProgress(script.name, percent);
+}
+
+Playback::Outcome Playback::test_end() const
+{
+    if (interrupt_requested())
+        return Outcome::Interrupted;
+    return mStop ? Outcome::Stopped : Outcome::Played;
+}
+
+Playback::Outcome Playback::report_end(Outcome outcome, const QString& place)
+{
+    if (outcome == Outcome::Interrupted)
+        mInterpreter.print_error(u"Interrupted: %1\n"_s.arg(place));
+    else if (outcome == Outcome::Stopped)
+        mInterpreter.print_error(u"Stopped: %1\n"_s.arg(place));
+    return outcome;
+}
+
+/** How to play on from the line that is to come next. */
+void Playback::hint(const Script& script, qsizetype line) const
+{
+    if (mHints && script.go_on)
+        mInterpreter.print_error(u"  play on with: %1\n"_s.arg(script.go_on(line)));
+}
+
+/** @p path, so that it means the same once the outermost journal has ended and its directory is left. */
+QString Playback::name_from_here(const QString& path) const
+{
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    const bool same = mDepth == 0 || QFileInfo(QDir(mDirectory), path).absoluteFilePath() == absolute;
+    return same ? path : absolute;
+}
+
+Playback::Outcome Playback::fail(const QString& message)
+{
+    mInterpreter.report(message);
+    return Outcome::Failed;
+}
+
+void Playback::set_paused(bool paused)
+{
+    if (mPaused == paused)
+        return;
+    mPaused = paused;
+    mPauseChanged(paused);
+}

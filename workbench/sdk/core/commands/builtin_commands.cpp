@@ -1,0 +1,221 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/sdk/core/commands/builtin_commands.h"
+
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/Playback.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Kind = CommandParameter::Kind;
+
+const QString variable_entity = u"variable"_s;
+
+constexpr auto words_tip = QT_TRANSLATE_NOOP("CommandParameter", "Quotes keep blanks; $NAME is a variable.");
+
+QList<CommandFileFilter> journal_filters()
+{
+    return {{QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Journals")), u".jou"_s},
+            {QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Python Scripts")), u".py"_s}};
+}
+
+/** The words from @p first on with one blank in between. */
+QString joined(const CommandCall& call, qsizetype first)
+{
+    QString result;
+    for (qsizetype i = first; i < call.count(); ++i) {
+        if (i > first)
+            result += u' ';
+        result += call.words()[i].text;
+    }
+    return result;
+}
+
+void list_commands(CommandCall& call)
+{
+    const CommandRegistry& registry = call.interpreter().registry();
+    const QStringList names = registry.names();
+    qsizetype width = 0;
+    for (const QString& name : names)
+        width = std::max(width, name.size());
+    QString text;
+    for (const QString& name : names)
+        text += name.leftJustified(width + 2) + registry.find(name)->summary + u'\n';
+    call.print(text + "Type \"help COMMAND\" for more about a command.\n"_L1);
+}
+
+void help(CommandCall& call)
+{
+    const std::optional<QString> name = call.optional(1);
+    call.expect_end();
+    if (!name) {
+        list_commands(call);
+        return;
+    }
+    const CommandRegistry& registry = call.interpreter().registry();
+    const std::shared_ptr<const Command> command = registry.find(*name);
+    if (!command)
+        throw registry.not_found(*name, call.column(1));
+    QString text = u"Usage: "_s + command->usage + u'\n' + command->summary + u'\n';
+    if (!command->help.isEmpty())
+        text += u'\n' + command->help + (command->help.endsWith(u'\n') ? u""_s : u"\n"_s);
+    call.print(text);
+}
+
+void echo(CommandCall& call)
+{
+    call.print(joined(call, 1) + u'\n');
+}
+
+/** A variable as the command that sets it. */
+QString set_line(const QString& name, const QString& value)
+{
+    return u"set "_s + name + u' ' + quote_word(value) + u'\n';
+}
+
+void set(CommandCall& call)
+{
+    CommandVariables& variables = call.interpreter().variables();
+    if (!call.has(1)) {
+        QString text;
+        const QStringList names = variables.names();
+        for (const QString& name : names)
+            text += set_line(name, variables.value(name).value_or(QString()));
+        call.print(text);
+        return;
+    }
+    const QString name = call.text(1, "a name");
+    if (!is_variable_name(name))
+        throw call.expected(1, "a name");
+    if (call.has(2)) {
+        variables.set(name, joined(call, 2));
+        call.interpreter().registry().entities().tell_changed(variable_entity);
+        return;
+    }
+    const std::optional<QString> value = variables.value(name);
+    if (!value)
+        throw call.error(1, u"unknown variable %1"_s.arg(CommandError::shown(name)));
+    call.print(set_line(name, *value));
+}
+
+void history(CommandCall& call, const HistorySource& source)
+{
+    const QStringList lines = source ? source() : QStringList();
+    qsizetype count = lines.size();
+    if (call.has(1))
+        count = std::min(count, qsizetype(call.integer(1, "how many lines", 1)));
+    call.expect_end();
+    const auto width = QString::number(lines.size()).size();
+    QString text;
+    for (qsizetype i = lines.size() - count; i < lines.size(); ++i)
+        text += QString::number(i + 1).rightJustified(width) + "  "_L1 + lines[i] + u'\n';
+    call.print(text);
+}
+
+void play(CommandCall& call, Playback& playback)
+{
+    const QString path = call.text(1, "a file");
+    if (path.isEmpty())
+        throw call.expected(1, "a file");
+    const int from = call.has(2) ? call.integer(2, "a line number", 1) : 1;
+    call.expect_end();
+    if (playback.play(path, from) != Playback::Outcome::Played)
+        throw CommandError::reported();
+}
+
+void quit(CommandCall& call, Playback& playback, const std::function<void()>& ask)
+{
+    call.expect_end();
+    if (!ask)
+        throw CommandError(u"there is no application to end"_s);
+    playback.stop();
+    ask();
+}
+
+} // namespace
+
+void register_builtin_commands(CommandInterpreter& interpreter, Playback& playback,
+                               const BuiltinServices& services)
+{
+    const QString owner = u"fennari19"_s;
+    const auto add = [&interpreter](const Command& command) { interpreter.registry().add(command); };
+    CommandEntities& entities = interpreter.registry().entities();
+    entities.offer(variable_entity, owner, [&interpreter] { return interpreter.variables().names(); });
+
+    add({.name = u"help"_s,
+         .summary = u"Lists all commands, or explains one."_s,
+         .owner = owner,
+         .run = help,
+         .forms = {{.clauses = {optional_value({.name = u"COMMAND"_s,
+                                                .kind = Kind::Entity,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Command"),
+                                                .entity = u"command"_s})}}}});
+    add({.name = u"echo"_s,
+         .summary = u"Prints its words."_s,
+         .help =
+             u"The words are printed with one blank in between; \"echo 'a  b'\" keeps the blanks in quotes."_s,
+         .owner = owner,
+         .run = echo,
+         .forms = {{.clauses = {optional_value({.name = u"WORD"_s,
+                                                .kind = Kind::Words,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Words"),
+                                                .tip = words_tip,
+                                                .example = u"'a  b' c"_s})}}}});
+    add({.name = u"set"_s,
+         .summary = u"Sets a variable, shows one, or lists all."_s,
+         .help = u"$NAME and ${NAME} stand for the value in later commands, except in single quotes.\n"
+                 "Several values are joined with one blank in between."_s,
+         .owner = owner,
+         .run = set,
+         .forms = {{.clauses = {optional_value({.name = u"NAME"_s,
+                                                .kind = Kind::Variable,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Variable"),
+                                                .entity = variable_entity,
+                                                .example = u"radius"_s}),
+                                optional_value({.name = u"VALUE"_s,
+                                                .kind = Kind::Words,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Value"),
+                                                .tip = words_tip,
+                                                .example = u"2.5"_s})}}}});
+    add({.name = u"history"_s,
+         .summary = u"Lists the lines typed so far, or the last COUNT of them."_s,
+         .owner = owner,
+         .run = [&services](CommandCall& call) { history(call, services.history); },
+         .forms = {{.clauses = {optional_value({.name = u"COUNT"_s,
+                                                .kind = Kind::WholeNumber,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Lines"),
+                                                .least = 1,
+                                                .most = std::numeric_limits<int>::max(),
+                                                .example = u"10"_s})}}}});
+    add({.name = u"play"_s,
+         .summary = u"Plays a journal or a Python script."_s,
+         .help =
+             u"A relative name is looked up in the current directory. The first error ends the playback.\n"
+             "With LINE, a journal is played from that line on.\n"
+             "Files named *.py, and files whose first line is #!python, are run as Python."_s,
+         .owner = owner,
+         .run = [&playback](CommandCall& call) { play(call, playback); },
+         .forms = {
+             {.clauses = {required_value({.name = u"FILE"_s,
+                                          .kind = Kind::InputFile,
+                                          .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal or script"),
+                                          .filters = &journal_filters,
+                                          .example = u"example.jou"_s}),
+                          optional_value({.name = u"LINE"_s,
+                                          .kind = Kind::WholeNumber,
+                                          .label = QT_TRANSLATE_NOOP("CommandParameter", "From line"),
+                                          .default_value = u"1"_s,
+                                          .least = 1,
+                                          .most = std::numeric_limits<int>::max()})}}}});
+    add({.name = u"quit"_s,
+         .summary = u"Ends the application."_s,
+         .help = u"A journal in play is stopped."_s,
+         .owner = owner,
+         .run = [&playback, &services](CommandCall& call) { quit(call, playback, services.quit); },
+         .forms = {{}}});
+}

@@ -1,0 +1,422 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/sdk/core/commands/complete_command.h"
+
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/CommandVariables.h"
+#include "workbench/sdk/core/commands/numbers.h"
+#include "workbench/sdk/core/commands/tokenize.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSet>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Kind = CommandParameter::Kind;
+
+enum class Quote { None, Double, Single };
+
+/** The words of a line up to the caret. */
+struct Typed
+{
+    /** Those that are complete. */
+    QList<CommandWord> words;
+    /** The one that the caret ends, without quotes; empty if a new one would begin there. */
+    QString word;
+    /** Where that begins in the line. */
+    qsizetype start = 0;
+    bool in_comment = false;
+};
+
+Typed read_words(const QString& before, const CommandVariables& variables)
+{
+    // A variable that is not set must not spoil the words behind it.
+    const auto lookup = [&variables](QStringView name) -> std::optional<QString> {
+        return variables.value(name).value_or(QString());
+    };
+    // What is typed may be within quotes.
+    CommandWords found;
+    for (const QString& ending : {u""_s, u"\""_s, u"'"_s}) {
+        found = tokenize(before + ending, lookup);
+        if (!found.error)
+            break;
+    }
+    Typed typed;
+    typed.words = found.words;
+    typed.start = before.size();
+    const bool touches = !found.words.isEmpty() && found.end_column > before.size();
+    if (touches) {
+        typed.word = found.words.last().text;
+        typed.start = found.words.last().column - 1;
+        typed.words.removeLast();
+    } else {
+        typed.in_comment = !QStringView(before).sliced(found.end_column - 1).trimmed().isEmpty();
+    }
+    return typed;
+}
+
+/** Which quotes are open behind @p raw, the beginning of a word as typed. */
+Quote open_quote(QStringView raw)
+{
+    Quote quote = Quote::None;
+    for (qsizetype i = 0; i < raw.size(); ++i) {
+        if (quote == Quote::None)
+            quote = raw[i] == u'"' ? Quote::Double : raw[i] == u'\'' ? Quote::Single : Quote::None;
+        else if (quote == Quote::Double && raw[i] == u'\\')
+            ++i;
+        else if (raw[i] == (quote == Quote::Double ? u'"' : u'\''))
+            quote = Quote::None;
+    }
+    return quote;
+}
+
+QString opening(Quote quote)
+{
+    return quote == Quote::Double ? u"\""_s : quote == Quote::Single ? u"'"_s : QString();
+}
+
+/**
+ * Writes @p text so that it goes on behind open quotes. An empty result for a text that is not means that
+ * these quotes cannot hold it.
+ *
+ * @param closed  whether the word ends with it.
+ */
+QString written(const QString& text, Quote quote, bool closed)
+{
+    switch (quote) {
+    case Quote::Single:
+        return text.contains(u'\'') ? QString() : closed ? text + u'\'' : text;
+    case Quote::Double: {
+        const QString quoted = quote_word(text + u' ');
+        return quoted.mid(1).chopped(2) + (closed ? u"\""_s : QString());
+    }
+    case Quote::None:
+        break;
+    }
+    const QString quoted = quote_word(text);
+    return closed || quoted == text || text.isEmpty() ? (text.isEmpty() ? text : quoted) : quoted.chopped(1);
+}
+
+/** What could come next by the forms of a command. */
+struct Expected
+{
+    QStringList keywords;
+    QList<const CommandParameter*> parameters;
+};
+
+/** Follows one way to write a command. */
+class FormReader
+{
+public:
+    explicit FormReader(const CommandSyntax& form) : mForm(form) { enter(0, mStates); }
+
+    void take(const CommandWord& word)
+    {
+        QList<State> next;
+        for (const State& state : std::as_const(mStates))
+            advance(state, word, next);
+        mStates = next;
+    }
+
+    void add_expected(Expected& expected) const
+    {
+        for (const State& state : mStates) {
+            const CommandClause& clause = mForm.clauses[state.clause];
+            if (state.parameter < 0)
+                expected.keywords << clause.keyword;
+            else
+                expected.parameters << &clause.parameters[state.parameter];
+        }
+    }
+
+private:
+    /** A place in the form; the keyword of a clause has the parameter -1. */
+    struct State
+    {
+        qsizetype clause = 0;
+        qsizetype parameter = 0;
+        int count = 0;
+
+        bool operator==(const State&) const = default;
+    };
+
+    static void add(const State& state, QList<State>& states)
+    {
+        if (!states.contains(state))
+            states << state;
+    }
+
+    /** All places that a word could fill once the clauses before @p clause are done. */
+    void enter(qsizetype clause, QList<State>& states) const
+    {
+        for (; clause < mForm.clauses.size(); ++clause) {
+            const CommandClause& here = mForm.clauses[clause];
+            if (!here.keyword.isEmpty())
+                add({clause, -1, 0}, states);
+            else if (!here.parameters.isEmpty())
+                add({clause, 0, 0}, states);
+            if (!here.optional)
+                return;
+        }
+    }
+
+    void leave(const State& state, QList<State>& states) const
+    {
+        if (state.parameter + 1 < mForm.clauses[state.clause].parameters.size())
+            add({state.clause, state.parameter + 1, 0}, states);
+        else
+            enter(state.clause + 1, states);
+    }
+
+    void advance(const State& state, const CommandWord& word, QList<State>& next) const
+    {
+        const CommandClause& clause = mForm.clauses[state.clause];
+        if (state.parameter < 0) {
+            if (word.text == clause.keyword)
+                leave(state, next);
+            return;
+        }
+        const CommandParameter& parameter = clause.parameters[state.parameter];
+        if (!fits(parameter, word, state.clause))
+            return;
+        const int count = std::min(state.count + 1, std::max(parameter.at_least, 1));
+        if (parameter.repeated || parameter.kind == Kind::Words)
+            add({state.clause, state.parameter, count}, next);
+        if (count >= parameter.at_least)
+            leave(state, next);
+    }
+
+    bool fits(const CommandParameter& parameter, const CommandWord& word, qsizetype clause) const
+    {
+        switch (parameter.kind) {
+        case Kind::Number:
+            return parse_number(word.text).has_value();
+        case Kind::WholeNumber:
+            return parse_integer(word.text).has_value();
+        case Kind::Choice:
+            return parameter.choices.contains(word.text);
+        case Kind::Entity:
+        case Kind::NewName:
+            // The words of commands are no names.
+            return std::none_of(mForm.clauses.begin() + clause, mForm.clauses.end(),
+                                [&word](const CommandClause& one) {
+                                    return !one.keyword.isEmpty() && one.keyword == word.text;
+                                });
+        default:
+            return true;
+        }
+    }
+
+    const CommandSyntax& mForm;
+    QList<State> mStates;
+};
+
+/** Puts candidates together that begin with what was typed. */
+class Collector
+{
+public:
+    /**
+     * @param typed  the part typed, without quotes.
+     * @param start  where it begins in the line.
+     * @param quote  the quotes that are open there.
+     */
+    Collector(const QString& typed, qsizetype start, Quote quote) : mTyped(typed), mQuote(quote)
+    {
+        mResult.start = start;
+    }
+
+    /** @param more  whether the word goes on behind it, as behind a directory. */
+    void add(const QString& text, bool more = false)
+    {
+        if (!text.startsWith(mTyped) || text.isEmpty() || mSeen.contains(text))
+            return;
+        const QString inserted = written(text, mQuote, !more);
+        if (inserted.isEmpty())
+            return;
+        mSeen << text;
+        mTexts << text;
+        mMore = more;
+        mResult.candidates << LineCompletion::Candidate{text, inserted};
+    }
+
+    bool is_empty() const { return mTexts.isEmpty(); }
+
+    LineCompletion result()
+    {
+        mResult.followed = mTexts.size() == 1 && !mMore;
+        std::sort(mResult.candidates.begin(), mResult.candidates.end(),
+                  [](const auto& a, const auto& b) { return a.shown < b.shown; });
+        if (!mTexts.isEmpty()) {
+            QString common = mTexts.first();
+            for (const QString& text : std::as_const(mTexts)) {
+                const auto end = std::mismatch(common.begin(), common.end(), text.begin(), text.end()).first;
+                common.truncate(end - common.begin());
+            }
+            if (!common.isEmpty() && common.back().isHighSurrogate())
+                common.chop(1);
+            mResult.common = written(common, mQuote, false);
+        }
+        return mResult;
+    }
+
+private:
+    const QString mTyped;
+    const Quote mQuote;
+    QStringList mTexts;
+    QSet<QString> mSeen;
+    bool mMore = false;
+    LineCompletion mResult;
+};
+
+/** Adds the files in @p directory: those with the endings that are asked for, or all if there are none. */
+void add_files(Collector& collector, const QString& directory, const QString& typed,
+               const CommandParameter* parameter)
+{
+    QDir::Filters filters = QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot;
+    if (typed.startsWith(u'.'))
+        filters |= QDir::Hidden;
+    const QDir folder(directory.isEmpty() ? u"."_s : directory);
+    const QFileInfoList files = folder.entryInfoList(filters, QDir::Name);
+    const QList<CommandFileFilter> wanted =
+        parameter && parameter->filters ? parameter->filters() : QList<CommandFileFilter>();
+    const auto is_wanted = [&wanted](const QFileInfo& file) {
+        return wanted.isEmpty() || file.isDir() ||
+               std::any_of(wanted.begin(), wanted.end(), [&file](const CommandFileFilter& filter) {
+                   return file.fileName().endsWith(filter.extension, Qt::CaseInsensitive);
+               });
+    };
+    const auto add = [&collector](const QFileInfo& file) {
+        collector.add(file.isDir() ? file.fileName() + u'/' : file.fileName(), file.isDir());
+    };
+    for (const QFileInfo& file : files) {
+        if (is_wanted(file))
+            add(file);
+    }
+    if (!collector.is_empty())
+        return;
+    for (const QFileInfo& file : files)
+        add(file);
+}
+
+/** Where the name of the variable begins that the caret is in, if any. */
+std::optional<qsizetype> variable_start(const QString& before, const CommandVariables& variables)
+{
+    static const QRegularExpression pattern(u"\\$\\{?([A-Za-z_][A-Za-z0-9_]*)?$"_s);
+    const QRegularExpressionMatch match = pattern.match(before);
+    if (!match.hasMatch())
+        return std::nullopt;
+    const QString ahead = before.first(match.capturedStart());
+    const Typed typed = read_words(ahead, variables);
+    const QString word = ahead.sliced(typed.start);
+    const Quote quote = open_quote(word);
+    // A backslash ahead of it, in double quotes, would as well keep the quotes from being closed here.
+    const bool escaped = quote == Quote::Double && open_quote(QString(word + u'"')) == Quote::Double;
+    if (typed.in_comment || word.startsWith(u'#') || quote == Quote::Single || escaped)
+        return std::nullopt;
+    const qsizetype brace = QStringView(before).sliced(match.capturedStart()).startsWith("${"_L1) ? 1 : 0;
+    return match.capturedStart() + 1 + brace;
+}
+
+LineCompletion complete_variable(const QString& before, qsizetype start, const CommandVariables& variables)
+{
+    LineCompletion result;
+    result.start = start;
+    const QString typed = before.sliced(start);
+    const bool brace = before[start - 1] == u'{';
+    const QStringList names = variables.names();
+    for (const QString& name : names) {
+        if (!name.startsWith(typed))
+            continue;
+        result.candidates << LineCompletion::Candidate{name, brace ? name + u'}' : name};
+        if (result.candidates.size() == 1) {
+            result.common = name;
+            continue;
+        }
+        qsizetype same = 0;
+        while (same < std::min(result.common.size(), name.size()) && result.common[same] == name[same])
+            ++same;
+        result.common.truncate(same);
+    }
+    return result;
+}
+
+} // namespace
+
+LineCompletion complete_command(const QString& line, qsizetype caret, const CommandRegistry& registry,
+                                const CommandVariables& variables)
+{
+    const QString before = line.first(std::clamp<qsizetype>(caret, 0, line.size()));
+    if (const auto start = variable_start(before, variables))
+        return complete_variable(before, *start, variables);
+    const Typed typed = read_words(before, variables);
+    if (typed.in_comment || QStringView(before).sliced(typed.start).startsWith(u'#'))
+        return {before.size()};
+
+    Collector words(typed.word, typed.start, Quote::None);
+    if (typed.words.isEmpty()) {
+        const QStringList names = registry.names();
+        for (const QString& name : names)
+            words.add(name);
+        return words.result();
+    }
+
+    const std::shared_ptr<const Command> command = registry.find(typed.words[0].text);
+    Expected expected;
+    if (command) {
+        for (const CommandSyntax& form : command->forms) {
+            FormReader reader(form);
+            for (const CommandWord& word : typed.words.sliced(1))
+                reader.take(word);
+            reader.add_expected(expected);
+        }
+    }
+    for (const QString& keyword : std::as_const(expected.keywords))
+        words.add(keyword);
+    const CommandParameter* file = nullptr;
+    bool with_files = !command || command->forms.isEmpty();
+    for (const CommandParameter* parameter : std::as_const(expected.parameters)) {
+        for (const QString& choice : parameter->choices)
+            words.add(choice);
+        if (parameter->kind == Kind::Entity || parameter->kind == Kind::Variable) {
+            const QString kind = parameter->entity.isEmpty() && parameter->kind == Kind::Variable
+                                     ? u"variable"_s
+                                     : parameter->entity;
+            const QStringList names = registry.entities().names(kind);
+            for (const QString& name : names)
+                words.add(name);
+        } else if (parameter->kind == Kind::InputFile || parameter->kind == Kind::OutputFile) {
+            file = parameter;
+            with_files = true;
+        }
+    }
+
+    LineCompletion result = words.result();
+    if (with_files && result.candidates.isEmpty()) {
+        // Only the part behind the last slash is written anew; what is ahead may hold quotes and variables.
+        const qsizetype start = std::max(before.lastIndexOf(u'/') + 1, typed.start);
+        const Quote quote = open_quote(QStringView(before).sliced(typed.start, start - typed.start));
+        const QString name = read_words(opening(quote) + before.sliced(start), variables).word;
+        // One with a slash in it is a variable's, and nothing here could go on with it.
+        if (!name.contains(u'/')) {
+            Collector files(name, start, quote);
+            add_files(files, typed.word.chopped(name.size()), name, file);
+            result = files.result();
+        }
+    }
+    // A quote that stands behind the caret closes the word already.
+    for (LineCompletion::Candidate& candidate : result.candidates) {
+        const bool closed = candidate.inserted.endsWith(u'"') || candidate.inserted.endsWith(u'\'');
+        if (closed && caret < line.size() && line[caret] == candidate.inserted.back())
+            candidate.inserted.chop(1);
+    }
+    if (result.candidates.isEmpty() && command)
+        result.hint = u"Usage: "_s + command->usage;
+    return result;
+}

@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/sdk/core/scene/select_command.h"
+
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/scene/Scene.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString owner = u"workbench"_s;
+const QString item_entity = u"item"_s;
+
+/** All ids if the only name is "all", none if it is "none". A repeated name counts once. */
+QList<int> read_items(CommandCall& call, const Scene& scene)
+{
+    QList<int> ids;
+    if (call.count() == 2 && call.text(1, u"an item") == "none"_L1)
+        return ids;
+    if (call.count() == 2 && call.text(1, u"an item") == "all"_L1) {
+        for (const auto& item : scene.items())
+            ids << item.first;
+        return ids;
+    }
+    for (qsizetype i = 1; i < call.count(); ++i) {
+        const int id = scene.find(call.text(i, u"an item"));
+        if (id == 0)
+            throw call.expected(i, u"the name of an item");
+        ids << id;
+    }
+    return ids;
+}
+
+void select(CommandCall& call, Scene& scene)
+{
+    if (call.has(1))
+        scene.select(read_items(call, scene));
+    call.expect_end();
+    const QStringList names = scene.selection();
+    call.print(names.isEmpty() ? u"Nothing is selected.\n"_s : u"Selected: %1\n"_s.arg(names.join(u", "_s)));
+}
+
+} // namespace
+
+bool register_select_command(CommandRegistry& registry, Scene& scene)
+{
+    CommandEntities& entities = registry.entities();
+    entities.offer(item_entity, owner, [&scene] {
+        QStringList names;
+        for (const auto& [id, item] : scene.items())
+            names << item.name;
+        return names;
+    });
+    QObject::connect(&scene, &Scene::item_changed, &entities,
+                     [&entities] { entities.tell_changed(item_entity); });
+    const Command command{
+        .name = u"select"_s,
+        .summary = u"Selects what is named, and nothing else."_s,
+        .help = u"\"all\" stands for all items, \"none\" for none. Without an argument it tells "
+                u"what is selected. A click in the graphics view or in the "
+                "model tree does the same."_s,
+        .owner = owner,
+        .run = [&scene](CommandCall& call) { select(call, scene); },
+        .forms = {{.clauses = {optional_value({.name = u"NAME"_s,
+                                               .kind = CommandParameter::Kind::Entity,
+                                               .label = QT_TRANSLATE_NOOP("CommandParameter", "Items"),
+                                               .choices = {u"all"_s, u"none"_s},
+                                               .entity = item_entity,
+                                               .repeated = true})}}}};
+    return registry.add(command) == CommandRegistry::AddResult::Added;
+}
