@@ -65,16 +65,12 @@ if(OSTREL_BUILD_WORKBENCH)
     endforeach()
     list(APPEND exported_targets fennar_core fennar_util fennari19 fennar_python navigation ostrelfw)
 
-    # The program reads its navigation files and finds its components in the folder that it lies in. Folders are no use
-    # in a directory of commands, so it has one of its own, and what is there is a link to it.
+    # The program reads its navigation files and finds its components in the folder that it lies in; these are installed where
+    # they are declared. Folders are no use in a directory of commands, so it has one of its own, and what is there is a link
+    # to it.
     set(program_dir ${CMAKE_INSTALL_LIBDIR}/fennar)
     set_target_properties(fennar PROPERTIES INSTALL_RPATH "$ORIGIN/..")
     install(TARGETS fennar DESTINATION ${program_dir})
-    install(DIRECTORY workbench/xml DESTINATION ${program_dir})
-    foreach(component geometry graphics)
-        install(DIRECTORY workbench/components/${component}/images/light/
-            DESTINATION ${program_dir}/xml/images/${component})
-    endforeach()
     file(RELATIVE_PATH program ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/fennar/fennar)
     file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/install)
     file(CREATE_LINK ${program} ${CMAKE_BINARY_DIR}/install/fennar SYMBOLIC)
