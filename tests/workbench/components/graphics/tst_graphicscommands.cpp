@@ -5,7 +5,7 @@
 #include "support/TestCase.h"
 #include "workbench/components/graphics/GraphicsState.h"
 #include "workbench/components/graphics/graphics_commands.h"
-#include "workbench/fennari19/CommandSession.h"
+#include "workbench/sdk/core/commands/CommandSession.h"
 
 #include <QTest>
 
