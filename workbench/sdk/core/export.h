@@ -6,8 +6,8 @@
 #include <QtGlobal>
 
 /** Marks what the library offers. */
-#ifdef FENNAR_SCENE_BUILD
-#define FENNAR_SCENE_EXPORT Q_DECL_EXPORT
+#ifdef FENNAR_CORE_BUILD
+#define FENNAR_CORE_EXPORT Q_DECL_EXPORT
 #else
-#define FENNAR_SCENE_EXPORT Q_DECL_IMPORT
+#define FENNAR_CORE_EXPORT Q_DECL_IMPORT
 #endif

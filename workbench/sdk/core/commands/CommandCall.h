@@ -4,6 +4,7 @@
 #pragma once
 
 #include "workbench/sdk/core/commands/tokenize.h"
+#include "workbench/sdk/core/export.h"
 
 #include <QAnyStringView>
 
@@ -18,7 +19,7 @@ class CommandInterpreter;
  * message: number(1, "a radius") throws a CommandError "expected a radius, found ..." with the column of the
  * word, or of the end of the line if there is no such word. The object lives as long as the call.
  */
-class CommandCall
+class FENNAR_CORE_EXPORT CommandCall
 {
 public:
     /** For the interpreter. Neither is owned; both outlive the call. */

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/sdk/core/export.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -112,21 +114,21 @@ struct CommandSyntax
 };
 
 /** A clause that must be there. */
-CommandClause required_value(const CommandParameter& parameter);
+FENNAR_CORE_EXPORT CommandClause required_value(const CommandParameter& parameter);
 /** A clause that may be left out. Behind another one without a keyword it needs that one. */
-CommandClause optional_value(const CommandParameter& parameter);
+FENNAR_CORE_EXPORT CommandClause optional_value(const CommandParameter& parameter);
 
 /**
  * How the command is written, as "play FILE [LINE]": brackets around what may be left out, "..." behind what
  * may be repeated, " | " between the ways to write it.
  */
-QString command_usage(const QString& name, const QList<CommandSyntax>& forms);
+FENNAR_CORE_EXPORT QString command_usage(const QString& name, const QList<CommandSyntax>& forms);
 
 /** The words of each parameter of a clause; empty if the clause is left out. */
 using ClauseValues = std::optional<QList<QStringList>>;
 
 /** Whether @p text is nothing but a variable, as "$radius" or "${radius}". */
-bool is_variable_reference(const QString& text);
+FENNAR_CORE_EXPORT bool is_variable_reference(const QString& text);
 
 /**
  * The line that calls the command with these values, each quoted where it must be. Variables stay variables
@@ -134,7 +136,8 @@ bool is_variable_reference(const QString& text);
  *
  * @param values  one entry for each clause; clauses behind the last one are left out.
  */
-QString command_line(const QString& name, const CommandSyntax& form, const QList<ClauseValues>& values);
+FENNAR_CORE_EXPORT QString command_line(const QString& name, const CommandSyntax& form,
+                                        const QList<ClauseValues>& values);
 
 /**
  * The values in @p words, those of a line behind the name of the command: the reverse of command_line().
@@ -144,4 +147,5 @@ QString command_line(const QString& name, const CommandSyntax& form, const QList
  *
  * @return one entry for each clause; nothing if the words are not of this form.
  */
-std::optional<QList<ClauseValues>> read_values(const CommandSyntax& form, const QStringList& words);
+FENNAR_CORE_EXPORT std::optional<QList<ClauseValues>> read_values(const CommandSyntax& form,
+                                                                  const QStringList& words);

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/sdk/core/export.h"
+
 #include <QMap>
 #include <QObject>
 #include <QString>
@@ -16,7 +18,7 @@
  * "command" and "variable" are always there; components offer others, as "solid". Who offers a kind tells
  * when its names have changed. GUI thread only.
  */
-class CommandEntities : public QObject
+class FENNAR_CORE_EXPORT CommandEntities : public QObject
 {
     Q_OBJECT
 

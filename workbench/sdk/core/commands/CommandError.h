@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/sdk/core/export.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -14,7 +16,7 @@
  * CommandInterpreter catches it, together with everything else that a command throws, and prints it on its
  * error output. Exported by name, so that a component with hidden symbols can throw it.
  */
-class Q_DECL_EXPORT CommandError : public std::exception
+class FENNAR_CORE_EXPORT CommandError : public std::exception
 {
 public:
     /**

@@ -6,6 +6,7 @@
 #include "workbench/sdk/core/commands/Callback.h"
 #include "workbench/sdk/core/commands/CommandVariables.h"
 #include "workbench/sdk/core/commands/ContinuedCommand.h"
+#include "workbench/sdk/core/export.h"
 
 #include <QList>
 #include <QString>
@@ -25,7 +26,7 @@ class CommandRegistry;
  * No exception leaves this class: whatever a command throws is reported in the name of that command. A
  * command may run others. The outermost run or enter is an InterruptScope. GUI thread only.
  */
-class CommandInterpreter
+class FENNAR_CORE_EXPORT CommandInterpreter
 {
 public:
     /** How a line or a text has ended. */

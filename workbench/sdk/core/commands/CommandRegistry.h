@@ -6,6 +6,7 @@
 #include "workbench/sdk/core/commands/CommandDescription.h"
 #include "workbench/sdk/core/commands/CommandEntities.h"
 #include "workbench/sdk/core/commands/CommandError.h"
+#include "workbench/sdk/core/export.h"
 
 #include <QMap>
 #include <QString>
@@ -40,7 +41,7 @@ struct Command
 };
 
 /** The commands that can be typed. Names are compared exactly and case-sensitively. GUI thread only. */
-class CommandRegistry
+class FENNAR_CORE_EXPORT CommandRegistry
 {
 public:
     /** What has become of a command that was to be added. */

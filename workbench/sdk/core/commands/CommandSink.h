@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/sdk/core/export.h"
+
 #include <QString>
 
 #include <functional>
@@ -13,7 +15,7 @@
  *
  * The sink runs inside the click on "Apply" and may do anything, also set another sink or delete the panel.
  */
-void set_command_sink(std::function<void(const QString&)> sink);
+FENNAR_CORE_EXPORT void set_command_sink(std::function<void(const QString&)> sink);
 
 /** Hands @p line to the sink. */
-void send_command(const QString& line);
+FENNAR_CORE_EXPORT void send_command(const QString& line);

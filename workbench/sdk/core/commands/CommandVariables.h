@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/sdk/core/export.h"
+
 #include <QMap>
 #include <QString>
 #include <QStringList>
@@ -11,7 +13,7 @@
 #include <optional>
 
 /** The variables of the command language, by name. Names are case-sensitive. */
-class CommandVariables
+class FENNAR_CORE_EXPORT CommandVariables
 {
 public:
     /** Sets a variable, new or not. Returns false and does nothing if is_variable_name(@p name) is false. */

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/sdk/core/export.h"
+
 #include <QList>
 #include <QString>
 #include <QStringView>
@@ -12,7 +14,7 @@
  *
  * The lines are joined without the backslash and with nothing in between.
  */
-class ContinuedCommand
+class FENNAR_CORE_EXPORT ContinuedCommand
 {
 public:
     /** A place in the lines as they were typed. */

@@ -8,9 +8,10 @@
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Playback.h"
 #include "workbench/sdk/core/commands/builtin_commands.h"
+#include "workbench/sdk/core/export.h"
 
 /** The command side of the application, behind FennarInterface. GUI thread only. */
-class Fennar
+class FENNAR_CORE_EXPORT Fennar
 {
 public:
     /** The one object; made at the first call. */

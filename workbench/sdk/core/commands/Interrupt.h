@@ -3,17 +3,19 @@
 
 #pragma once
 
+#include "workbench/sdk/core/export.h"
+
 /** Whether the user has asked the running work to stop. Cheap, and safe from any thread. */
-bool interrupt_requested();
+FENNAR_CORE_EXPORT bool interrupt_requested();
 
 /** How often he has, which tells a request from the one before it. Safe from any thread. */
-int interrupt_requests();
+FENNAR_CORE_EXPORT int interrupt_requests();
 
 /** Asks the running work to stop. Safe from any thread. */
-void request_interrupt();
+FENNAR_CORE_EXPORT void request_interrupt();
 
 /** Takes the request back. Safe from any thread. */
-void clear_interrupt();
+FENNAR_CORE_EXPORT void clear_interrupt();
 
 /**
  * One piece of work that an interrupt can end, such as a command or the playback of a journal.
@@ -21,7 +23,7 @@ void clear_interrupt();
  * Scopes nest. The outermost one takes back, at its start, a request that came while nothing ran, and, at its
  * end, the one that was meant for it. GUI thread only.
  */
-class InterruptScope
+class FENNAR_CORE_EXPORT InterruptScope
 {
 public:
     InterruptScope();

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "workbench/sdk/core/commands/Callback.h"
+#include "workbench/sdk/core/export.h"
 
 #include <QList>
 #include <QString>
@@ -27,7 +28,7 @@ class QIODevice;
  * The line is that of the last command that ran, or the first line if none has. While it is paused it says on
  * the output ahead of which line it waits. GUI thread only.
  */
-class Playback
+class FENNAR_CORE_EXPORT Playback
 {
 public:
     /** How playback has ended. */

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/sdk/core/export.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -27,5 +29,5 @@ struct BuiltinServices
  * Adds help, echo, set, history, play and quit to the interpreter's registry, with the owner "fennari19".
  * The arguments outlive the commands.
  */
-void register_builtin_commands(CommandInterpreter& interpreter, Playback& playback,
-                               const BuiltinServices& services);
+FENNAR_CORE_EXPORT void register_builtin_commands(CommandInterpreter& interpreter, Playback& playback,
+                                                  const BuiltinServices& services);

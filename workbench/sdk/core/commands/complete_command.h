@@ -4,6 +4,7 @@
 #pragma once
 
 #include "workbench/sdk/core/commands/LineCompletion.h"
+#include "workbench/sdk/core/export.h"
 
 #include <QString>
 
@@ -18,5 +19,6 @@ class CommandVariables;
  * ones are left out unless a dot was typed. A name that needs quotes gets them, and a word that is in quotes
  * already stays in them. Nothing is completed in a comment.
  */
-LineCompletion complete_command(const QString& line, qsizetype caret, const CommandRegistry& registry,
-                                const CommandVariables& variables);
+FENNAR_CORE_EXPORT LineCompletion complete_command(const QString& line, qsizetype caret,
+                                                   const CommandRegistry& registry,
+                                                   const CommandVariables& variables);

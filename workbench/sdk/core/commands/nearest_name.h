@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/sdk/core/export.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -12,4 +14,4 @@
  * Counted are letters put in, left out, changed, or swapped with their neighbour. A third of the letters of
  * the typed word may be wrong, and always one. Of equally near names the first wins.
  */
-QString nearest_name(const QString& typed, const QStringList& names);
+FENNAR_CORE_EXPORT QString nearest_name(const QString& typed, const QStringList& names);

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/sdk/core/export.h"
+
 #include <QStringView>
 
 #include <optional>
@@ -13,7 +15,7 @@
  * The whole text must be the number. The decimal point is a point whatever the locale. Empty for anything
  * else ("1,5", "nan", "inf", "0x10", " 1") and for a number that a double cannot hold (1e999, 1e-999).
  */
-std::optional<double> parse_number(QStringView text);
+FENNAR_CORE_EXPORT std::optional<double> parse_number(QStringView text);
 
 /** Reads a whole number: an optional sign and digits, nothing else. Empty also if it does not fit. */
-std::optional<qint64> parse_integer(QStringView text);
+FENNAR_CORE_EXPORT std::optional<qint64> parse_integer(QStringView text);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "workbench/sdk/core/commands/CommandError.h"
+#include "workbench/sdk/core/export.h"
 
 #include <QList>
 #include <QString>
@@ -49,10 +50,10 @@ inline constexpr qsizetype expansion_limit = qsizetype(1) << 26;
  * @param line      one whole command, continued lines joined. Line ends in it count as blanks.
  * @param variable  finds the variables; none exist if it is null.
  */
-CommandWords tokenize(QStringView line, const VariableLookup& variable = {});
+FENNAR_CORE_EXPORT CommandWords tokenize(QStringView line, const VariableLookup& variable = {});
 
 /** Writes @p word so that tokenize() reads exactly it back; in double quotes only where it needs them. */
-QString quote_word(QStringView word);
+FENNAR_CORE_EXPORT QString quote_word(QStringView word);
 
 /** Whether @p name can name a variable: a letter or "_", then letters, digits and "_", all of them ASCII. */
-bool is_variable_name(QStringView name);
+FENNAR_CORE_EXPORT bool is_variable_name(QStringView name);

@@ -3,8 +3,8 @@
 
 #pragma once
 
+#include "workbench/sdk/core/export.h"
 #include "workbench/sdk/core/files/Surface.h"
-#include "workbench/sdk/core/files/export.h"
 
 #include <QByteArray>
 #include <QString>
@@ -33,4 +33,4 @@ struct FileFormat
 };
 
 /** The entry of a file dialog for such files, as "STEP (*.step *.stp)". */
-FENNAR_FORMATS_EXPORT QString file_filter(const QString& name, const QStringList& endings);
+FENNAR_CORE_EXPORT QString file_filter(const QString& name, const QStringList& endings);

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "workbench/sdk/core/export.h"
 #include "workbench/sdk/core/files/FileFormat.h"
 
 #include <QList>
@@ -17,7 +18,7 @@
  * is gone for the model, too. One object for the whole process, since the components are shared objects of
  * their own. GUI thread only.
  */
-class FENNAR_FORMATS_EXPORT FormatRegistry : public QObject
+class FENNAR_CORE_EXPORT FormatRegistry : public QObject
 {
     Q_OBJECT
 

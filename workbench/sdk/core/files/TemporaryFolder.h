@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/sdk/core/export.h"
+
 #include <QTemporaryDir>
 
 #include <memory>
@@ -11,7 +13,7 @@
  * A new folder for temporary files. It is removed with the object, and also if a signal ends the program; see
  * remove_on_signals(). Any thread.
  */
-class TemporaryFolder
+class FENNAR_CORE_EXPORT TemporaryFolder
 {
 public:
     /** Makes it where the system has temporary files. */

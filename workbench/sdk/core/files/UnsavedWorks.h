@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "workbench/sdk/core/files/export.h"
+#include "workbench/sdk/core/export.h"
 
 #include <QByteArrayList>
 #include <QList>
@@ -37,7 +37,7 @@ struct UnsavedWork
  *
  * One object for the whole process, since the components are shared objects of their own. GUI thread only.
  */
-class FENNAR_FORMATS_EXPORT UnsavedWorks : public QObject
+class FENNAR_CORE_EXPORT UnsavedWorks : public QObject
 {
     Q_OBJECT
 

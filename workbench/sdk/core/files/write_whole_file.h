@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/sdk/core/export.h"
+
 #include <QByteArrayList>
 #include <QString>
 
@@ -17,4 +19,4 @@
  * @return why it failed, in the system's words; empty if the new content is on the disk. After a failure what
  * was at @p path is as it was, unless it is a device.
  */
-[[nodiscard]] QString write_whole_file(const QString& path, const QByteArrayList& parts);
+[[nodiscard]] FENNAR_CORE_EXPORT QString write_whole_file(const QString& path, const QByteArrayList& parts);

@@ -3,8 +3,8 @@
 
 #pragma once
 
+#include "workbench/sdk/core/export.h"
 #include "workbench/sdk/core/scene/SceneShape.h"
-#include "workbench/sdk/core/scene/export.h"
 
 #include <QList>
 #include <QObject>
@@ -25,7 +25,7 @@
  *
  * The application has one scene, instance(). GUI thread only.
  */
-class FENNAR_SCENE_EXPORT Scene : public QObject
+class FENNAR_CORE_EXPORT Scene : public QObject
 {
     Q_OBJECT
 

@@ -3,8 +3,8 @@
 
 #pragma once
 
+#include "workbench/sdk/core/export.h"
 #include "workbench/sdk/core/scene/Point3.h"
-#include "workbench/sdk/core/scene/export.h"
 
 #include <QVector3D>
 
@@ -16,7 +16,7 @@
  *
  * It must not change any more once it is part of a Scene.
  */
-struct FENNAR_SCENE_EXPORT SceneShape
+struct FENNAR_CORE_EXPORT SceneShape
 {
     /** What all other coordinates count from, in the units of the model. */
     Point3 origin;

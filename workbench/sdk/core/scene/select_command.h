@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/sdk/core/export.h"
+
 class CommandRegistry;
 class Scene;
 
@@ -12,4 +14,4 @@ class Scene;
  * @param scene  must outlive the command.
  * @return false if there is a command of that name already.
  */
-bool register_select_command(CommandRegistry& registry, Scene& scene);
+FENNAR_CORE_EXPORT bool register_select_command(CommandRegistry& registry, Scene& scene);
