@@ -112,12 +112,14 @@ def index_is_complete(tree):
 
 
 def readme_lists_folders(tree):
-    """The README's table of folders has each folder of the tree, and no other."""
+    """The README's tables of folders have each folder of the tree, of the workbench and of its components, and no other."""
     readme = tree.get("README.md", "")
     listed = set()
     for row in re.findall(r"^\| (`[^|]*) \|", readme, re.M):
         listed |= {name.rstrip("/") for name in CODE_SPAN.findall(row)}
-    there = {path.split("/")[0] for path in tree if "/" in path and not path.startswith(".")}
+    there = {found.group(1) for path in tree
+             for pattern in (r"([^./][^/]*)/", r"(workbench/[^/]+)/", r"(workbench/components/[^/]+)/")
+             for found in [re.match(pattern, path)] if found}
     bad = [("README.md", 1, f"the table of folders lacks {name}/") for name in sorted(there - listed)]
     bad += [("README.md", 1, f"the table of folders has {name}/, which is not there") for name in sorted(listed - there)]
     return ["README.md"] if readme else [], bad
@@ -237,7 +239,7 @@ BAD = {
     ],
     paths_exist: [{"README.md": "see `frame/Box.h`\n"}, {"README.md": "see `host/b/`\n"}],
     index_is_complete: [{"docs/more.md": "# More\n"}],
-    readme_lists_folders: [{"tools/a": ""}, {"README.md": "| `docs/`, `host/`, `frame/`, `gone/` | a |\n"}],
+    readme_lists_folders: [{"tools/a": ""}, {"workbench/x/a.cpp": ""}, {"workbench/components/x/a.cpp": ""}, {"README.md": "| `docs/`, `host/`, `frame/`, `gone/` | a |\n"}],
     quotations_are_exact: [
         {"frame/main.cpp": "int a;\n"},
         {"frame/main.cpp": "if (a) {\nb();\nint a;\n"},

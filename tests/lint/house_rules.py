@@ -20,6 +20,39 @@ LEAST_FILES = {".h": 25, ".cpp": 8, "CMakeLists.txt": 12, "script": 5}
 SHELL = ("frame", "console", "files", "journal", "menus", "options", "resources")
 OWN_FOLDERS = SHELL + ("host", "workbench", "tests", "benchmarks", "tools")
 
+# Who may include from whom: for each part of the tree those that it uses beside itself. Tests of a part use what the part
+# uses; tests of components, which run in the program, use the program. A name that ends in "/" is all below it.
+PART = re.compile(r"host(?=/)|benchmarks(?=/)|tools(?=/)|tests/(?:support|hostdouble|fuzz|install/host|install/probe)(?=/)"
+                  r"|workbench/main\.cpp$|tests/workbench/program(?=/)"
+                  r"|(?:tests/)?workbench/(?:sdk/core|sdk/component|host|application|components/[\w-]+)(?=/)")
+PROGRAM = ("host", "shell", "workbench/sdk/core", "workbench/sdk/component", "workbench/host")
+USES = {
+    "host": (),
+    "shell": ("host",),
+    "workbench/sdk/core": (),
+    "workbench/host": ("host", "workbench/sdk/core"),
+    "workbench/sdk/component": ("host", "shell", "workbench/sdk/core"),
+    "workbench/components": ("host", "shell", "workbench/sdk/core", "workbench/sdk/component"),
+    "workbench/application": PROGRAM,
+    "workbench/main.cpp": PROGRAM + ("workbench/application",),
+    "tools": PROGRAM + ("workbench/application",),
+    "benchmarks": PROGRAM + ("workbench/application", "workbench/components/", "tests/hostdouble"),
+    "tests": ("host", "shell", "tests/support", "tests/hostdouble"),
+    "tests/support": ("host", "shell", "tests/hostdouble"),
+    "tests/hostdouble": ("host", "tests/support"),
+    "tests/fuzz": ("shell", "tests", "workbench/"),
+    "tests/workbench/program": PROGRAM + ("workbench/", "tests/workbench/", "tests/support"),
+    "tests/install/host": ("host", "shell", "workbench/host"),
+    "tests/install/probe": ("host", "shell", "workbench/sdk/core", "workbench/sdk/component"),
+}
+# What goes against that: a source and a header, with the reason.
+EXCEPTIONS = {
+    ("workbench/components/geometry/window/GeometryFileHandler.cpp", "files/modal_dialogs.h"):
+        "the shell does not export how it asks for files",
+    ("tests/workbench/components/geometry/commands/tst_filecommands.cpp", "workbench/components/obj_format/obj_text.h"):
+        "a format that another component brings",
+}
+
 
 # --- The files -------------------------------------------------------------------------------------------------
 
@@ -173,19 +206,86 @@ def headers_guarded_once(tree):
     return seen, bad
 
 
-def dependencies_point_one_way(tree):
-    """The shell uses host/ and itself, host/ only itself, nothing uses tests/ but tests and benchmarks."""
-    allowed = {folder: SHELL + ("host",) for folder in SHELL}
-    allowed["host"] = ("host",)
-    allowed["workbench"] = SHELL + ("host", "workbench")
-    seen = [p for p in tree if is_code(p) and folder_of(p) in allowed]
+def part_of(path):
+    """The part of the tree that a source belongs to, as the matrix names it; none for what is no part."""
+    if folder_of(path) in SHELL:
+        return "shell"
+    found = PART.match(path)
+    if found:
+        return found.group(0)
+    return "tests" if folder_of(path) == "tests" and not path.startswith("tests/workbench/") else None
+
+
+def used_parts(part):
+    """The parts that one may include from, itself among them."""
+    if part in USES:
+        return {part, *USES[part]}
+    if part.startswith("workbench/components/"):
+        return {part, *USES["workbench/components"]}
+    # Tests use what they test, what that uses, and the helpers of the tests of both.
+    tested = part.removeprefix("tests/")
+    used = used_parts(tested)
+    if tested.startswith("workbench/components/"):
+        used |= used_parts("workbench/application")
+    return used | {"tests" if one == "shell" else "tests/" + one for one in used} | {"tests/support", "tests/hostdouble"}
+
+
+def may_include(part, other):
+    """Whether sources of one part may include headers of another."""
+    return any(other == used or used.endswith("/") and (other or "").startswith(used) for used in used_parts(part))
+
+
+def included_by(tree, path):
+    """The line and the path of each header of the tree that a source includes."""
+    for m in re.finditer(r'^[ \t]*#[ \t]*include[ \t]*["<]([^">]+)[">]', tree[path], re.M):
+        name = m.group(1)
+        beside = os.path.join(os.path.dirname(path), name)
+        if "/" not in name:
+            name = beside if beside in tree else None
+        elif name not in tree and ("tests/" + name in tree or folder_of(name) in ("support", "hostdouble")):
+            name = "tests/" + name
+        if name and folder_of(name) in OWN_FOLDERS:
+            yield tree[path].count("\n", 0, m.start()) + 1, name
+
+
+def installed_headers(tree):
+    """The headers of the shell that hosts and components get: those with exported classes, those that the installation
+    names, and what they include."""
+    exported = r"(?m)^(?:(?:class|struct) OSTRELGUI_EXPORT |OSTRELGUI_EXPORT )"
+    named = tree.get("cmake/OstrelInstall.cmake", "")
+    left = [p for p in tree if p.endswith(".h") and folder_of(p) in SHELL and (re.search(exported, tree[p]) or p in named)]
+    found = set()
+    while left:
+        path = left.pop()
+        if path not in found:
+            found.add(path)
+            left += [name for _, name in included_by(tree, path) if name in tree]
+    return found
+
+
+def matrix_of_includes(tree):
+    """Who may include from whom; see USES. Components, and what they link, get no header of the shell that is not installed.
+    An exception that nothing needs any longer is a fault, too."""
+    seen = [p for p in tree if is_code(p) and folder_of(p) in OWN_FOLDERS]
+    installed = installed_headers(tree)
     bad = []
+    used_exceptions = set()
     for path in seen:
-        for m in re.finditer(r'^[ \t]*#[ \t]*include[ \t]*["<]([^">/]+)/', tree[path], re.M):
-            used = m.group(1)
-            if used in OWN_FOLDERS + ("support", "hostdouble") and used not in allowed[folder_of(path)]:
-                line = tree[path].count("\n", 0, m.start()) + 1
-                bad.append((path, line, f"{folder_of(path)}/ must not include from {used}/"))
+        part = part_of(path)
+        if part is None:
+            bad.append((path, 1, "lies in no part of the tree that the matrix of includes knows"))
+            continue
+        guest = part.startswith(("workbench/components/", "workbench/sdk/"))
+        for line, name in included_by(tree, path):
+            allowed = may_include(part, part_of(name))
+            if allowed and not (guest and part_of(name) == "shell" and name not in installed):
+                continue
+            if (path, name) in EXCEPTIONS:
+                used_exceptions.add((path, name))
+            else:
+                bad.append((path, line, f"{part} must not include {name}" + (", which is not installed" if allowed else "")))
+    bad += [(path, 1, f"needs no exception for {name}") for path, name in EXCEPTIONS
+            if path in tree and (path, name) not in used_exceptions]
     return seen, bad
 
 
@@ -248,7 +348,8 @@ HASH_SPDX = SPDX.replace("//", "#")
 GOOD = {
     "CMakeLists.txt": HASH_SPDX + "add_subdirectory(frame)\n",
     "frame/CMakeLists.txt": HASH_SPDX + "target_sources(a PRIVATE Box.h Box.cpp)\n",
-    "frame/Box.h": SPDX + '#pragma once\n\n#include "host/a/Lid.h"\n\n#include <QObject>\n',
+    "frame/Box.h": SPDX + '#pragma once\n\n#include "host/a/Lid.h"\n\n#include <QObject>\n\nclass OSTRELGUI_EXPORT Box\n{\n};\n',
+    "frame/Hidden.h": SPDX + "#pragma once\n\nclass Hidden\n{\n};\n",
     "frame/Box.cpp": SPDX + '#include "frame/Box.h"\n\nvoid f() { connect(a, &A::b, c, &C::d); }\n',
     "host/a/Lid.h": SPDX + "#pragma once\n",
     "tests/frame/boxes.h": SPDX + "#pragma once\n",
@@ -262,8 +363,23 @@ GOOD = {
                                       'void w(QDeadlineTimer d) { go(QDeadlineTimer(QDeadlineTimer::Forever)); }\n'
                                       'void x() { shell_clock::now(); entry.time(); std::clock(); const TestClock clock; }\n'
                                       '#include "tst_box.moc"\n',
-    "workbench/CMakeLists.txt": HASH_SPDX + "add_executable(fennar console/main.cpp)\n",
-    "workbench/console/main.cpp": SPDX + '#include "frame/Box.h"\n',
+    "workbench/CMakeLists.txt": HASH_SPDX + "add_executable(fennar main.cpp)\n",
+    "workbench/main.cpp": SPDX + '#include "frame/Box.h"\n#include "workbench/application/Main.h"\n',
+    "workbench/sdk/core/words/Word.h": SPDX + "#pragma once\n",
+    "workbench/sdk/component/Context.h": SPDX + '#pragma once\n\n#include "frame/Box.h"\n#include "workbench/sdk/core/words/Word.h"\n',
+    "workbench/host/a/Bolt.h": SPDX + '#pragma once\n\n#include "host/a/Lid.h"\n#include "workbench/sdk/core/words/Word.h"\n',
+    "workbench/application/Main.h": SPDX + '#pragma once\n\n#include "frame/Hidden.h"\n#include "workbench/host/a/Bolt.h"\n'
+                                           '#include "workbench/sdk/component/Context.h"\n',
+    "workbench/components/one/one.h": SPDX + '#pragma once\n\n#include "frame/Box.h"\n#include "workbench/sdk/component/Context.h"\n'
+                                             '#include "workbench/sdk/core/words/Word.h"\n',
+    "workbench/components/two/two.h": SPDX + "#pragma once\n",
+    "tests/workbench/sdk/core/word_helpers.h": SPDX + '#pragma once\n\n#include "workbench/sdk/core/words/Word.h"\n',
+    "tests/workbench/application/boot.h": SPDX + '#pragma once\n\n#include "support/wait.h"\n#include "workbench/application/Main.h"\n',
+    "tests/workbench/components/one/helpers.h": SPDX + '#pragma once\n\n#include "workbench/application/Main.h"\n'
+                                                '#include "workbench/application/boot.h"\n#include "workbench/components/one/one.h"\n'
+                                                '#include "workbench/sdk/core/word_helpers.h"\n#include "frame/boxes.h"\n',
+    "tests/workbench/program/all.h": SPDX + '#pragma once\n\n#include "workbench/application/boot.h"\n'
+                                            '#include "workbench/components/one/one.h"\n#include "workbench/components/two/two.h"\n',
     "run": "#!/bin/sh\n" + HASH_SPDX + "if true; then echo; fi\n",
     "README.md": "A shell, and its parts.\n",
 }
@@ -304,13 +420,39 @@ BAD = {
         {"frame/Box.h": SPDX + "#pragma once\n#ifndef FRAME_BOX_H_\n#define FRAME_BOX_H_\n#endif\n"},
         {"frame/Box.h": SPDX + "#pragma once\n#pragma once\n"},
     ],
-    dependencies_point_one_way: [
-        {"frame/Box.cpp": SPDX + '#include "workbench/console/Pages.h"\n'},
-        {"resources/a.cpp": SPDX + "#include <workbench/console/Pages.h>\n"},
-        {"frame/Box.cpp": SPDX + '#include "tests/support/wait.h"\n'},
-        {"host/a/Lid.h": SPDX + '#pragma once\n#include "frame/Box.h"\n'},
-        {"workbench/console/main.cpp": SPDX + '#include "hostdouble/HostDouble.h"\n'},
-    ],
+    matrix_of_includes: [
+        {path: SPDX + f'#include "{name}"\n'} for path, name in (
+            ("frame/Box.cpp", "workbench/sdk/core/words/Word.h"),
+            ("frame/Box.cpp", "tests/support/wait.h"),
+            ("frame/Box.cpp", "support/wait.h"),
+            ("resources/a.cpp", "workbench/sdk/core/words/Word.h"),
+            ("host/a/Lid.h", "frame/Box.h"),
+            ("workbench/sdk/core/words/Word.cpp", "host/a/Lid.h"),
+            ("workbench/sdk/core/words/Word.cpp", "frame/Box.h"),
+            ("workbench/host/a/Lid.cpp", "frame/Box.h"),
+            ("workbench/host/a/Lid.cpp", "workbench/application/Main.h"),
+            ("workbench/sdk/component/Context.h", "workbench/host/a/Bolt.h"),
+            ("workbench/sdk/component/Context.h", "frame/Hidden.h"),
+            ("workbench/components/one/one.cpp", "workbench/components/two/two.h"),
+            ("workbench/components/one/one.cpp", "workbench/host/a/Bolt.h"),
+            ("workbench/components/one/one.cpp", "workbench/application/Main.h"),
+            ("workbench/components/one/one.cpp", "frame/Hidden.h"),
+            ("workbench/application/Main.cpp", "workbench/components/two/two.h"),
+            ("workbench/application/Main.cpp", "hostdouble/HostDouble.h"),
+            ("workbench/main.cpp", "workbench/components/two/two.h"),
+            ("workbench/loose/Loose.cpp", "frame/Box.h"),
+            ("workbench/Loose.cpp", "frame/Box.h"),
+            ("tests/frame/tst_box.cpp", "workbench/sdk/core/words/Word.h"),
+            ("tests/support/wait.h", "workbench/sdk/core/words/Word.h"),
+            ("tests/workbench/tst_loose.cpp", "frame/Box.h"),
+            ("tests/workbench/sdk/core/tst_word.cpp", "workbench/application/Main.h"),
+            ("tests/workbench/sdk/core/tst_word.cpp", "frame/Box.h"),
+            ("tests/workbench/host/tst_lid.cpp", "workbench/application/boot.h"),
+            ("tests/workbench/application/tst_main.cpp", "workbench/components/two/two.h"),
+            ("tests/workbench/components/one/tst_one.cpp", "workbench/components/two/two.h"),
+            ("tests/install/probe/probe.cpp", "workbench/application/Main.h"),
+            ("tools/tool.cpp", "support/wait.h"),
+        )] + [{path: SPDX} for path, _ in EXCEPTIONS],
     sources_are_built: [
         {"tests/frame/tst_lid.cpp": SPDX},
         {"tests/frame/CMakeLists.txt": HASH_SPDX + "ostrel_add_test(tst_boxes)\n"},
