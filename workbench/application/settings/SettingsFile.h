@@ -25,8 +25,8 @@ class SettingsFile
 public:
     /**
      * @param file  need not exist yet, but its directory must. A relative name is resolved at once. Settings
-     * that are damaged are moved aside, a file of another kind is left alone. Without a file that can be read and written the program gets
-     * settings that end with it, filled from the file if that can be read.
+     * that are damaged are moved aside, a file of another kind is left alone. Without a file that can be read
+     * and written the program gets settings that end with it, filled from the file if that can be read.
      */
     explicit SettingsFile(const QString& file);
 
