@@ -5,8 +5,8 @@
 
 #include "fuzz/fuzz_target.h"
 #include "journal/read_journal.h"
-#include "workbench/components/recovery/journal_text.h"
-#include "workbench/components/recovery/line_differences.h"
+#include "workbench/application/journals/journal_text.h"
+#include "workbench/application/journals/line_differences.h"
 
 #include <QStringList>
 

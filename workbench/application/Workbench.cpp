@@ -23,6 +23,7 @@
 #include "workbench/application/component_manager/component_commands.h"
 #include "workbench/application/console/ConsoleOwner.h"
 #include "workbench/application/console/LineInterpreter.h"
+#include "workbench/application/journals/JournalFiles.h"
 #include "workbench/application/playback/JournalPlayer.h"
 #include "workbench/application/python/apply_python_paths.h"
 #include "workbench/application/python/python_actions.h"
@@ -452,6 +453,11 @@ bool Workbench::load()
     set_up_playback();
     add_panel_options();
     follow_unloaded_components();
+    // Before components look at journals: what is not saved whole counts as unsaved when these are told.
+    mJournalFiles =
+        std::make_unique<JournalFiles>(Ostrel::instance()->journal_editor(), [this](const QString& text) {
+            report_error(u"ERROR: "_s + text + u'\n');
+        });
     mKeys = std::make_unique<WindowKeys>(Ostrel::instance());
     mDrops = std::make_unique<FileDrops>(
         Ostrel::instance(), mConsole.get(), [this](const QString& command) { run_panel_command(command); },
@@ -505,6 +511,7 @@ void Workbench::unload()
         mScheme->remove_from_menu(window);
     mDrops.reset();
     mKeys.reset();
+    mJournalFiles.reset();
     mFrame.unload_gui();
     check_settings();
 }

@@ -21,6 +21,7 @@ class ColourScheme;
 class ComponentManager;
 class ConsoleOwner;
 class FileDrops;
+class JournalFiles;
 class JournalPlayer;
 class LineInterpreter;
 class OutputHandler;
@@ -130,6 +131,7 @@ private:
     std::unique_ptr<ConsoleOwner> mConsole;
     std::unique_ptr<JournalPlayer> mPlayer;
     CloseGuard mCloseGuard;
+    std::unique_ptr<JournalFiles> mJournalFiles;
     std::unique_ptr<WindowKeys> mKeys;
     std::unique_ptr<FileDrops> mDrops;
     std::unique_ptr<ComponentManager> mComponents;

@@ -6,7 +6,7 @@
 #include "journal/JournalEditor.h"
 #include "workbench/components/recovery/RecoveryWriter.h"
 #include "workbench/components/recovery/TextCopy.h"
-#include "workbench/components/recovery/journal_file.h"
+#include "workbench/sdk/component/journal_file.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -128,16 +128,12 @@ void DocumentKeeper::modification_changed(QPlainTextEdit* document, bool modifie
 {
     Watched& watched = mWatched[document];
     watched.changed = true;
-    if (modified)
+    // Whoever was told before may have found that it was not written whole.
+    if (modified || document->document()->isModified())
         return;
-    if (mCheck)
-        mCheck(document);
-    const auto saved = mWatched.find(document);
-    if (saved == mWatched.end() || document->document()->isModified())
-        return;
-    drop_copy(*saved);
+    drop_copy(watched);
     if (mTabs)
-        forget_origin(document, *saved);
+        forget_origin(document, watched);
 }
 
 void DocumentKeeper::look_at(QPlainTextEdit* document)

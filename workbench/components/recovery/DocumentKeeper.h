@@ -27,8 +27,10 @@ class TextCopy;
  * Keeps the text of all modified documents of the journal editor on disk, in a folder of this program's own,
  * for the case that the program does not come to its end.
  *
- * A copy goes as soon as its document is saved or closed, and all of them with the keeper. The text is taken
- * in short turns on the GUI thread, and written on another, so that nobody who types has to wait.
+ * A copy goes as soon as its document is saved or closed, and all of them with the keeper. It stays if the
+ * document has become modified again by the time that the keeper is told, since its file does not hold it.
+ * The text is taken in short turns on the GUI thread, and written on another, so that nobody who types has to
+ * wait.
  *
  * GUI thread only.
  */
@@ -49,10 +51,6 @@ public:
                    const Report& report);
     /** Removes all that is kept. */
     ~DocumentKeeper() override;
-
-    /** Sets what is called with a document that is no longer modified, before its copy goes: if that makes it
-     * modified again, since its file does not hold it, the copy stays. */
-    void set_check(std::function<void(QPlainTextEdit* document)> check) { mCheck = std::move(check); }
 
     /**
      * Opens @p kept as a document that is modified and has no file.
@@ -103,7 +101,6 @@ private:
     /** The editor's; null if it has none. */
     QPointer<QTabWidget> mTabs;
     Report mReport;
-    std::function<void(QPlainTextEdit*)> mCheck;
     QHash<QObject*, Watched> mWatched;
     int mLastNumber = 0;
     /** Whether go_on() is to be called from the event loop. */

@@ -3,13 +3,12 @@
 
 // A component that works in the background: it keeps unsaved journals, and what other components have
 // unsaved, on disk while the program runs, and offers them at the next start if the program did not come to
-// its end. It also sees to it that journals and their files do not part unnoticed.
+// its end.
 
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
 #include "journal/JournalEditor.h"
 #include "workbench/components/recovery/DocumentKeeper.h"
-#include "workbench/components/recovery/JournalFiles.h"
 #include "workbench/components/recovery/RecoveryOffer.h"
 #include "workbench/components/recovery/WorkKeeper.h"
 #include "workbench/sdk/component/component.h"
@@ -64,7 +63,6 @@ private:
 
     QString mRoot;
     Ostrel* mWindow;
-    JournalFiles mFiles;
     DocumentKeeper mKeeper;
     WorkKeeper mWorkKeeper;
     /** A child of the window. */
@@ -75,14 +73,10 @@ Recovery::Recovery(Ostrel* window)
     : QObject(window),
       mRoot(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + u"/recovery"_s),
       mWindow(window),
-      mFiles(window->journal_editor(), &print_error),
       mKeeper(window->journal_editor(), mRoot, interval, &print_error),
       mWorkKeeper(mRoot, interval, &print_error)
 {
     setObjectName(u"Recovery"_s);
-    mKeeper.set_check([this](QPlainTextEdit* document) { mFiles.verify(document); });
-    mFiles.setObjectName(u"journalFiles"_s);
-    mFiles.setParent(this);
     mKeeper.setObjectName(u"documentKeeper"_s);
     mKeeper.setParent(this);
     mWorkKeeper.setObjectName(u"workKeeper"_s);

@@ -41,6 +41,7 @@ private slots:
     void text_is_exact();
     void long_text_is_taken_in_turns_while_the_user_types();
     void saved_document_has_no_copy();
+    void copy_stays_if_the_file_turns_out_to_be_cut();
     void undone_document_has_no_copy_until_redone();
     void closed_document_has_no_copy_data();
     void closed_document_has_no_copy();
@@ -293,6 +294,27 @@ void TstDocumentKeeper::saved_document_has_no_copy()
     document_of(*mEditor, 0)->insertPlainText(u"newer "_s);
     QVERIFY(keep());
     QCOMPARE(kept_texts(), QStringList{u"new newer x\n"_s});
+}
+
+void TstDocumentKeeper::copy_stays_if_the_file_turns_out_to_be_cut()
+{
+    mEditor->open_file(make_file(u"a.jou"_s, "x"));
+    QPlainTextEdit* const document = document_of(*mEditor, 0);
+    bool is_cut = true;
+    // Whoever compares the file with the text follows the document before the keeper does.
+    connect(document->document(), &QTextDocument::modificationChanged, this, [&](bool modified) {
+        if (!modified && is_cut)
+            document->document()->setModified(true);
+    });
+    document->insertPlainText(u"new "_s);
+    QVERIFY(keep());
+    mEditor->fileSave();
+    QVERIFY(mKeeper->finish());
+    QCOMPARE(files().size(), 1);
+    is_cut = false;
+    mEditor->fileSave();
+    QVERIFY(mKeeper->finish());
+    QCOMPARE(files(), QStringList());
 }
 
 void TstDocumentKeeper::undone_document_has_no_copy_until_redone()

@@ -11,6 +11,7 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -53,6 +54,7 @@ private slots:
     void killed_program_offers_its_model_and_restores_it();
     void ended_program_offers_its_model();
     void saved_model_survives_a_kill_and_is_not_offered();
+    void saved_journal_survives_a_kill_and_is_a_recent_one();
 
 private:
     /** What the program reports. */
@@ -373,6 +375,22 @@ void TstFennarRecovery::saved_model_survives_a_kill_and_is_not_offered()
     QFile settings(mDirectory->filePath(u"config/ostrel/fennar.conf"_s));
     QVERIFY(settings.open(QIODevice::ReadOnly));
     QVERIFY(settings.readAll().contains(part.toUtf8()));
+}
+
+void TstFennarRecovery::saved_journal_survives_a_kill_and_is_a_recent_one()
+{
+    const QString file = mDirectory->filePath(u"saved.jou"_s);
+    QFile journal(file);
+    QVERIFY(journal.open(QIODevice::WriteOnly) && journal.write("list") > 0);
+    journal.close();
+    const auto process = start_and_wait(line("journal-open", file) + line("journal-type", u"more "_s) +
+                                        "journal-keep\njournal-save\n");
+    kill(*process);
+    QVERIFY(journal.open(QIODevice::ReadOnly));
+    QCOMPARE(journal.readAll(), QByteArray("more list\n"));
+    QCOMPARE(run_and_report({}).offer, QStringList());
+    const QSettings settings(mDirectory->filePath(u"config/ostrel/fennar.conf"_s), QSettings::IniFormat);
+    QCOMPARE(settings.value(u"ostrelgui/journal/file1"_s).toString(), file);
 }
 
 OSTREL_TEST(TstFennarRecovery)

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "FullDisk.h"
 #include "console/CommandWindow.h"
 #include "frame/MainFrame.h"
 #include "frame/Ostrel.h"
 #include "journal/JournalEditor.h"
+#include "support/FullDisk.h"
 #include "support/TestCase.h"
 #include "workbench/application/component_manager/ComponentManager.h"
 #include "workbench/components/recovery/KeptDocument.h"

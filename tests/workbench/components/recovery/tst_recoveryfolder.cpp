@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "FullDisk.h"
+#include "support/FullDisk.h"
 #include "support/TestCase.h"
 #include "workbench/components/recovery/RecoveryFolder.h"
 

@@ -3,7 +3,7 @@
 
 #include "sweep.h"
 
-#include "failing_calls.h"
+#include "support/failing_calls.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "failing_calls.h"
 #include "support/TestCase.h"
+#include "support/failing_calls.h"
 #include "sweep.h"
 #include "workbench/components/geometry/commands/file_commands.h"
 #include "workbench/components/geometry/exchange/FileExchange.h"

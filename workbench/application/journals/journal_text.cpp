@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/components/recovery/journal_text.h"
+#include "workbench/application/journals/journal_text.h"
 
 #include <QList>
 

@@ -1,21 +1,23 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "FullDisk.h"
+#include "frame/settings_keys.h"
 #include "journal/JournalDocument.h"
 #include "journal/JournalEditor.h"
 #include "journal/editor_helpers.h"
+#include "support/FullDisk.h"
 #include "support/TestCase.h"
 #include "support/dialogs.h"
+#include "support/failing_calls.h"
 #include "support/windows.h"
-#include "workbench/components/recovery/DocumentKeeper.h"
-#include "workbench/components/recovery/JournalFiles.h"
+#include "workbench/application/journals/JournalFiles.h"
 
 #include <QAction>
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSettings>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -105,10 +107,13 @@ private slots:
     void cut_journal_is_not_closed_data();
     void cut_journal_is_not_closed();
     void save_all_stops_at_a_cut_journal();
-    void copy_for_a_recovery_stays_until_the_journal_is_whole();
+    void journal_is_whole_or_the_user_is_told_whatever_call_fails_data();
+    void journal_is_whole_or_the_user_is_told_whatever_call_fails();
     void device_that_swallows_the_journal_is_told();
     void text_behind_a_nul_is_missed();
     void whole_journal_is_saved_without_a_word();
+    void saved_journal_is_the_first_of_the_recent_ones();
+    void cut_journal_is_none_of_the_recent_ones();
     void changes_that_are_dropped_are_no_failed_save();
 
     // What others have changed.
@@ -245,39 +250,6 @@ void TstJournalFiles::save_all_stops_at_a_cut_journal()
     QVERIFY(!QFile::exists(desk.path(u"b.jou"_s)));
 }
 
-void TstJournalFiles::copy_for_a_recovery_stays_until_the_journal_is_whole()
-{
-    Desk desk;
-    DocumentKeeper keeper(desk.editor.get(), desk.path(u"recovery"_s), 0ms, [](const QString&) {});
-    keeper.set_check([&](QPlainTextEdit* document) { desk.files->verify(document); });
-    const auto copies = [&] {
-        keeper.keep();
-        return keeper.finish()
-                   ? QDir(desk.path(u"recovery"_s)).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size()
-                   : -1;
-    };
-    const auto kept = [&] {
-        const QString folder = desk.path(u"recovery"_s);
-        const QStringList folders = QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-        return folders.isEmpty() ? QStringList()
-                                 : QDir(folder + u'/' + folders[0]).entryList({u"*.journal"_s}, QDir::Files);
-    };
-    typed_document(*desk.editor, u"0123456789"_s)->set_file_name(desk.path());
-    QCOMPARE(copies(), 1);
-    QCOMPARE(kept().size(), 1);
-    {
-        const FullDisk full(4);
-        desk.editor->fileSave();
-    }
-    // Without another pass.
-    QVERIFY(keeper.finish());
-    QCOMPARE(kept().size(), 1);
-    desk.editor->fileSave();
-    QVERIFY(keeper.finish());
-    QCOMPARE(copies(), 1);
-    QCOMPARE(kept(), QStringList());
-}
-
 void TstJournalFiles::device_that_swallows_the_journal_is_told()
 {
     Desk desk;
@@ -297,6 +269,69 @@ void TstJournalFiles::text_behind_a_nul_is_missed()
     QCOMPARE(desk.content(), "ab");
     QVERIFY(is_modified(document));
     QVERIFY(desk.box(not_saved));
+}
+
+void TstJournalFiles::journal_is_whole_or_the_user_is_told_whatever_call_fails_data()
+{
+    QTest::addColumn<bool>("lasting");
+    QTest::newRow("one call") << false;
+    QTest::newRow("all from one on") << true;
+}
+
+void TstJournalFiles::journal_is_whole_or_the_user_is_told_whatever_call_fails()
+{
+    QFETCH(const bool, lasting);
+    int number = 0;
+    int failed = 0;
+    for (int calls = 1; number < calls;) {
+        Desk desk;
+        desk.write("old");
+        // More than one buffer, so that the disk may end within it.
+        JournalDocument* const document = desk.open_and_type(QString(40'000, u'x'));
+        begin_failing({desk.directory.path().toStdString(), ++number, lasting});
+        desk.editor->fileSave();
+        calls = end_failing();
+        const bool is_whole = desk.content() == document->toPlainText().toUtf8();
+        const bool is_told = desk.reports.size() == 1 && desk.box(not_saved) && is_modified(document);
+        QVERIFY2(is_whole || is_told, qPrintable(u"call %1"_s.arg(number)));
+        failed += is_told ? 1 : 0;
+        // When the disk works again the journal can be saved.
+        if (is_modified(document))
+            desk.editor->fileSave();
+        QCOMPARE(desk.content(), document->toPlainText().toUtf8());
+        QVERIFY(!is_modified(document));
+    }
+    QVERIFY(failed > 0);
+}
+
+void TstJournalFiles::saved_journal_is_the_first_of_the_recent_ones()
+{
+    using namespace settings_keys;
+    Desk desk;
+    for (int number = 1; number <= 5; ++number)
+        QSettings().setValue(numbered(recent_journal, number), u"/old/%1.jou"_s.arg(number));
+    QSettings().setValue(numbered(recent_journal, 3), desk.path());
+    desk.write("text");
+    desk.open_and_type(u"more "_s);
+    desk.editor->fileSave();
+    QStringList files;
+    for (int number = 1; number <= 5; ++number)
+        files << QSettings().value(numbered(recent_journal, number)).toString();
+    QCOMPARE(files,
+             (QStringList{desk.path(), u"/old/1.jou"_s, u"/old/2.jou"_s, u"/old/4.jou"_s, u"/old/5.jou"_s}));
+}
+
+void TstJournalFiles::cut_journal_is_none_of_the_recent_ones()
+{
+    Desk desk;
+    desk.write("0123456789");
+    desk.open_and_type(u"more "_s);
+    {
+        const FullDisk full(4);
+        desk.editor->fileSave();
+    }
+    QVERIFY(desk.box(not_saved));
+    QVERIFY(!QSettings().contains(settings_keys::numbered(settings_keys::recent_journal, 1)));
 }
 
 void TstJournalFiles::whole_journal_is_saved_without_a_word()

@@ -3,7 +3,7 @@
 
 #include "support/TestCase.h"
 #include "support/random_seed.h"
-#include "workbench/components/recovery/line_differences.h"
+#include "workbench/application/journals/line_differences.h"
 
 #include <QRandomGenerator>
 #include <QTest>

@@ -26,7 +26,7 @@ class QTabWidget;
  * Sees to it that the journals of the editor and their files do not part unnoticed.
  *
  * After each save the file is compared with the text. A journal that is not there whole, as on a full disk,
- * counts as modified again, and the user is told.
+ * counts as modified again, and the user is told. One that is there whole is among the recent ones at once.
  *
  * A file that others have changed is noticed when that happens, when the editor's window becomes the active
  * one, and before the journal is saved or closed, whoever does that. The user is then asked whether to read
@@ -50,8 +50,6 @@ public:
 public slots:
     /** Looks at the files of all documents. */
     void check();
-    /** Compares the file of a document with its text if it has been written just now. */
-    void verify(QPlainTextEdit* document);
 
 private:
     /** What is known of a file. */
@@ -86,6 +84,8 @@ private:
     void follow_documents();
     Watched& watch(Document* document);
     void modification_changed(Document* document);
+    /** Compares the file of a document with its text if it has been written just now. */
+    void verify(Document* document);
     /**
      * Notices what others have changed. Returns false if the user has to decide first.
      *

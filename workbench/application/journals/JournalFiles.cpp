@@ -1,12 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/components/recovery/JournalFiles.h"
+#include "workbench/application/journals/JournalFiles.h"
 
+#include "frame/read_setting.h"
+#include "frame/settings_keys.h"
 #include "journal/JournalEditor.h"
-#include "workbench/components/recovery/journal_file.h"
-#include "workbench/components/recovery/journal_text.h"
-#include "workbench/components/recovery/line_differences.h"
+#include "workbench/application/journals/journal_text.h"
+#include "workbench/application/journals/line_differences.h"
+#include "workbench/sdk/component/journal_file.h"
 
 #include <QAction>
 #include <QCryptographicHash>
@@ -17,10 +19,12 @@
 #include <QFileInfo>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSettings>
 #include <QTabWidget>
 #include <QTextCursor>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <chrono>
 #include <sys/stat.h>
 
@@ -31,6 +35,9 @@ namespace {
 
 /** How long a file is left alone after a change. */
 constexpr auto patience = 200ms;
+
+/** As many as the editor's menu shows. */
+constexpr int most_recent_journals = 5;
 
 std::optional<QByteArray> content_of(const QString& path)
 {
@@ -51,6 +58,25 @@ QByteArray fingerprint_of(const QByteArray& bytes)
 QString shown(const QString& file)
 {
     return QDir::toNativeSeparators(file);
+}
+
+/**
+ * Puts a journal first among the recent ones in the settings, as the editor does when it is closed: the list
+ * is to hold what was saved even if the program does not come to that.
+ */
+void store_recent(const QString& file)
+{
+    using namespace settings_keys;
+    QSettings settings;
+    QStringList files{file};
+    for (int number = 1; number <= most_recent_journals; ++number) {
+        const QString other = read_setting(settings, numbered(recent_journal, number), QString());
+        if (!other.isEmpty() && other != file)
+            files << other;
+    }
+    for (int number = 1; number <= std::min<qsizetype>(files.size(), most_recent_journals); ++number)
+        settings.setValue(numbered(recent_journal, number), files.at(number - 1));
+    settings.sync();
 }
 
 QPushButton* add_button(QMessageBox* box, const QString& name, const QString& text,
@@ -238,12 +264,14 @@ void JournalFiles::verify(Document* document)
         return;
     }
     accept_state(watched);
-    if (!bytes)
+    if (!bytes) {
         complain(document, tr("it cannot be read back"));
-    else if (bytes->size() < text.size())
+    } else if (bytes->size() < text.size()) {
         complain(document, tr("it has only %1 of %2 bytes").arg(bytes->size()).arg(text.size()));
-    else
+    } else {
         delete watched.complaint;
+        store_recent(watched.file);
+    }
 }
 
 bool JournalFiles::may_save(Document* document)

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/components/recovery/line_differences.h"
+#include "workbench/application/journals/line_differences.h"
 
 #include <algorithm>
 #include <vector>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "failing_calls.h"
+#include "support/failing_calls.h"
 
 #include <atomic>
 #include <cerrno>
@@ -244,7 +244,7 @@ int fflush(std::FILE* stream)
 int fclose(std::FILE* stream)
 {
     const auto next = REAL(fclose);
-    const bool failing = stream && is_watched(fileno(stream)) && fails();
+    const bool failing = is_watched(fileno(stream)) && fails();
     if (failing)
         __fpurge(stream);
     const int result = next(stream);
