@@ -65,10 +65,10 @@ JournalFindDialog::~JournalFindDialog() = default;
 
 void JournalFindDialog::on_pbNext_clicked()
 {
-    const Alive alive(this);
+    const Alive dialog(this);
     ui->pbNext->setFocus(Qt::OtherFocusReason);
     // Whoever follows the focus may have deleted the dialog.
-    if (!alive)
+    if (!dialog)
         return;
 
     QTextDocument::FindFlags flags;
@@ -79,17 +79,22 @@ void JournalFindDialog::on_pbNext_clicked()
     flags.setFlag(QTextDocument::FindBackward, ui->cbSearchUp->isChecked());
 
     const QString text = ui->mFindText->text();
-    if (!mDocument || text.isEmpty())
+    JournalDocument* const document = mDocument;
+    if (!document || text.isEmpty())
         return;
 
-    const bool found = mDocument->find(text, flags);
-    QTextCursor cursor = mDocument->textCursor();
+    // Whoever follows the caret may delete both, or show the dialog anew for another document.
+    const Alive alive(this, document);
+    const bool found = document->find(text, flags);
+    if (!alive)
+        return;
+    QTextCursor cursor = document->textCursor();
     if (!found) {
         if (!ui->cbWrapSearch->isChecked())
             return;
         cursor.movePosition(ui->cbSearchUp->isChecked() ? QTextCursor::End : QTextCursor::Start);
-        mDocument->setTextCursor(cursor);
-        if (!mDocument->find(text, flags))
+        document->setTextCursor(cursor);
+        if (!alive || !document->find(text, flags) || !alive)
             return;
     }
     // Marks a hit of the first search only: after wrapping this cursor selects nothing (docs/surprises.md).

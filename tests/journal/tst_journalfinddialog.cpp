@@ -69,6 +69,9 @@ private slots:
     void return_elsewhere_presses_the_default_button();
     void next_takes_the_focus_for_another_reason();
     void document_that_is_closed_meanwhile_is_not_searched();
+    void follower_of_the_caret_may_end_the_search_data();
+    void follower_of_the_caret_may_end_the_search();
+    void document_that_is_searched_is_the_one_that_is_marked();
 
     // Marking.
     void hit_turns_grey_and_the_document_is_modified();
@@ -554,6 +557,62 @@ void TstJournalFindDialog::document_that_is_closed_meanwhile_is_not_searched()
     next();
     QCOMPARE(selection(), QPoint(0, 0));
     QVERIFY(mDialog->isVisible());
+}
+
+void TstJournalFindDialog::follower_of_the_caret_may_end_the_search_data()
+{
+    QTest::addColumn<QString>("ended");
+    QTest::addColumn<int>("caret");
+    QTest::addColumn<int>("moves");
+    for (const QString& ended : {u"document"_s, u"window"_s, u"dialog"_s}) {
+        QTest::addRow("%s, hit", qPrintable(ended)) << ended << 0 << 1;
+        QTest::addRow("%s, on the way to the other end", qPrintable(ended)) << ended << 5 << 1;
+        QTest::addRow("%s, hit behind the other end", qPrintable(ended)) << ended << 5 << 2;
+    }
+}
+
+void TstJournalFindDialog::follower_of_the_caret_may_end_the_search()
+{
+    QFETCH(const QString, ended);
+    QFETCH(const int, caret);
+    QFETCH(const int, moves);
+    show(u"one two"_s, u"one"_s);
+    put_caret(caret);
+    int moved = 0;
+    connect(doc(), &QPlainTextEdit::cursorPositionChanged, this, [&] {
+        if (++moved != moves)
+            return;
+        if (ended == u"document"_s)
+            delete doc();
+        else if (ended == u"window"_s)
+            mWindow.reset();
+        else
+            // Not by its button, which would go on with itself.
+            mDialog.reset();
+    });
+    emit child<QLineEdit>("mFindText")->returnPressed();
+    QCOMPARE(moved, moves);
+}
+
+void TstJournalFindDialog::document_that_is_searched_is_the_one_that_is_marked()
+{
+    typed_document(editor(), u"one two"_s);
+    const JournalDocument* const other = typed_document(editor(), u"one two"_s);
+    QCOMPARE(tabs_of(editor())->count(), 2);
+    tabs_of(editor())->setCurrentIndex(0);
+    show(u"one two"_s, u"two"_s);
+    int moved = 0;
+    connect(doc(), &QPlainTextEdit::cursorPositionChanged, this, [&] {
+        if (++moved > 1)
+            return;
+        tabs_of(editor())->setCurrentIndex(1);
+        mDialog->hide();
+        mDialog->show();
+    });
+    next();
+    QVERIFY(moved > 0);
+    QCOMPARE(grey(), QList<int>({4, 5, 6}));
+    QVERIFY(!other->textCursor().hasSelection());
 }
 
 void TstJournalFindDialog::hit_turns_grey_and_the_document_is_modified()

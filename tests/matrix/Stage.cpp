@@ -21,6 +21,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMetaMethod>
@@ -437,6 +438,10 @@ void Stage::answer(QWidget* dialog)
         static_cast<QDialog*>(files)->accept();
         if (const auto act = std::exchange(after_choice, nullptr))
             act();
+    } else if (auto* const wanted = dialog->findChild<QLineEdit*>(u"mFindText"_s)) {
+        wanted->setText(u"two"_s);
+        dialog->findChild<QPushButton*>(u"pbNext"_s)->click();
+        dialog->close();
     } else if (auto* const choice = dialog->findChild<QPushButton*>(button)) {
         choice->click();
     } else if (auto* const box = qobject_cast<QMessageBox*>(dialog)) {

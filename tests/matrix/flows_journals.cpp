@@ -85,7 +85,13 @@ std::span<const Flow> journal_flows()
              with_editor(stage, [](JournalEditor& editor) { editor.playFile(); });
              with_editor(stage, [](JournalEditor& editor) { editor.playSelected(); });
          }},
-        {"find", [](Stage& stage) { with_editor(stage, [](JournalEditor& editor) { editor.editFind(); }); }},
+        {"find",
+         [](Stage& stage) {
+             if (stage.journal)
+                 QObject::connect(stage.journal, &QPlainTextEdit::cursorPositionChanged, &stage,
+                                  [&stage] { stage.moment(u"QPlainTextEdit::cursorPositionChanged"_s); });
+             with_editor(stage, [](JournalEditor& editor) { editor.editFind(); });
+         }},
         {"context menu of a journal",
          [](Stage& stage) {
              if (!stage.journal)

@@ -43,8 +43,8 @@ void TstWaysOut::initTestCase()
 void TstWaysOut::every_way_out_is_taken_data()
 {
     QTest::addColumn<QString>("way");
-    for (const QStringList& ways : {signals_of_exported_classes(), virtuals_of_handlers(), host_calls(),
-                                    waits_for_the_user().values()}) {
+    for (const QStringList& ways : {signals_of_exported_classes(), signals_of_base_classes(),
+                                    virtuals_of_handlers(), host_calls(), waits_for_the_user().values()}) {
         for (const QString& way : ways) {
             QVERIFY(!way.isEmpty());
             QTest::newRow(qPrintable(way)) << way;

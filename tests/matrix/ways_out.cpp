@@ -117,6 +117,11 @@ QStringList signals_of_exported_classes()
     return found;
 }
 
+QStringList signals_of_base_classes()
+{
+    return {u"QPlainTextEdit::cursorPositionChanged"_s};
+}
+
 QStringList virtuals_of_handlers()
 {
     QStringList found;

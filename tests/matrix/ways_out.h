@@ -15,6 +15,8 @@
 QStringList exported_classes();
 /** The signals of those of them that are known here; one that is not stands in the list as "CLASS?". */
 QStringList signals_of_exported_classes();
+/** Signals of Qt's that components follow, behind which the shell goes on. */
+QStringList signals_of_base_classes();
 /** The virtual functions of the classes that components derive from for the shell or host to call. */
 QStringList virtuals_of_handlers();
 /** What the shell calls in the host, as the recording host knows it. */
