@@ -241,9 +241,17 @@ void JournalDocument::contextMenuEvent(QContextMenuEvent* event)
         item->setShortcut(shown_shortcut);
         effects.insert(item, effect);
     };
+    // The editor works on the current document, which may have become another one meanwhile.
+    const auto by_editor = [this](std::function<void()> effect) {
+        return [this, effect = std::move(effect)] {
+            if (mEditor->returnCurrentDocument() == this)
+                effect();
+        };
+    };
 
-    add(tr("Play Selected"), has_selection, play_shortcut, [this] { mEditor->playSelected(); });
-    add(tr("Translate Selected to Python"), has_selection, {}, [this] { mEditor->pythonizeSelected(); });
+    add(tr("Play Selected"), has_selection, play_shortcut, by_editor([this] { mEditor->playSelected(); }));
+    add(tr("Translate Selected to Python"), has_selection, {},
+        by_editor([this] { mEditor->pythonizeSelected(); }));
     menu->addSeparator();
     if (editable) {
         add(tr("&Undo"), document()->isUndoAvailable(), Qt::CTRL | Qt::Key_Z, [this] { undo(); });
@@ -261,10 +269,10 @@ void JournalDocument::contextMenuEvent(QContextMenuEvent* event)
         const bool can_uncomment = has_selection && commented;
         add(tr("Comment Selection"), can_comment,
             can_comment ? QKeySequence(comment_shortcut) : QKeySequence(),
-            [this] { mEditor->commentSelected(); });
+            by_editor([this] { mEditor->commentSelected(); }));
         add(tr("Un-Comment Selection"), can_uncomment,
             can_uncomment ? QKeySequence(comment_shortcut) : QKeySequence(),
-            [this] { mEditor->uncommentSelected(); });
+            by_editor([this] { mEditor->uncommentSelected(); }));
         menu->addSeparator();
         for (QAction* action : std::as_const(mContextMenuItems)) {
             add(action->text(), has_text, {}, [added = QPointer<QAction>(action)] {
@@ -274,7 +282,7 @@ void JournalDocument::contextMenuEvent(QContextMenuEvent* event)
         }
         if (!mContextMenuItems.isEmpty())
             menu->addSeparator();
-        add(tr("Find..."), has_text, {}, [this] { mEditor->editFind(); });
+        add(tr("Find..."), has_text, {}, by_editor([this] { mEditor->editFind(); }));
         add(tr("Clear"), has_text, {}, [this] {
             const Alive alive(this);
             selectAll();

@@ -117,6 +117,8 @@ const std::pair<const char*, Act> acts[] = {
          moment.editor->fileNew();
          moment.editor->add_document(u"added"_s);
      }},
+    {"another document is shown",
+     [](Moment& moment) { tabs_of(*moment.editor)->setCurrentWidget(moment.third); }},
 };
 
 struct Flow
@@ -556,15 +558,37 @@ void TstJournalEditorMoments::receiver_of_lines_may_delete_the_window()
 void TstJournalEditorMoments::document_may_go_while_its_menu_is_open_data()
 {
     QTest::addColumn<int>("act");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("entry");
+    const std::pair<QString, QStringList> entries[] = {
+        {u"second"_s,
+         {u"Clear"_s, u"Play Selected"_s, u"Translate Selected to Python"_s, u"Comment Selection"_s}},
+        {u"#second"_s, {u"Un-Comment Selection"_s}}};
     for (int act = 1; act < int(std::size(acts)); ++act)
-        QTest::newRow(acts[act].first) << act;
+        for (const auto& [text, chosen] : entries)
+            for (const QString& entry : chosen)
+                QTest::addRow("%s, %s", acts[act].first, qPrintable(entry)) << act << text << entry;
+    QTest::newRow("another document is shown, Find...")
+        << int(std::size(acts)) - 1 << u"second"_s << u"Find..."_s;
 }
 
+/** Or another one may be shown: nothing is done to that. */
 void TstJournalEditorMoments::document_may_go_while_its_menu_is_open()
 {
     QFETCH(const int, act);
+    QFETCH(const QString, text);
+    QFETCH(const QString, entry);
     Moment moment;
     QVERIFY(show_active(moment.editor));
+    moment.doc->setPlainText(text);
+    const QString third = u"#third"_s;
+    moment.third->setPlainText(third);
+    for (JournalDocument* doc : {moment.doc.data(), moment.third.data()})
+        doc->selectAll();
+    QStringList played;
+    connect(moment.editor, &JournalEditor::processCommands, this,
+            [&](const QStringList& commands) { played << commands; });
+    const DialogDriver nothing_is_asked;
     bool came = false;
     {
         const MenuDriver driver([&](QMenu* menu) {
@@ -572,14 +596,20 @@ void TstJournalEditorMoments::document_may_go_while_its_menu_is_open()
             acts[act].second(moment);
             came = true;
             if (open)
-                choose(open, u"Clear"_s);
+                QVERIFY(choose(open, entry));
         });
         QContextMenuEvent event(QContextMenuEvent::Mouse, {}, moment.doc->mapToGlobal(QPoint()));
         QCoreApplication::sendEvent(moment.doc->viewport(), &event);
     }
     QVERIFY(came);
-    if (moment.third)
-        QCOMPARE(moment.third->toPlainText(), u"third"_s);
+    QVERIFY(!played.contains(third));
+    if (!moment.editor)
+        return;
+    for (int tab = 0; tab < tabs_of(*moment.editor)->count(); ++tab) {
+        const JournalDocument* const doc = document_of(*moment.editor, tab);
+        if (doc != moment.doc)
+            QVERIFY(QStringList({u"first"_s, third, u"added"_s, u""_s}).contains(doc->toPlainText()));
+    }
 }
 
 void TstJournalEditorMoments::item_of_the_context_menu_may_delete_the_window()
