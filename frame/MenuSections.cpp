@@ -121,6 +121,8 @@ void MenuSections::add_item(QAction* action, const char* component, const char* 
 
 void MenuSections::add_items(std::vector<QAction*>& actions, const char* component, const char* section)
 {
+    if (!mChanging)
+        mRemovedFrom = false;
     int run = 0;
     MenuSection* const target = find_section(section, -1, &run, nullptr);
     if (!component || !widget() || actions.empty())
@@ -163,6 +165,7 @@ void MenuSections::remove_items(const char* component)
     if (!component || !widget())
         return;
 
+    mRemovedFrom = mChanging;
     const QString owner = QString::fromUtf8(component);
     // Counted over the whole list: a separator that stays does not start the count anew.
     int kept = 0;

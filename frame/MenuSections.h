@@ -109,6 +109,8 @@ public:
     QWidget* widget() const;
     /** Whether a call is changing the widget just now, so that it does not show yet what the list holds. */
     bool is_changing() const { return mChanging; }
+    /** Whether somebody who was told of the last call of add_items() has called remove_items(). */
+    bool was_removed_from() const { return mRemovedFrom; }
 
     std::vector<MenuSection*> sections;
     QString name;
@@ -138,6 +140,7 @@ private:
 
     std::deque<Step> mSteps;
     bool mChanging = false;
+    bool mRemovedFrom = false;
     /** Lives as long as the list, whose class is no QObject; holds separators until they are shown. */
     QObject mLife;
 };

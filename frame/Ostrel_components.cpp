@@ -84,6 +84,34 @@ MenuSections* find_list(QMap<QString, MenuSections*>& lists, const QString& name
 
 } // namespace
 
+void Ostrel::Sections::drop_empty_menu(const QString& title, QMenuBar* bar)
+{
+    const MenuSections* const left = find_list(menus, title);
+    if (!left || left->is_changing() || !left->menu->actions().isEmpty() || !left->menu_action)
+        return;
+    // Out of the list first: what is told of the end of the menu may look there, or end the window.
+    const std::unique_ptr<MenuSections> taken(menus.take(title));
+    const QPointer<ComponentMenu> menu = dynamic_cast<ComponentMenu*>(taken->menu);
+    bar->removeAction(taken->menu_action);
+    if (menu)
+        menu->remove();
+}
+
+void Ostrel::Sections::drop_empty_toolbar(const QString& name, const OstrelViewMenu* view_menu)
+{
+    const MenuSections* const left = find_list(toolbars, name);
+    // Whatever is below the toolbar; see the header.
+    if (!left || left->is_changing() ||
+        left->toolbar->findChildren<QToolButton*>().size() > buttons_of_an_empty_toolbar)
+        return;
+    const std::unique_ptr<MenuSections> taken(toolbars.take(name));
+    const QPointer<ComponentToolBar> toolbar = dynamic_cast<ComponentToolBar*>(taken->toolbar);
+    if (toolbar && view_menu)
+        view_menu->get_toolbar_menu()->removeAction(toolbar->toggleViewAction());
+    if (toolbar)
+        toolbar->remove();
+}
+
 void Ostrel::add_to_menu(const QString& title, std::vector<QAction*>& actions, const char* component)
 {
     if (!component || !mSections)
@@ -132,7 +160,9 @@ void Ostrel::add_to_menu(const QString& title, std::vector<QAction*>& actions, c
         const Alive alive(this, menu);
         // Filled before it is shown, so that nobody who is told of it takes it for an empty one.
         sections->add_items(left, component, nullptr);
-        if (alive)
+        if (alive && sections->was_removed_from())
+            mSections->drop_empty_menu(title, mMenuBar);
+        if (alive && mSections->menus.value(title) == sections)
             menu->setParent(this, menu->windowFlags());
         if (!alive)
             delete made;
@@ -144,7 +174,11 @@ void Ostrel::add_to_menu(const QString& title, std::vector<QAction*>& actions, c
         mMenuBar->insertMenu(bar.value(place), menu);
         return;
     }
+    const Alive alive(this, sections->menu);
     sections->add_items(left, component, nullptr);
+    // Who was told of it may have taken the component out again, when the menu could not go.
+    if (alive && sections->was_removed_from())
+        mSections->drop_empty_menu(title, mMenuBar);
 }
 
 void Ostrel::add_to_menu(const char* title, std::vector<PyAction*>& actions, const char* component)
@@ -193,7 +227,11 @@ void Ostrel::add_to_toolbar(const char* name, const QString& title, std::vector<
             return;
     }
     std::vector<QAction*> left = handed_in.left();
+    const Alive alive(this, sections->toolbar);
     sections->add_items(left, component, nullptr);
+    // As for menus.
+    if (alive && sections->was_removed_from())
+        mSections->drop_empty_toolbar(key, mViewMenu);
 }
 
 void Ostrel::remove_menu_items(const char* component)
@@ -215,16 +253,7 @@ void Ostrel::remove_menu_items(const char* component)
             sections->remove_items(component);
         if (!alive)
             return;
-        // Looked up again, since others may have removed it meanwhile.
-        const MenuSections* const left = find_list(mSections->menus, title);
-        if (!left || left->is_changing() || !left->menu->actions().isEmpty() || !left->menu_action)
-            continue;
-        // Out of the list first: what is told of the end of the menu may look there.
-        const std::unique_ptr<MenuSections> taken(mSections->menus.take(title));
-        const QPointer<ComponentMenu> menu = dynamic_cast<ComponentMenu*>(taken->menu);
-        mMenuBar->removeAction(taken->menu_action);
-        if (menu)
-            menu->remove();
+        mSections->drop_empty_menu(title, mMenuBar);
         if (!alive)
             return;
     }
@@ -242,17 +271,7 @@ void Ostrel::remove_toolbar_items(const char* component)
             sections->remove_items(component);
         if (!alive)
             return;
-        const MenuSections* const left = find_list(mSections->toolbars, name);
-        // Whatever is below the toolbar; see the header.
-        if (!left || left->is_changing() ||
-            left->toolbar->findChildren<QToolButton*>().size() > buttons_of_an_empty_toolbar)
-            continue;
-        const std::unique_ptr<MenuSections> taken(mSections->toolbars.take(name));
-        const QPointer<ComponentToolBar> toolbar = dynamic_cast<ComponentToolBar*>(taken->toolbar);
-        if (toolbar && mViewMenu)
-            mViewMenu->get_toolbar_menu()->removeAction(toolbar->toggleViewAction());
-        if (toolbar)
-            toolbar->remove();
+        mSections->drop_empty_toolbar(name, mViewMenu);
         if (!alive)
             return;
     }

@@ -19,6 +19,11 @@ struct Ostrel::Sections
     }
     Q_DISABLE_COPY_MOVE(Sections)
 
+    /** Takes a menu out of @p bar and the list, and removes it, if it is empty and nobody is changing it. */
+    void drop_empty_menu(const QString& title, QMenuBar* bar);
+    /** The same for a toolbar that counts as empty, and @p view_menu, which may be null. */
+    void drop_empty_toolbar(const QString& name, const OstrelViewMenu* view_menu);
+
     /** By object name. */
     QMap<QString, MenuSections*> toolbars;
     /** By title. */

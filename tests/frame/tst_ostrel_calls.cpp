@@ -80,6 +80,10 @@ private slots:
     void menu_may_be_removed_while_it_is_made();
     void new_menu_is_not_taken_for_an_empty_one();
     void toolbar_may_be_removed_while_it_is_made();
+    void menu_removed_while_it_is_filled_goes_data();
+    void menu_removed_while_it_is_filled_goes();
+    void toolbar_removed_while_it_is_filled_goes_data();
+    void toolbar_removed_while_it_is_filled_goes();
     void window_may_be_deleted_while_items_are_removed_data();
     void window_may_be_deleted_while_items_are_removed();
     void last_words_of_a_page_find_no_menus();
@@ -365,6 +369,91 @@ void TstOstrelCalls::toolbar_may_be_removed_while_it_is_made()
     window.add_to_toolbar("own", u"Own"_s, actions, "one", Qt::TopToolBarArea);
     QVERIFY(actor.has_acted());
     QCOMPARE(describe_window(window), before);
+}
+
+void TstOstrelCalls::menu_removed_while_it_is_filled_goes_data()
+{
+    QTest::addColumn<bool>("was_there");
+    QTest::addColumn<bool>("stays");
+    QTest::newRow("new menu") << false << false;
+    QTest::newRow("menu that was there") << true << false;
+    QTest::newRow("new menu of two components") << false << true;
+    QTest::newRow("menu of two components that was there") << true << true;
+}
+
+/** The call that removes cannot drop the menu, since the one that adds is at work on it. */
+void TstOstrelCalls::menu_removed_while_it_is_filled_goes()
+{
+    QFETCH(const bool, was_there);
+    QFETCH(const bool, stays);
+    Ostrel window;
+    const QStringList before = describe_window(window);
+    QAction first(u"1"_s);
+    QAction second(u"2"_s);
+    QAction other(u"3"_s);
+    std::vector<QAction*> there{&first};
+    std::vector<QAction*> actions{&second};
+    std::vector<QAction*> others{&other};
+    if (was_there)
+        window.add_to_menu(u"Own"_s, there, "one");
+    // Nobody knows a new menu yet but a filter on the application.
+    const EventActor actor(qApp, QEvent::ActionAdded, [&] {
+        window.remove_menu_items("one");
+        if (stays)
+            window.add_to_menu(u"Own"_s, others, "two");
+        return false;
+    });
+    window.add_to_menu(u"Own"_s, actions, "one");
+    QVERIFY(actor.has_acted());
+    if (stays) {
+        QVERIFY(bar_menu(window, u"Own"_s));
+        QCOMPARE(bar_menu(window, u"Own"_s)->actions(), QList<QAction*>{&other});
+        window.remove_menu_items("two");
+    }
+    QCOMPARE(describe_window(window), before);
+    run_deferred_deletions();
+    QVERIFY(second.associatedObjects().isEmpty());
+}
+
+void TstOstrelCalls::toolbar_removed_while_it_is_filled_goes_data()
+{
+    QTest::addColumn<bool>("was_there");
+    QTest::newRow("new toolbar") << false;
+    QTest::newRow("toolbar that was there") << true;
+}
+
+void TstOstrelCalls::toolbar_removed_while_it_is_filled_goes()
+{
+    QFETCH(const bool, was_there);
+    Ostrel window;
+    const QStringList before = describe_window(window);
+    QAction first(u"1"_s);
+    QAction second(u"2"_s);
+    std::vector<QAction*> there{&first};
+    std::vector<QAction*> actions{&second};
+    const auto add = [&](std::vector<QAction*>& added) {
+        window.add_to_toolbar("own", u"Own"_s, added, "one", Qt::TopToolBarArea);
+    };
+    if (was_there)
+        add(there);
+    std::unique_ptr<EventActor> actor;
+    const auto watch = [&] {
+        actor = std::make_unique<EventActor>(toolbar(window, u"own"_s), QEvent::ActionAdded, [&] {
+            window.remove_toolbar_items("one");
+            return false;
+        });
+        return false;
+    };
+    // A new toolbar gets its entry in the view menu before it is filled.
+    const EventActor entry(window.view_menu()->get_toolbar_menu(), QEvent::ActionAdded, watch);
+    if (was_there)
+        watch();
+    add(actions);
+    QVERIFY(actor && actor->has_acted());
+    QVERIFY(!toolbar(window, u"own"_s));
+    QCOMPARE(describe_window(window), before);
+    run_deferred_deletions();
+    QVERIFY(second.associatedObjects().isEmpty());
 }
 
 void TstOstrelCalls::window_may_be_deleted_while_items_are_removed_data()
