@@ -27,7 +27,6 @@
 #include <QStatusBar>
 
 #include <algorithm>
-#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -246,14 +245,12 @@ OstrelFileMenu::~OstrelFileMenu()
     HandlerList& imports = mHandlers->imports;
     HandlerList& exports = mHandlers->exports;
     while (!imports.empty() || !exports.empty()) {
-        // One object may serve both lists.
-        std::set<ImportExportHandler*> handlers(imports.begin(), imports.end());
-        handlers.insert(exports.begin(), exports.end());
-        // A handler's destructor may call back, to take itself or its component out: it finds empty lists.
-        imports.clear();
-        exports.clear();
-        for (ImportExportHandler* handler : handlers)
-            delete handler;
+        ImportExportHandler* const handler = imports.empty() ? exports.back() : imports.back();
+        // Off both lists, one object may serve both, and before its destructor calls back: that may take
+        // others out, which are the component's then, and put some in.
+        std::erase(imports, handler);
+        std::erase(exports, handler);
+        delete handler;
     }
     // Before the menu, from which they remove their actions.
     mRecentImports.reset();

@@ -114,6 +114,8 @@ Format::Format(const QString& filters, const QString& component) : ImportExportH
 
 Format::~Format()
 {
+    if (on_end)
+        on_end();
     --alive;
 }
 

@@ -59,6 +59,8 @@ public:
 
     /** Called at the end of execute(). */
     std::function<void()> on_execute;
+    /** Called when it is deleted. */
+    std::function<void()> on_end;
     /** How many of them live. */
     static int alive;
 };

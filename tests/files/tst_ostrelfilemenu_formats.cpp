@@ -18,6 +18,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <array>
 #include <functional>
 
 using namespace Qt::StringLiterals;
@@ -71,31 +72,6 @@ private:
     OstrelFileMenu* mMenu;
 };
 
-/** A format that says goodbye to the menu in its destructor. */
-class Polite : public ImportExportHandler
-{
-public:
-    Polite(OstrelFileMenu* menu, const QString& filters) : ImportExportHandler(u"polite"_s), mMenu(menu)
-    {
-        mFilters = filters;
-    }
-    ~Polite() override
-    {
-        QString left;
-        mMenu->get_import_filters(left);
-        mMenu->get_export_filters(left);
-        mMenu->remove_import(this);
-        mMenu->remove_export(this);
-        mMenu->remove_component_items("polite");
-        host().record(mFilters + u" dies, left: "_s + left);
-    }
-
-    void execute(const QString&, const QString&) override {}
-
-private:
-    OstrelFileMenu* mMenu;
-};
-
 const List imports{&OstrelFileMenu::add_import, &OstrelFileMenu::remove_import,
                    &OstrelFileMenu::get_import_filters, &OstrelFileMenu::execute_import,
                    u"mFileImportAction"_s};
@@ -133,6 +109,8 @@ private slots:
     void handlers_in_the_lists_die_with_the_menu();
     void handler_in_both_lists_dies_once();
     void handlers_may_say_goodbye_when_they_die();
+    void handler_may_take_its_partner_along_when_it_dies_data();
+    void handler_may_take_its_partner_along_when_it_dies();
     void thousand_handlers_are_kept_apart();
 
     // Import.
@@ -539,14 +517,55 @@ void TstOstrelFileMenuFormats::handler_in_both_lists_dies_once()
 
 void TstOstrelFileMenuFormats::handlers_may_say_goodbye_when_they_die()
 {
-    QVERIFY(mMenu->add_import(new Polite(mMenu, meshes)));
-    QVERIFY(mMenu->add_import(new Polite(mMenu, steps)));
-    QVERIFY(mMenu->add_export(new Polite(mMenu, meshes)));
+    const auto make = [&](const QString& name, const QString& filters) {
+        auto* const made = new Format(filters, name);
+        made->on_end = [this, name] {
+            QString left;
+            mMenu->get_import_filters(left);
+            mMenu->get_export_filters(left);
+            mMenu->remove_component_items(qPrintable(name));
+            host().record(name + u" dies, left: "_s + left);
+        };
+        return made;
+    };
+    QVERIFY(mMenu->add_import(make(u"a"_s, meshes)));
+    QVERIFY(mMenu->add_import(make(u"b"_s, steps)));
+    QVERIFY(mMenu->add_export(make(u"c"_s, meshes)));
     host().take_calls();
     mWindow.reset();
-    const QStringList calls = host().take_calls();
-    QCOMPARE(calls.count(meshes + u" dies, left: "_s), 2);
-    QCOMPARE(calls.count(steps + u" dies, left: "_s), 1);
+    const QStringList calls = host().take_calls().filter(u" dies, left: "_s);
+    QCOMPARE(calls.size(), 3);
+    QVERIFY(calls.last().endsWith(u"left: "_s));
+    QCOMPARE(Format::alive, 0);
+}
+
+void TstOstrelFileMenuFormats::handler_may_take_its_partner_along_when_it_dies_data()
+{
+    QTest::addColumn<List>("list");
+    QTest::addColumn<List>("other_list");
+    QTest::newRow("imports") << imports << imports;
+    QTest::newRow("exports") << exports << exports;
+    QTest::newRow("import and export") << imports << exports;
+}
+
+/** What it takes out is its own again. */
+void TstOstrelFileMenuFormats::handler_may_take_its_partner_along_when_it_dies()
+{
+    QFETCH(const List, list);
+    QFETCH(const List, other_list);
+    // Whichever goes first.
+    std::array pair{new Format(meshes, u"pair"_s), new Format(steps, u"pair"_s)};
+    for (size_t i : {0, 1}) {
+        pair[i]->on_end = [this, &pair, i] {
+            pair[i] = nullptr;
+            mMenu->remove_component_items("pair");
+            delete pair[1 - i];
+        };
+    }
+    QVERIFY((mMenu->*list.add)(pair[0]));
+    QVERIFY((mMenu->*other_list.add)(pair[1]));
+    mWindow.reset();
+    QCOMPARE(Format::alive, 0);
 }
 
 void TstOstrelFileMenuFormats::thousand_handlers_are_kept_apart()

@@ -248,6 +248,7 @@ void Stage::add_files(Ostrel& shown)
         for (const auto add : {&OstrelFileMenu::add_import, &OstrelFileMenu::add_export}) {
             auto* format = new Format(u"Own (*.own)"_s, u"own"_s);
             format->on_execute = [this] { moment(u"ImportExportHandler::execute"_s); };
+            format->on_end = [this] { moment(u"ImportExportHandler::~ImportExportHandler"_s); };
             // The menu owns what it takes.
             if ((shown.file_menu()->*add)(format))
                 formats << format;
