@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QStringTokenizer>
 #include <QTextBlock>
@@ -90,15 +91,25 @@ public:
     template <class Work>
     static void let_base(Work work)
     {
-        ++depth;
-        work();
-        if (--depth > 0)
+        if (depth == 0) {
+            // What an exception has kept back does not come behind something else.
+            unseen().clear();
+            held().clear();
+        }
+        {
+            ++depth;
+            const auto done = qScopeGuard([] { --depth; });
+            work();
+        }
+        if (depth > 0)
             return;
-        for (const QPointer<CommandWidget>& page : std::exchange(unseen(), {})) {
+        const QList<QPointer<CommandWidget>> pages = std::exchange(unseen(), {});
+        const QList<Lines> all_lines = std::exchange(held(), {});
+        for (const QPointer<CommandWidget>& page : pages) {
             if (page)
                 page->ensureCursorVisible();
         }
-        for (const auto& [page, lines] : std::exchange(held(), {})) {
+        for (const auto& [page, lines] : all_lines) {
             if (page)
                 emit page->commandsEntered(lines);
         }

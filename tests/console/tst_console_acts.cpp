@@ -23,6 +23,7 @@
 
 #include <functional>
 #include <memory>
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -95,6 +96,20 @@ public:
 
 private:
     Act mAct;
+};
+
+/** Throws when it has pasted. Slots of a page's text may do so, too, but Qt then loses memory. */
+class ThrowingPage : public Page
+{
+public:
+    void insertFromMimeData(const QMimeData* source) override
+    {
+        Page::insertFromMimeData(source);
+        if (throws)
+            throw std::runtime_error("from a page");
+    }
+
+    bool throws = false;
 };
 
 /** Acts while it is destroyed, when it is a page still. */
@@ -171,6 +186,7 @@ private slots:
     void page_may_go_when_lines_are_entered_data() { ways_to_bring_text(); }
     void page_may_go_when_lines_are_entered();
     void lines_that_are_brought_while_lines_run_come_at_once();
+    void lines_are_entered_after_a_paste_has_thrown();
     void drop_with_output_selected_lands_under_the_pointer();
     void drop_into_a_command_that_is_out_of_view_may_make_it_longer();
     void page_may_go_when_the_history_is_reset();
@@ -256,6 +272,23 @@ void TstConsoleActs::lines_that_are_brought_while_lines_run_come_at_once()
     });
     by_drop(first, u"one\ntwo"_s);
     QCOMPARE(inner, QStringList{u"lines: three, four"_s});
+}
+
+void TstConsoleActs::lines_are_entered_after_a_paste_has_thrown()
+{
+    ThrowingPage page;
+    QVERIFY(show_active(&page));
+    QGuiApplication::clipboard()->setText(u"one\ntwo"_s);
+    page.throws = true;
+    // Not sent: Qt's delivery of keys would lose memory.
+    QKeyEvent paste(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier);
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, static_cast<QObject&>(page).event(&paste));
+    page.throws = false;
+    // What was pasted then does not come behind something else.
+    page.type(u"x"_s);
+    QCOMPARE(page.take_signals(), QStringList());
+    by_key(page, u"three\nfour"_s);
+    QCOMPARE(page.take_signals(), QStringList{u"lines: three, four"_s});
 }
 
 void TstConsoleActs::drop_into_a_command_that_is_out_of_view_may_make_it_longer()
