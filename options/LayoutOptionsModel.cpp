@@ -3,6 +3,8 @@
 
 #include "options/LayoutOptionsModel.h"
 
+#include "frame/Alive.h"
+
 #include <QAction>
 
 #include <algorithm>
@@ -11,8 +13,11 @@ using namespace Qt::StringLiterals;
 
 void LayoutOptionsModel::set_actions(const std::vector<QAction*>& actions)
 {
-    for (QAction* action : std::as_const(mActions))
-        action->disconnect(this);
+    for (QAction* action : std::as_const(mActions)) {
+        // Null is one that dies while views are told of it.
+        if (action)
+            action->disconnect(this);
+    }
     mActions.clear();
     for (QAction* action : actions) {
         if (!action)
@@ -94,7 +99,8 @@ QAction* LayoutOptionsModel::action(const QModelIndex& index) const
 
 void LayoutOptionsModel::forget(const QObject* action)
 {
-    for (int row = 0; row < mActions.size();) {
+    const Alive alive(this);
+    for (int row = 0; alive && row < mActions.size();) {
         if (static_cast<const QObject*>(mActions[row]) != action) {
             ++row;
             continue;
@@ -103,7 +109,8 @@ void LayoutOptionsModel::forget(const QObject* action)
         // action.
         mActions[row] = nullptr;
         beginRemoveRows({}, row, row);
-        mActions.removeAt(row);
+        // Not by its row: whoever is told may have set other actions.
+        mActions.removeOne(nullptr);
         endRemoveRows();
     }
 }

@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QListView>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QTest>
@@ -45,6 +46,10 @@ private slots:
     void deleted_action_leaves_the_list();
     void views_are_told_of_a_deleted_action();
     void deleted_action_is_not_read_any_more();
+    void other_actions_may_be_set_while_one_is_deleted_data();
+    void other_actions_may_be_set_while_one_is_deleted();
+    void other_action_may_be_deleted_while_one_is_deleted();
+    void model_may_go_when_views_have_been_told();
     void null_is_passed_over();
 };
 
@@ -227,6 +232,53 @@ void TstLayoutOptionsModel::deleted_action_is_not_read_any_more()
     });
     doomed.reset();
     QCOMPARE(seen, (QVariantList{QVariant(), QVariant(), false}));
+}
+
+void TstLayoutOptionsModel::other_actions_may_be_set_while_one_is_deleted_data()
+{
+    QTest::addColumn<bool>("before");
+    QTest::newRow("before the row goes") << true;
+    QTest::newRow("when the row has gone") << false;
+}
+
+void TstLayoutOptionsModel::other_actions_may_be_set_while_one_is_deleted()
+{
+    QFETCH(const bool, before);
+    auto doomed = std::make_unique<QAction>(u"a"_s);
+    QAction b(u"b"_s), c(u"c"_s);
+    LayoutOptionsModel model;
+    model.set_actions({doomed.get(), &b, &c});
+    QListView view;
+    view.setModel(&model);
+    connect(&model, before ? &QAbstractItemModel::rowsAboutToBeRemoved : &QAbstractItemModel::rowsRemoved,
+            this, [&] {
+                model.set_actions({&b, &c});
+            });
+    doomed.reset();
+    QCOMPARE(texts(model), (QStringList{u"b"_s, u"c"_s}));
+}
+
+void TstLayoutOptionsModel::other_action_may_be_deleted_while_one_is_deleted()
+{
+    auto first = std::make_unique<QAction>(u"a"_s);
+    auto second = std::make_unique<QAction>(u"b"_s);
+    QAction c(u"c"_s);
+    LayoutOptionsModel model;
+    model.set_actions({first.get(), second.get(), &c});
+    connect(&model, &QAbstractItemModel::rowsAboutToBeRemoved, this, [&] { second.reset(); });
+    first.reset();
+    QCOMPARE(texts(model), QStringList{u"c"_s});
+}
+
+void TstLayoutOptionsModel::model_may_go_when_views_have_been_told()
+{
+    auto doomed = std::make_unique<QAction>(u"a"_s);
+    auto* model = new LayoutOptionsModel;
+    const QPointer<LayoutOptionsModel> alive = model;
+    model->set_actions({doomed.get(), doomed.get()});
+    connect(model, &QAbstractItemModel::rowsRemoved, this, [&] { delete alive; });
+    doomed.reset();
+    QVERIFY(!alive);
 }
 
 void TstLayoutOptionsModel::null_is_passed_over()
