@@ -5,6 +5,7 @@
 
 #include "console/CommandWidget.h"
 #include "frame/Alive.h"
+#include "frame/InUse.h"
 #include "host/fennari19/FennarInterface.h"
 #include "resources/load_icon.h"
 
@@ -96,35 +97,6 @@ void set_checked_silently(QPushButton* button, bool checked)
     button->setChecked(checked);
 }
 
-/**
- * Marks a mode button while its toggle is followed.
- *
- * The button goes on with itself afterwards, so a console that is deleted meanwhile leaves it for later.
- */
-class FollowedButton
-{
-public:
-    explicit FollowedButton(QPushButton* button) { followed().append(button); }
-    ~FollowedButton() { followed().removeLast(); }
-    Q_DISABLE_COPY_MOVE(FollowedButton)
-
-    /** To be called before the parent of @p button deletes it. */
-    static void spare(QPushButton* button)
-    {
-        if (!followed().contains(button))
-            return;
-        button->setParent(nullptr);
-        button->deleteLater();
-    }
-
-private:
-    static QList<const QPushButton*>& followed()
-    {
-        static QList<const QPushButton*> buttons;
-        return buttons;
-    }
-};
-
 } // namespace
 
 CommandWindow::CommandWindow(QWidget* parent) : QWidget(parent)
@@ -186,8 +158,8 @@ CommandWindow::~CommandWindow()
     const auto* stack = mCommandTab->findChild<QStackedWidget*>(QString(), Qt::FindDirectChildrenOnly);
     while (const QWidget* page = stack->findChild<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
         delete page;
-    FollowedButton::spare(mFennarButton);
-    FollowedButton::spare(mPythonButton);
+    InUse::spare(mFennarButton);
+    InUse::spare(mPythonButton);
     delete mWarningIcon;
     delete mNoIcon;
 }
@@ -417,11 +389,11 @@ void CommandWindow::tabPageChanged(int index)
 }
 
 // A click on the button of the active mode lands in these two as well. It leaves neither button checked until
-// the host has changed the mode.
+// the host has changed the mode. Behind them the button goes on with itself.
 
 void CommandWindow::fennar_mode_pushed()
 {
-    const FollowedButton followed(mFennarButton);
+    const InUse use(mFennarButton);
     const Alive alive(this);
     show_first_command_page(mCommandTab);
     if (!alive || !FennarInterface::command_is_python_mode() || !alive)
@@ -432,7 +404,7 @@ void CommandWindow::fennar_mode_pushed()
 
 void CommandWindow::python_mode_pushed()
 {
-    const FollowedButton followed(mPythonButton);
+    const InUse use(mPythonButton);
     const Alive alive(this);
     show_first_command_page(mCommandTab);
     if (!alive || FennarInterface::command_is_python_mode() || !alive)

@@ -6,6 +6,7 @@
 #include "console/CommandWindow.h"
 #include "files/OstrelFileMenu.h"
 #include "frame/Alive.h"
+#include "frame/InUse.h"
 #include "frame/OstrelEventFilter.h"
 #include "frame/OstrelSplitter.h"
 #include "frame/Ostrel_sections.h"
@@ -77,35 +78,6 @@ void set_up_toggle_action(QAction* action, const QString& text, const QString& t
     action->setChecked(true);
     action->setIcon(load_icon(icon));
 }
-
-/**
- * Marks the graphics area while what is left of a deleted widget is in it.
- *
- * Whoever deletes the window meanwhile leaves the area for later: it would delete the widget once more.
- */
-class AreaOfDying
-{
-public:
-    explicit AreaOfDying(const QWidget* area) { areas().append(area); }
-    ~AreaOfDying() { areas().removeLast(); }
-    Q_DISABLE_COPY_MOVE(AreaOfDying)
-
-    /** To be called before the parent of @p area deletes it. */
-    static void spare(QWidget* area)
-    {
-        if (!areas().contains(area))
-            return;
-        area->setParent(nullptr);
-        area->deleteLater();
-    }
-
-private:
-    static QList<const QWidget*>& areas()
-    {
-        static QList<const QWidget*> marked;
-        return marked;
-    }
-};
 
 } // namespace
 
@@ -220,7 +192,7 @@ Ostrel::~Ostrel()
     // It goes with the window, which then has no place for another.
     if (mGraphicsWidget)
         disconnect(mGraphicsWidget, &QObject::destroyed, this, nullptr);
-    AreaOfDying::spare(mGraphicsArea);
+    InUse::spare(mGraphicsArea);
     QPixmapCache::clear();
     mSections.reset();
     // What goes last may still ask for what went first.
@@ -371,7 +343,8 @@ void Ostrel::replace_deleted_graphics()
     mGraphicsWidget = nullptr;
     const Alive alive(this);
     {
-        const AreaOfDying area(mGraphicsArea);
+        // Whoever deletes the window with the area would delete the widget once more.
+        const InUse use(mGraphicsArea);
         CLOptions::instance()->set_graphics_state(1);
     }
     if (alive && !is_graphics_area_taken())

@@ -4,6 +4,7 @@
 #include "menus/OstrelToolsMenu.h"
 
 #include "frame/Alive.h"
+#include "frame/InUse.h"
 #include "frame/MenuSections.h"
 #include "frame/Ostrel.h"
 #include "host/fennari19/FennarInterface.h"
@@ -81,7 +82,8 @@ OstrelToolsMenu::OstrelToolsMenu(Ostrel* parent) : QObject(parent), mMainWindow(
 OstrelToolsMenu::~OstrelToolsMenu()
 {
     mSections.reset();
-    ComponentTool::dispose(mComponentTool);
+    if (!InUse::spare(mComponentTool))
+        delete mComponentTool;
     delete mMenu;
 }
 

@@ -5,6 +5,7 @@
 
 #include "files/modal_dialogs.h"
 #include "frame/Alive.h"
+#include "frame/InUse.h"
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
 #include "host/ostrelfw/ComponentRecord.h"
@@ -22,7 +23,7 @@ struct ComponentTool::Form : Ui::QtComponentTool
 {
     /**
      * Where the lists are between two showings. The framework may show and hide the dialog while it is asked
-     * or told of anything. It may not delete it then: Qt goes on with a widget that it has shown or hidden.
+     * or told of anything.
      *
      * The events of showing and hiding do not tell: minimizing brings them as well, and newer versions of Qt
      * send one more of showing, which is not marked as the window system's, while the window is minimized.
@@ -65,17 +66,6 @@ ComponentTool::~ComponentTool()
 {
     // The base would hide an open dialog without a word to the framework, which would call a dead tracker.
     hide();
-}
-
-void ComponentTool::dispose(ComponentTool* tool)
-{
-    // Qt goes on with a widget whose event has led here.
-    if (tool && (tool->ui->state == Form::State::Loading || tool->ui->state == Form::State::HandingBack)) {
-        tool->setParent(nullptr);
-        tool->deleteLater();
-    } else {
-        delete tool;
-    }
 }
 
 void ComponentTool::component_loading(const char* name)
@@ -174,6 +164,8 @@ void ComponentTool::hideEvent(QHideEvent* event)
 /** Fills the lists from the framework. */
 void ComponentTool::load()
 {
+    // Qt goes on with a widget that it has shown or hidden.
+    const InUse use(this);
     ui->state = Form::State::Loading;
     std::vector<ComponentRecord> components;
     mediator().get_components(components);
@@ -198,6 +190,7 @@ void ComponentTool::load()
 /** Empties the lists and gives the directories to the framework. */
 void ComponentTool::hand_back()
 {
+    const InUse use(this);
     ui->state = Form::State::HandingBack;
     QStringList directories;
     for (int row = 0; row < ui->mPathList->count(); ++row)

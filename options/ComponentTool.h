@@ -33,10 +33,6 @@ public:
     explicit ComponentTool(Ostrel* parent);
     ~ComponentTool() override;
 
-    /** Deletes @p tool; one that is just asking the framework while it is shown or hidden ends that first.
-     * Null is ignored. */
-    static void dispose(ComponentTool* tool);
-
     // What the framework reports; a name that is not in the list is ignored, and so is null.
     void component_loading(const char* name) override;
     void component_loaded(const char* name) override;
