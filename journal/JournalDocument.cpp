@@ -13,16 +13,19 @@
 #include <QAction>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QGuiApplication>
 #include <QHash>
 #include <QMenu>
 #include <QPainter>
 #include <QPointer>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTabWidget>
 #include <QTextBlock>
 #include <QTextLayout>
 
+#include <algorithm>
 #include <functional>
 
 using namespace Qt::StringLiterals;
@@ -36,6 +39,66 @@ bool is_comment(const QTextBlock& block)
 {
     return block.text().startsWith(u'#');
 }
+
+/**
+ * Brings the line that text is dropped into wholly into view first.
+ *
+ * The base class has an edit block open when it looks for the caret. If the line is cut off at the lower
+ * edge, it asks for text that is not laid out yet, and crashes.
+ */
+class DropFilter : public QObject
+{
+public:
+    DropFilter(QPlainTextEdit* edit, std::function<void(QEvent*)> deliver)
+        : QObject(edit), mEdit(edit), mDeliver(std::move(deliver))
+    {
+        edit->viewport()->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* e) override
+    {
+        if (e->type() != QEvent::Drop)
+            return false;
+        auto* const drop = static_cast<QDropEvent*>(e);
+        const QTextCursor target = mEdit->cursorForPosition(drop->position().toPoint());
+        if (!is_cut_off(target))
+            return false;
+        QScrollBar* const bar = mEdit->verticalScrollBar();
+        const Alive alive(mEdit);
+        while (alive && is_cut_off(target) && bar->value() < bar->maximum())
+            bar->setValue(bar->value() + 1);
+        if (!alive)
+            return true;
+        if (is_cut_off(target) || mEdit->cursorRect(target).top() < 0) {
+            // A view lower than a line takes nothing.
+            QDragLeaveEvent leave;
+            mDeliver(&leave);
+            drop->ignore();
+            return true;
+        }
+        QDropEvent moved(mEdit->cursorRect(target).center(), drop->possibleActions(), drop->mimeData(),
+                         drop->buttons(), drop->modifiers());
+        moved.setDropAction(drop->dropAction());
+        mDeliver(&moved);
+        drop->setDropAction(moved.dropAction());
+        drop->setAccepted(moved.isAccepted());
+        return true;
+    }
+
+private:
+    bool is_cut_off(const QTextCursor& cursor) const
+    {
+        const QRect line = mEdit->cursorRect(cursor);
+        const int bottom = std::max(line.bottom(), line.top() + height_before_layout);
+        return bottom > mEdit->viewport()->rect().bottom();
+    }
+
+    /** What the base class takes for the height of a line that is not laid out, in pixels. */
+    static constexpr int height_before_layout = 10;
+
+    QPlainTextEdit* mEdit;
+    std::function<void(QEvent*)> mDeliver;
+};
 
 } // namespace
 
@@ -55,6 +118,7 @@ JournalDocument::JournalDocument(JournalEditor* editor, QTabWidget* parent, cons
     connect(play, &QShortcut::activated, mEditor, &JournalEditor::playSelected);
     setViewportMargins(lineNumberAreaWidth(), 0, 0, 0);
     highlightCurrentLine();
+    new DropFilter(this, [this](QEvent* event) { viewportEvent(event); });
 }
 
 JournalDocument::~JournalDocument()

@@ -8,6 +8,7 @@
 #include "journal/LineNumberArea.h"
 #include "journal/color_scheme.h"
 #include "support/TestCase.h"
+#include "support/drops.h"
 #include "support/windows.h"
 
 #include <QApplication>
@@ -103,6 +104,9 @@ private slots:
     void mark_replaces_one_that_is_there();
     void one_mark_goes_at_most();
     void document_outside_the_tabs_marks_none();
+    void text_may_be_dropped_into_a_line_that_is_cut_off_data();
+    void text_may_be_dropped_into_a_line_that_is_cut_off();
+    void view_lower_than_a_line_takes_no_drop();
     void names_for_connections_are_as_promised();
 
 private:
@@ -466,6 +470,53 @@ void TstJournalDocument::document_outside_the_tabs_marks_none()
     Document outside(mEditor.get(), mTabs.get(), "outside");
     outside.document()->setModified(true);
     QCOMPARE(mTabs->tabText(0), u"Untitled"_s);
+}
+
+void TstJournalDocument::text_may_be_dropped_into_a_line_that_is_cut_off_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("lines_above_the_edge");
+    QTest::newRow("cut line") << u"longer than before"_s << 0;
+    QTest::newRow("several lines, cut line") << u"longer\nthan before"_s << 0;
+    QTest::newRow("several lines, line above it") << u"longer\nthan before"_s << 1;
+}
+
+void TstJournalDocument::text_may_be_dropped_into_a_line_that_is_cut_off()
+{
+    QFETCH(const QString, text);
+    QFETCH(const int, lines_above_the_edge);
+    QVERIFY(show_active(mTabs.get()));
+    const QStringList before = QString(u"ab\n"_s.repeated(100)).split(u'\n');
+    mDocument->setPlainText(before.join(u'\n'));
+    const int line_height = mDocument->cursorRect().height();
+    // Every way to cut the last line.
+    for (int cut = 0; cut < line_height; ++cut) {
+        mDocument->setPlainText(before.join(u'\n'));
+        mDocument->setFixedHeight(200 + cut);
+        QCoreApplication::processEvents();
+        const QPoint place(2, mDocument->viewport()->height() - 1 - lines_above_the_edge * line_height);
+        const int line = mDocument->cursorForPosition(place).blockNumber();
+        QVERIFY(line > 3);
+        QVERIFY(drop_text(mDocument->viewport(), place, text));
+        QStringList after = before;
+        after[line] = text + u"ab"_s;
+        QCOMPARE(mDocument->toPlainText(), after.join(u'\n'));
+        QVERIFY(mDocument->viewport()->rect().contains(mDocument->cursorRect()));
+        mDocument->undo();
+        QCOMPARE(mDocument->toPlainText(), before.join(u'\n'));
+    }
+}
+
+void TstJournalDocument::view_lower_than_a_line_takes_no_drop()
+{
+    QVERIFY(show_active(mTabs.get()));
+    mDocument->setPlainText(u"ab\n"_s.repeated(100));
+    mDocument->setFixedHeight(mDocument->height() - mDocument->viewport()->height() + 8);
+    QCoreApplication::processEvents();
+    QVERIFY(mDocument->viewport()->height() < mDocument->cursorRect().height());
+    const QString before = mDocument->toPlainText();
+    QVERIFY(!drop_text(mDocument->viewport(), QPoint(2, 6), u"longer than before"_s));
+    QCOMPARE(mDocument->toPlainText(), before);
 }
 
 void TstJournalDocument::names_for_connections_are_as_promised()
