@@ -53,6 +53,17 @@ QPixmap draw(const QString& path, const QSize& size, QIcon::Mode mode)
     return generated.isNull() ? picture : generated;
 }
 
+/** The size in device-independent pixels that is asked for: Qt 6.8 says that, earlier versions device pixels.
+ */
+QSize independent_size(const QIconEngine::ScaledPixmapArgument& asked)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    return asked.size;
+#else
+    return (QSizeF(asked.size) / asked.scale).toSize();
+#endif
+}
+
 } // namespace
 
 BundledIconEngine::BundledIconEngine(const QString& path) : mPath(path) {}
@@ -144,6 +155,17 @@ bool BundledIconEngine::write(QDataStream& out) const
     buffer >> key;
     const QByteArray rest = buffer.device()->readAll();
     return out.writeRawData(rest.constData(), int(rest.size())) == rest.size();
+}
+
+void BundledIconEngine::virtual_hook(int id, void* data)
+{
+    if (id != ScaledPixmapHook || mComposed.isNull()) {
+        QIconEngine::virtual_hook(id, data);
+        return;
+    }
+    // Qt's engine chooses among the pictures that were added by their scales, too.
+    auto& asked = *static_cast<ScaledPixmapArgument*>(data);
+    asked.pixmap = mComposed.pixmap(independent_size(asked), asked.scale, asked.mode, asked.state);
 }
 
 QIcon BundledIconEngine::compose() const

@@ -39,6 +39,7 @@ public:
     /** The key of Qt's own engine for SVG files, which reads what write() has written. */
     QString key() const override;
     bool write(QDataStream& out) const override;
+    void virtual_hook(int id, void* data) override;
 
 private:
     /** A picture that shows at its own size only: @p picture, or, if that is null, what @p icon draws. */
