@@ -94,6 +94,7 @@ private slots:
     void bad_dimensions_are_refused_data();
     void bad_dimensions_are_refused();
     void extreme_dimensions_are_made();
+    void solid_may_be_moved_as_far_as_the_bound();
     void ids_grow_and_names_tell_kind_and_id();
     void given_names_are_kept_and_taken_ones_refused();
     void automatic_names_give_way_to_given_ones();
@@ -240,6 +241,15 @@ void TstGeometryModel::extreme_dimensions_are_made()
     QVERIFY(!failure([&] { model.torus(1, 1); }).isEmpty());
     QVERIFY(!failure([&] { model.sphere(large, {GeometryModel::farthest, 0, 0}); }).isEmpty());
     QCOMPARE(model.ids().size(), 5);
+}
+
+void TstGeometryModel::solid_may_be_moved_as_far_as_the_bound()
+{
+    GeometryModel model;
+    const int id = model.sphere(1, {-GeometryModel::farthest / 2, 0, 0});
+    QCOMPARE(failure([&] { model.move({id}, {GeometryModel::farthest, 0, 0}); }), QString());
+    const double beyond = std::nextafter(GeometryModel::farthest, 2 * GeometryModel::farthest);
+    QVERIFY(failure([&] { model.move({id}, {-beyond, 0, 0}); }).contains(u"within 1e+07"));
 }
 
 void TstGeometryModel::ids_grow_and_names_tell_kind_and_id()
