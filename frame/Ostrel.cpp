@@ -7,10 +7,12 @@
 #include "files/OstrelFileMenu.h"
 #include "frame/Alive.h"
 #include "frame/InUse.h"
+#include "frame/MenuSections.h"
 #include "frame/OstrelEventFilter.h"
 #include "frame/OstrelSplitter.h"
-#include "frame/Ostrel_sections.h"
 #include "frame/ProgressControl.h"
+#include "frame/component_bars.h"
+#include "frame/window_settings.h"
 #include "host/navigation/BreadcrumbsPanel.h"
 #include "host/navigation/CommandButtonPanel.h"
 #include "host/navigation/CommandButtons.h"
@@ -24,6 +26,7 @@
 #include "menus/OstrelToolsMenu.h"
 #include "menus/OstrelViewMenu.h"
 #include "menus/OstrelWindowMenu.h"
+#include "menus/PyAction.h"
 #include "options/OptionsPanel.h"
 #include "options/OstrelGUIOptions.h"
 #include "resources/load_icon.h"
@@ -79,6 +82,20 @@ void set_up_toggle_action(QAction* action, const QString& text, const QString& t
     action->setIcon(load_icon(icon));
 }
 
+// Qt takes no other.
+bool is_one_area(Qt::DockWidgetArea area)
+{
+    switch (area) {
+    case Qt::LeftDockWidgetArea:
+    case Qt::RightDockWidgetArea:
+    case Qt::TopDockWidgetArea:
+    case Qt::BottomDockWidgetArea:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 Ostrel* Ostrel::mOstrel = nullptr;
@@ -88,8 +105,20 @@ Ostrel::Ostrel(QWidget* parent, const char* name) : QMainWindow(parent), mTitle(
     setObjectName(name ? QString::fromUtf8(name) : default_title);
     if (!mOstrel)
         mOstrel = this;
-    setIconSize(QSize(22, 22));
+    make_graphics_area();
+    // Before all widgets that register with it.
+    mEventFilter = std::make_unique<OstrelEventFilter>();
+    make_menus();
+    make_file_tools();
+    make_docks();
+    make_windows();
+    // Last, since it needs the console and the journal editor and may replace the command panel.
+    restore_window_settings(*this);
+}
 
+void Ostrel::make_graphics_area()
+{
+    setIconSize(QSize(22, 22));
     auto* central = new QWidget(this);
     central->setObjectName(u"qt_central_widget"_s);
     setCentralWidget(central);
@@ -107,11 +136,11 @@ Ostrel::Ostrel(QWidget* parent, const char* name) : QMainWindow(parent), mTitle(
 
     mDefaultWidget = make_black_placeholder();
     mGraphicsArea->addWidget(mDefaultWidget);
+}
 
-    // Before all widgets that register with it.
-    mEventFilter = std::make_unique<OstrelEventFilter>();
-
-    mSections = std::make_unique<Sections>();
+void Ostrel::make_menus()
+{
+    mSections = std::make_unique<ComponentBars>();
     mMenuBar = menuBar();
     mFileMenu = new OstrelFileMenu(this);
     mViewMenu = new OstrelViewMenu(this);
@@ -119,11 +148,10 @@ Ostrel::Ostrel(QWidget* parent, const char* name) : QMainWindow(parent), mTitle(
     mWindowMenu = new OstrelWindowMenu(this, nullptr);
     mHelpMenu = new OstrelHelpMenu(this);
     mNavigationModel = new NavigationModel(this);
+}
 
-    // The side docks reach down beside the bottom dock.
-    setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
-    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
-
+void Ostrel::make_file_tools()
+{
     std::vector<QAction*> file_tools;
     if (mFileMenu)
         mFileMenu->get_items_for_toolbar(file_tools);
@@ -137,6 +165,13 @@ Ostrel::Ostrel(QWidget* parent, const char* name) : QMainWindow(parent), mTitle(
         if (QWidget* const button = made->toolbar->widgetForAction(mToolsMenu->pause_action()))
             mEventFilter->addObject(button);
     }
+}
+
+void Ostrel::make_docks()
+{
+    // The side docks reach down beside the bottom dock.
+    setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
 
     mCommandLineDock = make_dock(u"OstrelCommandWindow"_s);
     mCommandPanelDock = make_dock(u"FennarCommandPanel"_s);
@@ -170,7 +205,10 @@ Ostrel::Ostrel(QWidget* parent, const char* name) : QMainWindow(parent), mTitle(
         delete mCommandPanelDock;
         mCommandPanelDock = nullptr;
     }
+}
 
+void Ostrel::make_windows()
+{
     mJournalEditor = new JournalEditor(this);
     mOptionsPanel = new OptionsPanel(this);
     mGUIOptions = new OstrelGUIOptions(this);
@@ -180,9 +218,6 @@ Ostrel::Ostrel(QWidget* parent, const char* name) : QMainWindow(parent), mTitle(
 
     auto* to_console = new QShortcut(QKeySequence(u"Ctrl+L"_s), this);
     connect(to_console, &QShortcut::activated, this, &Ostrel::set_focus_to_command_window);
-
-    // Last, since it needs the console and the journal editor and may replace the command panel.
-    restore_settings();
 }
 
 Ostrel::~Ostrel()
@@ -430,6 +465,109 @@ void Ostrel::component_finished_loading(const char* name)
     emit componentLoaded(name);
 }
 
+void Ostrel::add_to_menu(const QString& title, std::vector<QAction*>& actions, const char* component)
+{
+    if (!component || !mSections)
+        return;
+    // The file and the window menu take nothing this way (docs/surprises.md).
+    if (title == tr("&File"))
+        return;
+    if (title == tr("&View")) {
+        if (mViewMenu)
+            mViewMenu->add_items(actions, component);
+        return;
+    }
+    if (title == tr("&Tools")) {
+        if (mToolsMenu)
+            mToolsMenu->add_items(actions, component);
+        return;
+    }
+    if (title == tr("&Window"))
+        return;
+    if (title == tr("&Help")) {
+        if (mHelpMenu)
+            mHelpMenu->add_items(actions, component);
+        return;
+    }
+    add_to_component_menu(*this, *mSections, title, actions, component);
+}
+
+void Ostrel::add_to_menu(const char* title, std::vector<PyAction*>& actions, const char* component)
+{
+    if (!title)
+        return;
+    std::vector<QAction*> list;
+    list.reserve(actions.size());
+    for (const PyAction* action : actions)
+        list.push_back(action ? action->getAction() : nullptr);
+    add_to_menu(QString::fromUtf8(title), list, component);
+}
+
+void Ostrel::add_to_toolbar(const char* name, const QString& title, std::vector<QAction*>& actions,
+                            const char* component, Qt::ToolBarArea area)
+{
+    if (component && name && mSections)
+        add_to_component_toolbar(*this, *mSections, QString::fromUtf8(name), title, actions, component, area);
+}
+
+void Ostrel::remove_menu_items(const char* component)
+{
+    if (!component)
+        return;
+    const Alive alive(this);
+    if (mViewMenu)
+        mViewMenu->remove_component_items(component);
+    if (alive && mToolsMenu)
+        mToolsMenu->remove_component_items(component);
+    if (alive && mHelpMenu)
+        mHelpMenu->remove_component_items(component);
+    if (alive && mSections)
+        remove_component_menu_items(*this, *mSections, component);
+}
+
+void Ostrel::remove_toolbar_items(const char* component)
+{
+    // The window menu has nothing to do with toolbars; without it the window is being built or taken down.
+    if (mSections && component && mWindowMenu)
+        remove_component_toolbar_items(*this, *mSections, component);
+}
+
+void Ostrel::push_tool_button(const char* toolbar, const char* button, bool on)
+{
+    if (toolbar && button && mSections)
+        push_component_button(*mSections, QString::fromUtf8(toolbar), QString::fromUtf8(button), on);
+}
+
+bool Ostrel::add_dock_window(QDockWidget* dock, const char* component, Qt::DockWidgetArea area,
+                             Qt::DockWidgetAreas allowed)
+{
+    if (!dock || !mSections || dock->objectName().isEmpty() || !is_one_area(area) || !(allowed & area))
+        return false;
+    // A dock tells of its move, which may be the end of it.
+    const Alive alive(this, dock);
+    addDockWidget(area, dock);
+    if (alive)
+        dock->setAllowedAreas(allowed);
+    if (!alive)
+        return false;
+    if (mViewMenu) {
+        const QByteArray own_name = dock->objectName().toUtf8();
+        mViewMenu->add_dock_item(dock->toggleViewAction(), component ? component : own_name.constData());
+    }
+    return true;
+}
+
+void Ostrel::remove_dock_window(const char* component)
+{
+    if (mViewMenu)
+        mViewMenu->remove_component_items(component);
+}
+
+void Ostrel::remove_dock_windows(const char* component)
+{
+    remove_dock_window(component);
+}
+
 bool Ostrel::eventFilter(QObject* object, QEvent* event)
 {
     if (event->type() == QEvent::ContextMenu) {
@@ -488,6 +626,11 @@ void Ostrel::closeEvent(QCloseEvent* e)
 void Ostrel::showEvent(QShowEvent* e)
 {
     QMainWindow::showEvent(e);
+}
+
+void Ostrel::save_settings()
+{
+    save_window_settings(*this);
 }
 
 void Ostrel::about_to_quit_qt()

@@ -31,6 +31,7 @@ class QDockWidget;
 class QMenuBar;
 class QVBoxLayout;
 class TaskPanel;
+struct ComponentBars;
 
 /**
  * The application's one main window, and the place through which all parts of the shell and all components
@@ -251,13 +252,18 @@ private:
     friend class OstrelViewMenu;
     friend class ProgressControl;
 
-    struct Sections;
+    // The steps of the constructor, in this order.
+    void make_graphics_area();
+    void make_menus();
+    void make_file_tools();
+    void make_docks();
+    /** The journal editor, the options dialog, and what is left. */
+    void make_windows();
 
     ProgressControl* progress() const;
     bool is_graphics_area_taken() const;
     void replace_deleted_graphics();
     void update_navigation_model(bool rows);
-    void restore_settings();
     /** Saves the settings unless the window is hidden. For a host that quits Qt without closing the window.
      */
     void about_to_quit_qt();
@@ -272,7 +278,7 @@ private:
     QVBoxLayout* mLayout = nullptr;
     QString mTitle;
     QString mPrompt;
-    std::unique_ptr<Sections> mSections;
+    std::unique_ptr<ComponentBars> mSections;
     QAction* mLineupToolsAction = nullptr;
     OstrelFileMenu* mFileMenu = nullptr;
     OstrelViewMenu* mViewMenu = nullptr;

@@ -4,22 +4,28 @@
 #include "journal/JournalEditor.h"
 
 #include "console/ConsoleImporter.h"
+#include "files/OstrelFileMenu.h"
 #include "files/RecentFiles.h"
+#include "files/modal_dialogs.h"
 #include "frame/Alive.h"
-#include "frame/read_setting.h"
-#include "frame/settings_keys.h"
 #include "journal/JournalDocument.h"
 #include "journal/JournalEditorForm.h"
 #include "journal/JournalFindDialog.h"
+#include "journal/import_items.h"
+#include "journal/journal_files.h"
+#include "journal/journal_settings.h"
+#include "journal/line_ranges.h"
 #include "resources/load_icon.h"
 
+#include <QCloseEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QMessageBox>
 #include <QPointer>
-#include <QScreen>
-#include <QSettings>
 #include <QTabBar>
+#include <QTextBlock>
 
+#include <optional>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -28,7 +34,6 @@ namespace {
 
 // The recent journals stand before Exit.
 constexpr int recent_files_index = 11;
-constexpr int most_recent_files = 5;
 
 // Qt gives the button of a tab a tool tip, but nothing that a screen reader would say.
 void name_close_button(QTabWidget* tabs, int index)
@@ -37,20 +42,6 @@ void name_close_button(QTabWidget* tabs, int index)
         if (QWidget* button = tabs->tabBar()->tabButton(index, side))
             button->setAccessibleName(button->toolTip());
     }
-}
-
-/** Deletes an item of the import menu, and its owner as soon as Qt cannot be walking over the children of the
- * window. */
-void remove_import_item(ConsoleImporter* importer)
-{
-    // Who hears of that may delete the window, and the importer with it.
-    const QPointer<ConsoleImporter> left = importer;
-    delete importer->action();
-    if (!left)
-        return;
-    left->setParent(nullptr);
-    if (left)
-        left->deleteLater();
 }
 
 } // namespace
@@ -84,7 +75,7 @@ JournalEditor::JournalEditor(QWidget* parent) : QMainWindow(parent), mUi(std::ma
     connect(mUi->mDocTab, &QTabWidget::tabCloseRequested, this, &JournalEditor::close_tab);
     create_document(QString());
 
-    restore_settings();
+    restore_journal_settings(*this, mRecentFiles.get());
     mAppIcon = QGuiApplication::windowIcon();
 
     const auto connect_action = [this](QAction* action, auto slot) {
@@ -111,8 +102,8 @@ JournalEditor::JournalEditor(QWidget* parent) : QMainWindow(parent), mUi(std::ma
 JournalEditor::~JournalEditor()
 {
     // Out of the list first: who hears of an item's end may remove others.
-    while (!mUi->mImportItems.isEmpty())
-        delete mUi->mImportItems.takeLast();
+    while (!mUi->mImportItems.present.isEmpty())
+        delete mUi->mImportItems.present.takeLast();
     // Those that are children of the window die after the list of them.
     for (const QAction* action : std::as_const(mUi->mContextMenuItems))
         disconnect(action, &QObject::destroyed, this, nullptr);
@@ -138,43 +129,12 @@ void JournalEditor::add_document(const QString& text)
 
 void JournalEditor::add_import(const char* name, const QString& label, QPlainTextEdit* source)
 {
-    // Whoever hears of the new item may delete the page.
-    const QPointer<QPlainTextEdit> page = source;
-    auto* importer = new ConsoleImporter(this, label);
-    mUi->mImportItems.append(importer);
-    connect(importer, &QObject::destroyed, this, [this, importer] {
-        mUi->mImportItems.removeAll(importer);
-        mUi->mComingItems.removeAll(importer);
-    });
-    importer->set_owner_name(QString::fromUtf8(name));
-    importer->set_source(page);
-    if (page)
-        connect(page, &QObject::destroyed, importer, [importer] { importer->set_source(nullptr); });
-    mUi->mComingItems.append(importer);
-    const Alive alive(this, importer);
-    mUi->fileImportMenu->addAction(importer->action());
-    if (!alive)
-        return;
-    mUi->mComingItems.removeAll(importer);
-    // Whoever hears of it may have removed it already.
-    if (!mUi->mImportItems.contains(importer))
-        remove_import_item(importer);
+    add_import_item(this, mUi->mImportItems, mUi->fileImportMenu, QString::fromUtf8(name), label, source);
 }
 
 void JournalEditor::remove_import_items(const char* name)
 {
-    // Out of the list first: who hears of an item's end may remove others.
-    QList<QPointer<ConsoleImporter>> removed;
-    mUi->mImportItems.removeIf([&, owner = QString::fromUtf8(name)](ConsoleImporter* importer) {
-        const bool is_owners = importer->owner_name() == owner;
-        if (is_owners && !mUi->mComingItems.contains(importer))
-            removed.append(importer);
-        return is_owners;
-    });
-    const Alive alive(this);
-    for (const QPointer<ConsoleImporter>& importer : std::as_const(removed))
-        if (alive && importer)
-            remove_import_item(importer);
+    remove_import_items_of(this, mUi->mImportItems, QString::fromUtf8(name));
 }
 
 void JournalEditor::add_action_to_import_menu(QAction* action)
@@ -240,6 +200,125 @@ void JournalEditor::fileNew()
     create_document(QString());
 }
 
+void JournalEditor::fileOpen()
+{
+    const Alive alive(this);
+    const QString name = ask_open_file(this, tr("Open"), OstrelFileMenu::mPath,
+                                       tr("Journal Files (*.jou *.py);;All Files (*.*)"));
+    if (alive && !name.isEmpty())
+        open_file(name);
+}
+
+void JournalEditor::fileClose()
+{
+    const QPointer<JournalDocument> doc = returnCurrentDocument();
+    const bool any = doc;
+    if (!settle_changes(this, mUi->mDocTab, doc, mRecentFiles.get()))
+        return;
+    // Others may have closed it meanwhile.
+    if (any && mUi->mDocTab->indexOf(doc) < 0)
+        return;
+    if (mUi->mDocTab->count() > 1)
+        remove_document(doc);
+    else
+        close();
+}
+
+void JournalEditor::fileSave()
+{
+    save_journal(this, returnCurrentDocument(), mRecentFiles.get());
+}
+
+void JournalEditor::fileSaveAs()
+{
+    save_journal_as(this, returnCurrentDocument(), mRecentFiles.get());
+}
+
+void JournalEditor::fileSaveAll()
+{
+    const Alive alive(this);
+    for (const QPointer<JournalDocument>& doc : documents()) {
+        if (!doc || mUi->mDocTab->indexOf(doc) < 0 || !doc->document()->isModified())
+            continue;
+        save_journal(this, doc, mRecentFiles.get());
+        if (!alive || (doc && doc->document()->isModified()))
+            return;
+    }
+}
+
+void JournalEditor::close_tab(int index)
+{
+    QTabWidget* const tabs = mUi->mDocTab;
+    const QPointer<QWidget> page = tabs->widget(index);
+    const bool any = page;
+    if (!settle_changes(this, tabs, document(index), mRecentFiles.get()))
+        return;
+    // The page may stand elsewhere by now, and others may have closed it.
+    const int index_now = tabs->indexOf(page);
+    if (any && index_now < 0)
+        return;
+    if (tabs->count() > 1)
+        tabs->removeTab(index_now);
+    else
+        close();
+}
+
+void JournalEditor::open_file(const QString& name)
+{
+    OstrelFileMenu::set_path_from_file(name);
+    const std::optional<QString> text = read_journal_file(name);
+    if (!text) {
+        show_message(QMessageBox::Critical, this, tr("File Error"), tr("Unable to open the file."),
+                     QMessageBox::Ok);
+        return;
+    }
+    JournalDocument* const doc = create_document(name);
+    if (!doc)
+        return;
+    const Alive alive(this, doc);
+    doc->setPlainText(*text);
+    if (!alive)
+        return;
+    doc->document()->setModified(false);
+    if (alive && mRecentFiles)
+        mRecentFiles->add(name);
+}
+
+void JournalEditor::closeEvent(QCloseEvent* e)
+{
+    const Alive alive(this);
+    QTabWidget* const tabs = mUi->mDocTab;
+    const bool were_blocked = tabs->blockSignals(true);
+    bool refused = false;
+    QList<QPointer<JournalDocument>> open = documents();
+    while (!open.isEmpty() && !refused) {
+        const QPointer<JournalDocument> doc = open.takeLast();
+        if (tabs->indexOf(doc) >= 0) {
+            refused = !settle_changes(this, mUi->mDocTab, doc, mRecentFiles.get());
+            if (!alive)
+                return;
+            // Leaves the last one, for the next time that the window is shown.
+            if (!refused)
+                remove_document(doc);
+            if (!alive)
+                return;
+        }
+        // What has been added while the user was asked must not get lost either.
+        if (open.isEmpty()) {
+            open = documents();
+            open.removeIf(
+                [](const QPointer<JournalDocument>& added) { return !added->document()->isModified(); });
+        }
+    }
+    tabs->blockSignals(were_blocked);
+    update_title(-1);
+    if (!alive)
+        return;
+    if (!refused)
+        save_journal_settings(*this, mRecentFiles.get());
+    e->setAccepted(!refused);
+}
+
 void JournalEditor::filePrint() {}
 
 void JournalEditor::editUndo()
@@ -282,6 +361,69 @@ void JournalEditor::editFind()
 void JournalEditor::findText()
 {
     editFind();
+}
+
+void JournalEditor::playFile()
+{
+    if (JournalDocument* document = returnCurrentDocument())
+        document->play_lines(0, -1);
+}
+
+void JournalEditor::playSelected()
+{
+    JournalDocument* document = returnCurrentDocument();
+    if (!document || !document->textCursor().hasSelection())
+        return;
+    const LineRange lines = selected_lines(document->textCursor());
+    document->play_lines(lines.first, lines.last);
+}
+
+void JournalEditor::pythonizeFile()
+{
+    JournalDocument* document = returnCurrentDocument();
+    if (!document)
+        return;
+    document->pythonize_lines(0, document->blockCount() - 1);
+    QTextCursor(document->document()).insertText(u"#!python\n"_s);
+}
+
+void JournalEditor::pythonizeSelected()
+{
+    JournalDocument* document = returnCurrentDocument();
+    if (!document || !document->textCursor().hasSelection())
+        return;
+    const LineRange lines = selected_lines(document->textCursor());
+    document->pythonize_lines(lines.first, lines.last);
+}
+
+void JournalEditor::commentSelected()
+{
+    JournalDocument* document = returnCurrentDocument();
+    if (!document)
+        return;
+    const LineRange lines = touched_lines(document->textCursor());
+    document->comment_lines(lines.first, lines.last);
+}
+
+void JournalEditor::uncommentSelected()
+{
+    JournalDocument* document = returnCurrentDocument();
+    if (!document)
+        return;
+    const LineRange lines = touched_lines(document->textCursor());
+    document->uncomment_lines(lines.first, lines.last);
+}
+
+void JournalEditor::commentOrUncommentSelected()
+{
+    JournalDocument* document = returnCurrentDocument();
+    if (!document)
+        return;
+    const QTextBlock first = document->document()->findBlock(document->textCursor().selectionStart());
+    if (first.isValid() && first.text().startsWith(u'#'))
+        uncommentSelected();
+    else
+        commentSelected();
 }
 
 void JournalEditor::update_title(int index)
@@ -350,46 +492,17 @@ JournalDocument* JournalEditor::create_document(const QString& name)
     return alive ? doc : nullptr;
 }
 
-void JournalEditor::restore_settings()
+void JournalEditor::remove_document(JournalDocument* doc)
 {
-    QSettings settings;
-    const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    const int x = read_setting(settings, settings_keys::journal_x, 0);
-    const int y = read_setting(settings, settings_keys::journal_y, 0);
-    // A missing value reads as 0 and counts like a stored 0 (docs/surprises.md).
-    const bool on_screen = x >= 1 && x < screen.width() && y >= 1 && y < screen.height();
-    move(on_screen ? QPoint(x, y) : QPoint(0, 0));
-    if (settings.contains(settings_keys::journal_width) && settings.contains(settings_keys::journal_height))
-        resize(read_setting(settings, settings_keys::journal_width, 0),
-               read_setting(settings, settings_keys::journal_height, 0));
-
-    mDoPrompt = read_setting(settings, settings_keys::journal_prompt, true);
-
-    // Oldest first.
-    for (int number = most_recent_files; mRecentFiles && number >= 1; --number) {
-        const QString file =
-            read_setting(settings, settings_keys::numbered(settings_keys::recent_journal, number), QString());
-        if (!file.isEmpty())
-            mRecentFiles->add(file);
-    }
-}
-
-void JournalEditor::save_settings()
-{
-    QSettings settings;
-    settings.setValue(settings_keys::journal_x, x());
-    settings.setValue(settings_keys::journal_y, y());
-    settings.setValue(settings_keys::journal_width, geometry().width());
-    settings.setValue(settings_keys::journal_height, geometry().height());
-    settings.setValue(settings_keys::journal_prompt, mDoPrompt);
-
-    for (int number = 1; number <= most_recent_files; ++number)
-        settings.remove(settings_keys::numbered(settings_keys::recent_journal, number));
-    if (!mRecentFiles)
+    QTabWidget* const tabs = mUi->mDocTab;
+    const int index = doc ? tabs->indexOf(doc) : -1;
+    if (index < 0 || tabs->count() < 2)
         return;
-    std::vector<QString> files;
-    mRecentFiles->get_entries(files);
-    int number = 0;
-    for (const QString& file : files)
-        settings.setValue(settings_keys::numbered(settings_keys::recent_journal, ++number), file);
+    const Alive alive(this, doc);
+    tabs->removeTab(index);
+    if (!alive)
+        return;
+    for (QAction* action : std::as_const(mUi->mContextMenuItems))
+        doc->remove_context_menu_item(action);
+    delete doc;
 }

@@ -168,12 +168,7 @@ private:
     JournalDocument* document(int index) const;
     QList<QPointer<JournalDocument>> documents() const;
     JournalDocument* create_document(const QString& name);
-    bool check_modified(JournalDocument* doc);
-    void save_document(JournalDocument* doc);
-    void save_document_as(JournalDocument* doc);
     void remove_document(JournalDocument* doc);
-    void restore_settings();
-    void save_settings();
 
     std::unique_ptr<Form> mUi;
     std::unique_ptr<RecentFiles> mRecentFiles;

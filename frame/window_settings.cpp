@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "frame/window_settings.h"
+
 #include "console/CommandWindow.h"
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
@@ -88,19 +90,19 @@ void restore_working_directory(bool keep, const QString& saved)
 
 } // namespace
 
-void Ostrel::restore_settings()
+void restore_window_settings(Ostrel& window)
 {
     QSettings settings;
     if (settings.contains(settings_keys::x) && settings.contains(settings_keys::y)) {
         const int x = read_setting(settings, settings_keys::x, 0);
         const int y = read_setting(settings, settings_keys::y, 0);
         const bool far_away = x > largest_position || y > largest_position;
-        move(far_away ? QPoint(0, 0)
-                      : QPoint(std::max(x, smallest_position), std::max(y, smallest_position)));
+        window.move(far_away ? QPoint(0, 0)
+                             : QPoint(std::max(x, smallest_position), std::max(y, smallest_position)));
     }
     if (settings.contains(settings_keys::width) && settings.contains(settings_keys::height))
-        resize(read_setting(settings, settings_keys::width, 0),
-               read_setting(settings, settings_keys::height, 0));
+        window.resize(read_setting(settings, settings_keys::width, 0),
+                      read_setting(settings, settings_keys::height, 0));
 
     OstrelFileMenu::mDoPrompt = read_setting(settings, settings_keys::save_prompt, true);
 
@@ -112,14 +114,15 @@ void Ostrel::restore_settings()
     if (!component_directory.isEmpty())
         ComponentTool::sLastPath = component_directory;
 
-    if (mFileMenu) {
+    if (OstrelFileMenu* const menu = window.file_menu()) {
         restore_recent(settings, settings_keys::recent_file,
-                       [this](const QString& file) { mFileMenu->recent_file(file); });
+                       [menu](const QString& file) { menu->recent_file(file); });
         restore_recent(settings, settings_keys::recent_import,
-                       [this](const QString& command) { mFileMenu->recent_import(command); });
+                       [menu](const QString& command) { menu->recent_import(command); });
     }
 
-    QFont font = mCommandWindow->get_font();
+    CommandWindow* const console = window.command_line();
+    QFont font = console->get_font();
     const QString family = read_setting(settings, settings_keys::font_family, QString());
     if (!family.isEmpty())
         font.setFamily(family);
@@ -127,49 +130,50 @@ void Ostrel::restore_settings()
     const int size = read_setting(settings, settings_keys::font_size, 8);
     if (settings.contains(settings_keys::font_size) && size > 0)
         font.setPointSize(size);
-    mCommandWindow->set_font(font);
-    mJournalEditor->set_editor_font(font);
+    console->set_font(font);
+    window.journal_editor()->set_editor_font(font);
 
     if (read_setting(settings, settings_keys::use_trim, true))
-        mCommandWindow->set_cmd_max_lines(read_setting(settings, settings_keys::trim_limit, 1024));
+        console->set_cmd_max_lines(read_setting(settings, settings_keys::trim_limit, 1024));
     else
-        mCommandWindow->set_cmd_max_lines(0);
-    mCommandWindow->set_other_max_lines(read_setting(settings, settings_keys::history_limit, 200));
+        console->set_cmd_max_lines(0);
+    console->set_other_max_lines(read_setting(settings, settings_keys::history_limit, 200));
 
-    setUsingButtonRows(!read_setting(settings, settings_keys::breadcrumbs, false));
+    window.setUsingButtonRows(!read_setting(settings, settings_keys::breadcrumbs, false));
 
     // Last: a valid geometry overrides the position and the size above.
-    restoreGeometry(read_setting(settings, settings_keys::geometry, QByteArray()));
+    window.restoreGeometry(read_setting(settings, settings_keys::geometry, QByteArray()));
 }
 
-void Ostrel::save_settings()
+void save_window_settings(const Ostrel& window)
 {
     QSettings settings;
     // Read by nothing here: the arrangement of docks and toolbars does not come back (docs/surprises.md).
-    settings.setValue(settings_keys::saved_state, saveState(0));
+    settings.setValue(settings_keys::saved_state, window.saveState(0));
     settings.setValue(settings_keys::save_prompt, OstrelFileMenu::mDoPrompt);
     settings.setValue(settings_keys::component_path, ComponentTool::sLastPath);
     remove_recent(settings, settings_keys::recent_file);
     remove_recent(settings, settings_keys::recent_import);
-    if (mFileMenu) {
+    if (const OstrelFileMenu* const menu = window.file_menu()) {
         std::vector<QString> entries;
-        mFileMenu->get_recent_files(entries);
+        menu->get_recent_files(entries);
         save_recent(settings, settings_keys::recent_file, entries);
         entries.clear();
-        mFileMenu->get_recent_imports(entries);
+        menu->get_recent_imports(entries);
         save_recent(settings, settings_keys::recent_import, entries);
     }
 
-    const QFont font = mCommandWindow->get_font();
+    const CommandWindow* const console = window.command_line();
+    const QFont font = console->get_font();
     settings.setValue(settings_keys::font_family, font.family());
     settings.setValue(settings_keys::font_size, font.pointSize());
     // Without trimming the limit is written as 0, and the old one is gone (docs/surprises.md).
-    const int limit = mCommandWindow->get_cmd_max_lines();
+    const int limit = console->get_cmd_max_lines();
     settings.setValue(settings_keys::use_trim, limit != 0);
     settings.setValue(settings_keys::trim_limit, limit);
-    settings.setValue(settings_keys::history_limit, mCommandWindow->get_other_max_lines());
+    settings.setValue(settings_keys::history_limit, console->get_other_max_lines());
 
     settings.setValue(settings_keys::journal_prompt, JournalEditor::do_save_prompt());
 
-    settings.setValue(settings_keys::geometry, saveGeometry());
+    settings.setValue(settings_keys::geometry, window.saveGeometry());
 }
