@@ -41,6 +41,7 @@
 #include "workbench/host/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/host/ostrelfw/HostMediator.h"
 #include "workbench/host/ostrelfw/OutputRouter.h"
+#include "workbench/sdk/component/journal_documents.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandSink.h"
@@ -182,10 +183,13 @@ void wait_for_windows()
 /** Whether @p editor asks something before it closes. */
 bool asks_before_it_closes(const JournalEditor* editor)
 {
-    const auto documents = editor->findChildren<QPlainTextEdit*>();
-    return JournalEditor::do_save_prompt() &&
-           std::any_of(documents.begin(), documents.end(),
-                       [](const QPlainTextEdit* document) { return document->document()->isModified(); });
+    const QTabWidget* tabs = journal_tabs(editor);
+    for (int i = 0; i < tabs->count(); ++i) {
+        const QPlainTextEdit* document = journal_document(tabs->widget(i));
+        if (document && document->document()->isModified())
+            return JournalEditor::do_save_prompt();
+    }
+    return false;
 }
 
 /** Tells why a journal is left out. */

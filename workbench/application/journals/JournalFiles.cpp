@@ -8,7 +8,8 @@
 #include "journal/JournalEditor.h"
 #include "workbench/application/journals/journal_text.h"
 #include "workbench/application/journals/line_differences.h"
-#include "workbench/sdk/component/journal_file.h"
+#include "workbench/application/shell_access/shell_parts.h"
+#include "workbench/sdk/component/journal_documents.h"
 
 #include <QAction>
 #include <QCryptographicHash>
@@ -111,7 +112,7 @@ void JournalFiles::Watched::close_boxes() const
 }
 
 JournalFiles::JournalFiles(JournalEditor* editor, const Report& report)
-    : mEditor(editor), mTabs(editor->findChild<QTabWidget*>(u"mDocTab"_s)), mReport(report)
+    : mEditor(editor), mTabs(journal_tabs(editor)), mReport(report)
 {
     if (!mTabs)
         return;
@@ -126,7 +127,7 @@ JournalFiles::JournalFiles(JournalEditor* editor, const Report& report)
     connect(editor, &QWidget::windowTitleChanged, this, &JournalFiles::follow_documents);
     editor->installEventFilter(this);
     // Asked before the editor asks its own question.
-    mClose = mEditor->findChild<QAction*>(u"fileCloseAction"_s);
+    mClose = close_journal_action(mEditor);
     if (mClose) {
         disconnect(mClose, &QAction::triggered, mEditor, nullptr);
         connect(mClose, &QAction::triggered, this, [this] {

@@ -11,6 +11,7 @@
 #include "journal/JournalEditor.h"
 #include "menus/OstrelToolsMenu.h"
 #include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/sdk/component/journal_documents.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QAction>
@@ -24,20 +25,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QTabWidget* tabs_of(const JournalEditor* editor)
-{
-    return editor->findChild<QTabWidget*>(u"mDocTab"_s);
-}
-
-/** The path of the file of the editor's current document. The editor tells it by nothing but its title: the
- * class of documents is the shell's own. */
-QString current_file(const JournalEditor* editor)
-{
-    const QString rest = u" - "_s + JournalEditor::tr("Journal Editor");
-    const QString title = editor->windowTitle();
-    return title.endsWith(rest) ? title.chopped(rest.size()) : QString();
-}
 
 /** The editor puts an empty element ahead of lines that do not begin with the document's first, or if that is
  * empty. */
@@ -54,18 +41,14 @@ QString go_on_in_editor(qsizetype line)
 }
 
 /** The tab that holds the file; -1 if none does. */
-int tab_of_file(JournalEditor* editor, const QString& file)
+int tab_of_file(const QTabWidget* tabs, const QString& file)
 {
-    const QTabWidget* tabs = tabs_of(editor);
-    int found = -1;
-    for (int i = 0; i < tabs->count() && found < 0; ++i) {
-        editor->update_title(i);
-        const QString path = current_file(editor);
+    for (int i = 0; i < tabs->count(); ++i) {
+        const QString path = journal_file(tabs->widget(i));
         if (!path.isEmpty() && QFileInfo(path) == QFileInfo(file))
-            found = i;
+            return i;
     }
-    editor->update_title();
-    return found;
+    return -1;
 }
 
 /** Selects the line, or the last one if there are not so many, and brings it to the middle. */
@@ -92,11 +75,10 @@ bool is_of_python(const QString& file)
 /** The editor's current document as it is when lines of it are played. */
 struct JournalPlayer::Source
 {
-    explicit Source(const JournalEditor* editor) : file(current_file(editor))
+    explicit Source(const JournalEditor* editor)
+        : document(current_journal(editor)), file(journal_file(document))
     {
         python = file.endsWith(".py"_L1);
-        const QTabWidget* tabs = tabs_of(editor);
-        document = tabs ? qobject_cast<QPlainTextEdit*>(tabs->currentWidget()) : nullptr;
         if (!document)
             return;
         saved = !file.isEmpty() && !document->document()->isModified();
@@ -108,8 +90,8 @@ struct JournalPlayer::Source
     QString name() const { return file.isEmpty() ? JournalPlayer::tr("Untitled") : file; }
     QString directory() const { return file.isEmpty() ? QString() : QFileInfo(file).absolutePath(); }
 
+    QPlainTextEdit* document;
     QString file;
-    QPlainTextEdit* document = nullptr;
     /** Whether the file holds the same text. */
     bool saved = false;
     bool python = false;
@@ -198,10 +180,10 @@ std::optional<JournalPlace> JournalPlayer::find_place(const QString& name) const
 void JournalPlayer::show_place(const JournalPlace& place)
 {
     JournalEditor* editor = mWindow->journal_editor();
-    QTabWidget* tabs = tabs_of(editor);
+    QTabWidget* tabs = journal_tabs(editor);
     int tab = tabs->indexOf(place.document);
     if (tab < 0 && !place.file.isEmpty())
-        tab = tab_of_file(editor, place.file);
+        tab = tab_of_file(tabs, place.file);
     if (tab >= 0) {
         tabs->setCurrentIndex(tab);
     } else if (place.file.isEmpty()) {
@@ -210,7 +192,7 @@ void JournalPlayer::show_place(const JournalPlace& place)
         return;
     } else {
         editor->open_file(place.file);
-        tab = tab_of_file(editor, place.file);
+        tab = tab_of_file(tabs, place.file);
         // The editor has told why.
         if (tab < 0)
             return;

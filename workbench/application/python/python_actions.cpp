@@ -5,10 +5,10 @@
 
 #include "menus/PyAction.h"
 #include "menus/PyOstrel.h"
+#include "workbench/application/shell_access/shell_parts.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
 
 #include <QAction>
-#include <QCoreApplication>
 #include <QPointer>
 #include <pybind11/pybind11.h>
 
@@ -134,7 +134,7 @@ void add_to_menu(const py::str& menu, const py::iterable& actions, const py::str
         return;
     // A script names the window's menus as they are called in English; "&Geometry" and the like stand for
     // themselves.
-    PyOstrel::add_to_menu(qUtf8Printable(QCoreApplication::translate("Ostrel", title)), entries, owner);
+    PyOstrel::add_to_menu(qUtf8Printable(main_menu_title(title)), entries, owner);
     std::vector<py::object>& keeper = kept().entries[owner];
     keeper.insert(keeper.end(), objects.begin(), objects.end());
 }

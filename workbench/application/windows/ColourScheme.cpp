@@ -6,6 +6,7 @@
 #include "frame/Ostrel.h"
 #include "journal/JournalEditor.h"
 #include "menus/OstrelViewMenu.h"
+#include "workbench/application/shell_access/shell_parts.h"
 #include "workbench/application/windows/SchemeStyle.h"
 #include "workbench/application/windows/scheme_palette.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
@@ -15,7 +16,6 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
-#include <QPlainTextEdit>
 #include <QSettings>
 #include <QStyle>
 #include <QStyleHints>
@@ -48,19 +48,6 @@ std::optional<Scheme> scheme_of(const QString& name)
 {
     const auto found = std::find(names.begin(), names.end(), name);
     return found == names.end() ? std::nullopt : std::optional(Scheme(found - names.begin()));
-}
-
-/** What draws by itself by the colours that it finds, and would wait for the caret to move. */
-void draw_documents_anew()
-{
-    const Ostrel* window = Ostrel::instance();
-    if (!window || !window->journal_editor())
-        return;
-    const auto documents = window->journal_editor()->findChildren<QPlainTextEdit*>();
-    for (QPlainTextEdit* document : documents) {
-        if (document->metaObject()->indexOfSlot("highlightCurrentLine()") >= 0)
-            QMetaObject::invokeMethod(document, "highlightCurrentLine");
-    }
 }
 
 /** The buttons of toolbars that lack room take their sign from the style once only. */
@@ -162,7 +149,9 @@ void ColourScheme::set_scheme(Scheme scheme, bool keep)
     else
         QApplication::setStyle(std::exchange(mSystemStyle, {}));
     renew_extension_signs();
-    draw_documents_anew();
+    // These draw by themselves with the colors that they find, and would wait for the caret to move.
+    if (const Ostrel* window = Ostrel::instance())
+        redraw_current_lines(window->journal_editor());
     update_actions();
 }
 

@@ -11,6 +11,7 @@
 #include "menus/OstrelHelpMenu.h"
 #include "menus/OstrelToolsMenu.h"
 #include "options/OptionsPanel.h"
+#include "workbench/application/shell_access/shell_parts.h"
 #include "workbench/host/navigation/NavigationRoles.h"
 #include "workbench/host/ostrelfw/OutputRouter.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
@@ -23,7 +24,6 @@
 #include <QFileInfo>
 #include <QPixmap>
 #include <QTimer>
-#include <QTreeWidget>
 #include <QWindow>
 
 #include <chrono>
@@ -89,15 +89,8 @@ QWidget* find_window(const QString& name)
         return main->options();
     if (name == "about"_L1)
         return main->help_menu()->get_help_about_dialog();
-    if (name == "plugins"_L1) {
-        // The class is the shell's own.
-        const auto dialogs = main->findChildren<QDialog*>(Qt::FindDirectChildrenOnly);
-        for (QDialog* dialog : dialogs) {
-            if (dialog->inherits("ComponentTool"))
-                return dialog;
-        }
-        return nullptr;
-    }
+    if (name == "plugins"_L1)
+        return plugin_tool(main);
     if (name == "active"_L1) {
         if (QWidget* modal = QApplication::activeModalWidget())
             return modal;
@@ -107,24 +100,11 @@ QWidget* find_window(const QString& name)
     return main;
 }
 
-void collect_pages(const QTreeWidgetItem* item, const QString& above, QStringList& pages)
-{
-    for (int i = 0; i < item->childCount(); ++i) {
-        const QString page = above + item->child(i)->text(0);
-        pages << page;
-        collect_pages(item->child(i), page + u'/', pages);
-    }
-}
-
-/** The pages of the options dialog as they stand in its list; none without a window. */
-QStringList options_pages()
+/** The pages of the options dialog; none without a window. */
+QStringList present_pages()
 {
     const Ostrel* main = Ostrel::instance();
-    const auto* list = main ? main->options()->findChild<QTreeWidget*>(u"mOptionList"_s) : nullptr;
-    QStringList pages;
-    if (list)
-        collect_pages(list->invisibleRootItem(), {}, pages);
-    return pages;
+    return main ? option_pages(main->options()) : QStringList();
 }
 
 /** The page that word @p i names, be it by its place in the list. */
@@ -132,7 +112,7 @@ QString page(CommandCall& call, qsizetype i)
 {
     constexpr auto what = u"a page of the options or its number";
     const QString name = call.text(i, what);
-    const QStringList pages = options_pages();
+    const QStringList pages = present_pages();
     bool is_number = false;
     const int number = name.toInt(&is_number);
     if (is_number && number >= 1 && number <= pages.size())
@@ -208,7 +188,7 @@ WindowCommands::WindowCommands(CommandRegistry& registry, const std::function<vo
                                const std::function<void(const QString&)>& report)
     : mRegistry(registry), mTurn(turn), mReport(report)
 {
-    registry.entities().offer(page_entity, owner, &options_pages);
+    registry.entities().offer(page_entity, owner, &present_pages);
     registry.add(
         {.name = u"show"_s,
          .summary = u"Shows a window, or a page of the options."_s,

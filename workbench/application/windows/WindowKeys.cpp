@@ -8,6 +8,8 @@
 #include "journal/JournalEditor.h"
 #include "menus/OstrelToolsMenu.h"
 #include "menus/OstrelViewMenu.h"
+#include "workbench/application/shell_access/shell_parts.h"
+#include "workbench/sdk/component/journal_documents.h"
 
 #include <QAction>
 #include <QApplication>
@@ -74,7 +76,7 @@ WindowKeys::WindowKeys(Ostrel* window) : mWindow(window)
         connect(mCancel, &QShortcut::activated, window, &Ostrel::cancel_progress);
     if (mPause)
         connect(mPause, &QShortcut::activated, window->tools_menu()->pause_action(), &QAction::toggle);
-    mJournals = window->journal_editor()->findChild<QTabWidget*>(u"mDocTab"_s);
+    mJournals = journal_tabs(window->journal_editor());
     if (mJournals) {
         connect(mJournals, &QTabWidget::currentChanged, this, [tabs = mJournals.data()] {
             // Who goes through the tabs stays there.
@@ -122,7 +124,7 @@ QAction* WindowKeys::make_action(const QString& name, const QString& text, const
 QShortcut* WindowKeys::make_shortcut(int key)
 {
     // While a command runs input is dropped unless it is for the cancel button or for what belongs to it.
-    auto* button = mWindow->findChild<QToolButton*>(u"mCancel"_s);
+    QAbstractButton* const button = cancel_button(mWindow);
     if (!button)
         return nullptr;
     auto* shortcut = new QShortcut(QKeySequence(key), button);

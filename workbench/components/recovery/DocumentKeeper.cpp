@@ -6,7 +6,7 @@
 #include "journal/JournalEditor.h"
 #include "workbench/components/recovery/RecoveryWriter.h"
 #include "workbench/components/recovery/TextCopy.h"
-#include "workbench/sdk/component/journal_file.h"
+#include "workbench/sdk/component/journal_documents.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -36,7 +36,7 @@ QString label_of(const QTabWidget* tabs, int tab)
 DocumentKeeper::DocumentKeeper(JournalEditor* editor, const QString& root, std::chrono::milliseconds interval,
                                const Report& report)
     : mEditor(editor),
-      mTabs(editor->findChild<QTabWidget*>(u"mDocTab"_s)),
+      mTabs(journal_tabs(editor)),
       mReport(report),
       mWriter(std::make_unique<RecoveryWriter>(root))
 {

@@ -1,0 +1,162 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "frame/Ostrel.h"
+#include "journal/JournalEditor.h"
+#include "options/OptionsPanel.h"
+#include "support/MarkingTranslator.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/WorkbenchTest.h"
+#include "workbench/application/shell_access/shell_parts.h"
+#include "workbench/sdk/component/journal_documents.h"
+#include "workbench/sdk/core/commands/Interrupt.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QDialog>
+#include <QMenuBar>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+/** That the program finds what it needs of the shell's windows, by the names that the shell gives them. */
+class TstShellParts : public WorkbenchTest
+{
+    Q_OBJECT
+
+protected:
+    void prepare(Workbench& workbench) override { workbench.leave_components_out(); }
+
+private slots:
+    void cancel_button_cancels();
+    void plugin_tool_is_there_once_it_has_been_opened();
+    void closing_action_closes_the_document();
+    void pages_of_the_options_are_listed_as_they_stand();
+    void current_lines_take_new_colors();
+    void menus_are_titled_as_in_the_menu_bar();
+    void tabs_hold_the_documents();
+    void document_tells_its_file();
+    void nothing_is_found_without_a_window();
+};
+
+void TstShellParts::cancel_button_cancels()
+{
+    QAbstractButton* button = cancel_button(&window());
+    QVERIFY(button);
+    QCOMPARE(button->window(), &window());
+    clear_interrupt();
+    const bool was_enabled = button->isEnabled();
+    button->setEnabled(true);
+    button->click();
+    button->setEnabled(was_enabled);
+    QVERIFY(interrupt_requested());
+    clear_interrupt();
+}
+
+void TstShellParts::plugin_tool_is_there_once_it_has_been_opened()
+{
+    QVERIFY(!plugin_tool(&window()));
+    enter(u"show plugins"_s);
+    QDialog* tool = plugin_tool(&window());
+    QVERIFY(tool && tool->isVisible());
+    tool->hide();
+    QCOMPARE(plugin_tool(&window()), tool);
+}
+
+void TstShellParts::closing_action_closes_the_document()
+{
+    JournalEditor* editor = window().journal_editor();
+    editor->add_document(u"list\n"_s);
+    editor->add_document(u"brick 1 2 3\n"_s);
+    const QTabWidget* tabs = journal_tabs(editor);
+    const int count = tabs->count();
+    current_journal(editor)->document()->setModified(false);
+    close_journal_action(editor)->trigger();
+    QCOMPARE(tabs->count(), count - 1);
+}
+
+void TstShellParts::pages_of_the_options_are_listed_as_they_stand()
+{
+    OptionsPanel* panel = window().options();
+    const QStringList before = option_pages(panel);
+    QVERIFY(!before.isEmpty());
+    auto* page = new QWidget;
+    panel->add_panel(u"Shell parts/Page"_s, page);
+    const QStringList now = option_pages(panel);
+    const qsizetype group = now.indexOf(u"Shell parts"_s);
+    QVERIFY(group >= 0);
+    QCOMPARE(now.value(group + 1), u"Shell parts/Page"_s);
+    QCOMPARE(now.size(), before.size() + 2);
+    panel->remove_panel(u"Shell parts/Page"_s);
+    panel->remove_panel(u"Shell parts"_s);
+    delete page;
+    QCOMPARE(option_pages(panel), before);
+}
+
+void TstShellParts::current_lines_take_new_colors()
+{
+    JournalEditor* editor = window().journal_editor();
+    editor->add_document(u"sphere 1\n"_s);
+    QPlainTextEdit* document = current_journal(editor);
+    document->setExtraSelections({});
+    redraw_current_lines(editor);
+    QCOMPARE(document->extraSelections().size(), 1);
+    document->document()->setModified(false);
+}
+
+void TstShellParts::menus_are_titled_as_in_the_menu_bar()
+{
+    QStringList titles;
+    for (const QAction* menu : window().menuBar()->actions())
+        titles << menu->text();
+    for (const char* title : {"&File", "&View", "&Tools", "&Help"})
+        QVERIFY2(titles.contains(main_menu_title(title)), title);
+    QCOMPARE(main_menu_title("&Geometry"), u"&Geometry"_s);
+    const MarkingTranslator marks("Ostrel");
+    QCOMPARE(main_menu_title("&Tools"), u"<&Tools>"_s);
+}
+
+void TstShellParts::tabs_hold_the_documents()
+{
+    JournalEditor* editor = window().journal_editor();
+    editor->add_document(u"# one\n"_s);
+    QTabWidget* tabs = journal_tabs(editor);
+    QVERIFY(tabs && tabs->count() > 0);
+    QPlainTextEdit* document = current_journal(editor);
+    QCOMPARE(document->toPlainText(), u"# one\n"_s);
+    QCOMPARE(journal_document(tabs->currentWidget()), document);
+    QPlainTextEdit other;
+    QVERIFY(!journal_document(&other));
+    document->document()->setModified(false);
+}
+
+void TstShellParts::document_tells_its_file()
+{
+    JournalEditor* editor = window().journal_editor();
+    editor->add_document(u"# without a file\n"_s);
+    QPlainTextEdit* document = current_journal(editor);
+    QVERIFY(journal_file(document).isEmpty());
+    document->document()->setModified(false);
+    const QString file = write_temp(u"part.jou"_s, "list\n");
+    editor->open_file(file);
+    QCOMPARE(journal_file(current_journal(editor)), file);
+    QPlainTextEdit other;
+    QVERIFY(journal_file(&other).isEmpty());
+    QVERIFY(journal_file(nullptr).isEmpty());
+}
+
+void TstShellParts::nothing_is_found_without_a_window()
+{
+    QVERIFY(!cancel_button(nullptr));
+    QVERIFY(!plugin_tool(nullptr));
+    QVERIFY(!close_journal_action(nullptr));
+    QVERIFY(option_pages(nullptr).isEmpty());
+    redraw_current_lines(nullptr);
+    QVERIFY(!journal_tabs(nullptr));
+    QVERIFY(!current_journal(nullptr));
+    QVERIFY(!journal_document(nullptr));
+}
+
+OSTREL_TEST(TstShellParts)
+
+#include "tst_shell_parts.moc"

@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/application/shell_access/shell_parts.h"
+
+#include "frame/Ostrel.h"
+#include "journal/JournalEditor.h"
+#include "options/OptionsPanel.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QDialog>
+#include <QPlainTextEdit>
+#include <QToolButton>
+#include <QTreeWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void collect_pages(const QTreeWidgetItem* item, const QString& above, QStringList& pages)
+{
+    for (int i = 0; i < item->childCount(); ++i) {
+        const QString page = above + item->child(i)->text(0);
+        pages << page;
+        collect_pages(item->child(i), page + u'/', pages);
+    }
+}
+
+} // namespace
+
+QAbstractButton* cancel_button(const Ostrel* window)
+{
+    return window ? window->findChild<QToolButton*>(u"mCancel"_s) : nullptr;
+}
+
+QDialog* plugin_tool(const Ostrel* window)
+{
+    if (!window)
+        return nullptr;
+    const auto dialogs = window->findChildren<QDialog*>(Qt::FindDirectChildrenOnly);
+    for (QDialog* dialog : dialogs) {
+        if (dialog->inherits("ComponentTool"))
+            return dialog;
+    }
+    return nullptr;
+}
+
+QAction* close_journal_action(const JournalEditor* editor)
+{
+    return editor ? editor->findChild<QAction*>(u"fileCloseAction"_s) : nullptr;
+}
+
+QStringList option_pages(const OptionsPanel* panel)
+{
+    const auto* list = panel ? panel->findChild<QTreeWidget*>(u"mOptionList"_s) : nullptr;
+    QStringList pages;
+    if (list)
+        collect_pages(list->invisibleRootItem(), {}, pages);
+    return pages;
+}
+
+void redraw_current_lines(const JournalEditor* editor)
+{
+    if (!editor)
+        return;
+    const auto documents = editor->findChildren<QPlainTextEdit*>();
+    for (QPlainTextEdit* document : documents) {
+        if (document->inherits("JournalDocument"))
+            QMetaObject::invokeMethod(document, "highlightCurrentLine");
+    }
+}
+
+QString main_menu_title(const char* english)
+{
+    return QCoreApplication::translate("Ostrel", english);
+}

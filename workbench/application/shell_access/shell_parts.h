@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QStringList>
+
+class JournalEditor;
+class OptionsPanel;
+class Ostrel;
+class QAbstractButton;
+class QAction;
+class QDialog;
+
+// Parts of the shell's windows that it does not hand out. They belong to their windows and go with them. Null
+// where there is no such window, or the window has no such part.
+
+/** The button that asks the running command to stop. */
+QAbstractButton* cancel_button(const Ostrel* window);
+/** The plugin tool; null until it has been opened for the first time. */
+QDialog* plugin_tool(const Ostrel* window);
+/** The entry that closes the current document of the journal editor. */
+QAction* close_journal_action(const JournalEditor* editor);
+/** The pages of the options dialog as they stand in its list, as "Group/Page"; a group comes before its
+ * pages. */
+QStringList option_pages(const OptionsPanel* panel);
+/** Draws the current line of all journals anew: they color it when the caret moves. */
+void redraw_current_lines(const JournalEditor* editor);
+/** The title of a menu of the main window in the user's language, by its English one, as "&Tools"; other
+ * titles as they are. */
+QString main_menu_title(const char* english);

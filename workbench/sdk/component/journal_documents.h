@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "journal/JournalDocument.h"
+#include "journal/JournalEditor.h"
+
+#include <QPlainTextEdit>
+#include <QString>
+#include <QTabWidget>
+
+// The documents of the journal editor, whose class the shell does not export.
+
+/** The editor's tabs, whose pages are its documents. They live as long as the editor; null if there is none. */
+inline QTabWidget* journal_tabs(const JournalEditor* editor)
+{
+    return editor ? editor->findChild<QTabWidget*>(QStringLiteral("mDocTab")) : nullptr;
+}
+
+/** The document on a page of the editor's tabs; null if the page is null or something else. */
+inline QPlainTextEdit* journal_document(QWidget* page)
+{
+    return page && page->inherits("JournalDocument") ? qobject_cast<QPlainTextEdit*>(page) : nullptr;
+}
+
+/** The current document; null if there is none, or no editor. */
+inline QPlainTextEdit* current_journal(const JournalEditor* editor)
+{
+    const QTabWidget* tabs = journal_tabs(editor);
+    return tabs ? journal_document(tabs->currentWidget()) : nullptr;
+}
+
+/**
+ * The full path of the file of a page of the journal editor; empty if it has none, or is no document.
+ *
+ * The sanitizer that looks at types would want the class's, which the shell does not export.
+ */
+__attribute__((no_sanitize("vptr"))) inline QString journal_file(const QWidget* page)
+{
+    // The class is not exported, so that it cannot be asked for by its meta-object.
+    return page && page->inherits("JournalDocument") ? static_cast<const JournalDocument*>(page)->file_name()
+                                                     : QString();
+}
