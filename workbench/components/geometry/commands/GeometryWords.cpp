@@ -7,7 +7,6 @@
 #include "workbench/sdk/core/commands/nearest_name.h"
 #include "workbench/sdk/core/commands/numbers.h"
 
-#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -37,12 +36,6 @@ bool GeometryWords::take(QLatin1StringView keyword)
     return true;
 }
 
-void GeometryWords::need(QLatin1StringView keyword)
-{
-    if (!take(keyword))
-        throw expected(u"\"%1\""_s.arg(keyword));
-}
-
 bool GeometryWords::at_keyword() const
 {
     return at_end() || is_keyword(mCall.words()[mNext].text);
@@ -63,11 +56,6 @@ CommandError GeometryWords::expected_last(QAnyStringView what) const
     return mCall.expected(mNext - 1, what);
 }
 
-double GeometryWords::number(QAnyStringView what)
-{
-    return mCall.number(mNext++, what);
-}
-
 double GeometryWords::length(QAnyStringView what, double least, double most)
 {
     const double value =
@@ -76,36 +64,6 @@ double GeometryWords::length(QAnyStringView what, double least, double most)
         throw expected(u"%1 (a number from %2 to %3)"_s.arg(what.toString()).arg(least).arg(most));
     ++mNext;
     return value;
-}
-
-Vector GeometryWords::position(QAnyStringView what)
-{
-    Vector result;
-    const std::pair<QLatin1StringView, double*> parts[] = {
-        {"x of "_L1, &result.x}, {"y of "_L1, &result.y}, {"z of "_L1, &result.z}};
-    for (const auto& [prefix, value] : parts)
-        *value = length(QString(prefix + what.toString()), -GeometryModel::farthest, GeometryModel::farthest);
-    return result;
-}
-
-Vector GeometryWords::direction()
-{
-    const qsizetype first = mNext;
-    const Vector result = position(u"the direction");
-    if (result == Vector())
-        throw mCall.error(first, u"a direction must not be 0 0 0"_s);
-    return result;
-}
-
-QString GeometryWords::new_name()
-{
-    const QString name = at_end() ? QString() : mCall.words()[mNext].text;
-    if (!GeometryModel::is_name(name) || is_keyword(name))
-        throw expected(u"a name (a letter, then letters, digits, \"_\", \"-\" and \".\")");
-    if (mModel.find(name))
-        throw mCall.error(mNext, u"there is a solid \"%1\" already"_s.arg(name));
-    ++mNext;
-    return name;
 }
 
 int GeometryWords::solid()

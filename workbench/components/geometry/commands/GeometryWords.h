@@ -13,7 +13,7 @@ class CommandCall;
 class CommandError;
 
 /**
- * Reads the words of a geometry command from left to right; what is wrong with one is thrown as a
+ * Reads the words of a command about files from left to right; what is wrong with one is thrown as a
  * CommandError with the word's column.
  */
 class GeometryWords
@@ -32,8 +32,6 @@ public:
     bool is(QLatin1StringView keyword) const;
     /** As is(), and goes behind it if so. */
     bool take(QLatin1StringView keyword);
-    /** As take(), but throws if it is another word. */
-    void need(QLatin1StringView keyword);
     /** Whether the next word is a keyword or there is none. */
     bool at_keyword() const;
     /** An error that the next word is not what can stand there. To be thrown. */
@@ -43,16 +41,9 @@ public:
     QString text(QAnyStringView what);
     /** An error that the word before the next one is not what can stand there. To be thrown. */
     CommandError expected_last(QAnyStringView what) const;
-    double number(QAnyStringView what);
     /** A number from @p least to @p most. */
     double length(QAnyStringView what, double least = GeometryModel::least_length,
                   double most = GeometryModel::greatest_length);
-    /** Three coordinates of @p what, none farther from 0 than solids may be. */
-    Vector position(QAnyStringView what);
-    /** Three numbers of which one is not 0. */
-    Vector direction();
-    /** A name that a new solid can have. */
-    QString new_name();
     /** A solid by its name or id. */
     int solid();
     /** Solids up to the next keyword, at least one; "all" stands for all. None twice. */

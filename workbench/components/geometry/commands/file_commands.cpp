@@ -255,14 +255,14 @@ bool register_file_commands(CommandRegistry& registry, GeometryModel& model, Fil
              "that of the last mesh. A file that exists is replaced."_s,
          .owner = owner,
          .run = run_with(export_file),
-         .forms = {{.clauses =
-                        file_clauses(Direction::Export) +
-                        QList{optional_value(solids_parameter()),
-                              CommandClause{.keyword = u"size"_s,
-                                            .parameters = {length_parameter(
-                                                u"SIZE"_s, QT_TRANSLATE_NOOP("CommandParameter",
-                                                                             "Size of the triangles"))},
-                                            .optional = true}},
+         .forms = {{.clauses = file_clauses(Direction::Export) +
+                               QList{optional_value(solids_parameter()),
+                                     CommandClause{
+                                         .keyword = u"size"_s,
+                                         .parameters = {length_parameter(
+                                             u"SIZE"_s, u"a size of the triangles"_s,
+                                             QT_TRANSLATE_NOOP("CommandParameter", "Size of the triangles"))},
+                                         .optional = true}},
                     .title = QT_TRANSLATE_NOOP("CommandParameter", "Solids")},
                    {.clauses = file_clauses(Direction::Export) + QList{CommandClause{.keyword = u"mesh"_s}},
                     .title = QT_TRANSLATE_NOOP("CommandParameter", "Mesh")}}},

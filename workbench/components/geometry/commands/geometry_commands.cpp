@@ -3,13 +3,13 @@
 
 #include "workbench/components/geometry/commands/geometry_commands.h"
 
-#include "workbench/components/geometry/commands/GeometryWords.h"
 #include "workbench/components/geometry/commands/LongWork.h"
 #include "workbench/components/geometry/commands/geometry_parameters.h"
 #include "workbench/components/geometry/commands/run_model_command.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/geometry/programs/run_mesher.h"
 #include "workbench/sdk/core/commands/ApplicationServices.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
@@ -32,52 +32,33 @@ struct Context
     QString mesher;
 };
 
-using Run = void (*)(CommandCall& call, GeometryWords& words, Context& context);
+using Run = void (*)(CommandCall& call, const CommandArguments& arguments, Context& context);
 
-/** Where and how a new solid is to be made. */
-struct Placing
+/** Three numbers. */
+Vector vector(const CommandArguments& arguments, QLatin1StringView key)
 {
-    Vector centre;
-    Vector axis = {0, 0, 1};
-    QString name;
-};
-
-/** Reads "at X Y Z", "along X Y Z" and "name NAME", in any order, to the end of the line. */
-Placing read_placing(GeometryWords& words, bool with_axis)
-{
-    Placing placing;
-    bool at = false;
-    bool along = !with_axis;
-    bool name = false;
-    while (!words.at_end()) {
-        if (!at && words.take("at"_L1)) {
-            placing.centre = words.position(u"the centre");
-            at = true;
-        } else if (!along && words.take("along"_L1)) {
-            placing.axis = words.direction();
-            along = true;
-        } else if (!name && words.take("name"_L1)) {
-            placing.name = words.new_name();
-            name = true;
-        } else {
-            QStringList choices;
-            if (!at)
-                choices << u"\"at\""_s;
-            if (!along)
-                choices << u"\"along\""_s;
-            if (!name)
-                choices << u"\"name\""_s;
-            choices << u"the end of the line"_s;
-            throw words.expected(choices.join(u" or "_s));
-        }
-    }
-    return placing;
+    return {arguments.number(key, 0), arguments.number(key, 1), arguments.number(key, 2)};
 }
 
-void need_end(const GeometryWords& words)
+int solid(const CommandArguments& arguments, const GeometryModel& model, QLatin1StringView key)
 {
-    if (!words.at_end())
-        throw words.expected(u"the end of the line");
+    return model.find(arguments.text(key))->id;
+}
+
+/** Those that are named, or all of them. */
+QList<int> solids(const CommandCall& call, const CommandArguments& arguments, const GeometryModel& model,
+                  QLatin1StringView key = "SOLID"_L1)
+{
+    const QStringList names = arguments.texts(key);
+    if (names == QStringList(u"all"_s)) {
+        if (model.ids().isEmpty())
+            throw call.error(arguments.word(key), u"there is no solid"_s);
+        return model.ids();
+    }
+    QList<int> ids;
+    for (const QString& name : names)
+        ids << model.find(name)->id;
+    return ids;
 }
 
 QString shown(double value)
@@ -96,6 +77,15 @@ QString shown(const Vector& vector)
     return shown_coordinate(vector.x) + u' ' + shown_coordinate(vector.y) + u' ' + shown_coordinate(vector.z);
 }
 
+/** Two solids or more. */
+QList<int> several(const CommandCall& call, const CommandArguments& arguments, const GeometryModel& model)
+{
+    const QList<int> ids = solids(call, arguments, model);
+    if (ids.size() < 2)
+        throw call.expected(call.count(), u"another solid");
+    return ids;
+}
+
 void print_solid(CommandCall& call, const GeometryModel& model, int id)
 {
     const SolidMeasures measures = model.measures(id);
@@ -105,154 +95,102 @@ void print_solid(CommandCall& call, const GeometryModel& model, int id)
     call.print(text + u'\n');
 }
 
-void brick(CommandCall& call, GeometryWords& words, Context& context)
+void brick(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    Vector size;
-    size.x = words.length(u"a width");
-    size.y = size.z = size.x;
-    if (!words.at_keyword()) {
-        size.y = words.length(u"a depth");
-        size.z = words.length(u"a height");
-    }
-    const Placing placing = read_placing(words, false);
-    print_solid(call, context.model, context.model.brick(size, placing.centre, placing.name));
-}
-
-void cylinder(CommandCall& call, GeometryWords& words, Context& context)
-{
-    const double radius = words.length(u"a radius");
-    const double height = words.length(u"a height");
-    const Placing placing = read_placing(words, true);
+    const double width = arguments.number("WIDTH"_L1);
+    const bool cube = !arguments.has("DEPTH"_L1);
+    const Vector size{width, cube ? width : arguments.number("DEPTH"_L1),
+                      cube ? width : arguments.number("HEIGHT"_L1)};
     print_solid(call, context.model,
-                context.model.cylinder(radius, height, placing.centre, placing.axis, placing.name));
+                context.model.brick(size, vector(arguments, "at"_L1), arguments.text("name"_L1)));
 }
 
-void sphere(CommandCall& call, GeometryWords& words, Context& context)
+void cylinder(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    const double radius = words.length(u"a radius");
-    const Placing placing = read_placing(words, false);
-    print_solid(call, context.model, context.model.sphere(radius, placing.centre, placing.name));
-}
-
-void cone(CommandCall& call, GeometryWords& words, Context& context)
-{
-    const double radius = words.length(u"a radius");
-    const double height = words.length(u"a height");
-    double top = 0;
-    if (!words.at_keyword())
-        top = words.length(u"a top radius");
-    const Placing placing = read_placing(words, true);
     print_solid(call, context.model,
-                context.model.cone(radius, top, height, placing.centre, placing.axis, placing.name));
+                context.model.cylinder(arguments.number("RADIUS"_L1), arguments.number("HEIGHT"_L1),
+                                       vector(arguments, "at"_L1), vector(arguments, "along"_L1),
+                                       arguments.text("name"_L1)));
 }
 
-void torus(CommandCall& call, GeometryWords& words, Context& context)
+void sphere(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    const double radius = words.length(u"a radius");
-    const qsizetype tube_word = words.next();
-    const double tube = words.length(u"a radius of the tube");
+    print_solid(call, context.model,
+                context.model.sphere(arguments.number("RADIUS"_L1), vector(arguments, "at"_L1),
+                                     arguments.text("name"_L1)));
+}
+
+void cone(CommandCall& call, const CommandArguments& arguments, Context& context)
+{
+    print_solid(call, context.model,
+                context.model.cone(arguments.number("RADIUS"_L1), arguments.number("TOP_RADIUS"_L1),
+                                   arguments.number("HEIGHT"_L1), vector(arguments, "at"_L1),
+                                   vector(arguments, "along"_L1), arguments.text("name"_L1)));
+}
+
+void torus(CommandCall& call, const CommandArguments& arguments, Context& context)
+{
+    const double radius = arguments.number("RADIUS"_L1);
+    const double tube = arguments.number("TUBE_RADIUS"_L1);
     if (tube >= radius)
-        throw call.expected(tube_word, u"a radius of the tube (less than %1)"_s.arg(radius));
-    const Placing placing = read_placing(words, true);
+        throw call.expected(arguments.word("TUBE_RADIUS"_L1),
+                            u"a radius of the tube (less than %1)"_s.arg(radius));
     print_solid(call, context.model,
-                context.model.torus(radius, tube, placing.centre, placing.axis, placing.name));
+                context.model.torus(radius, tube, vector(arguments, "at"_L1), vector(arguments, "along"_L1),
+                                    arguments.text("name"_L1)));
 }
 
-void move(CommandCall&, GeometryWords& words, Context& context)
+void move(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    const QList<int> ids = words.solids();
-    words.need("by"_L1);
-    const Vector by = words.position(u"the way");
-    need_end(words);
-    context.model.move(ids, by);
+    context.model.move(solids(call, arguments, context.model), vector(arguments, "by"_L1));
 }
 
-void rotate(CommandCall&, GeometryWords& words, Context& context)
+void rotate(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    const QList<int> ids = words.solids();
-    words.need("by"_L1);
-    const double angle = words.number(u"an angle in degrees");
-    Vector point;
-    Vector axis{0, 0, 1};
-    bool about = false;
-    bool along = false;
-    while (!words.at_end()) {
-        if (!about && words.take("about"_L1)) {
-            point = words.position(u"the point");
-            about = true;
-        } else if (!along && words.take("along"_L1)) {
-            axis = words.direction();
-            along = true;
-        } else {
-            throw words.expected(u"\"about\", \"along\" or the end of the line");
-        }
-    }
-    context.model.rotate(ids, angle, point, axis);
+    context.model.rotate(solids(call, arguments, context.model), arguments.number("by"_L1),
+                         vector(arguments, "about"_L1), vector(arguments, "along"_L1));
 }
 
-void copy(CommandCall& call, GeometryWords& words, Context& context)
+void copy(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    const int id = words.solid();
-    Vector by;
-    QString name;
-    if (words.take("by"_L1))
-        by = words.position(u"the way");
-    if (words.take("name"_L1))
-        name = words.new_name();
-    need_end(words);
-    print_solid(call, context.model, context.model.copy(id, by, name));
+    print_solid(call, context.model,
+                context.model.copy(solid(arguments, context.model, "SOLID"_L1), vector(arguments, "by"_L1),
+                                   arguments.text("name"_L1)));
 }
 
-void rename(CommandCall&, GeometryWords& words, Context& context)
+void rename(CommandCall&, const CommandArguments& arguments, Context& context)
 {
-    const int id = words.solid();
-    const QString name = words.new_name();
-    need_end(words);
-    context.model.rename(id, name);
+    context.model.rename(solid(arguments, context.model, "SOLID"_L1), arguments.text("NAME"_L1));
 }
 
-/** Two solids or more, up to the end of the line. */
-QList<int> read_several(GeometryWords& words)
+void unite(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    const QList<int> ids = words.solids();
-    if (ids.size() < 2)
-        throw words.expected(u"another solid");
-    need_end(words);
-    return ids;
-}
-
-void unite(CommandCall& call, GeometryWords& words, Context& context)
-{
-    const QList<int> ids = read_several(words);
+    const QList<int> ids = several(call, arguments, context.model);
     context.model.unite(ids);
     print_solid(call, context.model, ids.first());
 }
 
-void subtract(CommandCall& call, GeometryWords& words, Context& context)
+void subtract(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    const QList<int> tools = words.solids();
-    words.need("from"_L1);
-    const qsizetype word = words.next();
-    const int id = words.solid();
+    const QList<int> tools = solids(call, arguments, context.model, "TOOL"_L1);
+    const int id = solid(arguments, context.model, "from"_L1);
     if (tools.contains(id))
-        throw call.error(word, u"\"%1\" was named already"_s.arg(context.model.solid(id)->name));
-    need_end(words);
+        throw call.error(arguments.word("from"_L1),
+                         u"\"%1\" was named already"_s.arg(context.model.solid(id)->name));
     context.model.subtract(id, tools);
     print_solid(call, context.model, id);
 }
 
-void intersect(CommandCall& call, GeometryWords& words, Context& context)
+void intersect(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    const QList<int> ids = read_several(words);
+    const QList<int> ids = several(call, arguments, context.model);
     context.model.intersect(ids);
     print_solid(call, context.model, ids.first());
 }
 
-void remove(CommandCall&, GeometryWords& words, Context& context)
+void remove(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    const QList<int> ids = words.solids();
-    need_end(words);
-    context.model.remove(ids);
+    context.model.remove(solids(call, arguments, context.model));
 }
 
 /** Lines up the cells of a table, the first line being its head. Numbers stand to the right. */
@@ -277,12 +215,10 @@ QString table(const QList<QStringList>& rows, const QList<bool>& right)
     return text;
 }
 
-void list(CommandCall& call, GeometryWords& words, Context& context)
+void list(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
     const GeometryModel& model = context.model;
-    const bool all = words.at_end();
-    const QList<int> ids = all ? model.ids() : words.solids();
-    need_end(words);
+    const QList<int> ids = arguments.has("SOLID"_L1) ? solids(call, arguments, model) : model.ids();
     if (ids.isEmpty()) {
         call.print(u"There are no solids.\n"_s);
         return;
@@ -307,15 +243,11 @@ QString summary(const Mesh& mesh)
     return u"%1 nodes, %2 volume elements\n"_s.arg(mesh.nodes).arg(volumes);
 }
 
-void mesh(CommandCall& call, GeometryWords& words, Context& context)
+void mesh(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
     GeometryModel& model = context.model;
-    const QList<int> ids = words.is("size"_L1) ? model.ids() : words.solids();
-    words.need("size"_L1);
-    const qsizetype size_word = words.next();
-    const double size = words.length(u"a size of the elements");
-    const bool verbose = words.take("verbose"_L1);
-    need_end(words);
+    const QList<int> ids = arguments.has("SOLID"_L1) ? solids(call, arguments, model) : model.ids();
+    const double size = arguments.number("size"_L1);
     if (ids.isEmpty())
         throw call.error(0, u"there is no solid to mesh"_s);
 
@@ -326,12 +258,13 @@ void mesh(CommandCall& call, GeometryWords& words, Context& context)
     }
     if (nodes > most_nodes)
         throw call.error(
-            size_word, u"elements so small would need about %1 nodes; %2 is the most"_s.arg(nodes, 0, 'g', 2)
-                           .arg(most_nodes));
+            arguments.word("size"_L1),
+            u"elements so small would need about %1 nodes; %2 is the most"_s.arg(nodes, 0, 'g', 2)
+                .arg(most_nodes));
 
     std::shared_ptr<const Mesh> result;
     {
-        LongWork work(call, context.services, "Mesh", verbose);
+        LongWork work(call, context.services, "Mesh", arguments.has("verbose"_L1));
         result = run_mesher(context.mesher, model, ids, size, work.listener());
     }
     if (!result)
@@ -354,9 +287,8 @@ QString age(const Mesh& mesh, const GeometryModel& model)
                                                                      : u"The model has changed since.\n"_s;
 }
 
-void statistics(CommandCall& call, GeometryWords& words, Context& context)
+void statistics(CommandCall& call, const CommandArguments&, Context& context)
 {
-    need_end(words);
     const Mesh& mesh = last_mesh(call, context);
     QList<QStringList> rows{{u"nodes"_s, QString::number(mesh.nodes)}};
     for (const Mesh::Elements& elements : mesh.elements)
@@ -367,18 +299,9 @@ void statistics(CommandCall& call, GeometryWords& words, Context& context)
     call.print(origin + table(rows, {false, true}) + age(mesh, context.model));
 }
 
-void quality(CommandCall& call, GeometryWords& words, Context& context)
+void quality(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    QString wanted;
-    if (!words.at_end()) {
-        if (words.take("ICN"_L1))
-            wanted = u"ICN"_s;
-        else if (words.take("IGE"_L1))
-            wanted = u"IGE"_s;
-        else
-            throw words.expected(u"\"ICN\" or \"IGE\"");
-    }
-    need_end(words);
+    const QString wanted = arguments.text("MEASURE"_L1);
     const Mesh& mesh = last_mesh(call, context);
     if (mesh.quality.isEmpty())
         throw call.error(0, u"the mesh has no volume elements"_s);
@@ -414,8 +337,8 @@ constexpr auto solids_help = "\"all\" stands for all solids."_L1;
 /** Of a cone. */
 CommandParameter top_radius()
 {
-    CommandParameter result =
-        length_parameter(u"TOP_RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius of the top"));
+    CommandParameter result = length_parameter(u"TOP_RADIUS"_s, u"a top radius"_s,
+                                               QT_TRANSLATE_NOOP("CommandParameter", "Radius of the top"));
     result.tip = QT_TRANSLATE_NOOP("CommandParameter", "Without it the cone ends in a point.");
     return result;
 }
@@ -436,64 +359,70 @@ QList<Entry> entries()
          "Makes a brick, or a cube."_L1,
          placing_help,
          brick,
-         {{.clauses =
-               {required_value(length_parameter(u"WIDTH"_s, QT_TRANSLATE_NOOP("CommandParameter", "Width"))),
-                {.parameters = {length_parameter(u"DEPTH"_s, QT_TRANSLATE_NOOP("CommandParameter", "Depth")),
-                                length_parameter(u"HEIGHT"_s,
-                                                 QT_TRANSLATE_NOOP("CommandParameter", "Height"))},
-                 .optional = true,
-                 .tip = QT_TRANSLATE_NOOP("CommandParameter", "Without depth and height it is a cube.")},
-                position_clause(u"at"_s, QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true, u"0 0 0"_s),
-                name_clause()}}}},
+         {{.clauses = {required_value(length_parameter(u"WIDTH"_s, u"a width"_s,
+                                                       QT_TRANSLATE_NOOP("CommandParameter", "Width"))),
+                       {.parameters = {length_parameter(u"DEPTH"_s, u"a depth"_s,
+                                                        QT_TRANSLATE_NOOP("CommandParameter", "Depth")),
+                                       length_parameter(u"HEIGHT"_s, u"a height"_s,
+                                                        QT_TRANSLATE_NOOP("CommandParameter", "Height"))},
+                        .optional = true,
+                        .tip =
+                            QT_TRANSLATE_NOOP("CommandParameter", "Without depth and height it is a cube.")},
+                       position_clause(u"at"_s, u"the centre"_s,
+                                       QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true, u"0 0 0"_s),
+                       name_clause()}}}},
         {"cylinder"_L1,
          "Makes a cylinder."_L1,
          axis_help,
          cylinder,
-         {{.clauses = {required_value(
-                           length_parameter(u"RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius"))),
-                       required_value(
-                           length_parameter(u"HEIGHT"_s, QT_TRANSLATE_NOOP("CommandParameter", "Height"))),
-                       position_clause(u"at"_s, QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true,
-                                       u"0 0 0"_s),
+         {{.clauses = {required_value(length_parameter(u"RADIUS"_s, u"a radius"_s,
+                                                       QT_TRANSLATE_NOOP("CommandParameter", "Radius"))),
+                       required_value(length_parameter(u"HEIGHT"_s, u"a height"_s,
+                                                       QT_TRANSLATE_NOOP("CommandParameter", "Height"))),
+                       position_clause(u"at"_s, u"the centre"_s,
+                                       QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true, u"0 0 0"_s),
                        axis_clause(), name_clause()}}}},
         {"sphere"_L1,
          "Makes a sphere."_L1,
          placing_help,
          sphere,
-         {{.clauses = {required_value(
-                           length_parameter(u"RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius"))),
-                       position_clause(u"at"_s, QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true,
-                                       u"0 0 0"_s),
+         {{.clauses = {required_value(length_parameter(u"RADIUS"_s, u"a radius"_s,
+                                                       QT_TRANSLATE_NOOP("CommandParameter", "Radius"))),
+                       position_clause(u"at"_s, u"the centre"_s,
+                                       QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true, u"0 0 0"_s),
                        name_clause()}}}},
         {"cone"_L1,
          "Makes a cone, or a part of one."_L1,
          axis_help,
          cone,
-         {{.clauses = {required_value(
-                           length_parameter(u"RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius"))),
-                       required_value(
-                           length_parameter(u"HEIGHT"_s, QT_TRANSLATE_NOOP("CommandParameter", "Height"))),
+         {{.clauses = {required_value(length_parameter(u"RADIUS"_s, u"a radius"_s,
+                                                       QT_TRANSLATE_NOOP("CommandParameter", "Radius"))),
+                       required_value(length_parameter(u"HEIGHT"_s, u"a height"_s,
+                                                       QT_TRANSLATE_NOOP("CommandParameter", "Height"))),
                        optional_value(top_radius()),
-                       position_clause(u"at"_s, QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true,
-                                       u"0 0 0"_s),
+                       position_clause(u"at"_s, u"the centre"_s,
+                                       QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true, u"0 0 0"_s),
                        axis_clause(), name_clause()}}}},
         {"torus"_L1,
          "Makes a torus."_L1,
          axis_help,
          torus,
-         {{.clauses =
-               {required_value(
-                    length_parameter(u"RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius"), u"10"_s)),
-                required_value(length_parameter(
-                    u"TUBE_RADIUS"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius of the tube"), u"2"_s)),
-                position_clause(u"at"_s, QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true, u"0 0 0"_s),
-                axis_clause(), name_clause()}}}},
+         {{.clauses = {required_value(length_parameter(u"RADIUS"_s, u"a radius"_s,
+                                                       QT_TRANSLATE_NOOP("CommandParameter", "Radius"),
+                                                       u"10"_s)),
+                       required_value(length_parameter(
+                           u"TUBE_RADIUS"_s, u"a radius of the tube"_s,
+                           QT_TRANSLATE_NOOP("CommandParameter", "Radius of the tube"), u"2"_s)),
+                       position_clause(u"at"_s, u"the centre"_s,
+                                       QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true, u"0 0 0"_s),
+                       axis_clause(), name_clause()}}}},
         {"move"_L1,
          "Moves solids."_L1,
          solids_help,
          move,
          {{.clauses = {required_value(solids_parameter()),
-                       position_clause(u"by"_s, QT_TRANSLATE_NOOP("CommandParameter", "Way"), false)}}}},
+                       position_clause(u"by"_s, u"the way"_s, QT_TRANSLATE_NOOP("CommandParameter", "Way"),
+                                       false)}}}},
         {"rotate"_L1,
          "Turns solids."_L1,
          "The axis goes through the origin unless \"about\" tells another point, in the direction of the z "
@@ -504,20 +433,23 @@ QList<Entry> entries()
                        {.keyword = u"by"_s,
                         .parameters = {{.name = u"DEGREES"_s,
                                         .kind = CommandParameter::Kind::Number,
+                                        .what = u"an angle in degrees"_s,
                                         .label = QT_TRANSLATE_NOOP("CommandParameter", "Angle"),
                                         .unit = u"\u00b0"_s,
                                         .example = u"30"_s}}},
-                       position_clause(u"about"_s, QT_TRANSLATE_NOOP("CommandParameter", "Point on the axis"),
-                                       true, u"0 0 0"_s),
+                       position_clause(u"about"_s, u"the point"_s,
+                                       QT_TRANSLATE_NOOP("CommandParameter", "Point on the axis"), true,
+                                       u"0 0 0"_s),
                        axis_clause()}}}},
         {"copy"_L1,
          "Copies a solid."_L1,
          {},
          copy,
-         {{.clauses =
-               {required_value(solid_parameter(QT_TRANSLATE_NOOP("CommandParameter", "Solid"), u"SOLID"_s)),
-                position_clause(u"by"_s, QT_TRANSLATE_NOOP("CommandParameter", "Way"), true, u"0 0 0"_s),
-                name_clause()}}}},
+         {{.clauses = {required_value(
+                           solid_parameter(QT_TRANSLATE_NOOP("CommandParameter", "Solid"), u"SOLID"_s)),
+                       position_clause(u"by"_s, u"the way"_s, QT_TRANSLATE_NOOP("CommandParameter", "Way"),
+                                       true, u"0 0 0"_s),
+                       name_clause()}}}},
         {"rename"_L1,
          "Gives a solid another name."_L1,
          {},
@@ -565,7 +497,8 @@ QList<Entry> entries()
          {{.clauses = {optional_value(solids_parameter()),
                        {.keyword = u"size"_s,
                         .parameters = {length_parameter(
-                            u"SIZE"_s, QT_TRANSLATE_NOOP("CommandParameter", "Size of the elements"))}},
+                            u"SIZE"_s, u"a size of the elements"_s,
+                            QT_TRANSLATE_NOOP("CommandParameter", "Size of the elements"))}},
                        {.keyword = u"verbose"_s,
                         .optional = true,
                         .label =
@@ -584,12 +517,6 @@ QList<Entry> entries()
     };
 }
 
-void run(CommandCall& call, Context& context, Run function)
-{
-    GeometryWords words(call, context.model);
-    run_model_command(call, context.model, [&] { function(call, words, context); });
-}
-
 } // namespace
 
 bool register_geometry_commands(CommandRegistry& registry, GeometryModel& model,
@@ -598,13 +525,19 @@ bool register_geometry_commands(CommandRegistry& registry, GeometryModel& model,
     const QString owner = u"geometry"_s;
     const auto context = std::make_shared<Context>(Context{model, services, mesher});
     CommandEntities& entities = registry.entities();
-    entities.offer(solid_entity(), owner, [&model] {
-        QStringList names;
-        const QList<int> ids = model.ids();
-        for (const int id : ids)
-            names << model.solid(id)->name;
-        return names;
-    });
+    entities.offer(
+        solid_entity(), owner,
+        [&model] {
+            QStringList names;
+            const QList<int> ids = model.ids();
+            for (const int id : ids)
+                names << model.solid(id)->name;
+            return names;
+        },
+        [&model](qint64 id) {
+            const auto solid = id == int(id) ? model.solid(int(id)) : std::nullopt;
+            return solid ? solid->name : QString();
+        });
     QObject::connect(&model, &GeometryModel::solid_changed, &entities,
                      [&entities] { entities.tell_changed(solid_entity()); });
     for (const Entry& entry : entries()) {
@@ -613,7 +546,10 @@ bool register_geometry_commands(CommandRegistry& registry, GeometryModel& model,
             .summary = entry.summary,
             .help = entry.help,
             .owner = owner,
-            .run = [context, function = entry.run](CommandCall& call) { run(call, *context, function); },
+            .perform =
+                [context, function = entry.run](CommandCall& call, const CommandArguments& arguments) {
+                    run_model_command(call, context->model, [&] { function(call, arguments, *context); });
+                },
             .forms = entry.forms};
         if (registry.add(command) != CommandRegistry::AddResult::Added) {
             registry.remove_owner(owner);

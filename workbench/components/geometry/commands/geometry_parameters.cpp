@@ -11,7 +11,7 @@ using Kind = CommandParameter::Kind;
 
 namespace {
 
-QList<CommandParameter> coordinates(const QString& unit, const QStringList& defaults)
+QList<CommandParameter> coordinates(const QString& what, const QString& unit, const QStringList& defaults)
 {
     QList<CommandParameter> result;
     const std::pair<QString, const char*> axes[] = {{u"X"_s, QT_TRANSLATE_NOOP("CommandParameter", "X")},
@@ -20,6 +20,7 @@ QList<CommandParameter> coordinates(const QString& unit, const QStringList& defa
     for (const auto& [name, label] : axes) {
         result.append({.name = name,
                        .kind = Kind::Number,
+                       .what = name.toLower() + u" of "_s + what,
                        .label = label,
                        .unit = unit,
                        .default_value = defaults.value(result.size()),
@@ -37,10 +38,12 @@ QString solid_entity()
     return u"solid"_s;
 }
 
-CommandParameter length_parameter(const QString& name, const char* label, const QString& example)
+CommandParameter length_parameter(const QString& name, const QString& what, const char* label,
+                                  const QString& example)
 {
     return {.name = name,
             .kind = Kind::Number,
+            .what = what,
             .label = label,
             .unit = u"mm"_s,
             .least = GeometryModel::least_length,
@@ -52,6 +55,7 @@ CommandParameter solid_parameter(const char* label, const QString& name)
 {
     return {.name = name,
             .kind = Kind::Entity,
+            .what = u"a solid"_s,
             .label = label,
             .entity = solid_entity(),
             .by_number = true,
@@ -64,14 +68,15 @@ CommandParameter solids_parameter(int at_least)
     result.choices = {u"all"_s};
     result.repeated = true;
     result.at_least = at_least;
+    result.distinct = true;
     return result;
 }
 
-CommandClause position_clause(const QString& keyword, const char* label, bool optional,
+CommandClause position_clause(const QString& keyword, const QString& what, const char* label, bool optional,
                               const QString& default_value)
 {
     return {.keyword = keyword,
-            .parameters = coordinates(u"mm"_s, default_value.split(u' ')),
+            .parameters = coordinates(what, u"mm"_s, default_value.split(u' ')),
             .optional = optional,
             .label = label};
 }
@@ -79,7 +84,7 @@ CommandClause position_clause(const QString& keyword, const char* label, bool op
 CommandClause axis_clause()
 {
     return {.keyword = u"along"_s,
-            .parameters = coordinates({}, {u"0"_s, u"0"_s, u"1"_s}),
+            .parameters = coordinates(u"the direction"_s, {}, {u"0"_s, u"0"_s, u"1"_s}),
             .optional = true,
             .label = QT_TRANSLATE_NOOP("CommandParameter", "Axis"),
             .tip = QT_TRANSLATE_NOOP("CommandParameter", "The direction; its length does not matter."),
@@ -90,6 +95,7 @@ CommandParameter new_name_parameter()
 {
     return {.name = u"NAME"_s,
             .kind = Kind::NewName,
+            .what = u"a name"_s,
             .label = QT_TRANSLATE_NOOP("CommandParameter", "New name"),
             .entity = solid_entity(),
             .reserved = GeometryWords::keywords(),

@@ -10,15 +10,16 @@
 /** The kind of entities that solids are. */
 QString solid_entity();
 
-/** A width, radius or the like, in millimetres. */
-CommandParameter length_parameter(const QString& name, const char* label, const QString& example = {});
+/** A width, radius or the like, in millimetres. @p what as "a radius", as CommandParameter has it. */
+CommandParameter length_parameter(const QString& name, const QString& what, const char* label,
+                                  const QString& example = {});
 /** One solid. */
 CommandParameter solid_parameter(const char* label, const QString& name);
 /** At least @p at_least solids, or "all" of them if one is enough. */
 CommandParameter solids_parameter(int at_least = 1);
 
-/** "KEYWORD X Y Z": a point. */
-CommandClause position_clause(const QString& keyword, const char* label, bool optional,
+/** "KEYWORD X Y Z": a point, which is @p what, as "the centre". */
+CommandClause position_clause(const QString& keyword, const QString& what, const char* label, bool optional,
                               const QString& default_value = {});
 /** "[along X Y Z]" */
 CommandClause axis_clause();

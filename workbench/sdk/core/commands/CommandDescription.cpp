@@ -3,9 +3,12 @@
 
 #include "workbench/sdk/core/commands/CommandDescription.h"
 
+#include "workbench/sdk/core/commands/FormReader.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -65,81 +68,36 @@ QString written(const CommandParameter& parameter, const QString& value)
     }
 }
 
-/** Reads words from left to right into the clauses of a form. */
-class WordReader
+/** The words at these places; those of a text of several words as one. */
+QStringList values_of(const CommandParameter& parameter, const QStringList& words,
+                      const QList<qsizetype>& places)
 {
-public:
-    WordReader(const CommandSyntax& form, const QStringList& words) : mForm(form), mWords(words) {}
-
-    bool at_end() const { return mNext >= mWords.size(); }
-    ClauseValues read_clause(qsizetype i)
-    {
-        const CommandClause& clause = mForm.clauses[i];
-        if (at_end() || (clause.keyword.isEmpty() ? !can_begin(i) : mWords[mNext] != clause.keyword))
-            return std::nullopt;
-        if (!clause.keyword.isEmpty())
-            ++mNext;
-        QList<QStringList> values;
-        for (const CommandParameter& parameter : clause.parameters)
-            values << read_parameter(parameter, i);
-        return values;
+    const bool one = parameter.kind == Kind::Words || (parameter.kind == Kind::Text && parameter.repeated);
+    QStringList values;
+    for (const qsizetype place : places) {
+        const QString& word = words[place];
+        const bool plain = parameter.kind != Kind::Words || is_variable_reference(word);
+        values << (plain ? word : quote_word(word));
     }
-
-private:
-    static bool is_free(const CommandParameter& parameter)
-    {
-        return parameter.kind == Kind::Words || parameter.kind == Kind::Text ||
-               parameter.kind == Kind::InputFile || parameter.kind == Kind::OutputFile;
-    }
-
-    /** Whether the next word is the keyword of a clause behind this one. */
-    bool at_keyword_behind(qsizetype clause) const
-    {
-        return std::any_of(mForm.clauses.begin() + clause + 1, mForm.clauses.end(),
-                           [&](const CommandClause& other) {
-                               return !other.keyword.isEmpty() && other.keyword == mWords[mNext];
-                           });
-    }
-
-    bool fits(const CommandParameter& parameter) const
-    {
-        const QString& word = mWords[mNext];
-        if (parameter.choices.contains(word))
-            return true;
-        return parameter.kind != Kind::Choice && !parameter.reserved.contains(word);
-    }
-
-    /** Whether the next word can be the first value of the clause, which has no keyword. */
-    bool can_begin(qsizetype clause) const
-    {
-        const CommandParameter& first = mForm.clauses[clause].parameters.first();
-        return is_free(first) || (!at_keyword_behind(clause) && fits(first));
-    }
-
-    QStringList read_parameter(const CommandParameter& parameter, qsizetype clause)
-    {
-        QStringList values;
-        if (parameter.kind == Kind::Words || (parameter.kind == Kind::Text && parameter.repeated)) {
-            for (; !at_end(); ++mNext) {
-                const bool plain = parameter.kind == Kind::Text || is_variable_reference(mWords[mNext]);
-                values << (plain ? mWords[mNext] : quote_word(mWords[mNext]));
-            }
-            return values.isEmpty() ? values : QStringList(values.join(u' '));
-        }
-        while (!at_end() && (is_free(parameter) || (!at_keyword_behind(clause) && fits(parameter)))) {
-            values << mWords[mNext++];
-            if (!parameter.repeated)
-                break;
-        }
-        return values;
-    }
-
-    const CommandSyntax& mForm;
-    const QStringList& mWords;
-    qsizetype mNext = 0;
-};
+    return one && !values.isEmpty() ? QStringList(values.join(u' ')) : values;
+}
 
 } // namespace
+
+QString number_range(const CommandParameter& parameter)
+{
+    QString text = parameter.kind == Kind::WholeNumber ? u"a whole number"_s : u"a number"_s;
+    const double greatest = std::numeric_limits<int>::max();
+    const bool has_least = parameter.least > (parameter.kind == Kind::WholeNumber ? -greatest : -INFINITY);
+    const bool has_most = parameter.most < (parameter.kind == Kind::WholeNumber ? greatest : INFINITY);
+    if (has_least && has_most)
+        text += u" from %1 to %2"_s.arg(parameter.least).arg(parameter.most);
+    else if (has_least)
+        text += u" from %1 on"_s.arg(parameter.least);
+    else if (has_most)
+        text += u" up to %1"_s.arg(parameter.most);
+    return text;
+}
 
 CommandClause required_value(const CommandParameter& parameter)
 {
@@ -190,11 +148,19 @@ QString command_line(const QString& name, const CommandSyntax& form, const QList
 
 std::optional<QList<ClauseValues>> read_values(const CommandSyntax& form, const QStringList& words)
 {
-    WordReader reader(form, words);
-    QList<ClauseValues> values;
-    for (qsizetype i = 0; i < form.clauses.size(); ++i)
-        values << reader.read_clause(i);
-    if (!reader.at_end())
+    const FormReading reading = read_form(form, words, Missing::PassOver);
+    if (reading.next < words.size())
         return std::nullopt;
+    QList<ClauseValues> values;
+    for (qsizetype i = 0; i < form.clauses.size(); ++i) {
+        if (!reading.clauses[i]) {
+            values << std::nullopt;
+            continue;
+        }
+        QList<QStringList> clause;
+        for (qsizetype j = 0; j < form.clauses[i].parameters.size(); ++j)
+            clause << values_of(form.clauses[i].parameters[j], words, reading.clauses[i]->value(j));
+        values << clause;
+    }
     return values;
 }

@@ -57,6 +57,8 @@ struct CommandParameter
     QString name;
     /** What the value can be. */
     Kind kind = Kind::Text;
+    /** As messages have it, as "a radius"; empty if the name will do. A choice is told by its choices. */
+    QString what = {};
     /** A few words for a form. */
     const char* label = nullptr;
     /** One line more; null if the label says it all. */
@@ -81,6 +83,8 @@ struct CommandParameter
     bool repeated = false;
     /** The least number of values where several can follow each other. */
     int at_least = 1;
+    /** Whether each of several entities can be named once only. */
+    bool distinct = false;
     /** What a file dialog offers; null for all files. */
     std::function<QList<CommandFileFilter>()> filters = {};
     /** A valid value, for manuals and tests; empty if the kind says enough. */
@@ -104,14 +108,20 @@ struct CommandClause
     bool not_zero = false;
 };
 
-/** One way to write a command: its clauses, in this order. */
+/**
+ * One way to write a command. Its clauses are written in their order, save that those with a keyword that
+ * follow each other may come in any order.
+ */
 struct CommandSyntax
 {
-    /** What stands behind the command's name, in this order. */
+    /** What stands behind the command's name. */
     QList<CommandClause> clauses = {};
     /** What tells it from the command's other ways, as CommandParameter::label; null if there are none. */
     const char* title = nullptr;
 };
+
+/** What numbers a parameter takes, as "a whole number from 1 on". */
+FENNAR_CORE_EXPORT QString number_range(const CommandParameter& parameter);
 
 /** A clause that must be there. */
 FENNAR_CORE_EXPORT CommandClause required_value(const CommandParameter& parameter);

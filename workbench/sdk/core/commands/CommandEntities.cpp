@@ -5,9 +5,10 @@
 
 CommandEntities::~CommandEntities() = default;
 
-void CommandEntities::offer(const QString& kind, const QString& owner, const Names& names)
+void CommandEntities::offer(const QString& kind, const QString& owner, const Names& names,
+                            const Numbered& numbered)
 {
-    mOffers.insert(kind, {owner, names});
+    mOffers.insert(kind, {owner, names, numbered});
     emit changed(kind);
 }
 
@@ -29,4 +30,10 @@ QStringList CommandEntities::names(const QString& kind) const
     // A copy: the function may offer another in its own place.
     const Names names = mOffers.value(kind).names;
     return names ? names() : QStringList();
+}
+
+QString CommandEntities::numbered(const QString& kind, qint64 number) const
+{
+    const Numbered numbered = mOffers.value(kind).numbered;
+    return numbered ? numbered(number) : QString();
 }

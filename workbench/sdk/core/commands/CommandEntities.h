@@ -25,17 +25,22 @@ class FENNAR_CORE_EXPORT CommandEntities : public QObject
 public:
     /** Tells the present names. */
     using Names = std::function<QStringList()>;
+    /** Tells the name of what has a number; empty if nothing has it. */
+    using Numbered = std::function<QString(qint64)>;
 
     CommandEntities() = default;
     ~CommandEntities() override;
 
-    /** Offers a kind, in the place of who has offered it before. @p names is called whenever they are needed.
-     */
-    void offer(const QString& kind, const QString& owner, const Names& names);
+    /** Offers a kind, in the place of who has offered it before. @p names is called whenever they are needed,
+     * and
+     * @p numbered, which may be null, for those that are told by number. */
+    void offer(const QString& kind, const QString& owner, const Names& names, const Numbered& numbered = {});
     /** Takes back all kinds of @p owner. */
     void withdraw(const QString& owner);
     /** The present names in the order in which they are offered; none if nobody offers the kind. */
     QStringList names(const QString& kind) const;
+    /** The name of what has that number; empty if nothing has it. */
+    QString numbered(const QString& kind, qint64 number) const;
     /** All kinds that are offered, sorted. */
     QStringList kinds() const { return mOffers.keys(); }
     /** To be called when the names of a kind have changed. */
@@ -50,6 +55,7 @@ private:
     {
         QString owner;
         Names names;
+        Numbered numbered;
     };
     QMap<QString, Offer> mOffers;
 };

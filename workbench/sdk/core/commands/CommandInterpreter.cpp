@@ -3,6 +3,7 @@
 
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Interrupt.h"
@@ -154,7 +155,11 @@ void CommandInterpreter::dispatch(Call& call)
     if (!call.command)
         throw mRegistry.not_found(name.text, name.column);
     CommandCall command_call(call.words, *this);
-    call.command->run(command_call);
+    if (call.command->perform)
+        call.command->perform(command_call,
+                              CommandArguments(call.words, call.command->forms, mRegistry.entities()));
+    else
+        call.command->run(command_call);
 }
 
 void CommandInterpreter::report_at(const Call* call, const QString& message, qsizetype column) const

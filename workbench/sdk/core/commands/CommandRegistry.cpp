@@ -35,7 +35,7 @@ CommandRegistry::AddResult CommandRegistry::add(const Command& command)
 {
     if (!is_name(command.name))
         return AddResult::BadName;
-    if (!command.run)
+    if (!command.run && (!command.perform || command.forms.isEmpty()))
         return AddResult::NothingToRun;
     if (mCommands.contains(command.name))
         return AddResult::NameTaken;

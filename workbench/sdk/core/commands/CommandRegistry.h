@@ -15,6 +15,7 @@
 #include <functional>
 #include <memory>
 
+class CommandArguments;
 class CommandCall;
 
 /** A command of the command language. */
@@ -33,6 +34,9 @@ struct Command
     QString owner = {};
     /** Runs the command. It ends with an error by throwing a CommandError. */
     std::function<void(CommandCall&)> run = {};
+    /** Runs the command with arguments that have been checked by the forms, of which there must be one; in
+     * the place of run. */
+    std::function<void(CommandCall&, const CommandArguments&)> perform = {};
     /**
      * The ways to write the command, for forms and completion. A command without arguments has one that is
      * empty; a command without any is only known by its usage.

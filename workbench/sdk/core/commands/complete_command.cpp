@@ -5,6 +5,7 @@
 
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/CommandVariables.h"
+#include "workbench/sdk/core/commands/FormReader.h"
 #include "workbench/sdk/core/commands/numbers.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
@@ -111,112 +112,23 @@ struct Expected
     QList<const CommandParameter*> parameters;
 };
 
-/** Follows one way to write a command. */
-class FormReader
+/** Whether what was read as numbers is some. */
+bool holds_numbers(const CommandSyntax& form, const FormReading& reading, const QStringList& words)
 {
-public:
-    explicit FormReader(const CommandSyntax& form) : mForm(form) { enter(0, mStates); }
-
-    void take(const CommandWord& word)
-    {
-        QList<State> next;
-        for (const State& state : std::as_const(mStates))
-            advance(state, word, next);
-        mStates = next;
-    }
-
-    void add_expected(Expected& expected) const
-    {
-        for (const State& state : mStates) {
-            const CommandClause& clause = mForm.clauses[state.clause];
-            if (state.parameter < 0)
-                expected.keywords << clause.keyword;
-            else
-                expected.parameters << &clause.parameters[state.parameter];
+    for (qsizetype i = 0; i < form.clauses.size(); ++i) {
+        const FormReading::Clause values = reading.clauses[i].value_or(FormReading::Clause());
+        for (qsizetype j = 0; j < values.size(); ++j) {
+            const Kind kind = form.clauses[i].parameters[j].kind;
+            if (kind != Kind::Number && kind != Kind::WholeNumber)
+                continue;
+            for (const qsizetype word : values[j]) {
+                if (!parse_number(words[word]))
+                    return false;
+            }
         }
     }
-
-private:
-    /** A place in the form; the keyword of a clause has the parameter -1. */
-    struct State
-    {
-        qsizetype clause = 0;
-        qsizetype parameter = 0;
-        int count = 0;
-
-        bool operator==(const State&) const = default;
-    };
-
-    static void add(const State& state, QList<State>& states)
-    {
-        if (!states.contains(state))
-            states << state;
-    }
-
-    /** All places that a word could fill once the clauses before @p clause are done. */
-    void enter(qsizetype clause, QList<State>& states) const
-    {
-        for (; clause < mForm.clauses.size(); ++clause) {
-            const CommandClause& here = mForm.clauses[clause];
-            if (!here.keyword.isEmpty())
-                add({clause, -1, 0}, states);
-            else if (!here.parameters.isEmpty())
-                add({clause, 0, 0}, states);
-            if (!here.optional)
-                return;
-        }
-    }
-
-    void leave(const State& state, QList<State>& states) const
-    {
-        if (state.parameter + 1 < mForm.clauses[state.clause].parameters.size())
-            add({state.clause, state.parameter + 1, 0}, states);
-        else
-            enter(state.clause + 1, states);
-    }
-
-    void advance(const State& state, const CommandWord& word, QList<State>& next) const
-    {
-        const CommandClause& clause = mForm.clauses[state.clause];
-        if (state.parameter < 0) {
-            if (word.text == clause.keyword)
-                leave(state, next);
-            return;
-        }
-        const CommandParameter& parameter = clause.parameters[state.parameter];
-        if (!fits(parameter, word, state.clause))
-            return;
-        const int count = std::min(state.count + 1, std::max(parameter.at_least, 1));
-        if (parameter.repeated || parameter.kind == Kind::Words)
-            add({state.clause, state.parameter, count}, next);
-        if (count >= parameter.at_least)
-            leave(state, next);
-    }
-
-    bool fits(const CommandParameter& parameter, const CommandWord& word, qsizetype clause) const
-    {
-        switch (parameter.kind) {
-        case Kind::Number:
-            return parse_number(word.text).has_value();
-        case Kind::WholeNumber:
-            return parse_integer(word.text).has_value();
-        case Kind::Choice:
-            return parameter.choices.contains(word.text);
-        case Kind::Entity:
-        case Kind::NewName:
-            // The words of commands are no names.
-            return std::none_of(mForm.clauses.begin() + clause, mForm.clauses.end(),
-                                [&word](const CommandClause& one) {
-                                    return !one.keyword.isEmpty() && one.keyword == word.text;
-                                });
-        default:
-            return true;
-        }
-    }
-
-    const CommandSyntax& mForm;
-    QList<State> mStates;
-};
+    return true;
+}
 
 /** Puts candidates together that begin with what was typed. */
 class Collector
@@ -370,11 +282,15 @@ LineCompletion complete_command(const QString& line, qsizetype caret, const Comm
     const std::shared_ptr<const Command> command = registry.find(typed.words[0].text);
     Expected expected;
     if (command) {
+        QStringList given;
+        for (const CommandWord& word : typed.words.sliced(1))
+            given << word.text;
         for (const CommandSyntax& form : command->forms) {
-            FormReader reader(form);
-            for (const CommandWord& word : typed.words.sliced(1))
-                reader.take(word);
-            reader.add_expected(expected);
+            const FormReading reading = read_form(form, given, Missing::End);
+            if (reading.next == given.size() && holds_numbers(form, reading, given)) {
+                expected.keywords << reading.keywords;
+                expected.parameters << reading.parameters;
+            }
         }
     }
     for (const QString& keyword : std::as_const(expected.keywords))

@@ -191,11 +191,13 @@ void TstCompleteCommand::candidates_fit_the_place_data()
     row("keyword begun", u"brick 1 n"_s, u"name"_s);
     row("within a clause", u"brick 1 at 2 "_s, QString());
     row("behind a clause", u"brick 1 at 2 3 "_s, u"name"_s);
-    row("behind all", u"brick 1 name x "_s, QString());
+    row("in any order", u"brick 1 name x "_s, u"at"_s);
+    row("behind all", u"brick 1 name x at 0 0 "_s, QString());
+    row("behind all that stands alone", u"mesh all "_s, u"size|verbose"_s);
     row("new name", u"brick 1 name "_s, QString());
     row("wrong word ahead", u"brick one "_s, QString());
     row("variable as a number", u"brick $radius "_s, u"at|name"_s);
-    row("entities, what stands for all, and a keyword", u"mesh "_s, u"all|drill|pin 1|plate|size"_s);
+    row("entities, what stands for all, and a keyword", u"mesh "_s, u"all|drill|pin 1|plate|size|verbose"_s);
     row("more entities", u"mesh plate d"_s, u"drill"_s);
     row("keyword is no entity", u"mesh size "_s, QString());
     row("behind the keyword", u"mesh plate size 2 "_s, u"verbose"_s);
@@ -285,7 +287,7 @@ void TstCompleteCommand::caret_within_the_line_looks_only_ahead_of_it()
 {
     QCOMPARE(candidates(u"b^ 1 at 2 3"_s), u"brick"_s);
     QCOMPARE(completed(u"b^ 1 at 2 3"_s), u"brick_ 1 at 2 3"_s);
-    QCOMPARE(candidates(u"mesh ^ size 2"_s), u"all|drill|pin 1|plate|size"_s);
+    QCOMPARE(candidates(u"mesh ^ size 2"_s), u"all|drill|pin 1|plate|size|verbose"_s);
     QCOMPARE(completed(u"me^sh"_s), u"mesh_sh"_s);
 }
 

@@ -1,0 +1,336 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "CommandSession.h"
+#include "support/TestCase.h"
+#include "support/random_seed.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
+#include "workbench/sdk/core/commands/CommandVariables.h"
+#include "workbench/sdk/core/commands/complete_command.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+
+#include <algorithm>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+using Kind = CommandParameter::Kind;
+
+namespace {
+
+const QStringList things{u"plate"_s, u"pin"_s, u"drill"_s};
+
+/** "make SIZE [A B] on|off [THING...]", then "at X Y", "name NAME" and "fast", or "make from FILE TEXT" */
+QList<CommandSyntax> forms()
+{
+    const auto number = [](const QString& name, const QString& value = {}) {
+        return CommandParameter{
+            .name = name, .kind = Kind::Number, .default_value = value, .least = -10, .most = 10};
+    };
+    const CommandParameter thing{.name = u"THING"_s,
+                                 .kind = Kind::Entity,
+                                 .what = u"a thing"_s,
+                                 .choices = {u"all"_s},
+                                 .entity = u"thing"_s,
+                                 .by_number = true,
+                                 .repeated = true,
+                                 .distinct = true};
+    return {
+        {.clauses =
+             {required_value({.name = u"SIZE"_s, .kind = Kind::Number, .what = u"a size"_s, .least = 1}),
+              {.parameters = {{.name = u"A"_s, .kind = Kind::WholeNumber, .least = 1, .most = 9},
+                              {.name = u"B"_s, .kind = Kind::WholeNumber}},
+               .optional = true},
+              required_value({.name = u"STATE"_s, .kind = Kind::Choice, .choices = {u"on"_s, u"off"_s}}),
+              optional_value(thing),
+              {.keyword = u"at"_s,
+               .parameters = {number(u"X"_s, u"1"_s), number(u"Y"_s, u"2"_s)},
+               .optional = true,
+               .not_zero = true},
+              {.keyword = u"name"_s,
+               .parameters = {{.name = u"NAME"_s,
+                               .kind = Kind::NewName,
+                               .what = u"a name"_s,
+                               .entity = u"thing"_s,
+                               .reserved = {u"at"_s, u"name"_s, u"fast"_s}}},
+               .optional = true},
+              {.keyword = u"fast"_s, .optional = true}}},
+        {.clauses = {{.keyword = u"from"_s,
+                      .parameters = {{.name = u"FILE"_s, .kind = Kind::InputFile, .what = u"a file"_s}}},
+                     required_value({.name = u"TEXT"_s, .kind = Kind::Words})}},
+    };
+}
+
+} // namespace
+
+class TstCommandArguments : public TestCase
+{
+    Q_OBJECT
+
+protected:
+    void set_up() override;
+    void tear_down() override { mSession.reset(); }
+
+private slots:
+    void values_go_by_keyword_or_name();
+    void keywords_come_in_any_order();
+    void what_is_left_out_has_its_default();
+    void several_values_are_told_in_their_order();
+    void entities_may_be_told_by_number();
+    void way_to_write_it_is_told();
+    void words_tell_where_values_are();
+    void errors_tell_column_and_remedy_data();
+    void errors_tell_column_and_remedy();
+    void command_that_is_wrong_is_not_performed();
+    void command_needs_a_form_to_be_performed();
+    void random_lines_are_read_as_they_were_made();
+
+private:
+    /** The arguments of a line that is right. */
+    CommandArguments read(const QString& line);
+
+    std::unique_ptr<CommandSession> mSession;
+    QList<CommandSyntax> mForms;
+    CommandWords mWords;
+};
+
+void TstCommandArguments::set_up()
+{
+    mSession = std::make_unique<CommandSession>();
+    mForms = forms();
+    mSession->registry.entities().offer(
+        u"thing"_s, u"test"_s, [] { return things; },
+        [](qint64 number) { return number >= 1 ? things.value(number - 1) : QString(); });
+}
+
+CommandArguments TstCommandArguments::read(const QString& line)
+{
+    mWords = tokenize(line);
+    return CommandArguments(mWords, mForms, mSession->registry.entities());
+}
+
+void TstCommandArguments::values_go_by_keyword_or_name()
+{
+    const CommandArguments arguments = read(u"make 2.5 3 -4 off plate at 5 6 name base fast"_s);
+    QCOMPARE(arguments.number("SIZE"_L1), 2.5);
+    QCOMPARE(arguments.integer("A"_L1), 3);
+    QCOMPARE(arguments.integer("B"_L1), -4);
+    QCOMPARE(arguments.text("STATE"_L1), u"off"_s);
+    QCOMPARE(arguments.texts("THING"_L1), QStringList(u"plate"_s));
+    QCOMPARE(arguments.number("at"_L1), 5.0);
+    QCOMPARE(arguments.number("at"_L1, 1), 6.0);
+    QCOMPARE(arguments.number("at"_L1, 2), 0.0);
+    QCOMPARE(arguments.text("name"_L1), u"base"_s);
+    QVERIFY(arguments.has("fast"_L1) && arguments.has("at"_L1) && arguments.has("A"_L1));
+    QVERIFY(!arguments.has("from"_L1));
+}
+
+void TstCommandArguments::keywords_come_in_any_order()
+{
+    const CommandArguments arguments = read(u"make 1 on fast name base at 5 6"_s);
+    QCOMPARE(arguments.text("name"_L1), u"base"_s);
+    QCOMPARE(arguments.number("at"_L1, 1), 6.0);
+    QVERIFY(arguments.has("fast"_L1));
+}
+
+void TstCommandArguments::what_is_left_out_has_its_default()
+{
+    const CommandArguments arguments = read(u"make 1 on"_s);
+    QVERIFY(!arguments.has("at"_L1) && !arguments.has("A"_L1) && !arguments.has("fast"_L1));
+    QCOMPARE(arguments.number("at"_L1, 0), 1.0);
+    QCOMPARE(arguments.number("at"_L1, 1), 2.0);
+    QCOMPARE(arguments.integer("A"_L1), 0);
+    QCOMPARE(arguments.text("name"_L1), QString());
+    QCOMPARE(arguments.texts("THING"_L1), QStringList());
+}
+
+void TstCommandArguments::several_values_are_told_in_their_order()
+{
+    QCOMPARE(read(u"make 1 on pin plate drill fast"_s).texts("THING"_L1),
+             QStringList({u"pin"_s, u"plate"_s, u"drill"_s}));
+    QCOMPARE(read(u"make 1 on all fast"_s).texts("THING"_L1), QStringList(u"all"_s));
+    QCOMPARE(read(u"make from a.txt one 'two words'"_s).texts("TEXT"_L1),
+             QStringList({u"one"_s, u"two words"_s}));
+}
+
+void TstCommandArguments::entities_may_be_told_by_number()
+{
+    QCOMPARE(read(u"make 1 on 2 plate"_s).texts("THING"_L1), QStringList({u"pin"_s, u"plate"_s}));
+}
+
+void TstCommandArguments::way_to_write_it_is_told()
+{
+    QCOMPARE(read(u"make 1 on"_s).form(), 0);
+    const CommandArguments arguments = read(u"make from 'my file' x"_s);
+    QCOMPARE(arguments.form(), 1);
+    QCOMPARE(arguments.text("from"_L1), u"my file"_s);
+    QCOMPARE(arguments.number("SIZE"_L1), 0.0);
+}
+
+void TstCommandArguments::words_tell_where_values_are()
+{
+    const CommandArguments arguments = read(u"make 1 on plate pin at 5 6"_s);
+    QCOMPARE(arguments.word("SIZE"_L1), 1);
+    QCOMPARE(arguments.word("THING"_L1, 1), 4);
+    QCOMPARE(arguments.word("at"_L1, 1), 7);
+    QCOMPARE(arguments.word("name"_L1), 8);
+    QCOMPARE(arguments.word("THING"_L1, 2), 8);
+}
+
+void TstCommandArguments::errors_tell_column_and_remedy_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char* name, const QString& line, int column, const QString& message) {
+        QTest::newRow(name) << line << column << message;
+    };
+    row("nothing", u"make"_s, 5, u"expected a size (a number from 1 on), found the end of the line"_s);
+    row("too small", u"make 0.5 on"_s, 6, u"expected a size (a number from 1 on), found \"0.5\""_s);
+    row("not in the range", u"make 1 10 1 on"_s, 8,
+        u"expected A (a whole number from 1 to 9), found \"10\""_s);
+    row("no whole number", u"make 1 1 1.5 on"_s, 10, u"expected B (a whole number), found \"1.5\""_s);
+    row("too large for one", u"make 1 1 99999999999 on"_s, 10,
+        u"expected B (a whole number), found \"99999999999\""_s);
+    row("half a clause", u"make 1 1"_s, 9, u"expected B (a whole number), found the end of the line"_s);
+    row("no choice", u"make 1"_s, 7,
+        u"expected A (a whole number from 1 to 9), \"on\" or \"off\", found the end of the line"_s);
+    row("unknown thing", u"make 1 on plat"_s, 11,
+        u"expected a thing, found \"plat\"; did you mean \"plate\"?"_s);
+    row("no such number", u"make 1 on 4"_s, 11, u"expected a thing, found \"4\""_s);
+    row("twice", u"make 1 on plate pin plate"_s, 21, u"\"plate\" was named already"_s);
+    row("twice, by number", u"make 1 on plate 1"_s, 17, u"\"plate\" was named already"_s);
+    row("all and more", u"make 1 on all plate"_s, 15,
+        u"expected \"at\", \"name\", \"fast\" or the end of the line, found \"plate\""_s);
+    row("keyword twice", u"make 1 on at 1 1 at 2 2"_s, 18,
+        u"expected \"name\", \"fast\" or the end of the line, found \"at\""_s);
+    row("keyword in place of a value", u"make 1 on at 1 fast"_s, 16,
+        u"expected Y (a number from -10 to 10), found \"fast\""_s);
+    row("no direction", u"make 1 on at 0 0.0"_s, 14, u"a direction must not be 0 0 0"_s);
+    row("no name", u"make 1 on name 5x"_s, 16,
+        u"expected a name (a letter, then letters, digits, \"_\", \"-\" and \".\"), found \"5x\""_s);
+    row("name of another", u"make 1 on name pin"_s, 16, u"there is a thing \"pin\" already"_s);
+    row("first of two", u"make 1 on at 99 1 name 5x"_s, 14,
+        u"expected X (a number from -10 to 10), found \"99\""_s);
+    row("value before what is too much", u"make x on fast fast"_s, 6,
+        u"expected a size (a number from 1 on), found \"x\""_s);
+    row("other form", u"make from"_s, 10, u"expected a file, found the end of the line"_s);
+    row("empty file", u"make from '' x"_s, 11, u"expected a file, found \"\""_s);
+    row("no words", u"make from f"_s, 12, u"expected TEXT, found the end of the line"_s);
+}
+
+void TstCommandArguments::errors_tell_column_and_remedy()
+{
+    QFETCH(const QString, line);
+    QFETCH(const int, column);
+    QFETCH(const QString, message);
+    try {
+        read(line);
+        QFAIL("nothing is wrong");
+    } catch (const CommandError& error) {
+        QCOMPARE(error.message(), message);
+        QCOMPARE(error.column(), column);
+    }
+}
+
+void TstCommandArguments::command_that_is_wrong_is_not_performed()
+{
+    QList<double> sizes;
+    mSession->registry.add({.name = u"make"_s,
+                            .perform =
+                                [&](CommandCall& call, const CommandArguments& arguments) {
+                                    sizes << arguments.number("SIZE"_L1);
+                                    call.print(u"made\n"_s);
+                                },
+                            .forms = mForms});
+    QCOMPARE(mSession->interpreter.run(u"make 3 on"_s), CommandInterpreter::Result::Done);
+    QCOMPARE(mSession->take_output(), u"made\n"_s);
+    QCOMPARE(mSession->interpreter.run(u"make 3 up"_s), CommandInterpreter::Result::Failed);
+    QCOMPARE(sizes, QList<double>{3.0});
+    QCOMPARE(
+        mSession->take_errors(),
+        u"ERROR: make: column 8: expected A (a whole number from 1 to 9), \"on\" or \"off\", found \"up\"\n"_s);
+}
+
+void TstCommandArguments::command_needs_a_form_to_be_performed()
+{
+    const auto nothing = [](CommandCall&, const CommandArguments&) {};
+    QCOMPARE(mSession->registry.add({.name = u"a"_s, .perform = nothing}),
+             CommandRegistry::AddResult::NothingToRun);
+    QCOMPARE(mSession->registry.add({.name = u"a"_s, .perform = nothing, .forms = {{}}}),
+             CommandRegistry::AddResult::Added);
+}
+
+// A line made of the declaration is read as it was made, a form gets the same values, completion offers each
+// of its words, and a word that can be nothing is the one that is told.
+void TstCommandArguments::random_lines_are_read_as_they_were_made()
+{
+    QRandomGenerator random(random_seed());
+    mForms.removeLast();
+    mSession->registry.add({.name = u"make"_s, .run = [](CommandCall&) {}, .forms = mForms});
+    const CommandVariables variables;
+    for (int round = 0; round < 2000; ++round) {
+        QStringList words{u"make"_s};
+        const QString size = QString::number(random.bounded(1, 100) / 4.0 + 1);
+        words << size;
+        const bool numbers = random.bounded(2);
+        if (numbers)
+            words << QString::number(random.bounded(1, 10)) << QString::number(random.bounded(-5, 5));
+        const QString state = random.bounded(2) ? u"on"_s : u"off"_s;
+        words << state;
+        QStringList named = things;
+        std::shuffle(named.begin(), named.end(), random);
+        named = named.first(random.bounded(4));
+        words << named;
+        QList<QStringList> clauses;
+        const bool at = random.bounded(2);
+        const bool name = random.bounded(2);
+        const bool fast = random.bounded(2);
+        if (at)
+            clauses << QStringList{u"at"_s, u"-3"_s, QString::number(random.bounded(11))};
+        if (name)
+            clauses << QStringList{u"name"_s, u"base"_s};
+        if (fast)
+            clauses << QStringList{u"fast"_s};
+        std::shuffle(clauses.begin(), clauses.end(), random);
+        for (const QStringList& clause : std::as_const(clauses))
+            words << clause;
+
+        const QString line = words.join(u' ');
+        const CommandArguments arguments = read(line);
+        QCOMPARE(arguments.number("SIZE"_L1), size.toDouble());
+        QCOMPARE(arguments.has("A"_L1), numbers);
+        QCOMPARE(arguments.text("STATE"_L1), state);
+        QCOMPARE(arguments.texts("THING"_L1), named);
+        QCOMPARE(arguments.number("at"_L1), at ? -3.0 : 1.0);
+        QCOMPARE(arguments.text("name"_L1), name ? u"base"_s : QString());
+        QCOMPARE(arguments.has("fast"_L1), fast);
+
+        const auto values = read_values(mForms[0], words.sliced(1));
+        QVERIFY2(values, qPrintable(line));
+        const CommandArguments again = read(command_line(u"make"_s, mForms[0], *values));
+        QCOMPARE(again.texts("THING"_L1), named);
+        QCOMPARE(again.texts("at"_L1), arguments.texts("at"_L1));
+
+        const qsizetype place = random.bounded(1, int(words.size()));
+        const QString before = words.first(place).join(u' ') + u' ';
+        const LineCompletion offered = complete_command(before, before.size(), mSession->registry, variables);
+        const bool word = things.contains(words[place]) || words[place].front().isLower();
+        const bool offers = std::any_of(
+            offered.candidates.begin(), offered.candidates.end(),
+            [&](const LineCompletion::Candidate& candidate) { return candidate.shown == words[place]; });
+        QVERIFY2(offers || !word || words[place] == "base"_L1, qPrintable(before + u"| "_s + words[place]));
+
+        words[place] = u"?!"_s;
+        try {
+            read(words.join(u' '));
+            QFAIL(qPrintable(words.join(u' ')));
+        } catch (const CommandError& error) {
+            QVERIFY2(error.column() == before.size() + 1, qPrintable(words.join(u' ') + error.message()));
+        }
+    }
+}
+
+OSTREL_TEST(TstCommandArguments)
+#include "tst_commandarguments.moc"
