@@ -28,8 +28,8 @@ namespace {
 bool works_without_display(int argc, char** argv)
 {
     return std::any_of(argv + 1, argv + argc, [](const char* word) {
-        return !std::strcmp(word, "--batch") || !std::strcmp(word, "--help") || !std::strcmp(word, "-h") ||
-               !std::strcmp(word, "--version");
+        return !std::strcmp(word, "--batch") || !std::strcmp(word, "--check") ||
+               !std::strcmp(word, "--help") || !std::strcmp(word, "-h") || !std::strcmp(word, "--version");
     });
 }
 
@@ -112,6 +112,7 @@ int main(int argc, char** argv)
     // Before the main window goes to the directory of the last run.
     const QString model = from_here(command_line.file());
     const QString journal = from_here(command_line.journal());
+    const QString check = from_here(command_line.check());
 
     std::optional<SettingsFile> settings;
     if (!command_line.settings().isEmpty())
@@ -121,6 +122,8 @@ int main(int argc, char** argv)
     workbench.add_start_error(settings_error);
     if (!command_line.components())
         workbench.leave_components_out();
+    if (!command_line.check().isEmpty())
+        return workbench.check_batch(check);
     if (command_line.batch_mode())
         return workbench.play_batch(command_line.journal(), model);
     if (!settings)

@@ -23,6 +23,7 @@
 #include "workbench/application/component_manager/component_commands.h"
 #include "workbench/application/console/ConsoleOwner.h"
 #include "workbench/application/console/LineInterpreter.h"
+#include "workbench/application/journals/JournalCheck.h"
 #include "workbench/application/journals/JournalFiles.h"
 #include "workbench/application/playback/JournalPlayer.h"
 #include "workbench/application/python/apply_python_paths.h"
@@ -462,6 +463,10 @@ bool Workbench::load()
         std::make_unique<JournalFiles>(Ostrel::instance()->journal_editor(), [this](const QString& text) {
             report_error(u"ERROR: "_s + text + u'\n');
         });
+    mJournalCheck = std::make_unique<JournalCheck>(
+        Ostrel::instance()->journal_editor(), Fennar::instance().interpreter(),
+        [](const QString& text) { Broker::command << text; },
+        [this](const QString& text) { report_error(text); });
     mKeys = std::make_unique<WindowKeys>(Ostrel::instance());
     mDrops = std::make_unique<FileDrops>(
         Ostrel::instance(), mConsole.get(), [this](const QString& command) { run_panel_command(command); },
@@ -515,6 +520,7 @@ void Workbench::unload()
         mScheme->remove_from_menu(window);
     mDrops.reset();
     mKeys.reset();
+    mJournalCheck.reset();
     mJournalFiles.reset();
     mFrame.unload_gui();
     check_settings();
@@ -565,18 +571,34 @@ void Workbench::play_start(bool opened)
 
 int Workbench::play_batch(const QString& journal, const QString& model)
 {
+    return run_batch([&] {
+        Fennar& fennar = Fennar::instance();
+        if (!model.isEmpty() &&
+            fennar.interpreter().run(u"open "_s + quote_word(model)) != CommandInterpreter::Result::Done) {
+            report_error(not_played(journal));
+            return false;
+        }
+        return play_from_anywhere(fennar.playback(), journal) == Playback::Outcome::Played;
+    });
+}
+
+int Workbench::check_batch(const QString& journal)
+{
+    return run_batch([&] {
+        return Fennar::instance().interpreter().run(u"check "_s + quote_word(journal)) ==
+               CommandInterpreter::Result::Done;
+    });
+}
+
+int Workbench::run_batch(const std::function<bool()>& work)
+{
     OutputRouter::instance().set_fallback([](const QString& text) { print_to(stdout, text); });
     tell_of_start();
     // A script must not change what the user finds at the next start.
     mComponents->set_remembering(false);
     if (mWithComponents)
         mComponents->load_all();
-    Fennar& fennar = Fennar::instance();
-    const bool opened = model.isEmpty() || fennar.interpreter().run(u"open "_s + quote_word(model)) ==
-                                               CommandInterpreter::Result::Done;
-    if (!opened)
-        report_error(not_played(journal));
-    const bool played = opened && play_from_anywhere(fennar.playback(), journal) == Playback::Outcome::Played;
+    const bool done = work();
     mComponents->unload_all();
     PythonRuntime::deliver_output();
     OutputRouter::instance().set_fallback(nullptr);
@@ -584,7 +606,7 @@ int Workbench::play_batch(const QString& journal, const QString& model)
         print_to(stderr, u"ERROR: the output could not be written\n"_s);
         return 1;
     }
-    return mQuitting || played ? 0 : 1;
+    return mQuitting || done ? 0 : 1;
 }
 
 void Workbench::tell_of_start()

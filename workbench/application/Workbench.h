@@ -13,6 +13,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -21,6 +22,7 @@ class ColourScheme;
 class ComponentManager;
 class ConsoleOwner;
 class FileDrops;
+class JournalCheck;
 class JournalFiles;
 class JournalPlayer;
 class LineInterpreter;
@@ -92,6 +94,14 @@ public:
      */
     int play_batch(const QString& journal, const QString& model = {});
 
+    /**
+     * Loads the components and looks for errors in @p journal, a file, without a window and without running
+     * it.
+     *
+     * @return the program's exit status: 0, or 1 if there are errors or it could not be read.
+     */
+    int check_batch(const QString& journal);
+
     /** The console's pages; null while there is no window. */
     ConsoleOwner* console() const { return mConsole.get(); }
     ComponentManager& components() { return *mComponents; }
@@ -103,6 +113,9 @@ private:
     void finish_start();
     void set_up_playback();
     void tell_of_start();
+    /** Does work of a batch run, which tells whether it succeeded, with the components loaded. Returns the
+     * exit status. */
+    int run_batch(const std::function<bool()>& work);
     /** Tells of settings that could not be written, after another try. */
     void check_settings();
     void set_console(OutputHandler* window);
@@ -132,6 +145,7 @@ private:
     std::unique_ptr<JournalPlayer> mPlayer;
     CloseGuard mCloseGuard;
     std::unique_ptr<JournalFiles> mJournalFiles;
+    std::unique_ptr<JournalCheck> mJournalCheck;
     std::unique_ptr<WindowKeys> mKeys;
     std::unique_ptr<FileDrops> mDrops;
     std::unique_ptr<ComponentManager> mComponents;

@@ -876,10 +876,10 @@
     </message>
 </context>
 <context>
-    <name>JournalEditor</name>
+    <name>JournalCheck</name>
     <message>
-        <source>Journal Editor</source>
-        <translation>Journal-Editor</translation>
+        <source>Chec&amp;k</source>
+        <translation>Prü&amp;fen</translation>
     </message>
 </context>
 <context>
@@ -1621,6 +1621,14 @@
     <message>
         <source>Offers the unsaved work that was kept for later.</source>
         <translation>Bietet nicht Gespeichertes an, das für später aufbewahrt wurde.</translation>
+    </message>
+    <message>
+        <source>Check Journal</source>
+        <translation>Journal prüfen</translation>
+    </message>
+    <message>
+        <source>Looks for errors in a journal without running it.</source>
+        <translation>Sucht in einem Journal nach Fehlern, ohne es auszuführen.</translation>
     </message>
 </context>
 <context>

@@ -875,10 +875,10 @@
     </message>
 </context>
 <context>
-    <name>JournalEditor</name>
+    <name>JournalCheck</name>
     <message>
-        <source>Journal Editor</source>
-        <translation>日志脚本编辑器</translation>
+        <source>Chec&amp;k</source>
+        <translation>检查(&amp;K)</translation>
     </message>
 </context>
 <context>
@@ -1620,6 +1620,14 @@
     <message>
         <source>Offers the unsaved work that was kept for later.</source>
         <translation>提供先前保留下来的未保存工作。</translation>
+    </message>
+    <message>
+        <source>Check Journal</source>
+        <translation>检查日志脚本</translation>
+    </message>
+    <message>
+        <source>Looks for errors in a journal without running it.</source>
+        <translation>在不运行日志脚本的情况下查找其中的错误。</translation>
     </message>
 </context>
 <context>

@@ -68,6 +68,7 @@ private slots:
     void help_and_version_need_no_display();
     void missing_display_is_told_in_one_line();
     void wrong_argument_is_told_without_a_display();
+    void check_tells_the_errors_and_runs_nothing();
     void batch_run_reads_a_pipe_data();
     void batch_run_reads_a_pipe();
     void signal_ends_the_program_and_leaves_no_temporary_files_data();
@@ -142,6 +143,23 @@ void TstFennar::wrong_argument_is_told_without_a_display()
     QCOMPARE(wrong.status, QProcess::NormalExit);
     QCOMPARE(wrong.code, 2);
     QVERIFY2(wrong.errors.startsWith("fennar: unknown argument \"--bogus\"\n"_L1), qPrintable(wrong.errors));
+}
+
+void TstFennar::check_tells_the_errors_and_runs_nothing()
+{
+    const QString wrong = write_temp(u"wrong.jou"_s, "echo printed\nset 1x\nsing\n");
+    const QHash<QString, QString> no_display{
+        {u"QT_QPA_PLATFORM"_s, {}}, {u"DISPLAY"_s, {}}, {u"WAYLAND_DISPLAY"_s, {}}};
+    const Run found = run({u"--check"_s, wrong}, no_display);
+    QCOMPARE(found.code, 1);
+    QCOMPARE(found.output, QString());
+    QCOMPARE(found.errors, u"ERROR: %1:2: set: column 5: expected NAME, found \"1x\"\n"
+                           "ERROR: %1:3: sing: column 1: expected a command, found \"sing\"\n"_s.arg(wrong));
+    const QString right = write_temp(u"right.jou"_s, "echo printed\n");
+    const Run none = run({u"--check"_s, right}, no_display);
+    QCOMPARE(none.code, 0);
+    QCOMPARE(none.output, u"No errors were found.\n"_s);
+    QCOMPARE(none.errors, QString());
 }
 
 void TstFennar::batch_run_reads_a_pipe_data()

@@ -28,6 +28,10 @@ CommandLine::CommandLine(const QStringList& words)
             mJournal = words[++i];
         else if (word == "--play"_L1)
             mError = u"--play needs the name of a journal"_s;
+        else if (word == "--check"_L1 && i + 1 < words.size() && !words[i + 1].isEmpty())
+            mCheck = words[++i];
+        else if (word == "--check"_L1)
+            mError = u"--check needs the name of a journal"_s;
         else if (word == "--settings"_L1 && i + 1 < words.size() && !words[i + 1].isEmpty())
             mSettings = words[++i];
         else if (word == "--settings"_L1)
@@ -35,7 +39,10 @@ CommandLine::CommandLine(const QStringList& words)
         else
             mError = u"unknown argument \"%1\""_s.arg(word);
     }
-    if (mError.isEmpty() && mBatch && mJournal.isEmpty() && !mHelp && !mVersion)
+    if (mError.isEmpty() && !mCheck.isEmpty() && (mBatch || !mJournal.isEmpty() || !mFile.isEmpty()))
+        mError = u"--check plays nothing, and goes without --batch, --play and a model"_s;
+    mBatch = mBatch || !mCheck.isEmpty();
+    if (mError.isEmpty() && mBatch && mJournal.isEmpty() && mCheck.isEmpty() && !mHelp && !mVersion)
         mError = u"--batch needs a journal: add --play FILE"_s;
     else if (mError.isEmpty() && !mBatch && mJournal == standard_input)
         mError = u"--play - reads the journal from standard input, which needs --batch"_s;
@@ -62,12 +69,15 @@ CommandLine& CommandLine::of_application()
 QString CommandLine::usage()
 {
     return u"Usage: fennar [--batch] [--no-components] [--settings FILE] [--play FILE] [[--] MODEL]\n"
+           "       fennar [--no-components] [--settings FILE] --check FILE\n"
            "\n"
            "  MODEL        open this model, before anything is played; if that fails, nothing is played;\n"
            "               behind \"--\" its name may begin with a \"-\"\n"
            "  --play FILE  play a journal of commands, or of Python if its name ends in .py\n"
            "  --batch      open no window: play the journal and end, with status 0, or 1 if it failed;\n"
            "               FILE may then be a pipe, or \"-\" for standard input\n"
+           "  --check FILE look for errors in a journal without running it, and end, with status 0 if there\n"
+           "               are none, or 1\n"
            "  --no-components\n"
            "               load no components at the start\n"
            "  --settings FILE\n"

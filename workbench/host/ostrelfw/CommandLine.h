@@ -31,6 +31,8 @@ public:
     bool version() const { return mVersion; }
     /** The journal to play after the start; empty for none. */
     QString journal() const { return mJournal; }
+    /** The journal to look through for errors, with which the program ends; empty for none. */
+    QString check() const { return mCheck; }
     /** The model to open after the start; empty for none. */
     QString file() const { return mFile; }
     /** Whether components are to be loaded at the start. */
@@ -51,6 +53,7 @@ private:
 
     QString mError;
     QString mJournal;
+    QString mCheck;
     QString mSettings;
     QString mFile;
     int mGraphicsState = 0;

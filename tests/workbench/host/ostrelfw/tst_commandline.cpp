@@ -19,6 +19,7 @@ private slots:
     void words_are_read();
     void components_are_loaded_unless_left_out();
     void settings_file_is_read();
+    void journal_to_check_is_read();
     void mistakes_are_named_data();
     void mistakes_are_named();
     void graphics_state_is_kept();
@@ -87,6 +88,17 @@ void TstCommandLine::settings_file_is_read()
     QCOMPARE(line.journal(), u"a.jou"_s);
 }
 
+void TstCommandLine::journal_to_check_is_read()
+{
+    QCOMPARE(CommandLine{QStringList()}.check(), QString());
+    CommandLine line(QStringList{u"--no-components"_s, u"--check"_s, u"a b.jou"_s});
+    QCOMPARE(line.error(), QString());
+    QCOMPARE(line.check(), u"a b.jou"_s);
+    QCOMPARE(line.journal(), QString());
+    // It needs no window.
+    QVERIFY(line.batch_mode());
+}
+
 void TstCommandLine::mistakes_are_named_data()
 {
     QTest::addColumn<QStringList>("words");
@@ -103,6 +115,13 @@ void TstCommandLine::mistakes_are_named_data()
     QTest::newRow("model without a name") << QStringList{QString()} << u"the name of a model file is empty"_s;
     QTest::newRow("batch without a journal")
         << QStringList{u"--batch"_s} << u"--batch needs a journal: add --play FILE"_s;
+    QTest::newRow("check without a name")
+        << QStringList{u"--check"_s} << u"--check needs the name of a journal"_s;
+    const QString alone = u"--check plays nothing, and goes without --batch, --play and a model"_s;
+    QTest::newRow("check and batch") << QStringList{u"--batch"_s, u"--check"_s, u"a.jou"_s} << alone;
+    QTest::newRow("check and play") << QStringList{u"--check"_s, u"a.jou"_s, u"--play"_s, u"b.jou"_s}
+                                    << alone;
+    QTest::newRow("check and a model") << QStringList{u"--check"_s, u"a.jou"_s, u"b.mdl"_s} << alone;
     QTest::newRow("standard input with a window")
         << QStringList{u"--play"_s, u"-"_s}
         << u"--play - reads the journal from standard input, which needs --batch"_s;

@@ -60,7 +60,7 @@ QString what_of(const CommandParameter& parameter, bool another = false)
 class Checker
 {
 public:
-    Checker(const CommandWords& words, const CommandSyntax& form, const CommandEntities& entities)
+    Checker(const CommandWords& words, const CommandSyntax& form, const CommandEntities* entities)
         : mWords(words), mForm(form), mEntities(entities)
     {
         for (qsizetype i = 1; i < words.words.size(); ++i)
@@ -182,7 +182,7 @@ private:
         const QString& text = mTexts[word];
         if (!CommandRegistry::is_name(text) || parameter.reserved.contains(text))
             return expected(word, what_of(parameter));
-        if (mEntities.names(parameter.entity).contains(text))
+        if (mEntities && mEntities->names(parameter.entity).contains(text))
             return message(word, u"there is a %1 \"%2\" already"_s.arg(parameter.entity, text));
         return std::nullopt;
     }
@@ -193,10 +193,10 @@ private:
         QString text = mTexts[word];
         if (all.size() == 1 && parameter.choices.contains(text))
             return std::nullopt;
-        const QStringList names = mEntities.names(parameter.entity);
-        if (!names.contains(text)) {
+        const QStringList names = mEntities ? mEntities->names(parameter.entity) : QStringList();
+        if (mEntities && !names.contains(text)) {
             const std::optional<qint64> number = parameter.by_number ? parse_integer(text) : std::nullopt;
-            const QString named = number ? mEntities.numbered(parameter.entity, *number) : QString();
+            const QString named = number ? mEntities->numbered(parameter.entity, *number) : QString();
             if (named.isEmpty()) {
                 const QString nearest = nearest_name(text, names);
                 return expected(word, what_of(parameter),
@@ -214,7 +214,7 @@ private:
 
     const CommandWords& mWords;
     const CommandSyntax& mForm;
-    const CommandEntities& mEntities;
+    const CommandEntities* const mEntities;
     QStringList mTexts;
     FormReading mReading;
     /** The names of entities that were given by number. */
@@ -226,7 +226,7 @@ private:
 } // namespace
 
 CommandArguments::CommandArguments(const CommandWords& words, const QList<CommandSyntax>& forms,
-                                   const CommandEntities& entities)
+                                   const CommandEntities* entities)
     : mForms(&forms), mCount(words.words.size())
 {
     Q_ASSERT(!forms.isEmpty());

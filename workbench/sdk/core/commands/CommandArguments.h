@@ -31,10 +31,10 @@ public:
      *
      * @param words     the whole line, the command's name being word 0.
      * @param forms     the ways to write the command; at least one. They are kept by reference.
-     * @param entities  what there is to name.
+     * @param entities  what there is to name; null if names are not to be looked up, so that any will do.
      */
     CommandArguments(const CommandWords& words, const QList<CommandSyntax>& forms,
-                     const CommandEntities& entities);
+                     const CommandEntities* entities);
 
     /** Which of the ways to write the command it is, from 0. */
     qsizetype form() const { return mForm; }

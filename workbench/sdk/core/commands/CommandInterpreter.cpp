@@ -157,7 +157,7 @@ void CommandInterpreter::dispatch(Call& call)
     CommandCall command_call(call.words, *this);
     if (call.command->perform)
         call.command->perform(command_call,
-                              CommandArguments(call.words, call.command->forms, mRegistry.entities()));
+                              CommandArguments(call.words, call.command->forms, &mRegistry.entities()));
     else
         call.command->run(command_call);
 }

@@ -6,74 +6,18 @@
 #include "workbench/sdk/core/commands/CommandError.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/Interrupt.h"
+#include "workbench/sdk/core/commands/read_journal_text.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QScopeGuard>
-#include <QStringDecoder>
 
 #include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct Text
-{
-    QString text;
-    /** What is wrong with the file; null if nothing. */
-    QString error;
-};
-
-/** Names the line, so that it can be found and mended. */
-qsizetype first_bad_line(const QByteArray& bytes)
-{
-    qsizetype number = 1;
-    for (const QByteArray& line : bytes.split('\n')) {
-        if (!line.isValidUtf8())
-            break;
-        ++number;
-    }
-    return number;
-}
-
-/** @param shown  what the device is called in messages. */
-Text read_text(QIODevice& device, const QString& shown)
-{
-    const QByteArray bytes = device.readAll();
-    if (const auto* file = qobject_cast<QFileDevice*>(&device); file && file->error() != QFileDevice::NoError)
-        return {{}, u"cannot read %1: %2"_s.arg(shown, file->errorString())};
-
-    if (const qsizetype nul = bytes.indexOf('\0'); nul >= 0)
-        return {{},
-                u"%1 is no text file: it holds a NUL byte on line %2"_s.arg(shown).arg(
-                    bytes.first(nul).count('\n') + 1)};
-    // Stateless, so that a character cut off at the end is an error as well.
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    QString text = decoder.decode(bytes);
-    if (decoder.hasError())
-        return {{}, u"%1 is not UTF-8 on line %2"_s.arg(shown).arg(first_bad_line(bytes))};
-    return {text, {}};
-}
-
-Text read_text(const QString& path)
-{
-    const QString shown = CommandError::shown(path, path.size());
-    const QFileInfo info(path);
-    if (!info.exists())
-        return {{}, u"%1 does not exist"_s.arg(shown)};
-    if (info.isDir())
-        return {{}, u"%1 is a directory"_s.arg(shown)};
-    // A device or a pipe might never end.
-    if (!info.isFile())
-        return {{}, u"%1 is no regular file"_s.arg(shown)};
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {{}, u"cannot read %1: %2"_s.arg(shown, file.errorString())};
-    return read_text(file, shown);
-}
 
 /** Where line @p number begins; the text's size if there is no such line. */
 qsizetype start_of_line(QStringView text, qsizetype number)
@@ -141,7 +85,7 @@ Playback::Outcome Playback::play(const QString& path, qsizetype from)
 {
     if (mDepth >= depth_limit)
         return fail(u"journals are nested deeper than %1"_s.arg(depth_limit));
-    const Text read = read_text(path);
+    const JournalText read = read_journal_text(path);
     if (!read.error.isNull())
         return fail(read.error);
 
@@ -164,7 +108,7 @@ Playback::Outcome Playback::play(const QString& path, qsizetype from)
 
 Playback::Outcome Playback::play_device(QIODevice& device, const QString& name)
 {
-    const Text read = read_text(device, CommandError::shown(name, name.size()));
+    const JournalText read = read_journal_text(device, CommandError::shown(name, name.size()));
     if (!read.error.isNull())
         return fail(read.error);
     return play_text({read.text, name, 1, {}, {}}, name.endsWith(".py"_L1) || is_python(read.text), {});

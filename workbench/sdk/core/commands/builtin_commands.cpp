@@ -3,10 +3,14 @@
 
 #include "workbench/sdk/core/commands/builtin_commands.h"
 
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandError.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Playback.h"
+#include "workbench/sdk/core/commands/check_journal.h"
+#include "workbench/sdk/core/commands/read_journal_text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -128,6 +132,25 @@ void play(CommandCall& call, Playback& playback)
         throw CommandError::reported();
 }
 
+/** "check FILE" */
+void check(CommandCall& call, const CommandArguments& arguments)
+{
+    const QString path = arguments.text("FILE"_L1);
+    const JournalText read = read_journal_text(path);
+    if (!read.error.isEmpty())
+        throw CommandError(read.error);
+    if (path.endsWith(".py"_L1) || Playback::is_python(read.text))
+        throw call.error(1, u"a Python script cannot be checked"_s);
+    CommandInterpreter& interpreter = call.interpreter();
+    const QList<JournalFault> faults =
+        check_journal(read.text, interpreter.registry(), interpreter.variables());
+    for (const JournalFault& fault : faults)
+        interpreter.print_error(u"ERROR: %1:%2: %3\n"_s.arg(path).arg(fault.line).arg(fault.message));
+    if (!faults.isEmpty())
+        throw CommandError::reported();
+    call.print(u"No errors were found.\n"_s);
+}
+
 void quit(CommandCall& call, Playback& playback, const std::function<void()>& ask)
 {
     call.expect_end();
@@ -212,6 +235,20 @@ void register_builtin_commands(CommandInterpreter& interpreter, Playback& playba
                                           .default_value = u"1"_s,
                                           .least = 1,
                                           .most = std::numeric_limits<int>::max()})}}}});
+    add({.name = u"check"_s,
+         .summary = u"Looks for errors in a journal without running it."_s,
+         .help =
+             u"Found are commands that do not exist, and words that do not fit them. Whether names exist is "
+             u"not\n"
+             "looked at, since the journal makes them."_s,
+         .owner = owner,
+         .perform = check,
+         .forms = {{.clauses = {required_value({.name = u"FILE"_s,
+                                                .kind = Kind::InputFile,
+                                                .what = u"a journal"_s,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal"),
+                                                .filters = [] { return journal_filters().first(1); },
+                                                .example = u"example.jou"_s})}}}});
     add({.name = u"quit"_s,
          .summary = u"Ends the application."_s,
          .help = u"A journal in play is stopped."_s,

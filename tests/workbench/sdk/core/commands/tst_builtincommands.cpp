@@ -65,9 +65,9 @@ private slots:
 void TstBuiltinCommands::all_are_registered_under_one_owner()
 {
     BuiltinSession session;
-    QCOMPARE(session.registry.names(),
-             QStringList({u"echo"_s, u"help"_s, u"history"_s, u"note"_s, u"play"_s, u"quit"_s, u"set"_s}));
-    QCOMPARE(session.registry.remove_owner(u"fennari19"_s), 6);
+    QCOMPARE(session.registry.names(), QStringList({u"check"_s, u"echo"_s, u"help"_s, u"history"_s, u"note"_s,
+                                                    u"play"_s, u"quit"_s, u"set"_s}));
+    QCOMPARE(session.registry.remove_owner(u"fennari19"_s), 7);
 }
 
 void TstBuiltinCommands::each_has_usage_and_summary()
@@ -98,7 +98,8 @@ void TstBuiltinCommands::help_lists_commands_with_summaries()
     Playback playback(session.interpreter);
     BuiltinServices services;
     register_builtin_commands(session.interpreter, playback, services);
-    for (const QString& name : {u"echo"_s, u"history"_s, u"note"_s, u"play"_s, u"quit"_s, u"set"_s})
+    for (const QString& name :
+         {u"check"_s, u"echo"_s, u"history"_s, u"note"_s, u"play"_s, u"quit"_s, u"set"_s})
         session.registry.remove(name);
     session.registry.add(
         {u"cylinder"_s, u"cylinder R H"_s, u"Makes a cylinder."_s, {}, {}, [](CommandCall&) {}});

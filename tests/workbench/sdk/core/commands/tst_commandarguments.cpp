@@ -107,7 +107,7 @@ void TstCommandArguments::set_up()
 CommandArguments TstCommandArguments::read(const QString& line)
 {
     mWords = tokenize(line);
-    return CommandArguments(mWords, mForms, mSession->registry.entities());
+    return CommandArguments(mWords, mForms, &mSession->registry.entities());
 }
 
 void TstCommandArguments::values_go_by_keyword_or_name()

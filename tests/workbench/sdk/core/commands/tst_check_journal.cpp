@@ -1,0 +1,179 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "CommandSession.h"
+#include "support/TestCase.h"
+#include "workbench/sdk/core/commands/Playback.h"
+#include "workbench/sdk/core/commands/builtin_commands.h"
+#include "workbench/sdk/core/commands/check_journal.h"
+
+#include <QTest>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+using Kind = CommandParameter::Kind;
+
+class TstCheckJournal : public TestCase
+{
+    Q_OBJECT
+
+protected:
+    void set_up() override;
+    void tear_down() override;
+
+private slots:
+    void faults_are_told_by_line_data();
+    void faults_are_told_by_line();
+    void nothing_runs();
+    void variables_at_the_start_are_known();
+    void command_tells_the_faults_of_a_file();
+    void command_tells_that_there_are_none();
+    void file_that_is_no_journal_is_told_data();
+    void file_that_is_no_journal_is_told();
+
+private:
+    /** "LINE: MESSAGE" of each fault. */
+    QStringList faults(const QString& text);
+
+    std::unique_ptr<CommandSession> mSession;
+    std::unique_ptr<Playback> mPlayback;
+    BuiltinServices mServices;
+    int mRuns = 0;
+};
+
+void TstCheckJournal::set_up()
+{
+    mRuns = 0;
+    mSession = std::make_unique<CommandSession>();
+    mPlayback = std::make_unique<Playback>(mSession->interpreter);
+    register_builtin_commands(mSession->interpreter, *mPlayback, mServices);
+    mSession->registry.add(
+        {.name = u"ball"_s,
+         .perform = [this](CommandCall&, const CommandArguments&) { ++mRuns; },
+         .forms = {
+             {.clauses = {required_value({.name = u"RADIUS"_s, .kind = Kind::Number, .least = 1}),
+                          {.keyword = u"name"_s,
+                           .parameters = {{.name = u"NAME"_s, .kind = Kind::NewName, .entity = u"command"_s}},
+                           .optional = true}}}}});
+    mSession->registry.add(
+        {.name = u"roll"_s,
+         .run = [this](CommandCall&) { ++mRuns; },
+         .forms = {
+             {.clauses = {required_value(
+                  {.name = u"BALL"_s, .kind = Kind::Entity, .entity = u"ball"_s, .repeated = true})}}}});
+    mSession->registry.add({.name = u"old"_s, .usage = u"old ANYTHING"_s, .run = [](CommandCall&) {}});
+}
+
+void TstCheckJournal::tear_down()
+{
+    mPlayback.reset();
+    mSession.reset();
+}
+
+QStringList TstCheckJournal::faults(const QString& text)
+{
+    QStringList found;
+    for (const JournalFault& fault :
+         check_journal(text, mSession->registry, mSession->interpreter.variables()))
+        found << u"%1: %2"_s.arg(fault.line).arg(fault.message);
+    return found;
+}
+
+void TstCheckJournal::faults_are_told_by_line_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("expected");
+    const auto row = [](const char* name, const QString& text, const QStringList& expected) {
+        QTest::newRow(name) << text << expected;
+    };
+    const QString radius = u"expected RADIUS (a number from 1 on), found "_s;
+    row("empty", {}, {});
+    row("all right", u"# a comment\n\nball 5 name b\r\nroll b # it\n"_s, {});
+    row("each wrong line", u"ball\nball 2\nball x"_s,
+        {u"1: ball: column 5: "_s + radius + u"the end of the line"_s,
+         u"3: ball: column 6: "_s + radius + u"\"x\""_s});
+    row("no such command", u"\nbal 2\n"_s,
+        {u"2: bal: column 1: expected a command, found \"bal\"; did you mean \"ball\"?"_s});
+    row("command that reads its words itself", u"roll\n"_s,
+        {u"1: roll: column 5: expected BALL, found the end of the line"_s});
+    row("command without a description", u"old 1 2 3\n"_s, {});
+    row("names are not looked up", u"roll nobody 7\nball 1 name ball\nball 1 name ball\n"_s, {});
+    row("what is no name", u"ball 1 name 5x\n"_s,
+        {u"1: ball: column 13: expected NAME (a letter, then letters, digits, \"_\", \"-\" and \".\"), found \"5x\""_s});
+    row("quotes", u"ball 'x\nball 1\n"_s,
+        {u"1: ball: column 6: expected a closing single quote, found the end of the line"_s});
+    row("continued", u"ball \\\n  1 name \\\n  b c\n"_s,
+        {u"3: ball: column 5: expected the end of the line, found \"c\""_s});
+    row("last line is continued", u"ball 1 \\\n"_s,
+        {u"1: column 8: expected another line behind the backslash, found the end of the text"_s});
+    row("variables are followed", u"set r 5\nball $r\nset r x\nball $r\n"_s,
+        {u"4: ball: column 6: "_s + radius + u"\"x\""_s});
+    row("unknown variable", u"ball $r\n"_s, {u"1: ball: column 6: unknown variable \"r\""_s});
+    row("others may set variables", u"play other.jou\nball $r\nball x\n"_s,
+        {u"3: ball: column 6: "_s + radius + u"\"x\""_s});
+}
+
+void TstCheckJournal::faults_are_told_by_line()
+{
+    QFETCH(const QString, text);
+    QTEST(faults(text), "expected");
+}
+
+void TstCheckJournal::nothing_runs()
+{
+    QCOMPARE(faults(u"ball 1\nroll b\nset q 1\n"_s), QStringList());
+    QCOMPARE(mRuns, 0);
+    QVERIFY(!mSession->interpreter.variables().value(u"q"_s));
+}
+
+void TstCheckJournal::variables_at_the_start_are_known()
+{
+    mSession->interpreter.run(u"set r 7"_s);
+    QCOMPARE(faults(u"ball $r\n"_s), QStringList());
+}
+
+void TstCheckJournal::command_tells_the_faults_of_a_file()
+{
+    const QString file = write_temp(u"part.jou"_s, "ball 1\nball\n\nroll\n");
+    QCOMPARE(mSession->interpreter.run(u"check "_s + quote_word(file)), CommandInterpreter::Result::Failed);
+    QCOMPARE(mSession->take_errors(),
+             u"ERROR: %1:2: ball: column 5: expected RADIUS (a number from 1 on), found the end of the line\n"
+             "ERROR: %1:4: roll: column 5: expected BALL, found the end of the line\n"_s.arg(file));
+    QCOMPARE(mRuns, 0);
+}
+
+void TstCheckJournal::command_tells_that_there_are_none()
+{
+    const QString file = write_temp(u"part.jou"_s, "ball 1\n");
+    QCOMPARE(mSession->interpreter.run(u"check "_s + quote_word(file)), CommandInterpreter::Result::Done);
+    QCOMPARE(mSession->take_output(), u"No errors were found.\n"_s);
+}
+
+void TstCheckJournal::file_that_is_no_journal_is_told_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("python by name") << u"a.py"_s << QByteArray("x = 1\n")
+                                    << u"a Python script cannot be checked"_s;
+    QTest::newRow("python by its first line")
+        << u"a.jou"_s << QByteArray("#!python\n") << u"a Python script cannot be checked"_s;
+    QTest::newRow("binary") << u"a.jou"_s << QByteArray("a\0b", 3) << u"is no text file"_s;
+    QTest::newRow("not UTF-8") << u"a.jou"_s << QByteArray("ball 1\n\xff\n") << u"is not UTF-8 on line 2"_s;
+    QTest::newRow("missing") << u""_s << QByteArray() << u"does not exist"_s;
+}
+
+void TstCheckJournal::file_that_is_no_journal_is_told()
+{
+    QFETCH(const QString, name);
+    QFETCH(const QByteArray, content);
+    QFETCH(const QString, message);
+    const QString file = name.isEmpty() ? temp_path(u"missing.jou"_s) : write_temp(name, content);
+    QCOMPARE(mSession->interpreter.run(u"check "_s + quote_word(file)), CommandInterpreter::Result::Failed);
+    const QString errors = mSession->take_errors();
+    QVERIFY2(errors.startsWith("ERROR: check: "_L1) && errors.contains(message), qPrintable(errors));
+}
+
+OSTREL_TEST(TstCheckJournal)
+#include "tst_check_journal.moc"

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/sdk/core/commands/CommandVariables.h"
+#include "workbench/sdk/core/export.h"
+
+#include <QList>
+#include <QString>
+
+class CommandRegistry;
+
+/** What is wrong with a line of a journal. */
+struct JournalFault
+{
+    /** The line, from 1: of several that are continued the one with the fault. */
+    qsizetype line = 0;
+    /** As the error of a run has it behind the place, as "brick: column 7: expected a width, found ...". */
+    QString message;
+};
+
+/**
+ * What is wrong in a text of commands, as far as can be seen without running any: commands that do not exist,
+ * and words that do not fit what their command declares.
+ *
+ * Whether names exist is not looked at, since the lines ahead make and delete them. Variables have the values
+ * that the lines ahead set. Behind a line that plays another journal, or runs Python, which may set others, a
+ * line with a variable that is not known is passed over. Journals that are played are not looked into.
+ *
+ * @param variables  those that are set when the journal begins.
+ * @return in the order of the lines, one for each command that is wrong.
+ */
+FENNAR_CORE_EXPORT QList<JournalFault> check_journal(const QString& text, const CommandRegistry& registry,
+                                                     CommandVariables variables);
