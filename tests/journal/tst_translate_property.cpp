@@ -194,8 +194,9 @@ void TstTranslateProperty::replacing_backwards_is_what_one_match_after_the_other
         const size_t count = replace_backwards(found, begin, end, from, to);
         std::string expected = before;
         const size_t expected_count = literally_replace_backwards(expected, begin, end, from, to);
-        const auto text = QString::fromStdString(before + " from " + from + " to " + to) +
-                          u", %1 to %2"_s.arg(begin).arg(end);
+        const auto text = u"%1 from %2 to %3, %4 to %5"_s.arg(
+            QString::fromStdString(before), QString::fromStdString(from), QString::fromStdString(to),
+            QString::number(begin), QString::number(end));
         QVERIFY2(found == expected && count == expected_count, qPrintable(text));
         replaced += count > 0;
         started_over += begin == 0 && before.starts_with(from) && end < before.size();

@@ -27,7 +27,6 @@
 #include <QMetaMethod>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <utility>

@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QDockWidget>
 #include <QPointer>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include <functional>
