@@ -305,8 +305,8 @@ void Monkey::play_any(const QString& by)
 
 void Monkey::play(const Act& act, const QString& by)
 {
-    const QString line =
-        QString(2 * mDepth, u' ') + (by.isEmpty() ? QString() : by + u" -> "_s) + QString::fromUtf8(act.name);
+    const QString line = QString(2 * qsizetype{mDepth}, u' ') + (by.isEmpty() ? QString() : by + u" -> "_s) +
+                         QString::fromUtf8(act.name);
     mTrail << line;
     if (qEnvironmentVariableIsSet("OSTREL_TEST_TRACE"))
         std::fprintf(stderr, "%s\n", qPrintable(line));

@@ -53,8 +53,7 @@ public:
     template <class List>
     typename List::value_type one_of(const List& list)
     {
-        return list.empty() ? typename List::value_type()
-                            : list[static_cast<std::size_t>(below(std::ssize(list)))];
+        return list.empty() ? typename List::value_type() : *(list.begin() + below(std::ssize(list)));
     }
     Component& component() { return mWorld.components.at(static_cast<std::size_t>(below(3))); }
     World& world() { return mWorld; }

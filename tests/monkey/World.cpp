@@ -94,7 +94,8 @@ void World::leave(Component& component)
     if (Ostrel* const own_window = window())
         own_window->journal_editor()->remove_import_items(component.name);
     forget_rows(component.name);
-    for (const QString& path : component.option_pages.keys()) {
+    const QStringList paths = component.option_pages.keys();
+    for (const QString& path : paths) {
         if (Ostrel* const own_window = window())
             own_window->options()->remove_panel(path);
         Busy::let_go(component.option_pages.take(path));
