@@ -23,7 +23,8 @@ if(OSTREL_CCACHE)
         CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${OSTREL_CCACHE})
 endif()
 
-# The links of a whole build take 30 seconds with the usual linker and 5 with this one.
+# The 76 links of a release build, with all else built, took `ninja -j2` 24 seconds with the usual linker and 4 with this one,
+# measured on two cores that were not idle.
 find_program(OSTREL_MOLD mold)
 if(OSTREL_MOLD)
     add_link_options(-fuse-ld=mold)
