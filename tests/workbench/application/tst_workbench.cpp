@@ -895,7 +895,7 @@ void TstWorkbench::journal_is_played_once_the_model_is_open()
 
 void TstWorkbench::tab_completes_commands_and_files()
 {
-    const QString path = write_temp(u"my journal.jou"_s, "echo completed\n");
+    write_temp(u"my journal.jou"_s, "echo completed\n");
     QTest::keyClicks(page(), u"pla"_s);
     QTest::keyClick(page(), Qt::Key_Tab);
     QCOMPARE(page()->currentCommand(), u"play "_s);

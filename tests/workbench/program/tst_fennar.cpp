@@ -471,8 +471,8 @@ void TstFennar::batch_run_tells_the_line_that_fails()
 
 void TstFennar::batch_run_tells_the_way_to_a_line_that_fails()
 {
-    const QString inner = write(u"inner.jou"_s, "echo one\nnonsense\n");
-    const QString outer = write(u"outer.jou"_s, "echo zero\nplay inner.jou\necho never\n");
+    write(u"inner.jou"_s, "echo one\nnonsense\n");
+    write(u"outer.jou"_s, "echo zero\nplay inner.jou\necho never\n");
     const Run bad =
         run({u"--batch"_s, u"--play"_s, u"outer.jou"_s}, {}, QStringLiteral(FENNAR), mDirectory->path());
     QCOMPARE(bad.code, 1);

@@ -59,6 +59,11 @@ private slots:
 
 private:
     QString path(const QString& name) const { return mDirectory->filePath(name); }
+    void store(const QString& key, const QVariant& value) const
+    {
+        QSettings settings(path(u"my.ini"_s), QSettings::IniFormat);
+        settings.setValue(key, value);
+    }
     QVariant stored(const QString& key) const
     {
         return QSettings(path(u"my.ini"_s), QSettings::IniFormat).value(key);
@@ -189,7 +194,7 @@ void TstFennarOptions::options_that_are_saved_are_in_force_at_the_next_start()
 
     const QString target = path(u"target"_s);
     QVERIFY(QDir().mkpath(target));
-    QSettings(path(u"my.ini"_s), QSettings::IniFormat).setValue(u"ostrelgui/ostrel/workingdir"_s, target);
+    store(u"ostrelgui/ostrel/workingdir"_s, target);
     start();
     if (QTest::currentTestFailed())
         return;

@@ -66,7 +66,8 @@ private:
     Run run(const QStringList& arguments, const QString& component_path = {}) const;
     void set(const QString& key, const QVariant& value) const
     {
-        QSettings(path(u"my.ini"_s), QSettings::IniFormat).setValue(key, value);
+        QSettings settings(path(u"my.ini"_s), QSettings::IniFormat);
+        settings.setValue(key, value);
     }
     QVariant stored(const QString& key) const
     {

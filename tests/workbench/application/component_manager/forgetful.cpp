@@ -105,6 +105,7 @@ void add_to_window(Ostrel* window)
     std::vector<QAction*> joined{action(u"left button"_s)};
     window->add_to_toolbar("FileTools", {}, joined, owner, Qt::TopToolBarArea);
     std::vector<QAction*> own;
+    own.reserve(6);
     for (int i = 0; i < 6; ++i)
         own.push_back(action(u"left button %1"_s.arg(i)));
     window->add_to_toolbar("LeftTools", u"Left Tools"_s, own, owner, Qt::TopToolBarArea);

@@ -194,7 +194,8 @@ QList<QAction*> TstModelFiles::recent_actions()
             menu = candidate;
     }
     for (QAction* candidate : menu->actions()) {
-        if (candidate->text().startsWith(u'&') && candidate->text().mid(1, 1).toInt() > 0)
+        const QString text = candidate->text();
+        if (text.startsWith(u'&') && QStringView(text).mid(1, 1).toInt() > 0)
             result << candidate;
     }
     return result;
@@ -586,14 +587,14 @@ void TstModelFiles::name_without_its_ending_replaces_no_file_unasked()
     type(u"brick 3"_s);
     DialogDriver driver;
     driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, path(u"b"_s)); });
-    QString question;
+    QString asked;
     driver.expect<QMessageBox>([&](QMessageBox* box) {
-        question = box->text();
+        asked = box->text();
         press(replaces ? QDialogButtonBox::Yes : QDialogButtonBox::No)(box);
     });
     action(u"mFileSaveAsAction"_s)->trigger();
     QVERIFY(driver.finish());
-    QCOMPARE(question, u"b.mdl already exists.\nDo you want to replace it?"_s);
+    QCOMPARE(asked, u"b.mdl already exists.\nDo you want to replace it?"_s);
     QVERIFY(other.open(QIODevice::ReadOnly));
     QCOMPARE(other.readAll() == "precious", !replaces);
     QCOMPARE(is_modified(), !replaces);

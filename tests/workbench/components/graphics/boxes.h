@@ -20,7 +20,7 @@ inline std::shared_ptr<SceneShape> make_box(const Point3& centre, const Point3& 
                          float((z ? 0.5 : -0.5) * size.z));
     };
     const auto face = [&shape](const std::array<QVector3D, 4>& corners, const QVector3D& normal) {
-        for (const std::size_t i : {0, 1, 2, 0, 2, 3}) {
+        for (const std::size_t i : {0U, 1U, 2U, 0U, 2U, 3U}) {
             shape->corners.push_back(corners[i]);
             shape->normals.push_back(normal);
         }

@@ -165,7 +165,8 @@ TstFennarRecovery::Report TstFennarRecovery::read_report(const QString& file)
     }
     const QJsonObject all = QJsonDocument::fromJson(reader.readAll()).object();
     Report report;
-    for (const QJsonValue one : all.value("documents"_L1).toArray()) {
+    const QJsonArray documents = all.value("documents"_L1).toArray();
+    for (const auto& one : documents) {
         report.texts << one["text"_L1].toString().replace(QChar::ParagraphSeparator, u'\n');
         report.labels << one["label"_L1].toString();
         report.all_modified = report.all_modified && one["modified"_L1].toBool();

@@ -237,7 +237,7 @@ private slots:
         const QJsonObject found = QJsonDocument::fromJson(result.output.toUtf8()).object();
         const QJsonArray path = found[u"path"].toArray();
         QVERIFY(!path.isEmpty());
-        for (const QJsonValue& entry : path) {
+        for (const auto& entry : path) {
             const QString folder = entry.toString();
             QVERIFY2(folder.startsWith(u"/usr/"_s), qPrintable(folder));
         }

@@ -22,8 +22,8 @@ void append_tree(QStringList& lines, const QAbstractItemModel& model, const QMod
     constexpr QLatin1StringView kinds[] = {"page"_L1, "group"_L1, "command"_L1};
     for (int row = 0; row < model.rowCount(parent); ++row) {
         const QModelIndex index = model.index(row, 0, parent);
-        QString line = QString(2 * depth, u' ') + kinds[index.data(NavigationRole::Kind).toInt()] + u' ' +
-                       index.data().toString();
+        QString line = QString(2 * qsizetype{depth}, u' ') + kinds[index.data(NavigationRole::Kind).toInt()] +
+                       u' ' + index.data().toString();
         if (const QVariant command = index.data(NavigationRole::Command); command.isValid())
             line += u" ["_s + command.toString() + u']';
         lines << line;

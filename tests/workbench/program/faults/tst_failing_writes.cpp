@@ -91,7 +91,6 @@ void TstFailingWrites::saved_model_is_the_old_or_the_new_one()
 {
     QFETCH(const bool, temporary);
     const QString file = make(u"part.mdl"_s, "old");
-    QString told;
     const auto save = [&file]() -> QString {
         // Anew each time, or the shapes that were written once are known.
         GeometryModel model;

@@ -213,8 +213,8 @@ QStringList clipped_texts(const QWidget* window)
 {
     QStringList clipped;
     const auto tell = [&clipped](const QWidget* widget, const QString& text, int room, int wanted) {
-        clipped
-            << u"%1: \"%2\" has %3 of %4 pixels"_s.arg(place_of(widget, "")).arg(text).arg(room).arg(wanted);
+        clipped << u"%1: \"%2\" has %3 of %4 pixels"_s.arg(place_of(widget, ""), text, QString::number(room),
+                                                           QString::number(wanted));
     };
     const auto compare = [&tell](const QWidget* widget, const QString& text, int room) {
         const int wanted = widget->fontMetrics().size(Qt::TextShowMnemonic, text).width();

@@ -603,7 +603,7 @@ void TstFileCommands::damaged_files_change_nothing()
     QByteArray content = name.endsWith(u"igs") ? iges_box(1, 2, 3, 2, "MM") : exported(name);
     QVERIFY(content.size() > 200);
     QByteArray junk;
-    for (int i = 0; i < 5000; ++i)
+    for (unsigned i = 0; i < 5000; ++i)
         junk += char((i * 2654435761U) >> 13);
     if (damage == u"empty")
         content.clear();

@@ -117,7 +117,7 @@ void TstRunMesher::cube_is_meshed()
     // The eight corners, and twelve edges of four elements each.
     QCOMPARE(count(*mesh, 0), 8);
     QCOMPARE(count(*mesh, 1), 12 * 4);
-    QVERIFY(count(*mesh, 2) >= 6 * 2 * 16 && count(*mesh, 2) < 6 * 60);
+    QVERIFY(count(*mesh, 2) >= 6LL * 2 * 16 && count(*mesh, 2) < 6LL * 60);
     QVERIFY(count(*mesh, 3) > 100 && count(*mesh, 3) < 2000);
     QVERIFY(mesh->nodes > 8 + 12 * 3);
     QVERIFY(mesh->msh.startsWith("$MeshFormat\n4"));
