@@ -193,6 +193,51 @@ class Tidy(unittest.TestCase):
         self.write("log", "")
         self.assertEqual(self.looked_at("tests", cwd=self.root), ["tests/frame/tst_box.cpp"])
 
+    def test_of_many_sources_those_that_changed_last_are_looked_at(self):
+        self.git("tag", "v1")
+        self.commit("tests/frame/tst_box.cpp")
+        self.commit("frame/Box.h")
+        self.commit("README.md")
+        self.commit("menus/Menu.cpp")
+        for count, sources in ((1, ["menus/Menu.cpp"]), (2, ["frame/Box.cpp", "menus/Menu.cpp"]), (3, SOURCES), (4, SOURCES)):
+            with self.subTest(count):
+                self.write("log", "")
+                self.assertEqual(self.looked_at("--at-most", str(count)), sources)
+        self.assertIn("\n3 sources; only the 2 that changed last are looked at\n", self.tidy("--at-most", "2").stdout)
+        self.assertIn("\n3 sources\n", self.tidy("--at-most", "3").stdout)
+
+    def test_what_is_not_committed_changed_last(self):
+        self.git("tag", "v1")
+        self.commit("frame/Box.cpp")
+        self.commit("menus/Menu.cpp")
+        self.change("tests/frame/boxes.h")
+        self.assertEqual(self.looked_at("--at-most", "1"), ["tests/frame/tst_box.cpp"])
+
+    def test_what_a_merge_brings_changed_with_it(self):
+        self.git("tag", "v1")
+        self.git("checkout", "-b", "work")
+        self.commit("menus/Menu.cpp")
+        self.git("checkout", "main")
+        self.commit("frame/Box.cpp")
+        self.git("merge", "--no-ff", "--message", "merge", "work")
+        self.assertEqual(self.looked_at("--at-most", "1"), ["menus/Menu.cpp"])
+
+    def test_branch_counts_from_where_it_left_main_with_a_bound_too(self):
+        self.git("checkout", "-b", "work")
+        self.commit("frame/Box.cpp")
+        self.assertEqual(self.looked_at("--at-most", "2"), ["frame/Box.cpp"])
+
+    def test_revision_may_be_given_with_a_bound(self):
+        self.commit("frame/Box.cpp")
+        self.commit("menus/Menu.cpp")
+        self.assertEqual(self.looked_at("--at-most", "2", "HEAD~1"), ["menus/Menu.cpp"])
+
+    def test_main_without_a_tag_counts_as_much_of_the_tree_as_the_bound_allows(self):
+        self.commit("menus/Menu.cpp")
+        self.commit("frame/Box.cpp")
+        self.git("checkout", "--detach")
+        self.assertEqual(self.looked_at("--at-most", "2"), ["frame/Box.cpp", "menus/Menu.cpp"])
+
     # --- Where it cannot be told what has changed
 
     def assert_nothing_is_looked_at(self, why, tidy):
@@ -224,7 +269,10 @@ class Tidy(unittest.TestCase):
         self.commit("menus/Menu.cpp")
         self.commit("frame/Box.cpp")
         self.make_shallow(2)
-        self.assertEqual(self.looked_at(), ["frame/Box.cpp"])
+        for bound in ((), ("--at-most", "3")):
+            with self.subTest(bound):
+                self.write("log", "")
+                self.assertEqual(self.looked_at(*bound), ["frame/Box.cpp"])
 
     # --- What comes of it
 
@@ -279,7 +327,9 @@ class Tidy(unittest.TestCase):
         self.assertEqual(tidy.stdout, "tools/tidy: nothing is looked at; it takes clang-tidy 14, here is 19.1.7\n")
 
     def test_without_a_build_or_with_wrong_words_it_cannot_look(self):
-        for arguments in (("--everything",), ("main", "HEAD"), ("no-such-revision",), (self.root, "HEAD"), (self.root, "--all")):
+        for arguments in (("--everything",), ("main", "HEAD"), ("no-such-revision",), (self.root, "HEAD"), (self.root, "--all"),
+                          ("--at-most",), ("--at-most", "0"), ("--at-most", "many"), ("--at-most", "1", "--all"),
+                          ("--at-most", "1", self.root)):
             self.assertEqual(self.tidy(*arguments).returncode, 2)
         shutil.rmtree(os.path.join(self.root, "build"))
         self.assertEqual(self.tidy("--all").returncode, 2)
