@@ -16,6 +16,7 @@ function(ostrelgui_add_component name)
     target_link_libraries(${name} PRIVATE
         OstrelGui::ostrelgui     # the main window
         OstrelGui::fennar_core   # the registry of commands
+        OstrelGui::fennar_component  # the context
         OstrelGui::ostrelfw      # the framework's text stream and trackers
         ${arg_LIBRARIES})
     target_compile_features(${name} PRIVATE cxx_std_20)

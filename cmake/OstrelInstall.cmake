@@ -56,14 +56,14 @@ set(exported_targets ostrelgui)
 
 if(OSTREL_BUILD_WORKBENCH)
     # What components and hosts need of the workbench.
-    foreach(header sdk/component/component.h sdk/core/commands/Fennar.h sdk/core/commands/CommandCall.h
+    foreach(header sdk/component/component.h sdk/component/ComponentContext.h sdk/core/commands/Fennar.h sdk/core/commands/CommandCall.h
             sdk/core/commands/CommandError.h sdk/core/commands/Interrupt.h sdk/core/files/FormatRegistry.h
             sdk/core/scene/Scene.h
             host/fennar_python/PythonRuntime.h host/fennar_python/make_python_interpreter.h
             host/ostrelfw/FrameworkInterpreters.h host/ostrelfw/HostMediator.h)
         ostrel_collect_headers(public_headers workbench/${header})
     endforeach()
-    list(APPEND exported_targets fennar_core fennar_util fennari19 fennar_python navigation ostrelfw)
+    list(APPEND exported_targets fennar_core fennar_component fennar_util fennari19 fennar_python navigation ostrelfw)
 
     # The program reads its navigation files and finds its components in the folder that it lies in; these are installed where
     # they are declared. Folders are no use in a directory of commands, so it has one of its own, and what is there is a link

@@ -113,7 +113,8 @@ class InstalledProgram(unittest.TestCase):
         interface = ".".join(version.split(".")[:2])
         files = glob.glob(os.path.join(libraries, "*.so"))
         self.assertEqual({os.path.basename(file) for file in files},
-                         {"libostrelgui.so", "libostrelfw.so", "libfennar_core.so", "libfennar_navigation.so", "libfennar_python.so",
+                         {"libostrelgui.so", "libostrelfw.so", "libfennar_component.so", "libfennar_core.so",
+                          "libfennar_navigation.so", "libfennar_python.so",
                           "libfennar_util.so", "libfennari19.so"})
         for file in files:
             self.assertIn(f"soname: [{os.path.basename(file)}.{interface}]", run("readelf", "-d", file))

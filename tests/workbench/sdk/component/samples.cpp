@@ -1,0 +1,258 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "samples.h"
+
+#include "console/CommandWindow.h"
+#include "files/OstrelFileMenu.h"
+#include "frame/Ostrel.h"
+#include "host/ostrelfw/ComponentTracker.h"
+#include "hostdouble/HostDouble.h"
+#include "journal/JournalEditor.h"
+#include "menus/HelpAboutOstrel.h"
+#include "menus/OstrelHelpMenu.h"
+#include "options/OptionsPanel.h"
+#include "support/describe_window.h"
+#include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/files/FormatRegistry.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QDockWidget>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QTabWidget>
+#include <QTreeWidget>
+
+using namespace Qt::StringLiterals;
+using fennar::ComponentContext;
+using fennar::FixedMenu;
+using fennar::OptionsPage;
+
+Command command(const QString& name)
+{
+    return {.name = name, .usage = name, .run = [](CommandCall&) {}};
+}
+
+FileFormat format(const QString& name)
+{
+    return {name, {name.toLower()}, {}, {}, [](const Surface&) { return QByteArray(); }};
+}
+
+UnsavedWork work(const QString& kind)
+{
+    return {kind,
+            {},
+            [] { return std::nullopt; },
+            [] { return QString(); },
+            [] { return QByteArrayList(); },
+            [](const QByteArray&, const QString&) { return QString(); }};
+}
+
+namespace {
+
+std::vector<QAction*> four_actions(ComponentContext& context)
+{
+    std::vector<QAction*> actions;
+    for (const QString& text : {u"One"_s, u"Two"_s, u"Three"_s, u"Four"_s})
+        actions.push_back(context.make_action(text, nullptr));
+    return actions;
+}
+
+void describe_options(const QTreeWidgetItem* item, const QString& above, QStringList& rows)
+{
+    for (int i = 0; i < item->childCount(); ++i) {
+        rows << u"options "_s + above + item->child(i)->text(0);
+        describe_options(item->child(i), above + item->child(i)->text(0) + u'/', rows);
+    }
+}
+
+/** Where separators count, too. */
+QStringList describe_all()
+{
+    Fennar& fennar = Fennar::instance();
+    QStringList rows = fennar.registry().names() + fennar.registry().entities().kinds();
+    for (const auto& one : FormatRegistry::instance().formats())
+        rows << u"format "_s + one->name;
+    for (const UnsavedWork& one : UnsavedWorks::instance().works())
+        rows << u"work "_s + one.kind;
+    rows << u"trackers %1"_s.arg(HostDouble::instance().trackers.size());
+    Ostrel* const window = Ostrel::instance();
+    if (!window)
+        return rows;
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    rows += describe_window(*window) + describe_window(*window->journal_editor());
+    for (const QAction* action : window->journal_editor()->actions())
+        rows << u"editor "_s + action->text();
+    const auto* options = window->options()->findChild<QTreeWidget*>(u"mOptionList"_s);
+    describe_options(options->invisibleRootItem(), {}, rows);
+    rows << u"option pages %1"_s.arg(
+        window->options()->findChild<QStackedWidget*>(u"mOptionStack"_s)->count());
+    const auto* tabs = window->findChild<QTabWidget*>(u"mCommandTab"_s);
+    for (int i = 0; i < tabs->count(); ++i)
+        rows << u"tab "_s + tabs->tabText(i);
+    rows << (window->graphics_widget() ? u"graphics"_s : u"no graphics"_s);
+    const auto labels = window->help_menu()->get_help_about_dialog()->findChildren<QLabel*>();
+    rows << u"about %1"_s.arg(labels.size());
+    QString formats;
+    window->file_menu()->get_import_filters(formats);
+    window->file_menu()->get_export_filters(formats);
+    rows << u"formats "_s + formats;
+    rows << (window->file_menu()->get_open_save_handler() ? u"handler"_s : u"no handler"_s);
+    return rows;
+}
+
+Files files;
+ComponentTracker tracker;
+
+const std::vector<Addition> all_additions = {
+    {"command",
+     [](ComponentContext& context) -> QObject* {
+         context.add_command(command(u"sample-command"_s));
+         return nullptr;
+     },
+     false, false},
+    {"commands",
+     [](ComponentContext& context) -> QObject* {
+         context.add_commands([](CommandRegistry& registry) {
+             Command one = command(u"sample-one"_s);
+             one.owner = owner;
+             registry.entities().offer(u"sample thing"_s, owner, [] { return QStringList(); });
+             return registry.add(one) == CommandRegistry::AddResult::Added;
+         });
+         return nullptr;
+     },
+     false, false},
+    {"entities",
+     [](ComponentContext& context) -> QObject* {
+         context.offer_entities(u"sample"_s, [] { return QStringList{u"a"_s}; });
+         return nullptr;
+     },
+     false, false},
+    {"format",
+     [](ComponentContext& context) -> QObject* {
+         context.add_format(format(u"SAMPLE"_s));
+         return nullptr;
+     },
+     false, false},
+    {"unsaved work",
+     [](ComponentContext& context) -> QObject* {
+         context.add_unsaved_work(work(u"sample"_s));
+         return nullptr;
+     },
+     false, false},
+    {"tracker",
+     [](ComponentContext& context) -> QObject* {
+         context.add_tracker(tracker);
+         return nullptr;
+     },
+     false, false},
+    {"import",
+     [](ComponentContext& context) -> QObject* {
+         context.add_import(std::make_unique<Handler>(u"Sample (*.sample)"_s));
+         return nullptr;
+     },
+     true, false},
+    {"export",
+     [](ComponentContext& context) -> QObject* {
+         context.add_export(std::make_unique<Handler>(u"Sample (*.sample)"_s));
+         return nullptr;
+     },
+     true, false},
+    {"open/save handler",
+     [](ComponentContext& context) -> QObject* {
+         context.set_open_save_handler(files);
+         return nullptr;
+     },
+     true, false},
+    {"own menu",
+     [](ComponentContext& context) -> QObject* {
+         return context.add_menu_entry(u"Sample"_s, u"Entry"_s, nullptr);
+     }},
+    {"view menu",
+     [](ComponentContext& context) -> QObject* {
+         return context.add_menu_entry(FixedMenu::View, u"Entry"_s, nullptr);
+     }},
+    {"tools menu",
+     [](ComponentContext& context) -> QObject* {
+         return context.add_menu_entry(FixedMenu::Tools, u"Entry"_s, nullptr);
+     }},
+    {"help menu",
+     [](ComponentContext& context) -> QObject* {
+         return context.add_menu_entry(FixedMenu::Help, u"Entry"_s, nullptr);
+     }},
+    {"manual",
+     [](ComponentContext& context) -> QObject* {
+         return context.add_menu_entry(FixedMenu::Manuals, u"Entry"_s, nullptr);
+     }},
+    {"own toolbar",
+     [](ComponentContext& context) -> QObject* {
+         std::vector<QAction*> actions = four_actions(context);
+         actions.insert(actions.begin() + 2, nullptr);
+         context.add_to_toolbar("SampleTools", u"Sample Tools"_s, actions);
+         return actions.front();
+     }},
+    {"toolbar of others",
+     [](ComponentContext& context) -> QObject* {
+         const std::vector<QAction*> actions = four_actions(context);
+         context.add_to_toolbar("FileTools", {}, actions);
+         return actions.front();
+     }},
+    {"dock",
+     [](ComponentContext& context) -> QObject* {
+         return context.add_dock(
+             u"SampleDock"_s, u"Sample"_s, [] { return new QLabel(u"sample"_s); }, Qt::LeftDockWidgetArea);
+     }},
+    {"graphics widget",
+     [](ComponentContext& context) -> QObject* {
+         QWidget* const widget = context.window() ? new QLabel : nullptr;
+         context.set_graphics_widget(widget);
+         return widget;
+     }},
+    {"options page",
+     [](ComponentContext& context) -> QObject* {
+         QWidget* page = nullptr;
+         context.add_options_page(u"Sample"_s, [&page] { return OptionsPage{page = new QLabel}; });
+         return page;
+     }},
+    {"options page in a group",
+     [](ComponentContext& context) -> QObject* {
+         context.add_options_page(u"Samples/One"_s, [] { return OptionsPage{new QLabel}; });
+         QWidget* page = nullptr;
+         context.add_options_page(u"Samples/Two"_s, [&page] { return OptionsPage{page = new QLabel}; });
+         return page;
+     }},
+    {"about text", [](ComponentContext& context) -> QObject* { return context.add_about_text(u"Sample"_s); }},
+    {"console page",
+     [](ComponentContext& context) -> QObject* {
+         QWidget* const page = context.window() ? new QPlainTextEdit : nullptr;
+         context.add_console_page(u"Sample"_s, page);
+         return page;
+     }},
+    {"entry of the editor",
+     [](ComponentContext& context) -> QObject* {
+         QAction* const action = context.make_action(u"Sample"_s, nullptr);
+         context.add_editor_entry(action);
+         return action;
+     }},
+    {"shortcut",
+     [](ComponentContext& context) -> QObject* {
+         return context.add_shortcut(QKeySequence(u"Ctrl+Shift+L"_s), nullptr);
+     }},
+};
+
+} // namespace
+
+QStringList describe()
+{
+    QStringList rows = describe_all();
+    rows.removeIf([](const QString& row) { return row.trimmed() == "---"_L1; });
+    return rows;
+}
+
+const std::vector<Addition>& additions()
+{
+    return all_additions;
+}

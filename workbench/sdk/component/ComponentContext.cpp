@@ -1,0 +1,453 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/sdk/component/ComponentContext.h"
+
+#include "console/CommandWindow.h"
+#include "files/ImportExportHandler.h"
+#include "files/OpenSaveHandler.h"
+#include "files/OstrelFileMenu.h"
+#include "frame/Ostrel.h"
+#include "host/ostrelfw/Broker.h"
+#include "host/ostrelfw/Mediator.h"
+#include "journal/JournalEditor.h"
+#include "menus/OstrelHelpMenu.h"
+#include "menus/OstrelToolsMenu.h"
+#include "menus/OstrelViewMenu.h"
+#include "options/OptionsPanel.h"
+#include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/files/FormatRegistry.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QLabel>
+#include <QShortcut>
+#include <QToolBar>
+#include <QToolButton>
+#include <QTreeWidget>
+
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+namespace fennar {
+
+namespace {
+
+/** An owner mark of its own for each addition, so that each step takes away its own and nothing else. */
+QByteArray make_mark(const QString& name)
+{
+    static int count = 0;
+    return name.toUtf8() + '#' + QByteArray::number(++count);
+}
+
+[[noreturn]] void refuse(const QString& reason)
+{
+    throw std::runtime_error(reason.toStdString());
+}
+
+/** Why a command was not added. */
+QString reason(CommandRegistry::AddResult result, const QString& name)
+{
+    switch (result) {
+    case CommandRegistry::AddResult::NameTaken:
+        return u"there is a command \"%1\" already"_s.arg(name);
+    case CommandRegistry::AddResult::BadName:
+        return u"\"%1\" is no name for a command"_s.arg(name);
+    case CommandRegistry::AddResult::NothingToRun:
+        return u"the command \"%1\" has no function to run"_s.arg(name);
+    case CommandRegistry::AddResult::Added:
+        break;
+    }
+    return {};
+}
+
+/** The window, unless it is gone or about to go. */
+Ostrel* present(const QPointer<Ostrel>& window)
+{
+    return window && window == Ostrel::instance() ? window.data() : nullptr;
+}
+
+/** The entry of the options dialog with that path, or null. */
+QTreeWidgetItem* options_entry(const OptionsPanel& panel, const QString& path)
+{
+    const auto* tree = panel.findChild<QTreeWidget*>(u"mOptionList"_s);
+    QTreeWidgetItem* entry = tree ? tree->invisibleRootItem() : nullptr;
+    for (const QString& label : path.split(u'/')) {
+        QTreeWidgetItem* below = nullptr;
+        for (int i = 0; entry && i < entry->childCount() && !below; ++i)
+            below = entry->child(i)->text(0) == label ? entry->child(i) : nullptr;
+        entry = below;
+    }
+    return entry;
+}
+
+/** Buttons that wait for their deletion count as buttons, and keep an empty toolbar alive. */
+void delete_waiting_buttons(const QToolBar& bar)
+{
+    const QList<QToolButton*> found = bar.findChildren<QToolButton*>();
+    const QList<QPointer<QToolButton>> buttons(found.begin(), found.end());
+    for (const QPointer<QToolButton>& button : buttons) {
+        if (button)
+            QCoreApplication::sendPostedEvents(button, QEvent::DeferredDelete);
+    }
+}
+
+} // namespace
+
+ComponentContext::ComponentContext(const QString& name, const std::function<void(const QString&)>& report)
+    : mName(name), mReport(report), mWindow(Ostrel::instance())
+{}
+
+ComponentContext::~ComponentContext()
+{
+    end();
+}
+
+Ostrel* ComponentContext::window() const
+{
+    return present(mWindow);
+}
+
+void ComponentContext::on_end(const Step& step)
+{
+    if (step)
+        mSteps.push_back(step);
+}
+
+void ComponentContext::end()
+{
+    while (!mSteps.empty()) {
+        const Step step = std::move(mSteps.back());
+        mSteps.pop_back();
+        QString failure;
+        try {
+            step();
+            continue;
+        } catch (const std::exception& error) {
+            failure = QString::fromUtf8(error.what()).simplified();
+        } catch (...) {
+            failure = u"an exception of an unknown kind"_s;
+        }
+        failure = u"something could not be taken away: "_s + failure;
+        if (mReport)
+            mReport(failure);
+        else
+            qWarning("%s: %s", qUtf8Printable(mName), qUtf8Printable(failure));
+    }
+}
+
+void ComponentContext::on_end_in_window(const std::function<void(Ostrel& window)>& step)
+{
+    on_end([main = mWindow, step] {
+        if (Ostrel* const window = present(main))
+            step(*window);
+    });
+}
+
+void ComponentContext::add_command(Command command)
+{
+    CommandRegistry& registry = Fennar::instance().registry();
+    command.owner = mName;
+    const CommandRegistry::AddResult result = registry.add(command);
+    if (result != CommandRegistry::AddResult::Added)
+        refuse(reason(result, command.name));
+    const std::weak_ptr<const Command> added = registry.find(command.name);
+    on_end([&registry, added, name = command.name] {
+        if (const auto found = registry.find(name); found && found == added.lock())
+            registry.remove(name);
+    });
+}
+
+void ComponentContext::add_commands(const std::function<bool(CommandRegistry& registry)>& add)
+{
+    CommandRegistry& registry = Fennar::instance().registry();
+    on_end([&registry, name = mName] { registry.remove_owner(name); });
+    if (!add(registry))
+        refuse(u"one of its commands is there already"_s);
+}
+
+void ComponentContext::offer_entities(const QString& kind, const CommandEntities::Names& names)
+{
+    CommandEntities& entities = Fennar::instance().registry().entities();
+    const QString mark = QString::fromUtf8(make_mark(mName));
+    on_end([&entities, mark] { entities.withdraw(mark); });
+    entities.offer(kind, mark, names);
+}
+
+void ComponentContext::add_format(FileFormat format)
+{
+    format.owner = QString::fromUtf8(make_mark(mName));
+    if (!FormatRegistry::instance().add(format))
+        refuse(
+            u"the format \"%1\", or one of its endings, is there already or not allowed"_s.arg(format.name));
+    on_end([mark = format.owner] { FormatRegistry::instance().remove_owner(mark); });
+}
+
+void ComponentContext::add_unsaved_work(UnsavedWork work)
+{
+    work.owner = QString::fromUtf8(make_mark(mName));
+    if (!UnsavedWorks::instance().add(work))
+        refuse(u"unsaved work of the kind \"%1\" is there already, or lacks something"_s.arg(work.kind));
+    on_end([mark = work.owner] { UnsavedWorks::instance().remove_owner(mark); });
+}
+
+void ComponentContext::add_handler(ImportExportHandler& handler)
+{
+    handler.mComponent = QString::fromUtf8(make_mark(mName));
+    on_end_in_window([mark = handler.mComponent.toUtf8(), added = &handler](Ostrel& window) {
+        // The menu has deleted it if it went first.
+        if (OstrelFileMenu* const menu = window.file_menu()) {
+            menu->remove_component_items(mark.constData());
+            delete added;
+        }
+    });
+}
+
+bool ComponentContext::add_import(std::unique_ptr<ImportExportHandler> handler)
+{
+    Ostrel* const main = window();
+    if (!main || !handler || !main->file_menu()->add_import(handler.get()))
+        return false;
+    add_handler(*handler.release());
+    return true;
+}
+
+bool ComponentContext::add_export(std::unique_ptr<ImportExportHandler> handler)
+{
+    Ostrel* const main = window();
+    if (!main || !handler || !main->file_menu()->add_export(handler.get()))
+        return false;
+    add_handler(*handler.release());
+    return true;
+}
+
+void ComponentContext::set_open_save_handler(OpenSaveHandler& handler)
+{
+    Ostrel* const main = window();
+    if (!main)
+        return;
+    on_end_in_window([this, set = &handler](Ostrel& window) {
+        if (mOpenSaveHandler == set)
+            mOpenSaveHandler = nullptr;
+        if (window.file_menu()->get_open_save_handler() != set)
+            return;
+        window.file_menu()->set_open_save_handler(nullptr);
+        OstrelFileMenu::set_file_name({});
+        window.update_title();
+    });
+    mOpenSaveHandler = &handler;
+    main->file_menu()->set_open_save_handler(&handler);
+}
+
+OpenSaveHandler* ComponentContext::open_save_handler() const
+{
+    const Ostrel* const main = window();
+    const bool plugged_in = main && main->file_menu()->get_open_save_handler() == mOpenSaveHandler;
+    return plugged_in ? mOpenSaveHandler : nullptr;
+}
+
+QAction* ComponentContext::make_action(const QString& text, const Step& run)
+{
+    if (!window())
+        return nullptr;
+    QAction& action = make<QAction>(text);
+    if (run)
+        QObject::connect(&action, &QAction::triggered, &action, [run] { run(); });
+    return &action;
+}
+
+void ComponentContext::add_to_menu(const MenuPlace& place, const std::vector<QAction*>& actions)
+{
+    Ostrel* const main = window();
+    if (!main)
+        return;
+    const QByteArray mark = make_mark(mName);
+    on_end_in_window([mark](Ostrel& window) { window.remove_menu_items(mark.constData()); });
+    std::vector<QAction*> entries = actions;
+    if (const auto* title = std::get_if<QString>(&place)) {
+        main->add_to_menu(*title, entries, mark.constData());
+        return;
+    }
+    switch (std::get<FixedMenu>(place)) {
+    case FixedMenu::View:
+        main->view_menu()->add_items(entries, mark.constData());
+        break;
+    case FixedMenu::Tools:
+        main->tools_menu()->add_items(entries, mark.constData());
+        break;
+    case FixedMenu::Help:
+        main->help_menu()->add_items(entries, mark.constData());
+        break;
+    case FixedMenu::Manuals:
+        for (QAction* entry : entries)
+            main->help_menu()->add_manual(entry, mark.constData());
+        break;
+    }
+}
+
+QAction* ComponentContext::add_menu_entry(const MenuPlace& place, const QString& text, const Step& run)
+{
+    QAction* const action = make_action(text, run);
+    if (action)
+        add_to_menu(place, {action});
+    return action;
+}
+
+void ComponentContext::add_to_toolbar(const char* toolbar, const QString& title,
+                                      const std::vector<QAction*>& actions, Qt::ToolBarArea area)
+{
+    Ostrel* const main = window();
+    if (!main)
+        return;
+    const QByteArray mark = make_mark(mName);
+    const auto bar = std::make_shared<QPointer<QToolBar>>();
+    on_end_in_window([mark, bar](Ostrel& window) {
+        const QPointer<Ostrel> alive = &window;
+        window.remove_toolbar_items(mark.constData());
+        if (!*bar || !(*bar)->actions().isEmpty())
+            return;
+        delete_waiting_buttons(**bar);
+        if (alive)
+            window.remove_toolbar_items(mark.constData());
+    });
+    std::vector<QAction*> buttons = actions;
+    std::erase(buttons, nullptr);
+    main->add_to_toolbar(toolbar, title, buttons, mark.constData(), area);
+    if (window())
+        *bar = main->findChild<QToolBar*>(QString::fromUtf8(toolbar));
+}
+
+void ComponentContext::add_dock(QDockWidget* dock, Qt::DockWidgetArea area, Qt::DockWidgetAreas allowed)
+{
+    if (!dock)
+        return;
+    const QByteArray mark = make_mark(mName);
+    // The window forgets the entry in its view menu; the dock itself is for the component to delete.
+    QPointer<QDockWidget> own = dock;
+    on_end([own] { delete own; });
+    on_end_in_window([mark, own](Ostrel& window) {
+        window.remove_dock_window(mark.constData());
+        if (own)
+            window.removeDockWidget(own);
+    });
+    if (Ostrel* const main = window(); main && !main->add_dock_window(dock, mark.constData(), area, allowed))
+        refuse(u"the main window does not take the dock \"%1\""_s.arg(own ? own->objectName() : QString()));
+}
+
+QDockWidget* ComponentContext::add_dock(const QString& object_name, const QString& title,
+                                        const std::function<QWidget*()>& make_content,
+                                        Qt::DockWidgetArea area, Qt::DockWidgetAreas allowed)
+{
+    Ostrel* const main = window();
+    if (!main)
+        return nullptr;
+    auto* const dock = new QDockWidget(title, main);
+    dock->setObjectName(object_name);
+    dock->setWidget(make_content());
+    add_dock(dock, area, allowed);
+    return dock;
+}
+
+void ComponentContext::set_graphics_widget(QWidget* widget)
+{
+    if (!widget)
+        return;
+    const QPointer<QWidget> own = widget;
+    on_end([own] { delete own; });
+    on_end_in_window([own](Ostrel& window) {
+        if (own && window.graphics_widget() == own)
+            window.set_graphics_widget(nullptr);
+    });
+    if (Ostrel* const main = window())
+        main->set_graphics_widget(widget);
+}
+
+void ComponentContext::add_options_page(const QString& path, const std::function<OptionsPage()>& make_page)
+{
+    Ostrel* const main = window();
+    if (!main)
+        return;
+    OptionsPanel* const panel = main->options();
+    if (options_entry(*panel, path))
+        refuse(u"there is a page \"%1\" of options already"_s.arg(path));
+    const QString group = path.section(u'/', 0, -2);
+    if (!group.isEmpty() && !options_entry(*panel, group)) {
+        on_end_in_window([group](Ostrel& window) {
+            // Others may have joined it.
+            const QTreeWidgetItem* entry = options_entry(*window.options(), group);
+            if (entry && entry->childCount() == 0)
+                window.options()->remove_panel(group);
+        });
+    }
+    const OptionsPage page = make_page();
+    if (!page.widget)
+        return;
+    on_end([own = QPointer<QWidget>(page.widget)] { delete own; });
+    on_end_in_window([path](Ostrel& window) { window.options()->remove_panel(path); });
+    panel->add_panel(path, page.widget);
+    if (page.refresh)
+        QObject::connect(panel, &OptionsPanel::refreshSettings, page.widget, page.refresh);
+    if (page.save)
+        QObject::connect(panel, &OptionsPanel::saveSettings, page.widget, page.save);
+}
+
+QLabel* ComponentContext::add_about_text(const QString& text)
+{
+    Ostrel* const main = window();
+    if (!main)
+        return nullptr;
+    QLabel& label = make<QLabel>(text);
+    label.setAlignment(Qt::AlignCenter); // as the dialog's own texts
+    on_end_in_window([own = QPointer<QLabel>(&label)](Ostrel& window) {
+        if (own)
+            window.help_menu()->remove_about(own);
+    });
+    main->help_menu()->add_about(&label);
+    return &label;
+}
+
+void ComponentContext::add_console_page(const QString& title, QWidget* page)
+{
+    if (!page)
+        return;
+    const QPointer<QWidget> own = page;
+    on_end([own] { delete own; });
+    on_end_in_window([own](Ostrel& window) { window.command_line()->remove_command_tab(own); });
+    if (Ostrel* const main = window())
+        main->command_line()->add_command_tab(title, page);
+}
+
+void ComponentContext::add_editor_entry(QAction* action)
+{
+    JournalEditor* const editor = window() ? window()->journal_editor() : nullptr;
+    if (!editor || !action)
+        return;
+    on_end([own = QPointer<QAction>(action), from = QPointer<JournalEditor>(editor)] {
+        if (!own || !from)
+            return;
+        from->removeAction(own);
+        from->remove_context_menu_items(own);
+    });
+    editor->add_context_menu_item(action);
+    editor->addAction(action);
+}
+
+QShortcut* ComponentContext::add_shortcut(const QKeySequence& key, const Step& run)
+{
+    Ostrel* const main = window();
+    if (!main)
+        return nullptr;
+    QShortcut& shortcut = make<QShortcut>(key, main);
+    if (run)
+        QObject::connect(&shortcut, &QShortcut::activated, &shortcut, [run] { run(); });
+    return &shortcut;
+}
+
+void ComponentContext::add_tracker(ComponentTracker& tracker)
+{
+    on_end([added = &tracker] { Broker::instance()->remove_component_tracker(added); });
+    Broker::instance()->add_component_tracker(&tracker);
+}
+
+} // namespace fennar
