@@ -3,29 +3,82 @@
 
 # Declares a component of the workbench: a shared object NAME.so.
 #
-#   ostrelgui_add_component(NAME SOURCES file... [LIBRARIES target...])
+#   ostrelgui_add_component(NAME VERSION version SOURCES file... [LIBRARIES target...]
+#                           [REQUIRES component...] [COMMANDS command...])
 #
-# NAME      is the name in the component's FennarComponent
+# NAME      is the component's name: a lower-case letter, then lower-case letters, digits, "_" and "-"
+# VERSION   is its own version, for people to read
 # LIBRARIES what it needs beside the shell, the command language and Qt
+# REQUIRES  components that are loaded before it, and cannot be unloaded while it is loaded
+# COMMANDS  the commands that it adds, by which users find it while it is not loaded
 #
 # Other files of the target, as resources, are added with CMake's own commands. `cmake --install` puts the component
 # where the workbench looks for it, below the prefix.
 function(ostrelgui_add_component name)
-    cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(arg "" "VERSION" "SOURCES;LIBRARIES;REQUIRES;COMMANDS" ${ARGN})
     add_library(${name} MODULE ${arg_SOURCES})
+    ostrelgui_describe_component(${name} NAME ${name} VERSION "${arg_VERSION}" WORKBENCH "${OstrelGui_VERSION}"
+        REQUIRES ${arg_REQUIRES} COMMANDS ${arg_COMMANDS})
     target_link_libraries(${name} PRIVATE
-        OstrelGui::ostrelgui     # the main window
-        OstrelGui::fennar_core   # the registry of commands
-        OstrelGui::fennar_component  # the context
-        OstrelGui::ostrelfw      # the framework's text stream and trackers
+        OstrelGui::ostrelgui           # the main window
+        OstrelGui::fennar_component    # the context
+        OstrelGui::fennar_core         # the registry of commands
+        OstrelGui::ostrelfw            # the framework's text stream and trackers
         ${arg_LIBRARIES})
     target_compile_features(${name} PRIVATE cxx_std_20)
-    target_compile_definitions(${name} PRIVATE FENNAR_WORKBENCH_VERSION="${OstrelGui_VERSION}")
     target_link_options(${name} PRIVATE LINKER:--no-undefined)
-    # Nothing but fennar_component is of use to others, and components must not see each other's symbols.
+    # Nothing but the plugin's own functions is of use to others, and components must not see each other's symbols.
     set_target_properties(${name} PROPERTIES
         PREFIX "" AUTOMOC ON AUTOUIC ON CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
         LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib/components
         INSTALL_RPATH "$ORIGIN/../..")
     install(TARGETS ${name} LIBRARY DESTINATION ${OstrelGui_COMPONENT_DIR})
+endfunction()
+
+# Makes a shared object a component: writes its metadata, and the source of the object that Qt's plugins have.
+#
+#   ostrelgui_describe_component(target NAME name VERSION version WORKBENCH version [INTERFACE id]
+#                                [REQUIRES component...] [COMMANDS command...])
+function(ostrelgui_describe_component target)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "NAME;VERSION;WORKBENCH;INTERFACE" "REQUIRES;COMMANDS")
+    foreach(list REQUIRES COMMANDS)
+        list(TRANSFORM arg_${list} REPLACE "(.+)" "\"\\1\"")
+        list(JOIN arg_${list} ", " ${list})
+    endforeach()
+    if(arg_INTERFACE)
+        set(interface "\"${arg_INTERFACE}\"")
+    else()
+        set(interface "FENNAR_COMPONENT_FAMILY FENNAR_COMPONENT_INTERFACE")
+    endif()
+    set(plugin ${CMAKE_CURRENT_BINARY_DIR}/${target}_plugin)
+    file(CONFIGURE OUTPUT ${plugin}.json @ONLY CONTENT [[{
+    "name": "@arg_NAME@",
+    "version": "@arg_VERSION@",
+    "workbench": "@arg_WORKBENCH@",
+    "requires": [@REQUIRES@],
+    "commands": [@COMMANDS@]
+}
+]])
+    file(CONFIGURE OUTPUT ${plugin}.cpp @ONLY CONTENT [[
+#include "workbench/sdk/component/Component.h"
+
+#include <QObject>
+
+namespace {
+
+class Plugin : public QObject, public fennar::Component
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID @interface@ FILE "@target@_plugin.json")
+    Q_INTERFACES(fennar::Component)
+
+public:
+    void load(fennar::ComponentContext& context) override { fennar::load_component(context); }
+};
+
+} // namespace
+
+#include "@target@_plugin.moc"
+]])
+    target_sources(${target} PRIVATE ${plugin}.cpp)
 endfunction()

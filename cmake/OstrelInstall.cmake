@@ -56,7 +56,7 @@ set(exported_targets ostrelgui)
 
 if(OSTREL_BUILD_WORKBENCH)
     # What components and hosts need of the workbench.
-    foreach(header sdk/component/component.h sdk/component/ComponentContext.h sdk/core/commands/Fennar.h sdk/core/commands/CommandCall.h
+    foreach(header sdk/component/Component.h sdk/core/commands/Fennar.h sdk/core/commands/CommandCall.h
             sdk/core/commands/CommandError.h sdk/core/commands/Interrupt.h sdk/core/files/FormatRegistry.h
             sdk/core/scene/Scene.h
             host/fennar_python/PythonRuntime.h host/fennar_python/make_python_interpreter.h

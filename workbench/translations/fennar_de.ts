@@ -371,13 +371,6 @@
     </message>
 </context>
 <context>
-    <name>DemoOptions</name>
-    <message>
-        <source>Count to, unless told</source>
-        <translation>Zählen bis, wenn nicht angegeben</translation>
-    </message>
-</context>
-<context>
     <name>DemoWindow</name>
     <message>
         <source>&amp;Count</source>
@@ -426,6 +419,10 @@
     <message>
         <source>D&amp;emo Dialog...</source>
         <translation>De&amp;mo-Dialog...</translation>
+    </message>
+    <message>
+        <source>Count to, unless told</source>
+        <translation>Zählen bis, wenn nicht angegeben</translation>
     </message>
 </context>
 <context>
@@ -824,6 +821,18 @@
     <message>
         <source>&amp;Hello</source>
         <translation>Ha&amp;llo</translation>
+    </message>
+    <message>
+        <source>Greet</source>
+        <translation>Grüßen</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Hello</source>
+        <translation>Hallo</translation>
     </message>
 </context>
 <context>

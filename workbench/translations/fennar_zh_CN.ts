@@ -371,13 +371,6 @@
     </message>
 </context>
 <context>
-    <name>DemoOptions</name>
-    <message>
-        <source>Count to, unless told</source>
-        <translation>默认计数上限</translation>
-    </message>
-</context>
-<context>
     <name>DemoWindow</name>
     <message>
         <source>&amp;Count</source>
@@ -426,6 +419,10 @@
     <message>
         <source>D&amp;emo Dialog...</source>
         <translation>演示对话框(&amp;E)...</translation>
+    </message>
+    <message>
+        <source>Count to, unless told</source>
+        <translation>默认计数上限</translation>
     </message>
 </context>
 <context>
@@ -823,6 +820,18 @@
     <message>
         <source>&amp;Hello</source>
         <translation>你好(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Greet</source>
+        <translation>问候</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Hello</source>
+        <translation>你好</translation>
     </message>
 </context>
 <context>

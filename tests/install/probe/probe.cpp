@@ -5,10 +5,8 @@
 
 #include "frame/Ostrel.h"
 #include "host/navigation/NavigationModel.h"
-#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
-#include "workbench/sdk/core/commands/CommandRegistry.h"
-#include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QAction>
 #include <QApplication>
@@ -22,8 +20,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr auto owner = "probe";
 
 /** Whether something of the icon can be seen. */
 bool is_visible(const QIcon& icon)
@@ -62,25 +58,12 @@ void write_report(CommandCall& call)
         report << "type " << QMimeDatabase().mimeTypeForFile(call.text(2, u"a file"_s)).name() << '\n';
 }
 
-void load()
-{
-    Fennar::instance().registry().add({u"probe"_s,
-                                       u"probe REPORT [FILE]"_s,
-                                       u"Tells what the program has found."_s,
-                                       {},
-                                       QString::fromLatin1(owner),
-                                       &write_report});
-}
-
-void unload()
-{
-    Fennar::instance().registry().remove_owner(QString::fromLatin1(owner));
-}
-
-constexpr FennarComponent component{
-    FENNAR_COMPONENT_INTERFACE, FENNAR_WORKBENCH_VERSION, owner, "1.0", &load, &unload,
-};
-
 } // namespace
 
-FENNAR_EXPORT_COMPONENT(component)
+void fennar::load_component(ComponentContext& context)
+{
+    context.add_command({.name = u"probe"_s,
+                         .usage = u"probe REPORT [FILE]"_s,
+                         .summary = u"Tells what the program has found."_s,
+                         .run = &write_report});
+}

@@ -101,7 +101,7 @@ def main():
         headers = sorted(os.path.relpath(path, include)
                          for path in glob.glob(os.path.join(include, "**", "*.h"), recursive=True))
         check({"frame/Ostrel.h", "frame/MainFrame.h", "console/CommandWindow.h", "host/ostrelfw/Mediator.h",
-               "workbench/sdk/component/component.h", "workbench/sdk/core/commands/CommandRegistry.h"} <= set(headers), str(headers))
+               "workbench/sdk/component/ComponentContext.h", "workbench/sdk/core/commands/CommandRegistry.h"} <= set(headers), str(headers))
         own = re.compile(r'^#include "([^"]+/[^"]+)"', re.M)
         for header in headers:
             with open(os.path.join(include, header), encoding="utf-8") as file:

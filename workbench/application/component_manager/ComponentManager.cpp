@@ -5,17 +5,16 @@
 
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
-#include "workbench/application/component_manager/SharedObject.h"
 #include "workbench/application/component_manager/component_commands.h"
 #include "workbench/host/navigation/NavigationComponents.h"
-#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/component/Component.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QRegularExpression>
+#include <QPluginLoader>
 #include <QScopeGuard>
 #include <QSettings>
 #include <QTimer>
@@ -36,14 +35,6 @@ constexpr auto path_variable = "FENNAR_COMPONENT_PATH";
 /** How long the start waits for a command that runs before it looks again. */
 constexpr auto command_patience = 50ms;
 
-/** Owner marks that are not for components. */
-bool is_reserved(const QString& name)
-{
-    static const QStringList reserved{u"framework"_s, u"fennari19"_s, u"workbench"_s,
-                                      u"ot_section_separator"_s};
-    return reserved.contains(name);
-}
-
 /** Where components lie beside the executable: installed, or in the tree it was built in. */
 QString default_directory()
 {
@@ -57,12 +48,6 @@ QString name_of_file(const QString& file)
 {
     const QString name = QFileInfo(file).completeBaseName();
     return name.startsWith(u"lib"_s) ? name.sliced(3) : name;
-}
-
-bool is_name(const QString& name)
-{
-    static const QRegularExpression pattern(u"\\A[a-z][a-z0-9_-]*\\z"_s);
-    return pattern.match(name).hasMatch();
 }
 
 bool is_stored(const QString& key, const QString& value)
@@ -125,13 +110,38 @@ QString state_word(ComponentManager::State state)
 struct ComponentManager::Entry
 {
     Component about;
-    std::unique_ptr<SharedObject> object;
-    const FennarComponent* record = nullptr;
-    /** What the file was when it was mapped. */
+    /** Belongs to the plugin, which stays until the program ends; null until that is mapped. */
+    fennar::Component* component = nullptr;
+    /** What the file was when it was looked into, or mapped. */
     QDateTime file_time;
-    qint64 file_size = 0;
-    ComponentTraces traces;
+    qint64 file_size = -1;
+    ComponentMetadata metadata;
+    /** Exists while the component is loaded. */
+    std::unique_ptr<fennar::ComponentContext> context;
+
+    /** Reads what the file tells, unless that has been done and it is the same. */
+    void look_into_file();
+    bool is_changed() const;
 };
+
+bool ComponentManager::Entry::is_changed() const
+{
+    const QFileInfo file(about.file);
+    return file.lastModified() != file_time || file.size() != file_size;
+}
+
+void ComponentManager::Entry::look_into_file()
+{
+    // What is mapped goes on being what it was.
+    if (component || !is_changed())
+        return;
+    const QFileInfo file(about.file);
+    file_time = file.lastModified();
+    file_size = file.size();
+    metadata = ComponentMetadata::read(about.file);
+    about.name = metadata.name.isEmpty() ? name_of_file(about.file) : metadata.name;
+    about.version = metadata.version;
+}
 
 ComponentManager::ComponentManager(CommandInterpreter& interpreter, const QString& notes)
     : mInterpreter(interpreter), mMark(notes), mTurns(std::make_unique<QObject>())
@@ -187,8 +197,7 @@ void ComponentManager::search()
         });
         if (found != known.end())
             mEntries.push_back(std::move(*found));
-        else
-            entry_of_file(file);
+        entry_of_file(file);
     };
     for (const QString& directory : directories) {
         const QFileInfoList files = QDir(directory).entryInfoList({u"*.so"_s}, QDir::Files, QDir::Name);
@@ -202,7 +211,7 @@ void ComponentManager::search()
     }
     // Whatever was mapped is known for good.
     for (auto& entry : known) {
-        if (entry && (entry->object || entry->about.state != State::Unloaded))
+        if (entry && (entry->component || entry->about.state != State::Unloaded))
             mEntries.push_back(std::move(entry));
     }
 }
@@ -211,13 +220,14 @@ ComponentManager::Entry& ComponentManager::entry_of_file(const QString& file)
 {
     const auto found = std::find_if(mEntries.begin(), mEntries.end(),
                                     [&](const auto& entry) { return entry->about.file == file; });
-    if (found != mEntries.end())
-        return **found;
-    auto entry = std::make_unique<Entry>();
-    entry->about.file = file;
-    entry->about.name = name_of_file(file);
-    mEntries.push_back(std::move(entry));
-    return *mEntries.back();
+    if (found == mEntries.end()) {
+        mEntries.push_back(std::make_unique<Entry>());
+        mEntries.back()->about.file = file;
+        mEntries.back()->look_into_file();
+        return *mEntries.back();
+    }
+    (*found)->look_into_file();
+    return **found;
 }
 
 ComponentManager::Entry* ComponentManager::entry_named(const QString& name) const
@@ -347,9 +357,6 @@ QString ComponentManager::load_entry(Entry& entry, bool asked_for)
         mReport(u"ERROR: notes on components that are being loaded cannot be written in \"%1\"; the next "
                 "start would not know which one has crashed\n"_s.arg(mMark.directory()));
     entry.about.refusal = open(entry);
-    // The name in the file may be another one than the file's.
-    if (entry.about.refusal.isEmpty() && !asked_for && is_stored(off_key, entry.about.name))
-        return {};
     if (entry.about.refusal.isEmpty())
         entry.about.refusal = run_load(entry);
     if (entry.about.refusal.isEmpty()) {
@@ -363,57 +370,20 @@ QString ComponentManager::load_entry(Entry& entry, bool asked_for)
 
 QString ComponentManager::open(Entry& entry)
 {
-    const QFileInfo file(entry.about.file);
-    if (entry.object) {
-        if (file.lastModified() != entry.file_time || file.size() != entry.file_size)
-            return u"its file has changed since it was loaded first; the program must be started anew"_s;
-        return name_conflict(entry, entry.about.name);
-    }
-    auto object = std::make_unique<SharedObject>(entry.about.file);
-    if (!object->is_open())
-        return u"it is no shared object that can be loaded: "_s + object->error();
-    const auto function = reinterpret_cast<FennarComponentEntry>(object->find("fennar_component"));
-    if (!function)
-        return u"it has no function fennar_component"_s;
-    const FennarComponent* record = nullptr;
-    try {
-        record = function();
-    } catch (...) {
-        return u"fennar_component failed: "_s + caught();
-    }
-    if (QString refusal = look_into(entry, record); !refusal.isEmpty())
-        return refusal;
-    entry.about.name = QString::fromUtf8(record->name);
-    entry.about.version = QString::fromUtf8(record->version);
-    entry.record = record;
-    entry.object = std::move(object);
-    entry.object->keep();
-    entry.file_time = file.lastModified();
-    entry.file_size = file.size();
-    return {};
-}
-
-QString ComponentManager::look_into(const Entry& entry, const FennarComponent* record) const
-{
-    if (!record)
-        return u"fennar_component returned nothing"_s;
-    // Nothing else may be looked at before this: another interface may have other fields.
-    if (record->interface_version != FENNAR_COMPONENT_INTERFACE)
-        return u"it was made for version %1 of the component interface; this program has version %2"_s
-            .arg(record->interface_version)
-            .arg(FENNAR_COMPONENT_INTERFACE);
-    const QString workbench = QString::fromUtf8(record->workbench_version);
-    if (workbench != QStringLiteral(FENNAR_VERSION))
-        return u"it was made for version %1 of the workbench; this is version %2"_s.arg(
-            workbench.isEmpty() ? u"(none)"_s : workbench, QStringLiteral(FENNAR_VERSION));
-    const QString name = QString::fromUtf8(record->name);
-    if (!is_name(name))
-        return u"\"%1\" is no name for a component: a lower-case letter, then lower-case letters, digits, "
-               u"\"_\" "
-               "and \"-\""_s.arg(name);
-    if (!record->load || !record->unload)
-        return u"it has no function to load or to unload it"_s;
-    return name_conflict(entry, name);
+    if (entry.component && entry.is_changed())
+        return u"its file has changed since it was loaded first; the program must be started anew"_s;
+    entry.look_into_file();
+    if (!entry.metadata.fault.isEmpty())
+        return entry.metadata.fault;
+    if (QString conflict = name_conflict(entry, entry.about.name); !conflict.isEmpty() || entry.component)
+        return conflict;
+    QPluginLoader plugin(entry.about.file);
+    // All symbols must be found now: a missing one must not end the program later.
+    plugin.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
+    if (!plugin.load())
+        return u"it cannot be loaded: "_s + plugin.errorString().simplified();
+    entry.component = qobject_cast<fennar::Component*>(plugin.instance());
+    return entry.component ? QString() : u"its plugin holds no component"_s;
 }
 
 QString ComponentManager::name_conflict(const Entry& entry, const QString& name) const
@@ -427,28 +397,22 @@ QString ComponentManager::name_conflict(const Entry& entry, const QString& name)
     const bool owns_command = std::any_of(commands.begin(), commands.end(), [&](const QString& command) {
         return registry.find(command)->owner == name;
     });
-    if (owns_command || is_reserved(name))
+    if (owns_command)
         return u"the name \"%1\" is taken by the program"_s.arg(name);
     return {};
 }
 
 QString ComponentManager::run_load(Entry& entry)
 {
-    CommandRegistry& registry = mInterpreter.registry();
-    const auto* code = reinterpret_cast<const void*>(entry.record->load);
     entry.about.state = State::Loading;
     tell(&ComponentTracker::component_loading, entry);
-    const Surroundings before = Surroundings::now(registry);
-    QString failure;
+    entry.context = std::make_unique<fennar::ComponentContext>(
+        entry.about.name, [this, &entry](const QString& text) { report(entry, text); });
     try {
-        entry.record->load();
+        entry.component->load(*entry.context);
     } catch (...) {
-        failure = u"it failed: "_s + caught();
-    }
-    entry.traces = ComponentTraces(entry.about.name, before, code, registry);
-    if (!failure.isEmpty()) {
-        // It had no chance to take these away itself, and nobody needs to hear of them.
-        entry.traces.clean_up();
+        const QString failure = u"it failed: "_s + caught();
+        entry.context.reset();
         entry.about.state = State::Unloaded;
         tell(&ComponentTracker::component_unloaded, entry);
         return failure;
@@ -485,13 +449,11 @@ QString ComponentManager::unload(const QString& name)
 
 bool ComponentManager::may_lose_data(const Entry& entry)
 {
-    Ostrel* window = Ostrel::instance();
-    const OpenSaveHandler* handler = window ? window->file_menu()->get_open_save_handler() : nullptr;
-    if (!handler || !SharedObject::has_class_of(handler, reinterpret_cast<const void*>(entry.record->load)))
+    if (!entry.context->open_save_handler())
         return true;
     mBusy = true;
     const auto end = qScopeGuard([this] { mBusy = false; });
-    return window->file_menu()->check_modified();
+    return entry.context->window()->file_menu()->check_modified();
 }
 
 void ComponentManager::run_unload(Entry& entry)
@@ -500,16 +462,8 @@ void ComponentManager::run_unload(Entry& entry)
     const auto end = qScopeGuard([this] { mBusy = false; });
     entry.about.state = State::Unloading;
     tell(&ComponentTracker::component_unloading, entry);
-    entry.traces.look_before_unload();
-    try {
-        entry.record->unload();
-    } catch (...) {
-        report(entry, u"failed to unload: "_s + caught());
-    }
-    const QStringList left = entry.traces.clean_up();
-    if (!left.isEmpty())
-        report(entry, u"left behind, and taken away now: "_s + left.join(u", "_s));
-    entry.traces = {};
+    entry.context->end();
+    entry.context.reset();
     set_component_loaded(entry.about.name, false);
     std::erase(mLoaded, &entry);
     entry.about.state = State::Unloaded;

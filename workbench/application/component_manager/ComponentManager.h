@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "workbench/application/component_manager/ComponentTraces.h"
+#include "workbench/application/component_manager/ComponentMetadata.h"
 #include "workbench/application/component_manager/LoadMark.h"
 #include "workbench/host/ostrelfw/HostMediator.h"
 
@@ -15,12 +15,10 @@
 #include <vector>
 
 class CommandInterpreter;
-class SharedObject;
-struct FennarComponent;
 
 /**
  * Finds components in the directories of the component path, loads and unloads them, and keeps the program
- * alive whatever they do.
+ * alive whatever they do. Their files tell of them before any of their code runs.
  *
  * A component is on unless the user has unloaded it, and is then loaded at each start. One that brought the
  * program down while it was being loaded is left out until the user loads it by name.
@@ -46,7 +44,7 @@ public:
     /** A component that is known. */
     struct Component
     {
-        /** As it calls itself once its file has been looked into; the file's name until then. */
+        /** As its metadata tell; the file's name if they tell none. */
         QString name;
         QString version;
         /** The whole path. */
@@ -123,7 +121,6 @@ private:
     bool is_wanted(Entry& entry);
     QString load_entry(Entry& entry, bool asked_for);
     QString open(Entry& entry);
-    QString look_into(const Entry& entry, const FennarComponent* record) const;
     QString run_load(Entry& entry);
     void run_unload(Entry& entry);
     bool may_lose_data(const Entry& entry);

@@ -2,17 +2,13 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 // A component that has one of each: a menu, a toolbar, a dock, entries in the fixed menus, a text in the
-// about dialog, a page in the options dialog, and a command. docs/component-guide.md tells what each step of
-// its life guarantees. The folder template has less to take away.
+// about dialog, a page in the options dialog, a dialog, and a command. All of it goes with the context that
+// it was added through; see docs/component-guide.md. The folder template has less.
 
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
-#include "menus/OstrelHelpMenu.h"
-#include "menus/OstrelViewMenu.h"
-#include "options/OptionsPanel.h"
-#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
-#include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QAction>
@@ -28,21 +24,11 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
-#include <memory>
-
 using namespace Qt::StringLiterals;
+using fennar::FixedMenu;
+using fennar::OptionsPage;
 
 namespace {
-
-/** The component's name, the owner mark of all that it adds. */
-constexpr auto owner = "demo";
-
-/** Where the page stands in the options dialog. The group is the workbench's, and so is its name. */
-QString options_path()
-{
-    return QCoreApplication::translate("Workbench", "Plugins") + u"/"_s +
-           QCoreApplication::translate("DemoWindow", "Demo");
-}
 
 constexpr int largest_number = 100;
 
@@ -62,166 +48,94 @@ void run_command(CommandCall& call)
     call.print(u"The demo counts to %1.\n"_s.arg(number));
 }
 
-/** The page "Plugins/Demo" of the options dialog. It takes effect on save. */
-class DemoOptions : public QWidget
-{
-    Q_OBJECT
-
-public:
-    DemoOptions() : mNumber(new QSpinBox)
-    {
-        setObjectName(u"DemoOptions"_s);
-        mNumber->setObjectName(u"demoDefaultNumber"_s);
-        mNumber->setRange(1, largest_number);
-        mNumber->setValue(default_number());
-        auto* layout = new QFormLayout(this);
-        layout->addRow(tr("Count to, unless told"), mNumber);
-    }
-
-    void refresh() { mNumber->setValue(default_number()); }
-    void save() { QSettings().setValue(u"/demo/number"_s, mNumber->value()); }
-
-private:
-    QSpinBox* mNumber;
-};
-
-/** All that the component has in the main window. Exists from load() to unload(), if there is a window. */
+/** All that the component has in the main window. Exists from the load to the end, if there is a window. */
 class DemoWindow : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit DemoWindow(Ostrel* window);
-    ~DemoWindow() override;
+    DemoWindow(fennar::ComponentContext& context, Ostrel* window);
 
 private:
-    QAction* make_action(const char* name, const QString& text, QStyle::StandardPixmap icon);
-    void add_menu();
-    void add_toolbar();
-    void add_dock();
-    void add_options();
-    void count();
+    QAction* make_action(const char* name, const QString& text, QStyle::StandardPixmap icon,
+                         const fennar::ComponentContext::Step& run);
+    QWidget* make_dock_content();
+    OptionsPage make_options() const;
     void show_dialog();
 
+    fennar::ComponentContext& mContext;
     Ostrel* mWindow;
-    /** The actions are children of this object, and so go with it. */
-    QAction* mCount;
-    QAction* mReset;
-    QAction* mMore;
-    QAction* mLess;
-    QAction* mDialogAction;
-    /** The window owns them; they may go before this object. */
-    QPointer<QDockWidget> mDock;
-    QPointer<QSpinBox> mNumber;
+    /** The user may close it. */
     QPointer<QDialog> mDialog;
-    QPointer<QLabel> mAbout;
-    QPointer<DemoOptions> mOptions;
+    /** It goes with its dock. */
+    QPointer<QSpinBox> mNumber;
 };
 
-DemoWindow::DemoWindow(Ostrel* window)
-    : mWindow(window),
-      mCount(make_action("demoCount", tr("&Count"), QStyle::SP_DialogApplyButton)),
-      mReset(make_action("demoReset", tr("&Reset"), QStyle::SP_BrowserReload)),
-      mMore(make_action("demoMore", tr("&More"), QStyle::SP_ArrowUp)),
-      mLess(make_action("demoLess", tr("&Less"), QStyle::SP_ArrowDown)),
-      mDialogAction(make_action("demoDialog", tr("D&emo Dialog..."), QStyle::SP_TitleBarMenuButton))
+DemoWindow::DemoWindow(fennar::ComponentContext& context, Ostrel* window) : mContext(context), mWindow(window)
 {
-    setObjectName(u"DemoWindow"_s);
-    add_dock();
-    add_menu();
-    add_toolbar();
-    add_options();
+    // Opened from the View menu.
+    context
+        .add_dock(
+            u"DemoDock"_s, tr("Demo"), [this] { return make_dock_content(); }, Qt::LeftDockWidgetArea,
+            Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea)
+        ->hide();
 
-    mAbout = new QLabel(tr("Demo component"));
-    mAbout->setAlignment(Qt::AlignCenter); // as the dialog's own texts
-    mAbout->setObjectName(u"demoAbout"_s);
-    mWindow->help_menu()->add_about(mAbout);
-
-    connect(mCount, &QAction::triggered, this, &DemoWindow::count);
-    connect(mReset, &QAction::triggered, mNumber, [this] { mNumber->setValue(1); });
-    connect(mMore, &QAction::triggered, mNumber, &QSpinBox::stepUp);
-    connect(mLess, &QAction::triggered, mNumber, &QSpinBox::stepDown);
-    connect(mDialogAction, &QAction::triggered, this, &DemoWindow::show_dialog);
+    const std::vector<QAction*> actions = {
+        make_action("demoCount", tr("&Count"), QStyle::SP_DialogApplyButton,
+                    [this] { Fennar::instance().interpreter().run(u"demo %1"_s.arg(mNumber->value())); }),
+        make_action("demoReset", tr("&Reset"), QStyle::SP_BrowserReload, [this] { mNumber->setValue(1); }),
+        make_action("demoMore", tr("&More"), QStyle::SP_ArrowUp, [this] { mNumber->stepUp(); }),
+        make_action("demoLess", tr("&Less"), QStyle::SP_ArrowDown, [this] { mNumber->stepDown(); }),
+    };
+    context.add_to_menu(tr("&Demo"), actions);
+    context.add_to_toolbar("DemoTools", tr("Demo Tools"), actions);
+    context.add_to_menu(FixedMenu::View,
+                        {make_action("demoDialog", tr("D&emo Dialog..."), QStyle::SP_TitleBarMenuButton,
+                                     [this] { show_dialog(); })});
+    context.add_to_menu(FixedMenu::Help,
+                        {make_action("demoHelp", tr("Demo &Help"), QStyle::SP_DialogHelpButton, [] {
+                            Broker::command << u"Type \"help demo\" for the command of the demo.\n"_s;
+                        })});
+    // The group is the workbench's, and so is its name.
+    context.add_options_page(QCoreApplication::translate("Workbench", "Plugins") + u'/' + tr("Demo"),
+                             [this] { return make_options(); });
+    context.add_about_text(tr("Demo component"))->setObjectName(u"demoAbout"_s);
+    context.on_end([this] { delete mDialog; });
 }
 
-// The reverse of the constructor.
-DemoWindow::~DemoWindow()
+QAction* DemoWindow::make_action(const char* name, const QString& text, QStyle::StandardPixmap icon,
+                                 const fennar::ComponentContext::Step& run)
 {
-    delete mDialog;
-    if (mAbout) {
-        mWindow->help_menu()->remove_about(mAbout);
-        delete mAbout;
-    }
-    if (mOptions) {
-        mWindow->options()->remove_panel(options_path());
-        delete mOptions;
-    }
-    mWindow->remove_toolbar_items(owner);
-    mWindow->remove_menu_items(owner);
-    if (mDock) {
-        // The window forgets the entry in its view menu; the dock itself is for the component to delete.
-        mWindow->remove_dock_window(owner);
-        mWindow->removeDockWidget(mDock);
-        delete mDock;
-    }
-}
-
-QAction* DemoWindow::make_action(const char* name, const QString& text, QStyle::StandardPixmap icon)
-{
-    auto* action = new QAction(mWindow->style()->standardIcon(icon), text, this);
+    QAction* action = mContext.make_action(text, run);
     action->setObjectName(QLatin1StringView(name));
+    action->setIcon(mWindow->style()->standardIcon(icon));
     return action;
 }
 
-void DemoWindow::add_menu()
+QWidget* DemoWindow::make_dock_content()
 {
-    std::vector<QAction*> own{mCount, mReset, mMore, mLess};
-    mWindow->add_to_menu(tr("&Demo"), own, owner);
-    mWindow->view_menu()->add_item(mDialogAction, owner);
-    auto* help = make_action("demoHelp", tr("Demo &Help"), QStyle::SP_DialogHelpButton);
-    mWindow->help_menu()->add_item(help, owner);
-    connect(help, &QAction::triggered, this,
-            [] { Broker::command << u"Type \"help demo\" for the command of the demo.\n"_s; });
-}
-
-void DemoWindow::add_toolbar()
-{
-    // A toolbar with three buttons or fewer counts as empty whenever a component leaves.
-    std::vector<QAction*> own{mCount, mReset, mMore, mLess};
-    mWindow->add_to_toolbar("DemoTools", tr("Demo Tools"), own, owner, Qt::TopToolBarArea);
-}
-
-void DemoWindow::add_dock()
-{
-    mDock = new QDockWidget(tr("Demo"), mWindow);
-    mDock->setObjectName(u"DemoDock"_s);
-    auto* page = new QWidget(mDock);
+    auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
     mNumber = new QSpinBox(page);
     mNumber->setObjectName(u"demoNumber"_s);
     mNumber->setAccessibleName(tr("Number"));
-    mNumber->setRange(1, 100);
+    mNumber->setRange(1, largest_number);
     layout->addWidget(mNumber);
     layout->addStretch();
-    mDock->setWidget(page);
-    mWindow->add_dock_window(mDock, owner, Qt::LeftDockWidgetArea,
-                             Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
-    // It is opened from the View menu.
-    mDock->hide();
+    return page;
 }
 
-void DemoWindow::add_options()
+OptionsPage DemoWindow::make_options() const
 {
-    OptionsPanel* panel = mWindow->options();
-    mOptions = new DemoOptions;
-    panel->add_panel(options_path(), mOptions);
-    connect(panel, &OptionsPanel::refreshSettings, mOptions, &DemoOptions::refresh);
-    connect(panel, &OptionsPanel::saveSettings, mOptions, &DemoOptions::save);
-}
-
-void DemoWindow::count()
-{
-    Fennar::instance().interpreter().run(u"demo %1"_s.arg(mNumber->value()));
+    auto* page = new QWidget;
+    page->setObjectName(u"DemoOptions"_s);
+    auto* number = new QSpinBox(page);
+    number->setObjectName(u"demoDefaultNumber"_s);
+    number->setRange(1, largest_number);
+    auto* layout = new QFormLayout(page);
+    layout->addRow(tr("Count to, unless told"), number);
+    return {page, [number] { number->setValue(default_number()); },
+            [number] { QSettings().setValue(u"/demo/number"_s, number->value()); }};
 }
 
 void DemoWindow::show_dialog()
@@ -241,42 +155,27 @@ void DemoWindow::show_dialog()
     mDialog->activateWindow();
 }
 
-std::unique_ptr<DemoWindow> demo_window;
+} // namespace
 
-void load()
+void fennar::load_component(ComponentContext& context)
 {
     // What the command takes: for the command panel, for completion, and for the usage that "help" prints.
     const CommandParameter number{.name = u"NUMBER"_s,
                                   .kind = CommandParameter::Kind::WholeNumber,
                                   .label = QT_TRANSLATE_NOOP("CommandParameter", "Number"),
                                   .least = 1,
-                                  .most = 100,
+                                  .most = largest_number,
                                   .example = u"3"_s};
-    Fennar::instance().registry().add({
+    context.add_command({
         .name = u"demo"_s,
         .summary = u"Counts."_s,
         .help = u"NUMBER is a whole number from 1 to 100. Without it the number of the options page\n"
                 "\"Plugins\", \"Demo\" holds."_s,
-        .owner = QString::fromLatin1(owner),
         .run = &run_command,
         .forms = {{.clauses = {optional_value(number)}}},
     });
-    if (Ostrel* window = Ostrel::instance())
-        demo_window = std::make_unique<DemoWindow>(window);
+    if (Ostrel* window = context.window())
+        context.make<DemoWindow>(context, window);
 }
-
-void unload()
-{
-    demo_window.reset();
-    Fennar::instance().registry().remove_owner(QString::fromLatin1(owner));
-}
-
-constexpr FennarComponent component{
-    FENNAR_COMPONENT_INTERFACE, FENNAR_WORKBENCH_VERSION, owner, "1.0", &load, &unload,
-};
-
-} // namespace
-
-FENNAR_EXPORT_COMPONENT(component)
 
 #include "demo.moc"

@@ -3,10 +3,9 @@
 
 #include "workbench/components/graphics/GraphicsWindow.h"
 
-#include "frame/Ostrel.h"
-#include "menus/OstrelViewMenu.h"
 #include "workbench/components/graphics/GraphicsState.h"
 #include "workbench/components/graphics/GraphicsView.h"
+#include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandSink.h"
 
 #include <QAction>
@@ -17,9 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** The component's name, the owner mark of all that it adds. */
-constexpr auto owner = "graphics";
-
 constexpr auto shaded_key = "/graphics/shaded"_L1;
 constexpr auto wireframe_key = "/graphics/wireframe"_L1;
 constexpr auto mesh_key = "/graphics/mesh"_L1;
@@ -27,12 +23,11 @@ constexpr auto opengl_key = "/graphics/opengl"_L1;
 
 } // namespace
 
-GraphicsWindow::GraphicsWindow(Ostrel* window, GraphicsState& state)
-    : mWindow(window), mState(state), mView(new GraphicsView(state))
+GraphicsWindow::GraphicsWindow(fennar::ComponentContext& context, GraphicsState& state) : mState(state)
 {
     setObjectName(u"GraphicsWindow"_s);
     restore_display();
-    std::vector<QAction*> actions = {
+    const std::vector<QAction*> actions = {
         nullptr, // parts it from what other components have in the menu
         make_action("front", tr("&Front"), "front.svg", "Ctrl+Alt+1", "view front"),
         make_action("back", tr("B&ack"), "back.svg", "Ctrl+Alt+2", "view back"),
@@ -46,26 +41,14 @@ GraphicsWindow::GraphicsWindow(Ostrel* window, GraphicsState& state)
         mWireframe = make_switch("wireframe", tr("&Wireframe"), "wireframe.svg"),
         mMesh = make_switch("mesh", tr("&Mesh"), "mesh.svg"),
     };
-    mWindow->set_graphics_widget(mView);
-    mWindow->view_menu()->add_items(actions, owner);
-    actions.erase(actions.begin()); // a toolbar that loses a separator would be emptied
-    mWindow->add_to_toolbar("GraphicsTools", tr("Graphics Tools"), actions, owner, Qt::TopToolBarArea);
+    auto* const view = new GraphicsView(state);
+    context.set_graphics_widget(view);
+    context.add_to_menu(fennar::FixedMenu::View, actions);
+    context.add_to_toolbar("GraphicsTools", tr("Graphics Tools"), actions);
     connect(&state, &GraphicsState::display_changed, this, &GraphicsWindow::update_switches);
     connect(&state, &GraphicsState::display_changed, this, &GraphicsWindow::keep_display);
     update_switches();
-    connect(mView, &GraphicsView::command_wanted, this, [](const QString& line) { send_command(line); });
-}
-
-// The reverse of the constructor.
-GraphicsWindow::~GraphicsWindow()
-{
-    mWindow->remove_toolbar_items(owner);
-    mWindow->view_menu()->remove_component_items(owner);
-    if (mView) {
-        if (mWindow->graphics_widget() == mView)
-            mWindow->set_graphics_widget(nullptr);
-        delete mView;
-    }
+    connect(view, &GraphicsView::command_wanted, this, [](const QString& line) { send_command(line); });
 }
 
 QAction* GraphicsWindow::make_action(const char* name, const QString& text, const char* icon,

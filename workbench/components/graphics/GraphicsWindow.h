@@ -4,31 +4,27 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
-
-#include <vector>
 
 class GraphicsState;
-class GraphicsView;
-class Ostrel;
 class QAction;
+
+namespace fennar {
+class ComponentContext;
+}
 
 /**
  * All that the component has in the main window: the graphics view, a toolbar, and entries in the View menu.
  * Whatever a user chooses there is sent to the console as a command.
  *
  * What is displayed is kept from one start to the next, as settings in the group "graphics".
- *
- * It takes everything away again when it is deleted.
  */
 class GraphicsWindow : public QObject
 {
     Q_OBJECT
 
 public:
-    /** Both must outlive this object. The state takes over what is kept. */
-    GraphicsWindow(Ostrel* window, GraphicsState& state);
-    ~GraphicsWindow() override;
+    /** Both must outlive this object. There is a window. The state takes over what is kept. */
+    GraphicsWindow(fennar::ComponentContext& context, GraphicsState& state);
 
 private:
     /** An action that sends a command. */
@@ -40,10 +36,7 @@ private:
     void restore_display();
     void keep_display() const;
 
-    Ostrel* mWindow;
     GraphicsState& mState;
-    /** The window takes it along if it goes before this object. */
-    QPointer<GraphicsView> mView;
     QAction* mShaded = nullptr;
     QAction* mWireframe = nullptr;
     QAction* mMesh = nullptr;

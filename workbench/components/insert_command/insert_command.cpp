@@ -7,21 +7,18 @@
 #include "frame/Ostrel.h"
 #include "journal/JournalEditor.h"
 #include "workbench/components/insert_command/InsertCommandDialog.h"
-#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QTabWidget>
 
-#include <memory>
-
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr auto owner = "insert_command";
 
 /** Inserts at the caret how the command is typed, and selects what is to be replaced in it. */
 void insert_template(QPlainTextEdit* document, const QString& name, const QString& usage)
@@ -38,59 +35,21 @@ void insert_template(QPlainTextEdit* document, const QString& name, const QStrin
     document->setFocus();
 }
 
-/** What the component has in the journal editor. */
-class InsertCommand : public QObject
-{
-    Q_OBJECT
-
-public:
-    explicit InsertCommand(JournalEditor* editor);
-    ~InsertCommand() override;
-
-private:
-    QPlainTextEdit* document() const;
-    void insert();
-
-    /** Goes with the main window, perhaps before this object. */
-    QPointer<JournalEditor> mEditor;
-    QAction* mAction;
-};
-
-InsertCommand::InsertCommand(JournalEditor* editor)
-    : mEditor(editor), mAction(new QAction(tr("Insert command..."), this))
-{
-    setObjectName(u"InsertCommand"_s);
-    mAction->setObjectName(u"insertCommand"_s);
-    // The item is disabled in a document without text; the key is not.
-    mAction->setShortcut(Qt::CTRL | Qt::Key_Space);
-    connect(mAction, &QAction::triggered, this, &InsertCommand::insert);
-    editor->add_context_menu_item(mAction);
-    editor->addAction(mAction);
-}
-
-InsertCommand::~InsertCommand()
-{
-    if (!mEditor)
-        return;
-    mEditor->removeAction(mAction);
-    mEditor->remove_context_menu_items(mAction);
-}
-
 /** The current document. Its class is not for components, so it is found by the name of its tabs. */
-QPlainTextEdit* InsertCommand::document() const
+QPlainTextEdit* current_document(const JournalEditor* editor)
 {
-    const auto* tabs = mEditor ? mEditor->findChild<QTabWidget*>(u"mDocTab"_s) : nullptr;
+    const auto* tabs = editor->findChild<QTabWidget*>(u"mDocTab"_s);
     return tabs ? qobject_cast<QPlainTextEdit*>(tabs->currentWidget()) : nullptr;
 }
 
-void InsertCommand::insert()
+void insert(JournalEditor* editor)
 {
-    const QPointer<QPlainTextEdit> target = document();
+    const QPointer<QPlainTextEdit> target = current_document(editor);
     if (!target)
         return;
     // On the heap: the editor may go meanwhile, and takes the dialog with it. The document may be closed.
     const QPointer<InsertCommandDialog> dialog =
-        new InsertCommandDialog(Fennar::instance().registry(), mEditor);
+        new InsertCommandDialog(Fennar::instance().registry(), editor);
     const bool accepted = dialog->exec() == QDialog::Accepted;
     if (!dialog)
         return;
@@ -101,26 +60,21 @@ void InsertCommand::insert()
         insert_template(target, name, usage);
 }
 
-std::unique_ptr<InsertCommand> insert_command;
-
-void load()
-{
-    Ostrel* window = Ostrel::instance();
-    if (JournalEditor* editor = window ? window->journal_editor() : nullptr)
-        insert_command = std::make_unique<InsertCommand>(editor);
-}
-
-void unload()
-{
-    insert_command.reset();
-}
-
-constexpr FennarComponent component{
-    FENNAR_COMPONENT_INTERFACE, FENNAR_WORKBENCH_VERSION, owner, "1.0", &load, &unload,
-};
-
 } // namespace
 
-FENNAR_EXPORT_COMPONENT(component)
-
-#include "insert_command.moc"
+void fennar::load_component(ComponentContext& context)
+{
+    Ostrel* const window = context.window();
+    const QPointer<JournalEditor> editor = window ? window->journal_editor() : nullptr;
+    if (!editor)
+        return;
+    QAction* const action =
+        context.make_action(QCoreApplication::translate("InsertCommand", "Insert command..."), [editor] {
+            if (editor)
+                insert(editor);
+        });
+    action->setObjectName(u"insertCommand"_s);
+    // The item is disabled in a document without text; the key is not.
+    action->setShortcut(Qt::CTRL | Qt::Key_Space);
+    context.add_editor_entry(action);
+}

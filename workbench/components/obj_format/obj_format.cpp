@@ -5,34 +5,11 @@
 // model finds the format in the registry. See docs/formats.md.
 
 #include "workbench/components/obj_format/obj_text.h"
-#include "workbench/sdk/component/component.h"
-#include "workbench/sdk/core/files/FormatRegistry.h"
-
-#include <stdexcept>
+#include "workbench/sdk/component/ComponentContext.h"
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/** The component's name, the owner mark of what it adds. */
-constexpr auto owner = "obj_format";
-
-void load()
+void fennar::load_component(ComponentContext& context)
 {
-    if (!FormatRegistry::instance().add(
-            {u"OBJ"_s, {u"obj"_s}, QString::fromLatin1(owner), &read_obj, &write_obj}))
-        throw std::runtime_error("another component has the format OBJ");
+    context.add_format({.name = u"OBJ"_s, .endings = {u"obj"_s}, .read = &read_obj, .write = &write_obj});
 }
-
-void unload()
-{
-    FormatRegistry::instance().remove_owner(QString::fromLatin1(owner));
-}
-
-constexpr FennarComponent component{
-    FENNAR_COMPONENT_INTERFACE, FENNAR_WORKBENCH_VERSION, owner, "1.0", &load, &unload,
-};
-
-} // namespace
-
-FENNAR_EXPORT_COMPONENT(component)

@@ -11,10 +11,8 @@
 #include "workbench/components/recovery/DocumentKeeper.h"
 #include "workbench/components/recovery/RecoveryOffer.h"
 #include "workbench/components/recovery/WorkKeeper.h"
-#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
-#include "workbench/sdk/core/commands/CommandRegistry.h"
-#include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/files/UnsavedWorks.h"
 
 #include <QDir>
@@ -32,8 +30,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto owner = "recovery";
-
 /** So much of a user's work may get lost. */
 constexpr auto interval = 15s;
 
@@ -42,7 +38,7 @@ void print_error(const QString& text)
     Broker::command << u"ERROR: "_s + text + u'\n';
 }
 
-/** All that the component has while there is a window. */
+/** All that the component has while there is a window; a child of it. */
 class Recovery : public QObject
 {
     Q_OBJECT
@@ -181,47 +177,29 @@ void Recovery::tell_left(const KeptDocument& kept)
                            u'\n';
 }
 
-/** A child of the window. */
-QPointer<Recovery> recovery;
+} // namespace
 
-/** "recover" */
-void run_command(CommandCall& call)
-{
-    call.expect_end();
-    if (!recovery || !recovery->offer())
-        call.print(u"There is nothing to recover.\n"_s);
-}
-
-void load()
+void fennar::load_component(ComponentContext& context)
 {
     // A run without a window has no journals that could get lost.
-    Ostrel* const window = Ostrel::instance();
+    Ostrel* const window = context.window();
     if (!window || !window->journal_editor())
         return;
-    Fennar::instance().registry().add(
+    // It stands above the command that reaches it.
+    const QPointer<Recovery> recovery = &context.make<Recovery>(window);
+    context.add_command(
         {.name = u"recover"_s,
          .summary = u"Offers the unsaved work that was kept for later."_s,
          .help = u"These are the journals and the model that were unsaved when a run of the program ended\n"
                  "unexpectedly."_s,
-         .owner = QString::fromLatin1(owner),
-         .run = &run_command,
+         .run =
+             [recovery](CommandCall& call) {
+                 call.expect_end();
+                 if (!recovery || !recovery->offer())
+                     call.print(u"There is nothing to recover.\n"_s);
+             },
          .forms = {{}}});
-    recovery = new Recovery(window);
     recovery->offer();
 }
-
-void unload()
-{
-    delete recovery;
-    Fennar::instance().registry().remove_owner(QString::fromLatin1(owner));
-}
-
-constexpr FennarComponent component{
-    FENNAR_COMPONENT_INTERFACE, FENNAR_WORKBENCH_VERSION, owner, "1.0", &load, &unload,
-};
-
-} // namespace
-
-FENNAR_EXPORT_COMPONENT(component)
 
 #include "recovery.moc"

@@ -1,77 +1,81 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-// The smallest component that does something: one command, and one menu entry that runs it. It is meant to be
-// copied.
+// A small component, meant to be copied: a command, a menu entry and a dock that run it, and a page of
+// options. The context takes all of it away again.
 
-#include "frame/Ostrel.h"
-#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
-#include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 
-#include <QAction>
 #include <QCoreApplication>
-
-#include <memory>
-#include <vector>
+#include <QFormLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSettings>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/** The component's name, the owner mark of all that it adds. */
-constexpr auto owner = "hello";
+struct Hello
+{
+    Q_DECLARE_TR_FUNCTIONS(Hello)
+};
+
+const auto name_key = u"/hello/name"_s;
+
+QString usual_name()
+{
+    return QSettings().value(name_key, u"world"_s).toString();
+}
 
 /** "hello [NAME]" */
 void run_hello(CommandCall& call)
 {
-    const QString name = call.optional(1).value_or(u"world"_s);
+    const QString name = call.optional(1).value_or(usual_name());
     call.expect_end();
     call.print(u"Hello, %1!\n"_s.arg(name));
 }
 
-/** The menu entry. Exists from load() to unload(), if there is a window. */
-std::unique_ptr<QAction> entry;
-
-void load()
+void greet()
 {
-    Fennar& fennar = Fennar::instance();
-    // What the command takes: for the command panel, for completion, and for the usage that "help" prints.
-    const CommandParameter name{.name = u"NAME"_s,
-                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Whom to greet"),
-                                .default_value = u"world"_s};
-    fennar.registry().add({
-        .name = u"hello"_s,
-        .summary = u"Greets."_s,
-        .owner = QString::fromLatin1(owner),
-        .run = &run_hello,
-        .forms = {{.clauses = {optional_value(name)}}},
-    });
-
-    Ostrel* window = Ostrel::instance();
-    if (!window)
-        return;
-    entry = std::make_unique<QAction>(QCoreApplication::translate("Hello", "&Greet the World"));
-    QObject::connect(entry.get(), &QAction::triggered, entry.get(),
-                     [&fennar] { fennar.interpreter().run(u"hello"_s); });
-    std::vector<QAction*> entries{entry.get()};
-    window->add_to_menu(QCoreApplication::translate("Hello", "&Hello"), entries, owner);
+    Fennar::instance().interpreter().run(u"hello"_s);
 }
 
-// Takes away what load() has added, in the reverse order.
-void unload()
+QWidget* make_dock()
 {
-    if (entry)
-        Ostrel::instance()->remove_menu_items(owner);
-    entry.reset();
-    Fennar::instance().registry().remove_owner(QString::fromLatin1(owner));
+    auto* button = new QPushButton(Hello::tr("Greet"));
+    QObject::connect(button, &QPushButton::clicked, button, &greet);
+    return button;
 }
 
-constexpr FennarComponent component{
-    FENNAR_COMPONENT_INTERFACE, FENNAR_WORKBENCH_VERSION, owner, "1.0", &load, &unload,
-};
+fennar::OptionsPage make_options()
+{
+    auto* page = new QWidget;
+    auto* name = new QLineEdit(page);
+    (new QFormLayout(page))->addRow(Hello::tr("Name"), name);
+    return {page, [name] { name->setText(usual_name()); },
+            [name] { QSettings().setValue(name_key, name->text()); }};
+}
 
 } // namespace
 
-FENNAR_EXPORT_COMPONENT(component)
+void fennar::load_component(ComponentContext& context)
+{
+    // What the command takes: for the command panel, for completion, and for the usage that "help" prints.
+    const CommandParameter name{.name = u"NAME"_s,
+                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Whom to greet"),
+                                .default_value = usual_name()};
+    context.add_command({
+        .name = u"hello"_s,
+        .summary = u"Greets."_s,
+        .run = &run_hello,
+        .forms = {{.clauses = {optional_value(name)}}},
+    });
+    // Without a window these do nothing.
+    context.add_menu_entry(Hello::tr("&Hello"), Hello::tr("&Greet the World"), &greet);
+    context.add_dock(u"HelloDock"_s, Hello::tr("Hello"), &make_dock, Qt::LeftDockWidgetArea);
+    context.add_options_page(QCoreApplication::translate("Workbench", "Plugins") + u'/' + Hello::tr("Hello"),
+                             &make_options);
+}

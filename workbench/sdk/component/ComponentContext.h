@@ -228,4 +228,13 @@ private:
     OpenSaveHandler* mOpenSaveHandler = nullptr;
 };
 
+/**
+ * Adds all that a component offers. Each component defines it, once.
+ *
+ * An exception that leaves it refuses the component; what it had added by then is undone. It is called again,
+ * in the same process and with all static variables as they were left, when the user loads the component once
+ * more.
+ */
+void load_component(ComponentContext& context);
+
 } // namespace fennar

@@ -3,22 +3,11 @@
 
 // A component that ends the program while it is loaded.
 
-#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/component/ComponentContext.h"
 
 #include <cstdlib>
 
-namespace {
-
-void load()
+void fennar::load_component(ComponentContext&)
 {
     std::abort();
 }
-
-void unload() {}
-
-constexpr FennarComponent component{
-    FENNAR_COMPONENT_INTERFACE, FENNAR_WORKBENCH_VERSION, "crashing", "1", &load, &unload};
-
-} // namespace
-
-FENNAR_EXPORT_COMPONENT(component)

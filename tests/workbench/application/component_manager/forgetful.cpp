@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-// A component that adds one of each and takes nothing away; made for several names and ways to go.
+// A component that adds one of each by itself, round its context, and takes nothing away; made for several
+// names and ways to go.
 
 #include "console/CommandWindow.h"
 #include "files/ImportExportHandler.h"
@@ -16,7 +17,7 @@
 #include "menus/OstrelToolsMenu.h"
 #include "menus/OstrelViewMenu.h"
 #include "options/OptionsPanel.h"
-#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Fennar.h"
@@ -39,8 +40,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto owner = RECORD_NAME;
-
 /** Of a class that only this component knows. */
 class OwnLabel : public QLabel
 {
@@ -57,25 +56,20 @@ class OwnFiles : public OpenSaveHandler
 public:
     void get_filters(QString&, bool) override {}
     void get_save_location(QString&, QString&) override {}
-    bool is_modified() override { return modified; }
-    void set_modified(bool on) override { modified = on; }
+    bool is_modified() override { return false; }
+    void set_modified(bool) override {}
     void new_file() override {}
     void open_file(const QString&) override {}
     void import_recent(const QString&) override {}
     void save_file(const QString&) override {}
     void save_file_as(const QString&, const QString&) override {}
     void set_directory() override {}
-
-    bool modified = false;
 };
 
 class OwnFormat : public ImportExportHandler
 {
 public:
-    explicit OwnFormat(const QString& filters) : ImportExportHandler(QStringLiteral(RECORD_NAME))
-    {
-        mFilters = filters;
-    }
+    explicit OwnFormat(const QString& filters) : ImportExportHandler({}) { mFilters = filters; }
     void execute(const QString&, const QString&) override {}
 };
 
@@ -94,7 +88,7 @@ QAction* action(const QString& text)
     return made;
 }
 
-void add_to_window(Ostrel* window)
+void add_to_window(Ostrel* window, const char* owner)
 {
     std::vector<QAction*> entries{action(u"left entry"_s), nullptr, action(u"left second"_s)};
     window->add_to_menu(u"Left"_s, entries, owner);
@@ -149,45 +143,21 @@ void add_to_window(Ostrel* window)
 #endif
 }
 
-void load()
-{
-    Fennar::instance().registry().add({QStringLiteral(RECORD_NAME) + u"-command"_s,
-                                       u"left"_s,
-                                       {},
-                                       {},
-                                       QStringLiteral(RECORD_NAME),
-                                       [](CommandCall&) {}});
-    Fennar::instance().registry().add(
-        {QStringLiteral(RECORD_NAME) + u"-other"_s, u"left"_s, {}, {}, u"nobody"_s, [](CommandCall&) {
-             files.modified = true;
-         }});
-    const QString own_name = QStringLiteral(RECORD_NAME);
-    FormatRegistry::instance().add({u"LEFT"_s, {u"left"_s}, own_name, {}, [](const Surface&) { return ""; }});
-    UnsavedWorks::instance().add({u"left"_s, own_name, [] { return std::nullopt; }, [] { return QString(); },
-                                  [] { return QByteArrayList(); },
-                                  [](const QByteArray&, const QString&) { return QString(); }});
-    Broker::instance()->add_component_tracker(&tracker);
-    if (Ostrel* window = Ostrel::instance())
-        add_to_window(window);
-#ifdef RECORD_THROWS
-    throw RECORD_THROWS;
-#endif
-}
-
-void unload()
-{
 #ifdef RECORD_LATER
-    // All of it is taken away, but some of it not yet.
-    FormatRegistry::instance().remove_owner(QStringLiteral(RECORD_NAME));
-    UnsavedWorks::instance().remove_owner(QStringLiteral(RECORD_NAME));
+/** All of it is taken away, but some of it not yet. */
+void take_away(const QString& name)
+{
+    FormatRegistry::instance().remove_owner(name);
+    UnsavedWorks::instance().remove_owner(name);
     Broker::instance()->remove_component_tracker(&tracker);
-    Fennar::instance().registry().remove(QStringLiteral(RECORD_NAME) + u"-other"_s);
-    Fennar::instance().registry().remove_owner(QStringLiteral(RECORD_NAME));
+    Fennar::instance().registry().remove(name + u"-other"_s);
+    Fennar::instance().registry().remove_owner(name);
     if (Ostrel* window = Ostrel::instance()) {
-        window->remove_menu_items(owner);
-        window->remove_toolbar_items(owner);
-        window->remove_dock_window(owner);
-        window->journal_editor()->remove_import_items(owner);
+        const QByteArray owner = name.toUtf8();
+        window->remove_menu_items(owner.constData());
+        window->remove_toolbar_items(owner.constData());
+        window->remove_dock_window(owner.constData());
+        window->journal_editor()->remove_import_items(owner.constData());
         window->options()->remove_panel(u"Left Group/Left Page"_s);
         window->options()->remove_panel(u"Left Group"_s);
     }
@@ -195,16 +165,38 @@ void unload()
         if (addition)
             addition->deleteLater();
     }
-#endif
-    additions.clear();
-#ifdef RECORD_UNLOAD_THROWS
-    throw std::runtime_error("no way out");
-#endif
 }
-
-constexpr FennarComponent component{
-    FENNAR_COMPONENT_INTERFACE, FENNAR_WORKBENCH_VERSION, RECORD_NAME, "1", &load, &unload};
+#endif
 
 } // namespace
 
-FENNAR_EXPORT_COMPONENT(component)
+void fennar::load_component(ComponentContext& context)
+{
+    const QString name = context.name();
+    CommandRegistry& registry = Fennar::instance().registry();
+    context.on_end([] { additions.clear(); });
+#ifdef RECORD_LATER
+    context.on_end([name] { take_away(name); });
+#endif
+#ifdef RECORD_UNLOAD_THROWS
+    context.add_command({.name = name + u"-told"_s, .run = [](CommandCall&) {}});
+    context.on_end([] { throw std::runtime_error("no way out"); });
+#endif
+#ifdef RECORD_THROWS
+    context.add_command({.name = name + u"-told"_s, .run = [](CommandCall&) {}});
+    context.add_menu_entry(u"Told"_s, u"told"_s, nullptr);
+    context.add_format({u"TOLD"_s, {u"told"_s}, {}, {}, [](const Surface&) { return ""; }});
+    throw RECORD_THROWS;
+#endif
+    registry.add({.name = name + u"-command"_s, .owner = name, .run = [](CommandCall&) {}});
+    registry.add({.name = name + u"-other"_s, .owner = u"nobody"_s, .run = [](CommandCall&) {}});
+    FormatRegistry::instance().add({u"LEFT"_s, {u"left"_s}, name, {}, [](const Surface&) { return ""; }});
+    UnsavedWorks::instance().add({u"left"_s, name, [] { return std::nullopt; }, [] { return QString(); },
+                                  [] { return QByteArrayList(); },
+                                  [](const QByteArray&, const QString&) { return QString(); }});
+    Broker::instance()->add_component_tracker(&tracker);
+    import_format.mComponent = name;
+    export_format.mComponent = name;
+    if (Ostrel* window = context.window())
+        add_to_window(window, name.toUtf8().constData());
+}

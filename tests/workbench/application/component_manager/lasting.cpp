@@ -4,9 +4,8 @@
 // A component with dialogs and commands that are open and running when the program ends.
 
 #include "frame/Ostrel.h"
-#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
-#include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QCoreApplication>
@@ -52,23 +51,15 @@ void run_on(CommandCall& call)
     throw call.error(0, u"interrupted"_s);
 }
 
-void load()
-{
-    CommandRegistry& registry = Fennar::instance().registry();
-    registry.add({u"open-dialog"_s, u"open-dialog"_s, {}, {}, u"lasting"_s, &open_dialog});
-    registry.add({u"open-modal"_s, u"open-modal"_s, {}, {}, u"lasting"_s, &open_modal});
-    registry.add({u"run-on"_s, u"run-on"_s, {}, {}, u"lasting"_s, &run_on});
-}
-
-void unload()
-{
-    delete dialog;
-    Fennar::instance().registry().remove_owner(u"lasting"_s);
-}
-
-constexpr FennarComponent component{
-    FENNAR_COMPONENT_INTERFACE, FENNAR_WORKBENCH_VERSION, "lasting", "1", &load, &unload};
-
 } // namespace
 
-FENNAR_EXPORT_COMPONENT(component)
+void fennar::load_component(ComponentContext& context)
+{
+    const auto add = [&context](const QString& name, void (*run)(CommandCall&)) {
+        context.add_command({.name = name, .usage = name, .run = run});
+    };
+    add(u"open-dialog"_s, &open_dialog);
+    add(u"open-modal"_s, &open_modal);
+    add(u"run-on"_s, &run_on);
+    context.on_end([] { delete dialog; });
+}

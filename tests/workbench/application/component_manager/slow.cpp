@@ -3,13 +3,11 @@
 
 // A component that takes as long to load as nobody opens the pipe that the environment names.
 
-#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/component/ComponentContext.h"
 
 #include <QFile>
 
-namespace {
-
-void load()
+void fennar::load_component(ComponentContext&)
 {
     const QString gate = qEnvironmentVariable("TEST_COMPONENT_GATE");
     if (gate.isEmpty())
@@ -22,12 +20,3 @@ void load()
     if (!pipe.open(QIODevice::ReadOnly))
         qFatal("the pipe cannot be opened");
 }
-
-void unload() {}
-
-constexpr FennarComponent component{
-    FENNAR_COMPONENT_INTERFACE, FENNAR_WORKBENCH_VERSION, "slow", "1", &load, &unload};
-
-} // namespace
-
-FENNAR_EXPORT_COMPONENT(component)

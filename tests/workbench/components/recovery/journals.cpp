@@ -5,10 +5,8 @@
 
 #include "frame/Ostrel.h"
 #include "journal/JournalEditor.h"
-#include "workbench/sdk/component/component.h"
+#include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
-#include "workbench/sdk/core/commands/CommandRegistry.h"
-#include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QAbstractButton>
 #include <QJsonArray>
@@ -24,8 +22,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr auto owner = "journals";
 
 JournalEditor* editor()
 {
@@ -113,10 +109,12 @@ void report(CommandCall& call)
         throw call.error(1, u"the report cannot be written"_s);
 }
 
-void load()
+} // namespace
+
+void fennar::load_component(ComponentContext& context)
 {
-    const auto add = [](const QString& name, void (*run)(CommandCall&)) {
-        Fennar::instance().registry().add({name, name, {}, {}, QString::fromLatin1(owner), run});
+    const auto add = [&context](const QString& name, void (*run)(CommandCall&)) {
+        context.add_command({.name = name, .usage = name, .run = run});
     };
     add(u"journal-add"_s, &add_journal);
     add(u"journal-open"_s, &open_journal);
@@ -127,15 +125,3 @@ void load()
     add(u"journal-no-prompt"_s, &drop_silently);
     add(u"journal-report"_s, &report);
 }
-
-void unload()
-{
-    Fennar::instance().registry().remove_owner(QString::fromLatin1(owner));
-}
-
-constexpr FennarComponent component{
-    FENNAR_COMPONENT_INTERFACE, FENNAR_WORKBENCH_VERSION, owner, "1", &load, &unload};
-
-} // namespace
-
-FENNAR_EXPORT_COMPONENT(component)

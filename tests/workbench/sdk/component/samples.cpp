@@ -3,28 +3,17 @@
 
 #include "samples.h"
 
-#include "console/CommandWindow.h"
-#include "files/OstrelFileMenu.h"
+#include "describe_program.h"
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/ComponentTracker.h"
 #include "hostdouble/HostDouble.h"
-#include "journal/JournalEditor.h"
-#include "menus/HelpAboutOstrel.h"
-#include "menus/OstrelHelpMenu.h"
-#include "options/OptionsPanel.h"
-#include "support/describe_window.h"
 #include "workbench/sdk/core/commands/Fennar.h"
-#include "workbench/sdk/core/files/FormatRegistry.h"
 
 #include <QAction>
-#include <QCoreApplication>
 #include <QDockWidget>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QShortcut>
-#include <QStackedWidget>
-#include <QTabWidget>
-#include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
 using fennar::ComponentContext;
@@ -59,49 +48,6 @@ std::vector<QAction*> four_actions(ComponentContext& context)
     for (const QString& text : {u"One"_s, u"Two"_s, u"Three"_s, u"Four"_s})
         actions.push_back(context.make_action(text, nullptr));
     return actions;
-}
-
-void describe_options(const QTreeWidgetItem* item, const QString& above, QStringList& rows)
-{
-    for (int i = 0; i < item->childCount(); ++i) {
-        rows << u"options "_s + above + item->child(i)->text(0);
-        describe_options(item->child(i), above + item->child(i)->text(0) + u'/', rows);
-    }
-}
-
-/** Where separators count, too. */
-QStringList describe_all()
-{
-    Fennar& fennar = Fennar::instance();
-    QStringList rows = fennar.registry().names() + fennar.registry().entities().kinds();
-    for (const auto& one : FormatRegistry::instance().formats())
-        rows << u"format "_s + one->name;
-    for (const UnsavedWork& one : UnsavedWorks::instance().works())
-        rows << u"work "_s + one.kind;
-    rows << u"trackers %1"_s.arg(HostDouble::instance().trackers.size());
-    Ostrel* const window = Ostrel::instance();
-    if (!window)
-        return rows;
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    rows += describe_window(*window) + describe_window(*window->journal_editor());
-    for (const QAction* action : window->journal_editor()->actions())
-        rows << u"editor "_s + action->text();
-    const auto* options = window->options()->findChild<QTreeWidget*>(u"mOptionList"_s);
-    describe_options(options->invisibleRootItem(), {}, rows);
-    rows << u"option pages %1"_s.arg(
-        window->options()->findChild<QStackedWidget*>(u"mOptionStack"_s)->count());
-    const auto* tabs = window->findChild<QTabWidget*>(u"mCommandTab"_s);
-    for (int i = 0; i < tabs->count(); ++i)
-        rows << u"tab "_s + tabs->tabText(i);
-    rows << (window->graphics_widget() ? u"graphics"_s : u"no graphics"_s);
-    const auto labels = window->help_menu()->get_help_about_dialog()->findChildren<QLabel*>();
-    rows << u"about %1"_s.arg(labels.size());
-    QString formats;
-    window->file_menu()->get_import_filters(formats);
-    window->file_menu()->get_export_filters(formats);
-    rows << u"formats "_s + formats;
-    rows << (window->file_menu()->get_open_save_handler() ? u"handler"_s : u"no handler"_s);
-    return rows;
 }
 
 Files files;
@@ -247,8 +193,8 @@ const std::vector<Addition> all_additions = {
 
 QStringList describe()
 {
-    QStringList rows = describe_all();
-    rows.removeIf([](const QString& row) { return row.trimmed() == "---"_L1; });
+    QStringList rows = describe_program();
+    rows << u"trackers %1"_s.arg(HostDouble::instance().trackers.size());
     return rows;
 }
 

@@ -59,8 +59,7 @@ private:
     int* mAlive;
 };
 
-/** All that is there, of the window and of what is beside it, without the separators between sections, which
- * stay when the entries go. */
+/** The program, and how many trackers the host has. */
 QStringList describe();
 
 /** One of each kind of addition. */

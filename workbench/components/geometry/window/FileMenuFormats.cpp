@@ -17,17 +17,11 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr auto owner = "geometry";
-
-} // namespace
-
 class FileMenuFormats::Importer : public ImportExportHandler
 {
 public:
     Importer(FileMenuFormats& formats, const Format& format)
-        : ImportExportHandler(QString::fromLatin1(owner)), mFormats(formats), mFormat(format.name)
+        : ImportExportHandler({}), mFormats(formats), mFormat(format.name)
     {
         mFilters = format.filter();
     }
@@ -48,7 +42,7 @@ class FileMenuFormats::Exporter : public ImportExportHandler
 {
 public:
     Exporter(SaveQuestion& question, const Format& format)
-        : ImportExportHandler(QString::fromLatin1(owner)), mQuestion(question), mFormat(format.name)
+        : ImportExportHandler({}), mQuestion(question), mFormat(format.name)
     {
         mFilters = format.filter();
     }
@@ -66,38 +60,21 @@ private:
     QString mFormat;
 };
 
-FileMenuFormats::FileMenuFormats(OstrelFileMenu* menu) : mMenu(menu)
+FileMenuFormats::FileMenuFormats(const fennar::ComponentContext& context) : mEntries(context.name())
 {
     build();
     connect(&FormatRegistry::instance(), &FormatRegistry::changed, this, &FileMenuFormats::build);
 }
 
-FileMenuFormats::~FileMenuFormats()
-{
-    clear();
-}
-
 void FileMenuFormats::build()
 {
-    clear();
+    mEntries.end();
     for (const Format& format : formats()) {
-        if (format.reads) {
-            auto handler = std::make_unique<Importer>(*this, format);
-            if (mMenu->add_import(handler.get()))
-                mHandlers.push_back(std::move(handler));
-        }
-        if (format.writes) {
-            auto handler = std::make_unique<Exporter>(mQuestion, format);
-            if (mMenu->add_export(handler.get()))
-                mHandlers.push_back(std::move(handler));
-        }
+        if (format.reads)
+            mEntries.add_import(std::make_unique<Importer>(*this, format));
+        if (format.writes)
+            mEntries.add_export(std::make_unique<Exporter>(mQuestion, format));
     }
-}
-
-void FileMenuFormats::clear()
-{
-    mMenu->remove_component_items(owner);
-    mHandlers.clear();
 }
 
 void FileMenuFormats::imported(const QString& file, bool done)
@@ -108,6 +85,6 @@ void FileMenuFormats::imported(const QString& file, bool done)
         return;
     const QString format = chosen->format;
     mChosen.erase(chosen);
-    if (done)
-        mMenu->recent_import(recent_import_command(file, format));
+    if (Ostrel* window = mEntries.window(); window && done)
+        window->file_menu()->recent_import(recent_import_command(file, format));
 }

@@ -4,31 +4,25 @@
 #pragma once
 
 #include "workbench/components/geometry/window/SaveQuestion.h"
+#include "workbench/sdk/component/ComponentContext.h"
 
 #include <QObject>
 #include <QStringList>
-
-#include <memory>
-#include <vector>
-
-class ImportExportHandler;
-class OstrelFileMenu;
 
 /**
  * The formats in the "File" menu: an entry in the dialogs for import and export for each that there is, also
  * for those that other components bring.
  *
  * What the user chooses is sent to the console as a command. An import that was chosen here and has gone well
- * joins the recent imports. Everything is taken out of the menu again when this object is deleted.
+ * joins the recent imports.
  */
 class FileMenuFormats : public QObject
 {
     Q_OBJECT
 
 public:
-    /** @param menu  must outlive this object. */
-    explicit FileMenuFormats(OstrelFileMenu* menu);
-    ~FileMenuFormats() override;
+    /** There is a window. */
+    explicit FileMenuFormats(const fennar::ComponentContext& context);
 
     /** To be told of the end of each import. */
     void imported(const QString& file, bool done);
@@ -38,12 +32,10 @@ private:
     class Exporter;
 
     void build();
-    void clear();
 
-    OstrelFileMenu* mMenu;
     SaveQuestion mQuestion;
-    /** The file menu has them in its lists, and would delete them only if it went first. */
-    std::vector<std::unique_ptr<ImportExportHandler>> mHandlers;
+    /** What is in the menu now: it comes and goes with the formats. */
+    fennar::ComponentContext mEntries;
     struct Chosen
     {
         QString file;

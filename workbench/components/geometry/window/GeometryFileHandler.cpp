@@ -35,18 +35,7 @@ QString tr(const char* text)
 
 GeometryFileHandler::GeometryFileHandler(Ostrel* window, GeometryDocument& document)
     : mWindow(window), mDocument(document)
-{
-    menu()->set_open_save_handler(this);
-}
-
-GeometryFileHandler::~GeometryFileHandler()
-{
-    if (!is_plugged_in())
-        return;
-    menu()->set_open_save_handler(nullptr);
-    OstrelFileMenu::set_file_name({});
-    mWindow->update_title();
-}
+{}
 
 OstrelFileMenu* GeometryFileHandler::menu() const
 {

@@ -26,10 +26,8 @@ class OstrelFileMenu;
 class GeometryFileHandler : public OpenSaveHandler
 {
 public:
-    /** Plugs itself in. Both must outlive it. */
+    /** Both must outlive it. It is for the caller to plug in. */
     GeometryFileHandler(Ostrel* window, GeometryDocument& document);
-    /** Takes itself out, and the current file with it, unless another handler has taken its place. */
-    ~GeometryFileHandler() override;
 
     void get_filters(QString& filters, bool saving) override;
     void get_save_location(QString& path, QString& name) override;

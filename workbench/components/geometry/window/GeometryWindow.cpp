@@ -5,10 +5,10 @@
 
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
-#include "menus/OstrelHelpMenu.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/geometry/window/CommandDialog.h"
 #include "workbench/components/geometry/window/GeometryDock.h"
+#include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandSink.h"
 
 #include <QAction>
@@ -19,9 +19,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/** The component's name, the owner mark of all that it adds. */
-constexpr auto owner = "geometry";
 
 /** What all forms for new solids end with. */
 QList<CommandField> with_placing(QList<CommandField> fields, bool with_axis)
@@ -50,33 +47,22 @@ CommandField solids_field(const QString& name, const QString& label, const QStri
 
 } // namespace
 
-GeometryWindow::GeometryWindow(Ostrel* window, const GeometryModel& model)
-    : mWindow(window), mDock(new GeometryDock(model, window))
+GeometryWindow::GeometryWindow(fennar::ComponentContext& context, const GeometryModel& model)
+    : mWindow(context.window()), mDock(new GeometryDock(model, mWindow))
 {
     setObjectName(u"GeometryWindow"_s);
     make_solid_actions();
     make_change_actions();
     make_mesh_actions();
-    add_dock();
-    add_menu();
-    add_toolbar();
+    add_dock(context);
+    add_menu(context);
+    context.add_to_toolbar("GeometryTools", tr("Geometry Tools"), mToolActions);
     connect(mDock, &GeometryDock::selection_changed, this, &GeometryWindow::update_actions);
     update_actions();
-}
-
-// The reverse of the constructor.
-GeometryWindow::~GeometryWindow()
-{
-    for (const QPointer<QWidget>& dialog : std::as_const(mDialogs))
-        delete dialog;
-    mWindow->remove_toolbar_items(owner);
-    mWindow->remove_menu_items(owner);
-    if (mDock) {
-        // The window forgets the entry in its view menu; the dock itself is for the component to delete.
-        mWindow->remove_dock_window(owner);
-        mWindow->removeDockWidget(mDock);
-        delete mDock;
-    }
+    context.on_end([this] {
+        for (const QPointer<QWidget>& dialog : std::as_const(mDialogs))
+            delete dialog;
+    });
 }
 
 QAction* GeometryWindow::make_action(const char* name, const QString& text, const char* icon)
@@ -225,12 +211,12 @@ void GeometryWindow::make_mesh_actions()
     mToolActions.push_back(mesh);
 }
 
-void GeometryWindow::add_menu()
+void GeometryWindow::add_menu(fennar::ComponentContext& context)
 {
-    mWindow->add_to_menu(tr("&Geometry"), mMenuActions, owner);
-    mHelp = make_action("help", tr("&Geometry Commands"));
-    mWindow->help_menu()->add_manual(mHelp, owner);
-    connect(mHelp, &QAction::triggered, this, [] {
+    context.add_to_menu(tr("&Geometry"), mMenuActions);
+    QAction* const help = make_action("help", tr("&Geometry Commands"));
+    context.add_to_menu(fennar::FixedMenu::Manuals, {help});
+    connect(help, &QAction::triggered, this, [] {
         for (const char* command :
              {"brick",   "cylinder", "sphere",   "cone",      "torus",  "move",  "rotate", "copy",
               "rename",  "unite",    "subtract", "intersect", "delete", "list",  "mesh",   "statistics",
@@ -239,15 +225,9 @@ void GeometryWindow::add_menu()
     });
 }
 
-void GeometryWindow::add_toolbar()
+void GeometryWindow::add_dock(fennar::ComponentContext& context)
 {
-    mWindow->add_to_toolbar("GeometryTools", tr("Geometry Tools"), mToolActions, owner, Qt::TopToolBarArea);
-}
-
-void GeometryWindow::add_dock()
-{
-    mWindow->add_dock_window(mDock, owner, Qt::LeftDockWidgetArea,
-                             Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+    context.add_dock(mDock, Qt::LeftDockWidgetArea, Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
     for (QAction* action : mDockActions) {
         if (action)
             mDock->context_menu()->addAction(action);

@@ -17,20 +17,21 @@ class GeometryModel;
 class Ostrel;
 class QAction;
 
+namespace fennar {
+class ComponentContext;
+}
+
 /**
  * All that the component has in the main window: the menu "Geometry", a toolbar, the dock "Model", and an
  * entry in the help menu. Whatever a user chooses is sent to the console as a command.
- *
- * It takes everything away again when it is deleted.
  */
 class GeometryWindow : public QObject
 {
     Q_OBJECT
 
 public:
-    /** Both must outlive this object. */
-    GeometryWindow(Ostrel* window, const GeometryModel& model);
-    ~GeometryWindow() override;
+    /** Both must outlive this object. There is a window. */
+    GeometryWindow(fennar::ComponentContext& context, const GeometryModel& model);
 
 private:
     QAction* make_action(const char* name, const QString& text, const char* icon = nullptr);
@@ -44,16 +45,14 @@ private:
     void make_solid_actions();
     void make_change_actions();
     void make_mesh_actions();
-    void add_menu();
-    void add_toolbar();
-    void add_dock();
+    void add_menu(fennar::ComponentContext& context);
+    void add_dock(fennar::ComponentContext& context);
     void update_actions();
 
     Ostrel* mWindow;
     /** The window owns it, and so it may go before this object. */
     QPointer<GeometryDock> mDock;
     QList<QPointer<QWidget>> mDialogs;
-    QAction* mHelp = nullptr;
     /** Null stands for a separator. */
     std::vector<QAction*> mMenuActions;
     std::vector<QAction*> mToolActions;

@@ -24,8 +24,8 @@ struct FileFormat
     QString name;
     /** The endings of its files in small letters and without a dot, the usual one first. At least one. */
     QStringList endings;
-    /** The name of the component that brings it. */
-    QString owner;
+    /** The name of the component that brings it; a component's context sets it. */
+    QString owner = {};
     /** Makes triangles of a file's content; null if files of this format cannot be read. */
     std::function<Surface(const QByteArray&)> read;
     /** Makes a file's content of triangles; null if files of this format cannot be written. */

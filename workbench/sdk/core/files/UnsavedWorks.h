@@ -18,8 +18,8 @@ struct UnsavedWork
 {
     /** The kind of work, by which a copy finds its component again: small letters, as "model". */
     QString kind;
-    /** The name of the component that brings it. */
-    QString owner;
+    /** The name of the component that brings it; a component's context sets it. */
+    QString owner = {};
     /** Tells its states apart: a number that no other state has had; nothing while nothing is unsaved. */
     std::function<std::optional<qint64>()> state;
     /** The whole path of the file that it belongs to; empty for none. */
@@ -52,6 +52,7 @@ public:
     bool add(const UnsavedWork& work);
     /** Removes all of a component. */
     void remove_owner(const QString& owner);
+    /** All work, the oldest first. */
     const QList<UnsavedWork>& works() const { return mWorks; }
     /** The work of that kind; nothing if there is none. */
     std::optional<UnsavedWork> find(const QString& kind) const;

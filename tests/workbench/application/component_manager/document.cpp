@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+// A component that has a document, which the command "change" makes unsaved.
+
+#include "files/OpenSaveHandler.h"
+#include "files/OstrelFileMenu.h"
+#include "workbench/sdk/component/ComponentContext.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Document : public OpenSaveHandler
+{
+public:
+    void get_filters(QString&, bool) override {}
+    void get_save_location(QString&, QString&) override {}
+    bool is_modified() override { return modified; }
+    void set_modified(bool on) override { modified = on; }
+    void new_file() override {}
+    void open_file(const QString&) override {}
+    void import_recent(const QString&) override {}
+    void save_file(const QString&) override {}
+    void save_file_as(const QString&, const QString&) override {}
+    void set_directory() override {}
+
+    bool modified = false;
+};
+
+} // namespace
+
+void fennar::load_component(ComponentContext& context)
+{
+    auto& document = context.make<Document>();
+    context.set_open_save_handler(document);
+    OstrelFileMenu::set_file_name(u"some.file"_s);
+    context.add_command(
+        {.name = u"change"_s, .run = [&document](CommandCall&) { document.modified = true; }});
+}

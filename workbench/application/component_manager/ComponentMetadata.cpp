@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/application/component_manager/ComponentMetadata.h"
+
+#include "workbench/sdk/component/Component.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QPluginLoader>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** Owner marks that are not for components. */
+bool is_reserved(const QString& name)
+{
+    static const QStringList reserved{u"framework"_s, u"fennari19"_s, u"workbench"_s,
+                                      u"ot_section_separator"_s};
+    return reserved.contains(name);
+}
+
+bool is_name(const QString& name)
+{
+    static const QRegularExpression pattern(u"\\A[a-z][a-z0-9_-]*\\z"_s);
+    return pattern.match(name).hasMatch();
+}
+
+QStringList strings(const QJsonValue& list)
+{
+    QStringList result;
+    for (const QJsonValue& one : list.toArray())
+        result << one.toString();
+    return result;
+}
+
+/** Why the file cannot be loaded, by what of it Qt has read. */
+QString find_fault(const QJsonObject& all, const QString& error)
+{
+    if (all.isEmpty())
+        return u"it is no component: "_s + error.simplified();
+    const QString family = QStringLiteral(FENNAR_COMPONENT_FAMILY);
+    const QString interface = all.value("IID"_L1).toString();
+    if (!interface.startsWith(family))
+        return u"it is no component: it is a plugin of the kind \"%1\""_s.arg(interface);
+    if (interface != QStringLiteral(FENNAR_COMPONENT_FAMILY FENNAR_COMPONENT_INTERFACE))
+        return u"it was made for version %1 of the component interface; this program has version %2"_s.arg(
+            interface.sliced(family.size()), QStringLiteral(FENNAR_COMPONENT_INTERFACE));
+    const QJsonObject own = all.value("MetaData"_L1).toObject();
+    const QString workbench = own.value("workbench"_L1).toString();
+    if (workbench != QStringLiteral(FENNAR_VERSION))
+        return u"it was made for version %1 of the workbench; this is version %2"_s.arg(
+            workbench.isEmpty() ? u"(none)"_s : workbench, QStringLiteral(FENNAR_VERSION));
+    const QString name = own.value("name"_L1).toString();
+    if (!is_name(name))
+        return u"\"%1\" is no name for a component: a lower-case letter, then lower-case letters, digits, "
+               u"\"_\" "
+               "and \"-\""_s.arg(name);
+    if (is_reserved(name))
+        return u"the name \"%1\" is taken by the program"_s.arg(name);
+    return {};
+}
+
+} // namespace
+
+ComponentMetadata ComponentMetadata::read(const QString& file)
+{
+    const QPluginLoader plugin(file);
+    const QJsonObject all = plugin.metaData();
+    const QJsonObject own = all.value("MetaData"_L1).toObject();
+    ComponentMetadata result;
+    result.fault = find_fault(all, plugin.errorString());
+    const QString name = own.value("name"_L1).toString();
+    if (is_name(name) && !is_reserved(name))
+        result.name = name;
+    result.version = own.value("version"_L1).toString();
+    result.needs = strings(own.value("requires"_L1));
+    result.commands = strings(own.value("commands"_L1));
+    return result;
+}

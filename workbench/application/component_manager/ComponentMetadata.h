@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/** What the file of a component tells of it before any of its code runs. */
+struct ComponentMetadata
+{
+    /** Looks into @p file; nothing of it is run. */
+    static ComponentMetadata read(const QString& file);
+
+    /** Why the file cannot be loaded by this program; empty if it can. The other fields may be empty then. */
+    QString fault;
+    /** A lower-case letter, then lower-case letters, digits, "_" and "-"; empty if the file gives none that a
+     * component may have. */
+    QString name;
+    /** The component's own, for people to read. */
+    QString version;
+    /** The components that it needs. */
+    QStringList needs;
+    /** The commands that it adds. */
+    QStringList commands;
+};
