@@ -8,13 +8,13 @@
 #include "journal/JournalEditor.h"
 #include "workbench/components/insert_command/InsertCommandDialog.h"
 #include "workbench/sdk/component/ComponentContext.h"
+#include "workbench/sdk/component/journal_documents.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QAction>
 #include <QCoreApplication>
 #include <QPlainTextEdit>
 #include <QPointer>
-#include <QTabWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -35,16 +35,9 @@ void insert_template(QPlainTextEdit* document, const QString& name, const QStrin
     document->setFocus();
 }
 
-/** The current document. Its class is not for components, so it is found by the name of its tabs. */
-QPlainTextEdit* current_document(const JournalEditor* editor)
-{
-    const auto* tabs = editor->findChild<QTabWidget*>(u"mDocTab"_s);
-    return tabs ? qobject_cast<QPlainTextEdit*>(tabs->currentWidget()) : nullptr;
-}
-
 void insert(JournalEditor* editor)
 {
-    const QPointer<QPlainTextEdit> target = current_document(editor);
+    const QPointer<QPlainTextEdit> target = current_journal(editor);
     if (!target)
         return;
     // On the heap: the editor may go meanwhile, and takes the dialog with it. The document may be closed.

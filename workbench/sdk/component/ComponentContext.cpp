@@ -167,12 +167,13 @@ void ComponentContext::add_commands(const std::function<bool(CommandRegistry& re
         refuse(u"one of its commands is there already"_s);
 }
 
-void ComponentContext::offer_entities(const QString& kind, const CommandEntities::Names& names)
+void ComponentContext::offer_entities(const QString& kind, const CommandEntities::Names& names,
+                                      const CommandEntities::Numbered& numbered)
 {
     CommandEntities& entities = Fennar::instance().registry().entities();
     const QString mark = QString::fromUtf8(make_mark(mName));
     on_end([&entities, mark] { entities.withdraw(mark); });
-    entities.offer(kind, mark, names);
+    entities.offer(kind, mark, names, numbered);
 }
 
 void ComponentContext::add_format(FileFormat format)
