@@ -10,12 +10,14 @@
 #include "workbench/sdk/component/Component.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/absent_command.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QPluginLoader>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <QSettings>
 #include <QTimer>
 
@@ -150,11 +152,13 @@ ComponentManager::ComponentManager(CommandInterpreter& interpreter, const QStrin
     for (const QString& file : crashed)
         store(crashed_key, file, true);
     HostMediator::instance().set_component_source(this);
+    set_absent_command_hint([this](const QString& name) { return hint_for_command(name); });
 }
 
 ComponentManager::~ComponentManager()
 {
     unload_all();
+    set_absent_command_hint(nullptr);
     HostMediator::instance().set_component_source(nullptr);
     // Code that has run stays, see the class comment.
 }
@@ -242,6 +246,18 @@ ComponentManager::Entry* ComponentManager::entry_named(const QString& name) cons
             first = entry.get();
     }
     return first;
+}
+
+QString ComponentManager::hint_for_command(const QString& name)
+{
+    if (!mBusy)
+        search();
+    for (const auto& entry : mEntries) {
+        if (entry->about.state == State::Unloaded && entry->metadata.fault.isEmpty() &&
+            entry->metadata.commands.contains(name))
+            return u"it comes with the component \"%1\", which \"load %1\" loads"_s.arg(entry->about.name);
+    }
+    return {};
 }
 
 std::vector<ComponentManager::Component> ComponentManager::components()
@@ -348,17 +364,13 @@ QString ComponentManager::load_entry(Entry& entry, bool asked_for)
 {
     if (asked_for)
         store(crashed_key, entry.about.file, false);
-    mBusy = true;
-    const auto end = qScopeGuard([this] {
-        mMark.end();
-        mBusy = false;
-    });
-    if (!mMark.begin(entry.about.file) && !std::exchange(mToldOfNotes, true) && mReport)
-        mReport(u"ERROR: notes on components that are being loaded cannot be written in \"%1\"; the next "
-                "start would not know which one has crashed\n"_s.arg(mMark.directory()));
-    entry.about.refusal = open(entry);
+    const QScopedValueRollback<bool> busy(mBusy, true);
+    entry.look_into_file();
+    entry.about.refusal = entry.metadata.fault;
     if (entry.about.refusal.isEmpty())
-        entry.about.refusal = run_load(entry);
+        entry.about.refusal = load_needed(entry, asked_for);
+    if (entry.about.refusal.isEmpty())
+        entry.about.refusal = load_noted(entry);
     if (entry.about.refusal.isEmpty()) {
         if (asked_for)
             remember_off(entry.about.name, false);
@@ -368,13 +380,41 @@ QString ComponentManager::load_entry(Entry& entry, bool asked_for)
     return entry.about.refusal;
 }
 
+QString ComponentManager::load_needed(Entry& entry, bool asked_for)
+{
+    mNeeding.push_back(&entry);
+    const auto end = qScopeGuard([this] { mNeeding.pop_back(); });
+    for (const QString& name : std::as_const(entry.metadata.needs)) {
+        Entry* const needed = entry_named(name);
+        const QString reason = u"it needs the component \"%1\", which "_s.arg(name);
+        if (!needed)
+            return reason + u"is not in the component path"_s;
+        if (needed->about.state == State::Loaded)
+            continue;
+        if (std::find(mNeeding.begin(), mNeeding.end(), needed) != mNeeding.end())
+            return reason + u"needs it in turn"_s;
+        if (!asked_for && (is_stored(off_key, name) || is_stored(crashed_key, needed->about.file)))
+            return reason + u"is off"_s;
+        if (!load_entry(*needed, asked_for).isEmpty())
+            return reason + u"is refused: "_s + needed->about.refusal;
+    }
+    return {};
+}
+
+QString ComponentManager::load_noted(Entry& entry)
+{
+    const auto end = qScopeGuard([this] { mMark.end(); });
+    if (!mMark.begin(entry.about.file) && !std::exchange(mToldOfNotes, true) && mReport)
+        mReport(u"ERROR: notes on components that are being loaded cannot be written in \"%1\"; the next "
+                "start would not know which one has crashed\n"_s.arg(mMark.directory()));
+    const QString refusal = open(entry);
+    return refusal.isEmpty() ? run_load(entry) : refusal;
+}
+
 QString ComponentManager::open(Entry& entry)
 {
     if (entry.component && entry.is_changed())
         return u"its file has changed since it was loaded first; the program must be started anew"_s;
-    entry.look_into_file();
-    if (!entry.metadata.fault.isEmpty())
-        return entry.metadata.fault;
     if (QString conflict = name_conflict(entry, entry.about.name); !conflict.isEmpty() || entry.component)
         return conflict;
     QPluginLoader plugin(entry.about.file);
@@ -435,6 +475,10 @@ QString ComponentManager::unload(const QString& name)
         return u"there is no component \"%1\""_s.arg(name);
     if (entry->about.state != State::Loaded)
         return u"the component \"%1\" is not loaded"_s.arg(name);
+    for (const Entry* other : mLoaded) {
+        if (other->metadata.needs.contains(name))
+            return u"the component \"%1\" needs it; unload that first"_s.arg(other->about.name);
+    }
     if (mInterpreter.is_running(name))
         return u"a command of the component \"%1\" is running"_s.arg(name);
     if (blocks_window())
@@ -451,15 +495,13 @@ bool ComponentManager::may_lose_data(const Entry& entry)
 {
     if (!entry.context->open_save_handler())
         return true;
-    mBusy = true;
-    const auto end = qScopeGuard([this] { mBusy = false; });
+    const QScopedValueRollback<bool> busy(mBusy, true);
     return entry.context->window()->file_menu()->check_modified();
 }
 
 void ComponentManager::run_unload(Entry& entry)
 {
-    mBusy = true;
-    const auto end = qScopeGuard([this] { mBusy = false; });
+    const QScopedValueRollback<bool> busy(mBusy, true);
     entry.about.state = State::Unloading;
     tell(&ComponentTracker::component_unloading, entry);
     entry.context->end();

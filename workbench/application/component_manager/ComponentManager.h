@@ -84,7 +84,7 @@ public:
     void unload_all();
 
     /**
-     * Loads one component and switches it on.
+     * Loads one component, and before it those that it needs, and switches them on.
      *
      * @param what  a name, or a file if it has a "/" or ends in ".so".
      * @param name  is set to the component's name. May be null.
@@ -94,13 +94,16 @@ public:
     /**
      * Unloads one component and switches it off.
      *
-     * Refused while a command of the component runs, and while a modal dialog or a menu is open, which may
-     * have been opened by it. A component whose documents the file menu opens and saves is not unloaded
+     * Refused while a component that is loaded needs it, while a command of the component runs, and while a
+     * modal dialog or a menu is open, which may have been opened by it. A component whose documents the file menu opens and saves is not unloaded
      * either if the user, asked as when the window closes, wants to keep unsaved data.
      *
      * @return why it was not unloaded; empty if it was.
      */
     QString unload(const QString& name);
+
+    /** How the command @p name can be had, if a component brings it that is not loaded; otherwise empty. */
+    QString hint_for_command(const QString& name);
 
     /** All components that are known, in the order of the path; those of other directories follow. */
     std::vector<Component> components();
@@ -120,6 +123,8 @@ private:
     void load_next();
     bool is_wanted(Entry& entry);
     QString load_entry(Entry& entry, bool asked_for);
+    QString load_needed(Entry& entry, bool asked_for);
+    QString load_noted(Entry& entry);
     QString open(Entry& entry);
     QString run_load(Entry& entry);
     void run_unload(Entry& entry);
@@ -136,6 +141,8 @@ private:
     std::vector<std::unique_ptr<Entry>> mEntries;
     /** Those that are loaded, in the order in which they were. */
     std::vector<Entry*> mLoaded;
+    /** Those that wait for components that they need. */
+    std::vector<Entry*> mNeeding;
     /** Files that start() has yet to look at. */
     QStringList mWaiting;
     std::function<void()> mDone;

@@ -120,7 +120,7 @@ void register_component_commands(CommandRegistry& registry, ComponentManager& ma
          .summary = u"Loads a component, now and at each start."_s,
          .help =
              u"NAME is looked up in the component path. FILE has a \"/\" or ends in .so; a file outside the\n"
-             "component path is not found again at the next start."_s,
+             "component path is not found again at the next start. Components that it needs are loaded first."_s,
          .owner = owner,
          .run = [&manager](CommandCall& call) { load_component(call, manager); },
          .forms = {{.clauses = {required_value({.name = u"NAME"_s,
@@ -136,7 +136,9 @@ void register_component_commands(CommandRegistry& registry, ComponentManager& ma
     registry.add(
         {.name = u"unload"_s,
          .summary = u"Unloads a component, now and at each start."_s,
-         .help = u"\"load NAME\" turns it on again. In a run without a window neither is remembered."_s,
+         .help = u"\"load NAME\" turns it on again. In a run without a window neither is remembered. A "
+                 u"component\n"
+                 "that others need stays until they are unloaded."_s,
          .owner = owner,
          .run = [&manager](CommandCall& call) { unload_component(call, manager); },
          .forms = {{.clauses = {required_value({.name = u"NAME"_s,

@@ -3,6 +3,7 @@
 
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
+#include "workbench/sdk/core/commands/absent_command.h"
 #include "workbench/sdk/core/commands/nearest_name.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
@@ -70,7 +71,9 @@ int CommandRegistry::remove_owner(const QString& owner)
 CommandError CommandRegistry::not_found(const QString& name, qsizetype column) const
 {
     QString found = CommandError::shown(name);
-    if (const QString nearest = nearest_name(name, names()); !nearest.isEmpty())
+    if (const QString hint = absent_command_hint(name); !hint.isEmpty())
+        found += u"; "_s + hint;
+    else if (const QString nearest = nearest_name(name, names()); !nearest.isEmpty())
         found += u"; did you mean \"%1\"?"_s.arg(nearest);
     return CommandError::expected(u"a command"_s, found, column);
 }
