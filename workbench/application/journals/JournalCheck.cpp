@@ -63,6 +63,7 @@ JournalCheck::JournalCheck(JournalEditor* editor, CommandInterpreter& interprete
 {
     mAction->setObjectName(u"checkJournal"_s);
     mAction->setShortcut(Qt::Key_F7);
+    mAction->setShortcutVisibleInContextMenu(true);
     connect(mAction, &QAction::triggered, this, &JournalCheck::check);
     editor->add_context_menu_item(mAction);
     editor->addAction(mAction);
