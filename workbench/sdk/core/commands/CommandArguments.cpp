@@ -10,6 +10,8 @@
 #include "workbench/sdk/core/commands/numbers.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
+#include <QHash>
+
 #include <cmath>
 #include <optional>
 #include <utility>
