@@ -247,7 +247,7 @@ void register_builtin_commands(CommandInterpreter& interpreter, Playback& playba
                                                 .kind = Kind::InputFile,
                                                 .what = u"a journal"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal"),
-                                                .filters = [] { return journal_filters().first(1); },
+                                                .filters = [] { return journal_filters().mid(0, 1); },
                                                 .example = u"example.jou"_s})}}}});
     add({.name = u"quit"_s,
          .summary = u"Ends the application."_s,
