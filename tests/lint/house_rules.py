@@ -289,6 +289,19 @@ def matrix_of_includes(tree):
     return seen, bad
 
 
+# Where the workbench reaches what the shell does not export.
+SHELL_ACCESS = ("workbench/application/shell_access/", "workbench/sdk/component/")
+
+
+def shell_is_reached_in_one_place(tree):
+    """What the shell does not export, widgets by the names of its members and classes by theirs, is reached in SHELL_ACCESS
+    only."""
+    pattern = r'findChild(?:ren)?<[^>]*>\(\s*(?:u|QStringLiteral\()?"(?:m[A-Z]\w*|\w+Action)"|->inherits\("'
+    seen = [p for p in tree if is_code(p) and p.startswith("workbench/") and not p.startswith(SHELL_ACCESS)]
+    return seen, [(p, tree[p].count("\n", 0, m.start()) + 1, "reaches into the shell: " + m.group(0))
+                  for p in seen for m in re.finditer(pattern, tree[p])]
+
+
 def sources_are_built(tree):
     """Every source is named in the CMakeLists.txt of its folder or of one above it; a test that is not never runs."""
     seen = [p for p in tree if p.endswith(".cpp")]
@@ -453,6 +466,9 @@ BAD = {
             ("tests/install/probe/probe.cpp", "workbench/application/Main.h"),
             ("tools/tool.cpp", "support/wait.h"),
         )] + [{path: SPDX} for path, _ in EXCEPTIONS],
+    shell_is_reached_in_one_place: [{"workbench/application/Main.cpp": SPDX + line + "\n"} for line in (
+        'editor->findChild<QTabWidget*>(u"mDocTab"_s);', 'window->findChildren<QToolButton*>("mCancel");',
+        'editor->findChild<QAction*>(u"fileCloseAction"_s);', 'dialog->inherits("ComponentTool");')],
     sources_are_built: [
         {"tests/frame/tst_lid.cpp": SPDX},
         {"tests/frame/CMakeLists.txt": HASH_SPDX + "ostrel_add_test(tst_boxes)\n"},
