@@ -5,10 +5,10 @@
 
 #include "workbench/sdk/component/Component.h"
 
-#include <QJsonArray>
 #include <QJsonObject>
 #include <QPluginLoader>
 #include <QRegularExpression>
+#include <QVariant>
 
 using namespace Qt::StringLiterals;
 
@@ -30,10 +30,7 @@ bool is_name(const QString& name)
 
 QStringList strings(const QJsonValue& list)
 {
-    QStringList result;
-    for (const QJsonValue& one : list.toArray())
-        result << one.toString();
-    return result;
+    return list.toVariant().toStringList();
 }
 
 /** Why the file cannot be loaded, by what of it Qt has read. */
