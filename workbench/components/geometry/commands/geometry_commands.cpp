@@ -3,36 +3,22 @@
 
 #include "workbench/components/geometry/commands/geometry_commands.h"
 
-#include "workbench/components/geometry/commands/LongWork.h"
+#include "workbench/components/geometry/commands/GeometryCommand.h"
 #include "workbench/components/geometry/commands/geometry_parameters.h"
 #include "workbench/components/geometry/commands/run_model_command.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
-#include "workbench/components/geometry/programs/run_mesher.h"
-#include "workbench/sdk/core/commands/ApplicationServices.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
-#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/** So large a mesh would take all of the memory before anybody saw an error. */
-constexpr double most_nodes = 1e8;
-
-/** What all commands work with. */
-struct Context
-{
-    GeometryModel& model;
-    const ApplicationServices& services;
-    QString mesher;
-};
-
-using Run = void (*)(CommandCall& call, const CommandArguments& arguments, Context& context);
+using Context = GeometryCommand::Context;
 
 /** Three numbers. */
 Vector vector(const CommandArguments& arguments, QLatin1StringView key)
@@ -45,31 +31,10 @@ int solid(const CommandArguments& arguments, const GeometryModel& model, QLatin1
     return model.find(arguments.text(key))->id;
 }
 
-/** Those that are named, or all of them. */
-QList<int> solids(const CommandCall& call, const CommandArguments& arguments, const GeometryModel& model,
-                  QLatin1StringView key = "SOLID"_L1)
-{
-    const QStringList names = arguments.texts(key);
-    if (names == QStringList(u"all"_s)) {
-        if (model.ids().isEmpty())
-            throw call.error(arguments.word(key), u"there is no solid"_s);
-        return model.ids();
-    }
-    QList<int> ids;
-    for (const QString& name : names)
-        ids << model.find(name)->id;
-    return ids;
-}
-
-QString shown(double value)
-{
-    return QString::number(value, 'g', 6);
-}
-
 /** A coordinate, which the kernel knows to its tolerance only. */
 QString shown_coordinate(double value)
 {
-    return shown(std::abs(value) < 5e-7 ? 0.0 : value);
+    return shown_number(std::abs(value) < 5e-7 ? 0.0 : value);
 }
 
 QString shown(const Vector& vector)
@@ -89,7 +54,7 @@ QList<int> several(const CommandCall& call, const CommandArguments& arguments, c
 void print_solid(CommandCall& call, const GeometryModel& model, int id)
 {
     const SolidMeasures measures = model.measures(id);
-    QString text = u"%1: volume %2"_s.arg(model.solid(id)->name, shown(measures.volume));
+    QString text = u"%1: volume %2"_s.arg(model.solid(id)->name, shown_number(measures.volume));
     if (measures.pieces > 1)
         text += u" in %1 pieces"_s.arg(measures.pieces);
     call.print(text + u'\n');
@@ -193,28 +158,6 @@ void remove(CommandCall& call, const CommandArguments& arguments, Context& conte
     context.model.remove(solids(call, arguments, context.model));
 }
 
-/** Lines up the cells of a table, the first line being its head. Numbers stand to the right. */
-QString table(const QList<QStringList>& rows, const QList<bool>& right)
-{
-    QList<qsizetype> widths(right.size(), 0);
-    for (const QStringList& row : rows) {
-        for (qsizetype i = 0; i < row.size(); ++i)
-            widths[i] = std::max(widths[i], row[i].size());
-    }
-    QString text;
-    for (const QStringList& row : rows) {
-        QString line;
-        for (qsizetype i = 0; i < row.size(); ++i) {
-            line += i > 0 ? u"  "_s : QString();
-            line += right[i] ? row[i].rightJustified(widths[i]) : row[i].leftJustified(widths[i]);
-        }
-        while (line.endsWith(u' '))
-            line.chop(1);
-        text += line + u'\n';
-    }
-    return text;
-}
-
 void list(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
     const GeometryModel& model = context.model;
@@ -226,102 +169,12 @@ void list(CommandCall& call, const CommandArguments& arguments, Context& context
     QList<QStringList> rows{{u"id"_s, u"name"_s, u"volume"_s, u"area"_s, u"pieces"_s, u"centre"_s, u"box"_s}};
     for (const int id : ids) {
         const SolidMeasures measures = model.measures(id);
-        rows.append({QString::number(id), model.solid(id)->name, shown(measures.volume), shown(measures.area),
-                     QString::number(measures.pieces), shown(measures.centre),
+        rows.append({QString::number(id), model.solid(id)->name, shown_number(measures.volume),
+                     shown_number(measures.area), QString::number(measures.pieces), shown(measures.centre),
                      shown(measures.least) + u" to "_s + shown(measures.most)});
     }
     call.print(table(rows, {true, false, true, true, true, false, false}));
 }
-
-QString summary(const Mesh& mesh)
-{
-    qint64 volumes = 0;
-    for (const Mesh::Elements& elements : mesh.elements) {
-        if (elements.dimension == 3)
-            volumes += elements.count;
-    }
-    return u"%1 nodes, %2 volume elements\n"_s.arg(mesh.nodes).arg(volumes);
-}
-
-void mesh(CommandCall& call, const CommandArguments& arguments, Context& context)
-{
-    GeometryModel& model = context.model;
-    const QList<int> ids = arguments.has("SOLID"_L1) ? solids(call, arguments, model) : model.ids();
-    const double size = arguments.number("size"_L1);
-    if (ids.isEmpty())
-        throw call.error(0, u"there is no solid to mesh"_s);
-
-    double nodes = 0;
-    for (const int id : ids) {
-        const SolidMeasures measures = model.measures(id);
-        nodes += measures.volume / std::pow(size, 3) + measures.area / std::pow(size, 2);
-    }
-    if (nodes > most_nodes)
-        throw call.error(
-            arguments.word("size"_L1),
-            u"elements so small would need about %1 nodes; %2 is the most"_s.arg(nodes, 0, 'g', 2)
-                .arg(most_nodes));
-
-    std::shared_ptr<const Mesh> result;
-    {
-        LongWork work(call, context.services, "Mesh", arguments.has("verbose"_L1));
-        result = run_mesher(context.mesher, model, ids, size, work.listener());
-    }
-    if (!result)
-        throw CommandError(u"cancelled; the last mesh is as it was"_s);
-    model.set_mesh(result);
-    call.print(summary(*result));
-}
-
-const Mesh& last_mesh(CommandCall& call, const Context& context)
-{
-    const std::shared_ptr<const Mesh> mesh = context.model.mesh();
-    if (!mesh)
-        throw call.error(0, u"there is no mesh"_s);
-    return *mesh;
-}
-
-QString age(const Mesh& mesh, const GeometryModel& model)
-{
-    return mesh.revision == model.revision() || !mesh.file.isEmpty() ? QString()
-                                                                     : u"The model has changed since.\n"_s;
-}
-
-void statistics(CommandCall& call, const CommandArguments&, Context& context)
-{
-    const Mesh& mesh = last_mesh(call, context);
-    QList<QStringList> rows{{u"nodes"_s, QString::number(mesh.nodes)}};
-    for (const Mesh::Elements& elements : mesh.elements)
-        rows.append({elements.kind, QString::number(elements.count)});
-    const QString origin = mesh.file.isEmpty()
-                               ? u"Mesh of %1, size %2\n"_s.arg(mesh.solids.join(u", "_s), shown(mesh.size))
-                               : u"Mesh from %1\n"_s.arg(CommandError::shown(mesh.file, mesh.file.size()));
-    call.print(origin + table(rows, {false, true}) + age(mesh, context.model));
-}
-
-void quality(CommandCall& call, const CommandArguments& arguments, Context& context)
-{
-    const QString wanted = arguments.text("MEASURE"_L1);
-    const Mesh& mesh = last_mesh(call, context);
-    if (mesh.quality.isEmpty())
-        throw call.error(0, u"the mesh has no volume elements"_s);
-    QList<QStringList> rows{{u"measure"_s, u"least"_s, u"mean"_s, u"most"_s}};
-    for (const Mesh::Quality& quality : mesh.quality) {
-        if (wanted.isEmpty() || quality.measure == wanted)
-            rows.append({quality.measure, QString::number(quality.least, 'g', 4),
-                         QString::number(quality.mean, 'g', 4), QString::number(quality.most, 'g', 4)});
-    }
-    call.print(table(rows, {false, true, true, true}) + age(mesh, context.model));
-}
-
-struct Entry
-{
-    QLatin1StringView name;
-    QLatin1StringView summary;
-    QLatin1StringView help;
-    Run run;
-    QList<CommandSyntax> forms;
-};
 
 constexpr auto placing_help =
     "The solid lies around its centre, which is the origin unless \"at\" tells another. "
@@ -352,7 +205,7 @@ CommandParameter tools()
     return result;
 }
 
-QList<Entry> entries()
+QList<GeometryCommand> entries()
 {
     return {
         {"brick"_L1,
@@ -487,33 +340,6 @@ QList<Entry> entries()
          "that were turned it has some room."_L1,
          list,
          {{.clauses = {optional_value(solids_parameter())}}}},
-        {"mesh"_L1,
-         "Fills solids with tetrahedra."_L1,
-         "Without solids all of them are meshed. SIZE is the length of the elements. The mesh takes the "
-         "place "
-         "of\n"
-         "the last one. \"verbose\" shows all that the mesher has to say."_L1,
-         mesh,
-         {{.clauses = {optional_value(solids_parameter()),
-                       {.keyword = u"size"_s,
-                        .parameters = {length_parameter(
-                            u"SIZE"_s, u"a size of the elements"_s,
-                            QT_TRANSLATE_NOOP("CommandParameter", "Size of the elements"))}},
-                       {.keyword = u"verbose"_s,
-                        .optional = true,
-                        .label =
-                            QT_TRANSLATE_NOOP("CommandParameter", "Show all messages of the mesher")}}}}},
-        {"statistics"_L1, "Counts the nodes and elements of the mesh."_L1, {}, statistics, {{}}},
-        {"quality"_L1,
-         "Measures the volume elements of the mesh."_L1,
-         "ICN is the inverse condition number, IGE the inverse gradient error. 1 is the best value, and "
-         "elements\n"
-         "of 0 or less are useless."_L1,
-         quality,
-         {{.clauses = {optional_value({.name = u"MEASURE"_s,
-                                       .kind = CommandParameter::Kind::Choice,
-                                       .label = QT_TRANSLATE_NOOP("CommandParameter", "Measure"),
-                                       .choices = {u"ICN"_s, u"IGE"_s}})}}}},
     };
 }
 
@@ -540,14 +366,14 @@ bool register_geometry_commands(CommandRegistry& registry, GeometryModel& model,
         });
     QObject::connect(&model, &GeometryModel::solid_changed, &entities,
                      [&entities] { entities.tell_changed(solid_entity()); });
-    for (const Entry& entry : entries()) {
+    for (const GeometryCommand& entry : entries() + mesh_commands()) {
         const Command command{
             .name = entry.name,
             .summary = entry.summary,
             .help = entry.help,
             .owner = owner,
             .perform =
-                [context, function = entry.run](CommandCall& call, const CommandArguments& arguments) {
+                [context, function = entry.perform](CommandCall& call, const CommandArguments& arguments) {
                     run_model_command(call, context->model, [&] { function(call, arguments, *context); });
                 },
             .forms = entry.forms};

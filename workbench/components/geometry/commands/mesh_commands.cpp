@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/components/geometry/commands/GeometryCommand.h"
+#include "workbench/components/geometry/commands/LongWork.h"
+#include "workbench/components/geometry/commands/geometry_parameters.h"
+#include "workbench/components/geometry/model/GeometryModel.h"
+#include "workbench/components/geometry/programs/run_mesher.h"
+#include "workbench/sdk/core/commands/ApplicationServices.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+
+#include <cmath>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Context = GeometryCommand::Context;
+
+/** So large a mesh would take all of the memory before anybody saw an error. */
+constexpr double most_nodes = 1e8;
+
+QString summary(const Mesh& mesh)
+{
+    qint64 volumes = 0;
+    for (const Mesh::Elements& elements : mesh.elements) {
+        if (elements.dimension == 3)
+            volumes += elements.count;
+    }
+    return u"%1 nodes, %2 volume elements\n"_s.arg(mesh.nodes).arg(volumes);
+}
+
+void mesh(CommandCall& call, const CommandArguments& arguments, Context& context)
+{
+    GeometryModel& model = context.model;
+    const QList<int> ids = arguments.has("SOLID"_L1) ? solids(call, arguments, model) : model.ids();
+    const double size = arguments.number("size"_L1);
+    if (ids.isEmpty())
+        throw call.error(0, u"there is no solid to mesh"_s);
+
+    double nodes = 0;
+    for (const int id : ids) {
+        const SolidMeasures measures = model.measures(id);
+        nodes += measures.volume / std::pow(size, 3) + measures.area / std::pow(size, 2);
+    }
+    if (nodes > most_nodes)
+        throw call.error(
+            arguments.word("size"_L1),
+            u"elements so small would need about %1 nodes; %2 is the most"_s.arg(nodes, 0, 'g', 2)
+                .arg(most_nodes));
+
+    std::shared_ptr<const Mesh> result;
+    {
+        LongWork work(call, context.services, "Mesh", arguments.has("verbose"_L1));
+        result = run_mesher(context.mesher, model, ids, size, work.listener());
+    }
+    if (!result)
+        throw CommandError(u"cancelled; the last mesh is as it was"_s);
+    model.set_mesh(result);
+    call.print(summary(*result));
+}
+
+const Mesh& last_mesh(CommandCall& call, const Context& context)
+{
+    const std::shared_ptr<const Mesh> mesh = context.model.mesh();
+    if (!mesh)
+        throw call.error(0, u"there is no mesh"_s);
+    return *mesh;
+}
+
+QString age(const Mesh& mesh, const GeometryModel& model)
+{
+    return mesh.revision == model.revision() || !mesh.file.isEmpty() ? QString()
+                                                                     : u"The model has changed since.\n"_s;
+}
+
+void statistics(CommandCall& call, const CommandArguments&, Context& context)
+{
+    const Mesh& mesh = last_mesh(call, context);
+    QList<QStringList> rows{{u"nodes"_s, QString::number(mesh.nodes)}};
+    for (const Mesh::Elements& elements : mesh.elements)
+        rows.append({elements.kind, QString::number(elements.count)});
+    const QString origin =
+        mesh.file.isEmpty()
+            ? u"Mesh of %1, size %2\n"_s.arg(mesh.solids.join(u", "_s), shown_number(mesh.size))
+            : u"Mesh from %1\n"_s.arg(CommandError::shown(mesh.file, mesh.file.size()));
+    call.print(origin + table(rows, {false, true}) + age(mesh, context.model));
+}
+
+void quality(CommandCall& call, const CommandArguments& arguments, Context& context)
+{
+    const QString wanted = arguments.text("MEASURE"_L1);
+    const Mesh& mesh = last_mesh(call, context);
+    if (mesh.quality.isEmpty())
+        throw call.error(0, u"the mesh has no volume elements"_s);
+    QList<QStringList> rows{{u"measure"_s, u"least"_s, u"mean"_s, u"most"_s}};
+    for (const Mesh::Quality& quality : mesh.quality) {
+        if (wanted.isEmpty() || quality.measure == wanted)
+            rows.append({quality.measure, QString::number(quality.least, 'g', 4),
+                         QString::number(quality.mean, 'g', 4), QString::number(quality.most, 'g', 4)});
+    }
+    call.print(table(rows, {false, true, true, true}) + age(mesh, context.model));
+}
+
+} // namespace
+
+QList<GeometryCommand> mesh_commands()
+{
+    return {
+        {"mesh"_L1,
+         "Fills solids with tetrahedra."_L1,
+         "Without solids all of them are meshed. SIZE is the length of the elements. The mesh takes the "
+         "place "
+         "of\n"
+         "the last one. \"verbose\" shows all that the mesher has to say."_L1,
+         mesh,
+         {{.clauses = {optional_value(solids_parameter()),
+                       {.keyword = u"size"_s,
+                        .parameters = {length_parameter(
+                            u"SIZE"_s, u"a size of the elements"_s,
+                            QT_TRANSLATE_NOOP("CommandParameter", "Size of the elements"))}},
+                       {.keyword = u"verbose"_s,
+                        .optional = true,
+                        .label =
+                            QT_TRANSLATE_NOOP("CommandParameter", "Show all messages of the mesher")}}}}},
+        {"statistics"_L1, "Counts the nodes and elements of the mesh."_L1, {}, statistics, {{}}},
+        {"quality"_L1,
+         "Measures the volume elements of the mesh."_L1,
+         "ICN is the inverse condition number, IGE the inverse gradient error. 1 is the best value, and "
+         "elements\n"
+         "of 0 or less are useless."_L1,
+         quality,
+         {{.clauses = {optional_value({.name = u"MEASURE"_s,
+                                       .kind = CommandParameter::Kind::Choice,
+                                       .label = QT_TRANSLATE_NOOP("CommandParameter", "Measure"),
+                                       .choices = {u"ICN"_s, u"IGE"_s}})}}}},
+    };
+}
