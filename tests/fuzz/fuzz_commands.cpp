@@ -6,6 +6,7 @@
 #include "fuzz/CommandSession.h"
 #include "fuzz/fuzz_target.h"
 #include "fuzz/fuzz_text.h"
+#include "workbench/sdk/core/commands/check_journal.h"
 
 using namespace Qt::StringLiterals;
 using Result = CommandInterpreter::Result;
@@ -19,6 +20,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     expect((result == Result::Failed) == !at_once.errors().isEmpty(), "what fails says so");
     expect(result == Result::Failed || result == Result::Done, "a text ends");
     expect(result == Result::Done || at_once.errors().startsWith(u"ERROR: "), "what fails says so");
+
+    const qsizetype lines = text.count(u'\n') + 1;
+    for (const JournalFault& fault : check_journal(text, at_once.interpreter().registry(), {}))
+        expect(fault.line >= 1 && fault.line <= lines && !fault.message.isEmpty(), "a fault has its line");
 
     CommandSession by_line;
     Result last = Result::Done;

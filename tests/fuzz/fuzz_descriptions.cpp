@@ -5,6 +5,7 @@
 
 #include "fuzz/fuzz_target.h"
 #include "fuzz/fuzz_text.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandDescription.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
@@ -64,6 +65,22 @@ QStringList texts(const CommandWords& words)
     return result;
 }
 
+/** A line is read by its declaration, or the place of what is wrong is told. */
+void check_arguments(const QString& line, const CommandSyntax& form)
+{
+    CommandWords whole = split(u"c "_s + line);
+    if (whole.error)
+        return;
+    const QList<CommandSyntax> way{form};
+    try {
+        const CommandArguments arguments(whole, way, nullptr);
+        expect(read_values(form, texts(whole).mid(1)).has_value(), "what runs can be shown in the form");
+    } catch (const CommandError& error) {
+        expect(error.column() > 1 && error.column() <= whole.end_column, "what is wrong is in the line");
+        expect(!error.message().isEmpty(), "what is wrong is told");
+    }
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -79,6 +96,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }))
         return 0;
     for (const CommandSyntax& form : forms()) {
+        check_arguments(line, form);
         const auto values = read_values(form, words);
         if (!values)
             continue;

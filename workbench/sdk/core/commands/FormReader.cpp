@@ -76,7 +76,7 @@ private:
         return mMissing == Missing::PassOver;
     }
 
-    /** Whether the next word is the keyword of a clause still to come. */
+    /** Whether the next word is the keyword of another clause, be it of one that has been read already. */
     bool at_keyword(qsizetype clause) const
     {
         // Back to the first of the clauses that may stand in any order.
@@ -86,7 +86,7 @@ private:
             --first;
         for (qsizetype i = first; i < mForm.clauses.size(); ++i) {
             const QString& keyword = mForm.clauses[i].keyword;
-            if (i != clause && !keyword.isEmpty() && !mReading.clauses[i] && keyword == word())
+            if (i != clause && !keyword.isEmpty() && keyword == word())
                 return true;
         }
         return false;
@@ -109,7 +109,9 @@ private:
     bool misses_number(const CommandClause& clause) const
     {
         const Kind kind = clause.parameters.first().kind;
-        return (kind == Kind::Number || kind == Kind::WholeNumber) && !parse_number(word());
+        // In a form variables stand as they are.
+        return (kind == Kind::Number || kind == Kind::WholeNumber) && !parse_number(word()) &&
+               !is_variable_reference(word());
     }
 
     bool read_positional(qsizetype clause)

@@ -43,8 +43,9 @@ enum class Missing {
  * begins; whether values are right is for others to say.
  *
  * Clauses without a keyword stand in their order. Clauses with one that follow each other may come in any
- * order. A word that is the keyword of a clause still to come is no value, save of texts and files; nor is
- * one that the parameter reserves. A choice that stands for entities, as "all", stands alone. A clause that
- * may be left out and begins with a number is left out if the word is none.
+ * order. A word that is the keyword of a clause behind, or of one that may come in any order with it, is no
+ * value, save of texts and files; nor is one that the parameter reserves. A choice that stands for entities,
+ * as "all", stands alone. A clause that may be left out and begins with a number is left out if the word is
+ * none, nor a variable.
  */
 FormReading read_form(const CommandSyntax& form, const QStringList& words, Missing missing);

@@ -84,6 +84,7 @@ private slots:
     void errors_tell_column_and_remedy();
     void command_that_is_wrong_is_not_performed();
     void command_needs_a_form_to_be_performed();
+    void variable_in_a_form_stands_for_a_number();
     void random_lines_are_read_as_they_were_made();
 
 private:
@@ -260,6 +261,14 @@ void TstCommandArguments::command_needs_a_form_to_be_performed()
              CommandRegistry::AddResult::NothingToRun);
     QCOMPARE(mSession->registry.add({.name = u"a"_s, .perform = nothing, .forms = {{}}}),
              CommandRegistry::AddResult::Added);
+}
+
+void TstCommandArguments::variable_in_a_form_stands_for_a_number()
+{
+    const auto values = read_values(mForms[0], {u"5"_s, u"${a}"_s, u"$b"_s, u"on"_s});
+    QVERIFY(values && values->at(1));
+    QCOMPARE(values->at(1)->at(0), QStringList(u"${a}"_s));
+    QCOMPARE(values->at(1)->at(1), QStringList(u"$b"_s));
 }
 
 // A line made of the declaration is read as it was made, a form gets the same values, completion offers each
