@@ -2,10 +2,10 @@
 # SPDX-FileCopyrightText: 2026 The Ostrel developers
 # SPDX-License-Identifier: BSD-3-Clause
 
-"""Checks that the shell's library exports its public classes and nothing else:  exported_symbols.py ROOT LIBRARY
+"""Checks that a library exports its public classes and nothing else:  exported_symbols.py ROOT LIBRARY
 
-The classes, and namespaces of functions, are those below. They must be the ones that the headers mark, and each must be in the library.
-The type information of the host's classes must not be there, but asked of the host.
+The library is that of the shell, or the kit of components. The classes, and namespaces of functions, are those below. They must be the ones
+that the headers mark, and each must be in the library. The type information of the host's classes must not be there, but asked of the host.
 """
 
 import glob
@@ -24,10 +24,15 @@ PUBLIC = {
     "OptionsPanel",
 }
 
+# The same of the kit, in its namespace.
+KIT_PUBLIC = {"Component", "ComponentContext"}
+KIT_NAMESPACE = "fennar::"
+
 # Classes of the host that the shell derives from. A library of the host owns their type information.
 OF_THE_HOST = {"ComponentTracker", "OstrelGUI", "OutputHandler"}
 
 SHELL = ("frame", "console", "files", "journal", "menus", "options", "resources")
+KIT = ("workbench/sdk/component",)
 
 # What the compiler makes for a class beside its members.
 MADE_FOR = r"(?:(?:vtable|VTT|typeinfo|typeinfo name|guard variable) for|(?:non-virtual|virtual) thunk to) "
@@ -48,8 +53,9 @@ def owner(name):
     return None
 
 
-def judge(lines):
-    """For lines as nm -DC prints them: the public classes seen, and the symbols that should not be there."""
+def judge(lines, public=frozenset(PUBLIC), namespace=""):
+    """For lines as nm -DC prints them: the public classes seen, and the symbols that should not be there. The public classes may lie in a
+    namespace, "name::"."""
     seen, strays = set(), []
     for line in lines:
         m = re.match(r"[0-9a-f]+ ([A-Za-z]) (.+)$", line)
@@ -57,8 +63,9 @@ def judge(lines):
             continue
         kind, name = m.groups()
         name = name.split("@")[0]
-        if owner(name) in PUBLIC:
-            seen.add(owner(name))
+        own = re.sub(rf"^({MADE_FOR}|){namespace}", r"\1", name)
+        if owner(own) in public and (own != name or not namespace):
+            seen.add(owner(own))
         elif TOOLS_OWN.match(name):
             continue
         elif kind in "WVuvw" and (FOREIGN_TEMPLATE.match(name) or FOREIGN_TYPE.match(name)):
@@ -86,18 +93,25 @@ def prove():
     if seen != {"CommandWidget", "CommandWindow", "MainFrame", "Ostrel", "OstrelEventFilter"} or strays:
         faults.append(f"misjudged what is fine: {seen}, {strays}")
     faults += [f"missed: {line}" for line in stray if len(judge([line])[1]) != 1]
+    fine = ["0000000000001000 T fennar::Component::~Component()", "0000000000001000 V vtable for fennar::ComponentContext"]
+    stray = ["0000000000001000 T fennar::helper()", "0000000000001000 T fennar::Other::f()", "0000000000001000 T Component::f()",
+             "0000000000001000 V typeinfo for fennar::Other", "0000000000001000 T other::Component::f()"]
+    seen, strays = judge(fine, KIT_PUBLIC, KIT_NAMESPACE)
+    if seen != KIT_PUBLIC or strays:
+        faults.append(f"misjudged what is fine in the kit: {seen}, {strays}")
+    faults += [f"missed in the kit: {line}" for line in stray if len(judge([line], KIT_PUBLIC, KIT_NAMESPACE)[1]) != 1]
     return faults
 
 
-def marked_classes(root):
-    """The classes that the headers of the shell mark for export, and the namespaces with marked functions."""
+def marked_classes(root, folders, mark):
+    """The classes that the headers in the folders mark for export, and the namespaces with marked functions."""
     marked = set()
-    for folder in SHELL:
+    for folder in folders:
         for path in glob.glob(os.path.join(root, folder, "*.h")):
             with open(path, encoding="utf-8") as file:
                 text = file.read()
-            marked |= set(re.findall(r"^(?:class|struct) OSTRELGUI_EXPORT (\w+)", text, re.M))
-            if re.search(r"^OSTRELGUI_EXPORT ", text, re.M):
+            marked |= set(re.findall(rf"^(?:class|struct) {mark} (\w+)", text, re.M))
+            if re.search(rf"^{mark} ", text, re.M):
                 marked |= set(re.findall(r"^namespace (\w+) \{", text, re.M))
     return marked
 
@@ -105,18 +119,20 @@ def marked_classes(root):
 def main():
     root, library = sys.argv[1:]
     faults = prove()
-    marked = marked_classes(root)
-    faults += [f"marked for export, but not one of the public classes: {c}" for c in sorted(marked - PUBLIC)]
-    faults += [f"a public class that no header marks for export: {c}" for c in sorted(PUBLIC - marked)]
+    is_kit = os.path.basename(library).startswith("libfennar_component.")
+    public = KIT_PUBLIC if is_kit else PUBLIC
+    marked = marked_classes(root, KIT, "FENNAR_COMPONENT_EXPORT") if is_kit else marked_classes(root, SHELL, "OSTRELGUI_EXPORT")
+    faults += [f"marked for export, but not one of the public classes: {c}" for c in sorted(marked - public)]
+    faults += [f"a public class that no header marks for export: {c}" for c in sorted(public - marked)]
     lines = subprocess.run(["nm", "-DC", "--defined-only", library], capture_output=True, text=True,
                            check=True).stdout.splitlines()
-    seen, strays = judge(lines)
-    faults += [f"not in the library: {c}" for c in sorted(PUBLIC - seen)]
+    seen, strays = judge(lines, public, KIT_NAMESPACE if is_kit else "")
+    faults += [f"not in the library: {c}" for c in sorted(public - seen)]
     faults += [f"exported beyond the public classes: {name}" for name in strays]
     asked = subprocess.run(["nm", "-DC", "--undefined-only", library], capture_output=True, text=True,
                            check=True).stdout
     faults += [f"the type information is not the host's: {c}" for c in sorted(OF_THE_HOST)
-               if not re.search(rf" typeinfo for {c}(@|$)", asked, re.M)]
+               if not is_kit and not re.search(rf" typeinfo for {c}(@|$)", asked, re.M)]
     for fault in faults:
         print(fault)
     print(f"{len(lines)} symbols, {len(seen)} classes: {len(faults)} faults")

@@ -6,6 +6,7 @@
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "workbench/application/component_manager/component_commands.h"
+#include "workbench/application/component_manager/component_settings.h"
 #include "workbench/host/navigation/NavigationComponents.h"
 #include "workbench/sdk/component/Component.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
@@ -18,7 +19,6 @@
 #include <QPluginLoader>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
-#include <QSettings>
 #include <QTimer>
 
 #include <algorithm>
@@ -29,48 +29,13 @@ using namespace std::chrono_literals;
 
 namespace {
 
-const auto path_key = u"/fennar/components/path"_s;
-const auto off_key = u"/fennar/components/off"_s;
-const auto crashed_key = u"/fennar/components/crashed"_s;
-constexpr auto path_variable = "FENNAR_COMPONENT_PATH";
-
 /** How long the start waits for a command that runs before it looks again. */
 constexpr auto command_patience = 50ms;
-
-/** Where components lie beside the executable: installed, or in the tree it was built in. */
-QString default_directory()
-{
-    const QString program = QCoreApplication::applicationDirPath();
-    const QString installed = program + u"/components"_s;
-    const QString built = QDir::cleanPath(program + u"/../lib/components"_s);
-    return !QFileInfo::exists(installed) && QFileInfo::exists(built) ? built : installed;
-}
 
 QString name_of_file(const QString& file)
 {
     const QString name = QFileInfo(file).completeBaseName();
     return name.startsWith(u"lib"_s) ? name.sliced(3) : name;
-}
-
-bool is_stored(const QString& key, const QString& value)
-{
-    return QSettings().value(key).toStringList().contains(value);
-}
-
-void store(const QString& key, const QString& value, bool contained)
-{
-    QSettings settings;
-    QStringList values = settings.value(key).toStringList();
-    if (values.contains(value) == contained)
-        return;
-    if (contained)
-        values << value;
-    else
-        values.removeAll(value);
-    if (values.isEmpty())
-        settings.remove(key);
-    else
-        settings.setValue(key, values);
 }
 
 /** What a component threw, as one line. Only to be called in a catch block. */
@@ -94,17 +59,9 @@ bool blocks_window()
 
 QString state_word(ComponentManager::State state)
 {
-    switch (state) {
-    case ComponentManager::State::Unloaded:
-        return u"unloaded"_s;
-    case ComponentManager::State::Loading:
-        return u"loading"_s;
-    case ComponentManager::State::Loaded:
-        return u"loaded"_s;
-    case ComponentManager::State::Unloading:
-        return u"unloading"_s;
-    }
-    return {};
+    // In the order of the states.
+    static const QStringList words{u"unloaded"_s, u"loading"_s, u"loaded"_s, u"unloading"_s};
+    return words.value(int(state));
 }
 
 } // namespace
@@ -150,7 +107,7 @@ ComponentManager::ComponentManager(CommandInterpreter& interpreter, const QStrin
 {
     const QStringList crashed = mMark.take_crashed();
     for (const QString& file : crashed)
-        store(crashed_key, file, true);
+        set_component_crashed(file, true);
     HostMediator::instance().set_component_source(this);
     set_absent_command_hint([this](const QString& name) { return hint_for_command(name); });
 }
@@ -165,30 +122,17 @@ ComponentManager::~ComponentManager()
 
 QString ComponentManager::component_directory() const
 {
-    return default_directory();
+    return default_component_directory();
 }
 
 QString ComponentManager::component_path() const
 {
-    if (qEnvironmentVariableIsSet(path_variable))
-        return qEnvironmentVariable(path_variable);
-    return QSettings().value(path_key, default_directory()).toString();
+    return ::component_path();
 }
 
 void ComponentManager::set_component_path(const QString& path)
 {
-    if (path == component_path())
-        return;
-    if (qEnvironmentVariableIsSet(path_variable)) {
-        qputenv(path_variable, path.toUtf8());
-        return;
-    }
-    // The default is not stored, so that it follows the program when that is moved.
-    QSettings settings;
-    if (path == default_directory())
-        settings.remove(path_key);
-    else
-        settings.setValue(path_key, path);
+    ::set_component_path(path);
 }
 
 void ComponentManager::search()
@@ -267,8 +211,8 @@ std::vector<ComponentManager::Component> ComponentManager::components()
     std::vector<Component> result;
     for (const auto& entry : mEntries) {
         Component about = entry->about;
-        about.off = is_stored(off_key, about.name);
-        about.crashed = is_stored(crashed_key, about.file);
+        about.off = is_component_off(about.name);
+        about.crashed = has_component_crashed(about.file);
         result.push_back(about);
     }
     return result;
@@ -325,9 +269,9 @@ void ComponentManager::load_all()
 
 bool ComponentManager::is_wanted(Entry& entry)
 {
-    if (entry.about.state != State::Unloaded || is_stored(off_key, entry.about.name))
+    if (entry.about.state != State::Unloaded || is_component_off(entry.about.name))
         return false;
-    if (!is_stored(crashed_key, entry.about.file))
+    if (!has_component_crashed(entry.about.file))
         return true;
     entry.about.refusal =
         u"left out, since the program ended while it was being loaded; \"load %1\" turns it "
@@ -363,7 +307,7 @@ QString ComponentManager::load(const QString& what, QString* name)
 QString ComponentManager::load_entry(Entry& entry, bool asked_for)
 {
     if (asked_for)
-        store(crashed_key, entry.about.file, false);
+        set_component_crashed(entry.about.file, false);
     const QScopedValueRollback<bool> busy(mBusy, true);
     entry.look_into_file();
     entry.about.refusal = entry.metadata.fault;
@@ -393,7 +337,7 @@ QString ComponentManager::load_needed(Entry& entry, bool asked_for)
             continue;
         if (std::find(mNeeding.begin(), mNeeding.end(), needed) != mNeeding.end())
             return reason + u"needs it in turn"_s;
-        if (!asked_for && (is_stored(off_key, name) || is_stored(crashed_key, needed->about.file)))
+        if (!asked_for && (is_component_off(name) || has_component_crashed(needed->about.file)))
             return reason + u"is off"_s;
         if (!load_entry(*needed, asked_for).isEmpty())
             return reason + u"is refused: "_s + needed->about.refusal;
@@ -547,5 +491,5 @@ void ComponentManager::tell_names_changed() const
 void ComponentManager::remember_off(const QString& name, bool off) const
 {
     if (mRemember)
-        store(off_key, name, off);
+        set_component_off(name, off);
 }

@@ -95,8 +95,9 @@ public:
      * Unloads one component and switches it off.
      *
      * Refused while a component that is loaded needs it, while a command of the component runs, and while a
-     * modal dialog or a menu is open, which may have been opened by it. A component whose documents the file menu opens and saves is not unloaded
-     * either if the user, asked as when the window closes, wants to keep unsaved data.
+     * modal dialog or a menu is open, which may have been opened by it. A component whose documents the file
+     * menu opens and saves is not unloaded either if the user, asked as when the window closes, wants to keep
+     * unsaved data.
      *
      * @return why it was not unloaded; empty if it was.
      */
