@@ -55,13 +55,12 @@ endforeach()
 set(exported_targets ostrelgui)
 
 if(OSTREL_BUILD_WORKBENCH)
-    # What components and hosts need of the workbench.
-    foreach(header sdk/component/Component.h sdk/core/commands/Fennar.h sdk/core/commands/CommandCall.h
-            sdk/core/commands/CommandError.h sdk/core/commands/Interrupt.h sdk/core/files/FormatRegistry.h
-            sdk/core/scene/Scene.h
-            host/fennar_python/PythonRuntime.h host/fennar_python/make_python_interpreter.h
-            host/ostrelfw/FrameworkInterpreters.h host/ostrelfw/HostMediator.h)
-        ostrel_collect_headers(public_headers workbench/${header})
+    # What components and hosts need of the workbench: the whole kit, and what of the host libraries a host may use.
+    file(GLOB_RECURSE kit RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/workbench/sdk/*.h)
+    foreach(header IN LISTS kit ITEMS
+            workbench/host/fennar_python/PythonRuntime.h workbench/host/fennar_python/make_python_interpreter.h
+            workbench/host/ostrelfw/FrameworkInterpreters.h workbench/host/ostrelfw/HostMediator.h)
+        ostrel_collect_headers(public_headers ${header})
     endforeach()
     list(APPEND exported_targets fennar_core fennar_component fennar_util fennari19 fennar_python navigation ostrelfw)
 

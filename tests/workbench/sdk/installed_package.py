@@ -2,10 +2,10 @@
 # SPDX-FileCopyrightText: 2026 The Ostrel developers
 # SPDX-License-Identifier: BSD-3-Clause
 
-"""Installs a build and builds a component against what was installed:  installed_package.py CMAKE BUILD_DIR DEMO_DIR
+"""Installs a build and builds components against what was installed:  installed_package.py CMAKE BUILD_DIR COMPONENTS_DIR
 
 The demo component is copied out of the tree, built and installed with its own CMake file, and run in the installed
-program. All installed headers must be usable as well.
+program. Others that need no further libraries are built in the same way. All installed headers must be usable as well.
 """
 
 import glob
@@ -42,7 +42,7 @@ def check(condition, message):
 
 
 def main():
-    cmake, build, demo_source = sys.argv[1:]
+    cmake, build, sources = sys.argv[1:]
     with tempfile.TemporaryDirectory() as folder:
         first = os.path.join(folder, "first")
         run(cmake, "--install", build, "--prefix", first)
@@ -67,16 +67,22 @@ def main():
         def configure(name, *options):
             out = os.path.join(folder, name + "-build")
             run(cmake, "-G", "Ninja", "-S", os.path.join(folder, name), "-B", out, f"-DCMAKE_PREFIX_PATH={prefix}",
-                "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS=-Wall -Wextra -Werror", *options)
+                "-DCMAKE_BUILD_TYPE=Debug", f"-DCMAKE_CXX_FLAGS=-Wall -Wextra -Werror -I{folder}", *options)
             run(cmake, "--build", out)
             return out
 
-        shutil.copytree(demo_source, os.path.join(folder, "demo"))
+        shutil.copytree(os.path.join(sources, "demo"), os.path.join(folder, "demo"))
         out = configure("demo")
         run(cmake, "--install", out, "--prefix", prefix)
         check(os.path.isfile(component[0]), "the demo component was installed elsewhere")
         output = run(program, "--batch", "--play", journal, env=environment)
         check("The demo counts to 3.\n" in output and component[0] in output, output)
+
+        # Their sources name their own headers from the root of the tree.
+        for name in ("insert_command", "obj_format"):
+            place = os.path.join("workbench", "components", name)
+            shutil.copytree(os.path.join(sources, name), os.path.join(folder, place))
+            configure(place)
 
         # With a window: the demo's menu is in the picture's program, and nothing is left at the end.
         picture = os.path.join(folder, "window.png")

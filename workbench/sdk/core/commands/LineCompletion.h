@@ -9,6 +9,7 @@
 /** What could stand at the caret of a half-typed line. */
 struct LineCompletion
 {
+    /** One thing that fits. */
     struct Candidate
     {
         /** For a list of candidates. */

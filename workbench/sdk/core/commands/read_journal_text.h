@@ -10,6 +10,7 @@ class QIODevice;
 /** The text of a journal or script. */
 struct JournalText
 {
+    /** The whole text; empty if something is wrong. */
     QString text;
     /** What is wrong with the file, without "ERROR" and a line end; empty if nothing is. */
     QString error;

@@ -25,6 +25,7 @@ public:
     bool is_valid() const { return mFolder->isValid(); }
     /** Why it could not be made. */
     QString error() const { return mFolder->errorString(); }
+    /** Its whole path. */
     QString path() const { return mFolder->path(); }
     /** The path of a file in it. */
     QString path(const QString& name) const { return mFolder->filePath(name); }
