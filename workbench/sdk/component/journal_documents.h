@@ -12,7 +12,8 @@
 
 // The documents of the journal editor, whose class the shell does not export.
 
-/** The editor's tabs, whose pages are its documents. They live as long as the editor; null if there is none. */
+/** The editor's tabs, whose pages are its documents. They live as long as the editor; null if there is none.
+ */
 inline QTabWidget* journal_tabs(const JournalEditor* editor)
 {
     return editor ? editor->findChild<QTabWidget*>(QStringLiteral("mDocTab")) : nullptr;

@@ -181,9 +181,8 @@ void TstGeometryCommands::errors_tell_the_column_data()
         "\"1e8\"");
     row("brick 1 at 0 0 0 at 1 1 1",
         "brick: column 18: expected \"name\" or the end of the line, found \"at\"");
-    row("sphere 1 along 0 0 1",
-        "sphere: column 10: expected \"at\", \"name\" or the end of the line, found "
-        "\"along\"");
+    row("sphere 1 along 0 0 1", "sphere: column 10: expected \"at\", \"name\" or the end of the line, found "
+                                "\"along\"");
     row("cylinder 1 1 along 0 0 0", "cylinder: column 20: a direction must not be 0 0 0");
     row("brick 1 name", "brick: column 13: expected a name (a letter, then letters, digits, \"_\", \"-\" and "
                         "\".\"), found the end of the line");
@@ -203,18 +202,22 @@ void TstGeometryCommands::errors_tell_the_column_data()
     row("rotate body by x", "rotate: column 16: expected an angle in degrees (a number), found \"x\"");
     row("rotate body by 1 at",
         "rotate: column 18: expected \"about\", \"along\" or the end of the line, found \"at\"");
-    row("copy body ball", "copy: column 11: expected \"by\", \"name\" or the end of the line, found \"ball\"");
+    row("copy body ball",
+        "copy: column 11: expected \"by\", \"name\" or the end of the line, found \"ball\"");
     row("unite body", "unite: column 11: expected another solid, found the end of the line");
-    row("subtract ball body", "subtract: column 19: expected another solid or \"from\", found the end of the line");
+    row("subtract ball body",
+        "subtract: column 19: expected another solid or \"from\", found the end of the line");
     row("subtract body from body", "subtract: column 20: \"body\" was named already");
     row("delete", "delete: column 7: expected a solid, found the end of the line");
     row("rename body ball", "rename: column 13: there is a solid \"ball\" already");
     row("mesh", "mesh: column 5: expected a solid, \"size\" or \"verbose\", found the end of the line");
-    row("mesh body", "mesh: column 10: expected another solid, \"size\" or \"verbose\", found the end of the line");
+    row("mesh body",
+        "mesh: column 10: expected another solid, \"size\" or \"verbose\", found the end of the line");
     length("mesh size 0", "mesh: column 11: expected a size of the elements", "\"0\"");
     row("mesh size 1 quiet", "mesh: column 13: expected \"verbose\" or the end of the line, found \"quiet\"");
     row("statistics", "statistics: column 1: there is no mesh");
-    row("quality best", "quality: column 9: expected \"ICN\", \"IGE\" or the end of the line, found \"best\"");
+    row("quality best",
+        "quality: column 9: expected \"ICN\", \"IGE\" or the end of the line, found \"best\"");
     row("list all body", "list: column 10: expected the end of the line, found \"body\"");
 }
 
