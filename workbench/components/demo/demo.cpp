@@ -8,6 +8,7 @@
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
 #include "workbench/sdk/component/ComponentContext.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 
@@ -40,11 +41,9 @@ int default_number()
 }
 
 /** "demo [NUMBER]" */
-void run_command(CommandCall& call)
+void count(CommandCall& call, const CommandArguments& arguments)
 {
-    const int number =
-        call.has(1) ? call.integer(1, u"a number from 1 to 100", 1, largest_number) : default_number();
-    call.expect_end();
+    const int number = arguments.has("NUMBER"_L1) ? arguments.integer("NUMBER"_L1) : default_number();
     call.print(u"The demo counts to %1.\n"_s.arg(number));
 }
 
@@ -162,6 +161,7 @@ void fennar::load_component(ComponentContext& context)
     // What the command takes: for the command panel, for completion, and for the usage that "help" prints.
     const CommandParameter number{.name = u"NUMBER"_s,
                                   .kind = CommandParameter::Kind::WholeNumber,
+                                  .what = u"how far"_s,
                                   .label = QT_TRANSLATE_NOOP("CommandParameter", "Number"),
                                   .least = 1,
                                   .most = largest_number,
@@ -171,7 +171,7 @@ void fennar::load_component(ComponentContext& context)
         .summary = u"Counts."_s,
         .help = u"NUMBER is a whole number from 1 to 100. Without it the number of the options page\n"
                 "\"Plugins\", \"Demo\" holds."_s,
-        .run = &run_command,
+        .perform = &count,
         .forms = {{.clauses = {optional_value(number)}}},
     });
     if (Ostrel* window = context.window())

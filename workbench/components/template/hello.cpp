@@ -5,6 +5,7 @@
 // options. The context takes all of it away again.
 
 #include "workbench/sdk/component/ComponentContext.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 
@@ -31,10 +32,9 @@ QString usual_name()
 }
 
 /** "hello [NAME]" */
-void run_hello(CommandCall& call)
+void say_hello(CommandCall& call, const CommandArguments& arguments)
 {
-    const QString name = call.optional(1).value_or(usual_name());
-    call.expect_end();
+    const QString name = arguments.has("NAME"_L1) ? arguments.text("NAME"_L1) : usual_name();
     call.print(u"Hello, %1!\n"_s.arg(name));
 }
 
@@ -70,7 +70,7 @@ void fennar::load_component(ComponentContext& context)
     context.add_command({
         .name = u"hello"_s,
         .summary = u"Greets."_s,
-        .run = &run_hello,
+        .perform = &say_hello,
         .forms = {{.clauses = {optional_value(name)}}},
     });
     // Without a window these do nothing.
