@@ -113,7 +113,7 @@ Ostrel::Ostrel(QWidget* parent, const char* name) : QMainWindow(parent), mTitle(
     make_docks();
     make_windows();
     // Last, since it needs the console and the journal editor and may replace the command panel.
-    restore_window_settings(*this);
+    restore_settings();
 }
 
 void Ostrel::make_graphics_area()
@@ -626,6 +626,11 @@ void Ostrel::closeEvent(QCloseEvent* e)
 void Ostrel::showEvent(QShowEvent* e)
 {
     QMainWindow::showEvent(e);
+}
+
+void Ostrel::restore_settings()
+{
+    restore_window_settings(*this);
 }
 
 void Ostrel::save_settings()

@@ -264,6 +264,7 @@ private:
     bool is_graphics_area_taken() const;
     void replace_deleted_graphics();
     void update_navigation_model(bool rows);
+    void restore_settings();
     /** Saves the settings unless the window is hidden. For a host that quits Qt without closing the window.
      */
     void about_to_quit_qt();

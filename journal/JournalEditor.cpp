@@ -75,7 +75,7 @@ JournalEditor::JournalEditor(QWidget* parent) : QMainWindow(parent), mUi(std::ma
     connect(mUi->mDocTab, &QTabWidget::tabCloseRequested, this, &JournalEditor::close_tab);
     create_document(QString());
 
-    restore_journal_settings(*this, mRecentFiles.get());
+    restore_settings(*this, mRecentFiles.get());
     mAppIcon = QGuiApplication::windowIcon();
 
     const auto connect_action = [this](QAction* action, auto slot) {
@@ -102,8 +102,8 @@ JournalEditor::JournalEditor(QWidget* parent) : QMainWindow(parent), mUi(std::ma
 JournalEditor::~JournalEditor()
 {
     // Out of the list first: who hears of an item's end may remove others.
-    while (!mUi->mImportItems.present.isEmpty())
-        delete mUi->mImportItems.present.takeLast();
+    while (!mUi->mImportItems.isEmpty())
+        delete mUi->mImportItems.takeLast();
     // Those that are children of the window die after the list of them.
     for (const QAction* action : std::as_const(mUi->mContextMenuItems))
         disconnect(action, &QObject::destroyed, this, nullptr);
@@ -129,12 +129,13 @@ void JournalEditor::add_document(const QString& text)
 
 void JournalEditor::add_import(const char* name, const QString& label, QPlainTextEdit* source)
 {
-    add_import_item(this, mUi->mImportItems, mUi->fileImportMenu, QString::fromUtf8(name), label, source);
+    add_import_item(this, {mUi->mImportItems, mUi->mComingItems}, mUi->fileImportMenu,
+                    QString::fromUtf8(name), label, source);
 }
 
 void JournalEditor::remove_import_items(const char* name)
 {
-    remove_import_items_of(this, mUi->mImportItems, QString::fromUtf8(name));
+    remove_import_items_of(this, {mUi->mImportItems, mUi->mComingItems}, QString::fromUtf8(name));
 }
 
 void JournalEditor::add_action_to_import_menu(QAction* action)
@@ -213,7 +214,7 @@ void JournalEditor::fileClose()
 {
     const QPointer<JournalDocument> doc = returnCurrentDocument();
     const bool any = doc;
-    if (!settle_changes(this, mUi->mDocTab, doc, mRecentFiles.get()))
+    if (!check_modified(this, mUi->mDocTab, doc, mRecentFiles.get()))
         return;
     // Others may have closed it meanwhile.
     if (any && mUi->mDocTab->indexOf(doc) < 0)
@@ -226,12 +227,12 @@ void JournalEditor::fileClose()
 
 void JournalEditor::fileSave()
 {
-    save_journal(this, returnCurrentDocument(), mRecentFiles.get());
+    save_document(this, returnCurrentDocument(), mRecentFiles.get());
 }
 
 void JournalEditor::fileSaveAs()
 {
-    save_journal_as(this, returnCurrentDocument(), mRecentFiles.get());
+    save_document_as(this, returnCurrentDocument(), mRecentFiles.get());
 }
 
 void JournalEditor::fileSaveAll()
@@ -240,7 +241,7 @@ void JournalEditor::fileSaveAll()
     for (const QPointer<JournalDocument>& doc : documents()) {
         if (!doc || mUi->mDocTab->indexOf(doc) < 0 || !doc->document()->isModified())
             continue;
-        save_journal(this, doc, mRecentFiles.get());
+        save_document(this, doc, mRecentFiles.get());
         if (!alive || (doc && doc->document()->isModified()))
             return;
     }
@@ -251,7 +252,7 @@ void JournalEditor::close_tab(int index)
     QTabWidget* const tabs = mUi->mDocTab;
     const QPointer<QWidget> page = tabs->widget(index);
     const bool any = page;
-    if (!settle_changes(this, tabs, document(index), mRecentFiles.get()))
+    if (!check_modified(this, tabs, document(index), mRecentFiles.get()))
         return;
     // The page may stand elsewhere by now, and others may have closed it.
     const int index_now = tabs->indexOf(page);
@@ -294,7 +295,7 @@ void JournalEditor::closeEvent(QCloseEvent* e)
     while (!open.isEmpty() && !refused) {
         const QPointer<JournalDocument> doc = open.takeLast();
         if (tabs->indexOf(doc) >= 0) {
-            refused = !settle_changes(this, mUi->mDocTab, doc, mRecentFiles.get());
+            refused = !check_modified(this, mUi->mDocTab, doc, mRecentFiles.get());
             if (!alive)
                 return;
             // Leaves the last one, for the next time that the window is shown.
@@ -315,7 +316,7 @@ void JournalEditor::closeEvent(QCloseEvent* e)
     if (!alive)
         return;
     if (!refused)
-        save_journal_settings(*this, mRecentFiles.get());
+        save_settings(*this, mRecentFiles.get());
     e->setAccepted(!refused);
 }
 

@@ -4,14 +4,18 @@
 #pragma once
 
 #include "journal/JournalEditor.h"
-#include "journal/import_items.h"
 #include "ui_QtJournalEditor.h"
 
 #include <QList>
 
+class ConsoleImporter;
+
 /** What the journal editor's window consists of, and what others have added to it. */
 struct JournalEditor::Form : Ui::QtJournalEditor
 {
-    ImportItems mImportItems;
+    QList<ConsoleImporter*> mImportItems;
     QList<QAction*> mContextMenuItems;
+    /** Those that are being added to the import menu, and are deleted afterwards if they have left the list.
+     */
+    QList<const ConsoleImporter*> mComingItems;
 };

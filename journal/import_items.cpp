@@ -30,14 +30,14 @@ void remove_import_item(ConsoleImporter* importer)
 
 } // namespace
 
-void add_import_item(JournalEditor* editor, ImportItems& items, QMenu* menu, const QString& owner,
+void add_import_item(JournalEditor* editor, ImportItems items, QMenu* menu, const QString& owner,
                      const QString& label, QPlainTextEdit* source)
 {
     // Whoever hears of the new item may delete the page.
     const QPointer<QPlainTextEdit> page = source;
     auto* importer = new ConsoleImporter(editor, label);
     items.present.append(importer);
-    QObject::connect(importer, &QObject::destroyed, editor, [&items, importer] {
+    QObject::connect(importer, &QObject::destroyed, editor, [items, importer] {
         items.present.removeAll(importer);
         items.coming.removeAll(importer);
     });
@@ -56,7 +56,7 @@ void add_import_item(JournalEditor* editor, ImportItems& items, QMenu* menu, con
         remove_import_item(importer);
 }
 
-void remove_import_items_of(const JournalEditor* editor, ImportItems& items, const QString& owner)
+void remove_import_items_of(const JournalEditor* editor, ImportItems items, const QString& owner)
 {
     // Out of the list first: who hears of an item's end may remove others.
     QList<QPointer<ConsoleImporter>> removed;

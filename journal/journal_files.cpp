@@ -28,12 +28,12 @@ std::optional<QString> read_journal_file(const QString& name)
     return read_journal(stream);
 }
 
-void save_journal(JournalEditor* editor, JournalDocument* doc, RecentFiles* recent)
+void save_document(JournalEditor* editor, JournalDocument* doc, RecentFiles* recent)
 {
     if (!doc)
         return;
     if (doc->file_name().isEmpty()) {
-        save_journal_as(editor, doc, recent);
+        save_document_as(editor, doc, recent);
         return;
     }
     const Alive alive(editor, doc);
@@ -54,7 +54,7 @@ void save_journal(JournalEditor* editor, JournalDocument* doc, RecentFiles* rece
     doc->document()->setModified(false);
 }
 
-void save_journal_as(JournalEditor* editor, JournalDocument* doc, RecentFiles* recent)
+void save_document_as(JournalEditor* editor, JournalDocument* doc, RecentFiles* recent)
 {
     if (!doc)
         return;
@@ -79,10 +79,10 @@ void save_journal_as(JournalEditor* editor, JournalDocument* doc, RecentFiles* r
     if (alive && recent)
         recent->add(name);
     if (alive)
-        save_journal(editor, doc, recent);
+        save_document(editor, doc, recent);
 }
 
-bool settle_changes(JournalEditor* editor, QTabWidget* tabs, JournalDocument* doc, RecentFiles* recent)
+bool check_modified(JournalEditor* editor, QTabWidget* tabs, JournalDocument* doc, RecentFiles* recent)
 {
     if (!doc || !doc->document()->isModified())
         return true;
@@ -105,7 +105,7 @@ bool settle_changes(JournalEditor* editor, QTabWidget* tabs, JournalDocument* do
     if (!alive)
         return false;
     if (answer == QMessageBox::Yes) {
-        save_journal(editor, watched, recent);
+        save_document(editor, watched, recent);
         return alive && (!watched || !watched->document()->isModified());
     }
     if (answer == QMessageBox::No) {

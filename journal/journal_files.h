@@ -18,13 +18,13 @@ class RecentFiles;
 /** The text of a file; nothing if it cannot be read. */
 std::optional<QString> read_journal_file(const QString& name);
 
-/** Writes a document to its file, or says why not; one without a file goes to save_journal_as(). Null is
+/** Writes a document to its file, or says why not; one without a file goes to save_document_as(). Null is
  * ignored.
  *
  * @param recent  takes the name of a file that is asked for; may be null. */
-void save_journal(JournalEditor* editor, JournalDocument* doc, RecentFiles* recent);
-/** Asks for a file and saves the document in it; otherwise as save_journal(). */
-void save_journal_as(JournalEditor* editor, JournalDocument* doc, RecentFiles* recent);
+void save_document(JournalEditor* editor, JournalDocument* doc, RecentFiles* recent);
+/** Asks for a file and saves the document in it; otherwise as save_document(). */
+void save_document_as(JournalEditor* editor, JournalDocument* doc, RecentFiles* recent);
 /**
  * Asks what is to become of unsaved changes, if there are any and the user wants to be asked, and saves or
  * drops them. A null document has none.
@@ -32,4 +32,4 @@ void save_journal_as(JournalEditor* editor, JournalDocument* doc, RecentFiles* r
  * @param tabs  where the document stands, which is shown while the user is asked.
  * @return whether the caller may go on: nothing is unsaved any more, and the editor is still there.
  */
-bool settle_changes(JournalEditor* editor, QTabWidget* tabs, JournalDocument* doc, RecentFiles* recent);
+bool check_modified(JournalEditor* editor, QTabWidget* tabs, JournalDocument* doc, RecentFiles* recent);

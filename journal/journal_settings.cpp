@@ -18,7 +18,7 @@ constexpr int most_recent_files = 5;
 
 } // namespace
 
-void restore_journal_settings(JournalEditor& editor, RecentFiles* recent)
+void restore_settings(JournalEditor& editor, RecentFiles* recent)
 {
     QSettings settings;
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
@@ -42,7 +42,7 @@ void restore_journal_settings(JournalEditor& editor, RecentFiles* recent)
     }
 }
 
-void save_journal_settings(const JournalEditor& editor, const RecentFiles* recent)
+void save_settings(const JournalEditor& editor, const RecentFiles* recent)
 {
     QSettings settings;
     settings.setValue(settings_keys::journal_x, editor.x());

@@ -8,6 +8,6 @@ class RecentFiles;
 
 /** Gives the editor what was saved: place and size, whether it asks before changes are lost, and the recent
  * journals, which go to @p recent unless that is null. */
-void restore_journal_settings(JournalEditor& editor, RecentFiles* recent);
-/** Saves what restore_journal_settings() restores. */
-void save_journal_settings(const JournalEditor& editor, const RecentFiles* recent);
+void restore_settings(JournalEditor& editor, RecentFiles* recent);
+/** Saves what restore_settings() restores. */
+void save_settings(const JournalEditor& editor, const RecentFiles* recent);
