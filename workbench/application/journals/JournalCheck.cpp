@@ -3,6 +3,7 @@
 
 #include "workbench/application/journals/JournalCheck.h"
 
+#include "frame/Alive.h"
 #include "journal/JournalEditor.h"
 #include "workbench/sdk/component/journal_documents.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
@@ -96,11 +97,15 @@ void JournalCheck::check()
         return;
     }
     new FaultMarks(journal->document(), faults);
-    const QPointer<QPlainTextEdit> shown = journal;
-    for (const JournalFault& fault : faults)
-        mPrintError(u"ERROR: %1:%2: %3\n"_s.arg(name).arg(fault.line).arg(fault.message));
-    if (!shown)
+    // Whoever sees an error may close the journal, or end this.
+    const Alive alive(this, journal);
+    const Print print_error = mPrintError;
+    for (const JournalFault& fault : faults) {
+        if (alive)
+            print_error(u"ERROR: %1:%2: %3\n"_s.arg(name).arg(fault.line).arg(fault.message));
+    }
+    if (!alive)
         return;
-    shown->setTextCursor(QTextCursor(shown->document()->findBlockByNumber(int(faults.first().line) - 1)));
-    shown->centerCursor();
+    journal->setTextCursor(QTextCursor(journal->document()->findBlockByNumber(int(faults.first().line) - 1)));
+    journal->centerCursor();
 }

@@ -7,7 +7,9 @@
 #include "workbench/application/WorkbenchTest.h"
 #include "workbench/application/console/ConsoleOwner.h"
 #include "workbench/application/console/ErrorPage.h"
+#include "workbench/application/journals/JournalCheck.h"
 #include "workbench/sdk/component/journal_documents.h"
+#include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QAction>
 #include <QPlainTextEdit>
@@ -15,6 +17,9 @@
 #include <QTextBlock>
 #include <QTextLayout>
 #include <QWindow>
+
+#include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -33,6 +38,7 @@ private slots:
     void checked_again_only_what_is_wrong_then_is_marked();
     void journal_without_errors_is_told();
     void python_is_not_checked();
+    void listener_may_end_the_check_and_close_the_journal();
     void key_checks_too();
 
 private:
@@ -132,6 +138,24 @@ void TstJournalCheck::python_is_not_checked()
     action()->trigger();
     QTRY_COMPARE(marked(journal), QList<int>());
     QVERIFY(text().contains("Untitled is a Python script"_L1));
+}
+
+void TstJournalCheck::listener_may_end_the_check_and_close_the_journal()
+{
+    auto* editor = new JournalEditor;
+    editor->add_document(u"sing\ndance\n"_s);
+    QStringList told;
+    std::unique_ptr<JournalCheck> check;
+    check = std::make_unique<JournalCheck>(
+        editor, Fennar::instance().interpreter(), [](const QString&) {},
+        [&](const QString& text) {
+            told << text;
+            check.reset();
+            delete std::exchange(editor, nullptr);
+        });
+    check->check();
+    QCOMPARE(told.size(), 1);
+    QVERIFY(!check && !editor);
 }
 
 void TstJournalCheck::key_checks_too()
