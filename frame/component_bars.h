@@ -26,7 +26,7 @@ struct ComponentBars
 };
 
 // These are what the functions of Ostrel with such names do with component menus and toolbars. The owner mark
-// is not null. The lists go with the window, which whoever is told of a change may delete.
+// is not null. The window owns the lists; whoever is told of a change may delete it.
 
 /** Adds to the component menu of that title, which is made if there is none; see Ostrel::add_to_menu(). */
 void add_to_component_menu(Ostrel& window, ComponentBars& bars, const QString& title,

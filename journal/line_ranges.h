@@ -17,8 +17,8 @@ struct LineRange
 LineRange touched_lines(const QTextCursor& cursor);
 
 /**
- * The same, save that a line that was selected with its line end is taken alone.
+ * The same, except for one line that is selected with its line end: the next line is not included.
  *
- * For one line only: of several, the line that the selection ends in front of belongs to them. Intended.
+ * If several lines are selected, the one at whose start the selection ends is included. Intended.
  */
 LineRange selected_lines(const QTextCursor& cursor);

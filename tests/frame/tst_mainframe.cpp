@@ -194,7 +194,7 @@ private slots:
     void second_splash_is_ignored();
     void unreadable_picture_gives_an_empty_splash_data();
     void unreadable_picture_gives_an_empty_splash();
-    void splash_message_is_white_at_the_bottom_centre();
+    void splash_message_is_white_at_the_bottom_center();
     void finished_splash_is_closed_and_gone();
     void splash_goes_with_unloading();
     void message_and_finish_do_nothing_without_splash();
@@ -1059,7 +1059,7 @@ void TstMainFrame::unreadable_picture_gives_an_empty_splash()
     QVERIFY(splash_screens().constFirst()->pixmap().isNull());
 }
 
-void TstMainFrame::splash_message_is_white_at_the_bottom_centre()
+void TstMainFrame::splash_message_is_white_at_the_bottom_center()
 {
     const QTemporaryDir directory;
     const QSize size(400, 200);

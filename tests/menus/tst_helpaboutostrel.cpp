@@ -70,7 +70,7 @@ private slots:
         QVERIFY(ok->isDefault());
     }
 
-    void labels_are_centred_and_wrapped_as_they_should()
+    void labels_are_centered_and_wrapped_as_they_should()
     {
         const HelpAboutOstrel dialog(nullptr);
         const auto* name = child<QLabel>(dialog, "mProductNameLabel");

@@ -171,15 +171,15 @@ void TstBundledIconEngine::painting_is_that_of_an_icon_made_by_qt_data()
     QTest::addColumn<qreal>("ratio");
     QTest::addColumn<Qt::Alignment>("alignment");
     QTest::addColumn<QIcon::Mode>("mode");
-    const Qt::Alignment centre = Qt::AlignCenter;
-    QTest::newRow("square") << QRect(3, 4, 22, 22) << 1.0 << centre << QIcon::Normal;
-    QTest::newRow("square, two pixels a point") << QRect(3, 4, 22, 22) << 2.0 << centre << QIcon::Normal;
-    QTest::newRow("wide, in the middle") << QRect(0, 0, 70, 30) << 1.0 << centre << QIcon::Normal;
+    const Qt::Alignment center = Qt::AlignCenter;
+    QTest::newRow("square") << QRect(3, 4, 22, 22) << 1.0 << center << QIcon::Normal;
+    QTest::newRow("square, two pixels a point") << QRect(3, 4, 22, 22) << 2.0 << center << QIcon::Normal;
+    QTest::newRow("wide, in the middle") << QRect(0, 0, 70, 30) << 1.0 << center << QIcon::Normal;
     QTest::newRow("wide, at the right")
         << QRect(0, 0, 70, 30) << 1.0 << Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter) << QIcon::Normal;
-    QTest::newRow("high, two pixels a point") << QRect(0, 0, 20, 50) << 2.0 << centre << QIcon::Normal;
-    QTest::newRow("disabled") << QRect(3, 4, 22, 22) << 1.0 << centre << QIcon::Disabled;
-    QTest::newRow("selected") << QRect(3, 4, 22, 22) << 1.0 << centre << QIcon::Selected;
+    QTest::newRow("high, two pixels a point") << QRect(0, 0, 20, 50) << 2.0 << center << QIcon::Normal;
+    QTest::newRow("disabled") << QRect(3, 4, 22, 22) << 1.0 << center << QIcon::Disabled;
+    QTest::newRow("selected") << QRect(3, 4, 22, 22) << 1.0 << center << QIcon::Selected;
 }
 
 void TstBundledIconEngine::painting_is_that_of_an_icon_made_by_qt()

@@ -252,7 +252,7 @@ void TstResources::icon_fills_its_square_at_every_size()
         const QRect box = bounds(picture, is_visible);
         QVERIFY2(std::max(box.width(), box.height()) >= 0.75 * size, qPrintable(QString::number(size)));
         QVERIFY2(std::min(box.width(), box.height()) >= 0.5 * size, qPrintable(QString::number(size)));
-        // Centred, so that icons in a row or a column line up.
+        // Centered, so that icons in a row or a column line up.
         QVERIFY(std::abs(box.left() - (size - 1 - box.right())) <= 0.15 * size);
         QVERIFY(std::abs(box.top() - (size - 1 - box.bottom())) <= 0.15 * size);
     }

@@ -161,7 +161,7 @@
         <translation>Ohne Tiefe und Höhe ist es ein Würfel.</translation>
     </message>
     <message>
-        <source>Centre</source>
+        <source>Center</source>
         <translation>Mittelpunkt</translation>
     </message>
     <message>
@@ -173,8 +173,8 @@
         <translation>Radius des Rohrs</translation>
     </message>
     <message>
-        <source>Way</source>
-        <translation>Art</translation>
+        <source>Offset</source>
+        <translation>Verschiebung</translation>
     </message>
     <message>
         <source>Angle</source>
@@ -598,7 +598,7 @@
 <context>
     <name>GeometryWindow</name>
     <message>
-        <source>Centre (X Y Z)</source>
+        <source>Center (X Y Z)</source>
         <translation>Mittelpunkt (X Y Z)</translation>
     </message>
     <message>

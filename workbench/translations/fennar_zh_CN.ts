@@ -161,7 +161,7 @@
         <translation>不指定深度和高度时为立方体。</translation>
     </message>
     <message>
-        <source>Centre</source>
+        <source>Center</source>
         <translation>中心</translation>
     </message>
     <message>
@@ -173,8 +173,8 @@
         <translation>管半径</translation>
     </message>
     <message>
-        <source>Way</source>
-        <translation>方式</translation>
+        <source>Offset</source>
+        <translation>位移</translation>
     </message>
     <message>
         <source>Angle</source>
@@ -597,7 +597,7 @@
 <context>
     <name>GeometryWindow</name>
     <message>
-        <source>Centre (X Y Z)</source>
+        <source>Center (X Y Z)</source>
         <translation>中心 (X Y Z)</translation>
     </message>
     <message>

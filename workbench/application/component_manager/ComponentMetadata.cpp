@@ -37,11 +37,11 @@ QStringList strings(const QJsonValue& list)
 QString find_fault(const QJsonObject& all, const QString& error)
 {
     if (all.isEmpty())
-        return u"it is no component: "_s + error.simplified();
+        return u"not a component: "_s + error.simplified();
     const QString family = QStringLiteral(FENNAR_COMPONENT_FAMILY);
     const QString interface = all.value("IID"_L1).toString();
     if (!interface.startsWith(family))
-        return u"it is no component: it is a plugin of the kind \"%1\""_s.arg(interface);
+        return u"not a component, but a plugin of the kind \"%1\""_s.arg(interface);
     if (interface != QStringLiteral(FENNAR_COMPONENT_FAMILY FENNAR_COMPONENT_INTERFACE))
         return u"it was made for version %1 of the component interface; this program has version %2"_s.arg(
             interface.sliced(family.size()), QStringLiteral(FENNAR_COMPONENT_INTERFACE));
@@ -52,7 +52,7 @@ QString find_fault(const QJsonObject& all, const QString& error)
             workbench.isEmpty() ? u"(none)"_s : workbench, QStringLiteral(FENNAR_VERSION));
     const QString name = own.value("name"_L1).toString();
     if (!is_name(name))
-        return u"\"%1\" is no name for a component: a lower-case letter, then lower-case letters, digits, "
+        return u"\"%1\" is not a valid component name: a lower-case letter, then lower-case letters, digits, "
                u"\"_\" "
                "and \"-\""_s.arg(name);
     if (is_reserved(name))

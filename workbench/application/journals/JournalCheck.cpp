@@ -16,8 +16,6 @@
 #include <QSyntaxHighlighter>
 #include <QTextBlock>
 
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -12,7 +12,7 @@ class QAbstractButton;
 class QAction;
 class QDialog;
 
-// Parts of the shell's windows that it does not hand out. They belong to their windows and go with them. Null
+// Parts of the shell's windows that it does not hand out. Their windows own them. Null
 // where there is no such window, or the window has no such part.
 
 /** The button that asks the running command to stop. */

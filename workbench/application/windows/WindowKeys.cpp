@@ -137,8 +137,8 @@ QShortcut* WindowKeys::make_shortcut(int key)
 QWidgetList WindowKeys::panes() const
 {
     QWidgetList panes;
-    if (QWidget* centre = mWindow->centralWidget())
-        panes << centre;
+    if (QWidget* center = mWindow->centralWidget())
+        panes << center;
     // In the order of the View menu: that of the window's children changes whenever one is raised.
     std::vector<QAction*> toggles;
     mWindow->view_menu()->get_dock_items(toggles);

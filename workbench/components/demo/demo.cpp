@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 // A component that has one of each: a menu, a toolbar, a dock, entries in the fixed menus, a text in the
-// about dialog, a page in the options dialog, a dialog, and a command. All of it goes with the context that
-// it was added through; see docs/component-guide.md. The folder template has less.
+// about dialog, a page in the options dialog, a dialog, and a command. All of it is removed by the context
+// that it was added through; see docs/component-guide.md. The folder template has less.
 
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
@@ -66,7 +66,7 @@ private:
     Ostrel* mWindow;
     /** The user may close it. */
     QPointer<QDialog> mDialog;
-    /** It goes with its dock. */
+    /** Deleted with its dock. */
     QPointer<QSpinBox> mNumber;
 };
 

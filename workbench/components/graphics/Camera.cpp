@@ -90,7 +90,7 @@ void Camera::fit(const Box3& box)
 {
     if (box.empty())
         return;
-    mTarget = box.centre();
+    mTarget = box.center();
     double width = 0;
     double height = 0;
     for (int i = 0; i < 8; ++i) {

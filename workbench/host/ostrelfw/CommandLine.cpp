@@ -40,7 +40,7 @@ CommandLine::CommandLine(const QStringList& words)
             mError = u"unknown argument \"%1\""_s.arg(word);
     }
     if (mError.isEmpty() && !mCheck.isEmpty() && (mBatch || !mJournal.isEmpty() || !mFile.isEmpty()))
-        mError = u"--check plays nothing, and goes without --batch, --play and a model"_s;
+        mError = u"--check cannot be combined with --batch, --play or a model"_s;
     mBatch = mBatch || !mCheck.isEmpty();
     if (mError.isEmpty() && mBatch && mJournal.isEmpty() && mCheck.isEmpty() && !mHelp && !mVersion)
         mError = u"--batch needs a journal: add --play FILE"_s;

@@ -53,7 +53,7 @@ QString reason(CommandRegistry::AddResult result, const QString& name)
     case CommandRegistry::AddResult::NameTaken:
         return u"there is a command \"%1\" already"_s.arg(name);
     case CommandRegistry::AddResult::BadName:
-        return u"\"%1\" is no name for a command"_s.arg(name);
+        return u"\"%1\" is not a valid command name"_s.arg(name);
     case CommandRegistry::AddResult::NothingToRun:
         return u"the command \"%1\" has no function to run"_s.arg(name);
     case CommandRegistry::AddResult::Added:

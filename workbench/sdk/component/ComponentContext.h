@@ -101,7 +101,7 @@ public:
      */
     void end();
 
-    /** Keeps an object until its turn at the end. Not null. A QObject may have a parent, and go with it. */
+    /** Keeps an object until its turn at the end. Not null. A QObject may have a parent that deletes it. */
     template <typename T>
     T& own(std::unique_ptr<T> object)
     {
@@ -189,7 +189,7 @@ public:
     /**
      * Adds a page to the options dialog; @p make makes it.
      *
-     * @param path  "Page" or "Group/Page". A group that is made for it goes with its last page.
+     * @param path  "Page" or "Group/Page". A group that is made for it is removed with its last page.
      */
     void add_options_page(const QString& path, const std::function<OptionsPage()>& make);
     /** Adds a line to the about dialog. */

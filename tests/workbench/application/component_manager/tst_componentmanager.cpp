@@ -397,9 +397,9 @@ void TstComponentManager::bad_components_are_refused_by_name_and_reason_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("reason");
-    QTest::newRow("no metadata") << u"no_metadata"_s << u"it is no component: "_s;
+    QTest::newRow("no metadata") << u"no_metadata"_s << u"not a component: "_s;
     QTest::newRow("another plugin") << u"foreign"_s
-                                    << u"it is no component: it is a plugin of the kind \"other.Plugin/2\""_s;
+                                    << u"not a component, but a plugin of the kind \"other.Plugin/2\""_s;
     QTest::newRow("other interface")
         << u"old_interface"_s
         << u"it was made for version 1 of the component interface; this program has version 2"_s;
@@ -408,8 +408,8 @@ void TstComponentManager::bad_components_are_refused_by_name_and_reason_data()
         << u"it was made for version 0.0.7 of the workbench; this is version " OSTREL_VERSION ""_s;
     QTest::newRow("no workbench") << u"no_workbench"_s
                                   << u"it was made for version (none) of the workbench; this is version "_s;
-    QTest::newRow("bad name") << u"bad_name"_s << u"\"Bad Name\" is no name for a component"_s;
-    QTest::newRow("no name") << u"no_name"_s << u"\"\" is no name for a component"_s;
+    QTest::newRow("bad name") << u"bad_name"_s << u"\"Bad Name\" is not a valid component name"_s;
+    QTest::newRow("no name") << u"no_name"_s << u"\"\" is not a valid component name"_s;
     QTest::newRow("name of the program")
         << u"reserved"_s << u"the name \"workbench\" is taken by the program"_s;
     QTest::newRow("no object") << u"no_object"_s << u"its plugin holds no component"_s;
@@ -445,7 +445,7 @@ void TstComponentManager::file_that_is_no_plugin_is_refused()
     text.close();
     mManager->load_all();
     QVERIFY2(mReports.contains(u"component \"text\" ("_s) &&
-                 mReports.contains(u"not loaded: it is no component: "_s),
+                 mReports.contains(u"not loaded: not a component: "_s),
              qPrintable(mReports));
 }
 

@@ -11,10 +11,10 @@
 #include <numbers>
 
 /** A box with flat faces and its twelve edges. */
-inline std::shared_ptr<SceneShape> make_box(const Point3& centre, const Point3& size)
+inline std::shared_ptr<SceneShape> make_box(const Point3& center, const Point3& size)
 {
     auto shape = std::make_shared<SceneShape>();
-    shape->origin = centre;
+    shape->origin = center;
     const auto corner = [&size](int x, int y, int z) {
         return QVector3D(float((x ? 0.5 : -0.5) * size.x), float((y ? 0.5 : -0.5) * size.y),
                          float((z ? 0.5 : -0.5) * size.z));
@@ -40,18 +40,18 @@ inline std::shared_ptr<SceneShape> make_box(const Point3& centre, const Point3& 
 }
 
 /** Adds a box to the scene and returns its id. */
-inline int add_box(Scene& scene, const QString& name, const Point3& centre, const Point3& size)
+inline int add_box(Scene& scene, const QString& name, const Point3& center, const Point3& size)
 {
     const int id = scene.add(name);
-    scene.set_shape(id, make_box(centre, size));
+    scene.set_shape(id, make_box(center, size));
     return id;
 }
 
 /** A sphere of radius 1, which has no edges. */
-inline std::shared_ptr<SceneShape> make_ball(const Point3& centre)
+inline std::shared_ptr<SceneShape> make_ball(const Point3& center)
 {
     auto shape = std::make_shared<SceneShape>();
-    shape->origin = centre;
+    shape->origin = center;
     constexpr int pieces = 24;
     const auto corner = [](int turn, int rise) {
         const double a = 2 * std::numbers::pi * turn / pieces;

@@ -167,7 +167,7 @@ void TstGraphicsComponent::view_is_the_same_whichever_component_comes_first()
     QVERIFY(ball.corners.size() > 600 && ball.corners.size() < 10000);
     QVERIFY(ball.lines.empty()); // where it closes there is no edge
     for (const auto& shape : {item(u"a"_s)->shape, item(u"ball"_s)->shape}) {
-        const Point3 middle = shape->box.centre() - shape->origin;
+        const Point3 middle = shape->box.center() - shape->origin;
         for (std::size_t i = 0; i < shape->corners.size(); ++i) {
             const QVector3D out =
                 shape->corners[i] - QVector3D(float(middle.x), float(middle.y), float(middle.z));

@@ -171,7 +171,7 @@ void TstCommandForm::set_up()
     add(u"brick"_s,
         {{{required_value(length(u"WIDTH"_s, "Width")),
            {.parameters = {length(u"DEPTH"_s, "Depth"), length(u"HEIGHT"_s, "Height")}, .optional = true},
-           vector(u"at"_s, "Centre", u"0"_s, false),
+           vector(u"at"_s, "Center", u"0"_s, false),
            vector(u"along"_s, "Axis", u"0"_s, true),
            {.keyword = u"name"_s, .parameters = {name}, .optional = true}}}});
     add(u"join"_s, {{{required_value([&] {
@@ -261,8 +261,8 @@ void TstCommandForm::fields_are_those_of_the_description()
     QStringList labels;
     for (const FormField* field : mForm->findChildren<FormField*>())
         labels << field->label();
-    QCOMPARE(labels, QStringList({u"Width"_s, u"Depth"_s, u"Height"_s, u"Centre X"_s, u"Centre Y"_s,
-                                  u"Centre Z"_s, u"Axis X"_s, u"Axis Y"_s, u"Axis Z"_s, u"Name"_s}));
+    QCOMPARE(labels, QStringList({u"Width"_s, u"Depth"_s, u"Height"_s, u"Center X"_s, u"Center Y"_s,
+                                  u"Center Z"_s, u"Axis X"_s, u"Axis Y"_s, u"Axis Z"_s, u"Name"_s}));
     for (const FormField* field : mForm->findChildren<FormField*>())
         QVERIFY(field->isVisible());
     QVERIFY(find<QLineEdit>(u"commandLine"_s)->isReadOnly());
@@ -290,7 +290,7 @@ void TstCommandForm::optional_fields_are_told()
             labels << label->text();
     }
     QCOMPARE(labels, QStringList({u"Width:"_s, u"Depth (optional):"_s, u"Height (optional):"_s,
-                                  u"Centre (optional):"_s, u"Axis (optional):"_s, u"Name (optional):"_s}));
+                                  u"Center (optional):"_s, u"Axis (optional):"_s, u"Name (optional):"_s}));
 }
 
 void TstCommandForm::line_follows_the_fields()
@@ -697,7 +697,7 @@ void TstCommandForm::line_can_be_edited_and_is_read_back()
     QCOMPARE(find<QLineEdit>(u"valueWIDTH"_s)->text(), u"7"_s);
     QCOMPARE(find<QLineEdit>(u"valueatX"_s)->text(), u"${x}"_s);
     QCOMPARE(line(), u"brick 7 2 3 at ${x} 1 2"_s);
-    QCOMPARE(message(), u"Centre X: there is no variable ${x}."_s);
+    QCOMPARE(message(), u"Center X: there is no variable ${x}."_s);
 }
 
 void TstCommandForm::line_looks_like_a_field_only_while_it_can_be_edited()
@@ -874,7 +874,7 @@ void TstCommandForm::everything_has_a_name_to_be_read_out()
     }
     show(u"brick"_s);
     QCOMPARE(find<QLineEdit>(u"valueWIDTH"_s)->accessibleName(), u"Width in mm"_s);
-    QCOMPARE(find<QLineEdit>(u"valueatX"_s)->accessibleName(), u"Centre X"_s);
+    QCOMPARE(find<QLineEdit>(u"valueatX"_s)->accessibleName(), u"Center X"_s);
 }
 
 void TstCommandForm::form_may_go_while_it_applies()
@@ -951,7 +951,7 @@ void TstCommandForm::labels_are_translated()
     QCOMPARE(find<QComboBox>(u"commandWays"_s)->currentText(), u"@By name"_s);
     QCOMPARE(mForm->findChild<FormField*>()->label(), u"@Solid"_s);
     show(u"brick"_s);
-    QCOMPARE(find<QLineEdit>(u"valueatX"_s)->accessibleName(), u"@Centre @X"_s);
+    QCOMPARE(find<QLineEdit>(u"valueatX"_s)->accessibleName(), u"@Center @X"_s);
     show(u"delete"_s);
     QCOMPARE(find<QCheckBox>(u"valuequick"_s)->text(), u"@Quickly"_s);
     QCoreApplication::removeTranslator(const_cast<Marker*>(&marker));

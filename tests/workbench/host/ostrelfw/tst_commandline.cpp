@@ -117,7 +117,7 @@ void TstCommandLine::mistakes_are_named_data()
         << QStringList{u"--batch"_s} << u"--batch needs a journal: add --play FILE"_s;
     QTest::newRow("check without a name")
         << QStringList{u"--check"_s} << u"--check needs the name of a journal"_s;
-    const QString alone = u"--check plays nothing, and goes without --batch, --play and a model"_s;
+    const QString alone = u"--check cannot be combined with --batch, --play or a model"_s;
     QTest::newRow("check and batch") << QStringList{u"--batch"_s, u"--check"_s, u"a.jou"_s} << alone;
     QTest::newRow("check and play") << QStringList{u"--check"_s, u"a.jou"_s, u"--play"_s, u"b.jou"_s}
                                     << alone;

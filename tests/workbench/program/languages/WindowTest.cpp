@@ -389,7 +389,7 @@ void WindowTest::f6_goes_round_the_panes()
     const auto pane_of_focus = [window] {
         for (QWidget* widget = QApplication::focusWidget(); widget; widget = widget->parentWidget())
             if (qobject_cast<QDockWidget*>(widget) || widget == window->centralWidget())
-                return widget == window->centralWidget() ? u"centre"_s : widget->objectName();
+                return widget == window->centralWidget() ? u"center"_s : widget->objectName();
         return QString();
     };
     QCOMPARE(pane_of_focus(), u"OstrelCommandWindow"_s);
@@ -404,7 +404,7 @@ void WindowTest::f6_goes_round_the_panes()
     sorted.sort();
     QVERIFY2(sorted.size() == 5, qPrintable(forward.join(u' ')));
     QCOMPARE(sorted, QStringList({u"DemoDock"_s, u"FennarCommandPanel"_s, u"GeometryModelDock"_s,
-                                  u"OstrelCommandWindow"_s, u"centre"_s}));
+                                  u"OstrelCommandWindow"_s, u"center"_s}));
     QStringList backward;
     for (qsizetype i = 0; i < forward.size(); ++i) {
         QTest::keyClick(window, Qt::Key_F6, Qt::ShiftModifier);

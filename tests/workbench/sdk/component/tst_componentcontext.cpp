@@ -209,7 +209,7 @@ void TstComponentContext::refused_commands_end_the_load_by_name()
     context.add_command(command(u"sample-command"_s));
     QCOMPARE(refusal([&] { context.add_command(command(u"sample-command"_s)); }),
              u"there is a command \"sample-command\" already"_s);
-    QCOMPARE(refusal([&] { context.add_command(command(u"1"_s)); }), u"\"1\" is no name for a command"_s);
+    QCOMPARE(refusal([&] { context.add_command(command(u"1"_s)); }), u"\"1\" is not a valid command name"_s);
     QCOMPARE(refusal([&] { context.add_command({.name = u"sample-idle"_s}); }),
              u"the command \"sample-idle\" has no function to run"_s);
 }

@@ -166,21 +166,21 @@ void list(CommandCall& call, const CommandArguments& arguments, Context& context
         call.print(u"There are no solids.\n"_s);
         return;
     }
-    QList<QStringList> rows{{u"id"_s, u"name"_s, u"volume"_s, u"area"_s, u"pieces"_s, u"centre"_s, u"box"_s}};
+    QList<QStringList> rows{{u"id"_s, u"name"_s, u"volume"_s, u"area"_s, u"pieces"_s, u"center"_s, u"box"_s}};
     for (const int id : ids) {
         const SolidMeasures measures = model.measures(id);
         rows.append({QString::number(id), model.solid(id)->name, shown_number(measures.volume),
-                     shown_number(measures.area), QString::number(measures.pieces), shown(measures.centre),
+                     shown_number(measures.area), QString::number(measures.pieces), shown(measures.center),
                      shown(measures.least) + u" to "_s + shown(measures.most)});
     }
     call.print(table(rows, {true, false, true, true, true, false, false}));
 }
 
 constexpr auto placing_help =
-    "The solid lies around its centre, which is the origin unless \"at\" tells another. "
+    "The solid lies around its center, which is the origin unless \"at\" tells another. "
     "Without a\nname it is named after its kind and id."_L1;
 constexpr auto axis_help =
-    "The solid lies around its centre, which is the origin unless \"at\" tells another. Its "
+    "The solid lies around its center, which is the origin unless \"at\" tells another. Its "
     "axis is\nthe z axis unless \"along\" tells another direction. Without a name it is named "
     "after its kind\nand id."_L1;
 constexpr auto combine_help =
@@ -221,8 +221,8 @@ QList<GeometryCommand> entries()
                         .optional = true,
                         .tip =
                             QT_TRANSLATE_NOOP("CommandParameter", "Without depth and height it is a cube.")},
-                       position_clause(u"at"_s, u"the centre"_s,
-                                       QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true, u"0 0 0"_s),
+                       position_clause(u"at"_s, u"the center"_s,
+                                       QT_TRANSLATE_NOOP("CommandParameter", "Center"), true, u"0 0 0"_s),
                        name_clause()}}}},
         {"cylinder"_L1,
          "Makes a cylinder."_L1,
@@ -232,8 +232,8 @@ QList<GeometryCommand> entries()
                                                        QT_TRANSLATE_NOOP("CommandParameter", "Radius"))),
                        required_value(length_parameter(u"HEIGHT"_s, u"a height"_s,
                                                        QT_TRANSLATE_NOOP("CommandParameter", "Height"))),
-                       position_clause(u"at"_s, u"the centre"_s,
-                                       QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true, u"0 0 0"_s),
+                       position_clause(u"at"_s, u"the center"_s,
+                                       QT_TRANSLATE_NOOP("CommandParameter", "Center"), true, u"0 0 0"_s),
                        axis_clause(), name_clause()}}}},
         {"sphere"_L1,
          "Makes a sphere."_L1,
@@ -241,8 +241,8 @@ QList<GeometryCommand> entries()
          sphere,
          {{.clauses = {required_value(length_parameter(u"RADIUS"_s, u"a radius"_s,
                                                        QT_TRANSLATE_NOOP("CommandParameter", "Radius"))),
-                       position_clause(u"at"_s, u"the centre"_s,
-                                       QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true, u"0 0 0"_s),
+                       position_clause(u"at"_s, u"the center"_s,
+                                       QT_TRANSLATE_NOOP("CommandParameter", "Center"), true, u"0 0 0"_s),
                        name_clause()}}}},
         {"cone"_L1,
          "Makes a cone, or a part of one."_L1,
@@ -253,8 +253,8 @@ QList<GeometryCommand> entries()
                        required_value(length_parameter(u"HEIGHT"_s, u"a height"_s,
                                                        QT_TRANSLATE_NOOP("CommandParameter", "Height"))),
                        optional_value(top_radius()),
-                       position_clause(u"at"_s, u"the centre"_s,
-                                       QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true, u"0 0 0"_s),
+                       position_clause(u"at"_s, u"the center"_s,
+                                       QT_TRANSLATE_NOOP("CommandParameter", "Center"), true, u"0 0 0"_s),
                        axis_clause(), name_clause()}}}},
         {"torus"_L1,
          "Makes a torus."_L1,
@@ -266,16 +266,16 @@ QList<GeometryCommand> entries()
                        required_value(length_parameter(
                            u"TUBE_RADIUS"_s, u"a radius of the tube"_s,
                            QT_TRANSLATE_NOOP("CommandParameter", "Radius of the tube"), u"2"_s)),
-                       position_clause(u"at"_s, u"the centre"_s,
-                                       QT_TRANSLATE_NOOP("CommandParameter", "Centre"), true, u"0 0 0"_s),
+                       position_clause(u"at"_s, u"the center"_s,
+                                       QT_TRANSLATE_NOOP("CommandParameter", "Center"), true, u"0 0 0"_s),
                        axis_clause(), name_clause()}}}},
         {"move"_L1,
          "Moves solids."_L1,
          solids_help,
          move,
          {{.clauses = {required_value(solids_parameter()),
-                       position_clause(u"by"_s, u"the way"_s, QT_TRANSLATE_NOOP("CommandParameter", "Way"),
-                                       false)}}}},
+                       position_clause(u"by"_s, u"the offset"_s,
+                                       QT_TRANSLATE_NOOP("CommandParameter", "Offset"), false)}}}},
         {"rotate"_L1,
          "Turns solids."_L1,
          "The axis goes through the origin unless \"about\" tells another point, in the direction of the z "
@@ -300,8 +300,8 @@ QList<GeometryCommand> entries()
          copy,
          {{.clauses = {required_value(
                            solid_parameter(QT_TRANSLATE_NOOP("CommandParameter", "Solid"), u"SOLID"_s)),
-                       position_clause(u"by"_s, u"the way"_s, QT_TRANSLATE_NOOP("CommandParameter", "Way"),
-                                       true, u"0 0 0"_s),
+                       position_clause(u"by"_s, u"the offset"_s,
+                                       QT_TRANSLATE_NOOP("CommandParameter", "Offset"), true, u"0 0 0"_s),
                        name_clause()}}}},
         {"rename"_L1,
          "Gives a solid another name."_L1,

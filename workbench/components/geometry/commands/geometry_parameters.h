@@ -18,7 +18,7 @@ CommandParameter solid_parameter(const char* label, const QString& name);
 /** At least @p at_least solids, or "all" of them if one is enough. */
 CommandParameter solids_parameter(int at_least = 1);
 
-/** "KEYWORD X Y Z": a point, which is @p what, as "the centre". */
+/** "KEYWORD X Y Z": a point, which is @p what, as "the center". */
 CommandClause position_clause(const QString& keyword, const QString& what, const char* label, bool optional,
                               const QString& default_value = {});
 /** "[along X Y Z]" */

@@ -101,7 +101,7 @@ void check_file(const QString& file, const Format& format)
     if (!info.exists())
         throw cannot_import(file, u"there is no such file"_s);
     if (!info.isFile())
-        throw cannot_import(file, info.isDir() ? u"it is a folder"_s : u"it is no regular file"_s);
+        throw cannot_import(file, info.isDir() ? u"it is a folder"_s : u"it is not a regular file"_s);
     QFile content(file);
     if (!content.open(QIODevice::ReadOnly))
         throw cannot_import(file, content.errorString());
@@ -117,7 +117,7 @@ void check_target(const QString& file)
     const QFileInfo info(file);
     // Replacing a device or a pipe by a file would be bad for more than this program.
     if (info.exists() && !info.isFile())
-        throw cannot_export(file, info.isDir() ? u"it is a folder"_s : u"it is no regular file"_s);
+        throw cannot_export(file, info.isDir() ? u"it is a folder"_s : u"it is not a regular file"_s);
     if (!QFileInfo(info.absolutePath()).isDir())
         throw cannot_export(file, u"there is no folder "_s + shown(info.absolutePath()));
 }

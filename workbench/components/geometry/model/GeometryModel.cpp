@@ -75,11 +75,11 @@ Vector unit(const Vector& vector)
     return {vector.x / length, vector.y / length, vector.z / length};
 }
 
-/** Where a solid of that height begins, so that @p centre is its middle. */
-Vector bottom(const Vector& centre, const Vector& direction, double height)
+/** Where a solid of that height begins, so that @p center is its middle. */
+Vector bottom(const Vector& center, const Vector& direction, double height)
 {
-    return {centre.x - direction.x * height / 2, centre.y - direction.y * height / 2,
-            centre.z - direction.z * height / 2};
+    return {center.x - direction.x * height / 2, center.y - direction.y * height / 2,
+            center.z - direction.z * height / 2};
 }
 
 double content(const EngineTags& shapes)
@@ -241,13 +241,13 @@ SolidMeasures GeometryModel::measures(int id) const
             measures.pieces = int(shapes.size());
             bounding_box(shapes, measures.least, measures.most);
             for (const auto& [dimension, tag] : shapes) {
-                Vector centre;
+                Vector center;
                 double mass = 0;
                 occ::getMass(dimension, tag, mass);
-                occ::getCenterOfMass(dimension, tag, centre.x, centre.y, centre.z);
-                measures.centre.x += centre.x * mass / measures.volume;
-                measures.centre.y += centre.y * mass / measures.volume;
-                measures.centre.z += centre.z * mass / measures.volume;
+                occ::getCenterOfMass(dimension, tag, center.x, center.y, center.z);
+                measures.center.x += center.x * mass / measures.volume;
+                measures.center.y += center.y * mass / measures.volume;
+                measures.center.z += center.z * mass / measures.volume;
             }
             return measures;
         });
@@ -255,39 +255,39 @@ SolidMeasures GeometryModel::measures(int id) const
     return *solid.measures;
 }
 
-int GeometryModel::brick(const Vector& size, const Vector& centre, const QString& name)
+int GeometryModel::brick(const Vector& size, const Vector& center, const QString& name)
 {
     check_length(size.x, u"the width"_s);
     check_length(size.y, u"the depth"_s);
     check_length(size.z, u"the height"_s);
-    check_position(centre, u"the centre"_s);
+    check_position(center, u"the center"_s);
     return make(u"brick"_s, name, [&] {
-        occ::addBox(centre.x - size.x / 2, centre.y - size.y / 2, centre.z - size.z / 2, size.x, size.y,
+        occ::addBox(center.x - size.x / 2, center.y - size.y / 2, center.z - size.z / 2, size.x, size.y,
                     size.z);
     });
 }
 
-int GeometryModel::cylinder(double radius, double height, const Vector& centre, const Vector& axis,
+int GeometryModel::cylinder(double radius, double height, const Vector& center, const Vector& axis,
                             const QString& name)
 {
     check_length(radius, u"the radius"_s);
     check_length(height, u"the height"_s);
-    check_position(centre, u"the centre"_s);
+    check_position(center, u"the center"_s);
     const Vector up = unit(axis);
-    const Vector from = bottom(centre, up, height);
+    const Vector from = bottom(center, up, height);
     return make(u"cylinder"_s, name, [&] {
         occ::addCylinder(from.x, from.y, from.z, up.x * height, up.y * height, up.z * height, radius);
     });
 }
 
-int GeometryModel::sphere(double radius, const Vector& centre, const QString& name)
+int GeometryModel::sphere(double radius, const Vector& center, const QString& name)
 {
     check_length(radius, u"the radius"_s);
-    check_position(centre, u"the centre"_s);
-    return make(u"sphere"_s, name, [&] { occ::addSphere(centre.x, centre.y, centre.z, radius); });
+    check_position(center, u"the center"_s);
+    return make(u"sphere"_s, name, [&] { occ::addSphere(center.x, center.y, center.z, radius); });
 }
 
-int GeometryModel::cone(double bottom_radius, double top_radius, double height, const Vector& centre,
+int GeometryModel::cone(double bottom_radius, double top_radius, double height, const Vector& center,
                         const Vector& axis, const QString& name)
 {
     if (bottom_radius != 0 || top_radius == 0)
@@ -295,9 +295,9 @@ int GeometryModel::cone(double bottom_radius, double top_radius, double height, 
     if (top_radius != 0)
         check_length(top_radius, u"the top radius"_s);
     check_length(height, u"the height"_s);
-    check_position(centre, u"the centre"_s);
+    check_position(center, u"the center"_s);
     const Vector up = unit(axis);
-    const Vector from = bottom(centre, up, height);
+    const Vector from = bottom(center, up, height);
     return make(u"cone"_s, name, [&] {
         const Vector way{up.x * height, up.y * height, up.z * height};
         // The kernel knows no cone whose sides do not meet.
@@ -308,30 +308,30 @@ int GeometryModel::cone(double bottom_radius, double top_radius, double height, 
     });
 }
 
-int GeometryModel::torus(double radius, double tube_radius, const Vector& centre, const Vector& axis,
+int GeometryModel::torus(double radius, double tube_radius, const Vector& center, const Vector& axis,
                          const QString& name)
 {
     check_length(radius, u"the radius"_s);
     check_length(tube_radius, u"the radius of the tube"_s);
     if (tube_radius >= radius)
         throw GeometryError(u"the radius of the tube must be less than the radius of the torus"_s);
-    check_position(centre, u"the centre"_s);
+    check_position(center, u"the center"_s);
     const Vector up = unit(axis);
     return make(u"torus"_s, name, [&] {
-        const EngineTags shape{{3, occ::addTorus(centre.x, centre.y, centre.z, radius, tube_radius)}};
+        const EngineTags shape{{3, occ::addTorus(center.x, center.y, center.z, radius, tube_radius)}};
         // The kernel makes it around the z axis: it is turned there about the line that is square to both.
         const double across = std::hypot(up.x, up.y);
         const double angle = std::atan2(across, up.z);
         if (across > 0)
-            occ::rotate(shape, centre.x, centre.y, centre.z, -up.y / across, up.x / across, 0, angle);
+            occ::rotate(shape, center.x, center.y, center.z, -up.y / across, up.x / across, 0, angle);
         else if (up.z < 0)
-            occ::rotate(shape, centre.x, centre.y, centre.z, 1, 0, 0, std::numbers::pi);
+            occ::rotate(shape, center.x, center.y, center.z, 1, 0, 0, std::numbers::pi);
     });
 }
 
 void GeometryModel::move(const QList<int>& ids, const Vector& by)
 {
-    check_position(by, u"the way"_s);
+    check_position(by, u"the offset"_s);
     transform(ids, [&by](const EngineTags& shapes) { occ::translate(shapes, by.x, by.y, by.z); });
 }
 
@@ -349,7 +349,7 @@ void GeometryModel::rotate(const QList<int>& ids, double degrees, const Vector& 
 
 int GeometryModel::copy(int id, const Vector& by, const QString& name)
 {
-    check_position(by, u"the way"_s);
+    check_position(by, u"the offset"_s);
     check_ids({id});
     // "plate" gives "plate3", and so does "plate2".
     QString kind = entry(id).name;

@@ -40,8 +40,8 @@ struct SolidMeasures
     /** The corners of a box around the solid, along the axes. Round solids that are turned get some room. */
     Vector least;
     Vector most;
-    /** The centre of mass. */
-    Vector centre;
+    /** The center of mass. */
+    Vector center;
     /** How many volumes that do not hang together the solid consists of. */
     int pieces = 0;
 };
@@ -88,19 +88,19 @@ public:
     /** Measured once after each change, so that asking again costs nothing. */
     SolidMeasures measures(int id) const;
 
-    // Solids are made around their centre. Each function returns the new solid's id; an empty name stands for
+    // Solids are made around their center. Each function returns the new solid's id; an empty name stands for
     // the kind of the solid with the id behind it, as "brick1".
 
-    int brick(const Vector& size, const Vector& centre = {}, const QString& name = {});
+    int brick(const Vector& size, const Vector& center = {}, const QString& name = {});
     /** @param axis  the direction from one end to the other; its length does not matter but must not be 0. */
-    int cylinder(double radius, double height, const Vector& centre = {}, const Vector& axis = {0, 0, 1},
+    int cylinder(double radius, double height, const Vector& center = {}, const Vector& axis = {0, 0, 1},
                  const QString& name = {});
-    int sphere(double radius, const Vector& centre = {}, const QString& name = {});
+    int sphere(double radius, const Vector& center = {}, const QString& name = {});
     /** The bottom comes first; one of the radii may be 0. Equal radii make a cylinder. */
-    int cone(double bottom_radius, double top_radius, double height, const Vector& centre = {},
+    int cone(double bottom_radius, double top_radius, double height, const Vector& center = {},
              const Vector& axis = {0, 0, 1}, const QString& name = {});
     /** @param radius  to the middle of the tube; must be greater than the tube's. */
-    int torus(double radius, double tube_radius, const Vector& centre = {}, const Vector& axis = {0, 0, 1},
+    int torus(double radius, double tube_radius, const Vector& center = {}, const Vector& axis = {0, 0, 1},
               const QString& name = {});
 
     void move(const QList<int>& ids, const Vector& by);

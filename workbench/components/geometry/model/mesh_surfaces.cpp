@@ -211,7 +211,7 @@ std::shared_ptr<const SceneShape> make_shape(const std::vector<Corners>& faces,
         for (const std::size_t node : face)
             box.add(nodes.at(node));
     }
-    shape->origin = box.centre();
+    shape->origin = box.center();
     const auto place = [&](std::size_t node) {
         const Point3 point = nodes.at(node) - shape->origin;
         return QVector3D(float(point.x), float(point.y), float(point.z));

@@ -23,7 +23,7 @@ namespace {
 /** What all forms for new solids end with. */
 QList<CommandField> with_placing(QList<CommandField> fields, bool with_axis)
 {
-    fields << CommandField{u"at"_s,    GeometryWindow::tr("Centre (X Y Z)"), u"at"_s,
+    fields << CommandField{u"at"_s,    GeometryWindow::tr("Center (X Y Z)"), u"at"_s,
                            u"0 0 0"_s, CommandField::Kind::Numbers,          3,
                            true};
     if (with_axis)

@@ -18,15 +18,15 @@ struct CommandWords;
 /**
  * The arguments of one call of a command, checked by what the command has declared.
  *
- * Values go by the keyword of their clause, or where that has none by the name of the parameter:
- * number("RADIUS"), numbers("at"). What is left out has the default that is declared, if any. To ask for what
- * is not declared is a fault of the command, and fails the program.
+ * A value is found by the keyword of its clause, or in a clause without one by the name of the parameter:
+ * number("RADIUS"), number("at", 2). A value that is left out is the declared default, if there is one.
+ * Asking for a name that is not declared ends the program: it is an error in the command.
  */
 class FENNAR_CORE_EXPORT CommandArguments
 {
 public:
     /**
-     * Checks a line: the first word that is wrong is thrown as a CommandError that tells its column and what
+     * Checks a line. Throws a CommandError for the first word that is wrong, with its column and all that
      * could stand there.
      *
      * @param words     the whole line, the command's name being word 0.
@@ -36,23 +36,23 @@ public:
     CommandArguments(const CommandWords& words, const QList<CommandSyntax>& forms,
                      const CommandEntities* entities);
 
-    /** Which of the ways to write the command it is, from 0. */
+    /** The index of the form that the line has. */
     qsizetype form() const { return mForm; }
     /** Whether values, or a keyword that has none, are given. Also false for what only other forms have. */
     bool has(QLatin1StringView key) const;
 
-    /** A number, that with index @p i if there are several. 0 if there is none. */
+    /** A number, or the one with index @p i of several; 0 if it is not given and has no default. */
     double number(QLatin1StringView key, qsizetype i = 0) const;
-    /** A whole number; the same. */
+    /** A whole number, under the same terms. */
     int integer(QLatin1StringView key) const;
-    /** A text, the name of an entity or a choice; empty if there is none. An entity that was given by its
-     * number is named. */
+    /** A text, a choice or the name of an entity, even if that was given by its number; empty if it is not
+     * given and has no default. */
     QString text(QLatin1StringView key) const;
     /** All values, as text(). */
     QStringList texts(QLatin1StringView key) const;
 
-    /** Where the value with index @p i is in the line, as CommandCall::words(); that behind the last word if
-     * it is not given. */
+    /** The index in CommandCall::words() of the value with index @p i; the number of words if it is not
+     * given. */
     qsizetype word(QLatin1StringView key, qsizetype i = 0) const;
 
 private:

@@ -109,7 +109,7 @@ struct CommandClause
 };
 
 /**
- * One way to write a command. Its clauses are written in their order, save that those with a keyword that
+ * One way to write a command. Its clauses are written in their order, except that those with a keyword that
  * follow each other may come in any order.
  */
 struct CommandSyntax

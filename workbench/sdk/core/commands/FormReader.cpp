@@ -69,14 +69,14 @@ private:
         mReading.another = another;
     }
 
-    /** Something that must be there is not. Returns whether the reading goes on. */
+    /** Notes that something required is missing. Returns whether to read on. */
     bool lack()
     {
         mReading.may_end = false;
         return mMissing == Missing::PassOver;
     }
 
-    /** Whether the next word is the keyword of another clause, be it of one that has been read already. */
+    /** Whether the next word is the keyword of another clause, even of one that has been read already. */
     bool at_keyword(qsizetype clause) const
     {
         // Back to the first of the clauses that may stand in any order.
@@ -105,7 +105,7 @@ private:
                (parameter.kind != Kind::Choice && !parameter.reserved.contains(word()));
     }
 
-    /** Whether the clause begins with a number and the next word is none. */
+    /** Whether the clause begins with a number and the next word is not a number. */
     bool misses_number(const CommandClause& clause) const
     {
         const Kind kind = clause.parameters.first().kind;
@@ -174,7 +174,6 @@ private:
     {
         QList<qsizetype> values;
         while (fits(parameter, clause) && !is_choice(parameter, values)) {
-            // Behind other values it is a name.
             values << mReading.next;
             consume();
             if (!is_repeated(parameter))
@@ -183,7 +182,7 @@ private:
         return values;
     }
 
-    /** Whether the values are one word that stands for entities. */
+    /** Whether the only value is a choice that stands for entities. */
     bool is_choice(const CommandParameter& parameter, const QList<qsizetype>& values) const
     {
         return parameter.kind == Kind::Entity && values.size() == 1 &&

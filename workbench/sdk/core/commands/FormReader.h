@@ -10,42 +10,43 @@
 
 #include <optional>
 
-/** How the words behind a command's name fall on one way to write it. Words count from 0. */
+/** The words after a command's name, assigned to the clauses of one form. Words count from 0. */
 struct FormReading
 {
     /** The words of each parameter of a clause. */
     using Clause = QList<QList<qsizetype>>;
 
-    /** One for each clause of the form; nothing for those that are left out. */
+    /** One for each clause of the form; nothing for clauses that are left out. */
     QList<std::optional<Clause>> clauses;
-    /** The first word that falls on nothing; the number of words if all do. */
+    /** The first word that was not read; the number of words if all were. */
     qsizetype next = 0;
-    /** Whether the line could end there: nothing that must be there is missing. */
+    /** Whether the line is complete: no required clause is missing. */
     bool may_end = false;
-    /** The keywords that could stand there. */
+    /** The keywords that could come next. */
     QStringList keywords;
-    /** The parameters of which a value could stand there; they belong to the form. */
+    /** The parameters whose values could come next; they belong to the form. */
     QList<const CommandParameter*> parameters;
-    /** Whether those have values already, and this would be another one. */
+    /** Whether that would be another value of a parameter that has some. */
     bool another = false;
 };
 
-/** What becomes of a clause that must be there and is not. */
+/** What to do if a required clause is missing. */
 enum class Missing {
-    /** The reading ends there. */
+    /** Stop. */
     End,
-    /** It is passed over, so that a line that has just been begun can be read. */
+    /** Skip it, so that a line that is still being typed can be read. */
     PassOver,
 };
 
 /**
- * Reads words by the shape of a form. This is the one place that knows where a value ends and the next clause
- * begins; whether values are right is for others to say.
+ * Reads words by the shape of a form: where a value ends and the next clause begins is decided here alone.
+ * Whether the values are valid is checked elsewhere.
  *
- * Clauses without a keyword stand in their order. Clauses with one that follow each other may come in any
- * order. A word that is the keyword of a clause behind, or of one that may come in any order with it, is no
- * value, save of texts and files; nor is one that the parameter reserves. A choice that stands for entities,
- * as "all", stands alone. A clause that may be left out and begins with a number is left out if the word is
- * none, nor a variable.
+ * - Clauses without a keyword come in the order of the form. Neighboring clauses with a keyword come in any
+ * order.
+ * - The keyword of a later clause, or of one that may come in any order with this one, is not a value;
+ * neither are the reserved words of a parameter. Texts and files take any word.
+ * - A choice that stands for entities, as "all", must be the only value.
+ * - An optional clause that begins with a number is skipped if the word is neither a number nor a variable.
  */
 FormReading read_form(const CommandSyntax& form, const QStringList& words, Missing missing);

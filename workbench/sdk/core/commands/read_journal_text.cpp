@@ -35,7 +35,7 @@ JournalText read_journal_text(QIODevice& device, const QString& shown)
 
     if (const qsizetype nul = bytes.indexOf('\0'); nul >= 0)
         return {{},
-                u"%1 is no text file: it holds a NUL byte on line %2"_s.arg(shown).arg(
+                u"%1 is not a text file: it has a NUL byte on line %2"_s.arg(shown).arg(
                     bytes.first(nul).count('\n') + 1)};
     // Stateless, so that a character cut off at the end is an error as well.
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
@@ -55,7 +55,7 @@ JournalText read_journal_text(const QString& path)
         return {{}, u"%1 is a directory"_s.arg(shown)};
     // A device or a pipe might never end.
     if (!info.isFile())
-        return {{}, u"%1 is no regular file"_s.arg(shown)};
+        return {{}, u"%1 is not a regular file"_s.arg(shown)};
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {{}, u"cannot read %1: %2"_s.arg(shown, file.errorString())};

@@ -78,7 +78,7 @@ struct Box3
         add(box.most);
     }
     /** The middle. The box must not be empty. */
-    Point3 centre() const { return (least + most) * 0.5; }
+    Point3 center() const { return (least + most) * 0.5; }
     /** One of the eight corners, @p i from 0 to 7. */
     Point3 corner(int i) const
     {

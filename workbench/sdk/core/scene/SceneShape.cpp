@@ -41,8 +41,8 @@ void SceneShape::update_curves()
     curves.clear();
     if (box.empty())
         return;
-    const Point3 centre = box.centre() - origin;
-    const QVector3D middle{float(centre.x), float(centre.y), float(centre.z)};
+    const Point3 center = box.center() - origin;
+    const QVector3D middle{float(center.x), float(center.y), float(center.z)};
     const float slack = float(length(box.most - box.least)) * 1e-5F;
     for (std::size_t i = 0; i + 2 < corners.size() && i + 2 < normals.size(); i += 3) {
         if ((normals[i] - normals[i + 1]).lengthSquared() < least_bend &&

@@ -296,8 +296,8 @@ void TstFileCommands::solids_come_back_with_their_measures()
         const SolidMeasures in = mModel->measures(mModel->ids()[3 + i]);
         QVERIFY(std::abs(in.volume - out.volume) < 1e-6 * out.volume);
         QVERIFY(std::abs(in.area - out.area) < 1e-6 * out.area);
-        QVERIFY(std::abs(in.centre.x - out.centre.x) < 1e-6 && std::abs(in.centre.y - out.centre.y) < 1e-6 &&
-                std::abs(in.centre.z - out.centre.z) < 1e-6);
+        QVERIFY(std::abs(in.center.x - out.center.x) < 1e-6 && std::abs(in.center.y - out.center.y) < 1e-6 &&
+                std::abs(in.center.z - out.center.z) < 1e-6);
     }
 }
 
@@ -644,7 +644,7 @@ void TstFileCommands::files_that_are_none_are_refused()
     QCOMPARE(error(u"import none.step"_s), refused(u"none.step"_s, u"there is no such file"_s));
     QCOMPARE(error(u"import broken.step"_s), refused(u"broken.step"_s, u"there is no such file"_s));
     QCOMPARE(error(u"import folder.step"_s), refused(u"folder.step"_s, u"it is a folder"_s));
-    QCOMPARE(error(u"import pipe.step"_s), refused(u"pipe.step"_s, u"it is no regular file"_s));
+    QCOMPARE(error(u"import pipe.step"_s), refused(u"pipe.step"_s, u"it is not a regular file"_s));
     QFile huge(path(u"huge.obj"_s));
     QVERIFY(huge.open(QIODevice::WriteOnly) && huge.resize(qint64(5) << 30));
     QVERIFY(FormatRegistry::instance().add({u"OBJ"_s, {u"obj"_s}, u"test"_s, &read_obj, &write_obj}));
@@ -665,10 +665,10 @@ void TstFileCommands::failed_export_leaves_the_old_file_data()
     QTest::newRow("no folder") << u"none/a.step"_s << u"there is no folder"_s;
     QTest::newRow("a folder") << u"folder"_s << u"it is a folder"_s;
     QTest::newRow("a file as a folder") << u"old.step/a.step"_s << u"there is no folder"_s;
-    QTest::newRow("a pipe") << u"pipe"_s << u"it is no regular file"_s;
+    QTest::newRow("a pipe") << u"pipe"_s << u"it is not a regular file"_s;
     QTest::newRow("a name too long") << QString(300, u'x') << u"File name too long"_s;
     QTest::newRow("where nothing can be written") << u"/proc/a.step"_s << u""_s;
-    QTest::newRow("a device") << u"/dev/full"_s << u"it is no regular file"_s;
+    QTest::newRow("a device") << u"/dev/full"_s << u"it is not a regular file"_s;
 }
 
 void TstFileCommands::failed_export_leaves_the_old_file()

@@ -142,7 +142,7 @@ void TstGeometryCommands::solids_are_made_and_named()
     QCOMPARE(output(u"cone 1 3"_s), u"cone5: volume 3.14159\n"_s);
     QCOMPARE(output(u"cone 2 3 1"_s), u"cone6: volume 21.9911\n"_s);
     QCOMPARE(output(u"torus 3 1"_s), u"torus7: volume 59.2176\n"_s);
-    QCOMPARE(mModel->measures(2).centre.y, -1.0);
+    QCOMPARE(mModel->measures(2).center.y, -1.0);
     QVERIFY(qAbs(mModel->measures(3).most.x - 1) < 1e-6);
     QCOMPARE(output(u"copy rod by 0 0 9 name other"_s), u"other: volume 6.28319\n"_s);
     QCOMPARE(mSession->take_errors(), QString());
@@ -174,10 +174,10 @@ void TstGeometryCommands::errors_tell_the_column_data()
     length("cone 1 1 -1", "cone: column 10: expected a top radius", "\"-1\"");
     row("torus 1 1", "torus: column 9: expected a radius of the tube (less than 1), found \"1\"");
     row("brick 1 at 0 0",
-        "brick: column 15: expected z of the centre (a number from -1e+07 to 1e+07), found the "
+        "brick: column 15: expected z of the center (a number from -1e+07 to 1e+07), found the "
         "end of the line");
     row("brick 1 at 0 1e8 0",
-        "brick: column 14: expected y of the centre (a number from -1e+07 to 1e+07), found "
+        "brick: column 14: expected y of the center (a number from -1e+07 to 1e+07), found "
         "\"1e8\"");
     row("brick 1 at 0 0 0 at 1 1 1",
         "brick: column 18: expected \"name\" or the end of the line, found \"at\"");
@@ -255,8 +255,8 @@ void TstGeometryCommands::failed_commands_change_nothing()
 void TstGeometryCommands::solids_are_named_by_name_or_id()
 {
     make({u"brick 1"_s, u"brick 1 at 5 0 0"_s, u"move 2 brick1 by 0 1 0"_s});
-    QCOMPARE(mModel->measures(1).centre.y, 1.0);
-    QCOMPARE(mModel->measures(2).centre.y, 1.0);
+    QCOMPARE(mModel->measures(1).center.y, 1.0);
+    QCOMPARE(mModel->measures(2).center.y, 1.0);
     make({u"rename 2 part"_s, u"delete part"_s});
     QCOMPARE(mModel->ids(), QList<int>({1}));
 }
@@ -265,7 +265,7 @@ void TstGeometryCommands::all_stands_for_all_solids()
 {
     QCOMPARE(error(u"delete all"_s), u"ERROR: delete: column 8: there is no solid\n"_s);
     make({u"brick 1"_s, u"sphere 1"_s, u"move all by 1 0 0"_s});
-    QCOMPARE(mModel->measures(1).centre.x, 1.0);
+    QCOMPARE(mModel->measures(1).center.x, 1.0);
     make({u"delete all"_s});
     QVERIFY(mModel->ids().isEmpty());
 }
@@ -274,7 +274,7 @@ void TstGeometryCommands::solids_are_moved_and_turned()
 {
     make({u"brick 1 2 3"_s, u"rotate brick1 by 90 about 1 0 0 along 0 1 0"_s});
     const SolidMeasures measures = mModel->measures(1);
-    QVERIFY(qAbs(measures.centre.x - 1) < 1e-6 && qAbs(measures.centre.z - 1) < 1e-6);
+    QVERIFY(qAbs(measures.center.x - 1) < 1e-6 && qAbs(measures.center.z - 1) < 1e-6);
     QVERIFY(qAbs(measures.most.x - 2.5) < 1e-6);
 }
 
@@ -294,7 +294,7 @@ void TstGeometryCommands::list_shows_measures()
 {
     QCOMPARE(output(u"list"_s), u"There are no solids.\n"_s);
     make({u"brick 1 2 3 name plate"_s, u"brick 2 at 0 0 10"_s});
-    QCOMPARE(output(u"list"_s), u"id  name    volume  area  pieces  centre  box\n"
+    QCOMPARE(output(u"list"_s), u"id  name    volume  area  pieces  center  box\n"
                                 " 1  plate        6    22       1  0 0 0   -0.5 -1 -1.5 to 0.5 1 1.5\n"
                                 " 2  brick2       8    24       1  0 0 10  -1 -1 9 to 1 1 11\n"_s);
     QCOMPARE(output(u"list 2"_s).count(u'\n'), 2);

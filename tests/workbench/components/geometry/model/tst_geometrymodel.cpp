@@ -58,7 +58,7 @@ QString describe(const GeometryModel& model)
         const SolidMeasures m = model.measures(id);
         text +=
             u"%1 %2 %3 %4 %5"_s.arg(id).arg(model.solid(id)->name).arg(m.volume).arg(m.area).arg(m.pieces);
-        for (const Vector& v : {m.least, m.most, m.centre})
+        for (const Vector& v : {m.least, m.most, m.center})
             text += u" (%1 %2 %3)"_s.arg(v.x).arg(v.y).arg(v.z);
         text += u'\n';
     }
@@ -88,7 +88,7 @@ class TstGeometryModel : public TestCase
 
 private slots:
     void volumes_and_areas_are_those_of_the_formulas();
-    void solids_lie_around_their_centre();
+    void solids_lie_around_their_center();
     void axes_point_where_they_are_told_data();
     void axes_point_where_they_are_told();
     void bad_dimensions_are_refused_data();
@@ -142,22 +142,22 @@ void TstGeometryModel::volumes_and_areas_are_those_of_the_formulas()
     QVERIFY(check(model.torus(3, 1), 2 * pi * pi * 3, 4 * pi * pi * 3));
 }
 
-void TstGeometryModel::solids_lie_around_their_centre()
+void TstGeometryModel::solids_lie_around_their_center()
 {
     GeometryModel model;
-    const Vector centre{10, -20, 30};
-    const QList<int> ids{model.brick({1, 2, 3}, centre), model.cylinder(2, 5, centre),
-                         model.sphere(3, centre), model.torus(3, 1, centre), model.cone(1, 1, 2, centre)};
+    const Vector center{10, -20, 30};
+    const QList<int> ids{model.brick({1, 2, 3}, center), model.cylinder(2, 5, center),
+                         model.sphere(3, center), model.torus(3, 1, center), model.cone(1, 1, 2, center)};
     for (const int id : ids) {
         const SolidMeasures measures = model.measures(id);
-        QVERIFY(near(measures.centre, centre));
-        QVERIFY(near((measures.least.x + measures.most.x) / 2, centre.x));
-        QVERIFY(near((measures.least.z + measures.most.z) / 2, centre.z));
+        QVERIFY(near(measures.center, center));
+        QVERIFY(near((measures.least.x + measures.most.x) / 2, center.x));
+        QVERIFY(near((measures.least.z + measures.most.z) / 2, center.z));
     }
-    const SolidMeasures cone = model.measures(model.cone(3, 0, 4, centre));
+    const SolidMeasures cone = model.measures(model.cone(3, 0, 4, center));
     QVERIFY(near(cone.least.z, 28));
     QVERIFY(near(cone.most.z, 32));
-    QVERIFY(near(cone.centre, {10, -20, 29})); // a quarter above the bottom
+    QVERIFY(near(cone.center, {10, -20, 29})); // a quarter above the bottom
     const SolidMeasures brick = model.measures(ids[0]);
     QVERIFY(near(brick.least, {9.5, -21, 28.5}));
     QVERIFY(near(brick.most, {10.5, -19, 31.5}));
@@ -180,9 +180,9 @@ void TstGeometryModel::axes_point_where_they_are_told()
     QFETCH(Vector, axis);
     const double length = std::hypot(axis.x, axis.y, axis.z);
     GeometryModel model;
-    // The centre of mass of a cone lies a quarter of its height above its bottom, here 1 below its centre.
+    // The center of mass of a cone lies a quarter of its height above its bottom, here 1 below its center.
     const SolidMeasures cone = model.measures(model.cone(1, 0, 4, {}, axis));
-    QVERIFY(near(cone.centre, {-axis.x / length, -axis.y / length, -axis.z / length}));
+    QVERIFY(near(cone.center, {-axis.x / length, -axis.y / length, -axis.z / length}));
     // A flat torus cut by a thin long cylinder on its axis: they do not meet, whichever way the axis points.
     const int torus = model.torus(3, 1, {}, axis);
     const int rod = model.cylinder(1.5, 100, {}, axis);
@@ -325,18 +325,18 @@ void TstGeometryModel::move_and_rotate_keep_the_volume()
     const int id = model.brick({1, 2, 3});
     const int other = model.sphere(1);
     model.move({id}, {10, 20, 30});
-    QVERIFY(near(model.measures(id).centre, {10, 20, 30}));
-    QVERIFY(near(model.measures(other).centre, {}));
+    QVERIFY(near(model.measures(id).center, {10, 20, 30}));
+    QVERIFY(near(model.measures(other).center, {}));
     model.rotate({id}, 90, {}, {0, 0, 2});
-    QVERIFY(near(model.measures(id).centre, {-20, 10, 30}));
+    QVERIFY(near(model.measures(id).center, {-20, 10, 30}));
     QVERIFY(near(model.measures(id).most, {-19, 10.5, 31.5}));
     model.rotate({id}, 360 * 1000 + 180, {-20, 10, 30}, {1, 0, 0});
-    QVERIFY(near(model.measures(id).centre, {-20, 10, 30}));
+    QVERIFY(near(model.measures(id).center, {-20, 10, 30}));
     QVERIFY(near(model.measures(id).volume, 6));
     QVERIFY(near(model.measures(id).area, 22));
     QVERIFY(!failure([&] { model.rotate({id}, 1, {}, {}); }).isEmpty());
     QVERIFY(!failure([&] { model.rotate({id}, not_a_number, {}, {0, 0, 1}); }).isEmpty());
-    QVERIFY(near(model.measures(id).centre, {-20, 10, 30}));
+    QVERIFY(near(model.measures(id).center, {-20, 10, 30}));
 }
 
 void TstGeometryModel::failed_move_of_several_moves_none()
@@ -351,7 +351,7 @@ void TstGeometryModel::failed_move_of_several_moves_none()
     // The shapes themselves are as they were, not only what is known of them.
     model.rotate({1, 2, 3}, 0, {}, {0, 0, 1});
     QVERIFY(near(model.measures(1).volume, 1));
-    QVERIFY(near(model.measures(1).centre, {}));
+    QVERIFY(near(model.measures(1).center, {}));
     QCOMPARE(model.measures(1).pieces, 1);
 }
 
@@ -362,7 +362,7 @@ void TstGeometryModel::copy_is_independent()
     const int twin = model.copy(id, {5, 0, 0});
     QCOMPARE(model.solid(twin)->name, u"plate2"_s);
     QCOMPARE(model.solid(model.copy(twin))->name, u"plate3"_s);
-    QVERIFY(near(model.measures(twin).centre, {5, 0, 0}));
+    QVERIFY(near(model.measures(twin).center, {5, 0, 0}));
     model.remove({id});
     QVERIFY(near(model.measures(twin).volume, 6));
     QVERIFY(!failure([&] { model.copy(id); }).isEmpty());

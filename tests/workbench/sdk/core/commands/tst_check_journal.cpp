@@ -159,7 +159,7 @@ void TstCheckJournal::file_that_is_no_journal_is_told_data()
                                     << u"a Python script cannot be checked"_s;
     QTest::newRow("python by its first line")
         << u"a.jou"_s << QByteArray("#!python\n") << u"a Python script cannot be checked"_s;
-    QTest::newRow("binary") << u"a.jou"_s << QByteArray("a\0b", 3) << u"is no text file"_s;
+    QTest::newRow("binary") << u"a.jou"_s << QByteArray("a\0b", 3) << u"is not a text file"_s;
     QTest::newRow("not UTF-8") << u"a.jou"_s << QByteArray("ball 1\n\xff\n") << u"is not UTF-8 on line 2"_s;
     QTest::newRow("missing") << u""_s << QByteArray() << u"does not exist"_s;
 }

@@ -181,7 +181,7 @@ void TstPlayback::file_faults_data()
     QTest::newRow("empty path") << QByteArray() << u""_s << u"\"\" does not exist"_s;
     QTest::newRow("directory") << QByteArray() << u"."_s << u"\".\" is a directory"_s;
     QTest::newRow("binary") << QByteArray("step 1\nstep \0 2\n", 16) << u"a.jou"_s
-                            << u"\"a.jou\" is no text file: it holds a NUL byte on line 2"_s;
+                            << u"\"a.jou\" is not a text file: it has a NUL byte on line 2"_s;
     QTest::newRow("invalid UTF-8") << QByteArray("step 1\nstep \303\244\n# \344\n") << u"a.jou"_s
                                    << u"\"a.jou\" is not UTF-8 on line 3"_s;
     QTest::newRow("UTF-8 cut off at the end")
@@ -235,7 +235,7 @@ void TstPlayback::pipe_is_refused()
     PlaybackSession session;
     QCOMPARE(mkfifo(qPrintable(session.directory.filePath(u"pipe"_s)), 0600), 0);
     QCOMPARE(session.playback.play(u"pipe"_s), Outcome::Failed);
-    QCOMPARE(session.errors, u"ERROR: \"pipe\" is no regular file\n"_s);
+    QCOMPARE(session.errors, u"ERROR: \"pipe\" is not a regular file\n"_s);
 }
 
 void TstPlayback::path_is_taken_from_the_current_directory()
