@@ -3,7 +3,6 @@
 
 #include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
-#include "files/OpenSaveHandler.h"
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "frame/OstrelSplitter.h"
@@ -19,6 +18,7 @@
 #include "menus/OstrelWindowMenu.h"
 #include "options/OptionsPanel.h"
 #include "resources/load_icon.h"
+#include "support/IdleDocuments.h"
 #include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
 #include "support/dialogs.h"
@@ -77,25 +77,17 @@ QImage picture(const QIcon& icon)
 }
 
 /** Documents that are modified. Calls @p asked when it is asked about them. */
-class ModifiedDocuments : public OpenSaveHandler
+class ModifiedDocuments : public IdleDocuments
 {
 public:
     explicit ModifiedDocuments(std::function<void()> asked) : mAsked(std::move(asked)) {}
 
-    void get_filters(QString&, bool) override {}
-    void get_save_location(QString&, QString&) override {}
     bool is_modified() override
     {
         mAsked();
         return mModified;
     }
     void set_modified(bool modified) override { mModified = modified; }
-    void new_file() override {}
-    void open_file(const QString&) override {}
-    void import_recent(const QString&) override {}
-    void save_file(const QString&) override {}
-    void save_file_as(const QString&, const QString&) override {}
-    void set_directory() override {}
 
 private:
     std::function<void()> mAsked;

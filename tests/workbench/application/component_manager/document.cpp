@@ -3,27 +3,19 @@
 
 // A component that has a document, which the command "change" makes unsaved.
 
-#include "files/OpenSaveHandler.h"
 #include "files/OstrelFileMenu.h"
+#include "support/IdleDocuments.h"
 #include "workbench/sdk/component/ComponentContext.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class Document : public OpenSaveHandler
+class Document : public IdleDocuments
 {
 public:
-    void get_filters(QString&, bool) override {}
-    void get_save_location(QString&, QString&) override {}
     bool is_modified() override { return modified; }
     void set_modified(bool on) override { modified = on; }
-    void new_file() override {}
-    void open_file(const QString&) override {}
-    void import_recent(const QString&) override {}
-    void save_file(const QString&) override {}
-    void save_file_as(const QString&, const QString&) override {}
-    void set_directory() override {}
 
     bool modified = false;
 };

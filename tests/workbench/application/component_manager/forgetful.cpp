@@ -6,7 +6,6 @@
 
 #include "console/CommandWindow.h"
 #include "files/ImportExportHandler.h"
-#include "files/OpenSaveHandler.h"
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
@@ -17,6 +16,7 @@
 #include "menus/OstrelToolsMenu.h"
 #include "menus/OstrelViewMenu.h"
 #include "options/OptionsPanel.h"
+#include "support/IdleDocuments.h"
 #include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
@@ -51,20 +51,8 @@ public:
 class OwnTracker : public ComponentTracker
 {};
 
-class OwnFiles : public OpenSaveHandler
-{
-public:
-    void get_filters(QString&, bool) override {}
-    void get_save_location(QString&, QString&) override {}
-    bool is_modified() override { return false; }
-    void set_modified(bool) override {}
-    void new_file() override {}
-    void open_file(const QString&) override {}
-    void import_recent(const QString&) override {}
-    void save_file(const QString&) override {}
-    void save_file_as(const QString&, const QString&) override {}
-    void set_directory() override {}
-};
+class OwnFiles : public IdleDocuments
+{};
 
 class OwnFormat : public ImportExportHandler
 {

@@ -3,9 +3,9 @@
 
 #include "console/CommandWidget.h"
 #include "files/ImportExportHandler.h"
-#include "files/OpenSaveHandler.h"
 #include "files/OstrelFileMenu.h"
 #include "journal/JournalEditor.h"
+#include "support/IdleDocuments.h"
 #include "support/drops.h"
 #include "workbench/application/Workbench.h"
 #include "workbench/application/WorkbenchTest.h"
@@ -28,19 +28,10 @@ namespace {
 
 constexpr Qt::DropActions any_action = Qt::CopyAction | Qt::MoveAction | Qt::LinkAction;
 
-class Models : public OpenSaveHandler
+class Models : public IdleDocuments
 {
 public:
     void get_filters(QString& filters, bool) override { filters = u"Models (*.mdl);;All Files (*)"_s; }
-    void get_save_location(QString&, QString&) override {}
-    bool is_modified() override { return false; }
-    void set_modified(bool) override {}
-    void new_file() override {}
-    void open_file(const QString&) override {}
-    void import_recent(const QString&) override {}
-    void save_file(const QString&) override {}
-    void save_file_as(const QString&, const QString&) override {}
-    void set_directory() override {}
 };
 
 class Importer : public ImportExportHandler

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "files/ImportExportHandler.h"
-#include "files/OpenSaveHandler.h"
+#include "support/IdleDocuments.h"
 #include "workbench/sdk/component/ComponentContext.h"
 
 #include <QStringList>
@@ -22,20 +22,8 @@ FileFormat format(const QString& name);
 UnsavedWork work(const QString& kind);
 
 /** Opens and saves nothing. */
-class Files : public OpenSaveHandler
-{
-public:
-    void get_filters(QString&, bool) override {}
-    void get_save_location(QString&, QString&) override {}
-    bool is_modified() override { return false; }
-    void set_modified(bool) override {}
-    void new_file() override {}
-    void open_file(const QString&) override {}
-    void import_recent(const QString&) override {}
-    void save_file(const QString&) override {}
-    void save_file_as(const QString&, const QString&) override {}
-    void set_directory() override {}
-};
+class Files : public IdleDocuments
+{};
 
 /** Imports and exports nothing, and counts how many of its kind are alive. */
 class Handler : public ImportExportHandler

@@ -4,9 +4,9 @@
 #include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
 #include "files/ImportExportHandler.h"
-#include "files/OpenSaveHandler.h"
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
+#include "support/IdleDocuments.h"
 #include "support/describe_window.h"
 #include "support/dialogs.h"
 #include "support/leftovers.h"
@@ -38,19 +38,10 @@ const auto engine_exports = u"STEP (*.step *.stp);;BREP (*.brep);;STL (*.stl);;M
 const auto obj_filter = u"OBJ (*.obj)"_s;
 
 /** What the list of recent imports needs of the component with the documents. */
-class Documents : public OpenSaveHandler
+class Documents : public IdleDocuments
 {
 public:
-    void get_filters(QString&, bool) override {}
-    void get_save_location(QString&, QString&) override {}
-    bool is_modified() override { return false; }
-    void set_modified(bool) override {}
-    void new_file() override {}
-    void open_file(const QString&) override {}
     void import_recent(const QString& command) override { send_command(command); }
-    void save_file(const QString&) override {}
-    void save_file_as(const QString&, const QString&) override {}
-    void set_directory() override {}
 };
 
 } // namespace
