@@ -13,6 +13,7 @@
 
 #include <QAction>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextLayout>
@@ -39,6 +40,7 @@ private slots:
     void journal_without_errors_is_told();
     void python_is_not_checked();
     void listener_may_end_the_check_and_close_the_journal();
+    void entry_is_removed_with_the_check();
     void key_checks_too();
 
 private:
@@ -156,6 +158,26 @@ void TstJournalCheck::listener_may_end_the_check_and_close_the_journal()
     check->check();
     QCOMPARE(told.size(), 1);
     QVERIFY(!check && !editor);
+}
+
+void TstJournalCheck::entry_is_removed_with_the_check()
+{
+    const auto ignore = [](const QString&) {};
+    JournalEditor editor;
+    editor.add_document(u"sing\n"_s);
+    const qsizetype keys = editor.actions().size();
+    auto check = std::make_unique<JournalCheck>(&editor, Fennar::instance().interpreter(), ignore, ignore);
+    QCOMPARE(editor.actions().size(), keys + 1);
+    const QPointer<QAction> entry = editor.actions().last();
+    entry->trigger();
+    QPlainTextEdit* journal = current_journal(&editor);
+    QTRY_COMPARE(marked(journal), QList<int>{1});
+    check.reset();
+    QVERIFY(!entry);
+    QCOMPARE(editor.actions().size(), keys);
+    // The marks stay.
+    QCOMPARE(marked(journal), QList<int>{1});
+    journal->document()->setModified(false);
 }
 
 void TstJournalCheck::key_checks_too()

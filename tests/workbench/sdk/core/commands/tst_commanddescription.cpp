@@ -9,6 +9,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 using Kind = CommandParameter::Kind;
 
@@ -43,6 +45,8 @@ class TstCommandDescription : public TestCase
 private slots:
     void usage_is_made_of_the_forms_data();
     void usage_is_made_of_the_forms();
+    void range_of_numbers_is_told_data();
+    void range_of_numbers_is_told();
     void registry_makes_the_usage_of_described_commands();
     void line_is_made_of_the_values_data();
     void line_is_made_of_the_values();
@@ -91,6 +95,30 @@ void TstCommandDescription::usage_is_made_of_the_forms()
     QFETCH(const QList<CommandSyntax>, forms);
     QFETCH(const QString, usage);
     QCOMPARE(command_usage(u"do"_s, forms), usage);
+}
+
+void TstCommandDescription::range_of_numbers_is_told_data()
+{
+    QTest::addColumn<CommandParameter>("parameter");
+    QTest::addColumn<QString>("range");
+    const auto row = [](const CommandParameter& parameter, const QString& range) {
+        QTest::addRow("%s, at most %g", qPrintable(range), parameter.most) << parameter << range;
+    };
+    row({.name = u"N"_s, .kind = Kind::Number}, u"a number"_s);
+    row({.name = u"N"_s, .kind = Kind::Number, .least = 0.5}, u"a number from 0.5 on"_s);
+    row({.name = u"N"_s, .kind = Kind::Number, .most = -2}, u"a number up to -2"_s);
+    row({.name = u"N"_s, .kind = Kind::Number, .least = 0.5, .most = 1e7}, u"a number from 0.5 to 1e+07"_s);
+    row({.name = u"N"_s, .kind = Kind::WholeNumber}, u"a whole number"_s);
+    row({.name = u"N"_s, .kind = Kind::WholeNumber, .least = 1}, u"a whole number from 1 on"_s);
+    row({.name = u"N"_s, .kind = Kind::WholeNumber, .most = 9}, u"a whole number up to 9"_s);
+    row({.name = u"N"_s, .kind = Kind::WholeNumber, .least = 1, .most = std::numeric_limits<int>::max()},
+        u"a whole number from 1 on"_s);
+}
+
+void TstCommandDescription::range_of_numbers_is_told()
+{
+    QFETCH(const CommandParameter, parameter);
+    QTEST(number_range(parameter), "range");
 }
 
 void TstCommandDescription::registry_makes_the_usage_of_described_commands()
