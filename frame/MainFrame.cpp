@@ -113,11 +113,20 @@ bool MainFrame::load_gui()
     return window;
 }
 
+// To be called before there is a window, whose console asks for the font. Without it the console takes what
+// Qt offers. Once in an application: whenever a font comes, Qt forgets all that it has found out about fonts,
+// which takes longer to find out again than a window to build.
+static void add_console_font()
+{
+    static int font = -1;
+    if (QFontDatabase::applicationFontFamilies(font).isEmpty())
+        font = QFontDatabase::addApplicationFont(u":/ostrelgui/fonts/Inconsolata-Regular.ttf"_s);
+}
+
 // Returns whether nobody has unloaded the frame meanwhile, which may then be gone altogether.
 bool MainFrame::build_window()
 {
-    // Before the window, whose console asks for the font. Without it the console takes what Qt offers.
-    QFontDatabase::addApplicationFont(u":/ostrelgui/fonts/Inconsolata-Regular.ttf"_s);
+    add_console_font();
     mEventCatcher = new EventCatcher(mApplication);
     const QPointer<EventCatcher> catcher(mEventCatcher);
     auto* const window = new Ostrel(nullptr, nullptr);
