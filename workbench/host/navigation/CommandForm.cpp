@@ -71,6 +71,18 @@ QStringList split(const QString& line)
     return found.error ? QStringList() : words;
 }
 
+/** The variables that a line uses, each as often as it does. */
+QStringList variables_of(const QString& line)
+{
+    QStringList names;
+    tokenize(line, [&names](QStringView name) {
+        names << name.toString();
+        return std::optional(QString());
+    });
+    names.sort();
+    return names;
+}
+
 } // namespace
 
 bool CommandForm::Row::is_given() const
@@ -220,7 +232,11 @@ bool CommandForm::read_line(const QString& line)
         return false;
     words.removeFirst();
     for (int way = 0; way < mCommand->forms.size(); ++way) {
-        if (const auto values = read_values(mCommand->forms[way], words)) {
+        const CommandSyntax& form = mCommand->forms[way];
+        const auto values = read_values(form, words);
+        // A field cannot tell "$x" in single quotes from a variable, nor hold a variable in the middle of a
+        // text.
+        if (values && variables_of(command_line(mCommand->name, form, *values)) == variables_of(line)) {
             show_way(way);
             fill(*values);
             return true;

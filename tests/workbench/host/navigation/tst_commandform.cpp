@@ -727,7 +727,8 @@ void TstCommandForm::edited_line_that_does_not_fit_is_given_up()
     show(u"brick"_s);
     give(u"WIDTH"_s, u"10"_s);
     auto* edit = find<QCheckBox>(u"editLine"_s);
-    for (const QString& other : {u"set x 5"_s, u"brick 5 6 7 8 9"_s, u"brick 'x"_s, QString()}) {
+    for (const QString& other : {u"set x 5"_s, u"brick 5 6 7 8 9"_s, u"brick 'x"_s, u"brick '$x'"_s,
+                                 u"brick \\$x"_s, u"brick 1$x"_s, QString()}) {
         edit->setChecked(true);
         find<QLineEdit>(u"commandLine"_s)->setText(other);
         edit->setChecked(false);
