@@ -359,6 +359,8 @@ void Ostrel::set_graphics_widget(QWidget* w)
         wanted->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
         if (alive && wanted && mGraphicsWidget == wanted)
             mGraphicsArea->insertWidget(index, wanted);
+        if (alive && wanted && mGraphicsWidget != wanted)
+            mGraphicsArea->removeWidget(wanted);
         if (alive && wanted && mGraphicsWidget == wanted)
             CLOptions::instance()->set_graphics_state(2);
     } else {

@@ -144,6 +144,7 @@ private slots:
     void same_graphics_widget_again_is_taken_out_and_put_back();
     void graphics_widget_given_to_another_window_stays_there();
     void graphics_widget_that_died_in_place_gives_way();
+    void graphics_widget_set_while_another_comes_stays();
 
     void batch_mode_is_asked_of_the_command_line();
 
@@ -685,6 +686,40 @@ void TstOstrel::graphics_widget_that_died_in_place_gives_way()
     QCOMPARE(window.graphics_widget(), nullptr);
     QCOMPARE(window.graphics_area()->count(), 1);
     QCOMPARE(window.graphics_area()->widget(0), placeholder(window));
+}
+
+void TstOstrel::graphics_widget_set_while_another_comes_stays()
+{
+    class Setter : public QObject
+    {
+    public:
+        Setter(Ostrel& window, QWidget* widget) : mWindow(window), mWidget(widget)
+        {
+            window.graphics_area()->installEventFilter(this);
+        }
+        bool eventFilter(QObject* area, QEvent* event) override
+        {
+            if (event->type() == QEvent::ChildAdded) {
+                area->removeEventFilter(this);
+                mWindow.set_graphics_widget(mWidget);
+            }
+            return false;
+        }
+
+    private:
+        Ostrel& mWindow;
+        QWidget* mWidget;
+    };
+    Ostrel window;
+    QWidget first;
+    QWidget second;
+    const auto remove = qScopeGuard([&window] { window.set_graphics_widget(nullptr); });
+    const Setter setter(window, &second);
+    window.set_graphics_widget(&first);
+    QCOMPARE(window.graphics_widget(), &second);
+    QCOMPARE(window.graphics_area()->count(), 1);
+    QCOMPARE(window.graphics_area()->widget(0), &second);
+    QCOMPARE(first.parent(), nullptr);
 }
 
 void TstOstrel::batch_mode_is_asked_of_the_command_line()
