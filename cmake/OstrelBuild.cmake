@@ -54,6 +54,17 @@ if(OSTREL_SANITIZE)
     add_link_options(-fsanitize=${OSTREL_SANITIZE})
 endif()
 
+# Declares the headers that are installed with a library; all among its sources if none are named.
+function(ostrel_public_headers target)
+    set(headers ${ARGN})
+    if(NOT headers)
+        get_target_property(headers ${target} SOURCES)
+        list(FILTER headers INCLUDE REGEX "[.]h$")
+    endif()
+    list(TRANSFORM headers PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+    target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_SOURCE_DIR} FILES ${headers})
+endfunction()
+
 # Precompiled headers of Qt halve the time to compile a source. Only what is included all over the tree stands here; a list
 # that is longer costs every source more than it saves.
 set(ostrel_core_headers

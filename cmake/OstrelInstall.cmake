@@ -2,29 +2,15 @@
 # SPDX-License-Identifier: BSD-3-Clause
 
 # What `cmake --install` puts below the prefix: the program with its components and its place on the desktop, the libraries,
-# the headers of the classes that components and hosts use, the CMake package OstrelGui and the pkg-config file ostrelgui.
+# the headers of the classes that components and hosts use, the CMake packages OstrelGui and FennarSdk, and the pkg-config file
+# ostrelgui.
 #
 # Two install components: "runtime" is what it takes to run the program, "development" what it takes to build against it.
 
 include(CMakePackageConfigHelpers)
 
 set(ostrel_include_dir ${CMAKE_INSTALL_INCLUDEDIR}/ostrel)
-set(ostrel_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/OstrelGui)
-
-# Appends a header and all headers of the tree that it includes to a list.
-function(ostrel_collect_headers list header)
-    if(header IN_LIST ${list})
-        return()
-    endif()
-    set(headers ${${list}} ${header})
-    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${header})
-    file(STRINGS ${CMAKE_SOURCE_DIR}/${header} includes REGEX "^#include \"[^\"]+/[^\"]+\"")
-    foreach(include IN LISTS includes)
-        string(REGEX REPLACE "^#include \"([^\"]+)\".*" "\\1" included "${include}")
-        ostrel_collect_headers(headers ${included})
-    endforeach()
-    set(${list} ${headers} PARENT_SCOPE)
-endfunction()
+set(ostrel_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake)
 
 # Compresses a text of the tree, or one that has been made.
 function(ostrel_compress_text source target)
@@ -36,34 +22,7 @@ function(ostrel_compress_text source target)
     execute_process(COMMAND gzip -9nc INPUT_FILE ${source} OUTPUT_FILE ${target} COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
-# The shell's exported classes, all of host/, what they include, and what they hand out.
-file(GLOB_RECURSE candidates RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS
-    ${CMAKE_SOURCE_DIR}/frame/*.h ${CMAKE_SOURCE_DIR}/console/*.h ${CMAKE_SOURCE_DIR}/files/*.h
-    ${CMAKE_SOURCE_DIR}/journal/*.h ${CMAKE_SOURCE_DIR}/menus/*.h ${CMAKE_SOURCE_DIR}/options/*.h
-    ${CMAKE_SOURCE_DIR}/host/*.h)
-set(public_headers)
-foreach(header IN LISTS candidates)
-    file(STRINGS ${CMAKE_SOURCE_DIR}/${header} exported REGEX "^(class|struct) OSTRELGUI_EXPORT |^OSTRELGUI_EXPORT ")
-    if(exported OR header MATCHES "^host/")
-        ostrel_collect_headers(public_headers ${header})
-    endif()
-endforeach()
-# What exported classes hand out without being exported itself. Others use it as the class of Qt that it derives from.
-foreach(header frame/OstrelSplitter.h journal/JournalDocument.h)
-    ostrel_collect_headers(public_headers ${header})
-endforeach()
-set(exported_targets ostrelgui)
-
 if(OSTREL_BUILD_WORKBENCH)
-    # What components and hosts need of the workbench: the whole kit, and what of the host libraries a host may use.
-    file(GLOB_RECURSE kit RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/workbench/sdk/*.h)
-    foreach(header IN LISTS kit ITEMS
-            workbench/host/fennar_python/PythonRuntime.h workbench/host/fennar_python/make_python_interpreter.h
-            workbench/host/ostrelfw/FrameworkInterpreters.h workbench/host/ostrelfw/HostMediator.h)
-        ostrel_collect_headers(public_headers ${header})
-    endforeach()
-    list(APPEND exported_targets fennar_core fennar_component fennar_util fennari19 fennar_python navigation ostrelfw)
-
     # The program reads its navigation files and finds its components in the folder that it lies in; these are installed where
     # they are declared. Folders are no use in a directory of commands, so it has one of its own, and what is there is a link
     # to it.
@@ -90,26 +49,49 @@ if(OSTREL_BUILD_WORKBENCH)
         RENAME fennar.png)
 endif()
 
-list(JOIN public_headers "\n" lines)
-file(WRITE ${CMAKE_BINARY_DIR}/install/headers.txt "${lines}\n")
-foreach(header IN LISTS public_headers)
-    get_filename_component(folder ${header} DIRECTORY)
-    install(FILES ${header} DESTINATION ${ostrel_include_dir}/${folder} COMPONENT development)
-endforeach()
+# Before version 1 each minor version may change the interface, and so the name that programs look for. The component kit has a
+# version of its own. Its core is what the host libraries use, so that it comes before the shell, and the rest behind it.
+function(ostrel_install_libraries set)
+    cmake_parse_arguments(arg "" "PACKAGE;VERSION" "TARGETS" ${ARGN})
+    string(REGEX MATCH "^[0-9]+[.][0-9]+" interface ${arg_VERSION})
+    set_target_properties(${arg_TARGETS} PROPERTIES VERSION ${arg_VERSION} SOVERSION ${interface})
+    install(TARGETS ${arg_TARGETS} EXPORT ${set}Targets
+        LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
+        FILE_SET HEADERS DESTINATION ${ostrel_include_dir} COMPONENT development
+        INCLUDES DESTINATION ${ostrel_include_dir})
+    install(EXPORT ${set}Targets NAMESPACE ${arg_PACKAGE}:: DESTINATION ${ostrel_package_dir}/${arg_PACKAGE} COMPONENT development)
+    foreach(target IN LISTS arg_TARGETS)
+        get_target_property(headers ${target} HEADER_SET)
+        if(headers)
+            list(TRANSFORM headers REPLACE "^${CMAKE_SOURCE_DIR}/(.*)" "\\1\n")
+            file(APPEND ${CMAKE_BINARY_DIR}/install/headers.txt ${headers})
+        endif()
+    endforeach()
+endfunction()
 
-# Before version 1 each minor version may change the interface, and so the name that programs look for.
-set(interface_version ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
-set_target_properties(${exported_targets} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${interface_version})
-install(TARGETS ${exported_targets} EXPORT OstrelGuiTargets
-    LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
-    INCLUDES DESTINATION ${ostrel_include_dir})
-install(EXPORT OstrelGuiTargets NAMESPACE OstrelGui:: DESTINATION ${ostrel_package_dir} COMPONENT development)
-configure_package_config_file(cmake/OstrelGuiConfig.cmake.in ${CMAKE_BINARY_DIR}/cmake/OstrelGuiConfig.cmake
-    INSTALL_DESTINATION ${ostrel_package_dir} PATH_VARS OSTREL_SHELL_TRANSLATIONS)
-write_basic_package_version_file(${CMAKE_BINARY_DIR}/cmake/OstrelGuiConfigVersion.cmake COMPATIBILITY SameMinorVersion)
-install(FILES ${CMAKE_BINARY_DIR}/cmake/OstrelGuiConfig.cmake ${CMAKE_BINARY_DIR}/cmake/OstrelGuiConfigVersion.cmake
-        cmake/OstrelGuiComponent.cmake
-    DESTINATION ${ostrel_package_dir} COMPONENT development)
+# The files by which CMake finds a package; FILES come with them.
+function(ostrel_install_package package)
+    cmake_parse_arguments(arg "" "VERSION" "FILES" ${ARGN})
+    set(folder ${ostrel_package_dir}/${package})
+    set(config ${CMAKE_BINARY_DIR}/cmake/${package}Config)
+    configure_package_config_file(cmake/${package}Config.cmake.in ${config}.cmake
+        INSTALL_DESTINATION ${folder} PATH_VARS OSTREL_SHELL_TRANSLATIONS)
+    write_basic_package_version_file(${config}Version.cmake VERSION ${arg_VERSION} COMPATIBILITY SameMinorVersion)
+    install(FILES ${config}.cmake ${config}Version.cmake ${arg_FILES} DESTINATION ${folder} COMPONENT development)
+endfunction()
+
+file(WRITE ${CMAKE_BINARY_DIR}/install/headers.txt "")
+set(libraries ostrelgui)
+if(OSTREL_BUILD_WORKBENCH)
+    set_target_properties(fennar_core PROPERTIES EXPORT_NAME core)
+    set_target_properties(fennar_component PROPERTIES EXPORT_NAME component)
+    ostrel_install_libraries(FennarSdkCore PACKAGE FennarSdk VERSION ${FENNAR_SDK_VERSION} TARGETS fennar_core)
+    ostrel_install_libraries(FennarSdk PACKAGE FennarSdk VERSION ${FENNAR_SDK_VERSION} TARGETS fennar_component)
+    ostrel_install_package(FennarSdk VERSION ${FENNAR_SDK_VERSION} FILES cmake/FennarSdkComponent.cmake)
+    list(APPEND libraries fennar_util fennari19 fennar_python navigation ostrelfw)
+endif()
+ostrel_install_libraries(OstrelGui PACKAGE OstrelGui VERSION ${PROJECT_VERSION} TARGETS ${libraries})
+ostrel_install_package(OstrelGui VERSION ${PROJECT_VERSION})
 
 # For pkg-config. All paths count from the file's own, so that the prefix may be moved.
 file(RELATIVE_PATH prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})

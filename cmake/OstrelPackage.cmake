@@ -93,9 +93,9 @@ set(CPACK_DEBIAN_FENNAR_PACKAGE_CONTROL_EXTRA ${CMAKE_SOURCE_DIR}/cmake/package/
 set(CPACK_DEBIAN_LIBOSTRELGUI_PACKAGE_NAME libostrelgui-dev)
 set(CPACK_DEBIAN_LIBOSTRELGUI_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_LIBOSTRELGUI_DESCRIPTION "graphical shell for engineering applications (development files)
-The headers of the library ostrelgui, its CMake package OstrelGui, and its
-file for pkg-config. With them hosts of the shell are built, and components
-of the workbench fennar.")
+The headers of the library ostrelgui, the CMake packages OstrelGui and
+FennarSdk, and a file for pkg-config. With them hosts of the shell are built,
+and components of the workbench fennar.")
 set(CPACK_DEBIAN_LIBOSTRELGUI_PACKAGE_DEPENDS
     "fennar (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}), qt6-base-dev (>= 6.4), libgl-dev")
 set(CPACK_DEBIAN_LIBOSTRELGUI_PACKAGE_SUGGESTS "cmake (>= 3.25), pkgconf")

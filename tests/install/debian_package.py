@@ -113,7 +113,7 @@ class DebianPackage(unittest.TestCase):
         self.assertEqual([path for path in program.names if belongs_to_builds(path)], [])
         self.assertEqual([path for path in development.names
                           if not belongs_to_builds(path) and "/doc/" not in path], [])
-        for ending in ("/ostrelgui.pc", "/OstrelGuiConfig.cmake", "/frame/MainFrame.h", "/libostrelgui.so"):
+        for ending in ("/ostrelgui.pc", "/OstrelGuiConfig.cmake", "/FennarSdkConfig.cmake", "/frame/MainFrame.h", "/libostrelgui.so"):
             self.assertTrue(any(path.endswith(ending) for path in development.names), ending)
 
     def test_links_lead_to_files_of_the_two_packages(self):

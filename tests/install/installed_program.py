@@ -109,15 +109,19 @@ class InstalledProgram(unittest.TestCase):
                 self.assertRegex(where, r"^\$ORIGIN(/\.\.)*$", file)
 
     def test_the_name_of_each_library_has_the_version_of_its_interface(self):
-        version = run(self.path("bin", "fennar"), "--version").split()[1]
-        interface = ".".join(version.split(".")[:2])
+        shell = run(self.path("bin", "fennar"), "--version").split()[1]
+        with open(os.path.join(libraries, "cmake", "FennarSdk", "FennarSdkConfigVersion.cmake"), encoding="utf-8") as file:
+            kit = re.search(r'PACKAGE_VERSION "([^"]+)"', file.read()).group(1)
         files = glob.glob(os.path.join(libraries, "*.so"))
         self.assertEqual({os.path.basename(file) for file in files},
                          {"libostrelgui.so", "libostrelfw.so", "libfennar_component.so", "libfennar_core.so",
                           "libfennar_navigation.so", "libfennar_python.so",
                           "libfennar_util.so", "libfennari19.so"})
         for file in files:
-            self.assertIn(f"soname: [{os.path.basename(file)}.{interface}]", run("readelf", "-d", file))
+            name = os.path.basename(file)
+            version = kit if name in ("libfennar_component.so", "libfennar_core.so") else shell
+            interface = ".".join(version.split(".")[:2])
+            self.assertIn(f"soname: [{name}.{interface}]", run("readelf", "-d", file))
 
     # --- the program
 
@@ -240,10 +244,11 @@ class InstalledProgram(unittest.TestCase):
         self.check_window([program, "By hand"], "By hand", environment={"LD_LIBRARY_PATH": libraries})
 
     def test_a_package_of_another_interface_is_not_taken(self):
-        for version, taken in (("0.1", True), ("0.2", False), ("0.0", False)):
-            found = subprocess.run([CMAKE, f"-DOstrelGui_DIR={libraries}/cmake/OstrelGui", f"-DVERSION={version}", "-P",
+        for package, version, taken in (("OstrelGui", "0.1", True), ("OstrelGui", "0.2", False), ("OstrelGui", "0.0", False),
+                                        ("FennarSdk", "0.2", True), ("FennarSdk", "0.1", False)):
+            found = subprocess.run([CMAKE, f"-DPACKAGE={libraries}/cmake/{package}/{package}", f"-DVERSION={version}", "-P",
                                     os.path.join(HERE, "find_version.cmake")], capture_output=True, text=True, check=False)
-            self.assertEqual(found.returncode == 0, taken, f"{version}: {found.stdout}{found.stderr}")
+            self.assertEqual(found.returncode == 0, taken, f"{package} {version}: {found.stdout}{found.stderr}")
 
 
 if __name__ == "__main__":

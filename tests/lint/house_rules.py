@@ -249,18 +249,24 @@ def included_by(tree, path):
 
 
 def installed_headers(tree):
-    """The headers of the shell that hosts and components get: those with exported classes, those that the installation
-    names, and what they include."""
+    """The headers of the shell, and of what its host provides, that hosts and components get."""
+    named = re.search(r"ostrel_public_headers\(ostrelgui([^)]*)\)", tree.get("CMakeLists.txt", ""))
+    return set(named.group(1).split() if named else [])
+
+
+def installed_headers_are_whole(tree):
+    """Headers with exported classes are installed, the host's too, and what an installed one includes."""
     exported = r"(?m)^(?:(?:class|struct) OSTRELGUI_EXPORT |OSTRELGUI_EXPORT )"
-    named = tree.get("cmake/OstrelInstall.cmake", "")
-    left = [p for p in tree if p.endswith(".h") and folder_of(p) in SHELL and (re.search(exported, tree[p]) or p in named)]
-    found = set()
-    while left:
-        path = left.pop()
-        if path not in found:
-            found.add(path)
-            left += [name for _, name in included_by(tree, path) if name in tree]
-    return found
+    seen = [p for p in tree if p.endswith(".h") and folder_of(p) in SHELL + ("host",)]
+    installed = installed_headers(tree)
+    bad = [("CMakeLists.txt", 1, f"installs {p}, which is no header of the shell or its host") for p in installed - set(seen)]
+    for path in seen:
+        if path in installed:
+            bad += [(path, line, f"includes {name}, which is not installed") for line, name in included_by(tree, path)
+                    if name not in installed]
+        elif folder_of(path) == "host" or re.search(exported, tree[path]):
+            bad.append((path, 1, "is not installed, see ostrel_public_headers(ostrelgui) in CMakeLists.txt"))
+    return seen, bad
 
 
 def matrix_of_includes(tree):
@@ -359,7 +365,7 @@ SPDX = "// SPDX-FileCopyrightText: 2026 The Ostrel developers\n// SPDX-License-I
 HASH_SPDX = SPDX.replace("//", "#")
 
 GOOD = {
-    "CMakeLists.txt": HASH_SPDX + "add_subdirectory(frame)\n",
+    "CMakeLists.txt": HASH_SPDX + "ostrel_public_headers(ostrelgui\n    frame/Box.h host/a/Lid.h)\n",
     "frame/CMakeLists.txt": HASH_SPDX + "target_sources(a PRIVATE Box.h Box.cpp)\n",
     "frame/Box.h": SPDX + '#pragma once\n\n#include "host/a/Lid.h"\n\n#include <QObject>\n\nclass OSTRELGUI_EXPORT Box\n{\n};\n',
     "frame/Hidden.h": SPDX + "#pragma once\n\nclass Hidden\n{\n};\n",
@@ -432,6 +438,14 @@ BAD = {
         {"frame/Box.h": SPDX + "#ifndef BOX_H\n#define BOX_H\n#endif\n"},
         {"frame/Box.h": SPDX + "#pragma once\n#ifndef FRAME_BOX_H_\n#define FRAME_BOX_H_\n#endif\n"},
         {"frame/Box.h": SPDX + "#pragma once\n#pragma once\n"},
+    ],
+    installed_headers_are_whole: [
+        {"CMakeLists.txt": HASH_SPDX + "ostrel_public_headers(ostrelgui frame/Box.h)\n"},
+        {"CMakeLists.txt": HASH_SPDX + "ostrel_public_headers(ostrelgui host/a/Lid.h)\n"},
+        {"CMakeLists.txt": HASH_SPDX + "ostrel_public_headers(ostrelgui frame/Box.h frame/Lid.h host/a/Lid.h)\n"},
+        {"CMakeLists.txt": HASH_SPDX},
+        {"frame/Hidden.h": SPDX + "#pragma once\n\nclass OSTRELGUI_EXPORT Hidden\n{\n};\n"},
+        {"frame/Box.h": SPDX + '#pragma once\n\n#include "frame/Hidden.h"\n'},
     ],
     matrix_of_includes: [
         {path: SPDX + f'#include "{name}"\n'} for path, name in (

@@ -19,13 +19,13 @@ import tempfile
 HEADERS_PROJECT = """
 cmake_minimum_required(VERSION 3.25)
 project(headers LANGUAGES CXX)
-find_package(OstrelGui 0.1 REQUIRED)
+find_package(FennarSdk 0.2 REQUIRED)
 add_library(headers OBJECT headers.cpp)
 target_compile_features(headers PRIVATE cxx_std_20)
 if(NOT EXISTS "${OstrelGui_TRANSLATIONS_DIR}/ostrelgui_de.qm")
     message(FATAL_ERROR "no translations in ${OstrelGui_TRANSLATIONS_DIR}")
 endif()
-target_link_libraries(headers PRIVATE OstrelGui::ostrelgui OstrelGui::fennar_core)
+target_link_libraries(headers PRIVATE FennarSdk::component)
 """
 
 

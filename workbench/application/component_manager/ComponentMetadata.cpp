@@ -9,6 +9,7 @@
 #include <QPluginLoader>
 #include <QRegularExpression>
 #include <QVariant>
+#include <QVersionNumber>
 
 using namespace Qt::StringLiterals;
 
@@ -38,18 +39,15 @@ QString find_fault(const QJsonObject& all, const QString& error)
 {
     if (all.isEmpty())
         return u"not a component: "_s + error.simplified();
-    const QString family = QStringLiteral(FENNAR_COMPONENT_FAMILY);
     const QString interface = all.value("IID"_L1).toString();
-    if (!interface.startsWith(family))
+    if (interface != QStringLiteral(FENNAR_COMPONENT_INTERFACE))
         return u"not a component, but a plugin of the kind \"%1\""_s.arg(interface);
-    if (interface != QStringLiteral(FENNAR_COMPONENT_FAMILY FENNAR_COMPONENT_INTERFACE))
-        return u"it was made for version %1 of the component interface; this program has version %2"_s.arg(
-            interface.sliced(family.size()), QStringLiteral(FENNAR_COMPONENT_INTERFACE));
     const QJsonObject own = all.value("MetaData"_L1).toObject();
-    const QString workbench = own.value("workbench"_L1).toString();
-    if (workbench != QStringLiteral(FENNAR_VERSION))
-        return u"it was made for version %1 of the workbench; this is version %2"_s.arg(
-            workbench.isEmpty() ? u"(none)"_s : workbench, QStringLiteral(FENNAR_VERSION));
+    const QString kit = own.value("kit"_L1).toString();
+    const QString present = QStringLiteral(FENNAR_SDK_VERSION);
+    if (!ComponentMetadata::is_kit_good_for(present, kit))
+        return u"it was made with version %1 of the component kit; this program has version %2"_s.arg(
+            kit.isEmpty() ? u"(none)"_s : kit, present);
     const QString name = own.value("name"_L1).toString();
     if (!is_name(name))
         return u"\"%1\" is not a valid component name: a lower-case letter, then lower-case letters, digits, "
@@ -61,6 +59,16 @@ QString find_fault(const QJsonObject& all, const QString& error)
 }
 
 } // namespace
+
+bool ComponentMetadata::is_kit_good_for(const QString& present, const QString& made_with)
+{
+    const QVersionNumber has = QVersionNumber::fromString(present);
+    const QVersionNumber needs = QVersionNumber::fromString(made_with);
+    if (has.segmentCount() < 2 || needs.segmentCount() < 2 || has.majorVersion() != needs.majorVersion())
+        return false;
+    return has.majorVersion() == 0 ? has.minorVersion() == needs.minorVersion()
+                                   : has.minorVersion() >= needs.minorVersion();
+}
 
 ComponentMetadata ComponentMetadata::read(const QString& file)
 {

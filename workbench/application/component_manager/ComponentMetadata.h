@@ -11,6 +11,12 @@ struct ComponentMetadata
 {
     /** Looks into @p file; nothing of it is run. */
     static ComponentMetadata read(const QString& file);
+    /**
+     * Whether a program with one version of the component kit can load what was made with another. Both are
+     * semantic versions (semver.org): before version 1 anything may change with the second number. False if
+     * one is no version.
+     */
+    static bool is_kit_good_for(const QString& present, const QString& made_with);
 
     /** Why the file cannot be loaded by this program; empty if it can. The other fields may be empty then. */
     QString fault;

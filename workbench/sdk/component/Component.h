@@ -8,19 +8,17 @@
 
 #include <QtPlugin>
 
-/** Changes when class Component, or what the context promises, changes. */
-#define FENNAR_COMPONENT_INTERFACE "2"
-/** What a component's metadata begin with; the number behind it is the interface. */
-#define FENNAR_COMPONENT_FAMILY "fennar.Component/"
+/** What tells components from other plugins of Qt's. */
+#define FENNAR_COMPONENT_INTERFACE "fennar.Component"
 
 namespace fennar {
 
 /**
  * What the workbench sees of a component: the one object of a plugin of Qt's.
  *
- * ostrelgui_add_component() writes the class that derives from it, which calls load_component(), and the
- * metadata: "name", "version", "workbench" (the version it was made for), and "requires" and "commands",
- * which are lists of names.
+ * fennar_add_component() writes the class that derives from it, which calls load_component(), and the
+ * metadata: "name", "version", "kit" (the version of the kit that it was made with), and "requires" and
+ * "commands", which are lists of names.
  */
 class FENNAR_COMPONENT_EXPORT Component
 {
@@ -35,4 +33,4 @@ public:
 
 } // namespace fennar
 
-Q_DECLARE_INTERFACE(fennar::Component, FENNAR_COMPONENT_FAMILY FENNAR_COMPONENT_INTERFACE)
+Q_DECLARE_INTERFACE(fennar::Component, FENNAR_COMPONENT_INTERFACE)

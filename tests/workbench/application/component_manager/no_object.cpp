@@ -10,7 +10,7 @@
 class NoObject : public QObject
 {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID FENNAR_COMPONENT_FAMILY FENNAR_COMPONENT_INTERFACE FILE "no_object.json")
+    Q_PLUGIN_METADATA(IID FENNAR_COMPONENT_INTERFACE FILE "no_object.json")
 };
 
 #include "no_object.moc"

@@ -399,15 +399,12 @@ void TstComponentManager::bad_components_are_refused_by_name_and_reason_data()
     QTest::addColumn<QString>("reason");
     QTest::newRow("no metadata") << u"no_metadata"_s << u"not a component: "_s;
     QTest::newRow("another plugin") << u"foreign"_s
-                                    << u"not a component, but a plugin of the kind \"other.Plugin/2\""_s;
-    QTest::newRow("other interface")
-        << u"old_interface"_s
-        << u"it was made for version 1 of the component interface; this program has version 2"_s;
-    QTest::newRow("other workbench")
-        << u"other_workbench"_s
-        << u"it was made for version 0.0.7 of the workbench; this is version " OSTREL_VERSION ""_s;
-    QTest::newRow("no workbench") << u"no_workbench"_s
-                                  << u"it was made for version (none) of the workbench; this is version "_s;
+                                    << u"not a component, but a plugin of the kind \"other.Plugin\""_s;
+    QTest::newRow("other kit") << u"old_kit"_s
+                               << u"it was made with version 0.1.7 of the component kit; this program has "
+                                  "version " FENNAR_SDK_VERSION ""_s;
+    QTest::newRow("no kit") << u"no_kit"_s
+                            << u"it was made with version (none) of the component kit; this program has "_s;
     QTest::newRow("bad name") << u"bad_name"_s << u"\"Bad Name\" is not a valid component name"_s;
     QTest::newRow("no name") << u"no_name"_s << u"\"\" is not a valid component name"_s;
     QTest::newRow("name of the program")

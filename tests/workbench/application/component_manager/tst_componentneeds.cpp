@@ -192,8 +192,8 @@ void TstComponentNeeds::command_of_an_unloaded_component_names_it()
 
 void TstComponentNeeds::command_of_a_component_that_cannot_be_loaded_names_nothing()
 {
-    offer({u"old_interface"_s});
-    QVERIFY(!enter(u"old_interface"_s).contains(u"it comes with"_s));
+    offer({u"old_kit"_s});
+    QVERIFY(!enter(u"old_kit"_s).contains(u"it comes with"_s));
 }
 
 void TstComponentNeeds::other_words_are_taken_for_the_nearest_command()

@@ -3,8 +3,8 @@
 
 # Declares a component of the workbench: a shared object NAME.so.
 #
-#   ostrelgui_add_component(NAME VERSION version SOURCES file... [LIBRARIES target...]
-#                           [REQUIRES component...] [COMMANDS command...])
+#   fennar_add_component(NAME VERSION version SOURCES file... [LIBRARIES target...]
+#                        [REQUIRES component...] [COMMANDS command...])
 #
 # NAME      is the component's name: a lower-case letter, then lower-case letters, digits, "_" and "-"
 # VERSION   is its own version, for people to read
@@ -14,16 +14,13 @@
 #
 # Other files of the target, as resources, are added with CMake's own commands. `cmake --install` puts the component
 # where the workbench looks for it, below the prefix.
-function(ostrelgui_add_component name)
+function(fennar_add_component name)
     cmake_parse_arguments(arg "" "VERSION" "SOURCES;LIBRARIES;REQUIRES;COMMANDS" ${ARGN})
     add_library(${name} MODULE ${arg_SOURCES})
-    ostrelgui_describe_component(${name} NAME ${name} VERSION "${arg_VERSION}" WORKBENCH "${OstrelGui_VERSION}"
+    fennar_describe_component(${name} NAME ${name} VERSION "${arg_VERSION}" KIT "${FennarSdk_VERSION}"
         REQUIRES ${arg_REQUIRES} COMMANDS ${arg_COMMANDS})
     target_link_libraries(${name} PRIVATE
-        OstrelGui::ostrelgui           # the main window
-        OstrelGui::fennar_component    # the context
-        OstrelGui::fennar_core         # the registry of commands
-        OstrelGui::ostrelfw            # the framework's text stream and trackers
+        FennarSdk::component
         ${arg_LIBRARIES})
     target_compile_features(${name} PRIVATE cxx_std_20)
     target_link_options(${name} PRIVATE LINKER:--no-undefined)
@@ -32,15 +29,15 @@ function(ostrelgui_add_component name)
         PREFIX "" AUTOMOC ON AUTOUIC ON CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
         LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib/components
         INSTALL_RPATH "$ORIGIN/../..")
-    install(TARGETS ${name} LIBRARY DESTINATION ${OstrelGui_COMPONENT_DIR})
+    install(TARGETS ${name} LIBRARY DESTINATION ${FennarSdk_COMPONENT_DIR})
 endfunction()
 
 # Makes a shared object a component: writes its metadata, and the source of the object that Qt's plugins have.
 #
-#   ostrelgui_describe_component(target NAME name VERSION version WORKBENCH version [INTERFACE id]
-#                                [REQUIRES component...] [COMMANDS command...])
-function(ostrelgui_describe_component target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "NAME;VERSION;WORKBENCH;INTERFACE" "REQUIRES;COMMANDS")
+#   fennar_describe_component(target NAME name VERSION version KIT version [INTERFACE id]
+#                             [REQUIRES component...] [COMMANDS command...])
+function(fennar_describe_component target)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "NAME;VERSION;KIT;INTERFACE" "REQUIRES;COMMANDS")
     foreach(list REQUIRES COMMANDS)
         list(TRANSFORM arg_${list} REPLACE "(.+)" "\"\\1\"")
         list(JOIN arg_${list} ", " ${list})
@@ -48,13 +45,13 @@ function(ostrelgui_describe_component target)
     if(arg_INTERFACE)
         set(interface "\"${arg_INTERFACE}\"")
     else()
-        set(interface "FENNAR_COMPONENT_FAMILY FENNAR_COMPONENT_INTERFACE")
+        set(interface FENNAR_COMPONENT_INTERFACE)
     endif()
     set(plugin ${CMAKE_CURRENT_BINARY_DIR}/${target}_plugin)
     file(CONFIGURE OUTPUT ${plugin}.json @ONLY CONTENT [[{
     "name": "@arg_NAME@",
     "version": "@arg_VERSION@",
-    "workbench": "@arg_WORKBENCH@",
+    "kit": "@arg_KIT@",
     "requires": [@REQUIRES@],
     "commands": [@COMMANDS@]
 }
