@@ -4,7 +4,6 @@
 #include "workbench/application/playback/JournalPlayer.h"
 
 #include "files/OstrelFileMenu.h"
-#include "files/modal_dialogs.h"
 #include "frame/Alive.h"
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
@@ -12,6 +11,7 @@
 #include "menus/OstrelToolsMenu.h"
 #include "workbench/application/console/ConsoleOwner.h"
 #include "workbench/sdk/component/journal_documents.h"
+#include "workbench/sdk/component/modal_dialogs.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QAction>
@@ -157,8 +157,9 @@ void JournalPlayer::play(const QStringList& lines, const Source& source, const P
 void JournalPlayer::play_file()
 {
     const Alive alive(this);
-    const QString file = ask_open_file(mWindow, tr("Play Journal File"), OstrelFileMenu::mPath,
-                                       tr("Journal Files (*.jou *.py);;All Files (*.*)"));
+    const QString file =
+        fennar::modal_dialogs::ask_open_file(mWindow, tr("Play Journal File"), OstrelFileMenu::mPath,
+                                             tr("Journal Files (*.jou *.py);;All Files (*.*)"));
     if (file.isEmpty() || !alive)
         return;
     OstrelFileMenu::set_path_from_file(file);
@@ -187,8 +188,9 @@ void JournalPlayer::show_place(const JournalPlace& place)
     if (tab >= 0) {
         tabs->setCurrentIndex(tab);
     } else if (place.file.isEmpty()) {
-        show_message(QMessageBox::Information, mWindow, tr("Show Error"),
-                     tr("The document that was played has been closed and is in no file."), QMessageBox::Ok);
+        fennar::modal_dialogs::show_message(
+            QMessageBox::Information, mWindow, tr("Show Error"),
+            tr("The document that was played has been closed and is in no file."), QMessageBox::Ok);
         return;
     } else {
         editor->open_file(place.file);

@@ -4,12 +4,12 @@
 #include "workbench/components/geometry/window/GeometryFileHandler.h"
 
 #include "files/OstrelFileMenu.h"
-#include "files/modal_dialogs.h"
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
 #include "workbench/components/geometry/model/GeometryDocument.h"
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
+#include "workbench/sdk/component/modal_dialogs.h"
 #include "workbench/sdk/core/commands/CommandError.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandSink.h"
@@ -127,7 +127,7 @@ void GeometryFileHandler::set_directory()
     QString start;
     OstrelFileMenu::get_path(start);
     const std::weak_ptr<void> life = mLife;
-    const QString directory = ask_directory(mWindow, tr("Set Directory"), start);
+    const QString directory = fennar::modal_dialogs::ask_directory(mWindow, tr("Set Directory"), start);
     if (directory.isEmpty() || life.expired() || !Ostrel::instance())
         return;
     if (!QDir::setCurrent(directory)) {
