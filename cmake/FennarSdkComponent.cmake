@@ -22,7 +22,6 @@ function(fennar_add_component name)
     target_link_libraries(${name} PRIVATE
         FennarSdk::component
         ${arg_LIBRARIES})
-    target_compile_features(${name} PRIVATE cxx_std_20)
     target_link_options(${name} PRIVATE LINKER:--no-undefined)
     # Nothing but the plugin's own functions is of use to others, and components must not see each other's symbols.
     set_target_properties(${name} PROPERTIES

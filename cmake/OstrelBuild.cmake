@@ -62,6 +62,7 @@ function(ostrel_public_headers target)
         list(FILTER headers INCLUDE REGEX "[.]h$")
     endif()
     list(TRANSFORM headers PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+    target_compile_features(${target} PUBLIC cxx_std_20)    # which they take
     target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_SOURCE_DIR} FILES ${headers})
 endfunction()
 

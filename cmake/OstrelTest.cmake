@@ -79,9 +79,10 @@ function(ostrel_add_test name)
     endif()
 endfunction()
 
-# The part of ostrel_add_test() that is CTest's, for a test with a command of its own.
+# The part of ostrel_add_test() that is CTest's, for a test with a command of its own. With CONFIGURATION it runs in
+# `ctest -C` of that name only.
 function(ostrel_declare_test name)
-    cmake_parse_arguments(arg "STARTS_PROGRAM;DISPLAY" "IN;TIMEOUT" "COMMAND" ${ARGN})
+    cmake_parse_arguments(arg "STARTS_PROGRAM;DISPLAY" "IN;TIMEOUT;CONFIGURATION" "COMMAND" ${ARGN})
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
     endif()
@@ -91,7 +92,11 @@ function(ostrel_declare_test name)
     endif()
     # Meant for one function. But the watch of Qt 6.4 misses the end of most of them, and counts on through the next.
     math(EXPR function_timeout "${arg_TIMEOUT} * 900")
-    add_test(NAME ${name} COMMAND ${arg_COMMAND})
+    if(arg_CONFIGURATION)
+        add_test(NAME ${name} COMMAND ${arg_COMMAND} CONFIGURATIONS ${arg_CONFIGURATION})
+    else()
+        add_test(NAME ${name} COMMAND ${arg_COMMAND})
+    endif()
     if(arg_DISPLAY)
         ostrel_sandbox_test(${name} xcb)
         set_tests_properties(${name} PROPERTIES LABELS display)

@@ -200,6 +200,16 @@ class Scripts(unittest.TestCase):
         self.assertEqual(self.calls("ctest"), [])
         self.assertEqual(self.calls("packages"), ["packages build display check tidy"])
 
+    def test_check_builds_components_outside_of_the_tree(self):
+        self.ctest()
+        check = self.call("check", "kit")
+        self.assertEqual(check.returncode, 0, check.stderr)
+        self.assertEqual(len([c for c in self.calls("cmake") if "--preset release" in c]), 2)
+        self.assertEqual(self.calls("ctest"),
+                         ["ctest --preset release -C kit -R ^installed_components$ --no-tests=error"])
+        self.ctest(fails_in="release")
+        self.assertNotEqual(self.call("check", "kit").returncode, 0)
+
     def test_check_fails_on_a_finding_of_tidy(self):
         self.stand_in("tools/tidy", "exit 1")
         self.assertNotEqual(self.call("check", "tidy").returncode, 0)
@@ -223,8 +233,8 @@ class Scripts(unittest.TestCase):
         self.stand_in("tools/tidy")
         ci = self.call(".ci/run", CI="")
         self.assertEqual(ci.returncode, 0)
-        self.assertEqual(re.findall("^== (.*)", ci.stdout, re.M)[:4], ["format", "release", "asan", "tidy"])
-        self.assertEqual([c.split()[2] for c in self.calls("ctest")], ["release", "asan"])
+        self.assertEqual(re.findall("^== (.*)", ci.stdout, re.M)[:5], ["format", "release", "kit", "asan", "tidy"])
+        self.assertEqual([c.split()[2] for c in self.calls("ctest")], ["release", "release", "asan"])
         configured = [c for c in self.calls("cmake") if "--build" not in c]
         self.assertEqual([c for c in configured if not c.endswith("-DOSTREL_WARNINGS_AS_ERRORS=ON")], [])
 
