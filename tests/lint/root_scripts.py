@@ -297,17 +297,18 @@ class Scripts(unittest.TestCase):
         os.mkdir(os.path.join(self.root, "path"))
         open(self.log, "w").close()
 
-    def apt(self, installed, known, uid=0):
-        """A package manager that has some packages installed and knows some."""
+    def apt(self, installed, known, uid=0, provides=""):
+        """A package manager that has some packages installed, of which one provides others, and knows some."""
         for tool in ("grep", "env"):
             os.symlink(shutil.which(tool), os.path.join(self.root, "path", tool))
         self.stand_in("path/apt-get")
         self.stand_in("path/apt-cache", f'case " {known} " in *" $2 "*) echo "$2";; esac')
-        self.stand_in("path/dpkg-query", f'case " {installed} " in *" $4 "*) echo installed;; *) exit 1;; esac')
+        self.stand_in("path/dpkg-query", f'case " {installed} " in *" $4 "*) echo installed;; *) [ $# = 3 ] || exit 1;'
+                      f'echo "installed {provides},"; echo "deinstalled libgmsh-dev (= 1),";; esac')
         self.stand_in("path/id", f"echo {uid}")
 
     ALL = ("g++ cmake ninja-build mold ccache qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qt6-translations-l10n "
-           "libgl-dev pybind11-dev python3-dev fonts-dejavu-core libgmsh-dev")
+           "libgl-dev libqt6opengl6-dev pybind11-dev python3-dev fonts-dejavu-core libgmsh-dev")
 
     def test_packages_without_apt_names_them_all_and_fails(self):
         packages = self.packages("build", "display")
@@ -326,6 +327,20 @@ class Scripts(unittest.TestCase):
         self.assertEqual(self.packages("build").returncode, 0)
         self.assertEqual(self.calls("apt-get"), ["apt-get -q update",
                                                  "apt-get -q install -y --no-install-recommends cmake"])
+
+    def test_packages_takes_what_another_package_provides(self):
+        without = self.ALL.replace(" libqt6opengl6-dev", "") + " libqt6svg6"
+        for provides in ("libqt6opengl6-dev (= 6.8.2)", "other (= 1), libqt6opengl6-dev", "a, libqt6opengl6-dev (= 6), b"):
+            with self.subTest(provides):
+                self.empty_path()
+                self.apt(installed=without, known="", provides=provides)
+                self.assertEqual(self.packages("build").returncode, 0)
+                self.assertEqual(self.calls("apt-get"), [])
+        self.empty_path()
+        self.apt(installed=without.replace(" libgmsh-dev", ""), known="", provides="not-libqt6opengl6-dev-either (= 1)")
+        self.packages("build")
+        self.assertEqual(self.calls("apt-get")[1:],
+                         ["apt-get -q install -y --no-install-recommends libqt6opengl6-dev libgmsh-dev"])
 
     def test_packages_takes_the_svg_plugins_that_the_release_knows(self):
         for known in ("libqt6svg6", "qt6-svg-plugins"):

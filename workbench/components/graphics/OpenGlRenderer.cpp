@@ -4,9 +4,14 @@
 #include "workbench/components/graphics/OpenGlRenderer.h"
 
 #include <QGuiApplication>
+#include <QMatrix4x4>
 #include <QOffscreenSurface>
+#include <QOpenGLBuffer>
 #include <QOpenGLContext>
 #include <QOpenGLExtraFunctions>
+#include <QOpenGLFramebufferObject>
+#include <QOpenGLShaderProgram>
+#include <QOpenGLVertexArrayObject>
 
 #include <array>
 #include <map>
@@ -15,14 +20,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr GLuint position_attribute = 0;
-constexpr GLuint normal_attribute = 1;
+constexpr int position_attribute = 0;
+constexpr int normal_attribute = 1;
 constexpr int samples = 4;
 
 constexpr auto vertex_shader = R"(
-#ifndef GL_ES
-#define highp
-#endif
 attribute highp vec3 position;
 attribute highp vec3 normal;
 uniform highp mat4 place;
@@ -42,9 +44,6 @@ void main()
 )";
 
 constexpr auto fragment_shader = R"(
-#ifndef GL_ES
-#define highp
-#endif
 varying highp vec3 shade;
 void main()
 {
@@ -59,15 +58,13 @@ enum Content : std::size_t { Corners, Normals, Lines, Curves };
 struct Stored
 {
     std::weak_ptr<const SceneShape> shape;
-    std::array<GLuint, 4> buffers = {};
-};
+    std::array<QOpenGLBuffer, 4> buffers;
 
-/** A place to draw into. */
-struct Target
-{
-    GLuint frame = 0;
-    GLuint colour = 0;
-    GLuint depth = 0;
+    void remove()
+    {
+        for (QOpenGLBuffer& buffer : buffers)
+            buffer.destroy();
+    }
 };
 
 } // namespace
@@ -77,26 +74,23 @@ struct OpenGlRenderer::Device
 {
     QOffscreenSurface surface;
     QOpenGLContext context;
-    GLuint program = 0;
-    GLuint arrays = 0;
-    /** With several samples for each pixel, and with one. */
-    Target smooth;
-    Target plain;
+    std::unique_ptr<QOpenGLShaderProgram> program;
+    QOpenGLVertexArrayObject arrays;
+    /** Places to draw into, with several samples for each pixel and with one; null or of the present size. */
+    std::unique_ptr<QOpenGLFramebufferObject> smooth;
+    std::unique_ptr<QOpenGLFramebufferObject> plain;
     QSize size;
     std::map<const SceneShape*, Stored> stored;
 
     QOpenGLExtraFunctions& gl() const { return *context.extraFunctions(); }
-    GLint uniform(const char* name) const { return gl().glGetUniformLocation(program, name); }
 
     bool make_program();
-    bool make_target(Target& target, int sample_count) const;
-    void remove_target(Target& target) const;
     bool prepare(const QSize& wanted, bool draft);
     void remove_all();
 
-    const Stored& find(const std::shared_ptr<const SceneShape>& shape);
+    Stored& find(const std::shared_ptr<const SceneShape>& shape);
     void forget_old();
-    void use(const Stored& shape, Content content, GLuint attribute) const;
+    void use(Stored& shape, Content content, int attribute) const;
     void place(const Picture& picture, const SceneShape& shape, double depth) const;
     void set_colour(const QColor& colour, float ambient_part, float direct_part) const;
     void draw_surface(const Picture& picture, const Scene::Item& item, double depth);
@@ -106,94 +100,64 @@ struct OpenGlRenderer::Device
 
 bool OpenGlRenderer::Device::make_program()
 {
-    QOpenGLExtraFunctions& functions = gl();
-    program = functions.glCreateProgram();
-    for (const auto& [kind, text] :
-         {std::pair{GL_VERTEX_SHADER, vertex_shader}, std::pair{GL_FRAGMENT_SHADER, fragment_shader}}) {
-        const GLuint shader = functions.glCreateShader(GLenum(kind));
-        const char* source = text;
-        functions.glShaderSource(shader, 1, &source, nullptr);
-        functions.glCompileShader(shader);
-        functions.glAttachShader(program, shader);
-        functions.glDeleteShader(shader); // goes with the program
-    }
-    functions.glBindAttribLocation(program, position_attribute, "position");
-    functions.glBindAttribLocation(program, normal_attribute, "normal");
-    functions.glLinkProgram(program);
-    GLint linked = GL_FALSE;
-    functions.glGetProgramiv(program, GL_LINK_STATUS, &linked);
-    return linked == GL_TRUE;
-}
-
-/** Makes a place of the present size and binds it. */
-bool OpenGlRenderer::Device::make_target(Target& target, int sample_count) const
-{
-    QOpenGLExtraFunctions& functions = gl();
-    functions.glGenFramebuffers(1, &target.frame);
-    functions.glBindFramebuffer(GL_FRAMEBUFFER, target.frame);
-    const auto attach = [&](GLuint& buffer, GLenum format, GLenum attachment) {
-        functions.glGenRenderbuffers(1, &buffer);
-        functions.glBindRenderbuffer(GL_RENDERBUFFER, buffer);
-        functions.glRenderbufferStorageMultisample(GL_RENDERBUFFER, sample_count, format, size.width(),
-                                                   size.height());
-        functions.glFramebufferRenderbuffer(GL_FRAMEBUFFER, attachment, GL_RENDERBUFFER, buffer);
-    };
-    attach(target.colour, GL_RGBA8, GL_COLOR_ATTACHMENT0);
-    attach(target.depth, GL_DEPTH_COMPONENT24, GL_DEPTH_ATTACHMENT);
-    return functions.glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE;
-}
-
-void OpenGlRenderer::Device::remove_target(Target& target) const
-{
-    gl().glDeleteFramebuffers(1, &target.frame);
-    gl().glDeleteRenderbuffers(1, &target.colour);
-    gl().glDeleteRenderbuffers(1, &target.depth);
-    target = {};
+    program = std::make_unique<QOpenGLShaderProgram>();
+    program->bindAttributeLocation("position", position_attribute);
+    program->bindAttributeLocation("normal", normal_attribute);
+    return program->addShaderFromSourceCode(QOpenGLShader::Vertex, vertex_shader) &&
+           program->addShaderFromSourceCode(QOpenGLShader::Fragment, fragment_shader) && program->link();
 }
 
 /** Makes sure that there are places of that size, and binds the one to draw into. */
 bool OpenGlRenderer::Device::prepare(const QSize& wanted, bool draft)
 {
+    const auto make = [&](std::unique_ptr<QOpenGLFramebufferObject>& target, int sample_count) {
+        if (target)
+            return true;
+        QOpenGLFramebufferObjectFormat format;
+        format.setAttachment(QOpenGLFramebufferObject::Depth);
+        format.setInternalTextureFormat(GL_RGBA8);
+        format.setSamples(sample_count);
+        target = std::make_unique<QOpenGLFramebufferObject>(wanted, format);
+        if (!target->isValid())
+            target.reset();
+        return target != nullptr;
+    };
     if (size != wanted) {
-        remove_target(smooth);
-        remove_target(plain);
+        smooth.reset();
+        plain.reset();
         size = wanted;
     }
-    if (plain.frame == 0 && !make_target(plain, 0)) {
-        remove_target(plain);
+    if (!make(plain, 0))
         return false;
-    }
-    if (!draft && smooth.frame == 0 && !make_target(smooth, samples)) {
-        remove_target(smooth);
+    if (!draft && !make(smooth, samples))
         gl().glGetError(); // it does without
-    }
-    gl().glBindFramebuffer(GL_FRAMEBUFFER, draft || smooth.frame == 0 ? plain.frame : smooth.frame);
-    return true;
+    return (draft || !smooth ? plain : smooth)->bind();
 }
 
 void OpenGlRenderer::Device::remove_all()
 {
-    for (const auto& [key, shape] : stored)
-        gl().glDeleteBuffers(GLsizei(shape.buffers.size()), shape.buffers.data());
+    for (auto& [key, shape] : stored)
+        shape.remove();
     stored.clear();
-    remove_target(smooth);
-    remove_target(plain);
-    gl().glDeleteVertexArrays(1, &arrays);
-    gl().glDeleteProgram(program);
+    smooth.reset();
+    plain.reset();
+    arrays.destroy();
+    program.reset();
 }
 
-const Stored& OpenGlRenderer::Device::find(const std::shared_ptr<const SceneShape>& shape)
+Stored& OpenGlRenderer::Device::find(const std::shared_ptr<const SceneShape>& shape)
 {
     const auto found = stored.find(shape.get());
     if (found != stored.end())
         return found->second;
     Stored& made = stored[shape.get()];
     made.shape = shape;
-    gl().glGenBuffers(GLsizei(made.buffers.size()), made.buffers.data());
     std::size_t i = 0;
     for (const std::vector<QVector3D>* points :
          {&shape->corners, &shape->normals, &shape->lines, &shape->curves}) {
-        gl().glBindBuffer(GL_ARRAY_BUFFER, made.buffers[i++]);
+        QOpenGLBuffer& buffer = made.buffers[i++];
+        buffer.create();
+        buffer.bind();
         gl().glBufferData(GL_ARRAY_BUFFER, GLsizeiptr(points->size() * sizeof(QVector3D)), points->data(),
                           GL_STATIC_DRAW);
     }
@@ -203,19 +167,20 @@ const Stored& OpenGlRenderer::Device::find(const std::shared_ptr<const SceneShap
 /** To be called before anything is looked up: another shape may lie where one was. */
 void OpenGlRenderer::Device::forget_old()
 {
-    std::erase_if(stored, [this](const auto& entry) {
-        const Stored& shape = entry.second;
-        if (!shape.shape.expired())
-            return false;
-        gl().glDeleteBuffers(GLsizei(shape.buffers.size()), shape.buffers.data());
-        return true;
-    });
+    for (auto entry = stored.begin(); entry != stored.end();) {
+        if (entry->second.shape.expired()) {
+            entry->second.remove();
+            entry = stored.erase(entry);
+        } else {
+            ++entry;
+        }
+    }
 }
 
-void OpenGlRenderer::Device::use(const Stored& shape, Content content, GLuint attribute) const
+void OpenGlRenderer::Device::use(Stored& shape, Content content, int attribute) const
 {
-    gl().glBindBuffer(GL_ARRAY_BUFFER, shape.buffers[content]);
-    gl().glVertexAttribPointer(attribute, 3, GL_FLOAT, GL_FALSE, 0, nullptr);
+    shape.buffers[content].bind();
+    program->setAttributeBuffer(attribute, GL_FLOAT, 0, 3);
 }
 
 void OpenGlRenderer::Device::place(const Picture& picture, const SceneShape& shape, double depth) const
@@ -230,24 +195,22 @@ void OpenGlRenderer::Device::place(const Picture& picture, const SceneShape& sha
     const Point3 right = camera.right();
     const Point3 up = camera.up();
     const Point3 back = camera.back();
-    // Column by column.
-    const GLfloat matrix[] = {
-        float(right.x * x),  float(up.x * y),     float(back.x * z),   0,
-        float(right.y * x),  float(up.y * y),     float(back.y * z),   0,
-        float(right.z * x),  float(up.z * y),     float(back.z * z),   0,
-        float(origin.x * x), float(origin.y * y), float(origin.z * z), 1,
-    };
-    gl().glUniformMatrix4fv(uniform("place"), 1, GL_FALSE, matrix);
-    const GLfloat turn[] = {float(right.x), float(up.x),    float(back.x), float(right.y), float(up.y),
-                            float(back.y),  float(right.z), float(up.z),   float(back.z)};
-    gl().glUniformMatrix3fv(uniform("turn"), 1, GL_FALSE, turn);
+    program->setUniformValue(
+        "place",
+        QMatrix4x4(float(right.x * x), float(right.y * x), float(right.z * x), float(origin.x * x), //
+                   float(up.x * y), float(up.y * y), float(up.z * y), float(origin.y * y),          //
+                   float(back.x * z), float(back.y * z), float(back.z * z), float(origin.z * z),    //
+                   0, 0, 0, 1));
+    const float turn[] = {float(right.x), float(right.y), float(right.z), float(up.x),  float(up.y),
+                          float(up.z),    float(back.x),  float(back.y),  float(back.z)};
+    program->setUniformValue("turn", QMatrix3x3(turn));
 }
 
 void OpenGlRenderer::Device::set_colour(const QColor& colour, float ambient_part, float direct_part) const
 {
-    gl().glUniform3f(uniform("colour"), float(colour.redF()), float(colour.greenF()), float(colour.blueF()));
-    gl().glUniform1f(uniform("ambient"), ambient_part);
-    gl().glUniform1f(uniform("direct"), direct_part);
+    program->setUniformValue("colour", colour.redF(), colour.greenF(), colour.blueF());
+    program->setUniformValue("ambient", ambient_part);
+    program->setUniformValue("direct", direct_part);
 }
 
 void OpenGlRenderer::Device::draw_surface(const Picture& picture, const Scene::Item& item, double depth)
@@ -256,24 +219,24 @@ void OpenGlRenderer::Device::draw_surface(const Picture& picture, const Scene::I
     if (!parts.surface)
         return;
     const auto& shape = parts.surface == item.mesh.get() ? item.mesh : item.shape;
-    const Stored& buffers = find(shape);
+    Stored& buffers = find(shape);
     place(picture, *shape, depth);
     set_colour(parts.surface_colour, ambient, direct);
     use(buffers, Corners, position_attribute);
     use(buffers, Normals, normal_attribute);
-    gl().glEnableVertexAttribArray(normal_attribute);
+    program->enableAttributeArray(normal_attribute);
     gl().glDrawArrays(GL_TRIANGLES, 0, GLsizei(shape->corners.size()));
-    gl().glDisableVertexAttribArray(normal_attribute);
+    program->disableAttributeArray(normal_attribute);
 }
 
 void OpenGlRenderer::Device::draw_lines(const Picture& picture,
                                         const std::shared_ptr<const SceneShape>& shape, Content content,
                                         const QColor& colour, double width, double depth)
 {
-    const Stored& buffers = find(shape);
+    Stored& buffers = find(shape);
     place(picture, *shape, depth);
     set_colour(colour, 1, 0);
-    gl().glVertexAttrib3f(normal_attribute, 0, 0, 1);
+    program->setAttributeValue(normal_attribute, 0, 0, 1);
     use(buffers, content, position_attribute);
     gl().glLineWidth(float(width * picture.ratio));
     gl().glDrawArrays(GL_LINES, 0, GLsizei((content == Curves ? shape->curves : shape->lines).size()));
@@ -292,9 +255,8 @@ std::unique_ptr<OpenGlRenderer> OpenGlRenderer::create()
         return nullptr;
     std::unique_ptr<OpenGlRenderer> renderer(new OpenGlRenderer(std::move(device)));
     Device& made = *renderer->mDevice;
-    const bool complete = made.context.format().majorVersion() >= 3 && made.make_program();
-    if (complete)
-        made.gl().glGenVertexArrays(1, &made.arrays);
+    const bool complete =
+        made.context.format().majorVersion() >= 3 && made.make_program() && made.arrays.create();
     made.context.doneCurrent();
     return complete ? std::move(renderer) : nullptr;
 }
@@ -303,7 +265,7 @@ OpenGlRenderer::OpenGlRenderer(std::unique_ptr<Device> device) : mDevice(std::mo
 
 OpenGlRenderer::~OpenGlRenderer()
 {
-    if (mDevice->context.makeCurrent(&mDevice->surface) && mDevice->arrays != 0)
+    if (mDevice->context.makeCurrent(&mDevice->surface))
         mDevice->remove_all();
     mDevice->context.doneCurrent();
 }
@@ -315,9 +277,12 @@ QImage OpenGlRenderer::render(const Picture& picture)
         return {};
     QOpenGLExtraFunctions& gl = device.gl();
     GLint most = 0;
+    GLint most_of_texture = 0;
     gl.glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &most);
+    gl.glGetIntegerv(GL_MAX_TEXTURE_SIZE, &most_of_texture);
     const QSize size = picture.device_size();
-    if (std::max(size.width(), size.height()) > most || !device.prepare(size, picture.draft)) {
+    if (std::max(size.width(), size.height()) > std::min(most, most_of_texture) ||
+        !device.prepare(size, picture.draft)) {
         device.context.doneCurrent();
         return {};
     }
@@ -331,10 +296,10 @@ QImage OpenGlRenderer::render(const Picture& picture)
     gl.glDisable(GL_CULL_FACE);
 
     const double depth = picture.depth();
-    gl.glBindVertexArray(device.arrays);
-    gl.glUseProgram(device.program);
-    gl.glUniform3f(device.uniform("light"), light[0], light[1], light[2]);
-    gl.glEnableVertexAttribArray(position_attribute);
+    device.arrays.bind();
+    device.program->bind();
+    device.program->setUniformValue("light", light[0], light[1], light[2]);
+    device.program->enableAttributeArray(position_attribute);
     // Pushed back a little, so that lines on the surface are seen.
     gl.glEnable(GL_POLYGON_OFFSET_FILL);
     gl.glPolygonOffset(1, 1);
@@ -350,18 +315,12 @@ QImage OpenGlRenderer::render(const Picture& picture)
         if (parts.curves)
             device.draw_lines(picture, item.shape, Curves, parts.edge_colour, curve_width, depth);
     }
-    gl.glBindVertexArray(0);
-    gl.glUseProgram(0);
+    device.arrays.release();
+    device.program->release();
 
-    if (!picture.draft && device.smooth.frame != 0) {
-        gl.glBindFramebuffer(GL_DRAW_FRAMEBUFFER, device.plain.frame);
-        gl.glBlitFramebuffer(0, 0, size.width(), size.height(), 0, 0, size.width(), size.height(),
-                             GL_COLOR_BUFFER_BIT, GL_NEAREST);
-    }
-    gl.glBindFramebuffer(GL_FRAMEBUFFER, device.plain.frame);
-    QImage image(size, QImage::Format_RGBA8888_Premultiplied);
-    gl.glPixelStorei(GL_PACK_ALIGNMENT, 4);
-    gl.glReadPixels(0, 0, size.width(), size.height(), GL_RGBA, GL_UNSIGNED_BYTE, image.bits());
+    if (!picture.draft && device.smooth)
+        QOpenGLFramebufferObject::blitFramebuffer(device.plain.get(), device.smooth.get());
+    QImage image = device.plain->toImage(false);
     const bool failed = gl.glGetError() != GL_NO_ERROR;
     device.context.doneCurrent();
     if (failed)
