@@ -29,6 +29,7 @@
 #include "workbench/application/python/apply_python_paths.h"
 #include "workbench/application/python/python_actions.h"
 #include "workbench/application/python/python_literal.h"
+#include "workbench/application/search/CommandFinder.h"
 #include "workbench/application/settings/PanelOptions.h"
 #include "workbench/application/windows/ColourScheme.h"
 #include "workbench/application/windows/FileDrops.h"
@@ -471,6 +472,10 @@ bool Workbench::load()
     mDrops = std::make_unique<FileDrops>(
         Ostrel::instance(), mConsole.get(), [this](const QString& command) { run_panel_command(command); },
         [this](const QString& text) { report_error(text); });
+    mFinder = std::make_unique<CommandFinder>(
+        Ostrel::instance(), Fennar::instance().registry(),
+        CommandFinder::Services{[this](const QString& line) { run_panel_command(line); },
+                                [this](const QString& name) { write_command(name); }});
     // The pages of components come below it and go with them; the group stays. Its name sorts behind the
     // pages of the shell, since the dialog opens on the first.
     Ostrel::instance()->options()->add_panel(QCoreApplication::translate("Workbench", "Plugins"), nullptr);
@@ -518,6 +523,7 @@ void Workbench::unload()
     mPlayer.reset();
     if (Ostrel* window = Ostrel::instance())
         mScheme->remove_from_menu(window);
+    mFinder.reset();
     mDrops.reset();
     mKeys.reset();
     mJournalCheck.reset();
@@ -667,6 +673,8 @@ void Workbench::set_busy(bool busy)
     mCloseGuard.set_running(busy);
     if (mKeys)
         mKeys->set_busy(busy);
+    if (mFinder)
+        mFinder->set_busy(busy);
 }
 
 void Workbench::show_progress(const QString& journal, int percent)
@@ -705,6 +713,21 @@ void Workbench::run_panel_command(const QString& command)
 {
     // The panel offers commands in Python mode, too.
     mConsole->run_line(mConsole->python_mode() ? u"fennar.cmd(%1)"_s.arg(python_literal(command)) : command);
+}
+
+void Workbench::write_command(const QString& name)
+{
+    CommandWidget* page = mConsole->command_page();
+    const QString text = name + u' ';
+    if (mConsole->python_mode()) {
+        page->insertInCommand(u"fennar.cmd(%1)"_s.arg(python_literal(text)));
+        QTextCursor caret = page->textCursor();
+        caret.movePosition(QTextCursor::Left, QTextCursor::MoveAnchor, 2); // before quote and parenthesis
+        page->setTextCursor(caret);
+    } else {
+        page->insertInCommand(text);
+    }
+    Ostrel::instance()->set_focus_to_command_window();
 }
 
 void Workbench::quit()

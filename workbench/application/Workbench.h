@@ -19,6 +19,7 @@
 #include <optional>
 
 class ColourScheme;
+class CommandFinder;
 class ComponentManager;
 class ConsoleOwner;
 class FileDrops;
@@ -129,6 +130,8 @@ private:
     void give_turn();
     void pass_interrupt_on();
     void run_panel_command(const QString& command);
+    /** Puts the command's name where the user types, to be completed. */
+    void write_command(const QString& name);
     void quit();
     void stop_running();
     void end_run();
@@ -148,6 +151,7 @@ private:
     std::unique_ptr<JournalCheck> mJournalCheck;
     std::unique_ptr<WindowKeys> mKeys;
     std::unique_ptr<FileDrops> mDrops;
+    std::unique_ptr<CommandFinder> mFinder;
     std::unique_ptr<ComponentManager> mComponents;
     std::unique_ptr<ColourScheme> mScheme;
     std::unique_ptr<WindowCommands> mWindowCommands;

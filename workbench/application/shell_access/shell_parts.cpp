@@ -3,6 +3,7 @@
 
 #include "workbench/application/shell_access/shell_parts.h"
 
+#include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "journal/JournalEditor.h"
 #include "options/OptionsPanel.h"
@@ -10,9 +11,13 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QDialog>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QToolButton>
 #include <QTreeWidget>
+
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -58,6 +63,28 @@ QStringList option_pages(const OptionsPanel* panel)
     if (list)
         collect_pages(list->invisibleRootItem(), {}, pages);
     return pages;
+}
+
+QList<std::pair<QString, QAction*>> recent_file_actions(const Ostrel* window)
+{
+    QList<std::pair<QString, QAction*>> found;
+    if (!window || !window->file_menu())
+        return found;
+    std::vector<QString> files;
+    window->file_menu()->get_recent_files(files);
+    const QList<QAction*> menus = window->menuBar()->actions();
+    for (const QAction* bar_action : menus) {
+        if (bar_action->text() != main_menu_title("&File") || !bar_action->menu())
+            continue;
+        // They are numbered, and nothing else in this menu is.
+        const QList<QAction*> actions = bar_action->menu()->actions();
+        for (QAction* action : actions) {
+            const std::size_t index = std::size_t(found.size());
+            if (index < files.size() && action->text().startsWith(u"&%1 "_s.arg(index + 1)))
+                found.append({files[index], action});
+        }
+    }
+    return found;
 }
 
 void redraw_current_lines(const JournalEditor* editor)

@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/application/search/SearchTest.h"
+
+#include "support/windows.h"
+#include "workbench/application/Workbench.h"
+#include "workbench/application/search/CommandSearch.h"
+#include "workbench/application/search/SearchModel.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <QTreeView>
+
+#include <algorithm>
+
+void SearchTest::prepare(Workbench& workbench)
+{
+    workbench.leave_components_out();
+}
+
+void SearchTest::set_up()
+{
+    QVERIFY(show_active(&window()));
+    window().set_focus_to_command_window();
+}
+
+void SearchTest::tear_down()
+{
+    if (search())
+        QTest::keyClick(field(), Qt::Key_Escape);
+    flush();
+}
+
+CommandSearch* SearchTest::search()
+{
+    const QWidgetList widgets = QApplication::allWidgets();
+    const auto found = std::find_if(widgets.begin(), widgets.end(), [](const QWidget* widget) {
+        return widget->isVisible() && qobject_cast<const CommandSearch*>(widget);
+    });
+    return found == widgets.end() ? nullptr : qobject_cast<CommandSearch*>(*found);
+}
+
+QLineEdit* SearchTest::field()
+{
+    return search()->findChild<QLineEdit*>();
+}
+
+QTreeView* SearchTest::list()
+{
+    return search()->findChild<QTreeView*>();
+}
+
+void SearchTest::look_for(const QString& words)
+{
+    // A dialog may just have closed.
+    QTRY_VERIFY(QApplication::activeWindow());
+    QTest::keyClick(QApplication::activeWindow(), Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(search());
+    QCOMPARE(QApplication::focusWidget(), field());
+    QTest::keyClicks(field(), words);
+}
+
+void SearchTest::choose(const QString& words)
+{
+    look_for(words);
+    QTest::keyClick(field(), Qt::Key_Return);
+    flush();
+}
+
+QStringList SearchTest::rows()
+{
+    const QAbstractItemModel* model = list()->model();
+    QStringList rows;
+    for (int row = 0; row < model->rowCount(); ++row) {
+        QStringList texts;
+        for (int column = 0; column < SearchModel::ColumnCount; ++column)
+            texts << model->index(row, column).data().toString();
+        const bool enabled = model->index(row, 0).data(SearchModel::EnabledRole).toBool();
+        rows << (enabled ? QString() : QString(u'-')) + texts.join(u'|');
+    }
+    return rows;
+}
+
+int SearchTest::current_row()
+{
+    return list()->currentIndex().row();
+}
+
+QString SearchTest::hint()
+{
+    return search()->findChild<QLabel*>()->text();
+}

@@ -1,0 +1,196 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/application/search/gather_entries.h"
+
+#include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+
+#include <QAbstractItemModel>
+#include <QAction>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMenuBar>
+#include <QRegularExpression>
+#include <QSet>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("CommandSearch", text);
+}
+
+QString refusal_of(const QAction* action, const QList<QPointer<QMenu>>& path)
+{
+    const bool enabled =
+        action->isEnabled() && std::all_of(path.begin(), path.end(), [](const QPointer<QMenu>& menu) {
+            return menu && menu->menuAction()->isEnabled();
+        });
+    return enabled ? QString() : translated(QT_TRANSLATE_NOOP("CommandSearch", "Not available now."));
+}
+
+/** What an entry tells besides its text. */
+QString tip_of(const QAction* action)
+{
+    // Without one of its own it has its text for a tool tip.
+    const QString tip = action->statusTip().isEmpty() ? action->toolTip() : action->statusTip();
+    const QString plain = plain_menu_text(tip);
+    return plain == plain_menu_text(action->text()) ? QString() : tip;
+}
+
+class MenuWalk
+{
+public:
+    explicit MenuWalk(const QList<QAction*>& without) : mSeen(without.begin(), without.end()) {}
+
+    void walk(const QList<QAction*>& actions, const QString& place, const QList<QPointer<QMenu>>& path)
+    {
+        for (QAction* action : actions) {
+            const QString text = plain_menu_text(action->text());
+            // One that stands in several menus is found in the first of them, and no menu holds itself.
+            if (action->isSeparator() || !action->isVisible() || text.isEmpty() || mSeen.contains(action))
+                continue;
+            mSeen << action;
+            if (QMenu* menu = action->menu()) {
+                found.menus << menu;
+                walk(menu->actions(), place.isEmpty() ? text : place + u" > "_s + text,
+                     path + QList<QPointer<QMenu>>{menu});
+            } else {
+                add(action, text, place, path);
+            }
+        }
+    }
+
+    MenuEntries found;
+
+private:
+    void add(QAction* action, const QString& text, const QString& place, const QList<QPointer<QMenu>>& path)
+    {
+        found.entries << SearchEntry{.text = text,
+                                     .place = place,
+                                     .key = action->shortcut().toString(QKeySequence::NativeText),
+                                     .tip = tip_of(action),
+                                     .refusal = refusal_of(action, path),
+                                     .run = [action = QPointer(action), path] {
+                                         if (action && action->isVisible() &&
+                                             refusal_of(action, path).isEmpty())
+                                             action->trigger();
+                                     }};
+    }
+
+    QSet<QAction*> mSeen;
+};
+
+void collect_navigation(const QAbstractItemModel& navigation, const QModelIndex& parent,
+                        QHash<QString, QPersistentModelIndex>& entries)
+{
+    for (int row = 0; row < navigation.rowCount(parent); ++row) {
+        const QModelIndex entry = navigation.index(row, 0, parent);
+        const QString name = entry.data(NavigationRole::Command).toString().section(u' ', 0, 0);
+        if (!name.isEmpty() && !entries.contains(name))
+            entries.insert(name, entry);
+        collect_navigation(navigation, entry, entries);
+    }
+}
+
+} // namespace
+
+QString plain_menu_text(const QString& text)
+{
+    static const QRegularExpression key_in_parentheses(u"\\s*\\(&.\\)"_s);
+    static const QRegularExpression key_mark(u"&(.)"_s);
+    static const QRegularExpression dots(u"\\s*(\\.\\.\\.|\u2026)$"_s);
+    QString plain = text.section(u'\t', 0, 0);
+    plain.remove(key_in_parentheses);
+    plain.replace(key_mark, u"\\1"_s);
+    plain.remove(dots);
+    return plain.trimmed();
+}
+
+MenuEntries gather_menus(const QMenuBar* bar, const QString& above, const QList<QAction*>& without)
+{
+    MenuWalk menus(without);
+    menus.walk(bar->actions(), above, {});
+    return menus.found;
+}
+
+QHash<QString, QPersistentModelIndex> navigation_entries(const QAbstractItemModel& navigation)
+{
+    QHash<QString, QPersistentModelIndex> entries;
+    collect_navigation(navigation, {}, entries);
+    return entries;
+}
+
+bool runs_without_arguments(const Command& command)
+{
+    if (command.forms.isEmpty())
+        return command.usage == command.name;
+    return std::any_of(command.forms.begin(), command.forms.end(), [](const CommandSyntax& form) {
+        return std::all_of(form.clauses.begin(), form.clauses.end(),
+                           [](const CommandClause& clause) { return clause.optional; });
+    });
+}
+
+QList<SearchEntry> gather_commands(const CommandRegistry& registry,
+                                   const QHash<QString, QPersistentModelIndex>& panel, const UseName& use)
+{
+    QList<SearchEntry> entries;
+    const QStringList names = registry.names();
+    for (const QString& name : names) {
+        const auto command = registry.find(name);
+        const QPersistentModelIndex entry = panel.value(name);
+        const QString title = entry.data().toString();
+        const QString tip = entry.data(NavigationRole::Tip).toString();
+        entries << SearchEntry{
+            .text = title.isEmpty() ? name : title,
+            .place = title.isEmpty() ? translated(QT_TRANSLATE_NOOP("CommandSearch", "Command"))
+                                     : translated(QT_TRANSLATE_NOOP("CommandSearch", "Command %1")).arg(name),
+            .tip = tip.isEmpty() ? command->summary : tip,
+            .words = entry.parent().data().toString(),
+            .run = [name, use] { use(name); }};
+    }
+    return entries;
+}
+
+QList<SearchEntry> gather_pages(const QStringList& pages, const UseName& show)
+{
+    const QString options = translated(QT_TRANSLATE_NOOP("CommandSearch", "Options"));
+    QList<SearchEntry> entries;
+    for (const QString& page : pages) {
+        const bool is_group = std::any_of(
+            pages.begin(), pages.end(), [&](const QString& other) { return other.startsWith(page + u'/'); });
+        if (is_group)
+            continue;
+        const QStringList parts = page.split(u'/');
+        entries << SearchEntry{.text = parts.last(),
+                               .place =
+                                   (QStringList(options) + parts.sliced(0, parts.size() - 1)).join(u" > "_s),
+                               .run = [page, show] { show(page); }};
+    }
+    return entries;
+}
+
+QList<SearchEntry> gather_recent_files(const QList<std::pair<QString, QAction*>>& files)
+{
+    QList<SearchEntry> entries;
+    for (const auto& [path, action] : files) {
+        const QFileInfo file(path);
+        entries << SearchEntry{.text = file.fileName(),
+                               .place = translated(QT_TRANSLATE_NOOP("CommandSearch", "Recent file in %1"))
+                                            .arg(QDir::toNativeSeparators(file.path())),
+                               .tip = QDir::toNativeSeparators(path),
+                               .refusal = refusal_of(action, {}),
+                               .run = [action = QPointer(action)] {
+                                   if (action)
+                                       action->trigger();
+                               }};
+    }
+    return entries;
+}
