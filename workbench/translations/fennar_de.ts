@@ -24,6 +24,21 @@
     </message>
 </context>
 <context>
+    <name>CommandFinder</name>
+    <message>
+        <source>&amp;Find Command...</source>
+        <translation>Befehl &amp;finden...</translation>
+    </message>
+    <message>
+        <source>Journal Editor</source>
+        <translation>Journal-Editor</translation>
+    </message>
+    <message>
+        <source>Not while a command is running.</source>
+        <translation>Nicht, während ein Befehl läuft.</translation>
+    </message>
+</context>
+<context>
     <name>CommandForm</name>
     <message>
         <source>Apply</source>
@@ -343,6 +358,33 @@
     <message>
         <source>Drop unsaved changes</source>
         <translation>Ungespeicherte Änderungen verwerfen</translation>
+    </message>
+</context>
+<context>
+    <name>CommandSearch</name>
+    <message>
+        <source>Not available now.</source>
+        <translation>Jetzt nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Command %1</source>
+        <translation>Befehl %1</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>Optionen</translation>
+    </message>
+    <message>
+        <source>Recent file in %1</source>
+        <translation>Zuletzt verwendet, in %1</translation>
+    </message>
+    <message>
+        <source>Nothing found.</source>
+        <translation>Nichts gefunden.</translation>
     </message>
 </context>
 <context>
@@ -1652,6 +1694,21 @@
     <message>
         <source>There are no commands.</source>
         <translation>Es gibt keine Befehle.</translation>
+    </message>
+</context>
+<context>
+    <name>QtCommandSearch</name>
+    <message>
+        <source>Find command</source>
+        <translation>Befehl finden</translation>
+    </message>
+    <message>
+        <source>Commands found</source>
+        <translation>Gefundene Befehle</translation>
+    </message>
+    <message>
+        <source>Command, menu entry, option or recent file</source>
+        <translation>Befehl, Menüeintrag, Option oder zuletzt verwendete Datei</translation>
     </message>
 </context>
 <context>

@@ -24,6 +24,21 @@
     </message>
 </context>
 <context>
+    <name>CommandFinder</name>
+    <message>
+        <source>&amp;Find Command...</source>
+        <translation>查找命令(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>Journal Editor</source>
+        <translation>日志脚本编辑器</translation>
+    </message>
+    <message>
+        <source>Not while a command is running.</source>
+        <translation>命令运行期间不可用。</translation>
+    </message>
+</context>
+<context>
     <name>CommandForm</name>
     <message>
         <source>Apply</source>
@@ -343,6 +358,33 @@
     <message>
         <source>Drop unsaved changes</source>
         <translation>放弃未保存的更改</translation>
+    </message>
+</context>
+<context>
+    <name>CommandSearch</name>
+    <message>
+        <source>Not available now.</source>
+        <translation>现在不可用。</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>命令</translation>
+    </message>
+    <message>
+        <source>Command %1</source>
+        <translation>命令 %1</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>选项</translation>
+    </message>
+    <message>
+        <source>Recent file in %1</source>
+        <translation>最近使用的文件，位于 %1</translation>
+    </message>
+    <message>
+        <source>Nothing found.</source>
+        <translation>没有找到。</translation>
     </message>
 </context>
 <context>
@@ -1651,6 +1693,21 @@
     <message>
         <source>There are no commands.</source>
         <translation>没有命令。</translation>
+    </message>
+</context>
+<context>
+    <name>QtCommandSearch</name>
+    <message>
+        <source>Find command</source>
+        <translation>查找命令</translation>
+    </message>
+    <message>
+        <source>Commands found</source>
+        <translation>找到的命令</translation>
+    </message>
+    <message>
+        <source>Command, menu entry, option or recent file</source>
+        <translation>命令、菜单项、选项或最近使用的文件</translation>
     </message>
 </context>
 <context>

@@ -157,7 +157,7 @@ void CommandSearch::choose_row(int row)
 void CommandSearch::show_choice()
 {
     const QModelIndex current = mForm->list->currentIndex();
-    QString hint = tr("Nothing has these words.");
+    QString hint = tr("Nothing found.");
     if (current.isValid()) {
         const SearchEntry& entry = mModel->entry(current.row());
         hint = entry.refusal.isEmpty() ? entry.tip : entry.refusal;

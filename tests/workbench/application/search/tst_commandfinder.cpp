@@ -12,6 +12,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTabWidget>
 #include <QTest>
@@ -189,6 +190,8 @@ void TstCommandFinder::journal_editor_has_it_too()
     JournalEditor* editor = window().journal_editor();
     window().tools_menu()->show_journal_editor();
     QVERIFY(show_active(editor));
+    editor->add_document(u"list\n"_s);
+    current_journal(editor)->document()->setModified(false);
     const QTabWidget* tabs = journal_tabs(editor);
     const int count = tabs->count();
     QWidget* before = QApplication::focusWidget();
@@ -199,7 +202,10 @@ void TstCommandFinder::journal_editor_has_it_too()
     QTest::keyClick(field(), Qt::Key_Escape);
     QCOMPARE(QApplication::focusWidget(), before);
 
-    choose(u"editor file new"_s);
+    look_for(u"editor file new"_s);
+    QCOMPARE(rows().constFirst(), u"New|Journal Editor > File|Ctrl+N"_s);
+    QTest::keyClick(field(), Qt::Key_Return);
+    flush();
     QVERIFY(!search());
     QCOMPARE(tabs->count(), count + 1);
     editor->close();

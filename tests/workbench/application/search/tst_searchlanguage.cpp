@@ -38,7 +38,7 @@ void TstSearchLanguage::entries_are_found_by_german_words_data()
     QTest::newRow("menu entry by its place") << u"datei beend"_s << u"Beenden|Datei|"_s;
     QTest::newRow("command by its title") << u"verlauf"_s << u"Verlauf|Befehl history|"_s;
     QTest::newRow("command by its name") << u"history"_s << u"Verlauf|Befehl history|"_s;
-    QTest::newRow("page of the options") << u"einstellungen allg"_s << u"Allgemein|Einstellungen|"_s;
+    QTest::newRow("page of the options") << u"optionen allg"_s << u"Allgemein|Optionen|"_s;
 }
 
 void TstSearchLanguage::entries_are_found_by_german_words()

@@ -18,6 +18,7 @@
 #include "window_checks.h"
 #include "workbench/application/component_manager/ComponentManager.h"
 #include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/application/search/CommandSearch.h"
 #include "workbench/components/recovery/RecoveryFolder.h"
 #include "workbench/components/recovery/RecoveryOffer.h"
 #include "workbench/sdk/core/commands/Interrupt.h"
@@ -31,6 +32,7 @@
 #include <QDockWidget>
 #include <QFile>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
@@ -169,6 +171,7 @@ void WindowTest::visit(QWidget* window, const QString& name)
 void WindowTest::visit_all()
 {
     visit_main_window();
+    visit_search();
     visit_panels();
     visit_geometry();
     visit_editor();
@@ -191,6 +194,21 @@ void WindowTest::visit_main_window()
     }
     meet_menu(workbench().console()->command_page(),
               [this](QMenu* menu) { visit(menu, u"menu of the console"_s); });
+}
+
+void WindowTest::visit_search()
+{
+    Ostrel* window = Ostrel::instance();
+    action(u"findCommand"_s)->trigger();
+    auto* search = window->findChild<CommandSearch*>();
+    QVERIFY(search && search->isVisible());
+    // With the choice on an entry that is explained, on one that cannot be run, and on none.
+    for (const QString& words : {u"brick"_s, u"ctrl+"_s, u"qxqx"_s}) {
+        search->findChild<QLineEdit*>()->setText(words);
+        visit(search, u"command search for "_s + words);
+    }
+    QTest::keyClick(search->findChild<QLineEdit*>(), Qt::Key_Escape);
+    QVERIFY(!search->isVisible());
 }
 
 void WindowTest::visit_panels()
@@ -341,8 +359,8 @@ void WindowTest::all_windows_were_visited()
     for (const QString& name :
          {u"main window"_s, u"menu of the console"_s, u"menu of the model"_s, u"journal editor"_s,
           u"menu of a journal"_s, u"question about changes"_s, u"question about data"_s, u"find dialog"_s,
-          u"insert command"_s, u"about"_s, u"plugin tool"_s, u"demo dialog"_s, u"offer to recover"_s,
-          u"GeometryDialog_torus"_s, u"GeometryDialog_mesh"_s})
+          u"command search for brick"_s, u"insert command"_s, u"about"_s, u"plugin tool"_s, u"demo dialog"_s,
+          u"offer to recover"_s, u"GeometryDialog_torus"_s, u"GeometryDialog_mesh"_s})
         QVERIFY2(mVisited.contains(name), qPrintable(name));
     const auto count = [this](const QString& begin) {
         return std::count_if(mVisited.begin(), mVisited.end(),

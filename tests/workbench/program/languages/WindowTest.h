@@ -55,6 +55,7 @@ private:
     void visit_all();
     void visit(QWidget* window, const QString& name);
     void visit_main_window();
+    void visit_search();
     void visit_panels();
     void visit_editor();
     void visit_dialogs();
