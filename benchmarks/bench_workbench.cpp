@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 // How long the user of the workbench waits: for many commands, for the end of work that has been cancelled,
-// and for the window's next turn while other processes work.
+// for the window's next turn while other processes work, and for the command search.
 
 #include "bench.h"
 
@@ -10,8 +10,10 @@
 #include "console/CommandWindow.h"
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
+#include "journal/JournalEditor.h"
 #include "workbench/application/Workbench.h"
 #include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/application/search/CommandSearch.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
@@ -19,13 +21,16 @@
 #include "workbench/sdk/core/commands/tokenize.h"
 #include "workbench/sdk/core/scene/Scene.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QToolButton>
+#include <QTreeView>
 
 #include <algorithm>
 #include <clocale>
@@ -138,6 +143,37 @@ public:
         });
     }
 
+    void command_search()
+    {
+        std::vector<QAction*> actions;
+        for (int i = 0; i < 2000; ++i)
+            actions.push_back(new QAction(u"Entry &number %1 of a menu..."_s.arg(i), Ostrel::instance()));
+        Ostrel::instance()->add_to_menu(u"&Many"_s, actions, "bench");
+        QAction* opener = nullptr;
+        for (QAction* action : Ostrel::instance()->journal_editor()->actions())
+            opener = action->objectName() == u"findCommand" ? action : opener;
+        const auto settle = [] {
+            QCoreApplication::processEvents();
+            Ostrel::instance()->repaint();
+        };
+        row("the command search opened, more than 2,000 entries", 50, [&] {
+            delete Ostrel::instance()->findChild<CommandSearch*>();
+            opener->trigger();
+            settle();
+        });
+        auto* search = Ostrel::instance()->findChild<CommandSearch*>();
+        auto* field = search ? search->findChild<QLineEdit*>() : nullptr;
+        if (!field || search->findChild<QTreeView*>()->model()->rowCount() < 2000)
+            qFatal("the search does not show all entries");
+        row("the same, after a letter", 50, [&] {
+            field->setText(field->text() == u"n" ? u"e"_s : u"n"_s);
+            settle();
+        });
+        delete search;
+        Ostrel::instance()->remove_menu_items("bench");
+        qDeleteAll(actions);
+    }
+
 private:
     using Condition = std::function<bool()>;
 
@@ -248,5 +284,6 @@ int main(int argc, char** argv)
     bench.cancelled_floods();
     bench.meshing();
     bench.shapes();
+    bench.command_search();
     return 0;
 }

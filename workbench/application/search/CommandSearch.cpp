@@ -26,6 +26,8 @@ constexpr int shown_rows = 14;
 constexpr int shown_letters = 90;
 /** Between the search and the edges of the window, in pixels. */
 constexpr int margin = 8;
+/** What rows have above and below their texts together, in pixels. */
+constexpr int row_padding = 6;
 /** What cells have to the left and right of their texts together, in pixels. */
 constexpr int cell_padding = 16;
 
@@ -34,6 +36,11 @@ class EntryDelegate : public QStyledItemDelegate
 {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, row_padding);
+    }
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
@@ -69,6 +76,7 @@ CommandSearch::CommandSearch(QMainWindow* window, const QStringList& recent)
       mFocus(QApplication::focusWidget())
 {
     mForm->setupUi(this);
+    setForegroundRole(QPalette::PlaceholderText); // the outline, which must be seen on dark windows, too
     mForm->list->setModel(mModel);
     mForm->list->setItemDelegate(new EntryDelegate(mForm->list));
     QHeaderView* header = mForm->list->header();
@@ -193,7 +201,7 @@ void CommandSearch::place()
 {
     const QWidget* bar = mWindow->menuWidget();
     const int top = bar && bar->isVisible() ? bar->geometry().bottom() + 1 : 0;
-    const int row = std::max(mForm->list->sizeHintForRow(0), fontMetrics().height());
+    const int row = std::max(mForm->list->sizeHintForRow(0), fontMetrics().height() + row_padding);
     const QSize frame = mForm->list->size() - mForm->list->viewport()->size();
     const int wanted = sizeHint().height() - mForm->list->sizeHint().height() + shown_rows * row +
                        std::max(0, frame.height());

@@ -39,10 +39,10 @@ QString refusal_of(const QAction* action, const QList<QPointer<QMenu>>& path)
 /** What an entry tells besides its text. */
 QString tip_of(const QAction* action)
 {
-    // Without one of its own it has its text for a tool tip.
     const QString tip = action->statusTip().isEmpty() ? action->toolTip() : action->statusTip();
-    const QString plain = plain_menu_text(tip);
-    return plain == plain_menu_text(action->text()) ? QString() : tip;
+    // An action without a tool tip has one made of its text.
+    const bool has_own = tip != QAction(action->text()).toolTip() && tip != plain_menu_text(action->text());
+    return has_own ? tip : QString();
 }
 
 class MenuWalk

@@ -70,13 +70,18 @@ void TstGatherEntries::menus_are_walked()
     open->setStatusTip(u"Opens a file."_s);
     QMenu* more = file->addMenu(u"&More"_s);
     more->addAction(u"&Close"_s)->setToolTip(u"Closes it"_s);
+    more->addAction(u"\u6253\u5f00(&O)..."_s);
+    more->addAction(u"&Print..."_s)->setToolTip(u"Print"_s);
     bar.addAction(u"&Now"_s);
     const MenuEntries found = gather_menus(&bar, {}, {});
-    QCOMPARE(lines(found.entries), QStringList({u"File|Open|Ctrl+O|Opens a file."_s,
-                                                u"File > More|Close||Closes it"_s, u"|Now||"_s}));
+    QCOMPARE(lines(found.entries),
+             QStringList({u"File|Open|Ctrl+O|Opens a file."_s, u"File > More|Close||Closes it"_s,
+                          u"File > More|\u6253\u5f00||"_s, u"File > More|Print||"_s, u"|Now||"_s}));
     QCOMPARE(found.menus, QList<QPointer<QMenu>>({file, more}));
-    QCOMPARE(lines(gather_menus(&bar, u"Editor"_s, {open}).entries),
-             QStringList({u"Editor > File > More|Close||Closes it"_s, u"Editor|Now||"_s}));
+    QCOMPARE(
+        lines(gather_menus(&bar, u"Editor"_s, {open}).entries),
+        QStringList({u"Editor > File > More|Close||Closes it"_s, u"Editor > File > More|\u6253\u5f00||"_s,
+                     u"Editor > File > More|Print||"_s, u"Editor|Now||"_s}));
 }
 
 void TstGatherEntries::entries_without_use_are_left_out()

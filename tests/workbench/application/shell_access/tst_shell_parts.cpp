@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
 #include "journal/JournalEditor.h"
 #include "options/OptionsPanel.h"
@@ -32,6 +33,7 @@ private slots:
     void plugin_tool_is_there_once_it_has_been_opened();
     void closing_action_closes_the_document();
     void pages_of_the_options_are_listed_as_they_stand();
+    void recent_files_are_found_in_the_menu();
     void current_lines_take_new_colors();
     void menus_are_titled_as_in_the_menu_bar();
     void tabs_hold_the_documents();
@@ -93,6 +95,21 @@ void TstShellParts::pages_of_the_options_are_listed_as_they_stand()
     QCOMPARE(option_pages(panel), before);
 }
 
+void TstShellParts::recent_files_are_found_in_the_menu()
+{
+    QCOMPARE(recent_file_actions(&window()).size(), 0);
+    const QStringList names = {u"/a/first.mdl"_s, u"/a/rather/long/name/of/a/directory/second.mdl"_s};
+    for (const QString& name : names)
+        window().file_menu()->recent_file(name);
+    window().file_menu()->recent_import(u"import stl '/a/third.stl'"_s);
+    const auto found = recent_file_actions(&window());
+    QCOMPARE(found.size(), 2);
+    QCOMPARE(found[0].first, names[1]);
+    QCOMPARE(found[1].first, names[0]);
+    QVERIFY(found[0].second->text().endsWith(u"/second.mdl"_s));
+    QCOMPARE(found[1].second->text(), u"&2 /a/first.mdl"_s);
+}
+
 void TstShellParts::current_lines_take_new_colors()
 {
     JournalEditor* editor = window().journal_editor();
@@ -151,6 +168,7 @@ void TstShellParts::nothing_is_found_without_a_window()
     QVERIFY(!plugin_tool(nullptr));
     QVERIFY(!close_journal_action(nullptr));
     QVERIFY(option_pages(nullptr).isEmpty());
+    QVERIFY(recent_file_actions(nullptr).isEmpty());
     redraw_current_lines(nullptr);
     QVERIFY(!journal_tabs(nullptr));
     QVERIFY(!current_journal(nullptr));
