@@ -133,8 +133,8 @@ QList<SearchEntry> CommandFinder::gather()
         add(gather_menus(editor->menuBar(), tr("Journal Editor"), elsewhere));
     add(gather_menus(mWindow->menuBar(), {}, elsewhere));
     watch(menus);
-    mPanel = navigation_entries(*mWindow->navigation_model());
-    entries << gather_commands(mRegistry, mPanel, [this](const QString& name) { use_command(name); });
+    entries << gather_commands(mRegistry, navigation_entries(*mWindow->navigation_model()),
+                               [this](const QString& name) { use_command(name); });
     QStringList pages = option_pages(mWindow->options());
     pages.removeAll(QCoreApplication::translate("Workbench", "Plugins")); // a group, even without pages
     entries << gather_pages(pages, [this](const QString& page) { show_page(page); });
@@ -190,9 +190,12 @@ void CommandFinder::use_command(const QString& name)
     const auto command = mRegistry.find(name);
     if (!command)
         return;
-    if (runs_without_arguments(*command))
+    if (runs_without_arguments(*command)) {
         mServices.run(name);
-    else if (const QPersistentModelIndex entry = mPanel.value(name); entry.isValid())
+        return;
+    }
+    const QPersistentModelIndex entry = navigation_entries(*mWindow->navigation_model()).value(name);
+    if (entry.isValid())
         show_form(entry);
     else
         mServices.write(name);

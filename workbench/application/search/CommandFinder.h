@@ -5,11 +5,9 @@
 
 #include "workbench/application/search/gather_entries.h"
 
-#include <QHash>
+#include <QList>
 #include <QObject>
-#include <QPersistentModelIndex>
 #include <QPointer>
-#include <QStringList>
 #include <QTimer>
 
 class CommandRegistry;
@@ -72,7 +70,6 @@ private:
     const Services mServices;
     QAction* mAction;
     QPointer<CommandSearch> mSearch;
-    QHash<QString, QPersistentModelIndex> mPanel;
     QList<QPointer<QObject>> mWatched;
     QTimer mRefresh;
     bool mBusy = false;

@@ -46,13 +46,18 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        if (!index.data(SearchModel::EnabledRole).toBool())
-            option->state &= ~QStyle::State_Enabled;
-        if (index.column() != SearchModel::TextColumn) {
+        const bool enabled = index.data(SearchModel::EnabledRole).toBool();
+        const auto set = [&palette = option->palette](QPalette::ColorRole role, const QBrush& brush) {
             for (const auto group : {QPalette::Active, QPalette::Inactive})
-                option->palette.setBrush(group, QPalette::Text,
-                                         option->palette.brush(group, QPalette::PlaceholderText));
+                palette.setBrush(group, role, brush);
+        };
+        // All of them, so that the chosen one can be read as well.
+        for (const auto role : {QPalette::Text, QPalette::Highlight, QPalette::HighlightedText}) {
+            if (!enabled)
+                set(role, option->palette.brush(QPalette::Disabled, role));
         }
+        if (enabled && index.column() != SearchModel::TextColumn)
+            set(QPalette::Text, option->palette.brush(QPalette::Active, QPalette::PlaceholderText));
         if (index.column() == SearchModel::KeyColumn)
             option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
     }

@@ -137,15 +137,19 @@ void SearchModel::find()
     {
         int misfit;
         qsizetype length;
+        bool refused;
         qsizetype recent;
         qsizetype index;
-        auto key() const { return std::tie(misfit, length, recent, index); }
+        auto key() const { return std::tie(misfit, length, refused, recent, index); }
     };
     QList<Found> found;
     for (qsizetype i = 0; i < mFolded.size(); ++i) {
         const Folded& entry = mFolded[i];
-        if (const auto fit = misfit(entry.text, entry.rest, mWords))
-            found << Found{*fit, mWords.isEmpty() ? 0 : entry.text.size(), entry.recent, i};
+        const auto fit = misfit(entry.text, entry.rest, mWords);
+        if (fit && mWords.isEmpty())
+            found << Found{0, 0, false, entry.recent, i};
+        else if (fit)
+            found << Found{*fit, entry.text.size(), !mEntries[i].refusal.isEmpty(), entry.recent, i};
     }
     std::sort(found.begin(), found.end(), [](const Found& a, const Found& b) { return a.key() < b.key(); });
     mRows.clear();

@@ -16,8 +16,8 @@
  * An entry has a word if the word is part of its text, its place, its keys or its further words; case does
  * not count, nor does the order of the words. Words of the text come before those found elsewhere, those that
  * begin it before those that begin a word of it, and these before those in the middle of a word; then short
- * texts before long ones, then those used last, then the order in which they were given. Without words all
- * entries are there, those used last first.
+ * texts before long ones, those that can be run before others, those used last, and the order given. Without
+ * words all entries are there, those used last first.
  *
  * Entries that cannot be run can be chosen like any other, so that the user can read why; see EnabledRole.
  */

@@ -3,11 +3,14 @@
 
 #include "workbench/application/search/SearchTest.h"
 
+#include "console/CommandWidget.h"
+#include "menus/OstrelToolsMenu.h"
 #include "support/windows.h"
 #include "workbench/application/Workbench.h"
 #include "workbench/application/search/CommandSearch.h"
 #include "workbench/application/search/SearchModel.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -15,6 +18,8 @@
 #include <QTreeView>
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 void SearchTest::prepare(Workbench& workbench)
 {
@@ -25,13 +30,25 @@ void SearchTest::set_up()
 {
     QVERIFY(show_active(&window()));
     window().set_focus_to_command_window();
+    page()->clearToPrompt();
+    mRuns = 0;
+    mZebra = std::make_unique<QAction>(u"&Zebra..."_s);
+    connect(mZebra.get(), &QAction::triggered, this, [this] { ++mRuns; });
+    window().tools_menu()->add_item(mZebra.get(), "test");
 }
 
 void SearchTest::tear_down()
 {
+    window().tools_menu()->remove_component_items("test");
+    delete_zebra();
     if (search())
         QTest::keyClick(field(), Qt::Key_Escape);
     flush();
+}
+
+void SearchTest::delete_zebra()
+{
+    mZebra.reset();
 }
 
 CommandSearch* SearchTest::search()

@@ -5,12 +5,15 @@
 
 #include "workbench/application/WorkbenchTest.h"
 
+#include <memory>
+
 class CommandSearch;
-class QAbstractItemModel;
+class QAction;
 class QLineEdit;
 class QTreeView;
 
-/** A test of the command search in the whole application, without components. */
+/** A test of the command search in the whole application, without components. Each function finds an entry
+ * "Zebra" in the menu "Tools". */
 class SearchTest : public WorkbenchTest
 {
     Q_OBJECT
@@ -20,6 +23,12 @@ protected:
     void set_up() override;
     /** Closes what is open. */
     void tear_down() override;
+
+    /** The entry; it must not have been deleted. */
+    QAction& zebra() { return *mZebra; }
+    void delete_zebra();
+    /** How often it has run. */
+    int zebra_runs() const { return mRuns; }
 
     /** The search that is open; null if none is. */
     static CommandSearch* search();
@@ -36,4 +45,8 @@ protected:
     static int current_row();
     /** What the line below the list says. */
     static QString hint();
+
+private:
+    std::unique_ptr<QAction> mZebra;
+    int mRuns = 0;
 };

@@ -20,6 +20,7 @@ private slots:
     void best_hits_come_first_data();
     void best_hits_come_first();
     void used_entries_come_first_among_equals();
+    void entries_that_can_run_come_first_among_equals();
     void used_entries_come_first_without_words();
     void columns_hold_text_place_and_key();
     void refused_entry_says_so();
@@ -130,6 +131,17 @@ void TstSearchModel::used_entries_come_first_among_equals()
     // What was used is known also of entries that come later.
     model.set_entries(entries({u"ob"_s, u"od"_s, u"oc"_s}));
     QCOMPARE(texts(model), QStringList({u"oc"_s, u"ob"_s, u"od"_s}));
+}
+
+void TstSearchModel::entries_that_can_run_come_first_among_equals()
+{
+    QList<SearchEntry> given = entries({u"oa"_s, u"ob"_s, u"oc"_s, u"o"_s});
+    given[0].refusal = given[3].refusal = u"No."_s;
+    SearchModel model;
+    model.set_entries(given);
+    model.set_recent({u" > oa"_s});
+    model.set_query(u"o"_s);
+    QCOMPARE(texts(model), QStringList({u"o"_s, u"ob"_s, u"oc"_s, u"oa"_s}));
 }
 
 void TstSearchModel::used_entries_come_first_without_words()
