@@ -79,8 +79,7 @@ private:
                                      .tip = tip_of(action),
                                      .refusal = refusal_of(action, path),
                                      .run = [action = QPointer(action), path] {
-                                         if (action && action->isVisible() &&
-                                             refusal_of(action, path).isEmpty())
+                                         if (action && refusal_of(action, path).isEmpty())
                                              action->trigger();
                                      }};
     }

@@ -5,6 +5,7 @@
 #include "host/fennari19/FennarInterface.h"
 #include "journal/JournalEditor.h"
 #include "menus/OstrelToolsMenu.h"
+#include "options/OptionsPanel.h"
 #include "support/dialogs.h"
 #include "support/windows.h"
 #include "workbench/application/Workbench.h"
@@ -35,6 +36,8 @@ class TstFinderEndures : public SearchTest
 private slots:
     void disabled_entry_is_gray_and_does_not_run();
     void entry_that_is_disabled_at_the_last_moment_does_not_run();
+    void page_that_goes_at_the_last_moment_opens_nothing();
+    void dialog_that_comes_at_the_last_moment_is_not_joined();
     void component_comes_and_goes_while_it_is_open();
     void chosen_entry_may_unload_its_component();
     void chosen_entry_may_open_a_dialog();
@@ -79,6 +82,30 @@ void TstFinderEndures::entry_that_is_disabled_at_the_last_moment_does_not_run()
     delete_zebra();
     flush();
     QCOMPARE(zebra_runs(), 0);
+}
+
+void TstFinderEndures::page_that_goes_at_the_last_moment_opens_nothing()
+{
+    auto added = std::make_unique<QWidget>();
+    window().options()->add_panel(u"Okapi"_s, added.get());
+    look_for(u"okapi options"_s);
+    QCOMPARE(rows(), QStringList(u"Okapi|Options|"_s));
+    QTest::keyClick(field(), Qt::Key_Return);
+    window().options()->remove_panel(u"Okapi"_s);
+    DialogDriver none;
+    flush();
+    QVERIFY(none.finish());
+}
+
+void TstFinderEndures::dialog_that_comes_at_the_last_moment_is_not_joined()
+{
+    look_for(u"zebra"_s);
+    QTest::keyClick(field(), Qt::Key_Return);
+    QDialog dialog(&window());
+    dialog.open();
+    flush();
+    QCOMPARE(zebra_runs(), 0);
+    dialog.close();
 }
 
 void TstFinderEndures::component_comes_and_goes_while_it_is_open()
