@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMainWindow>
+#include <QScrollBar>
 #include <QSet>
 #include <QStyledItemDelegate>
 
@@ -23,7 +24,7 @@ namespace {
 /** How many rows there is room for in a window that is high enough. */
 constexpr int shown_rows = 14;
 /** The width of the search in a window that is wide enough, in letters. */
-constexpr int shown_letters = 90;
+constexpr int shown_letters = 110;
 /** Between the search and the edges of the window, in pixels. */
 constexpr int margin = 8;
 /** What rows have above and below their texts together, in pixels. */
@@ -108,7 +109,8 @@ void CommandSearch::set_entries(const QList<SearchEntry>& entries)
 {
     const QModelIndex current = mForm->list->currentIndex();
     const QString chosen = current.isValid() ? search_id(mModel->entry(current.row())) : QString();
-    set_widths(entries);
+    measure(entries);
+    share_width();
     mModel->set_entries(entries);
     choose_row(std::max(0, mModel->row_of(chosen)));
 }
@@ -183,22 +185,34 @@ void CommandSearch::show_choice()
                                                                               : spoken + u": "_s + hint);
 }
 
-/** Gives places and keys the room that they need, and at most half of the list. */
-void CommandSearch::set_widths(const QList<SearchEntry>& entries)
+/** Measures what each column needs. */
+void CommandSearch::measure(const QList<SearchEntry>& entries)
 {
-    QSet<QString> places;
-    QSet<QString> keys;
+    std::array<QSet<QString>, SearchModel::ColumnCount> texts;
     for (const SearchEntry& entry : entries) {
-        places << entry.place;
-        keys << entry.key;
+        texts[SearchModel::TextColumn] << entry.text;
+        texts[SearchModel::PlaceColumn] << entry.place;
+        texts[SearchModel::KeyColumn] << entry.key;
     }
     const QFontMetrics metrics = mForm->list->fontMetrics();
-    const int half = shown_letters * metrics.averageCharWidth() / 2;
-    const int key_width = widest(keys, metrics) + cell_padding;
+    std::transform(texts.begin(), texts.end(), mWidths.begin(), [&metrics](const QSet<QString>& column) {
+        return widest(column, metrics) + cell_padding;
+    });
+}
+
+/** Gives keys and places the room that they need; texts get the rest, and two fifths
+ * if they need so much.
+ */
+void CommandSearch::share_width()
+{
+    const int all =
+        mForm->list->contentsRect().width() - mForm->list->verticalScrollBar()->sizeHint().width();
+    const int keys = mWidths[SearchModel::KeyColumn];
+    const int texts = std::min(mWidths[SearchModel::TextColumn], all * 2 / 5);
     QHeaderView* header = mForm->list->header();
-    header->resizeSection(SearchModel::KeyColumn, key_width);
+    header->resizeSection(SearchModel::KeyColumn, keys);
     header->resizeSection(SearchModel::PlaceColumn,
-                          std::min(widest(places, metrics) + cell_padding, half - key_width));
+                          std::clamp(all - keys - texts, 0, mWidths[SearchModel::PlaceColumn]));
 }
 
 /** Below the menu bar, in the middle. */
@@ -253,6 +267,7 @@ void CommandSearch::hideEvent(QHideEvent* event)
 void CommandSearch::resizeEvent(QResizeEvent* event)
 {
     QFrame::resizeEvent(event);
+    share_width();
     show_choice();
 }
 

@@ -10,6 +10,7 @@
 #include <QPointer>
 #include <QStringList>
 
+#include <array>
 #include <memory>
 
 class QMainWindow;
@@ -59,7 +60,8 @@ private:
     void find(const QString& words);
     void choose_row(int row);
     void show_choice();
-    void set_widths(const QList<SearchEntry>& entries);
+    void measure(const QList<SearchEntry>& entries);
+    void share_width();
     void place();
     void run_choice();
     void leave();
@@ -69,4 +71,6 @@ private:
     QMainWindow* mWindow;
     /** What had the focus before. */
     QPointer<QWidget> mFocus;
+    /** What each column needs, in pixels. */
+    std::array<int, 3> mWidths = {};
 };

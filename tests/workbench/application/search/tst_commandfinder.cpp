@@ -37,6 +37,7 @@ private slots:
     void focus_elsewhere_closes_it();
     void hidden_window_closes_it();
     void it_stays_inside_the_window();
+    void columns_share_the_width();
     void journal_editor_has_it_too();
     void parts_have_names_for_screen_readers();
     void list_follows_the_menus();
@@ -183,6 +184,24 @@ void TstCommandFinder::it_stays_inside_the_window()
     QTRY_VERIFY(list()->viewport()->height() > list()->sizeHintForRow(0));
     window().resize(before);
     QTRY_COMPARE(window().size(), before);
+}
+
+void TstCommandFinder::columns_share_the_width()
+{
+    look_for({});
+    const auto widest = [](int column) {
+        int width = 0;
+        for (int row = 0; row < list()->model()->rowCount(); ++row)
+            width = std::max(width, list()->fontMetrics().horizontalAdvance(
+                                        list()->model()->index(row, column).data().toString()));
+        return width;
+    };
+    int all = 0;
+    for (int column = 0; column < list()->model()->columnCount(); ++column) {
+        QVERIFY2(list()->columnWidth(column) > widest(column), qPrintable(QString::number(column)));
+        all += list()->columnWidth(column);
+    }
+    QCOMPARE(all, list()->viewport()->width());
 }
 
 void TstCommandFinder::journal_editor_has_it_too()
