@@ -185,24 +185,27 @@ void CommandSearch::show_choice()
                                                                               : spoken + u": "_s + hint);
 }
 
-/** Measures what each column needs. */
+/** Measures what each column needs. Of the texts only the longest: to measure thousands takes longer than to
+ * show them. */
 void CommandSearch::measure(const QList<SearchEntry>& entries)
 {
-    std::array<QSet<QString>, SearchModel::ColumnCount> texts;
+    QString longest;
+    QSet<QString> places;
+    QSet<QString> keys;
     for (const SearchEntry& entry : entries) {
-        texts[SearchModel::TextColumn] << entry.text;
-        texts[SearchModel::PlaceColumn] << entry.place;
-        texts[SearchModel::KeyColumn] << entry.key;
+        if (entry.text.size() > longest.size())
+            longest = entry.text;
+        places << entry.place;
+        keys << entry.key;
     }
     const QFontMetrics metrics = mForm->list->fontMetrics();
-    std::transform(texts.begin(), texts.end(), mWidths.begin(), [&metrics](const QSet<QString>& column) {
-        return widest(column, metrics) + cell_padding;
-    });
+    mWidths[SearchModel::TextColumn] = widest({longest}, metrics) + cell_padding;
+    mWidths[SearchModel::PlaceColumn] = widest(places, metrics) + cell_padding;
+    mWidths[SearchModel::KeyColumn] = widest(keys, metrics) + cell_padding;
 }
 
-/** Gives keys and places the room that they need; texts get the rest, and two fifths
- * if they need so much.
- */
+/** Gives keys and places the room that they need; texts get the rest, at least two fifths if they need so
+ * much. */
 void CommandSearch::share_width()
 {
     const int all =

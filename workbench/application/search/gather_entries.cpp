@@ -13,7 +13,6 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
-#include <QRegularExpression>
 #include <QSet>
 
 #include <algorithm>
@@ -41,7 +40,8 @@ QString tip_of(const QAction* action)
 {
     const QString tip = action->statusTip().isEmpty() ? action->toolTip() : action->statusTip();
     // An action without a tool tip has one made of its text.
-    const bool has_own = tip != QAction(action->text()).toolTip() && tip != plain_menu_text(action->text());
+    const QString of_text = QString(action->text()).remove(u"..."_s).remove(u'&').trimmed();
+    const bool has_own = tip != of_text && tip != plain_menu_text(action->text());
     return has_own ? tip : QString();
 }
 
@@ -103,13 +103,20 @@ void collect_navigation(const QAbstractItemModel& navigation, const QModelIndex&
 
 QString plain_menu_text(const QString& text)
 {
-    static const QRegularExpression key_in_parentheses(u"\\s*\\(&.\\)"_s);
-    static const QRegularExpression key_mark(u"&(.)"_s);
-    static const QRegularExpression dots(u"\\s*(\\.\\.\\.|\u2026)$"_s);
-    QString plain = text.section(u'\t', 0, 0);
-    plain.remove(key_in_parentheses);
-    plain.replace(key_mark, u"\\1"_s);
-    plain.remove(dots);
+    QString plain;
+    for (qsizetype i = 0; i < text.size() && text[i] != u'\t'; ++i) {
+        if (text[i] == u'(' && i + 3 < text.size() && text[i + 1] == u'&' && text[i + 3] == u')')
+            i += 3; // as in "Open (&O)"
+        else if (text[i] != u'&')
+            plain += text[i];
+        else if (++i < text.size())
+            plain += text[i];
+    }
+    plain = plain.trimmed();
+    for (const QStringView dots : {u"...", u"\u2026"}) {
+        if (plain.endsWith(dots))
+            plain.chop(dots.size());
+    }
     return plain.trimmed();
 }
 
