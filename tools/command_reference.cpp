@@ -178,6 +178,8 @@ QString section(const Command& command)
 {
     QString text = u"\n## %1\n\n%2\n%3 %4\n"_s.arg(command.name, indented(command.usage),
                                                    escaped(command.summary), origin(command));
+    if (const QString notes = command.notes(); !notes.isEmpty())
+        text += notes + u'\n';
     if (!command.help.isEmpty())
         text += u'\n' + indented(command.help);
     for (const CommandSyntax& form : command.forms)

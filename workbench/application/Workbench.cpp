@@ -329,7 +329,8 @@ void Workbench::set_up_commands()
                                                 .kind = CommandParameter::Kind::Text,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Statement"),
                                                 .repeated = true,
-                                                .example = u"print('done')"_s})}}}});
+                                                .example = u"print('done')"_s})}}},
+         .long_running = true});
     mWindowCommands = std::make_unique<WindowCommands>(
         fennar.registry(),
         [this] {

@@ -198,7 +198,8 @@ void fennar::load_component(ComponentContext& context)
                  if (!recovery || !recovery->offer())
                      call.print(u"There is nothing to recover.\n"_s);
              },
-         .forms = {{}}});
+         .forms = {{}},
+         .changes_model = true});
     recovery->offer();
 }
 

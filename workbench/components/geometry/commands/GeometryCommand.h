@@ -29,9 +29,11 @@ struct GeometryCommand
 
     QLatin1StringView name;
     QLatin1StringView summary;
-    QLatin1StringView help;
-    Perform perform;
-    QList<CommandSyntax> forms;
+    QLatin1StringView help = {};
+    Perform perform = nullptr;
+    QList<CommandSyntax> forms = {};
+    bool changes_model = false;
+    bool long_running = false;
 };
 
 /** Those that make and measure meshes. */

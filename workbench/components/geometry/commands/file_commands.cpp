@@ -242,7 +242,9 @@ bool register_file_commands(CommandRegistry& registry, GeometryModel& model, Fil
              "bring, hold a mesh, which takes the place of the last one. Lengths become millimetres."_s,
          .owner = owner,
          .run = run_with(import_file),
-         .forms = {{.clauses = file_clauses(Direction::Import)}}},
+         .forms = {{.clauses = file_clauses(Direction::Import)}},
+         .changes_model = true,
+         .long_running = true},
         {.name = u"export"_s,
          .summary = u"Writes solids or the mesh to a file."_s,
          .help =
@@ -265,7 +267,8 @@ bool register_file_commands(CommandRegistry& registry, GeometryModel& model, Fil
                                          .optional = true}},
                     .title = QT_TRANSLATE_NOOP("CommandParameter", "Solids")},
                    {.clauses = file_clauses(Direction::Export) + QList{CommandClause{.keyword = u"mesh"_s}},
-                    .title = QT_TRANSLATE_NOOP("CommandParameter", "Mesh")}}},
+                    .title = QT_TRANSLATE_NOOP("CommandParameter", "Mesh")}},
+         .long_running = true},
     };
     CommandEntities& entities = registry.entities();
     // The formats are there longer than these commands: the connection goes with the offers.

@@ -109,32 +109,39 @@ void quality(CommandCall& call, const CommandArguments& arguments, Context& cont
 QList<GeometryCommand> mesh_commands()
 {
     return {
-        {"mesh"_L1,
-         "Fills solids with tetrahedra."_L1,
-         "Without solids all of them are meshed. SIZE is the length of the elements. The mesh takes the "
-         "place "
-         "of\n"
-         "the last one. \"verbose\" shows all that the mesher has to say."_L1,
-         mesh,
-         {{.clauses = {optional_value(solids_parameter()),
-                       {.keyword = u"size"_s,
-                        .parameters = {length_parameter(
-                            u"SIZE"_s, u"a size of the elements"_s,
-                            QT_TRANSLATE_NOOP("CommandParameter", "Size of the elements"))}},
-                       {.keyword = u"verbose"_s,
-                        .optional = true,
-                        .label =
-                            QT_TRANSLATE_NOOP("CommandParameter", "Show all messages of the mesher")}}}}},
-        {"statistics"_L1, "Counts the nodes and elements of the mesh."_L1, {}, statistics, {{}}},
-        {"quality"_L1,
-         "Measures the volume elements of the mesh."_L1,
-         "ICN is the inverse condition number, IGE the inverse gradient error. 1 is the best value, and "
-         "elements\n"
-         "of 0 or less are useless."_L1,
-         quality,
-         {{.clauses = {optional_value({.name = u"MEASURE"_s,
-                                       .kind = CommandParameter::Kind::Choice,
-                                       .label = QT_TRANSLATE_NOOP("CommandParameter", "Measure"),
-                                       .choices = {u"ICN"_s, u"IGE"_s}})}}}},
+        {.name = "mesh"_L1,
+         .summary = "Fills solids with tetrahedra."_L1,
+         .help =
+             "Without solids all of them are meshed. SIZE is the length of the elements. The mesh takes the "
+             "place "
+             "of\n"
+             "the last one. \"verbose\" shows all that the mesher has to say."_L1,
+         .perform = mesh,
+         .forms = {{.clauses = {optional_value(solids_parameter()),
+                                {.keyword = u"size"_s,
+                                 .parameters = {length_parameter(
+                                     u"SIZE"_s, u"a size of the elements"_s,
+                                     QT_TRANSLATE_NOOP("CommandParameter", "Size of the elements"))}},
+                                {.keyword = u"verbose"_s,
+                                 .optional = true,
+                                 .label = QT_TRANSLATE_NOOP("CommandParameter",
+                                                            "Show all messages of the mesher")}}}},
+         .changes_model = true,
+         .long_running = true},
+        {.name = "statistics"_L1,
+         .summary = "Counts the nodes and elements of the mesh."_L1,
+         .perform = statistics,
+         .forms = {{}}},
+        {.name = "quality"_L1,
+         .summary = "Measures the volume elements of the mesh."_L1,
+         .help =
+             "ICN is the inverse condition number, IGE the inverse gradient error. 1 is the best value, and "
+             "elements\n"
+             "of 0 or less are useless."_L1,
+         .perform = quality,
+         .forms = {{.clauses = {optional_value({.name = u"MEASURE"_s,
+                                                .kind = CommandParameter::Kind::Choice,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Measure"),
+                                                .choices = {u"ICN"_s, u"IGE"_s}})}}}},
     };
 }

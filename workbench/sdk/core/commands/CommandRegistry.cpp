@@ -17,6 +17,16 @@ const QString command_entity = u"command"_s;
 
 } // namespace
 
+QString Command::notes() const
+{
+    QStringList notes;
+    if (changes_model)
+        notes << u"It changes the model."_s;
+    if (long_running)
+        notes << u"It may take long, and can be cancelled."_s;
+    return notes.join(u' ');
+}
+
 bool CommandRegistry::is_name(const QString& text)
 {
     // A variable's name, apart from the two more marks that may follow the first letter.

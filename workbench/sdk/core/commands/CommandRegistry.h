@@ -42,6 +42,13 @@ struct Command
      * empty; a command without any is only known by its usage.
      */
     QList<CommandSyntax> forms = {};
+    /** Whether it can change the model itself, which is what is saved; not only by commands that it runs. */
+    bool changes_model = false;
+    /** Whether it can take long. It tells its progress then, and tests CommandCall::interrupted(). */
+    bool long_running = false;
+
+    /** What the flags mean to the user, in whole sentences; empty if none is set. */
+    FENNAR_CORE_EXPORT QString notes() const;
 };
 
 /** The commands that can be typed. Names are compared exactly and case-sensitively. GUI thread only. */

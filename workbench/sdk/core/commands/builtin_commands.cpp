@@ -66,6 +66,8 @@ void help(CommandCall& call)
     if (!command)
         throw registry.not_found(*name, call.column(1));
     QString text = u"Usage: "_s + command->usage + u'\n' + command->summary + u'\n';
+    if (const QString notes = command->notes(); !notes.isEmpty())
+        text += notes + u'\n';
     if (!command->help.isEmpty())
         text += u'\n' + command->help + (command->help.endsWith(u'\n') ? u""_s : u"\n"_s);
     call.print(text);
@@ -223,18 +225,19 @@ void register_builtin_commands(CommandInterpreter& interpreter, Playback& playba
              "Files named *.py, and files whose first line is #!python, are run as Python."_s,
          .owner = owner,
          .run = [&playback](CommandCall& call) { play(call, playback); },
-         .forms = {
-             {.clauses = {required_value({.name = u"FILE"_s,
-                                          .kind = Kind::InputFile,
-                                          .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal or script"),
-                                          .filters = &journal_filters,
-                                          .example = u"example.jou"_s}),
-                          optional_value({.name = u"LINE"_s,
-                                          .kind = Kind::WholeNumber,
-                                          .label = QT_TRANSLATE_NOOP("CommandParameter", "From line"),
-                                          .default_value = u"1"_s,
-                                          .least = 1,
-                                          .most = std::numeric_limits<int>::max()})}}}});
+         .forms = {{.clauses = {required_value(
+                                    {.name = u"FILE"_s,
+                                     .kind = Kind::InputFile,
+                                     .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal or script"),
+                                     .filters = &journal_filters,
+                                     .example = u"example.jou"_s}),
+                                optional_value({.name = u"LINE"_s,
+                                                .kind = Kind::WholeNumber,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "From line"),
+                                                .default_value = u"1"_s,
+                                                .least = 1,
+                                                .most = std::numeric_limits<int>::max()})}}},
+         .long_running = true});
     add({.name = u"check"_s,
          .summary = u"Looks for errors in a journal without running it."_s,
          .help =

@@ -43,6 +43,7 @@ private slots:
     void taken_names_are_left_to_their_owner();
     void help_lists_commands_with_summaries();
     void help_explains_one_command();
+    void help_tells_what_to_expect_of_a_command();
     void help_ends_a_long_text_with_one_line_end();
     void help_for_an_unknown_command_suggests_the_nearest();
     void echo_prints_words_with_one_blank();
@@ -116,6 +117,21 @@ void TstBuiltinCommands::help_explains_one_command()
                                               "A journal in play is stopped.\n"_s);
     session.registry.add({u"box"_s, u"box SIZE"_s, u"Makes a box."_s, {}, {}, [](CommandCall&) {}});
     QCOMPARE(session.printed(u"help box"_s), u"Usage: box SIZE\nMakes a box.\n"_s);
+}
+
+void TstBuiltinCommands::help_tells_what_to_expect_of_a_command()
+{
+    BuiltinSession session;
+    session.registry.add({.name = u"fill"_s,
+                          .summary = u"Fills it."_s,
+                          .help = u"Slowly."_s,
+                          .run = [](CommandCall&) {},
+                          .forms = {{}},
+                          .changes_model = true,
+                          .long_running = true});
+    QCOMPARE(session.printed(u"help fill"_s),
+             u"Usage: fill\nFills it.\nIt changes the model. It may take long, and can be cancelled.\n\n"
+             "Slowly.\n"_s);
 }
 
 void TstBuiltinCommands::help_ends_a_long_text_with_one_line_end()
