@@ -99,7 +99,9 @@ public:
 
     void cancelled_floods()
     {
-        Fennar::instance().registry().add({u"flood"_s, u"flood"_s, {}, {}, u"bench"_s, [](CommandCall& call) {
+        Fennar::instance().registry().add({.name = u"flood"_s,
+                                           .owner = u"bench"_s,
+                                           .perform = [](CommandCall& call, const CommandArguments&) {
                                                while (!call.interrupted())
                                                    call.print(u"line\n"_s);
                                            }});

@@ -176,7 +176,7 @@ QString table(const CommandSyntax& form)
 
 QString section(const Command& command)
 {
-    QString text = u"\n## %1\n\n%2\n%3 %4\n"_s.arg(command.name, indented(command.usage),
+    QString text = u"\n## %1\n\n%2\n%3 %4\n"_s.arg(command.name, indented(command.usage()),
                                                    escaped(command.summary), origin(command));
     if (const QString notes = command.notes(); !notes.isEmpty())
         text += notes + u'\n';
@@ -293,7 +293,7 @@ int main(int argc, char** argv)
     CommandRegistry& registry = Fennar::instance().registry();
     Command command;
     command.name = own_command;
-    command.run = [&](CommandCall&) {
+    command.perform = [&](CommandCall&, const CommandArguments&) {
         text = reference(registry);
         missing = missing_components();
     };

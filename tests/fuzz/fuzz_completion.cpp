@@ -62,11 +62,11 @@ struct World
                          {.clauses = {required_value(choice), required_value(whole)}}});
         add(u"play"_s, {{.clauses = {required_value(file), optional_value(whole)}}});
         add(u"set"_s, {{}, {.clauses = {required_value(variable), optional_value(words)}}});
-        add(u"any"_s, {});
+        add(u"any"_s, {{}});
     }
     void add(const QString& name, const QList<CommandSyntax>& forms)
     {
-        registry.add({.name = name, .run = [](CommandCall&) {}, .forms = forms});
+        registry.add({.name = name, .perform = [](CommandCall&, const CommandArguments&) {}, .forms = forms});
     }
     std::optional<QString> value(QStringView name) const { return variables.value(name).value_or(QString()); }
 

@@ -44,6 +44,7 @@
 #include "workbench/host/ostrelfw/HostMediator.h"
 #include "workbench/host/ostrelfw/OutputRouter.h"
 #include "workbench/sdk/component/journal_documents.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandSink.h"
@@ -159,12 +160,9 @@ void print_to(std::FILE* file, const QString& text)
 }
 
 /** "python STATEMENT...": the words, joined with blanks, are one Python source. */
-void run_python_command(CommandCall& call)
+void run_python_command(CommandCall& call, const CommandArguments& arguments)
 {
-    QStringList words;
-    for (qsizetype i = 1; i < std::max<qsizetype>(call.count(), 2); ++i)
-        words << call.text(i, u"a Python statement");
-    const QByteArray source = words.join(u' ').toUtf8();
+    const QByteArray source = arguments.texts("STATEMENT"_L1).join(u' ').toUtf8();
     FennarPythonInterpreter* python = Framework::user_python_interpreter();
     if (!python || !python->IsInitialized())
         throw call.error(0, u"Python is not available"_s);
@@ -324,9 +322,10 @@ void Workbench::set_up_commands()
          .help = u"The words are joined with blanks. Quote the statement if it has quotes of its own, as\n"
                  "    python 'print(\"done\")'"_s,
          .owner = u"workbench"_s,
-         .run = &run_python_command,
+         .perform = &run_python_command,
          .forms = {{.clauses = {required_value({.name = u"STATEMENT"_s,
                                                 .kind = CommandParameter::Kind::Text,
+                                                .what = u"a Python statement"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Statement"),
                                                 .repeated = true,
                                                 .example = u"print('done')"_s})}}},

@@ -6,6 +6,7 @@
 #include "frame/Ostrel.h"
 #include "host/navigation/NavigationModel.h"
 #include "workbench/sdk/component/ComponentContext.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 
 #include <QAction>
@@ -34,11 +35,11 @@ bool is_visible(const QIcon& icon)
     return false;
 }
 
-void write_report(CommandCall& call)
+void write_report(CommandCall& call, const CommandArguments& arguments)
 {
-    QFile file(call.text(1, u"the name of the report"_s));
+    QFile file(arguments.text("REPORT"_L1));
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
-        throw call.error(1, u"cannot be written"_s);
+        throw call.error(arguments.word("REPORT"_L1), u"cannot be written"_s);
     QTextStream report(&file);
     Ostrel* window = Ostrel::instance();
     const NavigationModel* navigation = window->navigation_model();
@@ -54,16 +55,18 @@ void write_report(CommandCall& call)
                        << '\n';
         }
     }
-    if (call.has(2))
-        report << "type " << QMimeDatabase().mimeTypeForFile(call.text(2, u"a file"_s)).name() << '\n';
+    if (const QString known = arguments.text("FILE"_L1); !known.isEmpty())
+        report << "type " << QMimeDatabase().mimeTypeForFile(known).name() << '\n';
 }
 
 } // namespace
 
 void fennar::load_component(ComponentContext& context)
 {
+    const CommandParameter report{.name = u"REPORT"_s, .kind = CommandParameter::Kind::OutputFile};
+    const CommandParameter file{.name = u"FILE"_s, .kind = CommandParameter::Kind::InputFile};
     context.add_command({.name = u"probe"_s,
-                         .usage = u"probe REPORT [FILE]"_s,
                          .summary = u"Tells what the program has found."_s,
-                         .run = &write_report});
+                         .perform = &write_report,
+                         .forms = {{.clauses = {required_value(report), optional_value(file)}}}});
 }

@@ -22,6 +22,7 @@
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/commands/plain_command.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -468,11 +469,11 @@ void TstWorkbench::command_that_throws_is_an_error()
 {
     QFETCH(const bool, standard);
     CommandRegistry& registry = Fennar::instance().registry();
-    registry.add({u"broken"_s, u"broken"_s, {}, {}, u"test"_s, [standard](CommandCall&) {
-                      if (standard)
-                          throw std::runtime_error("out of luck");
-                      throw 1;
-                  }});
+    registry.add(plain_command(u"broken"_s, u"test"_s, [standard](CommandCall&) {
+        if (standard)
+            throw std::runtime_error("out of luck");
+        throw 1;
+    }));
     type(u"broken"_s);
     registry.remove_owner(u"test"_s);
     const QString error =
@@ -603,7 +604,7 @@ void TstWorkbench::cancel_button_is_enabled_while_a_line_runs()
     QList<bool> seen;
     CommandRegistry& registry = Fennar::instance().registry();
     registry.add(
-        {u"look"_s, u"look"_s, {}, {}, u"test"_s, [&seen](CommandCall&) { seen << cancel()->isEnabled(); }});
+        plain_command(u"look"_s, u"test"_s, [&seen](CommandCall&) { seen << cancel()->isEnabled(); }));
     type(u"look"_s);
     QVERIFY(!cancel()->isEnabled());
     python_mode(true);
@@ -627,7 +628,7 @@ void TstWorkbench::cancel_interrupts_python()
 void TstWorkbench::cancel_lets_python_clean_up()
 {
     CommandRegistry& registry = Fennar::instance().registry();
-    registry.add({u"arm"_s, u"arm"_s, {}, {}, u"test"_s, [this](CommandCall&) { cancel_soon(); }});
+    registry.add(plain_command(u"arm"_s, u"test"_s, [this](CommandCall&) { cancel_soon(); }));
     python_mode(true);
     // The loop behind the interrupt lasts for several turns.
     type(u"exec('try:\\n fennar.cmd(\"arm\")\\n while True: pass\\nexcept KeyboardInterrupt:\\n"
@@ -645,7 +646,7 @@ void TstWorkbench::each_click_on_cancel_interrupts_python()
         QTest::mouseClick(cancel(), Qt::LeftButton);
     });
     CommandRegistry& registry = Fennar::instance().registry();
-    registry.add({u"arm"_s, u"arm"_s, {}, {}, u"test"_s, [&](CommandCall&) { clicks.start(0); }});
+    registry.add(plain_command(u"arm"_s, u"test"_s, [&](CommandCall&) { clicks.start(0); }));
     python_mode(true);
     type(u"exec('try:\\n fennar.cmd(\"arm\")\\n while True: pass\\nexcept KeyboardInterrupt:\\n"
          " while True: pass')"_s);
@@ -659,11 +660,11 @@ void TstWorkbench::cancelled_command_interrupts_the_python_that_called_it()
 {
     CommandRegistry& registry = Fennar::instance().registry();
     int calls = 0;
-    registry.add({u"work"_s, u"work"_s, {}, {}, u"test"_s, [&calls](CommandCall& call) {
-                      ++calls;
-                      QTRY_VERIFY_WITH_TIMEOUT(call.interrupted(), 20000);
-                      throw call.error(0, u"interrupted"_s);
-                  }});
+    registry.add(plain_command(u"work"_s, u"test"_s, [&calls](CommandCall& call) {
+        ++calls;
+        QTRY_VERIFY_WITH_TIMEOUT(call.interrupted(), 20000);
+        throw call.error(0, u"interrupted"_s);
+    }));
     python_mode(true);
     cancel_soon();
     type(u"exec('while True:\\n try: fennar.cmd(\"work\")\\n except fennar.CommandError: pass')"_s);
@@ -676,7 +677,7 @@ void TstWorkbench::cancel_ends_a_journal()
 {
     // Armed within the loop's own command: on a slow machine the first turn comes ahead of one of the lines.
     CommandRegistry& registry = Fennar::instance().registry();
-    registry.add({u"arm"_s, u"arm"_s, {}, {}, u"test"_s, [this](CommandCall&) { cancel_soon(); }});
+    registry.add(plain_command(u"arm"_s, u"test"_s, [this](CommandCall&) { cancel_soon(); }));
     const QString path =
         write_temp(u"long.jou"_s,
                    "echo one\npython 'exec(\"fennar.cmd(\\\"arm\\\")\\nwhile True: pass\")'\necho never\n");
@@ -733,9 +734,9 @@ void TstWorkbench::closing_the_window_ends_what_runs()
             u"endless.jou"_s, "python 'exec(\"fennar.cmd(\\\"arm\\\")\\nwhile True: pass\")'\necho never\n"));
     }
     CommandRegistry& registry = Fennar::instance().registry();
-    registry.add({u"arm"_s, u"arm"_s, {}, {}, u"test"_s, [](CommandCall&) {
-                      QTimer::singleShot(0, Ostrel::instance(), &QWidget::close);
-                  }});
+    registry.add(plain_command(u"arm"_s, u"test"_s, [](CommandCall&) {
+        QTimer::singleShot(0, Ostrel::instance(), &QWidget::close);
+    }));
     python_mode(python);
     QTimer::singleShot(0, page(), [&] { paste(lines); });
     workbench().run();
@@ -781,10 +782,10 @@ void TstWorkbench::flood_of_lines_arrives_in_order()
     const bool journal = line.startsWith(u"play"_s);
     const int count = journal ? 20'000 : 100'000;
     CommandRegistry& registry = Fennar::instance().registry();
-    registry.add({u"flood"_s, u"flood"_s, {}, {}, u"test"_s, [count](CommandCall& call) {
-                      for (int i = 0; i < count; ++i)
-                          call.print(u"line %1\n"_s.arg(i));
-                  }});
+    registry.add(plain_command(u"flood"_s, u"test"_s, [count](CommandCall& call) {
+        for (int i = 0; i < count; ++i)
+            call.print(u"line %1\n"_s.arg(i));
+    }));
     QByteArray lines;
     QString expected;
     for (int i = 0; i < count; ++i) {
@@ -829,11 +830,11 @@ void TstWorkbench::cancel_stops_a_flood_of_lines()
 {
     QFETCH(const QString, line);
     CommandRegistry& registry = Fennar::instance().registry();
-    registry.add({u"flood"_s, u"flood"_s, {}, {}, u"test"_s, [](CommandCall& call) {
-                      while (!call.interrupted())
-                          call.print(u"line\n"_s);
-                      throw call.error(0, u"interrupted"_s);
-                  }});
+    registry.add(plain_command(u"flood"_s, u"test"_s, [](CommandCall& call) {
+        while (!call.interrupted())
+            call.print(u"line\n"_s);
+        throw call.error(0, u"interrupted"_s);
+    }));
     const QString before = QDir::currentPath();
     constexpr qsizetype lines = 3'000'000;
     write_temp(u"flood.jou"_s, QByteArray("echo line\n").repeated(lines));
@@ -883,9 +884,8 @@ void TstWorkbench::journal_is_played_once_the_model_is_open()
 {
     CommandRegistry& registry = Fennar::instance().registry();
     QStringList opened;
-    registry.add({u"open"_s, u"open FILE"_s, {}, {}, u"test"_s, [&opened](CommandCall& call) {
-                      opened << call.text(1, u"a file");
-                  }});
+    registry.add(plain_command(u"open"_s, u"test"_s,
+                               [&opened](CommandCall& call) { opened << call.words().value(1).text; }));
     const QString journal = write_temp(u"my after.jou"_s, "echo was played\n");
     workbench().start_later(u"/a model"_s, journal);
     QTRY_VERIFY2(text().endsWith(u"\nwas played\nFennar>"_s), qPrintable(text()));

@@ -153,7 +153,7 @@ void TstFennar::check_tells_the_errors_and_runs_nothing()
     const Run found = run({u"--check"_s, wrong}, no_display);
     QCOMPARE(found.code, 1);
     QCOMPARE(found.output, QString());
-    QCOMPARE(found.errors, u"ERROR: %1:2: set: column 5: expected NAME, found \"1x\"\n"
+    QCOMPARE(found.errors, u"ERROR: %1:2: set: column 5: expected a name, found \"1x\"\n"
                            "ERROR: %1:3: sing: column 1: expected a command, found \"sing\"\n"_s.arg(wrong));
     const QString right = write_temp(u"right.jou"_s, "echo printed\n");
     const Run none = run({u"--check"_s, right}, no_display);

@@ -4,6 +4,7 @@
 #include "workbench/application/component_manager/component_commands.h"
 
 #include "workbench/application/component_manager/ComponentManager.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
@@ -39,7 +40,6 @@ QString state_of(const ComponentManager::Component& component)
 
 void list_components(CommandCall& call, ComponentManager& manager)
 {
-    call.expect_end();
     const std::vector<ComponentManager::Component> components = manager.components();
     QList<QStringList> rows;
     for (const ComponentManager::Component& component : components) {
@@ -67,20 +67,18 @@ void list_components(CommandCall& call, ComponentManager& manager)
     call.print(text);
 }
 
-void load_component(CommandCall& call, ComponentManager& manager)
+void load_component(CommandCall& call, const CommandArguments& arguments, ComponentManager& manager)
 {
-    const QString what = call.text(1, u"the name or file of a component");
-    call.expect_end();
+    const QString what = arguments.text(arguments.has("NAME"_L1) ? "NAME"_L1 : "FILE"_L1);
     QString name;
     if (const QString refusal = manager.load(what, &name); !refusal.isEmpty())
         throw call.error(1, refusal);
     call.print(u"The component \"%1\" is loaded.\n"_s.arg(name));
 }
 
-void unload_component(CommandCall& call, ComponentManager& manager)
+void unload_component(CommandCall& call, const CommandArguments& arguments, ComponentManager& manager)
 {
-    const QString name = call.text(1, u"the name of a component");
-    call.expect_end();
+    const QString name = arguments.text("NAME"_L1);
     if (const QString refusal = manager.unload(name); !refusal.isEmpty())
         throw call.error(1, refusal);
     call.print(u"The component \"%1\" is unloaded.\n"_s.arg(name));
@@ -113,8 +111,9 @@ void register_component_commands(CommandRegistry& registry, ComponentManager& ma
                           "    refused   it could not be loaded\n"
                           "    left out  the program ended while it was being loaded"_s,
                   .owner = owner,
-                  .run = [&manager](CommandCall& call) { list_components(call, manager); },
-                  .forms = {{}}});
+                  .perform = [&manager](CommandCall& call, const CommandArguments&) {
+                      list_components(call, manager);
+                  }});
     registry.add(
         {.name = u"load"_s,
          .summary = u"Loads a component, now and at each start."_s,
@@ -122,14 +121,19 @@ void register_component_commands(CommandRegistry& registry, ComponentManager& ma
              u"NAME is looked up in the component path. FILE has a \"/\" or ends in .so; a file outside the\n"
              "component path is not found again at the next start. Components that it needs are loaded first."_s,
          .owner = owner,
-         .run = [&manager](CommandCall& call) { load_component(call, manager); },
+         .perform =
+             [&manager](CommandCall& call, const CommandArguments& arguments) {
+                 load_component(call, arguments, manager);
+             },
          .forms = {{.clauses = {required_value({.name = u"NAME"_s,
                                                 .kind = CommandParameter::Kind::Entity,
+                                                .what = u"the name of a component"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Component"),
                                                 .entity = other_component})},
                     .title = QT_TRANSLATE_NOOP("CommandParameter", "By name")},
                    {.clauses = {required_value({.name = u"FILE"_s,
                                                 .kind = CommandParameter::Kind::InputFile,
+                                                .what = u"a file"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Component"),
                                                 .filters = &component_filters})},
                     .title = QT_TRANSLATE_NOOP("CommandParameter", "From a file")}}});
@@ -140,9 +144,13 @@ void register_component_commands(CommandRegistry& registry, ComponentManager& ma
                  u"component\n"
                  "that others need stays until they are unloaded."_s,
          .owner = owner,
-         .run = [&manager](CommandCall& call) { unload_component(call, manager); },
+         .perform =
+             [&manager](CommandCall& call, const CommandArguments& arguments) {
+                 unload_component(call, arguments, manager);
+             },
          .forms = {{.clauses = {required_value({.name = u"NAME"_s,
                                                 .kind = CommandParameter::Kind::Entity,
+                                                .what = u"a component that is loaded"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Component"),
                                                 .entity = loaded_component})}}}});
 }

@@ -136,8 +136,6 @@ QHash<QString, QPersistentModelIndex> navigation_entries(const QAbstractItemMode
 
 bool runs_without_arguments(const Command& command)
 {
-    if (command.forms.isEmpty())
-        return command.usage == command.name;
     return std::any_of(command.forms.begin(), command.forms.end(), [](const CommandSyntax& form) {
         return std::all_of(form.clauses.begin(), form.clauses.end(),
                            [](const CommandClause& clause) { return clause.optional; });

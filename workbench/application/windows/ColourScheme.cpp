@@ -9,6 +9,7 @@
 #include "workbench/application/shell_access/shell_parts.h"
 #include "workbench/application/windows/SchemeStyle.h"
 #include "workbench/application/windows/scheme_palette.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/CommandSink.h"
@@ -78,22 +79,13 @@ ColourScheme::ColourScheme(CommandRegistry& registry) : mRegistry(registry)
                  "dark    light text on a dark ground\n"
                  "The choice is kept for the next start, unless \"once\" stands behind it."_s,
          .owner = u"workbench"_s,
-         .run =
-             [this](CommandCall& call) {
-                 if (!call.has(1)) {
-                     call.print(u"scheme %1\n"_s.arg(name_of(mScheme)));
-                     return;
-                 }
-                 constexpr auto what = u"system, light or dark";
-                 const auto chosen = scheme_of(call.text(1, what));
+         .perform =
+             [this](CommandCall& call, const CommandArguments& arguments) {
+                 const auto chosen = scheme_of(arguments.text("SCHEME"_L1));
                  if (!chosen)
-                     throw call.expected(1, what);
-                 const bool once = call.has(2);
-                 if (once && call.text(2, u"once") != "once"_L1)
-                     throw call.expected(2, u"once");
-                 call.expect_end();
-                 if (qobject_cast<QApplication*>(QCoreApplication::instance()))
-                     set_scheme(*chosen, !once);
+                     call.print(u"scheme %1\n"_s.arg(name_of(mScheme)));
+                 else if (qobject_cast<QApplication*>(QCoreApplication::instance()))
+                     set_scheme(*chosen, !arguments.has("TIME"_L1));
                  else
                      call.print(u"There are no windows; their colors stay as they are.\n"_s);
              },

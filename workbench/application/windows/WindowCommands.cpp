@@ -14,6 +14,7 @@
 #include "workbench/application/shell_access/shell_parts.h"
 #include "workbench/host/navigation/NavigationRoles.h"
 #include "workbench/host/ostrelfw/OutputRouter.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/scene/Scene.h"
@@ -69,16 +70,6 @@ const QStringList& windows_to_photograph()
     return names;
 }
 
-/** Word @p i, which must be one of @p names. */
-QString choice(CommandCall& call, qsizetype i, const QStringList& names)
-{
-    const QString what = names.sliced(0, names.size() - 1).join(u", ") + u" or "_s + names.last();
-    const QString name = call.text(i, what);
-    if (!names.contains(name))
-        throw call.expected(i, what);
-    return name;
-}
-
 /** The window of that name; null if it has not been made yet. There must be a main window. */
 QWidget* find_window(const QString& name)
 {
@@ -107,19 +98,12 @@ QStringList present_pages()
     return main ? option_pages(main->options()) : QStringList();
 }
 
-/** The page that word @p i names, be it by its place in the list. */
-QString page(CommandCall& call, qsizetype i)
+/** The page that has that place in the list; empty if none has. */
+QString numbered_page(const QString& word)
 {
-    constexpr auto what = u"a page of the options or its number";
-    const QString name = call.text(i, what);
-    const QStringList pages = present_pages();
     bool is_number = false;
-    const int number = name.toInt(&is_number);
-    if (is_number && number >= 1 && number <= pages.size())
-        return pages[number - 1];
-    if (pages.contains(name))
-        return name;
-    throw call.expected(i, what);
+    const int number = word.toInt(&is_number);
+    return is_number && number >= 1 ? present_pages().value(number - 1) : QString();
 }
 
 /** The entry for the command, at or below @p parent; invalid if there is none. */
@@ -148,7 +132,7 @@ bool has_window(CommandCall& call)
 {
     if (Ostrel::instance())
         return true;
-    call.print(u"There is no window; \"%1\" was passed over.\n"_s.arg(call.text(0, u"a command")));
+    call.print(u"There is no window; \"%1\" was passed over.\n"_s.arg(call.words()[0].text));
     return false;
 }
 
@@ -174,11 +158,12 @@ QList<CommandFileFilter> journal_filters()
             {QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Python Scripts")), u".py"_s}};
 }
 
-CommandParameter window_parameter(const QStringList& choices)
+CommandParameter window_parameter(const QStringList& choices, const QString& default_value = {})
 {
     return {.name = u"WINDOW"_s,
             .kind = Kind::Choice,
             .label = QT_TRANSLATE_NOOP("CommandParameter", "Window"),
+            .default_value = default_value,
             .choices = choices};
 }
 
@@ -188,7 +173,14 @@ WindowCommands::WindowCommands(CommandRegistry& registry, const std::function<vo
                                const std::function<void(const QString&)>& report)
     : mRegistry(registry), mTurn(turn), mReport(report)
 {
-    registry.entities().offer(page_entity, owner, &present_pages);
+    // Without windows any page will do, since the command is passed over.
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()))
+        registry.entities().offer(page_entity, owner, &present_pages, &numbered_page);
+    const auto run = [this](auto function) {
+        return [this, function](CommandCall& call, const CommandArguments& arguments) {
+            (this->*function)(call, arguments);
+        };
+    };
     registry.add(
         {.name = u"show"_s,
          .summary = u"Shows a window, or a page of the options."_s,
@@ -198,12 +190,13 @@ WindowCommands::WindowCommands(CommandRegistry& registry, const std::function<vo
                  "plugins  the plugin tool\n"
                  "about    the version of the program"_s,
          .owner = owner,
-         .run = [this](CommandCall& call) { show_window(call); },
+         .perform = run(&WindowCommands::show_window),
          .forms = {{.clauses = {required_value(window_parameter(windows_to_show()))},
                     .title = QT_TRANSLATE_NOOP("CommandParameter", "A window")},
                    {.clauses = {{.keyword = u"options"_s,
                                  .parameters = {{.name = u"PAGE"_s,
                                                  .kind = Kind::Entity,
+                                                 .what = u"a page of the options"_s,
                                                  .label = QT_TRANSLATE_NOOP("CommandParameter", "Page"),
                                                  .entity = page_entity,
                                                  .by_number = true}}}},
@@ -212,7 +205,7 @@ WindowCommands::WindowCommands(CommandRegistry& registry, const std::function<vo
                   .summary = u"Closes a window other than the main window."_s,
                   .help = u"The names are those of \"show\". What is not saved in the options is dropped."_s,
                   .owner = owner,
-                  .run = [this](CommandCall& call) { hide_window(call); },
+                  .perform = run(&WindowCommands::hide_window),
                   .forms = {{.clauses = {required_value(window_parameter(windows_to_hide()))}}}});
     registry.add(
         {.name = u"edit"_s,
@@ -220,9 +213,10 @@ WindowCommands::WindowCommands(CommandRegistry& registry, const std::function<vo
          .help = u"A line that is too long for the console is folded there, and has a number in its mark.\n"
                  "The newest ten are kept."_s,
          .owner = owner,
-         .run = [this](CommandCall& call) { edit(call); },
+         .perform = run(&WindowCommands::edit),
          .forms = {{.clauses = {required_value({.name = u"FILE"_s,
                                                 .kind = Kind::InputFile,
+                                                .what = u"the name of a journal file"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal"),
                                                 .filters = &journal_filters,
                                                 .example = u"example.jou"_s})},
@@ -230,6 +224,7 @@ WindowCommands::WindowCommands(CommandRegistry& registry, const std::function<vo
                    {.clauses = {{.keyword = u"line"_s,
                                  .parameters = {{.name = u"NUMBER"_s,
                                                  .kind = Kind::WholeNumber,
+                                                 .what = u"the number of a folded line"_s,
                                                  .label = QT_TRANSLATE_NOOP("CommandParameter", "Number"),
                                                  .least = 1,
                                                  .most = std::numeric_limits<int>::max(),
@@ -239,9 +234,10 @@ WindowCommands::WindowCommands(CommandRegistry& registry, const std::function<vo
         {.name = u"form"_s,
          .summary = u"Shows a command in the command panel."_s,
          .owner = owner,
-         .run = [this](CommandCall& call) { show_form(call); },
+         .perform = run(&WindowCommands::show_form),
          .forms = {{.clauses = {required_value({.name = u"COMMAND"_s,
                                                 .kind = Kind::Entity,
+                                                .what = u"a command"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Command"),
                                                 .entity = u"command"_s,
                                                 .example = u"help"_s})}}}});
@@ -256,18 +252,20 @@ WindowCommands::WindowCommands(CommandRegistry& registry, const std::function<vo
              "With \"after\" it does not wait: the picture is taken so many seconds later, be it that\n"
              "another command is running or a dialog is open then."_s,
          .owner = owner,
-         .run = [this](CommandCall& call) { take_picture(call); },
+         .perform = run(&WindowCommands::take_picture),
          .forms = {{.clauses = {required_value({.name = u"FILE"_s,
                                                 .kind = Kind::OutputFile,
+                                                .what = u"the name of a picture file"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Picture"),
                                                 .filters = &picture_filters,
                                                 .example = u"window.png"_s}),
                                 {.keyword = u"of"_s,
-                                 .parameters = {window_parameter(windows_to_photograph())},
+                                 .parameters = {window_parameter(windows_to_photograph(), u"main"_s)},
                                  .optional = true},
                                 {.keyword = u"after"_s,
                                  .parameters = {{.name = u"SECONDS"_s,
                                                  .kind = Kind::Number,
+                                                 .what = u"a number of seconds"_s,
                                                  .label = QT_TRANSLATE_NOOP("CommandParameter", "Delay"),
                                                  .unit = u"s"_s,
                                                  .least = 0,
@@ -282,17 +280,12 @@ WindowCommands::~WindowCommands()
         mRegistry.remove(name);
 }
 
-void WindowCommands::show_window(CommandCall& call)
+void WindowCommands::show_window(CommandCall& call, const CommandArguments& arguments)
 {
-    const QString name = choice(call, 1, windows_to_show());
-    const bool with_page = name == "options"_L1 && call.has(2);
-    const QString chosen =
-        with_page && Ostrel::instance() ? page(call, 2) : call.optional(2).value_or(QString());
-    if (!with_page && call.has(2))
-        throw call.expected(2, u"the end of the command");
-    call.expect_end();
     if (!has_window(call))
         return;
+    const bool with_page = arguments.has("options"_L1);
+    const QString name = with_page ? u"options"_s : arguments.text("WINDOW"_L1);
     Ostrel* main = Ostrel::instance();
     if (name == "editor"_L1) {
         main->tools_menu()->show_journal_editor();
@@ -307,7 +300,7 @@ void WindowCommands::show_window(CommandCall& call)
             options->show();
         }
         if (with_page)
-            options->show_panel(chosen);
+            options->show_panel(arguments.text("options"_L1));
     } else {
         if (name == "about"_L1)
             main->help_menu()->get_help_about_dialog()->finish_populating_dialog();
@@ -317,24 +310,21 @@ void WindowCommands::show_window(CommandCall& call)
     wait_until_complete(call, find_window(name));
 }
 
-void WindowCommands::hide_window(CommandCall& call)
+void WindowCommands::hide_window(CommandCall& call, const CommandArguments& arguments)
 {
-    const QString name = choice(call, 1, windows_to_hide());
-    call.expect_end();
     if (!has_window(call))
         return;
-    if (QWidget* window = find_window(name); window && window->isVisible())
+    if (QWidget* window = find_window(arguments.text("WINDOW"_L1)); window && window->isVisible())
         window->close();
 }
 
-void WindowCommands::edit(CommandCall& call)
+void WindowCommands::edit(CommandCall& call, const CommandArguments& arguments)
 {
-    const QString name = call.text(1, u"the name of a journal file");
-    if (name == "line"_L1 && call.has(2)) {
-        edit_line(call);
+    if (arguments.has("line"_L1)) {
+        edit_line(call, arguments);
         return;
     }
-    call.expect_end();
+    const QString name = arguments.text("FILE"_L1);
     const QFileInfo file(name);
     if (!file.isFile() || !file.isReadable())
         throw call.error(1, u"cannot read \"%1\""_s.arg(name));
@@ -346,13 +336,11 @@ void WindowCommands::edit(CommandCall& call)
     wait_until_complete(call, main->journal_editor());
 }
 
-void WindowCommands::edit_line(CommandCall& call)
+void WindowCommands::edit_line(CommandCall& call, const CommandArguments& arguments)
 {
-    const std::optional<QString> line =
-        OutputRouter::instance().folded_line(call.integer(2, u"the number of a folded line", 1));
-    call.expect_end();
     if (!has_window(call))
         return;
+    const std::optional<QString> line = OutputRouter::instance().folded_line(arguments.integer("line"_L1));
     if (!line)
         throw call.error(2, u"there is no such line, or it is no longer kept"_s);
     Ostrel* main = Ostrel::instance();
@@ -361,14 +349,11 @@ void WindowCommands::edit_line(CommandCall& call)
     wait_until_complete(call, main->journal_editor());
 }
 
-void WindowCommands::show_form(CommandCall& call)
+void WindowCommands::show_form(CommandCall& call, const CommandArguments& arguments)
 {
-    const QString name = call.text(1, u"the name of a command");
-    call.expect_end();
-    if (!mRegistry.find(name))
-        throw mRegistry.not_found(name, call.column(1));
     if (!has_window(call))
         return;
+    const QString name = arguments.text("COMMAND"_L1);
     Ostrel* main = Ostrel::instance();
     const QModelIndex entry = find_entry(*main->navigation_model(), name);
     if (!entry.isValid())
@@ -381,36 +366,17 @@ void WindowCommands::show_form(CommandCall& call)
     panel->set_current_index(entry);
 }
 
-void WindowCommands::take_picture(CommandCall& call)
+void WindowCommands::take_picture(CommandCall& call, const CommandArguments& arguments)
 {
-    constexpr auto file_what = u"the name of a picture file";
-    const QString file = call.text(1, file_what);
-    if (file.isEmpty())
-        throw call.expected(1, file_what);
-    QString name = u"main"_s;
-    qsizetype i = 2;
-    if (call.has(i) && call.words()[i].text == "of"_L1) {
-        call.text(i, u"of");
-        name = choice(call, i + 1, windows_to_photograph());
-        i += 2;
-    }
-    const bool later = call.has(i);
-    double delay = 0;
-    if (later) {
-        constexpr auto what = u"a number of seconds from 0 to 3600";
-        if (call.text(i, u"of or after") != "after"_L1)
-            throw call.expected(i, u"of or after");
-        delay = call.number(i + 1, what);
-        if (delay < 0 || delay > longest_delay)
-            throw call.expected(i + 1, what);
-    }
-    call.expect_end();
     if (!has_window(call))
         return;
-    if (later) {
+    const QString file = arguments.text("FILE"_L1);
+    const QString name = arguments.text("of"_L1);
+    if (arguments.has("after"_L1)) {
+        const auto delay = std::chrono::milliseconds(qint64(arguments.number("after"_L1) * 1000));
         // The current directory may be another one then.
         const QString path = QFileInfo(file).absoluteFilePath();
-        QTimer::singleShot(std::chrono::milliseconds(qint64(delay * 1000)), Ostrel::instance(), [=, this] {
+        QTimer::singleShot(delay, Ostrel::instance(), [=, this] {
             QWidget* window = find_window(name);
             if (!window || !window->isVisible())
                 mReport(u"ERROR: picture: the window \"%1\" is not shown\n"_s.arg(name));

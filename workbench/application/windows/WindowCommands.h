@@ -8,6 +8,7 @@
 
 #include <functional>
 
+class CommandArguments;
 class CommandCall;
 class CommandRegistry;
 class QWidget;
@@ -34,12 +35,12 @@ public:
     ~WindowCommands() override;
 
 private:
-    void show_window(CommandCall& call);
-    void hide_window(CommandCall& call);
-    void edit(CommandCall& call);
-    void edit_line(CommandCall& call);
-    void show_form(CommandCall& call);
-    void take_picture(CommandCall& call);
+    void show_window(CommandCall& call, const CommandArguments& arguments);
+    void hide_window(CommandCall& call, const CommandArguments& arguments);
+    void edit(CommandCall& call, const CommandArguments& arguments);
+    void edit_line(CommandCall& call, const CommandArguments& arguments);
+    void show_form(CommandCall& call, const CommandArguments& arguments);
+    void take_picture(CommandCall& call, const CommandArguments& arguments);
     void wait_until_complete(const CommandCall& call, const QWidget* window) const;
 
     CommandRegistry& mRegistry;

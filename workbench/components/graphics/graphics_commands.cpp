@@ -4,6 +4,7 @@
 #include "workbench/components/graphics/graphics_commands.h"
 
 #include "workbench/components/graphics/GraphicsState.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
@@ -16,30 +17,32 @@ namespace {
 
 using Kind = CommandParameter::Kind;
 
-void view(CommandCall& call, GraphicsState& state)
+/** In the order of the choices. */
+constexpr std::array<std::pair<QLatin1StringView, Camera::View>, 7> views = {{
+    {"front"_L1, Camera::View::Front},
+    {"back"_L1, Camera::View::Back},
+    {"left"_L1, Camera::View::Left},
+    {"right"_L1, Camera::View::Right},
+    {"top"_L1, Camera::View::Top},
+    {"bottom"_L1, Camera::View::Bottom},
+    {"iso"_L1, Camera::View::Iso},
+}};
+
+QStringList sides()
 {
-    static const std::array<std::pair<QLatin1StringView, Camera::View>, 7> views = {{
-        {"front"_L1, Camera::View::Front},
-        {"back"_L1, Camera::View::Back},
-        {"left"_L1, Camera::View::Left},
-        {"right"_L1, Camera::View::Right},
-        {"top"_L1, Camera::View::Top},
-        {"bottom"_L1, Camera::View::Bottom},
-        {"iso"_L1, Camera::View::Iso},
-    }};
-    constexpr auto what = u"front, back, left, right, top, bottom or iso";
-    const QString name = call.text(1, what);
-    call.expect_end();
-    for (const auto& [known, direction] : views) {
-        if (name == known)
-            return state.set_view(direction);
-    }
-    throw call.expected(1, what);
+    QStringList names;
+    for (const auto& view : views)
+        names << view.first;
+    return names;
 }
 
-void fit(CommandCall& call, GraphicsState& state)
+void view(CommandCall&, const CommandArguments& arguments, GraphicsState& state)
 {
-    call.expect_end();
+    state.set_view(views[std::size_t(sides().indexOf(arguments.text("SIDE"_L1)))].second);
+}
+
+void fit(CommandCall&, const CommandArguments&, GraphicsState& state)
+{
     state.fit();
 }
 
@@ -48,9 +51,9 @@ QString on_off(bool on)
     return on ? u"on"_s : u"off"_s;
 }
 
-void display(CommandCall& call, GraphicsState& state)
+void display(CommandCall& call, const CommandArguments& arguments, GraphicsState& state)
 {
-    if (!call.has(1)) {
+    if (!arguments.has("WHAT"_L1)) {
         const DisplayOptions& display = state.display();
         call.print(u"shaded %1, wireframe %2, mesh %3, opengl %4%5\n"_s.arg(
             on_off(display.shaded), on_off(display.wireframe), on_off(display.mesh),
@@ -58,22 +61,14 @@ void display(CommandCall& call, GraphicsState& state)
             state.wants_opengl() && !state.has_opengl() ? u" (not in use)"_s : QString()));
         return;
     }
-    constexpr auto what = u"shaded, wireframe, mesh or opengl";
-    const QString name = call.text(1, what);
+    const QString name = arguments.text("WHAT"_L1);
     DisplayOptions display = state.display();
     bool opengl = state.wants_opengl();
-    bool* const option = name == "shaded"_L1      ? &display.shaded
-                         : name == "wireframe"_L1 ? &display.wireframe
-                         : name == "mesh"_L1      ? &display.mesh
-                         : name == "opengl"_L1    ? &opengl
-                                                  : nullptr;
-    if (!option)
-        throw call.expected(1, what);
-    const QString value = call.text(2, u"on or off");
-    if (value != "on"_L1 && value != "off"_L1)
-        throw call.expected(2, u"on or off");
-    call.expect_end();
-    *option = value == "on"_L1;
+    bool& option = name == "shaded"_L1      ? display.shaded
+                   : name == "wireframe"_L1 ? display.wireframe
+                   : name == "mesh"_L1      ? display.mesh
+                                            : opengl;
+    option = arguments.text("STATE"_L1) == "on"_L1;
     state.set_display(display);
     state.set_wants_opengl(opengl);
 }
@@ -83,8 +78,10 @@ void display(CommandCall& call, GraphicsState& state)
 bool register_graphics_commands(CommandRegistry& registry, GraphicsState& state)
 {
     const QString owner = u"graphics"_s;
-    const auto run = [&state](void (*function)(CommandCall&, GraphicsState&)) {
-        return [&state, function](CommandCall& call) { function(call, state); };
+    const auto run = [&state](void (*function)(CommandCall&, const CommandArguments&, GraphicsState&)) {
+        return [&state, function](CommandCall& call, const CommandArguments& arguments) {
+            function(call, arguments, state);
+        };
     };
     const Command commands[] = {
         {.name = u"view"_s,
@@ -92,17 +89,15 @@ bool register_graphics_commands(CommandRegistry& registry, GraphicsState& state)
          .help =
              u"Front looks along y, right against x, top against z; iso looks from the right, front and above."_s,
          .owner = owner,
-         .run = run(&view),
+         .perform = run(&view),
          .forms = {{.clauses = {required_value({.name = u"SIDE"_s,
                                                 .kind = Kind::Choice,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Side"),
-                                                .choices = {u"front"_s, u"back"_s, u"left"_s, u"right"_s,
-                                                            u"top"_s, u"bottom"_s, u"iso"_s}})}}}},
+                                                .choices = sides()})}}}},
         {.name = u"fit"_s,
          .summary = u"Shows all solids, from the same side."_s,
          .owner = owner,
-         .run = run(&fit),
-         .forms = {{}}},
+         .perform = run(&fit)},
         {.name = u"display"_s,
          .summary = u"Tells or sets what the graphics view shows."_s,
          .help = u"shaded     surfaces; without them all edges are seen, and some lines on what is curved\n"
@@ -110,7 +105,7 @@ bool register_graphics_commands(CommandRegistry& registry, GraphicsState& state)
                  "mesh       the mesh in place of the surfaces, where there is one\n"
                  "opengl     draw by OpenGL, where there is one; the pictures are the same"_s,
          .owner = owner,
-         .run = run(&display),
+         .perform = run(&display),
          .forms = {{.clauses = {{.parameters = {{.name = u"WHAT"_s,
                                                  .kind = Kind::Choice,
                                                  .label = QT_TRANSLATE_NOOP("CommandParameter", "What"),

@@ -26,7 +26,7 @@ InsertCommandDialog::InsertCommandDialog(const CommandRegistry& registry, QWidge
     mCommands.setHorizontalHeaderLabels({tr("Command"), tr("Summary")});
     for (const QString& name : registry.names()) {
         const std::shared_ptr<const Command> command = registry.find(name);
-        auto* usage = new QStandardItem(command->usage.isEmpty() ? name : command->usage);
+        auto* usage = new QStandardItem(command->usage());
         usage->setData(name, name_role);
         usage->setData(command->help, help_role);
         mCommands.appendRow({usage, new QStandardItem(command->summary)});

@@ -28,9 +28,8 @@ void insert_template(QPlainTextEdit* document, const QString& name, const QStrin
     const int start = cursor.position();
     cursor.setPosition(start);
     cursor.insertText(usage);
-    const QString head = name + u' ';
-    if (usage.startsWith(head))
-        cursor.setPosition(start + int(head.size()), QTextCursor::KeepAnchor);
+    if (usage != name)
+        cursor.setPosition(start + int(name.size()) + 1, QTextCursor::KeepAnchor);
     document->setTextCursor(cursor);
     document->setFocus();
 }

@@ -192,13 +192,11 @@ void fennar::load_component(ComponentContext& context)
          .summary = u"Offers the unsaved work that was kept for later."_s,
          .help = u"These are the journals and the model that were unsaved when a run of the program ended\n"
                  "unexpectedly."_s,
-         .run =
-             [recovery](CommandCall& call) {
-                 call.expect_end();
+         .perform =
+             [recovery](CommandCall& call, const CommandArguments&) {
                  if (!recovery || !recovery->offer())
                      call.print(u"There is nothing to recover.\n"_s);
              },
-         .forms = {{}},
          .changes_model = true});
     recovery->offer();
 }

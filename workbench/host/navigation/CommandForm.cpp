@@ -201,8 +201,7 @@ void CommandForm::start(const QString& line, const QString& usage)
     const CommandRegistry* registry = form_services().registry;
     const QString name = split(line).value(0);
     mRegistered = registry ? registry->find(name) : nullptr;
-    if (mRegistered && !mRegistered->forms.isEmpty())
-        mCommand = mRegistered;
+    mCommand = mRegistered;
     mWays->clear();
     if (mCommand) {
         for (const CommandSyntax& way : mCommand->forms)
@@ -216,8 +215,8 @@ void CommandForm::start(const QString& line, const QString& usage)
     mEdit->setVisible(mCommand != nullptr);
     set_line_read_only(mCommand != nullptr);
     set_text_or_hide(mUsage, mCommand ? QString() : usage);
-    mLine->setAccessibleDescription(mCommand ? mCommand->usage : usage);
-    mLine->setToolTip(mCommand ? mCommand->usage : QString());
+    mLine->setAccessibleDescription(mCommand ? mCommand->usage() : usage);
+    mLine->setToolTip(mCommand ? mCommand->usage() : QString());
     if (!mCommand)
         mLine->setText(first_line(line, usage));
     update_line();

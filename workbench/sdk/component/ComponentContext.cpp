@@ -168,12 +168,12 @@ void ComponentContext::add_commands(const std::function<bool(CommandRegistry& re
 }
 
 void ComponentContext::offer_entities(const QString& kind, const CommandEntities::Names& names,
-                                      const CommandEntities::Numbered& numbered)
+                                      const CommandEntities::Meaning& meaning)
 {
     CommandEntities& entities = Fennar::instance().registry().entities();
     const QString mark = QString::fromUtf8(make_mark(mName));
     on_end([&entities, mark] { entities.withdraw(mark); });
-    entities.offer(kind, mark, names, numbered);
+    entities.offer(kind, mark, names, meaning);
 }
 
 void ComponentContext::add_format(FileFormat format)

@@ -130,7 +130,7 @@ public:
     void add_commands(const std::function<bool(CommandRegistry& registry)>& add);
     /** Offers the names of a kind of entities; see CommandEntities::offer(). */
     void offer_entities(const QString& kind, const CommandEntities::Names& names,
-                        const CommandEntities::Numbered& numbered = {});
+                        const CommandEntities::Meaning& meaning = {});
 
     // --- Files.
 

@@ -6,6 +6,7 @@
 #include "files/OstrelFileMenu.h"
 #include "support/IdleDocuments.h"
 #include "workbench/sdk/component/ComponentContext.h"
+#include "workbench/sdk/core/commands/plain_command.h"
 
 using namespace Qt::StringLiterals;
 
@@ -28,5 +29,5 @@ void fennar::load_component(ComponentContext& context)
     context.set_open_save_handler(document);
     OstrelFileMenu::set_file_name(u"some.file"_s);
     context.add_command(
-        {.name = u"change"_s, .run = [&document](CommandCall&) { document.modified = true; }});
+        plain_command(u"change"_s, {}, [&document](CommandCall&) { document.modified = true; }));
 }

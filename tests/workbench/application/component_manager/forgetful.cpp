@@ -21,6 +21,7 @@
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/commands/plain_command.h"
 #include "workbench/sdk/core/files/FormatRegistry.h"
 #include "workbench/sdk/core/files/UnsavedWorks.h"
 
@@ -167,17 +168,17 @@ void fennar::load_component(ComponentContext& context)
     context.on_end([name] { take_away(name); });
 #endif
 #ifdef RECORD_UNLOAD_THROWS
-    context.add_command({.name = name + u"-told"_s, .run = [](CommandCall&) {}});
+    context.add_command(plain_command(name + u"-told"_s, {}, [](CommandCall&) {}));
     context.on_end([] { throw std::runtime_error("no way out"); });
 #endif
 #ifdef RECORD_THROWS
-    context.add_command({.name = name + u"-told"_s, .run = [](CommandCall&) {}});
+    context.add_command(plain_command(name + u"-told"_s, {}, [](CommandCall&) {}));
     context.add_menu_entry(u"Told"_s, u"told"_s, nullptr);
     context.add_format({u"TOLD"_s, {u"told"_s}, {}, {}, [](const Surface&) { return ""; }});
     throw RECORD_THROWS;
 #endif
-    registry.add({.name = name + u"-command"_s, .owner = name, .run = [](CommandCall&) {}});
-    registry.add({.name = name + u"-other"_s, .owner = u"nobody"_s, .run = [](CommandCall&) {}});
+    registry.add(plain_command(name + u"-command"_s, name, [](CommandCall&) {}));
+    registry.add(plain_command(name + u"-other"_s, u"nobody"_s, [](CommandCall&) {}));
     FormatRegistry::instance().add({u"LEFT"_s, {u"left"_s}, name, {}, [](const Surface&) { return ""; }});
     UnsavedWorks::instance().add({u"left"_s, name, [] { return std::nullopt; }, [] { return QString(); },
                                   [] { return QByteArrayList(); },

@@ -7,6 +7,7 @@
 #include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/commands/plain_command.h"
 
 #include <QCoreApplication>
 #include <QDialog>
@@ -56,7 +57,7 @@ void run_on(CommandCall& call)
 void fennar::load_component(ComponentContext& context)
 {
     const auto add = [&context](const QString& name, void (*run)(CommandCall&)) {
-        context.add_command({.name = name, .usage = name, .run = run});
+        context.add_command(plain_command(name, {}, run));
     };
     add(u"open-dialog"_s, &open_dialog);
     add(u"open-modal"_s, &open_modal);

@@ -10,9 +10,9 @@ using namespace Qt::StringLiterals;
 
 void fennar::load_component(ComponentContext& context)
 {
-    context.add_command(
-        {.name = context.name(),
-         .usage = context.name(),
-         .summary = u"Says so."_s,
-         .run = [name = context.name()](CommandCall& call) { call.print(name + u" ran\n"_s); }});
+    context.add_command({.name = context.name(),
+                         .summary = u"Says so."_s,
+                         .perform = [name = context.name()](CommandCall& call, const CommandArguments&) {
+                             call.print(name + u" ran\n"_s);
+                         }});
 }

@@ -25,6 +25,7 @@
 #include "workbench/sdk/component/describe_program.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/commands/plain_command.h"
 #include "workbench/sdk/core/files/FormatRegistry.h"
 #include "workbench/sdk/core/files/UnsavedWorks.h"
 
@@ -615,10 +616,10 @@ void TstComponentManager::running_command_keeps_its_component()
     mManager->load_all();
     QString refusal;
     QString other;
-    Fennar::instance().registry().add({u"busy"_s, u"busy"_s, {}, {}, u"plain"_s, [&](CommandCall&) {
-                                           refusal = mManager->unload(u"plain"_s);
-                                           other = mManager->unload(u"second"_s);
-                                       }});
+    Fennar::instance().registry().add(plain_command(u"busy"_s, u"plain"_s, [&](CommandCall&) {
+        refusal = mManager->unload(u"plain"_s);
+        other = mManager->unload(u"second"_s);
+    }));
     enter(u"busy"_s);
     QCOMPARE(refusal, u"a command of the component \"plain\" is running"_s);
     QCOMPARE(other, QString());
@@ -763,12 +764,12 @@ void TstComponentManager::start_waits_for_a_running_command()
     mManager->start([&] { done = true; });
     QStringList during;
     bool waited = false;
-    Fennar::instance().registry().add({u"busy"_s, u"busy"_s, {}, {}, u"test"_s, [&](CommandCall&) {
-                                           // More than the loading takes without the command.
-                                           take_turns(20);
-                                           waited = true;
-                                           during = tracker.calls;
-                                       }});
+    Fennar::instance().registry().add(plain_command(u"busy"_s, u"test"_s, [&](CommandCall&) {
+        // More than the loading takes without the command.
+        take_turns(20);
+        waited = true;
+        during = tracker.calls;
+    }));
     enter(u"busy"_s);
     Fennar::instance().registry().remove_owner(u"test"_s);
     QVERIFY(waited);
@@ -868,9 +869,10 @@ void TstComponentManager::commands_report_refusals_with_the_column()
     QCOMPARE(enter(u"components"_s), u"The component path is empty.\n"_s);
     QCOMPARE(enter(u"load none"_s),
              u"ERROR: load: column 6: there is no component \"none\" in the component path\n"_s);
-    QCOMPARE(enter(u"unload none"_s), u"ERROR: unload: column 8: there is no component \"none\"\n"_s);
+    QCOMPARE(enter(u"unload none"_s),
+             u"ERROR: unload: column 8: expected a component that is loaded, found \"none\"\n"_s);
     QVERIFY(
-        enter(u"load"_s).startsWith(u"ERROR: load: column 5: expected the name or file of a component"_s));
+        enter(u"load"_s).startsWith(u"ERROR: load: column 5: expected the name of a component or a file"_s));
     QVERIFY(enter(u"components all"_s).startsWith(u"ERROR: components: column 12: "_s));
     for (const QString& name : {u"components"_s, u"load"_s, u"unload"_s})
         Fennar::instance().registry().remove(name);

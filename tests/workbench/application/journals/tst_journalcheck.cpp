@@ -95,7 +95,7 @@ void TstJournalCheck::wrong_lines_are_told_and_marked()
     QTRY_COMPARE(marked(journal), QList<int>({2, 3}));
     QCOMPARE(journal->textCursor().blockNumber(), 1);
     QVERIFY(text().contains("ERROR: Untitled:2: sing: column 1: expected a command, found \"sing\""_L1));
-    QVERIFY(text().contains("ERROR: Untitled:3: set: column 5: expected NAME, found \"1x\""_L1));
+    QVERIFY(text().contains("ERROR: Untitled:3: set: column 5: expected a name, found \"1x\""_L1));
     QVERIFY(!text().contains("\na\n"_L1));
     QVERIFY(!journal->document()->isUndoAvailable());
 }

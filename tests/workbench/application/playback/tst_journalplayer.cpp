@@ -20,6 +20,7 @@
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/commands/plain_command.h"
 
 #include <QAction>
 #include <QDir>
@@ -119,13 +120,12 @@ private:
 void TstJournalPlayer::set_up_class()
 {
     CommandRegistry& registry = Fennar::instance().registry();
-    registry.add({u"step"_s, u"step N"_s, {}, {}, u"test"_s, [this](CommandCall& call) {
-                      mSteps << call.text(1, u"a word");
-                  }});
-    registry.add({u"act"_s, u"act"_s, {}, {}, u"test"_s, [this](CommandCall&) {
-                      if (mAct)
-                          mAct();
-                  }});
+    registry.add(plain_command(u"step"_s, u"test"_s,
+                               [this](CommandCall& call) { mSteps << call.words().value(1).text; }));
+    registry.add(plain_command(u"act"_s, u"test"_s, [this](CommandCall&) {
+        if (mAct)
+            mAct();
+    }));
 }
 
 void TstJournalPlayer::set_up()

@@ -11,6 +11,7 @@
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/commands/plain_command.h"
 
 #include <QAction>
 #include <QApplication>
@@ -160,13 +161,13 @@ private:
 void TstJournalPlayerStates::set_up_class()
 {
     CommandRegistry& registry = Fennar::instance().registry();
-    registry.add({u"count"_s, u"count N"_s, {}, {}, u"test"_s, [this](CommandCall& call) {
-                      mCounted << call.integer(1, u"a number");
-                  }});
-    registry.add({u"act"_s, u"act"_s, {}, {}, u"test"_s, [this](CommandCall&) {
-                      if (const auto act = std::exchange(mAct, nullptr))
-                          act();
-                  }});
+    registry.add(plain_command(u"count"_s, u"test"_s, [this](CommandCall& call) {
+        mCounted << call.words().value(1).text.toInt();
+    }));
+    registry.add(plain_command(u"act"_s, u"test"_s, [this](CommandCall&) {
+        if (const auto act = std::exchange(mAct, nullptr))
+            act();
+    }));
     mFile = mDirectory.filePath(u"a.jou"_s);
     editor()->setProperty("file", mFile);
     editor()->show();

@@ -118,8 +118,10 @@ void TstFinderRuns::command_with_arguments_opens_its_form()
 
 void TstFinderRuns::command_without_a_form_comes_to_the_prompt()
 {
-    Fennar::instance().registry().add(
-        {.name = u"zigzag"_s, .usage = u"zigzag NUMBER"_s, .owner = u"test"_s, .run = [](CommandCall&) {}});
+    Fennar::instance().registry().add({.name = u"zigzag"_s,
+                                       .owner = u"test"_s,
+                                       .perform = [](CommandCall&, const CommandArguments&) {},
+                                       .forms = {{.clauses = {required_value({.name = u"NUMBER"_s})}}}});
     const auto gone = qScopeGuard([] { Fennar::instance().registry().remove_owner(u"test"_s); });
     choose(u"zigzag"_s);
     QCOMPARE(text(), u"Fennar>zigzag "_s);

@@ -156,7 +156,9 @@ void TstGatherEntries::commands_have_their_titles_of_the_panel()
     model.appendRow(page);
     CommandRegistry registry;
     for (const QString& name : {u"ball"_s, u"cube"_s})
-        registry.add({.name = name, .usage = name, .summary = u"Makes one."_s, .run = [](CommandCall&) {}});
+        registry.add({.name = name,
+                      .summary = u"Makes one."_s,
+                      .perform = [](CommandCall&, const CommandArguments&) {}});
     QStringList used;
     const auto commands =
         gather_commands(registry, navigation_entries(model), [&used](const QString& name) { used << name; });
@@ -170,26 +172,23 @@ void TstGatherEntries::commands_have_their_titles_of_the_panel()
 
 void TstGatherEntries::commands_that_need_nothing_are_told_data()
 {
-    QTest::addColumn<QString>("usage");
     QTest::addColumn<QList<CommandSyntax>>("forms");
     QTest::addColumn<bool>("alone");
     const CommandClause needed = required_value({.name = u"X"_s});
     const CommandClause spare = optional_value({.name = u"X"_s});
-    const auto row = [](const char* name, const QString& usage, const QList<CommandSyntax>& forms,
-                        bool alone) { QTest::newRow(name) << usage << forms << alone; };
-    row("usage without arguments", u"c"_s, {}, true);
-    row("usage with arguments", u"c [X]"_s, {}, false);
-    row("empty form", {}, {{}}, true);
-    row("value that may be left out", {}, {{.clauses = {spare}}}, true);
-    row("value that is needed", {}, {{.clauses = {needed, spare}}}, false);
-    row("one form needs none", {}, {{.clauses = {needed}}, {.clauses = {spare}}}, true);
+    const auto row = [](const char* name, const QList<CommandSyntax>& forms, bool alone) {
+        QTest::newRow(name) << forms << alone;
+    };
+    row("empty form", {{}}, true);
+    row("value that may be left out", {{.clauses = {spare}}}, true);
+    row("value that is needed", {{.clauses = {needed, spare}}}, false);
+    row("one form needs none", {{.clauses = {needed}}, {.clauses = {spare}}}, true);
 }
 
 void TstGatherEntries::commands_that_need_nothing_are_told()
 {
-    QFETCH(const QString, usage);
     QFETCH(const QList<CommandSyntax>, forms);
-    QTEST(runs_without_arguments({.name = u"c"_s, .usage = usage, .forms = forms}), "alone");
+    QTEST(runs_without_arguments({.name = u"c"_s, .forms = forms}), "alone");
 }
 
 void TstGatherEntries::pages_are_listed_without_their_groups()

@@ -295,8 +295,11 @@ void TstColourScheme::boxes_to_be_ticked_are_seen_in_both_schemes()
 void TstColourScheme::wrong_words_are_named()
 {
     start();
-    QVERIFY(enter(u"scheme pink"_s).contains(u"ERROR: scheme: column 8: expected system, light or dark"_s));
-    QVERIFY(enter(u"scheme dark twice"_s).contains(u"ERROR: scheme: column 13: expected once"_s));
+    QVERIFY(enter(u"scheme once"_s).contains(u"ERROR: scheme: column 8: expected \"system\""_s));
+    QVERIFY(enter(u"scheme pink"_s)
+                .contains(u"ERROR: scheme: column 8: expected \"system\", \"light\", \"dark\" or the end"_s));
+    QVERIFY(
+        enter(u"scheme dark twice"_s).contains(u"ERROR: scheme: column 13: expected \"once\" or the end"_s));
     QVERIFY(enter(u"scheme dark once more"_s).contains(u"ERROR: scheme: column 18: expected the end"_s));
     QVERIFY(!is_dark(Ostrel::instance()->palette()));
 }

@@ -11,6 +11,7 @@
 #include "workbench/application/WorkbenchTest.h"
 #include "workbench/application/console/ConsoleOwner.h"
 #include "workbench/application/console/ErrorPage.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Fennar.h"
@@ -181,12 +182,14 @@ void TstFileDrops::center_opens_imports_and_edits()
     Importer importer(u"Steps (*.step *.stp);;All Files (*.*)"_s, done);
     QVERIFY(menu->add_import(&importer));
     CommandRegistry& registry = Fennar::instance().registry();
-    registry.add(
-        {.name = u"open"_s,
-         .summary = u"Opens."_s,
-         .owner = u"test"_s,
-         .run = [&](CommandCall& call) { done << u"open "_s + QFileInfo(call.text(1, "a file")).fileName(); },
-         .forms = {{.clauses = {required_value({.name = u"FILE"_s})}}}});
+    registry.add({.name = u"open"_s,
+                  .summary = u"Opens."_s,
+                  .owner = u"test"_s,
+                  .perform =
+                      [&](CommandCall&, const CommandArguments& arguments) {
+                          done << u"open "_s + QFileInfo(arguments.text("FILE"_L1)).fileName();
+                      },
+                  .forms = {{.clauses = {required_value({.name = u"FILE"_s})}}}});
     const auto back = qScopeGuard([&] {
         registry.remove(u"open"_s);
         menu->remove_component_items("test");

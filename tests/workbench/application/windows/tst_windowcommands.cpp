@@ -15,6 +15,7 @@
 #include "workbench/host/navigation/NavigationRoles.h"
 #include "workbench/host/ostrelfw/OutputRouter.h"
 #include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/commands/plain_command.h"
 #include "workbench/sdk/core/scene/Scene.h"
 
 #include <QDialog>
@@ -258,7 +259,7 @@ void TstWindowCommands::form_of_a_command_is_shown()
     }
     const QString unknown = enter(u"form hisory"_s);
     QVERIFY2(unknown.contains(u"did you mean \"history\"?"_s), qPrintable(unknown));
-    Fennar::instance().registry().add({.name = u"nowhere"_s, .run = [](CommandCall&) {}});
+    Fennar::instance().registry().add(plain_command(u"nowhere"_s, {}, [](CommandCall&) {}));
     const QString no_entry = enter(u"form nowhere"_s);
     QVERIFY2(no_entry.contains(u"ERROR: form: column 6: the command panel has no entry for \"nowhere\""_s),
              qPrintable(no_entry));
@@ -353,12 +354,12 @@ void TstWindowCommands::played_command_without_output_is_scrolled_to()
     const QScrollBar* bar = page()->verticalScrollBar();
     int height = 0;
     int distance = -1;
-    Fennar::instance().registry().add({.name = u"measure"_s, .run = [&](CommandCall&) {
-                                           // On a slow machine lines are gathered.
-                                           OutputRouter::instance().flush();
-                                           height = bar->maximum();
-                                           distance = bar->maximum() - bar->value();
-                                       }});
+    Fennar::instance().registry().add(plain_command(u"measure"_s, {}, [&](CommandCall&) {
+        // On a slow machine lines are gathered.
+        OutputRouter::instance().flush();
+        height = bar->maximum();
+        distance = bar->maximum() - bar->value();
+    }));
     enter(u"play \"%1\""_s.arg(write_temp(u"quiet.jou"_s, lines + "measure\n")));
     Fennar::instance().registry().remove(u"measure"_s);
     QVERIFY2(height > 50, qPrintable(QString::number(height)));
@@ -369,31 +370,35 @@ void TstWindowCommands::wrong_words_are_named_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("answer");
-    QTest::newRow("no window") << u"show"_s
-                               << u"show: column 5: expected main, editor, options, plugins or about"_s;
-    QTest::newRow("unknown window") << u"show help"_s << u"show: column 6: expected main, editor"_s;
+    QTest::newRow("no window")
+        << u"show"_s
+        << u"show: column 5: expected \"main\", \"editor\", \"options\", \"plugins\" or \"about\""_s;
+    QTest::newRow("unknown window") << u"show help"_s << u"show: column 6: expected \"main\", \"editor\""_s;
     QTest::newRow("unknown page") << u"show options Nothing"_s
-                                  << u"show: column 14: expected a page of the options or its number"_s;
+                                  << u"show: column 14: expected a page of the options or the end"_s;
     QTest::newRow("page 0") << u"show options 0"_s << u"show: column 14: expected a page"_s;
     QTest::newRow("page 99") << u"show options 99"_s << u"show: column 14: expected a page"_s;
     QTest::newRow("page of another window") << u"show editor 1"_s << u"show: column 13: expected the end"_s;
     QTest::newRow("word behind the page") << u"show options 1 2"_s << u"show: column 16: expected the end"_s;
-    QTest::newRow("main window stays") << u"hide main"_s << u"hide: column 6: expected editor"_s;
-    QTest::newRow("no file") << u"edit"_s << u"edit: column 5: expected the name of a journal file"_s;
-    QTest::newRow("no command") << u"form"_s << u"form: column 5: expected the name of a command"_s;
+    QTest::newRow("main window stays") << u"hide main"_s << u"hide: column 6: expected \"editor\""_s;
+    QTest::newRow("no file") << u"edit"_s
+                             << u"edit: column 5: expected the name of a journal file or \"line\""_s;
+    QTest::newRow("no command") << u"form"_s << u"form: column 5: expected a command"_s;
     QTest::newRow("no picture") << u"picture"_s
                                 << u"picture: column 8: expected the name of a picture file"_s;
     QTest::newRow("empty name") << u"picture ''"_s
                                 << u"picture: column 9: expected the name of a picture file"_s;
-    QTest::newRow("no word") << u"picture a.png editor"_s << u"picture: column 15: expected of or after"_s;
-    QTest::newRow("unknown picture") << u"picture a.png of help"_s << u"picture: column 18: expected main"_s;
+    QTest::newRow("no word") << u"picture a.png editor"_s
+                             << u"picture: column 15: expected \"of\", \"after\" or the end"_s;
+    QTest::newRow("unknown picture") << u"picture a.png of help"_s
+                                     << u"picture: column 18: expected \"main\""_s;
     QTest::newRow("no time") << u"picture a.png after"_s
                              << u"picture: column 20: expected a number of seconds"_s;
     QTest::newRow("past") << u"picture a.png after -1"_s
                           << u"picture: column 21: expected a number of seconds"_s;
     QTest::newRow("too late") << u"picture a.png after 3601"_s << u"picture: column 21: expected a number"_s;
-    QTest::newRow("wrong order") << u"picture a.png after 1 of main"_s
-                                 << u"picture: column 23: expected the end"_s;
+    QTest::newRow("twice") << u"picture a.png after 1 after 2"_s
+                           << u"picture: column 23: expected \"of\" or the end"_s;
     QTest::newRow("no place") << u"picture /no/such/a.png"_s
                               << u"picture: column 9: the picture cannot be written to"_s;
     QTest::newRow("no format") << u"picture /tmp/a.nothing"_s

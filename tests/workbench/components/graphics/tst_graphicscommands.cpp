@@ -89,12 +89,13 @@ void TstGraphicsCommands::wrong_words_change_nothing_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("error");
-    QTest::newRow("no view") << u"view"_s << u"front, back, left, right, top, bottom or iso"_s;
+    QTest::newRow("no view") << u"view"_s
+                             << u"\"front\", \"back\", \"left\", \"right\", \"top\", \"bottom\" or \"iso\""_s;
     QTest::newRow("unknown view") << u"view up"_s << u"found \"up\""_s;
     QTest::newRow("two views") << u"view top left"_s << u"found \"left\""_s;
     QTest::newRow("fit what") << u"fit a"_s << u"found \"a\""_s;
     QTest::newRow("display what") << u"display faces on"_s << u"found \"faces\""_s;
-    QTest::newRow("display how") << u"display mesh"_s << u"on or off"_s;
+    QTest::newRow("display how") << u"display mesh"_s << u"\"on\" or \"off\""_s;
     QTest::newRow("neither on nor off") << u"display mesh yes"_s << u"found \"yes\""_s;
     QTest::newRow("too much") << u"display mesh on off"_s << u"found \"off\""_s;
 }
@@ -117,7 +118,7 @@ void TstGraphicsCommands::every_command_is_explained()
     QCOMPARE(mSession->registry.names(), QStringList({u"display"_s, u"fit"_s, u"note"_s, u"view"_s}));
     for (const QString& name : {u"display"_s, u"fit"_s, u"view"_s}) {
         const auto command = mSession->registry.find(name);
-        QVERIFY(command->usage.startsWith(name));
+        QVERIFY(command->usage().startsWith(name));
         QVERIFY(command->summary.endsWith(u'.'));
         QCOMPARE(command->owner, u"graphics"_s);
     }

@@ -7,6 +7,7 @@
 #include "journal/JournalEditor.h"
 #include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/plain_command.h"
 
 #include <QAbstractButton>
 #include <QJsonArray>
@@ -39,7 +40,7 @@ QMessageBox* offer()
 /** The argument: "x", then the text's bytes in hexadecimal digits. */
 QString text_of(CommandCall& call)
 {
-    return QString::fromUtf8(QByteArray::fromHex(call.text(1, u"a text").sliced(1).toLatin1()));
+    return QString::fromUtf8(QByteArray::fromHex(call.words().value(1).text.sliced(1).toLatin1()));
 }
 
 void add_journal(CommandCall& call)
@@ -114,7 +115,7 @@ void report(CommandCall& call)
 void fennar::load_component(ComponentContext& context)
 {
     const auto add = [&context](const QString& name, void (*run)(CommandCall&)) {
-        context.add_command({.name = name, .usage = name, .run = run});
+        context.add_command(plain_command(name, {}, run));
     };
     add(u"journal-add"_s, &add_journal);
     add(u"journal-open"_s, &open_journal);

@@ -7,6 +7,7 @@
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/commands/Interrupt.h"
+#include "workbench/sdk/core/commands/plain_command.h"
 
 #include <QTest>
 
@@ -138,7 +139,7 @@ void TstFennarInterface::cancelling_a_paused_journal_ends_it()
         }
     });
     fennar.registry().add(
-        {u"halt"_s, {}, {}, {}, u"test"_s, [](CommandCall&) { FennarInterface::pause_playback(); }});
+        plain_command(u"halt"_s, u"test"_s, [](CommandCall&) { FennarInterface::pause_playback(); }));
     QCOMPARE(fennar.playback().play_lines({u"echo"_s, u"halt"_s, u"nix"_s}, u"a.jou"_s),
              Playback::Outcome::Interrupted);
     QCOMPARE(waits, 3);
@@ -153,7 +154,7 @@ void TstFennarInterface::stop_ends_a_journal_in_play()
     QString errors;
     fennar.interpreter().set_error_output([&errors](const QString& text) { errors += text; });
     fennar.registry().add(
-        {u"halt"_s, {}, {}, {}, u"test"_s, [](CommandCall&) { FennarInterface::stop_playback(); }});
+        plain_command(u"halt"_s, u"test"_s, [](CommandCall&) { FennarInterface::stop_playback(); }));
     QCOMPARE(fennar.playback().play_lines({u"halt"_s, u"nix"_s}, u"a.jou"_s), Playback::Outcome::Stopped);
     QCOMPARE(errors, u"Stopped: a.jou:1\n"_s);
 }

@@ -8,6 +8,7 @@
 #include "host/ostrelfw/ComponentTracker.h"
 #include "hostdouble/HostDouble.h"
 #include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/commands/plain_command.h"
 
 #include <QAction>
 #include <QDockWidget>
@@ -22,7 +23,7 @@ using fennar::OptionsPage;
 
 Command command(const QString& name)
 {
-    return {.name = name, .usage = name, .run = [](CommandCall&) {}};
+    return plain_command(name, {}, [](CommandCall&) {});
 }
 
 FileFormat format(const QString& name)

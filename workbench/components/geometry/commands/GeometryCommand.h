@@ -31,7 +31,7 @@ struct GeometryCommand
     QLatin1StringView summary;
     QLatin1StringView help = {};
     Perform perform = nullptr;
-    QList<CommandSyntax> forms = {};
+    QList<CommandSyntax> forms = {{}};
     bool changes_model = false;
     bool long_running = false;
 };

@@ -5,6 +5,7 @@
 
 #include "workbench/components/geometry/commands/run_model_command.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
@@ -20,6 +21,7 @@ CommandParameter model_file(CommandParameter::Kind kind)
     return {
         .name = u"FILE"_s,
         .kind = kind,
+        .what = u"the name of a file"_s,
         .label = QT_TRANSLATE_NOOP("CommandParameter", "Model"),
         .filters =
             [] {
@@ -29,42 +31,30 @@ CommandParameter model_file(CommandParameter::Kind kind)
         .example = u"part.mdl"_s};
 }
 
-QString whole_path(const QString& file)
+QString whole_path(const CommandArguments& arguments)
 {
-    return QDir::cleanPath(QDir::current().absoluteFilePath(file));
+    const QString file = arguments.text("FILE"_L1);
+    return file.isEmpty() ? file : QDir::cleanPath(QDir::current().absoluteFilePath(file));
 }
 
-QString read_file_name(CommandCall& call)
+void start_new(CommandCall&, const CommandArguments& arguments, const DocumentActions& actions)
 {
-    const QString file = call.text(1, u"the name of a file");
-    if (file.isEmpty())
-        throw call.expected(1, u"the name of a file");
-    call.expect_end();
-    return whole_path(file);
+    actions.start_new(arguments.has("discard"_L1));
 }
 
-void start_new(CommandCall& call, const DocumentActions& actions)
+void open(CommandCall& call, const CommandArguments& arguments, const DocumentActions& actions)
 {
-    const bool discard = call.has(1);
-    const QStringView what = u"\"discard\" or the end of the line";
-    if (discard && call.text(1, what) != "discard"_L1)
-        throw call.expected(1, what);
-    call.expect_end();
-    actions.start_new(discard);
-}
-
-void open(CommandCall& call, const DocumentActions& actions)
-{
-    const QString file = read_file_name(call);
+    const QString file = whole_path(arguments);
     // Before anybody is asked about unsaved changes.
     if (!QFileInfo::exists(file))
-        throw call.error(1, u"there is no file %1"_s.arg(CommandError::shown(file, 300)));
+        throw call.error(arguments.word("FILE"_L1),
+                         u"there is no file %1"_s.arg(CommandError::shown(file, 300)));
     actions.open(file);
 }
 
-void save(CommandCall& call, const DocumentActions& actions)
+void save(CommandCall&, const CommandArguments& arguments, const DocumentActions& actions)
 {
-    actions.save(call.has(1) ? read_file_name(call) : QString());
+    actions.save(whole_path(arguments));
 }
 
 } // namespace
@@ -74,8 +64,8 @@ bool register_document_commands(CommandRegistry& registry, GeometryModel& model,
 {
     const QString owner = u"geometry"_s;
     const auto with = [&](auto function) {
-        return [&model, actions, function](CommandCall& call) {
-            run_model_command(call, model, [&] { function(call, actions); });
+        return [&model, actions, function](CommandCall& call, const CommandArguments& arguments) {
+            run_model_command(call, model, [&] { function(call, arguments, actions); });
         };
     };
     const Command commands[] = {
@@ -86,7 +76,7 @@ bool register_document_commands(CommandRegistry& registry, GeometryModel& model,
              u"unless\n"
              "\"discard\" drops them, and the console is emptied."_s,
          .owner = owner,
-         .run = with(&start_new),
+         .perform = with(&start_new),
          .forms = {{.clauses = {{.keyword = u"discard"_s,
                                  .optional = true,
                                  .label = QT_TRANSLATE_NOOP("CommandParameter", "Drop unsaved changes")}}}},
@@ -97,7 +87,7 @@ bool register_document_commands(CommandRegistry& registry, GeometryModel& model,
                  u"comes\n"
                  "first. Quote a name with blanks. A relative name is looked up in the current directory."_s,
          .owner = owner,
-         .run = with(&open),
+         .perform = with(&open),
          .forms = {{.clauses = {required_value(model_file(CommandParameter::Kind::InputFile))}}},
          .changes_model = true},
         {.name = u"save"_s,
@@ -106,7 +96,7 @@ bool register_document_commands(CommandRegistry& registry, GeometryModel& model,
                  u"already\n"
                  "is replaced. The name is taken as it is, without an ending of its own."_s,
          .owner = owner,
-         .run = with(&save),
+         .perform = with(&save),
          .forms = {{.clauses = {optional_value(model_file(CommandParameter::Kind::OutputFile))}}}},
     };
     QStringList added;

@@ -3,12 +3,13 @@
 
 #include "workbench/components/geometry/commands/file_commands.h"
 
-#include "workbench/components/geometry/commands/GeometryWords.h"
+#include "workbench/components/geometry/commands/GeometryCommand.h"
 #include "workbench/components/geometry/commands/LongWork.h"
 #include "workbench/components/geometry/commands/geometry_parameters.h"
 #include "workbench/components/geometry/commands/run_model_command.h"
 #include "workbench/components/geometry/exchange/FileExchange.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/files/FormatRegistry.h"
@@ -41,17 +42,19 @@ QStringList format_names(Direction direction)
     return names;
 }
 
-QString names_of_formats(Direction direction)
-{
-    return format_names(direction).join(u", "_s);
-}
-
 QList<CommandFileFilter> file_filters(Direction direction)
 {
     QList<CommandFileFilter> filters;
     for (const Format& format : formats_for(direction))
         filters.append({format.name, u'.' + format.endings.value(0)});
     return filters;
+}
+
+/** The name of a format in whatever letters; empty if there is no such format. */
+QString format_name(const QString& word)
+{
+    const std::optional<Format> format = find_format(word);
+    return format ? format->name : QString();
 }
 
 QString format_entity(Direction direction)
@@ -65,12 +68,14 @@ QList<CommandClause> file_clauses(Direction direction)
     return {required_value({.name = u"FILE"_s,
                             .kind = direction == Direction::Import ? CommandParameter::Kind::InputFile
                                                                    : CommandParameter::Kind::OutputFile,
+                            .what = u"the name of a file"_s,
                             .label = QT_TRANSLATE_NOOP("CommandParameter", "File"),
                             .filters = [direction] { return file_filters(direction); },
                             .example = u"part.stl"_s}),
             {.keyword = u"as"_s,
              .parameters = {{.name = u"FORMAT"_s,
                              .kind = CommandParameter::Kind::Entity,
+                             .what = u"a format"_s,
                              .label = QT_TRANSLATE_NOOP("CommandParameter", "Format"),
                              .tip = QT_TRANSLATE_NOOP(
                                  "CommandParameter",
@@ -80,23 +85,17 @@ QList<CommandClause> file_clauses(Direction direction)
              .optional = true}};
 }
 
-/** Reads "as FORMAT", or goes by the ending of the file. */
-Format read_format(CommandCall& call, GeometryWords& words, const QString& file, Direction direction)
+/** What "as" tells, or the ending of the file. */
+Format read_format(const CommandCall& call, const CommandArguments& arguments, Direction direction)
 {
-    qsizetype word = 1;
-    std::optional<Format> format;
-    if (words.take("as"_L1)) {
-        word = words.next();
-        format = find_format(words.text(u"a format"));
-        if (!format)
-            throw call.expected(word, u"a format (%1)"_s.arg(names_of_formats(direction)));
-    } else {
-        format = format_of_file(file);
-        if (!format)
-            throw call.error(word,
-                             u"the ending of the file tells no format; say which one with \"as\" (%1)"_s.arg(
-                                 names_of_formats(direction)));
-    }
+    const bool told = arguments.has("as"_L1);
+    const std::optional<Format> format =
+        told ? find_format(arguments.text("as"_L1)) : format_of_file(arguments.text("FILE"_L1));
+    const qsizetype word = arguments.word(told ? "as"_L1 : "FILE"_L1);
+    if (!format)
+        throw call.error(word,
+                         u"the ending of the file tells no format; say which one with \"as\" (%1)"_s.arg(
+                             format_names(direction).join(u", "_s)));
     if (!(direction == Direction::Import ? format->reads : format->writes))
         throw call.error(word, direction == Direction::Import
                                    ? u"files of the format %1 cannot be read"_s.arg(format->name)
@@ -104,18 +103,9 @@ Format read_format(CommandCall& call, GeometryWords& words, const QString& file,
     return *format;
 }
 
-void need_end(const GeometryWords& words, QAnyStringView what = u"the end of the line")
+QString absolute_path(const CommandArguments& arguments)
 {
-    if (!words.at_end())
-        throw words.expected(what);
-}
-
-QString read_file_name(GeometryWords& words)
-{
-    const QString file = words.text(u"the name of a file");
-    if (file.isEmpty() || file.contains(QChar(0)))
-        throw words.expected_last(u"the name of a file");
-    return QFileInfo(file).absoluteFilePath();
+    return QFileInfo(arguments.text("FILE"_L1)).absoluteFilePath();
 }
 
 QString described(const GeometryModel& model, const FileExchange::Imported& imported)
@@ -146,16 +136,15 @@ struct Context
     ImportListener imported;
 };
 
-void import_file(CommandCall& call, GeometryWords& words, Context& context)
+void import_file(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    const QString file = read_file_name(words);
+    const QString file = absolute_path(arguments);
     bool done = false;
     const auto tell = qScopeGuard([&] {
         if (context.imported)
             context.imported(file, done);
     });
-    const Format format = read_format(call, words, file, Direction::Import);
-    need_end(words);
+    const Format format = read_format(call, arguments, Direction::Import);
     std::optional<FileExchange::Imported> imported;
     {
         LongWork work(call, context.services, "Import");
@@ -167,27 +156,39 @@ void import_file(CommandCall& call, GeometryWords& words, Context& context)
     done = true;
 }
 
-void export_file(CommandCall& call, GeometryWords& words, Context& context)
+/** What goes into a file of the format. */
+FileExchange::Source source_of(const CommandCall& call, const CommandArguments& arguments,
+                               const Format& format, const GeometryModel& model)
 {
-    const QString file = read_file_name(words);
-    const Format format = read_format(call, words, file, Direction::Export);
+    const bool named = arguments.has("SOLID"_L1);
+    const bool sized = arguments.has("size"_L1);
     FileExchange::Source source;
-    source.mesh = format.content == Format::Content::Mesh;
-    if (source.mesh) {
-        words.take("mesh"_L1);
-        need_end(words, u"the end of the line (%1 files hold the last mesh)"_s.arg(format.name));
-    } else {
-        const bool surface = format.content == Format::Content::Surface;
-        if (surface && words.take("mesh"_L1))
-            source.mesh = true;
-        else if (!words.at_keyword() || words.is("all"_L1))
-            source.solids = words.solids();
-        else // what an imported surface is for
-            source.mesh = surface && context.model.ids().isEmpty() && context.model.mesh();
-        if (surface && !source.mesh && words.take("size"_L1))
-            source.size = words.length(u"a size of the triangles");
-        need_end(words);
+    source.mesh = arguments.has("mesh"_L1);
+    if (format.content == Format::Content::Mesh) {
+        if (named || sized)
+            throw call.expected(named ? arguments.word("SOLID"_L1) : arguments.word("size"_L1) - 1,
+                                u"the end of the line (%1 files hold the last mesh)"_s.arg(format.name));
+        source.mesh = true;
+    } else if (format.content == Format::Content::Solids && (source.mesh || sized)) {
+        throw call.expected(source.mesh ? arguments.word("mesh"_L1) : arguments.word("size"_L1) - 1,
+                            u"the end of the line (%1 files hold solids)"_s.arg(format.name));
     }
+    if (source.mesh)
+        return source;
+    if (named)
+        source.solids = solids(call, arguments, model);
+    else if (format.content == Format::Content::Surface) // what an imported surface is for
+        source.mesh = model.ids().isEmpty() && model.mesh();
+    if (sized)
+        source.size = arguments.number("size"_L1);
+    return source;
+}
+
+void export_file(CommandCall& call, const CommandArguments& arguments, Context& context)
+{
+    const QString file = absolute_path(arguments);
+    const Format format = read_format(call, arguments, Direction::Export);
+    const FileExchange::Source source = source_of(call, arguments, format, context.model);
     bool done = false;
     {
         LongWork work(call, context.services, "Export");
@@ -198,14 +199,6 @@ void export_file(CommandCall& call, GeometryWords& words, Context& context)
     const std::shared_ptr<const Mesh> mesh = context.model.mesh();
     if (source.mesh && mesh->file.isEmpty() && mesh->revision != context.model.revision())
         call.print(u"The model has changed since the mesh was made.\n"_s);
-}
-
-using Run = void (*)(CommandCall& call, GeometryWords& words, Context& context);
-
-void run(CommandCall& call, Context& context, Run function)
-{
-    GeometryWords words(call, context.model);
-    run_model_command(call, context.model, [&] { function(call, words, context); });
 }
 
 QString with_format(const QString& words, const QString& file, const QString& format)
@@ -228,8 +221,10 @@ bool register_file_commands(CommandRegistry& registry, GeometryModel& model, Fil
                             const ApplicationServices& services, const ImportListener& imported)
 {
     const auto context = std::make_shared<Context>(Context{model, exchange, services, imported});
-    const auto run_with = [&context](Run function) {
-        return [context, function](CommandCall& call) { run(call, *context, function); };
+    const auto with = [&context](auto function) {
+        return [context, function](CommandCall& call, const CommandArguments& arguments) {
+            run_model_command(call, context->model, [&] { function(call, arguments, *context); });
+        };
     };
     const QString owner = u"geometry"_s;
     const Command commands[] = {
@@ -241,7 +236,7 @@ bool register_file_commands(CommandRegistry& registry, GeometryModel& model, Fil
              "components\n"
              "bring, hold a mesh, which takes the place of the last one. Lengths become millimetres."_s,
          .owner = owner,
-         .run = run_with(import_file),
+         .perform = with(&import_file),
          .forms = {{.clauses = file_clauses(Direction::Import)}},
          .changes_model = true,
          .long_running = true},
@@ -256,7 +251,7 @@ bool register_file_commands(CommandRegistry& registry, GeometryModel& model, Fil
              "\"mesh\"\n"
              "that of the last mesh. A file that exists is replaced."_s,
          .owner = owner,
-         .run = run_with(export_file),
+         .perform = with(&export_file),
          .forms = {{.clauses = file_clauses(Direction::Export) +
                                QList{optional_value(solids_parameter()),
                                      CommandClause{
@@ -274,8 +269,9 @@ bool register_file_commands(CommandRegistry& registry, GeometryModel& model, Fil
     // The formats are there longer than these commands: the connection goes with the offers.
     const auto watcher = std::make_shared<QObject>();
     for (const Direction direction : {Direction::Import, Direction::Export}) {
-        entities.offer(format_entity(direction), owner,
-                       [direction, watcher] { return format_names(direction); });
+        entities.offer(
+            format_entity(direction), owner, [direction, watcher] { return format_names(direction); },
+            &format_name);
         QObject::connect(&FormatRegistry::instance(), &FormatRegistry::changed, watcher.get(),
                          [&entities, direction] { entities.tell_changed(format_entity(direction)); });
     }

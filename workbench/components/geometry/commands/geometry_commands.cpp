@@ -11,6 +11,7 @@
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/numbers.h"
 
 #include <cmath>
 
@@ -379,8 +380,9 @@ bool register_geometry_commands(CommandRegistry& registry, GeometryModel& model,
                 names << model.solid(id)->name;
             return names;
         },
-        [&model](qint64 id) {
-            const auto solid = id == int(id) ? model.solid(int(id)) : std::nullopt;
+        [&model](const QString& word) {
+            const std::optional<qint64> id = parse_integer(word);
+            const auto solid = id && *id == int(*id) ? model.solid(int(*id)) : std::nullopt;
             return solid ? solid->name : QString();
         });
     QObject::connect(&model, &GeometryModel::solid_changed, &entities,

@@ -3,7 +3,6 @@
 
 #include "workbench/components/geometry/commands/geometry_parameters.h"
 
-#include "workbench/components/geometry/commands/GeometryWords.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 
 using namespace Qt::StringLiterals;
@@ -33,6 +32,13 @@ QList<CommandParameter> coordinates(const QString& what, const QString& unit, co
 
 } // namespace
 
+const QStringList& solid_keywords()
+{
+    static const QStringList words{u"about"_s, u"all"_s,  u"along"_s, u"as"_s,   u"at"_s,     u"by"_s,
+                                   u"from"_s,  u"mesh"_s, u"name"_s,  u"size"_s, u"verbose"_s};
+    return words;
+}
+
 QString solid_entity()
 {
     return u"solid"_s;
@@ -59,7 +65,7 @@ CommandParameter solid_parameter(const char* label, const QString& name)
             .label = label,
             .entity = solid_entity(),
             .by_number = true,
-            .reserved = GeometryWords::keywords()};
+            .reserved = solid_keywords()};
 }
 
 CommandParameter solids_parameter(int at_least)
@@ -98,7 +104,7 @@ CommandParameter new_name_parameter()
             .what = u"a name"_s,
             .label = QT_TRANSLATE_NOOP("CommandParameter", "New name"),
             .entity = solid_entity(),
-            .reserved = GeometryWords::keywords(),
+            .reserved = solid_keywords(),
             .example = u"fresh"_s};
 }
 

@@ -7,6 +7,8 @@
 
 // What the commands of the component take.
 
+/** Words that cannot name solids, since commands give them a meaning. */
+const QStringList& solid_keywords();
 /** The kind of entities that solids are. */
 QString solid_entity();
 

@@ -130,8 +130,7 @@ QList<GeometryCommand> mesh_commands()
          .long_running = true},
         {.name = "statistics"_L1,
          .summary = "Counts the nodes and elements of the mesh."_L1,
-         .perform = statistics,
-         .forms = {{}}},
+         .perform = statistics},
         {.name = "quality"_L1,
          .summary = "Measures the volume elements of the mesh."_L1,
          .help =

@@ -3,7 +3,7 @@
 
 #include "workbench/components/geometry/exchange/FileExchange.h"
 
-#include "workbench/components/geometry/commands/GeometryWords.h"
+#include "workbench/components/geometry/commands/geometry_parameters.h"
 #include "workbench/components/geometry/exchange/surface_bytes.h"
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
@@ -172,7 +172,7 @@ QString solid_name(const QString& file)
     }
     while (!name.isEmpty() && (!GeometryModel::is_name(name) || name.front() == u'_'))
         name.remove(0, 1);
-    return name.isEmpty() || GeometryWords::is_keyword(name) ? u"solid"_s : name;
+    return name.isEmpty() || solid_keywords().contains(name) ? u"solid"_s : name;
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 #include "workbench/sdk/core/commands/CommandEntities.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/FormReader.h"
-#include "workbench/sdk/core/commands/nearest_name.h"
 #include "workbench/sdk/core/commands/numbers.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
@@ -58,12 +57,24 @@ QString what_of(const CommandParameter& parameter, bool another = false)
     }
 }
 
+/** What is wrong with a word. */
+struct Fault
+{
+    /** Words count from 0 behind the command's name. */
+    qsizetype word;
+    /** All that could stand there, for "expected ..."; none if the message says it. */
+    QStringList expected;
+    /** More behind what was found. */
+    QString remedy;
+    QString message;
+};
+
 /** Checks the words of one form. */
 class Checker
 {
 public:
     Checker(const CommandWords& words, const CommandSyntax& form, const CommandEntities* entities)
-        : mWords(words), mForm(form), mEntities(entities)
+        : mForm(form), mEntities(entities)
     {
         for (qsizetype i = 1; i < words.words.size(); ++i)
             mTexts << words.words[i].text;
@@ -71,50 +82,29 @@ public:
     }
 
     /** What is wrong first; nothing if all is well. */
-    std::optional<CommandError> error()
+    std::optional<Fault> fault()
     {
         for (qsizetype i = 0; i < mForm.clauses.size(); ++i) {
             if (mReading.clauses[i])
                 check_clause(mForm.clauses[i], *mReading.clauses[i]);
         }
-        if (!mError && (mReading.next < mTexts.size() || !mReading.may_end))
-            tell(mReading.next, unexpected());
-        return mError;
+        if (!mFault && (mReading.next < mTexts.size() || !mReading.may_end))
+            tell(unexpected());
+        return mFault;
     }
-    /** The word that is wrong first; see FormReading. */
-    qsizetype wrong() const { return mWrong; }
     const FormReading& reading() const { return mReading; }
     /** The value of a word, which is right. */
     QString value(qsizetype word) const { return mNamed.value(word, mTexts[word]); }
 
 private:
-    qsizetype column(qsizetype word) const
-    {
-        return word < mTexts.size() ? mWords.words[word + 1].column : mWords.end_column;
-    }
-    QString found(qsizetype word) const
-    {
-        return word < mTexts.size() ? CommandError::shown(mTexts[word]) : end_of_line;
-    }
-    CommandError expected(qsizetype word, const QString& what, const QString& hint = {}) const
-    {
-        return CommandError::expected(what, found(word) + hint, column(word));
-    }
-    CommandError message(qsizetype word, const QString& text) const
-    {
-        return CommandError(text, column(word));
-    }
-
     /** The words of a line are not checked in their order. */
-    void tell(qsizetype word, const CommandError& error)
+    void tell(const Fault& fault)
     {
-        if (mError && mWrong <= word)
-            return;
-        mError = error;
-        mWrong = word;
+        if (!mFault || fault.word < mFault->word)
+            mFault = fault;
     }
 
-    CommandError unexpected() const
+    Fault unexpected() const
     {
         QStringList choices;
         for (const CommandParameter* parameter : mReading.parameters) {
@@ -126,7 +116,7 @@ private:
         choices << quoted(mReading.keywords);
         if (mReading.may_end)
             choices << end_of_line;
-        return expected(mReading.next, either(choices));
+        return {mReading.next, choices, {}, {}};
     }
 
     void check_clause(const CommandClause& clause, const FormReading::Clause& values)
@@ -135,21 +125,20 @@ private:
         for (qsizetype i = 0; i < values.size(); ++i) {
             const CommandParameter& parameter = clause.parameters[i];
             for (const qsizetype word : values[i]) {
-                if (auto error = check(parameter, word, values[i]))
-                    tell(word, *error);
+                if (const auto fault = check(parameter, word, values[i]))
+                    tell(*fault);
                 zero = zero && parse_number(mTexts[word]).value_or(1) == 0;
             }
         }
         if (zero && values.size() == clause.parameters.size() && !values.first().isEmpty())
-            tell(values.first().first(), message(values.first().first(), u"a direction must not be 0 0 0"_s));
+            tell({values.first().first(), {}, {}, u"a direction must not be 0 0 0"_s});
     }
 
-    std::optional<CommandError> check(const CommandParameter& parameter, qsizetype word,
-                                      const QList<qsizetype>& all)
+    std::optional<Fault> check(const CommandParameter& parameter, qsizetype word, const QList<qsizetype>& all)
     {
         const QString& text = mTexts[word];
         const auto wrong_unless = [&](bool right) {
-            return right ? std::nullopt : std::optional(expected(word, what_of(parameter)));
+            return right ? std::nullopt : std::optional(Fault{word, {what_of(parameter)}, {}, {}});
         };
         switch (parameter.kind) {
         case Kind::Number: {
@@ -179,51 +168,77 @@ private:
         return std::nullopt;
     }
 
-    std::optional<CommandError> check_new_name(const CommandParameter& parameter, qsizetype word) const
+    std::optional<Fault> check_new_name(const CommandParameter& parameter, qsizetype word) const
     {
         const QString& text = mTexts[word];
         if (!CommandRegistry::is_name(text) || parameter.reserved.contains(text))
-            return expected(word, what_of(parameter));
+            return Fault{word, {what_of(parameter)}, {}, {}};
         if (mEntities && mEntities->names(parameter.entity).contains(text))
-            return message(word, u"there is a %1 \"%2\" already"_s.arg(parameter.entity, text));
+            return Fault{word, {}, {}, u"there is a %1 \"%2\" already"_s.arg(parameter.entity, text)};
         return std::nullopt;
     }
 
-    std::optional<CommandError> check_entity(const CommandParameter& parameter, qsizetype word,
-                                             const QList<qsizetype>& all)
+    std::optional<Fault> check_entity(const CommandParameter& parameter, qsizetype word,
+                                      const QList<qsizetype>& all)
     {
         QString text = mTexts[word];
         if (all.size() == 1 && parameter.choices.contains(text))
             return std::nullopt;
-        const QStringList names = mEntities ? mEntities->names(parameter.entity) : QStringList();
-        if (mEntities && !names.contains(text)) {
-            const std::optional<qint64> number = parameter.by_number ? parse_integer(text) : std::nullopt;
-            const QString named = number ? mEntities->numbered(parameter.entity, *number) : QString();
-            if (named.isEmpty()) {
-                const QString nearest = nearest_name(text, names);
-                return expected(word, what_of(parameter),
-                                nearest.isEmpty() ? QString() : u"; did you mean \"%1\"?"_s.arg(nearest));
+        if (mEntities && mEntities->has(parameter.entity)) {
+            const QString name = mEntities->find(parameter.entity, text);
+            if (name.isEmpty()) {
+                const QString remedy = mEntities->remedy(parameter.entity, text);
+                return Fault{word, {what_of(parameter)}, remedy.isEmpty() ? remedy : u"; "_s + remedy, {}};
             }
-            mNamed.insert(word, named);
-            text = named;
+            mNamed.insert(word, name);
+            text = name;
         }
         for (const qsizetype other : all) {
             if (parameter.distinct && other < word && value(other) == text)
-                return message(word, u"\"%1\" was named already"_s.arg(text));
+                return Fault{word, {}, {}, u"\"%1\" was named already"_s.arg(text)};
         }
         return std::nullopt;
     }
 
-    const CommandWords& mWords;
     const CommandSyntax& mForm;
     const CommandEntities* const mEntities;
     QStringList mTexts;
     FormReading mReading;
-    /** The names of entities that were given by number. */
+    /** The names of entities, which may be given by number. */
     QHash<qsizetype, QString> mNamed;
-    std::optional<CommandError> mError;
-    qsizetype mWrong = 0;
+    std::optional<Fault> mFault;
 };
+
+/** Puts what is wrong with another way to write the command to what is wrong with the ways before. */
+void merge(std::optional<Fault>& all, const Fault& other)
+{
+    // Of several ways the one was meant that is right for longest.
+    if (!all || other.word > all->word) {
+        all = other;
+        return;
+    }
+    if (other.word < all->word || all->expected.isEmpty() || other.expected.isEmpty())
+        return;
+    const bool may_end = all->expected.removeOne(end_of_line);
+    for (const QString& what : other.expected) {
+        if (!all->expected.contains(what) && what != end_of_line)
+            all->expected << what;
+    }
+    if (may_end || other.expected.contains(end_of_line))
+        all->expected << end_of_line;
+    if (all->remedy.isEmpty())
+        all->remedy = other.remedy;
+}
+
+CommandError error(const Fault& fault, const CommandWords& words)
+{
+    const bool at_end = fault.word + 1 >= words.words.size();
+    const qsizetype column = at_end ? words.end_column : words.words[fault.word + 1].column;
+    if (fault.expected.isEmpty())
+        return CommandError(fault.message, column);
+    const QString found = at_end ? end_of_line : CommandError::shown(words.words[fault.word + 1].text);
+    return CommandError::expected(either(fault.expected), found + fault.remedy, column);
+}
 
 } // namespace
 
@@ -232,17 +247,11 @@ CommandArguments::CommandArguments(const CommandWords& words, const QList<Comman
     : mForms(&forms), mCount(words.words.size())
 {
     Q_ASSERT(!forms.isEmpty());
-    std::optional<CommandError> error;
-    qsizetype farthest = -1;
+    std::optional<Fault> all;
     for (qsizetype i = 0; i < forms.size(); ++i) {
         Checker checker(words, forms[i], entities);
-        const std::optional<CommandError> wrong = checker.error();
-        if (wrong) {
-            // Of several ways to write it the one was meant that is right for longest.
-            if (checker.wrong() > farthest) {
-                farthest = checker.wrong();
-                error = wrong;
-            }
+        if (const std::optional<Fault> fault = checker.fault()) {
+            merge(all, *fault);
             continue;
         }
         mForm = i;
@@ -259,11 +268,11 @@ CommandArguments::CommandArguments(const CommandWords& words, const QList<Comman
                 clause << values;
             }
             mValues << clause;
-            mGiven << read.has_value();
+            mStarts << (read ? checker.reading().starts[j] + 1 : 0);
         }
         return;
     }
-    throw *error;
+    throw error(*all, words);
 }
 
 CommandArguments::Place CommandArguments::place(QLatin1StringView key) const
@@ -308,7 +317,7 @@ QList<CommandArguments::Value> CommandArguments::values(QLatin1StringView key) c
 bool CommandArguments::has(QLatin1StringView key) const
 {
     const Place found = place(key);
-    return found.clause >= 0 && mGiven[found.clause];
+    return found.clause >= 0 && mStarts[found.clause] > 0;
 }
 
 double CommandArguments::number(QLatin1StringView key, qsizetype i) const
@@ -336,6 +345,8 @@ QStringList CommandArguments::texts(QLatin1StringView key) const
 
 qsizetype CommandArguments::word(QLatin1StringView key, qsizetype i) const
 {
-    const qsizetype word = values(key).value(i).word;
+    const Place found = place(key);
+    const bool keyword_only = found.clause >= 0 && mValues[found.clause].isEmpty();
+    const qsizetype word = keyword_only ? mStarts[found.clause] : values(key).value(i).word;
     return word > 0 ? word : mCount;
 }

@@ -31,7 +31,8 @@ public:
      *
      * @param words     the whole line, the command's name being word 0.
      * @param forms     the ways to write the command; at least one. They are kept by reference.
-     * @param entities  what there is to name; null if names are not to be looked up, so that any will do.
+     * @param entities  what there is to name; null if names are not to be looked up, so that any will do. So
+     *                  will those of kinds that nobody offers.
      */
     CommandArguments(const CommandWords& words, const QList<CommandSyntax>& forms,
                      const CommandEntities* entities);
@@ -45,14 +46,14 @@ public:
     double number(QLatin1StringView key, qsizetype i = 0) const;
     /** A whole number, under the same terms. */
     int integer(QLatin1StringView key) const;
-    /** A text, a choice or the name of an entity, even if that was given by its number; empty if it is not
-     * given and has no default. */
+    /** A text, a choice or the name of an entity, even if that was given by its number or the like; empty if
+     * it is not given and has no default. */
     QString text(QLatin1StringView key) const;
     /** All values, as text(). */
     QStringList texts(QLatin1StringView key) const;
 
-    /** The index in CommandCall::words() of the value with index @p i; the number of words if it is not
-     * given. */
+    /** The index in CommandCall::words() of the value with index @p i, or of a keyword that has none; the
+     * number of words if it is not given. */
     qsizetype word(QLatin1StringView key, qsizetype i = 0) const;
 
 private:
@@ -77,5 +78,6 @@ private:
     qsizetype mCount;
     /** One for each clause of the form; a clause that is left out has no list. */
     QList<QList<QList<Value>>> mValues;
-    QList<bool> mGiven;
+    /** The words with which the clauses begin; 0 for one that is left out. */
+    QList<qsizetype> mStarts;
 };

@@ -8,16 +8,12 @@
 
 #include <QAnyStringView>
 
-#include <limits>
-
 class CommandInterpreter;
 
 /**
- * One call of a command, as the command sees it.
+ * One call of a command, as the command sees it beside its arguments, which are a CommandArguments.
  *
- * Word 0 is the command's name, its arguments start at 1. The accessors take what the word means, for the
- * message: number(1, "a radius") throws a CommandError "expected a radius, found ..." with the column of the
- * word, or of the end of the line if there is no such word. The object lives as long as the call.
+ * Word 0 is the command's name. The object lives as long as the call.
  */
 class FENNAR_CORE_EXPORT CommandCall
 {
@@ -29,24 +25,8 @@ public:
     qsizetype count() const { return mWords.words.size(); }
     /** All words, the command's name included. */
     const QList<CommandWord>& words() const { return mWords.words; }
-    /** Whether there is a word @p i. */
-    bool has(qsizetype i) const { return i >= 0 && i < count(); }
     /** Where word @p i begins, from 1; the end of the line if there is no such word. */
-    qsizetype column(qsizetype i) const { return has(i) ? mWords.words[i].column : mWords.end_column; }
-
-    /** Word @p i as it is; it may be empty if it was quoted. */
-    QString text(qsizetype i, QAnyStringView what);
-    /** Word @p i as a number; see parse_number(). */
-    double number(qsizetype i, QAnyStringView what);
-    /** Word @p i as a whole number from @p least to @p most. */
-    int integer(qsizetype i, QAnyStringView what, int least = std::numeric_limits<int>::min(),
-                int most = std::numeric_limits<int>::max());
-    /** Word @p i, or empty if there is no such word. */
-    std::optional<QString> optional(qsizetype i);
-    /** Word @p i as a number, or empty if there is no such word. Throws if it is something else. */
-    std::optional<double> optional_number(qsizetype i, QAnyStringView what);
-    /** Throws if there are words behind the last one that was asked for. */
-    void expect_end() const;
+    qsizetype column(qsizetype i) const { return i < count() ? mWords.words[i].column : mWords.end_column; }
 
     /** An error at word @p i: "expected WHAT, found WORD". To be thrown. */
     CommandError expected(qsizetype i, QAnyStringView what) const;
@@ -63,10 +43,6 @@ public:
     CommandInterpreter& interpreter() { return mInterpreter; }
 
 private:
-    const CommandWord& word(qsizetype i, QAnyStringView what);
-
     const CommandWords& mWords;
     CommandInterpreter& mInterpreter;
-    /** The first word that has not been asked for yet. */
-    qsizetype mNext = 1;
 };

@@ -3,12 +3,24 @@
 
 #include "workbench/sdk/core/commands/CommandEntities.h"
 
+#include "workbench/sdk/core/commands/CommandError.h"
+#include "workbench/sdk/core/commands/nearest_name.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** So many names are told all. */
+constexpr qsizetype most_names = 8;
+
+} // namespace
+
 CommandEntities::~CommandEntities() = default;
 
 void CommandEntities::offer(const QString& kind, const QString& owner, const Names& names,
-                            const Numbered& numbered)
+                            const Meaning& meaning, const Remedy& remedy)
 {
-    mOffers.insert(kind, {owner, names, numbered});
+    mOffers.insert(kind, {owner, names, meaning, remedy});
     emit changed(kind);
 }
 
@@ -32,8 +44,25 @@ QStringList CommandEntities::names(const QString& kind) const
     return names ? names() : QStringList();
 }
 
-QString CommandEntities::numbered(const QString& kind, qint64 number) const
+QString CommandEntities::find(const QString& kind, const QString& word) const
 {
-    const Numbered numbered = mOffers.value(kind).numbered;
-    return numbered ? numbered(number) : QString();
+    if (names(kind).contains(word))
+        return word;
+    const Meaning meaning = mOffers.value(kind).meaning;
+    return meaning ? meaning(word) : QString();
+}
+
+QString CommandEntities::remedy(const QString& kind, const QString& word) const
+{
+    if (const Remedy remedy = mOffers.value(kind).remedy)
+        return remedy(word);
+    QStringList all = names(kind);
+    if (const QString nearest = nearest_name(word, all); !nearest.isEmpty())
+        return u"did you mean \"%1\"?"_s.arg(nearest);
+    if (all.isEmpty() || all.size() > most_names)
+        return {};
+    for (QString& name : all)
+        name = CommandError::shown(name);
+    const QString last = all.takeLast();
+    return all.isEmpty() ? u"there is "_s + last : u"there are "_s + all.join(u", "_s) + u" and "_s + last;
 }

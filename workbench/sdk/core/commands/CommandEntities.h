@@ -25,22 +25,33 @@ class FENNAR_CORE_EXPORT CommandEntities : public QObject
 public:
     /** Tells the present names. */
     using Names = std::function<QStringList()>;
-    /** Tells the name of what has a number; empty if nothing has it. */
-    using Numbered = std::function<QString(qint64)>;
+    /** Tells the name that a word stands for which is none, as its number; empty if it is nothing's. */
+    using Meaning = std::function<QString(const QString& word)>;
+    /** Tells, for the end of an error, what to do about a word that is nothing's name; may be empty. */
+    using Remedy = std::function<QString(const QString& word)>;
 
     CommandEntities() = default;
     ~CommandEntities() override;
 
-    /** Offers a kind, in the place of who has offered it before. @p names is called whenever they are needed,
-     * and
-     * @p numbered, which may be null, for those that are told by number. */
-    void offer(const QString& kind, const QString& owner, const Names& names, const Numbered& numbered = {});
+    /**
+     * Offers a kind, in the place of who has offered it before. The functions are called whenever they are
+     * needed.
+     *
+     * @param meaning  may be null if each thing has its name only.
+     * @param remedy   null for the name that is nearest to the word, or all of them if they are few.
+     */
+    void offer(const QString& kind, const QString& owner, const Names& names, const Meaning& meaning = {},
+               const Remedy& remedy = {});
     /** Takes back all kinds of @p owner. */
     void withdraw(const QString& owner);
     /** The present names in the order in which they are offered; none if nobody offers the kind. */
     QStringList names(const QString& kind) const;
-    /** The name of what has that number; empty if nothing has it. */
-    QString numbered(const QString& kind, qint64 number) const;
+    /** The name of what @p word stands for; empty if it is nothing's. */
+    QString find(const QString& kind, const QString& word) const;
+    /** What to do about a word that is nothing's name, as "did you mean ...?"; may be empty. */
+    QString remedy(const QString& kind, const QString& word) const;
+    /** Whether somebody offers the kind. If not, its names cannot be told from other words. */
+    bool has(const QString& kind) const { return mOffers.contains(kind); }
     /** All kinds that are offered, sorted. */
     QStringList kinds() const { return mOffers.keys(); }
     /** To be called when the names of a kind have changed. */
@@ -55,7 +66,8 @@ private:
     {
         QString owner;
         Names names;
-        Numbered numbered;
+        Meaning meaning;
+        Remedy remedy;
     };
     QMap<QString, Offer> mOffers;
 };

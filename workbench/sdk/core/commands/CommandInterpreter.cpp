@@ -155,11 +155,8 @@ void CommandInterpreter::dispatch(Call& call)
     if (!call.command)
         throw mRegistry.not_found(name.text, name.column);
     CommandCall command_call(call.words, *this);
-    if (call.command->perform)
-        call.command->perform(command_call,
-                              CommandArguments(call.words, call.command->forms, &mRegistry.entities()));
-    else
-        call.command->run(command_call);
+    call.command->perform(command_call,
+                          CommandArguments(call.words, call.command->forms, &mRegistry.entities()));
 }
 
 void CommandInterpreter::report_at(const Call* call, const QString& message, qsizetype column) const

@@ -17,6 +17,11 @@ const QString command_entity = u"command"_s;
 
 } // namespace
 
+QString Command::usage() const
+{
+    return command_usage(name, forms);
+}
+
 QString Command::notes() const
 {
     QStringList notes;
@@ -39,21 +44,24 @@ bool CommandRegistry::is_name(const QString& text)
 
 CommandRegistry::CommandRegistry()
 {
-    mEntities.offer(command_entity, {}, [this] { return names(); });
+    mEntities.offer(
+        command_entity, {}, [this] { return names(); }, {},
+        [this](const QString& word) {
+            const QString hint = absent_command_hint(word);
+            const QString nearest = hint.isEmpty() ? nearest_name(word, names()) : QString();
+            return nearest.isEmpty() ? hint : u"did you mean \"%1\"?"_s.arg(nearest);
+        });
 }
 
 CommandRegistry::AddResult CommandRegistry::add(const Command& command)
 {
     if (!is_name(command.name))
         return AddResult::BadName;
-    if (!command.run && (!command.perform || command.forms.isEmpty()))
+    if (!command.perform || command.forms.isEmpty())
         return AddResult::NothingToRun;
     if (mCommands.contains(command.name))
         return AddResult::NameTaken;
-    auto added = std::make_shared<Command>(command);
-    if (!added->forms.isEmpty())
-        added->usage = command_usage(added->name, added->forms);
-    mCommands.insert(command.name, std::move(added));
+    mCommands.insert(command.name, std::make_shared<Command>(command));
     mEntities.tell_changed(command_entity);
     return AddResult::Added;
 }
@@ -81,9 +89,7 @@ int CommandRegistry::remove_owner(const QString& owner)
 CommandError CommandRegistry::not_found(const QString& name, qsizetype column) const
 {
     QString found = CommandError::shown(name);
-    if (const QString hint = absent_command_hint(name); !hint.isEmpty())
-        found += u"; "_s + hint;
-    else if (const QString nearest = nearest_name(name, names()); !nearest.isEmpty())
-        found += u"; did you mean \"%1\"?"_s.arg(nearest);
+    if (const QString remedy = mEntities.remedy(command_entity, name); !remedy.isEmpty())
+        found += u"; "_s + remedy;
     return CommandError::expected(u"a command"_s, found, column);
 }

@@ -23,30 +23,24 @@ struct Command
 {
     /** One word: a letter or "_", then letters, digits, "_", "-" and ".", all of them ASCII. */
     QString name;
-    /** The line behind "Usage:", as "set [NAME [VALUE...]]". The registry makes it of the forms if there are
-     * any. */
-    QString usage = {};
     /** What the command does in a few words, for the list of commands. */
     QString summary = {};
     /** More lines for "help NAME"; may be empty. */
     QString help = {};
     /** Who has added the command, as a component's name; remove_owner() goes by it. */
     QString owner = {};
-    /** Runs the command. It ends with an error by throwing a CommandError. */
-    std::function<void(CommandCall&)> run = {};
-    /** Runs the command with arguments that have been checked by the forms, of which there must be one; in
-     * the place of run. */
+    /** Runs the command with arguments that have been checked by the forms. It ends with an error by throwing
+     * a CommandError. */
     std::function<void(CommandCall&, const CommandArguments&)> perform = {};
-    /**
-     * The ways to write the command, for forms and completion. A command without arguments has one that is
-     * empty; a command without any is only known by its usage.
-     */
-    QList<CommandSyntax> forms = {};
+    /** The ways to write the command, at least one: an empty one if it has no arguments. */
+    QList<CommandSyntax> forms = {{}};
     /** Whether it can change the model itself, which is what is saved; not only by commands that it runs. */
     bool changes_model = false;
     /** Whether it can take long. It tells its progress then, and tests CommandCall::interrupted(). */
     bool long_running = false;
 
+    /** How the command is written, as "set [NAME [VALUE...]]". */
+    FENNAR_CORE_EXPORT QString usage() const;
     /** What the flags mean to the user, in whole sentences; empty if none is set. */
     FENNAR_CORE_EXPORT QString notes() const;
 };
@@ -62,7 +56,7 @@ public:
         NameTaken,
         /** The name is no command name. */
         BadName,
-        /** The command has no function to run. */
+        /** The command has no function to run, or no form. */
         NothingToRun,
     };
 

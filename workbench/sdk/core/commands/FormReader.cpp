@@ -30,22 +30,32 @@ public:
         : mForm(form), mWords(words), mMissing(missing)
     {
         mReading.clauses.resize(form.clauses.size());
+        mReading.starts.resize(form.clauses.size());
     }
 
     FormReading read()
     {
         mReading.may_end = true;
         qsizetype clause = 0;
+        bool skipping = false;
         while (clause < mForm.clauses.size()) {
+            const CommandClause& here = mForm.clauses[clause];
+            // Behind one that is left out the next one would be taken for that.
+            skipping = skipping && here.keyword.isEmpty() && here.optional;
+            if (skipping) {
+                ++clause;
+                continue;
+            }
             qsizetype end = clause;
             while (end < mForm.clauses.size() && !mForm.clauses[end].keyword.isEmpty())
                 ++end;
             if (end == clause)
                 ++end;
-            const bool goes_on = mForm.clauses[clause].keyword.isEmpty() ? read_positional(clause)
-                                                                         : read_keywords(clause, end);
+            const bool goes_on =
+                here.keyword.isEmpty() ? read_positional(clause) : read_keywords(clause, end);
             if (!goes_on)
                 break;
+            skipping = here.keyword.isEmpty() && here.optional && !mReading.clauses[clause];
             clause = end;
         }
         return mReading;
@@ -119,6 +129,7 @@ private:
         const CommandClause& here = mForm.clauses[clause];
         if (here.parameters.isEmpty())
             return true;
+        mReading.starts[clause] = mReading.next;
         if (fits(here.parameters.first(), clause) && !(here.optional && misses_number(here)))
             return read_values(clause);
         expect(here.parameters.first());
@@ -135,6 +146,7 @@ private:
             return clause;
         };
         for (qsizetype clause = here(); clause < end; clause = here()) {
+            mReading.starts[clause] = mReading.next;
             consume();
             if (!read_values(clause))
                 return false;

@@ -18,6 +18,8 @@ struct FormReading
 
     /** One for each clause of the form; nothing for clauses that are left out. */
     QList<std::optional<Clause>> clauses;
+    /** The words with which they begin: their keywords, if they have some. */
+    QList<qsizetype> starts;
     /** The first word that was not read; the number of words if all were. */
     qsizetype next = 0;
     /** Whether the line is complete: no required clause is missing. */
@@ -47,6 +49,7 @@ enum class Missing {
  * - The keyword of a later clause, or of one that may come in any order with this one, is not a value;
  * neither are the reserved words of a parameter. Texts and files take any word.
  * - A choice that stands for entities, as "all", must be the only value.
+ * - Without a keyword, an optional clause behind another one needs that one.
  * - An optional clause that begins with a number is skipped if the word is neither a number nor a variable.
  */
 FormReading read_form(const CommandSyntax& form, const QStringList& words, Missing missing);

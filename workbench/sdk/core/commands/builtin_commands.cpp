@@ -28,18 +28,6 @@ QList<CommandFileFilter> journal_filters()
             {QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Python Scripts")), u".py"_s}};
 }
 
-/** The words from @p first on with one blank in between. */
-QString joined(const CommandCall& call, qsizetype first)
-{
-    QString result;
-    for (qsizetype i = first; i < call.count(); ++i) {
-        if (i > first)
-            result += u' ';
-        result += call.words()[i].text;
-    }
-    return result;
-}
-
 void list_commands(CommandCall& call)
 {
     const CommandRegistry& registry = call.interpreter().registry();
@@ -53,19 +41,14 @@ void list_commands(CommandCall& call)
     call.print(text + "Type \"help COMMAND\" for more about a command.\n"_L1);
 }
 
-void help(CommandCall& call)
+void help(CommandCall& call, const CommandArguments& arguments)
 {
-    const std::optional<QString> name = call.optional(1);
-    call.expect_end();
-    if (!name) {
+    if (!arguments.has("COMMAND"_L1)) {
         list_commands(call);
         return;
     }
-    const CommandRegistry& registry = call.interpreter().registry();
-    const std::shared_ptr<const Command> command = registry.find(*name);
-    if (!command)
-        throw registry.not_found(*name, call.column(1));
-    QString text = u"Usage: "_s + command->usage + u'\n' + command->summary + u'\n';
+    const auto command = call.interpreter().registry().find(arguments.text("COMMAND"_L1));
+    QString text = u"Usage: "_s + command->usage() + u'\n' + command->summary + u'\n';
     if (const QString notes = command->notes(); !notes.isEmpty())
         text += notes + u'\n';
     if (!command->help.isEmpty())
@@ -73,9 +56,9 @@ void help(CommandCall& call)
     call.print(text);
 }
 
-void echo(CommandCall& call)
+void echo(CommandCall& call, const CommandArguments& arguments)
 {
-    call.print(joined(call, 1) + u'\n');
+    call.print(arguments.texts("WORD"_L1).join(u' ') + u'\n');
 }
 
 /** A variable as the command that sets it. */
@@ -84,10 +67,10 @@ QString set_line(const QString& name, const QString& value)
     return u"set "_s + name + u' ' + quote_word(value) + u'\n';
 }
 
-void set(CommandCall& call)
+void set(CommandCall& call, const CommandArguments& arguments)
 {
     CommandVariables& variables = call.interpreter().variables();
-    if (!call.has(1)) {
+    if (!arguments.has("NAME"_L1)) {
         QString text;
         const QStringList names = variables.names();
         for (const QString& name : names)
@@ -95,11 +78,9 @@ void set(CommandCall& call)
         call.print(text);
         return;
     }
-    const QString name = call.text(1, "a name");
-    if (!is_variable_name(name))
-        throw call.expected(1, "a name");
-    if (call.has(2)) {
-        variables.set(name, joined(call, 2));
+    const QString name = arguments.text("NAME"_L1);
+    if (arguments.has("VALUE"_L1)) {
+        variables.set(name, arguments.texts("VALUE"_L1).join(u' '));
         call.interpreter().registry().entities().tell_changed(variable_entity);
         return;
     }
@@ -109,13 +90,12 @@ void set(CommandCall& call)
     call.print(set_line(name, *value));
 }
 
-void history(CommandCall& call, const HistorySource& source)
+void history(CommandCall& call, const CommandArguments& arguments, const HistorySource& source)
 {
     const QStringList lines = source ? source() : QStringList();
     qsizetype count = lines.size();
-    if (call.has(1))
-        count = std::min(count, qsizetype(call.integer(1, "how many lines", 1)));
-    call.expect_end();
+    if (arguments.has("COUNT"_L1))
+        count = std::min(count, qsizetype(arguments.integer("COUNT"_L1)));
     const auto width = QString::number(lines.size()).size();
     QString text;
     for (qsizetype i = lines.size() - count; i < lines.size(); ++i)
@@ -123,14 +103,9 @@ void history(CommandCall& call, const HistorySource& source)
     call.print(text);
 }
 
-void play(CommandCall& call, Playback& playback)
+void play(const CommandArguments& arguments, Playback& playback)
 {
-    const QString path = call.text(1, "a file");
-    if (path.isEmpty())
-        throw call.expected(1, "a file");
-    const int from = call.has(2) ? call.integer(2, "a line number", 1) : 1;
-    call.expect_end();
-    if (playback.play(path, from) != Playback::Outcome::Played)
+    if (playback.play(arguments.text("FILE"_L1), arguments.integer("LINE"_L1)) != Playback::Outcome::Played)
         throw CommandError::reported();
 }
 
@@ -153,9 +128,8 @@ void check(CommandCall& call, const CommandArguments& arguments)
     call.print(u"No errors were found.\n"_s);
 }
 
-void quit(CommandCall& call, Playback& playback, const std::function<void()>& ask)
+void quit(Playback& playback, const std::function<void()>& ask)
 {
-    call.expect_end();
     if (!ask)
         throw CommandError(u"there is no application to end"_s);
     playback.stop();
@@ -175,9 +149,10 @@ void register_builtin_commands(CommandInterpreter& interpreter, Playback& playba
     add({.name = u"help"_s,
          .summary = u"Lists all commands, or explains one."_s,
          .owner = owner,
-         .run = help,
+         .perform = help,
          .forms = {{.clauses = {optional_value({.name = u"COMMAND"_s,
                                                 .kind = Kind::Entity,
+                                                .what = u"a command"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Command"),
                                                 .entity = u"command"_s})}}}});
     add({.name = u"echo"_s,
@@ -185,7 +160,7 @@ void register_builtin_commands(CommandInterpreter& interpreter, Playback& playba
          .help =
              u"The words are printed with one blank in between; \"echo 'a  b'\" keeps the blanks in quotes."_s,
          .owner = owner,
-         .run = echo,
+         .perform = echo,
          .forms = {{.clauses = {optional_value({.name = u"WORD"_s,
                                                 .kind = Kind::Words,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Words"),
@@ -196,9 +171,10 @@ void register_builtin_commands(CommandInterpreter& interpreter, Playback& playba
          .help = u"$NAME and ${NAME} stand for the value in later commands, except in single quotes.\n"
                  "Several values are joined with one blank in between."_s,
          .owner = owner,
-         .run = set,
+         .perform = set,
          .forms = {{.clauses = {optional_value({.name = u"NAME"_s,
                                                 .kind = Kind::Variable,
+                                                .what = u"a name"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Variable"),
                                                 .entity = variable_entity,
                                                 .example = u"radius"_s}),
@@ -210,9 +186,13 @@ void register_builtin_commands(CommandInterpreter& interpreter, Playback& playba
     add({.name = u"history"_s,
          .summary = u"Lists the lines typed so far, or the last COUNT of them."_s,
          .owner = owner,
-         .run = [&services](CommandCall& call) { history(call, services.history); },
+         .perform =
+             [&services](CommandCall& call, const CommandArguments& arguments) {
+                 history(call, arguments, services.history);
+             },
          .forms = {{.clauses = {optional_value({.name = u"COUNT"_s,
                                                 .kind = Kind::WholeNumber,
+                                                .what = u"how many lines"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Lines"),
                                                 .least = 1,
                                                 .most = std::numeric_limits<int>::max(),
@@ -224,15 +204,18 @@ void register_builtin_commands(CommandInterpreter& interpreter, Playback& playba
              "With LINE, a journal is played from that line on.\n"
              "Files named *.py, and files whose first line is #!python, are run as Python."_s,
          .owner = owner,
-         .run = [&playback](CommandCall& call) { play(call, playback); },
+         .perform = [&playback](CommandCall&,
+                                const CommandArguments& arguments) { play(arguments, playback); },
          .forms = {{.clauses = {required_value(
                                     {.name = u"FILE"_s,
                                      .kind = Kind::InputFile,
+                                     .what = u"a file"_s,
                                      .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal or script"),
                                      .filters = &journal_filters,
                                      .example = u"example.jou"_s}),
                                 optional_value({.name = u"LINE"_s,
                                                 .kind = Kind::WholeNumber,
+                                                .what = u"a line number"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "From line"),
                                                 .default_value = u"1"_s,
                                                 .least = 1,
@@ -256,6 +239,7 @@ void register_builtin_commands(CommandInterpreter& interpreter, Playback& playba
          .summary = u"Ends the application."_s,
          .help = u"A journal in play is stopped."_s,
          .owner = owner,
-         .run = [&playback, &services](CommandCall& call) { quit(call, playback, services.quit); },
-         .forms = {{}}});
+         .perform = [&playback, &services](CommandCall&, const CommandArguments&) {
+             quit(playback, services.quit);
+         }});
 }

@@ -76,8 +76,7 @@ private:
             const std::shared_ptr<const Command> command = mRegistry.find(name);
             if (!command)
                 throw mRegistry.not_found(name, words.words[0].column);
-            if (!command->forms.isEmpty())
-                CommandArguments(words, command->forms, nullptr);
+            CommandArguments(words, command->forms, nullptr);
             follow(words.words);
         } catch (const CommandError& error) {
             tell(lines, first, name, error);

@@ -296,7 +296,7 @@ LineCompletion complete_command(const QString& line, qsizetype caret, const Comm
     for (const QString& keyword : std::as_const(expected.keywords))
         words.add(keyword);
     const CommandParameter* file = nullptr;
-    bool with_files = !command || command->forms.isEmpty();
+    bool with_files = !command;
     for (const CommandParameter* parameter : std::as_const(expected.parameters)) {
         for (const QString& choice : parameter->choices)
             words.add(choice);
@@ -333,6 +333,6 @@ LineCompletion complete_command(const QString& line, qsizetype caret, const Comm
             candidate.inserted.chop(1);
     }
     if (result.candidates.isEmpty() && command)
-        result.hint = u"Usage: "_s + command->usage;
+        result.hint = u"Usage: "_s + command->usage();
     return result;
 }

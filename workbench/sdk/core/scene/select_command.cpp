@@ -3,6 +3,7 @@
 
 #include "workbench/sdk/core/scene/select_command.h"
 
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/scene/Scene.h"
@@ -15,30 +16,23 @@ const QString owner = u"workbench"_s;
 const QString item_entity = u"item"_s;
 
 /** All ids if the only name is "all", none if it is "none". A repeated name counts once. */
-QList<int> read_items(CommandCall& call, const Scene& scene)
+QList<int> items(const QStringList& names, const Scene& scene)
 {
     QList<int> ids;
-    if (call.count() == 2 && call.text(1, u"an item") == "none"_L1)
+    if (names == QStringList(u"none"_s))
         return ids;
-    if (call.count() == 2 && call.text(1, u"an item") == "all"_L1) {
-        for (const auto& item : scene.items())
-            ids << item.first;
-        return ids;
-    }
-    for (qsizetype i = 1; i < call.count(); ++i) {
-        const int id = scene.find(call.text(i, u"an item"));
-        if (id == 0)
-            throw call.expected(i, u"the name of an item");
-        ids << id;
+    const bool all = names == QStringList(u"all"_s);
+    for (const auto& [id, item] : scene.items()) {
+        if (all || names.contains(item.name))
+            ids << id;
     }
     return ids;
 }
 
-void select(CommandCall& call, Scene& scene)
+void select(CommandCall& call, const CommandArguments& arguments, Scene& scene)
 {
-    if (call.has(1))
-        scene.select(read_items(call, scene));
-    call.expect_end();
+    if (arguments.has("NAME"_L1))
+        scene.select(items(arguments.texts("NAME"_L1), scene));
     const QStringList names = scene.selection();
     call.print(names.isEmpty() ? u"Nothing is selected.\n"_s : u"Selected: %1\n"_s.arg(names.join(u", "_s)));
 }
@@ -63,9 +57,11 @@ bool register_select_command(CommandRegistry& registry, Scene& scene)
                 u"what is selected. A click in the graphics view or in the "
                 "model tree does the same."_s,
         .owner = owner,
-        .run = [&scene](CommandCall& call) { select(call, scene); },
+        .perform = [&scene](CommandCall& call,
+                            const CommandArguments& arguments) { select(call, arguments, scene); },
         .forms = {{.clauses = {optional_value({.name = u"NAME"_s,
                                                .kind = CommandParameter::Kind::Entity,
+                                               .what = u"the name of an item"_s,
                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Items"),
                                                .choices = {u"all"_s, u"none"_s},
                                                .entity = item_entity,

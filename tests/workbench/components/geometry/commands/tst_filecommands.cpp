@@ -549,25 +549,28 @@ void TstFileCommands::errors_tell_the_column_data()
         << u"export a.stl/b"_s
         << u"export: column 8: the ending of the file tells no format; say which one with \"as\" "_s + out;
     QTest::newRow("unknown format") << u"import a as XYZ"_s
-                                    << u"import: column 13: expected a format %1, found \"XYZ\""_s.arg(in);
+                                    << u"import: column 13: expected a format, found \"XYZ\"; there are "
+                                       "\"STEP\", \"IGES\", \"BREP\", \"STL\", \"MSH\" and \"VTK\""_s;
     QTest::newRow("no format") << u"export a as"_s
                                << u"export: column 12: expected a format, found the end of the line"_s;
     QTest::newRow("only read") << u"export a.igs"_s
                                << u"export: column 8: files of the format IGES cannot be written"_s;
     QTest::newRow("only read, said") << u"export a as iges"_s
                                      << u"export: column 13: files of the format IGES cannot be written"_s;
-    QTest::newRow("more words") << u"import a.stl x"_s
-                                << u"import: column 14: expected the end of the line, found \"x\""_s;
+    QTest::newRow("more words")
+        << u"import a.stl x"_s << u"import: column 14: expected \"as\" or the end of the line, found \"x\""_s;
     QTest::newRow("unknown solid")
         << u"export a.step brik1"_s
-        << u"export: column 15: expected a solid, found \"brik1\"; did you mean \"brick1\"?"_s;
+        << u"export: column 15: expected a solid, \"as\" or \"mesh\", found \"brik1\"; did you mean \"brick1\"?"_s;
     QTest::newRow("mesh of solids")
         << u"export a.msh 1"_s
         << u"export: column 14: expected the end of the line (MSH files hold the last mesh), found \"1\""_s;
     QTest::newRow("solids of a mesh")
-        << u"export a.step mesh"_s << u"export: column 15: expected the end of the line, found \"mesh\""_s;
-    QTest::newRow("size of solids") << u"export a.step size 1"_s
-                                    << u"export: column 15: expected the end of the line, found \"size\""_s;
+        << u"export a.step mesh"_s
+        << u"export: column 15: expected the end of the line (STEP files hold solids), found \"mesh\""_s;
+    QTest::newRow("size of solids")
+        << u"export a.step size 1"_s
+        << u"export: column 15: expected the end of the line (STEP files hold solids), found \"size\""_s;
     QTest::newRow("bad size")
         << u"export a.stl size 0"_s
         << u"export: column 19: expected a size of the triangles (a number from 1e-05 to 1e+06), found \"0\""_s;
@@ -825,7 +828,7 @@ void TstFileCommands::commands_are_explained()
     for (const auto& name : {u"import"_s, u"export"_s}) {
         const auto command = mSession->registry.find(name);
         QCOMPARE(command->owner, u"geometry"_s);
-        QVERIFY(command->usage.startsWith(name + u" FILE [as FORMAT]"_s));
+        QVERIFY(command->usage().startsWith(name + u" FILE [as FORMAT]"_s));
         for (const QString& line : command->help.split(u'\n'))
             QVERIFY2(line.size() <= 110, qPrintable(line));
     }

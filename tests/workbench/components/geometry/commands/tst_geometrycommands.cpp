@@ -196,7 +196,7 @@ void TstGeometryCommands::errors_tell_the_column_data()
     row("move body", "move: column 10: expected another solid or \"by\", found the end of the line");
     row("move by 1 1 1", "move: column 6: expected a solid, found \"by\"");
     row("move bady by 1 1 1", "move: column 6: expected a solid, found \"bady\"; did you mean \"body\"?");
-    row("move 7 by 1 1 1", "move: column 6: expected a solid, found \"7\"");
+    row("move 7 by 1 1 1", "move: column 6: expected a solid, found \"7\"; there are \"body\" and \"ball\"");
     row("move body 1 by 1 1 1", "move: column 11: \"body\" was named already");
     row("move body by 1 1 1 1", "move: column 20: expected the end of the line, found \"1\"");
     row("rotate body by x", "rotate: column 16: expected an angle in degrees (a number), found \"x\"");
@@ -309,7 +309,7 @@ void TstGeometryCommands::every_command_is_explained()
         if (command->owner != u"geometry")
             continue;
         ++count;
-        QVERIFY2(command->usage.startsWith(name), qPrintable(name));
+        QVERIFY2(command->usage().startsWith(name), qPrintable(name));
         QVERIFY2(command->summary.endsWith(u'.'), qPrintable(name));
         const QStringList lines = command->help.split(u'\n');
         for (const QString& line : lines)

@@ -12,6 +12,7 @@
 #include "workbench/sdk/core/commands/ApplicationServices.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/plain_command.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QDir>
@@ -487,7 +488,7 @@ void TstGeometryDocument::mistakes_are_named()
 void TstGeometryDocument::taken_command_refuses_all()
 {
     CommandRegistry registry;
-    registry.add({u"save"_s, {}, {}, {}, u"other"_s, [](CommandCall&) {}});
+    registry.add(plain_command(u"save"_s, u"other"_s, [](CommandCall&) {}));
     QVERIFY(!register_document_commands(registry, *mModel, {}));
     QCOMPARE(registry.names(), QStringList(u"save"_s));
 }

@@ -6,6 +6,7 @@
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/plain_command.h"
 
 /** A registry and an interpreter whose output is kept, and a command "note" that keeps its words. */
 struct CommandSession
@@ -24,8 +25,7 @@ struct CommandSession
 
     void add(const char* name, const std::function<void(CommandCall&)>& run, const char* owner = "test")
     {
-        const QString text = QString::fromUtf8(name);
-        registry.add({text, text, {}, {}, QString::fromUtf8(owner), run});
+        registry.add(plain_command(QString::fromUtf8(name), QString::fromUtf8(owner), run));
     }
 
     QString take_errors() { return std::exchange(errors, QString()); }

@@ -102,7 +102,7 @@ void TstCommandArguments::set_up()
     mForms = forms();
     mSession->registry.entities().offer(
         u"thing"_s, u"test"_s, [] { return things; },
-        [](qint64 number) { return number >= 1 ? things.value(number - 1) : QString(); });
+        [](const QString& word) { return things.value(word.toInt() - 1); });
 }
 
 CommandArguments TstCommandArguments::read(const QString& line)
@@ -187,8 +187,10 @@ void TstCommandArguments::errors_tell_column_and_remedy_data()
     const auto row = [](const char* name, const QString& line, int column, const QString& message) {
         QTest::newRow(name) << line << column << message;
     };
-    row("nothing", u"make"_s, 5, u"expected a size (a number from 1 on), found the end of the line"_s);
-    row("too small", u"make 0.5 on"_s, 6, u"expected a size (a number from 1 on), found \"0.5\""_s);
+    row("nothing", u"make"_s, 5,
+        u"expected a size (a number from 1 on) or \"from\", found the end of the line"_s);
+    row("too small", u"make 0.5 on"_s, 6,
+        u"expected a size (a number from 1 on) or \"from\", found \"0.5\""_s);
     row("not in the range", u"make 1 10 1 on"_s, 8,
         u"expected A (a whole number from 1 to 9), found \"10\""_s);
     row("no whole number", u"make 1 1 1.5 on"_s, 10, u"expected B (a whole number), found \"1.5\""_s);
@@ -199,7 +201,8 @@ void TstCommandArguments::errors_tell_column_and_remedy_data()
         u"expected A (a whole number from 1 to 9), \"on\" or \"off\", found the end of the line"_s);
     row("unknown thing", u"make 1 on plat"_s, 11,
         u"expected a thing, found \"plat\"; did you mean \"plate\"?"_s);
-    row("no such number", u"make 1 on 4"_s, 11, u"expected a thing, found \"4\""_s);
+    row("no such number", u"make 1 on 4"_s, 11,
+        u"expected a thing, found \"4\"; there are \"plate\", \"pin\" and \"drill\""_s);
     row("twice", u"make 1 on plate pin plate"_s, 21, u"\"plate\" was named already"_s);
     row("twice, by number", u"make 1 on plate 1"_s, 17, u"\"plate\" was named already"_s);
     row("all and more", u"make 1 on all plate"_s, 15,
@@ -215,7 +218,7 @@ void TstCommandArguments::errors_tell_column_and_remedy_data()
     row("first of two", u"make 1 on at 99 1 name 5x"_s, 14,
         u"expected X (a number from -10 to 10), found \"99\""_s);
     row("value before what is too much", u"make x on fast fast"_s, 6,
-        u"expected a size (a number from 1 on), found \"x\""_s);
+        u"expected a size (a number from 1 on) or \"from\", found \"x\""_s);
     row("other form", u"make from"_s, 10, u"expected a file, found the end of the line"_s);
     row("empty file", u"make from '' x"_s, 11, u"expected a file, found \"\""_s);
     row("no words", u"make from f"_s, 12, u"expected TEXT, found the end of the line"_s);
@@ -257,10 +260,9 @@ void TstCommandArguments::command_that_is_wrong_is_not_performed()
 void TstCommandArguments::command_needs_a_form_to_be_performed()
 {
     const auto nothing = [](CommandCall&, const CommandArguments&) {};
-    QCOMPARE(mSession->registry.add({.name = u"a"_s, .perform = nothing}),
+    QCOMPARE(mSession->registry.add({.name = u"a"_s, .perform = nothing, .forms = {}}),
              CommandRegistry::AddResult::NothingToRun);
-    QCOMPARE(mSession->registry.add({.name = u"a"_s, .perform = nothing, .forms = {{}}}),
-             CommandRegistry::AddResult::Added);
+    QCOMPARE(mSession->registry.add({.name = u"a"_s, .perform = nothing}), CommandRegistry::AddResult::Added);
 }
 
 void TstCommandArguments::variable_in_a_form_stands_for_a_number()
@@ -277,7 +279,8 @@ void TstCommandArguments::random_lines_are_read_as_they_were_made()
 {
     QRandomGenerator random(random_seed());
     mForms.removeLast();
-    mSession->registry.add({.name = u"make"_s, .run = [](CommandCall&) {}, .forms = mForms});
+    mSession->registry.add(
+        {.name = u"make"_s, .perform = [](CommandCall&, const CommandArguments&) {}, .forms = mForms});
     const CommandVariables variables;
     for (int round = 0; round < 2000; ++round) {
         QStringList words{u"make"_s};

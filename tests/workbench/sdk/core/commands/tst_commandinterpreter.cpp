@@ -3,6 +3,7 @@
 
 #include "CommandSession.h"
 #include "support/TestCase.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/Interrupt.h"
 
 #include <QLocale>
@@ -49,10 +50,10 @@ private slots:
     void interrupt_from_before_is_not_for_this_command();
     void interrupt_is_seen_by_the_command_and_taken_back();
     void nested_command_leaves_the_interrupt_to_the_outer_one();
-    void accessors_read_typed_words();
-    void accessors_raise_errors_data();
-    void accessors_raise_errors();
-    void accessors_ignore_the_locale();
+    void command_finds_its_words();
+    void errors_of_a_command_stand_at_a_word_data();
+    void errors_of_a_command_stand_at_a_word();
+    void numbers_ignore_the_locale();
     void lines_of_ten_million_characters_run();
     void odd_characters_pass_through();
 };
@@ -251,10 +252,11 @@ void TstCommandInterpreter::errors_are_one_line_with_command_and_column()
     QFETCH(QString, text);
     QFETCH(QString, error);
     CommandSession session;
-    session.add("move", [](CommandCall& call) {
-        call.number(1, "a distance");
-        call.expect_end();
-    });
+    const CommandParameter distance{
+        .name = u"DISTANCE"_s, .kind = CommandParameter::Kind::Number, .what = u"a distance"_s};
+    session.registry.add({.name = u"move"_s,
+                          .perform = [](CommandCall&, const CommandArguments&) {},
+                          .forms = {{.clauses = {required_value(distance)}}}});
     QCOMPARE(session.interpreter.run(text), Result::Failed);
     QCOMPARE(session.take_errors(), error);
 
@@ -366,7 +368,7 @@ void TstCommandInterpreter::variables_are_expanded_when_the_line_runs()
 {
     CommandSession session;
     session.add("let", [&session](CommandCall& call) {
-        session.interpreter.variables().set(call.text(1, "a name"), call.text(2, "a value"));
+        session.interpreter.variables().set(call.words()[1].text, call.words()[2].text);
     });
     QCOMPARE(session.interpreter.run(u"let a 1\nlet b \"$a 2\"\nlet a 3\nnote $a ${b} '$a'"_s), Result::Done);
     QCOMPARE(session.notes, QStringList(u"3|1 2|$a"_s));
@@ -379,10 +381,10 @@ void TstCommandInterpreter::commands_may_run_commands()
 {
     CommandSession session;
     session.add("twice", [&session](CommandCall& call) {
-        const QString text = call.text(1, "a command");
+        const QString text = call.words()[1].text;
         QCOMPARE(session.interpreter.run(text), Result::Done);
         QCOMPARE(session.interpreter.run(text), Result::Done);
-        call.print(call.text(1, "a command")); // the words of the outer call are still there
+        call.print(call.words()[1].text); // the words of the outer call are still there
     });
     QCOMPARE(session.interpreter.enter(u"twice 'note a'"_s), Result::Done);
     QCOMPARE(session.notes, QStringList({u"a"_s, u"a"_s}));
@@ -483,115 +485,64 @@ void TstCommandInterpreter::nested_command_leaves_the_interrupt_to_the_outer_one
     QVERIFY(!interrupt_requested());
 }
 
-void TstCommandInterpreter::accessors_read_typed_words()
+void TstCommandInterpreter::command_finds_its_words()
 {
     CommandSession session;
     bool ran = false;
     session.add("all", [&](CommandCall& call) {
-        QCOMPARE(call.count(), 6);
-        QCOMPARE(call.text(0, "a name"), u"all"_s);
-        QCOMPARE(call.text(1, "a name"), u"a b"_s);
-        QCOMPARE(call.number(2, "a radius"), -2.5);
-        QCOMPARE(call.integer(3, "a count"), 7);
-        QCOMPARE(call.integer(3, "a count", 7, 7), 7);
-        QCOMPARE(call.integer(4, "the least one"), std::numeric_limits<int>::min());
-        QCOMPARE(call.optional(5), std::optional<QString>(u"1e3"_s));
-        QCOMPARE(call.optional_number(5, "a size"), std::optional<double>(1000));
-        QCOMPARE(call.optional(6), std::nullopt);
-        QCOMPARE(call.optional_number(6, "a size"), std::nullopt);
-        QVERIFY(!call.has(6));
-        QVERIFY(!call.has(-1));
+        QCOMPARE(call.count(), 3);
+        QCOMPARE(call.words()[0].text, u"all"_s);
+        QCOMPARE(call.words()[1].text, u"a b"_s);
+        QCOMPARE(call.column(2), 12);
+        QCOMPARE(call.column(3), 14);
         QCOMPARE(&call.interpreter(), &session.interpreter);
-        call.expect_end();
         ran = true;
     });
-    QCOMPARE(session.interpreter.enter(u"all 'a b' -2.5 \"7\" -2147483648 1e3"_s), Result::Done);
+    QCOMPARE(session.interpreter.enter(u"all 'a b'  \"\""_s), Result::Done);
     QVERIFY(ran);
 }
 
-void TstCommandInterpreter::accessors_raise_errors_data()
+void TstCommandInterpreter::errors_of_a_command_stand_at_a_word_data()
 {
     QTest::addColumn<std::function<void(CommandCall&)>>("run");
     QTest::addColumn<QString>("error");
     const auto row = [](const char* name, const std::function<void(CommandCall&)>& run,
                         const QString& error) { QTest::newRow(name) << run << error; };
-    // Every row runs: all x 12 1,5 99999999999
-    row(
-        "missing text", [](CommandCall& c) { c.text(5, "a name"); },
-        u"column 25: expected a name, found the end of the line"_s);
-    row(
-        "missing number", [](CommandCall& c) { c.number(5, "a size"); },
-        u"column 25: expected a size (a number), found the end of the line"_s);
-    row(
-        "text for a number", [](CommandCall& c) { c.number(1, "a size"); },
-        u"column 5: expected a size (a number), found \"x\""_s);
-    row(
-        "decimal comma", [](CommandCall& c) { c.number(3, "a size"); },
-        u"column 10: expected a size (a number), found \"1,5\""_s);
-    row(
-        "text for a whole number", [](CommandCall& c) { c.integer(1, "a count"); },
-        u"column 5: expected a count (a whole number), found \"x\""_s);
-    row(
-        "number below its range", [](CommandCall& c) { c.integer(2, "a count", 13); },
-        u"column 7: expected a count (a whole number from 13 on), found \"12\""_s);
-    row(
-        "number above its range", [](CommandCall& c) { c.integer(2, "a count", -100, 11); },
-        u"column 7: expected a count (a whole number from -100 to 11), found \"12\""_s);
-    row(
-        "number above its only limit",
-        [](CommandCall& c) { c.integer(2, "a count", std::numeric_limits<int>::min(), 11); },
-        u"column 7: expected a count (a whole number up to 11), found \"12\""_s);
-    row(
-        "number beyond the type", [](CommandCall& c) { c.integer(4, "a count"); },
-        u"column 14: expected a count (a whole number from -2147483648 to 2147483647), found "
-        "\"99999999999\""_s);
-    row(
-        "optional number of the wrong kind", [](CommandCall& c) { c.optional_number(1, "a size"); },
-        u"column 5: expected a size (a number), found \"x\""_s);
-    row(
-        "words left over", [](CommandCall& c) { c.expect_end(); },
-        u"column 5: expected the end of the line, found \"x\""_s);
-    row(
-        "words left over behind those read",
-        [](CommandCall& c) {
-            c.text(1, "a name");
-            c.integer(2, "a count");
-            c.expect_end();
-        },
-        u"column 10: expected the end of the line, found \"1,5\""_s);
-    row(
-        "an optional word counts as read",
-        [](CommandCall& c) {
-            c.optional(3);
-            c.expect_end();
-        },
-        u"column 14: expected the end of the line, found \"99999999999\""_s);
+    // Every row runs: all x 12
     row(
         "own expectation", [](CommandCall& c) { throw c.expected(2, u"\"on\" or \"off\""); },
         u"column 7: expected \"on\" or \"off\", found \"12\""_s);
+    row(
+        "behind the last word", [](CommandCall& c) { throw c.expected(3, u"more"); },
+        u"column 9: expected more, found the end of the line"_s);
     row(
         "own message", [](CommandCall& c) { throw c.error(2, u"there is no volume 12"_s); },
         u"column 7: there is no volume 12"_s);
 }
 
-void TstCommandInterpreter::accessors_raise_errors()
+void TstCommandInterpreter::errors_of_a_command_stand_at_a_word()
 {
     QFETCH(std::function<void(CommandCall&)>, run);
     QFETCH(QString, error);
     CommandSession session;
     session.add("all", run);
-    QCOMPARE(session.interpreter.enter(u"all x 12 1,5 99999999999"_s), Result::Failed);
+    QCOMPARE(session.interpreter.enter(u"all x 12"_s), Result::Failed);
     QCOMPARE(session.errors, u"ERROR: all: "_s + error + u'\n');
 }
 
-void TstCommandInterpreter::accessors_ignore_the_locale()
+void TstCommandInterpreter::numbers_ignore_the_locale()
 {
     const QLocale before;
     const auto restore = qScopeGuard([&before] { QLocale::setDefault(before); });
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     CommandSession session;
     double value = 0;
-    session.add("size", [&value](CommandCall& call) { value = call.number(1, "a size"); });
+    session.registry.add(
+        {.name = u"size"_s,
+         .perform = [&](CommandCall&,
+                        const CommandArguments& arguments) { value = arguments.number("SIZE"_L1); },
+         .forms = {
+             {.clauses = {required_value({.name = u"SIZE"_s, .kind = CommandParameter::Kind::Number})}}}});
     QCOMPARE(session.interpreter.enter(u"size 1.5"_s), Result::Done);
     QCOMPARE(value, 1.5);
     QCOMPARE(session.interpreter.enter(u"size 1,5"_s), Result::Failed);

@@ -14,7 +14,10 @@ namespace {
 
 Command command(const QString& name, const QString& owner = u"test"_s)
 {
-    return {name, name, u"Does "_s + name, {}, owner, [](CommandCall&) {}};
+    return {.name = name,
+            .summary = u"Does "_s + name,
+            .owner = owner,
+            .perform = [](CommandCall&, const CommandArguments&) {}};
 }
 
 } // namespace
@@ -42,13 +45,17 @@ void TstCommandRegistry::added_command_is_found_with_all_its_texts()
 {
     CommandRegistry registry;
     QVERIFY(!registry.find(u"box"_s));
-    QCOMPARE(registry.add(
-                 {u"box"_s, u"box SIZE"_s, u"Makes a box."_s, u"More."_s, u"solids"_s, [](CommandCall&) {}}),
+    QCOMPARE(registry.add({.name = u"box"_s,
+                           .summary = u"Makes a box."_s,
+                           .help = u"More."_s,
+                           .owner = u"solids"_s,
+                           .perform = [](CommandCall&, const CommandArguments&) {},
+                           .forms = {{.clauses = {required_value({.name = u"SIZE"_s})}}}}),
              AddResult::Added);
     const std::shared_ptr<const Command> found = registry.find(u"box"_s);
     QVERIFY(found);
     QCOMPARE(found->name, u"box"_s);
-    QCOMPARE(found->usage, u"box SIZE"_s);
+    QCOMPARE(found->usage(), u"box SIZE"_s);
     QCOMPARE(found->summary, u"Makes a box."_s);
     QCOMPARE(found->help, u"More."_s);
     QCOMPARE(found->owner, u"solids"_s);

@@ -75,9 +75,9 @@ void TstCompleteCommand::set_up()
 
     mVariables = {};
     mRegistry = std::make_unique<CommandRegistry>();
-    const auto run = [](CommandCall&) {};
+    const auto run = [](CommandCall&, const CommandArguments&) {};
     mRegistry->add({.name = u"brick"_s,
-                    .run = run,
+                    .perform = run,
                     .forms = {{.clauses = {required_value({.name = u"WIDTH"_s, .kind = Kind::Number}),
                                            {.keyword = u"at"_s,
                                             .parameters = {{.name = u"X"_s, .kind = Kind::Number},
@@ -87,7 +87,7 @@ void TstCompleteCommand::set_up()
                                             .parameters = {{.name = u"NAME"_s, .kind = Kind::NewName}},
                                             .optional = true}}}}});
     mRegistry->add({.name = u"mesh"_s,
-                    .run = run,
+                    .perform = run,
                     .forms = {{.clauses = {{.parameters = {{.name = u"SOLID"_s,
                                                             .kind = Kind::Entity,
                                                             .choices = {u"all"_s},
@@ -98,7 +98,7 @@ void TstCompleteCommand::set_up()
                                             .parameters = {{.name = u"SIZE"_s, .kind = Kind::Number}}},
                                            {.keyword = u"verbose"_s, .optional = true}}}}});
     mRegistry->add({.name = u"unite"_s,
-                    .run = run,
+                    .perform = run,
                     .forms = {{.clauses = {required_value({.name = u"SOLID"_s,
                                                            .kind = Kind::Entity,
                                                            .entity = u"solid"_s,
@@ -107,12 +107,12 @@ void TstCompleteCommand::set_up()
                                            {.keyword = u"into"_s, .optional = true}}}}});
     mRegistry->add(
         {.name = u"quality"_s,
-         .run = run,
+         .perform = run,
          .forms = {{.clauses = {optional_value(
                         {.name = u"KIND"_s, .kind = Kind::Choice, .choices = {u"ICN"_s, u"IGE"_s}})}}}});
     mRegistry->add(
         {.name = u"play"_s,
-         .run = run,
+         .perform = run,
          .forms = {
              {.clauses = {required_value({.name = u"FILE"_s,
                                           .kind = Kind::InputFile,
@@ -122,11 +122,10 @@ void TstCompleteCommand::set_up()
                                               }}),
                           optional_value({.name = u"LINE"_s, .kind = Kind::WholeNumber})}}}});
     mRegistry->add({.name = u"set"_s,
-                    .run = run,
+                    .perform = run,
                     .forms = {{},
                               {.clauses = {required_value(
                                    {.name = u"NAME"_s, .kind = Kind::Variable, .entity = u"variable"_s})}}}});
-    mRegistry->add({.name = u"old"_s, .usage = u"old ANYTHING"_s, .run = run});
     mRegistry->entities().offer(u"solid"_s, u"test"_s, [] {
         return QStringList{u"plate"_s, u"pin 1"_s, u"drill"_s};
     });
@@ -181,7 +180,7 @@ void TstCompleteCommand::candidates_fit_the_place_data()
     const auto row = [](const char* name, const QString& line, const QString& expected) {
         QTest::newRow(name) << line << expected;
     };
-    row("empty line", QString(), u"brick|mesh|old|play|quality|set|unite"_s);
+    row("empty line", QString(), u"brick|mesh|play|quality|set|unite"_s);
     row("command", u"b"_s, u"brick"_s);
     row("command behind blanks", u"  q"_s, u"quality"_s);
     row("command in quotes", u"\"me"_s, u"mesh"_s);
@@ -211,7 +210,6 @@ void TstCompleteCommand::candidates_fit_the_place_data()
     row("slash of a variable", u"play ${dir}/${inner}"_s, QString());
     row("slash of a variable alone", u"play ${dir}${inner}"_s, QString());
     row("behind the file", u"play plate.jou "_s, QString());
-    row("command without a description", u"old pl"_s, u"plate two.jou|plate.jou"_s);
     row("unknown command", u"nix pl"_s, u"plate two.jou|plate.jou"_s);
     row("comment", u"brick 1 # a"_s, QString());
     row("comment begins", u"brick 1 #"_s, QString());
@@ -295,7 +293,6 @@ void TstCompleteCommand::command_without_a_fit_tells_its_usage()
 {
     qsizetype caret = 0;
     QCOMPARE(complete(u"brick "_s, caret).hint, u"Usage: brick WIDTH [at X Y] [name NAME]"_s);
-    QCOMPARE(complete(u"old nothing-of-that-name"_s, caret).hint, u"Usage: old ANYTHING"_s);
     QCOMPARE(complete(u"nix nothing-of-that-name"_s, caret).hint, QString());
     QCOMPARE(complete(u"brick 1 n"_s, caret).hint, QString());
 }

@@ -32,7 +32,7 @@ struct PlaybackSession : CommandSession
             errors += text;
             log << u"error"_s;
         });
-        add("step", [this](CommandCall& call) { log << u"step "_s + call.optional(1).value_or(QString()); });
+        add("step", [this](CommandCall& call) { log << u"step "_s + call.words().value(1).text; });
         add("halt", [this](CommandCall&) { playback.pause(); });
         add("stop", [this](CommandCall&) { playback.stop(); });
         add("cancel", [](CommandCall&) { request_interrupt(); });
@@ -830,10 +830,10 @@ void TstPlayback::long_journal_plays_to_its_end()
 {
     PlaybackSession session;
     int ran = 0;
-    session.add("count", [&ran](CommandCall& call) {
-        call.number(1, "a number");
-        ++ran;
-    });
+    session.registry.add(
+        {.name = u"count"_s,
+         .perform = [&ran](CommandCall&, const CommandArguments&) { ++ran; },
+         .forms = {{.clauses = {required_value({.name = u"N"_s, .kind = CommandParameter::Kind::Number})}}}});
     // How long such journals take is a row of bench_workbench.
     QCOMPARE(session.play(QByteArray("count 12.5 # x\n").repeated(200'000)), Outcome::Played);
     QCOMPARE(ran, 200'000);

@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+
+/** A command that takes any words and finds them in its call. */
+inline Command plain_command(const QString& name, const QString& component,
+                             const std::function<void(CommandCall&)>& run)
+{
+    const CommandParameter words{.name = QStringLiteral("WORD"), .kind = CommandParameter::Kind::Words};
+    return {.name = name,
+            .owner = component,
+            .perform = [run](CommandCall& call, const CommandArguments&) { run(call); },
+            .forms = {{.clauses = {optional_value(words)}}}};
+}
