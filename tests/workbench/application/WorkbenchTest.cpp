@@ -7,6 +7,7 @@
 #include "support/windows.h"
 #include "workbench/application/Workbench.h"
 #include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QApplication>
 #include <QTest>
@@ -74,4 +75,17 @@ void WorkbenchTest::flush()
     QCoreApplication::sendPostedEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::processEvents();
+}
+
+QString run_line(const QString& line)
+{
+    QString text;
+    CommandInterpreter& interpreter = Fennar::instance().interpreter();
+    const auto print = [&text](const QString& more) { text += more; };
+    interpreter.set_output(print);
+    interpreter.set_error_output(print);
+    interpreter.run(line);
+    interpreter.set_output(nullptr);
+    interpreter.set_error_output(nullptr);
+    return text;
 }

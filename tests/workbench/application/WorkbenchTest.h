@@ -59,3 +59,6 @@ protected slots:
 private:
     std::unique_ptr<Workbench> mWorkbench;
 };
+
+/** Runs a line where there is no console, and returns all that it has printed. */
+QString run_line(const QString& line);

@@ -16,6 +16,7 @@
 #include "support/describe_window.h"
 #include "support/dialogs.h"
 #include "support/patience.h"
+#include "workbench/application/WorkbenchTest.h"
 #include "workbench/application/component_manager/ComponentManager.h"
 #include "workbench/application/component_manager/component_commands.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
@@ -171,8 +172,6 @@ private:
     }
     void make_manager();
     ComponentManager::Component about(const QString& name);
-    /** Enters a command and returns what it printed. */
-    QString enter(const QString& line);
     /** What a component has left outside of the window. */
     static void take_back_what_is_left(const QString& name);
 
@@ -243,18 +242,6 @@ ComponentManager::Component TstComponentManager::about(const QString& name)
             return component;
     }
     return {};
-}
-
-QString TstComponentManager::enter(const QString& line)
-{
-    QString printed;
-    CommandInterpreter& interpreter = Fennar::instance().interpreter();
-    interpreter.set_output([&](const QString& text) { printed += text; });
-    interpreter.set_error_output([&](const QString& text) { printed += text; });
-    interpreter.run(line);
-    interpreter.set_output(nullptr);
-    interpreter.set_error_output(nullptr);
-    return printed;
 }
 
 void TstComponentManager::take_back_what_is_left(const QString& name)
@@ -358,10 +345,10 @@ void TstComponentManager::command_of_a_component_runs_until_it_is_unloaded()
 {
     offer({u"plain"_s});
     QCOMPARE(mManager->load(u"plain"_s), QString());
-    QCOMPARE(enter(u"plain"_s), u"plain ran\n"_s);
+    QCOMPARE(run_line(u"plain"_s), u"plain ran\n"_s);
     QCOMPARE(about(u"plain"_s).version, u"2.5"_s);
     QCOMPARE(mManager->unload(u"plain"_s), QString());
-    QVERIFY(enter(u"plain"_s).startsWith(u"ERROR: plain: column 1: expected a command"_s));
+    QVERIFY(run_line(u"plain"_s).startsWith(u"ERROR: plain: column 1: expected a command"_s));
 }
 
 void TstComponentManager::file_outside_the_path_is_loaded_by_its_name()
@@ -370,7 +357,7 @@ void TstComponentManager::file_outside_the_path_is_loaded_by_its_name()
     QCOMPARE(mManager->load(file(u"second"_s), &name), QString());
     QCOMPARE(name, u"second"_s);
     QCOMPARE(about(u"second"_s).state, ComponentManager::State::Loaded);
-    QCOMPARE(enter(u"second"_s), u"second ran\n"_s);
+    QCOMPARE(run_line(u"second"_s), u"second ran\n"_s);
 }
 
 void TstComponentManager::name_or_file_that_does_not_exist_is_refused()
@@ -527,7 +514,7 @@ void TstComponentManager::what_goes_round_the_context_is_found_by_its_descriptio
         QVERIFY2(left.join(u'\n').contains(forgotten), qPrintable(forgotten + u" in "_s + left.join(u'\n')));
     // What is left can be used, and goes with the window.
     action_named(u"left entry"_s)->trigger();
-    enter(u"forgetful-command"_s);
+    run_line(u"forgetful-command"_s);
     take_back_what_is_left(u"forgetful"_s);
     QCOMPARE(added_lines(before, describe()).filter(u"command"_s), QStringList());
 }
@@ -547,7 +534,7 @@ void TstComponentManager::unsaved_data_of_a_component_is_asked_about_before_it_g
     QFETCH(const bool, goes);
     offer({u"document"_s});
     QCOMPARE(mManager->load(u"document"_s), QString());
-    enter(u"change"_s);
+    run_line(u"change"_s);
     DialogDriver driver;
     QString meanwhile;
     driver.expect(u"MessageSettingBox"_s, [&](QWidget* dialog) {
@@ -571,7 +558,7 @@ void TstComponentManager::unsaved_data_of_another_component_is_not_asked_about()
 {
     offer({u"document"_s, u"plain"_s});
     mManager->load_all();
-    enter(u"change"_s);
+    run_line(u"change"_s);
     // A question would be dismissed, and refuse this.
     DialogDriver driver;
     QCOMPARE(mManager->unload(u"plain"_s), QString());
@@ -620,7 +607,7 @@ void TstComponentManager::running_command_keeps_its_component()
         refusal = mManager->unload(u"plain"_s);
         other = mManager->unload(u"second"_s);
     }));
-    enter(u"busy"_s);
+    run_line(u"busy"_s);
     QCOMPARE(refusal, u"a command of the component \"plain\" is running"_s);
     QCOMPARE(other, QString());
     QCOMPARE(about(u"plain"_s).state, ComponentManager::State::Loaded);
@@ -640,7 +627,7 @@ void TstComponentManager::open_modal_dialog_keeps_all_components()
     });
     dialog.exec();
     QVERIFY2(refusal.startsWith(u"a dialog or menu is open"_s), qPrintable(refusal));
-    QCOMPARE(enter(u"plain"_s), u"plain ran\n"_s);
+    QCOMPARE(run_line(u"plain"_s), u"plain ran\n"_s);
     QCOMPARE(mManager->unload(u"plain"_s), QString());
 }
 
@@ -770,7 +757,7 @@ void TstComponentManager::start_waits_for_a_running_command()
         waited = true;
         during = tracker.calls;
     }));
-    enter(u"busy"_s);
+    run_line(u"busy"_s);
     Fennar::instance().registry().remove_owner(u"test"_s);
     QVERIFY(waited);
     QCOMPARE(during, QStringList());
@@ -849,15 +836,15 @@ void TstComponentManager::commands_list_load_and_unload()
     const QString no_metadata = QFileInfo(file(u"no_metadata"_s)).canonicalFilePath();
     const QString searched = u"Searched: "_s + mDirectory->filePath(u"a"_s) + u'\n';
     mManager->load_all();
-    QCOMPARE(enter(u"unload second"_s), u"The component \"second\" is unloaded.\n"_s);
-    QCOMPARE(enter(u"components"_s), u"no_metadata  refused  -    "_s + no_metadata + u"\n    "_s +
-                                         about(u"no_metadata"_s).refusal +
-                                         u"\nplain        loaded   2.5  "_s + plain +
-                                         u"\nsecond       off      2.5  "_s + second + u'\n' + searched);
-    QCOMPARE(enter(u"load second"_s), u"The component \"second\" is loaded.\n"_s);
-    QVERIFY(enter(u"components"_s).contains(u"second       loaded "_s));
+    QCOMPARE(run_line(u"unload second"_s), u"The component \"second\" is unloaded.\n"_s);
+    QCOMPARE(run_line(u"components"_s), u"no_metadata  refused  -    "_s + no_metadata + u"\n    "_s +
+                                            about(u"no_metadata"_s).refusal +
+                                            u"\nplain        loaded   2.5  "_s + plain +
+                                            u"\nsecond       off      2.5  "_s + second + u'\n' + searched);
+    QCOMPARE(run_line(u"load second"_s), u"The component \"second\" is loaded.\n"_s);
+    QVERIFY(run_line(u"components"_s).contains(u"second       loaded "_s));
     for (const QString& name : {u"components"_s, u"load"_s, u"unload"_s})
-        QVERIFY2(enter(u"help "_s + name).startsWith(u"Usage: "_s + name), qPrintable(name));
+        QVERIFY2(run_line(u"help "_s + name).startsWith(u"Usage: "_s + name), qPrintable(name));
     mManager->unload_all();
     for (const QString& name : {u"components"_s, u"load"_s, u"unload"_s})
         Fennar::instance().registry().remove(name);
@@ -866,14 +853,14 @@ void TstComponentManager::commands_list_load_and_unload()
 void TstComponentManager::commands_report_refusals_with_the_column()
 {
     register_component_commands(Fennar::instance().registry(), *mManager);
-    QCOMPARE(enter(u"components"_s), u"The component path is empty.\n"_s);
-    QCOMPARE(enter(u"load none"_s),
+    QCOMPARE(run_line(u"components"_s), u"The component path is empty.\n"_s);
+    QCOMPARE(run_line(u"load none"_s),
              u"ERROR: load: column 6: there is no component \"none\" in the component path\n"_s);
-    QCOMPARE(enter(u"unload none"_s),
+    QCOMPARE(run_line(u"unload none"_s),
              u"ERROR: unload: column 8: expected a component that is loaded, found \"none\"\n"_s);
-    QVERIFY(
-        enter(u"load"_s).startsWith(u"ERROR: load: column 5: expected the name of a component or a file"_s));
-    QVERIFY(enter(u"components all"_s).startsWith(u"ERROR: components: column 12: "_s));
+    QVERIFY(run_line(u"load"_s).startsWith(
+        u"ERROR: load: column 5: expected the name of a component or a file"_s));
+    QVERIFY(run_line(u"components all"_s).startsWith(u"ERROR: components: column 12: "_s));
     for (const QString& name : {u"components"_s, u"load"_s, u"unload"_s})
         Fennar::instance().registry().remove(name);
 }
@@ -884,8 +871,8 @@ void TstComponentManager::without_a_window_there_are_commands_only()
     mFrame.reset();
     offer({u"hello"_s, u"plain"_s});
     mManager->load_all();
-    QCOMPARE(enter(u"plain"_s), u"plain ran\n"_s);
-    QCOMPARE(enter(u"hello"_s), u"Hello, world!\n"_s);
+    QCOMPARE(run_line(u"plain"_s), u"plain ran\n"_s);
+    QCOMPARE(run_line(u"hello"_s), u"Hello, world!\n"_s);
     mManager->unload_all();
     QCOMPARE(mReports, QString());
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
+#include "workbench/application/WorkbenchTest.h"
 #include "workbench/application/component_manager/ComponentManager.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/commands/absent_command.h"
@@ -42,7 +43,6 @@ private slots:
 private:
     void offer(const QStringList& names);
     QStringList loaded();
-    QString enter(const QString& line);
 
     std::unique_ptr<ComponentManager> mManager;
     QString mReports;
@@ -72,18 +72,6 @@ QStringList TstComponentNeeds::loaded()
             names << component.name;
     }
     return names;
-}
-
-QString TstComponentNeeds::enter(const QString& line)
-{
-    QString printed;
-    CommandInterpreter& interpreter = Fennar::instance().interpreter();
-    interpreter.set_output([&](const QString& text) { printed += text; });
-    interpreter.set_error_output([&](const QString& text) { printed += text; });
-    interpreter.run(line);
-    interpreter.set_output(nullptr);
-    interpreter.set_error_output(nullptr);
-    return printed;
 }
 
 void TstComponentNeeds::needed_components_are_loaded_first()
@@ -180,27 +168,28 @@ void TstComponentNeeds::what_needs_others_goes_before_them_at_the_end()
 void TstComponentNeeds::command_of_an_unloaded_component_names_it()
 {
     offer({u"needed"_s});
-    QCOMPARE(enter(u"needed"_s),
+    QCOMPARE(run_line(u"needed"_s),
              u"ERROR: needed: column 1: expected a command, found \"needed\"; it comes with the component "
              "\"needed\", which \"load needed\" loads\n"_s);
-    QVERIFY(enter(u"help needed-more"_s).contains(u"which \"load needed\" loads"_s));
+    QVERIFY(run_line(u"help needed-more"_s).contains(u"which \"load needed\" loads"_s));
     QCOMPARE(mManager->load(u"needed"_s), QString());
-    QCOMPARE(enter(u"needed"_s), u"needed ran\n"_s);
+    QCOMPARE(run_line(u"needed"_s), u"needed ran\n"_s);
     QCOMPARE(mManager->unload(u"needed"_s), QString());
-    QVERIFY(enter(u"needed"_s).contains(u"which \"load needed\" loads"_s));
+    QVERIFY(run_line(u"needed"_s).contains(u"which \"load needed\" loads"_s));
 }
 
 void TstComponentNeeds::command_of_a_component_that_cannot_be_loaded_names_nothing()
 {
     offer({u"old_kit"_s});
-    QVERIFY(!enter(u"old_kit"_s).contains(u"it comes with"_s));
+    QVERIFY(!run_line(u"old_kit"_s).contains(u"it comes with"_s));
 }
 
 void TstComponentNeeds::other_words_are_taken_for_the_nearest_command()
 {
     offer({u"needed"_s});
     QCOMPARE(mManager->load(u"needed"_s), QString());
-    QVERIFY2(enter(u"neede"_s).endsWith(u"did you mean \"needed\"?\n"_s), qPrintable(enter(u"neede"_s)));
+    QVERIFY2(run_line(u"neede"_s).endsWith(u"did you mean \"needed\"?\n"_s),
+             qPrintable(run_line(u"neede"_s)));
 }
 
 void TstComponentNeeds::without_a_manager_nobody_tells()
