@@ -95,7 +95,7 @@ void quality(CommandCall& call, const CommandArguments& arguments, Context& cont
     const Mesh& mesh = last_mesh(call, context);
     if (mesh.quality.isEmpty())
         throw call.error(0, u"the mesh has no volume elements"_s);
-    QList<QStringList> rows{{u"measure"_s, u"least"_s, u"mean"_s, u"most"_s}};
+    QList<QStringList> rows{{u"measure"_s, u"min"_s, u"mean"_s, u"max"_s}};
     for (const Mesh::Quality& quality : mesh.quality) {
         if (wanted.isEmpty() || quality.measure == wanted)
             rows.append({quality.measure, QString::number(quality.least, 'g', 4),

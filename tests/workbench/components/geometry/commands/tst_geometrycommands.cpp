@@ -362,6 +362,7 @@ void TstGeometryCommands::quality_shows_one_measure_or_both()
     make({u"brick 1"_s, u"mesh size 0.5"_s});
     const QString both = output(u"quality"_s);
     QCOMPARE(both.count(u'\n'), 3);
+    QCOMPARE(both.section(u'\n', 0, 0).simplified(), u"measure min mean max"_s);
     const QString one = output(u"quality IGE"_s);
     QCOMPARE(one.count(u'\n'), 2);
     QVERIFY(one.contains(u"\nIGE "));
