@@ -329,6 +329,7 @@ void Workbench::set_up_commands()
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Statement"),
                                                 .repeated = true,
                                                 .example = u"print('done')"_s})}}},
+         .runs_commands = true,
          .long_running = true});
     mWindowCommands = std::make_unique<WindowCommands>(
         fennar.registry(),

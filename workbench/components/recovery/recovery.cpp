@@ -197,7 +197,8 @@ void fennar::load_component(ComponentContext& context)
                  if (!recovery || !recovery->offer())
                      call.print(u"There is nothing to recover.\n"_s);
              },
-         .changes_model = true});
+         .changes_model = true,
+         .runs_commands = true}); // restoring is what other components do
     recovery->offer();
 }
 

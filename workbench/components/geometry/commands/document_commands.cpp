@@ -3,6 +3,7 @@
 
 #include "workbench/components/geometry/commands/document_commands.h"
 
+#include "workbench/components/geometry/commands/geometry_parameters.h"
 #include "workbench/components/geometry/commands/run_model_command.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
@@ -89,7 +90,8 @@ bool register_document_commands(CommandRegistry& registry, GeometryModel& model,
          .owner = owner,
          .perform = with(&open),
          .forms = {{.clauses = {required_value(model_file(CommandParameter::Kind::InputFile))}}},
-         .changes_model = true},
+         .changes_model = true,
+         .makes = {solid_entity()}},
         {.name = u"save"_s,
          .summary = u"Saves the model."_s,
          .help = u"Without FILE in the file that it was opened from or saved in last. A file that is there "

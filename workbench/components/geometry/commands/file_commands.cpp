@@ -239,6 +239,7 @@ bool register_file_commands(CommandRegistry& registry, GeometryModel& model, Fil
          .perform = with(&import_file),
          .forms = {{.clauses = file_clauses(Direction::Import)}},
          .changes_model = true,
+         .makes = {solid_entity()},
          .long_running = true},
         {.name = u"export"_s,
          .summary = u"Writes solids or the mesh to a file."_s,

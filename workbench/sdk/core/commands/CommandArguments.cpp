@@ -343,6 +343,23 @@ QStringList CommandArguments::texts(QLatin1StringView key) const
     return texts;
 }
 
+QStringList CommandArguments::texts(CommandParameter::Kind kind, const QString& entity) const
+{
+    QStringList texts;
+    const QList<CommandClause>& clauses = mForms->at(mForm).clauses;
+    for (qsizetype i = 0; i < clauses.size(); ++i) {
+        for (qsizetype j = 0; j < clauses[i].parameters.size(); ++j) {
+            const CommandParameter& parameter = clauses[i].parameters[j];
+            if (mStarts[i] == 0 || parameter.kind != kind ||
+                (!entity.isEmpty() && parameter.entity != entity))
+                continue;
+            for (const Value& value : mValues[i][j])
+                texts << value.text;
+        }
+    }
+    return texts;
+}
+
 qsizetype CommandArguments::word(QLatin1StringView key, qsizetype i) const
 {
     const Place found = place(key);

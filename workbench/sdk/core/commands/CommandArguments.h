@@ -52,6 +52,9 @@ public:
     /** All values, as text(). */
     QStringList texts(QLatin1StringView key) const;
 
+    /** All values in the line of parameters of that kind and, unless it is empty, for these entities. */
+    QStringList texts(CommandParameter::Kind kind, const QString& entity = {}) const;
+
     /** The index in CommandCall::words() of the value with index @p i, or of a keyword that has none; the
      * number of words if it is not given. */
     qsizetype word(QLatin1StringView key, qsizetype i = 0) const;

@@ -56,13 +56,18 @@ QString CommandEntities::remedy(const QString& kind, const QString& word) const
 {
     if (const Remedy remedy = mOffers.value(kind).remedy)
         return remedy(word);
-    QStringList all = names(kind);
-    if (const QString nearest = nearest_name(word, all); !nearest.isEmpty())
+    return remedy_among(word, names(kind));
+}
+
+QString CommandEntities::remedy_among(const QString& word, QStringList names)
+{
+    if (const QString nearest = nearest_name(word, names); !nearest.isEmpty())
         return u"did you mean \"%1\"?"_s.arg(nearest);
-    if (all.isEmpty() || all.size() > most_names)
+    if (names.isEmpty() || names.size() > most_names)
         return {};
-    for (QString& name : all)
+    for (QString& name : names)
         name = CommandError::shown(name);
-    const QString last = all.takeLast();
-    return all.isEmpty() ? u"there is "_s + last : u"there are "_s + all.join(u", "_s) + u" and "_s + last;
+    const QString last = names.takeLast();
+    return names.isEmpty() ? u"there is "_s + last
+                           : u"there are "_s + names.join(u", "_s) + u" and "_s + last;
 }

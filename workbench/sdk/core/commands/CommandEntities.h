@@ -50,6 +50,8 @@ public:
     QString find(const QString& kind, const QString& word) const;
     /** What to do about a word that is nothing's name, as "did you mean ...?"; may be empty. */
     QString remedy(const QString& kind, const QString& word) const;
+    /** What to do about a word that is none of @p names; may be empty. */
+    static QString remedy_among(const QString& word, QStringList names);
     /** Whether somebody offers the kind. If not, its names cannot be told from other words. */
     bool has(const QString& kind) const { return mOffers.contains(kind); }
     /** All kinds that are offered, sorted. */

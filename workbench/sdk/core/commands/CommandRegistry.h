@@ -36,6 +36,11 @@ struct Command
     QList<CommandSyntax> forms = {{}};
     /** Whether it can change the model itself, which is what is saved; not only by commands that it runs. */
     bool changes_model = false;
+    /** Kinds of entities that it can make under names that its line does not tell, as an import does. A name
+     * that may be given by a NewName, but is not, need not be told here. */
+    QStringList makes = {};
+    /** Whether its line does not tell what it does, since it runs other commands, or code that can. */
+    bool runs_commands = false;
     /** Whether it can take long. It tells its progress then, and tests CommandCall::interrupted(). */
     bool long_running = false;
 

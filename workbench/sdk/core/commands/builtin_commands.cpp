@@ -220,13 +220,15 @@ void register_builtin_commands(CommandInterpreter& interpreter, Playback& playba
                                                 .default_value = u"1"_s,
                                                 .least = 1,
                                                 .most = std::numeric_limits<int>::max()})}}},
+         .runs_commands = true,
          .long_running = true});
     add({.name = u"check"_s,
          .summary = u"Looks for errors in a journal without running it."_s,
-         .help =
-             u"Found are commands that do not exist, and words that do not fit them. Whether names exist is "
-             u"not\n"
-             "looked at, since the journal makes them."_s,
+         .help = u"Found are commands that do not exist, words that do not fit them, and names that nothing "
+                 u"has, be it\n"
+                 "now or by a line ahead. Behind a line that may give names which it does not tell, as an "
+                 "import\n"
+                 "does, names are not looked up."_s,
          .owner = owner,
          .perform = check,
          .forms = {{.clauses = {required_value({.name = u"FILE"_s,

@@ -6,20 +6,51 @@
 #include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/ContinuedCommand.h"
+#include "workbench/sdk/core/commands/numbers.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
+#include <QSet>
+
+#include <algorithm>
+#include <map>
 #include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+using Kind = CommandParameter::Kind;
+
+/** Whether the command can give a new name to something of the kind. */
+bool gives_names(const Command& command, const QString& kind)
+{
+    for (const CommandSyntax& form : command.forms) {
+        for (const CommandClause& clause : form.clauses) {
+            for (const CommandParameter& parameter : clause.parameters) {
+                if (parameter.kind == Kind::NewName && parameter.entity == kind)
+                    return true;
+            }
+        }
+    }
+    return false;
+}
+
 class Checker
 {
 public:
     Checker(const CommandRegistry& registry, const CommandVariables& variables)
         : mRegistry(registry), mVariables(variables)
-    {}
+    {
+        QList<std::shared_ptr<const Command>> commands;
+        for (const QString& name : registry.names())
+            commands << registry.find(name);
+        // Of the others the lines do not tell when names come.
+        for (const QString& kind : registry.entities().kinds()) {
+            if (std::any_of(commands.begin(), commands.end(),
+                            [&](const auto& command) { return gives_names(*command, kind); }))
+                follow_names_of(kind);
+        }
+    }
 
     QList<JournalFault> check(const QString& text)
     {
@@ -56,6 +87,27 @@ private:
         mFaults.append({first + at.line, message + error.message()});
     }
 
+    /** Looks names of the kind up from now on. They are not offered as present, since lines ahead may have
+     * taken them away, so that each can be given anew. */
+    void follow_names_of(const QString& kind)
+    {
+        QSet<QString>& names = mNames[kind];
+        const QStringList present = mRegistry.entities().names(kind);
+        names = {present.begin(), present.end()};
+        const auto meaning = [&names](const QString& word) {
+            // What number a thing will have is not known.
+            return names.contains(word) || parse_integer(word) ? word : QString();
+        };
+        mEntities.offer(kind, kind, {}, meaning, [&names](const QString& word) {
+            QStringList known(names.begin(), names.end());
+            known.sort();
+            return CommandEntities::remedy_among(word, known);
+        });
+    }
+
+    /** Any name may be one from now on. */
+    void give_up(const QString& kind) { mEntities.withdraw(kind); }
+
     void check_command(const ContinuedCommand& lines, qsizetype first)
     {
         bool unknown = false;
@@ -65,39 +117,60 @@ private:
             return value || !mAnyVariable ? value : QString();
         };
         const CommandWords words = tokenize(lines.text(), lookup);
-        if (unknown && mAnyVariable)
+        if (!words.error && words.words.isEmpty())
             return;
         const QString name = words.words.isEmpty() ? QString() : words.words[0].text;
+        const std::shared_ptr<const Command> command = mRegistry.find(name);
         try {
+            if (unknown && mAnyVariable) {
+                follow_unknown(command.get());
+                return;
+            }
             if (words.error)
                 throw *words.error;
-            if (name.isEmpty() && words.words.isEmpty())
-                return;
-            const std::shared_ptr<const Command> command = mRegistry.find(name);
             if (!command)
                 throw mRegistry.not_found(name, words.words[0].column);
-            CommandArguments(words, command->forms, nullptr);
-            follow(words.words);
+            follow(*command, CommandArguments(words, command->forms, &mEntities));
         } catch (const CommandError& error) {
             tell(lines, first, name, error);
+            // It was meant to do something, and a fault that follows from this one helps nobody.
+            follow_unknown(command.get());
         }
     }
 
-    /** Does what the command does to variables. */
-    void follow(const QList<CommandWord>& words)
+    /** Does what the command does to variables and names. */
+    void follow(const Command& command, const CommandArguments& arguments)
     {
-        if (words[0].text == "play"_L1 || words[0].text == "python"_L1) {
-            mAnyVariable = true;
-        } else if (words[0].text == "set"_L1 && words.size() > 2) {
-            QStringList value;
-            for (const CommandWord& word : words.sliced(2))
-                value << word.text;
-            mVariables.set(words[1].text, value.join(u' '));
+        for (auto& [kind, names] : mNames) {
+            const QStringList given = arguments.texts(Kind::NewName, kind);
+            names += QSet<QString>(given.begin(), given.end());
+            if (command.runs_commands || command.makes.contains(kind) ||
+                (given.isEmpty() && gives_names(command, kind)))
+                give_up(kind);
+        }
+        mAnyVariable = mAnyVariable || command.runs_commands;
+        const QStringList variables = arguments.texts(Kind::Variable);
+        const QStringList value = arguments.texts(Kind::Words);
+        if (!variables.isEmpty() && !value.isEmpty())
+            mVariables.set(variables.first(), value.join(u' '));
+    }
+
+    /** @param command  null if there is none. */
+    void follow_unknown(const Command* command)
+    {
+        mAnyVariable = mAnyVariable || (command && command->runs_commands);
+        for (const auto& [kind, names] : mNames) {
+            if (!command || command->runs_commands || command->makes.contains(kind) ||
+                gives_names(*command, kind))
+                give_up(kind);
         }
     }
 
     const CommandRegistry& mRegistry;
     CommandVariables mVariables;
+    /** The names that there may be, by kind; those of kinds that are looked up are offered as entities. */
+    std::map<QString, QSet<QString>> mNames;
+    CommandEntities mEntities;
     /** Whether others may be set. */
     bool mAnyVariable = false;
     QList<JournalFault> mFaults;

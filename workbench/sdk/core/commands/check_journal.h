@@ -24,9 +24,13 @@ struct JournalFault
  * What is wrong in a text of commands, as far as can be seen without running any: commands that do not exist,
  * and words that do not fit what their command declares.
  *
- * Whether names exist is not looked at, since the lines ahead make and delete them. Variables have the values
- * that the lines ahead set. Behind a line that plays another journal, or runs Python, which may set others, a
- * line with a variable that is not known is passed over. Journals that are played are not looked into.
+ * Names are those that are there when it is checked and those that the lines ahead give (NewName); behind a
+ * line that may give others, as one that makes something without a name (Command::makes), any will do. Names
+ * of kinds that no command can give are not looked at, nor whether what had a name is gone.
+ *
+ * Variables have the values that the lines ahead set. Behind a line that runs other commands
+ * (Command::runs_commands), which may set others, a line with a variable that is not known is passed over.
+ * Journals that are played are not looked into.
  *
  * @param variables  those that are set when the journal begins.
  * @return in the order of the lines, one for each command that is wrong.

@@ -54,7 +54,7 @@ void TstCheckJournal::set_up()
          .forms = {
              {.clauses = {required_value({.name = u"RADIUS"_s, .kind = Kind::Number, .least = 1}),
                           {.keyword = u"name"_s,
-                           .parameters = {{.name = u"NAME"_s, .kind = Kind::NewName, .entity = u"command"_s}},
+                           .parameters = {{.name = u"NAME"_s, .kind = Kind::NewName, .entity = u"ball"_s}},
                            .optional = true}}}}});
     mSession->registry.add(
         {.name = u"roll"_s,
@@ -62,6 +62,15 @@ void TstCheckJournal::set_up()
          .forms = {
              {.clauses = {required_value(
                   {.name = u"BALL"_s, .kind = Kind::Entity, .entity = u"ball"_s, .repeated = true})}}}});
+    const auto nothing = [](CommandCall&, const CommandArguments&) {};
+    mSession->registry.add({.name = u"find"_s, .perform = nothing, .makes = {u"ball"_s}});
+    mSession->registry.add(
+        {.name = u"unlock"_s,
+         .perform = nothing,
+         .forms = {
+             {.clauses = {required_value({.name = u"DOOR"_s, .kind = Kind::Entity, .entity = u"door"_s})}}}});
+    for (const QString& kind : {u"ball"_s, u"door"_s})
+        mSession->registry.entities().offer(kind, u"test"_s, [] { return QStringList(u"here"_s); });
 }
 
 void TstCheckJournal::tear_down()
@@ -95,7 +104,24 @@ void TstCheckJournal::faults_are_told_by_line_data()
     row("no such command", u"\nbal 2\n"_s,
         {u"2: bal: column 1: expected a command, found \"bal\"; did you mean \"ball\"?"_s});
     row("nothing for names", u"roll\n"_s, {u"1: roll: column 5: expected BALL, found the end of the line"_s});
-    row("names are not looked up", u"roll nobody 7\nball 1 name ball\nball 1 name ball\n"_s, {});
+    const QString there = u"; there are \"b\" and \"here\""_s;
+    row("name of nothing", u"roll here\nroll nobody\n"_s,
+        {u"2: roll: column 6: expected BALL, found \"nobody\"; there is \"here\""_s});
+    row("names are followed", u"ball 1 name b\nroll b here\nroll c\n"_s,
+        {u"3: roll: column 6: expected BALL, found \"c\""_s + there});
+    row("numbers are not known", u"roll 7\n"_s, {});
+    row("name may be free again", u"ball 1 name here\nball 1 name here\n"_s, {});
+    row("what has no name may have any", u"ball 1\nroll nobody\n"_s, {});
+    row("others may be found", u"find\nroll nobody\n"_s, {});
+    row("others may be made", u"play other.jou\nroll nobody\n"_s, {});
+    row("wrong line may have given a name", u"ball x name b\nroll b\n"_s,
+        {u"1: ball: column 6: "_s + radius + u"\"x\""_s});
+    row("unknown line may have given a name", u"boll 1 name b\nroll b\n"_s,
+        {u"1: boll: column 1: expected a command, found \"boll\"; did you mean \"ball\"?"_s});
+    row("wrong line that gives no names", u"roll\nroll b\n"_s,
+        {u"1: roll: column 5: expected BALL, found the end of the line"_s,
+         u"2: roll: column 6: expected BALL, found \"b\"; there is \"here\""_s});
+    row("names of kinds that are not given", u"help nobody\nunlock nobody\n"_s, {});
     row("what is no name", u"ball 1 name 5x\n"_s,
         {u"1: ball: column 13: expected NAME (a letter, then letters, digits, \"_\", \"-\" and \".\"), found \"5x\""_s});
     row("quotes", u"ball 'x\nball 1\n"_s,
