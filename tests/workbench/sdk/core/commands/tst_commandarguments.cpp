@@ -6,12 +6,18 @@
 #include "support/random_seed.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandVariables.h"
+#include "workbench/sdk/core/commands/check_journal.h"
 #include "workbench/sdk/core/commands/complete_command.h"
 
+#include <QCoreApplication>
+#include <QProcess>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -62,6 +68,25 @@ QList<CommandSyntax> forms()
     };
 }
 
+constexpr auto undeclared = "ASK_FOR_WHAT_IS_NOT_DECLARED";
+/** How the process ends then; not by a signal, which would leave its memory on the disk. */
+constexpr int ended = 7;
+
+/** In place of the test, in a process of its own. */
+int ask_for_what_is_not_declared()
+{
+    if (!qEnvironmentVariableIsSet(undeclared))
+        return -1;
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+        std::fputs(qPrintable(text), stderr);
+        if (type == QtFatalMsg)
+            std::_Exit(ended);
+    });
+    const QList<CommandSyntax> way{{.clauses = {required_value({.name = u"SIZE"_s})}}};
+    CommandArguments(tokenize(u"make 1"_s), way, nullptr).text("SIZES"_L1);
+    return 0;
+}
+
 } // namespace
 
 class TstCommandArguments : public TestCase
@@ -86,6 +111,12 @@ private slots:
     void command_needs_a_form_to_be_performed();
     void variable_in_a_form_stands_for_a_number();
     void random_lines_are_read_as_they_were_made();
+    void random_texts_are_read_as_they_were_made();
+    void way_that_was_meant_is_told_with_the_others();
+    void value_behind_one_that_is_left_out_is_wrong();
+    void names_that_nobody_offers_may_be_any();
+    void word_may_stand_for_a_name();
+    void what_is_not_declared_cannot_be_asked_for();
 
 private:
     /** The arguments of a line that is right. */
@@ -344,5 +375,142 @@ void TstCommandArguments::random_lines_are_read_as_they_were_made()
     }
 }
 
-OSTREL_TEST(TstCommandArguments)
+// What takes any word: a command line made of values, what completion and forms read of it, the check of a
+// journal, and the command itself find the same ones, and the same fault.
+void TstCommandArguments::random_texts_are_read_as_they_were_made()
+{
+    QRandomGenerator random(random_seed());
+    const auto text = [&random] {
+        QString word;
+        for (int i = random.bounded(1, 6); i > 0; --i)
+            word += u"aZ9 \"'$#\\{}=\t\u00e4"_s[random.bounded(13)];
+        // What looks like a variable is one to a form.
+        return is_variable_reference(word) ? word + u'!' : word;
+    };
+    const CommandSyntax form{
+        .clauses = {
+            required_value({.name = u"NAME"_s, .kind = Kind::Variable, .entity = u"variable"_s}),
+            {.keyword = u"to"_s,
+             .parameters = {{.name = u"FILE"_s, .kind = Kind::OutputFile}},
+             .optional = true},
+            {.keyword = u"note"_s, .parameters = {{.name = u"NOTE"_s, .kind = Kind::Text}}, .optional = true},
+            optional_value({.name = u"WORD"_s, .kind = Kind::Words})}};
+    QList<QStringList> performed;
+    mSession->registry.add({.name = u"keep"_s,
+                            .perform =
+                                [&](CommandCall&, const CommandArguments& arguments) {
+                                    performed = {arguments.texts("NAME"_L1), arguments.texts("to"_L1),
+                                                 arguments.texts("note"_L1), arguments.texts("WORD"_L1)};
+                                },
+                            .forms = {form}});
+    const auto column_of_fault = [](const QString& message) {
+        static const QRegularExpression column(u"column (\\d+): expected "_s);
+        return column.match(message).captured(1).toLongLong();
+    };
+    for (int round = 0; round < 1000; ++round) {
+        const QList<QStringList> made{{u"radius"_s},
+                                      random.bounded(2) ? QStringList{text()} : QStringList(),
+                                      random.bounded(2) ? QStringList{text()} : QStringList(),
+                                      QStringList(random.bounded(3), text())};
+        QStringList words{u"keep"_s, u"radius"_s};
+        if (!made[1].isEmpty())
+            words << u"to"_s << made[1];
+        if (!made[2].isEmpty())
+            words << u"note"_s << made[2];
+        words << made[3];
+        QStringList quoted;
+        for (const QString& word : std::as_const(words))
+            quoted << quote_word(word);
+        const QString line = quoted.join(u' ');
+
+        QVERIFY2(mSession->interpreter.run(line) == CommandInterpreter::Result::Done, qPrintable(line));
+        QCOMPARE(performed, made);
+        QVERIFY2(check_journal(line, mSession->registry, {}).isEmpty(), qPrintable(line));
+        const auto values = read_values(form, words.sliced(1));
+        QVERIFY2(values, qPrintable(line));
+        const QString again = command_line(u"keep"_s, form, *values);
+        QVERIFY2(mSession->interpreter.run(again) == CommandInterpreter::Result::Done, qPrintable(again));
+        QCOMPARE(performed, made);
+        const QString begun = quoted.first(2).join(u' ') + u' ';
+        QCOMPARE(complete_command(begun, begun.size(), mSession->registry, {}).candidates.size(), 2);
+
+        // A name that is none, or a file without a name.
+        const bool file = !made[1].isEmpty() && random.bounded(2);
+        const qsizetype wrong = file ? 3 : 1;
+        quoted[wrong] = file ? u"''"_s : u"1x"_s;
+        const qsizetype column = quoted.first(wrong).join(u' ').size() + 2;
+        mSession->take_errors();
+        QCOMPARE(mSession->interpreter.run(quoted.join(u' ')), CommandInterpreter::Result::Failed);
+        QCOMPARE(column_of_fault(mSession->take_errors()), column);
+        const QList<JournalFault> faults = check_journal(quoted.join(u' '), mSession->registry, {});
+        QCOMPARE(faults.size(), 1);
+        QCOMPARE(column_of_fault(faults[0].message), column);
+    }
+}
+
+void TstCommandArguments::way_that_was_meant_is_told_with_the_others()
+{
+    const auto fault = [](const QString& line) {
+        const CommandParameter number{.name = u"NUMBER"_s, .kind = Kind::WholeNumber, .what = u"a number"_s};
+        const QList<CommandSyntax> ways{
+            {.clauses = {required_value({.name = u"FILE"_s, .kind = Kind::InputFile})}},
+            {.clauses = {{.keyword = u"line"_s, .parameters = {number}}}}};
+        try {
+            CommandArguments(tokenize(line), ways, nullptr);
+        } catch (const CommandError& error) {
+            return error.message();
+        }
+        return QString();
+    };
+    QCOMPARE(fault(u"edit"_s), u"expected FILE or \"line\", found the end of the line"_s);
+    QCOMPARE(fault(u"edit line x"_s),
+             u"expected a number (a whole number) or the end of the line, found \"x\""_s);
+    // Right for longer as the second way.
+    QCOMPARE(fault(u"edit line 5 6"_s), u"expected the end of the line, found \"6\""_s);
+}
+
+void TstCommandArguments::value_behind_one_that_is_left_out_is_wrong()
+{
+    mForms = {
+        {.clauses = {optional_value({.name = u"COLORS"_s, .kind = Kind::Choice, .choices = {u"dark"_s}}),
+                     optional_value({.name = u"TIME"_s, .kind = Kind::Choice, .choices = {u"once"_s}})}}};
+    QVERIFY(read(u"make dark once"_s).has("TIME"_L1));
+    QVERIFY(!read(u"make dark"_s).has("TIME"_L1));
+    QVERIFY_THROWS_EXCEPTION(CommandError, read(u"make once"_s));
+}
+
+void TstCommandArguments::names_that_nobody_offers_may_be_any()
+{
+    mForms = {{.clauses = {required_value({.name = u"PAGE"_s, .kind = Kind::Entity, .entity = u"page"_s})}}};
+    QCOMPARE(read(u"make nothing"_s).text("PAGE"_L1), u"nothing"_s);
+    mSession->registry.entities().offer(u"page"_s, u"test"_s, [] { return QStringList(u"first"_s); });
+    QVERIFY_THROWS_EXCEPTION(CommandError, read(u"make nothing"_s));
+}
+
+void TstCommandArguments::word_may_stand_for_a_name()
+{
+    mForms = {{.clauses = {required_value({.name = u"FORMAT"_s, .kind = Kind::Entity, .entity = u"format"_s}),
+                           {.keyword = u"fast"_s, .optional = true}}}};
+    mSession->registry.entities().offer(
+        u"format"_s, u"test"_s, [] { return QStringList(u"STL"_s); },
+        [](const QString& word) { return word.toUpper() == u"STL"_s ? u"STL"_s : QString(); });
+    const CommandArguments arguments = read(u"make stl fast"_s);
+    QCOMPARE(arguments.text("FORMAT"_L1), u"STL"_s);
+    QCOMPARE(arguments.word("fast"_L1), 2);
+}
+
+void TstCommandArguments::what_is_not_declared_cannot_be_asked_for()
+{
+    QProcess child;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QString::fromLatin1(undeclared), u"1"_s);
+    child.setProcessEnvironment(environment);
+    child.start(QCoreApplication::applicationFilePath(), {running_test()});
+    QVERIFY(child.waitForFinished());
+    QCOMPARE(child.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(child.exitCode(), ended);
+    QVERIFY(child.readAllStandardError().contains("argument that it has not declared: SIZES"));
+}
+
+OSTREL_TEST(TstCommandArguments, ask_for_what_is_not_declared)
 #include "tst_commandarguments.moc"
