@@ -93,7 +93,7 @@ void fennar::load_component(ComponentContext& context)
     context.add_unsaved_work(unsaved_model(document, handler));
     QObject::connect(&document, &GeometryDocument::settled, &document,
                      [] { UnsavedWorks::instance().tell_settled(u"model"_s); });
-    context.make<GeometryScene>(model, Scene::instance(), program_path(u"fennar-tessellator"_s));
+    context.make<GeometryScene>(model, Scene::instance());
     if (!window)
         return;
     context.make<GeometryWindow>(context, model);

@@ -32,7 +32,6 @@ protected:
 private slots:
     void whole_file_is_replaced_or_left();
     void sweep_finds_a_file_that_is_cut();
-    void saved_model_is_the_old_or_the_new_one_data();
     void saved_model_is_the_old_or_the_new_one();
     void history_has_whole_lines();
     void line_entered_at_the_console_is_in_the_history_or_told();
@@ -80,16 +79,8 @@ void TstFailingWrites::sweep_finds_a_file_that_is_cut()
     QVERIFY2(found.contains("not told"_L1), qPrintable(found));
 }
 
-void TstFailingWrites::saved_model_is_the_old_or_the_new_one_data()
-{
-    QTest::addColumn<bool>("temporary");
-    QTest::newRow("where the model is saved") << false;
-    QTest::newRow("where temporary files are") << true;
-}
-
 void TstFailingWrites::saved_model_is_the_old_or_the_new_one()
 {
-    QFETCH(const bool, temporary);
     const QString file = make(u"part.mdl"_s, "old");
     const auto save = [&file]() -> QString {
         // Anew each time, or the shapes that were written once are known.
@@ -104,9 +95,7 @@ void TstFailingWrites::saved_model_is_the_old_or_the_new_one()
             return document.is_modified() ? error.message() : QString();
         }
     };
-    // Folders do not lie in each other.
-    const QString folder = temporary ? QDir::tempPath() : mDirectory->path();
-    QCOMPARE(sweep({.file = file, .write = save, .folder = folder}), QString());
+    QCOMPARE(sweep({.file = file, .write = save, .folder = mDirectory->path()}), QString());
 }
 
 void TstFailingWrites::history_has_whole_lines()

@@ -31,20 +31,25 @@ MesherListener LongWork::listener()
     MesherListener listener;
     listener.progress = [this](int percent, const QString& stage) { show(percent, stage); };
     listener.message = [this](const MesherReport::Message& message) { print(message); };
-    listener.go_on = [this] {
-        if (mServices.turn)
-            mServices.turn();
-        return !mCall.interrupted();
-    };
+    listener.go_on = [this] { return go_on(); };
     return listener;
+}
+
+bool LongWork::go_on()
+{
+    if (mServices.turn)
+        mServices.turn();
+    return !mCall.interrupted();
 }
 
 void LongWork::show(int percent, const QString& stage)
 {
     if (!mServices.shell)
         return;
-    const QString text = QCoreApplication::translate("MesherReport", stage.toUtf8().constData()) + u' ';
-    mServices.shell->set_status_text(text.toUtf8().constData());
+    if (!stage.isEmpty()) {
+        const QString text = QCoreApplication::translate("MesherReport", stage.toUtf8().constData()) + u' ';
+        mServices.shell->set_status_text(text.toUtf8().constData());
+    }
     mServices.shell->update_progress_session(mTitle, percent);
 }
 

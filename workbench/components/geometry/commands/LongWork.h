@@ -27,8 +27,12 @@ public:
     /** Works as long as this object. A click on the cancel button ends the engine's program. */
     MesherListener listener();
 
-private:
+    /** Shows how far the work is; @p stage as MesherReport has it, or empty. */
     void show(int percent, const QString& stage);
+    /** Gives the window its turn. False once the user has cancelled the work. */
+    bool go_on();
+
+private:
     void print(const MesherReport::Message& message);
 
     CommandCall& mCall;

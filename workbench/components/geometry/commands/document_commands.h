@@ -24,7 +24,7 @@ struct DocumentActions
 /**
  * Adds the commands, with the owner "geometry".
  *
- * @param model  tells what the engine has warned of. Outlives the commands.
+ * @param model  outlives the commands.
  * @return false, with none added, if a name is taken.
  */
 bool register_document_commands(CommandRegistry& registry, GeometryModel& model,

@@ -4,6 +4,7 @@
 #include "workbench/components/geometry/commands/geometry_commands.h"
 
 #include "workbench/components/geometry/commands/GeometryCommand.h"
+#include "workbench/components/geometry/commands/LongWork.h"
 #include "workbench/components/geometry/commands/geometry_parameters.h"
 #include "workbench/components/geometry/commands/run_model_command.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
@@ -14,6 +15,7 @@
 #include "workbench/sdk/core/commands/numbers.h"
 
 #include <cmath>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -22,7 +24,7 @@ namespace {
 using Context = GeometryCommand::Context;
 
 /** Three numbers. */
-Vector vector(const CommandArguments& arguments, QLatin1StringView key)
+Point3 vector(const CommandArguments& arguments, QLatin1StringView key)
 {
     return {arguments.number(key, 0), arguments.number(key, 1), arguments.number(key, 2)};
 }
@@ -38,7 +40,7 @@ QString shown_coordinate(double value)
     return shown_number(std::abs(value) < 5e-7 ? 0.0 : value);
 }
 
-QString shown(const Vector& vector)
+QString shown(const Point3& vector)
 {
     return shown_coordinate(vector.x) + u' ' + shown_coordinate(vector.y) + u' ' + shown_coordinate(vector.z);
 }
@@ -65,7 +67,7 @@ void brick(CommandCall& call, const CommandArguments& arguments, Context& contex
 {
     const double width = arguments.number("WIDTH"_L1);
     const bool cube = !arguments.has("DEPTH"_L1);
-    const Vector size{width, cube ? width : arguments.number("DEPTH"_L1),
+    const Point3 size{width, cube ? width : arguments.number("DEPTH"_L1),
                       cube ? width : arguments.number("HEIGHT"_L1)};
     print_solid(call, context.model,
                 context.model.brick(size, vector(arguments, "at"_L1), arguments.text("name"_L1)));
@@ -129,10 +131,30 @@ void rename(CommandCall&, const CommandArguments& arguments, Context& context)
     context.model.rename(solid(arguments, context.model, "SOLID"_L1), arguments.text("NAME"_L1));
 }
 
+/** Shows progress and a cancel button from the moment that the kernel has worked for a while. */
+class LongOperation
+{
+public:
+    LongOperation(CommandCall& call, const Context& context, const char* title)
+        : mListener{[&, title](int percent) {
+                        if (!mWork)
+                            mWork.emplace(call, context.services, title);
+                        mWork->show(percent, {});
+                    },
+                    [this] { return mWork->go_on(); }}
+    {}
+
+    const ShapeListener& listener() const { return mListener; }
+
+private:
+    std::optional<LongWork> mWork;
+    ShapeListener mListener;
+};
+
 void unite(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
     const QList<int> ids = several(call, arguments, context.model);
-    context.model.unite(ids);
+    context.model.unite(ids, LongOperation(call, context, "Unite").listener());
     print_solid(call, context.model, ids.first());
 }
 
@@ -143,14 +165,14 @@ void subtract(CommandCall& call, const CommandArguments& arguments, Context& con
     if (tools.contains(id))
         throw call.error(arguments.word("from"_L1),
                          u"\"%1\" was named already"_s.arg(context.model.solid(id)->name));
-    context.model.subtract(id, tools);
+    context.model.subtract(id, tools, LongOperation(call, context, "Subtract").listener());
     print_solid(call, context.model, id);
 }
 
 void intersect(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
     const QList<int> ids = several(call, arguments, context.model);
-    context.model.intersect(ids);
+    context.model.intersect(ids, LongOperation(call, context, "Intersect").listener());
     print_solid(call, context.model, ids.first());
 }
 

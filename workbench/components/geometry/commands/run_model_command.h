@@ -8,8 +8,5 @@
 class CommandCall;
 class GeometryModel;
 
-/**
- * Does the work of a command on the model: failures of the model become those of the command, and warnings of
- * the engine are printed, also if the command fails.
- */
+/** Does the work of a command on the model: failures of the model become those of the command. */
 void run_model_command(CommandCall& call, GeometryModel& model, const std::function<void()>& work);

@@ -197,13 +197,13 @@ std::optional<FileExchange::Imported> FileExchange::read_solids(const QString& f
     job.add("output solid");
     if (!job.run(mConverter, listener))
         return std::nullopt;
-    QStringList shapes;
+    QList<Shape> shapes;
     for (int i = 1; QFile::exists(job.path(u"solid%1.brep"_s.arg(i))); ++i)
-        shapes << job.path(u"solid%1.brep"_s.arg(i));
+        shapes << Shape::from_brep(read_job_file(job.path(u"solid%1.brep"_s.arg(i)), no_result));
     if (shapes.isEmpty())
         throw GeometryError(u"it holds no solid"_s);
     Imported result;
-    result.solids = mModel.read_brep(shapes, solid_name(file));
+    result.solids = mModel.add(shapes, solid_name(file));
     return result;
 }
 
@@ -241,43 +241,56 @@ bool FileExchange::export_file(const QString& file, const Format& format, const 
                                const MesherListener& listener) const
 {
     check_target(file);
+    if (source.mesh && !mModel.mesh())
+        throw GeometryError(u"there is no mesh"_s);
+    QList<Shape> shapes;
+    if (!source.mesh) {
+        for (const int id : source.solids.isEmpty() ? mModel.ids() : source.solids)
+            shapes << mModel.shape(id);
+        if (shapes.isEmpty())
+            throw GeometryError(u"there is no solid"_s);
+    }
+    try {
+        std::optional<QByteArray> content;
+        if (format.name != u"BREP")
+            content = convert(format, shapes, source.size, listener);
+        else if (!listener.go_on || listener.go_on())
+            content = Shape::joined(shapes).brep();
+        if (!content)
+            return false;
+        const QString reason = write_whole_file(file, {*content});
+        if (!reason.isEmpty())
+            throw GeometryError(reason);
+        return true;
+    } catch (const GeometryError& error) {
+        throw cannot_export(file, error.message());
+    }
+}
+
+/** Lets the converter make a file, of shapes or else of the mesh. Empty if the listener has ended it. */
+std::optional<QByteArray> FileExchange::convert(const Format& format, const QList<Shape>& shapes, double size,
+                                                const MesherListener& listener) const
+{
     const QString ending = format.foreign ? u"surface"_s : format.endings.first();
     const QString output = u"output."_s + ending;
     ConverterJob job("write " + ending.toUtf8());
-    if (source.mesh) {
-        const std::shared_ptr<const Mesh> mesh = mModel.mesh();
-        if (!mesh)
-            throw GeometryError(u"there is no mesh"_s);
-        write_job_file(job.path(u"mesh.msh"_s), mesh->msh);
+    if (shapes.isEmpty()) {
+        write_job_file(job.path(u"mesh.msh"_s), mModel.mesh()->msh);
         job.add("mesh mesh.msh");
     } else {
-        const QList<int> ids = source.solids.isEmpty() ? mModel.ids() : source.solids;
-        if (ids.isEmpty())
-            throw GeometryError(u"there is no solid"_s);
-        for (const int id : ids) {
-            const QString shape = QString::number(id) + u".brep"_s;
-            mModel.write_brep(id, job.path(shape));
-            job.add("solid " + shape.toUtf8());
-        }
-        job.add("size " + QByteArray::number(source.size, 'g', 17));
+        write_job_file(job.path(u"solids.brep"_s), Shape::joined(shapes).brep());
+        job.add("solids solids.brep");
+        job.add("size " + QByteArray::number(size, 'g', 17));
     }
     job.add("output " + output.toUtf8());
-    try {
-        if (!job.run(mConverter, listener))
-            return false;
-        QByteArray content = read_job_file(job.path(output), no_result);
-        if (!format.foreign && !is_whole(format, content))
-            throw GeometryError(u"the converter has left a part of it; the disk may be full"_s);
-        if (format.foreign) {
-            const Surface surface = unpack_surface(content);
-            content = foreign([&] { return format.foreign->write(surface); });
-        }
-        const QString reason = write_whole_file(file, {content});
-        if (!reason.isEmpty())
-            throw cannot_export(file, reason);
-        return true;
-    } catch (const GeometryError& error) {
-        const QString& message = error.message();
-        throw message.startsWith(shown(file)) ? error : cannot_export(file, message);
+    if (!job.run(mConverter, listener))
+        return std::nullopt;
+    QByteArray content = read_job_file(job.path(output), no_result);
+    if (format.foreign) {
+        const Surface surface = unpack_surface(content);
+        return foreign([&] { return format.foreign->write(surface); });
     }
+    if (!is_whole(format, content))
+        throw GeometryError(u"the converter has left a part of it; the disk may be full"_s);
+    return content;
 }

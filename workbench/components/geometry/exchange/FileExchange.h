@@ -14,9 +14,11 @@
 #include <optional>
 
 class GeometryModel;
+class Shape;
 
 /**
- * Reads files into the model and writes it to files, with the engine in a process of its own.
+ * Reads files into the model and writes it to files, with the engine in a process of its own; only BREP files
+ * are written here.
  *
  * Whatever fails throws a GeometryError and leaves the model and the files as they were. GUI thread only.
  */
@@ -65,6 +67,8 @@ private:
                                         const MesherListener& listener);
     std::optional<Imported> read_mesh(const QString& file, const Format& format,
                                       const MesherListener& listener);
+    std::optional<QByteArray> convert(const Format& format, const QList<Shape>& shapes, double size,
+                                      const MesherListener& listener) const;
 
     GeometryModel& mModel;
     QString mConverter;

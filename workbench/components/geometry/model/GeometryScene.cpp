@@ -8,35 +8,26 @@
 #include "workbench/components/geometry/model/mesh_surfaces.h"
 #include "workbench/sdk/core/scene/Scene.h"
 
+#include <QElapsedTimer>
+
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/** For how long, in milliseconds, solids are written at a time: nobody must feel it. */
-constexpr qint64 write_time = 15;
-/** How long, in milliseconds, the tessellator may be silent. */
-constexpr int patience = 60'000;
-/** The start of the tessellator waits this long, in milliseconds, for more changes. */
-constexpr int start_delay = 20;
+/** For how long, in milliseconds, shapes are copied at a time: nobody must feel it. */
+constexpr qint64 copy_time = 15;
 
 } // namespace
 
-GeometryScene::GeometryScene(const GeometryModel& model, Scene& scene, const QString& tessellator)
-    : mModel(model), mScene(scene), mProgram(tessellator), mRevision(model.revision())
+GeometryScene::GeometryScene(const GeometryModel& model, Scene& scene,
+                             std::function<Tessellation(const Shape& shape)> prepare)
+    : mModel(model), mScene(scene), mPrepare(std::move(prepare)), mRevision(model.revision())
 {
     setObjectName(u"GeometryScene"_s);
-    mStart.setSingleShot(true);
-    mStart.setInterval(start_delay);
-    connect(&mStart, &QTimer::timeout, this, &GeometryScene::start_tessellator);
-    mPatience.setSingleShot(true);
-    mPatience.setInterval(patience);
-    connect(&mPatience, &QTimer::timeout, this, [this] {
-        if (mProcess)
-            mProcess->kill();
-    });
     connect(&model, &GeometryModel::solid_changed, this, &GeometryScene::update_solid);
     connect(&model, &GeometryModel::mesh_changed, this, &GeometryScene::update_mesh);
     connect(&scene, &Scene::viewers_changed, this, &GeometryScene::go_on);
@@ -48,13 +39,9 @@ GeometryScene::GeometryScene(const GeometryModel& model, Scene& scene, const QSt
 
 GeometryScene::~GeometryScene()
 {
-    if (mProcess) {
-        mProcess->disconnect(this);
-        mProcess->kill();
-        mProcess->waitForFinished();
-    }
-    if (mReader)
-        mReader->wait();
+    mStop = true;
+    if (mThread)
+        mThread->wait();
     tell_whether_awaited(false);
     for (const auto& [id, entry] : mEntries)
         mScene.remove(entry.item);
@@ -104,12 +91,8 @@ void GeometryScene::update_mesh()
 
 void GeometryScene::go_on()
 {
-    if (mScene.has_viewers()) {
-        if (!mWaiting.isEmpty() && !mProcess && !mStart.isActive())
-            mStart.start();
-        if (mMeshWanted && !mReader)
-            read_mesh();
-    }
+    if (mScene.has_viewers() && !mThread && is_busy())
+        start();
     tell_whether_awaited(mScene.has_viewers() && is_busy());
 }
 
@@ -123,121 +106,88 @@ void GeometryScene::tell_whether_awaited(bool awaited)
         mScene.end_work();
 }
 
-/** Reads the mesh on another thread. */
-void GeometryScene::read_mesh()
+/** Begins with what waits; what comes meanwhile waits for the next time. */
+void GeometryScene::start()
 {
-    mMeshWanted = false;
-    const auto mesh = mModel.mesh();
-    if (!mesh)
-        return;
-    mSurfaces = std::make_shared<Surfaces>();
-    mReader.reset(QThread::create([mesh, surfaces = mSurfaces] { *surfaces = mesh_surfaces(mesh->msh); }));
-    connect(mReader.get(), &QThread::finished, this, [this, mesh] {
-        mReader->wait();
-        mReader.release()->deleteLater();
-        const bool fits = mesh == mModel.mesh() && mesh->revision == mModel.revision();
-        for (const auto& [name, surface] : *mSurfaces) {
-            // Solids may have got other names meanwhile, which only costs the sight of their mesh.
-            const auto solid = fits ? mModel.find(name) : std::nullopt;
-            if (const auto found = mEntries.find(solid ? solid->id : 0); found != mEntries.end())
-                mScene.set_mesh(found->second.item, surface);
+    mThread.reset(QThread::create([work = std::vector{work_on_solids(), work_on_mesh()}] {
+        for (const auto& part : work) {
+            if (part)
+                part();
         }
-        mSurfaces.reset();
+    }));
+    connect(mThread.get(), &QThread::finished, this, [this] {
+        mThread->wait();
+        mThread.release()->deleteLater(); // it is the sender
         go_on();
         end_if_done();
     });
-    mReader->start();
+    mThread->start();
 }
 
-void GeometryScene::start_tessellator()
+std::function<void()> GeometryScene::work_on_solids()
 {
-    if (mProcess || mWaiting.isEmpty() || !mScene.has_viewers())
-        return;
-    mDirectory = std::make_unique<TemporaryFolder>();
+    struct Job
+    {
+        int id;
+        int version;
+        Tessellation tessellate;
+    };
+    std::vector<Job> jobs;
     QElapsedTimer time;
     time.start();
-    QStringList arguments;
     QList<int> ids(mWaiting.begin(), mWaiting.end());
     std::sort(ids.begin(), ids.end());
-    mBatch.clear();
     for (const int id : std::as_const(ids)) {
         mWaiting.remove(id);
-        Entry& entry = mEntries.at(id);
-        const QString file = mDirectory->path(QString::number(id));
+        jobs.push_back({id, mEntries.at(id).version, [](const std::atomic<bool>&) { return nullptr; }});
         try {
-            mModel.write_brep(id, file + u".brep"_s);
+            jobs.back().tessellate = mPrepare(mModel.shape(id));
         } catch (const GeometryError&) {
-            mScene.set_shape(entry.item, nullptr);
-            continue;
+            // It has no shape then.
         }
-        entry.asked = entry.version;
-        mBatch.insert(id);
-        arguments << QString::number(id) << file + u".brep"_s;
-        if (mOneByOne || time.elapsed() > write_time)
+        if (time.elapsed() > copy_time)
             break;
     }
-    mBatchSize = mBatch.size();
-    if (mBatch.isEmpty()) {
-        go_on();
-        end_if_done();
-        return;
-    }
-    mOutput.clear();
-    mProcess = std::make_unique<QProcess>();
-    mProcess->setStandardInputFile(QProcess::nullDevice());
-    mProcess->setStandardErrorFile(QProcess::nullDevice());
-    connect(mProcess.get(), &QProcess::readyReadStandardOutput, this, &GeometryScene::take_shapes);
-    connect(mProcess.get(), &QProcess::finished, this, [this](int code, QProcess::ExitStatus status) {
-        take_shapes();
-        tessellator_ended(status == QProcess::NormalExit && code == 0);
-    });
-    connect(mProcess.get(), &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart) {
-            mBatchSize = 1; // it would not start for one solid either
-            tessellator_ended(false);
+    return [this, jobs] {
+        for (const Job& job : jobs) {
+            const auto shape = job.tessellate(mStop);
+            if (mStop)
+                return;
+            QMetaObject::invokeMethod(
+                this, [this, id = job.id, version = job.version, shape] { take_shape(id, version, shape); },
+                Qt::QueuedConnection);
         }
-    });
-    mPatience.start();
-    mProcess->start(mProgram, arguments);
+    };
 }
 
-/** Takes the shapes that are complete. */
-void GeometryScene::take_shapes()
+void GeometryScene::take_shape(int id, int version, const std::shared_ptr<const SceneShape>& shape)
 {
-    mPatience.start();
-    mOutput.add(mProcess->readAllStandardOutput());
-    while (const auto solid = mOutput.take()) {
-        mBatch.remove(solid->id);
-        const auto found = mEntries.find(solid->id);
-        // One that has changed meanwhile gets its present shape next.
-        if (found != mEntries.end() && found->second.asked == found->second.version)
-            mScene.set_shape(found->second.item, solid->shape);
-    }
+    const auto found = mEntries.find(id);
+    // One that has changed meanwhile gets its present shape next.
+    if (found != mEntries.end() && found->second.version == version)
+        mScene.set_shape(found->second.item, shape);
 }
 
-void GeometryScene::tessellator_ended(bool well)
+std::function<void()> GeometryScene::work_on_mesh()
 {
-    mPatience.stop();
-    mProcess.release()->deleteLater(); // it is the sender
-    mDirectory.reset();
-    if (!well && mBatchSize > 1) {
-        mOneByOne = true;
-        for (const int id : std::as_const(mBatch)) {
-            if (mEntries.contains(id))
-                mWaiting.insert(id);
-        }
-    } else {
-        for (const int id : std::as_const(mBatch)) {
-            const auto found = mEntries.find(id);
-            if (found != mEntries.end() && !mWaiting.contains(id))
-                mScene.set_shape(found->second.item, nullptr);
-        }
-    }
-    mBatch.clear();
-    if (mWaiting.isEmpty())
-        mOneByOne = false;
-    go_on();
-    end_if_done();
+    const auto mesh = std::exchange(mMeshWanted, false) ? mModel.mesh() : nullptr;
+    if (!mesh)
+        return {};
+    return [this, mesh] {
+        const auto surfaces = mesh_surfaces(mesh->msh);
+        QMetaObject::invokeMethod(
+            this,
+            [this, mesh, surfaces] {
+                const bool fits = mesh == mModel.mesh() && mesh->revision == mModel.revision();
+                for (const auto& [name, surface] : surfaces) {
+                    // Solids may have got other names meanwhile, which only costs the sight of their mesh.
+                    const auto solid = fits ? mModel.find(name) : std::nullopt;
+                    if (const auto found = mEntries.find(solid ? solid->id : 0); found != mEntries.end())
+                        mScene.set_mesh(found->second.item, surface);
+                }
+            },
+            Qt::QueuedConnection);
+    };
 }
 
 void GeometryScene::end_if_done()

@@ -14,7 +14,7 @@
 //                          MSH format, its counts and quality to "statistics", and to the file "surface"
 //                          "closed VOLUME" or "open", or nothing if it has no triangles
 //     read surface         the same, for an input of plain triangles
-//     write ENDING         writes the "solid" files, in the BREP format, or the "mesh", in the MSH format, to
+//     write ENDING         writes the "solids", in the BREP format, or the "mesh", in the MSH format, to
 //                          "output" in the format that ENDING tells; "surface" means plain triangles, and
 //                          "size" is the greatest edge of triangles that are made, 0 if it does not matter
 //
@@ -53,7 +53,7 @@ struct Job
     std::string output;
     std::string statistics;
     std::string mesh;
-    std::vector<std::string> solids;
+    std::string solids;
     double size = 0;
 };
 
@@ -70,16 +70,18 @@ bool read_job(const std::string& path, Job& job)
     std::ifstream file(path);
     if (!(file >> job.action >> job.kind))
         return false;
-    const std::map<std::string, std::string*> files{
-        {"input", &job.input}, {"output", &job.output}, {"statistics", &job.statistics}, {"mesh", &job.mesh}};
+    const std::map<std::string, std::string*> files{{"input", &job.input},
+                                                    {"output", &job.output},
+                                                    {"statistics", &job.statistics},
+                                                    {"mesh", &job.mesh},
+                                                    {"solids", &job.solids}};
     std::string key;
     while (file >> key) {
         std::string word;
         if (key == "size") {
             file >> job.size;
-        } else if (file >> word; key == "solid") {
-            job.solids.push_back(job.folder + word);
         } else if (const auto found = files.find(key); found != files.end()) {
+            file >> word;
             *found->second = job.folder + word;
         } else {
             return false;
@@ -382,10 +384,8 @@ void write_file(const Job& job)
         if (triangles_only && !has_elements(2))
             throw Failure("the mesh has no faces");
     } else {
-        for (const std::string& solid : job.solids) {
-            gmsh::vectorpair shapes;
-            occ::importShapes(solid, shapes, true, "brep");
-        }
+        gmsh::vectorpair shapes;
+        occ::importShapes(job.solids, shapes, true, "brep");
         occ::synchronize();
         if (volumes().empty())
             throw Failure("there is no solid");

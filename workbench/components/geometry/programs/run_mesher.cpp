@@ -20,7 +20,7 @@ QString write_job(const TemporaryFolder& directory, const GeometryModel& model, 
         "size " + QByteArray::number(size, 'g', 17) + "\noutput mesh.msh\nstatistics statistics\n";
     for (const int id : ids) {
         const QString file = QString::number(id) + u".brep"_s;
-        model.write_brep(id, directory.path(file));
+        write_job_file(directory.path(file), model.shape(id).brep());
         job += "solid " + model.solid(id)->name.toUtf8() + ' ' + file.toUtf8() + '\n';
     }
     const QString path = directory.path(u"job"_s);

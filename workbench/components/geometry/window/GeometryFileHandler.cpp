@@ -5,7 +5,6 @@
 
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
-#include "host/ostrelfw/Broker.h"
 #include "workbench/components/geometry/model/GeometryDocument.h"
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
@@ -203,9 +202,6 @@ bool GeometryFileHandler::attempt(const std::function<void()>& work)
             Fennar::instance().interpreter().report(error.message());
     }
     mDiscarded = -1;
-    const QStringList messages = mDocument.model().take_messages();
-    for (const QString& message : messages)
-        Broker::command << message << u"\n"_s;
     // After a failure the file menu has a name that is not the document's.
     show_file();
     return done;

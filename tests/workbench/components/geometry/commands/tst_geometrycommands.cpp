@@ -75,6 +75,7 @@ private slots:
     void all_stands_for_all_solids();
     void solids_are_moved_and_turned();
     void solids_are_combined();
+    void cancel_ends_a_long_union_and_changes_nothing();
     void list_shows_measures();
     void every_command_is_explained();
     void taken_name_of_a_command_adds_none();
@@ -288,6 +289,21 @@ void TstGeometryCommands::solids_are_combined()
     QCOMPARE(output(u"unite c e"_s), u"c: volume 8\n"_s);
     make({u"brick 2 at 50 0 0 name far"_s});
     QCOMPARE(output(u"unite c far"_s), u"c: volume 16 in 2 pieces\n"_s);
+}
+
+void TstGeometryCommands::cancel_ends_a_long_union_and_changes_nothing()
+{
+    for (int i = 0; i < 40; ++i)
+        make({u"torus 10 3 at %1 %2 0 along %1 3 1"_s.arg(i * 0.7).arg(i * 0.3)});
+    const qint64 revision = mModel->revision();
+    mServices.turn = [] { request_interrupt(); };
+    QCOMPARE(error(u"unite all"_s), u"ERROR: unite: cancelled; nothing has changed\n"_s);
+    QCOMPARE(error(u"subtract 2 3 4 5 6 7 8 9 10 11 12 13 14 15 from 1"_s),
+             u"ERROR: subtract: cancelled; nothing has changed\n"_s);
+    QCOMPARE(mModel->revision(), revision);
+    QCOMPARE(mModel->ids().size(), 40);
+    QCOMPARE(mShell->sessions,
+             QStringList({u"start Unite"_s, u"end Unite"_s, u"start Subtract"_s, u"end Subtract"_s}));
 }
 
 void TstGeometryCommands::list_shows_measures()
