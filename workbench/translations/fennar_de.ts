@@ -359,6 +359,10 @@
         <source>Drop unsaved changes</source>
         <translation>Ungespeicherte Änderungen verwerfen</translation>
     </message>
+    <message>
+        <source>One step of a journal</source>
+        <translation>Ein Schritt eines Journals</translation>
+    </message>
 </context>
 <context>
     <name>CommandSearch</name>
@@ -638,6 +642,29 @@
     </message>
 </context>
 <context>
+    <name>GeometryOptions</name>
+    <message>
+        <source>&amp;Memory for undo</source>
+        <translation>Speicher &amp;für Rückgängig</translation>
+    </message>
+    <message>
+        <source>The oldest steps are forgotten where all would take more. 0 keeps none.</source>
+        <translation>Die ältesten Schritte werden vergessen, wenn alle mehr brauchten. Bei 0 bleibt keiner.</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>Belegt</translation>
+    </message>
+    <message>
+        <source>%1 MiB, steps: %2</source>
+        <translation>%1 MiB, Schritte: %2</translation>
+    </message>
+    <message>
+        <source>Geometry</source>
+        <translation>Geometrie</translation>
+    </message>
+</context>
+<context>
     <name>GeometryWindow</name>
     <message>
         <source>Center (X Y Z)</source>
@@ -794,6 +821,14 @@
     <message>
         <source>Bric&amp;k...</source>
         <translation>&amp;Quader...</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
     </message>
 </context>
 <context>
@@ -1680,6 +1715,37 @@
     <message>
         <source>Looks for errors in a journal without running it.</source>
         <translation>Sucht in einem Journal nach Fehlern, ohne es auszuführen.</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Takes back the last command that has changed the model.</source>
+        <translation>Nimmt den letzten Befehl zurück, der das Modell geändert hat.</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Makes again what was undone last.</source>
+        <translation>Stellt wieder her, was zuletzt rückgängig gemacht wurde.</translation>
+    </message>
+    <message>
+        <source>Steps</source>
+        <translation>Schritte</translation>
+    </message>
+    <message>
+        <source>Lists the steps that can be undone and redone.</source>
+        <translation>Zeigt die Schritte, die rückgängig gemacht und wiederholt werden können.</translation>
+    </message>
+</context>
+<context>
+    <name>Ostrel</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
     </message>
 </context>
 <context>

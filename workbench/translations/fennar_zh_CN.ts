@@ -359,6 +359,10 @@
         <source>Drop unsaved changes</source>
         <translation>放弃未保存的更改</translation>
     </message>
+    <message>
+        <source>One step of a journal</source>
+        <translation>日志脚本中的一步</translation>
+    </message>
 </context>
 <context>
     <name>CommandSearch</name>
@@ -637,6 +641,29 @@
     </message>
 </context>
 <context>
+    <name>GeometryOptions</name>
+    <message>
+        <source>&amp;Memory for undo</source>
+        <translation>撤销所用内存(&amp;M)</translation>
+    </message>
+    <message>
+        <source>The oldest steps are forgotten where all would take more. 0 keeps none.</source>
+        <translation>全部步骤超出此值时，最早的步骤会被丢弃。0 表示不保留。</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>已使用</translation>
+    </message>
+    <message>
+        <source>%1 MiB, steps: %2</source>
+        <translation>%1 MiB，步骤：%2</translation>
+    </message>
+    <message>
+        <source>Geometry</source>
+        <translation>几何</translation>
+    </message>
+</context>
+<context>
     <name>GeometryWindow</name>
     <message>
         <source>Center (X Y Z)</source>
@@ -793,6 +820,14 @@
     <message>
         <source>Bric&amp;k...</source>
         <translation>长方体(&amp;K)...</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>撤销(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>重做(&amp;R)</translation>
     </message>
 </context>
 <context>
@@ -1679,6 +1714,37 @@
     <message>
         <source>Looks for errors in a journal without running it.</source>
         <translation>在不运行日志脚本的情况下查找其中的错误。</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message>
+        <source>Takes back the last command that has changed the model.</source>
+        <translation>撤回最近一条更改模型的命令。</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>重做</translation>
+    </message>
+    <message>
+        <source>Makes again what was undone last.</source>
+        <translation>重做最近撤销的内容。</translation>
+    </message>
+    <message>
+        <source>Steps</source>
+        <translation>步骤</translation>
+    </message>
+    <message>
+        <source>Lists the steps that can be undone and redone.</source>
+        <translation>列出可以撤销和重做的步骤。</translation>
+    </message>
+</context>
+<context>
+    <name>Ostrel</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>编辑(&amp;E)</translation>
     </message>
 </context>
 <context>

@@ -11,9 +11,11 @@
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/geometry/model/GeometryScene.h"
+#include "workbench/components/geometry/model/ModelSteps.h"
 #include "workbench/components/geometry/window/FileMenuFormats.h"
 #include "workbench/components/geometry/window/GeometryFileHandler.h"
 #include "workbench/components/geometry/window/GeometryWindow.h"
+#include "workbench/components/geometry/window/geometry_options.h"
 #include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/files/UnsavedWorks.h"
@@ -75,6 +77,7 @@ void fennar::load_component(ComponentContext& context)
 {
     ApplicationServices& application = Fennar::instance().application();
     auto& model = context.make<GeometryModel>();
+    model.steps().set_journal([] { return Fennar::instance().playback().journal_number(); });
     auto& document = context.make<GeometryDocument>(model);
     auto& exchange = context.make<FileExchange>(model, program_path(u"fennar-converter"_s));
     Ostrel* const window = context.window();
@@ -94,6 +97,7 @@ void fennar::load_component(ComponentContext& context)
     QObject::connect(&document, &GeometryDocument::settled, &document,
                      [] { UnsavedWorks::instance().tell_settled(u"model"_s); });
     context.make<GeometryScene>(model, Scene::instance());
+    add_geometry_options(context, model.steps());
     if (!window)
         return;
     context.make<GeometryWindow>(context, model);

@@ -5,6 +5,7 @@
 #include "console/CommandWindow.h"
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
+#include "options/OptionsPanel.h"
 #include "support/describe_window.h"
 #include "support/leftovers.h"
 #include "support/windows.h"
@@ -20,9 +21,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QProcess>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QSettings>
+#include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -52,6 +56,10 @@ private slots:
     void selection_decides_what_can_be_chosen();
     void delete_in_the_tree_sends_a_command();
     void subtract_form_is_filled_from_the_selection();
+    void edit_menu_undoes_and_redoes();
+    void keys_of_undo_are_those_of_text_in_text();
+    void played_journal_is_undone_as_a_whole();
+    void options_show_and_set_the_memory_for_undo();
     void python_gets_the_errors_of_commands();
     void cancel_button_ends_the_mesher();
     void bar_shows_progress();
@@ -301,6 +309,107 @@ void TstGeometryComponent::subtract_form_is_filled_from_the_selection()
     ok(dialog)->click();
     flush();
     QCOMPARE(rows(), QStringList(u"a 7.5"_s));
+}
+
+void TstGeometryComponent::edit_menu_undoes_and_redoes()
+{
+    QStringList titles;
+    const QList<QAction*> menus = Ostrel::instance()->menuBar()->actions();
+    for (const QAction* menu : menus)
+        titles << menu->text();
+    QCOMPARE(titles.indexOf(u"&Edit"_s), 1);
+    QAction* const undo = find_action("undo");
+    QAction* const redo = find_action("redo");
+    QVERIFY(undo && redo && !undo->isEnabled() && !redo->isEnabled());
+    enter(u"brick 1 name a"_s);
+    enter(u"brick 2 name b"_s);
+    QVERIFY(undo->isEnabled() && !redo->isEnabled());
+    page()->clearToPrompt();
+    QVERIFY(trigger("undo"));
+    QVERIFY2(page()->toPlainText().startsWith(u"Fennar>undo\nUndone: brick 2 name b\n"_s),
+             qPrintable(page()->toPlainText()));
+    QCOMPARE(rows(), QStringList(u"a 1"_s));
+    QVERIFY(undo->isEnabled() && redo->isEnabled());
+    QVERIFY(trigger("redo"));
+    QCOMPARE(rows(), QStringList({u"a 1"_s, u"b 8"_s}));
+    QVERIFY(!redo->isEnabled());
+    enter(u"new discard"_s);
+    QVERIFY(!undo->isEnabled() && !redo->isEnabled());
+}
+
+void TstGeometryComponent::keys_of_undo_are_those_of_text_in_text()
+{
+    enter(u"brick 1 name a"_s);
+    Ostrel* const window = Ostrel::instance();
+    window->activateWindow();
+    QTRY_VERIFY(window->isActiveWindow());
+    // By the way of the window system, which looks for keys of entries first.
+    const auto press = [window](Qt::KeyboardModifiers modifiers) {
+        QTest::keyClick(window->windowHandle(), Qt::Key_Z, modifiers);
+        flush();
+    };
+    page()->clearToPrompt();
+    page()->setFocus();
+    QTest::keyClicks(page(), u"sphere"_s);
+    press(Qt::ControlModifier);
+    press(Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(rows(), QStringList(u"a 1"_s));
+    QVERIFY2(!page()->toPlainText().contains(u"undo"_s), qPrintable(page()->toPlainText()));
+    page()->clearToPrompt();
+    tree()->setFocus();
+    press(Qt::ControlModifier);
+    QCOMPARE(rows(), QStringList());
+    tree()->setFocus();
+    press(Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(rows(), QStringList(u"a 1"_s));
+}
+
+void TstGeometryComponent::played_journal_is_undone_as_a_whole()
+{
+    QFile journal(mDirectory.filePath(u"three.jou"_s));
+    QVERIFY(journal.open(QIODevice::WriteOnly));
+    journal.write("brick 1 name b\nbrick 1 name c\nmove b c by 1 0 0\n");
+    journal.close();
+    enter(u"brick 1 name a"_s);
+    for (int i = 0; i < 2; ++i) {
+        enter(u"play \"%1\""_s.arg(journal.fileName()));
+        QCOMPARE(rows(), QStringList({u"a 1"_s, u"b 1"_s, u"c 1"_s}));
+        enter(u"delete b c"_s);
+        enter(u"undo"_s);
+        QVERIFY(enter(u"undo"_s).contains(u"Undone: 3 steps of a journal\n"_s));
+        QCOMPARE(rows(), QStringList(u"a 1"_s));
+    }
+    QVERIFY(enter(u"redo step"_s).contains(u"Redone: brick 1 name b\n"_s));
+    QCOMPARE(rows(), QStringList({u"a 1"_s, u"b 1"_s}));
+}
+
+void TstGeometryComponent::options_show_and_set_the_memory_for_undo()
+{
+    OptionsPanel* const options = Ostrel::instance()->options();
+    const auto page_of = [options] { return options->findChild<QWidget*>(u"GeometryOptions"_s); };
+    QVERIFY(page_of());
+    enter(u"brick 1 name a"_s);
+    enter(u"brick 1 name b"_s);
+    options->refresh_settings();
+    auto* const memory = page_of()->findChild<QSpinBox*>(u"memory"_s);
+    QCOMPARE(memory->value(), 256);
+    QVERIFY2(page_of()->findChild<QLabel*>(u"used"_s)->text().endsWith(u" MiB, steps: 2"_s),
+             qPrintable(page_of()->findChild<QLabel*>(u"used"_s)->text()));
+    memory->setValue(0);
+    options->findChild<QPushButton*>(u"mSaveButton"_s)->click();
+    QVERIFY(enter(u"undo"_s).contains(u"there is nothing to undo"_s));
+    // It is the same after the next start; what makes no sense counts as not chosen.
+    enter(u"unload geometry"_s);
+    QVERIFY(!page_of());
+    enter(u"load "_s + QStringLiteral(GEOMETRY));
+    options->refresh_settings();
+    QCOMPARE(page_of()->findChild<QSpinBox*>(u"memory"_s)->value(), 0);
+    QSettings().setValue(u"geometry/undo_memory"_s, u"much"_s);
+    enter(u"unload geometry"_s);
+    enter(u"load "_s + QStringLiteral(GEOMETRY));
+    options->refresh_settings();
+    QCOMPARE(page_of()->findChild<QSpinBox*>(u"memory"_s)->value(), 256);
+    QSettings().remove(u"geometry"_s);
 }
 
 void TstGeometryComponent::python_gets_the_errors_of_commands()

@@ -409,7 +409,7 @@ bool register_geometry_commands(CommandRegistry& registry, GeometryModel& model,
         });
     QObject::connect(&model, &GeometryModel::solid_changed, &entities,
                      [&entities] { entities.tell_changed(solid_entity()); });
-    for (const GeometryCommand& entry : entries() + mesh_commands()) {
+    for (const GeometryCommand& entry : entries() + mesh_commands() + step_commands()) {
         const Command command{
             .name = entry.name,
             .summary = entry.summary,

@@ -54,11 +54,7 @@ void about(const QString& failure, const QString& file, const QString& comfort, 
 
 } // namespace
 
-GeometryDocument::GeometryDocument(GeometryModel& model) : mModel(model)
-{
-    connect(&model, &GeometryModel::solid_changed, this, &GeometryDocument::touch);
-    connect(&model, &GeometryModel::mesh_changed, this, &GeometryDocument::touch);
-}
+GeometryDocument::GeometryDocument(GeometryModel& model) : mModel(model), mSavedState(model.state()) {}
 
 void GeometryDocument::clear()
 {
@@ -108,6 +104,6 @@ void GeometryDocument::set_unmodified(const QString& file)
 {
     mFile = file;
     mEarlierFile.clear();
-    mSavedChanges = mChanges;
+    mSavedState = mModel.state();
     emit settled();
 }

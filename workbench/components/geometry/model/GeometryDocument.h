@@ -3,11 +3,11 @@
 
 #pragma once
 
+#include "workbench/components/geometry/model/GeometryModel.h"
+
 #include <QByteArrayList>
 #include <QObject>
 #include <QString>
-
-class GeometryModel;
 
 /**
  * The model as a document: the file it belongs to, and whether it has changed since it was read or written.
@@ -27,13 +27,13 @@ public:
 
     /** The file that was opened or saved last; empty if there is none, as after clear(). */
     QString file() const { return mFile; }
-    /** Whether the model has changed since clear(), open() or save(). */
-    bool is_modified() const { return mChanges != mSavedChanges; }
-    /** How many changes there have been; each command that changes something counts, even if another undoes
-     * it. */
-    qint64 changes() const { return mChanges; }
-    /** Makes the document count as modified. */
-    void touch() { ++mChanges; }
+    /** Whether the model is another one than after clear(), open() or save(). An undo may make it the same
+     * again. */
+    bool is_modified() const { return mModel.state() != mSavedState; }
+    /** A number for what the model is, see GeometryModel::state(). */
+    qint64 changes() const { return mModel.state(); }
+    /** Makes the document count as modified, whatever is undone. */
+    void touch() { mSavedState = -1; }
 
     /** Starts an empty document. */
     void clear();
@@ -61,6 +61,6 @@ private:
     GeometryModel& mModel;
     QString mFile;
     QString mEarlierFile;
-    qint64 mChanges = 0;
-    qint64 mSavedChanges = 0;
+    /** GeometryModel::state() when nothing was unsaved; -1 if that will not come back. */
+    qint64 mSavedState;
 };

@@ -4,6 +4,7 @@
 #include "workbench/components/geometry/model/GeometryModel.h"
 
 #include "workbench/components/geometry/model/GeometryError.h"
+#include "workbench/components/geometry/model/ModelSteps.h"
 
 #include <algorithm>
 #include <cmath>
@@ -57,6 +58,10 @@ const Shape& checked(const Shape& shape)
 }
 
 } // namespace
+
+GeometryModel::GeometryModel() : mSteps(std::make_unique<ModelSteps>(*this)) {}
+
+GeometryModel::~GeometryModel() = default;
 
 QList<int> GeometryModel::ids() const
 {
@@ -174,7 +179,7 @@ void GeometryModel::rename(int id, const QString& name)
     check_new_name(name);
     mIds.emplace(name, id);
     mIds.erase(std::exchange(mSolids.at(id).name, name));
-    emit solid_changed(id);
+    tell(id);
 }
 
 void GeometryModel::unite(const QList<int>& ids, const ShapeListener& listener)
@@ -207,6 +212,7 @@ void GeometryModel::remove(const QList<int>& ids)
 void GeometryModel::set_mesh(std::shared_ptr<const Mesh> mesh)
 {
     mMesh = std::move(mesh);
+    mState = ++mLastState;
     emit mesh_changed();
 }
 
@@ -285,7 +291,7 @@ int GeometryModel::insert(const QString& kind, const QString& name, const Shape&
     mIds.emplace(solid.name, id);
     mSolids.emplace(id, solid);
     ++mRevision;
-    emit solid_changed(id);
+    tell(id);
     return id;
 }
 
@@ -324,14 +330,52 @@ void GeometryModel::forget(int id)
     mIds.erase(entry(id).name);
     mSolids.erase(id);
     ++mRevision;
-    emit solid_changed(id);
+    tell(id);
 }
 
 void GeometryModel::set_shape(int id, const Shape& shape)
 {
     mSolids.at(id).shape = shape;
     ++mRevision;
+    tell(id);
+}
+
+void GeometryModel::tell(int id)
+{
+    mState = ++mLastState;
     emit solid_changed(id);
+}
+
+GeometryModel::Part GeometryModel::part(const QList<int>& ids) const
+{
+    Part result{{}, mLastId, mMesh, mRevision, mState};
+    for (const int id : ids) {
+        const auto found = mSolids.find(id);
+        result.solids.emplace(id, found == mSolids.end() ? std::nullopt : std::optional(found->second));
+    }
+    return result;
+}
+
+void GeometryModel::restore(const Part& part)
+{
+    for (const auto& entry : part.solids) {
+        if (const auto found = mSolids.find(entry.first); found != mSolids.end())
+            mIds.erase(found->second.name);
+    }
+    for (const auto& [id, solid] : part.solids) {
+        mSolids.erase(id);
+        if (solid) {
+            mIds.emplace(solid->name, id);
+            mSolids.emplace(id, *solid);
+        }
+    }
+    mLastId = part.last_id;
+    mMesh = part.mesh;
+    mRevision = part.revision;
+    mState = part.state;
+    for (const auto& entry : part.solids)
+        emit solid_changed(entry.first);
+    emit mesh_changed();
 }
 
 GeometryContents GeometryModel::contents() const
@@ -369,6 +413,7 @@ void GeometryModel::replace(const GeometryContents& contents)
     mIds.swap(ids);
     mLastId = contents.last_id;
     ++mRevision;
+    mState = ++mLastState;
     mMesh = nullptr;
     if (contents.mesh) {
         auto mesh = std::make_shared<Mesh>(*contents.mesh);
@@ -383,4 +428,5 @@ void GeometryModel::replace(const GeometryContents& contents)
     for (const int id : touched)
         emit solid_changed(id);
     emit mesh_changed();
+    emit replaced();
 }

@@ -15,6 +15,8 @@
 #include <memory>
 #include <optional>
 
+class ModelSteps;
+
 /**
  * The solids and the mesh that was made of them.
  *
@@ -40,9 +42,29 @@ public:
         int id = 0;
         QString name;
     };
+    struct Entry
+    {
+        QString name;
+        Shape shape;
+
+        bool operator==(const Entry&) const = default;
+    };
+    /** A part of the model as it was at some time, or is. */
+    struct Part
+    {
+        /** Solids by their ids; empty where there is none. */
+        std::map<int, std::optional<Entry>> solids;
+        int last_id = 0;
+        std::shared_ptr<const Mesh> mesh;
+        qint64 revision = 0;
+        qint64 state = 0;
+    };
 
     /** Whether @p text could name a solid: a letter or "_", then letters, digits, "_", "-" and ".". */
     static bool is_name(const QString& text);
+
+    GeometryModel();
+    ~GeometryModel() override;
 
     /** All ids, the oldest solid first. */
     QList<int> ids() const;
@@ -91,6 +113,19 @@ public:
     /** Null removes the mesh. */
     void set_mesh(std::shared_ptr<const Mesh> mesh);
 
+    /**
+     * A number for what the model is. It has another one after each change, and after an undo the one that it
+     * had: those that are equal stand for models that are the same.
+     */
+    qint64 state() const { return mState; }
+    /** The model's steps, which can be undone. */
+    ModelSteps& steps() const { return *mSteps; }
+    /** The solids of these ids and all else, for restore(). */
+    Part part(const QList<int>& ids) const;
+    /** Puts these solids, and all else, in the place of what is there. The other solids must be those that
+     * there were with @p part. */
+    void restore(const Part& part);
+
     /** All solids and the mesh, to be saved. */
     GeometryContents contents() const;
     /** Puts these in the place of all that is there. */
@@ -110,14 +145,10 @@ signals:
     void solid_changed(int id);
     /** There is another mesh, or none any more. */
     void mesh_changed();
+    /** All of it was replaced: nothing of what was there can come back. */
+    void replaced();
 
 private:
-    struct Entry
-    {
-        QString name;
-        Shape shape;
-    };
-
     const Entry& entry(int id) const;
     void check_ids(const QList<int>& ids) const;
     void check_new_name(const QString& name) const;
@@ -132,10 +163,15 @@ private:
     void combine(const QList<int>& ids, const QString& nothing_left, const Combine& combine_shapes);
     void forget(int id);
     void set_shape(int id, const Shape& shape);
+    void tell(int id);
 
     std::map<int, Entry> mSolids;
     std::map<QString, int> mIds;
     std::shared_ptr<const Mesh> mMesh;
     int mLastId = 0;
     qint64 mRevision = 0;
+    qint64 mState = 0;
+    /** The greatest number of a state so far. */
+    qint64 mLastState = 0;
+    std::unique_ptr<ModelSteps> mSteps;
 };

@@ -25,7 +25,7 @@ constexpr qint64 copy_time = 15;
 
 GeometryScene::GeometryScene(const GeometryModel& model, Scene& scene,
                              std::function<Tessellation(const Shape& shape)> prepare)
-    : mModel(model), mScene(scene), mPrepare(std::move(prepare)), mRevision(model.revision())
+    : mModel(model), mScene(scene), mPrepare(std::move(prepare))
 {
     setObjectName(u"GeometryScene"_s);
     connect(&model, &GeometryModel::solid_changed, this, &GeometryScene::update_solid);
@@ -50,8 +50,6 @@ GeometryScene::~GeometryScene()
 void GeometryScene::update_solid(int id)
 {
     const auto solid = mModel.solid(id);
-    const bool same_shape = mRevision == mModel.revision(); // it has only got another name
-    mRevision = mModel.revision();
     const auto found = mEntries.find(id);
     if (!solid) {
         if (found != mEntries.end()) {
@@ -65,13 +63,15 @@ void GeometryScene::update_solid(int id)
         }
         return;
     }
-    if (found != mEntries.end() && same_shape) {
+    const Shape shape = mModel.shape(id);
+    if (found != mEntries.end() && found->second.shape == shape) { // it has only got another name
         mScene.set_name(found->second.item, solid->name);
         return;
     }
     Entry& entry = mEntries[id];
     if (entry.item == 0)
         entry.item = mScene.add(solid->name);
+    entry.shape = shape;
     ++entry.version;
     mScene.set_name(entry.item, solid->name);
     mScene.set_mesh(entry.item, nullptr);

@@ -51,6 +51,8 @@ private:
     struct Entry
     {
         int item = 0;
+        /** What its shape in the scene was made of, or will be. */
+        Shape shape;
         /** Grows with each change of the shape. */
         int version = 0;
     };
@@ -71,7 +73,6 @@ private:
     std::map<int, Entry> mEntries;
     /** Solids whose shapes are out of date. */
     QSet<int> mWaiting;
-    qint64 mRevision = 0;
     bool mMeshWanted = false;
     /** What the scene has been told. */
     bool mAwaited = false;

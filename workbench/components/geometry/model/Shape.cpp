@@ -39,6 +39,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/** What a face, an edge or a corner takes with its geometry, on the average: so it was with bricks and tori. */
+constexpr qint64 bytes_of_part = 500;
+
 /** Between two calls of a listener, and before the first one, in milliseconds. */
 constexpr qint64 listener_pause = 50;
 
@@ -287,6 +290,16 @@ const SolidMeasures& Shape::measures() const
         measures.pieces = mKernel->solids.NbChildren();
         return measures;
     }));
+}
+
+qint64 Shape::memory() const
+{
+    if (mKernel->memory == 0) {
+        TopTools_IndexedMapOfShape parts;
+        TopExp::MapShapes(mKernel->solids, parts);
+        mKernel->memory = parts.Extent() * bytes_of_part;
+    }
+    return mKernel->memory;
 }
 
 Shape Shape::from_brep(const QByteArray& brep)

@@ -83,6 +83,12 @@ public:
      * empty. */
     QByteArray brep() const;
 
+    /** About how many bytes it takes, what it shares with others included. */
+    qint64 memory() const;
+
+    /** Whether it is the very same shape, not one that looks the same. */
+    bool operator==(const Shape&) const = default;
+
     /** For the sources that know the kernel; null if there is none. */
     const Kernel* kernel() const { return mKernel.get(); }
 

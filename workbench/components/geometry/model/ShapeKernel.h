@@ -19,6 +19,7 @@ struct Shape::Kernel
     /** Of solids, and nothing but solids. */
     TopoDS_Compound solids;
     mutable std::optional<SolidMeasures> measures;
+    mutable qint64 memory = 0;
     /** As it was read, or written first; empty before. To write what was read is not the same: the kernel may
      * round the last bit of a direction. */
     mutable QByteArray brep;

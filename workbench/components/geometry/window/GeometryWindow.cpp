@@ -6,6 +6,7 @@
 #include "frame/Ostrel.h"
 #include "host/ostrelfw/Broker.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
+#include "workbench/components/geometry/model/ModelSteps.h"
 #include "workbench/components/geometry/window/CommandDialog.h"
 #include "workbench/components/geometry/window/GeometryDock.h"
 #include "workbench/sdk/component/ComponentContext.h"
@@ -56,6 +57,7 @@ GeometryWindow::GeometryWindow(fennar::ComponentContext& context, const Geometry
     make_mesh_actions();
     add_dock(context);
     add_menu(context);
+    add_edit_menu(context, model.steps());
     context.add_to_toolbar("GeometryTools", tr("Geometry Tools"), mToolActions);
     connect(mDock, &GeometryDock::selection_changed, this, &GeometryWindow::update_actions);
     update_actions();
@@ -218,11 +220,29 @@ void GeometryWindow::add_menu(fennar::ComponentContext& context)
     context.add_to_menu(fennar::FixedMenu::Manuals, {help});
     connect(help, &QAction::triggered, this, [] {
         for (const char* command :
-             {"brick",   "cylinder", "sphere",   "cone",      "torus",  "move",  "rotate", "copy",
-              "rename",  "unite",    "subtract", "intersect", "delete", "list",  "mesh",   "statistics",
-              "quality", "new",      "open",     "save",      "import", "export"})
+             {"brick", "cylinder",   "sphere",  "cone",     "torus",     "move",   "rotate",
+              "copy",  "rename",     "unite",   "subtract", "intersect", "delete", "list",
+              "mesh",  "statistics", "quality", "undo",     "redo",      "steps",  "new",
+              "open",  "save",       "import",  "export"})
             send_command(u"help "_s + QLatin1StringView(command));
     });
+}
+
+void GeometryWindow::add_edit_menu(fennar::ComponentContext& context, const ModelSteps& steps)
+{
+    QAction* const undo = make_plain_action("undo", tr("&Undo"));
+    QAction* const redo = make_plain_action("redo", tr("&Redo"));
+    // Fields for text take these keys before the window does.
+    undo->setShortcut(Qt::CTRL | Qt::Key_Z);
+    redo->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
+    const auto update = [undo, redo, &steps] {
+        undo->setEnabled(steps.can_undo());
+        redo->setEnabled(steps.can_redo());
+    };
+    connect(&steps, &ModelSteps::changed, this, update);
+    update();
+    // The shell puts the menu of this title behind the file menu.
+    context.add_to_menu(Ostrel::tr("&Edit"), {undo, redo});
 }
 
 void GeometryWindow::add_dock(fennar::ComponentContext& context)

@@ -14,6 +14,7 @@
 struct CommandField;
 class GeometryDock;
 class GeometryModel;
+class ModelSteps;
 class Ostrel;
 class QAction;
 
@@ -22,8 +23,8 @@ class ComponentContext;
 }
 
 /**
- * All that the component has in the main window: the menu "Geometry", a toolbar, the dock "Model", and an
- * entry in the help menu. Whatever a user chooses is sent to the console as a command.
+ * All that the component has in the main window: the menus "Geometry" and "Edit", a toolbar, the dock
+ * "Model", and an entry in the help menu. Whatever a user chooses is sent to the console as a command.
  */
 class GeometryWindow : public QObject
 {
@@ -46,6 +47,7 @@ private:
     void make_change_actions();
     void make_mesh_actions();
     void add_menu(fennar::ComponentContext& context);
+    void add_edit_menu(fennar::ComponentContext& context, const ModelSteps& steps);
     void add_dock(fennar::ComponentContext& context);
     void update_actions();
 

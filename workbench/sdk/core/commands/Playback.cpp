@@ -176,6 +176,7 @@ Playback::Outcome Playback::play_text(const Script& script, bool python, const Q
             CommandError::shown(directory, directory.size()),
             CommandError::shown(script.name, script.name.size())));
     if (mDepth++ == 0) {
+        ++mJournals;
         mDirectory = before;
         mPercent = 0;
         mProgress(script.name, 0);

@@ -124,6 +124,8 @@ public:
 
     /** Whether a journal is being played, paused or not. */
     bool is_playing() const { return mDepth > 0; }
+    /** A number for the outermost journal that is being played, which no other gets; 0 if there is none. */
+    int journal_number() const { return is_playing() ? mJournals : 0; }
     /** Makes playback wait before its next command. Stays on until resume() or stop(), also between files. */
     void pause();
     /** Ends a pause. */
@@ -191,6 +193,8 @@ private:
     /** The current directory when the outermost journal began. */
     QString mDirectory;
     int mDepth = 0;
+    /** How many outermost journals have begun. */
+    int mJournals = 0;
     /** The scripts in play, the outermost one first. */
     QList<const Script*> mScripts;
     /** The Python scripts among them. */

@@ -42,13 +42,16 @@ const QMap<QString, QString>& calls()
         {u"new"_s, u"new discard"_s},
         {u"open"_s, u"open part.mdl"_s},
         {u"quality"_s, u"quality"_s},
+        {u"redo"_s, u"redo"_s},
         {u"rename"_s, u"rename a d"_s},
         {u"rotate"_s, u"rotate a by 30"_s},
         {u"save"_s, u"save other.mdl"_s},
         {u"sphere"_s, u"sphere 2 at 50 0 0"_s},
         {u"statistics"_s, u"statistics"_s},
+        {u"steps"_s, u"steps"_s},
         {u"subtract"_s, u"subtract b from a"_s},
         {u"torus"_s, u"torus 10 2 at 50 0 0"_s},
+        {u"undo"_s, u"undo"_s},
         {u"unite"_s, u"unite a b"_s},
     };
     return lines;
@@ -128,10 +131,14 @@ void TstCommandFlags::flags_are_what_commands_do()
 {
     QCOMPARE(mSession->registry.names(), calls().keys());
     for (const QString& line : {u"brick 10 name a"_s, u"brick 10 at 5 0 0 name b"_s, u"sphere 4 name c"_s,
-                               u"export part.step a"_s, u"mesh c size 8"_s, u"save part.mdl"_s})
+                                u"export part.step a"_s, u"mesh c size 8"_s, u"save part.mdl"_s})
         run(line);
     for (const QString& name : calls().keys()) {
         run(u"open part.mdl"_s);
+        if (name == u"undo" || name == u"redo")
+            run(u"brick 2 at 50 0 0"_s);
+        if (name == u"redo")
+            run(u"undo"_s);
         const auto before = state(*mModel);
         mTurns = 0;
         run(calls()[name]);

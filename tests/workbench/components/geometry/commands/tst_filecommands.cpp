@@ -518,10 +518,15 @@ void TstFileCommands::odd_file_names_are_no_problem()
     make({u"brick 2"_s});
     const QString file = path(name + u'/' + name);
     const QString stl = file + u".stl"_s;
-    // Once with an ending that tells the format, and once without.
-    for (const QString& target : {stl, file}) {
-        make({export_command(target, u"STL"_s)});
-        QVERIFY(QFile::exists(target));
+    const QByteArray surface = exported(u"a.stl"_s);
+    // Once with an ending that tells another format, and once without. What is written here needs no
+    // converter.
+    for (const QString& ending : {u".stl"_s, QString()}) {
+        const QString target = file + ending;
+        const QString inside = name + u'/' + name + ending;
+        make({export_command(target, u"BREP"_s)});
+        QVERIFY(read(inside).contains("CASCADE Topology"));
+        write(inside, surface);
         make({import_command(target, u"STL"_s)});
         QCOMPARE(mModel->mesh()->file, target);
     }

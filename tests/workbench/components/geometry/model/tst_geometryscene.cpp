@@ -30,6 +30,7 @@ private slots:
     void model_goes_on_while_shapes_are_made();
     void solid_that_changes_meanwhile_gets_its_last_shape();
     void solid_deleted_meanwhile_is_not_awaited();
+    void replaced_solids_get_their_new_shapes();
     void shape_that_fails_is_none_data();
     void shape_that_fails_is_none();
     void end_does_not_wait_for_the_rest();
@@ -156,6 +157,23 @@ void TstGeometryScene::solid_deleted_meanwhile_is_not_awaited()
     QVERIFY(mScene->items().empty());
     mGo.release(2);
     QTRY_VERIFY(!mScene->is_awaited());
+}
+
+void TstGeometryScene::replaced_solids_get_their_new_shapes()
+{
+    mScene->add_viewer();
+    make_waiting_scene();
+    mGo.release(1000);
+    for (const QString& name : {u"a"_s, u"b"_s, u"c"_s})
+        mModel->brick({1, 1, 1}, {}, name);
+    GeometryModel other;
+    for (const QString& name : {u"a"_s, u"b"_s, u"c"_s})
+        other.brick({2, 2, 2}, {}, name);
+    QTRY_VERIFY(!mScene->is_awaited());
+    mModel->replace(other.contents());
+    QTRY_VERIFY(!mScene->is_awaited());
+    for (const QString& name : {u"a"_s, u"b"_s, u"c"_s})
+        QVERIFY2(std::abs(shape(name)->box.most.x - 1) < 1e-6, qPrintable(name));
 }
 
 void TstGeometryScene::shape_that_fails_is_none_data()
