@@ -7,35 +7,27 @@
 #include "console/CommandWindow.h"
 #include "files/FileLineEdit.h"
 #include "frame/Ostrel.h"
-#include "frame/settings_keys.h"
-#include "host/navigation/NavigationModel.h"
-#include "host/navigation/NavigationResourcesDelay.h"
 #include "host/ostrelfw/Broker.h"
 #include "host/ostrelfw/Framework.h"
 #include "host/ostrelfw/Mediator.h"
 #include "host/ostrelfw/OutputHandler.h"
 #include "journal/JournalEditor.h"
-#include "menus/HelpAboutOstrel.h"
-#include "menus/OstrelHelpMenu.h"
 #include "menus/OstrelToolsMenu.h"
 #include "options/OptionsPanel.h"
 #include "workbench/application/component_manager/ComponentManager.h"
 #include "workbench/application/component_manager/component_commands.h"
 #include "workbench/application/console/ConsoleOwner.h"
-#include "workbench/application/console/LineInterpreter.h"
-#include "workbench/application/journals/JournalCheck.h"
-#include "workbench/application/journals/JournalFiles.h"
+#include "workbench/application/console/line_interpreters.h"
 #include "workbench/application/playback/JournalPlayer.h"
+#include "workbench/application/playback/play_from_anywhere.h"
 #include "workbench/application/python/apply_python_paths.h"
 #include "workbench/application/python/python_actions.h"
+#include "workbench/application/python/python_command.h"
 #include "workbench/application/python/python_literal.h"
-#include "workbench/application/search/CommandFinder.h"
-#include "workbench/application/settings/PanelOptions.h"
 #include "workbench/application/windows/ColourScheme.h"
-#include "workbench/application/windows/FileDrops.h"
+#include "workbench/application/windows/FirstSize.h"
 #include "workbench/application/windows/WindowCommands.h"
-#include "workbench/application/windows/WindowKeys.h"
-#include "workbench/host/fennar_python/PythonConsole.h"
+#include "workbench/application/windows/WindowParts.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
 #include "workbench/host/fennar_python/make_python_interpreter.h"
 #include "workbench/host/navigation/FormServices.h"
@@ -50,7 +42,6 @@
 #include "workbench/sdk/core/commands/CommandSink.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/commands/Interrupt.h"
-#include "workbench/sdk/core/commands/complete_command.h"
 #include "workbench/sdk/core/scene/Scene.h"
 #include "workbench/sdk/core/scene/select_command.h"
 
@@ -69,7 +60,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <sys/stat.h>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -106,68 +96,12 @@ constexpr qint64 splash_patience = 300;
 constexpr auto start_interval = 2ms;
 constexpr qint64 start_patience = 2000;
 
-class CommandLines : public LineInterpreter
-{
-public:
-    Outcome enter(const QString& line) override
-    {
-        const CommandInterpreter::Result result = Fennar::instance().interpreter().enter(line);
-        return {result == CommandInterpreter::Result::Incomplete,
-                {},
-                result == CommandInterpreter::Result::Failed};
-    }
-    void reset() override { Fennar::instance().interpreter().reset(); }
-    LineCompletion complete(const QString& line, qsizetype caret) override
-    {
-        Fennar& fennar = Fennar::instance();
-        const QString& entered = fennar.interpreter().entered();
-        LineCompletion completion = complete_command(entered + line, entered.size() + caret,
-                                                     fennar.registry(), fennar.interpreter().variables());
-        completion.start -= entered.size();
-        // A word that has begun on an earlier line cannot be written anew.
-        return completion.start < 0 ? LineCompletion{.start = caret} : completion;
-    }
-};
-
-class PythonLines : public LineInterpreter
-{
-public:
-    Outcome enter(const QString& line) override
-    {
-        const PythonConsole::Outcome outcome = mConsole.enter(line);
-        return {outcome.incomplete, outcome.indent, outcome.failed};
-    }
-    void reset() override { mConsole.reset(); }
-    LineCompletion complete(const QString& line, qsizetype caret) override
-    {
-        const PythonConsole::Names names = mConsole.complete(line, caret);
-        LineCompletion completion{.start = names.start, .common = names.common};
-        for (const QString& name : names.names)
-            completion.candidates << LineCompletion::Candidate{name, name};
-        return completion;
-    }
-
-private:
-    PythonConsole mConsole{PythonRuntime::user_namespace()};
-};
-
 /** Leaves the file's error flag set if the text could not be written. */
 void print_to(std::FILE* file, const QString& text)
 {
     const QByteArray bytes = text.toUtf8();
     std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), file);
     std::fflush(file);
-}
-
-/** "python STATEMENT...": the words, joined with blanks, are one Python source. */
-void run_python_command(CommandCall& call, const CommandArguments& arguments)
-{
-    const QByteArray source = arguments.texts("STATEMENT"_L1).join(u' ').toUtf8();
-    FennarPythonInterpreter* python = Framework::user_python_interpreter();
-    if (!python || !python->IsInitialized())
-        throw call.error(0, u"Python is not available"_s);
-    if (python->Run_SimpleString(source.constData()) != 0)
-        throw call.error(1, u"the Python statement failed"_s);
 }
 
 /** Lets the windows that have been shown, which is the splash screen, come to the screen and be painted. */
@@ -197,64 +131,6 @@ QString not_played(const QString& journal)
 {
     return u"ERROR: %1 is not played, since the model could not be opened\n"_s.arg(
         CommandError::shown(journal, journal.size()));
-}
-
-/** Whether reading from the file has to wait for others. */
-bool is_pipe(const QString& path)
-{
-    struct stat status = {};
-    return ::stat(QFile::encodeName(path).constData(), &status) == 0 &&
-           (S_ISFIFO(status.st_mode) || S_ISSOCK(status.st_mode));
-}
-
-/** Plays a journal that may come from another program. */
-Playback::Outcome play_from_anywhere(Playback& playback, const QString& journal)
-{
-    QFile file(journal);
-    if (journal == CommandLine::standard_input && file.open(stdin, QIODevice::ReadOnly))
-        return playback.play_device(file, u"standard input"_s);
-    // A window would wait for the other program, too, and so does not take one.
-    if (is_pipe(journal) && file.open(QIODevice::ReadOnly))
-        return playback.play_device(file, journal);
-    return playback.play(journal);
-}
-
-/** The size of the main window at the first start, where the screen has room for it: all buttons of the
- * toolbars are seen, and most errors are not cut on the console. */
-constexpr QSize first_size(1200, 880);
-
-/** Gives the main window its first size just before it is shown, unless the settings have one. */
-class FirstSize : public QObject
-{
-public:
-    FirstSize()
-    {
-        if (QCoreApplication* application = QCoreApplication::instance())
-            application->installEventFilter(this);
-    }
-    bool eventFilter(QObject* object, QEvent* event) override
-    {
-        // The shell has read its settings by then, and the screen has not got the window yet.
-        if (event->type() != QEvent::Show || object != Ostrel::instance())
-            return false;
-        const QSettings settings;
-        Ostrel* window = Ostrel::instance();
-        if (!settings.contains(settings_keys::geometry) && !settings.contains(settings_keys::width))
-            window->resize(
-                window->size().expandedTo(first_size.boundedTo(window->screen()->availableSize())));
-        return false;
-    }
-};
-
-/** Fills the about dialog in. */
-void describe_product()
-{
-    HelpAboutOstrel* about = Ostrel::instance()->help_menu()->get_help_about_dialog();
-    about->setProductName(u"Fennar"_s);
-    about->setProductInfo(QCoreApplication::translate("Workbench", "Version %1, the workbench of Ostrel")
-                              .arg(QCoreApplication::applicationVersion()));
-    // The dialog takes a path as it stands only if "fennargui" is in it.
-    about->setIconPath(u":/fennargui/product.png"_s);
 }
 
 } // namespace
@@ -316,21 +192,7 @@ void Workbench::set_up_commands()
         return PythonRuntime::run_file(script.path, script.source, script.piece);
     });
     fennar.playback().set_change_directory([] { return Broker::instance()->change_dir_on_playback(); });
-    fennar.registry().add(
-        {.name = u"python"_s,
-         .summary = u"Runs a Python statement."_s,
-         .help = u"The words are joined with blanks. Quote the statement if it has quotes of its own, as\n"
-                 "    python 'print(\"done\")'"_s,
-         .owner = u"workbench"_s,
-         .perform = &run_python_command,
-         .forms = {{.clauses = {required_value({.name = u"STATEMENT"_s,
-                                                .kind = CommandParameter::Kind::Text,
-                                                .what = u"a Python statement"_s,
-                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Statement"),
-                                                .repeated = true,
-                                                .example = u"print('done')"_s})}}},
-         .runs_commands = true,
-         .long_running = true});
+    register_python_command(fennar.registry());
     mWindowCommands = std::make_unique<WindowCommands>(
         fennar.registry(),
         [this] {
@@ -369,8 +231,8 @@ void Workbench::set_up_python()
     PythonRuntime::start_when_needed(hooks);
     set_framework_interpreters(make_python_interpreter(PythonRuntime::framework_namespace()),
                                make_python_interpreter(PythonRuntime::user_namespace()));
-    mCommands = std::make_unique<CommandLines>();
-    mPython = std::make_unique<PythonLines>();
+    mCommands = make_command_lines();
+    mPython = make_python_lines();
 }
 
 void Workbench::set_up_playback()
@@ -400,36 +262,6 @@ void Workbench::add_start_error(const QString& error)
         mErrors << error;
 }
 
-namespace {
-
-/** The window owns the page. */
-void add_panel_options()
-{
-    OptionsPanel* options = Ostrel::instance()->options();
-    auto* page = new PanelOptions(Ostrel::instance());
-    options->add_panel(PanelOptions::tr("Panel"), page);
-    QObject::connect(options, &OptionsPanel::refreshSettings, page, &PanelOptions::refresh);
-    QObject::connect(options, &OptionsPanel::saveSettings, page, &PanelOptions::save);
-    page->apply_stored_size();
-}
-
-/** The shell looks for entries that are shown from now on. Those that are no longer are for the host to find.
- */
-void follow_unloaded_components()
-{
-    NavigationModel* model = Ostrel::instance()->navigation_model();
-    QObject::connect(&Fennar::instance().registry().entities(), &CommandEntities::changed, model,
-                     [model](const QString& kind) {
-                         if (kind != loaded_component)
-                             return;
-                         NavigationResourcesDelay resources;
-                         resources.model = model;
-                         resources.recheckResources();
-                     });
-}
-
-} // namespace
-
 bool Workbench::load()
 {
     if (qobject_cast<QApplication*>(QCoreApplication::instance()))
@@ -450,33 +282,18 @@ bool Workbench::load()
     // What Python's threads have written before could not be announced.
     PythonRuntime::deliver_output();
     set_command_sink([this](const QString& command) { run_panel_command(command); });
-    Ostrel::instance()->set_title(u"Fennar"_s);
-    describe_product();
     mScheme->add_to_menu(Ostrel::instance());
     // Once all pages have written theirs.
     QObject::connect(
         Ostrel::instance()->options(), &OptionsPanel::saveSettings, Ostrel::instance(),
         [this] { check_settings(); }, Qt::QueuedConnection);
     set_up_playback();
-    add_panel_options();
-    follow_unloaded_components();
     // Before components look at journals: what is not saved whole counts as unsaved when these are told.
-    mJournalFiles =
-        std::make_unique<JournalFiles>(Ostrel::instance()->journal_editor(), [this](const QString& text) {
-            report_error(u"ERROR: "_s + text + u'\n');
-        });
-    mJournalCheck = std::make_unique<JournalCheck>(
-        Ostrel::instance()->journal_editor(), Fennar::instance().interpreter(),
-        [](const QString& text) { Broker::command << text; },
-        [this](const QString& text) { report_error(text); });
-    mKeys = std::make_unique<WindowKeys>(Ostrel::instance());
-    mDrops = std::make_unique<FileDrops>(
-        Ostrel::instance(), mConsole.get(), [this](const QString& command) { run_panel_command(command); },
-        [this](const QString& text) { report_error(text); });
-    mFinder = std::make_unique<CommandFinder>(
-        Ostrel::instance(), Fennar::instance().registry(),
-        CommandFinder::Services{[this](const QString& line) { run_panel_command(line); },
-                                [this](const QString& name) { write_command(name); }});
+    mParts = std::make_unique<WindowParts>(
+        Ostrel::instance(), mConsole.get(),
+        WindowParts::Services{[this](const QString& command) { run_panel_command(command); },
+                              [this](const QString& name) { write_command(name); },
+                              [this](const QString& text) { report_error(text); }});
     // The pages of components come below it and go with them; the group stays. Its name sorts behind the
     // pages of the shell, since the dialog opens on the first.
     Ostrel::instance()->options()->add_panel(QCoreApplication::translate("Workbench", "Plugins"), nullptr);
@@ -524,11 +341,7 @@ void Workbench::unload()
     mPlayer.reset();
     if (Ostrel* window = Ostrel::instance())
         mScheme->remove_from_menu(window);
-    mFinder.reset();
-    mDrops.reset();
-    mKeys.reset();
-    mJournalCheck.reset();
-    mJournalFiles.reset();
+    mParts.reset();
     mFrame.unload_gui();
     check_settings();
 }
@@ -672,10 +485,8 @@ void Workbench::set_busy(bool busy)
         mWork.emplace();
     mInterruptsPassedOn = 0;
     mCloseGuard.set_running(busy);
-    if (mKeys)
-        mKeys->set_busy(busy);
-    if (mFinder)
-        mFinder->set_busy(busy);
+    if (mParts)
+        mParts->set_busy(busy);
 }
 
 void Workbench::show_progress(const QString& journal, int percent)

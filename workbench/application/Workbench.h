@@ -19,17 +19,13 @@
 #include <optional>
 
 class ColourScheme;
-class CommandFinder;
 class ComponentManager;
 class ConsoleOwner;
-class FileDrops;
-class JournalCheck;
-class JournalFiles;
 class JournalPlayer;
 class LineInterpreter;
 class OutputHandler;
 class WindowCommands;
-class WindowKeys;
+class WindowParts;
 
 /**
  * The reference application: joins the shell, the command interpreter, Python and the console owner.
@@ -147,11 +143,7 @@ private:
     std::unique_ptr<ConsoleOwner> mConsole;
     std::unique_ptr<JournalPlayer> mPlayer;
     CloseGuard mCloseGuard;
-    std::unique_ptr<JournalFiles> mJournalFiles;
-    std::unique_ptr<JournalCheck> mJournalCheck;
-    std::unique_ptr<WindowKeys> mKeys;
-    std::unique_ptr<FileDrops> mDrops;
-    std::unique_ptr<CommandFinder> mFinder;
+    std::unique_ptr<WindowParts> mParts;
     std::unique_ptr<ComponentManager> mComponents;
     std::unique_ptr<ColourScheme> mScheme;
     std::unique_ptr<WindowCommands> mWindowCommands;

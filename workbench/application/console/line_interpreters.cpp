@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/application/console/line_interpreters.h"
+
+#include "workbench/host/fennar_python/PythonConsole.h"
+#include "workbench/host/fennar_python/PythonRuntime.h"
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
+#include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/commands/complete_command.h"
+
+namespace {
+
+class CommandLines : public LineInterpreter
+{
+public:
+    Outcome enter(const QString& line) override
+    {
+        const CommandInterpreter::Result result = Fennar::instance().interpreter().enter(line);
+        return {result == CommandInterpreter::Result::Incomplete,
+                {},
+                result == CommandInterpreter::Result::Failed};
+    }
+    void reset() override { Fennar::instance().interpreter().reset(); }
+    LineCompletion complete(const QString& line, qsizetype caret) override
+    {
+        Fennar& fennar = Fennar::instance();
+        const QString& entered = fennar.interpreter().entered();
+        LineCompletion completion = complete_command(entered + line, entered.size() + caret,
+                                                     fennar.registry(), fennar.interpreter().variables());
+        completion.start -= entered.size();
+        // A word that has begun on an earlier line cannot be written anew.
+        return completion.start < 0 ? LineCompletion{.start = caret} : completion;
+    }
+};
+
+class PythonLines : public LineInterpreter
+{
+public:
+    Outcome enter(const QString& line) override
+    {
+        const PythonConsole::Outcome outcome = mConsole.enter(line);
+        return {outcome.incomplete, outcome.indent, outcome.failed};
+    }
+    void reset() override { mConsole.reset(); }
+    LineCompletion complete(const QString& line, qsizetype caret) override
+    {
+        const PythonConsole::Names names = mConsole.complete(line, caret);
+        LineCompletion completion{.start = names.start, .common = names.common};
+        for (const QString& name : names.names)
+            completion.candidates << LineCompletion::Candidate{name, name};
+        return completion;
+    }
+
+private:
+    PythonConsole mConsole{PythonRuntime::user_namespace()};
+};
+
+} // namespace
+
+std::unique_ptr<LineInterpreter> make_command_lines()
+{
+    return std::make_unique<CommandLines>();
+}
+
+std::unique_ptr<LineInterpreter> make_python_lines()
+{
+    return std::make_unique<PythonLines>();
+}

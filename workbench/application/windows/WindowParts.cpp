@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/application/windows/WindowParts.h"
+
+#include "frame/Ostrel.h"
+#include "host/navigation/NavigationModel.h"
+#include "host/navigation/NavigationResourcesDelay.h"
+#include "host/ostrelfw/Broker.h"
+#include "menus/HelpAboutOstrel.h"
+#include "menus/OstrelHelpMenu.h"
+#include "options/OptionsPanel.h"
+#include "workbench/application/component_manager/component_commands.h"
+#include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/application/journals/JournalCheck.h"
+#include "workbench/application/journals/JournalFiles.h"
+#include "workbench/application/search/CommandFinder.h"
+#include "workbench/application/settings/PanelOptions.h"
+#include "workbench/application/windows/FileDrops.h"
+#include "workbench/application/windows/WindowKeys.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/Fennar.h"
+
+#include <QCoreApplication>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/** Fills the about dialog in. */
+void describe_product(Ostrel* window)
+{
+    HelpAboutOstrel* about = window->help_menu()->get_help_about_dialog();
+    about->setProductName(u"Fennar"_s);
+    about->setProductInfo(QCoreApplication::translate("Workbench", "Version %1, the workbench of Ostrel")
+                              .arg(QCoreApplication::applicationVersion()));
+    // The dialog takes a path as it stands only if "fennargui" is in it.
+    about->setIconPath(u":/fennargui/product.png"_s);
+}
+
+/** The window owns the page. */
+void add_panel_options(Ostrel* window)
+{
+    OptionsPanel* options = window->options();
+    auto* page = new PanelOptions(window);
+    options->add_panel(PanelOptions::tr("Panel"), page);
+    QObject::connect(options, &OptionsPanel::refreshSettings, page, &PanelOptions::refresh);
+    QObject::connect(options, &OptionsPanel::saveSettings, page, &PanelOptions::save);
+    page->apply_stored_size();
+}
+
+/** The shell looks for entries that are shown from now on. Those that are no longer are for the host to find.
+ */
+void follow_unloaded_components(Ostrel* window)
+{
+    NavigationModel* model = window->navigation_model();
+    QObject::connect(&Fennar::instance().registry().entities(), &CommandEntities::changed, model,
+                     [model](const QString& kind) {
+                         if (kind != loaded_component)
+                             return;
+                         NavigationResourcesDelay resources;
+                         resources.model = model;
+                         resources.recheckResources();
+                     });
+}
+
+} // namespace
+
+WindowParts::WindowParts(Ostrel* window, ConsoleOwner* console, const Services& services)
+    : mJournalFiles(std::make_unique<JournalFiles>(
+          window->journal_editor(),
+          [report = services.report](const QString& text) { report(u"ERROR: "_s + text + u'\n'); })),
+      mJournalCheck(std::make_unique<JournalCheck>(
+          window->journal_editor(), Fennar::instance().interpreter(),
+          [](const QString& text) { Broker::command << text; }, services.report)),
+      mKeys(std::make_unique<WindowKeys>(window)),
+      mDrops(std::make_unique<FileDrops>(window, console, services.run, services.report)),
+      mFinder(std::make_unique<CommandFinder>(window, Fennar::instance().registry(),
+                                              CommandFinder::Services{services.run, services.write}))
+{
+    window->set_title(u"Fennar"_s);
+    describe_product(window);
+    add_panel_options(window);
+    follow_unloaded_components(window);
+}
+
+WindowParts::~WindowParts() = default;
+
+void WindowParts::set_busy(bool busy)
+{
+    mKeys->set_busy(busy);
+    mFinder->set_busy(busy);
+}

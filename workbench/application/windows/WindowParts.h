@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+class CommandFinder;
+class ConsoleOwner;
+class FileDrops;
+class JournalCheck;
+class JournalFiles;
+class Ostrel;
+class WindowKeys;
+
+/**
+ * What the program adds to the shell's main window and journal editor: its name and product, a page of the
+ * options, keys, drops, the command search, and what looks after journals. One object while there is a
+ * window; it goes before the window does.
+ */
+class WindowParts
+{
+public:
+    struct Services
+    {
+        /** Runs a command as though the user had typed it. */
+        std::function<void(const QString& command)> run;
+        /** Puts the command's name where the user types, to be completed. */
+        std::function<void(const QString& name)> write;
+        /** Tells an error; whole lines. */
+        std::function<void(const QString& text)> report;
+    };
+
+    /** @param window, console  not null; they outlive this object. */
+    WindowParts(Ostrel* window, ConsoleOwner* console, const Services& services);
+    ~WindowParts();
+
+    /** Says whether a line runs on the console. */
+    void set_busy(bool busy);
+
+private:
+    const std::unique_ptr<JournalFiles> mJournalFiles;
+    const std::unique_ptr<JournalCheck> mJournalCheck;
+    const std::unique_ptr<WindowKeys> mKeys;
+    const std::unique_ptr<FileDrops> mDrops;
+    const std::unique_ptr<CommandFinder> mFinder;
+};
