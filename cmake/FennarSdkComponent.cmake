@@ -55,7 +55,10 @@ function(fennar_describe_component target)
     "commands": [@COMMANDS@]
 }
 ]])
+    # Qt's compiler is run again when the source changes, and not when only the metadata do.
+    file(SHA256 ${plugin}.json metadata)
     file(CONFIGURE OUTPUT ${plugin}.cpp @ONLY CONTENT [[
+// Metadata: @metadata@
 #include "workbench/sdk/component/Component.h"
 
 #include <QObject>

@@ -238,6 +238,11 @@ void TstCommandDescriptions::lines_made_of_the_description_run()
     if (name == "load"_L1)
         QCOMPARE(run(u"unload demo"_s), Result::Done);
     const auto check = [&](auto with) {
+        // Something to take back.
+        if (name == "undo"_L1 || name == "redo"_L1)
+            QCOMPARE(run(u"move a by 1 0 0"_s), Result::Done);
+        if (name == "redo"_L1)
+            QCOMPARE(run(u"undo"_s), Result::Done);
         QList<ClauseValues> values = examples(form, with);
         if (name == "load"_L1 && number == 1)
             values = {QList<QStringList>{{QString::fromUtf8(TREE_COMPONENTS) + u"/demo.so"_s}}};

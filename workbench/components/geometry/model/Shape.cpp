@@ -39,7 +39,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** What a face, an edge or a corner takes with its geometry, on the average: so it was with bricks and tori. */
+/** What a face, an edge or a corner takes with its geometry, on the average: so it was with bricks and tori.
+ */
 constexpr qint64 bytes_of_part = 500;
 
 /** Between two calls of a listener, and before the first one, in milliseconds. */

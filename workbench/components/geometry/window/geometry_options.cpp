@@ -52,6 +52,7 @@ fennar::OptionsPage make_page(ModelSteps& steps)
 void add_geometry_options(fennar::ComponentContext& context, ModelSteps& steps)
 {
     set_limit(steps);
-    context.add_options_page(QCoreApplication::translate("GeometryOptions", "Geometry"),
+    context.add_options_page(QCoreApplication::translate("Workbench", "Plugins") + u'/' +
+                                 QCoreApplication::translate("GeometryOptions", "Geometry"),
                              [&steps] { return make_page(steps); });
 }
