@@ -147,8 +147,10 @@ public:
 
     void command_search()
     {
+        constexpr int count = 2000;
         std::vector<QAction*> actions;
-        for (int i = 0; i < 2000; ++i)
+        actions.reserve(count);
+        for (int i = 0; i < count; ++i)
             actions.push_back(new QAction(u"Entry &number %1 of a menu..."_s.arg(i), Ostrel::instance()));
         Ostrel::instance()->add_to_menu(u"&Many"_s, actions, "bench");
         QAction* opener = nullptr;

@@ -39,7 +39,7 @@ const auto own_command = u"write_command_reference"_s;
 /** @p text where a table or a paragraph would see marks in it. */
 QString escaped(QString text)
 {
-    for (const QChar mark : u"\\`*_[]<>|"_s)
+    for (const QChar mark : QStringView(u"\\`*_[]<>|"))
         text.replace(mark, u'\\' + QString(mark));
     return text;
 }

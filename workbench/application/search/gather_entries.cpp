@@ -107,9 +107,7 @@ QString plain_menu_text(const QString& text)
     for (qsizetype i = 0; i < text.size() && text[i] != u'\t'; ++i) {
         if (text[i] == u'(' && i + 3 < text.size() && text[i + 1] == u'&' && text[i + 3] == u')')
             i += 3; // as in "Open (&O)"
-        else if (text[i] != u'&')
-            plain += text[i];
-        else if (++i < text.size())
+        else if (text[i] != u'&' || ++i < text.size())
             plain += text[i];
     }
     plain = plain.trimmed();

@@ -147,7 +147,7 @@ std::shared_ptr<const SceneShape> tessellate(const TopoDS_Shape& shape, const st
     parameters.DeflectionInterior = size * most_deviation;
     parameters.MinSize = size * least_piece;
     const Handle(Stop) indicator = new Stop(stop);
-    BRepMesh_IncrementalMesh(shape, parameters, Message_ProgressIndicator::Start(indicator));
+    const BRepMesh_IncrementalMesh triangles(shape, parameters, Message_ProgressIndicator::Start(indicator));
     if (stop)
         return nullptr;
 

@@ -278,7 +278,7 @@ void TstGeometryScene::edges_are_those_that_are_seen()
     QCOMPARE(pieces(mModel->sphere(1)), 0U);
     QCOMPARE(pieces(mModel->torus(3, 1)), 0U);
     const std::size_t of_circles = pieces(mModel->cylinder(1, 1));
-    QVERIFY2(of_circles >= 2U * 24 && of_circles < 2U * 32, qPrintable(QString::number(of_circles)));
+    QVERIFY2(of_circles >= 48 && of_circles < 64, qPrintable(QString::number(of_circles)));
 }
 
 OSTREL_TEST(TstGeometryScene)

@@ -101,7 +101,7 @@ void TstModelSteps::undo_takes_back_each_kind_of_command()
     QSignalSpy changes(mModel.get(), &GeometryModel::mesh_changed);
     QCOMPARE(run(u"undo"_s), u"Undone: %1\n"_s.arg(line));
     QCOMPARE(saved(), before);
-    QVERIFY(changes.size() > 0);
+    QVERIFY(!changes.isEmpty());
     QCOMPARE(run(u"redo"_s), u"Redone: %1\n"_s.arg(line));
     QCOMPARE(saved(), after);
     QCOMPARE(run(u"undo"_s), u"Undone: %1\n"_s.arg(line));
@@ -253,7 +253,7 @@ void TstModelSteps::memory_is_bounded()
         run(u"move a by 1 0 0"_s);
     ModelSteps& steps = mModel->steps();
     const qint64 all = steps.memory();
-    QVERIFY(all > 20 * 1000);
+    QVERIFY(all > 20'000);
     steps.set_limit(all / 2);
     QVERIFY(steps.memory() <= all / 2 && steps.memory() > all / 4);
     const std::size_t left = steps.steps().size();
