@@ -119,7 +119,8 @@ bool MainFrame::load_gui()
 static void add_console_font()
 {
     static int font = -1;
-    if (QFontDatabase::applicationFontFamilies(font).isEmpty())
+    // The number may stand for another font in the next application.
+    if (!QFontDatabase::applicationFontFamilies(font).contains(u"Inconsolata"_s))
         font = QFontDatabase::addApplicationFont(u":/ostrelgui/fonts/Inconsolata-Regular.ttf"_s);
 }
 

@@ -143,6 +143,8 @@ private slots:
     void loading_builds_and_shows_the_window();
     void batch_mode_makes_no_difference_to_loading();
     void console_font_is_registered();
+    void console_font_is_registered_once();
+    void console_font_is_registered_though_another_has_its_number();
     void console_becomes_the_output();
     void window_that_nearly_fills_the_screen_is_maximised_data();
     void window_that_nearly_fills_the_screen_is_maximised();
@@ -375,6 +377,41 @@ void TstMainFrame::batch_mode_makes_no_difference_to_loading()
 void TstMainFrame::console_font_is_registered()
 {
     QFontDatabase::removeAllApplicationFonts();
+    QVERIFY(!QFontDatabase::families().contains("Inconsolata"_L1));
+    LoadedFrame frame;
+    QVERIFY(QFontDatabase::families().contains("Inconsolata"_L1));
+}
+
+void TstMainFrame::console_font_is_registered_once()
+{
+    QFontDatabase::removeAllApplicationFonts();
+    {
+        LoadedFrame frame;
+    }
+    int first = 0;
+    while (QFontDatabase::applicationFontFamilies(first).isEmpty())
+        ++first;
+    {
+        LoadedFrame frame;
+    }
+    QVERIFY(QFontDatabase::applicationFontFamilies(first).contains("Inconsolata"_L1));
+    // The next number is still free.
+    QCOMPARE(QFontDatabase::addApplicationFont(u":/ostrelgui/fonts/Inconsolata-Regular.ttf"_s), first + 1);
+    QFontDatabase::removeApplicationFont(first + 1);
+}
+
+void TstMainFrame::console_font_is_registered_though_another_has_its_number()
+{
+    QFontDatabase::removeAllApplicationFonts();
+    {
+        LoadedFrame frame;
+    }
+    // The program's own fonts may have come first in an application that was made anew.
+    QFontDatabase::removeAllApplicationFonts();
+    const QStringList others = QDir(u"/usr/share/fonts/truetype/dejavu"_s).entryList({u"*.ttf"_s});
+    QVERIFY(!others.isEmpty());
+    for (int i = 0; i < 4; ++i)
+        QFontDatabase::addApplicationFont(u"/usr/share/fonts/truetype/dejavu/"_s + others.first());
     QVERIFY(!QFontDatabase::families().contains("Inconsolata"_L1));
     LoadedFrame frame;
     QVERIFY(QFontDatabase::families().contains("Inconsolata"_L1));
