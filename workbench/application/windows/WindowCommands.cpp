@@ -17,6 +17,7 @@
 #include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/builtin_commands.h"
 #include "workbench/sdk/core/scene/Scene.h"
 
 #include <QApplication>
@@ -150,12 +151,6 @@ bool save_picture(QWidget* window, const QString& file)
 QList<CommandFileFilter> picture_filters()
 {
     return {{u"PNG"_s, u".png"_s}, {u"JPEG"_s, u".jpg"_s}};
-}
-
-QList<CommandFileFilter> journal_filters()
-{
-    return {{QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Journals")), u".jou"_s},
-            {QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Python Scripts")), u".py"_s}};
 }
 
 CommandParameter window_parameter(const QStringList& choices, const QString& default_value = {})

@@ -30,7 +30,7 @@ attribute highp vec3 normal;
 uniform highp mat4 place;
 uniform highp mat3 turn;
 uniform highp vec3 light;
-uniform highp vec3 colour;
+uniform highp vec3 color;
 uniform highp float ambient;
 uniform highp float direct;
 varying highp vec3 shade;
@@ -38,7 +38,7 @@ void main()
 {
     highp vec3 towards = turn * normal;
     highp float sum = dot(towards, light);
-    shade = colour * (ambient + direct * max(0.0, towards.z < 0.0 ? -sum : sum));
+    shade = color * (ambient + direct * max(0.0, towards.z < 0.0 ? -sum : sum));
     gl_Position = place * vec4(position, 1.0);
 }
 )";
@@ -92,10 +92,10 @@ struct OpenGlRenderer::Device
     void forget_old();
     void use(Stored& shape, Content content, int attribute) const;
     void place(const Picture& picture, const SceneShape& shape, double depth) const;
-    void set_colour(const QColor& colour, float ambient_part, float direct_part) const;
+    void set_color(const QColor& color, float ambient_part, float direct_part) const;
     void draw_surface(const Picture& picture, const Scene::Item& item, double depth);
     void draw_lines(const Picture& picture, const std::shared_ptr<const SceneShape>& shape, Content content,
-                    const QColor& colour, double width, double depth);
+                    const QColor& color, double width, double depth);
 };
 
 bool OpenGlRenderer::Device::make_program()
@@ -206,9 +206,9 @@ void OpenGlRenderer::Device::place(const Picture& picture, const SceneShape& sha
     program->setUniformValue("turn", QMatrix3x3(turn));
 }
 
-void OpenGlRenderer::Device::set_colour(const QColor& colour, float ambient_part, float direct_part) const
+void OpenGlRenderer::Device::set_color(const QColor& color, float ambient_part, float direct_part) const
 {
-    program->setUniformValue("colour", colour.redF(), colour.greenF(), colour.blueF());
+    program->setUniformValue("color", color.redF(), color.greenF(), color.blueF());
     program->setUniformValue("ambient", ambient_part);
     program->setUniformValue("direct", direct_part);
 }
@@ -221,7 +221,7 @@ void OpenGlRenderer::Device::draw_surface(const Picture& picture, const Scene::I
     const auto& shape = parts.surface == item.mesh.get() ? item.mesh : item.shape;
     Stored& buffers = find(shape);
     place(picture, *shape, depth);
-    set_colour(parts.surface_colour, ambient, direct);
+    set_color(parts.surface_colour, ambient, direct);
     use(buffers, Corners, position_attribute);
     use(buffers, Normals, normal_attribute);
     program->enableAttributeArray(normal_attribute);
@@ -231,11 +231,11 @@ void OpenGlRenderer::Device::draw_surface(const Picture& picture, const Scene::I
 
 void OpenGlRenderer::Device::draw_lines(const Picture& picture,
                                         const std::shared_ptr<const SceneShape>& shape, Content content,
-                                        const QColor& colour, double width, double depth)
+                                        const QColor& color, double width, double depth)
 {
     Stored& buffers = find(shape);
     place(picture, *shape, depth);
-    set_colour(colour, 1, 0);
+    set_color(color, 1, 0);
     program->setAttributeValue(normal_attribute, 0, 0, 1);
     use(buffers, content, position_attribute);
     gl().glLineWidth(float(width * picture.ratio));

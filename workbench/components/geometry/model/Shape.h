@@ -39,7 +39,7 @@ struct ShapeListener
  * nothing, and whoever keeps one keeps what it was.
  *
  * The kernel stays behind this class and tessellate(). What it refuses is thrown as a GeometryError, and so
- * is an operation that the listener has ended. Lengths in millimetres. GUI thread only.
+ * is an operation that the listener has ended. Lengths are in millimeters. GUI thread only.
  */
 class Shape
 {

@@ -22,12 +22,6 @@ const QString variable_entity = u"variable"_s;
 
 constexpr auto words_tip = QT_TRANSLATE_NOOP("CommandParameter", "Quotes keep blanks; $NAME is a variable.");
 
-QList<CommandFileFilter> journal_filters()
-{
-    return {{QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Journals")), u".jou"_s},
-            {QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Python Scripts")), u".py"_s}};
-}
-
 void list_commands(CommandCall& call)
 {
     const CommandRegistry& registry = call.interpreter().registry();
@@ -137,6 +131,12 @@ void quit(Playback& playback, const std::function<void()>& ask)
 }
 
 } // namespace
+
+QList<CommandFileFilter> journal_filters()
+{
+    return {{QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Journals")), u".jou"_s},
+            {QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Python Scripts")), u".py"_s}};
+}
 
 void register_builtin_commands(CommandInterpreter& interpreter, Playback& playback,
                                const BuiltinServices& services)

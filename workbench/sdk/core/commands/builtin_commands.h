@@ -3,8 +3,10 @@
 
 #pragma once
 
+#include "workbench/sdk/core/commands/CommandDescription.h"
 #include "workbench/sdk/core/export.h"
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -24,6 +26,9 @@ struct BuiltinServices
     /** For "quit": asks the application to end. */
     std::function<void()> quit;
 };
+
+/** The kinds of files that can be played, for dialogs: journals first, then Python scripts. */
+FENNAR_CORE_EXPORT QList<CommandFileFilter> journal_filters();
 
 /**
  * Adds help, echo, set, history, play and quit to the interpreter's registry, with the owner "fennari19".
