@@ -11,12 +11,12 @@
 #include "options/OptionsPanel.h"
 #include "workbench/application/search/CommandSearch.h"
 #include "workbench/application/shell_access/shell_parts.h"
+#include "workbench/application/windows/command_panel.h"
 #include "workbench/host/navigation/CommandForm.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QDockWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSettings>
@@ -203,14 +203,8 @@ void CommandFinder::use_command(const QString& name)
 
 void CommandFinder::show_form(const QModelIndex& entry)
 {
+    show_in_panel(*mWindow, entry);
     TaskPanel* panel = mWindow->command_buttons();
-    panel->set_current_index(entry);
-    for (QWidget* widget = panel; widget; widget = widget->parentWidget()) {
-        if (qobject_cast<QDockWidget*>(widget)) {
-            widget->show();
-            widget->raise();
-        }
-    }
     panel->activateWindow();
     if (auto* form = panel->findChild<CommandForm*>())
         form->focus_first();

@@ -87,18 +87,6 @@ private:
     QSet<QAction*> mSeen;
 };
 
-void collect_navigation(const QAbstractItemModel& navigation, const QModelIndex& parent,
-                        QHash<QString, QPersistentModelIndex>& entries)
-{
-    for (int row = 0; row < navigation.rowCount(parent); ++row) {
-        const QModelIndex entry = navigation.index(row, 0, parent);
-        const QString name = entry.data(NavigationRole::Command).toString().section(u' ', 0, 0);
-        if (!name.isEmpty() && !entries.contains(name))
-            entries.insert(name, entry);
-        collect_navigation(navigation, entry, entries);
-    }
-}
-
 } // namespace
 
 QString plain_menu_text(const QString& text)
@@ -123,13 +111,6 @@ MenuEntries gather_menus(const QMenuBar* bar, const QString& above, const QList<
     MenuWalk menus(without);
     menus.walk(bar->actions(), above, {});
     return menus.found;
-}
-
-QHash<QString, QPersistentModelIndex> navigation_entries(const QAbstractItemModel& navigation)
-{
-    QHash<QString, QPersistentModelIndex> entries;
-    collect_navigation(navigation, {}, entries);
-    return entries;
 }
 
 bool runs_without_arguments(const Command& command)

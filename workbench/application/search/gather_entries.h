@@ -45,9 +45,6 @@ QString plain_menu_text(const QString& text);
  */
 MenuEntries gather_menus(const QMenuBar* bar, const QString& above, const QList<QAction*>& without);
 
-/** The entry for each command that has one in a tree of NavigationEntries; the first of several. */
-QHash<QString, QPersistentModelIndex> navigation_entries(const QAbstractItemModel& navigation);
-
 /** Whether the command can be run as it stands, without arguments. */
 bool runs_without_arguments(const Command& command);
 

@@ -5,14 +5,13 @@
 
 #include "frame/Ostrel.h"
 #include "host/navigation/NavigationModel.h"
-#include "host/navigation/TaskPanel.h"
 #include "journal/JournalEditor.h"
 #include "menus/HelpAboutOstrel.h"
 #include "menus/OstrelHelpMenu.h"
 #include "menus/OstrelToolsMenu.h"
 #include "options/OptionsPanel.h"
 #include "workbench/application/shell_access/shell_parts.h"
-#include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/application/windows/command_panel.h"
 #include "workbench/host/ostrelfw/OutputRouter.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
@@ -22,7 +21,6 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
-#include <QDockWidget>
 #include <QFileInfo>
 #include <QPixmap>
 #include <QTimer>
@@ -105,27 +103,6 @@ QString numbered_page(const QString& word)
     bool is_number = false;
     const int number = word.toInt(&is_number);
     return is_number && number >= 1 ? present_pages().value(number - 1) : QString();
-}
-
-/** The entry for the command, at or below @p parent; invalid if there is none. */
-QModelIndex find_entry(const NavigationModel& model, const QString& command, const QModelIndex& parent = {})
-{
-    for (int row = 0; row < model.rowCount(parent); ++row) {
-        const QModelIndex entry = model.index(row, 0, parent);
-        const QString line = entry.data(NavigationRole::Command).toString();
-        if (line.section(u' ', 0, 0) == command)
-            return entry;
-        if (const QModelIndex found = find_entry(model, command, entry); found.isValid())
-            return found;
-    }
-    return {};
-}
-
-QWidget* enclosing_dock(QWidget* widget)
-{
-    while (widget && !qobject_cast<QDockWidget*>(widget))
-        widget = widget->parentWidget();
-    return widget;
 }
 
 /** Whether there is a main window; says so if there is none. */
@@ -350,15 +327,10 @@ void WindowCommands::show_form(CommandCall& call, const CommandArguments& argume
         return;
     const QString name = arguments.text("COMMAND"_L1);
     Ostrel* main = Ostrel::instance();
-    const QModelIndex entry = find_entry(*main->navigation_model(), name);
+    const QModelIndex entry = navigation_entries(*main->navigation_model()).value(name);
     if (!entry.isValid())
         throw call.error(1, u"the command panel has no entry for \"%1\""_s.arg(name));
-    TaskPanel* panel = main->command_buttons();
-    if (QWidget* dock = enclosing_dock(panel)) {
-        dock->show();
-        dock->raise();
-    }
-    panel->set_current_index(entry);
+    show_in_panel(*main, entry);
 }
 
 void WindowCommands::take_picture(CommandCall& call, const CommandArguments& arguments)

@@ -3,6 +3,7 @@
 
 #include "support/TestCase.h"
 #include "workbench/application/search/gather_entries.h"
+#include "workbench/application/windows/command_panel.h"
 #include "workbench/host/navigation/NavigationRoles.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
