@@ -236,7 +236,7 @@ void OpenGlRenderer::Device::draw_lines(const Picture& picture,
     Stored& buffers = find(shape);
     place(picture, *shape, depth);
     set_color(color, 1, 0);
-    program->setAttributeValue(normal_attribute, 0, 0, 1);
+    program->setAttributeValue(normal_attribute, QVector3D(0, 0, 1));
     use(buffers, content, position_attribute);
     gl().glLineWidth(float(width * picture.ratio));
     gl().glDrawArrays(GL_LINES, 0, GLsizei((content == Curves ? shape->curves : shape->lines).size()));

@@ -72,8 +72,10 @@ QTreeView* SearchTest::list()
 
 void SearchTest::look_for(const QString& words)
 {
-    // A dialog may just have closed.
-    QTRY_VERIFY(QApplication::activeWindow());
+    // A dialog may just have closed. The window manager need not give the focus back if it came and went at
+    // once.
+    if (!QApplication::activeWindow())
+        QVERIFY(show_active(&window()));
     QTest::keyClick(QApplication::activeWindow(), Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
     QVERIFY(search());
     QCOMPARE(QApplication::focusWidget(), field());
