@@ -3,6 +3,7 @@
 
 #include "support/TestCase.h"
 #include "support/leftovers.h"
+#include "support/processor_time.h"
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 
@@ -746,26 +747,26 @@ void TstGeometryModel::nothing_goes_to_standard_output()
 
 void TstGeometryModel::many_solids_do_not_slow_operations_down()
 {
-    // Processor time for each solid that is made, moved, measured and removed beside the others.
+    // For each solid that is made, moved, measured and removed beside the others.
     const auto time_of_each = [](int count) {
-        GeometryModel model;
-        const std::clock_t start = std::clock();
-        QList<int> ids;
-        for (int i = 0; i < count; ++i)
-            ids << model.brick({0.5, 0.5, 0.5}, {double(i), 0, 0});
-        for (const int id : std::as_const(ids))
-            model.move({id}, {0, 1, 0});
         double volume = 0;
-        for (const int id : std::as_const(ids))
-            volume += model.measures(id).volume;
-        model.remove(ids);
-        return near(volume, count * 0.125) ? double(std::clock() - start) / count : 0.0;
+        const std::clock_t time = processor_time([&] {
+            GeometryModel model;
+            QList<int> ids;
+            for (int i = 0; i < count; ++i)
+                ids << model.brick({0.5, 0.5, 0.5}, {double(i), 0, 0});
+            for (const int id : std::as_const(ids))
+                model.move({id}, {0, 1, 0});
+            for (const int id : std::as_const(ids))
+                volume += model.measures(id).volume;
+            model.remove(ids);
+        });
+        return near(volume, count * 0.125) ? double(time) / count : 0.0;
     };
-    const double few = time_of_each(100);
-    const double many = time_of_each(1000);
-    QVERIFY(few > 0 && many > 0);
     // One model for all would make it ten times as long.
-    QVERIFY2(many < 4 * few, qPrintable(u"%1 times as long"_s.arg(many / few)));
+    QCOMPARE(takes_too_long(
+                 4, [&] { return time_of_each(100); }, [&] { return time_of_each(1000); }),
+             QString());
 }
 
 void TstGeometryModel::no_temporary_files_stay()
