@@ -66,8 +66,10 @@ KeptDocument KeptDocument::decode(const QByteArray& bytes)
         kept.data = {content.toByteArray()};
         return kept;
     }
-    // A mark of the byte order at the start would be part of the text, not of the encoding.
-    QStringDecoder decoder(encoding, QStringConverter::Flag::ConvertInitialBom);
+    // A mark of the byte order at the start would be part of the text, not of the encoding; and nothing comes
+    // that could complete half a letter at the end.
+    using Flag = QStringConverter::Flag;
+    QStringDecoder decoder(encoding, Flag::ConvertInitialBom | Flag::Stateless);
     kept.text = decoder(content);
     return kept;
 }

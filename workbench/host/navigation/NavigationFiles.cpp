@@ -88,7 +88,7 @@ QPoint first_wrong_letter(QIODevice& device, QStringView encoding)
     if (mark == "\xfe\xff" || mark == "\xff\xfe") // UTF-16
         return {};
     for (int line = 1; !device.atEnd(); ++line) {
-        QStringDecoder decoder(QStringDecoder::Utf8);
+        QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
         const QString text = decoder.decode(device.readLine());
         if (decoder.hasError())
             return {static_cast<int>(text.indexOf(QChar::ReplacementCharacter)) + 1, line};

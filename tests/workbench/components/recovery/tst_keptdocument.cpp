@@ -84,6 +84,7 @@ void TstKeptDocument::bytes_without_the_first_line_are_all_text_data()
     QTest::newRow("nothing") << QByteArray();
     QTest::newRow("text") << QByteArray("brick x 1\nmesh\n");
     QTest::newRow("one line") << QByteArray("brick x 1");
+    QTest::newRow("half a letter at the end") << QByteArray("mesh \xc3");
     QTest::newRow("line end first") << QByteArray("\nmesh");
     QTest::newRow("another line of that kind") << QByteArray("{\"file\":\"/a\"}\nmesh");
     QTest::newRow("a later format") << QByteArray("{\"fennar kept journal\":2}\nmesh");

@@ -247,6 +247,9 @@ void TstNavigationReader::one_file_data()
                                  << QStringList{u"a.xml:1:2: not well-formed: Start tag expected."_s};
     QTest::newRow("not UTF-8") << in_page("\n<group title=\"\xc3\xa9\xff\xfe\"/>") << nothing
                                << QStringList{u"a.xml:2:16: not well-formed: the text is not UTF-8"_s};
+    QTest::newRow("half a letter at the end")
+        << in_page("") + "\n<!-- \xc3" << QStringList{u"page P"_s}
+        << QStringList{u"a.xml:2:6: not well-formed: the text is not UTF-8"_s};
     QTest::newRow("encoding that the file names")
         << QByteArray("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><navigation version=\"1\">"
                       "<page title=\"\xe9\"/></navigation>")

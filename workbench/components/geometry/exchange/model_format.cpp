@@ -55,10 +55,12 @@ QByteArrayList write_mesh(const Mesh& mesh, qint64 age)
     return {head, mesh.msh, "\n"};
 }
 
-/** A byte order mark at the beginning would be part of the text: lines have none. */
+/** A byte order mark at the beginning would be part of the text: lines have none. Half a letter at the end is
+ * shown as any other wrong byte: nothing follows that could complete it. */
 QString text_of(const QByteArray& bytes)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    using Flag = QStringDecoder::Flag;
+    QStringDecoder decoder(QStringDecoder::Utf8, Flag::ConvertInitialBom | Flag::Stateless);
     return decoder(bytes);
 }
 

@@ -77,6 +77,7 @@ private slots:
     void empty_model_comes_back();
     void long_name_comes_back();
     void byte_order_marks_in_texts_come_back();
+    void half_a_letter_at_the_end_of_a_text_can_be_saved_again();
     void wrong_files_are_refused_with_reason_and_place_data();
     void wrong_files_are_refused_with_reason_and_place();
     void each_truncated_file_is_told_to_be_cut_off();
@@ -170,6 +171,20 @@ void TstModelFormat::byte_order_marks_in_texts_come_back()
                                           "mesh-quality \xef\xbb\xbfICN 1 1 1\n"
                                           "mesh 0\n\n");
     QCOMPARE(bytes(read(file)), file);
+}
+
+void TstModelFormat::half_a_letter_at_the_end_of_a_text_can_be_saved_again()
+{
+    const QByteArray file = with_checksum("fennar model 1\n"
+                                          "last-id 0\n"
+                                          "mesh-size 1\n"
+                                          "mesh-age 0\n"
+                                          "mesh-nodes 1\n"
+                                          "mesh-elements 3 1 Tetrahedron \xe0\n"
+                                          "mesh 0\n\n");
+    const GeometryContents contents = read(file);
+    QCOMPARE(contents.mesh->elements.constFirst().kind, u"Tetrahedron \uFFFD"_s);
+    QCOMPARE(bytes(read(bytes(contents))), bytes(contents));
 }
 
 void TstModelFormat::wrong_files_are_refused_with_reason_and_place_data()
