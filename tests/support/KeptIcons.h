@@ -8,8 +8,8 @@
 #include <QProxyStyle>
 
 /**
- * The application's style, with its standard icons made once. Qt reads their pictures anew for each title bar, tool bar
- * and dialog; where windows are made by the thousand, that is a tenth of the time.
+ * The application's style, with its standard icons made once. Qt reads their pictures anew for each title
+ * bar, tool bar and dialog; where windows are made by the thousand, that is a tenth of the time.
  *
  *     QApplication::setStyle(new KeptIcons);
  */
