@@ -5,7 +5,6 @@
 #include "frame/Ostrel.h"
 #include "options/OptionsPanel.h"
 #include "support/TestCase.h"
-#include "support/patience.h"
 #include "workbench/application/Workbench.h"
 #include "workbench/application/console/ConsoleOwner.h"
 #include "workbench/application/python/apply_python_paths.h"
@@ -17,8 +16,6 @@
 #include <QSettings>
 #include <QTest>
 #include <QTreeWidget>
-
-#include <csignal>
 
 using namespace Qt::StringLiterals;
 
@@ -49,7 +46,6 @@ private slots:
     void journal_sees_the_users_own_settings_without_the_argument();
     void component_path_and_components_switched_off_are_in_the_file();
     void damaged_file_of_the_user_is_kept_and_named();
-    void signal_while_the_users_file_is_checked_leaves_no_temporary_folder();
     void useless_settings_do_not_reach_the_window();
     void file_that_cannot_be_written_is_told_and_the_program_runs_on_data();
     void file_that_cannot_be_written_is_told_and_the_program_runs_on();
@@ -67,7 +63,6 @@ private:
     QString path(const QString& name) const { return mDirectory->filePath(name); }
     QString write(const QString& name, const QByteArray& content) const;
     QString content(const QString& name) const;
-    QProcessEnvironment own_folders() const;
     Run run(const QStringList& arguments, const QString& component_path = {}) const;
     void set(const QString& key, const QVariant& value) const
     {
@@ -105,19 +100,13 @@ QString TstFennarSettings::content(const QString& name) const
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-QProcessEnvironment TstFennarSettings::own_folders() const
+Run TstFennarSettings::run(const QStringList& arguments, const QString& component_path) const
 {
+    QProcess process;
     QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
     variables.insert(u"XDG_CONFIG_HOME"_s, path(u"config"_s));
     variables.insert(u"XDG_DATA_HOME"_s, path(u"data"_s));
     variables.remove(u"FENNAR_COMPONENT_PATH"_s);
-    return variables;
-}
-
-Run TstFennarSettings::run(const QStringList& arguments, const QString& component_path) const
-{
-    QProcess process;
-    QProcessEnvironment variables = own_folders();
     if (!component_path.isNull())
         variables.insert(u"FENNAR_COMPONENT_PATH"_s, component_path);
     process.setProcessEnvironment(variables);
@@ -189,39 +178,6 @@ void TstFennarSettings::damaged_file_of_the_user_is_kept_and_named()
         qPrintable(told.errors));
     QCOMPARE(content(u"config/ostrel/fennar.conf.unreadable"_s), u"[ostrelgui]\nostrel\\spl"_s);
     QCOMPARE(run(batch).errors, QString());
-}
-
-void TstFennarSettings::signal_while_the_users_file_is_checked_leaves_no_temporary_folder()
-{
-    // So many that the program can be met while it reads them.
-    QByteArray settings = "[many]\n";
-    for (int i = 0; i < 100'000; ++i)
-        settings += "key" + QByteArray::number(i) + "=some value\n";
-    QVERIFY(QDir(mDirectory->path()).mkpath(u"config/ostrel"_s));
-    write(u"config/ostrel/fennar.conf"_s, settings);
-    const QString journal = write(u"a.jou"_s, "echo one\n");
-    const QDir temporary(path(u"tmp"_s));
-    QVERIFY(temporary.mkpath(u"."_s));
-    const auto is_checking = [&] { return !temporary.isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot); };
-    QProcess process;
-    QProcessEnvironment variables = own_folders();
-    variables.insert(u"TMPDIR"_s, temporary.path());
-    process.setProcessEnvironment(variables);
-    QVERIFY(repeat_until(is_checking, [&] {
-        process.kill();
-        process.waitForFinished(patience_ms);
-        process.start(QStringLiteral(FENNAR), {u"--batch"_s, u"--play"_s, journal});
-        process.waitForStarted(patience_ms);
-        while (!is_checking() && !process.waitForFinished(1)) {
-        }
-        if (process.state() == QProcess::Running)
-            kill(pid_t(process.processId()), SIGSTOP);
-    }));
-    QCOMPARE(kill(pid_t(process.processId()), SIGTERM), 0);
-    QCOMPARE(kill(pid_t(process.processId()), SIGCONT), 0);
-    QVERIFY(process.waitForFinished(patience_ms));
-    QCOMPARE(process.exitCode(), SIGTERM);
-    QVERIFY(!is_checking());
 }
 
 void TstFennarSettings::useless_settings_do_not_reach_the_window()

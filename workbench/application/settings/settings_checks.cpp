@@ -6,11 +6,17 @@
 #include "frame/read_setting.h"
 #include "frame/settings_keys.h"
 #include "workbench/application/settings/SettingsFormat.h"
-#include "workbench/sdk/core/files/TemporaryFolder.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
+
+#include <array>
+#include <cstdio>
+#include <ctime>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -30,6 +36,36 @@ QString name_beside(const QString& path)
         name = path + u".unreadable-%1"_s.arg(number);
     return name;
 }
+
+/**
+ * A copy for Qt to read: it keeps what it has read once under a name, and tells the first reader alone what
+ * was wrong. In memory, since a disk that is full is not the file's fault.
+ */
+class MemoryFile
+{
+public:
+    explicit MemoryFile(const QByteArray& text) : mFile(memfd_create("settings", MFD_CLOEXEC))
+    {
+        // Under the same name Qt reads anew what has another time.
+        static std::time_t times = 0;
+        const std::timespec time{++times, 0};
+        mIsValid = mFile >= 0 && write(mFile, text.constData(), std::size_t(text.size())) == text.size() &&
+                   futimens(mFile, std::array{time, time}.data()) == 0;
+    }
+    ~MemoryFile()
+    {
+        if (mFile >= 0)
+            close(mFile);
+    }
+    Q_DISABLE_COPY_MOVE(MemoryFile)
+
+    bool is_valid() const { return mIsValid; }
+    QString name() const { return u"/proc/self/fd/%1"_s.arg(mFile); }
+
+private:
+    int mFile;
+    bool mIsValid = false;
+};
 
 struct WindowKeys
 {
@@ -65,13 +101,16 @@ void bound_window(QSettings& settings, const WindowKeys& keys, const QRect& scre
 
 bool are_readable_settings(const QString& path)
 {
-    // By a copy: Qt keeps what it has read once under a name, and tells the first reader alone what was
-    // wrong.
-    const TemporaryFolder place;
-    const QString copy = place.path(u"copy"_s);
-    if (!QFile::copy(path, copy))
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
         return false;
-    const QSettings settings(copy, QSettings::IniFormat);
+    const QByteArray text = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return false;
+    const MemoryFile copy(text);
+    if (!copy.is_valid())
+        return true;
+    const QSettings settings(copy.name(), QSettings::IniFormat);
     // Nothing is looked into before somebody asks.
     settings.allKeys();
     return settings.status() == QSettings::NoError;
@@ -80,7 +119,8 @@ bool are_readable_settings(const QString& path)
 std::optional<QString> keep_unreadable_settings(const QString& path)
 {
     const QString kept = name_beside(path);
-    if (!QFile::rename(path, kept))
+    // Not QFile's, which copies where it cannot rename, and takes the copy for whole.
+    if (std::rename(QFile::encodeName(path).constData(), QFile::encodeName(kept).constData()) != 0)
         return {};
     const QSettings old(kept, QSettings::IniFormat);
     QSettings settings(path, settings_format());

@@ -10,7 +10,7 @@
 
 class QSettings;
 
-/** Whether all of @p path, which must exist, can be read as settings. */
+/** Whether all of @p path, which must exist, can be read as settings; true if that cannot be found out. */
 bool are_readable_settings(const QString& path);
 
 /**

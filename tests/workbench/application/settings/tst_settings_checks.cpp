@@ -42,6 +42,7 @@ private slots:
     void unreadable_file_is_kept_and_named();
     void kept_file_is_not_replaced_by_the_next();
     void sound_file_is_left_as_it_is();
+    void sound_file_is_left_where_nothing_can_be_written();
     void missing_file_is_nothing_to_tell();
     void settings_that_cannot_be_written_are_told_data();
     void settings_that_cannot_be_written_are_told();
@@ -100,6 +101,19 @@ void TstSettingsChecks::sound_file_is_left_as_it_is()
     const QByteArray content("; mine\n[a]\nb = 1\n");
     write(path, content);
     QCOMPARE(keep_unreadable_settings(), QString());
+    QCOMPARE(content_of(path), content);
+}
+
+void TstSettingsChecks::sound_file_is_left_where_nothing_can_be_written()
+{
+    const QString path = settings().file();
+    const QByteArray content("[a]\nb=1\n");
+    write(path, content);
+    const QByteArray temporary = qgetenv("TMPDIR");
+    qputenv("TMPDIR", QFile::encodeName(path));
+    const QString told = keep_unreadable_settings();
+    qputenv("TMPDIR", temporary);
+    QCOMPARE(told, QString());
     QCOMPARE(content_of(path), content);
 }
 

@@ -4,18 +4,22 @@
 #include "console/CommandWidget.h"
 #include "console/CommandWindow.h"
 #include "support/TestCase.h"
+#include "support/failing_calls.h"
 #include "sweep.h"
 #include "workbench/application/console/CommandHistory.h"
 #include "workbench/application/console/ConsoleOwner.h"
 #include "workbench/application/console/ErrorPage.h"
 #include "workbench/application/settings/SettingsFormat.h"
+#include "workbench/application/settings/settings_checks.h"
 #include "workbench/components/geometry/model/GeometryDocument.h"
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/recovery/RecoveryFolder.h"
 #include "workbench/sdk/core/files/write_whole_file.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -37,6 +41,8 @@ private slots:
     void line_entered_at_the_console_is_in_the_history_or_told();
     void history_is_shortened_or_left();
     void settings_are_the_old_or_the_new_ones();
+    void settings_that_cannot_be_read_are_kept_whole_data();
+    void settings_that_cannot_be_read_are_kept_whole();
     void recovery_copy_is_the_old_or_the_new_one_data();
     void recovery_copy_is_the_old_or_the_new_one();
 
@@ -147,6 +153,37 @@ void TstFailingWrites::settings_are_the_old_or_the_new_ones()
         return settings.status() == QSettings::NoError ? QString() : u"they cannot be written"_s;
     };
     QCOMPARE(sweep({.file = file, .write = write, .folder = mDirectory->path()}), QString());
+}
+
+void TstFailingWrites::settings_that_cannot_be_read_are_kept_whole_data()
+{
+    QTest::addColumn<bool>("lasting");
+    QTest::newRow("one call fails") << false;
+    QTest::newRow("all calls behind it fail, too") << true;
+}
+
+void TstFailingWrites::settings_that_cannot_be_read_are_kept_whole()
+{
+    QFETCH(const bool, lasting);
+    const QByteArray damaged("[a]\nb=1\nc");
+    const auto content = [](const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    int calls = 0;
+    int number = 0;
+    do {
+        const QString folder = mDirectory->filePath(QString::number(++number));
+        QVERIFY(QDir().mkpath(folder));
+        const QString path = make(QString::number(number) + u"/a.conf"_s, damaged);
+        begin_failing({QFileInfo(folder).canonicalFilePath().toStdString(), number, lasting});
+        const bool is_readable = are_readable_settings(path);
+        const auto told = keep_unreadable_settings(path);
+        calls = end_failing();
+        QVERIFY(!is_readable);
+        QCOMPARE(content(told ? path + u".unreadable"_s : path), damaged);
+    } while (number <= calls);
+    QVERIFY(number > 2);
 }
 
 void TstFailingWrites::recovery_copy_is_the_old_or_the_new_one_data()
