@@ -166,6 +166,13 @@ class Scripts(unittest.TestCase):
         self.assertEqual(len(self.calls("ctest")), 1)
         self.assertTrue(check.stdout.endswith(f"{self.SUMMARY}\nTime release\n"))
 
+    def test_check_ends_with_what_failed(self):
+        self.stand_in("path/ctest", 'while [ $# -gt 0 ]; do case $1 in --output-log) l=$2;; esac; shift; done\n'
+                      'mkdir -p "$(dirname "$l")"; printf "FAIL!  : one\\n   Loc: here\\nPASS   : two\\n" >"$l"; exit 8')
+        check = self.call("check", "release")
+        self.assertEqual(check.returncode, 8)
+        self.assertTrue(check.stdout.endswith("\n== release: what failed\nFAIL!  : one\n   Loc: here\nPASS   : two\n"), check.stdout)
+
     def test_check_fails_with_the_last_stage_too(self):
         self.ctest(fails_in="asan")
         self.assertNotEqual(self.call("check", "release", "asan").returncode, 0)
