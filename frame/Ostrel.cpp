@@ -299,6 +299,11 @@ OstrelSplitter* Ostrel::graphics_area() const
     return mGraphicsArea;
 }
 
+OstrelEventFilter* Ostrel::event_filter() const
+{
+    return mEventFilter.get();
+}
+
 NavigationModel* Ostrel::navigation_model() const
 {
     return mNavigationModel;

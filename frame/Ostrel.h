@@ -87,6 +87,8 @@ public:
     QWidget* graphics_widget() const;
     /** The central splitter. */
     OstrelSplitter* graphics_area() const;
+    /** What swallows the user's input while a command runs, but for that to the objects it is given. */
+    OstrelEventFilter* event_filter() const;
     /** The model behind the command panel. */
     NavigationModel* navigation_model() const;
 

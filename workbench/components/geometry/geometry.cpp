@@ -84,14 +84,15 @@ void fennar::load_component(ComponentContext& context)
     GeometryFileHandler* const handler =
         window ? &context.make<GeometryFileHandler>(window, document) : nullptr;
     QPointer<FileMenuFormats> formats = window ? &context.make<FileMenuFormats>(context) : nullptr;
-    context.add_commands([&](CommandRegistry& registry) {
+    context.add_commands([&](CommandRegistry& registry, const QString& owner) {
         const auto imported = [formats](const QString& file, bool done) {
             if (formats)
                 formats->imported(file, done);
         };
-        return register_geometry_commands(registry, model, application, program_path(u"fennar-mesher"_s)) &&
-               register_document_commands(registry, model, document_actions(document, handler)) &&
-               register_file_commands(registry, model, exchange, application, imported);
+        return register_geometry_commands(registry, owner, model, application,
+                                          program_path(u"fennar-mesher"_s)) &&
+               register_document_commands(registry, owner, model, document_actions(document, handler)) &&
+               register_file_commands(registry, owner, model, exchange, application, imported);
     });
     context.add_unsaved_work(unsaved_model(document, handler));
     QObject::connect(&document, &GeometryDocument::settled, &document,

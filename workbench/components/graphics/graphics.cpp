@@ -11,8 +11,9 @@
 void fennar::load_component(ComponentContext& context)
 {
     auto& state = context.make<GraphicsState>(Scene::instance());
-    context.add_commands(
-        [&state](CommandRegistry& registry) { return register_graphics_commands(registry, state); });
+    context.add_commands([&state](CommandRegistry& registry, const QString& owner) {
+        return register_graphics_commands(registry, owner, state);
+    });
     if (context.window())
         context.make<GraphicsWindow>(context, state);
 }

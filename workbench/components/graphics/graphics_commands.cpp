@@ -75,36 +75,30 @@ void display(CommandCall& call, const CommandArguments& arguments, GraphicsState
 
 } // namespace
 
-bool register_graphics_commands(CommandRegistry& registry, GraphicsState& state)
+bool register_graphics_commands(CommandRegistry& registry, const QString& owner, GraphicsState& state)
 {
-    const QString owner = u"graphics"_s;
     const auto run = [&state](void (*function)(CommandCall&, const CommandArguments&, GraphicsState&)) {
         return [&state, function](CommandCall& call, const CommandArguments& arguments) {
             function(call, arguments, state);
         };
     };
-    const Command commands[] = {
+    const QList<Command> commands{
         {.name = u"view"_s,
          .summary = u"Looks at the solids from that side, and shows all of them."_s,
          .help =
              u"Front looks along y, right against x, top against z; iso looks from the right, front and above."_s,
-         .owner = owner,
          .perform = run(&view),
          .forms = {{.clauses = {required_value({.name = u"SIDE"_s,
                                                 .kind = Kind::Choice,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Side"),
                                                 .choices = sides()})}}}},
-        {.name = u"fit"_s,
-         .summary = u"Shows all solids, from the same side."_s,
-         .owner = owner,
-         .perform = run(&fit)},
+        {.name = u"fit"_s, .summary = u"Shows all solids, from the same side."_s, .perform = run(&fit)},
         {.name = u"display"_s,
          .summary = u"Tells or sets what the graphics view shows."_s,
          .help = u"shaded     surfaces; without them all edges are seen, and some lines on what is curved\n"
                  "wireframe  edges\n"
                  "mesh       the mesh in place of the surfaces, where there is one\n"
                  "opengl     draw by OpenGL, where there is one; the pictures are the same"_s,
-         .owner = owner,
          .perform = run(&display),
          .forms = {{.clauses = {{.parameters = {{.name = u"WHAT"_s,
                                                  .kind = Kind::Choice,
@@ -117,11 +111,5 @@ bool register_graphics_commands(CommandRegistry& registry, GraphicsState& state)
                                                  .choices = {u"on"_s, u"off"_s}}},
                                  .optional = true}}}}},
     };
-    for (const Command& command : commands) {
-        if (registry.add(command) != CommandRegistry::AddResult::Added) {
-            registry.remove_owner(owner);
-            return false;
-        }
-    }
-    return true;
+    return registry.add_all(owner, commands);
 }

@@ -12,4 +12,4 @@ class GraphicsState;
  * @param state  must outlive them.
  * @return false, with none of them added, if one of the names is taken.
  */
-bool register_graphics_commands(CommandRegistry& registry, GraphicsState& state);
+bool register_graphics_commands(CommandRegistry& registry, const QString& owner, GraphicsState& state);

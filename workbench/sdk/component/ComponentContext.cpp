@@ -8,6 +8,7 @@
 #include "files/OpenSaveHandler.h"
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
+#include "frame/OstrelEventFilter.h"
 #include "host/ostrelfw/Broker.h"
 #include "host/ostrelfw/Mediator.h"
 #include "journal/JournalEditor.h"
@@ -15,15 +16,15 @@
 #include "menus/OstrelToolsMenu.h"
 #include "menus/OstrelViewMenu.h"
 #include "options/OptionsPanel.h"
+#include "workbench/sdk/component/shell_parts.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/files/FormatRegistry.h"
 
 #include <QAction>
-#include <QCoreApplication>
 #include <QLabel>
+#include <QMenu>
 #include <QShortcut>
 #include <QToolBar>
-#include <QToolButton>
 #include <QTreeWidget>
 
 #include <stdexcept>
@@ -66,31 +67,6 @@ QString reason(CommandRegistry::AddResult result, const QString& name)
 Ostrel* present(const QPointer<Ostrel>& window)
 {
     return window && window == Ostrel::instance() ? window.data() : nullptr;
-}
-
-/** The entry of the options dialog with that path, or null. */
-QTreeWidgetItem* options_entry(const OptionsPanel& panel, const QString& path)
-{
-    const auto* tree = panel.findChild<QTreeWidget*>(u"mOptionList"_s);
-    QTreeWidgetItem* entry = tree ? tree->invisibleRootItem() : nullptr;
-    for (const QString& label : path.split(u'/')) {
-        QTreeWidgetItem* below = nullptr;
-        for (int i = 0; entry && i < entry->childCount() && !below; ++i)
-            below = entry->child(i)->text(0) == label ? entry->child(i) : nullptr;
-        entry = below;
-    }
-    return entry;
-}
-
-/** Buttons that wait for their deletion count as buttons, and keep an empty toolbar alive. */
-void delete_waiting_buttons(const QToolBar& bar)
-{
-    const QList<QToolButton*> found = bar.findChildren<QToolButton*>();
-    const QList<QPointer<QToolButton>> buttons(found.begin(), found.end());
-    for (const QPointer<QToolButton>& button : buttons) {
-        if (button)
-            QCoreApplication::sendPostedEvents(button, QEvent::DeferredDelete);
-    }
 }
 
 } // namespace
@@ -159,11 +135,12 @@ void ComponentContext::add_command(Command command)
     });
 }
 
-void ComponentContext::add_commands(const std::function<bool(CommandRegistry& registry)>& add)
+void ComponentContext::add_commands(
+    const std::function<bool(CommandRegistry& registry, const QString& owner)>& add)
 {
     CommandRegistry& registry = Fennar::instance().registry();
     on_end([&registry, name = mName] { registry.remove_owner(name); });
-    if (!add(registry))
+    if (!add(registry, mName))
         refuse(u"one of its commands is there already"_s);
 }
 
@@ -308,7 +285,7 @@ void ComponentContext::add_to_toolbar(const char* toolbar, const QString& title,
         window.remove_toolbar_items(mark.constData());
         if (!*bar || !(*bar)->actions().isEmpty())
             return;
-        delete_waiting_buttons(**bar);
+        shell_parts::delete_waiting_buttons(**bar);
         if (alive)
             window.remove_toolbar_items(mark.constData());
     });
@@ -370,13 +347,13 @@ void ComponentContext::add_options_page(const QString& path, const std::function
     if (!main)
         return;
     OptionsPanel* const panel = main->options();
-    if (options_entry(*panel, path))
+    if (shell_parts::options_entry(*panel, path))
         refuse(u"there is a page \"%1\" of options already"_s.arg(path));
     const QString group = path.section(u'/', 0, -2);
-    if (!group.isEmpty() && !options_entry(*panel, group)) {
+    if (!group.isEmpty() && !shell_parts::options_entry(*panel, group)) {
         on_end_in_window([group](Ostrel& window) {
             // Others may have joined it.
-            const QTreeWidgetItem* entry = options_entry(*window.options(), group);
+            const QTreeWidgetItem* entry = shell_parts::options_entry(*window.options(), group);
             if (entry && entry->childCount() == 0)
                 window.options()->remove_panel(group);
         });
@@ -432,6 +409,43 @@ void ComponentContext::add_editor_entry(QAction* action)
     });
     editor->add_context_menu_item(action);
     editor->addAction(action);
+}
+
+void ComponentContext::add_editor_import(QAction* action)
+{
+    JournalEditor* const editor = window() ? window()->journal_editor() : nullptr;
+    if (!editor || !action)
+        return;
+    on_end([own = QPointer<QAction>(action), menu = QPointer<QMenu>(shell_parts::import_menu(*editor))] {
+        if (own && menu)
+            menu->removeAction(own);
+    });
+    editor->add_action_to_import_menu(action);
+}
+
+void ComponentContext::add_editor_import(const QString& label, QPlainTextEdit* page)
+{
+    JournalEditor* const editor = window() ? window()->journal_editor() : nullptr;
+    if (!editor || !page)
+        return;
+    const QByteArray mark = make_mark(mName);
+    on_end([mark, from = QPointer<JournalEditor>(editor)] {
+        if (from)
+            from->remove_import_items(mark.constData());
+    });
+    editor->add_import(mark.constData(), label, page);
+}
+
+void ComponentContext::allow_input(QObject* object)
+{
+    Ostrel* const main = window();
+    if (!main || !object)
+        return;
+    on_end_in_window([own = QPointer<QObject>(object)](Ostrel& window) {
+        if (own)
+            window.event_filter()->removeObject(own);
+    });
+    main->event_filter()->addObject(object);
 }
 
 QShortcut* ComponentContext::add_shortcut(const QKeySequence& key, const Step& run)

@@ -26,6 +26,7 @@ class Ostrel;
 class QAction;
 class QKeySequence;
 class QLabel;
+class QPlainTextEdit;
 class QShortcut;
 
 namespace fennar {
@@ -124,10 +125,11 @@ public:
     /** Adds a command; its owner is set here. */
     void add_command(Command command);
     /**
-     * Adds commands, and what they offer, by a function that gives them name() as their owner and returns
-     * false if one of them is refused. All commands of the component go when this is undone.
+     * Adds commands, and what they offer, by a function that gives them the owner it is handed, which is
+     * name(), and returns false if one of them is refused. All commands of the component go when this is
+     * undone.
      */
-    void add_commands(const std::function<bool(CommandRegistry& registry)>& add);
+    void add_commands(const std::function<bool(CommandRegistry& registry, const QString& owner)>& add);
     /** Offers the names of a kind of entities; see CommandEntities::offer(). */
     void offer_entities(const QString& kind, const CommandEntities::Names& names,
                         const CommandEntities::Meaning& meaning = {});
@@ -199,6 +201,15 @@ public:
     /** Adds an entry to the context menus of the journal editor, whose key works in the whole editor. It
      * stays the component's, as those of add_to_menu(). Null is ignored. */
     void add_editor_entry(QAction* action);
+    /** Adds an entry to the import menu of the journal editor. It stays the component's, too. Null is
+     * ignored. */
+    void add_editor_import(QAction* action);
+    /** The same for an entry that opens the text of a page; see JournalEditor::add_import(). The page stays
+     * the component's. Null is ignored. */
+    void add_editor_import(const QString& label, QPlainTextEdit* page);
+    /** Lets the user's input to an object, and to all below it, through while a command runs. It stays the
+     * component's. Null is ignored. */
+    void allow_input(QObject* object);
     /** Gives the main window a key. */
     QShortcut* add_shortcut(const QKeySequence& key, const Step& run);
 

@@ -44,7 +44,7 @@ void TstGraphicsCommands::set_up()
     mSession = std::make_unique<CommandSession>();
     mScene = std::make_unique<Scene>();
     mState = std::make_unique<GraphicsState>(*mScene);
-    QVERIFY(register_graphics_commands(mSession->registry, *mState));
+    QVERIFY(register_graphics_commands(mSession->registry, u"graphics"_s, *mState));
 }
 
 void TstGraphicsCommands::view_turns_the_camera_and_fits()
@@ -128,7 +128,7 @@ void TstGraphicsCommands::taken_name_of_a_command_adds_none()
 {
     CommandSession session;
     session.add("display", [](CommandCall&) {});
-    QVERIFY(!register_graphics_commands(session.registry, *mState));
+    QVERIFY(!register_graphics_commands(session.registry, u"graphics"_s, *mState));
     QCOMPARE(session.registry.names(), QStringList({u"display"_s, u"note"_s}));
 }
 

@@ -56,7 +56,7 @@ void TstFailingExports::set_up()
     mModel = std::make_unique<GeometryModel>();
     mExchange = std::make_unique<FileExchange>(*mModel, QStringLiteral(FENNAR_CONVERTER));
     mSession = std::make_unique<CommandSession>();
-    QVERIFY(register_file_commands(mSession->registry, *mModel, *mExchange, mServices));
+    QVERIFY(register_file_commands(mSession->registry, u"geometry"_s, *mModel, *mExchange, mServices));
     QVERIFY(FormatRegistry::instance().add({u"OBJ"_s, {u"obj"_s}, u"test"_s, &read_obj, &write_obj}));
     mModel->brick({1, 2, 3});
 }

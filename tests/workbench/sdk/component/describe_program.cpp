@@ -5,6 +5,7 @@
 
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
+#include "frame/OstrelEventFilter.h"
 #include "journal/JournalEditor.h"
 #include "options/OptionsPanel.h"
 #include "support/describe_window.h"
@@ -16,6 +17,7 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QDockWidget>
+#include <QEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QTabWidget>
@@ -66,6 +68,18 @@ void describe_widgets(const QWidget& window, QStringList& rows)
     }
 }
 
+/** Whose input goes through while a command runs. */
+void describe_input(const Ostrel& window, QStringList& rows)
+{
+    QObject* const filter = window.event_filter();
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+        QEvent click(QEvent::MouseButtonPress);
+        if (!filter->eventFilter(widget, &click))
+            rows << u"input to "_s + QString::fromUtf8(widget->metaObject()->className()) + u' ' +
+                        widget->objectName();
+    }
+}
+
 void describe_main_window(const Ostrel& window, QStringList& rows)
 {
     rows += describe_window(window) + describe_window(*window.journal_editor());
@@ -79,6 +93,7 @@ void describe_main_window(const Ostrel& window, QStringList& rows)
     rows << (window.graphics_widget() ? u"graphics widget"_s : u"no graphics widget"_s);
     describe_files(*window.file_menu(), rows);
     describe_widgets(window, rows);
+    describe_input(window, rows);
 }
 
 } // namespace

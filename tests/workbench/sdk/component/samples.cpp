@@ -14,6 +14,7 @@
 #include <QDockWidget>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QShortcut>
 
 using namespace Qt::StringLiterals;
@@ -63,11 +64,9 @@ const std::vector<Addition> all_additions = {
      false, false},
     {"commands",
      [](ComponentContext& context) -> QObject* {
-         context.add_commands([](CommandRegistry& registry) {
-             Command one = command(u"sample-one"_s);
-             one.owner = owner;
-             registry.entities().offer(u"sample thing"_s, owner, [] { return QStringList(); });
-             return registry.add(one) == CommandRegistry::AddResult::Added;
+         context.add_commands([](CommandRegistry& registry, const QString& mark) {
+             registry.entities().offer(u"sample thing"_s, mark, [] { return QStringList(); });
+             return registry.add_all(mark, {command(u"sample-one"_s)});
          });
          return nullptr;
      },
@@ -183,6 +182,28 @@ const std::vector<Addition> all_additions = {
          QAction* const action = context.make_action(u"Sample"_s, nullptr);
          context.add_editor_entry(action);
          return action;
+     }},
+    {"entry of the editor's import menu",
+     [](ComponentContext& context) -> QObject* {
+         QAction* const action = context.make_action(u"Sample"_s, nullptr);
+         context.add_editor_import(action);
+         return action;
+     }},
+    {"page in the editor's import menu",
+     [](ComponentContext& context) -> QObject* {
+         if (!context.window())
+             return nullptr;
+         auto& page = context.make<QPlainTextEdit>();
+         context.add_editor_import(u"Sample"_s, &page);
+         return &page;
+     }},
+    {"object that input reaches",
+     [](ComponentContext& context) -> QObject* {
+         if (!context.window())
+             return nullptr;
+         auto& button = context.make<QPushButton>(context.window());
+         context.allow_input(&button);
+         return &button;
      }},
     {"shortcut",
      [](ComponentContext& context) -> QObject* {

@@ -3,16 +3,20 @@
 
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
+#include "frame/OstrelEventFilter.h"
 #include "hostdouble/HostDouble.h"
 #include "journal/JournalEditor.h"
 #include "options/OptionsPanel.h"
 #include "samples.h"
 #include "support/TestCase.h"
+#include "workbench/sdk/component/journal_documents.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDockWidget>
 #include <QLabel>
+#include <QMenu>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QShortcut>
@@ -69,6 +73,8 @@ private slots:
     void group_that_others_have_joined_stays();
     void dock_that_the_window_refuses_ends_the_load();
     void key_of_an_entry_of_the_editor_works_in_the_whole_editor();
+    void entries_of_the_import_menu_do_what_they_are_given();
+    void input_reaches_what_is_allowed_until_the_end();
 };
 
 void TstComponentAdditions::addition_is_undone()
@@ -323,6 +329,42 @@ void TstComponentAdditions::key_of_an_entry_of_the_editor_works_in_the_whole_edi
     QVERIFY(window.journal_editor()->actions().contains(action));
     context.end();
     QCOMPARE(window.journal_editor()->actions().size(), 0);
+}
+
+void TstComponentAdditions::entries_of_the_import_menu_do_what_they_are_given()
+{
+    const Ostrel window;
+    ComponentContext context(owner);
+    int runs = 0;
+    QPlainTextEdit page(u"brick 1"_s);
+    context.add_editor_import(context.make_action(u"Sample"_s, [&] { ++runs; }));
+    context.add_editor_import(u"Page"_s, &page);
+    context.add_editor_import(nullptr);
+    context.add_editor_import(u"None"_s, nullptr);
+    const auto* const menu = window.journal_editor()->findChild<QMenu*>(u"fileImportMenu"_s);
+    const QList<QAction*> entries = menu->actions();
+    QCOMPARE(entries.size(), 2);
+    entries[0]->trigger();
+    QCOMPARE(runs, 1);
+    entries[1]->trigger();
+    QCOMPARE(current_journal(window.journal_editor())->toPlainText(), u"brick 1"_s);
+    context.end();
+    QCOMPARE(menu->actions().size(), 0);
+}
+
+void TstComponentAdditions::input_reaches_what_is_allowed_until_the_end()
+{
+    Ostrel window;
+    QPushButton button(&window);
+    QEvent click(QEvent::MouseButtonPress);
+    QObject* const filter = window.event_filter();
+    QVERIFY(filter->eventFilter(&button, &click));
+    ComponentContext context(owner);
+    context.allow_input(&button);
+    context.allow_input(nullptr);
+    QVERIFY(!filter->eventFilter(&button, &click));
+    context.end();
+    QVERIFY(filter->eventFilter(&button, &click));
 }
 
 OSTREL_TEST(TstComponentAdditions)

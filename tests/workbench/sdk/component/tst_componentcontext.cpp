@@ -230,10 +230,8 @@ void TstComponentContext::refused_commands_of_a_function_end_the_load()
     CommandRegistry& registry = Fennar::instance().registry();
     ComponentContext context(owner);
     QCOMPARE(refusal([&] {
-                 context.add_commands([](CommandRegistry& taken) {
-                     Command one = command(u"sample-command"_s);
-                     one.owner = owner;
-                     taken.add(one);
+                 context.add_commands([](CommandRegistry& taken, const QString& mark) {
+                     taken.add_all(mark, {command(u"sample-command"_s)});
                      return false;
                  });
              }),

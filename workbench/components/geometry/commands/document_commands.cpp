@@ -60,23 +60,21 @@ void save(CommandCall&, const CommandArguments& arguments, const DocumentActions
 
 } // namespace
 
-bool register_document_commands(CommandRegistry& registry, GeometryModel& model,
+bool register_document_commands(CommandRegistry& registry, const QString& owner, GeometryModel& model,
                                 const DocumentActions& actions)
 {
-    const QString owner = u"geometry"_s;
     const auto with = [&](auto function) {
         return [&model, actions, function](CommandCall& call, const CommandArguments& arguments) {
             run_model_command(call, model, [&] { function(call, arguments, actions); });
         };
     };
-    const Command commands[] = {
+    const QList<Command> commands{
         {.name = u"new"_s,
          .summary = u"Starts an empty model."_s,
          .help =
              u"As \"New\" in the file menu: with a window the question about unsaved changes comes first, "
              u"unless\n"
              "\"discard\" drops them, and the console is emptied."_s,
-         .owner = owner,
          .perform = with(&start_new),
          .forms = {{.clauses = {{.keyword = u"discard"_s,
                                  .optional = true,
@@ -87,7 +85,6 @@ bool register_document_commands(CommandRegistry& registry, GeometryModel& model,
          .help = u"It takes the place of the present model. With a window the question about unsaved changes "
                  u"comes\n"
                  "first. Quote a name with blanks. A relative name is looked up in the current directory."_s,
-         .owner = owner,
          .perform = with(&open),
          .forms = {{.clauses = {required_value(model_file(CommandParameter::Kind::InputFile))}}},
          .changes_model = true,
@@ -97,18 +94,8 @@ bool register_document_commands(CommandRegistry& registry, GeometryModel& model,
          .help = u"Without FILE in the file that it was opened from or saved in last. A file that is there "
                  u"already\n"
                  "is replaced. The name is taken as it is, without an ending of its own."_s,
-         .owner = owner,
          .perform = with(&save),
          .forms = {{.clauses = {optional_value(model_file(CommandParameter::Kind::OutputFile))}}}},
     };
-    QStringList added;
-    for (const Command& command : commands) {
-        if (registry.add(command) != CommandRegistry::AddResult::Added) {
-            for (const QString& name : std::as_const(added))
-                registry.remove(name);
-            return false;
-        }
-        added << command.name;
-    }
-    return true;
+    return registry.add_all(owner, commands);
 }

@@ -22,10 +22,10 @@ struct DocumentActions
 };
 
 /**
- * Adds the commands, with the owner "geometry".
+ * Adds the commands.
  *
  * @param model  outlives the commands.
  * @return false, with none added, if a name is taken.
  */
-bool register_document_commands(CommandRegistry& registry, GeometryModel& model,
+bool register_document_commands(CommandRegistry& registry, const QString& owner, GeometryModel& model,
                                 const DocumentActions& actions);

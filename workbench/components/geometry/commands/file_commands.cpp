@@ -217,8 +217,9 @@ bool stands_in_double_quotes(const QString& text)
 
 } // namespace
 
-bool register_file_commands(CommandRegistry& registry, GeometryModel& model, FileExchange& exchange,
-                            const ApplicationServices& services, const ImportListener& imported)
+bool register_file_commands(CommandRegistry& registry, const QString& owner, GeometryModel& model,
+                            FileExchange& exchange, const ApplicationServices& services,
+                            const ImportListener& imported)
 {
     const auto context = std::make_shared<Context>(Context{model, exchange, services, imported});
     const auto with = [&context](auto function) {
@@ -226,8 +227,7 @@ bool register_file_commands(CommandRegistry& registry, GeometryModel& model, Fil
             run_model_command(call, context->model, [&] { function(call, arguments, *context); });
         };
     };
-    const QString owner = u"geometry"_s;
-    const Command commands[] = {
+    const QList<Command> commands{
         {.name = u"import"_s,
          .summary = u"Reads solids or a mesh from a file."_s,
          .help =
@@ -235,7 +235,6 @@ bool register_file_commands(CommandRegistry& registry, GeometryModel& model, Fil
              "solids, named after the file. STL, MSH and VTK files, and those of formats that other "
              "components\n"
              "bring, hold a mesh, which takes the place of the last one. Lengths become millimetres."_s,
-         .owner = owner,
          .perform = with(&import_file),
          .forms = {{.clauses = file_clauses(Direction::Import)}},
          .changes_model = true,
@@ -251,7 +250,6 @@ bool register_file_commands(CommandRegistry& registry, GeometryModel& model, Fil
              "other components bring, hold the surface of solids, in triangles of SIZE at most, or with "
              "\"mesh\"\n"
              "that of the last mesh. A file that exists is replaced."_s,
-         .owner = owner,
          .perform = with(&export_file),
          .forms = {{.clauses = file_clauses(Direction::Export) +
                                QList{optional_value(solids_parameter()),
@@ -276,16 +274,7 @@ bool register_file_commands(CommandRegistry& registry, GeometryModel& model, Fil
         QObject::connect(&FormatRegistry::instance(), &FormatRegistry::changed, watcher.get(),
                          [&entities, direction] { entities.tell_changed(format_entity(direction)); });
     }
-    QStringList added;
-    for (const Command& command : commands) {
-        if (registry.add(command) != CommandRegistry::AddResult::Added) {
-            for (const QString& name : std::as_const(added))
-                registry.remove(name);
-            return false;
-        }
-        added << command.name;
-    }
-    return true;
+    return registry.add_all(owner, commands);
 }
 
 QString import_command(const QString& file, const QString& format)

@@ -16,14 +16,15 @@ struct ApplicationServices;
 using ImportListener = std::function<void(const QString& file, bool done)>;
 
 /**
- * Adds the commands "import" and "export", with the owner "geometry".
+ * Adds the commands "import" and "export".
  *
  * @param model     outlives the commands, and so do @p services and @p exchange.
  * @param imported  may be null.
  * @return false, with none added, if a name is taken.
  */
-bool register_file_commands(CommandRegistry& registry, GeometryModel& model, FileExchange& exchange,
-                            const ApplicationServices& services, const ImportListener& imported = {});
+bool register_file_commands(CommandRegistry& registry, const QString& owner, GeometryModel& model,
+                            FileExchange& exchange, const ApplicationServices& services,
+                            const ImportListener& imported = {});
 
 /** The command that imports @p file as FORMAT. The format is named only where the file's ending does not tell
  * it. */

@@ -228,103 +228,123 @@ CommandParameter tools()
     return result;
 }
 
-QList<GeometryCommand> entries()
+CommandParameter radius()
+{
+    return length_parameter(u"RADIUS"_s, u"a radius"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius"));
+}
+
+CommandParameter height()
+{
+    return length_parameter(u"HEIGHT"_s, u"a height"_s, QT_TRANSLATE_NOOP("CommandParameter", "Height"));
+}
+
+/** Of a torus. */
+QList<CommandParameter> radii()
+{
+    CommandParameter whole = radius();
+    whole.example = u"10"_s;
+    return {whole, length_parameter(u"TUBE_RADIUS"_s, u"a radius of the tube"_s,
+                                    QT_TRANSLATE_NOOP("CommandParameter", "Radius of the tube"), u"2"_s)};
+}
+
+/** Those of a brick that may be left out together. */
+CommandClause depth_and_height()
+{
+    return {.parameters = {length_parameter(u"DEPTH"_s, u"a depth"_s,
+                                            QT_TRANSLATE_NOOP("CommandParameter", "Depth")),
+                           height()},
+            .optional = true,
+            .tip = QT_TRANSLATE_NOOP("CommandParameter", "Without depth and height it is a cube.")};
+}
+
+CommandClause center()
+{
+    return position_clause(u"at"_s, u"the center"_s, QT_TRANSLATE_NOOP("CommandParameter", "Center"), true,
+                           u"0 0 0"_s);
+}
+
+CommandClause offset(bool optional)
+{
+    return position_clause(u"by"_s, u"the offset"_s, QT_TRANSLATE_NOOP("CommandParameter", "Offset"),
+                           optional, optional ? u"0 0 0"_s : QString());
+}
+
+CommandClause angle()
+{
+    return {.keyword = u"by"_s,
+            .parameters = {{.name = u"DEGREES"_s,
+                            .kind = CommandParameter::Kind::Number,
+                            .what = u"an angle in degrees"_s,
+                            .label = QT_TRANSLATE_NOOP("CommandParameter", "Angle"),
+                            .unit = u"\u00b0"_s,
+                            .example = u"30"_s}}};
+}
+
+CommandParameter one_solid()
+{
+    return solid_parameter(QT_TRANSLATE_NOOP("CommandParameter", "Solid"), u"SOLID"_s);
+}
+
+/** Those that make a solid. */
+QList<GeometryCommand> making_commands()
 {
     return {
         {.name = "brick"_L1,
          .summary = "Makes a brick, or a cube."_L1,
          .help = placing_help,
          .perform = brick,
-         .forms =
-             {{.clauses = {required_value(length_parameter(u"WIDTH"_s, u"a width"_s,
-                                                           QT_TRANSLATE_NOOP("CommandParameter", "Width"))),
-                           {.parameters = {length_parameter(u"DEPTH"_s, u"a depth"_s,
-                                                            QT_TRANSLATE_NOOP("CommandParameter", "Depth")),
-                                           length_parameter(u"HEIGHT"_s, u"a height"_s,
-                                                            QT_TRANSLATE_NOOP("CommandParameter", "Height"))},
-                            .optional = true,
-                            .tip = QT_TRANSLATE_NOOP("CommandParameter",
-                                                     "Without depth and height it is a cube.")},
-                           position_clause(u"at"_s, u"the center"_s,
-                                           QT_TRANSLATE_NOOP("CommandParameter", "Center"), true, u"0 0 0"_s),
-                           name_clause()}}},
+         .forms = {{.clauses = {required_value(
+                                    length_parameter(u"WIDTH"_s, u"a width"_s,
+                                                     QT_TRANSLATE_NOOP("CommandParameter", "Width"))),
+                                depth_and_height(), center(), name_clause()}}},
          .changes_model = true},
         {.name = "cylinder"_L1,
          .summary = "Makes a cylinder."_L1,
          .help = axis_help,
          .perform = cylinder,
-         .forms =
-             {{.clauses = {required_value(length_parameter(u"RADIUS"_s, u"a radius"_s,
-                                                           QT_TRANSLATE_NOOP("CommandParameter", "Radius"))),
-                           required_value(length_parameter(u"HEIGHT"_s, u"a height"_s,
-                                                           QT_TRANSLATE_NOOP("CommandParameter", "Height"))),
-                           position_clause(u"at"_s, u"the center"_s,
-                                           QT_TRANSLATE_NOOP("CommandParameter", "Center"), true, u"0 0 0"_s),
-                           axis_clause(), name_clause()}}},
+         .forms = {{.clauses = {required_value(radius()), required_value(height()), center(), axis_clause(),
+                                name_clause()}}},
          .changes_model = true},
         {.name = "sphere"_L1,
          .summary = "Makes a sphere."_L1,
          .help = placing_help,
          .perform = sphere,
-         .forms =
-             {{.clauses = {required_value(length_parameter(u"RADIUS"_s, u"a radius"_s,
-                                                           QT_TRANSLATE_NOOP("CommandParameter", "Radius"))),
-                           position_clause(u"at"_s, u"the center"_s,
-                                           QT_TRANSLATE_NOOP("CommandParameter", "Center"), true, u"0 0 0"_s),
-                           name_clause()}}},
+         .forms = {{.clauses = {required_value(radius()), center(), name_clause()}}},
          .changes_model = true},
         {.name = "cone"_L1,
          .summary = "Makes a cone, or a part of one."_L1,
          .help = axis_help,
          .perform = cone,
-         .forms =
-             {{.clauses = {required_value(length_parameter(u"RADIUS"_s, u"a radius"_s,
-                                                           QT_TRANSLATE_NOOP("CommandParameter", "Radius"))),
-                           required_value(length_parameter(u"HEIGHT"_s, u"a height"_s,
-                                                           QT_TRANSLATE_NOOP("CommandParameter", "Height"))),
-                           optional_value(top_radius()),
-                           position_clause(u"at"_s, u"the center"_s,
-                                           QT_TRANSLATE_NOOP("CommandParameter", "Center"), true, u"0 0 0"_s),
-                           axis_clause(), name_clause()}}},
+         .forms = {{.clauses = {required_value(radius()), required_value(height()),
+                                optional_value(top_radius()), center(), axis_clause(), name_clause()}}},
          .changes_model = true},
         {.name = "torus"_L1,
          .summary = "Makes a torus."_L1,
          .help = axis_help,
          .perform = torus,
-         .forms = {{.clauses = {required_value(length_parameter(
-                                    u"RADIUS"_s, u"a radius"_s,
-                                    QT_TRANSLATE_NOOP("CommandParameter", "Radius"), u"10"_s)),
-                                required_value(length_parameter(
-                                    u"TUBE_RADIUS"_s, u"a radius of the tube"_s,
-                                    QT_TRANSLATE_NOOP("CommandParameter", "Radius of the tube"), u"2"_s)),
-                                position_clause(u"at"_s, u"the center"_s,
-                                                QT_TRANSLATE_NOOP("CommandParameter", "Center"), true,
-                                                u"0 0 0"_s),
+         .forms = {{.clauses = {required_value(radii()[0]), required_value(radii()[1]), center(),
                                 axis_clause(), name_clause()}}},
          .changes_model = true},
+    };
+}
+
+/** Those that work on single solids. */
+QList<GeometryCommand> solid_commands()
+{
+    return {
         {.name = "move"_L1,
          .summary = "Moves solids."_L1,
          .help = solids_help,
          .perform = move,
-         .forms = {{.clauses = {required_value(solids_parameter()),
-                                position_clause(u"by"_s, u"the offset"_s,
-                                                QT_TRANSLATE_NOOP("CommandParameter", "Offset"), false)}}},
+         .forms = {{.clauses = {required_value(solids_parameter()), offset(false)}}},
          .changes_model = true},
         {.name = "rotate"_L1,
          .summary = "Turns solids."_L1,
-         .help = "The axis goes through the origin unless \"about\" tells another point, in the direction of "
-                 "the z "
-                 "axis\n"
-                 "unless \"along\" tells another. \"all\" stands for all solids."_L1,
+         .help =
+             "The axis goes through the origin unless \"about\" tells another point, in the direction of the "
+             "z axis\nunless \"along\" tells another. \"all\" stands for all solids."_L1,
          .perform = rotate,
-         .forms = {{.clauses = {required_value(solids_parameter()),
-                                {.keyword = u"by"_s,
-                                 .parameters = {{.name = u"DEGREES"_s,
-                                                 .kind = CommandParameter::Kind::Number,
-                                                 .what = u"an angle in degrees"_s,
-                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Angle"),
-                                                 .unit = u"\u00b0"_s,
-                                                 .example = u"30"_s}}},
+         .forms = {{.clauses = {required_value(solids_parameter()), angle(),
                                 position_clause(u"about"_s, u"the point"_s,
                                                 QT_TRANSLATE_NOOP("CommandParameter", "Point on the axis"),
                                                 true, u"0 0 0"_s),
@@ -333,20 +353,33 @@ QList<GeometryCommand> entries()
         {.name = "copy"_L1,
          .summary = "Copies a solid."_L1,
          .perform = copy,
-         .forms = {{.clauses = {required_value(solid_parameter(QT_TRANSLATE_NOOP("CommandParameter", "Solid"),
-                                                               u"SOLID"_s)),
-                                position_clause(u"by"_s, u"the offset"_s,
-                                                QT_TRANSLATE_NOOP("CommandParameter", "Offset"), true,
-                                                u"0 0 0"_s),
-                                name_clause()}}},
+         .forms = {{.clauses = {required_value(one_solid()), offset(true), name_clause()}}},
          .changes_model = true},
         {.name = "rename"_L1,
          .summary = "Gives a solid another name."_L1,
          .perform = rename,
-         .forms = {{.clauses = {required_value(solid_parameter(QT_TRANSLATE_NOOP("CommandParameter", "Solid"),
-                                                               u"SOLID"_s)),
-                                required_value(new_name_parameter())}}},
+         .forms = {{.clauses = {required_value(one_solid()), required_value(new_name_parameter())}}},
          .changes_model = true},
+        {.name = "delete"_L1,
+         .summary = "Deletes solids."_L1,
+         .help = solids_help,
+         .perform = remove,
+         .forms = {{.clauses = {required_value(solids_parameter())}}},
+         .changes_model = true},
+        {.name = "list"_L1,
+         .summary = "Lists solids with their measures."_L1,
+         .help =
+             "Solids can be named by name or by id. The box around a solid is exact to six digits; around "
+             "round solids\nthat were turned it has some room."_L1,
+         .perform = list,
+         .forms = {{.clauses = {optional_value(solids_parameter())}}}},
+    };
+}
+
+/** Those that make one solid of several. */
+QList<GeometryCommand> combining_commands()
+{
+    return {
         {.name = "unite"_L1,
          .summary = "Makes one solid of several."_L1,
          .help = combine_help,
@@ -358,9 +391,7 @@ QList<GeometryCommand> entries()
          .help = "The tools are gone then. The solid may fall into several pieces, which stay one solid."_L1,
          .perform = subtract,
          .forms = {{.clauses = {required_value(tools()),
-                                {.keyword = u"from"_s,
-                                 .parameters = {solid_parameter(
-                                     QT_TRANSLATE_NOOP("CommandParameter", "Solid"), u"SOLID"_s)}}}}},
+                                {.keyword = u"from"_s, .parameters = {one_solid()}}}}},
          .changes_model = true},
         {.name = "intersect"_L1,
          .summary = "Keeps what several solids have in common."_L1,
@@ -368,31 +399,12 @@ QList<GeometryCommand> entries()
          .perform = intersect,
          .forms = {{.clauses = {required_value(solids_parameter(2))}}},
          .changes_model = true},
-        {.name = "delete"_L1,
-         .summary = "Deletes solids."_L1,
-         .help = solids_help,
-         .perform = remove,
-         .forms = {{.clauses = {required_value(solids_parameter())}}},
-         .changes_model = true},
-        {.name = "list"_L1,
-         .summary = "Lists solids with their measures."_L1,
-         .help = "Solids can be named by name or by id. The box around a solid is exact to six digits; "
-                 "around round "
-                 "solids\n"
-                 "that were turned it has some room."_L1,
-         .perform = list,
-         .forms = {{.clauses = {optional_value(solids_parameter())}}}},
     };
 }
 
-} // namespace
-
-bool register_geometry_commands(CommandRegistry& registry, GeometryModel& model,
-                                const ApplicationServices& services, const QString& mesher)
+/** Offers the names and numbers of the solids, for as long as the commands are there. */
+void offer_solids(CommandEntities& entities, const QString& owner, const GeometryModel& model)
 {
-    const QString owner = u"geometry"_s;
-    const auto context = std::make_shared<Context>(Context{model, services, mesher});
-    CommandEntities& entities = registry.entities();
     entities.offer(
         solid_entity(), owner,
         [&model] {
@@ -409,23 +421,29 @@ bool register_geometry_commands(CommandRegistry& registry, GeometryModel& model,
         });
     QObject::connect(&model, &GeometryModel::solid_changed, &entities,
                      [&entities] { entities.tell_changed(solid_entity()); });
-    for (const GeometryCommand& entry : entries() + mesh_commands() + step_commands()) {
-        const Command command{
-            .name = entry.name,
-            .summary = entry.summary,
-            .help = entry.help,
-            .owner = owner,
-            .perform =
-                [context, function = entry.perform](CommandCall& call, const CommandArguments& arguments) {
-                    run_model_command(call, context->model, [&] { function(call, arguments, *context); });
-                },
-            .forms = entry.forms,
-            .changes_model = entry.changes_model,
-            .long_running = entry.long_running};
-        if (registry.add(command) != CommandRegistry::AddResult::Added) {
-            registry.remove_owner(owner);
-            return false;
-        }
+}
+
+} // namespace
+
+bool register_geometry_commands(CommandRegistry& registry, const QString& owner, GeometryModel& model,
+                                const ApplicationServices& services, const QString& mesher)
+{
+    const auto context = std::make_shared<Context>(Context{model, services, mesher});
+    QList<Command> commands;
+    for (const GeometryCommand& entry :
+         making_commands() + solid_commands() + combining_commands() + mesh_commands() + step_commands()) {
+        commands.append(
+            {.name = entry.name,
+             .summary = entry.summary,
+             .help = entry.help,
+             .perform =
+                 [context, function = entry.perform](CommandCall& call, const CommandArguments& arguments) {
+                     run_model_command(call, context->model, [&] { function(call, arguments, *context); });
+                 },
+             .forms = entry.forms,
+             .changes_model = entry.changes_model,
+             .long_running = entry.long_running});
     }
-    return true;
+    offer_solids(registry.entities(), owner, model);
+    return registry.add_all(owner, commands);
 }

@@ -10,11 +10,11 @@ class GeometryModel;
 struct ApplicationServices;
 
 /**
- * Adds the commands that make, change and mesh solids, with the owner "geometry".
+ * Adds the commands that make, change and mesh solids.
  *
  * @param model     outlives the commands, and so does @p services.
  * @param mesher    the path of the program that meshes.
  * @return false, with none added, if a name is taken.
  */
-bool register_geometry_commands(CommandRegistry& registry, GeometryModel& model,
+bool register_geometry_commands(CommandRegistry& registry, const QString& owner, GeometryModel& model,
                                 const ApplicationServices& services, const QString& mesher);

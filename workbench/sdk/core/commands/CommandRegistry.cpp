@@ -66,6 +66,19 @@ CommandRegistry::AddResult CommandRegistry::add(const Command& command)
     return AddResult::Added;
 }
 
+bool CommandRegistry::add_all(const QString& owner, QList<Command> commands)
+{
+    for (qsizetype i = 0; i < commands.size(); ++i) {
+        commands[i].owner = owner;
+        if (add(commands[i]) == AddResult::Added)
+            continue;
+        while (--i >= 0)
+            remove(commands[i].name);
+        return false;
+    }
+    return true;
+}
+
 bool CommandRegistry::remove(const QString& name)
 {
     const bool removed = mCommands.remove(name) > 0;

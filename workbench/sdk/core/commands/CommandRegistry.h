@@ -72,6 +72,8 @@ public:
 
     /** Adds a command; nothing changes unless the result is Added. */
     AddResult add(const Command& command);
+    /** Adds commands in the name of @p owner: all of them, or none and false is returned. */
+    bool add_all(const QString& owner, QList<Command> commands);
     /** Removes a command. Returns false if there is none of that name. */
     bool remove(const QString& name);
     /**

@@ -113,9 +113,10 @@ void TstCommandFlags::set_up()
     const DocumentActions actions{[this](bool) { mDocument->clear(); },
                                   [this](const QString& file) { mDocument->open(file); },
                                   [this](const QString& file) { mDocument->save(file); }};
-    QVERIFY(register_geometry_commands(registry, *mModel, mServices, QStringLiteral(FENNAR_MESHER)));
-    QVERIFY(register_document_commands(registry, *mModel, actions));
-    QVERIFY(register_file_commands(registry, *mModel, *mExchange, mServices));
+    QVERIFY(register_geometry_commands(registry, u"geometry"_s, *mModel, mServices,
+                                       QStringLiteral(FENNAR_MESHER)));
+    QVERIFY(register_document_commands(registry, u"geometry"_s, *mModel, actions));
+    QVERIFY(register_file_commands(registry, u"geometry"_s, *mModel, *mExchange, mServices));
 }
 
 void TstCommandFlags::tear_down()

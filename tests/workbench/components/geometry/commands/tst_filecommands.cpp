@@ -255,9 +255,9 @@ void TstFileCommands::set_up()
     mExchange = std::make_unique<FileExchange>(*mModel, QStringLiteral(FENNAR_CONVERTER));
     mSession = std::make_unique<CommandSession>();
     mServices = {};
-    QVERIFY(
-        register_geometry_commands(mSession->registry, *mModel, mServices, QStringLiteral(FENNAR_MESHER)));
-    QVERIFY(register_file_commands(mSession->registry, *mModel, *mExchange, mServices));
+    QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s, *mModel, mServices,
+                                       QStringLiteral(FENNAR_MESHER)));
+    QVERIFY(register_file_commands(mSession->registry, u"geometry"_s, *mModel, *mExchange, mServices));
     mTemporaryFiles = temporary_files();
 }
 

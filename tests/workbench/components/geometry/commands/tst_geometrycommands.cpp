@@ -122,8 +122,8 @@ void TstGeometryCommands::set_up()
     mSession = std::make_unique<CommandSession>();
     mShell = std::make_unique<RecordingShell>();
     mServices = {mShell.get(), nullptr};
-    QVERIFY(
-        register_geometry_commands(mSession->registry, *mModel, mServices, QStringLiteral(FENNAR_MESHER)));
+    QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s, *mModel, mServices,
+                                       QStringLiteral(FENNAR_MESHER)));
 }
 
 void TstGeometryCommands::tear_down()
@@ -339,7 +339,7 @@ void TstGeometryCommands::taken_name_of_a_command_adds_none()
 {
     CommandSession session;
     session.add("quality", [](CommandCall&) {});
-    QVERIFY(!register_geometry_commands(session.registry, *mModel, mServices, {}));
+    QVERIFY(!register_geometry_commands(session.registry, u"geometry"_s, *mModel, mServices, {}));
     QCOMPARE(session.registry.names(), QStringList({u"note"_s, u"quality"_s}));
 }
 

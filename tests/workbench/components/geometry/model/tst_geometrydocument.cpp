@@ -107,8 +107,9 @@ void TstGeometryDocument::set_up()
     mInterpreter = std::make_unique<CommandInterpreter>(*mRegistry);
     mInterpreter->set_output([this](const QString& text) { mOutput += text; });
     mInterpreter->set_error_output([this](const QString& text) { mOutput += text; });
-    QVERIFY(register_geometry_commands(*mRegistry, *mModel, mServices, QStringLiteral(FENNAR_MESHER)));
-    QVERIFY(register_document_commands(*mRegistry, *mModel,
+    QVERIFY(register_geometry_commands(*mRegistry, u"geometry"_s, *mModel, mServices,
+                                       QStringLiteral(FENNAR_MESHER)));
+    QVERIFY(register_document_commands(*mRegistry, u"geometry"_s, *mModel,
                                        {[this](bool discard) {
                                             mDiscarded << discard;
                                             mDocument->clear();
@@ -489,7 +490,7 @@ void TstGeometryDocument::taken_command_refuses_all()
 {
     CommandRegistry registry;
     registry.add(plain_command(u"save"_s, u"other"_s, [](CommandCall&) {}));
-    QVERIFY(!register_document_commands(registry, *mModel, {}));
+    QVERIFY(!register_document_commands(registry, u"geometry"_s, *mModel, {}));
     QCOMPARE(registry.names(), QStringList(u"save"_s));
 }
 

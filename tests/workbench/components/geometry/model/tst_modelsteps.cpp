@@ -70,8 +70,8 @@ void TstModelSteps::set_up()
     mSession = std::make_unique<CommandSession>();
     mJournal = 0;
     mModel->steps().set_journal([this] { return mJournal; });
-    QVERIFY(
-        register_geometry_commands(mSession->registry, *mModel, mServices, QStringLiteral(FENNAR_MESHER)));
+    QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s, *mModel, mServices,
+                                       QStringLiteral(FENNAR_MESHER)));
 }
 
 void TstModelSteps::tear_down()
