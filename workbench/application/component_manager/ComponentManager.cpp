@@ -376,6 +376,11 @@ QString ComponentManager::name_conflict(const Entry& entry, const QString& name)
         if (other != &entry && other->about.name == name)
             return u"the name \"%1\" is taken by %2"_s.arg(name, other->about.file);
     }
+    const bool has_run = std::any_of(mEntries.begin(), mEntries.end(), [&](const auto& other) {
+        return other->component && other->about.name == name;
+    });
+    if (has_run) // the commands that bear its name were left by it
+        return {};
     const CommandRegistry& registry = mInterpreter.registry();
     const QStringList commands = registry.names();
     const bool owns_command = std::any_of(commands.begin(), commands.end(), [&](const QString& command) {
@@ -388,6 +393,8 @@ QString ComponentManager::name_conflict(const Entry& entry, const QString& name)
 
 QString ComponentManager::run_load(Entry& entry)
 {
+    // What it has left of an earlier time, round its context, would be in its way.
+    mInterpreter.registry().remove_owner(entry.about.name);
     entry.about.state = State::Loading;
     tell(&ComponentTracker::component_loading, entry);
     entry.context = std::make_unique<fennar::ComponentContext>(

@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QDialog>
+#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
@@ -49,6 +50,11 @@ QDialog* plugin_tool(const Ostrel* window)
             return dialog;
     }
     return nullptr;
+}
+
+QListWidget* plugin_list(const QDialog* tool)
+{
+    return tool ? tool->findChild<QListWidget*>(u"mCompList"_s) : nullptr;
 }
 
 QAction* close_journal_action(const JournalEditor* editor)

@@ -14,6 +14,7 @@ class Ostrel;
 class QAbstractButton;
 class QAction;
 class QDialog;
+class QListWidget;
 
 // Parts of the shell's windows that it does not hand out. Their windows own them. Null
 // where there is no such window, or the window has no such part.
@@ -22,6 +23,8 @@ class QDialog;
 QAbstractButton* cancel_button(const Ostrel* window);
 /** The plugin tool; null until it has been opened for the first time. */
 QDialog* plugin_tool(const Ostrel* window);
+/** The list of components in the plugin tool. */
+QListWidget* plugin_list(const QDialog* tool);
 /** The entry that closes the current document of the journal editor. */
 QAction* close_journal_action(const JournalEditor* editor);
 /** The pages of the options dialog as they stand in its list, as "Group/Page"; a group comes before its

@@ -17,6 +17,7 @@
 #include "workbench/application/search/CommandFinder.h"
 #include "workbench/application/settings/PanelOptions.h"
 #include "workbench/application/windows/FileDrops.h"
+#include "workbench/application/windows/PluginVersions.h"
 #include "workbench/application/windows/WindowKeys.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Fennar.h"
@@ -76,7 +77,8 @@ WindowParts::WindowParts(Ostrel* window, ConsoleOwner* console, const Services& 
       mKeys(std::make_unique<WindowKeys>(window)),
       mDrops(std::make_unique<FileDrops>(window, console, services.run, services.report)),
       mFinder(std::make_unique<CommandFinder>(window, Fennar::instance().registry(),
-                                              CommandFinder::Services{services.run, services.write}))
+                                              CommandFinder::Services{services.run, services.write})),
+      mPluginVersions(std::make_unique<PluginVersions>(window))
 {
     window->set_title(u"Fennar"_s);
     describe_product(window);

@@ -14,6 +14,7 @@ class FileDrops;
 class JournalCheck;
 class JournalFiles;
 class Ostrel;
+class PluginVersions;
 class WindowKeys;
 
 /**
@@ -47,4 +48,5 @@ private:
     const std::unique_ptr<WindowKeys> mKeys;
     const std::unique_ptr<FileDrops> mDrops;
     const std::unique_ptr<CommandFinder> mFinder;
+    const std::unique_ptr<PluginVersions> mPluginVersions;
 };

@@ -137,6 +137,7 @@ private slots:
     void component_that_throws_leaves_nothing_data();
     void component_that_throws_leaves_nothing();
     void what_goes_round_the_context_is_found_by_its_description();
+    void component_that_left_commands_behind_is_loaded_again();
     void unsaved_data_of_a_component_is_asked_about_before_it_goes_data();
     void unsaved_data_of_a_component_is_asked_about_before_it_goes();
     void unsaved_data_of_another_component_is_not_asked_about();
@@ -517,6 +518,21 @@ void TstComponentManager::what_goes_round_the_context_is_found_by_its_descriptio
     run_line(u"forgetful-command"_s);
     take_back_what_is_left(u"forgetful"_s);
     QCOMPARE(added_lines(before, describe()).filter(u"command"_s), QStringList());
+}
+
+void TstComponentManager::component_that_left_commands_behind_is_loaded_again()
+{
+    offer({u"forgetful"_s});
+    CommandRegistry& registry = Fennar::instance().registry();
+    QCOMPARE(mManager->load(u"forgetful"_s), QString());
+    const auto first = registry.find(u"forgetful-command"_s);
+    QVERIFY(first);
+    QCOMPARE(mManager->unload(u"forgetful"_s), QString());
+    QCOMPARE(registry.find(u"forgetful-command"_s), first);
+    QCOMPARE(mManager->load(u"forgetful"_s), QString());
+    QVERIFY(registry.find(u"forgetful-command"_s) && registry.find(u"forgetful-command"_s) != first);
+    QCOMPARE(mManager->unload(u"forgetful"_s), QString());
+    take_back_what_is_left(u"forgetful"_s);
 }
 
 void TstComponentManager::unsaved_data_of_a_component_is_asked_about_before_it_goes_data()

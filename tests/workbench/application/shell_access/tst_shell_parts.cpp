@@ -63,6 +63,7 @@ void TstShellParts::plugin_tool_is_there_once_it_has_been_opened()
     QVERIFY(tool && tool->isVisible());
     tool->hide();
     QCOMPARE(plugin_tool(&window()), tool);
+    QVERIFY(plugin_list(tool));
 }
 
 void TstShellParts::closing_action_closes_the_document()
