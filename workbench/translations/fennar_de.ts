@@ -2,6 +2,33 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>ClauseRow</name>
+    <message>
+        <source>%1 (optional):</source>
+        <translation>%1 (optional):</translation>
+    </message>
+    <message>
+        <source>%1:</source>
+        <translation>%1:</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>%1 must be filled in.</source>
+        <translation>%1 muss ausgefüllt werden.</translation>
+    </message>
+    <message>
+        <source>%1 must be filled in, too.</source>
+        <translation>%1 muss ebenfalls ausgefüllt werden.</translation>
+    </message>
+    <message>
+        <source>%1: the numbers must not all be 0.</source>
+        <translation>%1: die Zahlen dürfen nicht alle 0 sein.</translation>
+    </message>
+</context>
+<context>
     <name>ColourScheme</name>
     <message>
         <source>S&amp;ystem Colors</source>
@@ -67,30 +94,6 @@
     <message>
         <source>Write the command line yourself</source>
         <translation>Die Befehlszeile selbst schreiben</translation>
-    </message>
-    <message>
-        <source>%1 (optional):</source>
-        <translation>%1 (optional):</translation>
-    </message>
-    <message>
-        <source>%1:</source>
-        <translation>%1:</translation>
-    </message>
-    <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
-    </message>
-    <message>
-        <source>%1 must be filled in.</source>
-        <translation>%1 muss ausgefüllt werden.</translation>
-    </message>
-    <message>
-        <source>%1 must be filled in, too.</source>
-        <translation>%1 muss ebenfalls ausgefüllt werden.</translation>
-    </message>
-    <message>
-        <source>%1: the numbers must not all be 0.</source>
-        <translation>%1: die Zahlen dürfen nicht alle 0 sein.</translation>
     </message>
 </context>
 <context>

@@ -84,6 +84,66 @@ void unload_component(CommandCall& call, const CommandArguments& arguments, Comp
     call.print(u"The component \"%1\" is unloaded.\n"_s.arg(name));
 }
 
+Command components_command(ComponentManager& manager)
+{
+    return {.name = u"components"_s,
+            .summary = u"Lists the components."_s,
+            .help = u"Each with its state, version and file; below it, why it is not loaded.\n"
+                    "    loaded    it works\n"
+                    "    unloaded  it has been found since the start\n"
+                    "    off       unloaded by the user; it stays so at the next start\n"
+                    "    refused   it could not be loaded\n"
+                    "    left out  the program ended while it was being loaded"_s,
+            .perform = [&manager](CommandCall& call, const CommandArguments&) {
+                list_components(call, manager);
+            }};
+}
+
+Command load_command(ComponentManager& manager)
+{
+    return {
+        .name = u"load"_s,
+        .summary = u"Loads a component, now and at each start."_s,
+        .help =
+            u"NAME is looked up in the component path. FILE has a \"/\" or ends in .so; a file outside the\n"
+            "component path is not found again at the next start. Components that it needs are loaded first."_s,
+        .perform =
+            [&manager](CommandCall& call, const CommandArguments& arguments) {
+                load_component(call, arguments, manager);
+            },
+        .forms = {{.clauses = {required_value({.name = u"NAME"_s,
+                                               .kind = CommandParameter::Kind::Entity,
+                                               .what = u"the name of a component"_s,
+                                               .label = QT_TRANSLATE_NOOP("CommandParameter", "Component"),
+                                               .entity = other_component})},
+                   .title = QT_TRANSLATE_NOOP("CommandParameter", "By name")},
+                  {.clauses = {required_value({.name = u"FILE"_s,
+                                               .kind = CommandParameter::Kind::InputFile,
+                                               .what = u"a file"_s,
+                                               .label = QT_TRANSLATE_NOOP("CommandParameter", "Component"),
+                                               .filters = &component_filters})},
+                   .title = QT_TRANSLATE_NOOP("CommandParameter", "From a file")}}};
+}
+
+Command unload_command(ComponentManager& manager)
+{
+    return {
+        .name = u"unload"_s,
+        .summary = u"Unloads a component, now and at each start."_s,
+        .help = u"\"load NAME\" turns it on again. In a run without a window neither is remembered. A "
+                u"component\n"
+                "that others need stays until they are unloaded."_s,
+        .perform =
+            [&manager](CommandCall& call, const CommandArguments& arguments) {
+                unload_component(call, arguments, manager);
+            },
+        .forms = {{.clauses = {required_value({.name = u"NAME"_s,
+                                               .kind = CommandParameter::Kind::Entity,
+                                               .what = u"a component that is loaded"_s,
+                                               .label = QT_TRANSLATE_NOOP("CommandParameter", "Component"),
+                                               .entity = loaded_component})}}}};
+}
+
 } // namespace
 
 void register_component_commands(CommandRegistry& registry, ComponentManager& manager)
@@ -101,56 +161,5 @@ void register_component_commands(CommandRegistry& registry, ComponentManager& ma
     };
     offer(loaded_component, true);
     offer(other_component, false);
-
-    registry.add({.name = u"components"_s,
-                  .summary = u"Lists the components."_s,
-                  .help = u"Each with its state, version and file; below it, why it is not loaded.\n"
-                          "    loaded    it works\n"
-                          "    unloaded  it has been found since the start\n"
-                          "    off       unloaded by the user; it stays so at the next start\n"
-                          "    refused   it could not be loaded\n"
-                          "    left out  the program ended while it was being loaded"_s,
-                  .owner = owner,
-                  .perform = [&manager](CommandCall& call, const CommandArguments&) {
-                      list_components(call, manager);
-                  }});
-    registry.add(
-        {.name = u"load"_s,
-         .summary = u"Loads a component, now and at each start."_s,
-         .help =
-             u"NAME is looked up in the component path. FILE has a \"/\" or ends in .so; a file outside the\n"
-             "component path is not found again at the next start. Components that it needs are loaded first."_s,
-         .owner = owner,
-         .perform =
-             [&manager](CommandCall& call, const CommandArguments& arguments) {
-                 load_component(call, arguments, manager);
-             },
-         .forms = {{.clauses = {required_value({.name = u"NAME"_s,
-                                                .kind = CommandParameter::Kind::Entity,
-                                                .what = u"the name of a component"_s,
-                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Component"),
-                                                .entity = other_component})},
-                    .title = QT_TRANSLATE_NOOP("CommandParameter", "By name")},
-                   {.clauses = {required_value({.name = u"FILE"_s,
-                                                .kind = CommandParameter::Kind::InputFile,
-                                                .what = u"a file"_s,
-                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Component"),
-                                                .filters = &component_filters})},
-                    .title = QT_TRANSLATE_NOOP("CommandParameter", "From a file")}}});
-    registry.add(
-        {.name = u"unload"_s,
-         .summary = u"Unloads a component, now and at each start."_s,
-         .help = u"\"load NAME\" turns it on again. In a run without a window neither is remembered. A "
-                 u"component\n"
-                 "that others need stays until they are unloaded."_s,
-         .owner = owner,
-         .perform =
-             [&manager](CommandCall& call, const CommandArguments& arguments) {
-                 unload_component(call, arguments, manager);
-             },
-         .forms = {{.clauses = {required_value({.name = u"NAME"_s,
-                                                .kind = CommandParameter::Kind::Entity,
-                                                .what = u"a component that is loaded"_s,
-                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Component"),
-                                                .entity = loaded_component})}}}});
+    registry.add_all(owner, {components_command(manager), load_command(manager), unload_command(manager)});
 }

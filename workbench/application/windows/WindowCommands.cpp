@@ -139,6 +139,104 @@ CommandParameter window_parameter(const QStringList& choices, const QString& def
             .choices = choices};
 }
 
+Command show_command()
+{
+    return {.name = u"show"_s,
+            .summary = u"Shows a window, or a page of the options."_s,
+            .help = u"main     the main window\n"
+                    "editor   the journal editor\n"
+                    "options  the options; PAGE is a name from their list, or its number in the list\n"
+                    "plugins  the plugin tool\n"
+                    "about    the version of the program"_s,
+            .forms = {{.clauses = {required_value(window_parameter(windows_to_show()))},
+                       .title = QT_TRANSLATE_NOOP("CommandParameter", "A window")},
+                      {.clauses = {{.keyword = u"options"_s,
+                                    .parameters = {{.name = u"PAGE"_s,
+                                                    .kind = Kind::Entity,
+                                                    .what = u"a page of the options"_s,
+                                                    .label = QT_TRANSLATE_NOOP("CommandParameter", "Page"),
+                                                    .entity = page_entity,
+                                                    .by_number = true}}}},
+                       .title = QT_TRANSLATE_NOOP("CommandParameter", "A page of the options")}}};
+}
+
+Command hide_command()
+{
+    return {.name = u"hide"_s,
+            .summary = u"Closes a window other than the main window."_s,
+            .help = u"The names are those of \"show\". What is not saved in the options is dropped."_s,
+            .forms = {{.clauses = {required_value(window_parameter(windows_to_hide()))}}}};
+}
+
+Command edit_command()
+{
+    return {.name = u"edit"_s,
+            .summary = u"Opens a journal or a Python script in the journal editor."_s,
+            .help =
+                u"A line that is too long for the console is folded there, and has a number in its mark.\n"
+                "The newest ten are kept."_s,
+            .forms = {{.clauses = {required_value({.name = u"FILE"_s,
+                                                   .kind = Kind::InputFile,
+                                                   .what = u"the name of a journal file"_s,
+                                                   .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal"),
+                                                   .filters = &journal_filters,
+                                                   .example = u"example.jou"_s})},
+                       .title = QT_TRANSLATE_NOOP("CommandParameter", "A file")},
+                      {.clauses = {{.keyword = u"line"_s,
+                                    .parameters = {{.name = u"NUMBER"_s,
+                                                    .kind = Kind::WholeNumber,
+                                                    .what = u"the number of a folded line"_s,
+                                                    .label = QT_TRANSLATE_NOOP("CommandParameter", "Number"),
+                                                    .least = 1,
+                                                    .most = std::numeric_limits<int>::max(),
+                                                    .example = u"1"_s}}}},
+                       .title = QT_TRANSLATE_NOOP("CommandParameter", "A folded line of the console")}}};
+}
+
+Command form_command()
+{
+    return {.name = u"form"_s,
+            .summary = u"Shows a command in the command panel."_s,
+            .forms = {{.clauses = {required_value({.name = u"COMMAND"_s,
+                                                   .kind = Kind::Entity,
+                                                   .what = u"a command"_s,
+                                                   .label = QT_TRANSLATE_NOOP("CommandParameter", "Command"),
+                                                   .entity = u"command"_s,
+                                                   .example = u"help"_s})}}}};
+}
+
+Command picture_command()
+{
+    return {.name = u"picture"_s,
+            .summary = u"Writes a picture of a window."_s,
+            .help =
+                u"The ending of FILE selects the format, as .png or .jpg. Without \"of\" it is the main "
+                u"window;\n"
+                "the other names are those of \"show\", and \"active\" is the window that has the keyboard.\n"
+                "The command waits until shapes that are still being made are in sight.\n"
+                "With \"after\" it does not wait: the picture is taken so many seconds later, be it that\n"
+                "another command is running or a dialog is open then."_s,
+            .forms = {{.clauses = {required_value({.name = u"FILE"_s,
+                                                   .kind = Kind::OutputFile,
+                                                   .what = u"the name of a picture file"_s,
+                                                   .label = QT_TRANSLATE_NOOP("CommandParameter", "Picture"),
+                                                   .filters = &picture_filters,
+                                                   .example = u"window.png"_s}),
+                                   {.keyword = u"of"_s,
+                                    .parameters = {window_parameter(windows_to_photograph(), u"main"_s)},
+                                    .optional = true},
+                                   {.keyword = u"after"_s,
+                                    .parameters = {{.name = u"SECONDS"_s,
+                                                    .kind = Kind::Number,
+                                                    .what = u"a number of seconds"_s,
+                                                    .label = QT_TRANSLATE_NOOP("CommandParameter", "Delay"),
+                                                    .unit = u"s"_s,
+                                                    .least = 0,
+                                                    .most = longest_delay,
+                                                    .example = u"0"_s}},
+                                    .optional = true}}}}};
+}
+
 } // namespace
 
 WindowCommands::WindowCommands(CommandRegistry& registry, const std::function<void()>& turn,
@@ -148,102 +246,17 @@ WindowCommands::WindowCommands(CommandRegistry& registry, const std::function<vo
     // Without windows any page will do, since the command is passed over.
     if (qobject_cast<QApplication*>(QCoreApplication::instance()))
         registry.entities().offer(page_entity, owner, &present_pages, &numbered_page);
-    const auto run = [this](auto function) {
-        return [this, function](CommandCall& call, const CommandArguments& arguments) {
+    const auto with = [this](Command command, auto function) {
+        command.perform = [this, function](CommandCall& call, const CommandArguments& arguments) {
             (this->*function)(call, arguments);
         };
+        return command;
     };
-    registry.add(
-        {.name = u"show"_s,
-         .summary = u"Shows a window, or a page of the options."_s,
-         .help = u"main     the main window\n"
-                 "editor   the journal editor\n"
-                 "options  the options; PAGE is a name from their list, or its number in the list\n"
-                 "plugins  the plugin tool\n"
-                 "about    the version of the program"_s,
-         .owner = owner,
-         .perform = run(&WindowCommands::show_window),
-         .forms = {{.clauses = {required_value(window_parameter(windows_to_show()))},
-                    .title = QT_TRANSLATE_NOOP("CommandParameter", "A window")},
-                   {.clauses = {{.keyword = u"options"_s,
-                                 .parameters = {{.name = u"PAGE"_s,
-                                                 .kind = Kind::Entity,
-                                                 .what = u"a page of the options"_s,
-                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Page"),
-                                                 .entity = page_entity,
-                                                 .by_number = true}}}},
-                    .title = QT_TRANSLATE_NOOP("CommandParameter", "A page of the options")}}});
-    registry.add({.name = u"hide"_s,
-                  .summary = u"Closes a window other than the main window."_s,
-                  .help = u"The names are those of \"show\". What is not saved in the options is dropped."_s,
-                  .owner = owner,
-                  .perform = run(&WindowCommands::hide_window),
-                  .forms = {{.clauses = {required_value(window_parameter(windows_to_hide()))}}}});
-    registry.add(
-        {.name = u"edit"_s,
-         .summary = u"Opens a journal or a Python script in the journal editor."_s,
-         .help = u"A line that is too long for the console is folded there, and has a number in its mark.\n"
-                 "The newest ten are kept."_s,
-         .owner = owner,
-         .perform = run(&WindowCommands::edit),
-         .forms = {{.clauses = {required_value({.name = u"FILE"_s,
-                                                .kind = Kind::InputFile,
-                                                .what = u"the name of a journal file"_s,
-                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal"),
-                                                .filters = &journal_filters,
-                                                .example = u"example.jou"_s})},
-                    .title = QT_TRANSLATE_NOOP("CommandParameter", "A file")},
-                   {.clauses = {{.keyword = u"line"_s,
-                                 .parameters = {{.name = u"NUMBER"_s,
-                                                 .kind = Kind::WholeNumber,
-                                                 .what = u"the number of a folded line"_s,
-                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Number"),
-                                                 .least = 1,
-                                                 .most = std::numeric_limits<int>::max(),
-                                                 .example = u"1"_s}}}},
-                    .title = QT_TRANSLATE_NOOP("CommandParameter", "A folded line of the console")}}});
-    registry.add(
-        {.name = u"form"_s,
-         .summary = u"Shows a command in the command panel."_s,
-         .owner = owner,
-         .perform = run(&WindowCommands::show_form),
-         .forms = {{.clauses = {required_value({.name = u"COMMAND"_s,
-                                                .kind = Kind::Entity,
-                                                .what = u"a command"_s,
-                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Command"),
-                                                .entity = u"command"_s,
-                                                .example = u"help"_s})}}}});
-    registry.add(
-        {.name = u"picture"_s,
-         .summary = u"Writes a picture of a window."_s,
-         .help =
-             u"The ending of FILE selects the format, as .png or .jpg. Without \"of\" it is the main "
-             u"window;\n"
-             "the other names are those of \"show\", and \"active\" is the window that has the keyboard.\n"
-             "The command waits until shapes that are still being made are in sight.\n"
-             "With \"after\" it does not wait: the picture is taken so many seconds later, be it that\n"
-             "another command is running or a dialog is open then."_s,
-         .owner = owner,
-         .perform = run(&WindowCommands::take_picture),
-         .forms = {{.clauses = {required_value({.name = u"FILE"_s,
-                                                .kind = Kind::OutputFile,
-                                                .what = u"the name of a picture file"_s,
-                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Picture"),
-                                                .filters = &picture_filters,
-                                                .example = u"window.png"_s}),
-                                {.keyword = u"of"_s,
-                                 .parameters = {window_parameter(windows_to_photograph(), u"main"_s)},
-                                 .optional = true},
-                                {.keyword = u"after"_s,
-                                 .parameters = {{.name = u"SECONDS"_s,
-                                                 .kind = Kind::Number,
-                                                 .what = u"a number of seconds"_s,
-                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Delay"),
-                                                 .unit = u"s"_s,
-                                                 .least = 0,
-                                                 .most = longest_delay,
-                                                 .example = u"0"_s}},
-                                 .optional = true}}}}});
+    registry.add_all(owner, {with(show_command(), &WindowCommands::show_window),
+                             with(hide_command(), &WindowCommands::hide_window),
+                             with(edit_command(), &WindowCommands::edit),
+                             with(form_command(), &WindowCommands::show_form),
+                             with(picture_command(), &WindowCommands::take_picture)});
 }
 
 WindowCommands::~WindowCommands()

@@ -3,7 +3,7 @@
 
 #include "workbench/host/navigation/CommandForm.h"
 
-#include "workbench/host/navigation/FormField.h"
+#include "workbench/host/navigation/ClauseRow.h"
 #include "workbench/host/navigation/FormServices.h"
 #include "workbench/host/navigation/NavigationRoles.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
@@ -12,7 +12,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QFontDatabase>
 #include <QFormLayout>
 #include <QKeyEvent>
@@ -54,12 +53,6 @@ void set_text_or_hide(QLabel* label, const QString& text)
     label->setVisible(!text.isEmpty());
 }
 
-/** A label or tip of a description in the user's language. */
-QString translated(const char* text)
-{
-    return text ? QCoreApplication::translate("CommandParameter", text) : QString();
-}
-
 /** The words of a line, its variables as they are written. */
 QStringList split(const QString& line)
 {
@@ -84,13 +77,6 @@ QStringList variables_of(const QString& line)
 }
 
 } // namespace
-
-bool CommandForm::Row::is_given() const
-{
-    return check ? check->isChecked() : std::any_of(fields.begin(), fields.end(), [](const FormField* field) {
-        return !field->words().isEmpty();
-    });
-}
 
 CommandForm::CommandForm(QWidget* parent)
     : QWidget(parent),
@@ -205,7 +191,7 @@ void CommandForm::start(const QString& line, const QString& usage)
     mWays->clear();
     if (mCommand) {
         for (const CommandSyntax& way : mCommand->forms)
-            mWays->addItem(translated(way.title));
+            mWays->addItem(translated_parameter(way.title));
         if (!read_line(line))
             mCommand.reset();
     }
@@ -237,7 +223,8 @@ bool CommandForm::read_line(const QString& line)
         // text.
         if (values && variables_of(command_line(mCommand->name, form, *values)) == variables_of(line)) {
             show_way(way);
-            fill(*values);
+            for (qsizetype i = 0; i < mRows.size(); ++i)
+                mRows[i]->fill(values->value(i));
             return true;
         }
     }
@@ -264,136 +251,35 @@ void CommandForm::show_way(int way)
     fields->setContentsMargins(0, 0, 0, 0);
     fields->setRowWrapPolicy(QFormLayout::WrapLongRows);
     fields->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    for (const CommandClause& clause : form().clauses)
-        add_clause(clause, fields);
+    for (const CommandClause& clause : form().clauses) {
+        mRows << new ClauseRow(clause, fields);
+        connect(mRows.last(), &ClauseRow::changed, this, &CommandForm::update_line);
+    }
     auto* all = static_cast<QVBoxLayout*>(layout());
     all->insertWidget(all->indexOf(mMessage), mFields);
     mFields->setVisible(fields->rowCount() > 0);
 }
 
-void CommandForm::add_clause(const CommandClause& clause, QFormLayout* layout)
-{
-    mRows.append(Row());
-    const auto add_row = [&](const QString& label, QWidget* field) {
-        layout->addRow((clause.optional ? tr("%1 (optional):") : tr("%1:")).arg(label), field);
-    };
-    if (clause.parameters.isEmpty()) {
-        const QString label = clause.label ? translated(clause.label) : clause.keyword;
-        auto* check = new QCheckBox(label, mFields);
-        check->setObjectName(u"value"_s + clause.keyword);
-        check->setToolTip(translated(clause.tip));
-        // Without it the line would be another one.
-        check->setChecked(!clause.optional);
-        check->setVisible(clause.optional);
-        connect(check, &QCheckBox::toggled, this, &CommandForm::update_line);
-        mRows.last().check = check;
-        if (clause.optional)
-            layout->addRow(check);
-    } else if (clause.label && clause.parameters.size() > 1) {
-        auto* together = new QWidget(mFields);
-        auto* beside = new QHBoxLayout(together);
-        beside->setContentsMargins(0, 0, 0, 0);
-        beside->setSpacing(3);
-        for (const CommandParameter& parameter : clause.parameters) {
-            auto* name = new QLabel(translated(parameter.label), together);
-            beside->addWidget(name);
-            CommandParameter unitless = parameter; // one unit behind the last is enough
-            unitless.unit.clear();
-            QWidget* field = add_field(unitless, clause.optional, clause, together);
-            name->setBuddy(field->focusProxy());
-            beside->addWidget(field, 1);
-        }
-        if (const QString& unit = clause.parameters.last().unit; !unit.isEmpty())
-            beside->addWidget(new QLabel(unit, together));
-        together->setFocusProxy(mRows.last().fields.first());
-        add_row(translated(clause.label), together);
-    } else {
-        for (const CommandParameter& parameter : clause.parameters)
-            add_row(translated(parameter.label), add_field(parameter, clause.optional, clause, mFields));
-    }
-}
-
-QWidget* CommandForm::add_field(const CommandParameter& parameter, bool optional, const CommandClause& clause,
-                                QWidget* parent)
-{
-    CommandParameter described = parameter;
-    if (!described.tip)
-        described.tip = clause.tip;
-    const QString name = translated(parameter.label);
-    const QString label =
-        clause.label && clause.parameters.size() > 1 ? tr("%1 %2").arg(translated(clause.label), name) : name;
-    auto* field = new FormField(described, label, optional, parent);
-    connect(field, &FormField::changed, this, &CommandForm::update_line);
-    mRows.last().fields << field;
-    return field;
-}
-
-void CommandForm::fill(const QList<ClauseValues>& values)
-{
-    for (qsizetype i = 0; i < mRows.size(); ++i) {
-        const ClauseValues clause = values.value(i);
-        if (mRows[i].check) {
-            const QSignalBlocker blocker(mRows[i].check);
-            mRows[i].check->setChecked(clause || !form().clauses[i].optional);
-        }
-        for (qsizetype j = 0; j < mRows[i].fields.size(); ++j)
-            mRows[i].fields[j]->set_words(clause ? clause->value(j) : QStringList());
-    }
-}
-
-/** What the fields hold. Values that are missing beside others are those that the command would take. */
+/** What the fields hold. */
 QList<ClauseValues> CommandForm::values() const
 {
     QList<ClauseValues> result;
-    for (const Row& row : mRows) {
-        if (!row.is_given()) {
-            result << std::nullopt;
-            continue;
-        }
-        QList<QStringList> words;
-        for (const FormField* field : row.fields) {
-            const QString& fallback = field->parameter().default_value;
-            const QStringList given = field->words();
-            words << (given.isEmpty() && !fallback.isNull() ? QStringList(fallback) : given);
-        }
-        result << words;
-    }
+    for (const ClauseRow* row : mRows)
+        result << row->values();
     return result;
-}
-
-QString CommandForm::clause_problem(qsizetype i) const
-{
-    const CommandClause& clause = form().clauses[i];
-    const Row& row = mRows[i];
-    if (!row.is_given()) {
-        return clause.optional || row.fields.isEmpty()
-                   ? QString()
-                   : tr("%1 must be filled in.").arg(row.fields.first()->label());
-    }
-    bool all_zero = clause.not_zero;
-    for (const FormField* field : row.fields) {
-        if (field->words().isEmpty() && field->parameter().default_value.isNull())
-            return tr("%1 must be filled in, too.").arg(field->label());
-        if (const QString problem = field->problem(); !problem.isEmpty())
-            return problem;
-        const bool is_default = field->words().isEmpty();
-        all_zero = all_zero && (is_default ? field->parameter().default_value.toDouble()
-                                           : field->number().value_or(1)) == 0;
-    }
-    if (all_zero)
-        return tr("%1: the numbers must not all be 0.").arg(translated(clause.label));
-    // Without a keyword only the place tells what a value is.
-    if (i > 0 && clause.keyword.isEmpty() && form().clauses[i - 1].keyword.isEmpty() &&
-        form().clauses[i - 1].optional && !mRows[i - 1].is_given())
-        return tr("%1 must be filled in, too.").arg(mRows[i - 1].fields.first()->label());
-    return {};
 }
 
 QString CommandForm::problem() const
 {
-    for (qsizetype i = 0; i < mRows.size(); ++i) {
-        if (const QString problem = clause_problem(i); !problem.isEmpty())
+    const ClauseRow* before = nullptr;
+    for (const ClauseRow* row : mRows) {
+        if (const QString problem = row->problem(); !problem.isEmpty())
             return problem;
+        // Without a keyword only the place tells what a value is.
+        if (before && row->is_given() && !before->is_given() && before->clause().optional &&
+            row->clause().keyword.isEmpty() && before->clause().keyword.isEmpty())
+            return before->missing_too();
+        before = row;
     }
     return {};
 }
@@ -470,12 +356,8 @@ void CommandForm::refresh()
         start(mEntryLine, mEntryUsage);
         return;
     }
-    for (const Row& row : std::as_const(mRows)) {
-        for (FormField* field : row.fields) {
-            if (changed.contains(field->parameter().entity))
-                field->refresh();
-        }
-    }
+    for (ClauseRow* row : std::as_const(mRows))
+        row->refresh(changed);
     update_line();
 }
 
@@ -497,12 +379,8 @@ QWidgetList CommandForm::controls() const
     QWidgetList result;
     if (!mWays->isHidden())
         result << mWays;
-    for (const Row& row : mRows) {
-        if (row.check && !row.check->isHidden())
-            result << row.check;
-        for (const FormField* field : row.fields)
-            result << field->controls();
-    }
+    for (const ClauseRow* row : mRows)
+        result << row->controls();
     result << mLine;
     if (!mEdit->isHidden())
         result << mEdit;

@@ -13,10 +13,9 @@
 
 #include <memory>
 
-class FormField;
+class ClauseRow;
 class QCheckBox;
 class QComboBox;
-class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -59,28 +58,13 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    /** What stands for one clause. */
-    struct Row
-    {
-        QList<FormField*> fields;
-        /** For a clause that is a keyword and nothing else. */
-        QCheckBox* check = nullptr;
-
-        bool is_given() const;
-    };
-
     void set_fonts();
     void start(const QString& line, const QString& usage);
     bool read_line(const QString& line);
     void show_way(int way);
-    void add_clause(const CommandClause& clause, QFormLayout* layout);
-    QWidget* add_field(const CommandParameter& parameter, bool optional, const CommandClause& clause,
-                       QWidget* parent);
-    void fill(const QList<ClauseValues>& values);
     void update_line();
     QList<ClauseValues> values() const;
     QString problem() const;
-    QString clause_problem(qsizetype i) const;
     void set_editing(bool on);
     void set_line_read_only(bool read_only);
     void colour_line();
@@ -110,7 +94,8 @@ private:
     /** The same if the form has fields for it; null if it has nothing but the line. */
     std::shared_ptr<const Command> mCommand;
     int mWay = 0;
-    QList<Row> mRows;
+    /** A child of mFields for each clause. */
+    QList<ClauseRow*> mRows;
     /** Whether the user writes the line. */
     bool mEditing = false;
     QSet<QString> mChangedEntities;

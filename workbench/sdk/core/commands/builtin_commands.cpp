@@ -130,47 +130,32 @@ void quit(Playback& playback, const std::function<void()>& ask)
     ask();
 }
 
-} // namespace
-
-QList<CommandFileFilter> journal_filters()
+/** Those about words, variables and what was typed. */
+QList<Command> plain_commands(const BuiltinServices& services)
 {
-    return {{QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Journals")), u".jou"_s},
-            {QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Python Scripts")), u".py"_s}};
-}
-
-void register_builtin_commands(CommandInterpreter& interpreter, Playback& playback,
-                               const BuiltinServices& services)
-{
-    const QString owner = u"fennari19"_s;
-    const auto add = [&interpreter](const Command& command) { interpreter.registry().add(command); };
-    CommandEntities& entities = interpreter.registry().entities();
-    entities.offer(variable_entity, owner, [&interpreter] { return interpreter.variables().names(); });
-
-    add({.name = u"help"_s,
+    return {
+        {.name = u"help"_s,
          .summary = u"Lists all commands, or explains one."_s,
-         .owner = owner,
          .perform = help,
          .forms = {{.clauses = {optional_value({.name = u"COMMAND"_s,
                                                 .kind = Kind::Entity,
                                                 .what = u"a command"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Command"),
-                                                .entity = u"command"_s})}}}});
-    add({.name = u"echo"_s,
+                                                .entity = u"command"_s})}}}},
+        {.name = u"echo"_s,
          .summary = u"Prints its words."_s,
          .help =
              u"The words are printed with one blank in between; \"echo 'a  b'\" keeps the blanks in quotes."_s,
-         .owner = owner,
          .perform = echo,
          .forms = {{.clauses = {optional_value({.name = u"WORD"_s,
                                                 .kind = Kind::Words,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Words"),
                                                 .tip = words_tip,
-                                                .example = u"'a  b' c"_s})}}}});
-    add({.name = u"set"_s,
+                                                .example = u"'a  b' c"_s})}}}},
+        {.name = u"set"_s,
          .summary = u"Sets a variable, shows one, or lists all."_s,
          .help = u"$NAME and ${NAME} stand for the value in later commands, except in single quotes.\n"
                  "Several values are joined with one blank in between."_s,
-         .owner = owner,
          .perform = set,
          .forms = {{.clauses = {optional_value({.name = u"NAME"_s,
                                                 .kind = Kind::Variable,
@@ -182,10 +167,9 @@ void register_builtin_commands(CommandInterpreter& interpreter, Playback& playba
                                                 .kind = Kind::Words,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Value"),
                                                 .tip = words_tip,
-                                                .example = u"2.5"_s})}}}});
-    add({.name = u"history"_s,
+                                                .example = u"2.5"_s})}}}},
+        {.name = u"history"_s,
          .summary = u"Lists the lines typed so far, or the last COUNT of them."_s,
-         .owner = owner,
          .perform =
              [&services](CommandCall& call, const CommandArguments& arguments) {
                  history(call, arguments, services.history);
@@ -196,14 +180,19 @@ void register_builtin_commands(CommandInterpreter& interpreter, Playback& playba
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Lines"),
                                                 .least = 1,
                                                 .most = std::numeric_limits<int>::max(),
-                                                .example = u"10"_s})}}}});
-    add({.name = u"play"_s,
+                                                .example = u"10"_s})}}}}};
+}
+
+/** Those about journals, and the end of them all. */
+QList<Command> journal_commands(Playback& playback, const BuiltinServices& services)
+{
+    return {
+        {.name = u"play"_s,
          .summary = u"Plays a journal or a Python script."_s,
          .help =
              u"A relative name is looked up in the current directory. The first error ends the playback.\n"
              "With LINE, a journal is played from that line on.\n"
              "Files named *.py, and files whose first line is #!python, are run as Python."_s,
-         .owner = owner,
          .perform = [&playback](CommandCall&,
                                 const CommandArguments& arguments) { play(arguments, playback); },
          .forms = {{.clauses = {required_value(
@@ -221,27 +210,43 @@ void register_builtin_commands(CommandInterpreter& interpreter, Playback& playba
                                                 .least = 1,
                                                 .most = std::numeric_limits<int>::max()})}}},
          .runs_commands = true,
-         .long_running = true});
-    add({.name = u"check"_s,
+         .long_running = true},
+        {.name = u"check"_s,
          .summary = u"Looks for errors in a journal without running it."_s,
          .help = u"Found are commands that do not exist, words that do not fit them, and names that nothing "
                  u"has, be it\n"
                  "now or by a line ahead. Behind a line that may give names which it does not tell, as an "
                  "import\n"
                  "does, names are not looked up."_s,
-         .owner = owner,
          .perform = check,
          .forms = {{.clauses = {required_value({.name = u"FILE"_s,
                                                 .kind = Kind::InputFile,
                                                 .what = u"a journal"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal"),
                                                 .filters = [] { return journal_filters().mid(0, 1); },
-                                                .example = u"example.jou"_s})}}}});
-    add({.name = u"quit"_s,
+                                                .example = u"example.jou"_s})}}}},
+        {.name = u"quit"_s,
          .summary = u"Ends the application."_s,
          .help = u"A journal in play is stopped."_s,
-         .owner = owner,
          .perform = [&playback, &services](CommandCall&, const CommandArguments&) {
              quit(playback, services.quit);
-         }});
+         }}};
+}
+
+} // namespace
+
+QList<CommandFileFilter> journal_filters()
+{
+    return {{QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Journals")), u".jou"_s},
+            {QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Python Scripts")), u".py"_s}};
+}
+
+void register_builtin_commands(CommandInterpreter& interpreter, Playback& playback,
+                               const BuiltinServices& services)
+{
+    const QString owner = u"fennari19"_s;
+    CommandRegistry& registry = interpreter.registry();
+    registry.entities().offer(variable_entity, owner,
+                              [&interpreter] { return interpreter.variables().names(); });
+    registry.add_all(owner, plain_commands(services) + journal_commands(playback, services));
 }

@@ -259,6 +259,77 @@ LineCompletion complete_variable(const QString& before, qsizetype start, const C
     return result;
 }
 
+/** What could come next behind the words that were typed. */
+Expected expected_next(const Command& command, const Typed& typed)
+{
+    QStringList given;
+    for (const CommandWord& word : typed.words.sliced(1))
+        given << word.text;
+    Expected expected;
+    for (const CommandSyntax& form : command.forms) {
+        const FormReading reading = read_form(form, given, Missing::End);
+        if (reading.next == given.size() && holds_numbers(form, reading, given)) {
+            expected.keywords << reading.keywords;
+            expected.parameters << reading.parameters;
+        }
+    }
+    return expected;
+}
+
+void add_all(Collector& collector, const QStringList& texts)
+{
+    for (const QString& text : texts)
+        collector.add(text);
+}
+
+/** Adds the words that are expected, but for the names of files. */
+void add_expected(Collector& collector, const Expected& expected, const CommandEntities& entities)
+{
+    add_all(collector, expected.keywords);
+    for (const CommandParameter* parameter : expected.parameters) {
+        add_all(collector, parameter->choices);
+        if (parameter->kind == Kind::Variable && parameter->entity.isEmpty())
+            add_all(collector, entities.names(u"variable"_s));
+        else if (parameter->kind == Kind::Entity || parameter->kind == Kind::Variable)
+            add_all(collector, entities.names(parameter->entity));
+    }
+}
+
+/** The file that is expected, the last one if several are; null if none is. */
+const CommandParameter* expected_file(const Expected& expected)
+{
+    const auto is_file = [](const CommandParameter* parameter) {
+        return parameter->kind == Kind::InputFile || parameter->kind == Kind::OutputFile;
+    };
+    const auto found = std::find_if(expected.parameters.rbegin(), expected.parameters.rend(), is_file);
+    return found == expected.parameters.rend() ? nullptr : *found;
+}
+
+/** @param parameter  what is asked for; null if any file will do. */
+LineCompletion complete_file(const QString& before, const Typed& typed, const CommandParameter* parameter,
+                             const CommandVariables& variables)
+{
+    // Only the part behind the last slash is written anew; what is ahead may hold quotes and variables.
+    const qsizetype start = std::max(before.lastIndexOf(u'/') + 1, typed.start);
+    const Quote quote = open_quote(QStringView(before).sliced(typed.start, start - typed.start));
+    const QString name = read_words(opening(quote) + before.sliced(start), variables).word;
+    Collector files(name, start, quote);
+    // One with a slash in it is a variable's, and nothing here could go on with it.
+    if (!name.contains(u'/'))
+        add_files(files, typed.word.chopped(name.size()), name, parameter);
+    return files.result();
+}
+
+/** A quote that stands behind the caret closes the word already. */
+void leave_out_quote(LineCompletion& completion, QChar behind)
+{
+    for (LineCompletion::Candidate& candidate : completion.candidates) {
+        const bool closed = candidate.inserted.endsWith(u'"') || candidate.inserted.endsWith(u'\'');
+        if (closed && behind == candidate.inserted.back())
+            candidate.inserted.chop(1);
+    }
+}
+
 } // namespace
 
 LineCompletion complete_command(const QString& line, qsizetype caret, const CommandRegistry& registry,
@@ -273,65 +344,18 @@ LineCompletion complete_command(const QString& line, qsizetype caret, const Comm
 
     Collector words(typed.word, typed.start, Quote::None);
     if (typed.words.isEmpty()) {
-        const QStringList names = registry.names();
-        for (const QString& name : names)
-            words.add(name);
+        add_all(words, registry.names());
         return words.result();
     }
-
     const std::shared_ptr<const Command> command = registry.find(typed.words[0].text);
-    Expected expected;
-    if (command) {
-        QStringList given;
-        for (const CommandWord& word : typed.words.sliced(1))
-            given << word.text;
-        for (const CommandSyntax& form : command->forms) {
-            const FormReading reading = read_form(form, given, Missing::End);
-            if (reading.next == given.size() && holds_numbers(form, reading, given)) {
-                expected.keywords << reading.keywords;
-                expected.parameters << reading.parameters;
-            }
-        }
-    }
-    for (const QString& keyword : std::as_const(expected.keywords))
-        words.add(keyword);
-    const CommandParameter* file = nullptr;
-    bool with_files = !command;
-    for (const CommandParameter* parameter : std::as_const(expected.parameters)) {
-        for (const QString& choice : parameter->choices)
-            words.add(choice);
-        if (parameter->kind == Kind::Entity || parameter->kind == Kind::Variable) {
-            const QString kind = parameter->entity.isEmpty() && parameter->kind == Kind::Variable
-                                     ? u"variable"_s
-                                     : parameter->entity;
-            const QStringList names = registry.entities().names(kind);
-            for (const QString& name : names)
-                words.add(name);
-        } else if (parameter->kind == Kind::InputFile || parameter->kind == Kind::OutputFile) {
-            file = parameter;
-            with_files = true;
-        }
-    }
-
+    const Expected expected = command ? expected_next(*command, typed) : Expected();
+    add_expected(words, expected, registry.entities());
     LineCompletion result = words.result();
-    if (with_files && result.candidates.isEmpty()) {
-        // Only the part behind the last slash is written anew; what is ahead may hold quotes and variables.
-        const qsizetype start = std::max(before.lastIndexOf(u'/') + 1, typed.start);
-        const Quote quote = open_quote(QStringView(before).sliced(typed.start, start - typed.start));
-        const QString name = read_words(opening(quote) + before.sliced(start), variables).word;
-        // One with a slash in it is a variable's, and nothing here could go on with it.
-        if (!name.contains(u'/')) {
-            Collector files(name, start, quote);
-            add_files(files, typed.word.chopped(name.size()), name, file);
-            result = files.result();
-        }
-    }
-    // A quote that stands behind the caret closes the word already.
-    for (LineCompletion::Candidate& candidate : result.candidates) {
-        const bool closed = candidate.inserted.endsWith(u'"') || candidate.inserted.endsWith(u'\'');
-        if (closed && caret < line.size() && line[caret] == candidate.inserted.back())
-            candidate.inserted.chop(1);
-    }
+    const CommandParameter* const file = expected_file(expected);
+    if (result.candidates.isEmpty() && (file || !command))
+        result = complete_file(before, typed, file, variables);
+    if (caret < line.size())
+        leave_out_quote(result, line[caret]);
     if (result.candidates.isEmpty() && command)
         result.hint = u"Usage: "_s + command->usage();
     return result;
