@@ -359,6 +359,43 @@ def settings_keys_stand_once(tree):
     return seen, [b for p in seen for b in matches(pattern, p, tree[p], "a key that frame/settings_keys.h has")]
 
 
+# How many lines a source of the workbench, and a function in it, may have at most. Those of the shell follow another split:
+# one class, one pair of files.
+MOST_LINES_OF_FILE = 500
+MOST_LINES_OF_FUNCTION = 60
+
+
+def long_functions(text, most):
+    """The line in which each function begins whose braces have more than so many lines between them, and their number. As the
+    layout of the tree has it: both braces of a function stand in lines of their own, as far in as its head."""
+    lines = text.split("\n")
+    opened = []
+    for number, line in enumerate(lines, 1):
+        brace = re.fullmatch(r"( *)([{}])(?:[;,)].*)?", line)
+        if not brace:
+            continue
+        if brace.group(2) == "{":
+            opened.append((len(brace.group(1)), number))
+        elif opened and opened[-1][0] == len(brace.group(1)):
+            start = opened.pop()[1]
+            is_class = line.strip() == "};"
+            if number - start - 1 > most and not is_class:
+                yield start, number - start - 1
+
+
+def sizes(tree):
+    """Sources of the workbench, and functions in them, can be taken in at a glance; tables are parted by subject."""
+    seen = [p for p in tree if is_code(p) and p.startswith("workbench/")]
+    bad = []
+    for path in seen:
+        lines = tree[path].count("\n")
+        if lines > MOST_LINES_OF_FILE:
+            bad.append((path, lines, f"has {lines} lines, more than {MOST_LINES_OF_FILE}"))
+        bad += [(path, line, f"a function of {count} lines, more than {MOST_LINES_OF_FUNCTION}")
+                for line, count in long_functions(without_strings(tree[path]), MOST_LINES_OF_FUNCTION)]
+    return seen, bad
+
+
 # --- The samples ---------------------------------------------------------------------------------------------------
 
 SPDX = "// SPDX-FileCopyrightText: 2026 The Ostrel developers\n// SPDX-License-Identifier: BSD-3-Clause\n"
@@ -392,6 +429,9 @@ GOOD = {
     "workbench/components/one/one.h": SPDX + '#pragma once\n\n#include "frame/Box.h"\n#include "workbench/sdk/component/Context.h"\n'
                                              '#include "workbench/sdk/core/words/Word.h"\n',
     "workbench/components/two/two.h": SPDX + "#pragma once\n",
+    "workbench/components/two/two.cpp": SPDX + "class Two\n{\n" + "    int f();\n" * 80 + "};\n\nint f()\n{\n" + "    g();\n" * 57
+                                        + "    {\n        h();\n    }\n}\n\nnamespace {\n" + "int i;\n" * 200 + "} // namespace\n",
+    "workbench/components/two/CMakeLists.txt": HASH_SPDX + "fennar_component(two two.cpp)\n",
     "tests/workbench/sdk/core/word_helpers.h": SPDX + '#pragma once\n\n#include "workbench/sdk/core/words/Word.h"\n',
     "tests/workbench/application/boot.h": SPDX + '#pragma once\n\n#include "support/wait.h"\n#include "workbench/application/Main.h"\n',
     "tests/workbench/components/one/helpers.h": SPDX + '#pragma once\n\n#include "workbench/application/Main.h"\n'
@@ -483,6 +523,12 @@ BAD = {
     shell_is_reached_in_one_place: [{"workbench/application/Main.cpp": SPDX + line + "\n"} for line in (
         'editor->findChild<QTabWidget*>(u"mDocTab"_s);', 'window->findChildren<QToolButton*>("mCancel");',
         'editor->findChild<QAction*>(u"fileCloseAction"_s);', 'dialog->inherits("ComponentTool");')],
+    sizes: [{"workbench/application/Main.cpp": SPDX + text} for text in (
+        "int i;\n" * 499, "int f()\n{\n" + "    g();\n" * 61 + "}\n",
+        "int f()\n{\n" + "    g();\n" * 30 + "    {\n        h();\n    }\n" + "    g();\n" * 28 + "}\n",
+        "class Two\n{\n    int f()\n    {\n" + "        g();\n" * 61 + "    }\n};\n",
+        "int f()\n{\n    g(R\"(\n}\n)\");\n" + "    g();\n" * 58 + "}\n",
+        "Two::Two()\n    : mOne(1)\n{\n" + "    const Table one{\n        1,\n    };\n" * 21 + "}\n")],
     sources_are_built: [
         {"tests/frame/tst_lid.cpp": SPDX},
         {"tests/frame/CMakeLists.txt": HASH_SPDX + "ostrel_add_test(tst_boxes)\n"},

@@ -18,6 +18,7 @@
 #include "workbench/application/component_manager/component_commands.h"
 #include "workbench/application/console/ConsoleOwner.h"
 #include "workbench/application/console/line_interpreters.h"
+#include "workbench/application/journals/JournalFiles.h"
 #include "workbench/application/playback/JournalPlayer.h"
 #include "workbench/application/playback/play_from_anywhere.h"
 #include "workbench/application/python/apply_python_paths.h"
@@ -35,7 +36,6 @@
 #include "workbench/host/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/host/ostrelfw/HostMediator.h"
 #include "workbench/host/ostrelfw/OutputRouter.h"
-#include "workbench/sdk/component/journal_documents.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
@@ -47,17 +47,12 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDeadlineTimer>
 #include <QFile>
-#include <QGuiApplication>
 #include <QPlainTextEdit>
-#include <QScreen>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTimer>
-#include <QWindow>
 
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <thread>
@@ -89,48 +84,12 @@ constexpr qint64 turn_interval = 50;
 /** How long a paused journal rests between its looks at the user's input. */
 constexpr auto pause_interval = 10ms;
 
-/** How long, in milliseconds, the start waits for the splash screen to be seen. */
-constexpr qint64 splash_patience = 300;
-
-/** How often, and for how many milliseconds at most, the start looks whether the window has been painted. */
-constexpr auto start_interval = 2ms;
-constexpr qint64 start_patience = 2000;
-
 /** Leaves the file's error flag set if the text could not be written. */
 void print_to(std::FILE* file, const QString& text)
 {
     const QByteArray bytes = text.toUtf8();
     std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), file);
     std::fflush(file);
-}
-
-/** Lets the windows that have been shown, which is the splash screen, come to the screen and be painted. */
-void wait_for_windows()
-{
-    const QDeadlineTimer patience(splash_patience);
-    const auto exposed = [](const QWindow* window) { return !window->isVisible() || window->isExposed(); };
-    const QWindowList windows = QGuiApplication::topLevelWindows();
-    while (!std::all_of(windows.begin(), windows.end(), exposed) && !patience.hasExpired())
-        QCoreApplication::processEvents();
-}
-
-/** Whether @p editor asks something before it closes. */
-bool asks_before_it_closes(const JournalEditor* editor)
-{
-    const QTabWidget* tabs = journal_tabs(editor);
-    for (int i = 0; i < tabs->count(); ++i) {
-        const QPlainTextEdit* document = journal_document(tabs->widget(i));
-        if (document && document->document()->isModified())
-            return JournalEditor::do_save_prompt();
-    }
-    return false;
-}
-
-/** Tells why a journal is left out. */
-QString not_played(const QString& journal)
-{
-    return u"ERROR: %1 is not played, since the model could not be opened\n"_s.arg(
-        CommandError::shown(journal, journal.size()));
 }
 
 } // namespace
@@ -140,7 +99,11 @@ QString Workbench::default_data_directory()
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
 }
 
-Workbench::Workbench(const QString& data_directory) : mDataDirectory(data_directory)
+Workbench::Workbench(const QString& data_directory)
+    : mDataDirectory(data_directory),
+      mStart({[this](const auto& done) { mWithComponents ? mComponents->start(done) : done(); },
+              [this](const QString& line, const auto& then) { mConsole->run_line(line, then); },
+              [this](const QString& text) { report_error(text); }})
 {
     init_resources();
     mComponents =
@@ -300,27 +263,8 @@ bool Workbench::load()
     tell_of_start();
     mConsole->prompt();
     Ostrel::instance()->set_focus_to_command_window();
-    mStartPatience.setRemainingTime(start_patience);
-    finish_start();
+    mStart.begin();
     return true;
-}
-
-void Workbench::finish_start()
-{
-    // What the user can do without for a moment comes once the window has been painted.
-    if (!Ostrel::instance()->windowHandle()->isExposed() && !mStartPatience.hasExpired()) {
-        QTimer::singleShot(start_interval, Ostrel::instance(), [this] { finish_start(); });
-        return;
-    }
-    PythonRuntime::is_ready();
-    const auto ready = [this] {
-        mReady = true;
-        run_start();
-    };
-    if (mWithComponents)
-        mComponents->start(ready);
-    else
-        ready();
 }
 
 void Workbench::run()
@@ -361,32 +305,7 @@ void Workbench::check_settings()
 
 void Workbench::start_later(const QString& model, const QString& journal)
 {
-    mStartModel = model;
-    mStartJournal = journal;
-    if (mReady)
-        run_start();
-}
-
-void Workbench::run_start()
-{
-    // From the event loop, so that the window is up.
-    QTimer::singleShot(0, Ostrel::instance(), [this] {
-        if (mStartModel.isEmpty())
-            play_start(true);
-        else
-            mConsole->run_line(u"open "_s + quote_word(mStartModel), [this](bool done) { play_start(done); });
-    });
-}
-
-void Workbench::play_start(bool opened)
-{
-    const QString journal = std::exchange(mStartJournal, {});
-    if (journal.isEmpty())
-        return;
-    if (opened)
-        mConsole->run_line(u"play "_s + quote_word(journal));
-    else
-        report_error(not_played(journal));
+    mStart.add(model, journal);
 }
 
 int Workbench::play_batch(const QString& journal, const QString& model)

@@ -4,10 +4,10 @@
 #pragma once
 
 #include "frame/MainFrame.h"
+#include "workbench/application/ProgramStart.h"
 #include "workbench/application/playback/CloseGuard.h"
 #include "workbench/sdk/core/commands/Interrupt.h"
 
-#include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QSettings>
 #include <QString>
@@ -106,8 +106,6 @@ public:
 private:
     void set_up_commands();
     void set_up_python();
-    /** Starts Python, the components and the lines that wait for them, one after another. */
-    void finish_start();
     void set_up_playback();
     void tell_of_start();
     /** Does work of a batch run, which tells whether it succeeded, with the components loaded. Returns the
@@ -119,8 +117,6 @@ private:
     void report_error(const QString& text);
     void echo(const QString& line);
     void announce_output();
-    void run_start();
-    void play_start(bool opened);
     void set_busy(bool busy);
     void show_progress(const QString& journal, int percent);
     void give_turn();
@@ -156,11 +152,6 @@ private:
     std::mutex mFrameMutex;
     bool mAnnounce = false;
     bool mWithComponents = true;
-    QDeadlineTimer mStartPatience;
-    /** Whether the components are loaded, and lines need not wait for them. */
-    bool mReady = false;
-    /** What waits for the components; see start_later(). */
-    QString mStartModel;
-    QString mStartJournal;
+    ProgramStart mStart;
     bool mQuitting = false;
 };

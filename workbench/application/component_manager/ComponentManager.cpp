@@ -57,13 +57,6 @@ bool blocks_window()
            (QApplication::activeModalWidget() || QApplication::activePopupWidget());
 }
 
-QString state_word(ComponentManager::State state)
-{
-    // In the order of the states.
-    static const QStringList words{u"unloaded"_s, u"loading"_s, u"loaded"_s, u"unloading"_s};
-    return words.value(int(state));
-}
-
 } // namespace
 
 struct ComponentManager::Entry
@@ -118,6 +111,13 @@ ComponentManager::~ComponentManager()
     set_absent_command_hint(nullptr);
     HostMediator::instance().set_component_source(nullptr);
     // Code that has run stays, see the class comment.
+}
+
+QString ComponentManager::state_word(State state)
+{
+    // In the order of the states.
+    static const QStringList words{u"unloaded"_s, u"loading"_s, u"loaded"_s, u"unloading"_s};
+    return words.value(int(state));
 }
 
 QString ComponentManager::component_directory() const
@@ -359,7 +359,7 @@ QString ComponentManager::open(Entry& entry)
 {
     if (entry.component && entry.is_changed())
         return u"its file has changed since it was loaded first; the program must be started anew"_s;
-    if (QString conflict = name_conflict(entry, entry.about.name); !conflict.isEmpty() || entry.component)
+    if (QString conflict = name_conflict(entry); !conflict.isEmpty() || entry.component)
         return conflict;
     QPluginLoader plugin(entry.about.file);
     // All symbols must be found now: a missing one must not end the program later.
@@ -370,25 +370,18 @@ QString ComponentManager::open(Entry& entry)
     return entry.component ? QString() : u"its plugin holds no component"_s;
 }
 
-QString ComponentManager::name_conflict(const Entry& entry, const QString& name) const
+QString ComponentManager::name_conflict(const Entry& entry) const
 {
-    for (const Entry* other : mLoaded) {
-        if (other != &entry && other->about.name == name)
-            return u"the name \"%1\" is taken by %2"_s.arg(name, other->about.file);
-    }
+    const QString& name = entry.about.name;
+    const auto has_name = [&](const auto& other) { return &*other != &entry && other->about.name == name; };
+    if (const auto taken = std::find_if(mLoaded.begin(), mLoaded.end(), has_name); taken != mLoaded.end())
+        return u"the name \"%1\" is taken by %2"_s.arg(name, (*taken)->about.file);
+    // Where code of that name has run, commands that bear it were left by it.
     const bool has_run = std::any_of(mEntries.begin(), mEntries.end(), [&](const auto& other) {
         return other->component && other->about.name == name;
     });
-    if (has_run) // the commands that bear its name were left by it
-        return {};
-    const CommandRegistry& registry = mInterpreter.registry();
-    const QStringList commands = registry.names();
-    const bool owns_command = std::any_of(commands.begin(), commands.end(), [&](const QString& command) {
-        return registry.find(command)->owner == name;
-    });
-    if (owns_command)
-        return u"the name \"%1\" is taken by the program"_s.arg(name);
-    return {};
+    const bool is_free = has_run || !mInterpreter.registry().has_owner(name);
+    return is_free ? QString() : u"the name \"%1\" is taken by the program"_s.arg(name);
 }
 
 QString ComponentManager::run_load(Entry& entry)

@@ -41,6 +41,9 @@ public:
         Unloading,
     };
 
+    /** The word for it, as "loaded". */
+    static QString state_word(State state);
+
     /** A component that is known. */
     struct Component
     {
@@ -130,7 +133,7 @@ private:
     QString run_load(Entry& entry);
     void run_unload(Entry& entry);
     bool may_lose_data(const Entry& entry);
-    QString name_conflict(const Entry& entry, const QString& name) const;
+    QString name_conflict(const Entry& entry) const;
     void report(const Entry& entry, const QString& text) const;
     void tell(void (ComponentTracker::*step)(const char*), const Entry& entry) const;
     void tell_names_changed() const;

@@ -21,21 +21,13 @@ QList<CommandFileFilter> component_filters()
 
 QString state_of(const ComponentManager::Component& component)
 {
-    switch (component.state) {
-    case ComponentManager::State::Loading:
-        return u"loading"_s;
-    case ComponentManager::State::Loaded:
-        return u"loaded"_s;
-    case ComponentManager::State::Unloading:
-        return u"unloading"_s;
-    case ComponentManager::State::Unloaded:
-        break;
-    }
+    if (component.state != ComponentManager::State::Unloaded)
+        return ComponentManager::state_word(component.state);
     if (component.crashed)
         return u"left out"_s;
     if (component.off)
         return u"off"_s;
-    return component.refusal.isEmpty() ? u"unloaded"_s : u"refused"_s;
+    return component.refusal.isEmpty() ? ComponentManager::state_word(component.state) : u"refused"_s;
 }
 
 void list_components(CommandCall& call, ComponentManager& manager)

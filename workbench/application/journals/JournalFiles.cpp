@@ -452,3 +452,14 @@ void JournalFiles::compare(Document* document)
     });
     dialog->show();
 }
+
+bool asks_before_it_closes(const JournalEditor* editor)
+{
+    const QTabWidget* tabs = journal_tabs(editor);
+    for (int i = 0; i < tabs->count(); ++i) {
+        const QPlainTextEdit* document = journal_document(tabs->widget(i));
+        if (document && document->document()->isModified())
+            return JournalEditor::do_save_prompt();
+    }
+    return false;
+}

@@ -114,3 +114,6 @@ private:
     /** The editor's entry that closes the document, which comes here first. */
     QPointer<QAction> mClose;
 };
+
+/** Whether the editor asks about unsaved journals before it closes. Not null. */
+bool asks_before_it_closes(const JournalEditor* editor);

@@ -99,6 +99,12 @@ int CommandRegistry::remove_owner(const QString& owner)
     return removed;
 }
 
+bool CommandRegistry::has_owner(const QString& owner) const
+{
+    return std::any_of(mCommands.begin(), mCommands.end(),
+                       [&owner](const auto& command) { return command->owner == owner; });
+}
+
 CommandError CommandRegistry::not_found(const QString& name, qsizetype column) const
 {
     QString found = CommandError::shown(name);

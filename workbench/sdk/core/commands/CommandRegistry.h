@@ -86,6 +86,8 @@ public:
 
     /** The command of that name; null if there is none. It stays valid when it is removed meanwhile. */
     std::shared_ptr<const Command> find(const QString& name) const { return mCommands.value(name); }
+    /** Whether there is a command of that owner. */
+    bool has_owner(const QString& owner) const;
     /** All names, sorted. */
     QStringList names() const { return mCommands.keys(); }
     /** The error that @p name is no command, with the one that was most likely meant. */

@@ -33,6 +33,7 @@ private slots:
     void bad_names_are_refused_data();
     void bad_names_are_refused();
     void command_without_function_is_refused();
+    void all_are_added_in_the_name_of_their_owner_or_none();
     void remove_takes_one_command_away();
     void remove_owner_takes_exactly_its_commands_away();
     void command_can_remove_itself_while_it_runs();
@@ -106,6 +107,19 @@ void TstCommandRegistry::command_without_function_is_refused()
     CommandRegistry registry;
     QCOMPARE(registry.add({u"box"_s, {}, {}, {}, {}, {}}), AddResult::NothingToRun);
     QVERIFY(registry.names().isEmpty());
+}
+
+void TstCommandRegistry::all_are_added_in_the_name_of_their_owner_or_none()
+{
+    CommandRegistry registry;
+    QVERIFY(registry.add_all(u"owner"_s, {command(u"box"_s), command(u"ball"_s)}));
+    QCOMPARE(registry.find(u"ball"_s)->owner, u"owner"_s);
+    QVERIFY(registry.has_owner(u"owner"_s));
+    QVERIFY(!registry.has_owner(u"another"_s));
+    // That of the owner itself stays, too.
+    QVERIFY(!registry.add_all(u"owner"_s, {command(u"cone"_s), command(u"box"_s), command(u"ring"_s)}));
+    QCOMPARE(registry.names(), (QStringList{u"ball"_s, u"box"_s}));
+    QVERIFY(registry.add_all(u"owner"_s, {}));
 }
 
 void TstCommandRegistry::remove_takes_one_command_away()
