@@ -368,9 +368,7 @@ QList<GeometryCommand> solid_commands()
          .changes_model = true},
         {.name = "list"_L1,
          .summary = "Lists solids with their measures."_L1,
-         .help =
-             "Solids can be named by name or by id. The box around a solid is exact to six digits; around "
-             "round solids\nthat were turned it has some room."_L1,
+         .help = "Solids can be named by name or by id. The box around a solid is exact to six digits."_L1,
          .perform = list,
          .forms = {{.clauses = {optional_value(solids_parameter())}}}},
     };

@@ -285,7 +285,8 @@ const SolidMeasures& Shape::measures() const
         BRepGProp::SurfaceProperties(mKernel->solids, area, Standard_True);
         measures.area = area.Mass();
         Bnd_Box box;
-        BRepBndLib::Add(mKernel->solids, box);
+        // The quicker box is far too large around parts of spheres and tori.
+        BRepBndLib::AddOptimal(mKernel->solids, box, Standard_False, Standard_False);
         box.Get(measures.least.x, measures.least.y, measures.least.z, measures.most.x, measures.most.y,
                 measures.most.z);
         measures.pieces = mKernel->solids.NbChildren();

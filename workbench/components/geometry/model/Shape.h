@@ -16,7 +16,7 @@ struct SolidMeasures
 {
     double volume = 0;
     double area = 0;
-    /** The corners of a box around the solid, along the axes. Round solids that are turned get some room. */
+    /** The corners of a box around the solid, along the axes, exact to six digits. */
     Point3 least;
     Point3 most;
     /** The center of mass. */

@@ -105,6 +105,7 @@ private slots:
     void copy_is_independent();
     void unite_counts_what_is_common_once();
     void unite_keeps_what_does_not_touch_as_pieces();
+    void box_around_parts_of_round_solids_is_tight();
     void subtract_makes_a_hole();
     void subtract_may_leave_pieces();
     void subtract_of_all_is_refused();
@@ -401,6 +402,26 @@ void TstGeometryModel::unite_keeps_what_does_not_touch_as_pieces()
     model.move({3}, {0, 1, 0});
     QVERIFY(near(model.measures(3).most, {11, 2, 1}));
     QCOMPARE(model.measures(model.copy(3)).pieces, 2);
+}
+
+void TstGeometryModel::box_around_parts_of_round_solids_is_tight()
+{
+    GeometryModel model;
+    // The cap of a sphere, cut off across y, on a brick that reaches into it.
+    const int cap = model.sphere(5);
+    model.subtract(cap, {model.brick({20, 20, 20}, {0, -7, 0})});
+    QVERIFY(near(model.measures(cap).least, {-4, 3, -4}));
+    QVERIFY(near(model.measures(cap).most, {4, 5, 4}));
+    model.unite({cap, model.brick({2, 2, 2}, {0, 3, 0})});
+    QVERIFY(near(model.measures(cap).least, {-4, 2, -4}));
+    QVERIFY(near(model.measures(cap).most, {4, 5, 4}));
+    // What a sphere leaves of a brick.
+    const int rest = model.brick({8, 8, 8});
+    model.subtract(rest, {model.sphere(5)});
+    QVERIFY(near(model.measures(rest).least, {-4, -4, -4}));
+    QVERIFY(near(model.measures(rest).most, {4, 4, 4}));
+    const int ring = model.torus(5, 2, {}, {1, 1, 0});
+    QVERIFY(near(model.measures(ring).most.z, 7));
 }
 
 void TstGeometryModel::subtract_makes_a_hole()
