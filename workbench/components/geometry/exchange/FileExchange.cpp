@@ -252,10 +252,12 @@ bool FileExchange::export_file(const QString& file, const Format& format, const 
     }
     try {
         std::optional<QByteArray> content;
-        if (format.name != u"BREP")
+        // The model has shapes and the mesh in these formats; to start the converter would take longer.
+        const bool is_ready = format.name == u"BREP" || format.name == u"MSH";
+        if (!is_ready)
             content = convert(format, shapes, source.size, listener);
         else if (!listener.go_on || listener.go_on())
-            content = Shape::joined(shapes).brep();
+            content = source.mesh ? mModel.mesh()->msh : Shape::joined(shapes).brep();
         if (!content)
             return false;
         const QString reason = write_whole_file(file, {*content});
