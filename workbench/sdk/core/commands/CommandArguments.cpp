@@ -64,7 +64,7 @@ struct Fault
     qsizetype word;
     /** All that could stand there, for "expected ..."; none if the message says it. */
     QStringList expected;
-    /** More behind what was found. */
+    /** What to do about it; may be empty. */
     QString remedy;
     QString message;
 };
@@ -187,8 +187,7 @@ private:
         if (mEntities && mEntities->has(parameter.entity)) {
             const QString name = mEntities->find(parameter.entity, text);
             if (name.isEmpty()) {
-                const QString remedy = mEntities->remedy(parameter.entity, text);
-                return Fault{word, {what_of(parameter)}, remedy.isEmpty() ? remedy : u"; "_s + remedy, {}};
+                return Fault{word, {what_of(parameter)}, mEntities->remedy(parameter.entity, text), {}};
             }
             mNamed.insert(word, name);
             text = name;
@@ -237,7 +236,7 @@ CommandError error(const Fault& fault, const CommandWords& words)
     if (fault.expected.isEmpty())
         return CommandError(fault.message, column);
     const QString found = at_end ? end_of_line : CommandError::shown(words.words[fault.word + 1].text);
-    return CommandError::expected(either(fault.expected), found + fault.remedy, column);
+    return CommandError::expected(either(fault.expected), found, column, fault.remedy);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "workbench/sdk/core/commands/CommandValue.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 #include "workbench/sdk/core/export.h"
 
@@ -39,10 +40,17 @@ public:
     /** Whether the user wants the command to stop. A long command tests it and throws. */
     bool interrupted() const;
 
+    /** Sets what the command returns to a caller that is a program; it must fit Command::result. Without it,
+     * that is nothing. A command that throws returns nothing. */
+    void set_result(const CommandValue& value) { mResult = value; }
+    /** What was set last. */
+    const CommandValue& result() const { return mResult; }
+
     /** What runs the command, by which it can run others. */
     CommandInterpreter& interpreter() { return mInterpreter; }
 
 private:
     const CommandWords& mWords;
     CommandInterpreter& mInterpreter;
+    CommandValue mResult;
 };

@@ -24,6 +24,12 @@ void CommandEntities::offer(const QString& kind, const QString& owner, const Nam
     emit changed(kind);
 }
 
+void CommandEntities::offer_properties(const QString& kind, const QList<EntityProperty>& properties)
+{
+    if (const auto offer = mOffers.find(kind); offer != mOffers.end())
+        offer->properties = properties;
+}
+
 void CommandEntities::withdraw(const QString& owner)
 {
     QStringList gone;

@@ -3,14 +3,36 @@
 
 #pragma once
 
+#include "workbench/sdk/core/commands/CommandDescription.h"
+#include "workbench/sdk/core/commands/CommandValue.h"
 #include "workbench/sdk/core/export.h"
 
+#include <QList>
 #include <QMap>
 #include <QObject>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
+
+/** What can be asked of an entity by a caller that is a program. Names, kinds and owners are not translated.
+ */
+struct EntityProperty
+{
+    /** A letter, then letters, digits and "_"; not "name" and not "kind", which every entity has. */
+    QString name;
+    /** In a few words. */
+    QString summary = {};
+    /** Of a number, as "mm"; empty if it has none. */
+    QString unit = {};
+    /** What its value is. */
+    CommandType type = {};
+    /** What must be told to get it, each one value; none for most. Checked are choices only. */
+    QList<CommandParameter> parameters = {};
+    /** Tells the value for the key of an entity that is there and one text for each parameter; it may throw a
+     * CommandError. */
+    std::function<CommandValue(const QString& key, const QStringList& arguments)> value = {};
+};
 
 /**
  * The names of what there is for commands to work on, by kind: for forms and completion.
@@ -42,6 +64,11 @@ public:
      */
     void offer(const QString& kind, const QString& owner, const Names& names, const Meaning& meaning = {},
                const Remedy& remedy = {});
+    /** Tells what can be asked of the entities of a kind that was offered, in the place of what was told
+     * before. It goes when the kind is withdrawn. */
+    void offer_properties(const QString& kind, const QList<EntityProperty>& properties);
+    /** What can be asked of entities of the kind; nothing if nobody has told any. */
+    QList<EntityProperty> properties(const QString& kind) const { return mOffers.value(kind).properties; }
     /** Takes back all kinds of @p owner. */
     void withdraw(const QString& owner);
     /** The present names in the order in which they are offered; none if nobody offers the kind. */
@@ -70,6 +97,7 @@ private:
         Names names;
         Meaning meaning;
         Remedy remedy;
+        QList<EntityProperty> properties = {};
     };
     QMap<QString, Offer> mOffers;
 };

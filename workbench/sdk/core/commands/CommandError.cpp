@@ -9,10 +9,15 @@ CommandError::CommandError(const QString& message, qsizetype column)
     : mMessage(message), mUtf8(message.toUtf8()), mColumn(column)
 {}
 
-CommandError CommandError::expected(const QString& what, const QString& found, qsizetype column)
+CommandError CommandError::expected(const QString& what, const QString& found, qsizetype column,
+                                    const QString& remedy)
 {
-    CommandError error(u"expected %1, found %2"_s.arg(what, found), column);
+    QString message = u"expected %1, found %2"_s.arg(what, found);
+    if (!remedy.isEmpty())
+        message += u"; "_s + remedy;
+    CommandError error(message, column);
     error.mExpected = what;
+    error.mRemedy = remedy;
     return error;
 }
 

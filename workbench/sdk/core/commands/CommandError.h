@@ -25,8 +25,13 @@ public:
      */
     explicit CommandError(const QString& message, qsizetype column = 0);
 
-    /** "expected WHAT, found FOUND". @p found is used as it stands; shown() puts a word into quotes. */
-    static CommandError expected(const QString& what, const QString& found, qsizetype column);
+    /**
+     * "expected WHAT, found FOUND; REMEDY". @p found is used as it stands; shown() puts a word into quotes.
+     *
+     * @param remedy  what to do about it, as "did you mean ...?"; empty for nothing.
+     */
+    static CommandError expected(const QString& what, const QString& found, qsizetype column,
+                                 const QString& remedy = {});
     /** Ends a command whose failure has been reported already: nothing more is printed. */
     static CommandError reported();
 
@@ -36,6 +41,9 @@ public:
     qsizetype column() const { return mColumn; }
     /** What would have been right; empty if the error did not come from expected(). */
     const QString& expected_what() const { return mExpected; }
+    /** What to do about it, which the message ends with; empty if it did not come from expected() with one.
+     */
+    const QString& remedy() const { return mRemedy; }
     /** Whether it came from reported(), so that there is nothing left to print. */
     bool is_reported() const { return mReported; }
 
@@ -48,6 +56,7 @@ public:
 private:
     QString mMessage;
     QString mExpected;
+    QString mRemedy;
     QByteArray mUtf8;
     qsizetype mColumn;
     bool mReported = false;

@@ -26,6 +26,13 @@ QString one_line(const QString& text)
     return result;
 }
 
+/** A text that ends in a continued line. */
+CommandError continued(const ContinuedCommand& lines)
+{
+    return CommandError(u"expected another line behind the backslash, found the end of the text"_s,
+                        lines.text().size() + 1);
+}
+
 /** A first word that is longer is no name of a command, and messages do not begin with it. */
 constexpr qsizetype longest_name = 60;
 
@@ -74,7 +81,7 @@ CommandInterpreter::Result CommandInterpreter::run(const QString& text, const QS
         if (lines.is_empty()) {
             command_line = line_number;
             if (start > 0 && interrupt_requested()) {
-                report_at(nullptr, u"interrupted before line %1"_s.arg(line_number), 0);
+                report_at(nullptr, CommandError(u"interrupted before line %1"_s.arg(line_number)));
                 return Result::Failed;
             }
         }
@@ -89,9 +96,23 @@ CommandInterpreter::Result CommandInterpreter::run(const QString& text, const QS
         return Result::Done;
     const Source source{lines, file, command_line, tell_line};
     const Call call{source, {}, nullptr};
-    report_at(&call, u"expected another line behind the backslash, found the end of the text"_s,
-              lines.text().size() + 1);
+    report_at(&call, continued(lines));
     return Result::Failed;
+}
+
+CommandInterpreter::Outcome CommandInterpreter::call(const QString& line)
+{
+    ContinuedCommand lines;
+    const bool complete = lines.add(line);
+    const Source source{lines, {}, 1, false};
+    Outcome outcome;
+    if (complete) {
+        execute(source, &outcome);
+    } else {
+        const Call call{source, {}, nullptr};
+        outcome.failure = failure_of(&call, continued(lines));
+    }
+    return outcome;
 }
 
 void CommandInterpreter::print(const QString& text) const
@@ -106,7 +127,7 @@ void CommandInterpreter::print_error(const QString& text) const
 
 void CommandInterpreter::report(const QString& message) const
 {
-    report_at(mCalls.isEmpty() ? nullptr : mCalls.last(), message, 0);
+    report_at(mCalls.isEmpty() ? nullptr : mCalls.last(), CommandError(message));
 }
 
 bool CommandInterpreter::is_running(const QString& owner) const
@@ -115,33 +136,49 @@ bool CommandInterpreter::is_running(const QString& owner) const
                        [&owner](const Call* call) { return call->command && call->command->owner == owner; });
 }
 
-CommandInterpreter::Result CommandInterpreter::execute(const Source& source)
+CommandInterpreter::Result CommandInterpreter::execute(const Source& source, Outcome* outcome)
 {
+    mLastFailure = {};
     if (mCalls.size() >= depth_limit) {
-        report(u"commands are nested deeper than %1"_s.arg(depth_limit));
+        const CommandError error(u"commands are nested deeper than %1"_s.arg(depth_limit));
+        if (outcome)
+            outcome->failure = failure_of(mCalls.last(), error);
+        else
+            report_at(mCalls.last(), error);
         return Result::Failed;
     }
     const InterruptScope scope;
     Call call{source, {}, nullptr};
+    const auto fail = [&](const CommandError& error) {
+        if (!outcome && !error.is_reported())
+            report_at(&call, error);
+        else if (outcome && !error.is_reported())
+            outcome->failure = failure_of(&call, error);
+        else if (outcome && !mLastFailure.message.isEmpty())
+            outcome->failure = mLastFailure;
+        else if (outcome)
+            outcome->failure = failure_of(&call, CommandError(u"it failed, as was reported"_s));
+    };
     mCalls.append(&call);
     const auto leave = qScopeGuard([this] { mCalls.removeLast(); });
     try {
-        dispatch(call);
+        const CommandValue value = dispatch(call);
+        if (outcome)
+            outcome->value = value;
         return Result::Done;
     } catch (const CommandError& error) {
-        if (!error.is_reported())
-            report_at(&call, error.message(), error.column());
+        fail(error);
     } catch (const std::bad_alloc&) {
-        report_at(&call, u"out of memory"_s, 0);
+        fail(CommandError(u"out of memory"_s));
     } catch (const std::exception& error) {
-        report_at(&call, QString::fromUtf8(error.what()), 0);
+        fail(CommandError(QString::fromUtf8(error.what())));
     } catch (...) {
-        report_at(&call, u"failed for an unknown reason"_s, 0);
+        fail(CommandError(u"failed for an unknown reason"_s));
     }
     return Result::Failed;
 }
 
-void CommandInterpreter::dispatch(Call& call)
+CommandValue CommandInterpreter::dispatch(Call& call)
 {
     call.words =
         tokenize(call.source.lines.text(), [this](QStringView name) { return mVariables.value(name); });
@@ -150,17 +187,28 @@ void CommandInterpreter::dispatch(Call& call)
     if (call.words.error)
         throw *call.words.error;
     if (call.words.words.isEmpty())
-        return;
+        return {};
     const CommandWord& name = call.words.words[0];
     if (!call.command)
         throw mRegistry.not_found(name.text, name.column);
     CommandCall command_call(call.words, *this);
     call.command->perform(command_call,
                           CommandArguments(call.words, call.command->forms, &mRegistry.entities()));
+    return command_call.result();
 }
 
-void CommandInterpreter::report_at(const Call* call, const QString& message, qsizetype column) const
+CommandFailure CommandInterpreter::failure_of(const Call* call, const CommandError& error)
 {
+    CommandFailure failure{one_line(error.message()), {}, error.column(), error.remedy()};
+    if (call)
+        failure.command = call->name();
+    return failure;
+}
+
+void CommandInterpreter::report_at(const Call* call, const CommandError& error) const
+{
+    mLastFailure = failure_of(call, error);
+    const qsizetype column = error.column();
     QString text = u"ERROR: "_s;
     if (call) {
         const Source& source = call->source;
@@ -175,5 +223,5 @@ void CommandInterpreter::report_at(const Call* call, const QString& message, qsi
         if (column > 0)
             text += u"column %1: "_s.arg(at.column);
     }
-    print_error(text + one_line(message) + u'\n');
+    print_error(text + mLastFailure.message + u'\n');
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "workbench/sdk/core/commands/Callback.h"
+#include "workbench/sdk/core/commands/CommandValue.h"
 #include "workbench/sdk/core/commands/CommandVariables.h"
 #include "workbench/sdk/core/commands/ContinuedCommand.h"
 #include "workbench/sdk/core/export.h"
@@ -12,9 +13,24 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 struct Command;
+class CommandError;
 class CommandRegistry;
+
+/** Why a line has failed, for a caller that is a program. */
+struct CommandFailure
+{
+    /** One line without "ERROR", the command's name and the column. */
+    QString message;
+    /** The name of the command; empty if the line has none. */
+    QString command;
+    /** The character of the line that is at fault, from 1; 0 for none. */
+    qsizetype column = 0;
+    /** What to do about it, which the message ends with; may be empty. */
+    QString remedy;
+};
 
 /**
  * Runs commands: finds the words of a line, calls the command, reports what went wrong.
@@ -71,6 +87,22 @@ public:
      */
     Result run(const QString& text, const QString& file = {}, qsizetype first_line = 1);
 
+    /** How a call has ended. */
+    struct Outcome
+    {
+        /** What the command has returned; nothing if it failed. */
+        CommandValue value = {};
+        /** Why it failed; empty if it did not. */
+        std::optional<CommandFailure> failure = {};
+    };
+    /**
+     * Runs one command for a caller that takes its value and its failure, which is therefore not reported.
+     * What enter() keeps is left alone. A line that is continued fails.
+     */
+    Outcome call(const QString& line);
+    /** The failure that was reported last; of no meaning unless a line has just failed. */
+    const CommandFailure& last_failure() const { return mLastFailure; }
+
     /** Prints on the output. */
     void print(const QString& text) const;
     /** Prints on the error output. */
@@ -100,9 +132,10 @@ private:
     };
     struct Call;
 
-    Result execute(const Source& source);
-    void dispatch(Call& call);
-    void report_at(const Call* call, const QString& message, qsizetype column) const;
+    Result execute(const Source& source, Outcome* outcome = nullptr);
+    CommandValue dispatch(Call& call);
+    static CommandFailure failure_of(const Call* call, const CommandError& error);
+    void report_at(const Call* call, const CommandError& error) const;
 
     CommandRegistry& mRegistry;
     CommandVariables mVariables;
@@ -111,4 +144,5 @@ private:
     ContinuedCommand mEntered;
     /** The calls that run, the outermost one first. */
     QList<const Call*> mCalls;
+    mutable CommandFailure mLastFailure;
 };

@@ -107,8 +107,6 @@ bool CommandRegistry::has_owner(const QString& owner) const
 
 CommandError CommandRegistry::not_found(const QString& name, qsizetype column) const
 {
-    QString found = CommandError::shown(name);
-    if (const QString remedy = mEntities.remedy(command_entity, name); !remedy.isEmpty())
-        found += u"; "_s + remedy;
-    return CommandError::expected(u"a command"_s, found, column);
+    return CommandError::expected(u"a command"_s, CommandError::shown(name), column,
+                                  mEntities.remedy(command_entity, name));
 }

@@ -6,6 +6,7 @@
 #include "workbench/sdk/core/commands/CommandDescription.h"
 #include "workbench/sdk/core/commands/CommandEntities.h"
 #include "workbench/sdk/core/commands/CommandError.h"
+#include "workbench/sdk/core/commands/CommandValue.h"
 #include "workbench/sdk/core/export.h"
 
 #include <QMap>
@@ -43,6 +44,8 @@ struct Command
     bool runs_commands = false;
     /** Whether it can take long. It tells its progress then, and tests CommandCall::interrupted(). */
     bool long_running = false;
+    /** What it returns by CommandCall::set_result(). */
+    CommandType result = {};
 
     /** How the command is written, as "set [NAME [VALUE...]]". */
     FENNAR_CORE_EXPORT QString usage() const;

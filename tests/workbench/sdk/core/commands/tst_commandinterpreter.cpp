@@ -56,6 +56,11 @@ private slots:
     void numbers_ignore_the_locale();
     void lines_of_ten_million_characters_run();
     void odd_characters_pass_through();
+    void call_returns_what_the_command_has_set();
+    void failed_call_tells_why_and_reports_nothing_data();
+    void failed_call_tells_why_and_reports_nothing();
+    void failed_call_of_a_command_that_reports_tells_the_inner_failure();
+    void failure_that_was_reported_can_be_asked_for();
 };
 
 void TstCommandInterpreter::line_runs_its_command()
@@ -574,6 +579,84 @@ void TstCommandInterpreter::odd_characters_pass_through()
     QCOMPARE(session.notes, QStringList(odd));
     QCOMPARE(session.interpreter.enter(odd), Result::Failed);
     QCOMPARE(session.errors.count(u'\n'), 1);
+}
+
+void TstCommandInterpreter::call_returns_what_the_command_has_set()
+{
+    CommandSession session;
+    session.add("answer", [](CommandCall& call) { call.set_result({.data = qint64(42)}); });
+    const CommandInterpreter::Outcome outcome = session.interpreter.call(u"answer"_s);
+    QVERIFY(!outcome.failure);
+    QVERIFY(std::holds_alternative<qint64>(outcome.value.data));
+    QCOMPARE(std::get<qint64>(outcome.value.data), 42);
+    QVERIFY(session.interpreter.call(u"note a"_s).value.is_nothing());
+    QVERIFY(session.interpreter.call(u""_s).value.is_nothing());
+    QCOMPARE(session.notes, QStringList(u"a"_s));
+}
+
+void TstCommandInterpreter::failed_call_tells_why_and_reports_nothing_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<qsizetype>("column");
+    QTest::addColumn<QString>("remedy");
+    QTest::newRow("no such command") << u" nota a"_s
+                                     << u"expected a command, found \"nota\"; did you mean \"note\"?"_s
+                                     << u"nota"_s << qsizetype(2) << u"did you mean \"note\"?"_s;
+    QTest::newRow("open quote") << u"note 'a"_s
+                                << u"expected a closing single quote, found the end of the line"_s
+                                << u"note"_s << qsizetype(6) << u""_s;
+    QTest::newRow("continued") << u"note a\\"_s
+                               << u"expected another line behind the backslash, found the end of the text"_s
+                               << u""_s << qsizetype(7) << u""_s;
+    QTest::newRow("thrown") << u"fail"_s << u"no good"_s << u"fail"_s << qsizetype(0) << u""_s;
+}
+
+void TstCommandInterpreter::failed_call_tells_why_and_reports_nothing()
+{
+    QFETCH(const QString, line);
+    CommandSession session;
+    session.add("fail", [](CommandCall& call) {
+        call.set_result({.data = 1.0});
+        throw std::runtime_error("no good");
+    });
+    const CommandInterpreter::Outcome outcome = session.interpreter.call(line);
+    QVERIFY(outcome.failure);
+    QTEST(outcome.failure->message, "message");
+    QTEST(outcome.failure->command, "command");
+    QTEST(outcome.failure->column, "column");
+    QTEST(outcome.failure->remedy, "remedy");
+    QVERIFY(outcome.value.is_nothing());
+    QCOMPARE(session.errors, QString());
+    QVERIFY(session.notes.isEmpty());
+}
+
+void TstCommandInterpreter::failed_call_of_a_command_that_reports_tells_the_inner_failure()
+{
+    CommandSession session;
+    session.add("outer", [](CommandCall& call) {
+        if (call.interpreter().run(u"nota"_s) == Result::Failed)
+            throw CommandError::reported();
+    });
+    session.add("silent", [](CommandCall&) { throw CommandError::reported(); });
+    CommandInterpreter::Outcome outcome = session.interpreter.call(u"outer"_s);
+    QVERIFY(outcome.failure);
+    QCOMPARE(outcome.failure->command, u"nota"_s);
+    QCOMPARE(session.take_errors(),
+             u"ERROR: nota: column 1: expected a command, found \"nota\"; did you mean \"note\"?\n"_s);
+    outcome = session.interpreter.call(u"silent"_s);
+    QVERIFY(outcome.failure);
+    QCOMPARE(outcome.failure->command, u"silent"_s);
+    QVERIFY(!outcome.failure->message.isEmpty());
+}
+
+void TstCommandInterpreter::failure_that_was_reported_can_be_asked_for()
+{
+    CommandSession session;
+    QCOMPARE(session.interpreter.run(u"note a\nnota"_s), Result::Failed);
+    QCOMPARE(session.interpreter.last_failure().command, u"nota"_s);
+    QCOMPARE(session.interpreter.last_failure().column, 1);
 }
 
 OSTREL_TEST(TstCommandInterpreter)

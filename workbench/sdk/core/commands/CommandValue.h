@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/sdk/core/export.h"
+
+#include <QList>
+#include <QString>
+
+#include <utility>
+#include <variant>
+
+/**
+ * What a command returns, or a property of an entity is, to a caller that is a program.
+ *
+ * A plain value: it holds nothing alive. Entities are told by kind and key, see EntityReference.
+ */
+struct FENNAR_CORE_EXPORT CommandValue
+{
+    /** Something that is there at the time, under whatever name. */
+    struct EntityReference
+    {
+        /** As in CommandEntities. */
+        QString kind;
+        /** A word that CommandEntities::find() knows for as long as the thing is there, and that never stands
+         * for another thing: better a number than a name, which may change. */
+        QString key;
+
+        /** Whether it is the same thing. */
+        bool operator==(const EntityReference&) const = default;
+    };
+    /** Values in their order. */
+    using List = QList<CommandValue>;
+    /** Values with names, in their order. */
+    using Map = QList<std::pair<QString, CommandValue>>;
+
+    /** Nothing at first. */
+    std::variant<std::monostate, double, qint64, QString, List, Map, EntityReference> data = {};
+
+    /** Whether there is no value. */
+    bool is_nothing() const { return data.index() == 0; }
+};
+
+/** What kind of value that is, so that a caller can know it ahead of the call. */
+struct FENNAR_CORE_EXPORT CommandType
+{
+    /** As the alternatives of CommandValue, in their order. */
+    enum class Kind { Nothing, Number, WholeNumber, Text, List, Map, Entity };
+
+    /** What the value is. */
+    Kind kind = Kind::Nothing;
+    /** The kind of entities, for Entity. */
+    QString entity = {};
+    /** One type, which all values of a List or Map have. */
+    QList<CommandType> of = {};
+
+    /** Whether @p value is of this type, to its innermost values. */
+    bool fits(const CommandValue& value) const;
+};
+
+/** The type of a reference to an entity of that kind. */
+FENNAR_CORE_EXPORT CommandType entity_type(const QString& kind);
+/** The type of a list of such values. */
+FENNAR_CORE_EXPORT CommandType list_type(const CommandType& of);
+/** The type of a map of such values. */
+FENNAR_CORE_EXPORT CommandType map_type(const CommandType& of);
