@@ -30,6 +30,7 @@
 #include "workbench/application/windows/WindowCommands.h"
 #include "workbench/application/windows/WindowParts.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
+#include "workbench/host/fennar_python/commands/python_commands.h"
 #include "workbench/host/fennar_python/make_python_interpreter.h"
 #include "workbench/host/navigation/FormServices.h"
 #include "workbench/host/ostrelfw/CommandLine.h"
@@ -55,6 +56,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <stdexcept>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -174,14 +176,20 @@ void Workbench::set_up_python()
     PythonHooks hooks;
     hooks.output = [](const QString& text) { Broker::command << text; };
     hooks.error_output = [this](const QString& text) { report_error(text); };
-    hooks.run_command = [this](const QString& text) {
-        const bool done = Fennar::instance().interpreter().run(text) == CommandInterpreter::Result::Done;
-        // What ends a command ends the Python code that has called it.
-        if (!done && interrupt_requested()) {
+    // What ends a command ends the Python code that has called it.
+    const auto end_caller = [this] {
+        if (interrupt_requested()) {
             mInterruptsPassedOn = interrupt_requests();
             PythonRuntime::request_interrupt();
         }
-        return done;
+    };
+    hooks.run_command = [end_caller](const QString& text) -> std::optional<PythonCommandFailure> {
+        CommandInterpreter& interpreter = Fennar::instance().interpreter();
+        if (interpreter.run(text) == CommandInterpreter::Result::Done)
+            return std::nullopt;
+        end_caller();
+        const CommandFailure& failure = interpreter.last_failure();
+        return PythonCommandFailure{failure.message, failure.command, failure.column, failure.remedy};
     };
     hooks.wake = [this] { announce_output(); };
     hooks.turn = [this] {
@@ -190,7 +198,21 @@ void Workbench::set_up_python()
         playback.script_reached(PythonRuntime::line_reached(playback.script_in_play()));
         pass_interrupt_on();
     };
-    hooks.extend = &add_python_actions;
+    hooks.extend = [this, end_caller](struct _object* module) {
+        add_python_actions(module);
+        const auto call = [this, end_caller](const QString& line) {
+            // Code that outlives its Python for a moment finds no application any more.
+            if (!PythonRuntime::running())
+                throw std::runtime_error("Python ends");
+            echo(line);
+            CommandInterpreter::Outcome outcome = Fennar::instance().interpreter().call(line);
+            if (outcome.failure)
+                end_caller();
+            return outcome;
+        };
+        add_python_commands(module,
+                            {&Fennar::instance().registry(), call, &PythonRuntime::require_gui_thread});
+    };
     PythonRuntime::start_when_needed(hooks);
     set_framework_interpreters(make_python_interpreter(PythonRuntime::framework_namespace()),
                                make_python_interpreter(PythonRuntime::user_namespace()));

@@ -5,6 +5,7 @@
 
 #include "workbench/host/fennar_python/PythonOutput.h"
 #include "workbench/host/fennar_python/PythonTicker.h"
+#include "workbench/host/fennar_python/without_python_lock.h"
 
 #include <pybind11/pybind11.h>
 
@@ -56,20 +57,3 @@ public:
 private:
     PyGILState_STATE mLock;
 };
-
-/**
- * Calls @p function without Python's lock. Takes it again in plain sight instead of in a destructor: a thread
- * that Python ends at this point is unwound, which a destructor would turn into the end of the process.
- */
-template <typename Function>
-void without_python_lock(Function&& function)
-{
-    PyThreadState* const thread = PyEval_SaveThread();
-    try {
-        function();
-    } catch (...) {
-        PyEval_RestoreThread(thread);
-        throw;
-    }
-    PyEval_RestoreThread(thread);
-}

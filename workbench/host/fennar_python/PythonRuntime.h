@@ -10,6 +10,20 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
+
+/** Why a command has failed: what fennar.CommandError tells. */
+struct PythonCommandFailure
+{
+    /** One line; empty if there is nothing to tell. */
+    QString message = {};
+    /** The command's name; empty if there is none. */
+    QString command = {};
+    /** The character of the line that is at fault, from 1; 0 for none. */
+    qsizetype column = 0;
+    /** What to do about it; may be empty. */
+    QString remedy = {};
+};
 
 /** What Python needs of the application. Each may be null; its texts are then dropped, its answer is no. */
 struct PythonHooks
@@ -18,8 +32,8 @@ struct PythonHooks
     std::function<void(const QString& text)> output;
     /** Shows what Python code wrote to sys.stderr, tracebacks among it. Called on the GUI thread. */
     std::function<void(const QString& text)> error_output;
-    /** Runs a command line for fennar.cmd() and tells whether it succeeded. Called on the GUI thread. */
-    std::function<bool(const QString& text)> run_command;
+    /** Runs a command line for fennar.cmd() and tells why it failed, if it did. Called on the GUI thread. */
+    std::function<std::optional<PythonCommandFailure>(const QString& text)> run_command;
     /**
      * Another thread has written text that waits for PythonRuntime::deliver_output(). Called on that thread,
      * once until the text has been fetched; it must only pass the word on, as by posting an event.

@@ -7,9 +7,14 @@
 #include "workbench/host/fennar_python/PythonRuntime.h"
 #include "workbench/host/fennar_python/run_python.h"
 
+#include <QFile>
 #include <pybind11/embed.h>
 
+#include <optional>
+#include <stdexcept>
+
 namespace py = pybind11;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -22,15 +27,33 @@ void cmd(const py::str& text)
     if (!PyUnicode_AsUTF8(text.ptr()))
         throw py::error_already_set();
     const QString line = to_qstring(text);
-    bool done = false;
+    std::optional<PythonCommandFailure> failure = PythonCommandFailure();
     without_python_lock([&] {
         const auto hooks = PythonState::get().output.hooks();
-        done = hooks && hooks->run_command && hooks->run_command(line);
+        if (hooks && hooks->run_command)
+            failure = hooks->run_command(line);
     });
-    if (!done) {
-        PyErr_SetObject(command_error, py::str("command failed: {}").format(text).ptr());
-        throw py::error_already_set();
-    }
+    if (!failure)
+        return;
+    const py::str message = failure->message.isEmpty() ? py::str("command failed: {}").format(text)
+                                                       : py::object(to_python(failure->message));
+    const py::object error = py::handle(command_error)(message, to_python(failure->command), failure->column,
+                                                       to_python(failure->remedy));
+    PyErr_SetObject(command_error, error.ptr());
+    throw py::error_already_set();
+}
+
+/** The class CommandError. */
+py::object make_command_error()
+{
+    QFile file(u":/fennar_python/command_error.py"_s);
+    if (!file.open(QIODevice::ReadOnly))
+        throw std::runtime_error("command_error.py is missing from the library");
+    py::dict names;
+    names["__builtins__"] = py::module_::import("builtins");
+    names["__name__"] = "fennar";
+    py::exec(file.readAll().toStdString(), names);
+    return names["CommandError"];
 }
 
 } // namespace
@@ -41,11 +64,7 @@ PYBIND11_EMBEDDED_MODULE(fennar, module)
     options.disable_function_signatures();
     module.doc() = "The application that this Python runs in.\n\n"
                    "cmd(text) runs one of its commands; CommandError tells that a command failed.";
-    command_error = PyErr_NewExceptionWithDoc(
-        "fennar.CommandError", "A command of the application failed; its messages are on the console.",
-        nullptr, nullptr);
-    if (!command_error)
-        throw py::error_already_set();
+    command_error = make_command_error().release().ptr();
     module.attr("CommandError") = py::handle(command_error);
     module.def("cmd", &cmd, py::arg("text"),
                "cmd(text)\n\n"

@@ -3,16 +3,9 @@
 
 #pragma once
 
-#include <QString>
-#include <pybind11/pybind11.h>
+#include "workbench/host/fennar_python/python_text.h"
 
 // All functions here are called with Python's lock held, on the GUI thread where they run code.
-
-/** The text of a Python string. A lone surrogate, which no Qt text may hold, becomes U+FFFD. */
-QString to_qstring(const pybind11::str& text);
-
-/** The Python string of @p text. */
-pybind11::str to_python(const QString& text);
 
 /**
  * Compiles @p source as a module with the name @p file and runs it in @p names.

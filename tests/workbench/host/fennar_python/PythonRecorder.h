@@ -23,6 +23,8 @@ struct PythonRecorder
     std::function<void(const QString&)> onOutput;
     std::function<void(const QString&)> onError;
     std::function<bool(const QString&)> onCommand;
+    /** What is told of a command for which onCommand returns false. */
+    PythonCommandFailure failure;
     std::function<void()> onTurn;
 
     PythonHooks hooks()
@@ -42,7 +44,8 @@ struct PythonRecorder
         };
         hooks.run_command = [this](const QString& text) {
             commands += text;
-            return !onCommand || onCommand(text);
+            const bool done = !onCommand || onCommand(text);
+            return done ? std::nullopt : std::optional(failure);
         };
         hooks.wake = [this] { ++wakes; };
         hooks.turn = [this] {
@@ -62,6 +65,7 @@ struct PythonRecorder
         onOutput = nullptr;
         onError = nullptr;
         onCommand = nullptr;
+        failure = {};
         onTurn = nullptr;
     }
 };

@@ -297,6 +297,18 @@ private slots:
                  qPrintable(mRecorder.errors));
     }
 
+    void command_error_tells_what_the_application_tells()
+    {
+        mRecorder.onCommand = [](const QString&) { return false; };
+        mRecorder.failure = {u"no \u00fc; try x"_s, u"brick"_s, 7, u"try x"_s};
+        QVERIFY2(run("try:\n    fennar.cmd('brick u')\nexcept fennar.CommandError as error:\n    e = error\n"
+                     "print(e)\nprint([e.message, e.command, e.column, e.remedy])\n"
+                     "import pickle\nprint(pickle.loads(pickle.dumps(e)).column)"),
+                 qPrintable(mRecorder.errors));
+        QCOMPARE(mRecorder.output, u"brick: column 7: no \u00fc; try x\n"
+                                   "['no \u00fc; try x', 'brick', 7, 'try x']\n7\n"_s);
+    }
+
     void command_that_throws_raises_runtime_error()
     {
         mRecorder.onCommand = [](const QString&) -> bool { throw std::runtime_error("engine failed"); };

@@ -84,9 +84,9 @@ public:
     /** All kinds that are offered, sorted. */
     QStringList kinds() const { return mOffers.keys(); }
     /** To be called when the names of a kind have changed. */
-    void tell_changed(const QString& kind) { emit changed(kind); }
+    void tell_changed(const QString& kind) { Q_EMIT changed(kind); }
 
-signals:
+Q_SIGNALS: // in sources with the headers of Python, too, where "signals" is a name
     /** The names of a kind have changed, or it is offered, or not offered any more. */
     void changed(const QString& kind);
 

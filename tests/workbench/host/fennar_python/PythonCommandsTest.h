@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "PythonRecorder.h"
+#include "support/TestCase.h"
+#include "workbench/host/fennar_python/commands/python_commands.h"
+#include "workbench/host/fennar_python/make_python_interpreter.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+
+#include <QTest>
+
+/**
+ * Commands as functions of Python, without the program. Python can be started once in a process, so all
+ * functions share it and the registry. What a call has run is kept in lines.
+ */
+class PythonCommandsTest : public TestCase
+{
+protected:
+    void start_python()
+    {
+        PythonHooks hooks = mRecorder.hooks();
+        hooks.extend = [this](struct _object* module) {
+            const auto call = [this](const QString& line) {
+                lines << line;
+                return interpreter.call(line);
+            };
+            add_python_commands(module, {&registry, call, &PythonRuntime::require_gui_thread});
+        };
+        interpreter.set_error_output([this](const QString& text) { reported += text; });
+        QVERIFY2(PythonRuntime::start(hooks), qPrintable(mRecorder.errors));
+        mUser = make_python_interpreter(PythonRuntime::user_namespace());
+    }
+
+    void set_up() override
+    {
+        mRecorder.clear();
+        lines.clear();
+        performed.clear();
+        reported.clear();
+    }
+
+    /** Runs Python code; its names stay. */
+    bool run(const QByteArray& source) { return mUser->Run_SimpleString(source.constData()) == 0; }
+    /** What the code prints, or how it fails. */
+    QString shown(const QByteArray& source)
+    {
+        mRecorder.output.clear();
+        mRecorder.errors.clear();
+        return run(source) ? mRecorder.output : mRecorder.errors;
+    }
+    /** The last line of what the code prints or how it fails. */
+    QString last_line(const QByteArray& source) { return shown(source).trimmed().split(QChar(u'\n')).last(); }
+
+    /** Adds a command that writes its words down and returns @p result. */
+    void add(const char* name, const QList<CommandSyntax>& forms, const char* owner = "test",
+             const CommandType& type = {}, const CommandValue& result = {})
+    {
+        registry.add({.name = QString::fromUtf8(name),
+                      .summary = QStringLiteral("Does something."),
+                      .owner = QString::fromUtf8(owner),
+                      .perform =
+                          [this, result](CommandCall& call, const CommandArguments&) {
+                              QStringList words;
+                              for (const CommandWord& word : call.words())
+                                  words << word.text;
+                              performed << words.join(QChar(u'|'));
+                              call.set_result(result);
+                          },
+                      .forms = forms,
+                      .result = type});
+    }
+
+    CommandRegistry registry;
+    CommandInterpreter interpreter{registry};
+    /** The command lines that were handed over. */
+    QStringList lines;
+    /** The words of the commands that have run. */
+    QStringList performed;
+    QString reported;
+    PythonRecorder mRecorder;
+    std::unique_ptr<FennarPythonInterpreter> mUser;
+};
