@@ -4,13 +4,15 @@
 // Writes docs/command-reference.md from the registry of commands, with all components of the workbench
 // loaded.
 //
-//   command_reference FILE           writes the file
-//   command_reference --check FILE   fails if the file is not what would be written
+//   command_reference FILE           writes the file; one named *.pyi is the stub file of the commands in
+//   Python command_reference --check FILE   fails if the file is not what would be written
 //
 // It needs no display, and leaves the user's settings alone.
 
+#include "host/fennar_python/FennarPythonInterpreter.h"
 #include "host/ostrelfw/Broker.h"
 #include "host/ostrelfw/ComponentRecord.h"
+#include "host/ostrelfw/Framework.h"
 #include "host/ostrelfw/Mediator.h"
 #include "workbench/application/Workbench.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
@@ -33,7 +35,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** The command that takes the registry down while it runs. It is not a part of the reference. */
+/** The command that takes the registry down while it runs. It removes itself first. */
 const auto own_command = u"write_command_reference"_s;
 
 /** @p text where a table or a paragraph would see marks in it. */
@@ -192,8 +194,6 @@ QString reference(const CommandRegistry& registry)
     QString table;
     QString sections;
     for (const QString& name : registry.names()) {
-        if (name == own_command)
-            continue;
         const std::shared_ptr<const Command> command = registry.find(name);
         table += u"| [%1](#%1) | %2 | %3 |\n"_s.arg(name, escaped(command->summary), command->owner);
         sections += section(*command);
@@ -211,6 +211,19 @@ QString reference(const CommandRegistry& registry)
            "| command | what it does | from |\n"
            "| --- | --- | --- |\n"_s +
            table + sections;
+}
+
+/** The types of the commands as functions of Python; empty if that failed. @p file is for Python to write to.
+ */
+QString python_stubs(const QString& file)
+{
+    QFile stubs(file);
+    FennarPythonInterpreter* const python = Framework::user_python_interpreter();
+    const QByteArray write =
+        "with open('" + file.toUtf8() + "', 'w') as file:\n    file.write(fennar._stubs())";
+    if (!python || python->Run_SimpleString(write.constData()) != 0 || !stubs.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(stubs.readAll());
 }
 
 /** The names of components that are not loaded, with their states. */
@@ -294,7 +307,9 @@ int main(int argc, char** argv)
     Command command;
     command.name = own_command;
     command.perform = [&](CommandCall&, const CommandArguments&) {
-        text = reference(registry);
+        registry.remove(own_command);
+        text = arguments.last().endsWith(u".pyi"_s) ? python_stubs(home.filePath(u"fennar.pyi"_s))
+                                                    : reference(registry);
         missing = missing_components();
     };
     registry.add(command);
@@ -303,9 +318,10 @@ int main(int argc, char** argv)
     workbench.start_later({}, journal.fileName());
     workbench.run();
     workbench.unload();
-    registry.remove(own_command);
 
     if (!missing.isEmpty())
         return fail(u"not all components are loaded: "_s + missing.join(u", "_s));
+    if (text.isEmpty())
+        return fail(u"the file cannot be made"_s);
     return checking ? check(arguments[1], text) : write(arguments[0], text);
 }

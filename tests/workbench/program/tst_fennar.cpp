@@ -86,6 +86,7 @@ private slots:
     void batch_run_tells_the_way_to_a_line_that_fails();
     void batch_run_connects_to_no_display();
     void example_with_solids_plays_in_both_languages();
+    void example_with_functions_shows_lines_that_play_as_a_journal();
     void model_that_fails_ends_a_batch_run_before_the_journal();
     void journal_is_of_the_directory_where_the_program_was_started();
     void window_run_plays_and_ends_with_quit();
@@ -531,6 +532,33 @@ void TstFennar::example_with_solids_plays_in_both_languages()
     QVERIFY2(outputs[0].contains("plate: volume 17591.5\n"_L1), qPrintable(outputs[0]));
     QVERIFY(outputs[0].contains("Tetrahedron 4"_L1));
     QCOMPARE(outputs[1], outputs[0]);
+}
+
+void TstFennar::example_with_functions_shows_lines_that_play_as_a_journal()
+{
+    const QHash<QString, QString> environment{{u"FENNAR_COMPONENT_PATH"_s, QStringLiteral(TREE_COMPONENTS)},
+                                              {u"QT_QPA_PLATFORM"_s, u"no-such-platform"_s}};
+    const Run done = run({u"--batch"_s, u"--play"_s, QStringLiteral(JOURNALS) + u"/plate_functions.py"_s},
+                         environment, QStringLiteral(FENNAR), mDirectory->path());
+    QVERIFY2(done.code == 0, qPrintable(done.errors));
+    QCOMPARE(done.errors, QString());
+    QVERIFY2(done.output.contains("\nplate: volume 17591.5, from -30 to 30 along x\n"_L1),
+             qPrintable(done.output));
+    QVERIFY2(done.output.contains("\nthe solid \"cylinder2\" is gone\n"_L1), qPrintable(done.output));
+    QVERIFY2(done.output.contains("\ncolumn 7: expected a width ("_L1), qPrintable(done.output));
+
+    QStringList lines;
+    for (const QString& line : done.output.split(u'\n')) {
+        if (line.startsWith("Fennar>"_L1))
+            lines << line.sliced(7);
+    }
+    QCOMPARE(lines.takeLast(), u"brick 0"_s);
+    QCOMPARE(lines.value(2), u"cylinder 4 20 at 20 12 0"_s);
+    QCOMPARE(lines.value(6), u"subtract cylinder2 cylinder3 cylinder4 cylinder5 from plate"_s);
+    const QString journal = write(u"saved.jou"_s, lines.join(u'\n').toUtf8() + '\n');
+    const Run again = run({u"--batch"_s, u"--play"_s, journal}, environment);
+    QVERIFY2(again.code == 0, qPrintable(again.errors));
+    QVERIFY2(again.output.contains("plate: volume 17591.5\n"_L1), qPrintable(again.output));
 }
 
 void TstFennar::model_that_fails_ends_a_batch_run_before_the_journal()

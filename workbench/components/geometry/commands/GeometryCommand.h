@@ -4,6 +4,7 @@
 #pragma once
 
 #include "workbench/sdk/core/commands/CommandDescription.h"
+#include "workbench/sdk/core/commands/CommandValue.h"
 
 #include <QLatin1StringView>
 #include <QList>
@@ -34,6 +35,7 @@ struct GeometryCommand
     QList<CommandSyntax> forms = {{}};
     bool changes_model = false;
     bool long_running = false;
+    CommandType result = {};
 };
 
 /** Those that make and measure meshes. */

@@ -5,6 +5,7 @@
 
 #include "workbench/components/geometry/commands/GeometryCommand.h"
 #include "workbench/components/geometry/commands/LongWork.h"
+#include "workbench/components/geometry/commands/geometry_entities.h"
 #include "workbench/components/geometry/commands/geometry_parameters.h"
 #include "workbench/components/geometry/commands/run_model_command.h"
 #include "workbench/components/geometry/exchange/FileExchange.h"
@@ -153,6 +154,7 @@ void import_file(CommandCall& call, const CommandArguments& arguments, Context& 
     if (!imported)
         throw CommandError(u"cancelled; nothing has changed"_s);
     call.print(described(context.model, *imported));
+    call.set_result(solids_value(imported->solids));
     done = true;
 }
 
@@ -239,7 +241,8 @@ bool register_file_commands(CommandRegistry& registry, const QString& owner, Geo
          .forms = {{.clauses = file_clauses(Direction::Import)}},
          .changes_model = true,
          .makes = {solid_entity()},
-         .long_running = true},
+         .long_running = true,
+         .result = list_type(entity_type(solid_entity()))},
         {.name = u"export"_s,
          .summary = u"Writes solids or the mesh to a file."_s,
          .help =

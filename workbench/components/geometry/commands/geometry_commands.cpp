@@ -5,6 +5,7 @@
 
 #include "workbench/components/geometry/commands/GeometryCommand.h"
 #include "workbench/components/geometry/commands/LongWork.h"
+#include "workbench/components/geometry/commands/geometry_entities.h"
 #include "workbench/components/geometry/commands/geometry_parameters.h"
 #include "workbench/components/geometry/commands/run_model_command.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
@@ -12,7 +13,6 @@
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
-#include "workbench/sdk/core/commands/numbers.h"
 
 #include <cmath>
 #include <optional>
@@ -54,8 +54,10 @@ QList<int> several(const CommandCall& call, const CommandArguments& arguments, c
     return ids;
 }
 
-void print_solid(CommandCall& call, const GeometryModel& model, int id)
+/** Tells of the solid that a command has made or changed, and returns it. */
+void tell_solid(CommandCall& call, const GeometryModel& model, int id)
 {
+    call.set_result(solid_value(id));
     const SolidMeasures measures = model.measures(id);
     QString text = u"%1: volume %2"_s.arg(model.solid(id)->name, shown_number(measures.volume));
     if (measures.pieces > 1)
@@ -69,31 +71,31 @@ void brick(CommandCall& call, const CommandArguments& arguments, Context& contex
     const bool cube = !arguments.has("DEPTH"_L1);
     const Point3 size{width, cube ? width : arguments.number("DEPTH"_L1),
                       cube ? width : arguments.number("HEIGHT"_L1)};
-    print_solid(call, context.model,
-                context.model.brick(size, vector(arguments, "at"_L1), arguments.text("name"_L1)));
+    tell_solid(call, context.model,
+               context.model.brick(size, vector(arguments, "at"_L1), arguments.text("name"_L1)));
 }
 
 void cylinder(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    print_solid(call, context.model,
-                context.model.cylinder(arguments.number("RADIUS"_L1), arguments.number("HEIGHT"_L1),
-                                       vector(arguments, "at"_L1), vector(arguments, "along"_L1),
-                                       arguments.text("name"_L1)));
+    tell_solid(call, context.model,
+               context.model.cylinder(arguments.number("RADIUS"_L1), arguments.number("HEIGHT"_L1),
+                                      vector(arguments, "at"_L1), vector(arguments, "along"_L1),
+                                      arguments.text("name"_L1)));
 }
 
 void sphere(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    print_solid(call, context.model,
-                context.model.sphere(arguments.number("RADIUS"_L1), vector(arguments, "at"_L1),
-                                     arguments.text("name"_L1)));
+    tell_solid(call, context.model,
+               context.model.sphere(arguments.number("RADIUS"_L1), vector(arguments, "at"_L1),
+                                    arguments.text("name"_L1)));
 }
 
 void cone(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    print_solid(call, context.model,
-                context.model.cone(arguments.number("RADIUS"_L1), arguments.number("TOP_RADIUS"_L1),
-                                   arguments.number("HEIGHT"_L1), vector(arguments, "at"_L1),
-                                   vector(arguments, "along"_L1), arguments.text("name"_L1)));
+    tell_solid(call, context.model,
+               context.model.cone(arguments.number("RADIUS"_L1), arguments.number("TOP_RADIUS"_L1),
+                                  arguments.number("HEIGHT"_L1), vector(arguments, "at"_L1),
+                                  vector(arguments, "along"_L1), arguments.text("name"_L1)));
 }
 
 void torus(CommandCall& call, const CommandArguments& arguments, Context& context)
@@ -103,9 +105,9 @@ void torus(CommandCall& call, const CommandArguments& arguments, Context& contex
     if (tube >= radius)
         throw call.expected(arguments.word("TUBE_RADIUS"_L1),
                             u"a radius of the tube (less than %1)"_s.arg(radius));
-    print_solid(call, context.model,
-                context.model.torus(radius, tube, vector(arguments, "at"_L1), vector(arguments, "along"_L1),
-                                    arguments.text("name"_L1)));
+    tell_solid(call, context.model,
+               context.model.torus(radius, tube, vector(arguments, "at"_L1), vector(arguments, "along"_L1),
+                                   arguments.text("name"_L1)));
 }
 
 void move(CommandCall& call, const CommandArguments& arguments, Context& context)
@@ -121,9 +123,9 @@ void rotate(CommandCall& call, const CommandArguments& arguments, Context& conte
 
 void copy(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    print_solid(call, context.model,
-                context.model.copy(solid(arguments, context.model, "SOLID"_L1), vector(arguments, "by"_L1),
-                                   arguments.text("name"_L1)));
+    tell_solid(call, context.model,
+               context.model.copy(solid(arguments, context.model, "SOLID"_L1), vector(arguments, "by"_L1),
+                                  arguments.text("name"_L1)));
 }
 
 void rename(CommandCall&, const CommandArguments& arguments, Context& context)
@@ -155,7 +157,7 @@ void unite(CommandCall& call, const CommandArguments& arguments, Context& contex
 {
     const QList<int> ids = several(call, arguments, context.model);
     context.model.unite(ids, LongOperation(call, context, "Unite").listener());
-    print_solid(call, context.model, ids.first());
+    tell_solid(call, context.model, ids.first());
 }
 
 void subtract(CommandCall& call, const CommandArguments& arguments, Context& context)
@@ -166,14 +168,14 @@ void subtract(CommandCall& call, const CommandArguments& arguments, Context& con
         throw call.error(arguments.word("from"_L1),
                          u"\"%1\" was named already"_s.arg(context.model.solid(id)->name));
     context.model.subtract(id, tools, LongOperation(call, context, "Subtract").listener());
-    print_solid(call, context.model, id);
+    tell_solid(call, context.model, id);
 }
 
 void intersect(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
     const QList<int> ids = several(call, arguments, context.model);
     context.model.intersect(ids, LongOperation(call, context, "Intersect").listener());
-    print_solid(call, context.model, ids.first());
+    tell_solid(call, context.model, ids.first());
 }
 
 void remove(CommandCall& call, const CommandArguments& arguments, Context& context)
@@ -185,6 +187,7 @@ void list(CommandCall& call, const CommandArguments& arguments, Context& context
 {
     const GeometryModel& model = context.model;
     const QList<int> ids = arguments.has("SOLID"_L1) ? solids(call, arguments, model) : model.ids();
+    call.set_result(solids_value(ids));
     if (ids.isEmpty()) {
         call.print(u"There are no solids.\n"_s);
         return;
@@ -297,34 +300,39 @@ QList<GeometryCommand> making_commands()
                                     length_parameter(u"WIDTH"_s, u"a width"_s,
                                                      QT_TRANSLATE_NOOP("CommandParameter", "Width"))),
                                 depth_and_height(), center(), name_clause()}}},
-         .changes_model = true},
+         .changes_model = true,
+         .result = entity_type(solid_entity())},
         {.name = "cylinder"_L1,
          .summary = "Makes a cylinder."_L1,
          .help = axis_help,
          .perform = cylinder,
          .forms = {{.clauses = {required_value(radius()), required_value(height()), center(), axis_clause(),
                                 name_clause()}}},
-         .changes_model = true},
+         .changes_model = true,
+         .result = entity_type(solid_entity())},
         {.name = "sphere"_L1,
          .summary = "Makes a sphere."_L1,
          .help = placing_help,
          .perform = sphere,
          .forms = {{.clauses = {required_value(radius()), center(), name_clause()}}},
-         .changes_model = true},
+         .changes_model = true,
+         .result = entity_type(solid_entity())},
         {.name = "cone"_L1,
          .summary = "Makes a cone, or a part of one."_L1,
          .help = axis_help,
          .perform = cone,
          .forms = {{.clauses = {required_value(radius()), required_value(height()),
                                 optional_value(top_radius()), center(), axis_clause(), name_clause()}}},
-         .changes_model = true},
+         .changes_model = true,
+         .result = entity_type(solid_entity())},
         {.name = "torus"_L1,
          .summary = "Makes a torus."_L1,
          .help = axis_help,
          .perform = torus,
          .forms = {{.clauses = {required_value(radii()[0]), required_value(radii()[1]), center(),
                                 axis_clause(), name_clause()}}},
-         .changes_model = true},
+         .changes_model = true,
+         .result = entity_type(solid_entity())},
     };
 }
 
@@ -354,7 +362,8 @@ QList<GeometryCommand> solid_commands()
          .summary = "Copies a solid."_L1,
          .perform = copy,
          .forms = {{.clauses = {required_value(one_solid()), offset(true), name_clause()}}},
-         .changes_model = true},
+         .changes_model = true,
+         .result = entity_type(solid_entity())},
         {.name = "rename"_L1,
          .summary = "Gives a solid another name."_L1,
          .perform = rename,
@@ -370,7 +379,8 @@ QList<GeometryCommand> solid_commands()
          .summary = "Lists solids with their measures."_L1,
          .help = "Solids can be named by name or by id. The box around a solid is exact to six digits."_L1,
          .perform = list,
-         .forms = {{.clauses = {optional_value(solids_parameter())}}}},
+         .forms = {{.clauses = {optional_value(solids_parameter())}}},
+         .result = list_type(entity_type(solid_entity()))},
     };
 }
 
@@ -383,42 +393,24 @@ QList<GeometryCommand> combining_commands()
          .help = combine_help,
          .perform = unite,
          .forms = {{.clauses = {required_value(solids_parameter(2))}}},
-         .changes_model = true},
+         .changes_model = true,
+         .result = entity_type(solid_entity())},
         {.name = "subtract"_L1,
          .summary = "Takes the tools away from a solid."_L1,
          .help = "The tools are gone then. The solid may fall into several pieces, which stay one solid."_L1,
          .perform = subtract,
          .forms = {{.clauses = {required_value(tools()),
                                 {.keyword = u"from"_s, .parameters = {one_solid()}}}}},
-         .changes_model = true},
+         .changes_model = true,
+         .result = entity_type(solid_entity())},
         {.name = "intersect"_L1,
          .summary = "Keeps what several solids have in common."_L1,
          .help = combine_help,
          .perform = intersect,
          .forms = {{.clauses = {required_value(solids_parameter(2))}}},
-         .changes_model = true},
+         .changes_model = true,
+         .result = entity_type(solid_entity())},
     };
-}
-
-/** Offers the names and numbers of the solids, for as long as the commands are there. */
-void offer_solids(CommandEntities& entities, const QString& owner, const GeometryModel& model)
-{
-    entities.offer(
-        solid_entity(), owner,
-        [&model] {
-            QStringList names;
-            const QList<int> ids = model.ids();
-            for (const int id : ids)
-                names << model.solid(id)->name;
-            return names;
-        },
-        [&model](const QString& word) {
-            const std::optional<qint64> id = parse_integer(word);
-            const auto solid = id && *id == int(*id) ? model.solid(int(*id)) : std::nullopt;
-            return solid ? solid->name : QString();
-        });
-    QObject::connect(&model, &GeometryModel::solid_changed, &entities,
-                     [&entities] { entities.tell_changed(solid_entity()); });
 }
 
 } // namespace
@@ -440,8 +432,9 @@ bool register_geometry_commands(CommandRegistry& registry, const QString& owner,
                  },
              .forms = entry.forms,
              .changes_model = entry.changes_model,
-             .long_running = entry.long_running});
+             .long_running = entry.long_running,
+             .result = entry.result});
     }
-    offer_solids(registry.entities(), owner, model);
+    offer_geometry_entities(registry.entities(), model, owner);
     return registry.add_all(owner, commands);
 }

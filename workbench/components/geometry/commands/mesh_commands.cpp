@@ -3,6 +3,7 @@
 
 #include "workbench/components/geometry/commands/GeometryCommand.h"
 #include "workbench/components/geometry/commands/LongWork.h"
+#include "workbench/components/geometry/commands/geometry_entities.h"
 #include "workbench/components/geometry/commands/geometry_parameters.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/geometry/programs/run_mesher.h"
@@ -59,6 +60,7 @@ void mesh(CommandCall& call, const CommandArguments& arguments, Context& context
     if (!result)
         throw CommandError(u"cancelled; the last mesh is as it was"_s);
     model.set_mesh(result);
+    call.set_result(mesh_value(*result));
     call.print(summary(*result));
 }
 
@@ -79,6 +81,7 @@ QString age(const Mesh& mesh, const GeometryModel& model)
 void statistics(CommandCall& call, const CommandArguments&, Context& context)
 {
     const Mesh& mesh = last_mesh(call, context);
+    call.set_result(mesh_counts(mesh));
     QList<QStringList> rows{{u"nodes"_s, QString::number(mesh.nodes)}};
     for (const Mesh::Elements& elements : mesh.elements)
         rows.append({elements.kind, QString::number(elements.count)});
@@ -95,6 +98,7 @@ void quality(CommandCall& call, const CommandArguments& arguments, Context& cont
     const Mesh& mesh = last_mesh(call, context);
     if (mesh.quality.isEmpty())
         throw call.error(0, u"the mesh has no volume elements"_s);
+    call.set_result(mesh_qualities(mesh, wanted));
     QList<QStringList> rows{{u"measure"_s, u"min"_s, u"mean"_s, u"max"_s}};
     for (const Mesh::Quality& quality : mesh.quality) {
         if (wanted.isEmpty() || quality.measure == wanted)
@@ -127,10 +131,12 @@ QList<GeometryCommand> mesh_commands()
                                  .label = QT_TRANSLATE_NOOP("CommandParameter",
                                                             "Show all messages of the mesher")}}}},
          .changes_model = true,
-         .long_running = true},
+         .long_running = true,
+         .result = entity_type(mesh_entity())},
         {.name = "statistics"_L1,
          .summary = "Counts the nodes and elements of the mesh."_L1,
-         .perform = statistics},
+         .perform = statistics,
+         .result = map_type({.kind = CommandType::Kind::WholeNumber})},
         {.name = "quality"_L1,
          .summary = "Measures the volume elements of the mesh."_L1,
          .help =
@@ -141,6 +147,7 @@ QList<GeometryCommand> mesh_commands()
          .forms = {{.clauses = {optional_value({.name = u"MEASURE"_s,
                                                 .kind = CommandParameter::Kind::Choice,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Measure"),
-                                                .choices = {u"ICN"_s, u"IGE"_s}})}}}},
+                                                .choices = {u"ICN"_s, u"IGE"_s}})}}},
+         .result = map_type(map_type({.kind = CommandType::Kind::Number}))},
     };
 }

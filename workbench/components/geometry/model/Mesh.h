@@ -30,6 +30,13 @@ struct Mesh
         double most = 0;
     };
 
+    /** The next one that no mesh has had. */
+    static qint64 new_number()
+    {
+        static qint64 last = 0;
+        return ++last;
+    }
+
     /** The mesh itself, as a binary file in the MSH format. */
     QByteArray msh;
     /** The length of the elements that was asked for; 0 for an imported mesh. */
@@ -41,6 +48,8 @@ struct Mesh
     qint64 nodes = 0;
     QList<Elements> elements;
     QList<Quality> quality;
+    /** Another one for each mesh of this process; copies have the same. */
+    qint64 number = new_number();
     /** GeometryModel::revision() of the model that was meshed. */
     qint64 revision = 0;
 };

@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/components/geometry/commands/geometry_entities.h"
+
+#include "workbench/components/geometry/commands/geometry_parameters.h"
+#include "workbench/components/geometry/model/GeometryModel.h"
+#include "workbench/sdk/core/commands/CommandEntities.h"
+#include "workbench/sdk/core/commands/CommandError.h"
+#include "workbench/sdk/core/commands/numbers.h"
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+using Kind = CommandType::Kind;
+
+namespace {
+
+const CommandType number_type{.kind = Kind::Number};
+const CommandType whole_number_type{.kind = Kind::WholeNumber};
+const CommandType point_type = list_type(number_type);
+
+CommandValue value(double number)
+{
+    return {.data = number};
+}
+
+CommandValue value(const Point3& point)
+{
+    return {.data = CommandValue::List{value(point.x), value(point.y), value(point.z)}};
+}
+
+CommandValue value(const Mesh::Quality& quality)
+{
+    return {.data = CommandValue::Map{{u"min"_s, value(quality.least)},
+                                      {u"mean"_s, value(quality.mean)},
+                                      {u"max"_s, value(quality.most)}}};
+}
+
+CommandValue value(const QStringList& texts)
+{
+    CommandValue::List list;
+    for (const QString& text : texts)
+        list.append({.data = text});
+    return {.data = list};
+}
+
+std::optional<GeometryModel::Solid> solid_of(const GeometryModel& model, const QString& word)
+{
+    const std::optional<qint64> id = parse_integer(word);
+    return id && *id == int(*id) ? model.solid(int(*id)) : std::nullopt;
+}
+
+QStringList solid_names(const GeometryModel& model)
+{
+    QStringList names;
+    const QList<int> ids = model.ids();
+    for (const int id : ids)
+        names << model.solid(id)->name;
+    return names;
+}
+
+QList<EntityProperty> solid_properties(const GeometryModel& model)
+{
+    const auto measured = [&model](auto measure) {
+        return [&model, measure](const QString& key, const QStringList&) {
+            return measure(model.measures(solid_of(model, key)->id));
+        };
+    };
+    return {
+        {.name = u"id"_s,
+         .summary = u"Its number, which is never used again"_s,
+         .type = whole_number_type,
+         .value = [](const QString& key,
+                     const QStringList&) { return CommandValue{.data = qint64(key.toInt())}; }},
+        {.name = u"volume"_s,
+         .summary = u"Its volume"_s,
+         .unit = u"mm\u00b3"_s,
+         .type = number_type,
+         .value = measured([](const SolidMeasures& measures) { return value(measures.volume); })},
+        {.name = u"area"_s,
+         .summary = u"The area of its surface"_s,
+         .unit = u"mm\u00b2"_s,
+         .type = number_type,
+         .value = measured([](const SolidMeasures& measures) { return value(measures.area); })},
+        {.name = u"center"_s,
+         .summary = u"Its center of mass, as x, y and z"_s,
+         .unit = u"mm"_s,
+         .type = point_type,
+         .value = measured([](const SolidMeasures& measures) { return value(measures.center); })},
+        {.name = u"bounding_box"_s,
+         .summary = u"The least and the greatest corner of the box around it"_s,
+         .unit = u"mm"_s,
+         .type = list_type(point_type),
+         .value = measured([](const SolidMeasures& measures) {
+             return CommandValue{.data = CommandValue::List{value(measures.least), value(measures.most)}};
+         })},
+        {.name = u"pieces"_s,
+         .summary = u"How many volumes that do not hang together it consists of"_s,
+         .type = whole_number_type,
+         .value = measured(
+             [](const SolidMeasures& measures) { return CommandValue{.data = qint64(measures.pieces)}; })},
+    };
+}
+
+QList<EntityProperty> mesh_properties(const GeometryModel& model)
+{
+    const auto told = [&model](auto tell) {
+        return [&model, tell](const QString&, const QStringList& arguments) {
+            return tell(*model.mesh(), arguments);
+        };
+    };
+    return {
+        {.name = u"size"_s,
+         .summary = u"The length of the elements that was asked for; 0 if it was imported"_s,
+         .unit = u"mm"_s,
+         .type = number_type,
+         .value = told([](const Mesh& mesh, const QStringList&) { return value(mesh.size); })},
+        {.name = u"solids"_s,
+         .summary = u"The names of the solids when they were meshed"_s,
+         .type = list_type({.kind = Kind::Text}),
+         .value = told([](const Mesh& mesh, const QStringList&) { return value(mesh.solids); })},
+        {.name = u"node_count"_s,
+         .summary = u"How many nodes it has"_s,
+         .type = whole_number_type,
+         .value =
+             told([](const Mesh& mesh, const QStringList&) { return CommandValue{.data = mesh.nodes}; })},
+        {.name = u"counts"_s,
+         .summary = u"How many nodes and elements of each kind it has"_s,
+         .type = map_type(whole_number_type),
+         .value = told([](const Mesh& mesh, const QStringList&) { return mesh_counts(mesh); })},
+        {.name = u"quality"_s,
+         .summary = u"A measure of its volume elements: min, mean and max"_s,
+         .type = map_type(number_type),
+         .parameters = {{.name = u"MEASURE"_s,
+                         .kind = CommandParameter::Kind::Choice,
+                         .choices = {u"ICN"_s, u"IGE"_s}}},
+         .value = told([](const Mesh& mesh, const QStringList& arguments) {
+             for (const Mesh::Quality& quality : mesh.quality) {
+                 if (quality.measure == arguments.value(0))
+                     return value(quality);
+             }
+             throw CommandError(u"the mesh has no volume elements"_s);
+         })},
+    };
+}
+
+} // namespace
+
+QString mesh_entity()
+{
+    return u"mesh"_s;
+}
+
+CommandValue solid_value(int id)
+{
+    return {.data = CommandValue::EntityReference{solid_entity(), QString::number(id)}};
+}
+
+CommandValue solids_value(const QList<int>& ids)
+{
+    CommandValue::List list;
+    for (const int id : ids)
+        list << solid_value(id);
+    return {.data = list};
+}
+
+CommandValue mesh_value(const Mesh& mesh)
+{
+    return {.data = CommandValue::EntityReference{mesh_entity(), QString::number(mesh.number)}};
+}
+
+CommandValue mesh_counts(const Mesh& mesh)
+{
+    CommandValue::Map counts{{u"nodes"_s, {.data = mesh.nodes}}};
+    for (const Mesh::Elements& elements : mesh.elements)
+        counts.append({elements.kind, {.data = elements.count}});
+    return {.data = counts};
+}
+
+CommandValue mesh_qualities(const Mesh& mesh, const QString& wanted)
+{
+    CommandValue::Map qualities;
+    for (const Mesh::Quality& quality : mesh.quality) {
+        if (wanted.isEmpty() || quality.measure == wanted)
+            qualities.append({quality.measure, value(quality)});
+    }
+    return {.data = qualities};
+}
+
+void offer_geometry_entities(CommandEntities& entities, GeometryModel& model, const QString& owner)
+{
+    entities.offer(
+        solid_entity(), owner, [&model] { return solid_names(model); },
+        [&model](const QString& word) {
+            const auto solid = solid_of(model, word);
+            return solid ? solid->name : QString();
+        });
+    entities.offer_properties(solid_entity(), solid_properties(model));
+    QObject::connect(&model, &GeometryModel::solid_changed, &entities,
+                     [&entities] { entities.tell_changed(solid_entity()); });
+    // Nobody names the mesh: there is one. Its number tells it from those before.
+    entities.offer(
+        mesh_entity(), owner, [] { return QStringList(); },
+        [&model](const QString& word) {
+            const std::shared_ptr<const Mesh> mesh = model.mesh();
+            return mesh && QString::number(mesh->number) == word ? mesh_entity() : QString();
+        });
+    entities.offer_properties(mesh_entity(), mesh_properties(model));
+}
