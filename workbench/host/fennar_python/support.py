@@ -195,6 +195,9 @@ def static_names(value):
         for base in reversed(type.__dict__["__mro__"].__get__(kind)):
             names.update(type.__dict__["__dict__"].__get__(base))
     names.update(own_dictionary(value))
+    listed = names.get("__dir__")
+    if value is sys.modules.get("fennar") and getattr(listed, "__module__", "") == "fennar_commands":
+        names.update(dict.fromkeys(name for name in listed() if name not in names))  # the application's own code
     return names
 
 

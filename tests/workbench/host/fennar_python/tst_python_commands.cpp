@@ -3,6 +3,8 @@
 
 #include "PythonCommandsTest.h"
 
+#include "workbench/host/fennar_python/PythonConsole.h"
+
 using namespace Qt::StringLiterals;
 using Kind = CommandParameter::Kind;
 
@@ -242,6 +244,13 @@ private slots:
         QVERIFY(run("late('x')"));
         QCOMPARE(performed.last(), u"late|x"_s);
         registry.remove_owner(u"component"_s);
+    }
+
+    void console_completes_the_functions()
+    {
+        const PythonConsole console(PythonRuntime::user_namespace());
+        QCOMPARE(console.complete(u"fennar.br"_s, 9).names, QStringList(u"brick"_s));
+        QCOMPARE(console.complete(u"fennar.cm"_s, 9).names, QStringList({u"cmd"_s, u"cmd_"_s}));
     }
 
     void unknown_name_is_an_attribute_error_with_the_nearest()
