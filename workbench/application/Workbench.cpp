@@ -80,6 +80,9 @@ QWidget* make_file_field(QWidget* parent, bool open, const QList<CommandFileFilt
     return field;
 }
 
+/** What the console shows ahead of a command. */
+const QString command_prompt = u"Fennar>"_s;
+
 /** How often, in milliseconds, work that goes on gives the shell its turn. */
 constexpr qint64 turn_interval = 50;
 
@@ -198,13 +201,14 @@ void Workbench::set_up_python()
         playback.script_reached(PythonRuntime::line_reached(playback.script_in_play()));
         pass_interrupt_on();
     };
-    hooks.extend = [this, end_caller](struct _object* module) {
+    hooks.extend = [end_caller](struct _object* module) {
         add_python_actions(module);
-        const auto call = [this, end_caller](const QString& line) {
+        const auto call = [end_caller](const QString& line) {
             // Code that outlives its Python for a moment finds no application any more.
             if (!PythonRuntime::running())
                 throw std::runtime_error("Python ends");
-            echo(line);
+            // With the prompt of commands also in Python mode: by that the console finds them for a journal.
+            OutputRouter::instance().print_line(command_prompt + line);
             CommandInterpreter::Outcome outcome = Fennar::instance().interpreter().call(line);
             if (outcome.failure)
                 end_caller();
@@ -405,7 +409,7 @@ void Workbench::echo(const QString& line)
 {
     // As output and not as a command of the window: a journal of many lines then reaches the page in few
     // pieces.
-    OutputRouter::instance().print_line((mConsole ? mConsole->command_page()->prompt() : u"Fennar>"_s) +
+    OutputRouter::instance().print_line((mConsole ? mConsole->command_page()->prompt() : command_prompt) +
                                         line);
 }
 

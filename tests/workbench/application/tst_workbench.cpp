@@ -107,6 +107,8 @@ private slots:
     void continued_command_gets_a_second_prompt();
     void error_names_command_and_column_and_warns_on_the_errors_tab();
     void python_statement_runs_in_python_mode();
+    void functions_of_commands_show_the_lines_that_they_stand_for();
+    void failure_of_a_function_is_shown_once();
     void python_loop_over_several_lines_runs_at_the_empty_line();
     void python_traceback_stands_on_the_console();
     void python_exit_ends_nothing();
@@ -272,6 +274,24 @@ void TstWorkbench::python_statement_runs_in_python_mode()
     python_mode(true);
     type(u"6 * 7"_s);
     QCOMPARE(text(), u">>>6 * 7\n42\n>>>"_s);
+}
+
+void TstWorkbench::functions_of_commands_show_the_lines_that_they_stand_for()
+{
+    python_mode(true);
+    type(u"fennar.echo('a  b', 5)"_s);
+    QCOMPARE(text(), u">>>fennar.echo('a  b', 5)\nFennar>echo \"a  b\" 5\na  b 5\n>>>"_s);
+    python_mode(false);
+    QVERIFY2(page()->getCommands().contains(u"echo \"a  b\" 5"_s), qPrintable(text()));
+}
+
+void TstWorkbench::failure_of_a_function_is_shown_once()
+{
+    python_mode(true);
+    type(u"fennar.play('no such.jou', line=0)"_s);
+    QCOMPARE(text().count(u"expected a line number"_s), 1);
+    QVERIFY2(text().contains(u"\nfennar.CommandError: play: column 20: expected a line number"_s),
+             qPrintable(text()));
 }
 
 void TstWorkbench::python_loop_over_several_lines_runs_at_the_empty_line()

@@ -40,6 +40,7 @@ protected:
         mRecorder.clear();
         lines.clear();
         performed.clear();
+        words_performed.clear();
         reported.clear();
     }
 
@@ -67,6 +68,7 @@ protected:
                               QStringList words;
                               for (const CommandWord& word : call.words())
                                   words << word.text;
+                              words_performed << words;
                               performed << words.join(QChar(u'|'));
                               call.set_result(result);
                           },
@@ -80,6 +82,7 @@ protected:
     QStringList lines;
     /** The words of the commands that have run. */
     QStringList performed;
+    QList<QStringList> words_performed;
     QString reported;
     PythonRecorder mRecorder;
     std::unique_ptr<FennarPythonInterpreter> mUser;

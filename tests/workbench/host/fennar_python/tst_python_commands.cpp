@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "PythonCommandsTest.h"
-
 #include "workbench/host/fennar_python/PythonConsole.h"
+
+#include <QRandomGenerator>
 
 using namespace Qt::StringLiterals;
 using Kind = CommandParameter::Kind;
@@ -123,6 +124,23 @@ private slots:
         QCOMPARE(performed, QStringList(u"run|a\n\tb|'\"\\||\U0001f600|${x} # y"_s));
     }
 
+    void random_texts_arrive_as_they_are()
+    {
+        const auto seed = QRandomGenerator::global()->generate();
+        qInfo("seed %u", seed);
+        QVERIFY2(run("import random\nrandom.seed(" + QByteArray::number(seed) +
+                     ")\nfor i in range(300):\n"
+                     "    words = [''.join(random.choices('ab $#\\'\"\\\\{}\\n\\r\\t|\\u2028\\u00fc;=',"
+                     " k=random.randrange(6))) for j in range(random.randrange(1, 5))]\n"
+                     "    print('\\f'.join(['run', *words]), end='\\v')\n"
+                     "    random.choice([fennar.run, fennar.say])(*words)"),
+                 qPrintable(mRecorder.errors));
+        QStringList expected = mRecorder.output.split(u'\v', Qt::SkipEmptyParts);
+        QCOMPARE(performed.size(), 300);
+        for (qsizetype i = 0; i < performed.size(); ++i)
+            QCOMPARE(words_performed[i].mid(1), expected[i].split(u'\f').mid(1));
+    }
+
     void wrong_calls_raise_and_run_nothing_data()
     {
         QTest::addColumn<QByteArray>("call");
@@ -159,6 +177,11 @@ private slots:
             u"ArgumentError: say: word: expected a text, found '\\udc80'"_s);
         row("two ways at once", "show('fine', page='x')",
             u"ArgumentError: show: mode and page do not go together"_s);
+        row("number that cannot be written", "brick(10 ** 5000)",
+            u"ArgumentError: brick: width: expected a number from 0.5 to 100, found <class 'int'>"_s);
+        row("number that is too large", "brick(10 ** 400)",
+            u"CommandError: brick: column 7: expected a width (a number from 0.5 to 100), found \"1"_s +
+                QString(59, u'0') + u"...\""_s);
         row("out of range", "brick(0)",
             u"CommandError: brick: column 7: expected a width (a number from 0.5 to 100), found \"0\""_s);
         row("no number", "brick(float('nan'))",

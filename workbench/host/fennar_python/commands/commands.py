@@ -181,7 +181,10 @@ def word_of(value, parameter, argument, command):
     if kind in ("Number", "WholeNumber"):
         if not is_number(value, numbers.Real if kind == "Number" else numbers.Integral):
             raise wrong_type(argument, command, parameter["range"], value)
-        return number_word(value)
+        try:
+            return number_word(value)
+        except (OverflowError, ValueError):  # too large to be written
+            raise wrong_type(argument, command, parameter["range"], type(value)) from None
     if kind in ("Entity", "Words") and isinstance(value, Entity):
         if kind == "Entity" and value.kind != parameter["entity"]:
             raise wrong_type(argument, command, parameter["what"], value)
