@@ -509,7 +509,8 @@ def get_attribute(name):
                 return entity_class(kind)
     near = difflib.get_close_matches(name, list_attributes(), 1) if not name.startswith("_") else []
     remedy = f". Did you mean: '{near[0]}'?" if near else ""
-    raise AttributeError(f"module 'fennar' has no attribute '{name}'{remedy}")
+    # The name is told, so that Python itself adds no remedy.
+    raise AttributeError(f"module 'fennar' has no attribute '{name}'{remedy}", name=name)
 
 
 def list_attributes():
