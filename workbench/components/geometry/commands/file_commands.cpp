@@ -154,7 +154,7 @@ void import_file(CommandCall& call, const CommandArguments& arguments, Context& 
     if (!imported)
         throw CommandError(u"cancelled; nothing has changed"_s);
     call.print(described(context.model, *imported));
-    call.set_result(solids_value(imported->solids));
+    call.set_result(solids_value(context.model, imported->solids));
     done = true;
 }
 

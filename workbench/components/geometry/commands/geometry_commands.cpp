@@ -57,7 +57,7 @@ QList<int> several(const CommandCall& call, const CommandArguments& arguments, c
 /** Tells of the solid that a command has made or changed, and returns it. */
 void tell_solid(CommandCall& call, const GeometryModel& model, int id)
 {
-    call.set_result(solid_value(id));
+    call.set_result(solid_value(model, id));
     const SolidMeasures measures = model.measures(id);
     QString text = u"%1: volume %2"_s.arg(model.solid(id)->name, shown_number(measures.volume));
     if (measures.pieces > 1)
@@ -187,7 +187,7 @@ void list(CommandCall& call, const CommandArguments& arguments, Context& context
 {
     const GeometryModel& model = context.model;
     const QList<int> ids = arguments.has("SOLID"_L1) ? solids(call, arguments, model) : model.ids();
-    call.set_result(solids_value(ids));
+    call.set_result(solids_value(model, ids));
     if (ids.isEmpty()) {
         call.print(u"There are no solids.\n"_s);
         return;

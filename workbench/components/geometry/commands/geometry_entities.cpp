@@ -51,6 +51,20 @@ std::optional<GeometryModel::Solid> solid_of(const GeometryModel& model, const Q
     return id && *id == int(*id) ? model.solid(int(*id)) : std::nullopt;
 }
 
+/** The solid of a reference; empty if it is gone. */
+std::optional<GeometryModel::Solid> solid_of_key(const GeometryModel& model, const QString& key)
+{
+    const QString origin = key.section(u'@', 1);
+    return origin == QString::number(model.origin()) ? solid_of(model, key.section(u'@', 0, 0))
+                                                     : std::nullopt;
+}
+
+/** The name of a solid that may be none. */
+QString name_of(const std::optional<GeometryModel::Solid>& solid)
+{
+    return solid ? solid->name : QString();
+}
+
 QStringList solid_names(const GeometryModel& model)
 {
     QStringList names;
@@ -64,15 +78,17 @@ QList<EntityProperty> solid_properties(const GeometryModel& model)
 {
     const auto measured = [&model](auto measure) {
         return [&model, measure](const QString& key, const QStringList&) {
-            return measure(model.measures(solid_of(model, key)->id));
+            return measure(model.measures(solid_of_key(model, key)->id));
         };
     };
     return {
         {.name = u"id"_s,
          .summary = u"Its number, which is never used again"_s,
          .type = whole_number_type,
-         .value = [](const QString& key,
-                     const QStringList&) { return CommandValue{.data = qint64(key.toInt())}; }},
+         .value =
+             [&model](const QString& key, const QStringList&) {
+                 return CommandValue{.data = qint64(solid_of_key(model, key)->id)};
+             }},
         {.name = u"volume"_s,
          .summary = u"Its volume"_s,
          .unit = u"mm\u00b3"_s,
@@ -152,16 +168,16 @@ QString mesh_entity()
     return u"mesh"_s;
 }
 
-CommandValue solid_value(int id)
+CommandValue solid_value(const GeometryModel& model, int id)
 {
-    return {.data = CommandValue::EntityReference{solid_entity(), QString::number(id)}};
+    return {.data = CommandValue::EntityReference{solid_entity(), u"%1@%2"_s.arg(id).arg(model.origin())}};
 }
 
-CommandValue solids_value(const QList<int>& ids)
+CommandValue solids_value(const GeometryModel& model, const QList<int>& ids)
 {
     CommandValue::List list;
     for (const int id : ids)
-        list << solid_value(id);
+        list << solid_value(model, id);
     return {.data = list};
 }
 
@@ -192,19 +208,15 @@ void offer_geometry_entities(CommandEntities& entities, GeometryModel& model, co
 {
     entities.offer(
         solid_entity(), owner, [&model] { return solid_names(model); },
-        [&model](const QString& word) {
-            const auto solid = solid_of(model, word);
-            return solid ? solid->name : QString();
-        });
-    entities.offer_properties(solid_entity(), solid_properties(model));
+        [&model](const QString& word) { return name_of(solid_of(model, word)); });
+    entities.offer_properties(solid_entity(), solid_properties(model),
+                              [&model](const QString& key) { return name_of(solid_of_key(model, key)); });
     QObject::connect(&model, &GeometryModel::solid_changed, &entities,
                      [&entities] { entities.tell_changed(solid_entity()); });
     // Nobody names the mesh: there is one. Its number tells it from those before.
-    entities.offer(
-        mesh_entity(), owner, [] { return QStringList(); },
-        [&model](const QString& word) {
-            const std::shared_ptr<const Mesh> mesh = model.mesh();
-            return mesh && QString::number(mesh->number) == word ? mesh_entity() : QString();
-        });
-    entities.offer_properties(mesh_entity(), mesh_properties(model));
+    entities.offer(mesh_entity(), owner, [] { return QStringList(); });
+    entities.offer_properties(mesh_entity(), mesh_properties(model), [&model](const QString& key) {
+        const std::shared_ptr<const Mesh> mesh = model.mesh();
+        return mesh && QString::number(mesh->number) == key ? mesh_entity() : QString();
+    });
 }

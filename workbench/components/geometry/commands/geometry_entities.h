@@ -15,10 +15,10 @@ struct Mesh;
 /** The kind of the model's mesh. */
 QString mesh_entity();
 
-/** A solid as what a command returns. */
-CommandValue solid_value(int id);
+/** A solid as what a command returns. It is gone when it is deleted, and when the model is replaced. */
+CommandValue solid_value(const GeometryModel& model, int id);
 /** Several of them. */
-CommandValue solids_value(const QList<int>& ids);
+CommandValue solids_value(const GeometryModel& model, const QList<int>& ids);
 /** A mesh as what a command returns. It is gone when another one takes its place. */
 CommandValue mesh_value(const Mesh& mesh);
 /** How many nodes and elements a mesh has, by their kinds. */

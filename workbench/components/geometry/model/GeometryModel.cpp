@@ -389,6 +389,12 @@ GeometryContents GeometryModel::contents() const
     return result;
 }
 
+qint64 GeometryModel::new_origin()
+{
+    static qint64 last = 0;
+    return ++last;
+}
+
 void GeometryModel::replace(const GeometryContents& contents)
 {
     std::map<int, Entry> solids;
@@ -412,6 +418,7 @@ void GeometryModel::replace(const GeometryContents& contents)
     mSolids.swap(solids);
     mIds.swap(ids);
     mLastId = contents.last_id;
+    mOrigin = new_origin();
     ++mRevision;
     mState = ++mLastState;
     mMesh = nullptr;

@@ -68,6 +68,9 @@ public:
 
     /** All ids, the oldest solid first. */
     QList<int> ids() const;
+    /** Another number for each model, and after each replace(): with it an id is told from the same one in a
+     * model before. */
+    qint64 origin() const { return mOrigin; }
     /** The solid of that id; empty if there is none. */
     std::optional<Solid> solid(int id) const;
     /** The solid of that name; empty if there is none. */
@@ -164,11 +167,13 @@ private:
     void forget(int id);
     void set_shape(int id, const Shape& shape);
     void tell(int id);
+    static qint64 new_origin();
 
     std::map<int, Entry> mSolids;
     std::map<QString, int> mIds;
     std::shared_ptr<const Mesh> mMesh;
     int mLastId = 0;
+    qint64 mOrigin = new_origin();
     qint64 mRevision = 0;
     qint64 mState = 0;
     /** The greatest number of a state so far. */

@@ -223,7 +223,7 @@ public:
             return list;
         });
         names["entity_name"] = py::cpp_function([self](const py::str& kind, const py::str& key) {
-            return to_python(self->registry().entities().find(to_qstring(kind), to_qstring(key)));
+            return to_python(self->registry().entities().name_of({to_qstring(kind), to_qstring(key)}));
         });
         names["entity_value"] = py::cpp_function(
             [self, names = py::handle(names)](const py::str& kind, const py::str& key,

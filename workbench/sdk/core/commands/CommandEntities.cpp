@@ -24,10 +24,21 @@ void CommandEntities::offer(const QString& kind, const QString& owner, const Nam
     emit changed(kind);
 }
 
-void CommandEntities::offer_properties(const QString& kind, const QList<EntityProperty>& properties)
+void CommandEntities::offer_properties(const QString& kind, const QList<EntityProperty>& properties,
+                                       const Meaning& name_of_key)
 {
-    if (const auto offer = mOffers.find(kind); offer != mOffers.end())
-        offer->properties = properties;
+    const auto offer = mOffers.find(kind);
+    if (offer == mOffers.end())
+        return;
+    offer->properties = properties;
+    offer->name_of_key = name_of_key;
+}
+
+QString CommandEntities::name_of(const CommandValue::EntityReference& entity) const
+{
+    if (const Meaning name_of_key = mOffers.value(entity.kind).name_of_key)
+        return name_of_key(entity.key);
+    return find(entity.kind, entity.key);
 }
 
 void CommandEntities::withdraw(const QString& owner)

@@ -64,9 +64,16 @@ public:
      */
     void offer(const QString& kind, const QString& owner, const Names& names, const Meaning& meaning = {},
                const Remedy& remedy = {});
-    /** Tells what can be asked of the entities of a kind that was offered, in the place of what was told
-     * before. It goes when the kind is withdrawn. */
-    void offer_properties(const QString& kind, const QList<EntityProperty>& properties);
+    /**
+     * Tells what can be asked of the entities of a kind that was offered, in the place of what was told
+     * before. It goes when the kind is withdrawn.
+     *
+     * @param name_of_key  tells the present name for a key, empty if the thing is gone; null if find() does.
+     */
+    void offer_properties(const QString& kind, const QList<EntityProperty>& properties,
+                          const Meaning& name_of_key = {});
+    /** The present name of what a reference stands for; empty if it is gone. */
+    QString name_of(const CommandValue::EntityReference& entity) const;
     /** What can be asked of entities of the kind; nothing if nobody has told any. */
     QList<EntityProperty> properties(const QString& kind) const { return mOffers.value(kind).properties; }
     /** Takes back all kinds of @p owner. */
@@ -98,6 +105,7 @@ private:
         Meaning meaning;
         Remedy remedy;
         QList<EntityProperty> properties = {};
+        Meaning name_of_key = {};
     };
     QMap<QString, Offer> mOffers;
 };

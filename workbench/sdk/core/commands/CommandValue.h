@@ -23,8 +23,8 @@ struct FENNAR_CORE_EXPORT CommandValue
     {
         /** As in CommandEntities. */
         QString kind;
-        /** A word that CommandEntities::find() knows for as long as the thing is there, and that never stands
-         * for another thing: better a number than a name, which may change. */
+        /** What CommandEntities::name_of() knows it by for as long as it is there. It never stands for
+         * another thing, so better a number than a name, which may change. */
         QString key;
 
         /** Whether it is the same thing. */

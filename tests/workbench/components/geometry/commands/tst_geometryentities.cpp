@@ -43,6 +43,8 @@ private:
             mSession->errors += outcome.failure->message;
         return outcome.value;
     }
+    /** The name of the solid that a line returns. */
+    QString made(const QString& line) { return entities().name_of(std::get<Reference>(value(line).data)); }
     CommandEntities& entities() { return mSession->registry.entities(); }
     CommandValue property(const Reference& entity, const QString& name, const QStringList& arguments = {})
     {
@@ -94,9 +96,9 @@ private slots:
 
     void commands_return_the_solids_that_they_make()
     {
-        QCOMPARE(std::get<Reference>(value(u"brick 2 name base"_s).data).key, u"1"_s);
-        QCOMPARE(std::get<Reference>(value(u"sphere 1 at 9 0 0"_s).data).key, u"2"_s);
-        QCOMPARE(std::get<Reference>(value(u"unite sphere2 base"_s).data).key, u"2"_s);
+        QCOMPARE(made(u"brick 2 name base"_s), u"base"_s);
+        QCOMPARE(made(u"sphere 1 at 9 0 0"_s), u"sphere2"_s);
+        QCOMPARE(made(u"unite sphere2 base"_s), u"sphere2"_s);
         QCOMPARE(std::get<CommandValue::List>(value(u"list"_s).data).size(), 1);
         value(u"delete all"_s);
         QVERIFY(std::get<CommandValue::List>(value(u"list"_s).data).isEmpty());
@@ -117,21 +119,34 @@ private slots:
     void key_of_a_solid_outlives_its_name_and_undo()
     {
         const auto brick = std::get<Reference>(value(u"brick 1 name base"_s).data);
-        QCOMPARE(entities().find(brick.kind, brick.key), u"base"_s);
+        QCOMPARE(entities().name_of(brick), u"base"_s);
         value(u"rename base ground"_s);
         value(u"brick 2 name base"_s);
-        QCOMPARE(entities().find(brick.kind, brick.key), u"ground"_s);
+        QCOMPARE(entities().name_of(brick), u"ground"_s);
         value(u"delete ground"_s);
-        QCOMPARE(entities().find(brick.kind, brick.key), QString());
+        QCOMPARE(entities().name_of(brick), QString());
         mModel->steps().undo(true);
-        QCOMPARE(entities().find(brick.kind, brick.key), u"ground"_s);
+        QCOMPARE(entities().name_of(brick), u"ground"_s);
+    }
+
+    void solid_of_a_model_before_is_gone()
+    {
+        const auto brick = std::get<Reference>(value(u"brick 1 name base"_s).data);
+        const GeometryContents contents = mModel->contents();
+        mModel->replace({});
+        QCOMPARE(made(u"sphere 1"_s), u"sphere1"_s);
+        QCOMPARE(entities().name_of(brick), QString());
+        // Not the same one, though it has the same id and name.
+        mModel->replace(contents);
+        QCOMPARE(entities().find(u"solid"_s, u"1"_s), u"base"_s);
+        QCOMPARE(entities().name_of(brick), QString());
     }
 
     void mesh_is_gone_when_another_takes_its_place()
     {
         value(u"brick 1"_s);
         const auto coarse = std::get<Reference>(value(u"mesh size 1"_s).data);
-        QCOMPARE(entities().find(coarse.kind, coarse.key), u"mesh"_s);
+        QCOMPARE(entities().name_of(coarse), u"mesh"_s);
         QCOMPARE(numbers(property(coarse, u"size"_s)), QList<double>{1});
         QCOMPARE(std::get<qint64>(property(coarse, u"node_count"_s).data), mModel->mesh()->nodes);
         const auto quality = std::get<CommandValue::Map>(property(coarse, u"quality"_s, {u"ICN"_s}).data);
@@ -145,10 +160,10 @@ private slots:
 
         const auto fine = std::get<Reference>(value(u"mesh size 0.5"_s).data);
         QVERIFY(fine != coarse);
-        QCOMPARE(entities().find(coarse.kind, coarse.key), QString());
-        QCOMPARE(entities().find(fine.kind, fine.key), u"mesh"_s);
+        QCOMPARE(entities().name_of(coarse), QString());
+        QCOMPARE(entities().name_of(fine), u"mesh"_s);
         mModel->steps().undo(true);
-        QCOMPARE(entities().find(coarse.kind, coarse.key), u"mesh"_s);
+        QCOMPARE(entities().name_of(coarse), u"mesh"_s);
         QCOMPARE(mSession->errors, QString());
     }
 };
