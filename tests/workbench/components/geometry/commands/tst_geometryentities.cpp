@@ -26,7 +26,7 @@ protected:
     {
         mModel = std::make_unique<GeometryModel>();
         mSession = std::make_unique<CommandSession>();
-        QVERIFY(register_geometry_commands(mSession->registry, *mModel, mServices,
+        QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s, *mModel, mServices,
                                            QStringLiteral(FENNAR_MESHER)));
     }
     void tear_down() override
