@@ -55,7 +55,7 @@ Qt::DropAction drop_files(QWidget* target, const QPoint& position, const QString
     return drop_data(target, position, data, offered, Qt::MoveAction);
 }
 
-bool drag_by_mouse(QWidget* widget, const QPoint& from, const QPoint& to)
+bool drag_by_mouse(QWidget* widget, const QPoint& from, const QPoint& to, Qt::KeyboardModifiers at_press)
 {
     QWindow* window = widget->window()->windowHandle();
     const auto in_window = [&](const QPoint& position) { return widget->mapTo(widget->window(), position); };
@@ -71,7 +71,7 @@ bool drag_by_mouse(QWidget* widget, const QPoint& from, const QPoint& to)
         QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, in_window(to));
     });
     timer.start(5ms);
-    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, in_window(from));
+    QTest::mousePress(window, Qt::LeftButton, at_press, in_window(from));
     QTest::mouseMove(window, in_window(from) + QPoint(QApplication::startDragDistance() + 1, 0));
     if (!dragging)
         QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, in_window(from));

@@ -23,5 +23,8 @@ class QWidget;
  *
  * Runs the drag as the platform does, so that the widget is the source of its own drop. Only for a window
  * that is shown. Returns whether a drag began.
+ *
+ * @param at_press  keys that are held when the mouse is pressed, and no longer when it is let go.
  */
-[[nodiscard]] bool drag_by_mouse(QWidget* widget, const QPoint& from, const QPoint& to);
+[[nodiscard]] bool drag_by_mouse(QWidget* widget, const QPoint& from, const QPoint& to,
+                                 Qt::KeyboardModifiers at_press = Qt::NoModifier);

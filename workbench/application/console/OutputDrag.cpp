@@ -23,7 +23,8 @@ bool OutputDrag::eventFilter(QObject*, QEvent* event)
     switch (event->type()) {
     case QEvent::MouseButtonPress:
         mSelected = {};
-        if (mouse->button() == Qt::LeftButton && mouse->modifiers() == Qt::NoModifier &&
+        // With other keys, too, the page would begin a drag; only this one makes it select up to the mouse.
+        if (mouse->button() == Qt::LeftButton && !(mouse->modifiers() & Qt::ShiftModifier) &&
             output_is_selected()) {
             mSelected = mPage->textCursor();
             mPressed = mouse->position().toPoint();

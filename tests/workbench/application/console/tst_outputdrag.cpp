@@ -45,12 +45,19 @@ void TstOutputDrag::text_is_dragged_to_another_window_data()
     QTest::addColumn<int>("to");
     QTest::addColumn<QString>("left");
     QTest::addColumn<QString>("arrived");
+    QTest::addColumn<Qt::KeyboardModifiers>("keys");
+    const Qt::KeyboardModifiers none;
     const auto all = u"first\nsecond\n$ command"_s;
-    QTest::newRow("output is copied") << 0 << 5 << all << u"first"_s;
-    QTest::newRow("lines of output are copied") << 2 << 9 << all << u"rst\nsec"_s;
-    QTest::newRow("output and command are copied") << 6 << 18 << all << u"second\n$ com"_s;
-    QTest::newRow("the prompt is copied") << 13 << 15 << all << u"$ "_s;
-    QTest::newRow("a part of the command moves") << 15 << 18 << u"first\nsecond\n$ mand"_s << u"com"_s;
+    QTest::newRow("output is copied") << 0 << 5 << all << u"first"_s << none;
+    QTest::newRow("output is copied with Ctrl")
+        << 0 << 5 << all << u"first"_s << Qt::KeyboardModifiers(Qt::ControlModifier);
+    QTest::newRow("output is copied with Alt")
+        << 0 << 5 << all << u"first"_s << Qt::KeyboardModifiers(Qt::AltModifier);
+    QTest::newRow("lines of output are copied") << 2 << 9 << all << u"rst\nsec"_s << none;
+    QTest::newRow("output and command are copied") << 6 << 18 << all << u"second\n$ com"_s << none;
+    QTest::newRow("the prompt is copied") << 13 << 15 << all << u"$ "_s << none;
+    QTest::newRow("a part of the command moves")
+        << 15 << 18 << u"first\nsecond\n$ mand"_s << u"com"_s << none;
 }
 
 void TstOutputDrag::text_is_dragged_to_another_window()
@@ -59,6 +66,7 @@ void TstOutputDrag::text_is_dragged_to_another_window()
     QFETCH(const int, to);
     QFETCH(const QString, left);
     QFETCH(const QString, arrived);
+    QFETCH(const Qt::KeyboardModifiers, keys);
     QWidget window;
     auto* layout = new QHBoxLayout(&window);
     auto* page = new CommandWidget;
@@ -73,7 +81,7 @@ void TstOutputDrag::text_is_dragged_to_another_window()
     QVERIFY(show_active(&window));
     const QPoint target = other->viewport()->mapTo(&window, QPoint(20, 20));
     QVERIFY(drag_by_mouse(page->viewport(), middle_of(page, from + 1),
-                          page->viewport()->mapFrom(&window, target)));
+                          page->viewport()->mapFrom(&window, target), keys));
     QCOMPARE(other->toPlainText(), arrived);
     QCOMPARE(page->toPlainText(), left);
     // The mouse does as ever afterwards.
