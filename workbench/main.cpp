@@ -24,13 +24,33 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/** Whether the arguments are wrong for sure. Those that Qt takes out are known to it alone, so with one of
+ * them nothing is sure before there is an application. */
+bool are_wrong_arguments(int argc, char** argv)
+{
+    static const QStringList of_qt{
+        u"platform"_s,  u"platformpluginpath"_s, u"platformtheme"_s, u"plugin"_s,     u"qwindowgeometry"_s,
+        u"session"_s,   u"qwindowtitle"_s,       u"qwindowicon"_s,   u"reverse"_s,    u"qmljsdebugger"_s,
+        u"display"_s,   u"geometry"_s,           u"style"_s,         u"stylesheet"_s, u"widgetcount"_s,
+        u"fontengine"_s};
+    QStringList words;
+    for (int i = 1; i < argc; ++i) {
+        words << QString::fromLocal8Bit(argv[i]);
+        const QString name = words.last().section(u'=', 0, 0);
+        if (name.startsWith(u'-') && of_qt.contains(name.mid(name.startsWith("--"_L1) ? 2 : 1)))
+            return false;
+    }
+    return !CommandLine(words).error().isEmpty();
+}
+
 /** Whether the program can do what it was asked to without a display. */
 bool works_without_display(int argc, char** argv)
 {
-    return std::any_of(argv + 1, argv + argc, [](const char* word) {
-        return !std::strcmp(word, "--batch") || !std::strcmp(word, "--check") ||
-               !std::strcmp(word, "--help") || !std::strcmp(word, "-h") || !std::strcmp(word, "--version");
-    });
+    return are_wrong_arguments(argc, argv) || std::any_of(argv + 1, argv + argc, [](const char* word) {
+               return !std::strcmp(word, "--batch") || !std::strcmp(word, "--check") ||
+                      !std::strcmp(word, "--help") || !std::strcmp(word, "-h") ||
+                      !std::strcmp(word, "--version");
+           });
 }
 
 /** Whether there is a place for windows. Qt ends the program with a stack of messages where there is none. */

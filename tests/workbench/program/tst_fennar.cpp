@@ -67,6 +67,7 @@ protected:
 private slots:
     void help_and_version_need_no_display();
     void missing_display_is_told_in_one_line();
+    void wrong_argument_is_told_without_a_display_data();
     void wrong_argument_is_told_without_a_display();
     void check_tells_the_errors_and_runs_nothing();
     void batch_run_reads_a_pipe_data();
@@ -137,10 +138,22 @@ void TstFennar::missing_display_is_told_in_one_line()
     QCOMPARE(refused.errors, u"fennar: there is no display; without one there is --batch --play FILE\n"_s);
 }
 
+void TstFennar::wrong_argument_is_told_without_a_display_data()
+{
+    QTest::addColumn<QString>("platform");
+    QTest::addColumn<QString>("display");
+    QTest::newRow("none named") << QString() << QString();
+    QTest::newRow("one that is gone") << QString() << u":9999"_s;
+    QTest::newRow("a platform that needs one") << u"xcb"_s << QString();
+}
+
 void TstFennar::wrong_argument_is_told_without_a_display()
 {
+    QFETCH(const QString, platform);
+    QFETCH(const QString, display);
     const Run wrong =
-        run({u"--bogus"_s}, {{u"QT_QPA_PLATFORM"_s, {}}, {u"DISPLAY"_s, {}}, {u"WAYLAND_DISPLAY"_s, {}}});
+        run({u"--bogus"_s},
+            {{u"QT_QPA_PLATFORM"_s, platform}, {u"DISPLAY"_s, display}, {u"WAYLAND_DISPLAY"_s, {}}});
     QCOMPARE(wrong.status, QProcess::NormalExit);
     QCOMPARE(wrong.code, 2);
     QVERIFY2(wrong.errors.startsWith("fennar: unknown argument \"--bogus\"\n"_L1), qPrintable(wrong.errors));
