@@ -22,7 +22,7 @@
 #include "workbench/application/playback/JournalPlayer.h"
 #include "workbench/application/playback/play_from_anywhere.h"
 #include "workbench/application/python/apply_python_paths.h"
-#include "workbench/application/python/python_actions.h"
+#include "workbench/application/python/commands_for_python.h"
 #include "workbench/application/python/python_command.h"
 #include "workbench/application/python/python_literal.h"
 #include "workbench/application/windows/ColourScheme.h"
@@ -30,7 +30,6 @@
 #include "workbench/application/windows/WindowCommands.h"
 #include "workbench/application/windows/WindowParts.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
-#include "workbench/host/fennar_python/commands/python_commands.h"
 #include "workbench/host/fennar_python/make_python_interpreter.h"
 #include "workbench/host/navigation/FormServices.h"
 #include "workbench/host/ostrelfw/CommandLine.h"
@@ -56,7 +55,6 @@
 
 #include <chrono>
 #include <cstdio>
-#include <stdexcept>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -179,43 +177,23 @@ void Workbench::set_up_python()
     PythonHooks hooks;
     hooks.output = [](const QString& text) { Broker::command << text; };
     hooks.error_output = [this](const QString& text) { report_error(text); };
-    // What ends a command ends the Python code that has called it.
-    const auto end_caller = [this] {
-        if (interrupt_requested()) {
-            mInterruptsPassedOn = interrupt_requests();
-            PythonRuntime::request_interrupt();
-        }
-    };
-    hooks.run_command = [end_caller](const QString& text) -> std::optional<PythonCommandFailure> {
-        CommandInterpreter& interpreter = Fennar::instance().interpreter();
-        if (interpreter.run(text) == CommandInterpreter::Result::Done)
-            return std::nullopt;
-        end_caller();
-        const CommandFailure& failure = interpreter.last_failure();
-        return PythonCommandFailure{failure.message, failure.command, failure.column, failure.remedy};
-    };
+    const CommandsForPython commands{
+        [this] {
+            if (interrupt_requested()) {
+                mInterruptsPassedOn = interrupt_requests();
+                PythonRuntime::request_interrupt();
+            }
+        },
+        // With the prompt of commands also in Python mode: by that the console finds them for a journal.
+        [](const QString& line) { OutputRouter::instance().print_line(command_prompt + line); }};
+    hooks.run_command = [commands](const QString& text) { return commands.run(text); };
+    hooks.extend = [commands](struct _object* module) { commands.extend(module); };
     hooks.wake = [this] { announce_output(); };
     hooks.turn = [this] {
         give_turn();
         Playback& playback = Fennar::instance().playback();
         playback.script_reached(PythonRuntime::line_reached(playback.script_in_play()));
         pass_interrupt_on();
-    };
-    hooks.extend = [end_caller](struct _object* module) {
-        add_python_actions(module);
-        const auto call = [end_caller](const QString& line) {
-            // Code that outlives its Python for a moment finds no application any more.
-            if (!PythonRuntime::running())
-                throw std::runtime_error("Python ends");
-            // With the prompt of commands also in Python mode: by that the console finds them for a journal.
-            OutputRouter::instance().print_line(command_prompt + line);
-            CommandInterpreter::Outcome outcome = Fennar::instance().interpreter().call(line);
-            if (outcome.failure)
-                end_caller();
-            return outcome;
-        };
-        add_python_commands(module,
-                            {&Fennar::instance().registry(), call, &PythonRuntime::require_gui_thread});
     };
     PythonRuntime::start_when_needed(hooks);
     set_framework_interpreters(make_python_interpreter(PythonRuntime::framework_namespace()),

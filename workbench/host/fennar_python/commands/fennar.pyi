@@ -352,8 +352,7 @@ def intersect(*solid: Solid | str | int | _Iterable[Solid | str | int]) -> Solid
 def list(*solid: Solid | str | int | _Iterable[Solid | str | int]) -> _builtins.list[Solid]:
     """Lists solids with their measures.
 
-    Solids can be named by name or by id. The box around a solid is exact to six digits; around round solids
-    that were turned it has some room.
+    Solids can be named by name or by id. The box around a solid is exact to six digits.
 
     solid: Solids (a solid or its name or "all"; any number of them)
 
