@@ -165,6 +165,26 @@ auto listened(const ShapeListener& listener, const Work& work)
     throw GeometryError(u"cancelled; nothing has changed"_s);
 }
 
+/** Whether @p brep could hold as many curves, surfaces and so on as it says. The kernel takes each number on
+ * trust, and reads on for as many behind the end. */
+bool has_room_for_its_counts(const QByteArray& brep)
+{
+    for (const char* section : {"Locations", "Curve2ds", "Curves", "Polygon3D", "PolygonOnTriangulations",
+                                "Surfaces", "Triangulations", "TShapes"}) {
+        const QByteArray begin = QByteArray("\n") + section + ' ';
+        for (qsizetype at = brep.indexOf(begin); at >= 0; at = brep.indexOf(begin, at + begin.size())) {
+            const qsizetype start = at + begin.size();
+            const qsizetype end = brep.indexOf('\n', start);
+            bool is_number = false;
+            const qint64 count =
+                brep.sliced(start, (end < 0 ? brep.size() : end) - start).trimmed().toLongLong(&is_number);
+            if (!is_number || count < 0 || count > brep.size() - start)
+                return false;
+        }
+    }
+    return true;
+}
+
 } // namespace
 
 Shape Shape::brick(const Point3& size, const Point3& center)
@@ -307,7 +327,8 @@ qint64 Shape::memory() const
 Shape Shape::from_brep(const QByteArray& brep)
 {
     // The kernel looks for ever for what is missing behind the end.
-    if (!brep.left(200).contains("CASCADE Topology") || !ends_brep(brep.right(64)))
+    if (!brep.left(200).contains("CASCADE Topology") || !ends_brep(brep.right(64)) ||
+        !has_room_for_its_counts(brep))
         return {};
     return call_kernel([&brep] {
         TopoDS_Shape shape;

@@ -675,8 +675,11 @@ void TstGeometryModel::damaged_brep_is_refused()
     const QByteArray brep = model.shape(1).brep();
     QByteArray other = brep;
     other.replace("Surfaces", "Sandwiches");
+    // The kernel would look for all of them.
+    QByteArray endless = brep;
+    endless.replace("\nCurves ", "\nCurves 200000000");
     for (const QByteArray& bad :
-         {QByteArray(), QByteArray("brep"), brep.first(brep.size() / 2), brep.first(20), other}) {
+         {QByteArray(), QByteArray("brep"), brep.first(brep.size() / 2), brep.first(20), other, endless}) {
         QVERIFY(!failure([&] { model.add({Shape::from_brep(bad)}, u"a"_s); }).isEmpty());
         QCOMPARE(model.ids(), QList<int>({1}));
     }
