@@ -49,8 +49,8 @@ CommandButtonPanel::~CommandButtonPanel() = default;
 
 void CommandButtonPanel::set_model(NavigationModel* model, const QModelIndex& root)
 {
-    record("CommandButtonPanel", u"set_model(%1, %2)"_s.arg(model ? u"set"_s : u"null"_s, text(root)));
     mPrivate->root = root;
+    record("CommandButtonPanel", u"set_model(%1, %2)"_s.arg(model ? u"set"_s : u"null"_s, text(root)));
 }
 
 QModelIndex CommandButtonPanel::root_index() const
@@ -64,8 +64,8 @@ QModelIndex CommandButtonPanel::current_index() const
 
 void CommandButtonPanel::set_current_index(const QModelIndex& index)
 {
-    record("CommandButtonPanel", u"set_current_index(%1)"_s.arg(text(index)));
     mPrivate->current = index;
+    record("CommandButtonPanel", u"set_current_index(%1)"_s.arg(text(index)));
 }
 
 struct BreadcrumbsPanel::Private
@@ -83,8 +83,8 @@ BreadcrumbsPanel::~BreadcrumbsPanel() = default;
 
 void BreadcrumbsPanel::set_model(NavigationModel* model, const QModelIndex& root)
 {
-    record("BreadcrumbsPanel", u"set_model(%1, %2)"_s.arg(model ? u"set"_s : u"null"_s, text(root)));
     mPrivate->root = root;
+    record("BreadcrumbsPanel", u"set_model(%1, %2)"_s.arg(model ? u"set"_s : u"null"_s, text(root)));
 }
 
 QModelIndex BreadcrumbsPanel::root_index() const
@@ -98,12 +98,12 @@ QModelIndex BreadcrumbsPanel::current_index() const
 
 void BreadcrumbsPanel::set_current_index(const QModelIndex& index)
 {
-    record("BreadcrumbsPanel", u"set_current_index(%1)"_s.arg(text(index)));
     mPrivate->current = index;
+    record("BreadcrumbsPanel", u"set_current_index(%1)"_s.arg(text(index)));
 }
 
 void BreadcrumbsPanel::setUsingLargeIcons(bool large)
 {
-    record("BreadcrumbsPanel", u"setUsingLargeIcons(%1)"_s.arg(large ? u"true"_s : u"false"_s));
     usingLargeIcons = large;
+    record("BreadcrumbsPanel", u"setUsingLargeIcons(%1)"_s.arg(large ? u"true"_s : u"false"_s));
 }

@@ -75,8 +75,11 @@ Stage::Stage() : mTracker(std::make_unique<Tracker>(*this)), mPlace(std::make_un
 {
     // What the documents and formats of the tests record is told by themselves, when they bear to be deleted.
     host().on_record = [this](const QString& call) {
-        if (!call.startsWith(u"Documents"_s) && !call.startsWith(u"own::"_s))
-            moment(call.section(u'(', 0, 0));
+        const QString way = call.section(u'(', 0, 0);
+        // Nobody can take the window away under a panel that is being made: the window is its parent.
+        const bool is_made = way.section("::"_L1, 0, 0) == way.section("::"_L1, 1);
+        if (!call.startsWith(u"Documents"_s) && !call.startsWith(u"own::"_s) && !is_made)
+            moment(way);
     };
     file = place(u"new.mdl"_s);
     OstrelFileMenu::mFileName.clear();

@@ -52,6 +52,15 @@ std::span<const Flow> panel_flows()
              if (stage.window())
                  stage.window()->options()->show_panel(u"Own/Page"_s);
          }},
+        {"command panel of another kind",
+         [](Stage& stage) {
+             for (const bool rows : {true, false, true}) {
+                 if (stage.window())
+                     stage.window()->setUsingButtonRows(rows);
+                 if (stage.window())
+                     stage.window()->setUsingLargeButtonIcons(rows);
+             }
+         }},
         {"options refreshed",
          [](Stage& stage) {
              if (stage.window())

@@ -139,6 +139,15 @@ QStringList host_calls()
 {
     QStringList found =
         found_in(content(u"tests/hostdouble/HostDouble.cpp"_s), uR"re((?:record|Call call)\("([^"(]+)")re"_s);
+    // The panels name themselves ahead of the call.
+    const QString panels = content(u"tests/hostdouble/panels.cpp"_s);
+    for (const QString& panel : {u"CommandButtonPanel"_s, u"BreadcrumbsPanel"_s}) {
+        const QStringList calls = found_in(panels, uR"re(record\("%1", u"(\w+))re"_s.arg(panel));
+        for (const QString& call : calls) {
+            if (call != panel)
+                found << panel + u"::"_s + call;
+        }
+    }
     found.removeDuplicates();
     return found;
 }
