@@ -28,6 +28,16 @@ QString tr(const char* text)
     return QCoreApplication::translate("KeptDocument", text);
 }
 
+/** A text of the first line, without the marks of a byte order that it begins with: the reader of JSON leaves
+ * one out each time. */
+QString text_of(const QJsonObject& head, const QString& key)
+{
+    QString text = head.value(key).toString();
+    while (text.startsWith(QChar::ByteOrderMark))
+        text.remove(0, 1);
+    return text;
+}
+
 } // namespace
 
 QByteArrayList KeptDocument::encode() const
@@ -55,11 +65,11 @@ KeptDocument KeptDocument::decode(const QByteArray& bytes)
     QByteArrayView content = bytes;
     auto encoding = QStringConverter::Utf8;
     if (head.value(format_key).toInt() == format_version) {
-        kept.file = head.value(file_key).toString();
+        kept.file = text_of(head, file_key);
         kept.changed = QDateTime::fromString(head.value(changed_key).toString(), Qt::ISODateWithMs);
         if (head.value(encoding_key).toString() == utf16)
             encoding = QStringConverter::Utf16LE;
-        kept.kind = head.value(kind_key).toString();
+        kept.kind = text_of(head, kind_key);
         content = content.sliced(line_end + 1);
     }
     if (!kept.kind.isEmpty()) {

@@ -16,6 +16,7 @@ private slots:
     void what_is_decoded_is_what_was_encoded_data();
     void what_is_decoded_is_what_was_encoded();
     void text_stands_in_utf8_behind_one_line();
+    void marks_of_a_byte_order_are_no_part_of_a_kind();
     void work_of_a_component_comes_back();
     void bytes_without_the_first_line_are_all_text_data();
     void bytes_without_the_first_line_are_all_text();
@@ -61,6 +62,15 @@ void TstKeptDocument::text_stands_in_utf8_behind_one_line()
 {
     const QByteArray bytes = KeptDocument{u"/a\nb"_s, {}, u"gr\u00fcn\nzwei"_s}.encode().join();
     QCOMPARE(bytes.sliced(bytes.indexOf('\n') + 1), QByteArray("gr\xc3\xbcn\nzwei"));
+}
+
+void TstKeptDocument::marks_of_a_byte_order_are_no_part_of_a_kind()
+{
+    const KeptDocument kept =
+        KeptDocument::decode("{\"fennar kept journal\":1,\"kind\":\"\xef\xbb\xbf\xef\xbb\xbfmodel\"}\nbytes");
+    QCOMPARE(kept.kind, u"model"_s);
+    QCOMPARE(KeptDocument::decode(kept.encode().join()).kind, kept.kind);
+    QCOMPARE(kept.data, QByteArrayList{"bytes"});
 }
 
 void TstKeptDocument::work_of_a_component_comes_back()
