@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <QString>
+
 class CommandRegistry;
 class GraphicsState;
 
