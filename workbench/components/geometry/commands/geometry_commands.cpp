@@ -241,13 +241,18 @@ CommandParameter height()
     return length_parameter(u"HEIGHT"_s, u"a height"_s, QT_TRANSLATE_NOOP("CommandParameter", "Height"));
 }
 
-/** Of a torus. */
-QList<CommandParameter> radii()
+/** The radius of a torus from its middle to that of the tube. */
+CommandParameter ring_radius()
 {
-    CommandParameter whole = radius();
-    whole.example = u"10"_s;
-    return {whole, length_parameter(u"TUBE_RADIUS"_s, u"a radius of the tube"_s,
-                                    QT_TRANSLATE_NOOP("CommandParameter", "Radius of the tube"), u"2"_s)};
+    CommandParameter result = radius();
+    result.example = u"10"_s;
+    return result;
+}
+
+CommandParameter tube_radius()
+{
+    return length_parameter(u"TUBE_RADIUS"_s, u"a radius of the tube"_s,
+                            QT_TRANSLATE_NOOP("CommandParameter", "Radius of the tube"), u"2"_s);
 }
 
 /** Those of a brick that may be left out together. */
@@ -329,7 +334,7 @@ QList<GeometryCommand> making_commands()
          .summary = "Makes a torus."_L1,
          .help = axis_help,
          .perform = torus,
-         .forms = {{.clauses = {required_value(radii()[0]), required_value(radii()[1]), center(),
+         .forms = {{.clauses = {required_value(ring_radius()), required_value(tube_radius()), center(),
                                 axis_clause(), name_clause()}}},
          .changes_model = true,
          .result = entity_type(solid_entity())},

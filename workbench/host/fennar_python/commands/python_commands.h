@@ -9,6 +9,8 @@
 
 #include <functional>
 
+struct _object; // NOLINT(bugprone-reserved-identifier): the name that Python gives it
+
 /** What the functions of commands need. */
 struct PythonCommandServices
 {
