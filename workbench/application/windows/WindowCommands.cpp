@@ -214,7 +214,7 @@ Command picture_command()
                 u"window;\n"
                 "the other names are those of \"show\", and \"active\" is the window that has the keyboard.\n"
                 "The command waits until shapes that are still being made are in sight.\n"
-                "With \"after\" it does not wait: the picture is taken so many seconds later, be it that\n"
+                "With \"after\" it does not wait: the picture is taken so many seconds later, even if\n"
                 "another command is running or a dialog is open then."_s,
             .forms = {{.clauses = {required_value({.name = u"FILE"_s,
                                                    .kind = Kind::OutputFile,

@@ -435,7 +435,7 @@ def picture(file: str | _os.PathLike[str], *, of: _Literal['main', 'editor', 'op
     The ending of FILE selects the format, as .png or .jpg. Without "of" it is the main window;
     the other names are those of "show", and "active" is the window that has the keyboard.
     The command waits until shapes that are still being made are in sight.
-    With "after" it does not wait: the picture is taken so many seconds later, be it that
+    With "after" it does not wait: the picture is taken so many seconds later, even if
     another command is running or a dialog is open then.
 
     file: Picture (a file to write)
