@@ -7,46 +7,17 @@
 #include "frame/read_setting.h"
 #include "frame/settings_keys.h"
 #include "fuzz/fuzz_target.h"
+#include "workbench/application/settings/MemoryFile.h"
 #include "workbench/application/settings/SettingsFormat.h"
 #include "workbench/application/settings/settings_checks.h"
 
 #include <QRect>
 
 #include <algorithm>
-#include <array>
-#include <ctime>
-#include <sys/mman.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/** A file without a disk, since Qt's reader of settings wants a name. */
-class MemoryFile
-{
-public:
-    MemoryFile() : mFile(::memfd_create("fuzz_settings.conf", 0))
-    {
-        expect(mFile >= 0, "memory can be a file");
-    }
-
-    QString name() const { return u"/proc/self/fd/%1"_s.arg(mFile); }
-    void set(const char* data, std::size_t size)
-    {
-        expect(::ftruncate(mFile, 0) == 0, "the file can be emptied");
-        expect(::pwrite(mFile, data, size, 0) == static_cast<ssize_t>(size), "the file can be written");
-        // Qt reads a file anew that has another time, in milliseconds.
-        mTime += 10;
-        const std::timespec time{mTime, 0};
-        expect(::futimens(mFile, std::array{time, time}.data()) == 0, "the file can get another time");
-    }
-
-private:
-    int mFile;
-    std::time_t mTime = 1'000'000'000;
-};
 
 /** Whether it is of a kind that the program keeps. Streams of other kinds differ between versions of Qt. */
 bool is_own(const QVariant& value)
@@ -106,18 +77,18 @@ extern "C" const char* __asan_default_options()
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static MemoryFile file;
-    static const QString name = file.name();
-    file.set(reinterpret_cast<const char*>(data), size);
+    const MemoryFile file({reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)});
+    expect(file.is_valid(), "memory can be a file");
     QSettings::SettingsMap first;
     {
-        QSettings settings(name, settings_format());
+        QSettings settings(file.name(), settings_format());
         read_as_shell(settings);
         first = contents(settings);
     }
     const QByteArray written = ini_text(first);
-    file.set(written.constData(), static_cast<std::size_t>(written.size()));
-    const QSettings settings(name, QSettings::IniFormat);
+    const MemoryFile again(written);
+    expect(again.is_valid(), "memory can be a file");
+    const QSettings settings(again.name(), QSettings::IniFormat);
     expect(settings.status() == QSettings::NoError, "what is written can be read");
     expect(ini_text(contents(settings)) == written, "settings that were written come back");
     return 0;

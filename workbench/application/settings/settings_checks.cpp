@@ -5,18 +5,14 @@
 
 #include "frame/read_setting.h"
 #include "frame/settings_keys.h"
+#include "workbench/application/settings/MemoryFile.h"
 #include "workbench/application/settings/SettingsFormat.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
 
-#include <array>
 #include <cstdio>
-#include <ctime>
-#include <sys/mman.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -36,36 +32,6 @@ QString name_beside(const QString& path)
         name = path + u".unreadable-%1"_s.arg(number);
     return name;
 }
-
-/**
- * A copy for Qt to read: it keeps what it has read once under a name, and tells the first reader alone what
- * was wrong. In memory, since a disk that is full is not the file's fault.
- */
-class MemoryFile
-{
-public:
-    explicit MemoryFile(const QByteArray& text) : mFile(memfd_create("settings", MFD_CLOEXEC))
-    {
-        // Under the same name Qt reads anew what has another time.
-        static std::time_t times = 0;
-        const std::timespec time{++times, 0};
-        mIsValid = mFile >= 0 && write(mFile, text.constData(), std::size_t(text.size())) == text.size() &&
-                   futimens(mFile, std::array{time, time}.data()) == 0;
-    }
-    ~MemoryFile()
-    {
-        if (mFile >= 0)
-            close(mFile);
-    }
-    Q_DISABLE_COPY_MOVE(MemoryFile)
-
-    bool is_valid() const { return mIsValid; }
-    QString name() const { return u"/proc/self/fd/%1"_s.arg(mFile); }
-
-private:
-    int mFile;
-    bool mIsValid = false;
-};
 
 struct WindowKeys
 {
@@ -107,6 +73,7 @@ bool are_readable_settings(const QString& path)
     const QByteArray text = file.readAll();
     if (file.error() != QFileDevice::NoError)
         return false;
+    // A disk that is full is not the file's fault, so the copy is not on it.
     const MemoryFile copy(text);
     if (!copy.is_valid())
         return true;
