@@ -77,7 +77,7 @@ class DebianPackage(unittest.TestCase):
     def test_the_program_asks_for_what_it_uses(self):
         needs = program.alternatives("Depends")
         for pattern in (r"libc6", r"libqt6widgets6(t64)?", r"libpython3\.\d+(t64)?", r"libgmsh\d.*",
-                        r"libocct-modeling-algorithms-.*", r"libstdc\+\+6",
+                        r"libocct-modeling-algorithms-.*", r"libocct-data-exchange-.*", r"libstdc\+\+6",
                         # No library of the program asks for this one: Qt loads it when it meets the first icon.
                         r"libqt6svg6|qt6-svg-plugins"):
             self.assertTrue(any(re.fullmatch(pattern, name) for name in needs), f"{pattern} in {needs}")

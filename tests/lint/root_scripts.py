@@ -316,7 +316,7 @@ class Scripts(unittest.TestCase):
 
     ALL = ("g++ cmake ninja-build mold ccache qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qt6-translations-l10n "
            "libgl-dev libqt6opengl6-dev pybind11-dev python3-dev fonts-dejavu-core libgmsh-dev "
-           "libocct-foundation-dev libocct-modeling-data-dev libocct-modeling-algorithms-dev libocct-visualization-dev")
+           "libocct-foundation-dev libocct-modeling-data-dev libocct-modeling-algorithms-dev libocct-data-exchange-dev libocct-visualization-dev")
 
     def test_packages_without_apt_names_them_all_and_fails(self):
         packages = self.packages("build", "display")

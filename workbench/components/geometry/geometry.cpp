@@ -21,6 +21,7 @@
 #include "workbench/sdk/core/files/UnsavedWorks.h"
 #include "workbench/sdk/core/scene/Scene.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -32,12 +33,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /** The programs lie in a folder beside this shared object, or beside what a link to it stands for. */
-QString program_path(const QString& name)
+QDir program_folder()
 {
     Dl_info info = {};
-    if (!dladdr(reinterpret_cast<const void*>(&program_path), &info) || !info.dli_fname)
+    if (!dladdr(reinterpret_cast<const void*>(&program_folder), &info) || !info.dli_fname)
         return {};
-    return QFileInfo(QFile::decodeName(info.dli_fname)).canonicalPath() + u"/libexec/"_s + name;
+    return QFileInfo(QFile::decodeName(info.dli_fname)).canonicalPath() + u"/libexec"_s;
 }
 
 /** What the commands that open and save do: with a window the same as the file menu. */
@@ -79,7 +80,7 @@ void fennar::load_component(ComponentContext& context)
     auto& model = context.make<GeometryModel>();
     model.steps().set_journal([] { return Fennar::instance().playback().journal_number(); });
     auto& document = context.make<GeometryDocument>(model);
-    auto& exchange = context.make<FileExchange>(model, program_path(u"fennar-converter"_s));
+    auto& exchange = context.make<FileExchange>(model, program_folder());
     Ostrel* const window = context.window();
     GeometryFileHandler* const handler =
         window ? &context.make<GeometryFileHandler>(window, document) : nullptr;
@@ -90,7 +91,7 @@ void fennar::load_component(ComponentContext& context)
                 formats->imported(file, done);
         };
         return register_geometry_commands(registry, owner, model, application,
-                                          program_path(u"fennar-mesher"_s)) &&
+                                          program_folder().filePath(u"fennar-mesher"_s)) &&
                register_document_commands(registry, owner, model, document_actions(document, handler)) &&
                register_file_commands(registry, owner, model, exchange, application, imported);
     });

@@ -49,7 +49,7 @@ public:
         mInputPath = path(name);
         add("input " + name.toUtf8());
     }
-    bool run(const QString& converter, const MesherListener& listener) const
+    bool run(const QString& program, const MesherListener& listener) const
     {
         write_job_file(path(u"job"_s), mText);
         MesherListener renaming = listener;
@@ -59,7 +59,7 @@ public:
                 listener.message(message);
             };
         try {
-            return run_engine_process(converter, path(u"job"_s), converter_name, renaming);
+            return run_engine_process(program, path(u"job"_s), converter_name, renaming);
         } catch (const GeometryError& error) {
             throw GeometryError(with_users_name(error.message()));
         }
@@ -182,20 +182,21 @@ std::optional<FileExchange::Imported> FileExchange::import_file(const QString& f
 {
     check_file(file, format);
     try {
-        return format.content == Format::Content::Solids ? read_solids(file, format.endings.first(), listener)
+        return format.content == Format::Content::Solids ? read_solids(file, format, listener)
                                                          : read_mesh(file, format, listener);
     } catch (const GeometryError& error) {
         throw cannot_import(file, error.message());
     }
 }
 
-std::optional<FileExchange::Imported> FileExchange::read_solids(const QString& file, const QString& ending,
+std::optional<FileExchange::Imported> FileExchange::read_solids(const QString& file, const Format& format,
                                                                 const MesherListener& listener)
 {
-    ConverterJob job("read solids");
+    const QString ending = format.endings.first();
+    ConverterJob job("read " + ending.toUtf8());
     job.add_input(file, u"input."_s + ending);
     job.add("output solid");
-    if (!job.run(mConverter, listener))
+    if (!job.run(program(format), listener))
         return std::nullopt;
     QList<Shape> shapes;
     for (int i = 1; QFile::exists(job.path(u"solid%1.brep"_s.arg(i))); ++i)
@@ -219,7 +220,7 @@ std::optional<FileExchange::Imported> FileExchange::read_mesh(const QString& fil
     }
     job.add("output mesh.msh");
     job.add("statistics statistics");
-    if (!job.run(mConverter, listener))
+    if (!job.run(program(format), listener))
         return std::nullopt;
     auto mesh = std::make_shared<Mesh>();
     mesh->file = file;
@@ -269,6 +270,12 @@ bool FileExchange::export_file(const QString& file, const Format& format, const 
     }
 }
 
+QString FileExchange::program(const Format& format) const
+{
+    return mPrograms.filePath(format.content == Format::Content::Solids ? u"fennar-solids"_s
+                                                                        : u"fennar-converter"_s);
+}
+
 /** Lets the converter make a file, of shapes or else of the mesh. Empty if the listener has ended it. */
 std::optional<QByteArray> FileExchange::convert(const Format& format, const QList<Shape>& shapes, double size,
                                                 const MesherListener& listener) const
@@ -285,7 +292,7 @@ std::optional<QByteArray> FileExchange::convert(const Format& format, const QLis
         job.add("size " + QByteArray::number(size, 'g', 17));
     }
     job.add("output " + output.toUtf8());
-    if (!job.run(mConverter, listener))
+    if (!job.run(program(format), listener))
         return std::nullopt;
     QByteArray content = read_job_file(job.path(output), no_result);
     if (format.foreign) {

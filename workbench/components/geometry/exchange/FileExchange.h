@@ -7,6 +7,7 @@
 #include "workbench/components/geometry/model/Mesh.h"
 #include "workbench/components/geometry/programs/engine_process.h"
 
+#include <QDir>
 #include <QList>
 #include <QString>
 
@@ -48,10 +49,10 @@ public:
     };
 
     /**
-     * @param model      must outlive this object.
-     * @param converter  the path of the program that reads and writes.
+     * @param model     must outlive this object.
+     * @param programs  the folder of the programs that read and write.
      */
-    FileExchange(GeometryModel& model, const QString& converter) : mModel(model), mConverter(converter) {}
+    FileExchange(GeometryModel& model, const QDir& programs) : mModel(model), mPrograms(programs) {}
 
     /** Adds the solids of a file to the model, or replaces the model's mesh. Empty if the listener has ended
      * it. */
@@ -63,13 +64,15 @@ public:
                      const MesherListener& listener) const;
 
 private:
-    std::optional<Imported> read_solids(const QString& file, const QString& ending,
+    std::optional<Imported> read_solids(const QString& file, const Format& format,
                                         const MesherListener& listener);
     std::optional<Imported> read_mesh(const QString& file, const Format& format,
                                       const MesherListener& listener);
     std::optional<QByteArray> convert(const Format& format, const QList<Shape>& shapes, double size,
                                       const MesherListener& listener) const;
 
+    QString program(const Format& format) const;
+
     GeometryModel& mModel;
-    QString mConverter;
+    QDir mPrograms;
 };

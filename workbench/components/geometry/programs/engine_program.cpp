@@ -4,41 +4,10 @@
 #include "workbench/components/geometry/programs/engine_program.h"
 
 #include <algorithm>
-#include <clocale>
-#include <cstdio>
-#include <exception>
 #include <gmsh.h>
-#include <iostream>
 #include <limits>
 #include <ostream>
 #include <vector>
-
-#ifdef __linux__
-#include <csignal>
-#include <sys/prctl.h>
-#include <unistd.h>
-#endif
-
-namespace {
-
-/** The process that started this one may die without a word, and nobody would want the result any more. */
-void die_with_parent()
-{
-#ifdef __linux__
-    const pid_t parent = getppid();
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (getppid() != parent)
-        std::_Exit(1);
-#endif
-}
-
-} // namespace
-
-void stage(const char* name)
-{
-    std::printf("@stage %s\n", name);
-    std::fflush(stdout);
-}
 
 bool has_elements(int dimension, int entity)
 {
@@ -113,26 +82,10 @@ void write_quality(std::ostream& out, const char* measure)
 
 int run_engine_program(int argc, char** argv, const std::function<bool(const std::string& job)>& run)
 {
-    die_with_parent();
-    std::setlocale(LC_ALL, "C");
-    // Progress must not wait until a buffer is full.
-    std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
-    // The CAD kernel praises its own work there; the engine tells what has gone wrong in its own lines.
-    std::cout.rdbuf(nullptr);
-    try {
+    return run_file_program(argc, argv, [&run](const std::string& job) {
         gmsh::initialize(0, nullptr, false);
-        const bool understood = argc == 2 && run(argv[1]);
+        const bool understood = run(job);
         gmsh::finalize();
-        if (understood)
-            return 0;
-        std::fprintf(stderr, "usage: %s JOB\n", argv[0]);
-        return 2;
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "Error   : %s\n", error.what());
-    } catch (const std::string& error) { // what older versions of the engine throw
-        std::fprintf(stderr, "Error   : %s\n", error.c_str());
-    } catch (...) {
-        std::fputs("Error   : the engine failed for an unknown reason\n", stderr);
-    }
-    return 1;
+        return understood;
+    });
 }

@@ -1,14 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-// Reads and writes files in a process of its own:  fennar-converter JOB
+// Reads and writes files of meshes in a process of its own:  fennar-converter JOB
 //
 // JOB is a text file, one entry a line; paths have no blank and are relative to the folder it lies in. It
 // begins with one of
 //
-//     read solids          reads "input", a file with exact solids, and writes each solid to a file in the
-//     BREP
-//                          format, named "output" with 1, 2, ... and ".brep" behind it
 //     read mesh            reads "input", a file that the engine knows, and writes the mesh to "output" in
 //     the
 //                          MSH format, its counts and quality to "statistics", and to the file "surface"
@@ -24,7 +21,6 @@
 // Output and exit status are as those of fennar-mesher.
 
 #include "workbench/components/geometry/programs/engine_program.h"
-#include "workbench/components/geometry/programs/is_written.h"
 
 #include <algorithm>
 #include <array>
@@ -32,9 +28,7 @@
 #include <cstdint>
 #include <fstream>
 #include <gmsh.h>
-#include <map>
 #include <set>
-#include <sstream>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -44,64 +38,17 @@ namespace {
 
 namespace occ = gmsh::model::occ;
 
-struct Job
-{
-    std::string action;
-    std::string kind;
-    std::string folder;
-    std::string input;
-    std::string output;
-    std::string statistics;
-    std::string mesh;
-    std::string solids;
-    double size = 0;
-};
-
 struct Triangles
 {
     std::vector<double> points;
     std::vector<std::uint32_t> corners;
 };
 
-bool read_job(const std::string& path, Job& job)
+bool is_complete(const Job& job)
 {
-    const std::size_t slash = path.rfind('/');
-    job.folder = slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
-    std::ifstream file(path);
-    if (!(file >> job.action >> job.kind))
-        return false;
-    const std::map<std::string, std::string*> files{{"input", &job.input},
-                                                    {"output", &job.output},
-                                                    {"statistics", &job.statistics},
-                                                    {"mesh", &job.mesh},
-                                                    {"solids", &job.solids}};
-    std::string key;
-    while (file >> key) {
-        std::string word;
-        if (key == "size") {
-            file >> job.size;
-        } else if (const auto found = files.find(key); found != files.end()) {
-            file >> word;
-            *found->second = job.folder + word;
-        } else {
-            return false;
-        }
-        if (file.fail())
-            return false;
-    }
-    if (job.output.empty())
-        return false;
     if (job.action == "read")
-        return !job.input.empty() &&
-               (job.kind == "solids" ||
-                ((job.kind == "mesh" || job.kind == "surface") && !job.statistics.empty()));
+        return (job.kind == "mesh" || job.kind == "surface") && !job.input.empty() && !job.statistics.empty();
     return job.action == "write" && job.mesh.empty() != job.solids.empty();
-}
-
-void check_written(const std::string& path)
-{
-    if (!is_written(path.c_str()))
-        throw Failure("a temporary file cannot be written; the disk may be full");
 }
 
 void write_checked(const std::string& path)
@@ -116,65 +63,6 @@ gmsh::vectorpair volumes()
     gmsh::vectorpair shapes;
     occ::getEntities(shapes, 3);
     return shapes;
-}
-
-/** Writes the volumes of a BREP file to a file each. Halving it again and again costs less than taking one by
- * one. */
-void split(const std::string& file, std::size_t count, std::size_t first, const Job& job)
-{
-    if (count == 1) {
-        const std::string target = job.output + std::to_string(first) + ".brep";
-        if (std::rename(file.c_str(), target.c_str()) != 0)
-            throw Failure("a temporary file cannot be written");
-        return;
-    }
-    const std::size_t middle = count / 2;
-    for (const bool second : {false, true}) {
-        gmsh::model::add("part");
-        gmsh::vectorpair shapes;
-        occ::importShapes(file, shapes, true, "brep");
-        std::sort(shapes.begin(), shapes.end());
-        if (shapes.size() != count)
-            throw Failure("the solids cannot be told apart");
-        const auto border = shapes.begin() + static_cast<std::ptrdiff_t>(middle);
-        occ::remove(
-            second ? gmsh::vectorpair(shapes.begin(), border) : gmsh::vectorpair(border, shapes.end()), true);
-        occ::synchronize();
-        const std::string part = file + (second ? "b" : "a") + ".brep";
-        gmsh::write(part);
-        check_written(part);
-        gmsh::model::remove();
-        split(part, second ? count - middle : middle, second ? first + middle : first, job);
-    }
-    std::remove(file.c_str());
-}
-
-void read_solids(const Job& job)
-{
-    // The CAD kernel turns all lengths into millimetres unless it is told otherwise.
-    gmsh::model::add("input");
-    gmsh::vectorpair shapes;
-    stage("open");
-    occ::importShapes(job.input, shapes);
-    if (volumes().empty()) {
-        // Surfaces that are only said to belong together, as most IGES files have them.
-        gmsh::model::remove();
-        gmsh::model::add("sewn");
-        gmsh::option::setNumber("Geometry.OCCSewFaces", 1);
-        gmsh::option::setNumber("Geometry.OCCMakeSolids", 1);
-        occ::importShapes(job.input, shapes);
-        gmsh::option::setNumber("Geometry.OCCSewFaces", 0);
-        gmsh::option::setNumber("Geometry.OCCMakeSolids", 0);
-    }
-    const std::size_t count = volumes().size();
-    if (count == 0)
-        throw Failure("it holds no solid");
-    occ::synchronize();
-    const std::string all = job.folder + "all.brep";
-    gmsh::write(all);
-    check_written(all);
-    gmsh::model::remove();
-    split(all, count, 1, job);
 }
 
 /** The first three corners of each triangle, and two triangles for each quadrangle. */
@@ -411,15 +299,13 @@ int main(int argc, char** argv)
 {
     return run_engine_program(argc, argv, [](const std::string& path) {
         Job job;
-        if (!read_job(path, job))
+        if (!job.read(path) || !is_complete(job))
             return false;
         // All elements, not only those of a physical group.
         gmsh::option::setNumber("Mesh.SaveAll", 1);
         gmsh::option::setNumber("Mesh.Binary", 1);
         if (job.action == "write")
             write_file(job);
-        else if (job.kind == "solids")
-            read_solids(job);
         else
             read_mesh(job);
         return true;

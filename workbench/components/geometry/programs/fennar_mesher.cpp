@@ -31,7 +31,7 @@
 
 namespace {
 
-struct Job
+struct MeshJob
 {
     struct Solid
     {
@@ -45,7 +45,7 @@ struct Job
     std::vector<Solid> solids;
 };
 
-bool read_job(const std::string& path, Job& job)
+bool read_job(const std::string& path, MeshJob& job)
 {
     const std::size_t slash = path.rfind('/');
     const std::string folder = slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
@@ -64,7 +64,7 @@ bool read_job(const std::string& path, Job& job)
             words >> job.statistics;
             job.statistics.insert(0, folder);
         } else if (key == "solid") {
-            Job::Solid solid;
+            MeshJob::Solid solid;
             words >> solid.name >> solid.file;
             solid.file.insert(0, folder);
             job.solids.push_back(solid);
@@ -78,10 +78,10 @@ bool read_job(const std::string& path, Job& job)
 }
 
 /** Reads the solids; a physical group of each one's name keeps the elements of its volumes together. */
-void read_solids(const Job& job)
+void read_solids(const MeshJob& job)
 {
     std::vector<std::pair<std::string, std::vector<int>>> groups;
-    for (const Job::Solid& solid : job.solids) {
+    for (const MeshJob::Solid& solid : job.solids) {
         gmsh::vectorpair entities;
         gmsh::model::occ::importShapes(solid.file, entities, true, "brep");
         std::vector<int> volumes;
@@ -111,7 +111,7 @@ void read_solids(const Job& job)
     std::printf("@expect %.0f\n", std::clamp(expected, 1.0, 1e12));
 }
 
-void generate(const Job& job)
+void generate(const MeshJob& job)
 {
     for (const char* option : {"Mesh.MeshSizeMin", "Mesh.MeshSizeMax"})
         gmsh::option::setNumber(option, job.size);
@@ -137,7 +137,7 @@ void check_volumes()
     }
 }
 
-void run(const Job& job)
+void run(const MeshJob& job)
 {
     gmsh::model::add("mesh");
     stage("read");
@@ -162,7 +162,7 @@ void run(const Job& job)
 int main(int argc, char** argv)
 {
     return run_engine_program(argc, argv, [](const std::string& path) {
-        Job job;
+        MeshJob job;
         if (!read_job(path, job))
             return false;
         run(job);

@@ -105,7 +105,7 @@ void TstCommandFlags::set_up()
     QDir::setCurrent(mDirectory.path());
     mModel = std::make_unique<GeometryModel>();
     mDocument = std::make_unique<GeometryDocument>(*mModel);
-    mExchange = std::make_unique<FileExchange>(*mModel, QStringLiteral(FENNAR_CONVERTER));
+    mExchange = std::make_unique<FileExchange>(*mModel, QDir(QStringLiteral(FENNAR_PROGRAMS)));
     mSession = std::make_unique<CommandSession>();
     mServices.turn = [this] { ++mTurns; };
     CommandRegistry& registry = mSession->registry;

@@ -252,7 +252,7 @@ void TstFileCommands::set_up()
     mWorkingDirectory = QDir::currentPath();
     QDir::setCurrent(mDirectory->path());
     mModel = std::make_unique<GeometryModel>();
-    mExchange = std::make_unique<FileExchange>(*mModel, QStringLiteral(FENNAR_CONVERTER));
+    mExchange = std::make_unique<FileExchange>(*mModel, QDir(QStringLiteral(FENNAR_PROGRAMS)));
     mSession = std::make_unique<CommandSession>();
     mServices = {};
     QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s, *mModel, mServices,
