@@ -122,17 +122,6 @@ void check_target(const QString& file)
         throw cannot_export(file, u"there is no folder "_s + shown(info.absolutePath()));
 }
 
-/** Throws if what another component has made of a file cannot be used. */
-void check_surface(const Surface& surface)
-{
-    for (const auto& triangle : surface.triangles) {
-        for (const std::uint32_t corner : triangle) {
-            if (corner >= surface.points.size())
-                throw GeometryError(u"a triangle has a corner that does not exist"_s);
-        }
-    }
-}
-
 /** Calls what another component has brought; whatever it throws becomes a GeometryError. */
 template <typename Work>
 auto foreign(const Work& work)
@@ -158,7 +147,7 @@ Surface read_foreign(const QString& file, const Format& format)
     if (content.size() > most_bytes)
         throw GeometryError(u"it has more than %1 bytes"_s.arg(most_bytes));
     Surface surface = foreign([&] { return format.foreign->read(content.readAll()); });
-    check_surface(surface);
+    check_corners(surface);
     return surface;
 }
 

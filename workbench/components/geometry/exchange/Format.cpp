@@ -112,12 +112,8 @@ bool is_whole(const Format& format, const QByteArray& content)
 {
     if (format.name == u"STEP")
         return content.right(64).trimmed().endsWith("END-ISO-10303-21;");
-    if (format.name == u"BREP")
-        return ends_brep(content.right(64));
     if (format.name == u"STL")
         return is_binary_stl(content, content.size());
-    if (format.name == u"MSH")
-        return content.right(64).trimmed().contains("\n$End");
     return !content.isEmpty();
 }
 

@@ -13,6 +13,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -41,10 +42,15 @@ QByteArray exact(double value)
 
 QByteArrayList write_mesh(const Mesh& mesh, qint64 age)
 {
+    QByteArrayList result;
     QByteArray head = "mesh-size " + exact(mesh.size) + "\nmesh-age " + QByteArray::number(age) +
                       "\nmesh-nodes " + QByteArray::number(mesh.nodes) + '\n';
-    for (const QString& solid : mesh.solids)
-        head += "mesh-solid " + solid.toUtf8() + '\n';
+    for (qsizetype i = 0; i < mesh.solids.size(); ++i) {
+        const QByteArray surface = mesh.surfaces.value(i);
+        head += "mesh-solid " + mesh.solids[i].toUtf8() + "\nmesh-surface " +
+                QByteArray::number(surface.size()) + '\n';
+        result << std::exchange(head, "\n") << surface;
+    }
     for (const Mesh::Elements& elements : mesh.elements)
         head += "mesh-elements " + QByteArray::number(elements.dimension) + ' ' +
                 QByteArray::number(elements.count) + ' ' + elements.kind.toUtf8() + '\n';
@@ -52,7 +58,7 @@ QByteArrayList write_mesh(const Mesh& mesh, qint64 age)
         head += "mesh-quality " + quality.measure.toUtf8() + ' ' + exact(quality.least) + ' ' +
                 exact(quality.mean) + ' ' + exact(quality.most) + '\n';
     head += "mesh " + QByteArray::number(mesh.msh.size()) + '\n';
-    return {head, mesh.msh, "\n"};
+    return result << head << mesh.msh << "\n";
 }
 
 /** A byte order mark at the beginning would be part of the text: lines have none. Half a letter at the end is
@@ -235,8 +241,11 @@ private:
         next_line();
         mesh->nodes = number<qint64>(need("mesh-nodes"), 0);
         next_line();
-        for (; mWord == "mesh-solid"; next_line())
+        for (; mWord == "mesh-solid"; next_line()) {
             mesh->solids << solid_name(mRest);
+            next_line();
+            mesh->surfaces << read_bytes(need("mesh-surface"));
+        }
         for (; mWord == "mesh-elements"; next_line()) {
             const QByteArrayList words = parts(3);
             mesh->elements.append({number<int>(words[0], 0), text_of(words[2]), number<qint64>(words[1], 0)});

@@ -29,6 +29,16 @@ void take_items(const char*& from, std::vector<Item>& items, std::uint64_t count
 
 } // namespace
 
+void check_corners(const Surface& surface)
+{
+    for (const auto& triangle : surface.triangles) {
+        for (const std::uint32_t corner : triangle) {
+            if (corner >= surface.points.size())
+                throw GeometryError(u"a triangle has a corner that does not exist"_s);
+        }
+    }
+}
+
 QByteArray pack_surface(const Surface& surface)
 {
     const std::array<std::uint64_t, 2> counts{surface.points.size(), surface.triangles.size()};
@@ -49,9 +59,10 @@ Surface unpack_surface(const QByteArray& data)
     if (counts[0] > size || counts[1] > size ||
         size !=
             sizeof counts + counts[0] * sizeof surface.points[0] + counts[1] * sizeof surface.triangles[0])
-        throw GeometryError(u"the converter's triangles are damaged"_s);
+        throw GeometryError(u"the triangles are damaged"_s);
     const char* from = data.constData() + sizeof counts;
     take_items(from, surface.points, counts[0]);
     take_items(from, surface.triangles, counts[1]);
+    check_corners(surface);
     return surface;
 }

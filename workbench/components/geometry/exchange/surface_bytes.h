@@ -7,9 +7,13 @@
 
 #include <QByteArray>
 
-/** A surface as it travels to and from the converter: two counts, the points and the triangles, in the
+/** Throws a GeometryError if a triangle has a corner that does not exist. */
+void check_corners(const Surface& surface);
+
+/** A surface as it travels to and from the programs: two counts, the points and the triangles, in the
  * machine's own numbers. */
 QByteArray pack_surface(const Surface& surface);
 
-/** The surface that pack_surface() has packed. Throws a GeometryError if @p data is anything else. */
+/** The surface that pack_surface() has packed; all corners exist. Throws a GeometryError if @p data is
+ * anything else. */
 Surface unpack_surface(const QByteArray& data);

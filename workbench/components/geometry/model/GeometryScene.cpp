@@ -3,9 +3,10 @@
 
 #include "workbench/components/geometry/model/GeometryScene.h"
 
+#include "workbench/components/geometry/exchange/surface_bytes.h"
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
-#include "workbench/components/geometry/model/mesh_surfaces.h"
+#include "workbench/components/geometry/model/mesh_shape.h"
 #include "workbench/sdk/core/scene/Scene.h"
 
 #include <QElapsedTimer>
@@ -174,7 +175,14 @@ std::function<void()> GeometryScene::work_on_mesh()
     if (!mesh)
         return {};
     return [this, mesh] {
-        const auto surfaces = mesh_surfaces(mesh->msh);
+        std::map<QString, std::shared_ptr<const SceneShape>> surfaces;
+        for (qsizetype i = 0; i < std::min(mesh->solids.size(), mesh->surfaces.size()); ++i) {
+            try {
+                surfaces[mesh->solids[i]] = mesh_shape(unpack_surface(mesh->surfaces[i]));
+            } catch (const GeometryError&) {
+                // The mesh of this one is not to be seen.
+            }
+        }
         QMetaObject::invokeMethod(
             this,
             [this, mesh, surfaces] {

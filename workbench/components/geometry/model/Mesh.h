@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayList>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -45,6 +46,8 @@ struct Mesh
     QString file;
     /** The names of the solids when they were meshed. */
     QStringList solids;
+    /** The outer triangles of each one's elements, as pack_surface() writes them. */
+    QByteArrayList surfaces;
     qint64 nodes = 0;
     QList<Elements> elements;
     QList<Quality> quality;

@@ -4,9 +4,12 @@
 #include "workbench/components/geometry/programs/engine_program.h"
 
 #include <algorithm>
+#include <fstream>
 #include <gmsh.h>
 #include <limits>
 #include <ostream>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 bool has_elements(int dimension, int entity)
@@ -78,6 +81,56 @@ void write_quality(std::ostream& out, const char* measure)
     if (count > 0)
         out << "quality " << measure << ' ' << least << ' ' << sum / double(count) << ' ' << most << '\n';
     gmsh::view::remove(views.back());
+}
+
+NodePlaces::NodePlaces()
+{
+    std::vector<std::size_t> tags;
+    std::vector<double> parameters;
+    gmsh::model::mesh::getNodes(tags, mCoordinates, parameters);
+    mOrder.reserve(tags.size());
+    for (std::size_t i = 0; i < tags.size(); ++i)
+        mOrder.emplace_back(tags[i], 3 * i);
+    std::sort(mOrder.begin(), mOrder.end());
+}
+
+const double* NodePlaces::operator[](std::size_t tag) const
+{
+    const auto found = std::lower_bound(mOrder.begin(), mOrder.end(), std::pair(tag, std::size_t(0)));
+    if (found == mOrder.end() || found->first != tag)
+        throw Failure("an element has a node that does not exist");
+    return mCoordinates.data() + found->second;
+}
+
+Triangles make_triangles(const std::vector<std::size_t>& corner_nodes, const NodePlaces& places)
+{
+    Triangles result;
+    result.corners.reserve(corner_nodes.size());
+    std::unordered_map<std::size_t, std::uint32_t> numbers;
+    for (const std::size_t node : corner_nodes) {
+        const auto [found, is_new] = numbers.emplace(node, static_cast<std::uint32_t>(numbers.size()));
+        if (is_new) {
+            const double* const place = places[node];
+            result.points.insert(result.points.end(), place, place + 3);
+        }
+        result.corners.push_back(found->second);
+    }
+    return result;
+}
+
+void write_surface(const Triangles& surface, const std::string& path)
+{
+    const std::uint64_t counts[] = {surface.points.size() / 3, surface.corners.size() / 3};
+    std::ofstream file(path, std::ios::binary);
+    const auto write = [&file](const auto* items, std::size_t count) {
+        file.write(reinterpret_cast<const char*>(items), static_cast<std::streamsize>(count * sizeof *items));
+    };
+    write(counts, 2);
+    write(surface.points.data(), surface.points.size());
+    write(surface.corners.data(), surface.corners.size());
+    file.close();
+    if (!file)
+        throw Failure("a temporary file cannot be written");
 }
 
 int run_engine_program(int argc, char** argv, const std::function<bool(const std::string& job)>& run)

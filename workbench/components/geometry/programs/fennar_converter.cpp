@@ -38,12 +38,6 @@ namespace {
 
 namespace occ = gmsh::model::occ;
 
-struct Triangles
-{
-    std::vector<double> points;
-    std::vector<std::uint32_t> corners;
-};
-
 bool is_complete(const Job& job)
 {
     if (job.action == "read")
@@ -68,15 +62,7 @@ gmsh::vectorpair volumes()
 /** The first three corners of each triangle, and two triangles for each quadrangle. */
 Triangles triangles()
 {
-    Triangles result;
-    std::unordered_map<std::size_t, std::uint32_t> numbers;
-    std::vector<std::size_t> used;
-    const auto add = [&](std::size_t node) {
-        const auto [found, is_new] = numbers.emplace(node, static_cast<std::uint32_t>(used.size()));
-        if (is_new)
-            used.push_back(node);
-        result.corners.push_back(found->second);
-    };
+    std::vector<std::size_t> corner_nodes;
     std::vector<int> types;
     std::vector<std::vector<std::size_t>> tags;
     std::vector<std::vector<std::size_t>> nodes;
@@ -91,23 +77,13 @@ Triangles triangles()
         gmsh::model::mesh::getElementProperties(types[i], name, dimension, order, node_count, local, corners);
         for (std::size_t at = 0; at < nodes[i].size(); at += static_cast<std::size_t>(node_count)) {
             for (int corner = 2; corner < corners; ++corner) {
-                add(nodes[i][at]);
-                add(nodes[i][at + static_cast<std::size_t>(corner) - 1]);
-                add(nodes[i][at + static_cast<std::size_t>(corner)]);
+                const std::size_t second = at + static_cast<std::size_t>(corner) - 1;
+                corner_nodes.insert(corner_nodes.end(),
+                                    {nodes[i][at], nodes[i][second], nodes[i][second + 1]});
             }
         }
     }
-    std::vector<std::size_t> all;
-    std::vector<double> coordinates;
-    std::vector<double> parameters;
-    gmsh::model::mesh::getNodes(all, coordinates, parameters);
-    result.points.resize(3 * used.size());
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        if (const auto found = numbers.find(all[i]); found != numbers.end())
-            std::copy_n(coordinates.begin() + static_cast<std::ptrdiff_t>(3 * i), 3,
-                        result.points.begin() + std::ptrdiff_t(3) * found->second);
-    }
-    return result;
+    return make_triangles(corner_nodes, NodePlaces());
 }
 
 /** Whether each edge belongs to two triangles, which run along it in opposite directions. */
@@ -167,21 +143,6 @@ void read_surface(const std::string& path)
     const int entity = gmsh::model::addDiscreteEntity(2);
     gmsh::model::mesh::addNodes(2, entity, nodes, surface.points);
     gmsh::model::mesh::addElementsByType(entity, 2, {}, corners);
-}
-
-void write_surface(const Triangles& surface, const std::string& path)
-{
-    const std::uint64_t counts[] = {surface.points.size() / 3, surface.corners.size() / 3};
-    std::ofstream file(path, std::ios::binary);
-    const auto write = [&file](const auto* items, std::size_t count) {
-        file.write(reinterpret_cast<const char*>(items), static_cast<std::streamsize>(count * sizeof *items));
-    };
-    write(counts, 2);
-    write(surface.points.data(), surface.points.size());
-    write(surface.corners.data(), surface.corners.size());
-    file.close();
-    if (!file)
-        throw Failure("a temporary file cannot be written");
 }
 
 void read_mesh(const Job& job)
@@ -288,7 +249,7 @@ void write_file(const Job& job)
         if (job.kind == "vtk")
             gmsh::option::setNumber("Mesh.Binary", 0);
         write_checked(job.output);
-        if (job.kind == "vtk" || job.kind == "msh")
+        if (job.kind == "vtk")
             check_mesh(job.output);
     }
 }

@@ -8,7 +8,8 @@
 //     size SIZE            the length of the elements
 //     output FILE          where the mesh goes, in the MSH format
 //     statistics FILE      where the counts and the quality go
-//     solid NAME FILE      a solid to be meshed, in the BREP format; NAME holds no blank
+//     solid NAME FILE      a solid to be meshed, in the BREP format; NAME holds no blank. The
+//                          triangles around its elements go to FILE with ".surface" behind it
 //
 // What the engine has to say goes to standard output and standard error as it is. Among it are lines of this
 // program, which begin with "@":
@@ -77,8 +78,9 @@ bool read_job(const std::string& path, MeshJob& job)
     return job.size > 0 && !job.output.empty() && !job.statistics.empty() && !job.solids.empty();
 }
 
-/** Reads the solids; a physical group of each one's name keeps the elements of its volumes together. */
-void read_solids(const MeshJob& job)
+/** Reads the solids; a physical group of each one's name keeps the elements of its volumes together. Returns
+ * the volumes of each. */
+std::vector<std::vector<int>> read_solids(const MeshJob& job)
 {
     std::vector<std::pair<std::string, std::vector<int>>> groups;
     for (const MeshJob::Solid& solid : job.solids) {
@@ -109,6 +111,13 @@ void read_solids(const MeshJob& job)
     // What the engine needs for regular tetrahedra, found by trying.
     expected *= 0.65 / std::pow(job.size, 3);
     std::printf("@expect %.0f\n", std::clamp(expected, 1.0, 1e12));
+    std::vector<std::vector<int>> result;
+    for (const auto& group : groups) {
+        result.push_back(group.second);
+        for (const int volume : group.second)
+            gmsh::model::mesh::setOutwardOrientation(volume);
+    }
+    return result;
 }
 
 void generate(const MeshJob& job)
@@ -137,11 +146,30 @@ void check_volumes()
     }
 }
 
+/** The triangles around volumes, as the tags of their corners. */
+std::vector<std::size_t> outer_triangles(const std::vector<int>& volumes)
+{
+    gmsh::vectorpair inside;
+    for (const int volume : volumes)
+        inside.emplace_back(3, volume);
+    gmsh::vectorpair faces;
+    gmsh::model::getBoundary(inside, faces, true, false);
+    std::vector<std::size_t> result;
+    for (const auto& face : faces) {
+        constexpr int triangle = 2;
+        std::vector<std::size_t> tags;
+        std::vector<std::size_t> nodes;
+        gmsh::model::mesh::getElementsByType(triangle, tags, nodes, face.second);
+        result.insert(result.end(), nodes.begin(), nodes.end());
+    }
+    return result;
+}
+
 void run(const MeshJob& job)
 {
     gmsh::model::add("mesh");
     stage("read");
-    read_solids(job);
+    const std::vector<std::vector<int>> volumes = read_solids(job);
     generate(job);
     check_volumes();
     stage("quality");
@@ -154,6 +182,9 @@ void run(const MeshJob& job)
     statistics.close();
     if (!statistics)
         throw Failure("the statistics could not be written");
+    const NodePlaces places;
+    for (std::size_t i = 0; i < volumes.size(); ++i)
+        write_surface(make_triangles(outer_triangles(volumes[i]), places), job.solids[i].file + ".surface");
     gmsh::write(job.output);
 }
 

@@ -12,6 +12,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QString solid_file(int id)
+{
+    return QString::number(id) + u".brep"_s;
+}
+
 /** Writes the solids and the job, and returns the path of the job. */
 QString write_job(const TemporaryFolder& directory, const GeometryModel& model, const QList<int>& ids,
                   double size)
@@ -19,7 +24,7 @@ QString write_job(const TemporaryFolder& directory, const GeometryModel& model, 
     QByteArray job =
         "size " + QByteArray::number(size, 'g', 17) + "\noutput mesh.msh\nstatistics statistics\n";
     for (const int id : ids) {
-        const QString file = QString::number(id) + u".brep"_s;
+        const QString file = solid_file(id);
         write_job_file(directory.path(file), model.shape(id).brep());
         job += "solid " + model.solid(id)->name.toUtf8() + ' ' + file.toUtf8() + '\n';
     }
@@ -47,5 +52,8 @@ std::shared_ptr<const Mesh> run_mesher(const QString& program, const GeometryMod
         return nullptr;
 
     read_mesh_files(QDir(directory.path()), u"the mesher"_s, *mesh);
+    for (const int id : ids)
+        mesh->surfaces << read_job_file(directory.path(solid_file(id) + u".surface"_s),
+                                        u"the mesher has left no surface"_s);
     return mesh;
 }

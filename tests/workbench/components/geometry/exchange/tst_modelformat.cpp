@@ -27,6 +27,7 @@ GeometryContents sample()
     mesh->msh = QByteArray("$MeshFormat\n\0\x01\r\n\x1a", 17);
     mesh->size = 0.1;
     mesh->solids = {u"plate"_s, u"gone"_s};
+    mesh->surfaces = {QByteArray("\0\n\xff", 3), QByteArray()};
     mesh->nodes = 12345678901;
     mesh->elements = {{0, u"Point"_s, 8}, {3, u"Tetrahedron 4"_s, 24}};
     mesh->quality = {{u"ICN"_s, 1.0 / 3, -0.0, 1e-300}};
@@ -94,7 +95,8 @@ void TstModelFormat::format_is_as_documented()
     auto mesh = std::make_shared<Mesh>();
     mesh->msh = "MESH";
     mesh->size = 0.5;
-    mesh->solids = {u"brick1"_s};
+    mesh->solids = {u"brick1"_s, u"b"_s};
+    mesh->surfaces = {"SURFACE", ""};
     mesh->nodes = 14;
     mesh->elements = {{3, u"Tetrahedron 4"_s, 24}};
     mesh->quality = {{u"ICN"_s, 0.25, 0.5, 1}};
@@ -108,6 +110,11 @@ void TstModelFormat::format_is_as_documented()
                                             "mesh-age 2\n"
                                             "mesh-nodes 14\n"
                                             "mesh-solid brick1\n"
+                                            "mesh-surface 7\n"
+                                            "SURFACE\n"
+                                            "mesh-solid b\n"
+                                            "mesh-surface 0\n"
+                                            "\n"
                                             "mesh-elements 3 24 Tetrahedron 4\n"
                                             "mesh-quality ICN 0.25 0.5 1\n"
                                             "mesh 4\n"
@@ -130,6 +137,7 @@ void TstModelFormat::all_comes_back()
     QCOMPARE(after.mesh->msh, before.mesh->msh);
     QVERIFY(after.mesh->size == 0.1);
     QCOMPARE(after.mesh->solids, before.mesh->solids);
+    QCOMPARE(after.mesh->surfaces, before.mesh->surfaces);
     QCOMPARE(after.mesh->nodes, before.mesh->nodes);
     QCOMPARE(after.mesh->elements.size(), 2);
     QCOMPARE(after.mesh->elements[1].dimension, 3);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
+#include "workbench/components/geometry/exchange/surface_bytes.h"
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/geometry/model/GeometryScene.h"
@@ -37,6 +38,8 @@ private slots:
     void surfaces_face_outwards_and_are_closed_data();
     void surfaces_face_outwards_and_are_closed();
     void edges_are_those_that_are_seen();
+    void mesh_is_shown_by_its_surface_unless_that_is_damaged_data();
+    void mesh_is_shown_by_its_surface_unless_that_is_damaged();
 
 private:
     /** A scene whose shapes each wait for mGo. */
@@ -279,6 +282,42 @@ void TstGeometryScene::edges_are_those_that_are_seen()
     QCOMPARE(pieces(mModel->torus(3, 1)), 0U);
     const std::size_t of_circles = pieces(mModel->cylinder(1, 1));
     QVERIFY2(of_circles >= 48 && of_circles < 64, qPrintable(QString::number(of_circles)));
+}
+
+void TstGeometryScene::mesh_is_shown_by_its_surface_unless_that_is_damaged_data()
+{
+    QTest::addColumn<QByteArray>("surface");
+    QTest::addColumn<bool>("shown");
+    const Surface surface{{{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}},
+                          {{0, 2, 1}, {0, 1, 3}, {1, 2, 3}, {0, 3, 2}}};
+    QTest::newRow("whole") << pack_surface(surface) << true;
+    QTest::newRow("cut off") << pack_surface(surface).chopped(1) << false;
+    QTest::newRow("corner that does not exist") << pack_surface({surface.points, {{0, 2, 4}}}) << false;
+}
+
+void TstGeometryScene::mesh_is_shown_by_its_surface_unless_that_is_damaged()
+{
+    QFETCH(const QByteArray, surface);
+    QFETCH(const bool, shown);
+    make_waiting_scene();
+    mGo.release(1000);
+    mScene->add_viewer();
+    mModel->brick({1, 1, 1}, {}, u"a"_s);
+    auto mesh = std::make_shared<Mesh>();
+    mesh->solids << u"a"_s;
+    mesh->surfaces << surface;
+    mesh->revision = mModel->revision();
+    mModel->set_mesh(mesh);
+    QTRY_VERIFY(!mScene->is_awaited());
+    const auto shape_of_mesh = [this] { return mScene->items().at(mScene->find(u"a"_s)).mesh; };
+    if (!shown) {
+        QCoreApplication::processEvents();
+        QVERIFY(!shape_of_mesh());
+        return;
+    }
+    QTRY_VERIFY(shape_of_mesh());
+    QCOMPARE(shape_of_mesh()->corners.size(), std::size_t(12));
+    QCOMPARE(shape_of_mesh()->lines.size(), std::size_t(12)); // six edges
 }
 
 OSTREL_TEST(TstGeometryScene)

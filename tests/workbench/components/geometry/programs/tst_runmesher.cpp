@@ -3,15 +3,19 @@
 
 #include "support/TestCase.h"
 #include "support/leftovers.h"
+#include "workbench/components/geometry/exchange/surface_bytes.h"
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/geometry/programs/run_mesher.h"
+#include "workbench/sdk/core/scene/Point3.h"
 
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <csignal>
+#include <set>
 #include <stdexcept>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -29,6 +33,8 @@ private slots:
     void smaller_size_gives_more_elements();
     void several_solids_are_meshed_together();
     void solid_of_pieces_is_meshed();
+    void surfaces_are_closed_and_face_outwards_data();
+    void surfaces_are_closed_and_face_outwards();
     void only_the_solids_named_are_meshed();
     void locale_makes_no_difference();
     void progress_rises_through_all_stages();
@@ -108,6 +114,28 @@ qint64 count(const Mesh& mesh, int dimension)
     return result;
 }
 
+/** Whether each edge has two triangles, which run along it in opposite directions, and about so much is
+ * inside.
+ */
+void check_surface(const QByteArray& bytes, double volume)
+{
+    const Surface surface = unpack_surface(bytes);
+    std::set<std::pair<std::uint32_t, std::uint32_t>> edges;
+    double enclosed = 0;
+    for (const auto& triangle : surface.triangles) {
+        for (std::size_t i = 0; i < 3; ++i)
+            QVERIFY2(edges.emplace(triangle[i], triangle[(i + 1) % 3]).second, "turned inside out");
+        const auto corner = [&](std::size_t i) {
+            const std::array<double, 3>& place = surface.points[triangle[i]];
+            return Point3{place[0], place[1], place[2]};
+        };
+        enclosed += dot(corner(0), cross(corner(1), corner(2))) / 6;
+    }
+    for (const auto& [from, to] : edges)
+        QVERIFY2(edges.count({to, from}) > 0, "not closed");
+    QVERIFY2(std::abs(enclosed - volume) < 0.1 * volume, qPrintable(QString::number(enclosed)));
+}
+
 } // namespace
 
 void TstRunMesher::cube_is_meshed()
@@ -159,6 +187,32 @@ void TstRunMesher::solid_of_pieces_is_meshed()
     mModel->unite({1, 2});
     const auto mesh = run_mesher(mMesher, *mModel, {1}, 0.5);
     QCOMPARE(count(*mesh, 1), 2 * count(*brick, 1));
+}
+
+void TstRunMesher::surfaces_are_closed_and_face_outwards_data()
+{
+    QTest::addColumn<QString>("solid");
+    for (const auto& solid : {u"brick"_s, u"sphere"_s, u"hole"_s, u"cavity"_s, u"pieces"_s})
+        QTest::addRow("%s", qPrintable(solid)) << solid;
+}
+
+void TstRunMesher::surfaces_are_closed_and_face_outwards()
+{
+    QFETCH(const QString, solid);
+    const int other = mModel->brick({3, 3, 3}, {8, 0, 0}, u"other"_s);
+    int id = 1;
+    if (solid == u"sphere")
+        id = mModel->sphere(1);
+    else if (solid == u"hole")
+        mModel->subtract(1, {mModel->cylinder(0.25, 3)});
+    else if (solid == u"cavity")
+        mModel->subtract(1, {mModel->sphere(0.25)});
+    else if (solid == u"pieces")
+        mModel->unite({1, mModel->copy(1, {5, 0, 0})});
+    const auto mesh = run_mesher(mMesher, *mModel, {other, id}, 0.25);
+    QCOMPARE(mesh->surfaces.size(), 2);
+    check_surface(mesh->surfaces[0], 27);
+    check_surface(mesh->surfaces[1], mModel->measures(id).volume);
 }
 
 void TstRunMesher::only_the_solids_named_are_meshed()
