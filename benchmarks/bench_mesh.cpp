@@ -94,5 +94,12 @@ int main(int argc, char** argv)
                     QFileInfo(directory.filePath(u"engine.msh"_s)).size(),
                     QFileInfo(directory.filePath(u"fennar.msh"_s)).size());
     }
+    const auto in_threads = [&directory](const QByteArray& threads) {
+        return run_journal("import part.step\nmesh size 0.2 algorithm hxt threads " + threads + '\n',
+                           directory.path());
+    };
+    bench::compare(
+        "meshing with hxt in two threads, not one", 0.9, [&] { return in_threads("1"); },
+        [&] { return in_threads("2"); }, 3);
     return 0;
 }

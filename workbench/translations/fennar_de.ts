@@ -366,6 +366,14 @@
         <source>One step of a journal</source>
         <translation>Ein Schritt eines Journals</translation>
     </message>
+    <message>
+        <source>Algorithm</source>
+        <translation>Algorithmus</translation>
+    </message>
+    <message>
+        <source>Threads</source>
+        <translation>Threads</translation>
+    </message>
 </context>
 <context>
     <name>CommandSearch</name>

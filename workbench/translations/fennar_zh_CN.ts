@@ -366,6 +366,14 @@
         <source>One step of a journal</source>
         <translation>日志脚本中的一步</translation>
     </message>
+    <message>
+        <source>Algorithm</source>
+        <translation>算法</translation>
+    </message>
+    <message>
+        <source>Threads</source>
+        <translation>线程数</translation>
+    </message>
 </context>
 <context>
     <name>CommandSearch</name>

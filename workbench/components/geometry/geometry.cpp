@@ -90,8 +90,7 @@ void fennar::load_component(ComponentContext& context)
             if (formats)
                 formats->imported(file, done);
         };
-        return register_geometry_commands(registry, owner, model, application,
-                                          program_folder().filePath(u"fennar-mesher"_s)) &&
+        return register_geometry_commands(registry, owner, model, application, program_folder()) &&
                register_document_commands(registry, owner, model, document_actions(document, handler)) &&
                register_file_commands(registry, owner, model, exchange, application, imported);
     });

@@ -20,7 +20,7 @@ names: list[str] = [part.name for part in fennar.list()]
 fennar.export(Path("a.step"), parts, as_="STEP")
 fennar.export("a.msh", mesh=True)
 fennar.set("size", 2)
-worst: float = fennar.mesh(size=1, verbose=True).quality("ICN")["min"]
+worst: float = fennar.mesh(size=1, algorithm="hxt", threads=2, verbose=True).quality("ICN")["min"]
 counts: dict[str, int] = fennar.statistics()
 try:
     fennar.delete(parts)

@@ -6,6 +6,7 @@
 #include "workbench/sdk/core/commands/CommandDescription.h"
 #include "workbench/sdk/core/commands/CommandValue.h"
 
+#include <QDir>
 #include <QLatin1StringView>
 #include <QList>
 #include <QString>
@@ -23,8 +24,8 @@ struct GeometryCommand
     {
         GeometryModel& model;
         const ApplicationServices& services;
-        /** The path of the program that meshes. */
-        QString mesher;
+        /** The folder of the programs with the engine. */
+        QDir programs;
     };
     using Perform = void (*)(CommandCall& call, const CommandArguments& arguments, Context& context);
 

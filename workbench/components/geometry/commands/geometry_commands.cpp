@@ -421,9 +421,9 @@ QList<GeometryCommand> combining_commands()
 } // namespace
 
 bool register_geometry_commands(CommandRegistry& registry, const QString& owner, GeometryModel& model,
-                                const ApplicationServices& services, const QString& mesher)
+                                const ApplicationServices& services, const QDir& programs)
 {
-    const auto context = std::make_shared<Context>(Context{model, services, mesher});
+    const auto context = std::make_shared<Context>(Context{model, services, programs});
     QList<Command> commands;
     for (const GeometryCommand& entry :
          making_commands() + solid_commands() + combining_commands() + mesh_commands() + step_commands()) {
@@ -440,6 +440,6 @@ bool register_geometry_commands(CommandRegistry& registry, const QString& owner,
              .long_running = entry.long_running,
              .result = entry.result});
     }
-    offer_geometry_entities(registry.entities(), model, owner);
+    offer_geometry_entities(registry.entities(), model, programs, owner);
     return registry.add_all(owner, commands);
 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QDir>
 #include <QString>
 
 class CommandRegistry;
@@ -13,8 +14,8 @@ struct ApplicationServices;
  * Adds the commands that make, change and mesh solids.
  *
  * @param model     outlives the commands, and so does @p services.
- * @param mesher    the path of the program that meshes.
+ * @param programs  the folder of the programs with the engine.
  * @return false, with none added, if a name is taken.
  */
 bool register_geometry_commands(CommandRegistry& registry, const QString& owner, GeometryModel& model,
-                                const ApplicationServices& services, const QString& mesher);
+                                const ApplicationServices& services, const QDir& programs);

@@ -5,6 +5,7 @@
 
 #include "workbench/components/geometry/commands/geometry_parameters.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
+#include "workbench/components/geometry/programs/mesh_quality.h"
 #include "workbench/sdk/core/commands/CommandEntities.h"
 #include "workbench/sdk/core/commands/CommandError.h"
 #include "workbench/sdk/core/commands/numbers.h"
@@ -119,7 +120,7 @@ QList<EntityProperty> solid_properties(const GeometryModel& model)
     };
 }
 
-QList<EntityProperty> mesh_properties(const GeometryModel& model)
+QList<EntityProperty> mesh_properties(const GeometryModel& model, const QDir& programs)
 {
     const auto told = [&model](auto tell) {
         return [&model, tell](const QString&, const QStringList& arguments) {
@@ -151,8 +152,9 @@ QList<EntityProperty> mesh_properties(const GeometryModel& model)
          .parameters = {{.name = u"MEASURE"_s,
                          .kind = CommandParameter::Kind::Choice,
                          .choices = {u"ICN"_s, u"IGE"_s}}},
-         .value = told([](const Mesh& mesh, const QStringList& arguments) {
-             for (const Mesh::Quality& quality : mesh.quality) {
+         .value = told([programs](const Mesh& mesh, const QStringList& arguments) {
+             measure_quality(mesh, programs);
+             for (const Mesh::Quality& quality : *mesh.quality) {
                  if (quality.measure == arguments.value(0))
                      return value(quality);
              }
@@ -197,14 +199,15 @@ CommandValue mesh_counts(const Mesh& mesh)
 CommandValue mesh_qualities(const Mesh& mesh, const QString& wanted)
 {
     CommandValue::Map qualities;
-    for (const Mesh::Quality& quality : mesh.quality) {
+    for (const Mesh::Quality& quality : *mesh.quality) {
         if (wanted.isEmpty() || quality.measure == wanted)
             qualities.append({quality.measure, value(quality)});
     }
     return {.data = qualities};
 }
 
-void offer_geometry_entities(CommandEntities& entities, GeometryModel& model, const QString& owner)
+void offer_geometry_entities(CommandEntities& entities, GeometryModel& model, const QDir& programs,
+                             const QString& owner)
 {
     entities.offer(
         solid_entity(), owner, [&model] { return solid_names(model); },
@@ -215,7 +218,7 @@ void offer_geometry_entities(CommandEntities& entities, GeometryModel& model, co
                      [&entities] { entities.tell_changed(solid_entity()); });
     // Nobody names the mesh: there is one. Its number tells it from those before.
     entities.offer(mesh_entity(), owner, [] { return QStringList(); });
-    entities.offer_properties(mesh_entity(), mesh_properties(model), [&model](const QString& key) {
+    entities.offer_properties(mesh_entity(), mesh_properties(model, programs), [&model](const QString& key) {
         const std::shared_ptr<const Mesh> mesh = model.mesh();
         return mesh && QString::number(mesh->number) == key ? mesh_entity() : QString();
     });

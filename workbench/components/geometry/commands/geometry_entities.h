@@ -23,8 +23,14 @@ CommandValue solids_value(const GeometryModel& model, const QList<int>& ids);
 CommandValue mesh_value(const Mesh& mesh);
 /** How many nodes and elements a mesh has, by their kinds. */
 CommandValue mesh_counts(const Mesh& mesh);
-/** The measures of quality of a mesh by their names: all of them, or the one that is @p wanted. */
+/** The measures of quality of a mesh by their names: all of them, or the one that is @p wanted. They must
+ * have been measured. */
 CommandValue mesh_qualities(const Mesh& mesh, const QString& wanted);
 
-/** Offers the solids and the mesh of @p model, which outlives the offer, with their properties. */
-void offer_geometry_entities(CommandEntities& entities, GeometryModel& model, const QString& owner);
+/**
+ * Offers the solids and the mesh of @p model, which outlives the offer, with their properties.
+ *
+ * @param programs  the folder of the programs with the engine.
+ */
+void offer_geometry_entities(CommandEntities& entities, GeometryModel& model, const QDir& programs,
+                             const QString& owner);

@@ -6,6 +6,7 @@
 #include "workbench/components/geometry/commands/geometry_entities.h"
 #include "workbench/components/geometry/commands/geometry_parameters.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
+#include "workbench/components/geometry/programs/mesh_quality.h"
 #include "workbench/components/geometry/programs/run_mesher.h"
 #include "workbench/sdk/core/commands/ApplicationServices.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
@@ -22,6 +23,9 @@ using Context = GeometryCommand::Context;
 
 /** So large a mesh would take all of the memory before anybody saw an error. */
 constexpr double most_nodes = 1e8;
+
+/** More than any machine has cores for such work. */
+constexpr int most_threads = 256;
 
 QString summary(const Mesh& mesh)
 {
@@ -55,7 +59,11 @@ void mesh(CommandCall& call, const CommandArguments& arguments, Context& context
     std::shared_ptr<const Mesh> result;
     {
         LongWork work(call, context.services, "Mesh", arguments.has("verbose"_L1));
-        result = run_mesher(context.mesher, model, ids, size, work.listener());
+        result = run_mesher(context.programs.filePath(u"fennar-mesher"_s), model, ids,
+                            {.size = size,
+                             .hxt = arguments.text("algorithm"_L1) == u"hxt",
+                             .threads = arguments.integer("threads"_L1)},
+                            work.listener());
     }
     if (!result)
         throw CommandError(u"cancelled; the last mesh is as it was"_s);
@@ -96,11 +104,16 @@ void quality(CommandCall& call, const CommandArguments& arguments, Context& cont
 {
     const QString wanted = arguments.text("MEASURE"_L1);
     const Mesh& mesh = last_mesh(call, context);
-    if (mesh.quality.isEmpty())
+    {
+        LongWork work(call, context.services, "Quality");
+        if (!measure_quality(mesh, context.programs, work.listener()))
+            throw CommandError(u"cancelled"_s);
+    }
+    if (mesh.quality->isEmpty())
         throw call.error(0, u"the mesh has no volume elements"_s);
     call.set_result(mesh_qualities(mesh, wanted));
     QList<QStringList> rows{{u"measure"_s, u"min"_s, u"mean"_s, u"max"_s}};
-    for (const Mesh::Quality& quality : mesh.quality) {
+    for (const Mesh::Quality& quality : *mesh.quality) {
         if (wanted.isEmpty() || quality.measure == wanted)
             rows.append({quality.measure, QString::number(quality.least, 'g', 4),
                          QString::number(quality.mean, 'g', 4), QString::number(quality.most, 'g', 4)});
@@ -119,13 +132,33 @@ QList<GeometryCommand> mesh_commands()
              "Without solids all of them are meshed. SIZE is the length of the elements. The mesh takes the "
              "place "
              "of\n"
-             "the last one. \"verbose\" shows all that the mesher has to say."_L1,
+             "the last one. \"hxt\" is a quick algorithm that works in several threads, \"delaunay\" the "
+             "usual one;\n"
+             "with more than one thread a mesh may differ a little from time to time. \"verbose\" shows all "
+             "that\n"
+             "the mesher has to say."_L1,
          .perform = mesh,
          .forms = {{.clauses = {optional_value(solids_parameter()),
                                 {.keyword = u"size"_s,
                                  .parameters = {length_parameter(
                                      u"SIZE"_s, u"a size of the elements"_s,
                                      QT_TRANSLATE_NOOP("CommandParameter", "Size of the elements"))}},
+                                {.keyword = u"algorithm"_s,
+                                 .parameters = {{.name = u"ALGORITHM"_s,
+                                                 .kind = CommandParameter::Kind::Choice,
+                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Algorithm"),
+                                                 .default_value = u"delaunay"_s,
+                                                 .choices = {u"delaunay"_s, u"hxt"_s}}},
+                                 .optional = true},
+                                {.keyword = u"threads"_s,
+                                 .parameters = {{.name = u"COUNT"_s,
+                                                 .kind = CommandParameter::Kind::WholeNumber,
+                                                 .what = u"a number of threads"_s,
+                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Threads"),
+                                                 .default_value = u"1"_s,
+                                                 .least = 1,
+                                                 .most = most_threads}},
+                                 .optional = true},
                                 {.keyword = u"verbose"_s,
                                  .optional = true,
                                  .label = QT_TRANSLATE_NOOP("CommandParameter",
@@ -148,6 +181,7 @@ QList<GeometryCommand> mesh_commands()
                                                 .kind = CommandParameter::Kind::Choice,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Measure"),
                                                 .choices = {u"ICN"_s, u"IGE"_s}})}}},
+         .long_running = true,
          .result = map_type(map_type({.kind = CommandType::Kind::Number}))},
     };
 }

@@ -54,9 +54,6 @@ QByteArrayList write_mesh(const Mesh& mesh, qint64 age)
     for (const Mesh::Elements& elements : mesh.elements)
         head += "mesh-elements " + QByteArray::number(elements.dimension) + ' ' +
                 QByteArray::number(elements.count) + ' ' + elements.kind.toUtf8() + '\n';
-    for (const Mesh::Quality& quality : mesh.quality)
-        head += "mesh-quality " + quality.measure.toUtf8() + ' ' + exact(quality.least) + ' ' +
-                exact(quality.mean) + ' ' + exact(quality.most) + '\n';
     head += "mesh " + QByteArray::number(mesh.msh.size()) + '\n';
     return result << head << mesh.msh << "\n";
 }
@@ -249,10 +246,6 @@ private:
         for (; mWord == "mesh-elements"; next_line()) {
             const QByteArrayList words = parts(3);
             mesh->elements.append({number<int>(words[0], 0), text_of(words[2]), number<qint64>(words[1], 0)});
-        }
-        for (; mWord == "mesh-quality"; next_line()) {
-            const QByteArrayList words = parts(4);
-            mesh->quality.append({text_of(words[0]), real(words[1]), real(words[2]), real(words[3])});
         }
         mesh->msh = read_bytes(need("mesh"));
         mContents.mesh = mesh;

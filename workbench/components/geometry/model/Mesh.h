@@ -9,6 +9,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 /** A mesh and what is known of it. Lengths are in the units of the model. */
 struct Mesh
 {
@@ -50,7 +52,8 @@ struct Mesh
     QByteArrayList surfaces;
     qint64 nodes = 0;
     QList<Elements> elements;
-    QList<Quality> quality;
+    /** Empty until somebody asks, see mesh_quality(): to measure may take longer than to mesh. */
+    mutable std::optional<QList<Quality>> quality;
     /** Another one for each mesh of this process; copies have the same. */
     qint64 number = new_number();
     /** GeometryModel::revision() of the model that was meshed. */

@@ -22,12 +22,12 @@ struct Stage
 
 constexpr Stage stages[] = {
     {"open"_L1, QT_TRANSLATE_NOOP("MesherReport", "reading the file"), 0},
+    {"quality"_L1, QT_TRANSLATE_NOOP("MesherReport", "measuring"), 0},
     {"read"_L1, QT_TRANSLATE_NOOP("MesherReport", "reading the solids"), 0},
     {"1D"_L1, QT_TRANSLATE_NOOP("MesherReport", "meshing edges"), 2},
     {"2D"_L1, QT_TRANSLATE_NOOP("MesherReport", "meshing faces"), 5},
     {"3D"_L1, QT_TRANSLATE_NOOP("MesherReport", "meshing volumes"), 35},
-    {"quality"_L1, QT_TRANSLATE_NOOP("MesherReport", "measuring"), 90},
-    {"write"_L1, QT_TRANSLATE_NOOP("MesherReport", "writing"), 97},
+    {"write"_L1, QT_TRANSLATE_NOOP("MesherReport", "writing"), 95},
 };
 
 } // namespace
@@ -36,7 +36,9 @@ std::optional<MesherReport::Message> MesherReport::read(const QByteArray& line)
 {
     static const QRegularExpression engine_line(u"^(Info|Warning|Error)\\s*:\\s?(.*)$"_s);
     static const QRegularExpression percentage(u"^\\[\\s*(\\d+)%\\]"_s);
-    static const QRegularExpression nodes(u"^It\\. \\d+ - (\\d+) nodes created"_s);
+    // The second one is what HXT says.
+    static const QRegularExpression nodes(
+        u"^It\\. \\d+ - (\\d+) nodes created|^Delaunay of .* mesh\\.nvert: (\\d+)"_s);
 
     const QString text = QString::fromUtf8(line).trimmed();
     if (text.isEmpty())
@@ -63,7 +65,7 @@ std::optional<MesherReport::Message> MesherReport::read(const QByteArray& line)
         return std::nullopt;
     }
     if (const QRegularExpressionMatch created = nodes.match(rest); created.hasMatch() && mCountNodes) {
-        const double count = created.captured(1).toDouble();
+        const double count = created.captured(created.lastCapturedIndex()).toDouble();
         if (count < mNodes) // the engine counts anew for the next volume
             mNodesBefore += mNodes;
         mNodes = count;

@@ -81,9 +81,6 @@ void read_statistics(const QByteArray& text, const QString& name, Mesh& mesh)
         else if (words[0] == "elements" && words.size() > 3)
             mesh.elements.append(
                 {words[1].toInt(), QString::fromUtf8(words.sliced(3).join(' ')), words[2].toLongLong()});
-        else if (words[0] == "quality" && words.size() == 5)
-            mesh.quality.append(
-                {QString::fromUtf8(words[1]), words[2].toDouble(), words[3].toDouble(), words[4].toDouble()});
         else if (!line.isEmpty())
             throw GeometryError(name + u"'s statistics are damaged"_s);
     }

@@ -39,11 +39,11 @@ void write_job_file(const QString& path, const QByteArray& content);
 /** Reads what a job has left. Throws a GeometryError that begins with @p missing if it is not there. */
 QByteArray read_job_file(const QString& path, const QString& missing);
 
-/** Reads the counts and the quality in @p text into @p mesh. Throws a GeometryError if they make no sense. */
+/** Reads the counts in @p text into @p mesh. Throws a GeometryError if they make no sense. */
 void read_statistics(const QByteArray& text, const QString& name, Mesh& mesh);
 
 /**
- * Reads "mesh.msh" and the counts and the quality in "statistics". Throws a GeometryError if they are not
+ * Reads "mesh.msh" and the counts in "statistics". Throws a GeometryError if they are not
  * there or make no sense.
  */
 void read_mesh_files(const QDir& folder, const QString& name, Mesh& mesh);

@@ -79,7 +79,7 @@ void write_quality(std::ostream& out, const char* measure)
         ++count;
     }
     if (count > 0)
-        out << "quality " << measure << ' ' << least << ' ' << sum / double(count) << ' ' << most << '\n';
+        out << measure << ' ' << least << ' ' << sum / double(count) << ' ' << most << '\n';
     gmsh::view::remove(views.back());
 }
 

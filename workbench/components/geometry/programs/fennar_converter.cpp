@@ -8,9 +8,12 @@
 //
 //     read mesh            reads "input", a file that the engine knows, and writes the mesh to "output" in
 //     the
-//                          MSH format, its counts and quality to "statistics", and to the file "surface"
+//                          MSH format, its counts to "statistics", and to the file "surface"
 //                          "closed VOLUME" or "open", or nothing if it has no triangles
 //     read surface         the same, for an input of plain triangles
+//     read quality         reads "input", a mesh with volumes in the MSH format, and writes a line for each
+//     measure
+//                          of quality to "output": its name, the least, mean and greatest value
 //     write ENDING         writes the "solids", in the BREP format, or the "mesh", in the MSH format, to
 //                          "output" in the format that ENDING tells; "surface" means plain triangles, and
 //                          "size" is the greatest edge of triangles that are made, 0 if it does not matter
@@ -40,6 +43,8 @@ namespace occ = gmsh::model::occ;
 
 bool is_complete(const Job& job)
 {
+    if (job.action == "read" && job.kind == "quality")
+        return !job.input.empty();
     if (job.action == "read")
         return (job.kind == "mesh" || job.kind == "surface") && !job.input.empty() && !job.statistics.empty();
     return job.action == "write" && job.mesh.empty() != job.solids.empty();
@@ -155,14 +160,9 @@ void read_mesh(const Job& job)
         gmsh::merge(job.input);
     if (!has_elements(2) && !has_elements(3))
         throw Failure("it holds no faces and no volumes");
-    stage("quality");
     std::ofstream statistics(job.statistics);
     statistics.precision(17);
     write_counts(statistics);
-    if (has_elements(3)) {
-        write_quality(statistics, "ICN");
-        write_quality(statistics, "IGE");
-    }
     statistics.close();
     std::ofstream about_surface(job.folder + "surface");
     about_surface.precision(17);
@@ -172,6 +172,21 @@ void read_mesh(const Job& job)
     if (!statistics || !about_surface)
         throw Failure("a temporary file cannot be written");
     write_checked(job.output);
+}
+
+void measure_mesh(const Job& job)
+{
+    gmsh::model::add("input");
+    stage("open");
+    gmsh::merge(job.input);
+    stage("quality");
+    std::ofstream output(job.output);
+    output.precision(17);
+    write_quality(output, "ICN");
+    write_quality(output, "IGE");
+    output.close();
+    if (!output)
+        throw Failure("a temporary file cannot be written");
 }
 
 /** Puts triangles on the faces of the solids. */
@@ -267,6 +282,8 @@ int main(int argc, char** argv)
         gmsh::option::setNumber("Mesh.Binary", 1);
         if (job.action == "write")
             write_file(job);
+        else if (job.kind == "quality")
+            measure_mesh(job);
         else
             read_mesh(job);
         return true;

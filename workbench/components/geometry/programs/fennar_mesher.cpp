@@ -7,14 +7,16 @@
 //
 //     size SIZE            the length of the elements
 //     output FILE          where the mesh goes, in the MSH format
-//     statistics FILE      where the counts and the quality go
+//     statistics FILE      where the counts go
+//     algorithm NAME       how volumes are filled: delaunay, as without this line, or hxt
+//     threads COUNT        how many threads may work at once; 1 without this line
 //     solid NAME FILE      a solid to be meshed, in the BREP format; NAME holds no blank. The
 //                          triangles around its elements go to FILE with ".surface" behind it
 //
 // What the engine has to say goes to standard output and standard error as it is. Among it are lines of this
 // program, which begin with "@":
 //
-//     @stage 1D            what is done now: read, 1D, 2D, 3D, quality, write
+//     @stage 1D            what is done now: read, 1D, 2D, 3D, write
 //     @expect 1234         about how many nodes the 3D stage will make
 //
 // The exit status is 0 once both files are complete, 1 if the solids cannot be meshed, 2 for a bad job.
@@ -41,6 +43,8 @@ struct MeshJob
     };
 
     double size = 0;
+    bool hxt = false;
+    int threads = 1;
     std::string output;
     std::string statistics;
     std::vector<Solid> solids;
@@ -58,6 +62,14 @@ bool read_job(const std::string& path, MeshJob& job)
         words >> key;
         if (key == "size") {
             words >> job.size;
+        } else if (key == "algorithm") {
+            std::string name;
+            words >> name;
+            job.hxt = name == "hxt";
+            if (!job.hxt && name != "delaunay")
+                return false;
+        } else if (key == "threads") {
+            words >> job.threads;
         } else if (key == "output") {
             words >> job.output;
             job.output.insert(0, folder);
@@ -75,7 +87,8 @@ bool read_job(const std::string& path, MeshJob& job)
         if (words.fail())
             return false;
     }
-    return job.size > 0 && !job.output.empty() && !job.statistics.empty() && !job.solids.empty();
+    return job.size > 0 && job.threads > 0 && !job.output.empty() && !job.statistics.empty() &&
+           !job.solids.empty();
 }
 
 /** Reads the solids; a physical group of each one's name keeps the elements of its volumes together. Returns
@@ -124,6 +137,11 @@ void generate(const MeshJob& job)
 {
     for (const char* option : {"Mesh.MeshSizeMin", "Mesh.MeshSizeMax"})
         gmsh::option::setNumber(option, job.size);
+    constexpr int delaunay = 1;
+    constexpr int hxt = 10;
+    gmsh::option::setNumber("Mesh.Algorithm3D", job.hxt ? hxt : delaunay);
+    for (const char* option : {"General.NumThreads", "Mesh.MaxNumThreads2D", "Mesh.MaxNumThreads3D"})
+        gmsh::option::setNumber(option, job.threads);
     // All elements are kept, not only those of a physical group: the graphics and file formats need faces.
     gmsh::option::setNumber("Mesh.SaveAll", 1);
     gmsh::option::setNumber("Mesh.Binary", 1);
@@ -172,13 +190,10 @@ void run(const MeshJob& job)
     const std::vector<std::vector<int>> volumes = read_solids(job);
     generate(job);
     check_volumes();
-    stage("quality");
+    stage("write");
     std::ofstream statistics(job.statistics);
     statistics.precision(17);
     write_counts(statistics);
-    write_quality(statistics, "ICN");
-    write_quality(statistics, "IGE");
-    stage("write");
     statistics.close();
     if (!statistics)
         throw Failure("the statistics could not be written");

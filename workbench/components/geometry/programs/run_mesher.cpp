@@ -19,10 +19,11 @@ QString solid_file(int id)
 
 /** Writes the solids and the job, and returns the path of the job. */
 QString write_job(const TemporaryFolder& directory, const GeometryModel& model, const QList<int>& ids,
-                  double size)
+                  const MeshSettings& settings)
 {
-    QByteArray job =
-        "size " + QByteArray::number(size, 'g', 17) + "\noutput mesh.msh\nstatistics statistics\n";
+    QByteArray job = "size " + QByteArray::number(settings.size, 'g', 17) + "\nalgorithm " +
+                     (settings.hxt ? "hxt" : "delaunay") + "\nthreads " +
+                     QByteArray::number(settings.threads) + "\noutput mesh.msh\nstatistics statistics\n";
     for (const int id : ids) {
         const QString file = solid_file(id);
         write_job_file(directory.path(file), model.shape(id).brep());
@@ -36,17 +37,18 @@ QString write_job(const TemporaryFolder& directory, const GeometryModel& model, 
 } // namespace
 
 std::shared_ptr<const Mesh> run_mesher(const QString& program, const GeometryModel& model,
-                                       const QList<int>& ids, double size, const MesherListener& listener)
+                                       const QList<int>& ids, const MeshSettings& settings,
+                                       const MesherListener& listener)
 {
     const TemporaryFolder directory;
     if (!directory.is_valid())
         throw GeometryError(u"no temporary folder can be made: "_s + directory.error());
     auto mesh = std::make_shared<Mesh>();
-    mesh->size = size;
+    mesh->size = settings.size;
     mesh->revision = model.revision();
     for (const int id : ids)
         mesh->solids << model.solid(id).value_or(GeometryModel::Solid()).name;
-    const QString job = write_job(directory, model, ids, size);
+    const QString job = write_job(directory, model, ids, settings);
 
     if (!run_engine_process(program, job, u"the mesher"_s, listener))
         return nullptr;

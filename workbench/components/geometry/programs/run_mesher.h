@@ -12,6 +12,17 @@
 
 class GeometryModel;
 
+/** What the elements of a mesh are to be like, and how they are made. */
+struct MeshSettings
+{
+    /** Their length, in the model's units. */
+    double size = 0;
+    /** The parallel algorithm rather than the usual one. */
+    bool hxt = false;
+    /** How many threads may work at once. */
+    int threads = 1;
+};
+
 /**
  * Meshes solids in a process of its own and waits for it.
  *
@@ -20,9 +31,8 @@ class GeometryModel;
  *
  * @param program  the path of the mesher.
  * @param ids      the solids.
- * @param size     the length of the elements, in the model's units.
  * @return the mesh, which is not the model's yet; null if go_on() has returned false.
  */
 std::shared_ptr<const Mesh> run_mesher(const QString& program, const GeometryModel& model,
-                                       const QList<int>& ids, double size,
+                                       const QList<int>& ids, const MeshSettings& settings,
                                        const MesherListener& listener = {});

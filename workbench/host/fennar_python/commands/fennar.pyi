@@ -373,21 +373,25 @@ def load(*, name: Entity | str | None = None, file: str | _os.PathLike[str] | No
     Command: load NAME | load FILE
     """
 
-def mesh(*solid: Solid | str | int | _Iterable[Solid | str | int], size: float, verbose: bool = False) -> Mesh:
+def mesh(*solid: Solid | str | int | _Iterable[Solid | str | int], size: float, algorithm: _Literal['delaunay', 'hxt'] | None = 'delaunay', threads: int | None = 1, verbose: bool = False) -> Mesh:
     """Fills solids with tetrahedra.
 
     It changes the model. It may take long, and can be cancelled.
 
     Without solids all of them are meshed. SIZE is the length of the elements. The mesh takes the place of
-    the last one. "verbose" shows all that the mesher has to say.
+    the last one. "hxt" is a quick algorithm that works in several threads, "delaunay" the usual one;
+    with more than one thread a mesh may differ a little from time to time. "verbose" shows all that
+    the mesher has to say.
 
     solid: Solids (a solid or its name or "all"; any number of them)
     size: Size of the elements (a number from 1e-05 to 1e+06, in mm)
+    algorithm: Algorithm ("delaunay" or "hxt")
+    threads: Threads (a whole number from 1 to 256)
     verbose: Show all messages of the mesher (True or False)
 
     Returns a mesh.
 
-    Command: mesh [SOLID...] size SIZE [verbose]
+    Command: mesh [SOLID...] size SIZE [algorithm delaunay|hxt] [threads COUNT] [verbose]
     """
 
 def move(*solid: Solid | str | int | _Iterable[Solid | str | int], by: _Iterable[float]) -> None:
@@ -475,6 +479,8 @@ def python(*statement: str | _Iterable[str]) -> None:
 
 def quality(measure: _Literal['ICN', 'IGE'] | None = None) -> _builtins.dict[str, _builtins.dict[str, float]]:
     """Measures the volume elements of the mesh.
+
+    It may take long, and can be cancelled.
 
     ICN is the inverse condition number, IGE the inverse gradient error. 1 is the best value, and elements
     of 0 or less are useless.

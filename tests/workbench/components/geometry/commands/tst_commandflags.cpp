@@ -114,7 +114,7 @@ void TstCommandFlags::set_up()
                                   [this](const QString& file) { mDocument->open(file); },
                                   [this](const QString& file) { mDocument->save(file); }};
     QVERIFY(register_geometry_commands(registry, u"geometry"_s, *mModel, mServices,
-                                       QStringLiteral(FENNAR_MESHER)));
+                                       QDir(QStringLiteral(FENNAR_PROGRAMS))));
     QVERIFY(register_document_commands(registry, u"geometry"_s, *mModel, actions));
     QVERIFY(register_file_commands(registry, u"geometry"_s, *mModel, *mExchange, mServices));
 }

@@ -7,6 +7,7 @@
 #include "workbench/components/geometry/commands/geometry_commands.h"
 #include "workbench/components/geometry/exchange/FileExchange.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
+#include "workbench/components/geometry/programs/mesh_quality.h"
 #include "workbench/components/obj_format/obj_text.h"
 #include "workbench/sdk/core/commands/ApplicationServices.h"
 #include "workbench/sdk/core/commands/CommandSession.h"
@@ -256,7 +257,7 @@ void TstFileCommands::set_up()
     mSession = std::make_unique<CommandSession>();
     mServices = {};
     QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s, *mModel, mServices,
-                                       QStringLiteral(FENNAR_MESHER)));
+                                       QDir(QStringLiteral(FENNAR_PROGRAMS))));
     QVERIFY(register_file_commands(mSession->registry, u"geometry"_s, *mModel, *mExchange, mServices));
     mTemporaryFiles = temporary_files();
 }
@@ -452,8 +453,10 @@ void TstFileCommands::mesh_comes_back()
     QVERIFY(count(*before, 3) > 0);
     for (const int dimension : {2, 3})
         QCOMPARE(count(*after, dimension), count(*before, dimension));
-    QCOMPARE(after->quality.size(), 2);
-    QVERIFY(std::abs(after->quality[0].least - before->quality[0].least) < 1e-6);
+    const QDir programs(QStringLiteral(FENNAR_PROGRAMS));
+    QVERIFY(measure_quality(*before, programs) && measure_quality(*after, programs));
+    QCOMPARE(after->quality->size(), 2);
+    QVERIFY(std::abs(after->quality->at(0).least - before->quality->at(0).least) < 1e-6);
 }
 
 void TstFileCommands::imported_mesh_is_of_no_earlier_model()

@@ -123,7 +123,7 @@ void TstGeometryCommands::set_up()
     mShell = std::make_unique<RecordingShell>();
     mServices = {mShell.get(), nullptr};
     QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s, *mModel, mServices,
-                                       QStringLiteral(FENNAR_MESHER)));
+                                       QDir(QStringLiteral(FENNAR_PROGRAMS))));
 }
 
 void TstGeometryCommands::tear_down()
@@ -211,11 +211,13 @@ void TstGeometryCommands::errors_tell_the_column_data()
     row("subtract body from body", "subtract: column 20: \"body\" was named already");
     row("delete", "delete: column 7: expected a solid, found the end of the line");
     row("rename body ball", "rename: column 13: there is a solid \"ball\" already");
-    row("mesh", "mesh: column 5: expected a solid, \"size\" or \"verbose\", found the end of the line");
-    row("mesh body",
-        "mesh: column 10: expected another solid, \"size\" or \"verbose\", found the end of the line");
+    row("mesh", "mesh: column 5: expected a solid, \"size\", \"algorithm\", \"threads\" or \"verbose\", "
+                "found the end of the line");
+    row("mesh body", "mesh: column 10: expected another solid, \"size\", \"algorithm\", \"threads\" or "
+                     "\"verbose\", found the end of the line");
     length("mesh size 0", "mesh: column 11: expected a size of the elements", "\"0\"");
-    row("mesh size 1 quiet", "mesh: column 13: expected \"verbose\" or the end of the line, found \"quiet\"");
+    row("mesh size 1 quiet", "mesh: column 13: expected \"algorithm\", \"threads\", \"verbose\" or the end "
+                             "of the line, found \"quiet\"");
     row("statistics", "statistics: column 1: there is no mesh");
     row("quality best",
         "quality: column 9: expected \"ICN\", \"IGE\" or the end of the line, found \"best\"");

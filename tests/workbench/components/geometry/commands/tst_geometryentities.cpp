@@ -27,7 +27,7 @@ protected:
         mModel = std::make_unique<GeometryModel>();
         mSession = std::make_unique<CommandSession>();
         QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s, *mModel, mServices,
-                                           QStringLiteral(FENNAR_MESHER)));
+                                           QDir(QStringLiteral(FENNAR_PROGRAMS))));
     }
     void tear_down() override
     {
@@ -152,7 +152,7 @@ private slots:
         const auto quality = std::get<CommandValue::Map>(property(coarse, u"quality"_s, {u"ICN"_s}).data);
         QCOMPARE(quality.size(), 3);
         QCOMPARE(quality.first().first, u"min"_s);
-        QCOMPARE(std::get<double>(quality.first().second.data), mModel->mesh()->quality.first().least);
+        QCOMPARE(std::get<double>(quality.first().second.data), mModel->mesh()->quality->first().least);
         const auto counts = std::get<CommandValue::Map>(property(coarse, u"counts"_s).data);
         QCOMPARE(counts.size(), mModel->mesh()->elements.size() + 1);
         const auto solids = std::get<CommandValue::List>(property(coarse, u"solids"_s).data);

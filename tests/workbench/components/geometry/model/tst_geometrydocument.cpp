@@ -108,7 +108,7 @@ void TstGeometryDocument::set_up()
     mInterpreter->set_output([this](const QString& text) { mOutput += text; });
     mInterpreter->set_error_output([this](const QString& text) { mOutput += text; });
     QVERIFY(register_geometry_commands(*mRegistry, u"geometry"_s, *mModel, mServices,
-                                       QStringLiteral(FENNAR_MESHER)));
+                                       QDir(QStringLiteral(FENNAR_PROGRAMS))));
     QVERIFY(register_document_commands(*mRegistry, u"geometry"_s, *mModel,
                                        {[this](bool discard) {
                                             mDiscarded << discard;

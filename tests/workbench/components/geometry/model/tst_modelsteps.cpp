@@ -71,7 +71,7 @@ void TstModelSteps::set_up()
     mJournal = 0;
     mModel->steps().set_journal([this] { return mJournal; });
     QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s, *mModel, mServices,
-                                       QStringLiteral(FENNAR_MESHER)));
+                                       QDir(QStringLiteral(FENNAR_PROGRAMS))));
 }
 
 void TstModelSteps::tear_down()

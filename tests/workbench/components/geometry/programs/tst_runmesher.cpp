@@ -6,9 +6,11 @@
 #include "workbench/components/geometry/exchange/surface_bytes.h"
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
+#include "workbench/components/geometry/programs/mesh_quality.h"
 #include "workbench/components/geometry/programs/run_mesher.h"
 #include "workbench/sdk/core/scene/Point3.h"
 
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -30,6 +32,10 @@ protected:
 
 private slots:
     void cube_is_meshed();
+    void quality_is_measured_when_somebody_asks();
+    void failing_measurement_is_a_clear_error();
+    void hxt_meshes_in_several_threads_data();
+    void hxt_meshes_in_several_threads();
     void smaller_size_gives_more_elements();
     void several_solids_are_meshed_together();
     void solid_of_pieces_is_meshed();
@@ -95,7 +101,7 @@ QString TstRunMesher::program(const QByteArray& script)
 QString TstRunMesher::failure(const QString& mesher, const MesherListener& listener)
 {
     try {
-        run_mesher(mesher, *mModel, {1}, 0.5, listener);
+        run_mesher(mesher, *mModel, {1}, {.size = 0.5}, listener);
     } catch (const GeometryError& error) {
         return error.message();
     }
@@ -140,7 +146,7 @@ void check_surface(const QByteArray& bytes, double volume)
 
 void TstRunMesher::cube_is_meshed()
 {
-    const auto mesh = run_mesher(mMesher, *mModel, {1}, 0.25);
+    const auto mesh = run_mesher(mMesher, *mModel, {1}, {.size = 0.25});
     QVERIFY(mesh);
     // The eight corners, and twelve edges of four elements each.
     QCOMPARE(count(*mesh, 0), 8);
@@ -151,10 +157,24 @@ void TstRunMesher::cube_is_meshed()
     QVERIFY(mesh->msh.startsWith("$MeshFormat\n4"));
     QVERIFY(mesh->msh.contains("\"brick1\""));
     QVERIFY(mesh->msh.contains("$EndElements"));
-    QCOMPARE(mesh->quality.size(), 2);
-    QCOMPARE(mesh->quality[0].measure, u"ICN"_s);
-    QCOMPARE(mesh->quality[1].measure, u"IGE"_s);
-    for (const Mesh::Quality& quality : mesh->quality) {
+}
+
+void TstRunMesher::quality_is_measured_when_somebody_asks()
+{
+    const auto mesh = run_mesher(mMesher, *mModel, {1}, {.size = 0.25});
+    const QDir programs(QStringLiteral(FENNAR_PROGRAMS));
+    QVERIFY(!mesh->quality);
+    MesherListener cancelling;
+    cancelling.go_on = [] { return false; };
+    QVERIFY(!measure_quality(*mesh, programs, cancelling));
+    QVERIFY(!mesh->quality);
+    QVERIFY(measure_quality(*mesh, programs));
+    QCOMPARE(mesh->quality->size(), 2);
+    QCOMPARE(mesh->quality->at(0).measure, u"ICN"_s);
+    QCOMPARE(mesh->quality->at(1).measure, u"IGE"_s);
+    // Once is enough.
+    QVERIFY(measure_quality(*mesh, QDir(u"/no/such/folder"_s)));
+    for (const Mesh::Quality& quality : *mesh->quality) {
         QVERIFY(quality.least > 0);
         QVERIFY(quality.least < quality.mean);
         QVERIFY(quality.mean < quality.most);
@@ -162,19 +182,70 @@ void TstRunMesher::cube_is_meshed()
     }
 }
 
+void TstRunMesher::failing_measurement_is_a_clear_error()
+{
+    const auto mesh = run_mesher(mMesher, *mModel, {1}, {.size = 0.5});
+    const auto failure = [&mesh](const QDir& programs) {
+        try {
+            measure_quality(*mesh, programs);
+        } catch (const GeometryError& error) {
+            return error.message();
+        }
+        return QString();
+    };
+    QVERIFY(failure(QDir(u"/no/such"_s))
+                .startsWith(u"the converter \"/no/such/fennar-converter\" cannot be started"));
+    for (const auto& [script, message] :
+         {std::pair<QByteArray, QString>{
+              "kill -SEGV $$", u"the converter has crashed. The model and the last mesh are as they were"_s},
+          {"exit 0", u"the converter has left no measures: No such file or directory"_s},
+          {"cd \"$(dirname \"$1\")\"; echo rubbish >quality", u"the converter's measures are damaged"_s}}) {
+        const QString path = program(script);
+        QFile::remove(mDirectory->filePath(u"fennar-converter"_s));
+        QVERIFY(QFile::link(path, mDirectory->filePath(u"fennar-converter"_s)));
+        QCOMPARE(failure(QDir(mDirectory->path())), message);
+        QVERIFY(!mesh->quality);
+    }
+}
+
+void TstRunMesher::hxt_meshes_in_several_threads_data()
+{
+    QTest::addColumn<int>("threads");
+    QTest::newRow("one") << 1;
+    QTest::newRow("two") << 2;
+}
+
+void TstRunMesher::hxt_meshes_in_several_threads()
+{
+    QFETCH(const int, threads);
+    QStringList said;
+    MesherListener listener;
+    listener.message = [&said](const MesherReport::Message& message) { said << message.text; };
+    const auto mesh =
+        run_mesher(mMesher, *mModel, {1}, {.size = 0.04, .hxt = true, .threads = threads}, listener);
+    QVERIFY(count(*mesh, 3) > 50'000 && count(*mesh, 3) < 200'000);
+    check_surface(mesh->surfaces[0], 1);
+    // The engine tells how many it takes where that helps.
+    static const QRegularExpression many(u"points on +([0-9]+) threads"_s);
+    int most = 0;
+    for (const QString& line : std::as_const(said))
+        most = std::max(most, many.match(line).captured(1).toInt());
+    QCOMPARE(most, threads);
+}
+
 void TstRunMesher::smaller_size_gives_more_elements()
 {
-    const auto coarse = run_mesher(mMesher, *mModel, {1}, 0.5);
-    const auto fine = run_mesher(mMesher, *mModel, {1}, 0.125);
+    const auto coarse = run_mesher(mMesher, *mModel, {1}, {.size = 0.5});
+    const auto fine = run_mesher(mMesher, *mModel, {1}, {.size = 0.125});
     QVERIFY(count(*fine, 3) > 10 * count(*coarse, 3));
 }
 
 void TstRunMesher::several_solids_are_meshed_together()
 {
     mModel->sphere(1, {3, 0, 0}, u"ball"_s);
-    const auto mesh = run_mesher(mMesher, *mModel, {1, 2}, 0.5);
-    const auto brick = run_mesher(mMesher, *mModel, {1}, 0.5);
-    const auto ball = run_mesher(mMesher, *mModel, {2}, 0.5);
+    const auto mesh = run_mesher(mMesher, *mModel, {1, 2}, {.size = 0.5});
+    const auto brick = run_mesher(mMesher, *mModel, {1}, {.size = 0.5});
+    const auto ball = run_mesher(mMesher, *mModel, {2}, {.size = 0.5});
     QCOMPARE(count(*mesh, 2), count(*brick, 2) + count(*ball, 2));
     QVERIFY(mesh->msh.contains("\"ball\""));
     QCOMPARE(mesh->solids, QStringList({u"brick1"_s, u"ball"_s}));
@@ -182,10 +253,10 @@ void TstRunMesher::several_solids_are_meshed_together()
 
 void TstRunMesher::solid_of_pieces_is_meshed()
 {
-    const auto brick = run_mesher(mMesher, *mModel, {1}, 0.5);
+    const auto brick = run_mesher(mMesher, *mModel, {1}, {.size = 0.5});
     mModel->copy(1, {5, 0, 0});
     mModel->unite({1, 2});
-    const auto mesh = run_mesher(mMesher, *mModel, {1}, 0.5);
+    const auto mesh = run_mesher(mMesher, *mModel, {1}, {.size = 0.5});
     QCOMPARE(count(*mesh, 1), 2 * count(*brick, 1));
 }
 
@@ -209,7 +280,7 @@ void TstRunMesher::surfaces_are_closed_and_face_outwards()
         mModel->subtract(1, {mModel->sphere(0.25)});
     else if (solid == u"pieces")
         mModel->unite({1, mModel->copy(1, {5, 0, 0})});
-    const auto mesh = run_mesher(mMesher, *mModel, {other, id}, 0.25);
+    const auto mesh = run_mesher(mMesher, *mModel, {other, id}, {.size = 0.25});
     QCOMPARE(mesh->surfaces.size(), 2);
     check_surface(mesh->surfaces[0], 27);
     check_surface(mesh->surfaces[1], mModel->measures(id).volume);
@@ -218,7 +289,7 @@ void TstRunMesher::surfaces_are_closed_and_face_outwards()
 void TstRunMesher::only_the_solids_named_are_meshed()
 {
     mModel->sphere(1);
-    const auto mesh = run_mesher(mMesher, *mModel, {1}, 0.5);
+    const auto mesh = run_mesher(mMesher, *mModel, {1}, {.size = 0.5});
     QCOMPARE(count(*mesh, 0), 8);
     QVERIFY(!mesh->msh.contains("\"sphere2\""));
 }
@@ -227,11 +298,14 @@ void TstRunMesher::locale_makes_no_difference()
 {
     const QByteArray before = qgetenv("LC_ALL");
     qputenv("LC_ALL", "de_DE.UTF-8");
-    const auto german = run_mesher(mMesher, *mModel, {1}, 0.25);
+    const QDir programs(QStringLiteral(FENNAR_PROGRAMS));
+    const auto german = run_mesher(mMesher, *mModel, {1}, {.size = 0.25});
+    const bool measured = measure_quality(*german, programs);
     qputenv("LC_ALL", before);
-    const auto mesh = run_mesher(mMesher, *mModel, {1}, 0.25);
+    const auto mesh = run_mesher(mMesher, *mModel, {1}, {.size = 0.25});
+    QVERIFY(measured && measure_quality(*mesh, programs));
     QCOMPARE(german->nodes, mesh->nodes);
-    QCOMPARE(german->quality[0].mean, mesh->quality[0].mean);
+    QCOMPARE(german->quality->at(0).mean, mesh->quality->at(0).mean);
 }
 
 void TstRunMesher::progress_rises_through_all_stages()
@@ -244,10 +318,10 @@ void TstRunMesher::progress_rises_through_all_stages()
         if (stages.isEmpty() || stages.last() != stage)
             stages << stage;
     };
-    run_mesher(mMesher, *mModel, {1}, 0.05, listener);
+    run_mesher(mMesher, *mModel, {1}, {.size = 0.05}, listener);
     QVERIFY(std::is_sorted(percentages.begin(), percentages.end()));
     QCOMPARE(stages, QStringList({u"reading the solids"_s, u"meshing edges"_s, u"meshing faces"_s,
-                                  u"meshing volumes"_s, u"measuring"_s, u"writing"_s}));
+                                  u"meshing volumes"_s, u"writing"_s}));
     // Within faces and within volumes, too.
     QVERIFY(std::count_if(percentages.begin(), percentages.end(), [](int p) { return p > 5 && p < 35; }) > 2);
     QVERIFY(std::count_if(percentages.begin(), percentages.end(), [](int p) { return p > 35 && p < 90; }) >
@@ -259,14 +333,14 @@ void TstRunMesher::engine_messages_arrive()
     QStringList texts;
     MesherListener listener;
     listener.message = [&texts](const MesherReport::Message& message) { texts << message.text; };
-    run_mesher(mMesher, *mModel, {1}, 0.25, listener);
+    run_mesher(mMesher, *mModel, {1}, {.size = 0.25}, listener);
     QVERIFY(texts.contains(u"Meshing 3D..."_s));
     QVERIFY(texts.indexOf(u"Meshing 1D..."_s) < texts.indexOf(u"Meshing 3D..."_s));
 }
 
 void TstRunMesher::mesh_knows_what_it_was_made_of()
 {
-    const auto mesh = run_mesher(mMesher, *mModel, {1}, 0.5);
+    const auto mesh = run_mesher(mMesher, *mModel, {1}, {.size = 0.5});
     QCOMPARE(mesh->size, 0.5);
     QCOMPARE(mesh->revision, mModel->revision());
     QCOMPARE(mesh->solids, QStringList(u"brick1"_s));
@@ -290,7 +364,7 @@ void TstRunMesher::cancel_does_not_wait_for_the_end_of_a_step()
         frozen = freeze_children();
         return false;
     };
-    const auto mesh = run_mesher(mMesher, *mModel, {1}, 0.05, listener);
+    const auto mesh = run_mesher(mMesher, *mModel, {1}, {.size = 0.05}, listener);
     QVERIFY(frozen);
     QVERIFY(!mesh);
     QCOMPARE(turns_after, 0);
@@ -310,7 +384,7 @@ void TstRunMesher::listener_gets_its_turn_while_the_mesher_says_nothing()
             frozen = freeze_children();
         return true;
     };
-    QVERIFY(run_mesher(mMesher, *mModel, {1}, 0.05, listener));
+    QVERIFY(run_mesher(mMesher, *mModel, {1}, {.size = 0.05}, listener));
     QVERIFY(turns >= 20);
 }
 
@@ -340,7 +414,7 @@ void TstRunMesher::killed_mesher_is_a_clear_error()
     };
     QString message;
     try {
-        run_mesher(mMesher, *mModel, {1}, 0.03, listener);
+        run_mesher(mMesher, *mModel, {1}, {.size = 0.03}, listener);
     } catch (const GeometryError& error) {
         message = error.message();
     }
@@ -348,7 +422,7 @@ void TstRunMesher::killed_mesher_is_a_clear_error()
              u"the mesher has crashed while meshing volumes. The model and the last mesh are as they were"_s);
     QCOMPARE(mModel->mesh().get(), old_mesh.get());
     QCOMPARE(mModel->revision(), revision);
-    QVERIFY(run_mesher(mMesher, *mModel, {1}, 0.5)); // the next one works
+    QVERIFY(run_mesher(mMesher, *mModel, {1}, {.size = 0.5})); // the next one works
 }
 
 void TstRunMesher::failing_mesher_is_a_clear_error_data()
@@ -388,7 +462,7 @@ void TstRunMesher::silent_mesher_can_be_cancelled()
     int turns = 0;
     MesherListener listener;
     listener.go_on = [&turns] { return ++turns < 3; };
-    QVERIFY(!run_mesher(program("exec sleep 1000"), *mModel, {1}, 0.5, listener));
+    QVERIFY(!run_mesher(program("exec sleep 1000"), *mModel, {1}, {.size = 0.5}, listener));
     QCOMPARE(turns, 3);
 }
 
@@ -396,12 +470,12 @@ void TstRunMesher::exception_of_a_listener_ends_the_mesher()
 {
     MesherListener listener;
     listener.message = [](const MesherReport::Message&) { throw std::runtime_error("enough"); };
-    QVERIFY_THROWS_EXCEPTION(std::runtime_error, run_mesher(mMesher, *mModel, {1}, 0.02, listener));
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, run_mesher(mMesher, *mModel, {1}, {.size = 0.02}, listener));
 }
 
 void TstRunMesher::unknown_solid_is_an_error()
 {
-    QVERIFY_THROWS_EXCEPTION(GeometryError, run_mesher(mMesher, *mModel, {1, 7}, 0.5));
+    QVERIFY_THROWS_EXCEPTION(GeometryError, run_mesher(mMesher, *mModel, {1, 7}, {.size = 0.5}));
 }
 
 void TstRunMesher::mesher_refuses_bad_jobs_data()
@@ -412,6 +486,9 @@ void TstRunMesher::mesher_refuses_bad_jobs_data()
     QTest::addRow("negative size") << QByteArray("size -1\noutput a\nstatistics b\nsolid a a.brep\n");
     QTest::addRow("no solid") << QByteArray("size 1\noutput a\nstatistics b\n");
     QTest::addRow("unknown key") << QByteArray("size 1\noutput a\nstatistics b\nsolid a a.brep\nwhat\n");
+    QTest::addRow("unknown algorithm")
+        << QByteArray("size 1\nalgorithm best\noutput a\nstatistics b\nsolid a a.brep\n");
+    QTest::addRow("no thread") << QByteArray("size 1\nthreads 0\noutput a\nstatistics b\nsolid a a.brep\n");
     QTest::addRow("solid without a file") << QByteArray("size 1\noutput a\nstatistics b\nsolid a\n");
 }
 
@@ -441,7 +518,7 @@ void TstRunMesher::mesher_ends_with_the_program_that_started_it()
             pid = file.readAll().trimmed().toInt();
         return pid == 0;
     };
-    QVERIFY(!run_mesher(program(script), *mModel, {1}, 0.01, listener));
+    QVERIFY(!run_mesher(program(script), *mModel, {1}, {.size = 0.01}, listener));
     QVERIFY(pid > 0);
     QTRY_VERIFY(kill(pid, 0) != 0 || QFile::symLinkTarget(u"/proc/%1/exe"_s.arg(pid)).isEmpty());
 }
