@@ -131,6 +131,29 @@ TopTools_ListOfShape pieces(const QList<Shape>& shapes)
     return list;
 }
 
+double volume_of(const TopoDS_Shape& shape)
+{
+    GProp_GProps volume;
+    BRepGProp::VolumeProperties(shape, volume);
+    return volume.Mass();
+}
+
+/** The result, with one face where two lay in one plane or on one cylinder. */
+TopoDS_Shape simplified(BRepAlgoAPI_Fuse& operation)
+{
+    const TopoDS_Shape result = operation.Shape();
+    // The kernel may lose a face where it has two sides of a seam to join, and gives up on some tori. The
+    // result is right without it.
+    try {
+        operation.SimplifyResult();
+        const double volume = volume_of(result);
+        if (std::abs(volume_of(operation.Shape()) - volume) <= 1e-6 * volume)
+            return operation.Shape();
+    } catch (const Standard_Failure&) {
+    }
+    return result;
+}
+
 /** @param objects  may touch or cut neither each other nor themselves, but for a union. */
 template <typename Operation>
 TopoDS_Shape combine(const TopTools_ListOfShape& objects, const TopTools_ListOfShape& tools,
@@ -143,9 +166,8 @@ TopoDS_Shape combine(const TopTools_ListOfShape& objects, const TopTools_ListOfS
     operation.Build(range);
     if (operation.HasErrors() || !operation.IsDone())
         throw GeometryError(u"the kernel could not combine the solids"_s);
-    // Where two faces were one plane, one is enough.
     if constexpr (std::is_same_v<Operation, BRepAlgoAPI_Fuse>)
-        operation.SimplifyResult();
+        return simplified(operation);
     return operation.Shape();
 }
 

@@ -104,6 +104,10 @@ private slots:
     void failed_move_of_several_moves_none();
     void copy_is_independent();
     void unite_counts_what_is_common_once();
+    void unite_loses_no_face_at_a_seam();
+    void unite_takes_a_torus_and_a_brick();
+    void combined_volumes_add_up_data();
+    void combined_volumes_add_up();
     void unite_keeps_what_does_not_touch_as_pieces();
     void box_around_parts_of_round_solids_is_tight();
     void subtract_makes_a_hole();
@@ -383,6 +387,71 @@ void TstGeometryModel::unite_counts_what_is_common_once()
     QVERIFY(near(model.measures(1).volume, 16));
     QVERIFY(near(model.measures(1).area, 4 * 8 + 2 * 4));
     QCOMPARE(model.measures(1).pieces, 1);
+}
+
+void TstGeometryModel::unite_loses_no_face_at_a_seam()
+{
+    GeometryModel model;
+    const int ball = model.sphere(5);
+    model.unite({ball, model.brick({8, 8, 8})});
+    // Six caps look out of the cube.
+    const double cap = pi * 1 * 1 * (3 * 5 - 1) / 3;
+    QVERIFY(near(model.measures(ball).volume, 512 + 6 * cap));
+    QVERIFY(std::abs(model.measures(ball).most.x - 5) < 1e-5);
+}
+
+void TstGeometryModel::unite_takes_a_torus_and_a_brick()
+{
+    GeometryModel model;
+    const int ring = model.torus(4, 2);
+    model.unite({ring, model.brick({8, 8, 8})});
+    QCOMPARE(model.measures(ring).pieces, 1);
+    QVERIFY(model.measures(ring).volume > 512);
+    QVERIFY(std::abs(model.measures(ring).most.x - 6) < 1e-5);
+}
+
+void TstGeometryModel::combined_volumes_add_up_data()
+{
+    QTest::addColumn<int>("first");
+    QTest::addColumn<int>("second");
+    QTest::newRow("brick and cone") << 0 << 3;
+    QTest::newRow("sphere and cylinder") << 1 << 2;
+    QTest::newRow("cylinder and torus") << 2 << 4;
+}
+
+/** One a little beside the other: what is in both, and what is not. */
+void TstGeometryModel::combined_volumes_add_up()
+{
+    QFETCH(const int, first);
+    QFETCH(const int, second);
+    GeometryModel model;
+    const auto make = [&model](int kind) {
+        switch (kind) {
+        case 0:
+            return model.brick({8, 8, 8});
+        case 1:
+            return model.sphere(5);
+        case 2:
+            return model.cylinder(4, 9);
+        case 3:
+            return model.cone(5, 1, 8);
+        default:
+            return model.torus(4, 2);
+        }
+    };
+    const int a = make(first);
+    const int b = make(second);
+    model.move({b}, {1.5, 0.75, -1.5});
+    const double volume_a = model.measures(a).volume;
+    const double volume_b = model.measures(b).volume;
+    const int common = model.copy(a);
+    model.intersect({common, model.copy(b)});
+    const double in_both = model.measures(common).volume;
+    const int rest = model.copy(a);
+    model.subtract(rest, {model.copy(b)});
+    QVERIFY(std::abs(model.measures(rest).volume - (volume_a - in_both)) < 1e-3 * volume_a);
+    model.unite({a, b});
+    QVERIFY(std::abs(model.measures(a).volume - (volume_a + volume_b - in_both)) < 1e-3 * volume_a);
 }
 
 void TstGeometryModel::unite_keeps_what_does_not_touch_as_pieces()
