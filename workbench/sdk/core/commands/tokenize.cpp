@@ -7,12 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Letters, digits and blanks of the language are those of ASCII, so that a journal means the same everywhere.
-
-bool is_blank(QChar c)
-{
-    return c == u' ' || (c >= u'\t' && c <= u'\r');
-}
+// Letters and digits of the language are those of ASCII, as its blanks are.
 
 bool is_name_start(QChar c)
 {
@@ -51,14 +46,14 @@ private:
 
     bool skip_to_word()
     {
-        while (!at_end() && is_blank(mLine[mAt]))
+        while (!at_end() && is_command_blank(mLine[mAt]))
             ++mAt;
         return !at_end() && mLine[mAt] != u'#';
     }
 
     void read_word()
     {
-        while (!at_end() && !is_blank(mLine[mAt])) {
+        while (!at_end() && !is_command_blank(mLine[mAt])) {
             if (mLine[mAt] == u'"')
                 read_double_quotes();
             else if (mLine[mAt] == u'\'')
@@ -73,7 +68,7 @@ private:
     void read_plain()
     {
         const qsizetype start = mAt;
-        while (!at_end() && !is_blank(mLine[mAt]) && mLine[mAt] != u'"' && mLine[mAt] != u'\'' &&
+        while (!at_end() && !is_command_blank(mLine[mAt]) && mLine[mAt] != u'"' && mLine[mAt] != u'\'' &&
                mLine[mAt] != u'$')
             ++mAt;
         mWord.text += mLine.sliced(start, mAt - start);
@@ -215,7 +210,7 @@ QString quote_word(QStringView word)
 {
     // A backslash at its end would continue the line, so a word with one is quoted.
     const auto is_plain = [](QChar c) {
-        return !is_blank(c) && c != u'"' && c != u'\'' && c != u'$' && c != u'\\' && c != u'#';
+        return !is_command_blank(c) && c != u'"' && c != u'\'' && c != u'$' && c != u'\\' && c != u'#';
     };
     if (!word.isEmpty() && std::all_of(word.begin(), word.end(), is_plain))
         return word.toString();

@@ -38,7 +38,8 @@ struct CommandWords
     std::optional<CommandError> error;
 };
 
-/** The value of a variable; empty if there is no variable of that name. */
+/** The value of a variable; empty if there is no variable of that name, which is a part of the line itself.
+ */
 using VariableLookup = std::function<std::optional<QString>(QStringView name)>;
 
 /** The longest text, in characters, that the variables of one line may expand to. */
@@ -51,6 +52,12 @@ inline constexpr qsizetype expansion_limit = qsizetype(1) << 26;
  * @param variable  finds the variables; none exist if it is null.
  */
 FENNAR_CORE_EXPORT CommandWords tokenize(QStringView line, const VariableLookup& variable = {});
+
+/** Whether @p c parts words: one of the blanks of ASCII, so that a journal means the same everywhere. */
+constexpr bool is_command_blank(QChar c)
+{
+    return c == u' ' || (c >= u'\t' && c <= u'\r');
+}
 
 /** Writes @p word so that tokenize() reads exactly it back; in double quotes only where it needs them. */
 FENNAR_CORE_EXPORT QString quote_word(QStringView word);
