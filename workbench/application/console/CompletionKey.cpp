@@ -54,31 +54,14 @@ void CompletionKey::complete()
     const LineCompletion completion = mComplete(line, caret);
     const bool again = mCaret == caret && mLine == line;
     mCaret = -1;
-    const QString typed = line.sliced(completion.start, caret - completion.start);
-    if (completion.candidates.size() == 1) {
-        const QString& text = completion.candidates[0].inserted;
-        const bool ended = completion.followed && caret == line.size();
-        replace(completion.start, caret, ended ? text + u' ' : text);
-        return;
-    }
-    if (!completion.candidates.isEmpty() && completion.common != typed && !completion.common.isEmpty()) {
-        replace(completion.start, caret, completion.common);
+    if (const auto text = completed_text(completion, line, caret)) {
+        replace_typed(mPage, completion.start, caret, *text);
         return;
     }
     if (again)
         list(completion);
     mLine = line;
     mCaret = caret;
-}
-
-void CompletionKey::replace(qsizetype start, qsizetype caret, const QString& text)
-{
-    QTextCursor cursor = mPage->textCursor();
-    cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor,
-                        static_cast<int>(caret - start));
-    cursor.insertText(text);
-    mPage->setTextCursor(cursor);
-    mPage->ensureCursorVisible();
 }
 
 void CompletionKey::list(const LineCompletion& completion)
@@ -97,6 +80,28 @@ void CompletionKey::list(const LineCompletion& completion)
     if (completion.candidates.size() > list_limit)
         text += u"... and %1 more\n"_s.arg(completion.candidates.size() - list_limit);
     mPage->printOutput(text);
+}
+
+std::optional<QString> completed_text(const LineCompletion& completion, const QString& line, qsizetype caret)
+{
+    if (completion.candidates.size() == 1) {
+        const QString& text = completion.candidates[0].inserted;
+        return completion.followed && caret == line.size() ? text + u' ' : text;
+    }
+    const QStringView typed = QStringView(line).sliced(completion.start, caret - completion.start);
+    if (completion.candidates.isEmpty() || completion.common.isEmpty() || completion.common == typed)
+        return std::nullopt;
+    return completion.common;
+}
+
+void replace_typed(QPlainTextEdit* page, qsizetype start, qsizetype caret, const QString& text)
+{
+    QTextCursor cursor = page->textCursor();
+    cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor,
+                        static_cast<int>(caret - start));
+    cursor.insertText(text);
+    page->setTextCursor(cursor);
+    page->ensureCursorVisible();
 }
 
 QString in_columns(const QStringList& names, qsizetype width)

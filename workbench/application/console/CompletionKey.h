@@ -9,8 +9,10 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 class CommandWidget;
+class QPlainTextEdit;
 
 /**
  * Completes on Tab what is typed ahead of the caret.
@@ -39,7 +41,6 @@ public:
 
 private:
     void complete();
-    void replace(qsizetype start, qsizetype caret, const QString& text);
     void list(const LineCompletion& completion);
 
     CommandWidget* mPage;
@@ -48,6 +49,13 @@ private:
     QString mLine;
     qsizetype mCaret = -1;
 };
+
+/** What a completion key puts in the place of the part typed: the only candidate, or what all have in common;
+ * nothing if that is nothing new. */
+std::optional<QString> completed_text(const LineCompletion& completion, const QString& line, qsizetype caret);
+
+/** Puts @p text in the place of what stands between @p start and the caret, as one step of undo. */
+void replace_typed(QPlainTextEdit* page, qsizetype start, qsizetype caret, const QString& text);
 
 /** @p names in columns, down the first one and on in the next, in lines of at most @p width characters. */
 QString in_columns(const QStringList& names, qsizetype width);

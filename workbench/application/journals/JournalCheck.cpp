@@ -5,52 +5,17 @@
 
 #include "frame/Alive.h"
 #include "journal/JournalEditor.h"
+#include "workbench/application/editor/DocumentMarks.h"
 #include "workbench/sdk/component/journal_documents.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/Playback.h"
 #include "workbench/sdk/core/commands/check_journal.h"
 
 #include <QAction>
-#include <QHash>
 #include <QPlainTextEdit>
-#include <QSyntaxHighlighter>
 #include <QTextBlock>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/** Underlines lines of a document as long as they stay as they are. */
-class FaultMarks : public QSyntaxHighlighter
-{
-public:
-    FaultMarks(QTextDocument* document, const QList<JournalFault>& faults) : QSyntaxHighlighter(document)
-    {
-        setObjectName(u"faultMarks"_s);
-        for (const JournalFault& fault : faults) {
-            const int line = int(fault.line) - 1;
-            mLines.insert(line, document->findBlockByNumber(line).text());
-        }
-    }
-
-protected:
-    void highlightBlock(const QString& text) override
-    {
-        const auto marked = mLines.constFind(currentBlock().blockNumber());
-        if (marked == mLines.constEnd() || *marked != text)
-            return;
-        QTextCharFormat wrong;
-        wrong.setUnderlineStyle(QTextCharFormat::WaveUnderline);
-        wrong.setUnderlineColor(Qt::red);
-        setFormat(0, int(text.size()), wrong);
-    }
-
-private:
-    /** The texts of those that are wrong, by their numbers from 0. */
-    QHash<int, QString> mLines;
-};
-
-} // namespace
 
 JournalCheck::JournalCheck(JournalEditor* editor, CommandInterpreter& interpreter, const Print& print,
                            const Print& print_error)
@@ -84,7 +49,8 @@ void JournalCheck::check()
     const QString file = journal_file(journal);
     const QString name = file.isEmpty() ? u"Untitled"_s : file;
     const QString text = journal->toPlainText();
-    delete journal->document()->findChild<QSyntaxHighlighter*>(u"faultMarks"_s);
+    if (DocumentMarks* marks = DocumentMarks::find(journal->document()))
+        marks->set_wrong_lines({});
     if (file.endsWith(".py"_L1) || Playback::is_python(text)) {
         mPrintError(u"ERROR: %1 is a Python script, which cannot be checked\n"_s.arg(name));
         return;
@@ -94,7 +60,10 @@ void JournalCheck::check()
         mPrint(u"No errors were found in %1.\n"_s.arg(name));
         return;
     }
-    new FaultMarks(journal->document(), faults);
+    QList<int> wrong;
+    for (const JournalFault& fault : faults)
+        wrong << int(fault.line) - 1;
+    DocumentMarks::of(journal->document())->set_wrong_lines(wrong);
     // Whoever sees an error may close the journal, or end this.
     const Alive alive(this, journal);
     const Print print_error = mPrintError;

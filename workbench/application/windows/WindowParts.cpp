@@ -12,6 +12,8 @@
 #include "options/OptionsPanel.h"
 #include "workbench/application/component_manager/component_commands.h"
 #include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/application/editor/EditorLanguage.h"
+#include "workbench/application/editor/EditorOptions.h"
 #include "workbench/application/journals/JournalCheck.h"
 #include "workbench/application/journals/JournalFiles.h"
 #include "workbench/application/search/CommandFinder.h"
@@ -50,6 +52,18 @@ void add_panel_options(Ostrel* window)
     page->apply_stored_size();
 }
 
+/** The window owns the page. */
+void add_editor_options(Ostrel* window, EditorLanguage* language)
+{
+    OptionsPanel* options = window->options();
+    auto* page = new EditorOptions;
+    options->add_panel(EditorOptions::tr("Journal Editor"), page);
+    QObject::connect(options, &OptionsPanel::refreshSettings, page, &EditorOptions::refresh);
+    QObject::connect(options, &OptionsPanel::saveSettings, page, &EditorOptions::save);
+    // Behind the page.
+    QObject::connect(options, &OptionsPanel::saveSettings, language, &EditorLanguage::read_settings);
+}
+
 /** The shell looks for entries that are shown from now on. Those that are no longer are for the host to find.
  */
 void follow_unloaded_components(Ostrel* window)
@@ -74,6 +88,8 @@ WindowParts::WindowParts(Ostrel* window, ConsoleOwner* console, const Services& 
       mJournalCheck(std::make_unique<JournalCheck>(
           window->journal_editor(), Fennar::instance().interpreter(),
           [](const QString& text) { Broker::command << text; }, services.report)),
+      mEditorLanguage(std::make_unique<EditorLanguage>(
+          window->journal_editor(), Fennar::instance().interpreter(), services.complete_python)),
       mKeys(std::make_unique<WindowKeys>(window)),
       mDrops(std::make_unique<FileDrops>(window, console, services.run, services.report)),
       mFinder(std::make_unique<CommandFinder>(window, Fennar::instance().registry(),
@@ -83,6 +99,7 @@ WindowParts::WindowParts(Ostrel* window, ConsoleOwner* console, const Services& 
     window->set_title(u"Fennar"_s);
     describe_product(window);
     add_panel_options(window);
+    add_editor_options(window, mEditorLanguage.get());
     follow_unloaded_components(window);
 }
 

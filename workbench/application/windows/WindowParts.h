@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "workbench/sdk/core/commands/LineCompletion.h"
+
 #include <QString>
 
 #include <functional>
@@ -10,6 +12,7 @@
 
 class CommandFinder;
 class ConsoleOwner;
+class EditorLanguage;
 class FileDrops;
 class JournalCheck;
 class JournalFiles;
@@ -19,7 +22,8 @@ class WindowKeys;
 
 /**
  * What the program adds to the shell's main window and journal editor: its name and product, a page of the
- * options, keys, drops, the command search, and what looks after journals. One object while there is a
+ * options, keys, drops, the command search, and what looks after journals and their
+ * languages. One object while there is a
  * window; it goes before the window does.
  */
 class WindowParts
@@ -31,6 +35,8 @@ public:
         std::function<void(const QString& command)> run;
         /** Puts the command's name where the user types, to be completed. */
         std::function<void(const QString& name)> write;
+        /** Completes a line of Python. */
+        std::function<LineCompletion(const QString& line, qsizetype caret)> complete_python;
         /** Tells an error; whole lines. */
         std::function<void(const QString& text)> report;
     };
@@ -45,6 +51,7 @@ public:
 private:
     const std::unique_ptr<JournalFiles> mJournalFiles;
     const std::unique_ptr<JournalCheck> mJournalCheck;
+    const std::unique_ptr<EditorLanguage> mEditorLanguage;
     const std::unique_ptr<WindowKeys> mKeys;
     const std::unique_ptr<FileDrops> mDrops;
     const std::unique_ptr<CommandFinder> mFinder;

@@ -80,8 +80,9 @@ QList<int> TstJournalCheck::marked(const QPlainTextEdit* journal)
     QList<int> lines;
     for (QTextBlock block = journal->document()->begin(); block.isValid(); block = block.next()) {
         for (const QTextLayout::FormatRange& range : block.layout()->formats()) {
-            if (range.format.underlineStyle() == QTextCharFormat::WaveUnderline)
-                lines << block.blockNumber() + 1;
+            const int line = block.blockNumber() + 1;
+            if (range.format.underlineStyle() == QTextCharFormat::WaveUnderline && !lines.endsWith(line))
+                lines << line;
         }
     }
     return lines;

@@ -1,0 +1,168 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "workbench/application/editor/EditorLanguage.h"
+
+#include "journal/JournalEditor.h"
+#include "workbench/application/editor/EditorCompletion.h"
+#include "workbench/application/editor/EditorOptions.h"
+#include "workbench/sdk/component/journal_documents.h"
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/ContinuedCommand.h"
+#include "workbench/sdk/core/commands/Playback.h"
+#include "workbench/sdk/core/commands/complete_command.h"
+
+#include <QEvent>
+#include <QPlainTextEdit>
+#include <QTextBlock>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool is_python(const QPlainTextEdit* document)
+{
+    if (journal_file(document).endsWith(".py"_L1))
+        return true;
+    QTextBlock block = document->document()->begin();
+    while (block.isValid() && QStringView(block.text()).trimmed().isEmpty())
+        block = block.next();
+    return Playback::is_python(block.text());
+}
+
+LineCompletion complete_line(const QTextCursor& caret, CommandInterpreter& interpreter)
+{
+    const QString line = caret.block().text();
+    const qsizetype column = caret.positionInBlock();
+    // There Tab indents.
+    if (QStringView(line).first(column).trimmed().isEmpty())
+        return {.start = column};
+    QTextBlock first = caret.block();
+    while (first.previous().isValid() && first.previous().text().endsWith(u'\\'))
+        first = first.previous();
+    ContinuedCommand command;
+    for (; first != caret.block(); first = first.next())
+        command.add(first.text());
+    const qsizetype before = command.text().size();
+    LineCompletion completion = complete_command(command.text() + line, before + column,
+                                                 interpreter.registry(), interpreter.variables());
+    completion.start -= before;
+    // A word that has begun on an earlier line cannot be written anew.
+    return completion.start < 0 ? LineCompletion{.start = column} : completion;
+}
+
+} // namespace
+
+EditorLanguage::EditorLanguage(JournalEditor* editor, CommandInterpreter& interpreter,
+                               const CompletePython& python)
+    : mEditor(editor), mTabs(journal_tabs(editor)), mInterpreter(interpreter), mCompletePython(python)
+{
+    for (QTimer* timer : {&mLook, &mCommandsChanged}) {
+        timer->setSingleShot(true);
+        timer->setInterval(0);
+    }
+    connect(&mLook, &QTimer::timeout, this, &EditorLanguage::look_at_all);
+    connect(&mCommandsChanged, &QTimer::timeout, this, &EditorLanguage::color_commands_again);
+    connect(&interpreter.registry().entities(), &CommandEntities::changed, this, [this](const QString& kind) {
+        if (kind == "command"_L1)
+            mCommandsChanged.start();
+    });
+    if (mTabs) {
+        // A new document, a document of another name. Later, when it has its text, since one that is too long
+        // for colors would pay for them all the same.
+        const auto look = [this] { mLook.start(); };
+        connect(mTabs, &QTabWidget::currentChanged, this, look);
+        connect(editor, &QWidget::windowTitleChanged, this, look);
+    }
+    read_settings();
+}
+
+EditorLanguage::~EditorLanguage()
+{
+    for (const QPlainTextEdit* document : documents()) {
+        delete document->findChild<EditorCompletion*>();
+        if (DocumentMarks* marks = DocumentMarks::find(document->document()))
+            marks->set_language(Language::None, nullptr);
+    }
+}
+
+void EditorLanguage::read_settings()
+{
+    mColors = EditorOptions::colors();
+    mCompletes = EditorOptions::completes();
+    look_at_all();
+}
+
+bool EditorLanguage::eventFilter(QObject*, QEvent* event)
+{
+    if (event->type() == QEvent::PaletteChange)
+        mLook.start();
+    return false;
+}
+
+QList<QPlainTextEdit*> EditorLanguage::documents() const
+{
+    QList<QPlainTextEdit*> all;
+    for (int tab = 0; mTabs && tab < mTabs->count(); ++tab) {
+        if (QPlainTextEdit* document = journal_document(mTabs->widget(tab)))
+            all << document;
+    }
+    return all;
+}
+
+void EditorLanguage::look_at_all()
+{
+    for (QPlainTextEdit* document : documents())
+        look_at(document);
+}
+
+void EditorLanguage::look_at(QPlainTextEdit* document)
+{
+    document->installEventFilter(this); // once, however often
+    connect(document, &QPlainTextEdit::textChanged, this, &EditorLanguage::text_changed,
+            Qt::UniqueConnection);
+    auto* completion = document->findChild<EditorCompletion*>();
+    if (!mCompletes)
+        delete completion;
+    else if (!completion)
+        new EditorCompletion(
+            document, [this, document](const QTextCursor& caret) { return complete(document, caret); });
+    const Language language = colored_language(document);
+    DocumentMarks* marks = DocumentMarks::find(document->document());
+    if (!marks && language == Language::None)
+        return;
+    marks = marks ? marks : DocumentMarks::of(document->document());
+    marks->set_dark(document->palette().color(QPalette::Base).lightness() < 128);
+    marks->set_language(language, &mInterpreter.registry());
+}
+
+void EditorLanguage::text_changed()
+{
+    const auto* document = qobject_cast<QPlainTextEdit*>(sender());
+    const DocumentMarks* marks = document ? DocumentMarks::find(document->document()) : nullptr;
+    if (document && colored_language(document) != (marks ? marks->language() : Language::None))
+        mLook.start();
+}
+
+EditorLanguage::Language EditorLanguage::colored_language(const QPlainTextEdit* document) const
+{
+    if (!mColors || document->document()->characterCount() > DocumentMarks::most_characters)
+        return Language::None;
+    return is_python(document) ? Language::Python : Language::Commands;
+}
+
+void EditorLanguage::color_commands_again()
+{
+    for (const QPlainTextEdit* document : documents()) {
+        DocumentMarks* marks = DocumentMarks::find(document->document());
+        if (marks && marks->language() == Language::Commands)
+            marks->color_again();
+    }
+}
+
+LineCompletion EditorLanguage::complete(const QPlainTextEdit* document, const QTextCursor& caret) const
+{
+    return is_python(document) ? mCompletePython(caret.block().text(), caret.positionInBlock())
+                               : complete_line(caret, mInterpreter);
+}

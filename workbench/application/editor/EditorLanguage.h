@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/application/editor/DocumentMarks.h"
+#include "workbench/sdk/core/commands/LineCompletion.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+
+#include <functional>
+
+class CommandInterpreter;
+class JournalEditor;
+class QPlainTextEdit;
+class QTabWidget;
+class QTextCursor;
+
+/**
+ * Makes the journal editor know the languages of its documents: their words are colored, those of commands
+ * by the commands that there are, and Tab completes.
+ *
+ * A file "*.py", and a text whose first line that is not blank is "#!python", is a Python script; all else is
+ * a journal. Documents above DocumentMarks::most_characters are not colored. GUI thread only.
+ */
+class EditorLanguage : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** Completes a line of Python. */
+    using CompletePython = std::function<LineCompletion(const QString& line, qsizetype caret)>;
+
+    /**
+     * @param editor       stays the caller's, and may go earlier.
+     * @param interpreter  has the commands and variables. Not owned; outlives the object.
+     */
+    EditorLanguage(JournalEditor* editor, CommandInterpreter& interpreter, const CompletePython& python);
+    /** Takes the colors and the key away; marks of wrong lines stay. */
+    ~EditorLanguage() override;
+
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+public slots:
+    /** Takes over what the settings of EditorOptions say. */
+    void read_settings();
+
+private slots:
+    /** Looks at the sender later if it is of another language or size now. */
+    void text_changed();
+
+private:
+    using Language = DocumentMarks::Language;
+
+    /** All that are open. */
+    QList<QPlainTextEdit*> documents() const;
+    void look_at_all();
+    void look_at(QPlainTextEdit* document);
+    /** In which its words are to be colored. */
+    Language colored_language(const QPlainTextEdit* document) const;
+    void color_commands_again();
+    LineCompletion complete(const QPlainTextEdit* document, const QTextCursor& caret) const;
+
+    QPointer<JournalEditor> mEditor;
+    /** The editor's. */
+    QPointer<QTabWidget> mTabs;
+    CommandInterpreter& mInterpreter;
+    CompletePython mCompletePython;
+    bool mColors = true;
+    bool mCompletes = true;
+    /** When a document may have become one of another language or size. */
+    QTimer mLook;
+    /** When the commands have changed, of which many may come at a time. */
+    QTimer mCommandsChanged;
+};
