@@ -91,7 +91,7 @@ void DocumentMarks::set_wrong_lines(const QList<int>& lines)
 void DocumentMarks::highlightBlock(const QString& text)
 {
     setCurrentBlockState(ended);
-    if (document()->characterCount() <= most_characters) {
+    if (document()->characterCount() <= most_characters(mLanguage)) {
         if (mLanguage == Language::Commands)
             color_command(text);
         else if (mLanguage == Language::Python)

@@ -25,11 +25,16 @@ public:
     enum class Language { None, Commands, Python };
 
     /**
-     * The most characters of a document whose words are colored. Only a keystroke that opens or closes a
-     * string of Python over many lines colors all of a document anew; for one of this size that takes less
-     * than the 16 ms between two pictures of a screen (./bench measures it).
+     * The most characters of a document whose words are colored, so that no keystroke takes the 16 ms between
+     * two pictures of a screen (./bench measures both). In a script the worst one is that which opens or
+     * closes a string over all lines. In a journal a keystroke colors no more than one command; the whole is
+     * colored when it is opened and when the commands change, which at this size takes a twentieth of a
+     * second.
      */
-    static constexpr int most_characters = 60'000;
+    static constexpr int most_characters(Language language)
+    {
+        return language == Language::Python ? 100'000 : 250'000;
+    }
     /** The most characters of a command whose words are colored. */
     static constexpr int most_of_command = 4'000;
 

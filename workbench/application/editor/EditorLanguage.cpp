@@ -147,9 +147,9 @@ void EditorLanguage::text_changed()
 
 EditorLanguage::Language EditorLanguage::colored_language(const QPlainTextEdit* document) const
 {
-    if (!mColors || document->document()->characterCount() > DocumentMarks::most_characters)
-        return Language::None;
-    return is_python(document) ? Language::Python : Language::Commands;
+    const Language language = is_python(document) ? Language::Python : Language::Commands;
+    const bool is_short = document->document()->characterCount() <= DocumentMarks::most_characters(language);
+    return mColors && is_short ? language : Language::None;
 }
 
 void EditorLanguage::color_commands_again()

@@ -151,10 +151,14 @@ void TstDocumentMarks::command_that_is_too_long_is_plain()
 void TstDocumentMarks::document_that_is_too_long_is_plain()
 {
     marks()->set_language(Language::Commands, mRegistry.get());
-    mDocument->setPlainText(u"echo 1\n"_s + QString(DocumentMarks::most_characters, u'x'));
+    const QString filling(DocumentMarks::most_characters(Language::Commands), u'x');
+    mDocument->setPlainText(u"echo 1\n"_s + filling);
     QCOMPARE(line(0), u"echo 1"_s);
     mDocument->setPlainText(u"echo 1\n"_s);
     QCOMPARE(line(0), u"cccc n"_s);
+    marks()->set_language(Language::Python, nullptr);
+    mDocument->setPlainText(u"if\n"_s + filling.first(DocumentMarks::most_characters(Language::Python)));
+    QCOMPARE(line(0), u"if"_s);
 }
 
 void TstDocumentMarks::string_of_python_goes_on_until_it_is_closed()
@@ -202,7 +206,7 @@ void TstDocumentMarks::wrong_line_moves_and_stays_marked_until_it_is_edited()
 
 void TstDocumentMarks::wrong_lines_are_marked_without_a_language()
 {
-    mDocument->setPlainText(QString(DocumentMarks::most_characters, u'x') + u"\necho\nb"_s);
+    mDocument->setPlainText(QString(DocumentMarks::most_characters(Language::None), u'x') + u"\necho\nb"_s);
     QVERIFY(!DocumentMarks::find(mDocument.get()));
     marks()->set_wrong_lines({1, 7});
     QCOMPARE(DocumentMarks::find(mDocument.get()), marks());

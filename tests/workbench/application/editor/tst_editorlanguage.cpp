@@ -189,12 +189,13 @@ void TstEditorLanguage::words_can_be_read_in_both_schemes()
 
 void TstEditorLanguage::long_documents_are_plain_until_they_are_short_again()
 {
-    QPlainTextEdit* document = open(u"set x\n"_s + QString(DocumentMarks::most_characters, u' '));
+    const QString filling(DocumentMarks::most_characters(DocumentMarks::Language::Commands), u' ');
+    QPlainTextEdit* document = open(u"set x\n"_s + filling);
     QVERIFY(!DocumentMarks::find(document->document()));
     document->setPlainText(u"set x\n"_s);
     flush();
     QCOMPARE(colored(document), QStringList({u"set"_s, u"x"_s}));
-    document->appendPlainText(QString(DocumentMarks::most_characters, u' '));
+    document->appendPlainText(filling);
     flush();
     QCOMPARE(colored(document), QStringList());
 }
