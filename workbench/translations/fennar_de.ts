@@ -490,6 +490,13 @@
     </message>
 </context>
 <context>
+    <name>EditorOptions</name>
+    <message>
+        <source>Journal Editor</source>
+        <translation>Journal-Editor</translation>
+    </message>
+</context>
+<context>
     <name>ErrorPage</name>
     <message>
         <source>Double-click an error, or press Enter on it, to see its line in the journal editor.</source>
@@ -1786,6 +1793,33 @@
     <message>
         <source>Command, menu entry, option or recent file</source>
         <translation>Befehl, Menüeintrag, Option oder zuletzt verwendete Datei</translation>
+    </message>
+</context>
+<context>
+    <name>QtEditorOptions</name>
+    <message>
+        <source>Journal Editor</source>
+        <translation>Journal-Editor</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Commands, keywords, numbers, strings, names and comments in colors of their own. Long documents stay plain.</source>
+        <translation>Befehle, Schlüsselwörter, Zahlen, Zeichenketten, Namen und Kommentare in eigenen Farben. Lange Dokumente bleiben einfarbig.</translation>
+    </message>
+    <message>
+        <source>&amp;Color the words of journals and Python scripts</source>
+        <translation>Wörter in Journalen und Python-Skripten &amp;färben</translation>
+    </message>
+    <message>
+        <source>Where something fits Tab completes what is typed, as on the console. Elsewhere it indents.</source>
+        <translation>Wo etwas passt, vervollständigt Tab das Getippte wie in der Konsole. Sonst rückt es ein.</translation>
+    </message>
+    <message>
+        <source>Complete with &amp;Tab</source>
+        <translation>Mit &amp;Tab vervollständigen</translation>
     </message>
 </context>
 <context>

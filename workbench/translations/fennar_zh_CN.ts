@@ -490,6 +490,13 @@
     </message>
 </context>
 <context>
+    <name>EditorOptions</name>
+    <message>
+        <source>Journal Editor</source>
+        <translation>日志脚本编辑器</translation>
+    </message>
+</context>
+<context>
     <name>ErrorPage</name>
     <message>
         <source>Double-click an error, or press Enter on it, to see its line in the journal editor.</source>
@@ -1692,7 +1699,7 @@
     </message>
     <message>
         <source>Opens a journal or a Python script in the journal editor.</source>
-        <translation>在日志编辑器中打开日志或 Python 脚本。</translation>
+        <translation>在日志脚本编辑器中打开日志或 Python 脚本。</translation>
     </message>
     <message>
         <source>Show Form</source>
@@ -1785,6 +1792,33 @@
     <message>
         <source>Command, menu entry, option or recent file</source>
         <translation>命令、菜单项、选项或最近使用的文件</translation>
+    </message>
+</context>
+<context>
+    <name>QtEditorOptions</name>
+    <message>
+        <source>Journal Editor</source>
+        <translation>日志脚本编辑器</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>Commands, keywords, numbers, strings, names and comments in colors of their own. Long documents stay plain.</source>
+        <translation>命令、关键字、数字、字符串、名称和注释各用一种颜色。过长的文档不着色。</translation>
+    </message>
+    <message>
+        <source>&amp;Color the words of journals and Python scripts</source>
+        <translation>为日志脚本和 Python 脚本着色(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Where something fits Tab completes what is typed, as on the console. Elsewhere it indents.</source>
+        <translation>如有匹配项，Tab 键像在控制台中一样补全输入；否则缩进。</translation>
+    </message>
+    <message>
+        <source>Complete with &amp;Tab</source>
+        <translation>用 Tab 键补全(&amp;T)</translation>
     </message>
 </context>
 <context>
