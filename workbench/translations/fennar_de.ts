@@ -1810,7 +1810,7 @@
         <translation>Befehle, Schlüsselwörter, Zahlen, Zeichenketten, Namen und Kommentare in eigenen Farben. Lange Dokumente bleiben einfarbig.</translation>
     </message>
     <message>
-        <source>&amp;Color the words of journals and Python scripts</source>
+        <source>C&amp;olor the words of journals and Python scripts</source>
         <translation>Wörter in Journalen und Python-Skripten &amp;färben</translation>
     </message>
     <message>

@@ -1809,8 +1809,8 @@
         <translation>命令、关键字、数字、字符串、名称和注释各用一种颜色。过长的文档不着色。</translation>
     </message>
     <message>
-        <source>&amp;Color the words of journals and Python scripts</source>
-        <translation>为日志脚本和 Python 脚本着色(&amp;C)</translation>
+        <source>C&amp;olor the words of journals and Python scripts</source>
+        <translation>为日志脚本和 Python 脚本着色(&amp;O)</translation>
     </message>
     <message>
         <source>Where something fits Tab completes what is typed, as on the console. Elsewhere it indents.</source>
