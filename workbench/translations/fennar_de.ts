@@ -64,6 +64,10 @@
         <source>Not while a command is running.</source>
         <translation>Nicht, während ein Befehl läuft.</translation>
     </message>
+    <message>
+        <source>No loaded component does this.</source>
+        <translation>Keine geladene Komponente kann das.</translation>
+    </message>
 </context>
 <context>
     <name>CommandForm</name>
@@ -847,6 +851,22 @@
     <message>
         <source>&amp;Redo</source>
         <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>No solid is selected.</source>
+        <translation>Es ist kein Körper ausgewählt.</translation>
+    </message>
+    <message>
+        <source>Fewer than two solids are selected.</source>
+        <translation>Es sind weniger als zwei Körper ausgewählt.</translation>
+    </message>
+    <message>
+        <source>There is nothing to undo.</source>
+        <translation>Es gibt nichts rückgängig zu machen.</translation>
+    </message>
+    <message>
+        <source>There is nothing to redo.</source>
+        <translation>Es gibt nichts wiederherzustellen.</translation>
     </message>
 </context>
 <context>

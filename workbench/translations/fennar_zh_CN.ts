@@ -64,6 +64,10 @@
         <source>Not while a command is running.</source>
         <translation>命令运行期间不可用。</translation>
     </message>
+    <message>
+        <source>No loaded component does this.</source>
+        <translation>没有已加载的组件提供此功能。</translation>
+    </message>
 </context>
 <context>
     <name>CommandForm</name>
@@ -846,6 +850,22 @@
     <message>
         <source>&amp;Redo</source>
         <translation>重做(&amp;R)</translation>
+    </message>
+    <message>
+        <source>No solid is selected.</source>
+        <translation>未选择任何实体。</translation>
+    </message>
+    <message>
+        <source>Fewer than two solids are selected.</source>
+        <translation>选择的实体少于两个。</translation>
+    </message>
+    <message>
+        <source>There is nothing to undo.</source>
+        <translation>没有可撤销的操作。</translation>
+    </message>
+    <message>
+        <source>There is nothing to redo.</source>
+        <translation>没有可重做的操作。</translation>
     </message>
 </context>
 <context>

@@ -13,6 +13,7 @@
 #include "workbench/application/shell_access/shell_parts.h"
 #include "workbench/application/windows/command_panel.h"
 #include "workbench/host/navigation/CommandForm.h"
+#include "workbench/sdk/component/disabled_reason.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
 #include <QAction>
@@ -59,6 +60,8 @@ CommandFinder::CommandFinder(Ostrel* window, const CommandRegistry& registry, co
     connect(mAction, &QAction::triggered, this, &CommandFinder::open);
     window->tools_menu()->add_item(mAction, owner);
     window->journal_editor()->addAction(mAction);
+    for (QAction* action : file_actions(window))
+        fennar::set_disabled_reason(action, tr("No loaded component does this."));
     // Any number of changes in one turn are one for the list.
     mRefresh.setSingleShot(true);
     connect(&mRefresh, &QTimer::timeout, this, &CommandFinder::refresh);

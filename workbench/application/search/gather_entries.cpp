@@ -4,6 +4,7 @@
 #include "workbench/application/search/gather_entries.h"
 
 #include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/sdk/component/disabled_reason.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
 #include <QAbstractItemModel>
@@ -26,13 +27,18 @@ QString translated(const char* text)
     return QCoreApplication::translate("CommandSearch", text);
 }
 
+/** Why the entry of a menu cannot be run: what was said of it, or of a menu that it stands in. */
 QString refusal_of(const QAction* action, const QList<QPointer<QMenu>>& path)
 {
-    const bool enabled =
-        action->isEnabled() && std::all_of(path.begin(), path.end(), [](const QPointer<QMenu>& menu) {
-            return menu && menu->menuAction()->isEnabled();
-        });
-    return enabled ? QString() : translated(QT_TRANSLATE_NOOP("CommandSearch", "Not available now."));
+    QList<const QAction*> above = {action};
+    for (const QPointer<QMenu>& menu : path)
+        above << (menu ? menu->menuAction() : nullptr);
+    const auto disabled = std::find_if(above.begin(), above.end(),
+                                       [](const QAction* one) { return !one || !one->isEnabled(); });
+    if (disabled == above.end())
+        return {};
+    const QString reason = *disabled ? fennar::disabled_reason(*disabled) : QString();
+    return reason.isEmpty() ? translated(QT_TRANSLATE_NOOP("CommandSearch", "Not available now.")) : reason;
 }
 
 /** What an entry tells besides its text. */

@@ -38,7 +38,7 @@ QString plain_menu_text(const QString& text);
 
 /**
  * The entries of the menus of @p bar that are not hidden. Those that are disabled, or stand in a menu that
- * is, cannot be run.
+ * is, cannot be run, and say why as fennar::disabled_reason() has it.
  *
  * @param above    stands in front of the places; empty for nothing.
  * @param without  entries that are left out.

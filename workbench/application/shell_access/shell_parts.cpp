@@ -93,6 +93,17 @@ QList<std::pair<QString, QAction*>> recent_file_actions(const Ostrel* window)
     return found;
 }
 
+QList<QAction*> file_actions(const Ostrel* window)
+{
+    QList<QAction*> found;
+    for (const QString& name : {u"mFileNewAction"_s, u"mFileOpenAction"_s, u"mFileSaveAction"_s,
+                                u"mFileSaveAsAction"_s, u"mFileImportAction"_s, u"mFileExportAction"_s}) {
+        if (QAction* action = window ? window->findChild<QAction*>(name) : nullptr)
+            found << action;
+    }
+    return found;
+}
+
 void redraw_current_lines(const JournalEditor* editor)
 {
     if (!editor)

@@ -35,6 +35,7 @@ class TstFinderEndures : public SearchTest
 
 private slots:
     void disabled_entry_is_gray_and_does_not_run();
+    void entry_that_needs_a_component_says_so();
     void entry_that_is_disabled_at_the_last_moment_does_not_run();
     void page_that_goes_at_the_last_moment_opens_nothing();
     void dialog_that_comes_at_the_last_moment_is_not_joined();
@@ -67,6 +68,13 @@ void TstFinderEndures::disabled_entry_is_gray_and_does_not_run()
     flush();
     QCOMPARE(zebra_runs(), 0);
     QVERIFY(search());
+}
+
+void TstFinderEndures::entry_that_needs_a_component_says_so()
+{
+    look_for(u"save as"_s);
+    QCOMPARE(rows(), QStringList(u"-Save As|File|"_s));
+    QCOMPARE(hint(), u"No loaded component does this."_s);
 }
 
 void TstFinderEndures::entry_that_is_disabled_at_the_last_moment_does_not_run()

@@ -5,6 +5,7 @@
 #include "workbench/application/search/gather_entries.h"
 #include "workbench/application/windows/command_panel.h"
 #include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/sdk/component/disabled_reason.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
 #include <QAction>
@@ -26,6 +27,7 @@ private slots:
     void menus_are_walked();
     void entries_without_use_are_left_out();
     void disabled_entries_are_refused();
+    void refusal_tells_the_reason_that_was_given();
     void menu_entry_runs_its_action_while_it_can();
     void commands_have_their_titles_of_the_panel();
     void commands_that_need_nothing_are_told_data();
@@ -99,6 +101,32 @@ void TstGatherEntries::entries_without_use_are_left_out()
     bar.addMenu(u"&Edit"_s)->addAction(shared);
     file->addMenu(file); // in a circle
     QCOMPARE(lines(gather_menus(&bar, {}, {}).entries), QStringList(u"File|Shared||"_s));
+}
+
+void TstGatherEntries::refusal_tells_the_reason_that_was_given()
+{
+    QMenuBar bar;
+    QMenu* file = bar.addMenu(u"&File"_s);
+    QAction* on = file->addAction(u"&On"_s);
+    QAction* off = file->addAction(u"O&ff"_s);
+    QMenu* menu = file->addMenu(u"&Menu"_s);
+    menu->addAction(u"&Inside"_s);
+    for (QAction* action : {on, off})
+        fennar::set_disabled_reason(action, u"Nothing is selected."_s);
+    fennar::set_disabled_reason(menu->menuAction(), u"There is no model."_s);
+    off->setEnabled(false);
+    menu->setEnabled(false);
+    const auto refusals = [&bar] {
+        QStringList lines;
+        const MenuEntries found = gather_menus(&bar, {}, {});
+        for (const SearchEntry& entry : found.entries)
+            lines << entry.text + u": "_s + entry.refusal;
+        return lines;
+    };
+    QCOMPARE(refusals(),
+             QStringList({u"On: "_s, u"Off: Nothing is selected."_s, u"Inside: There is no model."_s}));
+    fennar::set_disabled_reason(off, {});
+    QCOMPARE(refusals().at(1), u"Off: Not available now."_s);
 }
 
 void TstGatherEntries::disabled_entries_are_refused()

@@ -34,6 +34,7 @@ private slots:
     void closing_action_closes_the_document();
     void pages_of_the_options_are_listed_as_they_stand();
     void recent_files_are_found_in_the_menu();
+    void entries_that_need_a_component_are_those_of_the_menu();
     void current_lines_take_new_colors();
     void menus_are_titled_as_in_the_menu_bar();
     void tabs_hold_the_documents();
@@ -111,6 +112,18 @@ void TstShellParts::recent_files_are_found_in_the_menu()
     QCOMPARE(found[1].second->text(), u"&2 /a/first.mdl"_s);
 }
 
+void TstShellParts::entries_that_need_a_component_are_those_of_the_menu()
+{
+    QStringList texts;
+    const QList<QAction*> actions = file_actions(&window());
+    for (const QAction* action : actions) {
+        QVERIFY(!action->isEnabled());
+        texts << action->text();
+    }
+    QCOMPARE(texts, QStringList({u"&New"_s, u"&Open..."_s, u"&Save"_s, u"Save &As..."_s, u"&Import..."_s,
+                                 u"&Export..."_s}));
+}
+
 void TstShellParts::current_lines_take_new_colors()
 {
     JournalEditor* editor = window().journal_editor();
@@ -170,6 +183,7 @@ void TstShellParts::nothing_is_found_without_a_window()
     QVERIFY(!close_journal_action(nullptr));
     QVERIFY(option_pages(nullptr).isEmpty());
     QVERIFY(recent_file_actions(nullptr).isEmpty());
+    QVERIFY(file_actions(nullptr).isEmpty());
     redraw_current_lines(nullptr);
     QVERIFY(!journal_tabs(nullptr));
     QVERIFY(!current_journal(nullptr));

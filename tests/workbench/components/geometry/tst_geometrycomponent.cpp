@@ -12,6 +12,7 @@
 #include "workbench/application/Workbench.h"
 #include "workbench/application/WorkbenchTest.h"
 #include "workbench/application/console/ConsoleOwner.h"
+#include "workbench/sdk/component/disabled_reason.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 
@@ -269,6 +270,8 @@ void TstGeometryComponent::selection_decides_what_can_be_chosen()
     const auto enabled = [](const char* name) { return find_action(name) && find_action(name)->isEnabled(); };
     QVERIFY(find_action("unite") && find_action("intersect") && find_action("delete"));
     QVERIFY(!enabled("unite") && !enabled("intersect") && !enabled("delete"));
+    QCOMPARE(fennar::disabled_reason(find_action("delete")), u"No solid is selected."_s);
+    QCOMPARE(fennar::disabled_reason(find_action("unite")), u"Fewer than two solids are selected."_s);
     select({u"a"_s});
     QVERIFY(!enabled("unite") && enabled("delete"));
     select({u"a"_s, u"b"_s});
@@ -321,6 +324,8 @@ void TstGeometryComponent::edit_menu_undoes_and_redoes()
     QAction* const undo = find_action("undo");
     QAction* const redo = find_action("redo");
     QVERIFY(undo && redo && !undo->isEnabled() && !redo->isEnabled());
+    QCOMPARE(fennar::disabled_reason(undo), u"There is nothing to undo."_s);
+    QCOMPARE(fennar::disabled_reason(redo), u"There is nothing to redo."_s);
     enter(u"brick 1 name a"_s);
     enter(u"brick 2 name b"_s);
     QVERIFY(undo->isEnabled() && !redo->isEnabled());

@@ -10,6 +10,7 @@
 #include "workbench/components/geometry/window/CommandDialog.h"
 #include "workbench/components/geometry/window/GeometryDock.h"
 #include "workbench/sdk/component/ComponentContext.h"
+#include "workbench/sdk/component/disabled_reason.h"
 #include "workbench/sdk/core/commands/CommandSink.h"
 
 #include <QAction>
@@ -99,6 +100,8 @@ QAction* GeometryWindow::make_selection_action(const char* command, const QStrin
 {
     QAction* action = make_action(command, text, icon);
     mSelectionActions.append({action, least});
+    fennar::set_disabled_reason(action, least == 1 ? tr("No solid is selected.")
+                                                   : tr("Fewer than two solids are selected."));
     connect(action, &QAction::triggered, this, [this, command, least] {
         const QStringList solids = mDock ? mDock->selection() : QStringList();
         if (solids.size() >= least)
@@ -233,6 +236,8 @@ void GeometryWindow::add_edit_menu(fennar::ComponentContext& context, const Mode
     QAction* const undo = make_plain_action("undo", tr("&Undo"));
     QAction* const redo = make_plain_action("redo", tr("&Redo"));
     // Fields for text take these keys before the window does.
+    fennar::set_disabled_reason(undo, tr("There is nothing to undo."));
+    fennar::set_disabled_reason(redo, tr("There is nothing to redo."));
     undo->setShortcut(Qt::CTRL | Qt::Key_Z);
     redo->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
     const auto update = [undo, redo, &steps] {
