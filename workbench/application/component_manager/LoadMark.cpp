@@ -37,7 +37,8 @@ bool LoadMark::begin(const QString& file)
     end();
     if (!mLock && !make_own_lock())
         return false;
-    // Under another name until it is whole: whoever finds a note can read it.
+    // Under another name until it is whole: whoever finds a note can read it. Not by QSaveFile, which waits
+    // for the disk.
     QFile writer(mNote + u".part"_s);
     const QByteArray text = file.toUtf8();
     const bool written = writer.open(QIODevice::WriteOnly) && writer.write(text) == text.size();

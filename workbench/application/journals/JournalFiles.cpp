@@ -8,8 +8,8 @@
 #include "journal/JournalEditor.h"
 #include "workbench/application/journals/journal_text.h"
 #include "workbench/application/journals/line_differences.h"
-#include "workbench/application/shell_access/shell_parts.h"
 #include "workbench/sdk/component/journal_documents.h"
+#include "workbench/sdk/component/shell_parts.h"
 
 #include <QAction>
 #include <QCryptographicHash>

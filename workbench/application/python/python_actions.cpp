@@ -5,8 +5,8 @@
 
 #include "menus/PyAction.h"
 #include "menus/PyOstrel.h"
-#include "workbench/application/shell_access/shell_parts.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
+#include "workbench/sdk/component/shell_parts.h"
 
 #include <QAction>
 #include <QPointer>

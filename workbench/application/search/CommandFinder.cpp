@@ -10,10 +10,10 @@
 #include "menus/OstrelToolsMenu.h"
 #include "options/OptionsPanel.h"
 #include "workbench/application/search/CommandSearch.h"
-#include "workbench/application/shell_access/shell_parts.h"
 #include "workbench/application/windows/command_panel.h"
 #include "workbench/host/navigation/CommandForm.h"
 #include "workbench/sdk/component/disabled_reason.h"
+#include "workbench/sdk/component/shell_parts.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
 #include <QAction>

@@ -7,7 +7,7 @@
 #include "host/ostrelfw/Broker.h"
 #include "host/ostrelfw/ComponentRecord.h"
 #include "host/ostrelfw/Mediator.h"
-#include "workbench/application/shell_access/shell_parts.h"
+#include "workbench/sdk/component/shell_parts.h"
 
 #include <QChildEvent>
 #include <QDialog>

@@ -8,8 +8,8 @@
 #include "journal/JournalEditor.h"
 #include "menus/OstrelToolsMenu.h"
 #include "menus/OstrelViewMenu.h"
-#include "workbench/application/shell_access/shell_parts.h"
 #include "workbench/sdk/component/journal_documents.h"
+#include "workbench/sdk/component/shell_parts.h"
 
 #include <QAction>
 #include <QApplication>

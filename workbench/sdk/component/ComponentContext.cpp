@@ -285,7 +285,7 @@ void ComponentContext::add_to_toolbar(const char* toolbar, const QString& title,
         window.remove_toolbar_items(mark.constData());
         if (!*bar || !(*bar)->actions().isEmpty())
             return;
-        shell_parts::delete_waiting_buttons(**bar);
+        delete_waiting_buttons(**bar);
         if (alive)
             window.remove_toolbar_items(mark.constData());
     });
@@ -347,13 +347,13 @@ void ComponentContext::add_options_page(const QString& path, const std::function
     if (!main)
         return;
     OptionsPanel* const panel = main->options();
-    if (shell_parts::options_entry(*panel, path))
+    if (options_entry(*panel, path))
         refuse(u"there is a page \"%1\" of options already"_s.arg(path));
     const QString group = path.section(u'/', 0, -2);
-    if (!group.isEmpty() && !shell_parts::options_entry(*panel, group)) {
+    if (!group.isEmpty() && !options_entry(*panel, group)) {
         on_end_in_window([group](Ostrel& window) {
             // Others may have joined it.
-            const QTreeWidgetItem* entry = shell_parts::options_entry(*window.options(), group);
+            const QTreeWidgetItem* entry = options_entry(*window.options(), group);
             if (entry && entry->childCount() == 0)
                 window.options()->remove_panel(group);
         });
@@ -416,7 +416,7 @@ void ComponentContext::add_editor_import(QAction* action)
     JournalEditor* const editor = window() ? window()->journal_editor() : nullptr;
     if (!editor || !action)
         return;
-    on_end([own = QPointer<QAction>(action), menu = QPointer<QMenu>(shell_parts::import_menu(*editor))] {
+    on_end([own = QPointer<QAction>(action), menu = QPointer<QMenu>(import_menu(*editor))] {
         if (own && menu)
             menu->removeAction(own);
     });

@@ -5,8 +5,8 @@
 #include "workbench/application/Workbench.h"
 #include "workbench/application/WorkbenchTest.h"
 #include "workbench/application/component_manager/ComponentManager.h"
-#include "workbench/application/shell_access/shell_parts.h"
 #include "workbench/host/ostrelfw/HostMediator.h"
+#include "workbench/sdk/component/shell_parts.h"
 
 #include <QDialog>
 #include <QListWidget>

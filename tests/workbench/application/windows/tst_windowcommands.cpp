@@ -141,7 +141,7 @@ void TstWindowCommands::page_of_the_options_is_named_or_numbered()
     }
     enter(u"hide options"_s);
     enter(u"show options 2"_s);
-    QCOMPARE(current_page(), u"Layout"_s);
+    QCOMPARE(current_page(), u"Journal Editor"_s);
 }
 
 void TstWindowCommands::options_hold_no_command_up()

@@ -8,19 +8,24 @@
 #include "support/MarkingTranslator.h"
 #include "workbench/application/Workbench.h"
 #include "workbench/application/WorkbenchTest.h"
-#include "workbench/application/shell_access/shell_parts.h"
 #include "workbench/sdk/component/journal_documents.h"
+#include "workbench/sdk/component/shell_parts.h"
 #include "workbench/sdk/core/commands/Interrupt.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QDialog>
+#include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QTest>
+#include <QToolBar>
+#include <QTreeWidgetItem>
 
 using namespace Qt::StringLiterals;
 
-/** That the program finds what it needs of the shell's windows, by the names that the shell gives them. */
+/** That the kit and the program find what they need of the shell's windows, by the names that the shell gives
+ * them. */
 class TstShellParts : public WorkbenchTest
 {
     Q_OBJECT
@@ -33,6 +38,9 @@ private slots:
     void plugin_tool_is_there_once_it_has_been_opened();
     void closing_action_closes_the_document();
     void pages_of_the_options_are_listed_as_they_stand();
+    void entry_of_the_options_is_found_by_its_path();
+    void import_menu_has_what_is_added_to_it();
+    void buttons_of_a_toolbar_that_wait_for_it_are_deleted();
     void recent_files_are_found_in_the_menu();
     void entries_that_need_a_component_are_those_of_the_menu();
     void current_lines_take_new_colors();
@@ -95,6 +103,43 @@ void TstShellParts::pages_of_the_options_are_listed_as_they_stand()
     panel->remove_panel(u"Shell parts"_s);
     delete page;
     QCOMPARE(option_pages(panel), before);
+}
+
+void TstShellParts::entry_of_the_options_is_found_by_its_path()
+{
+    OptionsPanel* options = window().options();
+    auto* page = new QWidget;
+    options->add_panel(u"Group/Page"_s, page);
+    QVERIFY(options_entry(*options, u"Group"_s));
+    QCOMPARE(options_entry(*options, u"Group/Page"_s)->parent(), options_entry(*options, u"Group"_s));
+    QVERIFY(!options_entry(*options, u"Page"_s));
+    options->remove_panel(u"Group/Page"_s);
+    options->remove_panel(u"Group"_s);
+    delete page;
+    QVERIFY(!options_entry(*options, u"Group"_s));
+}
+
+void TstShellParts::import_menu_has_what_is_added_to_it()
+{
+    QAction action(u"Here"_s);
+    window().journal_editor()->add_action_to_import_menu(&action);
+    const QMenu* menu = import_menu(*window().journal_editor());
+    QVERIFY(menu && menu->actions().contains(&action));
+}
+
+void TstShellParts::buttons_of_a_toolbar_that_wait_for_it_are_deleted()
+{
+    QToolBar bar;
+    QAction* action = bar.addAction(u"Here"_s);
+    const QPointer<QWidget> button = bar.widgetForAction(action);
+    QAction* other = bar.addAction(u"There"_s);
+    QVERIFY(button);
+    delete_waiting_buttons(bar);
+    QVERIFY(button);
+    bar.removeAction(action); // its button waits
+    delete_waiting_buttons(bar);
+    QVERIFY(!button);
+    QVERIFY(bar.widgetForAction(other));
 }
 
 void TstShellParts::recent_files_are_found_in_the_menu()
