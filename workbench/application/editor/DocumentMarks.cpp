@@ -99,7 +99,7 @@ void DocumentMarks::highlightBlock(const QString& text)
     }
     const auto* const wrong = static_cast<const Wrong*>(currentBlockUserData());
     if (wrong && wrong->holds(text))
-        underline(text.size());
+        underline(int(text.size()));
     else if (wrong)
         setCurrentBlockUserData(nullptr);
 }
@@ -117,7 +117,8 @@ void DocumentMarks::color_command(const QString& text)
         before = command.text().size();
     }
     const bool goes_on = !command.add(text);
-    if (previousBlockState() == too_long || command.text().size() > most_of_command) {
+    if (previousBlockState() == too_long || command.text().size() > most_of_command ||
+        command.line_count() > most_lines_of_command) {
         setCurrentBlockState(goes_on ? too_long : ended);
         return;
     }
@@ -147,12 +148,14 @@ void DocumentMarks::color(const QList<LineMark>& marks, qsizetype before)
     }
 }
 
-void DocumentMarks::underline(qsizetype length)
+void DocumentMarks::underline(int length)
 {
-    for (int i = 0; i < int(length); ++i) {
-        QTextCharFormat wrong = format(i);
+    for (int start = 0, end = 0; start < length; start = end) {
+        QTextCharFormat wrong = format(start);
+        for (end = start + 1; end < length && format(end) == wrong;)
+            ++end;
         wrong.setUnderlineStyle(QTextCharFormat::WaveUnderline);
         wrong.setUnderlineColor(Qt::red);
-        setFormat(i, 1, wrong);
+        setFormat(start, end - start, wrong);
     }
 }

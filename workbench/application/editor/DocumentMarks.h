@@ -35,8 +35,10 @@ public:
     {
         return language == Language::Python ? 100'000 : 250'000;
     }
-    /** The most characters of a command whose words are colored. */
+    /** The most characters of a command whose words are colored, and of a line of Python. */
     static constexpr int most_of_command = 4'000;
+    /** The most lines of a command whose words are colored: each is colored by all those ahead of it. */
+    static constexpr int most_lines_of_command = 100;
 
     /** The marks of @p document; null if it has none yet. */
     static DocumentMarks* find(const QTextDocument* document);
@@ -64,7 +66,7 @@ private:
     void color_command(const QString& text);
     void color_python(const QString& text);
     void color(const QList<LineMark>& marks, qsizetype before = 0);
-    void underline(qsizetype length);
+    void underline(int length);
 
     Language mLanguage = Language::None;
     const CommandRegistry* mRegistry = nullptr;

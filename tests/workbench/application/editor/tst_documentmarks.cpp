@@ -146,6 +146,12 @@ void TstDocumentMarks::command_that_is_too_long_is_plain()
     replace(0, u"echo 'a\\"_s);
     QCOMPARE(line(2), u"ss\\"_s);
     QCOMPARE(line(3), u"s"_s);
+    const int lines = DocumentMarks::most_lines_of_command;
+    mDocument->setPlainText(u"echo 1\\\n"_s + u"\\\n"_s.repeated(lines - 2) + u"2\\\n3\\\n4\necho"_s);
+    QCOMPARE(line(lines - 1), u"n\\"_s);
+    QCOMPARE(line(lines), u"3\\"_s);
+    QCOMPARE(line(lines + 1), u"4"_s);
+    QCOMPARE(line(lines + 2), u"cccc"_s);
 }
 
 void TstDocumentMarks::document_that_is_too_long_is_plain()
