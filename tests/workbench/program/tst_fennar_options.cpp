@@ -173,8 +173,8 @@ void TstFennarOptions::options_that_are_saved_are_in_force_at_the_next_start()
     // working directory, use of paths, paths.
     press({tab, tab, tab, space, tab, tab, tab, space, tab, tab, space, tab, space, tab});
     xdo({u"type"_s, u"/no;/such"_s});
-    // The second row of the tree is "Layout": family, size, list, positions of tabs.
-    click(60, 28);
+    // The third row of the tree is "Layout": family, size, list, positions of tabs.
+    click(60, 42);
     press({tab, tab, tab, tab, u"End"_s, tab, tab, u"Right"_s});
     QVERIFY(!QFileInfo::exists(path(u"my.ini"_s)));
     click(-208, -25);
@@ -230,9 +230,10 @@ void TstFennarOptions::page_of_a_component_keeps_its_option()
     if (QTest::currentTestFailed())
         return;
     open_options();
-    // "General", "Layout", "Panel", the group "Plugins", which opens, and the page in it with its number.
-    press({u"Down"_s, u"Down"_s, u"Down"_s, u"Right"_s, u"Down"_s, u"Tab"_s, u"Tab"_s, u"Tab"_s, u"Up"_s,
-           u"Up"_s, u"alt+s"_s});
+    // "General", "Journal Editor", "Layout", "Panel", the group "Plugins", which opens, and the page in it
+    // with its number.
+    press({u"Down"_s, u"Down"_s, u"Down"_s, u"Down"_s, u"Right"_s, u"Down"_s, u"Tab"_s, u"Tab"_s, u"Tab"_s,
+           u"Up"_s, u"Up"_s, u"alt+s"_s});
     QTRY_COMPARE_WITH_TIMEOUT(text(u"demo/number"_s), u"3"_s, patience_ms);
     quit();
     start(true);
