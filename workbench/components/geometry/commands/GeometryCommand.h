@@ -10,6 +10,7 @@
 #include <QLatin1StringView>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 class CommandArguments;
 class CommandCall;
@@ -36,6 +37,8 @@ struct GeometryCommand
     QList<CommandSyntax> forms = {{}};
     bool changes_model = false;
     bool long_running = false;
+    /** As Command::makes. */
+    QStringList makes = {};
     CommandType result = {};
 };
 

@@ -437,6 +437,7 @@ bool register_geometry_commands(CommandRegistry& registry, const QString& owner,
                  },
              .forms = entry.forms,
              .changes_model = entry.changes_model,
+             .makes = entry.makes,
              .long_running = entry.long_running,
              .result = entry.result});
     }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "workbench/components/geometry/commands/GeometryCommand.h"
+#include "workbench/components/geometry/commands/geometry_parameters.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/geometry/model/ModelSteps.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
@@ -73,7 +74,8 @@ QList<GeometryCommand> step_commands()
                  "\"open\" cannot be taken back."_L1,
          .perform = undo,
          .forms = {single()},
-         .changes_model = true},
+         .changes_model = true,
+         .makes = {solid_entity()}},
         {.name = "redo"_L1,
          .summary = "Makes again what was undone last."_L1,
          .help =
@@ -82,7 +84,8 @@ QList<GeometryCommand> step_commands()
              "ends it."_L1,
          .perform = redo,
          .forms = {single()},
-         .changes_model = true},
+         .changes_model = true,
+         .makes = {solid_entity()}},
         {.name = "steps"_L1,
          .summary = "Lists the steps that can be undone and redone."_L1,
          .help =

@@ -303,8 +303,10 @@ void GeometryModel::transform(const QList<int>& ids, const Change& change)
     QList<Shape> changed;
     for (const int id : ids)
         changed << checked(change(shape(id)));
-    for (qsizetype i = 0; i < ids.size(); ++i)
-        set_shape(ids[i], changed[i]);
+    for (qsizetype i = 0; i < ids.size(); ++i) {
+        if (changed[i] != shape(ids[i]))
+            set_shape(ids[i], changed[i]);
+    }
 }
 
 template <typename Combine>

@@ -9,23 +9,35 @@
 
 namespace {
 
+qint64 memory_of(const QString& text)
+{
+    return text.size() * qint64(sizeof(QChar));
+}
+
 /** What only the steps keep: the other side's shapes and mesh are in the model or in the next step. */
 qint64 memory_of(const GeometryModel::Part& kept, const GeometryModel::Part& other)
 {
     qint64 bytes = sizeof(ModelSteps::Step);
     for (const auto& [id, solid] : kept.solids) {
         const auto& twin = other.solids.at(id);
-        if (solid && !(twin && twin->shape == solid->shape))
+        if (!solid)
+            continue;
+        bytes += memory_of(solid->name);
+        if (!(twin && twin->shape == solid->shape))
             bytes += solid->shape.memory();
     }
-    if (kept.mesh && kept.mesh != other.mesh)
+    if (kept.mesh && kept.mesh != other.mesh) {
         bytes += kept.mesh->msh.size();
+        for (const QByteArray& surface : kept.mesh->surfaces)
+            bytes += surface.size();
+    }
     return bytes;
 }
 
 qint64 memory_of(const ModelSteps::Step& step, bool done)
 {
-    return done ? memory_of(step.before, step.after) : memory_of(step.after, step.before);
+    return memory_of(step.command) +
+           (done ? memory_of(step.before, step.after) : memory_of(step.after, step.before));
 }
 
 } // namespace

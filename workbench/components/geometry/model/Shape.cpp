@@ -253,6 +253,8 @@ Shape Shape::torus(double radius, double tube_radius, const Point3& center, cons
 
 Shape Shape::moved(const Point3& by) const
 {
+    if (by == Point3())
+        return *this;
     return call_kernel([&] {
         gp_Trsf step;
         step.SetTranslation(gp_Vec(by.x, by.y, by.z));
@@ -262,6 +264,8 @@ Shape Shape::moved(const Point3& by) const
 
 Shape Shape::rotated(double angle, const Point3& origin, const Point3& axis) const
 {
+    if (angle == 0)
+        return *this;
     return call_kernel([&] {
         gp_Trsf step;
         step.SetRotation(gp_Ax1(point(origin), gp_Dir(axis.x, axis.y, axis.z)), angle);

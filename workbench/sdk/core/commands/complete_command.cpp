@@ -108,9 +108,33 @@ QString written(const QString& text, Quote quote, bool closed)
 /** What could come next by the forms of a command. */
 struct Expected
 {
+    struct Value
+    {
+        const CommandParameter* parameter;
+        /** The values that it has already. */
+        QStringList given = {};
+    };
+
     QStringList keywords;
-    QList<const CommandParameter*> parameters;
+    QList<Value> values;
 };
+
+/** The words that a parameter has got in a line; none if it has no value yet. */
+QStringList given_to(const CommandParameter* parameter, const CommandSyntax& form, const FormReading& reading,
+                     const QStringList& words)
+{
+    QStringList given;
+    for (qsizetype i = 0; i < form.clauses.size(); ++i) {
+        const FormReading::Clause values = reading.clauses[i].value_or(FormReading::Clause());
+        for (qsizetype j = 0; j < values.size(); ++j) {
+            if (&form.clauses[i].parameters[j] != parameter)
+                continue;
+            for (const qsizetype word : values[j])
+                given << words[word];
+        }
+    }
+    return given;
+}
 
 /** Whether what was read as numbers is some. */
 bool holds_numbers(const CommandSyntax& form, const FormReading& reading, const QStringList& words)
@@ -270,7 +294,8 @@ Expected expected_next(const Command& command, const Typed& typed)
         const FormReading reading = read_form(form, given, Missing::End);
         if (reading.next == given.size() && holds_numbers(form, reading, given)) {
             expected.keywords << reading.keywords;
-            expected.parameters << reading.parameters;
+            for (const CommandParameter* parameter : reading.parameters)
+                expected.values.append({parameter, given_to(parameter, form, reading, given)});
         }
     }
     return expected;
@@ -282,27 +307,41 @@ void add_all(Collector& collector, const QStringList& texts)
         collector.add(text);
 }
 
+/** The names that can still be given; each once only where they must be distinct. */
+QStringList names_left(const CommandParameter& parameter, const QStringList& given,
+                       const CommandEntities& entities)
+{
+    QStringList names = entities.names(parameter.entity);
+    if (parameter.distinct) {
+        for (const QString& word : given)
+            names.removeAll(entities.find(parameter.entity, word));
+    }
+    return names;
+}
+
 /** Adds the words that are expected, but for the names of files. */
 void add_expected(Collector& collector, const Expected& expected, const CommandEntities& entities)
 {
     add_all(collector, expected.keywords);
-    for (const CommandParameter* parameter : expected.parameters) {
-        add_all(collector, parameter->choices);
+    for (const auto& [parameter, given] : expected.values) {
+        // What stands for entities must be the only value.
+        if (parameter->kind != Kind::Entity || given.isEmpty())
+            add_all(collector, parameter->choices);
         if (parameter->kind == Kind::Variable && parameter->entity.isEmpty())
             add_all(collector, entities.names(u"variable"_s));
         else if (parameter->kind == Kind::Entity || parameter->kind == Kind::Variable)
-            add_all(collector, entities.names(parameter->entity));
+            add_all(collector, names_left(*parameter, given, entities));
     }
 }
 
 /** The file that is expected, the last one if several are; null if none is. */
 const CommandParameter* expected_file(const Expected& expected)
 {
-    const auto is_file = [](const CommandParameter* parameter) {
-        return parameter->kind == Kind::InputFile || parameter->kind == Kind::OutputFile;
+    const auto is_file = [](const Expected::Value& value) {
+        return value.parameter->kind == Kind::InputFile || value.parameter->kind == Kind::OutputFile;
     };
-    const auto found = std::find_if(expected.parameters.rbegin(), expected.parameters.rend(), is_file);
-    return found == expected.parameters.rend() ? nullptr : *found;
+    const auto found = std::find_if(expected.values.rbegin(), expected.values.rend(), is_file);
+    return found == expected.values.rend() ? nullptr : found->parameter;
 }
 
 /** @param parameter  what is asked for; null if any file will do. */

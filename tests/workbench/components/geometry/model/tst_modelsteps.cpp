@@ -40,6 +40,7 @@ private slots:
     void another_model_ends_the_steps();
     void modified_mark_follows_to_the_saved_state();
     void steps_are_listed();
+    void texts_count_as_memory();
     void memory_is_bounded();
     void thousand_random_commands_are_undone_and_redone_to_the_bit();
 
@@ -113,8 +114,8 @@ void TstModelSteps::undo_takes_back_each_kind_of_command()
 void TstModelSteps::commands_that_change_nothing_are_no_steps()
 {
     run(u"brick 1 name a"_s);
-    for (const char* line :
-         {"list", "brick 0", "rename a a", "nonsense", "unite a", "steps", "mesh a size 1e-5"})
+    for (const char* line : {"list", "brick 0", "rename a a", "nonsense", "unite a", "steps",
+                             "mesh a size 1e-5", "move a by 0 0 0", "rotate a by 360"})
         run(QString::fromLatin1(line));
     QCOMPARE(mModel->steps().steps().size(), 1U);
 }
@@ -244,6 +245,19 @@ void TstModelSteps::steps_are_listed()
     QCOMPARE(run(u"steps"_s), u"1                   brick 1 name a\n"
                               "2          journal  move a by 1 0 0\n"
                               "3  undone           sphere 1\n"_s);
+}
+
+void TstModelSteps::texts_count_as_memory()
+{
+    run(u"brick 1 name a"_s);
+    ModelSteps& steps = mModel->steps();
+    steps.set_limit(1 << 20);
+    for (const QChar letter : u"bcdef"_s) {
+        run(u"rename 1 "_s + QString(200'000, letter));
+        QVERIFY(steps.memory() <= 1 << 20);
+    }
+    // Two texts of 400,000 bytes each for a command and the name that it took away.
+    QCOMPARE(steps.steps().size(), 1U);
 }
 
 void TstModelSteps::memory_is_bounded()

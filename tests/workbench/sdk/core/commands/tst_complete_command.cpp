@@ -103,7 +103,8 @@ void TstCompleteCommand::set_up()
                                                            .kind = Kind::Entity,
                                                            .entity = u"solid"_s,
                                                            .repeated = true,
-                                                           .at_least = 2}),
+                                                           .at_least = 2,
+                                                           .distinct = true}),
                                            {.keyword = u"into"_s, .optional = true}}}}});
     mRegistry->add(
         {.name = u"quality"_s,
@@ -198,10 +199,11 @@ void TstCompleteCommand::candidates_fit_the_place_data()
     row("variable as a number", u"brick $radius "_s, u"at|name"_s);
     row("entities, what stands for all, and a keyword", u"mesh "_s, u"all|drill|pin 1|plate|size|verbose"_s);
     row("more entities", u"mesh plate d"_s, u"drill"_s);
+    row("what stands for all is alone", u"mesh plate "_s, u"drill|pin 1|plate|size|verbose"_s);
     row("keyword is no entity", u"mesh size "_s, QString());
     row("behind the keyword", u"mesh plate size 2 "_s, u"verbose"_s);
-    row("too few for what follows", u"unite plate "_s, u"drill|pin 1|plate"_s);
-    row("enough", u"unite plate drill "_s, u"drill|into|pin 1|plate"_s);
+    row("too few for what follows", u"unite plate "_s, u"drill|pin 1"_s);
+    row("enough", u"unite plate drill "_s, u"into|pin 1"_s);
     row("choice", u"quality I"_s, u"ICN|IGE"_s);
     row("variable names", u"set ra"_s, u"radial|radius"_s);
     row("files of that kind", u"play "_s, u"it's.jou|my parts/|plate two.jou|plate.jou|say \"x\".jou"_s);
