@@ -306,8 +306,7 @@ QString FormField::word_problem(const QString& word) const
     case Kind::WholeNumber:
         return number_problem(*value);
     case Kind::Entity:
-        if (mNames.contains(*value) || mParameter.choices.contains(*value) ||
-            (mParameter.by_number && parse_integer(*value)))
+        if (mParameter.choices.contains(*value) || !entity_name(*value).isEmpty())
             return {};
         return tr("%1: there is no \"%2\".").arg(mLabel, *value);
     case Kind::NewName:
@@ -335,6 +334,12 @@ QString FormField::word_problem(const QString& word) const
     return {};
 }
 
+QString FormField::entity_name(const QString& value) const
+{
+    const CommandRegistry* registry = form_services().registry;
+    return registry ? registry->entities().find(mParameter.entity, value) : QString();
+}
+
 QString FormField::number_problem(const QString& value) const
 {
     const bool whole = mParameter.kind == Kind::WholeNumber;
@@ -360,7 +365,10 @@ QString FormField::list_problem(const QStringList& given) const
     });
     if (choice)
         return given.size() == 1 ? QString() : tr("%1: \"%2\" stands alone.").arg(mLabel, given.first());
-    if (QStringList(given).removeDuplicates() > 0)
+    QStringList names;
+    for (const QString& word : given)
+        names << entity_name(resolved(word).value_or(word));
+    if (mParameter.distinct && names.removeDuplicates() > 0)
         return tr("%1: each one only once.").arg(mLabel);
     if (given.size() < mParameter.at_least)
         return tr("%1: at least %n.", nullptr, mParameter.at_least).arg(mLabel);

@@ -54,6 +54,8 @@ private:
     QString text() const;
     bool is_raw() const;
     QString word_problem(const QString& word) const;
+    /** The name of the entity that a value stands for; empty if it is nothing's. */
+    QString entity_name(const QString& value) const;
     QString number_problem(const QString& value) const;
     QString list_problem(const QStringList& words) const;
 

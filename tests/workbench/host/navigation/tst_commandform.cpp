@@ -152,7 +152,9 @@ void TstCommandForm::set_up()
     mSolids = {u"plate"_s, u"pin"_s};
     mVariables = {};
     mRegistry = std::make_unique<CommandRegistry>();
-    mRegistry->entities().offer(u"solid"_s, u"test"_s, [this] { return mSolids; });
+    mRegistry->entities().offer(
+        u"solid"_s, u"test"_s, [this] { return mSolids; },
+        [this](const QString& word) { return mSolids.value(word.toInt() - 1); });
     set_command_sink([this](const QString& line) { mSent << line; });
     set_form_services({mRegistry.get(), &mVariables, {}});
     mModel = std::make_unique<NavigationModel>(nullptr);
@@ -163,6 +165,8 @@ void TstCommandForm::set_up()
     solids.label = "Solids";
     solids.choices = {u"all"_s};
     solids.repeated = true;
+    CommandParameter any_solids = solids;
+    solids.distinct = true;
     const CommandParameter name{.name = u"NAME"_s,
                                 .kind = Kind::NewName,
                                 .label = "Name",
@@ -181,6 +185,7 @@ void TstCommandForm::set_up()
         }())}}});
     add(u"delete"_s,
         {{{required_value(solids), {.keyword = u"quick"_s, .optional = true, .label = "Quickly"}}}});
+    add(u"turn_all"_s, {{{required_value(any_solids)}}});
     add(u"rename"_s, {{{required_value(solid), required_value(name)}}});
     add(u"view"_s, {{{required_value({.name = u"SIDE"_s,
                                       .kind = Kind::Choice,
@@ -365,12 +370,16 @@ void TstCommandForm::apply_is_off_while_something_is_wrong_data()
     row("not whole", u"count"_s, u"COUNT"_s, u"7.5"_s, u"Count: a whole number from 1 on."_s);
     row("below", u"count"_s, u"COUNT"_s, u"0"_s, u"Count: a whole number from 1 on."_s);
     row("name that is there", u"load"_s, u"SOLID"_s, u"pin"_s);
-    row("number of a solid", u"load"_s, u"SOLID"_s, u"12"_s);
+    row("number of a solid", u"load"_s, u"SOLID"_s, u"1"_s);
+    row("number of none", u"load"_s, u"SOLID"_s, u"12"_s, u"Solid: there is no \"12\"."_s);
     row("name that is not there", u"load"_s, u"SOLID"_s, u"pen"_s, u"Solid: there is no \"pen\"."_s);
     row("names", u"delete"_s, u"SOLID"_s, u"pin plate"_s);
     row("all", u"delete"_s, u"SOLID"_s, u"all"_s);
     row("all and more", u"delete"_s, u"SOLID"_s, u"all pin"_s, u"Solids: \"all\" stands alone."_s);
     row("twice", u"delete"_s, u"SOLID"_s, u"pin pin"_s, u"Solids: each one only once."_s);
+    row("twice, by its number too", u"delete"_s, u"SOLID"_s, u"pin plate 1"_s,
+        u"Solids: each one only once."_s);
+    row("twice where that may be", u"turn_all"_s, u"SOLID"_s, u"pin pin"_s);
     row("one wrong", u"delete"_s, u"SOLID"_s, u"pin x"_s, u"Solids: there is no \"x\"."_s);
     row("open quote", u"delete"_s, u"SOLID"_s, u"'pin"_s,
         u"Solids: a quote is not closed, or a variable is not set."_s);
