@@ -75,6 +75,22 @@ QString from_here(const QString& file)
     return file.isEmpty() ? QString() : QFileInfo(file).absoluteFilePath();
 }
 
+/** The values for the journal's parameters. */
+QList<JournalSetting> settings_of(const CommandLine& command_line)
+{
+    QList<JournalSetting> settings;
+    for (const auto& [name, value] : command_line.parameters())
+        settings.append({name, value});
+    return settings;
+}
+
+/** Where the record of a batch run goes, which changes no directory before it plays. */
+QString record_of(const CommandLine& command_line)
+{
+    const QString record = command_line.record();
+    return record == CommandLine::standard_output ? record : from_here(record);
+}
+
 /** @param windows  whether there can be windows. */
 std::unique_ptr<QCoreApplication> make_application(int& argc, char** argv, bool windows)
 {
@@ -144,13 +160,17 @@ int main(int argc, char** argv)
         workbench.leave_components_out();
     if (!command_line.check().isEmpty())
         return workbench.check_batch(check);
-    if (command_line.batch_mode())
-        return workbench.play_batch(command_line.journal(), model);
+    if (command_line.batch_mode()) {
+        const int status = workbench.play_batch(
+            {command_line.journal(), model, settings_of(command_line), record_of(command_line)});
+        TemporaryFolder::end_by_caught_signal();
+        return status;
+    }
     if (!settings)
         workbench.add_start_error(tell_unwritable_settings());
     bound_settings(QGuiApplication::primaryScreen()->availableVirtualGeometry());
     workbench.load();
-    workbench.start_later(model, journal);
+    workbench.start_later(model, journal, settings_of(command_line));
     workbench.run();
     workbench.unload();
     return 0;

@@ -64,10 +64,11 @@ void ProgramStart::look_for_window()
     });
 }
 
-void ProgramStart::add(const QString& model, const QString& journal)
+void ProgramStart::add(const QString& model, const QString& journal, const QList<JournalSetting>& settings)
 {
     mModel = model;
     mJournal = journal;
+    mSettings = settings;
     if (mReady)
         run_lines();
 }
@@ -88,8 +89,14 @@ void ProgramStart::play(bool opened)
     const QString journal = std::exchange(mJournal, {});
     if (journal.isEmpty())
         return;
-    if (opened)
-        mSteps.run_line(u"play "_s + quote_word(journal), {});
-    else
+    if (!opened) {
         mSteps.report(not_played(journal));
+        return;
+    }
+    QString line = u"play "_s + quote_word(journal);
+    if (!mSettings.isEmpty())
+        line += " with"_L1;
+    for (const JournalSetting& setting : std::as_const(mSettings))
+        line += u' ' + quote_word(QString(setting.name + u'=' + setting.value));
+    mSteps.run_line(line, {});
 }

@@ -3,7 +3,10 @@
 
 #pragma once
 
+#include "workbench/sdk/core/commands/journal_parameters.h"
+
 #include <QDeadlineTimer>
+#include <QList>
 #include <QString>
 
 #include <functional>
@@ -36,7 +39,7 @@ public:
     /** Begins as soon as the main window has been painted. */
     void begin();
     /** Adds what is to be opened and played; see Workbench::start_later(). */
-    void add(const QString& model, const QString& journal);
+    void add(const QString& model, const QString& journal, const QList<JournalSetting>& settings);
 
 private:
     void look_for_window();
@@ -47,6 +50,7 @@ private:
     QDeadlineTimer mPatience;
     QString mModel;
     QString mJournal;
+    QList<JournalSetting> mSettings;
     /** Whether the components are loaded, and lines need not wait for them. */
     bool mReady = false;
 };

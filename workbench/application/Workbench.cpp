@@ -20,7 +20,6 @@
 #include "workbench/application/console/line_interpreters.h"
 #include "workbench/application/journals/JournalFiles.h"
 #include "workbench/application/playback/JournalPlayer.h"
-#include "workbench/application/playback/play_from_anywhere.h"
 #include "workbench/application/python/apply_python_paths.h"
 #include "workbench/application/python/commands_for_python.h"
 #include "workbench/application/python/python_command.h"
@@ -47,7 +46,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QFile>
 #include <QPlainTextEdit>
 #include <QSettings>
 #include <QStandardPaths>
@@ -309,49 +307,49 @@ void Workbench::check_settings()
     mConsole ? report_error(text) : print_to(stderr, text);
 }
 
-void Workbench::start_later(const QString& model, const QString& journal)
+void Workbench::start_later(const QString& model, const QString& journal,
+                            const QList<JournalSetting>& parameters)
 {
-    mStart.add(model, journal);
+    mStart.add(model, journal, parameters);
 }
 
-int Workbench::play_batch(const QString& journal, const QString& model)
+int Workbench::play_batch(const BatchJob& job)
 {
-    return run_batch([&] {
-        Fennar& fennar = Fennar::instance();
-        if (!model.isEmpty() &&
-            fennar.interpreter().run(u"open "_s + quote_word(model)) != CommandInterpreter::Result::Done) {
-            report_error(not_played(journal));
-            return false;
-        }
-        return play_from_anywhere(fennar.playback(), journal) == Playback::Outcome::Played;
+    // A signal may come before anything runs.
+    const InterruptScope scope;
+    const bool json = job.record == CommandLine::standard_output;
+    return run_batch(json ? stderr : stdout, [&] {
+        return play_job(
+            job, mErrorListener, [this](const QString& text) { report_error(text); },
+            [this] { return mQuitting; });
     });
 }
 
 int Workbench::check_batch(const QString& journal)
 {
-    return run_batch([&] {
-        return Fennar::instance().interpreter().run(u"check "_s + quote_word(journal)) ==
-               CommandInterpreter::Result::Done;
+    return run_batch(stdout, [&] {
+        const auto result = Fennar::instance().interpreter().run(u"check "_s + quote_word(journal));
+        return result == CommandInterpreter::Result::Done ? 0 : 1;
     });
 }
 
-int Workbench::run_batch(const std::function<bool()>& work)
+int Workbench::run_batch(std::FILE* output, const std::function<int()>& work)
 {
-    OutputRouter::instance().set_fallback([](const QString& text) { print_to(stdout, text); });
+    OutputRouter::instance().set_fallback([output](const QString& text) { print_to(output, text); });
     tell_of_start();
     // A script must not change what the user finds at the next start.
     mComponents->set_remembering(false);
     if (mWithComponents)
         mComponents->load_all();
-    const bool done = work();
+    const int status = work();
     mComponents->unload_all();
     PythonRuntime::deliver_output();
     OutputRouter::instance().set_fallback(nullptr);
-    if (std::ferror(stdout)) {
+    if (std::ferror(output)) {
         print_to(stderr, u"ERROR: the output could not be written\n"_s);
         return 1;
     }
-    return mQuitting || done ? 0 : 1;
+    return mQuitting ? 0 : status;
 }
 
 void Workbench::tell_of_start()
@@ -375,6 +373,8 @@ void Workbench::set_console(OutputHandler* window)
 
 void Workbench::report_error(const QString& text)
 {
+    if (mErrorListener)
+        mErrorListener(text);
     if (!mConsole) {
         // That "quit" has stopped the journal it stands in is what was asked for.
         if (!mQuitting)

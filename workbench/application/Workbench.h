@@ -6,6 +6,7 @@
 #include "frame/MainFrame.h"
 #include "workbench/application/ProgramStart.h"
 #include "workbench/application/playback/CloseGuard.h"
+#include "workbench/application/playback/batch_job.h"
 #include "workbench/sdk/core/commands/Interrupt.h"
 
 #include <QElapsedTimer>
@@ -13,6 +14,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <cstdio>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -77,19 +79,19 @@ public:
      *
      * @param model    the path of its file; empty for none. If it cannot be opened, nothing is played.
      * @param journal  the path of its file; empty for none.
+     * @param parameters  values for parameters that it declares.
      */
-    void start_later(const QString& model, const QString& journal);
+    void start_later(const QString& model, const QString& journal,
+                     const QList<JournalSetting>& parameters = {});
 
     /**
-     * Loads the components and plays @p journal, without a window. Output goes to standard output, errors to
+     * Loads the components and plays a journal, without a window. Output goes to standard output, errors to
      * standard error.
      *
-     * @param journal  a file or a pipe; CommandLine::standard_input is played once it has come to its end.
-     * @param model    the file of a model to open before; empty for none.
-     * @return the program's exit status: 0, or 1 if the model could not be opened, the journal failed or its
-     * output could not be written.
+     * @return the program's exit status: 0; 1 if the model could not be opened, the journal failed, or its
+     * output or the record could not be written; 2 if the values for its parameters were refused.
      */
-    int play_batch(const QString& journal, const QString& model = {});
+    int play_batch(const BatchJob& job);
 
     /**
      * Loads the components and looks for errors in @p journal, a file, without a window and without running
@@ -108,9 +110,9 @@ private:
     void set_up_python();
     void set_up_playback();
     void tell_of_start();
-    /** Does work of a batch run, which tells whether it succeeded, with the components loaded. Returns the
-     * exit status. */
-    int run_batch(const std::function<bool()>& work);
+    /** Does work of a batch run, which tells its exit status, with the components loaded. Returns the exit
+     * status of the program. */
+    int run_batch(std::FILE* output, const std::function<int()>& work);
     /** Tells of settings that could not be written, after another try. */
     void check_settings();
     void set_console(OutputHandler* window);
@@ -133,6 +135,8 @@ private:
     QSettings mSettings;
     /** What to tell the user once there is a place for it. */
     QStringList mErrors;
+    /** Is told of each error of a batch run. */
+    std::function<void(const QString&)> mErrorListener;
     MainFrame mFrame;
     std::unique_ptr<LineInterpreter> mCommands;
     std::unique_ptr<LineInterpreter> mPython;

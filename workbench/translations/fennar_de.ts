@@ -378,6 +378,62 @@
         <source>Threads</source>
         <translation>Threads</translation>
     </message>
+    <message>
+        <source>Parameters</source>
+        <translation>Parameter</translation>
+    </message>
+    <message>
+        <source>Parameter</source>
+        <translation>Parameter</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Vorgabe</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>Minimum</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Maximum</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Whole number</source>
+        <translation>Ganze Zahl</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Choices</source>
+        <translation>Auswahlmöglichkeiten</translation>
+    </message>
+    <message>
+        <source>Choice</source>
+        <translation>Auswahl</translation>
+    </message>
+    <message>
+        <source>As size=2, parted by blanks</source>
+        <translation>Wie size=2, durch Leerzeichen getrennt</translation>
+    </message>
+    <message>
+        <source>Parted by blanks</source>
+        <translation>Durch Leerzeichen getrennt</translation>
+    </message>
 </context>
 <context>
     <name>CommandSearch</name>
@@ -1777,6 +1833,14 @@
     <message>
         <source>Lists the steps that can be undone and redone.</source>
         <translation>Zeigt die Schritte, die rückgängig gemacht und wiederholt werden können.</translation>
+    </message>
+    <message>
+        <source>Declare Parameter</source>
+        <translation>Parameter deklarieren</translation>
+    </message>
+    <message>
+        <source>Declares a variable that whoever plays the journal may set.</source>
+        <translation>Deklariert eine Variable, die beim Abspielen des Journals gesetzt werden kann.</translation>
     </message>
 </context>
 <context>

@@ -378,6 +378,62 @@
         <source>Threads</source>
         <translation>线程数</translation>
     </message>
+    <message>
+        <source>Parameters</source>
+        <translation>参数</translation>
+    </message>
+    <message>
+        <source>Parameter</source>
+        <translation>参数</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>默认值</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>说明</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>最小值</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>最大值</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>单位</translation>
+    </message>
+    <message>
+        <source>Whole number</source>
+        <translation>整数</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文本</translation>
+    </message>
+    <message>
+        <source>Choices</source>
+        <translation>可选项</translation>
+    </message>
+    <message>
+        <source>Choice</source>
+        <translation>选项</translation>
+    </message>
+    <message>
+        <source>As size=2, parted by blanks</source>
+        <translation>例如 size=2，用空格分隔</translation>
+    </message>
+    <message>
+        <source>Parted by blanks</source>
+        <translation>用空格分隔</translation>
+    </message>
 </context>
 <context>
     <name>CommandSearch</name>
@@ -1776,6 +1832,14 @@
     <message>
         <source>Lists the steps that can be undone and redone.</source>
         <translation>列出可以撤销和重做的步骤。</translation>
+    </message>
+    <message>
+        <source>Declare Parameter</source>
+        <translation>声明参数</translation>
+    </message>
+    <message>
+        <source>Declares a variable that whoever plays the journal may set.</source>
+        <translation>声明一个在播放日志时可以设置的变量。</translation>
     </message>
 </context>
 <context>

@@ -138,7 +138,7 @@ void TstCommandDescriptions::prepare_model()
 {
     QFile journal(u"example.jou"_s);
     QVERIFY(journal.open(QIODevice::WriteOnly));
-    journal.write("set played yes\n");
+    journal.write("parameter size number 1\nset played yes\n");
     journal.close();
     run(u"load demo"_s);
     QStringList lines{u"save model.mdl"_s};

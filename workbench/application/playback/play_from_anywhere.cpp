@@ -20,13 +20,14 @@ static bool is_pipe(const QString& path)
            (S_ISFIFO(status.st_mode) || S_ISSOCK(status.st_mode));
 }
 
-Playback::Outcome play_from_anywhere(Playback& playback, const QString& journal)
+Playback::Outcome play_from_anywhere(Playback& playback, const QString& journal,
+                                     const QList<JournalSetting>& settings)
 {
     QFile file(journal);
     if (journal == CommandLine::standard_input && file.open(stdin, QIODevice::ReadOnly))
-        return playback.play_device(file, u"standard input"_s);
+        return playback.play_device(file, u"standard input"_s, settings);
     // A window would wait for the other program, too, and so does not take one.
     if (is_pipe(journal) && file.open(QIODevice::ReadOnly))
-        return playback.play_device(file, journal);
-    return playback.play(journal);
+        return playback.play_device(file, journal, settings);
+    return playback.play(journal, 1, settings);
 }

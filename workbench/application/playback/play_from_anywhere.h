@@ -11,5 +11,7 @@
  * Plays a journal that may come from another program.
  *
  * @param journal  a file or a pipe, or CommandLine::standard_input. The last two are read to their end first.
+ * @param settings  values for its parameters.
  */
-Playback::Outcome play_from_anywhere(Playback& playback, const QString& journal);
+Playback::Outcome play_from_anywhere(Playback& playback, const QString& journal,
+                                     const QList<JournalSetting>& settings);

@@ -24,31 +24,73 @@ CommandLine::CommandLine(const QStringList& words)
             mVersion = true;
         else if (word == "--no-components"_L1)
             mComponents = false;
-        else if (word == "--play"_L1 && i + 1 < words.size())
-            mJournal = words[++i];
-        else if (word == "--play"_L1)
-            mError = u"--play needs the name of a journal"_s;
-        else if (word == "--check"_L1 && i + 1 < words.size() && !words[i + 1].isEmpty())
-            mCheck = words[++i];
-        else if (word == "--check"_L1)
-            mError = u"--check needs the name of a journal"_s;
-        else if (word == "--settings"_L1 && i + 1 < words.size() && !words[i + 1].isEmpty())
-            mSettings = words[++i];
-        else if (word == "--settings"_L1)
-            mError = u"--settings needs the name of a file"_s;
+        else if (take_value(word, words.value(i + 1)))
+            ++i;
         else
             mError = u"unknown argument \"%1\""_s.arg(word);
     }
-    if (mError.isEmpty() && !mCheck.isEmpty() && (mBatch || !mJournal.isEmpty() || !mFile.isEmpty()))
-        mError = u"--check cannot be combined with --batch, --play or a model"_s;
+    if (mError.isEmpty())
+        check_together();
     mBatch = mBatch || !mCheck.isEmpty();
-    if (mError.isEmpty() && mBatch && mJournal.isEmpty() && mCheck.isEmpty() && !mHelp && !mVersion)
-        mError = u"--batch needs a journal: add --play FILE"_s;
-    else if (mError.isEmpty() && !mBatch && mJournal == standard_input)
-        mError = u"--play - reads the journal from standard input, which needs --batch"_s;
 }
 
 CommandLine::~CommandLine() = default;
+
+bool CommandLine::take_value(const QString& argument, const QString& value)
+{
+    if (argument == "--set"_L1) {
+        take_setting(value);
+        return true;
+    }
+    struct Taken
+    {
+        QLatin1String argument;
+        QString& value;
+        QLatin1String what;
+    };
+    const Taken all[]{{"--play"_L1, mJournal, "the name of a journal"_L1},
+                      {"--check"_L1, mCheck, "the name of a journal"_L1},
+                      {"--settings"_L1, mSettings, "the name of a file"_L1},
+                      {"--json"_L1, mRecord, "the name of a file"_L1}};
+    for (const Taken& taken : all) {
+        if (argument != taken.argument)
+            continue;
+        taken.value = value;
+        if (value.isEmpty())
+            mError = argument + " needs "_L1 + taken.what;
+        return true;
+    }
+    return false;
+}
+
+void CommandLine::take_setting(const QString& word)
+{
+    const qsizetype sign = word.indexOf(u'=');
+    if (sign < 1) {
+        mError = u"--set needs the name of a parameter and its value, as size=2"_s;
+        return;
+    }
+    const QString name = word.first(sign);
+    for (const auto& [other, value] : std::as_const(mSet)) {
+        if (other == name)
+            mError = u"--set gives a value for \"%1\" twice"_s.arg(name);
+    }
+    mSet.append({name, word.sliced(sign + 1)});
+}
+
+void CommandLine::check_together()
+{
+    if (!mCheck.isEmpty() && (mBatch || !mJournal.isEmpty() || !mFile.isEmpty()))
+        mError = u"--check cannot be combined with --batch, --play or a model"_s;
+    else if (mBatch && mJournal.isEmpty() && !mHelp && !mVersion)
+        mError = u"--batch needs a journal: add --play FILE"_s;
+    else if (!mBatch && mJournal == standard_input)
+        mError = u"--play - reads the journal from standard input, which needs --batch"_s;
+    else if (!mSet.isEmpty() && mJournal.isEmpty())
+        mError = u"--set needs a journal: add --play FILE"_s;
+    else if (!mBatch && !mRecord.isEmpty())
+        mError = u"--json needs --batch"_s;
+}
 
 void CommandLine::take_file(const QString& word)
 {
@@ -68,14 +110,21 @@ CommandLine& CommandLine::of_application()
 
 QString CommandLine::usage()
 {
-    return u"Usage: fennar [--batch] [--no-components] [--settings FILE] [--play FILE] [[--] MODEL]\n"
+    return u"Usage: fennar [--batch] [--no-components] [--settings FILE] [--play FILE [--set "
+           u"NAME=VALUE]...]\n"
+           "              [--json FILE] [[--] MODEL]\n"
            "       fennar [--no-components] [--settings FILE] --check FILE\n"
            "\n"
            "  MODEL        open this model, before anything is played; if that fails, nothing is played;\n"
            "               behind \"--\" its name may begin with a \"-\"\n"
            "  --play FILE  play a journal of commands, or of Python if its name ends in .py\n"
-           "  --batch      open no window: play the journal and end, with status 0, or 1 if it failed;\n"
-           "               FILE may then be a pipe, or \"-\" for standard input\n"
+           "  --set NAME=VALUE\n"
+           "               give a parameter that the journal declares this value and not its default\n"
+           "  --batch      open no window: play the journal and end, with status 0, 1 if it failed, or 2 if\n"
+           "               the arguments were wrong, --set included; FILE may then be a pipe, or \"-\" for\n"
+           "               standard input\n"
+           "  --json FILE  in a batch run, write what each command returned and how long it took, in JSON;\n"
+           "               \"-\" is standard output, and what the journal prints goes to standard error\n"
            "  --check FILE look for errors in a journal without running it, and end, with status 0 if there\n"
            "               are none, or 1\n"
            "  --no-components\n"

@@ -5,8 +5,11 @@
 
 #include "host/ostrelfw/CLParser.h"
 
+#include <QList>
 #include <QString>
 #include <QStringList>
+
+#include <utility>
 
 /** The workbench's command line. */
 class CommandLine : public CLParser
@@ -14,6 +17,9 @@ class CommandLine : public CLParser
 public:
     /** The name of a journal that stands for standard input; only in a batch run. */
     static constexpr QLatin1String standard_input{"-"};
+
+    /** The name of a record that stands for standard output. */
+    static constexpr QLatin1String standard_output{"-"};
 
     /** Reads the words behind the program's name. */
     explicit CommandLine(const QStringList& words);
@@ -31,6 +37,10 @@ public:
     bool version() const { return mVersion; }
     /** The journal to play after the start; empty for none. */
     QString journal() const { return mJournal; }
+    /** Values for the journal's parameters, with their names: each for another one. */
+    const QList<std::pair<QString, QString>>& parameters() const { return mSet; }
+    /** The file for a record of the run, standard_output, or empty for none; only in a batch run. */
+    QString record() const { return mRecord; }
     /** The journal to look through for errors, with which the program ends; empty for none. */
     QString check() const { return mCheck; }
     /** The model to open after the start; empty for none. */
@@ -50,12 +60,18 @@ public:
 
 private:
     void take_file(const QString& word);
+    void take_setting(const QString& word);
+    /** Takes an argument that has a value, which is empty if there is none. Returns whether it is one. */
+    bool take_value(const QString& argument, const QString& value);
+    void check_together();
 
     QString mError;
     QString mJournal;
     QString mCheck;
     QString mSettings;
     QString mFile;
+    QList<std::pair<QString, QString>> mSet;
+    QString mRecord;
     int mGraphicsState = 0;
     bool mBatch = false;
     bool mComponents = true;

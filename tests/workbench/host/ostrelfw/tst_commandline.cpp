@@ -20,6 +20,7 @@ private slots:
     void components_are_loaded_unless_left_out();
     void settings_file_is_read();
     void journal_to_check_is_read();
+    void values_for_parameters_are_read();
     void mistakes_are_named_data();
     void mistakes_are_named();
     void graphics_state_is_kept();
@@ -99,6 +100,19 @@ void TstCommandLine::journal_to_check_is_read()
     QVERIFY(line.batch_mode());
 }
 
+void TstCommandLine::values_for_parameters_are_read()
+{
+    CommandLine line(QStringList{u"--batch"_s, u"--set"_s, u"size=2"_s, u"--play"_s, u"a.jou"_s, u"--set"_s,
+                                 u"label=a = b"_s, u"--json"_s, u"-"_s});
+    QCOMPARE(line.error(), QString());
+    QStringList read;
+    for (const auto& [name, value] : line.parameters())
+        read << name << value;
+    QCOMPARE(read, (QStringList{u"size"_s, u"2"_s, u"label"_s, u"a = b"_s}));
+    QCOMPARE(line.record(), u"-"_s);
+    QCOMPARE(CommandLine{QStringList()}.record(), QString());
+}
+
 void TstCommandLine::mistakes_are_named_data()
 {
     QTest::addColumn<QStringList>("words");
@@ -122,6 +136,21 @@ void TstCommandLine::mistakes_are_named_data()
     QTest::newRow("check and play") << QStringList{u"--check"_s, u"a.jou"_s, u"--play"_s, u"b.jou"_s}
                                     << alone;
     QTest::newRow("check and a model") << QStringList{u"--check"_s, u"a.jou"_s, u"b.mdl"_s} << alone;
+    const QString setting = u"--set needs the name of a parameter and its value, as size=2"_s;
+    QTest::newRow("set at the end") << QStringList{u"--play"_s, u"a.jou"_s, u"--set"_s} << setting;
+    QTest::newRow("set without a value")
+        << QStringList{u"--set"_s, u"size"_s, u"--play"_s, u"a.jou"_s} << setting;
+    QTest::newRow("set without a name")
+        << QStringList{u"--set"_s, u"=2"_s, u"--play"_s, u"a.jou"_s} << setting;
+    QTest::newRow("set twice") << QStringList{u"--set"_s, u"size=2"_s, u"--play"_s,
+                                              u"a.jou"_s, u"--set"_s,  u"size=3"_s}
+                               << u"--set gives a value for \"size\" twice"_s;
+    QTest::newRow("set without a journal")
+        << QStringList{u"--set"_s, u"size=2"_s} << u"--set needs a journal: add --play FILE"_s;
+    QTest::newRow("record with a window")
+        << QStringList{u"--play"_s, u"a.jou"_s, u"--json"_s, u"a.json"_s} << u"--json needs --batch"_s;
+    QTest::newRow("record without a name") << QStringList{u"--batch"_s, u"--play"_s, u"a.jou"_s, u"--json"_s}
+                                           << u"--json needs the name of a file"_s;
     QTest::newRow("standard input with a window")
         << QStringList{u"--play"_s, u"-"_s}
         << u"--play - reads the journal from standard input, which needs --batch"_s;

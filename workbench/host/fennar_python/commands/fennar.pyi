@@ -433,6 +433,24 @@ def open(file: str | _os.PathLike[str]) -> None:
     Command: open FILE
     """
 
+def parameter(name: str, type: _Literal['number'] | _Literal['whole'] | _Literal['text'] | _Literal['choice'], default: float | int | str, *, min: float | int | None = None, max: float | int | None = None, unit: str | None = None, about: str | None = None, of: str | None = None) -> None:
+    """Declares a variable that whoever plays the journal may set.
+
+    Declarations stand at the beginning of a journal, ahead of all other commands. $NAME is DEFAULT
+    unless another value was given, as by "play FILE with NAME=VALUE" or "fennar --set NAME=VALUE".
+
+    name: Parameter (the name of a variable)
+    type: Type ("number")
+    default: Default (a number)
+    min: Minimum (a number)
+    max: Maximum (a number)
+    unit: Unit (a text)
+    about: Description (a text)
+    of: Choices (a text). Parted by blanks
+
+    Command: parameter NAME number DEFAULT [min LEAST] [max MOST] [unit UNIT] [about TEXT] | parameter NAME whole DEFAULT [min LEAST] [max MOST] [unit UNIT] [about TEXT] | parameter NAME text DEFAULT [about TEXT] | parameter NAME choice DEFAULT of CHOICES [about TEXT]
+    """
+
 def picture(file: str | _os.PathLike[str], *, of: _Literal['main', 'editor', 'options', 'plugins', 'about', 'active'] | None = 'main', after: float | None = None) -> None:
     """Writes a picture of a window.
 
@@ -449,19 +467,21 @@ def picture(file: str | _os.PathLike[str], *, of: _Literal['main', 'editor', 'op
     Command: picture FILE [of main|editor|options|plugins|about|active] [after SECONDS]
     """
 
-def play(file: str | _os.PathLike[str], line: int | None = 1) -> None:
+def play(file: str | _os.PathLike[str], line: int | None = 1, *, with_: str | _Iterable[str] | None = None) -> None:
     """Plays a journal or a Python script.
 
     It may take long, and can be cancelled.
 
     A relative name is looked up in the current directory. The first error ends the playback.
-    With LINE, a journal is played from that line on.
+    With LINE, a journal is played from that line on. With SETTING, as size=2, a parameter that it
+    declares has that value and not its default.
     Files named *.py, and files whose first line is #!python, are run as Python.
 
     file: Journal or script (a file to read)
     line: From line (a whole number from 1 on)
+    with_: Parameters (a text; any number of them). As size=2, parted by blanks
 
-    Command: play FILE [LINE]
+    Command: play FILE [LINE] [with SETTING...]
     """
 
 def python(*statement: str | _Iterable[str]) -> None:

@@ -45,6 +45,8 @@ struct CommandInterpreter::Call
     CommandWords words;
     /** Null until the command is found. Keeps it alive if it removes itself. */
     std::shared_ptr<const Command> command;
+    /** Whether an observer is told of it: not of an empty line. */
+    bool told = false;
 
     /** The command's name for messages, also if there is no such command; empty if the line has none. */
     QString name() const
@@ -149,23 +151,24 @@ CommandInterpreter::Result CommandInterpreter::execute(const Source& source, Out
     }
     const InterruptScope scope;
     Call call{source, {}, nullptr};
+    Outcome ended;
+    // The column of one that was reported may be of another line.
+    bool own_column = true;
     const auto fail = [&](const CommandError& error) {
+        own_column = !error.is_reported();
         if (!outcome && !error.is_reported())
             report_at(&call, error);
-        else if (outcome && !error.is_reported())
-            outcome->failure = failure_of(&call, error);
-        else if (outcome && !mLastFailure.message.isEmpty())
-            outcome->failure = mLastFailure;
-        else if (outcome)
-            outcome->failure = failure_of(&call, CommandError(u"it failed, as was reported"_s));
+        if (!error.is_reported())
+            ended.failure = failure_of(&call, error);
+        else if (!mLastFailure.message.isEmpty())
+            ended.failure = mLastFailure;
+        else
+            ended.failure = failure_of(&call, CommandError(u"it failed, as was reported"_s));
     };
     mCalls.append(&call);
     const auto leave = qScopeGuard([this] { mCalls.removeLast(); });
     try {
-        const CommandValue value = dispatch(call);
-        if (outcome)
-            outcome->value = value;
-        return Result::Done;
+        ended.value = dispatch(call);
     } catch (const CommandError& error) {
         fail(error);
     } catch (const std::bad_alloc&) {
@@ -175,7 +178,12 @@ CommandInterpreter::Result CommandInterpreter::execute(const Source& source, Out
     } catch (...) {
         fail(CommandError(u"failed for an unknown reason"_s));
     }
-    return Result::Failed;
+    const Result result = ended.failure ? Result::Failed : Result::Done;
+    if (call.told && mEnded)
+        tell_ended(call, ended, own_column);
+    if (outcome)
+        *outcome = std::move(ended);
+    return result;
 }
 
 CommandValue CommandInterpreter::dispatch(Call& call)
@@ -184,6 +192,9 @@ CommandValue CommandInterpreter::dispatch(Call& call)
         tokenize(call.source.lines.text(), [this](QStringView name) { return mVariables.value(name); });
     if (!call.words.words.isEmpty())
         call.command = mRegistry.find(call.words.words[0].text);
+    call.told = !call.words.words.isEmpty() || call.words.error;
+    if (call.told && mBegun)
+        mBegun(run_of(call));
     if (call.words.error)
         throw *call.words.error;
     if (call.words.words.isEmpty())
@@ -195,6 +206,35 @@ CommandValue CommandInterpreter::dispatch(Call& call)
     call.command->perform(command_call,
                           CommandArguments(call.words, call.command->forms, &mRegistry.entities()));
     return command_call.result();
+}
+
+void CommandInterpreter::set_observer(const Observer& observer)
+{
+    mBegun = observer.begun;
+    mEnded = observer.ended;
+}
+
+CommandRun CommandInterpreter::run_of(const Call& call) const
+{
+    CommandRun run{.command = call.name(), .text = call.source.lines.text()};
+    run.file = call.source.file;
+    run.line = run.file.isEmpty() ? 0 : call.source.first_line;
+    run.depth = mCalls.size() - 1;
+    return run;
+}
+
+void CommandInterpreter::tell_ended(const Call& call, const Outcome& outcome, bool own_column)
+{
+    CommandRun run = run_of(call);
+    run.value = outcome.value;
+    run.failure = outcome.failure;
+    if (run.failure) {
+        const qsizetype column = own_column ? run.failure->column : 0;
+        const ContinuedCommand::Position at = call.source.lines.position(column);
+        run.failure_line = run.file.isEmpty() ? 0 : run.line + at.line;
+        run.failure_column = column > 0 ? at.column : 0;
+    }
+    mEnded(run);
 }
 
 CommandFailure CommandInterpreter::failure_of(const Call* call, const CommandError& error)

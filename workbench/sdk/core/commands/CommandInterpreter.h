@@ -32,6 +32,29 @@ struct CommandFailure
     QString remedy;
 };
 
+/** A command that is about to run, or has run, as an observer is told. */
+struct CommandRun
+{
+    /** Its name as written, which may be no command; empty if the line has a fault in its first word. */
+    QString command;
+    /** The command as written, its lines joined. */
+    QString text;
+    /** The journal that it stands in; empty for a command from elsewhere. */
+    QString file = {};
+    /** Its first line there, from 1; 0 for none. */
+    qsizetype line = 0;
+    /** How many commands wait for it to end. */
+    qsizetype depth = 0;
+    /** What it has returned. */
+    CommandValue value = {};
+    /** Why it has failed. */
+    std::optional<CommandFailure> failure = {};
+    /** The line of the journal with the fault; 0 for none. */
+    qsizetype failure_line = 0;
+    /** The character at fault in its line, from 1; 0 for none. */
+    qsizetype failure_column = 0;
+};
+
 /**
  * Runs commands: finds the words of a line, calls the command, reports what went wrong.
  *
@@ -68,6 +91,17 @@ public:
     void set_output(const Output& output) { mOutput = output; }
     /** Where errors go, under the same terms. */
     void set_error_output(const Output& output) { mErrorOutput = output; }
+
+    /** Who is told of each command when it begins and when it has ended. Each may be null. */
+    struct Observer
+    {
+        /** Without value and failure. */
+        std::function<void(const CommandRun& run)> begun;
+        /** With one of the two. */
+        std::function<void(const CommandRun& run)> ended;
+    };
+    /** Has an observer told from now on; there is one at most. It runs no commands. */
+    void set_observer(const Observer& observer);
 
     /** Takes one line as typed. A continued one is kept, and the line that ends the command runs it all. */
     Result enter(const QString& line);
@@ -134,6 +168,8 @@ private:
 
     Result execute(const Source& source, Outcome* outcome = nullptr);
     CommandValue dispatch(Call& call);
+    CommandRun run_of(const Call& call) const;
+    void tell_ended(const Call& call, const Outcome& outcome, bool own_column);
     static CommandFailure failure_of(const Call* call, const CommandError& error);
     void report_at(const Call* call, const CommandError& error) const;
 
@@ -141,6 +177,8 @@ private:
     CommandVariables mVariables;
     Callback<void(const QString&)> mOutput;
     Callback<void(const QString&)> mErrorOutput;
+    Callback<void(const CommandRun&)> mBegun;
+    Callback<void(const CommandRun&)> mEnded;
     ContinuedCommand mEntered;
     /** The calls that run, the outermost one first. */
     QList<const Call*> mCalls;

@@ -3,6 +3,7 @@
 
 #include "workbench/sdk/core/commands/Playback.h"
 
+#include "workbench/sdk/core/commands/CommandEntities.h"
 #include "workbench/sdk/core/commands/CommandError.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/Interrupt.h"
@@ -81,7 +82,7 @@ bool Playback::is_python(QStringView text)
     return false;
 }
 
-Playback::Outcome Playback::play(const QString& path, qsizetype from)
+Playback::Outcome Playback::play(const QString& path, qsizetype from, const QList<JournalSetting>& settings)
 {
     if (mDepth >= depth_limit)
         return fail(u"journals are nested deeper than %1"_s.arg(depth_limit));
@@ -102,16 +103,18 @@ Playback::Outcome Playback::play(const QString& path, qsizetype from)
         return again + u' ' + QString::number(line);
     };
     const QFileInfo file(path);
-    return play_text({read.text.sliced(start), path, from, go_on, file.absoluteFilePath()}, python,
-                     file.absolutePath());
+    return play_text({read.text.sliced(start), path, from, go_on, file.absoluteFilePath(), false, settings},
+                     python, file.absolutePath());
 }
 
-Playback::Outcome Playback::play_device(QIODevice& device, const QString& name)
+Playback::Outcome Playback::play_device(QIODevice& device, const QString& name,
+                                        const QList<JournalSetting>& settings)
 {
     const JournalText read = read_journal_text(device, CommandError::shown(name, name.size()));
     if (!read.error.isNull())
         return fail(read.error);
-    return play_text({read.text, name, 1, {}, {}}, name.endsWith(".py"_L1) || is_python(read.text), {});
+    return play_text({read.text, name, 1, {}, {}, false, settings},
+                     name.endsWith(".py"_L1) || is_python(read.text), {});
 }
 
 Playback::Outcome Playback::play_lines(const QStringList& lines, const QString& name, const Origin& origin)
@@ -135,6 +138,18 @@ QString Playback::file_in_play(const QString& name) const
             return (*it)->file;
     }
     return {};
+}
+
+Playback::Declaration Playback::declare(const QString& name)
+{
+    if (mScriptParameters.isEmpty() || !mScriptParameters.last())
+        return {};
+    Parameters& parameters = *mScriptParameters.last();
+    const bool again = parameters.declared.contains(name);
+    parameters.declared << name;
+    const auto given = parameters.given.constFind(name);
+    return {given == parameters.given.constEnd() ? std::nullopt : std::optional(*given),
+            parameters.lines >= parameters.head_lines, again};
 }
 
 void Playback::script_reached(qsizetype line)
@@ -169,6 +184,11 @@ void Playback::stop()
 Playback::Outcome Playback::play_text(const Script& script, bool python, const QString& directory)
 {
     const InterruptScope scope;
+    Parameters parameters;
+    if (const QString wrong = read_parameters(script, python, parameters); !wrong.isEmpty()) {
+        fail(wrong);
+        return Outcome::Refused;
+    }
     const QString before = QDir::currentPath();
     const bool change = !directory.isEmpty() && mChangeDirectory();
     if (change && !QDir::setCurrent(directory))
@@ -182,10 +202,12 @@ Playback::Outcome Playback::play_text(const Script& script, bool python, const Q
         mProgress(script.name, 0);
     }
     mScripts.append(&script);
+    mScriptParameters.append(python ? nullptr : &parameters);
     if (python)
         mPythonScripts.append(&script);
     const auto leave = qScopeGuard([&] {
         mScripts.removeLast();
+        mScriptParameters.removeLast();
         if (python)
             mPythonScripts.removeLast();
         if (change)
@@ -195,13 +217,47 @@ Playback::Outcome Playback::play_text(const Script& script, bool python, const Q
         mStop = false;
         mProgress(script.name, 100);
     });
-    const Outcome outcome = python ? play_python(script) : play_journal(script);
+    const Outcome outcome = python ? play_python(script) : play_journal(script, parameters);
     mInnerEnded = outcome != Outcome::Played;
     mInnerPython = python;
     return outcome;
 }
 
-Playback::Outcome Playback::play_journal(const Script& script)
+QString Playback::read_parameters(const Script& script, bool python, Parameters& parameters)
+{
+    for (const JournalSetting& setting : script.settings) {
+        if (parameters.given.contains(setting.name))
+            return u"a value for %1 is given twice"_s.arg(CommandError::shown(setting.name));
+        parameters.given.insert(setting.name, setting.value);
+    }
+    const QString name = CommandError::shown(script.name, script.name.size());
+    if (python && !parameters.given.isEmpty())
+        return u"%1 is a Python script, which has no parameters"_s.arg(name);
+    const JournalHead head =
+        python ? JournalHead() : read_journal_head(script.text, mInterpreter.variables(), parameters.given);
+    // Without settings the run comes to it, and tells more.
+    if (head.error && !parameters.given.isEmpty())
+        return place_of(script.name, script.first_line + head.lines) + ": "_L1 + head.error->message();
+    parameters.head_lines = head.error ? script.text.size() : head.lines;
+    QStringList names;
+    QList<std::pair<CommandParameter, QString>> values;
+    for (const CommandParameter& parameter : head.parameters) {
+        names << parameter.name;
+        values.append({parameter, parameters.given.value(parameter.name, parameter.default_value)});
+    }
+    for (const JournalSetting& setting : script.settings) {
+        if (names.contains(setting.name))
+            continue;
+        const QString remedy = CommandEntities::remedy_among(setting.name, names);
+        return u"%1 has no parameter %2"_s.arg(name, CommandError::shown(setting.name)) +
+               (remedy.isEmpty() ? QString() : u"; "_s + remedy);
+    }
+    if (mDepth == 0)
+        mParameters = values;
+    return {};
+}
+
+Playback::Outcome Playback::play_journal(const Script& script, Parameters& parameters)
 {
     // The commands that run may play journals themselves: nothing of this walk is a member.
     const QStringView text = script.text;
@@ -219,6 +275,7 @@ Playback::Outcome Playback::play_journal(const Script& script)
         for (const QString& one : command.lines)
             mEcho(one);
         mInnerEnded = false;
+        parameters.lines = line - script.first_line;
         const bool done = mInterpreter.run(text.sliced(start, command.size).toString(), script.name, line) !=
                           CommandInterpreter::Result::Failed;
         const Outcome ended = test_end();

@@ -4,9 +4,12 @@
 #pragma once
 
 #include "workbench/sdk/core/commands/Callback.h"
+#include "workbench/sdk/core/commands/CommandDescription.h"
+#include "workbench/sdk/core/commands/journal_parameters.h"
 #include "workbench/sdk/core/export.h"
 
 #include <QList>
+#include <QMap>
 #include <QString>
 #include <QStringList>
 #include <QStringView>
@@ -40,6 +43,8 @@ public:
         Interrupted,
         /** stop() was called. */
         Stopped,
+        /** The values for its parameters are wrong, which was reported. No line of it has run. */
+        Refused,
     };
     /** A Python script to be run. */
     struct PythonScript
@@ -94,13 +99,15 @@ public:
      *
      * @param from  the line to begin with. It is an error if there is no such line, if it continues the
      *              line before it, and if it is not 1 for a Python script.
+     * @param settings  values for parameters that the journal declares; the others have their defaults. A
+     * name that it does not declare, or that is given twice, is refused, as is a wrong value.
      */
-    Outcome play(const QString& path, qsizetype from = 1);
+    Outcome play(const QString& path, qsizetype from = 1, const QList<JournalSetting>& settings = {});
     /**
      * Plays what an open device has up to its end, which may be waited for, as a file of that name. Nothing
      * is known of its directory, and no way to play on from a line is told.
      */
-    Outcome play_device(QIODevice& device, const QString& name);
+    Outcome play_device(QIODevice& device, const QString& name, const QList<JournalSetting>& settings = {});
     /** Plays lines that are not in a file; @p name stands for the file's name in messages. */
     Outcome play_lines(const QStringList& lines, const QString& name, const Origin& origin);
     /** Plays lines as those of a journal, counted from 1. */
@@ -121,6 +128,21 @@ public:
     QString script_in_play() const;
     /** The absolute path of the file in play of that name; empty if there is none. */
     QString file_in_play(const QString& name) const;
+
+    /** For a line that declares a parameter. */
+    struct Declaration
+    {
+        /** The value that was given for it; nothing if it is to have its default. */
+        std::optional<QString> value = {};
+        /** Whether it stands behind other commands of the journal. */
+        bool late = false;
+        /** Whether the journal has declared that name already. */
+        bool again = false;
+    };
+    /** Called by the line that declares a parameter. Outside of a journal all is well. */
+    Declaration declare(const QString& name);
+    /** The parameters of the outermost journal that is, or was, in play, with their values. */
+    const QList<std::pair<CommandParameter, QString>>& parameters() const { return mParameters; }
 
     /** Whether a journal is being played, paused or not. */
     bool is_playing() const { return mDepth > 0; }
@@ -166,10 +188,24 @@ private:
         /** The absolute path of the file; empty if it is none. */
         QString file;
         bool piece = false;
+        QList<JournalSetting> settings = {};
+    };
+    /** The parameters of a text in play. */
+    struct Parameters
+    {
+        /** Those that do not have their default, by name. */
+        QMap<QString, QString> given;
+        QStringList declared;
+        /** How many of its lines may declare some. */
+        qsizetype head_lines = 0;
+        /** How many have run. */
+        qsizetype lines = 0;
     };
 
     Outcome play_text(const Script& script, bool python, const QString& directory);
-    Outcome play_journal(const Script& script);
+    /** Reads the declarations at the beginning; what is wrong with the settings, or nothing. */
+    QString read_parameters(const Script& script, bool python, Parameters& parameters);
+    Outcome play_journal(const Script& script, Parameters& parameters);
     Outcome play_python(const Script& script);
     /** Played unless the journal is to end here. */
     Outcome turn_and_wait(const QString& next);
@@ -199,6 +235,9 @@ private:
     QList<const Script*> mScripts;
     /** The Python scripts among them. */
     QList<const Script*> mPythonScripts;
+    /** Those of the journals among them, the outermost one first; null for Python scripts. */
+    QList<Parameters*> mScriptParameters;
+    QList<std::pair<CommandParameter, QString>> mParameters;
     /** What was shown last of the outermost one. */
     int mPercent = 0;
     bool mHints = false;

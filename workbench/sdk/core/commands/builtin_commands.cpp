@@ -10,6 +10,7 @@
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Playback.h"
 #include "workbench/sdk/core/commands/check_journal.h"
+#include "workbench/sdk/core/commands/journal_parameters.h"
 #include "workbench/sdk/core/commands/read_journal_text.h"
 
 using namespace Qt::StringLiterals;
@@ -97,9 +98,35 @@ void history(CommandCall& call, const CommandArguments& arguments, const History
     call.print(text);
 }
 
-void play(const CommandArguments& arguments, Playback& playback)
+/** "parameter NAME TYPE DEFAULT ..." */
+void parameter(CommandCall& call, const CommandArguments& arguments, Playback& playback)
 {
-    if (playback.play(arguments.text("FILE"_L1), arguments.integer("LINE"_L1)) != Playback::Outcome::Played)
+    const CommandParameter parameter = declared_parameter(call.words(), arguments);
+    const Playback::Declaration declaration = playback.declare(parameter.name);
+    if (declaration.late)
+        throw late_declaration();
+    if (declaration.again)
+        throw declared_twice(call.words());
+    call.interpreter().variables().set(parameter.name, declaration.value.value_or(parameter.default_value));
+    call.interpreter().registry().entities().tell_changed(variable_entity);
+}
+
+/** "play FILE [LINE] [with SETTING...]" */
+void play(CommandCall& call, const CommandArguments& arguments, Playback& playback)
+{
+    QList<JournalSetting> settings;
+    const QStringList texts = arguments.texts("with"_L1);
+    for (qsizetype i = 0; i < texts.size(); ++i) {
+        const std::optional<JournalSetting> setting = read_setting(texts[i]);
+        if (!setting)
+            throw call.expected(arguments.word("with"_L1, i), "a parameter and its value as NAME=VALUE");
+        settings << *setting;
+    }
+    const int line = arguments.integer("LINE"_L1);
+    if (line != 1 && !settings.isEmpty())
+        throw call.error(arguments.word("LINE"_L1),
+                         u"only a journal that is played from line 1 takes values"_s);
+    if (playback.play(arguments.text("FILE"_L1), line, settings) != Playback::Outcome::Played)
         throw CommandError::reported();
 }
 
@@ -183,34 +210,60 @@ QList<Command> plain_commands(const BuiltinServices& services)
                                                 .example = u"10"_s})}}}}};
 }
 
+Command play_command(Playback& playback)
+{
+    return {
+        .name = u"play"_s,
+        .summary = u"Plays a journal or a Python script."_s,
+        .help =
+            u"A relative name is looked up in the current directory. The first error ends the playback.\n"
+            "With LINE, a journal is played from that line on. With SETTING, as size=2, a parameter that it\n"
+            "declares has that value and not its default.\n"
+            "Files named *.py, and files whose first line is #!python, are run as Python."_s,
+        .perform = [&playback](CommandCall& call,
+                               const CommandArguments& arguments) { play(call, arguments, playback); },
+        .forms = {{.clauses = {required_value(
+                                   {.name = u"FILE"_s,
+                                    .kind = Kind::InputFile,
+                                    .what = u"a file"_s,
+                                    .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal or script"),
+                                    .filters = &journal_filters,
+                                    .example = u"example.jou"_s}),
+                               optional_value({.name = u"LINE"_s,
+                                               .kind = Kind::WholeNumber,
+                                               .what = u"a line number"_s,
+                                               .label = QT_TRANSLATE_NOOP("CommandParameter", "From line"),
+                                               .default_value = u"1"_s,
+                                               .least = 1,
+                                               .most = std::numeric_limits<int>::max()}),
+                               {.keyword = u"with"_s,
+                                .parameters = {{.name = u"SETTING"_s,
+                                                .kind = Kind::Text,
+                                                .what = u"NAME=VALUE"_s,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Parameters"),
+                                                .tip = QT_TRANSLATE_NOOP("CommandParameter",
+                                                                         "As size=2, parted by blanks"),
+                                                .repeated = true,
+                                                .example = u"size=2"_s}},
+                                .optional = true}}}},
+        .runs_commands = true,
+        .long_running = true};
+}
+
 /** Those about journals, and the end of them all. */
 QList<Command> journal_commands(Playback& playback, const BuiltinServices& services)
 {
     return {
-        {.name = u"play"_s,
-         .summary = u"Plays a journal or a Python script."_s,
+        {.name = parameter_command,
+         .summary = u"Declares a variable that whoever plays the journal may set."_s,
          .help =
-             u"A relative name is looked up in the current directory. The first error ends the playback.\n"
-             "With LINE, a journal is played from that line on.\n"
-             "Files named *.py, and files whose first line is #!python, are run as Python."_s,
-         .perform = [&playback](CommandCall&,
-                                const CommandArguments& arguments) { play(arguments, playback); },
-         .forms = {{.clauses = {required_value(
-                                    {.name = u"FILE"_s,
-                                     .kind = Kind::InputFile,
-                                     .what = u"a file"_s,
-                                     .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal or script"),
-                                     .filters = &journal_filters,
-                                     .example = u"example.jou"_s}),
-                                optional_value({.name = u"LINE"_s,
-                                                .kind = Kind::WholeNumber,
-                                                .what = u"a line number"_s,
-                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "From line"),
-                                                .default_value = u"1"_s,
-                                                .least = 1,
-                                                .most = std::numeric_limits<int>::max()})}}},
-         .runs_commands = true,
-         .long_running = true},
+             u"Declarations stand at the beginning of a journal, ahead of all other commands. $NAME is "
+             u"DEFAULT\n"
+             "unless another value was given, as by \"play FILE with NAME=VALUE\" or \"fennar --set NAME=VALUE\"."_s,
+         .perform = [&playback](CommandCall& call,
+                                const CommandArguments& arguments) { parameter(call, arguments, playback); },
+         .forms = parameter_forms()},
+        play_command(playback),
         {.name = u"check"_s,
          .summary = u"Looks for errors in a journal without running it."_s,
          .help = u"Found are commands that do not exist, words that do not fit them, and names that nothing "

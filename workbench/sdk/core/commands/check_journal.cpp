@@ -6,6 +6,7 @@
 #include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/ContinuedCommand.h"
+#include "workbench/sdk/core/commands/journal_parameters.h"
 #include "workbench/sdk/core/commands/numbers.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
@@ -130,12 +131,29 @@ private:
                 throw *words.error;
             if (!command)
                 throw mRegistry.not_found(name, words.words[0].column);
-            follow(*command, CommandArguments(words, command->forms, &mEntities));
+            const CommandArguments arguments(words, command->forms, &mEntities);
+            if (name == parameter_command)
+                declare(words, arguments);
+            else
+                mInHead = false;
+            follow(*command, arguments);
         } catch (const CommandError& error) {
             tell(lines, first, name, error);
+            mInHead = mInHead && name == parameter_command;
             // It was meant to do something, and a fault that follows from this one helps nobody.
             follow_unknown(command.get());
         }
+    }
+
+    void declare(const CommandWords& words, const CommandArguments& arguments)
+    {
+        const CommandParameter parameter = declared_parameter(words.words, arguments);
+        if (!mInHead)
+            throw late_declaration();
+        if (mParameters.contains(parameter.name))
+            throw declared_twice(words.words);
+        mParameters << parameter.name;
+        mVariables.set(parameter.name, parameter.default_value);
     }
 
     /** Does what the command does to variables and names. */
@@ -171,6 +189,9 @@ private:
     /** The names that there may be, by kind; those of kinds that are looked up are offered as entities. */
     std::map<QString, QSet<QString>> mNames;
     CommandEntities mEntities;
+    QStringList mParameters;
+    /** Whether parameters may still be declared. */
+    bool mInHead = true;
     /** Whether others may be set. */
     bool mAnyVariable = false;
     QList<JournalFault> mFaults;

@@ -7,6 +7,7 @@
 #include <QSet>
 
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
@@ -31,6 +32,9 @@ struct Folders
 
 std::array<int, 2> signal_pipe{-1, -1};
 pid_t process = 0;
+std::atomic<void (*)()> cancel_work = nullptr;
+/** The signal that has cancelled the work; 0 for none. */
+std::atomic<int> caught_signal = 0;
 
 void end_by(int signal)
 {
@@ -52,9 +56,17 @@ void hand_over(int signal)
 void wait_for_signal()
 {
     unsigned char signal = 0;
-    while (read(signal_pipe[0], &signal, 1) != 1) {
-        if (errno != EINTR)
-            return;
+    for (bool cancelled = true; cancelled;) {
+        while (read(signal_pipe[0], &signal, 1) != 1) {
+            if (errno != EINTR)
+                return;
+        }
+        auto* const cancel = cancel_work.exchange(nullptr);
+        cancelled = cancel != nullptr;
+        if (cancelled) {
+            caught_signal = signal;
+            cancel();
+        }
     }
     // Nobody makes a folder any more, and those who write in one that is there come to an end with it.
     Folders& folders = Folders::all();
@@ -102,4 +114,19 @@ void TemporaryFolder::remove_on_signals()
         action.sa_flags = SA_RESTART;
         sigaction(signal, &action, nullptr);
     }
+}
+
+void TemporaryFolder::cancel_on_first_signal(void (*cancel)())
+{
+    cancel_work = cancel;
+}
+
+void TemporaryFolder::end_by_caught_signal()
+{
+    if (caught_signal == 0)
+        return;
+    cancel_work = nullptr;
+    hand_over(caught_signal);
+    while (true)
+        pause();
 }

@@ -36,6 +36,15 @@ public:
      */
     static void remove_on_signals();
 
+    /**
+     * The first of these signals from now on only calls @p cancel, which asks the program's work to come to
+     * an end, on a thread of its own. The next ends the program. Null takes that back.
+     */
+    static void cancel_on_first_signal(void (*cancel)());
+    /** If a signal has called for the end of the work, ends the program by that signal. Else it does nothing.
+     */
+    static void end_by_caught_signal();
+
 private:
     std::unique_ptr<QTemporaryDir> mFolder;
 };

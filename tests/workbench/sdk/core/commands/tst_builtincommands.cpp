@@ -67,8 +67,8 @@ void TstBuiltinCommands::all_are_registered_under_one_owner()
 {
     BuiltinSession session;
     QCOMPARE(session.registry.names(), QStringList({u"check"_s, u"echo"_s, u"help"_s, u"history"_s, u"note"_s,
-                                                    u"play"_s, u"quit"_s, u"set"_s}));
-    QCOMPARE(session.registry.remove_owner(u"fennari19"_s), 7);
+                                                    u"parameter"_s, u"play"_s, u"quit"_s, u"set"_s}));
+    QCOMPARE(session.registry.remove_owner(u"fennari19"_s), 8);
 }
 
 void TstBuiltinCommands::each_has_usage_and_summary()
@@ -100,7 +100,7 @@ void TstBuiltinCommands::help_lists_commands_with_summaries()
     BuiltinServices services;
     register_builtin_commands(session.interpreter, playback, services);
     for (const QString& name :
-         {u"check"_s, u"echo"_s, u"history"_s, u"note"_s, u"play"_s, u"quit"_s, u"set"_s})
+         {u"check"_s, u"echo"_s, u"history"_s, u"note"_s, u"parameter"_s, u"play"_s, u"quit"_s, u"set"_s})
         session.registry.remove(name);
     session.registry.add({.name = u"cylinder"_s,
                           .summary = u"Makes a cylinder."_s,
@@ -294,20 +294,23 @@ void TstBuiltinCommands::quit_stops_the_journal_that_says_it()
 void TstBuiltinCommands::surplus_words_are_errors_data()
 {
     QTest::addColumn<QString>("line");
-    QTest::newRow("help") << u"help echo !"_s;
-    QTest::newRow("history") << u"history 1 !"_s;
-    QTest::newRow("play") << u"play a.jou 1 !"_s;
-    QTest::newRow("quit") << u"quit !"_s;
+    QTest::addColumn<QString>("expected");
+    const QString end = u"the end of the line"_s;
+    QTest::newRow("help") << u"help echo !"_s << end;
+    QTest::newRow("history") << u"history 1 !"_s << end;
+    QTest::newRow("play") << u"play a.jou 1 !"_s << u"\"with\" or the end of the line"_s;
+    QTest::newRow("quit") << u"quit !"_s << end;
 }
 
 void TstBuiltinCommands::surplus_words_are_errors()
 {
     QFETCH(QString, line);
+    QFETCH(QString, expected);
     BuiltinSession session;
     bool quitted = false;
     session.services.quit = [&quitted] { quitted = true; };
     const QString printed = session.printed(line);
-    QVERIFY2(printed.endsWith(u": column %1: expected the end of the line, found \"!\"\n"_s.arg(line.size())),
+    QVERIFY2(printed.endsWith(u": column %1: expected %2, found \"!\"\n"_s.arg(line.size()).arg(expected)),
              qPrintable(printed));
     QCOMPARE(printed.count(u'\n'), 1);
     QVERIFY(!quitted);
