@@ -223,8 +223,13 @@ class Scripts(unittest.TestCase):
 
     def test_check_fetches_what_tidies_only_for_that(self):
         self.ctest()
-        self.call("check")
+        self.call("check", CI="")
         self.assertEqual(self.calls("packages"), ["packages build display check"])
+
+    def test_check_fetches_clusters_in_ci(self):
+        self.ctest()
+        self.call("check", "release", CI="true")
+        self.assertEqual(self.calls("packages"), ["packages build display check sweep"])
 
     def test_check_runs_the_stages_named(self):
         self.ctest()

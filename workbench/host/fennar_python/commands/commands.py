@@ -27,6 +27,8 @@ import keyword
 import numbers
 import os
 import re
+import sys
+import types
 
 Parameter = inspect.Parameter
 
@@ -498,8 +500,22 @@ def make_function(name, command):
     return function
 
 
+SWEEPS = ("Row", "Table", "read_records", "sweep")
+
+
+@functools.cache
+def sweep_module():
+    """What runs journals in other processes. It is a module of its own since it needs nothing of the application."""
+    made = types.ModuleType("fennar.sweep")
+    sys.modules[made.__name__] = made
+    exec(compile(python_source("sweep.py"), "<fennar.sweep>", "exec"), vars(made))
+    return made
+
+
 def get_attribute(name):
     """What the module has beside its own names."""
+    if name in SWEEPS:
+        return getattr(sweep_module(), name)
     if not name.startswith("_"):
         commands.refresh()
         if name in commands.names:
@@ -515,7 +531,7 @@ def get_attribute(name):
 
 def list_attributes():
     commands.refresh()
-    return sorted({*vars(module), *commands.names, *(class_name(kind) for kind in entity_kinds())})
+    return sorted({*vars(module), *SWEEPS, *commands.names, *(class_name(kind) for kind in entity_kinds())})
 
 
 @functools.cache
@@ -532,7 +548,7 @@ def stubs():
 
 module.ArgumentError = ArgumentError
 module.Entity = Entity
-TAKEN = frozenset(vars(module))
+TAKEN = frozenset(vars(module)) | frozenset(SWEEPS)
 module._stubs = stubs
 module.__getattr__ = get_attribute
 module.__dir__ = list_attributes

@@ -11,7 +11,10 @@ This file is made from the declarations of the commands. After a change of comma
 import builtins as _builtins
 import os as _os
 from collections.abc import Iterable as _Iterable
+from collections.abc import Sequence as _Sequence
+from typing import Any as _Any
 from typing import Literal as _Literal
+from typing import overload as _overload
 
 class CommandError(Exception):
     """A command of the application failed."""
@@ -52,6 +55,37 @@ class PyAction:
     def isVisible(self) -> bool: ...
     def setActivateMethod(self, method: str) -> None: ...
     def setToggleMethod(self, method: str) -> None: ...
+
+class Row:
+    """One case of a sweep."""
+    parameters: _builtins.dict[str, int | float | str]
+    status: str
+    results: _builtins.dict[str, _Any]
+    seconds: float
+    message: str | None
+    file: str | None
+    line: int | None
+    text: str | None
+    attempts: int
+    record: _builtins.dict[str, _Any]
+
+class Table(_Sequence[Row]):
+    """The rows of a sweep, in the order of its cases."""
+    def __len__(self) -> int: ...
+    @_overload
+    def __getitem__(self, index: int) -> Row: ...
+    @_overload
+    def __getitem__(self, index: slice) -> Table: ...
+    @property
+    def failed(self) -> Table: ...
+    def records(self) -> _builtins.list[_builtins.dict[str, _Any]]: ...
+    def to_pandas(self) -> _Any: ...
+
+def read_records(paths: _Iterable[str | _os.PathLike[str]]) -> Table:
+    """The table of runs that "fennar --batch --json FILE" has recorded in these files, in their order."""
+
+def sweep(journal: str | _os.PathLike[str], /, *, client: _Any = None, workers: int | None = None, folder: str | _os.PathLike[str] | None = None, files: _Iterable[str | _os.PathLike[str]] = (), program: str | _os.PathLike[str] | None = None, retries: int = 1, **parameters: _Any) -> Table:
+    """Plays a journal for all combinations of values of its parameters, each in a process of its own."""
 
 def cmd(text: str) -> None:
     """Runs a command line as though it had been typed, and returns when it is done."""
