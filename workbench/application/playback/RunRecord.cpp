@@ -11,6 +11,7 @@
 #include <QCoreApplication>
 #include <QJsonDocument>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -46,6 +47,16 @@ QJsonValue json_of(const CommandValue& value, const CommandEntities& entities, b
     return {};
 }
 
+/** Whether values of the type are told: those of other kinds may be large, and are not asked for. */
+bool is_told(const CommandType& type)
+{
+    using Kind = CommandType::Kind;
+    const bool known = type.kind == Kind::Number || type.kind == Kind::WholeNumber ||
+                       type.kind == Kind::Text || type.kind == Kind::List || type.kind == Kind::Map ||
+                       type.kind == Kind::Entity;
+    return known && std::all_of(type.of.begin(), type.of.end(), is_told);
+}
+
 QJsonObject json_of_entity(const CommandValue::EntityReference& entity, const CommandEntities& entities,
                            bool properties)
 {
@@ -53,7 +64,7 @@ QJsonObject json_of_entity(const CommandValue::EntityReference& entity, const Co
     if (!properties)
         return object;
     for (const EntityProperty& property : entities.properties(entity.kind)) {
-        if (!property.parameters.isEmpty())
+        if (!property.parameters.isEmpty() || !is_told(property.type))
             continue;
         try {
             object.insert(property.name, json_of(property.value(entity.key, {}), entities, false));

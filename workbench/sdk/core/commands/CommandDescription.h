@@ -89,6 +89,9 @@ struct CommandParameter
     std::function<QList<CommandFileFilter>()> filters = {};
     /** A valid value, for manuals and tests; empty if the kind says enough. */
     QString example = {};
+    /** What else can be completed behind the words that are given, as "size=" with its value to follow; null
+     * for nothing. It may be slow, as it is asked for at the user's key only, and must not throw. */
+    std::function<QStringList(const QStringList& given)> beginnings = {};
 };
 
 /** Values of a command that are written together or not at all, with a keyword in front if they have one. */

@@ -13,6 +13,8 @@
 #include "workbench/sdk/core/commands/journal_parameters.h"
 #include "workbench/sdk/core/commands/read_journal_text.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -210,6 +212,20 @@ QList<Command> plain_commands(const BuiltinServices& services)
                                                 .example = u"10"_s})}}}}};
 }
 
+/** The parameters of the journal that "play" was given and that have no value yet, as "size=". */
+QStringList settings_of_journal(const QStringList& given)
+{
+    const JournalText read = read_journal_text(given.value(0));
+    QStringList settings;
+    for (const CommandParameter& parameter : read_journal_head(read.text, {}).parameters) {
+        const QString setting = parameter.name + u'=';
+        const auto is_given = [&setting](const QString& word) { return word.startsWith(setting); };
+        if (std::none_of(given.begin(), given.end(), is_given))
+            settings << setting;
+    }
+    return settings;
+}
+
 Command play_command(Playback& playback)
 {
     return {
@@ -244,7 +260,8 @@ Command play_command(Playback& playback)
                                                 .tip = QT_TRANSLATE_NOOP("CommandParameter",
                                                                          "As size=2, parted by blanks"),
                                                 .repeated = true,
-                                                .example = u"size=2"_s}},
+                                                .example = u"size=2"_s,
+                                                .beginnings = &settings_of_journal}},
                                 .optional = true}}}},
         .runs_commands = true,
         .long_running = true};

@@ -115,8 +115,10 @@ struct Expected
         QStringList given = {};
     };
 
-    QStringList keywords;
-    QList<Value> values;
+    /** The words behind the command's name that were typed. */
+    QStringList words = {};
+    QStringList keywords = {};
+    QList<Value> values = {};
 };
 
 /** The words that a parameter has got in a line; none if it has no value yet. */
@@ -289,7 +291,7 @@ Expected expected_next(const Command& command, const Typed& typed)
     QStringList given;
     for (const CommandWord& word : typed.words.sliced(1))
         given << word.text;
-    Expected expected;
+    Expected expected{.words = given};
     for (const CommandSyntax& form : command.forms) {
         const FormReading reading = read_form(form, given, Missing::End);
         if (reading.next == given.size() && holds_numbers(form, reading, given)) {
@@ -327,6 +329,9 @@ void add_expected(Collector& collector, const Expected& expected, const CommandE
         // What stands for entities must be the only value.
         if (parameter->kind != Kind::Entity || given.isEmpty())
             add_all(collector, parameter->choices);
+        for (const QString& text :
+             parameter->beginnings ? parameter->beginnings(expected.words) : QStringList())
+            collector.add(text, true);
         if (parameter->kind == Kind::Variable && parameter->entity.isEmpty())
             add_all(collector, entities.names(u"variable"_s));
         else if (parameter->kind == Kind::Entity || parameter->kind == Kind::Variable)

@@ -6,6 +6,7 @@
 #include "workbench/sdk/core/commands/Playback.h"
 #include "workbench/sdk/core/commands/builtin_commands.h"
 #include "workbench/sdk/core/commands/check_journal.h"
+#include "workbench/sdk/core/commands/complete_command.h"
 #include "workbench/sdk/core/commands/journal_parameters.h"
 
 #include <QTest>
@@ -63,6 +64,8 @@ private slots:
     void lines_that_are_played_declare_parameters();
     void settings_are_read_data();
     void settings_are_read();
+    void completion_knows_declaration_and_parameters_data();
+    void completion_knows_declaration_and_parameters();
 
 private:
     std::unique_ptr<ParameterSession> mSession;
@@ -315,6 +318,40 @@ void TstJournalParameters::settings_are_read()
     QCOMPARE(setting.has_value(), right);
     QCOMPARE(setting.value_or(JournalSetting()).name, name);
     QCOMPARE(setting.value_or(JournalSetting()).value, value);
+}
+
+void TstJournalParameters::completion_knows_declaration_and_parameters_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QStringList>("candidates");
+    QTest::newRow("types") << u"parameter size "_s
+                           << QStringList{u"choice"_s, u"number"_s, u"text"_s, u"whole"_s};
+    QTest::newRow("what a number may have")
+        << u"parameter size number 2 m"_s << QStringList{u"max"_s, u"min"_s};
+    QTest::newRow("keyword of values") << u"play %1 w"_s << QStringList{u"with"_s};
+    QTest::newRow("parameters") << u"play %1 with "_s
+                                << QStringList{u"count="_s, u"label="_s, u"method="_s, u"size="_s,
+                                               u"twice="_s};
+    QTest::newRow("parameters that have no value")
+        << u"play %1 with count=2 size=1 "_s << QStringList{u"label="_s, u"method="_s, u"twice="_s};
+    QTest::newRow("one that was begun") << u"play %1 with si"_s << QStringList{u"size="_s};
+    QTest::newRow("no such journal") << u"play none.jou with "_s << QStringList();
+}
+
+void TstJournalParameters::completion_knows_declaration_and_parameters()
+{
+    QFETCH(const QString, line);
+    QFETCH(const QStringList, candidates);
+    const QString path = write_temp(u"part.jou"_s, part);
+    const QString typed = line.contains("%1"_L1) ? line.arg(path) : line;
+    const LineCompletion completion =
+        complete_command(typed, typed.size(), mSession->registry, mSession->interpreter.variables());
+    QStringList shown;
+    for (const LineCompletion::Candidate& candidate : completion.candidates)
+        shown << candidate.shown;
+    QCOMPARE(shown, candidates);
+    // The value is to follow.
+    QVERIFY(!completion.followed || !shown.value(0).endsWith(u'='));
 }
 
 OSTREL_TEST(TstJournalParameters)
