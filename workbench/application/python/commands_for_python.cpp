@@ -23,15 +23,15 @@ std::optional<PythonCommandFailure> CommandsForPython::run(const QString& text) 
 void CommandsForPython::extend(struct _object* module) const
 {
     add_python_actions(module);
-    const auto call = [commands = *this](const QString& line) {
+    const auto call_line = [commands = *this](const QString& line, bool quiet) {
         // Code that outlives its Python for a moment finds no application any more.
         if (!PythonRuntime::running())
             throw std::runtime_error("Python ends");
-        commands.show(line);
-        CommandInterpreter::Outcome outcome = Fennar::instance().interpreter().call(line);
+        CommandInterpreter::Outcome outcome = commands.call(line, quiet);
         if (outcome.failure)
             commands.end_caller();
         return outcome;
     };
-    add_python_commands(module, {&Fennar::instance().registry(), call, &PythonRuntime::require_gui_thread});
+    add_python_commands(
+        module, {&Fennar::instance().registry(), call_line, end_call, &PythonRuntime::require_gui_thread});
 }

@@ -296,9 +296,13 @@ def next_indent(source):
     return levels[-1]
 
 
-# Even an isolated Python takes this from the environment.
-sys.executable = sys._base_executable = executable
-sys.stdin = sys.__stdin__ = Input()
-sys.stdout = sys.__stdout__ = Output("<stdout>", write_output)
-sys.stderr = sys.__stderr__ = Output("<stderr>", write_error)
+def take_streams():
+    """Makes this Python the application's."""
+    # Even an isolated Python takes this from the environment.
+    sys.executable = sys._base_executable = executable
+    sys.stdin = sys.__stdin__ = Input()
+    sys.stdout = sys.__stdout__ = Output("<stdout>", write_output)
+    sys.stderr = sys.__stderr__ = Output("<stderr>", write_error)
+
+
 os.register_at_fork(after_in_child=become_child)

@@ -12,7 +12,8 @@ command_names()                     the names of the commands
 declaration(command)                what it declares, as nested dictionaries; None if there is no such command
 write_line(command, form, clauses)  the command line; each clause is None or has a list of words for each parameter
 quote_word(text)                    the text as one word of a command line
-call_line(line, function)           runs it and returns its value; CommandError if it fails
+call_line(line, function, quiet)    runs it and returns its value; CommandError if it fails. Quiet is one whose
+                                    output nobody has asked for
 entity_kinds()                      the kinds of entities that have properties
 entity_properties(kind)             these, as dictionaries
 entity_name(kind, key)              the entity's name; empty if it is gone
@@ -386,6 +387,11 @@ class CommandDescription:
         form = self.choose_form(given)
         return write_line(self.command, form.index, form.values(given, self.command))
 
+    def is_quiet(self, keywords):
+        """Whether a call says enough by what it returns or does. Without a window nothing is printed then."""
+        says_by_doing = self.declared["result"]["kind"] != "Nothing" or self.declared["changes_model"]
+        return says_by_doing and not keywords.get("verbose")
+
     def document(self):
         """The text that help() shows."""
         declared = self.declared
@@ -488,7 +494,7 @@ def make_function(name, command):
         described = commands.describe(command)
         # Of a command that is gone the application knows where it could come from.
         line = described.line(arguments, keywords) if described else command
-        return call_line(line, f"fennar.{name}()")
+        return call_line(line, f"fennar.{name}()", bool(described) and described.is_quiet(keywords))
 
     described = commands.describe(command)
     function.__name__ = function.__qualname__ = name

@@ -135,6 +135,7 @@ py::dict described(const Command& command)
     names["usage"] = to_python(command.usage());
     names["forms"] = forms;
     names["result"] = described(command.result);
+    names["changes_model"] = command.changes_model;
     return names;
 }
 
@@ -207,8 +208,8 @@ public:
         names["quote_word"] =
             py::cpp_function([](const py::str& text) { return to_python(quote_word(to_qstring(text))); });
         names["call_line"] = py::cpp_function(
-            [self, names = py::handle(names)](const py::str& line, const std::string& function) {
-                return self->call_line(names, to_qstring(line), function);
+            [self, names = py::handle(names)](const py::str& line, const std::string& function, bool quiet) {
+                return self->call_line(names, to_qstring(line), function, quiet);
             });
         names["entity_kinds"] = py::cpp_function([self] {
             const CommandEntities& entities = self->registry().entities();
@@ -250,12 +251,15 @@ private:
         return to_python(command_line(name, command->forms[form], values));
     }
 
-    py::object call_line(const py::handle& names, const QString& line, const std::string& function) const
+    py::object call_line(const py::handle& names, const QString& line, const std::string& function,
+                         bool quiet) const
     {
         if (mServices.check_caller)
             mServices.check_caller(function.c_str());
         CommandInterpreter::Outcome outcome;
-        without_python_lock([&] { outcome = mServices.call(line); });
+        without_python_lock([&] { outcome = mServices.call(line, quiet); });
+        if (mServices.end_call)
+            mServices.end_call();
         if (outcome.failure)
             raise(names, *outcome.failure);
         return python_value(names, outcome.value);

@@ -16,11 +16,18 @@ struct PythonCommandServices
 {
     /** The commands; not null. Not owned: it outlives Python. */
     CommandRegistry* registry = nullptr;
-    /** Runs a command line as CommandInterpreter::call() does, without Python's lock. */
-    std::function<CommandInterpreter::Outcome(const QString& line)> call;
+    /**
+     * Runs a command line as CommandInterpreter::call() does, without Python's lock.
+     *
+     * @param quiet  whether what the command prints need not be shown: it returns a value or changes the
+     * model, and was not asked to tell more.
+     */
+    std::function<CommandInterpreter::Outcome(const QString& line, bool quiet)> call;
+    /** As PythonHooks::end_call; may be null. */
+    std::function<void()> end_call = {};
     /** Throws where commands must not be run, as on another thread; @p function is what the message says. May
      * be null if that cannot happen. */
-    std::function<void(const char* function)> check_caller;
+    std::function<void(const char* function)> check_caller = {};
 };
 
 /**
