@@ -3,6 +3,7 @@
 
 """The module fennar in the system's Python. Each test runs a script in a process of its own:  test_module.py"""
 
+import importlib.util
 import os
 import shutil
 import signal
@@ -192,6 +193,54 @@ class Module(unittest.TestCase):
             (width, depth=None, height=None, *, at=(0, 0, 0), name=None)
             2
             module 'fennar' has no attribute 'brik'. Did you mean: 'brick'?
+            """)
+
+    @unittest.skipUnless(importlib.util.find_spec("numpy"), "NumPy is missing: Debian's python3-numpy")
+    def test_nodes_and_elements_are_views_that_outlive_their_mesh(self):
+        self.check("""
+            import fennar, numpy
+            part = fennar.brick(1, 2, 4)
+            mesh = fennar.mesh(part, size=1)
+            nodes, elements = mesh.nodes, mesh.elements
+            assert nodes.shape == (mesh.node_count, 3) and nodes.dtype == numpy.float64
+            assert {kind: len(rows) for kind, rows in elements.items()} == {
+                kind: count for kind, count in mesh.counts.items() if kind != "nodes"}
+            def volume():
+                a, b, c, d = (nodes[elements["Tetrahedron 4"][:, i]] for i in range(4))
+                return round((numpy.cross(b - a, c - a) * (d - a)).sum() / 6, 9)
+            assert volume() == 8
+            assert not nodes.flags.writeable and not nodes.flags.owndata
+            assert mesh.nodes.__array_interface__["data"] == nodes.__array_interface__["data"]
+            try:
+                nodes[0, 0] = 1
+            except ValueError as error:
+                print(error)
+            fennar.mesh(part, size=0.5)
+            fennar.new(discard=True)
+            assert volume() == 8
+            try:
+                mesh.nodes
+            except fennar.CommandError as error:
+                print(error)
+            """, """\
+            assignment destination is read-only
+            the mesh "mesh" is gone
+            """)
+
+    def test_numpy_is_needed_for_arrays_alone(self):
+        self.check("""
+            import sys
+            sys.modules["numpy"] = None
+            import fennar
+            mesh = fennar.mesh(fennar.brick(1), size=1)
+            print(mesh.size, len(fennar.list()[0].faces))
+            try:
+                mesh.nodes
+            except ImportError as error:
+                print(error)
+            """, """\
+            1.0 6
+            nodes and elements are arrays of NumPy, which is not installed (Debian: python3-numpy)
             """)
 
     # --- the process

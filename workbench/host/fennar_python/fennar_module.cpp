@@ -66,6 +66,7 @@ void fill_fennar_module(PyObject* fennar)
     auto module = py::reinterpret_borrow<py::module_>(fennar);
     py::options options;
     options.disable_function_signatures();
+    module.attr("__version__") = OSTREL_VERSION;
     command_error = make_command_error().release().ptr();
     module.attr("CommandError") = py::handle(command_error);
     module.def("cmd", &cmd, py::arg("text"),

@@ -21,6 +21,7 @@ entity_value(kind, key, property, arguments)
 python_source(file)                 another text that lies beside this one
 """
 
+import collections
 import difflib
 import functools
 import inspect
@@ -151,6 +152,47 @@ def make_entity(kind, key):
     entity._key = key
     entity._last_name = entity_name(kind, key)
     return entity
+
+
+@functools.cache
+def record_class(name, fields):
+    """The class of the records of a name: plain values that are gone with the last look at them."""
+    made = collections.namedtuple(class_name(name), fields, module="fennar")
+    made.__doc__ = f"A {name}: {', '.join(fields)}."
+    return made
+
+
+def make_record(name, fields):
+    """Called by the application for a value with named parts."""
+    return record_class(name, tuple(fields))(**fields)
+
+
+def record_types():
+    """The records that properties have and commands return, by the names of their classes."""
+    found = {}
+
+    def search(declared):
+        if declared["kind"] == "Record":
+            found[class_name(declared["entity"])] = declared
+        for inner in [declared["of"]] if "of" in declared else declared.get("fields", {}).values():
+            search(inner)
+
+    for kind in entity_kinds():
+        for declared in entity_properties(kind):
+            search(declared["type"])
+    for command in command_names():
+        search(commands.describe(command).declared["result"])
+    return found
+
+
+def make_array(buffer):
+    """Called by the application for many numbers. The array looks at them where they are."""
+    try:
+        import numpy
+    except ImportError as error:
+        raise ImportError("nodes and elements are arrays of NumPy, which is not installed (Debian: python3-numpy)",
+                          name="numpy") from error
+    return numpy.asarray(buffer)
 
 
 # --- Arguments ---------------------------------------------------------------------------------------------------
@@ -447,7 +489,10 @@ def type_text(declared):
     if kind in ("List", "Map"):
         inner = type_text(declared["of"])
         return f"a list, each {inner}" if kind == "List" else f"a dictionary, each value {inner}"
-    return {"Number": "a number", "WholeNumber": "a whole number", "Text": "a text"}.get(kind, "None")
+    if kind == "Record":
+        return f"a {declared['entity']}"
+    words = {"Number": "a number", "WholeNumber": "a whole number", "Text": "a text", "Array": "an array of NumPy"}
+    return words.get(kind, "None")
 
 
 class Commands:
@@ -513,6 +558,9 @@ def get_attribute(name):
         for kind in entity_kinds():
             if class_name(kind) == name:
                 return entity_class(kind)
+        declared = record_types().get(name)
+        if declared:
+            return record_class(declared["entity"], tuple(declared["fields"]))
     near = difflib.get_close_matches(name, list_attributes(), 1) if not name.startswith("_") else []
     remedy = f". Did you mean: '{near[0]}'?" if near else ""
     # The name is told, so that Python itself adds no remedy.
@@ -521,7 +569,8 @@ def get_attribute(name):
 
 def list_attributes():
     commands.refresh()
-    return sorted({*vars(module), *commands.names, *(class_name(kind) for kind in entity_kinds())})
+    classes = {*map(class_name, entity_kinds()), *record_types()}
+    return sorted({*vars(module), *commands.names, *classes})
 
 
 @functools.cache

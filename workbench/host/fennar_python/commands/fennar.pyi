@@ -11,7 +11,12 @@ This file is made from the declarations of the commands. After a change of comma
 import builtins as _builtins
 import os as _os
 from collections.abc import Iterable as _Iterable
-from typing import Literal as _Literal
+from typing import Literal as _Literal, NamedTuple as _NamedTuple
+
+import numpy as _numpy
+from numpy.typing import NDArray as _Array
+
+__version__: str
 
 class CommandError(Exception):
     """A command of the application failed."""
@@ -65,6 +70,12 @@ def add_to_menu(menu: str, actions: _Iterable[PyAction], component: str) -> None
 def remove_menu_items(component: str) -> None:
     """Removes what was added under that name."""
 
+class Face(_NamedTuple):
+    """A face."""
+    number: int
+    area: float
+    center: _builtins.list[float]
+
 class Mesh(Entity):
     @property
     def size(self) -> float:
@@ -78,6 +89,12 @@ class Mesh(Entity):
     @property
     def counts(self) -> _builtins.dict[str, int]:
         """How many nodes and elements of each kind it has"""
+    @property
+    def nodes(self) -> _Array[_numpy.float64]:
+        """Its nodes, a row with x, y and z for each; an array that cannot be written to (mm)"""
+    @property
+    def elements(self) -> _builtins.dict[str, _Array[_numpy.int64]]:
+        """Its elements by their kinds, a row for each with the rows of its nodes, from 0; arrays that cannot be written to"""
     def quality(self, measure: _Literal['ICN', 'IGE']) -> _builtins.dict[str, float]:
         """A measure of its volume elements: min, mean and max"""
 
@@ -97,6 +114,9 @@ class Solid(Entity):
     @property
     def bounding_box(self) -> _builtins.list[_builtins.list[float]]:
         """The least and the greatest corner of the box around it (mm)"""
+    @property
+    def faces(self) -> _builtins.list[Face]:
+        """Its faces, with number (from 1), area (mm²) and center (mm) of each"""
     @property
     def pieces(self) -> int:
         """How many volumes that do not hang together it consists of"""

@@ -17,7 +17,12 @@ This file is made from the declarations of the commands. After a change of comma
 import builtins as _builtins
 import os as _os
 from collections.abc import Iterable as _Iterable
-from typing import Literal as _Literal
+from typing import Literal as _Literal, NamedTuple as _NamedTuple
+
+import numpy as _numpy
+from numpy.typing import NDArray as _Array
+
+__version__: str
 
 class CommandError(Exception):
     """A command of the application failed."""
@@ -109,7 +114,16 @@ def value_type(declared):
         return f"_builtins.list[{value_type(declared['of'])}]"
     if kind == "Map":
         return f"_builtins.dict[str, {value_type(declared['of'])}]"
+    if kind == "Record":
+        return class_name(declared["entity"])
+    if kind == "Array":
+        return f"_Array[_numpy.{'float64' if declared['of']['kind'] == 'Number' else 'int64'}]"
     return {"Number": "float", "WholeNumber": "int", "Text": "str"}.get(kind, "None")
+
+
+def record_lines(name, declared):
+    lines = [f"class {name}(_NamedTuple):", f'    """A {declared["entity"]}."""']
+    return lines + [f"    {field}: {value_type(inner)}" for field, inner in declared["fields"].items()]
 
 
 def text_lines(text, indent):
@@ -159,6 +173,8 @@ def class_lines(kind):
 def stubs():
     commands.refresh()
     lines = []
+    for name, declared in sorted(record_types().items()):
+        lines += ["", *record_lines(name, declared)]
     for kind in entity_kinds():
         lines += ["", *class_lines(kind)]
     for name, command in sorted(commands.names.items()):
