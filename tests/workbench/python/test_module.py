@@ -243,6 +243,96 @@ class Module(unittest.TestCase):
             nodes and elements are arrays of NumPy, which is not installed (Debian: python3-numpy)
             """)
 
+    # --- pictures
+
+    def test_a_view_is_a_picture_as_large_as_asked_for(self):
+        self.check("""
+            import fennar, struct
+            part = fennar.brick(10, 20, 5, name="part")
+            def check(picture, *size):
+                png = picture._repr_png_()
+                assert png == picture.png and picture.size == size
+                assert png[:8] == b"\\x89PNG\\r\\n\\x1a\\n" and struct.unpack(">II", png[16:24]) == size
+            check(fennar.view(), 640, 480)
+            check(fennar.view(part, size=(64, 48)), 64, 48)
+            check(fennar.view("part", size=[1, 1]), 1, 1)
+            picture = fennar.view([part], (64, 48))
+            print(picture)
+            picture.save("part.png")
+            with open("part.png", "rb") as file:
+                assert file.read() == picture.png == fennar.view(part, size=(64, 48)).png
+            """, "<picture of 64 x 48 pixels>\n")
+
+    def test_a_view_shows_what_is_asked_for_as_it_is_now(self):
+        self.check("""
+            import fennar
+            empty = fennar.view().png
+            part = fennar.brick(10)
+            one = fennar.view(part).png
+            other = fennar.sphere(8, at=(20, 0, 0))
+            assert fennar.view(part).png == one != empty
+            both = fennar.view().png
+            assert both == fennar.view([part, other]).png and both not in (one, empty)
+            mesh = fennar.mesh(part, size=5)
+            assert fennar.view(part).png == one
+            meshed = fennar.view(mesh).png
+            assert meshed not in (one, both) and fennar.view().png not in (meshed, both)
+            fennar.move(part, by=(0, 0, 30))
+            assert fennar.view([part, other]).png != both
+            try:
+                fennar.view(mesh)
+            except fennar.CommandError as error:
+                print(error)
+            """, "view: there is nothing to see of the mesh: the solids that it was made of have changed\n")
+
+    def test_a_view_of_what_is_not_there_is_an_error(self):
+        self.check("""
+            import fennar
+            part = fennar.brick(10, name="part")
+            gone = fennar.brick(1)
+            fennar.delete(gone)
+            for what, size in (("prt", (9, 9)), (gone, (9, 9)), (5, (9, 9)), ([], (9, 9)), (b"part", (9, 9)), (part, 9), (part, (9,)),
+                               (part, (9, 0)), (part, (9, 4001)), (part, (9, 9.5)), (part, (True, 9)), (part, "99")):
+                try:
+                    fennar.view(what, size)
+                except fennar.CommandError as error:
+                    print(type(error).__name__, error)
+            fennar.unload("graphics")
+            try:
+                fennar.view()
+            except fennar.CommandError as error:
+                print(error)
+            """, """\
+            CommandError view: expected a solid, found "prt"; did you mean "part"?
+            CommandError the solid "brick2" is gone
+            ArgumentError view: shown: expected solids or a mesh, found 5
+            ArgumentError view: shown: expected solids or a mesh, found []
+            ArgumentError view: shown: expected solids or a mesh, found b'part'
+            ArgumentError view: size: expected two whole numbers from 1 to 4000, found 9
+            ArgumentError view: size: expected two whole numbers from 1 to 4000, found (9,)
+            ArgumentError view: size: expected two whole numbers from 1 to 4000, found (9, 0)
+            ArgumentError view: size: expected two whole numbers from 1 to 4000, found (9, 4001)
+            ArgumentError view: size: expected two whole numbers from 1 to 4000, found (9, 9.5)
+            ArgumentError view: size: expected two whole numbers from 1 to 4000, found (True, 9)
+            ArgumentError view: size: expected two whole numbers from 1 to 4000, found '99'
+            The component "graphics" is unloaded.
+            view: there is no component that draws pictures
+            """)
+
+    def test_the_program_draws_the_same_picture(self):
+        script = "import fennar\npart = fennar.brick(10, 20, 5)\nfennar.view(part).save('{}.png')\n"
+        with open(os.path.join(self.folder, "script.py"), "w", encoding="utf-8") as file:
+            file.write(script.format("program"))
+        program = os.path.join(PACKAGE, "..", "..", "bin", "fennar")
+        subprocess.run([program, "--batch", "--play", "script.py"], cwd=self.folder, check=True, stdin=subprocess.DEVNULL,
+                       stdout=subprocess.DEVNULL, env=self.environment)
+        self.check(script.format("module"))
+        pictures = []
+        for name in ("program.png", "module.png"):
+            with open(os.path.join(self.folder, name), "rb") as file:
+                pictures.append(file.read())
+        self.assertEqual(*pictures)
+
     # --- the process
 
     def test_to_import_it_starts_nothing(self):

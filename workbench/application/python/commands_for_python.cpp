@@ -3,6 +3,7 @@
 
 #include "workbench/application/python/commands_for_python.h"
 
+#include "workbench/application/python/draw_picture.h"
 #include "workbench/application/python/python_actions.h"
 #include "workbench/host/fennar_python/commands/python_commands.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
@@ -32,6 +33,9 @@ void CommandsForPython::extend(struct _object* module) const
             commands.end_caller();
         return outcome;
     };
-    add_python_commands(
-        module, {&Fennar::instance().registry(), call_line, end_call, &PythonRuntime::require_gui_thread});
+    add_python_commands(module, {.registry = &Fennar::instance().registry(),
+                                 .call = call_line,
+                                 .end_call = end_call,
+                                 .picture = &draw_picture,
+                                 .check_caller = &PythonRuntime::require_gui_thread});
 }

@@ -18,6 +18,7 @@ entity_kinds()                      the kinds of entities that have properties
 entity_properties(kind)             these, as dictionaries
 entity_name(kind, key)              the entity's name; empty if it is gone
 entity_value(kind, key, property, arguments)
+draw(names, mesh, width, height)    a picture as the bytes of a PNG file
 python_source(file)                 another text that lies beside this one
 """
 
@@ -585,8 +586,12 @@ def stubs():
     return stub_maker()()
 
 
+exec(compile(python_source("view.py"), __file__, "exec"))
+
 module.ArgumentError = ArgumentError
 module.Entity = Entity
+module.Picture = Picture
+module.view = view
 TAKEN = frozenset(vars(module))
 module._stubs = stubs
 module.__getattr__ = get_attribute

@@ -35,6 +35,14 @@ class Entity:
     @property
     def name(self) -> str: ...
 
+class Picture:
+    """A picture, which a notebook shows."""
+    png: bytes
+    size: tuple[int, int]
+    def __init__(self, png: bytes, size: tuple[int, int]) -> None: ...
+    def save(self, path: str | _os.PathLike[str]) -> None: ...
+    def _repr_png_(self) -> bytes: ...
+
 class PyAction:
     """An entry for add_to_menu(). Raises RuntimeError while there is no main window."""
     def setText(self, text: str) -> None: ...
@@ -60,6 +68,11 @@ class PyAction:
 
 def cmd(text: str) -> None:
     """Runs a command line as though it had been typed, and returns when it is done."""
+
+def view(
+    shown: Solid | Mesh | str | _Iterable[Solid | str] | None = None, size: _Iterable[int] = (640, 480)
+) -> Picture:
+    """Draws a picture of solids or of the mesh, or of all there is."""
 
 def is_loaded() -> bool:
     """Whether there is a main window."""
@@ -740,7 +753,7 @@ def unload(name: Entity | str) -> None:
     Command: unload NAME
     """
 
-def view(side: _Literal['front', 'back', 'left', 'right', 'top', 'bottom', 'iso']) -> None:
+def view_(side: _Literal['front', 'back', 'left', 'right', 'top', 'bottom', 'iso']) -> None:
     """Looks at the solids from that side, and shows all of them.
 
     Front looks along y, right against x, top against z; iso looks from the right, front and above.

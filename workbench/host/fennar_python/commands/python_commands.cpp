@@ -243,6 +243,10 @@ public:
             [self, names = py::handle(names)](const py::str& line, const std::string& function, bool quiet) {
                 return self->call_line(names, to_qstring(line), function, quiet);
             });
+        names["draw"] = py::cpp_function(
+            [self, names = py::handle(names)](const py::list& shown, int mesh, int width, int height) {
+                return self->draw(names, {texts(shown), PythonPicture::Mesh(mesh), {width, height}});
+            });
         names["entity_kinds"] = py::cpp_function([self] {
             const CommandEntities& entities = self->registry().entities();
             QStringList kinds = entities.kinds();
@@ -295,6 +299,27 @@ private:
         if (outcome.failure)
             raise(names, *outcome.failure);
         return python_value(names, outcome.value);
+    }
+
+    py::bytes draw(const py::handle& names, const PythonPicture& picture) const
+    {
+        registry(); // checks the caller
+        QByteArray file;
+        std::optional<CommandFailure> failure;
+        without_python_lock([&] {
+            try {
+                if (!mServices.picture)
+                    throw CommandError(u"there is nothing to see here"_s);
+                file = mServices.picture(picture);
+            } catch (const CommandError& error) {
+                failure = {error.message(), u"view"_s, 0, error.remedy()};
+            }
+        });
+        if (mServices.end_call)
+            mServices.end_call();
+        if (failure)
+            raise(names, *failure);
+        return {file.constData(), std::size_t(file.size())};
     }
 
     py::object entity_value(const py::handle& names, const QString& kind, const QString& key,

@@ -41,6 +41,14 @@ class Entity:
     @property
     def name(self) -> str: ...
 
+class Picture:
+    """A picture, which a notebook shows."""
+    png: bytes
+    size: tuple[int, int]
+    def __init__(self, png: bytes, size: tuple[int, int]) -> None: ...
+    def save(self, path: str | _os.PathLike[str]) -> None: ...
+    def _repr_png_(self) -> bytes: ...
+
 class PyAction:
     """An entry for add_to_menu(). Raises RuntimeError while there is no main window."""
     def setText(self, text: str) -> None: ...
@@ -66,6 +74,11 @@ class PyAction:
 
 def cmd(text: str) -> None:
     """Runs a command line as though it had been typed, and returns when it is done."""
+
+def view(
+    shown: Solid | Mesh | str | _Iterable[Solid | str] | None = None, size: _Iterable[int] = (640, 480)
+) -> Picture:
+    """Draws a picture of solids or of the mesh, or of all there is."""
 
 def is_loaded() -> bool:
     """Whether there is a main window."""
