@@ -291,6 +291,9 @@ private slots:
         const PythonConsole console(PythonRuntime::user_namespace());
         QCOMPARE(console.complete(u"fennar.br"_s, 9).names, QStringList(u"brick"_s));
         QCOMPARE(console.complete(u"fennar.cm"_s, 9).names, QStringList({u"cmd"_s, u"cmd_"_s}));
+        QCOMPARE(console.complete(u"fennar.brick(1, "_s, 16).hint,
+                 u"brick(width, depth=None, height=None, *, at=(0, 0, 0), name=None, loud=False)"_s);
+        QCOMPARE(console.complete(u"fennar.brick(1, na"_s, 18).names, QStringList(u"name="_s));
     }
 
     void unknown_name_is_an_attribute_error_with_the_nearest()
