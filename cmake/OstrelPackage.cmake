@@ -1,9 +1,10 @@
 # SPDX-FileCopyrightText: 2026 The Ostrel developers
 # SPDX-License-Identifier: BSD-3-Clause
 
-# What CPack makes of a build: two Debian packages.
+# What CPack makes of a build: three Debian packages.
 #
 #   fennar              the program, its components, and the libraries that both use
+#   python3-fennar      the module fennar for the system's Python
 #   libostrelgui-dev    what it takes to build hosts and components
 #
 # The preset "package" sets the directories up as Debian has them.
@@ -38,7 +39,7 @@ file(CONFIGURE OUTPUT ${package_dir}/changelog.Debian @ONLY CONTENT
  -- The Ostrel developers <>  @package_date@
 ")
 ostrel_compress_text(${package_dir}/changelog.Debian ${package_dir}/changelog.Debian.gz)
-foreach(part fennar:runtime libostrelgui-dev:development)
+foreach(part fennar:runtime python3-fennar:python libostrelgui-dev:development)
     string(REGEX REPLACE "(.*):(.*)" "${CMAKE_INSTALL_DATADIR}/doc/\\1;package-\\2" part ${part})
     list(GET part 0 directory)
     list(GET part 1 component)
@@ -67,7 +68,7 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE ${package_release})
-set(CPACK_COMPONENTS_ALL runtime development package-runtime package-development)
+set(CPACK_COMPONENTS_ALL runtime python development package-runtime package-python package-development)
 
 set(CPACK_DEBIAN_FENNAR_PACKAGE_NAME fennar)
 set(CPACK_DEBIAN_FENNAR_PACKAGE_SECTION science)
@@ -87,8 +88,27 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY
 set(CPACK_DEBIAN_FENNAR_PACKAGE_DEPENDS ${svg_package})
 # OpenGL without a graphics card; the program that Python code finds as sys.executable; Qt's own texts in other languages.
 set(CPACK_DEBIAN_FENNAR_PACKAGE_RECOMMENDS "libgl1-mesa-dri, python3, qt6-translations-l10n")
-set(CPACK_DEBIAN_FENNAR_PACKAGE_SUGGESTS libostrelgui-dev)
+set(CPACK_DEBIAN_FENNAR_PACKAGE_SUGGESTS "python3-fennar, libostrelgui-dev")
 set(CPACK_DEBIAN_FENNAR_PACKAGE_CONTROL_EXTRA ${CMAKE_SOURCE_DIR}/cmake/package/triggers)
+
+# The shared object in it is for one version of Python.
+string(REGEX MATCH "^([0-9]+)[.]([0-9]+)" python_version ${FENNAR_PYTHON_VERSION})
+math(EXPR python_next "${CMAKE_MATCH_2} + 1")
+set(CPACK_DEBIAN_MODULE_PACKAGE_NAME python3-fennar)
+set(CPACK_DEBIAN_MODULE_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_MODULE_DESCRIPTION "workbench for geometry and meshing (module for Python 3)
+The module fennar has the commands of the workbench fennar as functions for
+scripts and notebooks, without a window and without a display: solids are made
+and combined, filled with tetrahedral meshes, and files of several formats read
+and written.")
+set(CPACK_DEBIAN_MODULE_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_MODULE_PACKAGE_DEPENDS "fennar (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}), \
+python3 (>= ${python_version}), python3 (<< ${CMAKE_MATCH_1}.${python_next})")
+set(CPACK_DEBIAN_MODULE_PACKAGE_RECOMMENDS "python3-numpy")
+# They compile its sources and remove what that has left.
+set(CPACK_DEBIAN_MODULE_PACKAGE_CONTROL_EXTRA
+    "${CMAKE_SOURCE_DIR}/cmake/package/postinst;${CMAKE_SOURCE_DIR}/cmake/package/prerm")
+set(CPACK_DEBIAN_MODULE_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 set(CPACK_DEBIAN_LIBOSTRELGUI_PACKAGE_NAME libostrelgui-dev)
 set(CPACK_DEBIAN_LIBOSTRELGUI_PACKAGE_SECTION libdevel)
@@ -102,8 +122,11 @@ set(CPACK_DEBIAN_LIBOSTRELGUI_PACKAGE_SUGGESTS "cmake (>= 3.25), pkgconf")
 
 include(CPack)
 cpack_add_component_group(fennar)
+cpack_add_component_group(module)
 cpack_add_component_group(libostrelgui)
 cpack_add_component(runtime GROUP fennar)
 cpack_add_component(package-runtime GROUP fennar)
+cpack_add_component(python GROUP module)
+cpack_add_component(package-python GROUP module)
 cpack_add_component(development GROUP libostrelgui)
 cpack_add_component(package-development GROUP libostrelgui)

@@ -46,7 +46,7 @@ class Package:
 
 
 def setUpModule():
-    global folder, version, program, development
+    global folder, version, program, development, module
     folder = tempfile.mkdtemp(prefix="debian_package.")
     unittest.addModuleCleanup(shutil.rmtree, folder)
     run(CMAKE.replace("cmake", "cpack"), "--config", os.path.join(BUILD, "CPackConfig.cmake"), "-B", folder, cwd=folder)
@@ -54,14 +54,16 @@ def setUpModule():
     files = sorted(glob.glob(os.path.join(folder, "*.deb")))
     architecture = run("dpkg", "--print-architecture").strip()
     if [os.path.basename(file) for file in files] != [f"fennar_{version}-1_{architecture}.deb",
-                                                      f"libostrelgui-dev_{version}-1_{architecture}.deb"]:
+                                                      f"libostrelgui-dev_{version}-1_{architecture}.deb",
+                                                      f"python3-fennar_{version}-1_{architecture}.deb"]:
         raise AssertionError(f"the packages are {files}")
-    program, development = map(Package, files)
+    program, development, module = map(Package, files)
 
 
 class DebianPackage(unittest.TestCase):
     def test_each_package_says_what_it_is(self):
-        for package, name, section in ((program, "fennar", "science"), (development, "libostrelgui-dev", "libdevel")):
+        for package, name, section in ((program, "fennar", "science"), (development, "libostrelgui-dev", "libdevel"),
+                                       (module, "python3-fennar", "python")):
             self.assertEqual(package.field("Package"), name)
             self.assertEqual(package.field("Version"), version + "-1")
             self.assertEqual(package.field("Maintainer"), "The Ostrel developers")
@@ -95,17 +97,37 @@ class DebianPackage(unittest.TestCase):
         self.assertIn(f"fennar (= {version}-1)", needs)
         self.assertIn("qt6-base-dev", needs)
 
+    def test_the_module_goes_with_this_very_program_and_its_own_python(self):
+        needs = module.field("Depends")
+        self.assertIn(f"fennar (= {version}-1)", needs)
+        self.assertRegex(needs, r"python3 \(>= 3\.\d+\), python3 \(<< 3\.\d+\)")
+        self.assertIn("python3-numpy", module.alternatives("Recommends"))
+
+    def test_the_module_is_a_package_with_one_shared_object_and_types(self):
+        self.assertEqual({re.sub(r"^/usr/lib/python3[.\d]*/[a-z]+-packages/|\.cpython-.*(?=\.so)", "", path)
+                          for path in module.names if "/doc/" not in path},
+                         {"fennar/" + name for name in ("__init__.py", "__init__.pyi", "_build.py", "_engine.so", "py.typed")})
+
+    def test_what_python_compiles_goes_with_the_package(self):
+        out = tempfile.mkdtemp(dir=folder)
+        run("dpkg-deb", "--control", module.file, out)
+        for name, act in (("postinst", "py3compile"), ("prerm", "py3clean")):
+            with open(os.path.join(out, name), encoding="utf-8") as file:
+                self.assertIn(f"{act} -p python3-fennar", file.read())
+            self.assertEqual(run("sh", "-n", os.path.join(out, name)), "")
+
     def test_all_files_are_roots_and_can_be_read_by_everybody(self):
-        for package in (program, development):
+        for package in (program, development, module):
             for path, (mode, owner, _) in package.files.items():
                 self.assertEqual(owner, "root/root", path)
                 self.assertRegex(mode, r"^(drwxr-xr-x|-rw-r--r--|-rwxr-xr-x|lrwxrwxrwx)$", path)
 
     def test_all_files_are_where_packages_may_put_them(self):
-        for package in (program, development):
+        for package in (program, development, module):
             self.assertEqual([path for path in package.names if not re.match("/usr/(bin|include|lib|share)/", path)], [])
         self.assertEqual([path for path in program.names if path.startswith("/usr/bin/")], ["/usr/bin/fennar"])
-        self.assertEqual(set(program.names) & set(development.names), set())
+        for one, other in ((program, development), (program, module), (development, module)):
+            self.assertEqual(set(one.names) & set(other.names), set())
 
     def test_headers_and_links_for_the_linker_are_with_what_builds_use(self):
         def belongs_to_builds(path):
@@ -126,7 +148,7 @@ class DebianPackage(unittest.TestCase):
             self.assertIn(os.path.normpath(os.path.join(os.path.dirname(path), target)), names, path)
 
     def test_licences_and_changes_are_told(self):
-        for package in (program, development):
+        for package in (program, development, module):
             out = tempfile.mkdtemp(dir=folder)
             run("dpkg-deb", "--extract", package.file, out)
             documents = os.path.join(out, "usr", "share", "doc", package.field("Package"))
@@ -162,7 +184,8 @@ class DebianPackage(unittest.TestCase):
 
     def test_programs_and_libraries_are_stripped(self):
         out = tempfile.mkdtemp(dir=folder)
-        run("dpkg-deb", "--extract", program.file, out)
+        for package in (program, module):
+            run("dpkg-deb", "--extract", package.file, out)
         files = [os.path.join(at, name) for at, _, names in os.walk(os.path.join(out, "usr", "lib")) for name in names]
         kinds = [line for line in run("file", *files).splitlines() if " ELF " in line]
         self.assertGreater(len(kinds), 15)
@@ -179,6 +202,18 @@ class DebianPackage(unittest.TestCase):
         output = run(os.path.join(out, "usr", "bin", "fennar"), "--batch", "--play", "test.jou", cwd=out,
                      env={**environment, "LD_LIBRARY_PATH": libraries})
         self.assertIn("brick1: volume 6", output)
+
+    def test_the_module_that_is_unpacked_runs(self):
+        out = tempfile.mkdtemp(dir=folder)
+        for package in (program, module):
+            run("dpkg-deb", "--extract", package.file, out)
+        environment = {k: v for k, v in os.environ.items() if k not in ("FENNAR_COMPONENT_PATH", "DISPLAY", "QT_QPA_PLATFORM")}
+        place = os.path.dirname(os.path.dirname(glob.glob(os.path.join(out, "usr", "lib", "**", "fennar", "__init__.py"),
+                                                          recursive=True)[0]))
+        libraries = os.path.dirname(glob.glob(os.path.join(out, "usr", "lib", "**", "libostrelgui.so.*"), recursive=True)[0])
+        output = run("/usr/bin/python3", "-c", "import fennar; print(fennar.mesh(fennar.brick(1), size=0.5).size)", cwd=out,
+                     env={**environment, "LD_LIBRARY_PATH": libraries, "PYTHONPATH": place})
+        self.assertEqual(output, "0.5\n")
 
 
 if __name__ == "__main__":

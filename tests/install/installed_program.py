@@ -102,7 +102,8 @@ class InstalledProgram(unittest.TestCase):
     def test_programs_and_libraries_look_for_others_beside_themselves_only(self):
         files = [self.path(libraries, "fennar", "fennar"), *glob.glob(os.path.join(libraries, "*.so")),
                  *glob.glob(os.path.join(libraries, "fennar", "components", "*.so")),
-                 *glob.glob(os.path.join(libraries, "fennar", "components", "libexec", "*"))]
+                 *glob.glob(os.path.join(libraries, "fennar", "components", "libexec", "*")),
+                 *glob.glob(self.path("lib*", "**", "fennar", "_engine*.so"), recursive=True)]
         self.assertGreater(len(files), 15)
         for file in files:
             for where in re.findall(r"R(?:UN)?PATH\).*\[(.*)\]", run("readelf", "-d", file)):
@@ -140,6 +141,15 @@ class InstalledProgram(unittest.TestCase):
             with open(os.path.join(work, name), encoding="utf-8", errors="replace") as file:
                 text = file.read()
             self.assertTrue(text.startswith(start) and len(text) > 500, f"{name}: {text[:80]}")
+
+    def test_the_module_works_in_the_systems_python(self):
+        place = os.path.dirname(os.path.dirname(glob.glob(self.path("lib*", "**", "fennar", "__init__.py"), recursive=True)[0]))
+        env = {k: v for k, v in os.environ.items() if k not in ("FENNAR_COMPONENT_PATH", "DISPLAY", "QT_QPA_PLATFORM")}
+        script = ("import fennar, os; part = fennar.brick(1, 2, 3); mesh = fennar.mesh(part, size=0.5); "
+                  "fennar.export('part.step'); print(round(part.volume), mesh.size, os.path.getsize('part.step') > 500, "
+                  "fennar.__version__)")
+        output = run("/usr/bin/python3", "-c", script, cwd=self.journal(""), env={**env, "PYTHONPATH": place})
+        self.assertEqual(output, f"6 0.5 True {run(self.path('bin', 'fennar'), '--version').split()[1]}\n")
 
     def test_the_program_starts_by_a_link_from_elsewhere(self):
         link = os.path.join(folder, "link")

@@ -21,7 +21,6 @@
 #include "workbench/application/journals/JournalFiles.h"
 #include "workbench/application/playback/JournalPlayer.h"
 #include "workbench/application/python/apply_python_paths.h"
-#include "workbench/application/python/commands_for_python.h"
 #include "workbench/application/python/python_command.h"
 #include "workbench/application/python/python_literal.h"
 #include "workbench/application/windows/ColourScheme.h"
@@ -29,10 +28,8 @@
 #include "workbench/application/windows/WindowCommands.h"
 #include "workbench/application/windows/WindowParts.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
-#include "workbench/host/fennar_python/make_python_interpreter.h"
 #include "workbench/host/navigation/FormServices.h"
 #include "workbench/host/ostrelfw/CommandLine.h"
-#include "workbench/host/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/host/ostrelfw/HostMediator.h"
 #include "workbench/host/ostrelfw/OutputRouter.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
@@ -75,9 +72,6 @@ QWidget* make_file_field(QWidget* parent, bool open, const QList<CommandFileFilt
         field->add_filter(filter.name, filter.extension);
     return field;
 }
-
-/** What the console shows ahead of a command. */
-const QString command_prompt = u"Fennar>"_s;
 
 /** How often, in milliseconds, work that goes on gives the shell its turn. */
 constexpr qint64 turn_interval = 50;
@@ -136,7 +130,8 @@ void Workbench::set_up_commands()
     Fennar& fennar = Fennar::instance();
     // A command that prints can be watched and cancelled, whether or not it tells its progress.
     fennar.interpreter().set_output([this](const QString& text) {
-        Broker::command << text;
+        if (!mQuiet)
+            Broker::command << text;
         give_turn();
     });
     fennar.interpreter().set_error_output([this](const QString& text) { report_error(text); });
@@ -168,36 +163,6 @@ void Workbench::set_up_commands()
     set_form_services({&fennar.registry(), &fennar.interpreter().variables(), &make_file_field});
     register_component_commands(fennar.registry(), *mComponents);
     register_select_command(fennar.registry(), Scene::instance());
-}
-
-void Workbench::set_up_python()
-{
-    PythonHooks hooks;
-    hooks.output = [](const QString& text) { Broker::command << text; };
-    hooks.error_output = [this](const QString& text) { report_error(text); };
-    const CommandsForPython commands{
-        [this] {
-            if (interrupt_requested()) {
-                mInterruptsPassedOn = interrupt_requests();
-                PythonRuntime::request_interrupt();
-            }
-        },
-        // With the prompt of commands also in Python mode: by that the console finds them for a journal.
-        [](const QString& line) { OutputRouter::instance().print_line(command_prompt + line); }};
-    hooks.run_command = [commands](const QString& text) { return commands.run(text); };
-    hooks.extend = [commands](struct _object* module) { commands.extend(module); };
-    hooks.wake = [this] { announce_output(); };
-    hooks.turn = [this] {
-        give_turn();
-        Playback& playback = Fennar::instance().playback();
-        playback.script_reached(PythonRuntime::line_reached(playback.script_in_play()));
-        pass_interrupt_on();
-    };
-    PythonRuntime::start_when_needed(hooks);
-    set_framework_interpreters(make_python_interpreter(PythonRuntime::framework_namespace()),
-                               make_python_interpreter(PythonRuntime::user_namespace()));
-    mCommands = make_command_lines();
-    mPython = make_python_lines();
 }
 
 void Workbench::set_up_playback()
@@ -335,16 +300,9 @@ int Workbench::check_batch(const QString& journal)
 
 int Workbench::run_batch(std::FILE* output, const std::function<int()>& work)
 {
-    OutputRouter::instance().set_fallback([output](const QString& text) { print_to(output, text); });
-    tell_of_start();
-    // A script must not change what the user finds at the next start.
-    mComponents->set_remembering(false);
-    if (mWithComponents)
-        mComponents->load_all();
+    begin_without_window([output](const QString& text) { print_to(output, text); });
     const int status = work();
-    mComponents->unload_all();
-    PythonRuntime::deliver_output();
-    OutputRouter::instance().set_fallback(nullptr);
+    end_without_window();
     if (std::ferror(output)) {
         print_to(stderr, u"ERROR: the output could not be written\n"_s);
         return 1;
@@ -377,7 +335,9 @@ void Workbench::report_error(const QString& text)
         mErrorListener(text);
     if (!mConsole) {
         // That "quit" has stopped the journal it stands in is what was asked for.
-        if (!mQuitting)
+        if (mProcess.error_output)
+            mProcess.error_output(text);
+        else if (!mQuitting)
             print_to(stderr, text);
         return;
     }
@@ -434,6 +394,8 @@ void Workbench::give_turn()
     mLastTurn.start();
     OutputRouter::instance().flush();
     mFrame.check_interrupt_session(nullptr);
+    if (mProcess.turn)
+        mProcess.turn();
     pass_interrupt_on();
     mLastTurn.start();
 }

@@ -7,6 +7,7 @@
 #include "workbench/application/ProgramStart.h"
 #include "workbench/application/playback/CloseGuard.h"
 #include "workbench/application/playback/batch_job.h"
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/Interrupt.h"
 
 #include <QElapsedTimer>
@@ -101,6 +102,23 @@ public:
      */
     int check_batch(const QString& journal);
 
+    /** What takes the place of standard streams and signals in a process that is not the program's own. */
+    struct Process
+    {
+        /** Takes what commands print. */
+        std::function<void(const QString& text)> output;
+        /** Takes messages of whole lines. */
+        std::function<void(const QString& text)> error_output;
+        /** Called many times a second while a command runs; it may request an interrupt. */
+        std::function<void()> turn;
+        /** As PythonHooks::end_call. */
+        std::function<void()> end_call;
+    };
+    /** Loads the components, to take commands for a process that has Python already. There is no window. */
+    void begin_in(const Process& process);
+    /** Unloads the components. Called once after begin_in(). */
+    void end_in();
+
     /** The console's pages; null while there is no window. */
     ConsoleOwner* console() const { return mConsole.get(); }
     ComponentManager& components() { return *mComponents; }
@@ -110,6 +128,11 @@ private:
     void set_up_python();
     void set_up_playback();
     void tell_of_start();
+    /** Loads the components for work without a window, whose output goes to @p output. */
+    void begin_without_window(const std::function<void(const QString&)>& output);
+    void end_without_window();
+    /** Runs a command line that a function of Python stands for. */
+    CommandInterpreter::Outcome call_for_python(const QString& line, bool quiet);
     /** Does work of a batch run, which tells its exit status, with the components loaded. Returns the exit
      * status of the program. */
     int run_batch(std::FILE* output, const std::function<int()>& work);
@@ -129,6 +152,9 @@ private:
     void quit();
     void stop_running();
     void end_run();
+
+    /** What the console shows ahead of a command. */
+    static constexpr auto command_prompt = QLatin1StringView("Fennar>");
 
     const QString mDataDirectory;
     /** What others have set stays with it until it can be written. */
@@ -158,4 +184,10 @@ private:
     bool mWithComponents = true;
     ProgramStart mStart;
     bool mQuitting = false;
+    /** Empty in the program's own process. */
+    Process mProcess;
+    /** The lines that Python has run in another. */
+    QStringList mCalled;
+    /** What commands print is dropped. */
+    bool mQuiet = false;
 };

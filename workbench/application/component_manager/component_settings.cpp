@@ -17,6 +17,9 @@ const auto off_key = u"/fennar/components/off"_s;
 const auto crashed_key = u"/fennar/components/crashed"_s;
 constexpr auto path_variable = "FENNAR_COMPONENT_PATH";
 
+/** Empty if it is the executable's. */
+QString program_directory;
+
 bool is_stored(const QString& key, const QString& value)
 {
     return QSettings().value(key).toStringList().contains(value);
@@ -65,10 +68,16 @@ void set_component_path(const QString& path)
 
 QString default_component_directory()
 {
-    const QString program = QCoreApplication::applicationDirPath();
+    const QString program =
+        program_directory.isEmpty() ? QCoreApplication::applicationDirPath() : program_directory;
     const QString installed = program + u"/components"_s;
     const QString built = QDir::cleanPath(program + u"/../lib/components"_s);
     return !QFileInfo::exists(installed) && QFileInfo::exists(built) ? built : installed;
+}
+
+void set_program_directory(const QString& directory)
+{
+    program_directory = directory;
 }
 
 bool is_component_off(const QString& name)

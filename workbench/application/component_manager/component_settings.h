@@ -12,8 +12,10 @@
 QString component_path();
 /** Sets them where component_path() takes them from. */
 void set_component_path(const QString& path);
-/** Where components lie beside the executable: installed, or in the tree it was built in. */
+/** Where components lie beside the program: installed, or in the tree it was built in. */
 QString default_component_directory();
+/** Sets the program's folder, for a process that another executable has started. */
+void set_program_directory(const QString& directory);
 
 /** Whether the user has switched a component off, by its name. */
 bool is_component_off(const QString& name);

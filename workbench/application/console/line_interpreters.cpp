@@ -46,7 +46,7 @@ public:
     LineCompletion complete(const QString& line, qsizetype caret) override
     {
         const PythonConsole::Names names = mConsole.complete(line, caret);
-        LineCompletion completion{.start = names.start, .common = names.common};
+        LineCompletion completion{.start = names.start, .common = names.common, .hint = names.hint};
         for (const QString& name : names.names)
             completion.candidates << LineCompletion::Candidate{name, name};
         return completion;

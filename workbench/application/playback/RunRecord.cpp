@@ -36,7 +36,8 @@ QJsonValue json_of(const CommandValue& value, const CommandEntities& entities, b
             array.append(json_of(item, entities, properties));
         return array;
     }
-    if (const auto* map = std::get_if<CommandValue::Map>(&value.data)) {
+    const auto* record = std::get_if<CommandValue::Record>(&value.data);
+    if (const auto* map = record ? &record->fields : std::get_if<CommandValue::Map>(&value.data)) {
         QJsonObject object;
         for (const auto& [key, item] : *map)
             object.insert(key, json_of(item, entities, properties));

@@ -3,6 +3,7 @@
 
 #include "workbench/application/python/commands_for_python.h"
 
+#include "workbench/application/python/draw_picture.h"
 #include "workbench/application/python/python_actions.h"
 #include "workbench/host/fennar_python/commands/python_commands.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
@@ -23,15 +24,18 @@ std::optional<PythonCommandFailure> CommandsForPython::run(const QString& text) 
 void CommandsForPython::extend(struct _object* module) const
 {
     add_python_actions(module);
-    const auto call = [commands = *this](const QString& line) {
+    const auto call_line = [commands = *this](const QString& line, bool quiet) {
         // Code that outlives its Python for a moment finds no application any more.
         if (!PythonRuntime::running())
             throw std::runtime_error("Python ends");
-        commands.show(line);
-        CommandInterpreter::Outcome outcome = Fennar::instance().interpreter().call(line);
+        CommandInterpreter::Outcome outcome = commands.call(line, quiet);
         if (outcome.failure)
             commands.end_caller();
         return outcome;
     };
-    add_python_commands(module, {&Fennar::instance().registry(), call, &PythonRuntime::require_gui_thread});
+    add_python_commands(module, {.registry = &Fennar::instance().registry(),
+                                 .call = call_line,
+                                 .end_call = end_call,
+                                 .picture = &draw_picture,
+                                 .check_caller = &PythonRuntime::require_gui_thread});
 }

@@ -4,19 +4,22 @@
 #pragma once
 
 #include "workbench/host/fennar_python/PythonRuntime.h"
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
 
 #include <QString>
 
 #include <functional>
 #include <optional>
 
-/** What running commands for Python needs of the application; none may be null. */
+/** What running commands for Python needs of the application. */
 struct CommandsForPython
 {
     /** A command has failed: ends the Python code that has called it, if the user has interrupted. */
     std::function<void()> end_caller;
-    /** Shows the command line that a function of the module fennar stands for. */
-    std::function<void(const QString& line)> show;
+    /** Runs the command line that a function of the module fennar stands for; see PythonCommandServices. */
+    std::function<CommandInterpreter::Outcome(const QString& line, bool quiet)> call;
+    /** As PythonHooks::end_call; may be null. */
+    std::function<void()> end_call;
 
     /** For PythonHooks::run_command. */
     std::optional<PythonCommandFailure> run(const QString& text) const;

@@ -21,6 +21,8 @@ struct ViewColours
     QColor selected_edge;
     QColor text;
 
+    /** Those of a light view. */
+    static ViewColours light();
     /** Those that go with a palette, be it light or dark. */
     static ViewColours fitting(const QPalette& palette);
 };

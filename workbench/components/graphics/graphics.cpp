@@ -5,6 +5,7 @@
 
 #include "workbench/components/graphics/GraphicsState.h"
 #include "workbench/components/graphics/GraphicsWindow.h"
+#include "workbench/components/graphics/draw_scene.h"
 #include "workbench/components/graphics/graphics_commands.h"
 #include "workbench/sdk/component/ComponentContext.h"
 
@@ -14,6 +15,8 @@ void fennar::load_component(ComponentContext& context)
     context.add_commands([&state](CommandRegistry& registry, const QString& owner) {
         return register_graphics_commands(registry, owner, state);
     });
+    Scene::instance().set_painter(&draw_scene);
+    context.on_end([] { Scene::instance().set_painter(nullptr); });
     if (context.window())
         context.make<GraphicsWindow>(context, state);
 }

@@ -55,7 +55,7 @@ PythonConsole::Outcome PythonConsole::enter_one(const QString& line)
 
 PythonConsole::Names PythonConsole::complete(const QString& line, qsizetype caret) const
 {
-    Names result{caret, {}, {}};
+    Names result{caret, {}, {}, {}};
     if (!PythonRuntime::running())
         return result;
     const PythonEntry entry;
@@ -69,9 +69,10 @@ PythonConsole::Names PythonConsole::complete(const QString& line, qsizetype care
         for (const py::handle name : py::list(found[1]))
             result.names << to_qstring(py::reinterpret_borrow<py::str>(name));
         result.common = to_qstring(py::str(found[2]));
+        result.hint = to_qstring(py::str(found[3]));
     } catch (const py::error_already_set&) {
         // A name space in which odd things lie is nothing to bother somebody with who types.
-        result = {caret, {}, {}};
+        result = {caret, {}, {}, {}};
     }
     return result;
 }

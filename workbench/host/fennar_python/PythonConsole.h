@@ -48,11 +48,14 @@ public:
         QStringList names;
         /** What all of them begin with. */
         QString common;
+        /** The function whose arguments come here with its signature, if nothing is typed; empty otherwise.
+         */
+        QString hint;
     };
 
     /**
-     * The names that go on with what stands ahead of @p caret: keywords, names of the name space, and
-     * attributes.
+     * The names that go on with what stands ahead of @p caret: keywords, names of the name space,
+     * attributes, and arguments of the function that is called there.
      *
      * No code of the user's runs: attributes are looked up in modules, classes and the dictionaries of
      * objects, and what a property or __getattr__ would give is not known. None in a string or comment.

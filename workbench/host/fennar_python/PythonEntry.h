@@ -26,6 +26,8 @@ struct PythonState
     std::atomic<bool> running = false;
     /** Python was started once: it cannot be again. */
     bool spent = false;
+    /** The process is Python's own, and this library a guest in it: it neither starts nor ends Python. */
+    bool guest = false;
     /** Starts Python when it is first needed; null if nobody has asked for that, or it has been tried. */
     std::function<void()> waiting;
     /** stop() was called by code that Python runs. */

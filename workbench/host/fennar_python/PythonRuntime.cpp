@@ -117,7 +117,22 @@ void install_support()
         py::reinterpret_steal<py::object>(PyEval_EvalCode(code.ptr(), names.ptr(), names.ptr()));
     if (!result)
         throw py::error_already_set();
+    if (!PythonState::get().guest)
+        names["take_streams"]();
     PythonState::get().support = names.release().ptr();
+}
+
+/** The module fennar. In a Python of our own it is made here; otherwise it is a package of files. */
+py::module_ fennar_module()
+{
+    if (PythonState::get().guest)
+        return py::module_::import("fennar");
+    auto module = py::reinterpret_borrow<py::module_>(PyImport_AddModule("fennar"));
+    if (!module)
+        throw py::error_already_set();
+    module.doc() = "The application that this Python runs in.\n\n"
+                   "cmd(text) runs one of its commands; CommandError tells that a command failed.";
+    return module;
 }
 
 int take_turn(void*)
@@ -177,35 +192,45 @@ bool PythonRuntime::start(PythonHooks hooks, const QString& home)
     const QString installation = home.isEmpty() ? QStringLiteral(FENNAR_PYTHON_PREFIX) : home;
     const QString library =
         u"%1/lib/python%2.%3"_s.arg(installation).arg(PY_MAJOR_VERSION).arg(PY_MINOR_VERSION);
-    if (!QFileInfo::exists(library + u"/os.py"_s))
+    state.guest = Py_IsInitialized() != 0;
+    if (!state.guest && !QFileInfo::exists(library + u"/os.py"_s))
         return fail(u"its standard library is not in \"%1\""_s.arg(library));
 
     state.spent = true;
-    const PyStatus status = initialize(installation);
-    if (PyStatus_Exception(status))
-        return fail(QString::fromUtf8(status.err_msg ? status.err_msg : "unknown reason"));
-    ignore_broken_pipes();
+    if (!state.guest) {
+        const PyStatus status = initialize(installation);
+        if (PyStatus_Exception(status))
+            return fail(QString::fromUtf8(status.err_msg ? status.err_msg : "unknown reason"));
+        ignore_broken_pipes();
+    }
 
+    const PyGILState_STATE lock = PyGILState_Ensure();
     state.guiThread = std::this_thread::get_id();
     state.guiThreadIdent = PyThread_get_thread_ident();
     try {
         install_support();
         framework_namespace().open();
         user_namespace().open();
-        const auto fennar = py::module_::import("fennar");
+        const py::module_ fennar = fennar_module();
+        fill_fennar_module(fennar.ptr());
         if (hooks.extend)
             hooks.extend(fennar.ptr());
-        py::handle(user_namespace().dictionary())["fennar"] = fennar;
+        if (!state.guest)
+            py::handle(user_namespace().dictionary())["fennar"] = fennar;
     } catch (const std::exception& error) {
         // What was begun stays as it is, out of reach: taking it down is not safer than leaving it.
-        return fail(QString::fromUtf8(error.what()));
+        const QString reason = QString::fromUtf8(error.what());
+        PyGILState_Release(lock);
+        return fail(reason);
     }
-    const bool ticking = hooks.turn != nullptr;
+    PyGILState_Release(lock);
+    const bool ticking = hooks.turn != nullptr && !state.guest;
     state.output.open(std::make_shared<const PythonHooks>(std::move(hooks)));
     if (ticking)
         state.ticker.emplace(&take_turn);
     state.running = true;
-    PyEval_SaveThread();
+    if (!state.guest)
+        PyEval_SaveThread();
     return true;
 }
 
@@ -242,6 +267,16 @@ void PythonRuntime::stop(std::chrono::milliseconds grace)
         state.stopWhenIdle = true;
         state.output.close();
         PyThreadState_SetAsyncExc(state.guiThreadIdent, PyExc_SystemExit);
+        PyGILState_Release(lock);
+        return;
+    }
+    if (state.guest) {
+        state.running = false;
+        state.output.close();
+        framework_namespace().close();
+        user_namespace().close();
+        release_fennar_module();
+        Py_CLEAR(state.support);
         PyGILState_Release(lock);
         return;
     }
@@ -303,7 +338,8 @@ bool PythonRuntime::request_interrupt()
     if (!state.running)
         return false;
     const PyGILState_STATE lock = PyGILState_Ensure();
-    const bool busy = state.depth > 0 && !state.reporting;
+    // A guest's host has told Python itself.
+    const bool busy = state.depth > 0 && !state.reporting && !state.guest;
     if (busy)
         PyThreadState_SetAsyncExc(state.guiThreadIdent, PyExc_KeyboardInterrupt);
     PyGILState_Release(lock);
@@ -323,9 +359,12 @@ bool PythonRuntime::run_file(const QString& path, const QString& source, bool pi
             text = support["without_indentation"](file, text);
         support["remember_source"](file, text);
         py::dict names = py::reinterpret_borrow<py::dict>(user_namespace().dictionary());
+        const py::object before = names.attr("get")("__file__"); // that of the program, for a guest
         names["__file__"] = file;
         const bool done = run_source(names.ptr(), text, file);
         names.attr("pop")("__file__", py::none());
+        if (!before.is_none())
+            names["__file__"] = before;
         return done;
     } catch (py::error_already_set& error) {
         report(error);

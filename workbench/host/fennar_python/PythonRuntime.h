@@ -45,6 +45,11 @@ struct PythonHooks
      */
     std::function<void()> turn;
     /**
+     * Called with Python's lock held behind each command line that Python code has run. What it throws,
+     * Python code sees in the place of how the command has ended. For guests of a Python, see start().
+     */
+    std::function<void()> end_call = {};
+    /**
      * Adds what the application offers to the module fennar. Called once, by PythonRuntime::start() with
      * Python's lock held; an exception makes that fail.
      */
@@ -68,6 +73,10 @@ public:
      * Starts Python. It takes nothing from the environment: neither variables nor PATH nor the user's own
      * packages, and leaves the locale and the signal handlers as they are. A broken pipe no longer ends the
      * process, unless the application handles that signal itself.
+     *
+     * Where Python runs already, since the process is its own, it is taken as it is: streams, signals and the
+     * name space __main__ stay what they are, there are no turns, and stop() does not end it. A module fennar
+     * must be there to be imported; the calling thread becomes the GUI thread.
      *
      * @param hooks  kept until stop().
      * @param home   the folder that holds Python's lib; empty for the installation that it was built with.

@@ -8,7 +8,8 @@
 #include "workbench/host/fennar_python/run_python.h"
 
 #include <QFile>
-#include <pybind11/embed.h>
+#include <pybind11/eval.h>
+#include <pybind11/pybind11.h>
 
 #include <optional>
 #include <stdexcept>
@@ -28,11 +29,13 @@ void cmd(const py::str& text)
         throw py::error_already_set();
     const QString line = to_qstring(text);
     std::optional<PythonCommandFailure> failure = PythonCommandFailure();
+    const auto hooks = PythonState::get().output.hooks();
     without_python_lock([&] {
-        const auto hooks = PythonState::get().output.hooks();
         if (hooks && hooks->run_command)
             failure = hooks->run_command(line);
     });
+    if (hooks && hooks->end_call)
+        hooks->end_call();
     if (!failure)
         return;
     const py::str message = failure->message.isEmpty() ? py::str("command failed: {}").format(text)
@@ -58,12 +61,12 @@ py::object make_command_error()
 
 } // namespace
 
-PYBIND11_EMBEDDED_MODULE(fennar, module)
+void fill_fennar_module(PyObject* fennar)
 {
+    auto module = py::reinterpret_borrow<py::module_>(fennar);
     py::options options;
     options.disable_function_signatures();
-    module.doc() = "The application that this Python runs in.\n\n"
-                   "cmd(text) runs one of its commands; CommandError tells that a command failed.";
+    module.attr("__version__") = OSTREL_VERSION;
     command_error = make_command_error().release().ptr();
     module.attr("CommandError") = py::handle(command_error);
     module.def("cmd", &cmd, py::arg("text"),

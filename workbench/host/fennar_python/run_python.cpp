@@ -43,7 +43,11 @@ bool run_code(PyObject* names, const py::object& code)
             throw py::error_already_set();
         return true;
     } catch (py::error_already_set& error) {
-        report(error);
+        // Whoever has called the guest is to stop, too.
+        if (PythonState::get().guest && error.matches(PyExc_KeyboardInterrupt))
+            PyErr_SetInterrupt();
+        else
+            report(error);
         return false;
     }
 }

@@ -216,34 +216,114 @@ def in_text(source):
     return False
 
 
+NOTHING = object()
+
+
+def look_up(names, path):
+    """What a dotted name stands for, NOTHING if only code can tell, and whether it is a function of an object's class."""
+    known, value, of_class = {**vars(builtins), **names}, NOTHING, False
+    for part in path:
+        if part not in known:
+            return NOTHING, False
+        owner, value = value, known[part]
+        of_class = not (owner is NOTHING or issubclass(type(owner), (type, types.ModuleType)) or part in own_dictionary(owner))
+        if value is None and owner is sys.modules.get("fennar"):
+            value = getattr(owner, part)  # the application's own code, as in static_names()
+        if issubclass(type(value), COMPUTED):
+            return NOTHING, False
+        known = static_names(value)
+    return value, of_class
+
+
+def open_call(source):
+    """The dotted name of the function whose arguments the end of the source is among, as a list; empty if there is none."""
+    tokens, brackets = [], []
+    try:
+        for token in tokenize.generate_tokens(io.StringIO(source).readline):
+            if token.type not in (tokenize.NL, tokenize.NEWLINE, tokenize.COMMENT, tokenize.INDENT, tokenize.DEDENT):
+                tokens.append(token)
+    except (tokenize.TokenError, SyntaxError):
+        pass  # it has no end yet
+    for index, token in enumerate(tokens):
+        if token.type == tokenize.OP and token.string in "([{":
+            brackets.append(index)
+        elif token.type == tokenize.OP and token.string in ")]}" and brackets:
+            brackets.pop()
+    if not brackets or tokens[brackets[-1]].string != "(":
+        return []
+    path, index = [], brackets[-1] - 1
+    while index >= 0 and tokens[index].type == tokenize.NAME:
+        path.insert(0, tokens[index].string)
+        before = tokens[index - 1].string if index > 0 else ""
+        if before != ".":
+            return [] if before in ("def", "class") else path
+        index -= 2
+    return []
+
+
+class Shown:
+    """A default as it is shown, without any code of its class."""
+
+    def __init__(self, value):
+        plain = (type(None), bool, int, float, str, bytes)
+        known = type(value) in plain or type(value) is tuple and all(type(one) in plain for one in value)
+        self.text = repr(value) if known else "..."
+
+    def __repr__(self):
+        return self.text
+
+
+def signature_of(function, of_class):
+    """The signature of a function, without types; None for what is none, or has none that is known."""
+    import inspect
+
+    if type(function) not in (types.FunctionType, types.BuiltinFunctionType):
+        return None
+    try:
+        signature = inspect.Signature.from_callable(function, follow_wrapped=False)
+    except Exception:
+        return None
+    parameters = [
+        one.replace(annotation=one.empty, default=one.default if one.default is one.empty else Shown(one.default))
+        for one in signature.parameters.values()
+    ]
+    return inspect.Signature(parameters[1:] if of_class else parameters)
+
+
 def complete(names, line, pending):
-    """What is typed of a name at the end of a line, the names that begin so, and what these have in common."""
+    """What is typed of a name at the end of a line, the names that begin so, what these have in common, and a hint.
+
+    The hint tells what the function takes among whose arguments nothing is typed yet.
+    """
     if not line.strip() and not in_text(pending):
         blanks = " " * (4 - len(line) % 4)
-        return "", [blanks], blanks
+        return "", [blanks], blanks, ""
     match = TYPED.search(line)
-    if not match or in_text(pending + "\n" + line if pending else line):
-        return "", [], ""
+    source = pending + "\n" + line if pending else line
+    if not match or in_text(source):
+        return "", [], "", ""
     path, typed = match.groups()
+    signature = None
     if path:
-        value, known = None, {**vars(builtins), **names}
-        for part in path[:-1].split("."):
-            if part not in known:
-                return typed, [], ""
-            value = known[part]
-            if issubclass(type(value), COMPUTED):
-                return typed, [], ""
-            known = static_names(value)
-    elif typed:
-        known = {**vars(builtins), **names, **dict.fromkeys(keyword.kwlist)}
+        value, _ = look_up(names, path[:-1].split("."))
+        known = {} if value is NOTHING else static_names(value)
     else:
-        return "", [], ""
+        called = open_call(source)
+        if called:
+            signature = signature_of(*look_up(names, called))
+        if not typed:
+            return "", [], "", f"{called[-1]}{signature}" if signature else ""
+        known = {**vars(builtins), **names, **dict.fromkeys(keyword.kwlist)}
+    if signature:
+        parameters = signature.parameters.values()
+        known.update(dict.fromkeys(f"{one.name}=" for one in parameters
+                                   if one.kind in (one.POSITIONAL_OR_KEYWORD, one.KEYWORD_ONLY)))
     # Underscores only for those who ask for them.
     found = sorted(
         name for name in known
         if type(name) is str and name.startswith(typed) and (typed or not name.startswith("_"))
     )
-    return typed, found, os.path.commonprefix(found)
+    return typed, found, os.path.commonprefix(found), ""
 
 
 LEAVING = {"return", "pass", "break", "continue", "raise"}
@@ -296,9 +376,13 @@ def next_indent(source):
     return levels[-1]
 
 
-# Even an isolated Python takes this from the environment.
-sys.executable = sys._base_executable = executable
-sys.stdin = sys.__stdin__ = Input()
-sys.stdout = sys.__stdout__ = Output("<stdout>", write_output)
-sys.stderr = sys.__stderr__ = Output("<stderr>", write_error)
+def take_streams():
+    """Makes this Python the application's."""
+    # Even an isolated Python takes this from the environment.
+    sys.executable = sys._base_executable = executable
+    sys.stdin = sys.__stdin__ = Input()
+    sys.stdout = sys.__stdout__ = Output("<stdout>", write_output)
+    sys.stderr = sys.__stderr__ = Output("<stderr>", write_error)
+
+
 os.register_at_fork(after_in_child=become_child)

@@ -51,6 +51,9 @@ private slots:
     void every_solid_is_seen_without_surfaces_data();
     void every_solid_is_seen_without_surfaces();
     void shapes_of_fifty_solids_are_made();
+    void python_draws_pictures_with_a_view_and_without_data();
+    void python_draws_pictures_with_a_view_and_without();
+    void python_helps_and_counts_on_the_console();
 
 private:
     static QString command(const char* what, const char* file)
@@ -399,6 +402,42 @@ void TstGraphicsComponent::shapes_of_fifty_solids_are_made()
     for (int i = 0; i < 50; ++i)
         enter(u"torus 2 0.5 at %1 0 0"_s.arg(6 * i));
     QTRY_VERIFY_WITH_TIMEOUT(has_shapes(), 50000);
+}
+
+void TstGraphicsComponent::python_draws_pictures_with_a_view_and_without_data()
+{
+    QTest::addColumn<bool>("seen");
+    QTest::newRow("with shapes that are there") << true;
+    QTest::newRow("with shapes that are still to come") << false;
+}
+
+void TstGraphicsComponent::python_draws_pictures_with_a_view_and_without()
+{
+    QFETCH(const bool, seen);
+    enter(command("load", GEOMETRY));
+    enter(command("load", GRAPHICS));
+    enter(u"brick 10 20 30"_s);
+    if (seen)
+        QTRY_VERIFY(has_shapes());
+    python_mode(true);
+    const QString answer = enter(u"fennar.view('brick1', size=(80, 60))"_s);
+    QVERIFY2(answer.contains(u"<picture of 80 x 60 pixels>"_s), qPrintable(answer));
+    QVERIFY(has_shapes());
+    QVERIFY(enter(u"_.png == fennar.view().png, fennar.view('brick1', size=(80, 60)).png == _.png"_s)
+                .contains(u"(False, True)"_s));
+    python_mode(false);
+}
+
+void TstGraphicsComponent::python_helps_and_counts_on_the_console()
+{
+    enter(command("load", GEOMETRY));
+    python_mode(true);
+    const QString help = enter(u"help(fennar.brick)"_s);
+    QVERIFY2(help.contains(u"Makes a brick, or a cube."_s) && help.contains(u"at: Center ((x, y, z)"_s),
+             qPrintable(help));
+    enter(u"part = fennar.brick(10)"_s);
+    QVERIFY(enter(u"len(part.faces), part.faces[0].number"_s).contains(u"(6, 1)"_s));
+    python_mode(false);
 }
 
 OSTREL_TEST(TstGraphicsComponent)

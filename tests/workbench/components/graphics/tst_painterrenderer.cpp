@@ -4,6 +4,7 @@
 #include "boxes.h"
 #include "support/TestCase.h"
 #include "workbench/components/graphics/PainterRenderer.h"
+#include "workbench/components/graphics/draw_scene.h"
 
 #include <QPalette>
 #include <QTest>
@@ -43,6 +44,7 @@ private slots:
     void colours_stand_out_in_light_and_dark_schemes_data();
     void colours_stand_out_in_light_and_dark_schemes();
     void damaged_numbers_come_to_no_harm();
+    void scene_is_drawn_whole_in_front_of_a_background();
 
 private:
     QImage draw(double ratio = 1, bool draft = false)
@@ -289,6 +291,25 @@ void TstPainterRenderer::damaged_numbers_come_to_no_harm()
     const QImage image = draw();
     QCOMPARE(image.size(), QSize(200, 100));
     QVERIFY(mScene->items().contains(id));
+}
+
+void TstPainterRenderer::scene_is_drawn_whole_in_front_of_a_background()
+{
+    const ViewColours colours = ViewColours::light();
+    const QImage empty = draw_scene(*mScene, {120, 80});
+    QCOMPARE(empty.size(), QSize(120, 80));
+    QCOMPARE(empty.pixelColor(60, 0), colours.top);
+    QVERIFY(empty.pixelColor(60, 79).lightness() < empty.pixelColor(60, 0).lightness());
+
+    add_box(*mScene, u"a"_s, {100, 0, 0}, {20, 20, 20});
+    const QImage drawn = draw_scene(*mScene, {120, 80});
+    QVERIFY(drawn.pixelColor(60, 40) != empty.pixelColor(60, 40));
+    QVERIFY(!drawn.hasAlphaChannel());
+    for (int x = 0; x < drawn.width(); ++x) {
+        QCOMPARE(drawn.pixelColor(x, 0), empty.pixelColor(x, 0));
+        QCOMPARE(drawn.pixelColor(x, 79), empty.pixelColor(x, 79));
+    }
+    QCOMPARE(draw_scene(*mScene, {1, 1}).size(), QSize(1, 1));
 }
 
 OSTREL_TEST(TstPainterRenderer)

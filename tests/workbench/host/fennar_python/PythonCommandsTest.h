@@ -24,11 +24,14 @@ protected:
     {
         PythonHooks hooks = mRecorder.hooks();
         hooks.extend = [this](struct _object* module) {
-            const auto call = [this](const QString& line) {
+            const auto call = [this](const QString& line, bool quiet) {
                 lines << line;
+                quiet_lines << (quiet ? line : QString());
                 return interpreter.call(line);
             };
-            add_python_commands(module, {&registry, call, &PythonRuntime::require_gui_thread});
+            add_python_commands(
+                module,
+                {.registry = &registry, .call = call, .check_caller = &PythonRuntime::require_gui_thread});
         };
         interpreter.set_error_output([this](const QString& text) { reported += text; });
         QVERIFY2(PythonRuntime::start(hooks), qPrintable(mRecorder.errors));
@@ -39,6 +42,7 @@ protected:
     {
         mRecorder.clear();
         lines.clear();
+        quiet_lines.clear();
         performed.clear();
         words_performed.clear();
         reported.clear();
@@ -80,6 +84,8 @@ protected:
     CommandInterpreter interpreter{registry};
     /** The command lines that were handed over. */
     QStringList lines;
+    /** The same, but empty for those whose output is to be shown. */
+    QStringList quiet_lines;
     /** The words of the commands that have run. */
     QStringList performed;
     QList<QStringList> words_performed;

@@ -73,6 +73,15 @@ private slots:
                      {.clauses = {required_value(word(u"FILE"_s, Kind::InputFile))}}});
         add("two-part.name", {{}});
         add("cmd", {{}});
+        const CommandClause verbose{.keyword = u"verbose"_s, .optional = true};
+        add("count", {{.clauses = {verbose}}}, "test", {.kind = CommandType::Kind::WholeNumber},
+            {.data = qint64(3)});
+        registry.add({.name = u"change"_s,
+                      .summary = u"Changes the model."_s,
+                      .owner = u"test"_s,
+                      .perform = [](CommandCall&, const CommandArguments&) {},
+                      .forms = {{.clauses = {verbose}}},
+                      .changes_model = true});
         start_python();
         QVERIFY(run("import inspect"));
     }
@@ -115,6 +124,14 @@ private slots:
         QVERIFY2(run("assert fennar." + call + " is None"), qPrintable(mRecorder.errors));
         QCOMPARE(lines, QStringList(line));
         QCOMPARE(performed.size(), 1);
+    }
+
+    void what_returns_a_value_or_changes_the_model_need_not_print()
+    {
+        QVERIFY2(run("fennar.count()\nfennar.change()\nfennar.say('a')\nfennar.count(verbose=True)\n"
+                     "fennar.change(verbose=True)\nfennar.change(verbose=False)"),
+                 qPrintable(mRecorder.errors));
+        QCOMPARE(quiet_lines, (QStringList{u"count"_s, u"change"_s, {}, {}, {}, u"change"_s}));
     }
 
     void texts_arrive_as_they_are()
@@ -274,6 +291,9 @@ private slots:
         const PythonConsole console(PythonRuntime::user_namespace());
         QCOMPARE(console.complete(u"fennar.br"_s, 9).names, QStringList(u"brick"_s));
         QCOMPARE(console.complete(u"fennar.cm"_s, 9).names, QStringList({u"cmd"_s, u"cmd_"_s}));
+        QCOMPARE(console.complete(u"fennar.brick(1, "_s, 16).hint,
+                 u"brick(width, depth=None, height=None, *, at=(0, 0, 0), name=None, loud=False)"_s);
+        QCOMPARE(console.complete(u"fennar.brick(1, na"_s, 18).names, QStringList(u"name="_s));
     }
 
     void unknown_name_is_an_attribute_error_with_the_nearest()

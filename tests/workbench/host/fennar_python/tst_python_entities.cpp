@@ -23,6 +23,8 @@ private:
 
     /** The names of the solids by their keys. */
     QMap<QString, QString> mSolids;
+    std::shared_ptr<const std::vector<qint64>> mPlaces =
+        std::make_shared<const std::vector<qint64>>(std::vector<qint64>{0, 1, 1, 2});
 
 protected:
     void set_up() override
@@ -67,6 +69,19 @@ private slots:
         add("count", {{}}, "test", {.kind = TypeKind::WholeNumber}, {.data = qint64(1) << 60});
         add("measure", {{}}, "test", map_type({.kind = TypeKind::Number}),
             {.data = CommandValue::Map{{u"z"_s, {.data = 0.1}}, {u"a"_s, {.data = 2.0}}}});
+        add("face", {{}}, "test",
+            record_type(u"face"_s, {{u"number"_s, {.kind = TypeKind::WholeNumber}},
+                                    {u"area"_s, {.kind = TypeKind::Number}}}),
+            {.data = CommandValue::Record{u"face"_s,
+                                          {{u"number"_s, {.data = qint64(3)}}, {u"area"_s, {.data = 2.5}}}}});
+        add("numbers", {{}}, "test", array_type(TypeKind::Number),
+            {.data = CommandValue::Array{
+                 std::make_shared<const std::vector<double>>(std::vector{1.5, 2., 3., 4., 5., 6.}), 3}});
+        add("places", {{}}, "test", map_type(array_type(TypeKind::WholeNumber)),
+            {.data = CommandValue::Map{
+                 {u"Line 2"_s, {.data = CommandValue::Array{mPlaces, 2}}},
+                 {u"Point"_s,
+                  {.data = CommandValue::Array{std::make_shared<const std::vector<qint64>>(), 1}}}}});
         add("text", {{}}, "test", {.kind = TypeKind::Text}, {.data = u"\u00fc \U0001f600"_s});
         const CommandParameter one{.name = u"SOLID"_s,
                                    .kind = Kind::Entity,
@@ -88,6 +103,37 @@ private slots:
                  u"True {'z': 0.1, 'a': 2.0} '\\xfc \\U0001f600'\n"_s);
         QCOMPARE(shown("print(fennar.list(), fennar.move('all'))"),
                  u"[<solid 'lid'>, <solid 'base'>] None\n"_s);
+    }
+
+    void record_has_its_fields_by_name()
+    {
+        QCOMPARE(
+            shown(
+                "face = fennar.face()\nprint(face, face.area, face == (3, 2.5), type(face) is fennar.Face)"),
+            u"Face(number=3, area=2.5) 2.5 True True\n"_s);
+        QVERIFY(run("assert 'Face' in dir(fennar)"));
+    }
+
+    void array_shows_the_numbers_where_they_are()
+    {
+        const long kept_places = mPlaces.use_count();
+        QCOMPARE(shown("import sys, types\n"
+                       "before = sys.modules.get('numpy')\n"
+                       "sys.modules['numpy'] = types.SimpleNamespace(asarray=memoryview)\n"
+                       "rows, places = fennar.numbers(), fennar.places()\n"
+                       "print(rows.tolist(), rows.format, rows.readonly)\n"
+                       "print({kind: (part.shape, part.readonly) for kind, part in places.items()}, "
+                       "places['Line 2'].tolist())"),
+                 u"[[1.5, 2.0, 3.0], [4.0, 5.0, 6.0]] d True\n"
+                 "{'Line 2': ((2, 2), True), 'Point': ((0, 1), True)} [[0, 1], [1, 2]]\n"_s);
+        // Python holds them for as long as it looks at them.
+        QCOMPARE(mPlaces.use_count(), kept_places + 1);
+        QVERIFY(run("del places"));
+        QCOMPARE(mPlaces.use_count(), kept_places);
+        QVERIFY(run("sys.modules['numpy'] = None"));
+        QVERIFY(last_line("fennar.numbers()")
+                    .startsWith(u"ImportError: nodes and elements are arrays of NumPy"_s));
+        QVERIFY(run("sys.modules.pop('numpy')\nif before: sys.modules['numpy'] = before"));
     }
 
     void entity_has_a_name_a_kind_and_properties()

@@ -101,6 +101,71 @@ private slots:
         QCOMPARE(mRecorder.output + mRecorder.errors, QString());
     }
 
+    void signature_is_the_hint_among_the_arguments_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<QString>("hint");
+        const auto row = [](const QString& line, const QString& hint = {}) {
+            QTest::newRow(line.toUtf8().constData()) << line << hint;
+        };
+        const QString turn = u"turn(by, /, about=(0, 0), *, how='x', odd=...)"_s;
+        row(u"turn("_s, turn);
+        row(u"x = turn(1, "_s, turn);
+        row(u"turn([1, (2), 'a)'], "_s, turn);
+        row(u"print(turn("_s, turn);
+        row(u"wheel.roll("_s, u"roll(far)"_s);
+        row(u"Wheel.roll("_s, u"roll(self, far)"_s);
+        row(u"wheel.own("_s, u"own(far)"_s);
+        row(u"abs("_s, u"abs(x, /)"_s);
+        row(u"turn(1)"_s);
+        row(u"turn(1) + ("_s);
+        row(u"turn([1, "_s);
+        row(u"turn(x["_s);
+        row(u"wheel.danger("_s);
+        row(u"wheel.no_such("_s);
+        row(u"turn(1)("_s);
+        row(u"wheel("_s);
+        row(u"if ("_s);
+        row(u"def turn("_s);
+        row(u"turn('"_s);
+        row(u"turn(  # "_s);
+        row(u"turn"_s);
+    }
+    void signature_is_the_hint_among_the_arguments()
+    {
+        QFETCH(QString, line);
+        QFETCH(QString, hint);
+        QVERIFY(PythonRuntime::run_file(u"/work/names.py"_s,
+                                        u"class Odd:\n"
+                                        "    def __repr__(self): print('ran')\n"
+                                        "def turn(by: int, /, about=(0, 0), *, how='x', odd=Odd()): pass\n"
+                                        "class Wheel:\n"
+                                        "    @property\n"
+                                        "    def danger(self): print('ran')\n"
+                                        "    def roll(self, far): pass\n"
+                                        "    def __call__(self): print('ran')\n"
+                                        "wheel = Wheel()\n"
+                                        "wheel.own = lambda far: None\n"_s));
+        const PythonConsole::Names found = mConsole.complete(line, line.size());
+        QCOMPARE(found.hint, hint);
+        if (!hint.isEmpty())
+            QCOMPARE(found.names, QStringList());
+        QCOMPARE(mRecorder.output + mRecorder.errors, QString());
+    }
+
+    void keywords_of_a_function_are_completed_among_its_arguments()
+    {
+        QVERIFY(PythonRuntime::run_file(u"/work/names.py"_s,
+                                        u"def turn(by, /, about=(0, 0), *rest, ahead=1, **more): pass\n"_s));
+        QCOMPARE(mConsole.complete(u"turn(1, ab"_s, 10).names, (QStringList{u"about="_s, u"abs"_s}));
+        QCOMPARE(mConsole.complete(u"turn(1, ahe"_s, 11).names, QStringList(u"ahead="_s));
+        QCOMPARE(mConsole.complete(u"turn(1, ahead=ab"_s, 16).start, 14);
+        QCOMPARE(mConsole.complete(u"ahe"_s, 3).names, QStringList());
+        QVERIFY(!mConsole.complete(u"turn(b"_s, 6).names.contains(u"by="_s));
+        QVERIFY(mConsole.enter(u"turn(1,"_s).incomplete);
+        QCOMPARE(mConsole.complete(u"   ahe"_s, 6).names, QStringList(u"ahead="_s));
+    }
+
     void lines_typed_before_count_for_the_completion()
     {
         QVERIFY(mConsole.enter(u"text = \"\"\"one"_s).incomplete);

@@ -21,6 +21,15 @@ fennar.export(Path("a.step"), parts, as_="STEP")
 fennar.export("a.msh", mesh=True)
 fennar.set("size", 2)
 worst: float = fennar.mesh(size=1, algorithm="hxt", threads=2, verbose=True).quality("ICN")["min"]
+mesh = fennar.mesh(size=1)
+heights: list[float] = mesh.nodes[:, 2].tolist()
+corners: int = mesh.elements["Tetrahedron 4"].shape[1]
+largest: fennar.Face = max(parts[0].faces, key=lambda face: face.area)
+middle: list[float] = largest.center
+fennar.view().save(Path("all.png"))
+picture: fennar.Picture = fennar.view([parts[0], "base"], size=(320, 240))
+fennar.view(mesh)
+fennar.view_("iso")
 counts: dict[str, int] = fennar.statistics()
 try:
     fennar.delete(parts)

@@ -4,10 +4,14 @@
 #include "workbench/components/geometry/commands/geometry_entities.h"
 
 #include "workbench/components/geometry/commands/geometry_parameters.h"
+#include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
+#include "workbench/components/geometry/programs/mesh_arrays.h"
 #include "workbench/components/geometry/programs/mesh_quality.h"
 #include "workbench/sdk/core/commands/CommandEntities.h"
 #include "workbench/sdk/core/commands/CommandError.h"
+#include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/commands/Interrupt.h"
 #include "workbench/sdk/core/commands/numbers.h"
 
 #include <optional>
@@ -20,6 +24,8 @@ namespace {
 const CommandType number_type{.kind = Kind::Number};
 const CommandType whole_number_type{.kind = Kind::WholeNumber};
 const CommandType point_type = list_type(number_type);
+const CommandType face_type = record_type(
+    u"face"_s, {{u"number"_s, whole_number_type}, {u"area"_s, number_type}, {u"center"_s, point_type}});
 
 CommandValue value(double number)
 {
@@ -44,6 +50,80 @@ CommandValue value(const QStringList& texts)
     for (const QString& text : texts)
         list.append({.data = text});
     return {.data = list};
+}
+
+CommandValue value(const QList<FaceMeasures>& faces)
+{
+    CommandValue::List list;
+    for (const FaceMeasures& face : faces) {
+        list.append({.data = CommandValue::Record{face_type.entity,
+                                                  {{u"number"_s, {.data = qint64(list.size() + 1)}},
+                                                   {u"area"_s, value(face.area)},
+                                                   {u"center"_s, value(face.center)}}}});
+    }
+    return {.data = list};
+}
+
+/** What @p tell tells; its error is one of the caller's command. */
+template <typename Tell>
+auto told_by(const Tell& tell)
+{
+    try {
+        return tell();
+    } catch (const GeometryError& error) {
+        throw CommandError(error.message());
+    }
+}
+
+/** Gives the application its turn while a program tells something of a mesh, and lets the user end that. */
+class PatientListener : public MesherListener
+{
+public:
+    PatientListener()
+    {
+        go_on = [] {
+            if (const auto& turn = Fennar::instance().application().turn)
+                turn();
+            return !interrupt_requested();
+        };
+    }
+    static CommandError interrupted() { return CommandError(u"interrupted"_s); }
+
+private:
+    InterruptScope mScope;
+};
+
+/** Nodes and elements of the mesh that was asked for last, so that to ask again costs nothing. */
+class KnownArrays
+{
+public:
+    explicit KnownArrays(const QDir& programs) : mPrograms(programs) {}
+
+    const MeshArrays& of(const Mesh& mesh)
+    {
+        if (mNumber != mesh.number) {
+            const PatientListener listener;
+            auto arrays = told_by([&] { return read_mesh_arrays(mesh, mPrograms, listener); });
+            if (!arrays)
+                throw PatientListener::interrupted();
+            mArrays = std::move(*arrays);
+            mNumber = mesh.number;
+        }
+        return mArrays;
+    }
+
+private:
+    QDir mPrograms;
+    MeshArrays mArrays;
+    qint64 mNumber = 0;
+};
+
+CommandValue value(const std::vector<MeshArrays::Elements>& kinds)
+{
+    CommandValue::Map map;
+    for (const MeshArrays::Elements& kind : kinds)
+        map.append({kind.kind, {.data = CommandValue::Array{kind.nodes, kind.size}}});
+    return {.data = map};
 }
 
 std::optional<GeometryModel::Solid> solid_of(const GeometryModel& model, const QString& word)
@@ -112,6 +192,13 @@ QList<EntityProperty> solid_properties(const GeometryModel& model)
          .value = measured([](const SolidMeasures& measures) {
              return CommandValue{.data = CommandValue::List{value(measures.least), value(measures.most)}};
          })},
+        {.name = u"faces"_s,
+         .summary = u"Its faces, with number (from 1), area (mm\u00b2) and center (mm) of each"_s,
+         .type = list_type(face_type),
+         .value =
+             [&model](const QString& key, const QStringList&) {
+                 return value(told_by([&] { return model.shape(solid_of_key(model, key)->id).faces(); }));
+             }},
         {.name = u"pieces"_s,
          .summary = u"How many volumes that do not hang together it consists of"_s,
          .type = whole_number_type,
@@ -122,6 +209,7 @@ QList<EntityProperty> solid_properties(const GeometryModel& model)
 
 QList<EntityProperty> mesh_properties(const GeometryModel& model, const QDir& programs)
 {
+    const auto arrays = std::make_shared<KnownArrays>(programs);
     const auto told = [&model](auto tell) {
         return [&model, tell](const QString&, const QStringList& arguments) {
             return tell(*model.mesh(), arguments);
@@ -146,6 +234,20 @@ QList<EntityProperty> mesh_properties(const GeometryModel& model, const QDir& pr
          .summary = u"How many nodes and elements of each kind it has"_s,
          .type = map_type(whole_number_type),
          .value = told([](const Mesh& mesh, const QStringList&) { return mesh_counts(mesh); })},
+        {.name = u"nodes"_s,
+         .summary = u"Its nodes, a row with x, y and z for each; an array that cannot be written to"_s,
+         .unit = u"mm"_s,
+         .type = array_type(Kind::Number),
+         .value = told([arrays](const Mesh& mesh, const QStringList&) {
+             return CommandValue{.data = CommandValue::Array{arrays->of(mesh).nodes, 3}};
+         })},
+        {.name = u"elements"_s,
+         .summary =
+             u"Its elements by their kinds, a row for each with the rows of its nodes, from 0; arrays that "
+             u"cannot be written to"_s,
+         .type = map_type(array_type(Kind::WholeNumber)),
+         .value = told(
+             [arrays](const Mesh& mesh, const QStringList&) { return value(arrays->of(mesh).elements); })},
         {.name = u"quality"_s,
          .summary = u"A measure of its volume elements: min, mean and max"_s,
          .type = map_type(number_type),
@@ -153,7 +255,9 @@ QList<EntityProperty> mesh_properties(const GeometryModel& model, const QDir& pr
                          .kind = CommandParameter::Kind::Choice,
                          .choices = {u"ICN"_s, u"IGE"_s}}},
          .value = told([programs](const Mesh& mesh, const QStringList& arguments) {
-             measure_quality(mesh, programs);
+             const PatientListener listener;
+             if (!told_by([&] { return measure_quality(mesh, programs, listener); }))
+                 throw PatientListener::interrupted();
              for (const Mesh::Quality& quality : *mesh.quality) {
                  if (quality.measure == arguments.value(0))
                      return value(quality);

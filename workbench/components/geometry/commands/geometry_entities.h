@@ -10,6 +10,7 @@
 
 class CommandEntities;
 class GeometryModel;
+class QDir;
 struct Mesh;
 
 /** The kind of the model's mesh. */

@@ -340,6 +340,22 @@ const SolidMeasures& Shape::measures() const
     }));
 }
 
+QList<FaceMeasures> Shape::faces() const
+{
+    return call_kernel([this] {
+        TopTools_IndexedMapOfShape faces;
+        TopExp::MapShapes(mKernel->solids, TopAbs_FACE, faces);
+        QList<FaceMeasures> result;
+        for (int i = 1; i <= faces.Extent(); ++i) {
+            GProp_GProps area;
+            BRepGProp::SurfaceProperties(faces(i), area);
+            const gp_Pnt center = area.CentreOfMass();
+            result << FaceMeasures{area.Mass(), {center.X(), center.Y(), center.Z()}};
+        }
+        return result;
+    });
+}
+
 qint64 Shape::memory() const
 {
     if (mKernel->memory == 0) {

@@ -25,6 +25,14 @@ struct SolidMeasures
     int pieces = 0;
 };
 
+/** What can be said of a face of a solid. */
+struct FaceMeasures
+{
+    double area = 0;
+    /** Of the area. */
+    Point3 center;
+};
+
 /** What the caller of a long operation is told meanwhile, progress first; each may be null. Neither is called
  * at once: most operations are over before anybody could wait for them. */
 struct ShapeListener
@@ -76,6 +84,10 @@ public:
     bool empty() const { return !mKernel; }
     /** Measured once. The shape must not be empty. */
     const SolidMeasures& measures() const;
+
+    /** Measured anew each time, in the kernel's order, which is the same for the same shape. A face between
+     * two pieces counts once. The shape must not be empty. */
+    QList<FaceMeasures> faces() const;
 
     /** All solids of a file in the BREP format; empty if it holds none or is cut off. */
     static Shape from_brep(const QByteArray& brep);

@@ -14,6 +14,11 @@
 //     read quality         reads "input", a mesh with volumes in the MSH format, and writes a line for each
 //     measure
 //                          of quality to "output": its name, the least, mean and greatest value
+//     read arrays          reads "input", a mesh in the MSH format, and writes to "output" lines with "nodes
+//     COUNT" and
+//                          for each kind of elements "elements NODES_OF_ONE COUNT KIND", an empty line, and
+//                          then in the machine's own numbers of 64 bits the coordinates of the nodes and,
+//                          kind by kind, the nodes of the elements, told by their places, from 0
 //     write ENDING         writes the "solids", in the BREP format, or the "mesh", in the MSH format, to
 //                          "output" in the format that ENDING tells; "surface" means plain triangles, and
 //                          "size" is the greatest edge of triangles that are made, 0 if it does not matter
@@ -43,7 +48,7 @@ namespace occ = gmsh::model::occ;
 
 bool is_complete(const Job& job)
 {
-    if (job.action == "read" && job.kind == "quality")
+    if (job.action == "read" && (job.kind == "quality" || job.kind == "arrays"))
         return !job.input.empty();
     if (job.action == "read")
         return (job.kind == "mesh" || job.kind == "surface") && !job.input.empty() && !job.statistics.empty();
@@ -189,6 +194,60 @@ void measure_mesh(const Job& job)
         throw Failure("a temporary file cannot be written");
 }
 
+template <typename Item>
+void write_items(std::ostream& file, const std::vector<Item>& items)
+{
+    file.write(reinterpret_cast<const char*>(items.data()),
+               static_cast<std::streamsize>(items.size() * sizeof(Item)));
+}
+
+void write_arrays(const Job& job)
+{
+    gmsh::model::add("input");
+    stage("open");
+    gmsh::merge(job.input);
+    stage("write");
+    std::vector<std::size_t> tags;
+    std::vector<double> coordinates;
+    std::vector<double> parameters;
+    gmsh::model::mesh::getNodes(tags, coordinates, parameters);
+    std::unordered_map<std::size_t, std::int64_t> places;
+    for (const std::size_t tag : tags)
+        places.emplace(tag, static_cast<std::int64_t>(places.size()));
+    if (places.size() != tags.size())
+        throw Failure("two nodes have one number");
+
+    std::ofstream output(job.output, std::ios::binary);
+    output << "nodes " << tags.size() << '\n';
+    std::vector<std::vector<std::int64_t>> lists;
+    for (int dimension = 0; dimension <= 3; ++dimension) {
+        std::vector<int> types;
+        std::vector<std::vector<std::size_t>> elements;
+        std::vector<std::vector<std::size_t>> nodes;
+        gmsh::model::mesh::getElements(types, elements, nodes, dimension);
+        for (std::size_t i = 0; i < types.size(); ++i) {
+            std::string name;
+            int order = 0;
+            int size = 0;
+            int corners = 0;
+            std::vector<double> local;
+            gmsh::model::mesh::getElementProperties(types[i], name, dimension, order, size, local, corners);
+            output << "elements " << size << ' ' << elements[i].size() << ' ' << name << '\n';
+            std::vector<std::int64_t>& list = lists.emplace_back();
+            list.reserve(nodes[i].size());
+            for (const std::size_t tag : nodes[i])
+                list.push_back(places.at(tag));
+        }
+    }
+    output << '\n';
+    write_items(output, coordinates);
+    for (const auto& list : lists)
+        write_items(output, list);
+    output.close();
+    if (!output)
+        throw Failure("a temporary file cannot be written");
+}
+
 /** Puts triangles on the faces of the solids. */
 void triangulate(double size)
 {
@@ -284,6 +343,8 @@ int main(int argc, char** argv)
             write_file(job);
         else if (job.kind == "quality")
             measure_mesh(job);
+        else if (job.kind == "arrays")
+            write_arrays(job);
         else
             read_mesh(job);
         return true;

@@ -12,14 +12,17 @@ command_names()                     the names of the commands
 declaration(command)                what it declares, as nested dictionaries; None if there is no such command
 write_line(command, form, clauses)  the command line; each clause is None or has a list of words for each parameter
 quote_word(text)                    the text as one word of a command line
-call_line(line, function)           runs it and returns its value; CommandError if it fails
+call_line(line, function, quiet)    runs it and returns its value; CommandError if it fails. Quiet is one whose
+                                    output nobody has asked for
 entity_kinds()                      the kinds of entities that have properties
 entity_properties(kind)             these, as dictionaries
 entity_name(kind, key)              the entity's name; empty if it is gone
 entity_value(kind, key, property, arguments)
+draw(names, mesh, width, height)    a picture as the bytes of a PNG file
 python_source(file)                 another text that lies beside this one
 """
 
+import collections
 import difflib
 import functools
 import inspect
@@ -152,6 +155,47 @@ def make_entity(kind, key):
     entity._key = key
     entity._last_name = entity_name(kind, key)
     return entity
+
+
+@functools.cache
+def record_class(name, fields):
+    """The class of the records of a name: plain values that are gone with the last look at them."""
+    made = collections.namedtuple(class_name(name), fields, module="fennar")
+    made.__doc__ = f"A {name}: {', '.join(fields)}."
+    return made
+
+
+def make_record(name, fields):
+    """Called by the application for a value with named parts."""
+    return record_class(name, tuple(fields))(**fields)
+
+
+def record_types():
+    """The records that properties have and commands return, by the names of their classes."""
+    found = {}
+
+    def search(declared):
+        if declared["kind"] == "Record":
+            found[class_name(declared["entity"])] = declared
+        for inner in [declared["of"]] if "of" in declared else declared.get("fields", {}).values():
+            search(inner)
+
+    for kind in entity_kinds():
+        for declared in entity_properties(kind):
+            search(declared["type"])
+    for command in command_names():
+        search(commands.describe(command).declared["result"])
+    return found
+
+
+def make_array(buffer):
+    """Called by the application for many numbers. The array looks at them where they are."""
+    try:
+        import numpy
+    except ImportError as error:
+        raise ImportError("nodes and elements are arrays of NumPy, which is not installed (Debian: python3-numpy)",
+                          name="numpy") from error
+    return numpy.asarray(buffer)
 
 
 # --- Arguments ---------------------------------------------------------------------------------------------------
@@ -388,6 +432,11 @@ class CommandDescription:
         form = self.choose_form(given)
         return write_line(self.command, form.index, form.values(given, self.command))
 
+    def is_quiet(self, keywords):
+        """Whether a call says enough by what it returns or does. Without a window nothing is printed then."""
+        says_by_doing = self.declared["result"]["kind"] != "Nothing" or self.declared["changes_model"]
+        return says_by_doing and not keywords.get("verbose")
+
     def document(self):
         """The text that help() shows."""
         declared = self.declared
@@ -443,7 +492,10 @@ def type_text(declared):
     if kind in ("List", "Map"):
         inner = type_text(declared["of"])
         return f"a list, each {inner}" if kind == "List" else f"a dictionary, each value {inner}"
-    return {"Number": "a number", "WholeNumber": "a whole number", "Text": "a text"}.get(kind, "None")
+    if kind == "Record":
+        return f"a {declared['entity']}"
+    words = {"Number": "a number", "WholeNumber": "a whole number", "Text": "a text", "Array": "an array of NumPy"}
+    return words.get(kind, "None")
 
 
 class Commands:
@@ -490,7 +542,7 @@ def make_function(name, command):
         described = commands.describe(command)
         # Of a command that is gone the application knows where it could come from.
         line = described.line(arguments, keywords) if described else command
-        return call_line(line, f"fennar.{name}()")
+        return call_line(line, f"fennar.{name}()", bool(described) and described.is_quiet(keywords))
 
     described = commands.describe(command)
     function.__name__ = function.__qualname__ = name
@@ -523,6 +575,9 @@ def get_attribute(name):
         for kind in entity_kinds():
             if class_name(kind) == name:
                 return entity_class(kind)
+        declared = record_types().get(name)
+        if declared:
+            return record_class(declared["entity"], tuple(declared["fields"]))
     near = difflib.get_close_matches(name, list_attributes(), 1) if not name.startswith("_") else []
     remedy = f". Did you mean: '{near[0]}'?" if near else ""
     # The name is told, so that Python itself adds no remedy.
@@ -531,7 +586,8 @@ def get_attribute(name):
 
 def list_attributes():
     commands.refresh()
-    return sorted({*vars(module), *SWEEPS, *commands.names, *(class_name(kind) for kind in entity_kinds())})
+    classes = {*map(class_name, entity_kinds()), *record_types()}
+    return sorted({*vars(module), *SWEEPS, *commands.names, *classes})
 
 
 @functools.cache
@@ -546,8 +602,12 @@ def stubs():
     return stub_maker()()
 
 
+exec(compile(python_source("view.py"), __file__, "exec"))
+
 module.ArgumentError = ArgumentError
 module.Entity = Entity
+module.Picture = Picture
+module.view = view
 TAKEN = frozenset(vars(module)) | frozenset(SWEEPS)
 module._stubs = stubs
 module.__getattr__ = get_attribute

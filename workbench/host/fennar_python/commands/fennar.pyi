@@ -14,7 +14,13 @@ from collections.abc import Iterable as _Iterable
 from collections.abc import Sequence as _Sequence
 from typing import Any as _Any
 from typing import Literal as _Literal
+from typing import NamedTuple as _NamedTuple
 from typing import overload as _overload
+
+import numpy as _numpy
+from numpy.typing import NDArray as _Array
+
+__version__: str
 
 class CommandError(Exception):
     """A command of the application failed."""
@@ -32,6 +38,14 @@ class Entity:
     kind: str
     @property
     def name(self) -> str: ...
+
+class Picture:
+    """A picture, which a notebook shows."""
+    png: bytes
+    size: tuple[int, int]
+    def __init__(self, png: bytes, size: tuple[int, int]) -> None: ...
+    def save(self, path: str | _os.PathLike[str]) -> None: ...
+    def _repr_png_(self) -> bytes: ...
 
 class PyAction:
     """An entry for add_to_menu(). Raises RuntimeError while there is no main window."""
@@ -90,6 +104,11 @@ def sweep(journal: str | _os.PathLike[str], /, *, client: _Any = None, workers: 
 def cmd(text: str) -> None:
     """Runs a command line as though it had been typed, and returns when it is done."""
 
+def view(
+    shown: Solid | Mesh | str | _Iterable[Solid | str] | None = None, size: _Iterable[int] = (640, 480)
+) -> Picture:
+    """Draws a picture of solids or of the mesh, or of all there is."""
+
 def is_loaded() -> bool:
     """Whether there is a main window."""
 
@@ -98,6 +117,12 @@ def add_to_menu(menu: str, actions: _Iterable[PyAction], component: str) -> None
 
 def remove_menu_items(component: str) -> None:
     """Removes what was added under that name."""
+
+class Face(_NamedTuple):
+    """A face."""
+    number: int
+    area: float
+    center: _builtins.list[float]
 
 class Mesh(Entity):
     @property
@@ -112,6 +137,12 @@ class Mesh(Entity):
     @property
     def counts(self) -> _builtins.dict[str, int]:
         """How many nodes and elements of each kind it has"""
+    @property
+    def nodes(self) -> _Array[_numpy.float64]:
+        """Its nodes, a row with x, y and z for each; an array that cannot be written to (mm)"""
+    @property
+    def elements(self) -> _builtins.dict[str, _Array[_numpy.int64]]:
+        """Its elements by their kinds, a row for each with the rows of its nodes, from 0; arrays that cannot be written to"""
     def quality(self, measure: _Literal['ICN', 'IGE']) -> _builtins.dict[str, float]:
         """A measure of its volume elements: min, mean and max"""
 
@@ -131,6 +162,9 @@ class Solid(Entity):
     @property
     def bounding_box(self) -> _builtins.list[_builtins.list[float]]:
         """The least and the greatest corner of the box around it (mm)"""
+    @property
+    def faces(self) -> _builtins.list[Face]:
+        """Its faces, with number (from 1), area (mm²) and center (mm) of each"""
     @property
     def pieces(self) -> int:
         """How many volumes that do not hang together it consists of"""
@@ -774,7 +808,7 @@ def unload(name: Entity | str) -> None:
     Command: unload NAME
     """
 
-def view(side: _Literal['front', 'back', 'left', 'right', 'top', 'bottom', 'iso']) -> None:
+def view_(side: _Literal['front', 'back', 'left', 'right', 'top', 'bottom', 'iso']) -> None:
     """Looks at the solids from that side, and shows all of them.
 
     Front looks along y, right against x, top against z; iso looks from the right, front and above.

@@ -107,13 +107,19 @@ py::dict described(const CommandClause& clause)
 
 py::dict described(const CommandType& type)
 {
-    static constexpr const char* kinds[] = {"Nothing", "Number", "WholeNumber", "Text",
-                                            "List",    "Map",    "Entity"};
+    static constexpr const char* kinds[] = {"Nothing", "Number", "WholeNumber", "Text", "List",
+                                            "Map",     "Entity", "Record",      "Array"};
     py::dict names;
     names["kind"] = kinds[std::size_t(type.kind)];
     names["entity"] = to_python(type.entity);
-    if (!type.of.isEmpty())
+    if (type.kind == CommandType::Kind::Record) {
+        py::dict fields;
+        for (qsizetype i = 0; i < type.of.size(); ++i)
+            fields[to_python(type.names[i])] = described(type.of[i]);
+        names["fields"] = fields;
+    } else if (!type.of.isEmpty()) {
         names["of"] = described(type.of.first());
+    }
     return names;
 }
 
@@ -135,6 +141,7 @@ py::dict described(const Command& command)
     names["usage"] = to_python(command.usage());
     names["forms"] = forms;
     names["result"] = described(command.result);
+    names["changes_model"] = command.changes_model;
     return names;
 }
 
@@ -174,6 +181,32 @@ QList<ClauseValues> clause_values(const py::list& clauses)
     return result;
 }
 
+/** Numbers that Python reads where they are, for as long as it looks at them. */
+struct NumberBuffer
+{
+    CommandValue::Array array;
+
+    py::buffer_info info() const
+    {
+        return std::visit(
+            [this](const auto& numbers) {
+                using Number = typename std::decay_t<decltype(*numbers)>::value_type;
+                constexpr auto size = py::ssize_t(sizeof(Number));
+                const auto columns = py::ssize_t(array.columns);
+                // Python's own types want pointers to what they could write to.
+                return py::buffer_info(
+                    const_cast<Number*>(numbers->data()), size, py::format_descriptor<Number>::format(), 2,
+                    {py::ssize_t(numbers->size()) / columns, columns}, {columns * size, size}, true);
+            },
+            array.numbers);
+    }
+    static void add_to(const py::handle& scope)
+    {
+        py::class_<NumberBuffer>(scope, "_NumberBuffer", py::buffer_protocol(), py::module_local())
+            .def_buffer([](NumberBuffer& buffer) { return buffer.info(); });
+    }
+};
+
 /** The functions that commands.py is given. Its dictionary owns them, the module fennar that one. */
 class Access : public std::enable_shared_from_this<Access>
 {
@@ -207,8 +240,12 @@ public:
         names["quote_word"] =
             py::cpp_function([](const py::str& text) { return to_python(quote_word(to_qstring(text))); });
         names["call_line"] = py::cpp_function(
-            [self, names = py::handle(names)](const py::str& line, const std::string& function) {
-                return self->call_line(names, to_qstring(line), function);
+            [self, names = py::handle(names)](const py::str& line, const std::string& function, bool quiet) {
+                return self->call_line(names, to_qstring(line), function, quiet);
+            });
+        names["draw"] = py::cpp_function(
+            [self, names = py::handle(names)](const py::list& shown, int mesh, int width, int height) {
+                return self->draw(names, {texts(shown), PythonPicture::Mesh(mesh), {width, height}});
             });
         names["entity_kinds"] = py::cpp_function([self] {
             const CommandEntities& entities = self->registry().entities();
@@ -250,15 +287,39 @@ private:
         return to_python(command_line(name, command->forms[form], values));
     }
 
-    py::object call_line(const py::handle& names, const QString& line, const std::string& function) const
+    py::object call_line(const py::handle& names, const QString& line, const std::string& function,
+                         bool quiet) const
     {
         if (mServices.check_caller)
             mServices.check_caller(function.c_str());
         CommandInterpreter::Outcome outcome;
-        without_python_lock([&] { outcome = mServices.call(line); });
+        without_python_lock([&] { outcome = mServices.call(line, quiet); });
+        if (mServices.end_call)
+            mServices.end_call();
         if (outcome.failure)
             raise(names, *outcome.failure);
         return python_value(names, outcome.value);
+    }
+
+    py::bytes draw(const py::handle& names, const PythonPicture& picture) const
+    {
+        registry(); // checks the caller
+        QByteArray file;
+        std::optional<CommandFailure> failure;
+        without_python_lock([&] {
+            try {
+                if (!mServices.picture)
+                    throw CommandError(u"there is nothing to see here"_s);
+                file = mServices.picture(picture);
+            } catch (const CommandError& error) {
+                failure = {error.message(), u"view"_s, 0, error.remedy()};
+            }
+        });
+        if (mServices.end_call)
+            mServices.end_call();
+        if (failure)
+            raise(names, *failure);
+        return {file.constData(), std::size_t(file.size())};
     }
 
     py::object entity_value(const py::handle& names, const QString& kind, const QString& key,
@@ -268,11 +329,18 @@ private:
             if (offered.name != property)
                 continue;
             CommandValue value;
-            try {
-                without_python_lock([&] { value = offered.value(key, arguments); });
-            } catch (const CommandError& error) {
-                raise(names, {error.message(), property, 0, error.remedy()});
-            }
+            std::optional<CommandFailure> failure;
+            without_python_lock([&] {
+                try {
+                    value = offered.value(key, arguments);
+                } catch (const CommandError& error) {
+                    failure = {error.message(), property, 0, error.remedy()};
+                }
+            });
+            if (mServices.end_call)
+                mServices.end_call();
+            if (failure)
+                raise(names, *failure);
             return python_value(names, value);
         }
         throw py::attribute_error(property.toStdString());
@@ -301,15 +369,24 @@ private:
                 result.append(python_value(names, item));
             return result;
         }
-        if (const auto* map = std::get_if<CommandValue::Map>(&value.data)) {
-            py::dict result;
-            for (const auto& [key, item] : *map)
-                result[to_python(key)] = python_value(names, item);
-            return result;
-        }
+        if (const auto* map = std::get_if<CommandValue::Map>(&value.data))
+            return python_dictionary(names, *map);
+        if (const auto* record = std::get_if<CommandValue::Record>(&value.data))
+            return py::object(names["make_record"])(to_python(record->name),
+                                                    python_dictionary(names, record->fields));
+        if (const auto* array = std::get_if<CommandValue::Array>(&value.data))
+            return py::object(names["make_array"])(py::cast(NumberBuffer{*array}));
         if (const auto* entity = std::get_if<CommandValue::EntityReference>(&value.data))
             return py::object(names["make_entity"])(to_python(entity->kind), to_python(entity->key));
         return py::none();
+    }
+
+    static py::dict python_dictionary(const py::handle& names, const CommandValue::Map& map)
+    {
+        py::dict result;
+        for (const auto& [key, item] : map)
+            result[to_python(key)] = python_value(names, item);
+        return result;
     }
 
     PythonCommandServices mServices;
@@ -339,6 +416,7 @@ void add_python_commands(PyObject* module, const PythonCommandServices& services
     names["module"] = fennar;
     names["CommandError"] = fennar.attr("CommandError");
     names["python_source"] = py::cpp_function([](const py::str& name) { return source(to_qstring(name)); });
+    NumberBuffer::add_to(fennar);
     std::make_shared<Access>(services)->add_to(names);
     const py::object code = builtins.attr("compile")(source(u"commands.py"_s), names["__file__"], "exec");
     builtins.attr("exec")(code, names);

@@ -20,7 +20,13 @@ from collections.abc import Iterable as _Iterable
 from collections.abc import Sequence as _Sequence
 from typing import Any as _Any
 from typing import Literal as _Literal
+from typing import NamedTuple as _NamedTuple
 from typing import overload as _overload
+
+import numpy as _numpy
+from numpy.typing import NDArray as _Array
+
+__version__: str
 
 class CommandError(Exception):
     """A command of the application failed."""
@@ -38,6 +44,14 @@ class Entity:
     kind: str
     @property
     def name(self) -> str: ...
+
+class Picture:
+    """A picture, which a notebook shows."""
+    png: bytes
+    size: tuple[int, int]
+    def __init__(self, png: bytes, size: tuple[int, int]) -> None: ...
+    def save(self, path: str | _os.PathLike[str]) -> None: ...
+    def _repr_png_(self) -> bytes: ...
 
 class PyAction:
     """An entry for add_to_menu(). Raises RuntimeError while there is no main window."""
@@ -96,6 +110,11 @@ def sweep(journal: str | _os.PathLike[str], /, *, client: _Any = None, workers: 
 def cmd(text: str) -> None:
     """Runs a command line as though it had been typed, and returns when it is done."""
 
+def view(
+    shown: Solid | Mesh | str | _Iterable[Solid | str] | None = None, size: _Iterable[int] = (640, 480)
+) -> Picture:
+    """Draws a picture of solids or of the mesh, or of all there is."""
+
 def is_loaded() -> bool:
     """Whether there is a main window."""
 
@@ -143,7 +162,16 @@ def value_type(declared):
         return f"_builtins.list[{value_type(declared['of'])}]"
     if kind == "Map":
         return f"_builtins.dict[str, {value_type(declared['of'])}]"
+    if kind == "Record":
+        return class_name(declared["entity"])
+    if kind == "Array":
+        return f"_Array[_numpy.{'float64' if declared['of']['kind'] == 'Number' else 'int64'}]"
     return {"Number": "float", "WholeNumber": "int", "Text": "str"}.get(kind, "None")
+
+
+def record_lines(name, declared):
+    lines = [f"class {name}(_NamedTuple):", f'    """A {declared["entity"]}."""']
+    return lines + [f"    {field}: {value_type(inner)}" for field, inner in declared["fields"].items()]
 
 
 def text_lines(text, indent):
@@ -193,6 +221,8 @@ def class_lines(kind):
 def stubs():
     commands.refresh()
     lines = []
+    for name, declared in sorted(record_types().items()):
+        lines += ["", *record_lines(name, declared)]
     for kind in entity_kinds():
         lines += ["", *class_lines(kind)]
     for name, command in sorted(commands.names.items()):

@@ -22,6 +22,20 @@ bool CommandType::fits(const CommandValue& value) const
                    return of.first().fits(item.second);
                });
     }
+    case Kind::Record: {
+        const auto& record = std::get<CommandValue::Record>(value.data);
+        qsizetype i = 0;
+        return record.name == entity && record.fields.size() == of.size() &&
+               std::all_of(record.fields.begin(), record.fields.end(), [this, &i](const auto& field) {
+                   const qsizetype at = i++;
+                   return field.first == names.value(at) && of[at].fits(field.second);
+               });
+    }
+    case Kind::Array: {
+        const auto& array = std::get<CommandValue::Array>(value.data);
+        return of.size() == 1 &&
+               of.first().kind == (array.numbers.index() == 0 ? Kind::Number : Kind::WholeNumber);
+    }
     case Kind::Entity:
         return std::get<CommandValue::EntityReference>(value.data).kind == entity;
     default:
@@ -42,4 +56,19 @@ CommandType list_type(const CommandType& of)
 CommandType map_type(const CommandType& of)
 {
     return {.kind = CommandType::Kind::Map, .of = {of}};
+}
+
+CommandType array_type(CommandType::Kind of)
+{
+    return {.kind = CommandType::Kind::Array, .of = {{.kind = of}}};
+}
+
+CommandType record_type(const QString& name, const QList<std::pair<QString, CommandType>>& fields)
+{
+    CommandType type{.kind = CommandType::Kind::Record, .entity = name};
+    for (const auto& [field, kind] : fields) {
+        type.names << field;
+        type.of << kind;
+    }
+    return type;
 }

@@ -7,9 +7,12 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
+#include <memory>
 #include <utility>
 #include <variant>
+#include <vector>
 
 /**
  * What a command returns, or a property of an entity is, to a caller that is a program.
@@ -35,8 +38,27 @@ struct FENNAR_CORE_EXPORT CommandValue
     /** Values with names, in their order. */
     using Map = QList<std::pair<QString, CommandValue>>;
 
+    /** Values of kinds that are known, with names: what has too little to it to be an entity. */
+    struct Record
+    {
+        /** As CommandType::entity. */
+        QString name;
+        /** In the order of the type. */
+        Map fields;
+    };
+    /** Many numbers, in rows of equal length. Those who look at them share them: they never change. */
+    struct Array
+    {
+        /** One row behind the other; not null. */
+        std::variant<std::shared_ptr<const std::vector<double>>, std::shared_ptr<const std::vector<qint64>>>
+            numbers;
+        /** How many numbers a row has, at least 1. */
+        qsizetype columns = 1;
+    };
+
     /** Nothing at first. */
-    std::variant<std::monostate, double, qint64, QString, List, Map, EntityReference> data = {};
+    std::variant<std::monostate, double, qint64, QString, List, Map, EntityReference, Record, Array> data =
+        {};
 
     /** Whether there is no value. */
     bool is_nothing() const { return data.index() == 0; }
@@ -46,14 +68,16 @@ struct FENNAR_CORE_EXPORT CommandValue
 struct FENNAR_CORE_EXPORT CommandType
 {
     /** As the alternatives of CommandValue, in their order. */
-    enum class Kind { Nothing, Number, WholeNumber, Text, List, Map, Entity };
+    enum class Kind { Nothing, Number, WholeNumber, Text, List, Map, Entity, Record, Array };
 
     /** What the value is. */
     Kind kind = Kind::Nothing;
-    /** The kind of entities, for Entity. */
+    /** The kind of entities, for Entity; what a Record is, as "face". */
     QString entity = {};
-    /** One type, which all values of a List or Map have. */
+    /** One type, which all values of a List, Map or Array have; those of the fields of a Record. */
     QList<CommandType> of = {};
+    /** The names of the fields of a Record. */
+    QStringList names = {};
 
     /** Whether @p value is of this type, to its innermost values. */
     bool fits(const CommandValue& value) const;
@@ -65,3 +89,8 @@ FENNAR_CORE_EXPORT CommandType entity_type(const QString& kind);
 FENNAR_CORE_EXPORT CommandType list_type(const CommandType& of);
 /** The type of a map of such values. */
 FENNAR_CORE_EXPORT CommandType map_type(const CommandType& of);
+/** The type of an array of such numbers, Number or WholeNumber. */
+FENNAR_CORE_EXPORT CommandType array_type(CommandType::Kind of);
+/** The type of a record; each field has a name that an EntityProperty could have, and a type. */
+FENNAR_CORE_EXPORT CommandType record_type(const QString& name,
+                                           const QList<std::pair<QString, CommandType>>& fields);

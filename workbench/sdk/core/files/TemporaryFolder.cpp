@@ -107,7 +107,7 @@ void TemporaryFolder::remove_on_signals()
     std::thread(&wait_for_signal).detach();
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         struct sigaction action = {};
-        if (sigaction(signal, nullptr, &action) != 0 || action.sa_handler == SIG_IGN)
+        if (sigaction(signal, nullptr, &action) != 0 || action.sa_handler != SIG_DFL)
             continue;
         action = {};
         action.sa_handler = &hand_over;

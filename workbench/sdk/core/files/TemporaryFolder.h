@@ -32,7 +32,8 @@ public:
 
     /**
      * From now on SIGINT, SIGTERM and SIGHUP remove all these folders before they end the program, which they
-     * do as they would by themselves. A signal that is ignored stays so. Called once, by the main function.
+     * do as they would by themselves. A signal that is ignored, or that somebody sees to, stays so. Called
+     * once.
      */
     static void remove_on_signals();
 

@@ -6,11 +6,14 @@
 #include "workbench/sdk/core/export.h"
 #include "workbench/sdk/core/scene/SceneShape.h"
 
+#include <QImage>
 #include <QList>
 #include <QObject>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <map>
 #include <memory>
 
@@ -83,6 +86,14 @@ public:
 
     /** Whether shapes or meshes that viewers want are still to come. */
     bool is_awaited() const { return mWorkers > 0; }
+    /** Draws a scene, all of it, from a standard direction, so large; null if that fails. It needs no window.
+     */
+    using Painter = std::function<QImage(const Scene& scene, const QSize& size)>;
+    /** Offers to draw pictures, in the place of who has offered it before; null for nobody. */
+    void set_painter(const Painter& painter) { mPainter = painter; }
+    /** Null if nobody offers it. */
+    const Painter& painter() const { return mPainter; }
+
     /** To be called by an owner of items when it begins to make what viewers want. */
     void begin_work();
     /** To be called when all of it is there or nobody wants it; once for each begin_work(). */
@@ -101,4 +112,5 @@ private:
     int mLastId = 0;
     int mViewers = 0;
     int mWorkers = 0;
+    Painter mPainter;
 };

@@ -4,13 +4,19 @@
 #include "support/TestCase.h"
 #include "workbench/components/geometry/commands/geometry_commands.h"
 #include "workbench/components/geometry/commands/geometry_entities.h"
+#include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/geometry/model/ModelSteps.h"
+#include "workbench/components/geometry/programs/mesh_arrays.h"
 #include "workbench/sdk/core/commands/ApplicationServices.h"
+#include "workbench/sdk/core/commands/CommandError.h"
 #include "workbench/sdk/core/commands/CommandSession.h"
+#include "workbench/sdk/core/commands/Fennar.h"
+#include "workbench/sdk/core/commands/Interrupt.h"
 
 #include <QTest>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -68,6 +74,21 @@ private:
         return numbers;
     }
 
+    /** The volume of a tetrahedron, positive if its nodes are in the usual order. */
+    static double tetrahedron(const std::vector<double>& nodes, const qint64* corners)
+    {
+        const auto at = [&](int corner) {
+            const std::size_t i = std::size_t(corners[corner]) * 3;
+            return Point3{nodes.at(i), nodes.at(i + 1), nodes.at(i + 2)};
+        };
+        const Point3 a = at(1) - at(0);
+        const Point3 b = at(2) - at(0);
+        const Point3 c = at(3) - at(0);
+        return (c.x * (a.y * b.z - a.z * b.y) + c.y * (a.z * b.x - a.x * b.z) +
+                c.z * (a.x * b.y - a.y * b.x)) /
+               6;
+    }
+
     std::unique_ptr<GeometryModel> mModel;
     std::unique_ptr<CommandSession> mSession;
     ApplicationServices mServices;
@@ -114,6 +135,111 @@ private slots:
         QCOMPARE(numbers(property(brick, u"bounding_box"_s)), (QList<double>{9.5, -1, -2, 10.5, 1, 2}));
         QCOMPARE(std::get<qint64>(property(brick, u"pieces"_s).data), 1);
         QCOMPARE(std::get<qint64>(property(brick, u"id"_s).data), 1);
+    }
+
+    void faces_have_numbers_areas_and_centers()
+    {
+        const auto brick = std::get<Reference>(value(u"brick 1 2 4 at 10 0 0"_s).data);
+        const auto faces = std::get<CommandValue::List>(property(brick, u"faces"_s).data);
+        QCOMPARE(faces.size(), 6);
+        QList<QList<double>> found;
+        for (qsizetype i = 0; i < faces.size(); ++i) {
+            const auto& fields = std::get<CommandValue::Record>(faces[i].data).fields;
+            QCOMPARE(std::get<qint64>(fields[0].second.data), i + 1);
+            found << numbers(fields[1].second) + numbers(fields[2].second);
+        }
+        std::sort(found.begin(), found.end());
+        QCOMPARE(found, (QList<QList<double>>{{2, 10, 0, -2},
+                                              {2, 10, 0, 2},
+                                              {4, 10, -1, 0},
+                                              {4, 10, 1, 0},
+                                              {8, 9.5, 0, 0},
+                                              {8, 10.5, 0, 0}}));
+    }
+
+    void mesh_has_nodes_and_elements()
+    {
+        value(u"brick 1 2 4"_s);
+        const auto mesh = std::get<Reference>(value(u"mesh size 1"_s).data);
+        const auto nodes = std::get<CommandValue::Array>(property(mesh, u"nodes"_s).data);
+        const auto& points = *std::get<0>(nodes.numbers);
+        QCOMPARE(nodes.columns, 3);
+        QCOMPARE(qint64(points.size()), 3 * mModel->mesh()->nodes);
+        const auto elements = std::get<CommandValue::Map>(property(mesh, u"elements"_s).data);
+        QCOMPARE(elements.size(), mModel->mesh()->elements.size());
+        double volume = 0;
+        for (qsizetype i = 0; i < elements.size(); ++i) {
+            QCOMPARE(elements[i].first, mModel->mesh()->elements[i].kind);
+            const auto array = std::get<CommandValue::Array>(elements[i].second.data);
+            const auto& corners = *std::get<1>(array.numbers);
+            QCOMPARE(qint64(corners.size()), mModel->mesh()->elements[i].count * array.columns);
+            for (std::size_t at = 0; array.columns == 4 && at < corners.size(); at += 4)
+                volume += tetrahedron(points, &corners[at]);
+        }
+        QCOMPARE(std::round(volume * 1e6) / 1e6, 8);
+        // Asked for again, they are where they were.
+        QCOMPARE(std::get<0>(std::get<CommandValue::Array>(property(mesh, u"nodes"_s).data).numbers),
+                 std::get<0>(nodes.numbers));
+    }
+
+    void damaged_mesh_is_an_error_of_the_property_data()
+    {
+        QTest::addColumn<QByteArray>("msh");
+        QTest::newRow("no mesh") << QByteArray("not a mesh");
+        QTest::newRow("cut off") << QByteArray("$MeshFormat\n4.1 1 8\n");
+    }
+    void damaged_mesh_is_an_error_of_the_property()
+    {
+        QFETCH(const QByteArray, msh);
+        value(u"brick 1"_s);
+        value(u"mesh size 1"_s);
+        auto mesh = std::make_shared<Mesh>(*mModel->mesh());
+        mesh->number = Mesh::new_number();
+        mesh->msh = msh;
+        mModel->set_mesh(mesh);
+        const Reference entity{u"mesh"_s, QString::number(mesh->number)};
+        QVERIFY_THROWS_EXCEPTION(CommandError, property(entity, u"elements"_s));
+    }
+
+    void user_can_end_what_a_property_waits_for()
+    {
+        value(u"brick 1"_s);
+        const auto mesh = std::get<Reference>(value(u"mesh size 1"_s).data);
+        Fennar::instance().application().turn = &request_interrupt;
+        QVERIFY_THROWS_EXCEPTION(CommandError, property(mesh, u"nodes"_s));
+        QVERIFY_THROWS_EXCEPTION(CommandError, property(mesh, u"quality"_s, {u"ICN"_s}));
+        Fennar::instance().application().turn = nullptr;
+        QVERIFY(!interrupt_requested());
+        QCOMPARE(std::get<CommandValue::Array>(property(mesh, u"nodes"_s).data).columns, 3);
+    }
+
+    void unpacked_arrays_are_whole_data()
+    {
+        QTest::addColumn<QByteArray>("data");
+        const auto bytes = [](const auto&... numbers) {
+            QByteArray data;
+            (data.append(reinterpret_cast<const char*>(&numbers), qsizetype(sizeof numbers)), ...);
+            return data;
+        };
+        const QByteArray point = bytes(1.0, 2.0, 3.0);
+        QTest::newRow("nothing") << QByteArray();
+        QTest::newRow("no numbers") << QByteArray("nodes 1\n\n");
+        QTest::newRow("too many numbers") << "nodes 1\n\n" + point + 'x';
+        QTest::newRow("no end of the lines") << QByteArray("nodes 0\n");
+        QTest::newRow("below 0") << QByteArray("nodes -1\n\n");
+        QTest::newRow("more than can be counted") << "nodes 9223372036854775807\n\n" + point;
+        QTest::newRow("elements of no nodes") << "nodes 1\nelements 0 1 Point\n\n" + point;
+        QTest::newRow("elements of too many nodes")
+            << "nodes 1\nelements 9223372036854775807 2 Point\n\n" + point + bytes(qint64(0));
+        QTest::newRow("node that is not there")
+            << "nodes 1\nelements 1 1 Point\n\n" + point + bytes(qint64(1));
+        QTest::newRow("node below 0") << "nodes 1\nelements 1 1 Point\n\n" + point + bytes(qint64(-1));
+        QTest::newRow("other words") << "nodes 1\nvolumes 1 1 Point\n\n" + point + bytes(qint64(0));
+    }
+    void unpacked_arrays_are_whole()
+    {
+        QFETCH(const QByteArray, data);
+        QVERIFY_THROWS_EXCEPTION(GeometryError, unpack_arrays(data));
     }
 
     void key_of_a_solid_outlives_its_name_and_undo()

@@ -25,6 +25,9 @@ private slots:
             {.data = CommandValue::List{{.data = 1.5}}},
             {.data = CommandValue::Map{{u"a"_s, {.data = 1.5}}}},
             {.data = CommandValue::EntityReference{u"solid"_s, u"1"_s}},
+            {.data = CommandValue::Record{u"face"_s, {{u"number"_s, {.data = qint64(1)}}}}},
+            {.data = CommandValue::Array{std::make_shared<const std::vector<double>>(6), 3}},
+            {.data = CommandValue::Array{std::make_shared<const std::vector<qint64>>(6), 3}},
         };
         const CommandType number{.kind = Kind::Number};
         const QList<CommandType> types{
@@ -35,6 +38,9 @@ private slots:
             list_type(number),
             map_type(number),
             entity_type(u"solid"_s),
+            record_type(u"face"_s, {{u"number"_s, {.kind = Kind::WholeNumber}}}),
+            array_type(Kind::Number),
+            array_type(Kind::WholeNumber),
         };
         for (qsizetype i = 0; i < values.size(); ++i)
             for (qsizetype j = 0; j < types.size(); ++j)
@@ -49,6 +55,13 @@ private slots:
         QVERIFY(list_type({.kind = Kind::Number}).fits({.data = CommandValue::List()}));
         QVERIFY(
             !map_type(list_type({.kind = Kind::Number})).fits({.data = CommandValue::Map{{u"a"_s, texts}}}));
+        const CommandValue face{.data =
+                                    CommandValue::Record{u"face"_s, {{u"number"_s, {.data = qint64(1)}}}}};
+        for (const CommandType& type :
+             {record_type(u"edge"_s, {{u"number"_s, {.kind = Kind::WholeNumber}}}),
+              record_type(u"face"_s, {{u"id"_s, {.kind = Kind::WholeNumber}}}), record_type(u"face"_s, {}),
+              record_type(u"face"_s, {{u"number"_s, {.kind = Kind::Number}}})})
+            QVERIFY(!type.fits(face));
         QVERIFY(!entity_type(u"mesh"_s).fits({.data = CommandValue::EntityReference{u"solid"_s, u"1"_s}}));
     }
 

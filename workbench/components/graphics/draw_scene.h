@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Ostrel developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include "workbench/sdk/core/scene/Scene.h"
+
+/**
+ * Draws a scene without a window and without the help of the display: from the right, front and above, all of
+ * it, in the colors of a light view. To be used as Scene::Painter.
+ */
+QImage draw_scene(const Scene& scene, const QSize& size);
