@@ -106,7 +106,8 @@ class DebianPackage(unittest.TestCase):
     def test_the_module_is_a_package_with_one_shared_object_and_types(self):
         self.assertEqual({re.sub(r"^/usr/lib/python3[.\d]*/[a-z]+-packages/|\.cpython-.*(?=\.so)", "", path)
                           for path in module.names if "/doc/" not in path},
-                         {"fennar/" + name for name in ("__init__.py", "__init__.pyi", "_build.py", "_engine.so", "py.typed")})
+                         {"fennar/" + name
+                          for name in ("__init__.py", "__init__.pyi", "_build.py", "_engine.so", "py.typed", "sweep.py")})
 
     def test_what_python_compiles_goes_with_the_package(self):
         out = tempfile.mkdtemp(dir=folder)

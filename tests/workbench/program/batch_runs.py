@@ -186,13 +186,13 @@ class BatchRuns(unittest.TestCase):
         self.assertEqual(stat.S_IMODE((self.folder / "run.json").stat().st_mode), 0o640)
         self.assertEqual(sorted(os.listdir(self.folder)), ["part.jou", "run.json"])
 
-    def cancel(self, name, text, signal_number):
-        """Runs a journal until it prints a line, then sends the signal; the process when it has ended."""
+    def cancel(self, name, text, until, signal_number):
+        """Runs a journal until it prints the line "until", then sends the signal; the process when it has ended."""
         self.write(name, text)
         process = subprocess.Popen([PROGRAM, "--batch", "--json", "run.json", "--play", name], cwd=self.folder,
                                    env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
         for line in process.stdout:
-            if line == "begun\n":
+            if line == until:
                 break
         process.send_signal(signal_number)
         process.communicate(timeout=PATIENCE)
@@ -200,12 +200,12 @@ class BatchRuns(unittest.TestCase):
 
     def test_signal_cancels_and_the_record_is_written(self):
         self.write("loop.py", "print('begun')\nwhile True: pass\n")
-        for name, text, signal_number, line in [
-                ("mesh.jou", "brick 10\npython \"print('begun')\"\nmesh size 0.05\n", signal.SIGTERM, 3),
-                ("script.jou", "echo one\nplay loop.py\n", signal.SIGINT, 2),
-                ("loop.py", (self.folder / "loop.py").read_text(), signal.SIGINT, None)]:
+        for name, text, until, signal_number, line in [
+                ("mesh.jou", "brick 10\nmesh size 0.05\n", "Fennar>mesh size 0.05\n", signal.SIGTERM, 2),
+                ("script.jou", "echo one\nplay loop.py\n", "begun\n", signal.SIGINT, 2),
+                ("loop.py", (self.folder / "loop.py").read_text(), "begun\n", signal.SIGINT, None)]:
             with self.subTest(name=name):
-                process = self.cancel(name, text, signal_number)
+                process = self.cancel(name, text, until, signal_number)
                 self.assertEqual(process.returncode, -signal_number)
                 record = self.record()
                 self.assertEqual(record["status"], "cancelled")
