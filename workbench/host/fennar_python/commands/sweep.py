@@ -374,6 +374,7 @@ def run_on(client: Any, cases: list[Case]) -> Iterator[tuple[int, Record]]:
     sweep_id = uuid.uuid4().hex[:8]
     indices: dict[str, int] = {}
     tries = [0] * len(cases)
+    suspects: dict[int, str] = {}
 
     def submit(index: int) -> Any:
         tries[index] += 1
@@ -398,7 +399,16 @@ def run_on(client: Any, cases: list[Case]) -> Iterator[tuple[int, Record]]:
                 futures[index] = submit(index)
                 ended.add(futures[index])
             else:
-                yield index, crashed(cases[index], f"the worker died: {error or 'the task was cancelled'}", "")
+                suspects[index] = f"the worker died: {error or 'the task was cancelled'}"
+        for index, message in suspects.items():
+            # A worker that dies takes all cases along that it has been given: alone, each shows what it does.
+            if len(suspects) > 1:
+                futures[index] = submit(index)
+                distributed.wait(futures[index])
+                if futures[index].status == "finished":
+                    yield index, futures[index].result()
+                    continue
+            yield index, crashed(cases[index], message, "")
     finally:
         client.cancel(list(futures.values()))
         cloudpickle.unregister_pickle_by_value(module)
