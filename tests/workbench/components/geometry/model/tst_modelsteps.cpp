@@ -252,8 +252,8 @@ void TstModelSteps::texts_count_as_memory()
     run(u"brick 1 name a"_s);
     ModelSteps& steps = mModel->steps();
     steps.set_limit(1 << 20);
-    for (const QChar letter : u"bcdef"_s) {
-        run(u"rename 1 "_s + QString(200'000, letter));
+    for (const char16_t letter : {u'b', u'c', u'd', u'e', u'f'}) {
+        run(u"rename 1 "_s + QString(200'000, QChar(letter)));
         QVERIFY(steps.memory() <= 1 << 20);
     }
     // Two texts of 400,000 bytes each for a command and the name that it took away.
