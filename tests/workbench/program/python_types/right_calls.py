@@ -22,7 +22,7 @@ fennar.export("a.msh", mesh=True)
 fennar.set("size", 2)
 worst: float = fennar.mesh(size=1, algorithm="hxt", threads=2, verbose=True).quality("ICN")["min"]
 mesh = fennar.mesh(size=1)
-heights: list[float] = mesh.nodes[:, 2].tolist()
+height: float = float(mesh.nodes[:, 2].max())
 corners: int = mesh.elements["Tetrahedron 4"].shape[1]
 largest: fennar.Face = max(parts[0].faces, key=lambda face: face.area)
 middle: list[float] = largest.center
