@@ -369,6 +369,8 @@ class Module(unittest.TestCase):
             space = ctypes.create_string_buffer(256)
             make = core._ZN16QCoreApplicationC1ERiPPci
             make.argtypes = [ctypes.c_void_p, ctypes.c_void_p, ctypes.c_void_p, ctypes.c_int]
+            for lasting in (space, count, words):  # Qt looks at them until the very end of the process
+                ctypes.pythonapi.Py_IncRef(ctypes.py_object(lasting))
             make(space, ctypes.byref(count), words, 0x60400)
             def check():
                 assert ctypes.c_void_p.in_dll(core, "_ZN16QCoreApplication4selfE").value == ctypes.addressof(space)
@@ -391,7 +393,7 @@ class Module(unittest.TestCase):
 
     def test_it_is_used_in_the_main_thread_of_the_process_alone(self):
         self.check("""
-            import fennar, os, threading
+            import fennar, os, threading, warnings
             def use(function):
                 try:
                     function()
@@ -404,6 +406,7 @@ class Module(unittest.TestCase):
             in_thread(lambda: fennar.brick(1))
             part = fennar.brick(1)
             in_thread(lambda: fennar.brick(1))
+            warnings.simplefilter("ignore", DeprecationWarning)  # later Pythons warn of a fork where there are threads
             child = os.fork()
             if child == 0:
                 use(lambda: fennar.brick(1))
