@@ -64,6 +64,7 @@ private slots:
     void python_gets_the_errors_of_commands();
     void cancel_button_ends_the_mesher();
     void bar_shows_progress();
+    void bar_stays_as_it_is_for_a_quality_that_is_known();
     void closed_dock_comes_to_no_harm();
     void batch_run_meshes_and_keeps_standard_output_clean();
 
@@ -470,6 +471,21 @@ void TstGeometryComponent::bar_shows_progress()
     QCOMPARE(bar->value(), bar->minimum() - 1);
     QVERIFY(std::is_sorted(values.begin(), values.end()));
     QCOMPARE(bar->format(), u"%p%"_s);
+}
+
+void TstGeometryComponent::bar_stays_as_it_is_for_a_quality_that_is_known()
+{
+    enter(u"brick 1"_s);
+    enter(u"mesh size 1"_s);
+    int changes = 0;
+    auto* bar = Ostrel::instance()->findChild<QProgressBar*>(u"mProgress"_s);
+    connect(bar, &QProgressBar::valueChanged, this, [&] { ++changes; });
+    const QString measured = enter(u"quality"_s);
+    QVERIFY(changes > 0);
+    changes = 0;
+    QCOMPARE(enter(u"quality"_s), measured);
+    QCOMPARE(changes, 0);
+    bar->disconnect(this);
 }
 
 void TstGeometryComponent::closed_dock_comes_to_no_harm()

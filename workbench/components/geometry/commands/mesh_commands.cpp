@@ -104,7 +104,7 @@ void quality(CommandCall& call, const CommandArguments& arguments, Context& cont
 {
     const QString wanted = arguments.text("MEASURE"_L1);
     const Mesh& mesh = last_mesh(call, context);
-    {
+    if (!mesh.quality) {
         LongWork work(call, context.services, "Quality");
         if (!measure_quality(mesh, context.programs, work.listener()))
             throw CommandError(u"cancelled"_s);
