@@ -147,8 +147,12 @@ void Workbench::set_up_commands()
         std::this_thread::sleep_for(pause_interval);
         mFrame.check_interrupt_session(nullptr);
     });
-    fennar.playback().set_python_hook([](const Playback::PythonScript& script) {
-        return PythonRuntime::run_file(script.path, script.source, script.piece);
+    fennar.playback().set_python_hook([this](const Playback::PythonScript& script) {
+        PythonScriptFailure failure;
+        const bool done = PythonRuntime::run_file(script.path, script.source, script.piece, &failure);
+        if (!done && mListener.script_failed)
+            mListener.script_failed(script.path, failure);
+        return done;
     });
     fennar.playback().set_change_directory([] { return Broker::instance()->change_dir_on_playback(); });
     register_python_command(fennar.registry());
@@ -285,7 +289,7 @@ int Workbench::play_batch(const BatchJob& job)
     const bool json = job.record == CommandLine::standard_output;
     return run_batch(json ? stderr : stdout, [&] {
         return play_job(
-            job, mErrorListener, [this](const QString& text) { report_error(text); },
+            job, mListener, [this](const QString& text) { report_error(text); },
             [this] { return mQuitting; });
     });
 }
@@ -331,8 +335,8 @@ void Workbench::set_console(OutputHandler* window)
 
 void Workbench::report_error(const QString& text)
 {
-    if (mErrorListener)
-        mErrorListener(text);
+    if (mListener.error)
+        mListener.error(text);
     if (!mConsole) {
         // That "quit" has stopped the journal it stands in is what was asked for.
         if (mProcess.error_output)

@@ -161,8 +161,8 @@ private:
     QSettings mSettings;
     /** What to tell the user once there is a place for it. */
     QStringList mErrors;
-    /** Is told of each error of a batch run. */
-    std::function<void(const QString&)> mErrorListener;
+    /** Of a batch run. */
+    BatchListener mListener;
     MainFrame mFrame;
     std::unique_ptr<LineInterpreter> mCommands;
     std::unique_ptr<LineInterpreter> mPython;

@@ -135,15 +135,55 @@ class BatchRuns(unittest.TestCase):
         self.assertEqual([one["failed"] for one in record["commands"]], [False, True, False, True])
         self.assertIn("ERROR: inner.jou:4", run.stderr)
 
-    def test_failure_of_a_script_is_its_last_line(self):
-        self.write("bad.py", "fennar.brick(1)\ntry:\n    fennar.brick(-1)\nexcept fennar.CommandError:\n    pass\n"
-                             "fennar.brick(2)\nraise ValueError('wrong')\n")
-        run = self.run_program("--batch", "--json", "run.json", "--play", "bad.py")
-        self.assertEqual(run.returncode, 1)
-        record = self.record()
-        self.assertEqual(record["status"], "failed")
-        self.assertEqual([one["failed"] for one in record["commands"]], [False, True, False])
-        self.assertEqual((record["failure"]["message"], record["failure"]["line"]), ("ValueError: wrong", None))
+    def test_failure_of_a_script_has_its_line(self):
+        brick = "width: expected a number from 1e-05 to 1e+06, found 'x'"
+        self.write("helper.py", "def fail():\n    raise ValueError('wrong')\n")
+        self.write("inner.jou", "echo one\nbrick 0\n")
+        self.write("inner.py", "\n\n1 / 0\n")
+        start = "import fennar, sys\nsys.path.append('.')\nimport helper\n"
+        for script, message, command, file, line, text in [
+                ("try:\n    fennar.brick(-1)\nexcept fennar.CommandError:\n    pass\nraise ValueError('wrong')", "ValueError: wrong",
+                 None, "bad.py", 8, "raise ValueError('wrong')"),
+                ("def f():\n    helper.fail()\nf()", "ValueError: wrong", None, "bad.py", 5, "helper.fail()"),
+                ("fennar.brick(1)\nfennar.brick(0)", "expected a width", "brick", "bad.py", 5, "fennar.brick(0)"),
+                ("fennar.cmd('brick 0')", "expected a width", "brick", "bad.py", 4, "fennar.cmd('brick 0')"),
+                ("fennar.brick('x')", brick, "brick", "bad.py", 4, "fennar.brick('x')"),
+                ("try:\n    fennar.brick(0)\nfinally:\n    fennar.echo('end')", "expected a width", "brick", "bad.py", 5,
+                 "fennar.brick(0)"),
+                ("x = = 1", "SyntaxError: invalid syntax", None, "bad.py", 4, "x = = 1"),
+                ("sys.exit(3)", "SystemExit: 3", None, "bad.py", 4, "sys.exit(3)"),
+                ("raise ValueError('two\\nlines')", "ValueError: two lines", None, "bad.py", 4, "raise ValueError('two\\nlines')"),
+                ("fennar.play('inner.jou')", "expected a width", "brick", "inner.jou", 2, "brick 0"),
+                ("fennar.play('inner.py')", "ZeroDivisionError: division by zero", None, "inner.py", 3, "1 / 0"),
+                ("try:\n    fennar.play('inner.jou')\nexcept fennar.CommandError:\n    fennar.brick('x')", brick, "brick", "bad.py",
+                 7, "fennar.brick('x')")]:
+            with self.subTest(script=script):
+                self.write("bad.py", start + script + "\n")
+                run = self.run_program("--batch", "--json", "run.json", "--play", "bad.py")
+                self.assertEqual(run.returncode, 1)
+                record = self.record()
+                failure = record["failure"]
+                self.assertEqual(record["status"], "failed")
+                self.assertTrue(failure["message"].startswith(message), failure)
+                self.assertEqual((failure["command"], failure["file"], failure["line"], failure["text"]), (command, file, line, text))
+
+    def test_failure_of_a_script_that_a_journal_plays_has_its_line(self):
+        self.write("bad.py", "\nfennar.brick(0)\n")
+        for line, file, number, text in [("play bad.py", "bad.py", 2, "fennar.brick(0)"),
+                                         ("python 'fennar.brick(0)'", "outer.jou", 2, "python 'fennar.brick(0)'")]:
+            with self.subTest(line=line):
+                self.write("outer.jou", f"echo one\n{line}\n")
+                self.assertEqual(self.run_program("--batch", "--json", "run.json", "--play", "outer.jou").returncode, 1)
+                failure = self.record()["failure"]
+                self.assertEqual((failure["command"], failure["file"], failure["line"], failure["text"]), ("brick", file, number, text))
+
+    def test_faces_of_solids_are_told(self):
+        self.write("part.jou", "brick 1 2 3\n")
+        self.run_program("--batch", "--json", "run.json", "--play", "part.jou")
+        faces = self.record()["commands"][0]["result"]["faces"]
+        self.assertEqual([face["number"] for face in faces], [1, 2, 3, 4, 5, 6])
+        self.assertEqual(sorted(round(face["area"], 9) for face in faces), [2, 2, 3, 3, 6, 6])
+        self.assertTrue(all(len(face["center"]) == 3 for face in faces))
 
     def test_missing_journal_and_model_are_told(self):
         for arguments in (["--play", "none.jou"], ["--play", "none.jou", "none.mdl"]):
@@ -173,6 +213,15 @@ class BatchRuns(unittest.TestCase):
         self.assertEqual(run.returncode, 1)
         self.assertIn("could not be written", run.stderr)
         self.assertNotIn("begun", run.stdout)
+
+    def test_record_that_would_write_over_what_is_read_is_refused(self):
+        self.write("part.jou", PART)
+        (self.folder / "link.jou").symlink_to("part.jou")
+        for record in ("part.jou", "link.jou", "./part.jou"):
+            run = self.run_program("--batch", "--json", record, "--play", "part.jou")
+            self.assertEqual(run.returncode, 2)
+            self.assertIn("would write over", run.stderr)
+        self.assertEqual((self.folder / "part.jou").read_text(encoding="utf-8"), PART)
 
     def test_record_takes_the_place_of_an_older_one_as_a_whole(self):
         self.write("part.jou", "python \"print('inside', open('run.json').read())\"\n")
@@ -212,6 +261,8 @@ class BatchRuns(unittest.TestCase):
                 if line:
                     self.assertEqual(record["commands"][-1]["line"], line)
                     self.assertTrue(record["commands"][-1]["failed"])
+                else:
+                    self.assertEqual((record["failure"]["message"], record["failure"]["line"]), ("KeyboardInterrupt", 2))
 
     def test_crash_leaves_a_record_that_says_it_did_not_end(self):
         self.write("crash.jou", "echo one\npython 'import os; os.abort()'\n")

@@ -3,6 +3,7 @@
 
 #include "workbench/application/playback/RunRecord.h"
 
+#include "workbench/host/fennar_python/PythonRuntime.h"
 #include "workbench/sdk/core/commands/CommandEntities.h"
 #include "workbench/sdk/core/commands/CommandError.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
@@ -48,14 +49,12 @@ QJsonValue json_of(const CommandValue& value, const CommandEntities& entities, b
     return {};
 }
 
-/** Whether values of the type are told: those of other kinds may be large, and are not asked for. */
+/** Whether values of the type are told: arrays are large, and not asked for. */
 bool is_told(const CommandType& type)
 {
     using Kind = CommandType::Kind;
-    const bool known = type.kind == Kind::Number || type.kind == Kind::WholeNumber ||
-                       type.kind == Kind::Text || type.kind == Kind::List || type.kind == Kind::Map ||
-                       type.kind == Kind::Entity;
-    return known && std::all_of(type.of.begin(), type.of.end(), is_told);
+    return type.kind != Kind::Nothing && type.kind != Kind::Array &&
+           std::all_of(type.of.begin(), type.of.end(), is_told);
 }
 
 QJsonObject json_of_entity(const CommandValue::EntityReference& entity, const CommandEntities& entities,
@@ -90,6 +89,18 @@ double seconds(qint64 nanoseconds)
 {
     constexpr double in_a_second = 1e9;
     return double(nanoseconds) / in_a_second;
+}
+
+/** Why and where a run has failed. */
+QJsonObject json_of(const CommandFailure& failure, const CommandRun& run)
+{
+    return {{u"message"_s, failure.message},
+            {u"command"_s, text_or_null(failure.command)},
+            {u"file"_s, text_or_null(run.file)},
+            {u"line"_s, place_or_null(run.failure_line)},
+            {u"column"_s, place_or_null(run.failure_column)},
+            {u"text"_s, text_or_null(run.text)},
+            {u"remedy"_s, text_or_null(failure.remedy)}};
 }
 
 QJsonObject json_of(const std::pair<CommandParameter, QString>& setting, QJsonObject object)
@@ -133,6 +144,19 @@ void RunRecord::add_error(const QString& text)
         mLastError = mLastError.sliced(7);
 }
 
+void RunRecord::add_script_failure(const QString& script, const PythonScriptFailure& failure)
+{
+    // What the script has called may have told a place that is further inside.
+    const bool of_command =
+        failure.command == mLastFailure.command && failure.message == mLastFailure.message;
+    if (of_command && mFailure.value(u"file"_s).isString())
+        return;
+    const QString message = failure.message.isEmpty() ? mLastError : failure.message;
+    mFailure = json_of(
+        CommandFailure{message, failure.command, 0, failure.remedy},
+        CommandRun{.command = {}, .text = failure.text, .file = script, .failure_line = failure.line});
+}
+
 QByteArray RunRecord::text(const QString& status,
                            const QList<std::pair<CommandParameter, QString>>& parameters) const
 {
@@ -144,10 +168,7 @@ QByteArray RunRecord::text(const QString& status,
     if (failed && !mFailure.isEmpty())
         failure = mFailure;
     else if (failed)
-        failure =
-            QJsonObject{{u"message"_s, mLastError}, {u"command"_s, QJsonValue()}, {u"file"_s, QJsonValue()},
-                        {u"line"_s, QJsonValue()},  {u"column"_s, QJsonValue()},  {u"text"_s, QJsonValue()},
-                        {u"remedy"_s, QJsonValue()}};
+        failure = json_of(CommandFailure{mLastError, {}, 0, {}}, {});
     const QJsonObject object{{u"format"_s, u"fennar-run"_s},
                              {u"version"_s, 1},
                              {u"program"_s, QCoreApplication::applicationVersion()},
@@ -160,8 +181,24 @@ QByteArray RunRecord::text(const QString& status,
     return QJsonDocument(object).toJson();
 }
 
+void RunRecord::add_failure(const CommandRun& run)
+{
+    mLastFailure = *run.failure;
+    if (mFailure.isEmpty()) {
+        mFailure = json_of(mLastFailure, run);
+    } else if (!run.file.isEmpty() && !mFailure.value(u"file"_s).isString()) {
+        // A command that Python runs has no place of its own.
+        mFailure[u"file"_s] = run.file;
+        mFailure[u"line"_s] = place_or_null(run.line);
+        mFailure[u"column"_s] = QJsonValue();
+        mFailure[u"text"_s] = run.text;
+    }
+}
+
 void RunRecord::begin(const CommandRun& run)
 {
+    // Nothing runs behind a failure unless a script has dealt with it.
+    mFailure = {};
     mCommands.append(QJsonObject{{u"command"_s, text_or_null(run.command)},
                                  {u"text"_s, run.text},
                                  {u"file"_s, text_or_null(run.file)},
@@ -181,15 +218,9 @@ void RunRecord::end(const CommandRun& run)
     command.insert(u"failed"_s, run.failure.has_value());
     command.insert(u"result"_s, json_of(run.value, mInterpreter.registry().entities()));
     mCommands[begun.index] = command;
-    if (!run.failure)
+    if (run.failure)
+        add_failure(run);
+    else
         mFailure = {};
-    else if (mFailure.isEmpty())
-        mFailure = QJsonObject{{u"message"_s, run.failure->message},
-                               {u"command"_s, text_or_null(run.failure->command)},
-                               {u"file"_s, text_or_null(run.file)},
-                               {u"line"_s, place_or_null(run.failure_line)},
-                               {u"column"_s, place_or_null(run.failure_column)},
-                               {u"text"_s, run.text},
-                               {u"remedy"_s, text_or_null(run.failure->remedy)}};
     mOwnTime += mClock.nsecsElapsed() - now;
 }

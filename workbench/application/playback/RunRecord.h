@@ -17,6 +17,7 @@
 #include <utility>
 
 class CommandEntities;
+struct PythonScriptFailure;
 
 /** What a command has returned, for another program: an entity is an object with its kind, its name and its
  * properties that take no arguments; of an entity within these only kind and name are told. */
@@ -41,6 +42,9 @@ public:
     /** Takes an error that the user is told; the last one stands for the failure if no command has failed. */
     void add_error(const QString& text);
 
+    /** Takes why a Python script has ended; @p script is its name as played. */
+    void add_script_failure(const QString& script, const PythonScriptFailure& failure);
+
     /** The record as it is now: JSON in UTF-8, with a line end. */
     QByteArray text(const QString& status,
                     const QList<std::pair<CommandParameter, QString>>& parameters) const;
@@ -55,6 +59,7 @@ private:
 
     void begin(const CommandRun& run);
     void end(const CommandRun& run);
+    void add_failure(const CommandRun& run);
 
     CommandInterpreter& mInterpreter;
     const QString mJournal;
@@ -62,8 +67,10 @@ private:
     QJsonArray mCommands;
     /** Those that have not ended, the outermost one first. */
     QList<Begun> mBegun;
-    /** Of the innermost command that has failed last, if none has gone well since then. */
+    /** Of the innermost command that has failed last, or of the script that has, if none has begun since. */
     QJsonObject mFailure;
+    /** Of the outermost command that has failed last. */
+    CommandFailure mLastFailure;
     QString mLastError;
     /** How much of the time was spent for the record. */
     qint64 mOwnTime = 0;

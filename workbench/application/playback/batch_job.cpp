@@ -72,8 +72,8 @@ QString not_written(const QString& file, const QString& reason)
 
 } // namespace
 
-int play_job(const BatchJob& job, std::function<void(const QString&)>& errors,
-             const std::function<void(const QString&)>& report, const std::function<bool()>& quitting)
+int play_job(const BatchJob& job, BatchListener& listener, const std::function<void(const QString&)>& report,
+             const std::function<bool()>& quitting)
 {
     if (job.record.isEmpty()) {
         const Outcome outcome = play(job, report);
@@ -88,10 +88,13 @@ int play_job(const BatchJob& job, std::function<void(const QString&)>& errors,
             return 1;
         }
     }
-    errors = [&record](const QString& text) { record.add_error(text); };
+    listener = {[&record](const QString& text) { record.add_error(text); },
+                [&record](const QString& script, const PythonScriptFailure& failure) {
+                    record.add_script_failure(script, failure);
+                }};
     TemporaryFolder::cancel_on_first_signal(&request_interrupt);
-    const auto leave = qScopeGuard([&errors] {
-        errors = nullptr;
+    const auto leave = qScopeGuard([&listener] {
+        listener = {};
         TemporaryFolder::cancel_on_first_signal(nullptr);
     });
     const Outcome outcome = play(job, report);

@@ -156,6 +156,20 @@ int take_turn(void*)
     return 0;
 }
 
+/** What an exception that has ended a script tells a program; nothing if Python cannot tell. */
+PythonScriptFailure told_failure(const py::error_already_set& error, const py::str& file)
+{
+    try {
+        const py::handle support(PythonState::get().support);
+        const py::object trace = error.trace() ? error.trace() : py::none();
+        const py::tuple told = support["tell_failure"](error.value(), trace, file);
+        const auto text = [&told](std::size_t at) { return to_qstring(py::str(told[at])); };
+        return {text(0), text(1), text(2), told[3].cast<qsizetype>(), text(4)};
+    } catch (const py::error_already_set&) {
+        return {}; // the user has interrupted once more
+    }
+}
+
 /** Ends Python's other threads as far as they listen within @p grace. Called and left with Python's lock
  * held. */
 bool end_other_threads(std::chrono::milliseconds grace)
@@ -346,7 +360,8 @@ bool PythonRuntime::request_interrupt()
     return busy;
 }
 
-bool PythonRuntime::run_file(const QString& path, const QString& source, bool piece)
+bool PythonRuntime::run_file(const QString& path, const QString& source, bool piece,
+                             PythonScriptFailure* failure)
 {
     if (!is_ready())
         return false;
@@ -361,7 +376,10 @@ bool PythonRuntime::run_file(const QString& path, const QString& source, bool pi
         py::dict names = py::reinterpret_borrow<py::dict>(user_namespace().dictionary());
         const py::object before = names.attr("get")("__file__"); // that of the program, for a guest
         names["__file__"] = file;
-        const bool done = run_source(names.ptr(), text, file);
+        const bool done = run_source(names.ptr(), text, file, [&](const py::error_already_set& error) {
+            if (failure)
+                *failure = told_failure(error, file);
+        });
         names.attr("pop")("__file__", py::none());
         if (!before.is_none())
             names["__file__"] = before;

@@ -25,6 +25,22 @@ struct PythonCommandFailure
     QString remedy = {};
 };
 
+/** Why a script has ended, for a caller that is a program. */
+struct PythonScriptFailure
+{
+    /** One line: that of the command for fennar.CommandError, otherwise as the last one of the traceback. */
+    QString message = {};
+    /** The command of a fennar.CommandError; empty if it has none, and for other exceptions. */
+    QString command = {};
+    /** As PythonCommandFailure has it. */
+    QString remedy = {};
+    /** The line of the script; within a function of a module, the one that has called it. 0 if there is none.
+     */
+    qsizetype line = 0;
+    /** What stands in that line. */
+    QString text = {};
+};
+
 /** What Python needs of the application. Each may be null; its texts are then dropped, its answer is no. */
 struct PythonHooks
 {
@@ -140,9 +156,11 @@ public:
      * @param path    its file name, for tracebacks and __file__; the file is not read.
      * @param source  its text.
      * @param piece   whether it is a piece of a script: its lines may then all be indented.
+     * @param failure  is told of an exception that has ended it; may be null.
      * @return false if an exception was raised, SystemExit included; it has then been reported.
      */
-    static bool run_file(const QString& path, const QString& source, bool piece = false);
+    static bool run_file(const QString& path, const QString& source, bool piece = false,
+                         PythonScriptFailure* failure = nullptr);
 
     /**
      * The line of the script @p path that run_file() has reached, for the hook for turns; within a function,

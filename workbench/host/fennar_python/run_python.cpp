@@ -23,19 +23,21 @@ void report_unshown(const py::error_already_set& error)
 
 } // namespace
 
-bool run_source(PyObject* names, const py::str& source, const py::str& file)
+bool run_source(PyObject* names, const py::str& source, const py::str& file, const TakeException& raised)
 {
     py::object code;
     try {
         code = py::module_::import("builtins").attr("compile")(source, file, "exec", 0, true);
     } catch (py::error_already_set& error) {
+        if (raised)
+            raised(error);
         report(error, false);
         return false;
     }
-    return run_code(names, code);
+    return run_code(names, code, raised);
 }
 
-bool run_code(PyObject* names, const py::object& code)
+bool run_code(PyObject* names, const py::object& code, const TakeException& raised)
 {
     try {
         const auto result = py::reinterpret_steal<py::object>(PyEval_EvalCode(code.ptr(), names, names));
@@ -43,6 +45,8 @@ bool run_code(PyObject* names, const py::object& code)
             throw py::error_already_set();
         return true;
     } catch (py::error_already_set& error) {
+        if (raised)
+            raised(error);
         // Whoever has called the guest is to stop, too.
         if (PythonState::get().guest && error.matches(PyExc_KeyboardInterrupt))
             PyErr_SetInterrupt();

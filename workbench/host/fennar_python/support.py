@@ -108,6 +108,22 @@ def report(value, trace):
     show_exception(value, trace)
 
 
+def tell_failure(value, trace, file):
+    """What a program is told of an exception that has ended a script: message, command, remedy, line, and its text."""
+    lines = [line for frame, line in traceback.walk_tb(trace) if frame.f_code.co_filename == file]
+    if isinstance(value, SyntaxError) and value.filename == file:
+        lines.append(value.lineno)
+    line = lines[-1] or 0 if lines else 0
+    text = linecache.getline(file, line).strip()
+    if isinstance(value, sys.modules["fennar"].CommandError):
+        message, command, remedy = value.message, value.command, value.remedy
+    else:
+        message, command, remedy = traceback.format_exception_only(value)[0], "", ""
+        if isinstance(value, SyntaxError):
+            message = f"{type(value).__name__}: {value.msg}"
+    return " ".join(str(message).strip().splitlines()), str(command), str(remedy), line, text
+
+
 def remember_source(file, text):
     """Makes tracebacks show the lines of a script as it was run, which need not be those on the disk."""
     linecache.cache[file] = (len(text), None, text.splitlines(keepends=True), file)

@@ -211,6 +211,44 @@ private slots:
         QVERIFY(mRecorder.errors.endsWith(u"SyntaxError: invalid syntax\n"_s));
     }
 
+    void failure_of_a_script_is_told_to_programs_data()
+    {
+        QTest::addColumn<QString>("source");
+        QTest::addColumn<QStringList>("told");
+        const auto row = [](const char* name, const QString& source, const QStringList& told) {
+            QTest::newRow(name) << source << told;
+        };
+        row("within a function", u"def f():\n    return 1 / 0\nf()\n"_s,
+            {u"ZeroDivisionError: division by zero"_s, {}, {}, u"2"_s, u"return 1 / 0"_s});
+        row("within a module", u"import json\njson.loads('{')\n"_s,
+            {u"json.decoder.JSONDecodeError: Expecting property name enclosed in double quotes: line 1 column 2 (char 1)"_s,
+             {},
+             {},
+             u"2"_s,
+             u"json.loads('{')"_s});
+        row("of a command",
+            u"import fennar\nraise fennar.CommandError('no such; try it', 'brick', 7, 'try it')"_s,
+            {u"no such; try it"_s, u"brick"_s, u"try it"_s, u"2"_s,
+             u"raise fennar.CommandError('no such; try it', 'brick', 7, 'try it')"_s});
+        row("that is no Python", u"x = 1\nx = = 1\n"_s,
+            {u"SyntaxError: invalid syntax"_s, {}, {}, u"2"_s, u"x = = 1"_s});
+        row("without a text", u"raise KeyError"_s, {u"KeyError"_s, {}, {}, u"1"_s, u"raise KeyError"_s});
+        row("whose text cannot be told",
+            u"class Odd(Exception):\n    def __str__(self): raise ValueError\nraise Odd"_s,
+            {u"Odd: <exception str() failed>"_s, {}, {}, u"3"_s, u"raise Odd"_s});
+    }
+    void failure_of_a_script_is_told_to_programs()
+    {
+        QFETCH(const QString, source);
+        QFETCH(const QStringList, told);
+        PythonScriptFailure failure;
+        QVERIFY(!PythonRuntime::run_file(u"f.py"_s, source, false, &failure));
+        QCOMPARE((QStringList{failure.message, failure.command, failure.remedy, QString::number(failure.line),
+                              failure.text}),
+                 told);
+        QVERIFY(mRecorder.errors.contains(u"Error"_s) || mRecorder.errors.contains(u"Odd"_s));
+    }
+
     void odd_scripts_data()
     {
         QTest::addColumn<QString>("source");
