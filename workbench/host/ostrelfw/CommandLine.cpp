@@ -4,8 +4,15 @@
 #include "workbench/host/ostrelfw/CommandLine.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
+
+/** Whether the two are names of one file; a device is none. */
+static bool is_file(const QString& one, const QString& other)
+{
+    return QFileInfo(one).isFile() && QFileInfo(one) == QFileInfo(other);
+}
 
 CommandLine::CommandLine(const QStringList& words)
 {
@@ -90,6 +97,8 @@ void CommandLine::check_together()
         mError = u"--set needs a journal: add --play FILE"_s;
     else if (!mBatch && !mRecord.isEmpty())
         mError = u"--json needs --batch"_s;
+    else if (is_file(mRecord, mJournal) || is_file(mRecord, mFile))
+        mError = u"--json would write over \"%1\""_s.arg(mRecord);
 }
 
 void CommandLine::take_file(const QString& word)
