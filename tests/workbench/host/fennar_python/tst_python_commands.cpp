@@ -183,6 +183,12 @@ private slots:
             u"ArgumentError: brick: at: expected 3 values (x, y, z), found 1"_s);
         row("text for a vector", "brick(1, at='123')",
             u"ArgumentError: brick: at: expected 3 values (x, y, z), found '123'"_s);
+        row("set for a vector", "brick(1, at={1, 2, 3})",
+            u"ArgumentError: brick: at: expected 3 values (x, y, z), found {1, 2, 3}"_s);
+        row("list of nothing", "say([])",
+            u"ArgumentError: say: word: expected at least one value, found []"_s);
+        row("lists of nothing", "join([], (), from_='x')",
+            u"ArgumentError: join: word: expected at least one value, found []"_s);
         row("half of what belongs together", "brick(1, 2)",
             u"ArgumentError: brick: depth needs height, too"_s);
         row("number for a name", "brick(1, name=3)", u"ArgumentError: brick: name: expected NAME, found 3"_s);

@@ -22,7 +22,7 @@ draw(names, mesh, width, height)    a picture as the bytes of a PNG file
 python_source(file)                 another text that lies beside this one
 """
 
-import collections
+import collections.abc
 import difflib
 import functools
 import inspect
@@ -292,9 +292,13 @@ class Slot:
         if not self.several:
             parameter = self.parameters[0]
             values = list(value) if self.many and is_group(value) else [value]
+            if not values:
+                # A command that gets none would take all there are.
+                raise wrong_type(self.name, command, "at least one value", value)
             return [[word_of(one, parameter, self.name, command) for one in values]]
         names = ", ".join(parameter["name"].lower() for parameter in self.parameters)
-        values = list(value) if is_group(value) else None
+        in_order = is_group(value) and not isinstance(value, (collections.abc.Mapping, collections.abc.Set))
+        values = list(value) if in_order else None
         if values is None or len(values) != len(self.parameters):
             raise wrong_type(self.name, command, f"{len(self.parameters)} values ({names})", value)
         return [[word_of(one, p, self.name, command)] for one, p in zip(values, self.parameters)]
@@ -368,8 +372,6 @@ def bind(signature, command, arguments, keywords):
     for name, value in bound.arguments.items():
         if signature.parameters[name].kind is Parameter.VAR_POSITIONAL:
             value = [one for group in value for one in (group if is_group(group) else [group])]
-            if not value:
-                continue
         if value is not None:
             given[name] = value
     return given
