@@ -225,11 +225,9 @@ bool Workbench::load()
     // Before components look at journals: what is not saved whole counts as unsaved when these are told.
     mParts = std::make_unique<WindowParts>(
         Ostrel::instance(), mConsole.get(),
-        WindowParts::Services{
-            [this](const QString& command) { run_panel_command(command); },
-            [this](const QString& name) { write_command(name); },
-            [this](const QString& line, qsizetype caret) { return mPython->complete(line, caret); },
-            [this](const QString& text) { report_error(text); }});
+        WindowParts::Services{[this](const QString& command) { run_panel_command(command); },
+                              [this](const QString& name) { write_command(name); }, &complete_python,
+                              [this](const QString& text) { report_error(text); }});
     // The pages of components come below it and go with them; the group stays. Its name sorts behind the
     // pages of the shell, since the dialog opens on the first.
     Ostrel::instance()->options()->add_panel(QCoreApplication::translate("Workbench", "Plugins"), nullptr);

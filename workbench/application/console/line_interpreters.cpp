@@ -34,6 +34,14 @@ public:
     }
 };
 
+LineCompletion completion_of(const PythonConsole::Names& names)
+{
+    LineCompletion completion{.start = names.start, .common = names.common, .hint = names.hint};
+    for (const QString& name : names.names)
+        completion.candidates << LineCompletion::Candidate{name, name};
+    return completion;
+}
+
 class PythonLines : public LineInterpreter
 {
 public:
@@ -45,11 +53,7 @@ public:
     void reset() override { mConsole.reset(); }
     LineCompletion complete(const QString& line, qsizetype caret) override
     {
-        const PythonConsole::Names names = mConsole.complete(line, caret);
-        LineCompletion completion{.start = names.start, .common = names.common, .hint = names.hint};
-        for (const QString& name : names.names)
-            completion.candidates << LineCompletion::Candidate{name, name};
-        return completion;
+        return completion_of(mConsole.complete(line, caret));
     }
 
 private:
@@ -66,4 +70,10 @@ std::unique_ptr<LineInterpreter> make_command_lines()
 std::unique_ptr<LineInterpreter> make_python_lines()
 {
     return std::make_unique<PythonLines>();
+}
+
+LineCompletion complete_python(const QString& line, qsizetype caret, const QString& before)
+{
+    const PythonConsole console(PythonRuntime::user_namespace());
+    return completion_of(console.complete(line, caret, before));
 }

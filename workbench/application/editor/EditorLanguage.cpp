@@ -6,6 +6,7 @@
 #include "journal/JournalEditor.h"
 #include "workbench/application/editor/EditorCompletion.h"
 #include "workbench/application/editor/EditorOptions.h"
+#include "workbench/application/editor/mark_python.h"
 #include "workbench/sdk/component/journal_documents.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
@@ -29,6 +30,28 @@ bool is_python(const QPlainTextEdit* document)
     while (block.isValid() && QStringView(block.text()).trimmed().isEmpty())
         block = block.next();
     return Playback::is_python(block.text());
+}
+
+/** The lines of a Python statement ahead of @p line, from its last line that begins at the margin on. Nothing
+ * of a document that is too long to be looked at for a key. */
+QString begun_statement(const QTextBlock& line)
+{
+    QStringList statement;
+    if (line.document()->characterCount() > DocumentMarks::most_characters(DocumentMarks::Language::Python))
+        return {};
+    PythonString string = PythonString::None;
+    for (QTextBlock block = line.document()->begin();; block = block.next()) {
+        const QString text = block.text();
+        const bool goes_on = text.isEmpty() || text[0].isSpace() || u")]}"_s.contains(text[0]) ||
+                             string != PythonString::None ||
+                             (!statement.isEmpty() && statement.last().endsWith(u'\\'));
+        if (!goes_on)
+            statement.clear();
+        if (block == line)
+            return statement.join(u'\n');
+        statement << text;
+        string = mark_python(text, string).string;
+    }
 }
 
 LineCompletion complete_line(const QTextCursor& caret, CommandInterpreter& interpreter)
@@ -163,6 +186,8 @@ void EditorLanguage::color_commands_again()
 
 LineCompletion EditorLanguage::complete(const QPlainTextEdit* document, const QTextCursor& caret) const
 {
-    return is_python(document) ? mCompletePython(caret.block().text(), caret.positionInBlock())
-                               : complete_line(caret, mInterpreter);
+    if (!is_python(document))
+        return complete_line(caret, mInterpreter);
+    const QTextBlock line = caret.block();
+    return mCompletePython(line.text(), caret.positionInBlock(), begun_statement(line));
 }

@@ -30,8 +30,9 @@ class EditorLanguage : public QObject
     Q_OBJECT
 
 public:
-    /** Completes a line of Python. */
-    using CompletePython = std::function<LineCompletion(const QString& line, qsizetype caret)>;
+    /** Completes a line of Python, of a statement that has begun on the lines @p before. */
+    using CompletePython =
+        std::function<LineCompletion(const QString& line, qsizetype caret, const QString& before)>;
 
     /**
      * @param editor       stays the caller's, and may go earlier.

@@ -55,15 +55,20 @@ PythonConsole::Outcome PythonConsole::enter_one(const QString& line)
 
 PythonConsole::Names PythonConsole::complete(const QString& line, qsizetype caret) const
 {
+    return complete(line, caret, mPending.join(u'\n'));
+}
+
+PythonConsole::Names PythonConsole::complete(const QString& line, qsizetype caret,
+                                             const QString& before) const
+{
     Names result{caret, {}, {}, {}};
     if (!PythonRuntime::running())
         return result;
     const PythonEntry entry;
     const py::handle support(PythonState::get().support);
     try {
-        const QString before = line.first(caret);
-        const py::tuple found = support["complete"](py::handle(mNames.dictionary()), to_python(before),
-                                                    to_python(mPending.join(u'\n')));
+        const py::tuple found = support["complete"](py::handle(mNames.dictionary()),
+                                                    to_python(line.first(caret)), to_python(before));
         const py::str typed = found[0];
         result.start = caret - to_qstring(typed).size();
         for (const py::handle name : py::list(found[1]))

@@ -61,6 +61,9 @@ public:
      * objects, and what a property or __getattr__ would give is not known. None in a string or comment.
      */
     Names complete(const QString& line, qsizetype caret) const;
+    /** As above, for a line that is none of this console's: @p before has those ahead of it in its statement.
+     */
+    Names complete(const QString& line, qsizetype caret, const QString& before) const;
 
     /** Drops the lines of a statement that goes on. What __future__ switched on stays. */
     void reset() { mPending.clear(); }

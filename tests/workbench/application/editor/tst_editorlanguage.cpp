@@ -60,6 +60,8 @@ private slots:
     void long_documents_are_plain_until_they_are_short_again();
     void tab_completes_commands_over_continued_lines();
     void tab_completes_python();
+    void tab_knows_the_lines_ahead_in_a_script();
+    void tab_in_a_script_knows_nothing_of_the_console();
     void tab_indents_at_the_start_of_a_line();
     void saved_options_take_effect();
     void everything_goes_with_it();
@@ -225,6 +227,36 @@ void TstEditorLanguage::tab_completes_python()
     QCOMPARE(document->toPlainText(), u"#!python\nif 1:\n    "_s);
 }
 
+void TstEditorLanguage::tab_knows_the_lines_ahead_in_a_script()
+{
+    const auto completed = [this](const QString& text) {
+        QPlainTextEdit* document = open(u"#!python\n"_s + text);
+        press_tab(document);
+        return document->toPlainText().section(u'\n', 1);
+    };
+    QCOMPARE(completed(u"if 1:\n    fennar.echo(\n        wor"_s),
+             u"if 1:\n    fennar.echo(\n        wor\t"_s);
+    QCOMPARE(completed(u"fennar.play(\n  'a',\n    lin"_s), u"fennar.play(\n  'a',\n    line="_s);
+    QCOMPARE(completed(u"if 1:\n    fennar.play('a',\n\n    lin"_s),
+             u"if 1:\n    fennar.play('a',\n\n    line="_s);
+    QCOMPARE(completed(u"fennar.play('a', \\\nlin"_s), u"fennar.play('a', \\\nline="_s);
+    // Behind a statement, and in a string that has begun above.
+    QCOMPARE(completed(u"fennar.play('a',\nlin"_s), u"fennar.play('a',\nlin\t"_s);
+    QCOMPARE(completed(u"x = '''\nisinst"_s), u"x = '''\nisinst\t"_s);
+    QCOMPARE(completed(u"x = '''\n'''\nisinst"_s), u"x = '''\n'''\nisinstance"_s);
+}
+
+void TstEditorLanguage::tab_in_a_script_knows_nothing_of_the_console()
+{
+    python_mode(true);
+    type(u"x = '''"_s);
+    QPlainTextEdit* document = open(u"#!python\nisinst"_s);
+    press_tab(document);
+    const QString text = document->toPlainText();
+    python_mode(false);
+    QCOMPARE(text, u"#!python\nisinstance"_s);
+}
+
 void TstEditorLanguage::tab_indents_at_the_start_of_a_line()
 {
     QPlainTextEdit* document = open(u"brick \\\n "_s);
@@ -262,7 +294,7 @@ void TstEditorLanguage::everything_goes_with_it()
     QPlainTextEdit* document = current_journal(&other);
     auto language = std::make_unique<EditorLanguage>(
         &other, Fennar::instance().interpreter(),
-        [](const QString&, qsizetype caret) { return LineCompletion{.start = caret}; });
+        [](const QString&, qsizetype caret, const QString&) { return LineCompletion{.start = caret}; });
     flush();
     press_tab(document);
     QCOMPARE(colored(document), QStringList(u"history"_s));
