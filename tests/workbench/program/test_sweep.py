@@ -100,6 +100,8 @@ class Cases(SweepTest):
         self.assertEqual(table[1].parameters, {"label": "drill", "size": 99})
         self.assertEqual([one.status for one in table.failed], ["refused", "failed", "refused"])
         self.assertIn("part.jou:8: cylinder 1 2 name $label", repr(table))
+        (row,) = self.sweep(self.write("bad.py", "\nfennar.brick(0)\n"))
+        self.assertEqual((row.status, row.file, row.line, row.text), ("failed", "bad.py", 2, "fennar.brick(0)"))
 
     def test_crash_costs_its_case_only_and_is_tried_again(self):
         journal = self.write("crash.jou", "parameter label text a\necho one\npython 'import os'\n"
@@ -212,6 +214,7 @@ class Local(SweepTest):
         os.environ["FENNAR_PROGRAM"] = PROGRAM
         self.assertEqual(self.sweep(journal, program=None)[0].status, "done")
         del os.environ["FENNAR_PROGRAM"]
+        self.assertEqual(self.sweep(journal, program=os.path.relpath(PROGRAM))[0].status, "done")
         os.environ["PATH"] = str(links)
         self.assertEqual(self.sweep(journal, program=None)[0].status, "done")
         os.environ["PATH"] = ""
@@ -228,6 +231,11 @@ class Local(SweepTest):
         self.assertEqual([row.parameters["label"] for row in table], texts)
         self.assertEqual({row.status for row in table}, {"done"})
         self.assertEqual([row.record["parameters"]["size"] for row in table], [1e-7] * len(texts))
+
+    def test_parameters_behind_a_text_with_other_line_ends_are_found(self):
+        journal = self.write("part.jou", "parameter label text 'a\u2028b\v'\nparameter size number 1\nset size\n")
+        (row,) = self.sweep(journal, size=2)
+        self.assertEqual((row.status, row.parameters), ("done", {"size": 2, "label": "a\u2028b\v"}))
 
     def test_numpy_values_are_numbers(self):
         try:

@@ -19,6 +19,7 @@ import math
 import numbers
 import os
 import pathlib
+import queue
 import re
 import shutil
 import subprocess
@@ -37,6 +38,8 @@ Record = dict[str, Any]
 # What is final: such a case is not run again when the sweep goes on.
 ENDED = ("done", "failed", "refused")
 PROMPT = "Fennar>"
+# In seconds.
+LONGEST_WAIT = 0.05
 
 
 # --- The table ---------------------------------------------------------------------------------------------------
@@ -202,7 +205,7 @@ def find_program(program: str | None, beside: str | None) -> str:
     if not path:
         what = f'the program "{found}"' if found else "the program fennar"
         raise FileNotFoundError(f"{what} was not found; set program=, or FENNAR_PROGRAM in the environment")
-    return path
+    return os.path.abspath(path)  # the cases run elsewhere
 
 
 def word(value: Value) -> str:
@@ -313,7 +316,7 @@ def plain(name: str, value: Any) -> Value:
 def declared_names(journal: str) -> list[str]:
     """The names of the parameters at the beginning of a journal, as far as they are written plainly."""
     names = []
-    for line in journal.removeprefix("\ufeff").replace("\\\r\n", "").replace("\\\n", "").splitlines():
+    for line in journal.removeprefix("\ufeff").replace("\\\r\n", "").replace("\\\n", "").split("\n"):
         words = line.split()
         if not words or words[0].startswith("#"):
             continue
@@ -351,10 +354,20 @@ def run_here(cases: list[Case], workers: int | None) -> Iterator[tuple[int, Reco
                 process.kill()
 
     pool = concurrent.futures.ThreadPoolExecutor(workers or os.cpu_count() or 1)
+    ended: queue.SimpleQueue[concurrent.futures.Future[Record]] = queue.SimpleQueue()
     try:
-        futures = {pool.submit(run_case, case, started): index for index, case in enumerate(cases)}
-        for future in concurrent.futures.as_completed(futures):
-            yield futures[future], future.result()
+        indices = {}
+        for index, case in enumerate(cases):
+            future = pool.submit(run_case, case, started)
+            indices[future] = index
+            future.add_done_callback(ended.put)
+        while indices:
+            # Not without an end: between two waits the window has its turn, and the user can cancel.
+            try:
+                future = ended.get(timeout=LONGEST_WAIT)
+            except queue.Empty:
+                continue
+            yield indices.pop(future), future.result()
     finally:
         with lock:
             stopped = True
