@@ -6,7 +6,7 @@ import math
 
 LIMIT = 20_000
 
-primes = []
+primes: list[int] = []
 try:
     for number in range(2, LIMIT):
         if all(number % prime for prime in primes if prime <= math.isqrt(number)):
