@@ -347,12 +347,15 @@ void Workbench::report_error(const QString& text)
     mConsole->report_error(text);
 }
 
-void Workbench::echo(const QString& line)
+void Workbench::echo(const QString& line, bool by_python)
 {
+    // A journal can be made of the page's commands. What Python has run of one is indented: the line that it
+    // runs within is there already.
+    const bool python = by_python || (mConsole && mConsole->python_mode());
+    const bool inner = python && Fennar::instance().interpreter().is_running();
     // As output and not as a command of the window: a journal of many lines then reaches the page in few
-    // pieces.
-    OutputRouter::instance().print_line((mConsole ? mConsole->command_page()->prompt() : command_prompt) +
-                                        line);
+    // pieces. With the prompt of commands also in Python mode.
+    OutputRouter::instance().print_line((inner ? u"  "_s : QString()) + command_prompt + line);
 }
 
 void Workbench::announce_output()

@@ -133,6 +133,10 @@ private:
     void end_without_window();
     /** Runs a command line that a function of Python stands for. */
     CommandInterpreter::Outcome call_for_python(const QString& line, bool quiet);
+    /** Python is about to run this: tells the user of the program. */
+    void begin_call(QString text);
+    /** Python has run this without an error: keeps it for the history of another process. */
+    void end_call(const QString& text);
     /** Does work of a batch run, which tells its exit status, with the components loaded. Returns the exit
      * status of the program. */
     int run_batch(std::FILE* output, const std::function<int()>& work);
@@ -140,7 +144,8 @@ private:
     void check_settings();
     void set_console(OutputHandler* window);
     void report_error(const QString& text);
-    void echo(const QString& line);
+    /** Shows a line that is about to run as though it had been typed. @p by_python  Python has called it. */
+    void echo(const QString& line, bool by_python = false);
     void announce_output();
     void set_busy(bool busy);
     void show_progress(const QString& journal, int percent);
@@ -186,7 +191,7 @@ private:
     bool mQuitting = false;
     /** Empty in the program's own process. */
     Process mProcess;
-    /** The lines that Python has run in another. */
+    /** What Python has run in another. */
     QStringList mCalled;
     /** What commands print is dropped. */
     bool mQuiet = false;

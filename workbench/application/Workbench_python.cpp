@@ -36,9 +36,10 @@ void Workbench::set_up_python()
         },
         [this](const QString& line, bool quiet) { return call_for_python(line, quiet); }, hooks.end_call};
     hooks.run_command = [this, commands](const QString& text) {
+        begin_call(text);
         const auto failure = commands.run(text);
-        if (!failure && mProcess.output)
-            mCalled << text;
+        if (!failure)
+            end_call(text);
         return failure;
     };
     hooks.extend = [commands](struct _object* module) { commands.extend(module); };
@@ -58,17 +59,30 @@ void Workbench::set_up_python()
 
 CommandInterpreter::Outcome Workbench::call_for_python(const QString& line, bool quiet)
 {
-    CommandInterpreter& interpreter = Fennar::instance().interpreter();
-    if (!mProcess.output) {
-        // With the prompt of commands also in Python mode: by that the console finds them for a journal.
-        OutputRouter::instance().print_line(command_prompt + line);
-        return interpreter.call(line);
-    }
-    const QScopedValueRollback rollback(mQuiet, quiet);
-    CommandInterpreter::Outcome outcome = interpreter.call(line);
+    begin_call(line);
+    const QScopedValueRollback rollback(mQuiet, quiet && mProcess.output);
+    CommandInterpreter::Outcome outcome = Fennar::instance().interpreter().call(line);
     if (!outcome.failure)
-        mCalled << line;
+        end_call(line);
     return outcome;
+}
+
+void Workbench::begin_call(QString text)
+{
+    if (mProcess.output)
+        return;
+    if (text.endsWith(u'\n'))
+        text.chop(1);
+    const QStringList lines = text.split(u'\n');
+    for (const QString& line : lines)
+        echo(line, true);
+}
+
+void Workbench::end_call(const QString& text)
+{
+    // What runs within another command runs again with that one.
+    if (mProcess.output && !Fennar::instance().interpreter().is_running())
+        mCalled << text;
 }
 
 void Workbench::begin_in(const Process& process)

@@ -108,6 +108,7 @@ private slots:
     void error_names_command_and_column_and_warns_on_the_errors_tab();
     void python_statement_runs_in_python_mode();
     void functions_of_commands_show_the_lines_that_they_stand_for();
+    void lines_that_run_within_another_are_no_commands_of_the_page();
     void failure_of_a_function_is_shown_once();
     void python_loop_over_several_lines_runs_at_the_empty_line();
     void python_traceback_stands_on_the_console();
@@ -285,6 +286,17 @@ void TstWorkbench::functions_of_commands_show_the_lines_that_they_stand_for()
     QVERIFY2(page()->getCommands().contains(u"echo \"a  b\" 5"_s), qPrintable(text()));
 }
 
+void TstWorkbench::lines_that_run_within_another_are_no_commands_of_the_page()
+{
+    type(u"python \"fennar.echo('one'); fennar.cmd('echo two\\\\necho three')\""_s);
+    QCOMPARE(text().section(u'\n', 1),
+             u"  Fennar>echo one\none\n  Fennar>echo two\n  Fennar>echo three\ntwo\nthree\nFennar>"_s);
+    python_mode(true);
+    page()->clearToPrompt();
+    type(u"fennar.play('%1')"_s.arg(write_temp(u"inner.jou"_s, "echo of a journal\n")));
+    QVERIFY2(text().endsWith(u"\n  Fennar>echo of a journal\nof a journal\n>>>"_s), qPrintable(text()));
+}
+
 void TstWorkbench::failure_of_a_function_is_shown_once()
 {
     python_mode(true);
@@ -340,7 +352,9 @@ void TstWorkbench::snippet_runs_in_python_mode()
     python_mode(true);
     QTest::keyClick(page(), Qt::Key_T, Qt::ControlModifier);
     type(u"'echo from python'"_s);
-    QVERIFY2(text().startsWith(u">>>fennar.cmd('echo from python')\nfrom python\n"_s), qPrintable(text()));
+    QVERIFY2(
+        text().startsWith(u">>>fennar.cmd('echo from python')\nFennar>echo from python\nfrom python\n"_s),
+        qPrintable(text()));
 }
 
 void TstWorkbench::snippet_is_an_unknown_command_in_command_mode()
@@ -614,7 +628,9 @@ void TstWorkbench::apply_in_python_mode_runs_the_command_through_python()
     auto* words = panel->findChild<QLineEdit*>(u"valueWORD"_s);
     words->setText(uR"('it''s' a "\\")"_s);
     QTest::keyClick(words, Qt::Key_Return);
-    QVERIFY2(text().endsWith(uR"(>>>fennar.cmd('echo \'it\'\'s\' a "\\\\"'))"_s + u"\nits a \\\n>>>"_s),
+    QVERIFY2(text().endsWith(uR"(>>>fennar.cmd('echo \'it\'\'s\' a "\\\\"'))"_s + uR"(
+Fennar>echo 'it''s' a "\\")"_s +
+                             u"\nits a \\\n>>>"_s),
              qPrintable(text()));
 }
 

@@ -105,6 +105,29 @@ class Module(unittest.TestCase):
             5  brick 2
             """)
 
+    def test_history_is_a_journal_of_what_has_run(self):
+        for name, text in (("part.jou", "brick 2\npython 'fennar.brick(3)'\n"), ("script.py", "fennar.brick(4)\nfennar.cmd('brick 5')\n")):
+            with open(os.path.join(self.folder, name), "w", encoding="utf-8") as file:
+                file.write(text)
+        self.check("""
+            import contextlib, fennar, io
+            printed = io.StringIO()
+            with contextlib.redirect_stdout(printed):
+                fennar.play("part.jou")
+                fennar.play("script.py")
+                exec(open("script.py").read())
+                try:
+                    fennar.brick(0)
+                except fennar.CommandError:
+                    pass
+            fennar.history()
+            """, """\
+            1  play part.jou
+            2  play script.py
+            3  brick 4
+            4  brick 5
+            """)
+
     def test_a_mesh_tells_more_if_asked_to(self):
         run = self.run_script("""
             import fennar

@@ -143,7 +143,7 @@ private slots:
         QCOMPARE(text(), u"Fennar>"_s);
         QVERIFY(run("a.setActivateMethod('(lambda: fennar.cmd(\"echo from the menu\"))')\ndel a"));
         choose_entry(u"Scripts"_s, u"Echo"_s);
-        QCOMPARE(text(), u"from the menu\nFennar>"_s);
+        QCOMPARE(text(), u"Fennar>echo from the menu\nfrom the menu\nFennar>"_s);
     }
 
     void texts_come_back_as_they_were_set()
