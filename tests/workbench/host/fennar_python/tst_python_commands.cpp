@@ -167,6 +167,8 @@ private slots:
         };
         row("missing", "brick()", u"ArgumentError: brick: missing a required argument: 'width'"_s);
         row("too many", "brick(1, 2, 3, 4)", u"ArgumentError: brick: too many positional arguments"_s);
+        row("by position where ways differ", "load('x')",
+            u"ArgumentError: load: too many positional arguments; its arguments have names: mode, file"_s);
         row("unknown keyword", "brick(1, nam='x')",
             u"ArgumentError: brick: got an unexpected keyword argument 'nam'; did you mean \"name\"?"_s);
         row("given twice", "brick(1, width=2)",

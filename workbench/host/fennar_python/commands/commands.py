@@ -361,12 +361,15 @@ def bind(signature, command, arguments, keywords):
     try:
         bound = signature.bind(*arguments, **keywords)
     except TypeError as error:
-        near = []
+        known, near, remedy = signature.parameters, [], ""
         for name in keywords:
-            if name not in signature.parameters:
-                near = difflib.get_close_matches(name, signature.parameters, 1)
+            if name not in known:
+                near = difflib.get_close_matches(name, known, 1)
                 break
-        remedy = f'did you mean "{near[0]}"?' if near else ""
+        if near:
+            remedy = f'did you mean "{near[0]}"?'
+        elif arguments and known and all(one.kind is Parameter.KEYWORD_ONLY for one in known.values()):
+            remedy = f"its arguments have names: {', '.join(known)}"
         raise ArgumentError(f"{error}; {remedy}" if remedy else str(error), command, 0, remedy) from None
     given = {}
     for name, value in bound.arguments.items():
