@@ -115,6 +115,8 @@ class Cases(SweepTest):
         self.write("parts/inner.jou", "parameter edge number 1\nbrick $edge\n")
         journal = self.write("outer.jou", "parameter edge number 1\npython \"import os; print(*os.listdir(), file=open('made', 'x'))\"\n"
                                           "play parts/inner.jou with edge=$edge\n")
+        (row,) = self.sweep(journal, files="parts/inner.jou")
+        self.assertEqual(row.status, "done")
         table = self.sweep(journal, edge=[1, 2, 3], files=["parts/inner.jou"])
         self.assertEqual([row.status for row in table], ["done"] * 3, table)
         self.assertEqual([round(row.results["brick"]["volume"]) for row in table], [1, 8, 27])
@@ -319,6 +321,7 @@ class Local(SweepTest):
                            stdout=subprocess.DEVNULL, check=True, timeout=PATIENCE)
         table = sweep.read_records(paths)
         self.assertEqual([row.parameters["size"] for row in table], [1, 2])
+        self.assertEqual(sweep.read_records(paths[1])[0].parameters["size"], 2)
 
 
 @unittest.skipUnless(DASK, "about workers of a cluster")

@@ -95,10 +95,10 @@ class Table(_Sequence[Row]):
     def records(self) -> _builtins.list[_builtins.dict[str, _Any]]: ...
     def to_pandas(self) -> _Any: ...
 
-def read_records(paths: _Iterable[str | _os.PathLike[str]]) -> Table:
+def read_records(paths: str | _os.PathLike[str] | _Iterable[str | _os.PathLike[str]]) -> Table:
     """The table of runs that "fennar --batch --json FILE" has recorded in these files, in their order."""
 
-def sweep(journal: str | _os.PathLike[str], /, *, client: _Any = None, workers: int | None = None, folder: str | _os.PathLike[str] | None = None, files: _Iterable[str | _os.PathLike[str]] = (), program: str | _os.PathLike[str] | None = None, retries: int = 1, **parameters: _Any) -> Table:
+def sweep(journal: str | _os.PathLike[str], /, *, client: _Any = None, workers: int | None = None, folder: str | _os.PathLike[str] | None = None, files: str | _os.PathLike[str] | _Iterable[str | _os.PathLike[str]] = (), program: str | _os.PathLike[str] | None = None, retries: int = 1, **parameters: _Any) -> Table:
     """Plays a journal for all combinations of values of its parameters, each in a process of its own."""
 
 def cmd(text: str) -> None:

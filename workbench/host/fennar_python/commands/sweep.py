@@ -159,9 +159,16 @@ def row_of(record: Record) -> Row:
     )
 
 
-def read_records(paths: Iterable[str | os.PathLike[str]]) -> Table:
+Path = str | os.PathLike[str]
+
+
+def paths_of(paths: Path | Iterable[Path]) -> list[Path]:
+    return [paths] if isinstance(paths, (str, os.PathLike)) else list(paths)
+
+
+def read_records(paths: Path | Iterable[Path]) -> Table:
     """The table of runs that "fennar --batch --json FILE" has recorded in these files, in their order."""
-    return Table(row_of(json.loads(pathlib.Path(path).read_text(encoding="utf-8"))) for path in paths)
+    return Table(row_of(json.loads(pathlib.Path(path).read_text(encoding="utf-8"))) for path in paths_of(paths))
 
 
 # --- Cases -------------------------------------------------------------------------------------------------------
@@ -430,9 +437,9 @@ def run_on(client: Any, cases: list[Case]) -> Iterator[tuple[int, Record]]:
 # --- The sweep ---------------------------------------------------------------------------------------------------
 
 
-def read_files(journal: pathlib.Path, files: Iterable[str | os.PathLike[str]]) -> dict[str, bytes]:
+def read_files(journal: pathlib.Path, files: Path | Iterable[Path]) -> dict[str, bytes]:
     content = {journal.name: journal.read_bytes()}
-    for name in files:
+    for name in paths_of(files):
         path = pathlib.PurePath(name)
         if path.is_absolute() or ".." in path.parts:
             raise ValueError(f"{name}: expected a path below the journal's folder")
@@ -456,14 +463,14 @@ def keep_record(path: pathlib.Path, record: Record) -> None:
 
 
 def sweep(
-    journal: str | os.PathLike[str],
+    journal: Path,
     /,
     *,
     client: Any = None,
     workers: int | None = None,
-    folder: str | os.PathLike[str] | None = None,
-    files: Iterable[str | os.PathLike[str]] = (),
-    program: str | os.PathLike[str] | None = None,
+    folder: Path | None = None,
+    files: Path | Iterable[Path] = (),
+    program: Path | None = None,
     retries: int = 1,
     **parameters: Any,
 ) -> Table:
