@@ -454,11 +454,14 @@ class Module(unittest.TestCase):
 
     def test_a_module_loaded_again_has_the_same_engine(self):
         self.check("""
-            import fennar, importlib
+            import fennar, importlib, sys
             part = fennar.brick(1)
             importlib.reload(fennar)
             print(fennar.list() == [part])
-            """, "True\n")
+            del sys.modules["fennar"]
+            import fennar as again
+            print(again is fennar, again.brick(2) in fennar.list())
+            """, "True\nTrue True\n")
 
     def test_other_threads_go_on_while_a_command_runs(self):
         self.check(WHEN_MESHING + textwrap.dedent("""

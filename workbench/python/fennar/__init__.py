@@ -48,10 +48,13 @@ def _start():
     if _threading.current_thread() is not _threading.main_thread():
         raise RuntimeError("fennar can only be used in the main thread")
     _engine.start(_program)
-    return _sys.modules[__name__]
+    _engine.module = _sys.modules[__name__]
+    return _engine.module
 
 
-if not _engine.has_started():  # as it has if the module is loaded once more
+if _engine.has_started():  # the module is loaded once more: the one before has the functions
+    _sys.modules[__name__] = _engine.module
+else:
 
     def __getattr__(name):
         if name.startswith("_"):
