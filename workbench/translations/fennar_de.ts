@@ -44,6 +44,205 @@
     </message>
 </context>
 <context>
+    <name>Command</name>
+    <message>
+        <source>Makes a brick, or a cube.</source>
+        <translation>Erstellt einen Quader oder Würfel.</translation>
+    </message>
+    <message>
+        <source>Looks for errors in a journal without running it.</source>
+        <translation>Sucht in einem Journal nach Fehlern, ohne es auszuführen.</translation>
+    </message>
+    <message>
+        <source>Lists the components.</source>
+        <translation>Listet die Komponenten auf.</translation>
+    </message>
+    <message>
+        <source>Makes a cone, or a part of one.</source>
+        <translation>Erstellt einen Kegel oder Kegelstumpf.</translation>
+    </message>
+    <message>
+        <source>Copies a solid.</source>
+        <translation>Kopiert einen Körper.</translation>
+    </message>
+    <message>
+        <source>Makes a cylinder.</source>
+        <translation>Erstellt einen Zylinder.</translation>
+    </message>
+    <message>
+        <source>Deletes solids.</source>
+        <translation>Löscht Körper.</translation>
+    </message>
+    <message>
+        <source>Counts.</source>
+        <translation>Zählt.</translation>
+    </message>
+    <message>
+        <source>Tells or sets what the graphics view shows.</source>
+        <translation>Nennt oder bestimmt, was die Grafikansicht zeigt.</translation>
+    </message>
+    <message>
+        <source>Prints its words.</source>
+        <translation>Gibt seine Wörter aus.</translation>
+    </message>
+    <message>
+        <source>Opens a journal or a Python script in the journal editor.</source>
+        <translation>Öffnet ein Journal oder Python-Skript im Journal-Editor.</translation>
+    </message>
+    <message>
+        <source>Writes solids or the mesh to a file.</source>
+        <translation>Schreibt Körper oder das Netz in eine Datei.</translation>
+    </message>
+    <message>
+        <source>Shows all solids, from the same side.</source>
+        <translation>Zeigt alle Körper von derselben Seite.</translation>
+    </message>
+    <message>
+        <source>Shows a command in the command panel.</source>
+        <translation>Zeigt einen Befehl in der Befehlsleiste.</translation>
+    </message>
+    <message>
+        <source>Lists all commands, or explains one.</source>
+        <translation>Listet alle Befehle auf oder erklärt einen davon.</translation>
+    </message>
+    <message>
+        <source>Closes a window other than the main window.</source>
+        <translation>Schließt ein anderes Fenster als das Hauptfenster.</translation>
+    </message>
+    <message>
+        <source>Lists the lines typed so far, or the last COUNT of them.</source>
+        <translation>Listet die bisher eingegebenen Zeilen auf oder die letzten davon.</translation>
+    </message>
+    <message>
+        <source>Reads solids or a mesh from a file.</source>
+        <translation>Liest Körper oder ein Netz aus einer Datei.</translation>
+    </message>
+    <message>
+        <source>Keeps what several solids have in common.</source>
+        <translation>Behält, was mehreren Körpern gemeinsam ist.</translation>
+    </message>
+    <message>
+        <source>Lists solids with their measures.</source>
+        <translation>Listet Körper mit ihren Maßen auf.</translation>
+    </message>
+    <message>
+        <source>Loads a component, now and at each start.</source>
+        <translation>Lädt eine Komponente, jetzt und bei jedem Start.</translation>
+    </message>
+    <message>
+        <source>Fills solids with tetrahedra.</source>
+        <translation>Füllt Körper mit Tetraedern.</translation>
+    </message>
+    <message>
+        <source>Moves solids.</source>
+        <translation>Verschiebt Körper.</translation>
+    </message>
+    <message>
+        <source>Starts an empty model.</source>
+        <translation>Beginnt ein leeres Modell.</translation>
+    </message>
+    <message>
+        <source>Opens a model that was saved.</source>
+        <translation>Öffnet ein gespeichertes Modell.</translation>
+    </message>
+    <message>
+        <source>Declares a variable that whoever plays the journal may set.</source>
+        <translation>Deklariert eine Variable, die beim Abspielen des Journals gesetzt werden kann.</translation>
+    </message>
+    <message>
+        <source>Writes a picture of a window.</source>
+        <translation>Schreibt ein Bild eines Fensters.</translation>
+    </message>
+    <message>
+        <source>Plays a journal or a Python script.</source>
+        <translation>Spielt ein Journal oder ein Python-Skript ab.</translation>
+    </message>
+    <message>
+        <source>Runs a Python statement.</source>
+        <translation>Führt eine Python-Anweisung aus.</translation>
+    </message>
+    <message>
+        <source>Measures the volume elements of the mesh.</source>
+        <translation>Misst die Volumenelemente des Netzes.</translation>
+    </message>
+    <message>
+        <source>Ends the application.</source>
+        <translation>Beendet die Anwendung.</translation>
+    </message>
+    <message>
+        <source>Offers the unsaved work that was kept for later.</source>
+        <translation>Bietet nicht Gespeichertes an, das für später aufbewahrt wurde.</translation>
+    </message>
+    <message>
+        <source>Makes again what was undone last.</source>
+        <translation>Stellt wieder her, was zuletzt rückgängig gemacht wurde.</translation>
+    </message>
+    <message>
+        <source>Gives a solid another name.</source>
+        <translation>Gibt einem Körper einen anderen Namen.</translation>
+    </message>
+    <message>
+        <source>Turns solids.</source>
+        <translation>Dreht Körper.</translation>
+    </message>
+    <message>
+        <source>Saves the model.</source>
+        <translation>Speichert das Modell.</translation>
+    </message>
+    <message>
+        <source>Tells or sets the colors of the windows.</source>
+        <translation>Nennt oder setzt die Farben der Fenster.</translation>
+    </message>
+    <message>
+        <source>Selects what is named, and nothing else.</source>
+        <translation>Wählt aus, was genannt ist, und nichts anderes.</translation>
+    </message>
+    <message>
+        <source>Sets a variable, shows one, or lists all.</source>
+        <translation>Setzt eine Variable, zeigt eine oder listet alle auf.</translation>
+    </message>
+    <message>
+        <source>Shows a window, or a page of the options.</source>
+        <translation>Zeigt ein Fenster oder eine Seite der Optionen.</translation>
+    </message>
+    <message>
+        <source>Makes a sphere.</source>
+        <translation>Erstellt eine Kugel.</translation>
+    </message>
+    <message>
+        <source>Counts the nodes and elements of the mesh.</source>
+        <translation>Zählt die Knoten und Elemente des Netzes.</translation>
+    </message>
+    <message>
+        <source>Lists the steps that can be undone and redone.</source>
+        <translation>Zeigt die Schritte, die rückgängig gemacht und wiederholt werden können.</translation>
+    </message>
+    <message>
+        <source>Takes the tools away from a solid.</source>
+        <translation>Zieht die Werkzeugkörper von einem Körper ab.</translation>
+    </message>
+    <message>
+        <source>Makes a torus.</source>
+        <translation>Erstellt einen Torus.</translation>
+    </message>
+    <message>
+        <source>Takes back the last command that has changed the model.</source>
+        <translation>Nimmt den letzten Befehl zurück, der das Modell geändert hat.</translation>
+    </message>
+    <message>
+        <source>Makes one solid of several.</source>
+        <translation>Macht aus mehreren Körpern einen.</translation>
+    </message>
+    <message>
+        <source>Unloads a component, now and at each start.</source>
+        <translation>Entlädt eine Komponente, jetzt und bei jedem Start.</translation>
+    </message>
+    <message>
+        <source>Looks at the solids from that side, and shows all of them.</source>
+        <translation>Blickt von dieser Seite auf die Körper und zeigt sie alle.</translation>
+    </message>
+</context>
+<context>
     <name>CommandDialog</name>
     <message>
         <source>Fill in all fields; numbers have a decimal point.</source>
@@ -1283,16 +1482,8 @@
         <translation>Journal abspielen</translation>
     </message>
     <message>
-        <source>Runs the commands of a journal file.</source>
-        <translation>Führt die Befehle einer Journaldatei aus.</translation>
-    </message>
-    <message>
         <source>Python Statement</source>
         <translation>Python-Anweisung</translation>
-    </message>
-    <message>
-        <source>Runs one Python statement.</source>
-        <translation>Führt eine Python-Anweisung aus.</translation>
     </message>
     <message>
         <source>Ask</source>
@@ -1307,24 +1498,12 @@
         <translation>Hilfe</translation>
     </message>
     <message>
-        <source>Lists all commands, or explains one of them.</source>
-        <translation>Listet alle Befehle auf oder erklärt einen davon.</translation>
-    </message>
-    <message>
         <source>History</source>
         <translation>Verlauf</translation>
     </message>
     <message>
-        <source>Lists the lines typed so far, or the last ones.</source>
-        <translation>Listet die bisher eingegebenen Zeilen auf oder die letzten davon.</translation>
-    </message>
-    <message>
         <source>List Components</source>
         <translation>Komponenten auflisten</translation>
-    </message>
-    <message>
-        <source>Lists the components.</source>
-        <translation>Listet die Komponenten auf.</translation>
     </message>
     <message>
         <source>Picture</source>
@@ -1351,10 +1530,6 @@
         <translation>Variable setzen</translation>
     </message>
     <message>
-        <source>Gives a variable a value, tells its value, or lists all variables.</source>
-        <translation>Gibt einer Variablen einen Wert, nennt ihren Wert oder listet alle Variablen auf.</translation>
-    </message>
-    <message>
         <source>Console</source>
         <translation>Konsole</translation>
     </message>
@@ -1365,10 +1540,6 @@
     <message>
         <source>Echo Text</source>
         <translation>Text ausgeben</translation>
-    </message>
-    <message>
-        <source>Prints a text to the console.</source>
-        <translation>Gibt einen Text auf der Konsole aus.</translation>
     </message>
     <message>
         <source>Components</source>
@@ -1383,32 +1554,16 @@
         <translation>Komponente laden</translation>
     </message>
     <message>
-        <source>Loads a component, now and at each start.</source>
-        <translation>Lädt eine Komponente, jetzt und bei jedem Start.</translation>
-    </message>
-    <message>
         <source>Unload Component</source>
         <translation>Komponente entladen</translation>
-    </message>
-    <message>
-        <source>Unloads a component, now and at each start.</source>
-        <translation>Entlädt eine Komponente, jetzt und bei jedem Start.</translation>
     </message>
     <message>
         <source>Quit</source>
         <translation>Beenden</translation>
     </message>
     <message>
-        <source>Ends the application.</source>
-        <translation>Beendet die Anwendung.</translation>
-    </message>
-    <message>
         <source>Select</source>
         <translation>Auswählen</translation>
-    </message>
-    <message>
-        <source>Selects what is named, and nothing else.</source>
-        <translation>Wählt aus, was genannt ist, und nichts anderes.</translation>
     </message>
     <message>
         <source>Session</source>
@@ -1459,48 +1614,24 @@
         <translation>Quader</translation>
     </message>
     <message>
-        <source>Makes a brick, or a cube.</source>
-        <translation>Erstellt einen Quader oder Würfel.</translation>
-    </message>
-    <message>
         <source>Cylinder</source>
         <translation>Zylinder</translation>
-    </message>
-    <message>
-        <source>Makes a cylinder.</source>
-        <translation>Erstellt einen Zylinder.</translation>
     </message>
     <message>
         <source>Sphere</source>
         <translation>Kugel</translation>
     </message>
     <message>
-        <source>Makes a sphere.</source>
-        <translation>Erstellt eine Kugel.</translation>
-    </message>
-    <message>
         <source>Cone</source>
         <translation>Kegel</translation>
-    </message>
-    <message>
-        <source>Makes a cone, or a part of one.</source>
-        <translation>Erstellt einen Kegel oder Kegelstumpf.</translation>
     </message>
     <message>
         <source>Torus</source>
         <translation>Torus</translation>
     </message>
     <message>
-        <source>Makes a torus.</source>
-        <translation>Erstellt einen Torus.</translation>
-    </message>
-    <message>
         <source>Copy Solid</source>
         <translation>Körper kopieren</translation>
-    </message>
-    <message>
-        <source>Makes another solid of the same shape.</source>
-        <translation>Erstellt einen weiteren Körper derselben Form.</translation>
     </message>
     <message>
         <source>Modify</source>
@@ -1523,56 +1654,28 @@
         <translation>Vereinigen</translation>
     </message>
     <message>
-        <source>Makes one solid of several.</source>
-        <translation>Macht aus mehreren Körpern einen.</translation>
-    </message>
-    <message>
         <source>Subtract</source>
         <translation>Abziehen</translation>
-    </message>
-    <message>
-        <source>Takes the tools away from a solid.</source>
-        <translation>Zieht die Werkzeugkörper von einem Körper ab.</translation>
     </message>
     <message>
         <source>Intersect</source>
         <translation>Verschneiden</translation>
     </message>
     <message>
-        <source>Keeps what several solids have in common.</source>
-        <translation>Behält, was mehreren Körpern gemeinsam ist.</translation>
-    </message>
-    <message>
         <source>Move Solids</source>
         <translation>Körper verschieben</translation>
-    </message>
-    <message>
-        <source>Moves solids.</source>
-        <translation>Verschiebt Körper.</translation>
     </message>
     <message>
         <source>Rotate Solids</source>
         <translation>Körper drehen</translation>
     </message>
     <message>
-        <source>Turns solids about an axis.</source>
-        <translation>Dreht Körper um eine Achse.</translation>
-    </message>
-    <message>
         <source>Rename Solid</source>
         <translation>Körper umbenennen</translation>
     </message>
     <message>
-        <source>Gives a solid another name.</source>
-        <translation>Gibt einem Körper einen anderen Namen.</translation>
-    </message>
-    <message>
         <source>Delete Solids</source>
         <translation>Körper löschen</translation>
-    </message>
-    <message>
-        <source>Deletes solids.</source>
-        <translation>Löscht Körper.</translation>
     </message>
     <message>
         <source>Mesh</source>
@@ -1587,24 +1690,12 @@
         <translation>Körper vernetzen</translation>
     </message>
     <message>
-        <source>Fills solids with tetrahedra.</source>
-        <translation>Füllt Körper mit Tetraedern.</translation>
-    </message>
-    <message>
         <source>Mesh Statistics</source>
         <translation>Netzstatistik</translation>
     </message>
     <message>
-        <source>Counts the nodes and elements of the mesh.</source>
-        <translation>Zählt die Knoten und Elemente des Netzes.</translation>
-    </message>
-    <message>
         <source>Mesh Quality</source>
         <translation>Netzqualität</translation>
-    </message>
-    <message>
-        <source>Measures the volume elements of the mesh.</source>
-        <translation>Misst die Volumenelemente des Netzes.</translation>
     </message>
     <message>
         <source>Look</source>
@@ -1619,24 +1710,12 @@
         <translation>Blickrichtung</translation>
     </message>
     <message>
-        <source>Looks at the solids from one side.</source>
-        <translation>Zeigt die Körper von einer Seite.</translation>
-    </message>
-    <message>
         <source>Fit</source>
         <translation>Einpassen</translation>
     </message>
     <message>
-        <source>Shows all solids, from the same side.</source>
-        <translation>Zeigt alle Körper von derselben Seite.</translation>
-    </message>
-    <message>
         <source>Display</source>
         <translation>Anzeige</translation>
-    </message>
-    <message>
-        <source>Tells or sets what the graphics view shows.</source>
-        <translation>Nennt oder bestimmt, was die Grafikansicht zeigt.</translation>
     </message>
     <message>
         <source>Files</source>
@@ -1651,56 +1730,28 @@
         <translation>Neues Modell</translation>
     </message>
     <message>
-        <source>Starts an empty model.</source>
-        <translation>Beginnt ein leeres Modell.</translation>
-    </message>
-    <message>
         <source>Open Model</source>
         <translation>Modell öffnen</translation>
-    </message>
-    <message>
-        <source>Opens a model that was saved.</source>
-        <translation>Öffnet ein gespeichertes Modell.</translation>
     </message>
     <message>
         <source>Save Model</source>
         <translation>Modell speichern</translation>
     </message>
     <message>
-        <source>Saves the model.</source>
-        <translation>Speichert das Modell.</translation>
-    </message>
-    <message>
         <source>Import</source>
         <translation>Importieren</translation>
-    </message>
-    <message>
-        <source>Reads solids or a mesh from a file.</source>
-        <translation>Liest Körper oder ein Netz aus einer Datei.</translation>
     </message>
     <message>
         <source>Export</source>
         <translation>Exportieren</translation>
     </message>
     <message>
-        <source>Writes solids or the mesh to a file.</source>
-        <translation>Schreibt Körper oder das Netz in eine Datei.</translation>
-    </message>
-    <message>
         <source>Count</source>
         <translation>Zählen</translation>
     </message>
     <message>
-        <source>Counts, to show what a component can add.</source>
-        <translation>Zählt, um zu zeigen, was eine Komponente hinzufügen kann.</translation>
-    </message>
-    <message>
         <source>List Solids</source>
         <translation>Körper auflisten</translation>
-    </message>
-    <message>
-        <source>Lists solids with their measures.</source>
-        <translation>Listet Körper mit ihren Maßen auf.</translation>
     </message>
     <message>
         <source>Solids</source>
@@ -1743,10 +1794,6 @@
         <translation>Was die Grafikansicht zeigt.</translation>
     </message>
     <message>
-        <source>Writes a picture of a window.</source>
-        <translation>Schreibt ein Bild eines Fensters.</translation>
-    </message>
-    <message>
         <source>Windows</source>
         <translation>Fenster</translation>
     </message>
@@ -1759,88 +1806,44 @@
         <translation>Fenster zeigen</translation>
     </message>
     <message>
-        <source>Shows a window, or a page of the options.</source>
-        <translation>Zeigt ein Fenster oder eine Seite der Optionen.</translation>
-    </message>
-    <message>
         <source>Hide Window</source>
         <translation>Fenster schließen</translation>
-    </message>
-    <message>
-        <source>Closes a window other than the main window.</source>
-        <translation>Schließt ein anderes Fenster als das Hauptfenster.</translation>
     </message>
     <message>
         <source>Edit Journal</source>
         <translation>Journal bearbeiten</translation>
     </message>
     <message>
-        <source>Opens a journal or a Python script in the journal editor.</source>
-        <translation>Öffnet ein Journal oder Python-Skript im Journal-Editor.</translation>
-    </message>
-    <message>
         <source>Show Form</source>
         <translation>Formular zeigen</translation>
-    </message>
-    <message>
-        <source>Shows a command in the command panel.</source>
-        <translation>Zeigt einen Befehl in der Befehlsleiste.</translation>
     </message>
     <message>
         <source>Colors</source>
         <translation>Farben</translation>
     </message>
     <message>
-        <source>Tells or sets the colors of the windows.</source>
-        <translation>Nennt oder setzt die Farben der Fenster.</translation>
-    </message>
-    <message>
         <source>Recover Unsaved Work</source>
         <translation>Nicht Gespeichertes wiederherstellen</translation>
-    </message>
-    <message>
-        <source>Offers the unsaved work that was kept for later.</source>
-        <translation>Bietet nicht Gespeichertes an, das für später aufbewahrt wurde.</translation>
     </message>
     <message>
         <source>Check Journal</source>
         <translation>Journal prüfen</translation>
     </message>
     <message>
-        <source>Looks for errors in a journal without running it.</source>
-        <translation>Sucht in einem Journal nach Fehlern, ohne es auszuführen.</translation>
-    </message>
-    <message>
         <source>Undo</source>
         <translation>Rückgängig</translation>
-    </message>
-    <message>
-        <source>Takes back the last command that has changed the model.</source>
-        <translation>Nimmt den letzten Befehl zurück, der das Modell geändert hat.</translation>
     </message>
     <message>
         <source>Redo</source>
         <translation>Wiederholen</translation>
     </message>
     <message>
-        <source>Makes again what was undone last.</source>
-        <translation>Stellt wieder her, was zuletzt rückgängig gemacht wurde.</translation>
-    </message>
-    <message>
         <source>Steps</source>
         <translation>Schritte</translation>
     </message>
     <message>
-        <source>Lists the steps that can be undone and redone.</source>
-        <translation>Zeigt die Schritte, die rückgängig gemacht und wiederholt werden können.</translation>
-    </message>
-    <message>
         <source>Declare Parameter</source>
         <translation>Parameter deklarieren</translation>
-    </message>
-    <message>
-        <source>Declares a variable that whoever plays the journal may set.</source>
-        <translation>Deklariert eine Variable, die beim Abspielen des Journals gesetzt werden kann.</translation>
     </message>
 </context>
 <context>

@@ -44,6 +44,205 @@
     </message>
 </context>
 <context>
+    <name>Command</name>
+    <message>
+        <source>Makes a brick, or a cube.</source>
+        <translation>创建长方体或立方体。</translation>
+    </message>
+    <message>
+        <source>Looks for errors in a journal without running it.</source>
+        <translation>在不运行日志脚本的情况下查找其中的错误。</translation>
+    </message>
+    <message>
+        <source>Lists the components.</source>
+        <translation>列出组件。</translation>
+    </message>
+    <message>
+        <source>Makes a cone, or a part of one.</source>
+        <translation>创建圆锥体或圆台。</translation>
+    </message>
+    <message>
+        <source>Copies a solid.</source>
+        <translation>复制一个实体。</translation>
+    </message>
+    <message>
+        <source>Makes a cylinder.</source>
+        <translation>创建圆柱体。</translation>
+    </message>
+    <message>
+        <source>Deletes solids.</source>
+        <translation>删除实体。</translation>
+    </message>
+    <message>
+        <source>Counts.</source>
+        <translation>计数。</translation>
+    </message>
+    <message>
+        <source>Tells or sets what the graphics view shows.</source>
+        <translation>说明或设置图形视图显示的内容。</translation>
+    </message>
+    <message>
+        <source>Prints its words.</source>
+        <translation>输出给出的词。</translation>
+    </message>
+    <message>
+        <source>Opens a journal or a Python script in the journal editor.</source>
+        <translation>在日志脚本编辑器中打开日志或 Python 脚本。</translation>
+    </message>
+    <message>
+        <source>Writes solids or the mesh to a file.</source>
+        <translation>将实体或网格写入文件。</translation>
+    </message>
+    <message>
+        <source>Shows all solids, from the same side.</source>
+        <translation>从同一方向显示所有实体。</translation>
+    </message>
+    <message>
+        <source>Shows a command in the command panel.</source>
+        <translation>在命令面板中显示一个命令。</translation>
+    </message>
+    <message>
+        <source>Lists all commands, or explains one.</source>
+        <translation>列出所有命令，或说明其中一个。</translation>
+    </message>
+    <message>
+        <source>Closes a window other than the main window.</source>
+        <translation>关闭主窗口以外的窗口。</translation>
+    </message>
+    <message>
+        <source>Lists the lines typed so far, or the last COUNT of them.</source>
+        <translation>列出至今输入的各行，或其中最后几行。</translation>
+    </message>
+    <message>
+        <source>Reads solids or a mesh from a file.</source>
+        <translation>从文件读取实体或网格。</translation>
+    </message>
+    <message>
+        <source>Keeps what several solids have in common.</source>
+        <translation>保留多个实体的公共部分。</translation>
+    </message>
+    <message>
+        <source>Lists solids with their measures.</source>
+        <translation>列出实体及其度量值。</translation>
+    </message>
+    <message>
+        <source>Loads a component, now and at each start.</source>
+        <translation>立即加载组件，并在每次启动时加载。</translation>
+    </message>
+    <message>
+        <source>Fills solids with tetrahedra.</source>
+        <translation>用四面体填充实体。</translation>
+    </message>
+    <message>
+        <source>Moves solids.</source>
+        <translation>移动实体。</translation>
+    </message>
+    <message>
+        <source>Starts an empty model.</source>
+        <translation>新建空模型。</translation>
+    </message>
+    <message>
+        <source>Opens a model that was saved.</source>
+        <translation>打开已保存的模型。</translation>
+    </message>
+    <message>
+        <source>Declares a variable that whoever plays the journal may set.</source>
+        <translation>声明一个在播放日志时可以设置的变量。</translation>
+    </message>
+    <message>
+        <source>Writes a picture of a window.</source>
+        <translation>写出一个窗口的图像。</translation>
+    </message>
+    <message>
+        <source>Plays a journal or a Python script.</source>
+        <translation>播放日志或 Python 脚本。</translation>
+    </message>
+    <message>
+        <source>Runs a Python statement.</source>
+        <translation>执行一条 Python 语句。</translation>
+    </message>
+    <message>
+        <source>Measures the volume elements of the mesh.</source>
+        <translation>测量网格的体单元。</translation>
+    </message>
+    <message>
+        <source>Ends the application.</source>
+        <translation>结束应用程序。</translation>
+    </message>
+    <message>
+        <source>Offers the unsaved work that was kept for later.</source>
+        <translation>提供先前保留下来的未保存工作。</translation>
+    </message>
+    <message>
+        <source>Makes again what was undone last.</source>
+        <translation>重做最近撤销的内容。</translation>
+    </message>
+    <message>
+        <source>Gives a solid another name.</source>
+        <translation>更改实体的名称。</translation>
+    </message>
+    <message>
+        <source>Turns solids.</source>
+        <translation>旋转实体。</translation>
+    </message>
+    <message>
+        <source>Saves the model.</source>
+        <translation>保存模型。</translation>
+    </message>
+    <message>
+        <source>Tells or sets the colors of the windows.</source>
+        <translation>告知或设置窗口的颜色。</translation>
+    </message>
+    <message>
+        <source>Selects what is named, and nothing else.</source>
+        <translation>仅选择指定的对象。</translation>
+    </message>
+    <message>
+        <source>Sets a variable, shows one, or lists all.</source>
+        <translation>设置变量，显示一个变量，或列出所有变量。</translation>
+    </message>
+    <message>
+        <source>Shows a window, or a page of the options.</source>
+        <translation>显示一个窗口，或选项的一页。</translation>
+    </message>
+    <message>
+        <source>Makes a sphere.</source>
+        <translation>创建球体。</translation>
+    </message>
+    <message>
+        <source>Counts the nodes and elements of the mesh.</source>
+        <translation>统计网格的节点和单元。</translation>
+    </message>
+    <message>
+        <source>Lists the steps that can be undone and redone.</source>
+        <translation>列出可以撤销和重做的步骤。</translation>
+    </message>
+    <message>
+        <source>Takes the tools away from a solid.</source>
+        <translation>从实体中减去工具实体。</translation>
+    </message>
+    <message>
+        <source>Makes a torus.</source>
+        <translation>创建圆环体。</translation>
+    </message>
+    <message>
+        <source>Takes back the last command that has changed the model.</source>
+        <translation>撤回最近一条更改模型的命令。</translation>
+    </message>
+    <message>
+        <source>Makes one solid of several.</source>
+        <translation>将多个实体合为一个。</translation>
+    </message>
+    <message>
+        <source>Unloads a component, now and at each start.</source>
+        <translation>立即卸载组件，以后启动时也不加载。</translation>
+    </message>
+    <message>
+        <source>Looks at the solids from that side, and shows all of them.</source>
+        <translation>从该侧观察实体，并显示全部。</translation>
+    </message>
+</context>
+<context>
     <name>CommandDialog</name>
     <message>
         <source>Fill in all fields; numbers have a decimal point.</source>
@@ -1282,16 +1481,8 @@
         <translation>播放日志脚本</translation>
     </message>
     <message>
-        <source>Runs the commands of a journal file.</source>
-        <translation>运行日志脚本文件中的命令。</translation>
-    </message>
-    <message>
         <source>Python Statement</source>
         <translation>Python 语句</translation>
-    </message>
-    <message>
-        <source>Runs one Python statement.</source>
-        <translation>运行一条 Python 语句。</translation>
     </message>
     <message>
         <source>Ask</source>
@@ -1306,24 +1497,12 @@
         <translation>帮助</translation>
     </message>
     <message>
-        <source>Lists all commands, or explains one of them.</source>
-        <translation>列出所有命令，或说明其中一个。</translation>
-    </message>
-    <message>
         <source>History</source>
         <translation>历史</translation>
     </message>
     <message>
-        <source>Lists the lines typed so far, or the last ones.</source>
-        <translation>列出目前输入的行，或最后几行。</translation>
-    </message>
-    <message>
         <source>List Components</source>
         <translation>列出组件</translation>
-    </message>
-    <message>
-        <source>Lists the components.</source>
-        <translation>列出组件。</translation>
     </message>
     <message>
         <source>Picture</source>
@@ -1350,10 +1529,6 @@
         <translation>设置变量</translation>
     </message>
     <message>
-        <source>Gives a variable a value, tells its value, or lists all variables.</source>
-        <translation>为变量赋值、显示其值或列出所有变量。</translation>
-    </message>
-    <message>
         <source>Console</source>
         <translation>控制台</translation>
     </message>
@@ -1364,10 +1539,6 @@
     <message>
         <source>Echo Text</source>
         <translation>输出文本</translation>
-    </message>
-    <message>
-        <source>Prints a text to the console.</source>
-        <translation>在控制台输出文本。</translation>
     </message>
     <message>
         <source>Components</source>
@@ -1382,32 +1553,16 @@
         <translation>加载组件</translation>
     </message>
     <message>
-        <source>Loads a component, now and at each start.</source>
-        <translation>立即加载组件，并在每次启动时加载。</translation>
-    </message>
-    <message>
         <source>Unload Component</source>
         <translation>卸载组件</translation>
-    </message>
-    <message>
-        <source>Unloads a component, now and at each start.</source>
-        <translation>立即卸载组件，以后启动时也不加载。</translation>
     </message>
     <message>
         <source>Quit</source>
         <translation>退出</translation>
     </message>
     <message>
-        <source>Ends the application.</source>
-        <translation>结束应用程序。</translation>
-    </message>
-    <message>
         <source>Select</source>
         <translation>选择</translation>
-    </message>
-    <message>
-        <source>Selects what is named, and nothing else.</source>
-        <translation>仅选择指定的对象。</translation>
     </message>
     <message>
         <source>Session</source>
@@ -1458,48 +1613,24 @@
         <translation>长方体</translation>
     </message>
     <message>
-        <source>Makes a brick, or a cube.</source>
-        <translation>创建长方体或立方体。</translation>
-    </message>
-    <message>
         <source>Cylinder</source>
         <translation>圆柱体</translation>
-    </message>
-    <message>
-        <source>Makes a cylinder.</source>
-        <translation>创建圆柱体。</translation>
     </message>
     <message>
         <source>Sphere</source>
         <translation>球体</translation>
     </message>
     <message>
-        <source>Makes a sphere.</source>
-        <translation>创建球体。</translation>
-    </message>
-    <message>
         <source>Cone</source>
         <translation>圆锥体</translation>
-    </message>
-    <message>
-        <source>Makes a cone, or a part of one.</source>
-        <translation>创建圆锥体或圆台。</translation>
     </message>
     <message>
         <source>Torus</source>
         <translation>圆环体</translation>
     </message>
     <message>
-        <source>Makes a torus.</source>
-        <translation>创建圆环体。</translation>
-    </message>
-    <message>
         <source>Copy Solid</source>
         <translation>复制实体</translation>
-    </message>
-    <message>
-        <source>Makes another solid of the same shape.</source>
-        <translation>创建另一个形状相同的实体。</translation>
     </message>
     <message>
         <source>Modify</source>
@@ -1522,56 +1653,28 @@
         <translation>合并</translation>
     </message>
     <message>
-        <source>Makes one solid of several.</source>
-        <translation>将多个实体合为一个。</translation>
-    </message>
-    <message>
         <source>Subtract</source>
         <translation>相减</translation>
-    </message>
-    <message>
-        <source>Takes the tools away from a solid.</source>
-        <translation>从实体中减去工具实体。</translation>
     </message>
     <message>
         <source>Intersect</source>
         <translation>相交</translation>
     </message>
     <message>
-        <source>Keeps what several solids have in common.</source>
-        <translation>保留多个实体的公共部分。</translation>
-    </message>
-    <message>
         <source>Move Solids</source>
         <translation>移动实体</translation>
-    </message>
-    <message>
-        <source>Moves solids.</source>
-        <translation>移动实体。</translation>
     </message>
     <message>
         <source>Rotate Solids</source>
         <translation>旋转实体</translation>
     </message>
     <message>
-        <source>Turns solids about an axis.</source>
-        <translation>绕轴旋转实体。</translation>
-    </message>
-    <message>
         <source>Rename Solid</source>
         <translation>重命名实体</translation>
     </message>
     <message>
-        <source>Gives a solid another name.</source>
-        <translation>更改实体的名称。</translation>
-    </message>
-    <message>
         <source>Delete Solids</source>
         <translation>删除实体</translation>
-    </message>
-    <message>
-        <source>Deletes solids.</source>
-        <translation>删除实体。</translation>
     </message>
     <message>
         <source>Mesh</source>
@@ -1586,24 +1689,12 @@
         <translation>划分实体网格</translation>
     </message>
     <message>
-        <source>Fills solids with tetrahedra.</source>
-        <translation>用四面体填充实体。</translation>
-    </message>
-    <message>
         <source>Mesh Statistics</source>
         <translation>网格统计</translation>
     </message>
     <message>
-        <source>Counts the nodes and elements of the mesh.</source>
-        <translation>统计网格的节点和单元。</translation>
-    </message>
-    <message>
         <source>Mesh Quality</source>
         <translation>网格质量</translation>
-    </message>
-    <message>
-        <source>Measures the volume elements of the mesh.</source>
-        <translation>测量网格的体单元。</translation>
     </message>
     <message>
         <source>Look</source>
@@ -1618,24 +1709,12 @@
         <translation>观察方向</translation>
     </message>
     <message>
-        <source>Looks at the solids from one side.</source>
-        <translation>从某一侧查看实体。</translation>
-    </message>
-    <message>
         <source>Fit</source>
         <translation>适合窗口</translation>
     </message>
     <message>
-        <source>Shows all solids, from the same side.</source>
-        <translation>从同一方向显示所有实体。</translation>
-    </message>
-    <message>
         <source>Display</source>
         <translation>显示</translation>
-    </message>
-    <message>
-        <source>Tells or sets what the graphics view shows.</source>
-        <translation>说明或设置图形视图显示的内容。</translation>
     </message>
     <message>
         <source>Files</source>
@@ -1650,56 +1729,28 @@
         <translation>新建模型</translation>
     </message>
     <message>
-        <source>Starts an empty model.</source>
-        <translation>新建空模型。</translation>
-    </message>
-    <message>
         <source>Open Model</source>
         <translation>打开模型</translation>
-    </message>
-    <message>
-        <source>Opens a model that was saved.</source>
-        <translation>打开已保存的模型。</translation>
     </message>
     <message>
         <source>Save Model</source>
         <translation>保存模型</translation>
     </message>
     <message>
-        <source>Saves the model.</source>
-        <translation>保存模型。</translation>
-    </message>
-    <message>
         <source>Import</source>
         <translation>导入</translation>
-    </message>
-    <message>
-        <source>Reads solids or a mesh from a file.</source>
-        <translation>从文件读取实体或网格。</translation>
     </message>
     <message>
         <source>Export</source>
         <translation>导出</translation>
     </message>
     <message>
-        <source>Writes solids or the mesh to a file.</source>
-        <translation>将实体或网格写入文件。</translation>
-    </message>
-    <message>
         <source>Count</source>
         <translation>计数</translation>
     </message>
     <message>
-        <source>Counts, to show what a component can add.</source>
-        <translation>计数，用于展示组件可以添加的功能。</translation>
-    </message>
-    <message>
         <source>List Solids</source>
         <translation>列出实体</translation>
-    </message>
-    <message>
-        <source>Lists solids with their measures.</source>
-        <translation>列出实体及其度量值。</translation>
     </message>
     <message>
         <source>Solids</source>
@@ -1742,10 +1793,6 @@
         <translation>图形视图显示的内容。</translation>
     </message>
     <message>
-        <source>Writes a picture of a window.</source>
-        <translation>写出一个窗口的图像。</translation>
-    </message>
-    <message>
         <source>Windows</source>
         <translation>窗口</translation>
     </message>
@@ -1758,88 +1805,44 @@
         <translation>显示窗口</translation>
     </message>
     <message>
-        <source>Shows a window, or a page of the options.</source>
-        <translation>显示一个窗口，或选项的一页。</translation>
-    </message>
-    <message>
         <source>Hide Window</source>
         <translation>隐藏窗口</translation>
-    </message>
-    <message>
-        <source>Closes a window other than the main window.</source>
-        <translation>关闭主窗口以外的窗口。</translation>
     </message>
     <message>
         <source>Edit Journal</source>
         <translation>编辑日志</translation>
     </message>
     <message>
-        <source>Opens a journal or a Python script in the journal editor.</source>
-        <translation>在日志脚本编辑器中打开日志或 Python 脚本。</translation>
-    </message>
-    <message>
         <source>Show Form</source>
         <translation>显示表单</translation>
-    </message>
-    <message>
-        <source>Shows a command in the command panel.</source>
-        <translation>在命令面板中显示一个命令。</translation>
     </message>
     <message>
         <source>Colors</source>
         <translation>颜色</translation>
     </message>
     <message>
-        <source>Tells or sets the colors of the windows.</source>
-        <translation>告知或设置窗口的颜色。</translation>
-    </message>
-    <message>
         <source>Recover Unsaved Work</source>
         <translation>恢复未保存的工作</translation>
-    </message>
-    <message>
-        <source>Offers the unsaved work that was kept for later.</source>
-        <translation>提供先前保留下来的未保存工作。</translation>
     </message>
     <message>
         <source>Check Journal</source>
         <translation>检查日志脚本</translation>
     </message>
     <message>
-        <source>Looks for errors in a journal without running it.</source>
-        <translation>在不运行日志脚本的情况下查找其中的错误。</translation>
-    </message>
-    <message>
         <source>Undo</source>
         <translation>撤销</translation>
-    </message>
-    <message>
-        <source>Takes back the last command that has changed the model.</source>
-        <translation>撤回最近一条更改模型的命令。</translation>
     </message>
     <message>
         <source>Redo</source>
         <translation>重做</translation>
     </message>
     <message>
-        <source>Makes again what was undone last.</source>
-        <translation>重做最近撤销的内容。</translation>
-    </message>
-    <message>
         <source>Steps</source>
         <translation>步骤</translation>
     </message>
     <message>
-        <source>Lists the steps that can be undone and redone.</source>
-        <translation>列出可以撤销和重做的步骤。</translation>
-    </message>
-    <message>
         <source>Declare Parameter</source>
         <translation>声明参数</translation>
-    </message>
-    <message>
-        <source>Declares a variable that whoever plays the journal may set.</source>
-        <translation>声明一个在播放日志时可以设置的变量。</translation>
     </message>
 </context>
 <context>

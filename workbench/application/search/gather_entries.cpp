@@ -141,7 +141,7 @@ QList<SearchEntry> gather_commands(const CommandRegistry& registry,
             .text = title.isEmpty() ? name : title,
             .place = title.isEmpty() ? translated(QT_TRANSLATE_NOOP("CommandSearch", "Command"))
                                      : translated(QT_TRANSLATE_NOOP("CommandSearch", "Command %1")).arg(name),
-            .tip = tip.isEmpty() ? command->summary : tip,
+            .tip = tip.isEmpty() ? command->translated_summary() : tip,
             .words = entry.parent().data().toString(),
             .run = [name, use] { use(name); }};
     }

@@ -29,7 +29,7 @@ InsertCommandDialog::InsertCommandDialog(const CommandRegistry& registry, QWidge
         auto* usage = new QStandardItem(command->usage());
         usage->setData(name, name_role);
         usage->setData(command->help, help_role);
-        mCommands.appendRow({usage, new QStandardItem(command->summary)});
+        mCommands.appendRow({usage, new QStandardItem(command->translated_summary())});
     }
     mShown.setSourceModel(&mCommands);
     mShown.setFilterKeyColumn(-1);

@@ -3,7 +3,9 @@
 
 #include "workbench/host/navigation/NavigationNode.h"
 
+#include "workbench/host/navigation/FormServices.h"
 #include "workbench/host/navigation/NavigationComponents.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
 
 #include <utility>
 
@@ -32,7 +34,18 @@ QVariant NavigationNode::data(int role) const
     QVariant value = QStandardItem::data(role);
     if (role == Qt::DecorationRole && mPicture && !value.isValid())
         value = mPicture->icon();
+    if (role == NavigationRole::Tip && !value.isValid())
+        value = summary();
     return value;
+}
+
+/** What the command tells of itself; nothing for other entries, and while it is not there. */
+QVariant NavigationNode::summary() const
+{
+    const CommandRegistry* registry = form_services().registry;
+    const QString name = data(NavigationRole::Command).toString().section(u' ', 0, 0);
+    const auto command = registry && !name.isEmpty() ? registry->find(name) : nullptr;
+    return command ? command->translated_summary() : QVariant();
 }
 
 void NavigationNode::set_picture(std::shared_ptr<NavigationPicture> picture)

@@ -35,7 +35,8 @@ public:
 
     int type() const override;
 
-    /** The icon is that of picture(), if there is one and none has been set. */
+    /** The icon is that of picture(), if there is one and none has been set. A command without a tip has its
+     * summary. */
     QVariant data(int role = Qt::UserRole + 1) const override;
 
     NavigationKind kind() const;
@@ -45,6 +46,8 @@ public:
     void set_picture(std::shared_ptr<NavigationPicture> picture);
 
 private:
+    QVariant summary() const;
+
     std::shared_ptr<NavigationPicture> mPicture;
 };
 

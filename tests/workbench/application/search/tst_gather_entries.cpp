@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
 #include "workbench/application/search/gather_entries.h"
 #include "workbench/application/windows/command_panel.h"
@@ -30,6 +31,7 @@ private slots:
     void refusal_tells_the_reason_that_was_given();
     void menu_entry_runs_its_action_while_it_can();
     void commands_have_their_titles_of_the_panel();
+    void summaries_are_in_the_language_of_the_user();
     void commands_that_need_nothing_are_told_data();
     void commands_that_need_nothing_are_told();
     void pages_are_listed_without_their_groups();
@@ -197,6 +199,17 @@ void TstGatherEntries::commands_have_their_titles_of_the_panel()
     commands[0].run();
     commands[1].run();
     QCOMPARE(used, QStringList({u"ball"_s, u"cube"_s}));
+}
+
+void TstGatherEntries::summaries_are_in_the_language_of_the_user()
+{
+    CommandRegistry registry;
+    registry.add({.name = u"cube"_s,
+                  .summary = u"Makes one."_s,
+                  .perform = [](CommandCall&, const CommandArguments&) {}});
+    const MarkingTranslator translator("Command");
+    const auto commands = gather_commands(registry, {}, [](const QString&) {});
+    QCOMPARE(lines(commands), QStringList(u"Command|cube||<Makes one.>"_s));
 }
 
 void TstGatherEntries::commands_that_need_nothing_are_told_data()

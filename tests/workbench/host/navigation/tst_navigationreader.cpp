@@ -6,9 +6,11 @@
 #include "host/navigation/NavigationResourcesDelay.h"
 #include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
+#include "workbench/host/navigation/FormServices.h"
 #include "workbench/host/navigation/NavigationComponents.h"
 #include "workbench/host/navigation/NavigationNode.h"
 #include "workbench/host/navigation/navigation_helpers.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
 
 #include <QDir>
 #include <QPixmap>
@@ -29,6 +31,7 @@ private slots:
     void one_file_data();
     void one_file();
     void every_attribute_is_kept();
+    void command_without_a_tip_has_its_summary();
     void icon_of_the_shell_is_found();
     void icon_beside_the_file_is_found();
     void icon_below_the_file_is_found();
@@ -317,6 +320,27 @@ void TstNavigationReader::every_attribute_is_kept()
     QCOMPARE(command.data(NavigationRole::Usage).toString(), u"c [X]"_s);
     QCOMPARE(command.data(NavigationRole::Component).toString(), u"y"_s);
     QCOMPARE(command.data(NavigationRole::Command).toString(), u"c 1"_s);
+}
+
+void TstNavigationReader::command_without_a_tip_has_its_summary()
+{
+    folder().write(u"a.xml"_s, navigation("<page title=\"P\"><command title=\"C\" command=\"c 1\"/>"
+                                          "<command title=\"D\" tip=\"t\" command=\"c\"/></page>"));
+    NavigationModel model(nullptr);
+    QCOMPARE(folder().read(&model), QStringList());
+    const auto tip = [&model](const QString& title) {
+        return entry(model, title).data(NavigationRole::Tip).toString();
+    };
+    CommandRegistry registry;
+    set_form_services({&registry, nullptr, {}});
+    const auto restore = qScopeGuard([] { set_form_services({}); });
+    QCOMPARE(tip(u"C"_s), QString());
+    registry.add({.name = u"c"_s,
+                  .summary = u"Does something."_s,
+                  .perform = [](CommandCall&, const CommandArguments&) {}});
+    QCOMPARE(tip(u"C"_s), u"Does something."_s);
+    QCOMPARE(tip(u"D"_s), u"t"_s);
+    QCOMPARE(tip(u"P"_s), QString());
 }
 
 namespace {

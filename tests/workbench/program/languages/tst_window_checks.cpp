@@ -213,7 +213,7 @@ void TstWindowChecks::catalogue_tells_sources_from_translations_data()
     QTest::newRow("number") << u"12.5"_s << true;
     QTest::newRow("cut in the middle") << u"Python-\u2026weisung"_s << true;
     QTest::newRow("rich text")
-        << u"<qt><b>Journal abspielen</b><br/>Führt die Befehle einer Journaldatei aus.</qt>"_s << true;
+        << u"<qt><b>Journal abspielen</b><br/>Spielt ein Journal oder ein Python-Skript ab.</qt>"_s << true;
     QTest::newRow("file filter") << u"Journaldateien (*.jou *.py)"_s << true;
     QTest::newRow("source") << u"&Open..."_s << false;
     QTest::newRow("source in rich text") << u"<qt><b>Play Journal</b></qt>"_s << false;

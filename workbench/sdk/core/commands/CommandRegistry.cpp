@@ -7,6 +7,8 @@
 #include "workbench/sdk/core/commands/nearest_name.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -16,6 +18,11 @@ namespace {
 const QString command_entity = u"command"_s;
 
 } // namespace
+
+QString Command::translated_summary() const
+{
+    return QCoreApplication::translate("Command", summary.toUtf8().constData());
+}
 
 QString Command::usage() const
 {

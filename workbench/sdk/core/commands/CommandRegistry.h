@@ -47,6 +47,8 @@ struct Command
     /** What it returns by CommandCall::set_result(). */
     CommandType result = {};
 
+    /** The summary in the user's language, from the context "Command" of the translators. */
+    FENNAR_CORE_EXPORT QString translated_summary() const;
     /** How the command is written, as "set [NAME [VALUE...]]". */
     FENNAR_CORE_EXPORT QString usage() const;
     /** What the flags mean to the user, in whole sentences; empty if none is set. */
