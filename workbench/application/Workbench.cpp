@@ -23,11 +23,13 @@
 #include "workbench/application/python/apply_python_paths.h"
 #include "workbench/application/python/python_command.h"
 #include "workbench/application/python/python_literal.h"
+#include "workbench/application/search/gather_entries.h"
 #include "workbench/application/windows/ColourScheme.h"
 #include "workbench/application/windows/FirstSize.h"
 #include "workbench/application/windows/WindowCommands.h"
 #include "workbench/application/windows/WindowParts.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
+#include "workbench/host/navigation/CommandDialog.h"
 #include "workbench/host/navigation/FormServices.h"
 #include "workbench/host/ostrelfw/CommandLine.h"
 #include "workbench/host/ostrelfw/HostMediator.h"
@@ -63,7 +65,7 @@ static void init_resources()
 
 namespace {
 
-/** The field for a file in the forms of the command panel. */
+/** The field for a file in the forms of commands. */
 QWidget* make_file_field(QWidget* parent, bool open, const QList<CommandFileFilter>& filters)
 {
     auto* field = new FileLineEdit(parent);
@@ -71,6 +73,14 @@ QWidget* make_file_field(QWidget* parent, bool open, const QList<CommandFileFilt
     for (const CommandFileFilter& filter : filters)
         field->add_filter(filter.name, filter.extension);
     return field;
+}
+
+QWidget* open_form(const QString& command, const QString& title)
+{
+    auto* dialog = new CommandDialog(command, plain_menu_text(title), Ostrel::instance());
+    dialog->show();
+    dialog->activateWindow();
+    return dialog;
 }
 
 /** How often, in milliseconds, work that goes on gives the shell its turn. */
@@ -137,7 +147,7 @@ void Workbench::set_up_commands()
     fennar.interpreter().set_error_output([this](const QString& text) { report_error(text); });
     fennar.services().history = [this] { return mConsole ? mConsole->history().entries() : QStringList(); };
     fennar.services().quit = [this] { quit(); };
-    fennar.application() = {&mFrame, [this] { give_turn(); }};
+    fennar.application() = {&mFrame, [this] { give_turn(); }, &open_form};
     fennar.playback().set_progress(
         [this](const QString& journal, int percent) { show_progress(journal, percent); });
     fennar.playback().set_echo([this](const QString& line) { echo(line); });

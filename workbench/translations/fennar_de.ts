@@ -243,13 +243,6 @@
     </message>
 </context>
 <context>
-    <name>CommandDialog</name>
-    <message>
-        <source>Fill in all fields; numbers have a decimal point.</source>
-        <translation>Alle Felder ausfüllen; Zahlen haben einen Dezimalpunkt.</translation>
-    </message>
-</context>
-<context>
     <name>CommandFinder</name>
     <message>
         <source>&amp;Find Command...</source>
@@ -944,36 +937,8 @@
 <context>
     <name>GeometryWindow</name>
     <message>
-        <source>Center (X Y Z)</source>
-        <translation>Mittelpunkt (X Y Z)</translation>
-    </message>
-    <message>
-        <source>Axis (X Y Z)</source>
-        <translation>Achse (X Y Z)</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>Name</translation>
-    </message>
-    <message>
-        <source>Width</source>
-        <translation>Breite</translation>
-    </message>
-    <message>
-        <source>Depth</source>
-        <translation>Tiefe</translation>
-    </message>
-    <message>
-        <source>Height</source>
-        <translation>Höhe</translation>
-    </message>
-    <message>
         <source>&amp;Cylinder...</source>
         <translation>&amp;Zylinder...</translation>
-    </message>
-    <message>
-        <source>Radius</source>
-        <translation>Radius</translation>
     </message>
     <message>
         <source>&amp;Sphere...</source>
@@ -984,56 +949,24 @@
         <translation>K&amp;egel...</translation>
     </message>
     <message>
-        <source>Top radius</source>
-        <translation>Oberer Radius</translation>
-    </message>
-    <message>
         <source>&amp;Torus...</source>
         <translation>&amp;Torus...</translation>
-    </message>
-    <message>
-        <source>Radius of the tube</source>
-        <translation>Radius des Rohrs</translation>
     </message>
     <message>
         <source>&amp;Move...</source>
         <translation>&amp;Verschieben...</translation>
     </message>
     <message>
-        <source>Solids</source>
-        <translation>Körper</translation>
-    </message>
-    <message>
-        <source>By (X Y Z)</source>
-        <translation>Um (X Y Z)</translation>
-    </message>
-    <message>
         <source>&amp;Rotate...</source>
         <translation>&amp;Drehen...</translation>
-    </message>
-    <message>
-        <source>Degrees</source>
-        <translation>Grad</translation>
-    </message>
-    <message>
-        <source>About (X Y Z)</source>
-        <translation>Drehpunkt (X Y Z)</translation>
     </message>
     <message>
         <source>Co&amp;py...</source>
         <translation>K&amp;opieren...</translation>
     </message>
     <message>
-        <source>Solid</source>
-        <translation>Körper</translation>
-    </message>
-    <message>
         <source>Re&amp;name...</source>
         <translation>&amp;Umbenennen...</translation>
-    </message>
-    <message>
-        <source>New name</source>
-        <translation>Neuer Name</translation>
     </message>
     <message>
         <source>&amp;Unite</source>
@@ -1042,14 +975,6 @@
     <message>
         <source>Su&amp;btract...</source>
         <translation>&amp;Abziehen...</translation>
-    </message>
-    <message>
-        <source>Tools</source>
-        <translation>Werkzeugkörper</translation>
-    </message>
-    <message>
-        <source>From</source>
-        <translation>Von</translation>
     </message>
     <message>
         <source>&amp;Intersect</source>
@@ -1062,14 +987,6 @@
     <message>
         <source>M&amp;esh...</source>
         <translation>Ver&amp;netzen...</translation>
-    </message>
-    <message>
-        <source>Solids (all if empty)</source>
-        <translation>Körper (leer: alle)</translation>
-    </message>
-    <message>
-        <source>Size</source>
-        <translation>Elementgröße</translation>
     </message>
     <message>
         <source>&amp;List</source>

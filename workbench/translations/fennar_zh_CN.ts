@@ -243,13 +243,6 @@
     </message>
 </context>
 <context>
-    <name>CommandDialog</name>
-    <message>
-        <source>Fill in all fields; numbers have a decimal point.</source>
-        <translation>请填写所有字段；数字使用小数点。</translation>
-    </message>
-</context>
-<context>
     <name>CommandFinder</name>
     <message>
         <source>&amp;Find Command...</source>
@@ -943,36 +936,8 @@
 <context>
     <name>GeometryWindow</name>
     <message>
-        <source>Center (X Y Z)</source>
-        <translation>中心 (X Y Z)</translation>
-    </message>
-    <message>
-        <source>Axis (X Y Z)</source>
-        <translation>轴 (X Y Z)</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>名称</translation>
-    </message>
-    <message>
-        <source>Width</source>
-        <translation>宽度</translation>
-    </message>
-    <message>
-        <source>Depth</source>
-        <translation>深度</translation>
-    </message>
-    <message>
-        <source>Height</source>
-        <translation>高度</translation>
-    </message>
-    <message>
         <source>&amp;Cylinder...</source>
         <translation>圆柱体(&amp;C)...</translation>
-    </message>
-    <message>
-        <source>Radius</source>
-        <translation>半径</translation>
     </message>
     <message>
         <source>&amp;Sphere...</source>
@@ -983,56 +948,24 @@
         <translation>圆锥体(&amp;O)...</translation>
     </message>
     <message>
-        <source>Top radius</source>
-        <translation>顶面半径</translation>
-    </message>
-    <message>
         <source>&amp;Torus...</source>
         <translation>圆环体(&amp;T)...</translation>
-    </message>
-    <message>
-        <source>Radius of the tube</source>
-        <translation>管半径</translation>
     </message>
     <message>
         <source>&amp;Move...</source>
         <translation>移动(&amp;M)...</translation>
     </message>
     <message>
-        <source>Solids</source>
-        <translation>实体</translation>
-    </message>
-    <message>
-        <source>By (X Y Z)</source>
-        <translation>位移 (X Y Z)</translation>
-    </message>
-    <message>
         <source>&amp;Rotate...</source>
         <translation>旋转(&amp;R)...</translation>
-    </message>
-    <message>
-        <source>Degrees</source>
-        <translation>角度（度）</translation>
-    </message>
-    <message>
-        <source>About (X Y Z)</source>
-        <translation>旋转中心 (X Y Z)</translation>
     </message>
     <message>
         <source>Co&amp;py...</source>
         <translation>复制(&amp;P)...</translation>
     </message>
     <message>
-        <source>Solid</source>
-        <translation>实体</translation>
-    </message>
-    <message>
         <source>Re&amp;name...</source>
         <translation>重命名(&amp;N)...</translation>
-    </message>
-    <message>
-        <source>New name</source>
-        <translation>新名称</translation>
     </message>
     <message>
         <source>&amp;Unite</source>
@@ -1041,14 +974,6 @@
     <message>
         <source>Su&amp;btract...</source>
         <translation>相减(&amp;B)...</translation>
-    </message>
-    <message>
-        <source>Tools</source>
-        <translation>工具实体</translation>
-    </message>
-    <message>
-        <source>From</source>
-        <translation>从</translation>
     </message>
     <message>
         <source>&amp;Intersect</source>
@@ -1061,14 +986,6 @@
     <message>
         <source>M&amp;esh...</source>
         <translation>划分网格(&amp;E)...</translation>
-    </message>
-    <message>
-        <source>Solids (all if empty)</source>
-        <translation>实体（留空表示全部）</translation>
-    </message>
-    <message>
-        <source>Size</source>
-        <translation>单元尺寸</translation>
     </message>
     <message>
         <source>&amp;List</source>

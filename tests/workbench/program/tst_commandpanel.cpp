@@ -246,11 +246,14 @@ void TstCommandPanel::every_command_has_a_form_in_both_panels()
                     expected << parameter.name;
             }
             QStringList found;
+            QStringList object_names;
             for (const FormField* each : form->findChildren<FormField*>()) {
                 QVERIFY2(each->isVisible() && !each->label().isEmpty(), qPrintable(name));
                 QVERIFY2(!each->controls().first()->accessibleName().isEmpty(), qPrintable(name));
                 found << each->parameter().name;
+                object_names << each->controls().first()->objectName();
             }
+            QCOMPARE(object_names.removeDuplicates(), 0);
             QCOMPARE(found, expected);
             QVERIFY2(field<QLineEdit>(u"commandLine"_s)->text().startsWith(name), qPrintable(name));
             QVERIFY2(field<QLineEdit>(u"commandLine"_s)->isReadOnly(), qPrintable(name));

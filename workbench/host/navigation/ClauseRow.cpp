@@ -4,6 +4,7 @@
 #include "workbench/host/navigation/ClauseRow.h"
 
 #include "workbench/host/navigation/FormField.h"
+#include "workbench/host/navigation/FormServices.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -79,7 +80,9 @@ QWidget* ClauseRow::add_field(const CommandParameter& parameter, QWidget* parent
     const QString label = mClause.label && mClause.parameters.size() > 1
                               ? tr("%1 %2").arg(translated_parameter(mClause.label), name)
                               : name;
-    auto* field = new FormField(described, label, mClause.optional, parent);
+    // Two clauses may have values of the same names, as coordinates.
+    const QString id = mClause.parameters.size() > 1 ? mClause.keyword + parameter.name : parameter.name;
+    auto* field = new FormField(described, label, id, mClause.optional, parent);
     connect(field, &FormField::changed, this, &ClauseRow::changed);
     mFields << field;
     return field;
@@ -128,18 +131,16 @@ QString ClauseRow::problem() const
                    ? QString()
                    : tr("%1 must be filled in.").arg(mFields.first()->label());
     }
-    bool all_zero = mClause.not_zero;
     for (const FormField* field : mFields) {
-        const bool is_default = field->words().isEmpty();
-        if (is_default && field->parameter().default_value.isNull())
+        if (field->words().isEmpty() && field->parameter().default_value.isNull())
             return tr("%1 must be filled in, too.").arg(field->label());
         if (const QString problem = field->problem(); !problem.isEmpty())
             return problem;
-        all_zero = all_zero && (is_default ? field->parameter().default_value.toDouble()
-                                           : field->number().value_or(1)) == 0;
     }
-    return all_zero ? tr("%1: the numbers must not all be 0.").arg(translated_parameter(mClause.label))
-                    : QString();
+    // Each number is right by itself.
+    if (mClause.not_zero && find_fault({.clauses = {mClause}}, {values()}))
+        return tr("%1: the numbers must not all be 0.").arg(translated_parameter(mClause.label));
+    return {};
 }
 
 QString ClauseRow::missing_too() const

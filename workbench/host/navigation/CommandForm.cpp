@@ -12,6 +12,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QFontDatabase>
 #include <QFormLayout>
 #include <QKeyEvent>
@@ -78,7 +79,7 @@ QStringList variables_of(const QString& line)
 
 } // namespace
 
-CommandForm::CommandForm(QWidget* parent)
+CommandForm::CommandForm(QWidget* parent, QDialogButtonBox* buttons)
     : QWidget(parent),
       mTitle(new_label(u"commandTitle"_s, this)),
       mTip(new_label(u"commandTip"_s, this)),
@@ -87,7 +88,7 @@ CommandForm::CommandForm(QWidget* parent)
       mMessage(new_label(u"commandMessage"_s, this)),
       mLine(new QLineEdit(this)),
       mEdit(new QCheckBox(tr("Edit the line"), this)),
-      mApply(new QPushButton(tr("Apply"), this))
+      mApply(buttons ? buttons->button(QDialogButtonBox::Ok) : new QPushButton(tr("Apply"), this))
 {
     setObjectName(u"commandForm"_s);
     mWays->setObjectName(u"commandWays"_s);
@@ -103,7 +104,16 @@ CommandForm::CommandForm(QWidget* parent)
     mEdit->setToolTip(tr("Write the command line yourself"));
     mApply->setObjectName(u"applyButton"_s);
     mApply->setToolTip(tr("Run the command line"));
-    mApply->setAutoDefault(false);
+    if (buttons) {
+        mTitle->hide();
+        // A dialog keeps its size, and its buttons their place.
+        QSizePolicy keeps = mMessage->sizePolicy();
+        keeps.setRetainSizeWhenHidden(true);
+        mMessage->setSizePolicy(keeps);
+        mMessage->setMinimumHeight(mMessage->fontMetrics().height());
+    } else {
+        mApply->setAutoDefault(false);
+    }
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -114,7 +124,7 @@ CommandForm::CommandForm(QWidget* parent)
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(mEdit);
     bottom->addStretch();
-    bottom->addWidget(mApply);
+    bottom->addWidget(buttons ? static_cast<QWidget*>(buttons) : mApply);
     layout->addLayout(bottom);
 
     connect(mLine, &QLineEdit::textChanged, this, [this] {
@@ -175,6 +185,14 @@ void CommandForm::set_entry(const QModelIndex& entry)
     setVisible(entry.isValid());
 }
 
+void CommandForm::set_command(const QString& name)
+{
+    set_fonts();
+    start(name, {});
+    set_text_or_hide(mTip, mRegistered ? mRegistered->translated_summary() : QString());
+    show();
+}
+
 /** Shows the command of @p line, with fields if it is described in a way that @p line fits. */
 void CommandForm::start(const QString& line, const QString& usage)
 {
@@ -185,15 +203,19 @@ void CommandForm::start(const QString& line, const QString& usage)
         mEdit->setChecked(false);
     }
     const CommandRegistry* registry = form_services().registry;
-    const QString name = split(line).value(0);
+    const QStringList words = split(line);
+    const QString name = words.value(0);
     mRegistered = registry ? registry->find(name) : nullptr;
     mCommand = mRegistered;
     mWays->clear();
     if (mCommand) {
         for (const CommandSyntax& way : mCommand->forms)
             mWays->addItem(translated_parameter(way.title));
-        if (!read_line(line))
+        const bool is_bare = words.size() == 1;
+        if (!(is_bare && read_line(applied_lines().value(name))) && !read_line(line))
             mCommand.reset();
+        else if (is_bare)
+            take_selection();
     }
     if (!mCommand)
         show_way(-1);
@@ -231,6 +253,18 @@ bool CommandForm::read_line(const QString& line)
     return false;
 }
 
+/** Puts what is selected in the place of the names in the fields. */
+void CommandForm::take_selection()
+{
+    const QList<ClauseValues> selected = selected_values(form(), form_services().registry->entities());
+    for (qsizetype i = 0; i < mRows.size(); ++i) {
+        const QList<CommandParameter>& parameters = mRows[i]->clause().parameters;
+        if (std::any_of(parameters.begin(), parameters.end(),
+                        [](const CommandParameter& parameter) { return !parameter.entity.isEmpty(); }))
+            mRows[i]->fill(selected[i]);
+    }
+}
+
 /** Makes the fields of one way to write the command; none if @p way is negative. */
 void CommandForm::show_way(int way)
 {
@@ -258,6 +292,14 @@ void CommandForm::show_way(int way)
     auto* all = static_cast<QVBoxLayout*>(layout());
     all->insertWidget(all->indexOf(mMessage), mFields);
     mFields->setVisible(fields->rowCount() > 0);
+    QWidgetList controls;
+    for (const ClauseRow* row : std::as_const(mRows))
+        controls << row->controls();
+    if (controls.isEmpty())
+        return;
+    // The fields stay in the order in which they were made. The buttons of a dialog come behind all others.
+    setTabOrder(controls.last(), mLine);
+    setTabOrder(mLine, mEdit);
 }
 
 /** What the fields hold. */
@@ -281,7 +323,8 @@ QString CommandForm::problem() const
             return before->missing_too();
         before = row;
     }
-    return {};
+    const auto fault = find_fault(form(), values());
+    return fault ? fault->message() : QString();
 }
 
 void CommandForm::update_line()
@@ -292,7 +335,7 @@ void CommandForm::update_line()
         mLine->setText(command_line(mCommand->name, form(), values()));
         mLine->setCursorPosition(0);
     }
-    // A hidden message would make what stands below it jump.
+    // In a panel an empty message takes no room.
     mMessage->setText(message);
     mMessage->setVisible(!message.isEmpty());
     mApply->setEnabled(message.isEmpty() && !mLine->text().trimmed().isEmpty());
@@ -401,6 +444,10 @@ void CommandForm::keyPressEvent(QKeyEvent* event)
 
 void CommandForm::apply()
 {
+    const QString line = mLine->text();
+    if (mCommand)
+        applied_lines().insert(mCommand->name, line);
+    emit applying();
     // Nothing may follow: the receiver is free to delete the panel.
-    send_command(mLine->text());
+    send_command(line);
 }

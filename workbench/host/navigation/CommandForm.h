@@ -16,14 +16,18 @@
 class ClauseRow;
 class QCheckBox;
 class QComboBox;
+class QDialogButtonBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
 struct Command;
 
 /**
- * What both panels show of a command: title, purpose, a field for each of its values, the line that they
- * make, and the button that applies it.
+ * What panels and dialogs show of a command: title, purpose, a field for each of its values, the line that
+ * they make, and the button that applies it.
+ *
+ * A line with nothing but the command's name begins with the values that were applied last, and what is
+ * selected stands for the names.
  *
  * The fields are those that the registry describes, see FormServices. A command that it does not describe has
  * its usage and its line, to be completed by the user; so has any other while "Edit the line" is on.
@@ -33,7 +37,9 @@ class CommandForm : public QWidget
     Q_OBJECT
 
 public:
-    explicit CommandForm(QWidget* parent);
+    /** @param buttons  of a dialog: "Ok" applies, and the title is left to the dialog; null for a button of
+     * the form's own. */
+    explicit CommandForm(QWidget* parent, QDialogButtonBox* buttons = nullptr);
     ~CommandForm() override;
 
     /**
@@ -42,6 +48,8 @@ public:
      * What the user has given stays as long as entry and command text remain the same.
      */
     void set_entry(const QModelIndex& entry);
+    /** Shows the command of that name. */
+    void set_command(const QString& name);
     /** Gives the keyboard to the first field, or to the line, behind its text. */
     void focus_first();
     /** The controls that take the keyboard, in order. */
@@ -50,6 +58,8 @@ public:
 signals:
     /** controls() is another list now. */
     void controls_changed();
+    /** The line is about to be sent. */
+    void applying();
     /** The user wants to go back to the command's entry. */
     void left();
 
@@ -61,6 +71,7 @@ private:
     void set_fonts();
     void start(const QString& line, const QString& usage);
     bool read_line(const QString& line);
+    void take_selection();
     void show_way(int way);
     void update_line();
     QList<ClauseValues> values() const;

@@ -6,7 +6,6 @@
 #include "workbench/host/navigation/FormServices.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/CommandVariables.h"
-#include "workbench/sdk/core/commands/numbers.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QComboBox>
@@ -61,8 +60,9 @@ std::optional<QString> resolved(const QString& word)
 
 } // namespace
 
-FormField::FormField(const CommandParameter& parameter, const QString& label, bool optional, QWidget* parent)
-    : QWidget(parent), mParameter(parameter), mLabel(label), mOptional(optional)
+FormField::FormField(const CommandParameter& parameter, const QString& label, const QString& id,
+                     bool optional, QWidget* parent)
+    : QWidget(parent), mParameter(parameter), mLabel(label), mId(id), mOptional(optional)
 {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -86,7 +86,7 @@ FormField::FormField(const CommandParameter& parameter, const QString& label, bo
         control->setAccessibleDescription(tip);
     }
     QWidget* first = widgets.first();
-    first->setObjectName(u"value"_s + mParameter.name);
+    first->setObjectName(u"value"_s + mId);
     first->setAccessibleName(mParameter.unit.isEmpty() ? mLabel
                                                        : tr("%1 in %2").arg(mLabel, mParameter.unit));
     setFocusProxy(first);
@@ -124,13 +124,13 @@ void FormField::make_list()
 {
     make_line();
     mButton = new QToolButton(this);
-    mButton->setObjectName(u"add"_s + mParameter.name);
+    mButton->setObjectName(u"add"_s + mId);
     mButton->setText(u"+"_s);
     mButton->setAccessibleName(tr("Add to %1").arg(mLabel));
     mButton->setPopupMode(QToolButton::InstantPopup);
     mButton->setFocusPolicy(Qt::StrongFocus);
     auto* menu = new QMenu(mButton);
-    menu->setObjectName(u"names"_s + mParameter.name);
+    menu->setObjectName(u"names"_s + mId);
     connect(menu, &QMenu::aboutToShow, this, &FormField::show_names);
     mButton->setMenu(menu);
     layout()->addWidget(mButton);
@@ -214,13 +214,6 @@ void FormField::set_words(const QStringList& words)
     mLine->setText(quoted.join(u' '));
 }
 
-std::optional<double> FormField::number() const
-{
-    const QStringList given = words();
-    const std::optional<QString> value = given.isEmpty() ? std::nullopt : resolved(given.first());
-    return value ? parse_number(*value) : std::nullopt;
-}
-
 void FormField::refresh()
 {
     const CommandRegistry* registry = form_services().registry;
@@ -290,62 +283,61 @@ QString FormField::problem() const
         if (const QString problem = word_problem(word); !problem.isEmpty())
             return problem;
     }
-    return mParameter.repeated && mParameter.kind == Kind::Entity ? list_problem(given) : QString();
+    return is_right(given, mParameter.at_least) ? QString() : list_problem(given);
 }
 
+/** Whether a command could take these words as its value. */
+bool FormField::is_right(const QStringList& words, int at_least) const
+{
+    CommandParameter parameter = mParameter;
+    parameter.at_least = at_least;
+    return !find_fault({.clauses = {required_value(parameter)}}, {QList<QStringList>{words}});
+}
+
+/** What is wrong with one of the words. */
 QString FormField::word_problem(const QString& word) const
 {
-    const bool literal = mParameter.kind == Kind::Text || mParameter.kind == Kind::InputFile ||
-                         mParameter.kind == Kind::OutputFile;
+    const bool is_file = mParameter.kind == Kind::InputFile || mParameter.kind == Kind::OutputFile;
+    const bool literal = is_file || mParameter.kind == Kind::Text;
     const std::optional<QString> value = literal ? word : resolved(word);
     if (!value)
         return tr("%1: there is no variable %2.").arg(mLabel, word);
-    const QFileInfo file(*value);
+    if (is_file)
+        return file_problem(*value);
+    if (is_right({word}, 1))
+        return {};
     switch (mParameter.kind) {
     case Kind::Number:
     case Kind::WholeNumber:
-        return number_problem(*value);
-    case Kind::Entity:
-        if (mParameter.choices.contains(*value) || !entity_name(*value).isEmpty())
-            return {};
-        return tr("%1: there is no \"%2\".").arg(mLabel, *value);
+        return number_problem();
     case Kind::NewName:
         if (!CommandRegistry::is_name(*value))
             return tr("%1: a letter, then letters, digits, \"_\", \"-\" and \".\".").arg(mLabel);
         if (mParameter.reserved.contains(*value))
             return tr("%1: \"%2\" has a meaning of its own.").arg(mLabel, *value);
-        if (mNames.contains(*value))
-            return tr("%1: there is a \"%2\" already.").arg(mLabel, *value);
-        return {};
+        return tr("%1: there is a \"%2\" already.").arg(mLabel, *value);
     case Kind::Variable:
-        return is_variable_name(*value) ? QString()
-                                        : tr("%1: a letter, then letters, digits and \"_\".").arg(mLabel);
-    case Kind::InputFile:
-        return file.isFile() ? QString() : tr("%1: there is no file %2.").arg(mLabel, *value);
-    case Kind::OutputFile:
-        if (!file.absoluteDir().exists())
-            return tr("%1: there is no folder %2.").arg(mLabel, file.absolutePath());
-        return file.isDir() ? tr("%1: %2 is a folder.").arg(mLabel, *value) : QString();
-    case Kind::Choice:
-    case Kind::Text:
-    case Kind::Words:
-        break;
+        return tr("%1: a letter, then letters, digits and \"_\".").arg(mLabel);
+    default:
+        return tr("%1: there is no \"%2\".").arg(mLabel, *value);
     }
-    return {};
 }
 
-QString FormField::entity_name(const QString& value) const
+/** Commands find out by themselves only when they run. */
+QString FormField::file_problem(const QString& name) const
 {
-    const CommandRegistry* registry = form_services().registry;
-    return registry ? registry->entities().find(mParameter.entity, value) : QString();
+    const QFileInfo file(name);
+    if (mParameter.kind == Kind::InputFile)
+        return file.isFile() ? QString() : tr("%1: there is no file %2.").arg(mLabel, name);
+    if (!file.absoluteDir().exists())
+        return tr("%1: there is no folder %2.").arg(mLabel, file.absolutePath());
+    return file.isDir() ? tr("%1: %2 is a folder.").arg(mLabel, name) : QString();
 }
 
-QString FormField::number_problem(const QString& value) const
+/** What the number must be. */
+QString FormField::number_problem() const
 {
     const bool whole = mParameter.kind == Kind::WholeNumber;
-    const std::optional<double> given = parse_number(value);
-    if (given && *given >= mParameter.least && *given <= mParameter.most && (!whole || parse_integer(value)))
-        return {};
     const bool least = std::isfinite(mParameter.least);
     // What a whole number can hold anyhow is no limit worth telling.
     const bool most = std::isfinite(mParameter.most) && !(whole && mParameter.most >= 2147483647.0);
@@ -358,19 +350,14 @@ QString FormField::number_problem(const QString& value) const
     return (whole ? tr("%1: a whole number.") : tr("%1: a number, as 2.5 or 1e-3.")).arg(mLabel);
 }
 
+/** What is wrong with words each of which would be right. */
 QString FormField::list_problem(const QStringList& given) const
 {
-    const bool choice = std::any_of(given.begin(), given.end(), [this](const QString& word) {
-        return mParameter.choices.contains(word);
-    });
-    if (choice)
-        return given.size() == 1 ? QString() : tr("%1: \"%2\" stands alone.").arg(mLabel, given.first());
-    QStringList names;
-    for (const QString& word : given)
-        names << entity_name(resolved(word).value_or(word));
-    if (mParameter.distinct && names.removeDuplicates() > 0)
-        return tr("%1: each one only once.").arg(mLabel);
+    for (const QString& word : given) {
+        if (mParameter.choices.contains(word))
+            return tr("%1: \"%2\" stands alone.").arg(mLabel, word);
+    }
     if (given.size() < mParameter.at_least)
         return tr("%1: at least %n.", nullptr, mParameter.at_least).arg(mLabel);
-    return {};
+    return tr("%1: each one only once.").arg(mLabel);
 }

@@ -19,9 +19,11 @@ class FormField : public QWidget
 public:
     /**
      * @param label     names the field in messages and for screen readers.
+     * @param id        ends the object names, as "valueWIDTH"; one of its own in a form.
      * @param optional  whether it may stay empty.
      */
-    FormField(const CommandParameter& parameter, const QString& label, bool optional, QWidget* parent);
+    FormField(const CommandParameter& parameter, const QString& label, const QString& id, bool optional,
+              QWidget* parent);
 
     const CommandParameter& parameter() const { return mParameter; }
     const QString& label() const { return mLabel; }
@@ -30,8 +32,6 @@ public:
     QStringList words() const;
     /** Does not tell changed(). */
     void set_words(const QStringList& words);
-    /** The number in the field, be it in a variable; empty if there is none. */
-    std::optional<double> number() const;
     /** What is wrong with what was given, as a sentence; empty if nothing is, and for an empty field. */
     QString problem() const;
     /** Offers the present names of entities; what was given stays. */
@@ -53,14 +53,15 @@ private:
     void append_name(const QString& name);
     QString text() const;
     bool is_raw() const;
+    bool is_right(const QStringList& words, int at_least) const;
     QString word_problem(const QString& word) const;
-    /** The name of the entity that a value stands for; empty if it is nothing's. */
-    QString entity_name(const QString& value) const;
-    QString number_problem(const QString& value) const;
-    QString list_problem(const QStringList& words) const;
+    QString file_problem(const QString& name) const;
+    QString number_problem() const;
+    QString list_problem(const QStringList& given) const;
 
     const CommandParameter mParameter;
     const QString mLabel;
+    const QString mId;
     const bool mOptional;
     /** The field itself, one of these; a combo box that can be edited has both. */
     QLineEdit* mLine = nullptr;

@@ -3,6 +3,13 @@
 
 #include "workbench/host/navigation/FormServices.h"
 
+#include "workbench/sdk/core/commands/CommandArguments.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/commands/CommandVariables.h"
+#include "workbench/sdk/core/commands/tokenize.h"
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 FormServices& services()
@@ -16,9 +23,33 @@ FormServices& services()
 void set_form_services(const FormServices& new_services)
 {
     services() = new_services;
+    applied_lines().clear();
 }
 
 const FormServices& form_services()
 {
     return services();
+}
+
+QHash<QString, QString>& applied_lines()
+{
+    static QHash<QString, QString> lines;
+    return lines;
+}
+
+std::optional<CommandError> find_fault(const CommandSyntax& form, const QList<ClauseValues>& values)
+{
+    const CommandVariables* variables = services().variables;
+    const CommandWords words =
+        tokenize(command_line(u"command"_s, form, values),
+                 [variables](QStringView name) { return variables ? variables->value(name) : std::nullopt; });
+    if (words.error)
+        return words.error;
+    try {
+        const CommandArguments arguments(words, {form},
+                                         services().registry ? &services().registry->entities() : nullptr);
+    } catch (const CommandError& error) {
+        return error;
+    }
+    return std::nullopt;
 }

@@ -4,14 +4,18 @@
 #pragma once
 
 #include "workbench/sdk/core/commands/CommandDescription.h"
+#include "workbench/sdk/core/commands/CommandError.h"
+
+#include <QHash>
 
 #include <functional>
+#include <optional>
 
 class CommandRegistry;
 class CommandVariables;
 class QWidget;
 
-/** What the forms of the command panels are made from. Nothing is owned. */
+/** What the forms of commands are made from. Nothing is owned. */
 struct FormServices
 {
     /** The commands that can be described; null leaves every form with nothing but the command's line. */
@@ -27,8 +31,20 @@ struct FormServices
     std::function<QWidget*(QWidget* parent, bool open, const QList<CommandFileFilter>& filters)> file_field;
 };
 
-/** Sets the services of all forms; those that are made from then on use them. */
+/** Sets the services of all forms; those that are made from then on use them. What was applied is forgotten.
+ */
 void set_form_services(const FormServices& services);
 
 /** The services set last. */
 const FormServices& form_services();
+
+/** The line that a form has applied last for each command, by its name. */
+QHash<QString, QString>& applied_lines();
+
+/**
+ * What is wrong with values, as the reader of the arguments of all commands finds it; nothing if they are
+ * right.
+ *
+ * @param values  one entry for each clause of the form.
+ */
+std::optional<CommandError> find_fault(const CommandSyntax& form, const QList<ClauseValues>& values);

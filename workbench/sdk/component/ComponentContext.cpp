@@ -17,6 +17,7 @@
 #include "menus/OstrelViewMenu.h"
 #include "options/OptionsPanel.h"
 #include "workbench/sdk/component/shell_parts.h"
+#include "workbench/sdk/core/commands/CommandSink.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/files/FormatRegistry.h"
 
@@ -233,6 +234,28 @@ QAction* ComponentContext::make_action(const QString& text, const Step& run)
     if (run)
         QObject::connect(&action, &QAction::triggered, &action, [run] { run(); });
     return &action;
+}
+
+QAction* ComponentContext::make_command_action(const QString& text, const QString& command, CommandUse use)
+{
+    if (!window())
+        return nullptr;
+    const std::shared_ptr<const Command> declared = Fennar::instance().registry().find(command);
+    if (!declared)
+        refuse(u"there is no command \"%1\""_s.arg(command));
+    const auto dialog = std::make_shared<QPointer<QWidget>>();
+    QAction* const action = make_action(text, [=] {
+        const auto& open_form = Fennar::instance().application().open_form;
+        if (use == CommandUse::Run)
+            send_command(Fennar::instance().registry().line_for_selection(command));
+        else if (*dialog && (*dialog)->isVisible())
+            (*dialog)->activateWindow();
+        else if (open_form)
+            *dialog = open_form(command, text);
+    });
+    action->setStatusTip(declared->translated_summary());
+    on_end([dialog] { delete *dialog; });
+    return action;
 }
 
 void ComponentContext::add_to_menu(const MenuPlace& place, const std::vector<QAction*>& actions)

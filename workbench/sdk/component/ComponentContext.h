@@ -43,6 +43,15 @@ enum class FixedMenu {
 /** A menu: one of the fixed ones, or that of a title, which is made if there is none. */
 using MenuPlace = std::variant<QString, FixedMenu>;
 
+/** What an action for a command does. */
+enum class CommandUse {
+    /** Opens a dialog with the command's form, which begins with what is selected. */
+    Form,
+    /** Runs the command as though it were typed: what is selected stands for the names that it needs, and
+     * what may be left out is. */
+    Run,
+};
+
 /** A page of the options dialog. */
 struct OptionsPage
 {
@@ -158,6 +167,12 @@ public:
 
     /** Makes an action. @p run may be null. */
     QAction* make_action(const QString& text, const Step& run);
+    /**
+     * Makes an action for a command: all but its text comes from what the command declares, the summary as
+     * its status tip. A form that is open goes with the action. A command that is not there ends the load.
+     */
+    QAction* make_command_action(const QString& text, const QString& command,
+                                 CommandUse use = CommandUse::Form);
     /**
      * Adds entries to a menu. A null asks for a separator.
      *

@@ -57,6 +57,8 @@ private slots:
     void selection_decides_what_can_be_chosen();
     void delete_in_the_tree_sends_a_command();
     void subtract_form_is_filled_from_the_selection();
+    void form_remembers_values_but_no_names();
+    void entries_tell_what_the_commands_tell();
     void edit_menu_undoes_and_redoes();
     void keys_of_undo_are_those_of_text_in_text();
     void played_journal_is_undone_as_a_whole();
@@ -79,12 +81,13 @@ private:
     static void select(const QStringList& names);
     static QWidget* form(const char* command)
     {
-        return Ostrel::instance()->findChild<QWidget*>(u"GeometryDialog_"_s + QLatin1StringView(command));
+        return Ostrel::instance()->findChild<QWidget*>(u"commandDialog_"_s + QLatin1StringView(command));
     }
     static void fill(QWidget* form, const QString& field, const QString& text)
     {
         form->findChild<QLineEdit*>(field)->setText(text);
     }
+    static QString line(QWidget* form) { return form->findChild<QLineEdit*>(u"commandLine"_s)->text(); }
     static QPushButton* ok(QWidget* form)
     {
         return form->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
@@ -192,12 +195,14 @@ void TstGeometryComponent::form_sends_its_command_to_the_console()
     QVERIFY(trigger("cylinder"));
     QWidget* dialog = form("cylinder");
     QVERIFY(dialog && dialog->isVisible());
-    fill(dialog, u"radius"_s, u"2"_s);
-    fill(dialog, u"height"_s, u" 3.5 "_s);
-    fill(dialog, u"at"_s, u"1 2  3"_s);
-    fill(dialog, u"along"_s, {});
-    fill(dialog, u"name"_s, u"rod"_s);
-    QCOMPARE(dialog->findChild<QLabel*>(u"preview"_s)->text(), u"cylinder 2 3.5 at 1 2 3 name rod"_s);
+    fill(dialog, u"valueRADIUS"_s, u"2"_s);
+    fill(dialog, u"valueHEIGHT"_s, u" 3.5 "_s);
+    fill(dialog, u"valueatX"_s, u"1"_s);
+    fill(dialog, u"valueatY"_s, u"2"_s);
+    fill(dialog, u"valueatZ"_s, u" 3"_s);
+    fill(dialog, u"valuealongX"_s, {});
+    fill(dialog, u"valueNAME"_s, u"rod"_s);
+    QCOMPARE(line(dialog), u"cylinder 2 3.5 at 1 2 3 name rod"_s);
     page()->clearToPrompt();
     ok(dialog)->click();
     flush();
@@ -212,16 +217,18 @@ void TstGeometryComponent::form_with_a_wrong_field_sends_nothing()
 {
     QVERIFY(trigger("brick"));
     QWidget* dialog = form("brick");
-    QVERIFY(dialog && ok(dialog)->isEnabled());
+    QVERIFY(dialog && !ok(dialog)->isEnabled());
+    fill(dialog, u"valueWIDTH"_s, u"1"_s);
+    QVERIFY(ok(dialog)->isEnabled());
     for (const QString& wrong : {u"x"_s, QString(), u"1,5"_s, u"1 2"_s, u"nan"_s}) {
-        fill(dialog, u"width"_s, wrong);
+        fill(dialog, u"valueWIDTH"_s, wrong);
         QVERIFY2(!ok(dialog)->isEnabled(), qPrintable(wrong));
-        QMetaObject::invokeMethod(dialog, "accept");
+        QTest::keyClick(dialog->findChild<QLineEdit*>(u"valueWIDTH"_s), Qt::Key_Return);
         QVERIFY(dialog->isVisible());
     }
-    fill(dialog, u"width"_s, u"1.5"_s);
+    fill(dialog, u"valueWIDTH"_s, u"1.5"_s);
     QVERIFY(ok(dialog)->isEnabled());
-    fill(dialog, u"at"_s, u"1 2"_s);
+    fill(dialog, u"valueatX"_s, u"1 2"_s);
     QVERIFY(!ok(dialog)->isEnabled());
     dialog->close();
     flush();
@@ -309,10 +316,36 @@ void TstGeometryComponent::subtract_form_is_filled_from_the_selection()
     QVERIFY(trigger("subtract"));
     QWidget* dialog = form("subtract");
     QVERIFY(dialog);
-    QCOMPARE(dialog->findChild<QLabel*>(u"preview"_s)->text(), u"subtract b from a"_s);
+    QCOMPARE(line(dialog), u"subtract b from a"_s);
     ok(dialog)->click();
     flush();
     QCOMPARE(rows(), QStringList(u"a 7.5"_s));
+}
+
+void TstGeometryComponent::form_remembers_values_but_no_names()
+{
+    enter(u"brick 2 name a"_s);
+    enter(u"brick 1 name b"_s);
+    select({u"a"_s});
+    QVERIFY(trigger("copy"));
+    QCOMPARE(line(form("copy")), u"copy a"_s);
+    fill(form("copy"), u"valuebyX"_s, u"3"_s);
+    fill(form("copy"), u"valueNAME"_s, u"c"_s);
+    ok(form("copy"))->click();
+    flush();
+    QCOMPARE(rows(), QStringList({u"a 8"_s, u"b 1"_s, u"c 8"_s}));
+    select({u"b"_s});
+    QVERIFY(trigger("copy"));
+    QCOMPARE(line(form("copy")), u"copy b by 3 0 0"_s);
+}
+
+void TstGeometryComponent::entries_tell_what_the_commands_tell()
+{
+    for (const char* name : {"brick", "unite", "list", "undo"}) {
+        const auto command = Fennar::instance().registry().find(QString::fromLatin1(name));
+        QVERIFY(find_action(name) && !command->summary.isEmpty());
+        QCOMPARE(find_action(name)->statusTip(), command->summary);
+    }
 }
 
 void TstGeometryComponent::edit_menu_undoes_and_redoes()

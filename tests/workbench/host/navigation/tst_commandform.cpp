@@ -5,7 +5,9 @@
 #include "host/navigation/CommandButtonPanel.h"
 #include "host/navigation/NavigationModel.h"
 #include "navigation_helpers.h"
+#include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
+#include "support/random_seed.h"
 #include "support/windows.h"
 #include "workbench/host/navigation/CommandForm.h"
 #include "workbench/host/navigation/FormField.h"
@@ -25,13 +27,13 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QRandomGenerator>
 #include <QScopeGuard>
 #include <QScrollArea>
 #include <QStandardItem>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
-#include <QTranslator>
 
 using namespace Qt::StringLiterals;
 using Kind = CommandParameter::Kind;
@@ -47,7 +49,7 @@ CommandClause vector(const QString& keyword, const char* label, const QString& f
 {
     CommandClause clause{.keyword = keyword, .optional = true, .label = label, .not_zero = not_zero};
     for (const char* const axis : {"X", "Y", "Z"})
-        clause.parameters.append({.name = keyword + QString::fromLatin1(axis),
+        clause.parameters.append({.name = QString::fromLatin1(axis),
                                   .kind = Kind::Number,
                                   .label = axis,
                                   .unit = u"mm"_s,
@@ -114,6 +116,9 @@ private slots:
     void form_may_go_while_it_applies();
     void nothing_is_clipped_in_a_narrow_dock();
     void labels_are_translated();
+    void values_of_the_last_time_are_there_again();
+    void names_are_those_that_are_selected();
+    void what_the_form_applies_the_interpreter_takes();
 
 private:
     void add(const QString& name, const QList<CommandSyntax>& forms);
@@ -936,34 +941,86 @@ void TstCommandForm::nothing_is_clipped_in_a_narrow_dock()
     }
 }
 
-namespace {
-
-/** Puts "@" in front of all texts of a context. */
-class Marker : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char* context, const char* text, const char*, int) const override
-    {
-        const QString marked = u'@' + QString::fromUtf8(text);
-        return qstrcmp(context, "CommandParameter") == 0 ? marked : QString();
-    }
-};
-
-} // namespace
-
 void TstCommandForm::labels_are_translated()
 {
-    const Marker marker;
-    QVERIFY(QCoreApplication::installTranslator(const_cast<Marker*>(&marker)));
+    const MarkingTranslator marker("CommandParameter");
     show(u"load"_s);
-    QCOMPARE(find<QComboBox>(u"commandWays"_s)->currentText(), u"@By name"_s);
-    QCOMPARE(mForm->findChild<FormField*>()->label(), u"@Solid"_s);
+    QCOMPARE(find<QComboBox>(u"commandWays"_s)->currentText(), u"<By name>"_s);
+    QCOMPARE(mForm->findChild<FormField*>()->label(), u"<Solid>"_s);
     show(u"brick"_s);
-    QCOMPARE(find<QLineEdit>(u"valueatX"_s)->accessibleName(), u"@Center @X"_s);
+    QCOMPARE(find<QLineEdit>(u"valueatX"_s)->accessibleName(), u"<Center> <X>"_s);
     show(u"delete"_s);
-    QCOMPARE(find<QCheckBox>(u"valuequick"_s)->text(), u"@Quickly"_s);
-    QCoreApplication::removeTranslator(const_cast<Marker*>(&marker));
+    QCOMPARE(find<QCheckBox>(u"valuequick"_s)->text(), u"<Quickly>"_s);
+}
+
+void TstCommandForm::values_of_the_last_time_are_there_again()
+{
+    show(u"brick 10 at 1 2 3 name base"_s);
+    // What was not applied is not kept.
+    show(u"brick"_s);
+    QCOMPARE(line(), u"brick"_s);
+    show(u"brick 10 at 1 2 3 name base"_s);
+    apply()->click();
+    show(u"fit"_s);
+    show(u"brick"_s);
+    QCOMPARE(line(), u"brick 10 at 1 2 3"_s); // that name is taken
+    show(u"brick 20"_s);
+    QCOMPARE(line(), u"brick 20"_s);
+    show(u"load 7 now"_s);
+    apply()->click();
+    show(u"load"_s);
+    QCOMPARE(line(), u"load 7 now"_s);
+    // It may be another command by now.
+    mRegistry->remove(u"load"_s);
+    add(u"load"_s, {{}});
+    show(u"load"_s);
+    QCOMPARE(line(), u"load"_s);
+}
+
+void TstCommandForm::names_are_those_that_are_selected()
+{
+    mRegistry->entities().offer_selection(u"solid"_s, [this] { return mSolids; });
+    show(u"join"_s);
+    QCOMPARE(line(), u"join plate pin"_s);
+    show(u"rename"_s);
+    QCOMPARE(line(), u"rename plate"_s);
+    show(u"delete pin"_s);
+    QCOMPARE(line(), u"delete pin"_s);
+    mSolids = {u"pin"_s, u"two words"_s};
+    apply()->click();
+    show(u"delete"_s);
+    QCOMPARE(line(), u"delete pin \"two words\""_s);
+    QVERIFY(apply()->isEnabled());
+}
+
+/** And the other way round, but for what only a form can tell. */
+void TstCommandForm::what_the_form_applies_the_interpreter_takes()
+{
+    const QStringList pieces{u"0"_s,    u"0.5"_s,   u"7"_s,     u"1e2"_s, u"100.5"_s, u"-1"_s,  u"2.5"_s,
+                             u"pin"_s,  u"plate"_s, u"PIN"_s,   u"all"_s, u"1"_s,     u"3"_s,   u"at"_s,
+                             u"name"_s, u"$size"_s, u"$none"_s, u"a b"_s, u"new"_s,   u"top"_s, QString()};
+    QRandomGenerator random(random_seed());
+    CommandInterpreter interpreter(*mRegistry);
+    interpreter.variables().set(u"size"_s, u"20"_s);
+    mVariables = interpreter.variables();
+    int taken = 0;
+    int refused = 0;
+    for (int round = 0; round < 300; ++round) {
+        const QStringList commands{u"brick"_s, u"join"_s, u"delete"_s, u"turn_all"_s, u"rename"_s,
+                                   u"count"_s, u"turn"_s, u"load"_s,   u"view"_s,     u"set"_s};
+        show(commands[random.bounded(commands.size())]);
+        const QList<FormField*> fields = mForm->findChildren<FormField*>();
+        for (FormField* field : fields) {
+            if (random.bounded(2))
+                field->set_words(QStringList(pieces[random.bounded(pieces.size())]));
+        }
+        emit fields.first()->changed();
+        const bool right = interpreter.run(line()) == CommandInterpreter::Result::Done;
+        const bool about_place = message().contains(u" must be filled in"_s);
+        QVERIFY2(right == apply()->isEnabled() || (right && about_place), qPrintable(line() + message()));
+        (right ? taken : refused) += 1;
+    }
+    QVERIFY(taken > 30 && refused > 30);
 }
 
 OSTREL_TEST(TstCommandForm)

@@ -244,7 +244,7 @@ void WindowTest::visit_geometry()
     for (const QString& command : {u"brick"_s, u"cylinder"_s, u"sphere"_s, u"cone"_s, u"torus"_s, u"move"_s,
                                    u"rotate"_s, u"copy"_s, u"rename"_s, u"subtract"_s, u"mesh"_s}) {
         action(u"geometry_"_s + command)->trigger();
-        const QPointer<QDialog> dialog = window->findChild<QDialog*>(u"GeometryDialog_"_s + command);
+        const QPointer<QDialog> dialog = window->findChild<QDialog*>(u"commandDialog_"_s + command);
         if (!dialog)
             continue;
         visit(dialog, dialog->objectName());
@@ -360,13 +360,13 @@ void WindowTest::all_windows_were_visited()
          {u"main window"_s, u"menu of the console"_s, u"menu of the model"_s, u"journal editor"_s,
           u"menu of a journal"_s, u"question about changes"_s, u"question about data"_s, u"find dialog"_s,
           u"command search for brick"_s, u"insert command"_s, u"about"_s, u"plugin tool"_s, u"demo dialog"_s,
-          u"offer to recover"_s, u"GeometryDialog_torus"_s, u"GeometryDialog_mesh"_s})
+          u"offer to recover"_s, u"commandDialog_torus"_s, u"commandDialog_mesh"_s})
         QVERIFY2(mVisited.contains(name), qPrintable(name));
     const auto count = [this](const QString& begin) {
         return std::count_if(mVisited.begin(), mVisited.end(),
                              [&begin](const QString& name) { return name.startsWith(begin); });
     };
-    QCOMPARE(count(u"GeometryDialog_"_s), 11);
+    QCOMPARE(count(u"commandDialog_"_s), 11);
     QVERIFY(count(u"options page "_s) >= 4);
     QVERIFY(count(u"panel of rows"_s) > 10);
     QCOMPARE(count(u"panel of rows"_s), count(u"panel of levels"_s));

@@ -87,7 +87,7 @@ void TstTranslations::all_texts_are_translated_while_it_lives()
     const auto texts = [] {
         return QStringList{QCoreApplication::translate("QPlatformTheme", "Cancel"),
                            QCoreApplication::translate("OstrelFileMenu", "&Open..."),
-                           QCoreApplication::translate("GeometryWindow", "Width"),
+                           QCoreApplication::translate("CommandParameter", "Width"),
                            QCoreApplication::translate("Navigation", "Play Journal")};
     };
     const QStringList english{u"Cancel"_s, u"&Open..."_s, u"Width"_s, u"Play Journal"_s};

@@ -47,7 +47,6 @@ namespace {
 const QStringList data_widgets = {
     u"mCommands"_s,    // commands and what the command reference says of them, which is English
     u"commandUsage"_s, // how a command is written
-    u"preview"_s,      // a command
     u"commandLine"_s,  // a command
     u"mCompList"_s,    // names of components
     u"mPathList"_s,    // directories

@@ -10,6 +10,8 @@
 #include "samples.h"
 #include "support/TestCase.h"
 #include "workbench/sdk/component/journal_documents.h"
+#include "workbench/sdk/core/commands/CommandSink.h"
+#include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QAction>
 #include <QApplication>
@@ -19,6 +21,7 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QShortcut>
 #include <QTest>
 
@@ -68,6 +71,9 @@ private slots:
     void open_save_handler_of_another_stays();
     void name_of_the_document_goes_with_its_handler();
     void entries_run_what_they_are_given();
+    void form_of_a_command_goes_with_its_entry();
+    void entry_runs_a_command_on_what_is_selected();
+    void entry_for_a_command_that_is_not_there_ends_the_load();
     void options_page_refreshes_and_saves();
     void taken_options_page_ends_the_load();
     void group_that_others_have_joined_stays();
@@ -264,6 +270,72 @@ void TstComponentAdditions::entries_run_what_they_are_given()
     QShortcut* const key = context.add_shortcut(QKeySequence(u"Ctrl+Shift+L"_s), [&] { ran << u"key"_s; });
     QVERIFY(QMetaObject::invokeMethod(key, &QShortcut::activated));
     QCOMPARE(ran, (QStringList{u"entry"_s, u"key"_s}));
+}
+
+void TstComponentAdditions::form_of_a_command_goes_with_its_entry()
+{
+    const Ostrel window;
+    QStringList opened;
+    QPointer<QWidget> form;
+    auto& open_form = Fennar::instance().application().open_form;
+    open_form = [&](const QString& name, const QString& title) {
+        opened << name + u' ' + title;
+        form = new QWidget;
+        form->show();
+        return form.data();
+    };
+    const auto restore = qScopeGuard([&open_form] { open_form = {}; });
+    ComponentContext context(owner);
+    Command described = command(u"sample-form"_s);
+    described.summary = u"Does nothing."_s;
+    context.add_command(described);
+    QAction* const action = context.make_command_action(u"&Sample..."_s, u"sample-form"_s);
+    QCOMPARE(action->statusTip(), u"Does nothing."_s);
+    action->trigger();
+    // One that is open is enough.
+    action->trigger();
+    QCOMPARE(opened, QStringList(u"sample-form &Sample..."_s));
+    form->hide();
+    delete form;
+    action->trigger();
+    QCOMPARE(opened.size(), 2);
+    QVERIFY(form);
+    context.end();
+    QVERIFY(!form);
+}
+
+void TstComponentAdditions::entry_runs_a_command_on_what_is_selected()
+{
+    const Ostrel window;
+    QStringList sent;
+    set_command_sink([&sent](const QString& line) { sent << line; });
+    const auto restore = qScopeGuard([] { set_command_sink({}); });
+    ComponentContext context(owner);
+    const auto names = [] { return QStringList{u"a"_s, u"b c"_s}; };
+    context.offer_entities(u"sample"_s, names);
+    CommandEntities& entities = Fennar::instance().registry().entities();
+    const CommandParameter several{
+        .name = u"NAME"_s, .kind = CommandParameter::Kind::Entity, .entity = u"sample"_s, .repeated = true};
+    Command needs = command(u"sample-needs"_s);
+    needs.forms = {{.clauses = {required_value(several)}}};
+    Command takes = command(u"sample-takes"_s);
+    takes.forms = {{.clauses = {optional_value(several)}}};
+    context.add_command(needs);
+    context.add_command(takes);
+    QAction* const one = context.make_command_action(u"One"_s, needs.name, fennar::CommandUse::Run);
+    QAction* const other = context.make_command_action(u"Other"_s, takes.name, fennar::CommandUse::Run);
+    entities.offer_selection(u"sample"_s, names);
+    one->trigger();
+    other->trigger();
+    QCOMPARE(sent, QStringList({u"sample-needs a \"b c\""_s, u"sample-takes"_s}));
+}
+
+void TstComponentAdditions::entry_for_a_command_that_is_not_there_ends_the_load()
+{
+    const Ostrel window;
+    ComponentContext context(owner);
+    QCOMPARE(refusal([&context] { context.make_command_action(u"Sample"_s, u"sample-none"_s); }),
+             u"there is no command \"sample-none\""_s);
 }
 
 void TstComponentAdditions::options_page_refreshes_and_saves()

@@ -6,6 +6,8 @@
 #include <functional>
 
 class OstrelGUI;
+class QString;
+class QWidget;
 
 /** What commands of components need from the application; each may be null. */
 struct ApplicationServices
@@ -17,4 +19,11 @@ struct ApplicationServices
      * commands that take their time, to be called as often as they like.
      */
     std::function<void()> turn;
+    /**
+     * Opens a dialog with the form of a command, which sends the line as though it were typed and deletes
+     * itself when it is closed.
+     *
+     * @param title  may be the text of a menu entry: what marks its key, and "...", is left out.
+     */
+    std::function<QWidget*(const QString& command, const QString& title)> open_form;
 };

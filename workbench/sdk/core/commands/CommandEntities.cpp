@@ -6,6 +6,10 @@
 #include "workbench/sdk/core/commands/CommandError.h"
 #include "workbench/sdk/core/commands/nearest_name.h"
 
+#include <QHash>
+
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -32,6 +36,18 @@ void CommandEntities::offer_properties(const QString& kind, const QList<EntityPr
         return;
     offer->properties = properties;
     offer->name_of_key = name_of_key;
+}
+
+void CommandEntities::offer_selection(const QString& kind, const Names& selected)
+{
+    if (const auto offer = mOffers.find(kind); offer != mOffers.end())
+        offer->selected = selected;
+}
+
+QStringList CommandEntities::selected(const QString& kind) const
+{
+    const Names selected = mOffers.value(kind).selected;
+    return selected ? selected() : QStringList();
 }
 
 QString CommandEntities::name_of(const CommandValue::EntityReference& entity) const
@@ -87,4 +103,24 @@ QString CommandEntities::remedy_among(const QString& word, QStringList names)
     const QString last = names.takeLast();
     return names.isEmpty() ? u"there is "_s + last
                            : u"there are "_s + names.join(u", "_s) + u" and "_s + last;
+}
+
+QList<ClauseValues> selected_values(const CommandSyntax& form, const CommandEntities& entities)
+{
+    QList<ClauseValues> values(form.clauses.size());
+    QHash<QString, QStringList> left;
+    for (const bool several : {false, true}) {
+        for (qsizetype i = 0; i < values.size(); ++i) {
+            const CommandParameter parameter = form.clauses[i].parameters.value(0);
+            if (parameter.kind != CommandParameter::Kind::Entity || parameter.repeated != several)
+                continue;
+            if (!left.contains(parameter.entity))
+                left.insert(parameter.entity, entities.selected(parameter.entity));
+            QStringList& names = left[parameter.entity];
+            if (!names.isEmpty())
+                values[i] =
+                    QList<QStringList>{several ? std::exchange(names, {}) : QStringList(names.takeFirst())};
+        }
+    }
+    return values;
 }

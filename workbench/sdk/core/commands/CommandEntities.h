@@ -72,6 +72,11 @@ public:
      */
     void offer_properties(const QString& kind, const QList<EntityProperty>& properties,
                           const Meaning& name_of_key = {});
+    /** Tells which entities of a kind that was offered are selected, for forms to begin with. It goes when
+     * the kind is withdrawn. */
+    void offer_selection(const QString& kind, const Names& selected);
+    /** The names of the entities of a kind that are selected; none if nobody tells. */
+    QStringList selected(const QString& kind) const;
     /** The present name of what a reference stands for; empty if it is gone. */
     QString name_of(const CommandValue::EntityReference& entity) const;
     /** What can be asked of entities of the kind; nothing if nobody has told any. */
@@ -106,6 +111,14 @@ private:
         Remedy remedy;
         QList<EntityProperty> properties = {};
         Meaning name_of_key = {};
+        Names selected = {};
     };
     QMap<QString, Offer> mOffers;
 };
+
+/**
+ * What is selected, as values of a form, one entry for each clause: a value that is a single entity takes the
+ * first one that is left, then one that may be several takes the others.
+ */
+FENNAR_CORE_EXPORT QList<ClauseValues> selected_values(const CommandSyntax& form,
+                                                       const CommandEntities& entities);

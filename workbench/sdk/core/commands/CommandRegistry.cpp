@@ -117,3 +117,17 @@ CommandError CommandRegistry::not_found(const QString& name, qsizetype column) c
     return CommandError::expected(u"a command"_s, CommandError::shown(name), column,
                                   mEntities.remedy(command_entity, name));
 }
+
+QString CommandRegistry::line_for_selection(const QString& name) const
+{
+    const std::shared_ptr<const Command> command = find(name);
+    if (!command)
+        return name;
+    const CommandSyntax& form = command->forms.first();
+    QList<ClauseValues> values = selected_values(form, mEntities);
+    for (qsizetype i = 0; i < values.size(); ++i) {
+        if (form.clauses[i].optional)
+            values[i].reset();
+    }
+    return command_line(name, form, values);
+}

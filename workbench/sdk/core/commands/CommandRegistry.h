@@ -98,6 +98,10 @@ public:
     /** The error that @p name is no command, with the one that was most likely meant. */
     CommandError not_found(const QString& name, qsizetype column) const;
 
+    /** The line that runs a command on what is selected, without what may be left out; @p name alone if there
+     * is no such command. */
+    QString line_for_selection(const QString& name) const;
+
     /** The names that commands work on; "command" among them. */
     CommandEntities& entities() { return mEntities; }
     /** The same, for looking only. */

@@ -58,6 +58,8 @@ private slots:
     void variable_references();
     void entities_are_offered_and_withdrawn();
     void entities_go_with_their_owner();
+    void selection_is_shared_out_to_the_values();
+    void selection_goes_with_its_kind();
     void commands_and_variables_are_entities();
 };
 
@@ -280,6 +282,46 @@ void TstCommandDescription::commands_and_variables_are_entities()
     session.registry.remove(u"new"_s);
     QCOMPARE(changes.size(), 3);
     QCOMPARE(changes[2], QVariantList{u"command"_s});
+}
+
+void TstCommandDescription::selection_is_shared_out_to_the_values()
+{
+    CommandEntities entities;
+    QStringList selected;
+    entities.offer(u"solid"_s, u"test"_s, [] { return QStringList{u"a"_s, u"b"_s, u"c"_s}; });
+    entities.offer_selection(u"solid"_s, [&selected] { return selected; });
+    CommandParameter one = entity(u"SOLID"_s, 1);
+    one.entity = u"solid"_s;
+    const CommandParameter several = one;
+    one.repeated = false;
+    CommandParameter other = one;
+    other.entity = u"command"_s;
+    const CommandParameter name{.name = u"NAME"_s, .kind = Kind::NewName, .entity = u"solid"_s};
+    const CommandSyntax form{{required_value(several),
+                              {.keyword = u"from"_s, .parameters = {one}},
+                              {.keyword = u"as"_s, .parameters = {other}},
+                              {.keyword = u"name"_s, .parameters = {name}, .optional = true},
+                              {.keyword = u"now"_s, .optional = true}}};
+    const auto line = [&] { return command_line(u"cut"_s, form, selected_values(form, entities)); };
+    QCOMPARE(line(), u"cut"_s);
+    selected = {u"a"_s};
+    QCOMPARE(line(), u"cut from a"_s);
+    selected = {u"a"_s, u"b"_s, u"c"_s};
+    QCOMPARE(line(), u"cut b c from a"_s);
+}
+
+void TstCommandDescription::selection_goes_with_its_kind()
+{
+    CommandEntities entities;
+    const auto names = [] { return QStringList{u"a"_s}; };
+    entities.offer_selection(u"solid"_s, names);
+    QCOMPARE(entities.selected(u"solid"_s), QStringList()); // nobody offers any
+    entities.offer(u"solid"_s, u"test"_s, names);
+    QCOMPARE(entities.selected(u"solid"_s), QStringList());
+    entities.offer_selection(u"solid"_s, names);
+    QCOMPARE(entities.selected(u"solid"_s), QStringList(u"a"_s));
+    entities.withdraw(u"test"_s);
+    QCOMPARE(entities.selected(u"solid"_s), QStringList());
 }
 
 OSTREL_TEST(TstCommandDescription)
