@@ -43,7 +43,6 @@ private slots:
     void buttons_of_a_toolbar_that_wait_for_it_are_deleted();
     void recent_files_are_found_in_the_menu();
     void entries_that_need_a_component_are_those_of_the_menu();
-    void current_lines_take_new_colors();
     void menus_are_titled_as_in_the_menu_bar();
     void tabs_hold_the_documents();
     void document_tells_its_file();
@@ -169,17 +168,6 @@ void TstShellParts::entries_that_need_a_component_are_those_of_the_menu()
                                  u"&Export..."_s}));
 }
 
-void TstShellParts::current_lines_take_new_colors()
-{
-    JournalEditor* editor = window().journal_editor();
-    editor->add_document(u"sphere 1\n"_s);
-    QPlainTextEdit* document = current_journal(editor);
-    document->setExtraSelections({});
-    redraw_current_lines(editor);
-    QCOMPARE(document->extraSelections().size(), 1);
-    document->document()->setModified(false);
-}
-
 void TstShellParts::menus_are_titled_as_in_the_menu_bar()
 {
     QStringList titles;
@@ -229,7 +217,6 @@ void TstShellParts::nothing_is_found_without_a_window()
     QVERIFY(option_pages(nullptr).isEmpty());
     QVERIFY(recent_file_actions(nullptr).isEmpty());
     QVERIFY(file_actions(nullptr).isEmpty());
-    redraw_current_lines(nullptr);
     QVERIFY(!journal_tabs(nullptr));
     QVERIFY(!current_journal(nullptr));
     QVERIFY(!journal_document(nullptr));

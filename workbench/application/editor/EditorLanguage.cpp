@@ -54,6 +54,22 @@ QString begun_statement(const QTextBlock& line)
     }
 }
 
+bool is_dark(const QPlainTextEdit* document)
+{
+    return document->palette().color(QPalette::Base).lightness() < 128;
+}
+
+/** The shell goes by what the platform says of its colors, which need not be those of the document. */
+void color_current_line(QPlainTextEdit* document)
+{
+    const QColor color = is_dark(document) ? QColor(75, 75, 75) : QColor(Qt::yellow).lighter(160);
+    QList<QTextEdit::ExtraSelection> selections = document->extraSelections();
+    if (selections.isEmpty() || selections.first().format.background() == color)
+        return;
+    selections.first().format.setBackground(color);
+    document->setExtraSelections(selections);
+}
+
 LineCompletion complete_line(const QTextCursor& caret, CommandInterpreter& interpreter)
 {
     const QString line = caret.block().text();
@@ -145,6 +161,10 @@ void EditorLanguage::look_at(QPlainTextEdit* document)
     document->installEventFilter(this); // once, however often
     connect(document, &QPlainTextEdit::textChanged, this, &EditorLanguage::text_changed,
             Qt::UniqueConnection);
+    // Behind the shell, which colors the line anew each time.
+    connect(document, &QPlainTextEdit::cursorPositionChanged, this, &EditorLanguage::caret_moved,
+            Qt::UniqueConnection);
+    color_current_line(document);
     auto* completion = document->findChild<EditorCompletion*>();
     if (!mCompletes)
         delete completion;
@@ -156,7 +176,7 @@ void EditorLanguage::look_at(QPlainTextEdit* document)
     if (!marks && language == Language::None)
         return;
     marks = marks ? marks : DocumentMarks::of(document->document());
-    marks->set_dark(document->palette().color(QPalette::Base).lightness() < 128);
+    marks->set_dark(is_dark(document));
     marks->set_language(language, &mInterpreter.registry());
 }
 
@@ -166,6 +186,12 @@ void EditorLanguage::text_changed()
     const DocumentMarks* marks = document ? DocumentMarks::find(document->document()) : nullptr;
     if (document && colored_language(document) != (marks ? marks->language() : Language::None))
         mLook.start();
+}
+
+void EditorLanguage::caret_moved()
+{
+    if (auto* document = qobject_cast<QPlainTextEdit*>(sender()))
+        color_current_line(document);
 }
 
 EditorLanguage::Language EditorLanguage::colored_language(const QPlainTextEdit* document) const

@@ -20,7 +20,8 @@ class QTextCursor;
 
 /**
  * Makes the journal editor know the languages of its documents: their words are colored, those of commands
- * by the commands that there are, and Tab completes.
+ * by the commands that there are, and Tab completes. The current line gets a color by the document's palette,
+ * on which its words can be read.
  *
  * A file "*.py", and a text whose first line that is not blank is "#!python", is a Python script; all else is
  * a journal. Documents above DocumentMarks::most_characters are not colored. GUI thread only.
@@ -39,7 +40,8 @@ public:
      * @param interpreter  has the commands and variables. Not owned; outlives the object.
      */
     EditorLanguage(JournalEditor* editor, CommandInterpreter& interpreter, const CompletePython& python);
-    /** Takes the colors and the key away; marks of wrong lines stay. */
+    /** Takes the colors and the key away; marks of wrong lines stay, and the current line's color until the
+     * caret moves. */
     ~EditorLanguage() override;
 
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -51,6 +53,8 @@ public slots:
 private slots:
     /** Looks at the sender later if it is of another language or size now. */
     void text_changed();
+    /** Colors the current line of the sender. */
+    void caret_moved();
 
 private:
     using Language = DocumentMarks::Language;

@@ -4,11 +4,9 @@
 #include "workbench/application/windows/ColourScheme.h"
 
 #include "frame/Ostrel.h"
-#include "journal/JournalEditor.h"
 #include "menus/OstrelViewMenu.h"
 #include "workbench/application/windows/SchemeStyle.h"
 #include "workbench/application/windows/scheme_palette.h"
-#include "workbench/sdk/component/shell_parts.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
@@ -129,21 +127,12 @@ void ColourScheme::set_scheme(Scheme scheme, bool keep)
                                                       : Qt::ColorScheme::Unknown);
 #endif
     QApplication::setPalette(own ? scheme_palette(scheme == Scheme::Dark) : QPalette());
-#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
-    // Journals draw their current line by what the platform says. One that does not take up the wish above
-    // has it drawn for dark text, so that their text stays dark.
-    if (scheme == Scheme::Dark && QGuiApplication::styleHints()->colorScheme() != Qt::ColorScheme::Dark)
-        QApplication::setPalette(scheme_palette(false), "JournalDocument");
-#endif
     // Behind the palette, by which a style makes its icons.
     if (own)
         QApplication::setStyle(new SchemeStyle);
     else
         QApplication::setStyle(std::exchange(mSystemStyle, {}));
     renew_extension_signs();
-    // These draw by themselves with the colors that they find, and would wait for the caret to move.
-    if (const Ostrel* window = Ostrel::instance())
-        redraw_current_lines(window->journal_editor());
     update_actions();
 }
 

@@ -15,7 +15,6 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPlainTextEdit>
 #include <QPointer>
 #include <QToolBar>
 #include <QToolButton>
@@ -133,17 +132,6 @@ QList<QAction*> file_actions(const Ostrel* window)
             found << action;
     }
     return found;
-}
-
-void redraw_current_lines(const JournalEditor* editor)
-{
-    if (!editor)
-        return;
-    const auto documents = editor->findChildren<QPlainTextEdit*>();
-    for (QPlainTextEdit* document : documents) {
-        if (document->inherits("JournalDocument"))
-            QMetaObject::invokeMethod(document, "highlightCurrentLine");
-    }
 }
 
 QString main_menu_title(const char* english)

@@ -44,8 +44,6 @@ void delete_waiting_buttons(const QToolBar& bar);
 QList<std::pair<QString, QAction*>> recent_file_actions(const Ostrel* window);
 /** The entries of the menu "File" that need a component: for documents, import and export. */
 QList<QAction*> file_actions(const Ostrel* window);
-/** Draws the current line of all journals anew: they color it when the caret moves. */
-void redraw_current_lines(const JournalEditor* editor);
 /** The title of a menu of the main window in the user's language, by its English one, as "&Tools"; other
  * titles as they are. */
 QString main_menu_title(const char* english);

@@ -7,6 +7,7 @@
 #include "workbench/application/WorkbenchTest.h"
 #include "workbench/application/editor/DocumentMarks.h"
 #include "workbench/application/editor/EditorLanguage.h"
+#include "workbench/application/windows/scheme_palette.h"
 #include "workbench/sdk/component/journal_documents.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/commands/plain_command.h"
@@ -57,6 +58,7 @@ private slots:
     void first_line_that_is_typed_changes_the_language();
     void commands_that_come_and_go_recolor_open_documents();
     void words_can_be_read_in_both_schemes();
+    void current_line_goes_by_the_palette_of_the_document();
     void long_documents_are_plain_until_they_are_short_again();
     void tab_completes_commands_over_continued_lines();
     void tab_completes_python();
@@ -188,6 +190,26 @@ void TstEditorLanguage::words_can_be_read_in_both_schemes()
         }
     }
     enter(u"scheme system once"_s);
+}
+
+void TstEditorLanguage::current_line_goes_by_the_palette_of_the_document()
+{
+    QPlainTextEdit* document = open(u"one\ntwo\n"_s);
+    for (const bool dark : {true, false}) {
+        // The platform says of its colors what it said before.
+        document->setPalette(scheme_palette(dark));
+        flush();
+        for (const auto position : {QTextCursor::End, QTextCursor::Start}) {
+            document->moveCursor(position);
+            QCOMPARE(document->extraSelections().size(), 1);
+            const QTextEdit::ExtraSelection line = document->extraSelections().first();
+            QCOMPARE(line.cursor.position(), document->textCursor().position());
+            QCOMPARE(line.format.background().color().lightness() < 128, dark);
+        }
+    }
+    document->setReadOnly(true);
+    document->moveCursor(QTextCursor::End);
+    QVERIFY(document->extraSelections().isEmpty());
 }
 
 void TstEditorLanguage::long_documents_are_plain_until_they_are_short_again()

@@ -231,6 +231,7 @@ void TstColourScheme::current_line_of_the_editor_follows()
     const auto* document = Ostrel::instance()->journal_editor()->findChild<QPlainTextEdit*>();
     for (const QString& scheme : {u"light"_s, u"dark"_s, u"light"_s}) {
         enter(u"scheme "_s + scheme);
+        QCOMPARE(is_dark(document->palette()), scheme == "dark"_L1);
         const QColor line = document->extraSelections().value(0).format.background().color();
         const QColor text = document->palette().color(QPalette::Text);
         const QColor ground = document->palette().color(QPalette::Base);
