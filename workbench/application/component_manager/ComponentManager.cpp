@@ -197,9 +197,13 @@ QString ComponentManager::hint_for_command(const QString& name)
     if (!mBusy)
         search();
     for (const auto& entry : mEntries) {
-        if (entry->about.state == State::Unloaded && entry->metadata.fault.isEmpty() &&
-            entry->metadata.commands.contains(name))
-            return u"it comes with the component \"%1\", which \"load %1\" loads"_s.arg(entry->about.name);
+        const Component& about = entry->about;
+        if (about.state != State::Unloaded || !entry->metadata.fault.isEmpty() ||
+            !entry->metadata.commands.contains(name))
+            continue;
+        const QString where = u"it comes with the component \"%1\", which "_s.arg(about.name);
+        return where + (about.refusal.isEmpty() ? u"\"load %1\" loads"_s.arg(about.name)
+                                                : u"is refused: "_s + about.refusal);
     }
     return {};
 }

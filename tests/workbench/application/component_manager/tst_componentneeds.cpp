@@ -37,6 +37,7 @@ private slots:
 
     void command_of_an_unloaded_component_names_it();
     void command_of_a_component_that_cannot_be_loaded_names_nothing();
+    void command_of_a_component_that_has_failed_tells_why();
     void other_words_are_taken_for_the_nearest_command();
     void without_a_manager_nobody_tells();
 
@@ -182,6 +183,18 @@ void TstComponentNeeds::command_of_a_component_that_cannot_be_loaded_names_nothi
 {
     offer({u"old_kit"_s});
     QVERIFY(!run_line(u"old_kit"_s).contains(u"it comes with"_s));
+}
+
+void TstComponentNeeds::command_of_a_component_that_has_failed_tells_why()
+{
+    offer({u"needing_failing"_s, u"throwing"_s});
+    QVERIFY(run_line(u"needing_failing"_s).contains(u"which \"load needing_failing\" loads"_s));
+    const QString reason = mManager->load(u"needing_failing"_s);
+    QVERIFY(!reason.isEmpty());
+    const QString told = run_line(u"needing_failing"_s);
+    QVERIFY2(told.endsWith(
+                 u"; it comes with the component \"needing_failing\", which is refused: %1\n"_s.arg(reason)),
+             qPrintable(told));
 }
 
 void TstComponentNeeds::other_words_are_taken_for_the_nearest_command()
