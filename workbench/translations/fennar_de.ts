@@ -626,6 +626,14 @@
         <source>Parted by blanks</source>
         <translation>Durch Leerzeichen getrennt</translation>
     </message>
+    <message>
+        <source>Lines typed</source>
+        <translation>Eingegebene Zeilen</translation>
+    </message>
+    <message>
+        <source>Steps of the model</source>
+        <translation>Schritte des Modells</translation>
+    </message>
 </context>
 <context>
     <name>CommandSearch</name>
@@ -912,29 +920,6 @@
     </message>
 </context>
 <context>
-    <name>GeometryOptions</name>
-    <message>
-        <source>&amp;Memory for undo</source>
-        <translation>Speicher &amp;für Rückgängig</translation>
-    </message>
-    <message>
-        <source>The oldest steps are forgotten where all would take more. 0 keeps none.</source>
-        <translation>Die ältesten Schritte werden vergessen, wenn alle mehr brauchten. Bei 0 bleibt keiner.</translation>
-    </message>
-    <message>
-        <source>In use</source>
-        <translation>Belegt</translation>
-    </message>
-    <message>
-        <source>%1 MiB, steps: %2</source>
-        <translation>%1 MiB, Schritte: %2</translation>
-    </message>
-    <message>
-        <source>Geometry</source>
-        <translation>Geometrie</translation>
-    </message>
-</context>
-<context>
     <name>GeometryWindow</name>
     <message>
         <source>&amp;Cylinder...</source>
@@ -1017,28 +1002,12 @@
         <translation>&amp;Quader...</translation>
     </message>
     <message>
-        <source>&amp;Undo</source>
-        <translation>&amp;Rückgängig</translation>
-    </message>
-    <message>
-        <source>&amp;Redo</source>
-        <translation>&amp;Wiederholen</translation>
-    </message>
-    <message>
         <source>No solid is selected.</source>
         <translation>Es ist kein Körper ausgewählt.</translation>
     </message>
     <message>
         <source>Fewer than two solids are selected.</source>
         <translation>Es sind weniger als zwei Körper ausgewählt.</translation>
-    </message>
-    <message>
-        <source>There is nothing to undo.</source>
-        <translation>Es gibt nichts rückgängig zu machen.</translation>
-    </message>
-    <message>
-        <source>There is nothing to redo.</source>
-        <translation>Es gibt nichts wiederherzustellen.</translation>
     </message>
 </context>
 <context>
@@ -1921,6 +1890,45 @@
 Do you want to replace it?</source>
         <translation>%1 ist bereits vorhanden.
 Möchten Sie die Datei ersetzen?</translation>
+    </message>
+</context>
+<context>
+    <name>UndoOptions</name>
+    <message>
+        <source>&amp;Memory for undo</source>
+        <translation>Speicher &amp;für Rückgängig</translation>
+    </message>
+    <message>
+        <source>The oldest steps are forgotten where all would take more. 0 keeps none.</source>
+        <translation>Die ältesten Schritte werden vergessen, wenn alle mehr brauchten. Bei 0 bleibt keiner.</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>Belegt</translation>
+    </message>
+    <message>
+        <source>%1 MiB, steps: %2</source>
+        <translation>%1 MiB, Schritte: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>There is nothing to undo.</source>
+        <translation>Es gibt nichts rückgängig zu machen.</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>There is nothing to redo.</source>
+        <translation>Es gibt nichts wiederherzustellen.</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
     </message>
 </context>
 <context>

@@ -626,6 +626,14 @@
         <source>Parted by blanks</source>
         <translation>用空格分隔</translation>
     </message>
+    <message>
+        <source>Lines typed</source>
+        <translation>输入过的行</translation>
+    </message>
+    <message>
+        <source>Steps of the model</source>
+        <translation>模型的步骤</translation>
+    </message>
 </context>
 <context>
     <name>CommandSearch</name>
@@ -911,29 +919,6 @@
     </message>
 </context>
 <context>
-    <name>GeometryOptions</name>
-    <message>
-        <source>&amp;Memory for undo</source>
-        <translation>撤销所用内存(&amp;M)</translation>
-    </message>
-    <message>
-        <source>The oldest steps are forgotten where all would take more. 0 keeps none.</source>
-        <translation>全部步骤超出此值时，最早的步骤会被丢弃。0 表示不保留。</translation>
-    </message>
-    <message>
-        <source>In use</source>
-        <translation>已使用</translation>
-    </message>
-    <message>
-        <source>%1 MiB, steps: %2</source>
-        <translation>%1 MiB，步骤：%2</translation>
-    </message>
-    <message>
-        <source>Geometry</source>
-        <translation>几何</translation>
-    </message>
-</context>
-<context>
     <name>GeometryWindow</name>
     <message>
         <source>&amp;Cylinder...</source>
@@ -1016,28 +1001,12 @@
         <translation>长方体(&amp;K)...</translation>
     </message>
     <message>
-        <source>&amp;Undo</source>
-        <translation>撤销(&amp;U)</translation>
-    </message>
-    <message>
-        <source>&amp;Redo</source>
-        <translation>重做(&amp;R)</translation>
-    </message>
-    <message>
         <source>No solid is selected.</source>
         <translation>未选择任何实体。</translation>
     </message>
     <message>
         <source>Fewer than two solids are selected.</source>
         <translation>选择的实体少于两个。</translation>
-    </message>
-    <message>
-        <source>There is nothing to undo.</source>
-        <translation>没有可撤销的操作。</translation>
-    </message>
-    <message>
-        <source>There is nothing to redo.</source>
-        <translation>没有可重做的操作。</translation>
     </message>
 </context>
 <context>
@@ -1920,6 +1889,45 @@
 Do you want to replace it?</source>
         <translation>%1 已存在。
 是否替换？</translation>
+    </message>
+</context>
+<context>
+    <name>UndoOptions</name>
+    <message>
+        <source>&amp;Memory for undo</source>
+        <translation>撤销所用内存(&amp;M)</translation>
+    </message>
+    <message>
+        <source>The oldest steps are forgotten where all would take more. 0 keeps none.</source>
+        <translation>全部步骤超出此值时，最早的步骤会被丢弃。0 表示不保留。</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>已使用</translation>
+    </message>
+    <message>
+        <source>%1 MiB, steps: %2</source>
+        <translation>%1 MiB，步骤：%2</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>撤销(&amp;U)</translation>
+    </message>
+    <message>
+        <source>There is nothing to undo.</source>
+        <translation>没有可撤销的操作。</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>重做(&amp;R)</translation>
+    </message>
+    <message>
+        <source>There is nothing to redo.</source>
+        <translation>没有可重做的操作。</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
     </message>
 </context>
 <context>

@@ -114,7 +114,8 @@ Command load_command(ComponentManager& manager)
                                                .what = u"a file"_s,
                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Component"),
                                                .filters = &component_filters})},
-                   .title = QT_TRANSLATE_NOOP("CommandParameter", "From a file")}}};
+                   .title = QT_TRANSLATE_NOOP("CommandParameter", "From a file")}},
+        .makes = {Command::any_kind, command_entity()}};
 }
 
 Command unload_command(ComponentManager& manager)
@@ -133,7 +134,8 @@ Command unload_command(ComponentManager& manager)
                                                .kind = CommandParameter::Kind::Entity,
                                                .what = u"a component that is loaded"_s,
                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Component"),
-                                               .entity = loaded_component})}}}};
+                                               .entity = loaded_component})}}},
+        .makes = {other_component}};
 }
 
 } // namespace

@@ -201,7 +201,7 @@ Command form_command()
                                                    .kind = Kind::Entity,
                                                    .what = u"a command"_s,
                                                    .label = QT_TRANSLATE_NOOP("CommandParameter", "Command"),
-                                                   .entity = u"command"_s,
+                                                   .entity = command_entity(),
                                                    .example = u"help"_s})}}}};
 }
 

@@ -21,6 +21,8 @@
 #include "workbench/application/windows/FileDrops.h"
 #include "workbench/application/windows/PluginVersions.h"
 #include "workbench/application/windows/WindowKeys.h"
+#include "workbench/application/windows/undo_parts.h"
+#include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 
@@ -82,7 +84,8 @@ void follow_unloaded_components(Ostrel* window)
 } // namespace
 
 WindowParts::WindowParts(Ostrel* window, ConsoleOwner* console, const Services& services)
-    : mJournalFiles(std::make_unique<JournalFiles>(
+    : mContext(std::make_unique<fennar::ComponentContext>(u"fennar"_s)),
+      mJournalFiles(std::make_unique<JournalFiles>(
           window->journal_editor(),
           [report = services.report](const QString& text) { report(u"ERROR: "_s + text + u'\n'); })),
       mJournalCheck(std::make_unique<JournalCheck>(
@@ -98,6 +101,7 @@ WindowParts::WindowParts(Ostrel* window, ConsoleOwner* console, const Services& 
 {
     window->set_title(u"Fennar"_s);
     describe_product(window);
+    add_undo_parts(*mContext, Fennar::instance().registry().steps());
     add_panel_options(window);
     add_editor_options(window, mEditorLanguage.get());
     follow_unloaded_components(window);

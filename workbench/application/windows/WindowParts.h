@@ -20,11 +20,14 @@ class Ostrel;
 class PluginVersions;
 class WindowKeys;
 
+namespace fennar {
+class ComponentContext;
+}
+
 /**
- * What the program adds to the shell's main window and journal editor: its name and product, a page of the
- * options, keys, drops, the command search, and what looks after journals and their
- * languages. One object while there is a
- * window; it goes before the window does.
+ * What the program adds to the shell's main window and journal editor: its name and product, pages of the
+ * options, undo, keys, drops, the command search, and what looks after journals and their languages. One
+ * object while there is a window; it goes before the window does.
  */
 class WindowParts
 {
@@ -50,6 +53,8 @@ public:
     void set_busy(bool busy);
 
 private:
+    /** What is added to the window as components add theirs. */
+    const std::unique_ptr<fennar::ComponentContext> mContext;
     const std::unique_ptr<JournalFiles> mJournalFiles;
     const std::unique_ptr<JournalCheck> mJournalCheck;
     const std::unique_ptr<EditorLanguage> mEditorLanguage;

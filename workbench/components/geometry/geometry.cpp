@@ -11,11 +11,9 @@
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/geometry/model/GeometryScene.h"
-#include "workbench/components/geometry/model/ModelSteps.h"
 #include "workbench/components/geometry/window/FileMenuFormats.h"
 #include "workbench/components/geometry/window/GeometryFileHandler.h"
 #include "workbench/components/geometry/window/GeometryWindow.h"
-#include "workbench/components/geometry/window/geometry_options.h"
 #include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/files/UnsavedWorks.h"
@@ -78,7 +76,6 @@ void fennar::load_component(ComponentContext& context)
 {
     ApplicationServices& application = Fennar::instance().application();
     auto& model = context.make<GeometryModel>();
-    model.steps().set_journal([] { return Fennar::instance().playback().journal_number(); });
     auto& document = context.make<GeometryDocument>(model);
     auto& exchange = context.make<FileExchange>(model, program_folder());
     Ostrel* const window = context.window();
@@ -91,14 +88,13 @@ void fennar::load_component(ComponentContext& context)
                 formats->imported(file, done);
         };
         return register_geometry_commands(registry, owner, model, application, program_folder()) &&
-               register_document_commands(registry, owner, model, document_actions(document, handler)) &&
+               register_document_commands(registry, owner, document_actions(document, handler)) &&
                register_file_commands(registry, owner, model, exchange, application, imported);
     });
     context.add_unsaved_work(unsaved_model(document, handler));
     QObject::connect(&document, &GeometryDocument::settled, &document,
                      [] { UnsavedWorks::instance().tell_settled(u"model"_s); });
     context.make<GeometryScene>(model, Scene::instance());
-    add_geometry_options(context, model.steps());
     if (!window)
         return;
     context.make<GeometryWindow>(context, model);

@@ -6,8 +6,10 @@
 #include "workbench/host/navigation/ClauseRow.h"
 #include "workbench/host/navigation/FormServices.h"
 #include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/CommandSink.h"
+#include "workbench/sdk/core/commands/CommandVariables.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QCheckBox>
@@ -63,6 +65,21 @@ QStringList split(const QString& line)
     for (const CommandWord& word : found.words)
         words << word.text;
     return found.error ? QStringList() : words;
+}
+
+/** The way to write the command that a run takes the line for; -1 if it takes it for none. */
+int right_way(const Command& command, const QString& line)
+{
+    const FormServices& services = form_services();
+    const auto value = [&services](QStringView name) {
+        return services.variables ? services.variables->value(name) : std::nullopt;
+    };
+    try {
+        return int(
+            CommandArguments(tokenize(line, value), command.forms, &services.registry->entities()).form());
+    } catch (const CommandError&) {
+        return -1;
+    }
 }
 
 /** The variables that a line uses, each as often as it does. */
@@ -238,7 +255,12 @@ bool CommandForm::read_line(const QString& line)
     if (words.value(0) != mCommand->name)
         return false;
     words.removeFirst();
-    for (int way = 0; way < mCommand->forms.size(); ++way) {
+    QList<int> ways;
+    for (int way = 0; way < mCommand->forms.size(); ++way)
+        ways << way;
+    if (const int right = right_way(*mCommand, line); right > 0)
+        ways.move(right, 0);
+    for (const int way : ways) {
         const CommandSyntax& form = mCommand->forms[way];
         const auto values = read_values(form, words);
         // A field cannot tell "$x" in single quotes from a variable, nor hold a variable in the middle of a

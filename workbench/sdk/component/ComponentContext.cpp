@@ -154,6 +154,14 @@ void ComponentContext::offer_entities(const QString& kind, const CommandEntities
     entities.offer(kind, mark, names, meaning);
 }
 
+void ComponentContext::add_undo(const UndoSteps::Source& take)
+{
+    UndoSteps& steps = Fennar::instance().registry().steps();
+    const QString mark = QString::fromUtf8(make_mark(mName));
+    on_end([&steps, mark] { steps.remove_owner(mark); });
+    steps.add_source(mark, take);
+}
+
 void ComponentContext::add_format(FileFormat format)
 {
     format.owner = QString::fromUtf8(make_mark(mName));

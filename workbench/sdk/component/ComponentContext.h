@@ -143,6 +143,12 @@ public:
     void offer_entities(const QString& kind, const CommandEntities::Names& names,
                         const CommandEntities::Meaning& meaning = {});
 
+    /**
+     * Asks @p take, after each command that changes the model, what has changed in what the component keeps;
+     * see UndoSteps. When this is undone, all steps are dropped.
+     */
+    void add_undo(const UndoSteps::Source& take);
+
     // --- Files.
 
     /** Adds a format for import and export of surfaces; its owner is set here. */

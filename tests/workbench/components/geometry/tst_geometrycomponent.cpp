@@ -59,10 +59,8 @@ private slots:
     void subtract_form_is_filled_from_the_selection();
     void form_remembers_values_but_no_names();
     void entries_tell_what_the_commands_tell();
-    void edit_menu_undoes_and_redoes();
     void keys_of_undo_are_those_of_text_in_text();
     void played_journal_is_undone_as_a_whole();
-    void options_show_and_set_the_memory_for_undo();
     void python_gets_the_errors_of_commands();
     void cancel_button_ends_the_mesher();
     void bar_shows_progress();
@@ -341,39 +339,11 @@ void TstGeometryComponent::form_remembers_values_but_no_names()
 
 void TstGeometryComponent::entries_tell_what_the_commands_tell()
 {
-    for (const char* name : {"brick", "unite", "list", "undo"}) {
+    for (const char* name : {"brick", "unite", "list"}) {
         const auto command = Fennar::instance().registry().find(QString::fromLatin1(name));
         QVERIFY(find_action(name) && !command->summary.isEmpty());
         QCOMPARE(find_action(name)->statusTip(), command->summary);
     }
-}
-
-void TstGeometryComponent::edit_menu_undoes_and_redoes()
-{
-    QStringList titles;
-    const QList<QAction*> menus = Ostrel::instance()->menuBar()->actions();
-    for (const QAction* menu : menus)
-        titles << menu->text();
-    QCOMPARE(titles.indexOf(u"&Edit"_s), 1);
-    QAction* const undo = find_action("undo");
-    QAction* const redo = find_action("redo");
-    QVERIFY(undo && redo && !undo->isEnabled() && !redo->isEnabled());
-    QCOMPARE(fennar::disabled_reason(undo), u"There is nothing to undo."_s);
-    QCOMPARE(fennar::disabled_reason(redo), u"There is nothing to redo."_s);
-    enter(u"brick 1 name a"_s);
-    enter(u"brick 2 name b"_s);
-    QVERIFY(undo->isEnabled() && !redo->isEnabled());
-    page()->clearToPrompt();
-    QVERIFY(trigger("undo"));
-    QVERIFY2(page()->toPlainText().startsWith(u"Fennar>undo\nUndone: brick 2 name b\n"_s),
-             qPrintable(page()->toPlainText()));
-    QCOMPARE(rows(), QStringList(u"a 1"_s));
-    QVERIFY(undo->isEnabled() && redo->isEnabled());
-    QVERIFY(trigger("redo"));
-    QCOMPARE(rows(), QStringList({u"a 1"_s, u"b 8"_s}));
-    QVERIFY(!redo->isEnabled());
-    enter(u"new discard"_s);
-    QVERIFY(!undo->isEnabled() && !redo->isEnabled());
 }
 
 void TstGeometryComponent::keys_of_undo_are_those_of_text_in_text()
@@ -420,35 +390,6 @@ void TstGeometryComponent::played_journal_is_undone_as_a_whole()
     }
     QVERIFY(enter(u"redo step"_s).contains(u"Redone: brick 1 name b\n"_s));
     QCOMPARE(rows(), QStringList({u"a 1"_s, u"b 1"_s}));
-}
-
-void TstGeometryComponent::options_show_and_set_the_memory_for_undo()
-{
-    OptionsPanel* const options = Ostrel::instance()->options();
-    const auto page_of = [options] { return options->findChild<QWidget*>(u"GeometryOptions"_s); };
-    QVERIFY(page_of());
-    enter(u"brick 1 name a"_s);
-    enter(u"brick 1 name b"_s);
-    options->refresh_settings();
-    auto* const memory = page_of()->findChild<QSpinBox*>(u"memory"_s);
-    QCOMPARE(memory->value(), 256);
-    QVERIFY2(page_of()->findChild<QLabel*>(u"used"_s)->text().endsWith(u" MiB, steps: 2"_s),
-             qPrintable(page_of()->findChild<QLabel*>(u"used"_s)->text()));
-    memory->setValue(0);
-    options->findChild<QPushButton*>(u"mSaveButton"_s)->click();
-    QVERIFY(enter(u"undo"_s).contains(u"there is nothing to undo"_s));
-    // It is the same after the next start; what makes no sense counts as not chosen.
-    enter(u"unload geometry"_s);
-    QVERIFY(!page_of());
-    enter(u"load "_s + QStringLiteral(GEOMETRY));
-    options->refresh_settings();
-    QCOMPARE(page_of()->findChild<QSpinBox*>(u"memory"_s)->value(), 0);
-    QSettings().setValue(u"geometry/undo_memory"_s, u"much"_s);
-    enter(u"unload geometry"_s);
-    enter(u"load "_s + QStringLiteral(GEOMETRY));
-    options->refresh_settings();
-    QCOMPARE(page_of()->findChild<QSpinBox*>(u"memory"_s)->value(), 256);
-    QSettings().remove(u"geometry"_s);
 }
 
 void TstGeometryComponent::python_gets_the_errors_of_commands()

@@ -77,6 +77,12 @@ const std::vector<Addition> all_additions = {
          return nullptr;
      },
      false, false},
+    {"undo",
+     [](ComponentContext& context) -> QObject* {
+         context.add_undo([] { return std::unique_ptr<UndoSteps::Change>(); });
+         return nullptr;
+     },
+     false, false},
     {"format",
      [](ComponentContext& context) -> QObject* {
          context.add_format(format(u"SAMPLE"_s));

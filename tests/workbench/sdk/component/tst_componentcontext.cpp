@@ -40,6 +40,7 @@ private slots:
     void refused_commands_end_the_load_by_name();
     void command_of_another_in_the_place_of_a_removed_one_stays();
     void refused_commands_of_a_function_end_the_load();
+    void what_a_component_keeps_is_undone_as_long_as_it_is_there();
     void taken_formats_and_works_end_the_load();
 };
 
@@ -238,6 +239,35 @@ void TstComponentContext::refused_commands_of_a_function_end_the_load()
              u"one of its commands is there already"_s);
     context.end();
     QVERIFY(!registry.find(u"sample-command"_s));
+}
+
+void TstComponentContext::what_a_component_keeps_is_undone_as_long_as_it_is_there()
+{
+    class Change : public UndoSteps::Change
+    {
+    public:
+        explicit Change(QStringList& log) : mLog(log) {}
+        void undo() override { mLog << u"undo"_s; }
+        void redo() override { mLog << u"redo"_s; }
+        qint64 memory(bool) const override { return 1; }
+
+    private:
+        QStringList& mLog;
+    };
+    UndoSteps& steps = Fennar::instance().registry().steps();
+    QStringList log;
+    ComponentContext context(owner);
+    context.add_undo([&log] {
+        log << u"take"_s;
+        return std::make_unique<Change>(log);
+    });
+    steps.commit(u"one"_s);
+    steps.commit(u"two"_s);
+    QCOMPARE(std::exchange(log, {}), QStringList({u"take"_s, u"take"_s}));
+    context.end();
+    QVERIFY(steps.steps().empty());
+    steps.commit(u"three"_s);
+    QVERIFY(log.isEmpty() && steps.steps().empty());
 }
 
 void TstComponentContext::taken_formats_and_works_end_the_load()

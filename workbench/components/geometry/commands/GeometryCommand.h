@@ -45,9 +45,6 @@ struct GeometryCommand
 /** Those that make and measure meshes. */
 QList<GeometryCommand> mesh_commands();
 
-/** Those that undo and redo. */
-QList<GeometryCommand> step_commands();
-
 /** The solids that an argument names, or all of them for "all". */
 QList<int> solids(const CommandCall& call, const CommandArguments& arguments, const GeometryModel& model,
                   QLatin1StringView key = QLatin1StringView("SOLID"));

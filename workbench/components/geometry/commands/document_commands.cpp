@@ -4,11 +4,11 @@
 #include "workbench/components/geometry/commands/document_commands.h"
 
 #include "workbench/components/geometry/commands/geometry_parameters.h"
-#include "workbench/components/geometry/commands/run_model_command.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/scene/select_command.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -60,12 +60,12 @@ void save(CommandCall&, const CommandArguments& arguments, const DocumentActions
 
 } // namespace
 
-bool register_document_commands(CommandRegistry& registry, const QString& owner, GeometryModel& model,
+bool register_document_commands(CommandRegistry& registry, const QString& owner,
                                 const DocumentActions& actions)
 {
     const auto with = [&](auto function) {
-        return [&model, actions, function](CommandCall& call, const CommandArguments& arguments) {
-            run_model_command(call, model, [&] { function(call, arguments, actions); });
+        return [actions, function](CommandCall& call, const CommandArguments& arguments) {
+            function(call, arguments, actions);
         };
     };
     const QList<Command> commands{
@@ -88,7 +88,7 @@ bool register_document_commands(CommandRegistry& registry, const QString& owner,
          .perform = with(&open),
          .forms = {{.clauses = {required_value(model_file(CommandParameter::Kind::InputFile))}}},
          .changes_model = true,
-         .makes = {solid_entity()}},
+         .makes = {solid_entity(), item_entity()}},
         {.name = u"save"_s,
          .summary = u"Saves the model."_s,
          .help = u"Without FILE in the file that it was opened from or saved in last. A file that is there "

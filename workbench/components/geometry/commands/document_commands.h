@@ -27,5 +27,5 @@ struct DocumentActions
  * @param model  outlives the commands.
  * @return false, with none added, if a name is taken.
  */
-bool register_document_commands(CommandRegistry& registry, const QString& owner, GeometryModel& model,
+bool register_document_commands(CommandRegistry& registry, const QString& owner,
                                 const DocumentActions& actions);

@@ -7,13 +7,13 @@
 #include "workbench/components/geometry/commands/LongWork.h"
 #include "workbench/components/geometry/commands/geometry_entities.h"
 #include "workbench/components/geometry/commands/geometry_parameters.h"
-#include "workbench/components/geometry/commands/run_model_command.h"
 #include "workbench/components/geometry/exchange/FileExchange.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/files/FormatRegistry.h"
+#include "workbench/sdk/core/scene/select_command.h"
 
 #include <QFileInfo>
 #include <QScopeGuard>
@@ -226,7 +226,7 @@ bool register_file_commands(CommandRegistry& registry, const QString& owner, Geo
     const auto context = std::make_shared<Context>(Context{model, exchange, services, imported});
     const auto with = [&context](auto function) {
         return [context, function](CommandCall& call, const CommandArguments& arguments) {
-            run_model_command(call, context->model, [&] { function(call, arguments, *context); });
+            function(call, arguments, *context);
         };
     };
     const QList<Command> commands{
@@ -240,7 +240,7 @@ bool register_file_commands(CommandRegistry& registry, const QString& owner, Geo
          .perform = with(&import_file),
          .forms = {{.clauses = file_clauses(Direction::Import)}},
          .changes_model = true,
-         .makes = {solid_entity()},
+         .makes = {solid_entity(), item_entity()},
          .long_running = true,
          .result = list_type(entity_type(solid_entity()))},
         {.name = u"export"_s,

@@ -7,12 +7,13 @@
 #include "workbench/components/geometry/commands/LongWork.h"
 #include "workbench/components/geometry/commands/geometry_entities.h"
 #include "workbench/components/geometry/commands/geometry_parameters.h"
-#include "workbench/components/geometry/commands/run_model_command.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
+#include "workbench/components/geometry/model/ModelChanges.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/sdk/core/scene/select_command.h"
 
 #include <cmath>
 #include <optional>
@@ -426,21 +427,24 @@ bool register_geometry_commands(CommandRegistry& registry, const QString& owner,
     const auto context = std::make_shared<Context>(Context{model, services, programs});
     QList<Command> commands;
     for (const GeometryCommand& entry :
-         making_commands() + solid_commands() + combining_commands() + mesh_commands() + step_commands()) {
+         making_commands() + solid_commands() + combining_commands() + mesh_commands()) {
         commands.append(
             {.name = entry.name,
              .summary = entry.summary,
              .help = entry.help,
              .perform =
                  [context, function = entry.perform](CommandCall& call, const CommandArguments& arguments) {
-                     run_model_command(call, context->model, [&] { function(call, arguments, *context); });
+                     function(call, arguments, *context);
                  },
              .forms = entry.forms,
              .changes_model = entry.changes_model,
-             .makes = entry.makes,
+             .makes = entry.changes_model ? entry.makes + QStringList{item_entity()} : entry.makes,
              .long_running = entry.long_running,
              .result = entry.result});
     }
     offer_geometry_entities(registry.entities(), model, programs, owner);
+    const auto changes = std::make_shared<ModelChanges>(model);
+    registry.steps().add_source(owner, [changes] { return changes->take(); });
+    QObject::connect(&model, &GeometryModel::replaced, &registry.steps(), &UndoSteps::clear);
     return registry.add_all(owner, commands);
 }

@@ -4,7 +4,6 @@
 #include "workbench/components/geometry/model/GeometryModel.h"
 
 #include "workbench/components/geometry/model/GeometryError.h"
-#include "workbench/components/geometry/model/ModelSteps.h"
 
 #include <algorithm>
 #include <cmath>
@@ -58,10 +57,6 @@ const Shape& checked(const Shape& shape)
 }
 
 } // namespace
-
-GeometryModel::GeometryModel() : mSteps(std::make_unique<ModelSteps>(*this)) {}
-
-GeometryModel::~GeometryModel() = default;
 
 QList<int> GeometryModel::ids() const
 {

@@ -15,8 +15,6 @@
 #include <memory>
 #include <optional>
 
-class ModelSteps;
-
 /**
  * The solids and the mesh that was made of them.
  *
@@ -62,9 +60,6 @@ public:
 
     /** Whether @p text could name a solid: a letter or "_", then letters, digits, "_", "-" and ".". */
     static bool is_name(const QString& text);
-
-    GeometryModel();
-    ~GeometryModel() override;
 
     /** All ids, the oldest solid first. */
     QList<int> ids() const;
@@ -121,8 +116,6 @@ public:
      * had: those that are equal stand for models that are the same.
      */
     qint64 state() const { return mState; }
-    /** The model's steps, which can be undone. */
-    ModelSteps& steps() const { return *mSteps; }
     /** The solids of these ids and all else, for restore(). */
     Part part(const QList<int>& ids) const;
     /** Puts these solids, and all else, in the place of what is there. The other solids must be those that
@@ -178,5 +171,4 @@ private:
     qint64 mState = 0;
     /** The greatest number of a state so far. */
     qint64 mLastState = 0;
-    std::unique_ptr<ModelSteps> mSteps;
 };

@@ -6,7 +6,6 @@
 #include "frame/Ostrel.h"
 #include "workbench/components/geometry/commands/geometry_parameters.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
-#include "workbench/components/geometry/model/ModelSteps.h"
 #include "workbench/components/geometry/window/GeometryDock.h"
 #include "workbench/sdk/component/disabled_reason.h"
 #include "workbench/sdk/core/commands/CommandSink.h"
@@ -30,7 +29,6 @@ GeometryWindow::GeometryWindow(fennar::ComponentContext& context, const Geometry
     make_mesh_actions();
     add_dock();
     add_menu();
-    add_edit_menu(model.steps());
     context.add_to_toolbar("GeometryTools", tr("Geometry Tools"), mToolActions);
     connect(mDock, &GeometryDock::selection_changed, this, &GeometryWindow::update_actions);
     update_actions();
@@ -109,25 +107,6 @@ void GeometryWindow::add_menu()
             }
         });
     help->setObjectName(u"geometry_help"_s);
-}
-
-void GeometryWindow::add_edit_menu(const ModelSteps& steps)
-{
-    QAction* const undo = make_action("undo", tr("&Undo"), nullptr, CommandUse::Run);
-    QAction* const redo = make_action("redo", tr("&Redo"), nullptr, CommandUse::Run);
-    // Fields for text take these keys before the window does.
-    fennar::set_disabled_reason(undo, tr("There is nothing to undo."));
-    fennar::set_disabled_reason(redo, tr("There is nothing to redo."));
-    undo->setShortcut(Qt::CTRL | Qt::Key_Z);
-    redo->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
-    const auto update = [undo, redo, &steps] {
-        undo->setEnabled(steps.can_undo());
-        redo->setEnabled(steps.can_redo());
-    };
-    connect(&steps, &ModelSteps::changed, this, update);
-    update();
-    // The shell puts the menu of this title behind the file menu.
-    mContext.add_to_menu(Ostrel::tr("&Edit"), {undo, redo});
 }
 
 void GeometryWindow::add_dock()

@@ -14,7 +14,6 @@
 
 class GeometryDock;
 class GeometryModel;
-class ModelSteps;
 class QAction;
 
 /**
@@ -38,7 +37,6 @@ private:
     void make_change_actions();
     void make_mesh_actions();
     void add_menu();
-    void add_edit_menu(const ModelSteps& steps);
     void add_dock();
     void update_actions();
 

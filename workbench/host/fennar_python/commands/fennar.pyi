@@ -378,12 +378,16 @@ def hide(window: _Literal['editor', 'options', 'plugins', 'about']) -> None:
     Command: hide editor|options|plugins|about
     """
 
-def history(count: int | None = None) -> None:
-    """Lists the lines typed so far, or the last COUNT of them.
+def history(count: int | None = None, *, steps: bool = False) -> None:
+    """Lists the lines typed so far, or the steps that can be undone and redone.
+
+    With COUNT, the last lines of that number. The oldest is the first. Steps that take more memory than the
+    options allow are forgotten.
 
     count: Lines (a whole number from 1 on)
+    steps: Steps of the model (True or False)
 
-    Command: history [COUNT]
+    Command: history [COUNT] | history steps
     """
 
 def import_(file: str | _os.PathLike[str], *, as_: Entity | str | None = None) -> _builtins.list[Solid]:
@@ -726,15 +730,6 @@ def statistics() -> _builtins.dict[str, int]:
     Command: statistics
     """
 
-def steps() -> None:
-    """Lists the steps that can be undone and redone.
-
-    The oldest is the first. Steps that take more memory than the options allow are forgotten, the oldest
-    first.
-
-    Command: steps
-    """
-
 def subtract(*tool: Solid | str | int | _Iterable[Solid | str | int], from_: Solid | str | int) -> Solid:
     """Takes the tools away from a solid.
 
@@ -775,8 +770,8 @@ def undo(*, step: bool = False) -> None:
 
     It changes the model.
 
-    A journal that was played is taken back as a whole; with "step", its last command alone. "new" and
-    "open" cannot be taken back.
+    A journal that was played is taken back as a whole; with "step", its last command alone. What starts
+    another model, as "new" and "open" do, cannot be taken back.
 
     step: One step of a journal (True or False)
 

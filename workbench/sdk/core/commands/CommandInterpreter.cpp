@@ -10,6 +10,8 @@
 
 #include <QScopeGuard>
 
+#include <algorithm>
+#include <iterator>
 #include <new>
 
 using namespace Qt::StringLiterals;
@@ -47,6 +49,9 @@ struct CommandInterpreter::Call
     std::shared_ptr<const Command> command;
     /** Whether an observer is told of it: not of an empty line. */
     bool told = false;
+
+    /** Whether what it changes is a step. */
+    bool changes_model() const { return command && command->changes_model; }
 
     /** The command's name for messages, also if there is no such command; empty if the line has none. */
     QString name() const
@@ -178,6 +183,7 @@ CommandInterpreter::Result CommandInterpreter::execute(const Source& source, Out
     } catch (...) {
         fail(CommandError(u"failed for an unknown reason"_s));
     }
+    commit_step(call);
     const Result result = ended.failure ? Result::Failed : Result::Done;
     if (call.told && mEnded)
         tell_ended(call, ended, own_column);
@@ -206,6 +212,22 @@ CommandValue CommandInterpreter::dispatch(Call& call)
     call.command->perform(command_call,
                           CommandArguments(call.words, call.command->forms, &mRegistry.entities()));
     return command_call.result();
+}
+
+void CommandInterpreter::commit_step(const Call& call)
+{
+    // One within another is part of that one's step.
+    if (!call.changes_model() || std::any_of(mCalls.begin(), std::prev(mCalls.end()),
+                                             [](const Call* c) { return c->changes_model(); }))
+        return;
+    QStringList words;
+    for (const CommandWord& word : call.words.words)
+        words << quote_word(word.text);
+    try {
+        mRegistry.steps().commit(words.join(u' '));
+    } catch (const std::exception&) { // out of memory: what came before can no longer be told from now
+        mRegistry.steps().clear();
+    }
 }
 
 void CommandInterpreter::set_observer(const Observer& observer)

@@ -63,7 +63,8 @@ struct CommandRun
  *     ERROR: set: column 5: expected a name, found "="
  *
  * No exception leaves this class: whatever a command throws is reported in the name of that command. A
- * command may run others. The outermost run or enter is an InterruptScope. GUI thread only.
+ * command may run others. What one has changed that changes the model is a step, see UndoSteps, even if it
+ * fails in the end. The outermost run or enter is an InterruptScope. GUI thread only.
  */
 class FENNAR_CORE_EXPORT CommandInterpreter
 {
@@ -168,6 +169,7 @@ private:
 
     Result execute(const Source& source, Outcome* outcome = nullptr);
     CommandValue dispatch(Call& call);
+    void commit_step(const Call& call);
     CommandRun run_of(const Call& call) const;
     void tell_ended(const Call& call, const Outcome& outcome, bool own_column);
     static CommandFailure failure_of(const Call* call, const CommandError& error);

@@ -13,11 +13,15 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
+QString command_entity()
+{
+    return u"command"_s;
+}
 
-const QString command_entity = u"command"_s;
-
-} // namespace
+bool Command::may_make(const QString& kind) const
+{
+    return runs_commands || makes.contains(kind) || makes.contains(any_kind);
+}
 
 QString Command::translated_summary() const
 {
@@ -52,7 +56,7 @@ bool CommandRegistry::is_name(const QString& text)
 CommandRegistry::CommandRegistry()
 {
     mEntities.offer(
-        command_entity, {}, [this] { return names(); }, {},
+        command_entity(), {}, [this] { return names(); }, {},
         [this](const QString& word) {
             const QString hint = absent_command_hint(word);
             const QString nearest = hint.isEmpty() ? nearest_name(word, names()) : QString();
@@ -69,7 +73,7 @@ CommandRegistry::AddResult CommandRegistry::add(const Command& command)
     if (mCommands.contains(command.name))
         return AddResult::NameTaken;
     mCommands.insert(command.name, std::make_shared<Command>(command));
-    mEntities.tell_changed(command_entity);
+    mEntities.tell_changed(command_entity());
     return AddResult::Added;
 }
 
@@ -90,7 +94,7 @@ bool CommandRegistry::remove(const QString& name)
 {
     const bool removed = mCommands.remove(name) > 0;
     if (removed)
-        mEntities.tell_changed(command_entity);
+        mEntities.tell_changed(command_entity());
     return removed;
 }
 
@@ -101,8 +105,9 @@ int CommandRegistry::remove_owner(const QString& owner)
         int(mCommands.removeIf([&owner](const auto& entry) { return entry.value()->owner == owner; }));
     if (!owner.isEmpty())
         mEntities.withdraw(owner);
+    mSteps.remove_owner(owner);
     if (removed > 0)
-        mEntities.tell_changed(command_entity);
+        mEntities.tell_changed(command_entity());
     return removed;
 }
 
@@ -115,7 +120,7 @@ bool CommandRegistry::has_owner(const QString& owner) const
 CommandError CommandRegistry::not_found(const QString& name, qsizetype column) const
 {
     return CommandError::expected(u"a command"_s, CommandError::shown(name), column,
-                                  mEntities.remedy(command_entity, name));
+                                  mEntities.remedy(command_entity(), name));
 }
 
 QString CommandRegistry::line_for_selection(const QString& name) const

@@ -7,8 +7,10 @@
 #include "workbench/sdk/core/commands/CommandEntities.h"
 #include "workbench/sdk/core/commands/CommandError.h"
 #include "workbench/sdk/core/commands/CommandValue.h"
+#include "workbench/sdk/core/commands/UndoSteps.h"
 #include "workbench/sdk/core/export.h"
 
+#include <QLatin1StringView>
 #include <QMap>
 #include <QString>
 #include <QStringList>
@@ -18,6 +20,9 @@
 
 class CommandArguments;
 class CommandCall;
+
+/** The kind of entities that commands are themselves. */
+FENNAR_CORE_EXPORT QString command_entity();
 
 /** A command of the command language. */
 struct Command
@@ -35,11 +40,14 @@ struct Command
     std::function<void(CommandCall&, const CommandArguments&)> perform = {};
     /** The ways to write the command, at least one: an empty one if it has no arguments. */
     QList<CommandSyntax> forms = {{}};
-    /** Whether it can change the model itself, which is what is saved; not only by commands that it runs. */
+    /** Whether it can change the model, which is what is saved. What it has changed, be it by commands that
+     * it runs, is one step that can be undone; see UndoSteps. */
     bool changes_model = false;
-    /** Kinds of entities that it can make under names that its line does not tell, as an import does. A name
-     * that may be given by a NewName, but is not, need not be told here. */
+    /** Kinds of entities that it can make under names that its line does not tell, as an import does;
+     * any_kind for all but commands. A name that may be given by a NewName, but is not, need not be told
+     * here. */
     QStringList makes = {};
+    static constexpr QLatin1StringView any_kind{"*"};
     /** Whether its line does not tell what it does, since it runs other commands, or code that can. */
     bool runs_commands = false;
     /** Whether it can take long. It tells its progress then, and tests CommandCall::interrupted(). */
@@ -49,6 +57,8 @@ struct Command
 
     /** The summary in the user's language, from the context "Command" of the translators. */
     FENNAR_CORE_EXPORT QString translated_summary() const;
+    /** Whether entities of the kind may come by it that its line does not tell. */
+    FENNAR_CORE_EXPORT bool may_make(const QString& kind) const;
     /** How the command is written, as "set [NAME [VALUE...]]". */
     FENNAR_CORE_EXPORT QString usage() const;
     /** What the flags mean to the user, in whole sentences; empty if none is set. */
@@ -82,7 +92,8 @@ public:
     /** Removes a command. Returns false if there is none of that name. */
     bool remove(const QString& name);
     /**
-     * Removes all commands and entities of @p owner and returns how many commands there were.
+     * Removes all commands, entities and sources of steps of @p owner and returns how many commands there
+     * were.
      *
      * A command that runs goes on to its end: the library that holds its code must stay loaded until then,
      * see CommandInterpreter::is_running().
@@ -106,8 +117,11 @@ public:
     CommandEntities& entities() { return mEntities; }
     /** The same, for looking only. */
     const CommandEntities& entities() const { return mEntities; }
+    /** What can be undone of what commands have changed. */
+    UndoSteps& steps() { return mSteps; }
 
 private:
     CommandEntities mEntities;
+    UndoSteps mSteps;
     QMap<QString, std::shared_ptr<const Command>> mCommands;
 };

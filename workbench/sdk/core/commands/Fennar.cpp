@@ -11,5 +11,6 @@ Fennar& Fennar::instance()
 
 Fennar::Fennar() : mInterpreter(mRegistry), mPlayback(mInterpreter)
 {
+    mRegistry.steps().set_journal([this] { return mPlayback.journal_number(); });
     register_builtin_commands(mInterpreter, mPlayback, mServices);
 }

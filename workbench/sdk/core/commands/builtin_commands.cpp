@@ -12,6 +12,7 @@
 #include "workbench/sdk/core/commands/check_journal.h"
 #include "workbench/sdk/core/commands/journal_parameters.h"
 #include "workbench/sdk/core/commands/read_journal_text.h"
+#include "workbench/sdk/core/commands/step_commands.h"
 
 #include <algorithm>
 
@@ -89,6 +90,10 @@ void set(CommandCall& call, const CommandArguments& arguments)
 
 void history(CommandCall& call, const CommandArguments& arguments, const HistorySource& source)
 {
+    if (arguments.has("steps"_L1)) {
+        list_steps(call, call.interpreter().registry().steps());
+        return;
+    }
     const QStringList lines = source ? source() : QStringList();
     qsizetype count = lines.size();
     if (arguments.has("COUNT"_L1))
@@ -170,7 +175,7 @@ QList<Command> plain_commands(const BuiltinServices& services)
                                                 .kind = Kind::Entity,
                                                 .what = u"a command"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Command"),
-                                                .entity = u"command"_s})}}}},
+                                                .entity = command_entity()})}}}},
         {.name = u"echo"_s,
          .summary = u"Prints its words."_s,
          .help =
@@ -198,7 +203,10 @@ QList<Command> plain_commands(const BuiltinServices& services)
                                                 .tip = words_tip,
                                                 .example = u"2.5"_s})}}}},
         {.name = u"history"_s,
-         .summary = u"Lists the lines typed so far, or the last COUNT of them."_s,
+         .summary = u"Lists the lines typed so far, or the steps that can be undone and redone."_s,
+         .help = u"With COUNT, the last lines of that number. The oldest is the first. Steps that take more "
+                 u"memory than the\n"
+                 "options allow are forgotten."_s,
          .perform =
              [&services](CommandCall& call, const CommandArguments& arguments) {
                  history(call, arguments, services.history);
@@ -209,7 +217,11 @@ QList<Command> plain_commands(const BuiltinServices& services)
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Lines"),
                                                 .least = 1,
                                                 .most = std::numeric_limits<int>::max(),
-                                                .example = u"10"_s})}}}}};
+                                                .example = u"10"_s})},
+                    .title = QT_TRANSLATE_NOOP("CommandParameter", "Lines typed")},
+                   {.clauses = {{.keyword = u"steps"_s,
+                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Steps of the model")}},
+                    .title = QT_TRANSLATE_NOOP("CommandParameter", "Steps of the model")}}}};
 }
 
 /** The parameters of the journal that "play" was given and that have no value yet, as "size=". */
@@ -319,4 +331,5 @@ void register_builtin_commands(CommandInterpreter& interpreter, Playback& playba
     registry.entities().offer(variable_entity, owner,
                               [&interpreter] { return interpreter.variables().names(); });
     registry.add_all(owner, plain_commands(services) + journal_commands(playback, services));
+    register_step_commands(registry, owner);
 }

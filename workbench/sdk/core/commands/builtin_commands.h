@@ -31,8 +31,8 @@ struct BuiltinServices
 FENNAR_CORE_EXPORT QList<CommandFileFilter> journal_filters();
 
 /**
- * Adds help, echo, set, history, play and quit to the interpreter's registry, with the owner "fennari19".
- * The arguments outlive the commands.
+ * Adds help, echo, set, history, undo, redo, those about journals and quit to the interpreter's registry,
+ * with the owner "fennari19". The arguments outlive the commands.
  */
 FENNAR_CORE_EXPORT void register_builtin_commands(CommandInterpreter& interpreter, Playback& playback,
                                                   const BuiltinServices& services);

@@ -22,6 +22,8 @@ namespace {
 
 using Kind = CommandParameter::Kind;
 
+const QString variable_entity = u"variable"_s;
+
 /** Whether the command can give a new name to something of the kind. */
 bool gives_names(const Command& command, const QString& kind)
 {
@@ -36,19 +38,22 @@ bool gives_names(const Command& command, const QString& kind)
     return false;
 }
 
+/** Whether the command brings names of the kind that its line does not tell. Commands come by few, which say
+ * so; that a journal or a script, which could do anything, loads components is not expected. */
+bool may_make(const Command& command, const QString& kind)
+{
+    return kind == command_entity() ? command.makes.contains(kind)
+                                    : command.may_make(kind) || gives_names(command, kind);
+}
+
 class Checker
 {
 public:
     Checker(const CommandRegistry& registry, const CommandVariables& variables)
         : mRegistry(registry), mVariables(variables)
     {
-        QList<std::shared_ptr<const Command>> commands;
-        for (const QString& name : registry.names())
-            commands << registry.find(name);
-        // Of the others the lines do not tell when names come.
         for (const QString& kind : registry.entities().kinds()) {
-            if (std::any_of(commands.begin(), commands.end(),
-                            [&](const auto& command) { return gives_names(*command, kind); }))
+            if (kind != variable_entity)
                 follow_names_of(kind);
         }
     }
@@ -88,26 +93,34 @@ private:
         mFaults.append({first + at.line, message + error.message()});
     }
 
-    /** Looks names of the kind up from now on. They are not offered as present, since lines ahead may have
-     * taken them away, so that each can be given anew. */
+    /** Looks names of the kind up from now on. */
     void follow_names_of(const QString& kind)
     {
-        QSet<QString>& names = mNames[kind];
+        Names& names = mNames[kind];
         const QStringList present = mRegistry.entities().names(kind);
-        names = {present.begin(), present.end()};
-        const auto meaning = [&names](const QString& word) {
+        names.possible = {present.begin(), present.end()};
+        const auto sure = [&names] { return QStringList(names.sure.begin(), names.sure.end()); };
+        const auto meaning = [this, kind, &names](const QString& word) {
             // What number a thing will have is not known.
-            return names.contains(word) || parse_integer(word) ? word : QString();
+            const bool number = parse_integer(word).value_or(0) > 0;
+            return names.possible.contains(word) || number ? word : mRegistry.entities().find(kind, word);
         };
-        mEntities.offer(kind, kind, {}, meaning, [&names](const QString& word) {
-            QStringList known(names.begin(), names.end());
-            known.sort();
-            return CommandEntities::remedy_among(word, known);
+        mEntities.offer(kind, kind, sure, meaning, [this, kind, &names](const QString& word) {
+            const QStringList present = mRegistry.entities().names(kind);
+            QStringList given(names.possible.begin(), names.possible.end());
+            given.removeIf([&present](const QString& name) { return present.contains(name); });
+            given.sort();
+            const QStringList known = present + given;
+            const QString remedy = CommandEntities::remedy_among(word, known);
+            return remedy.isEmpty() ? mRegistry.entities().remedy(kind, word) : remedy;
         });
     }
 
     /** Any name may be one from now on. */
     void give_up(const QString& kind) { mEntities.withdraw(kind); }
+
+    /** Whether commands may have come that are not there now. */
+    bool is_any_command() const { return !mEntities.has(command_entity()); }
 
     void check_command(const ContinuedCommand& lines, qsizetype first)
     {
@@ -129,6 +142,10 @@ private:
             }
             if (words.error)
                 throw *words.error;
+            if (!command && is_any_command()) {
+                follow_unknown(nullptr);
+                return;
+            }
             if (!command)
                 throw mRegistry.not_found(name, words.words[0].column);
             const CommandArguments arguments(words, command->forms, &mEntities);
@@ -161,9 +178,20 @@ private:
     {
         for (auto& [kind, names] : mNames) {
             const QStringList given = arguments.texts(Kind::NewName, kind);
-            names += QSet<QString>(given.begin(), given.end());
-            if (command.runs_commands || command.makes.contains(kind) ||
-                (given.isEmpty() && gives_names(command, kind)))
+            const QStringList used = arguments.texts(Kind::Entity, kind);
+            names.possible += QSet<QString>(given.begin(), given.end());
+            // What a command changes may be gone or have another name behind it. With a number, with what
+            // stands for several, and where nothing is named, it may be any.
+            const bool all_known = std::all_of(used.begin(), used.end(), [&names](const QString& name) {
+                return names.possible.contains(name);
+            });
+            if (command.runs_commands ||
+                (command.changes_model && (!all_known || (used.isEmpty() && given.isEmpty()))))
+                names.sure.clear();
+            else if (command.changes_model)
+                names.sure -= QSet<QString>(used.begin(), used.end());
+            names.sure += QSet<QString>(given.begin(), given.end());
+            if (given.isEmpty() && may_make(command, kind))
                 give_up(kind);
         }
         mAnyVariable = mAnyVariable || command.runs_commands;
@@ -177,17 +205,25 @@ private:
     void follow_unknown(const Command* command)
     {
         mAnyVariable = mAnyVariable || (command && command->runs_commands);
-        for (const auto& [kind, names] : mNames) {
-            if (!command || command->runs_commands || command->makes.contains(kind) ||
-                gives_names(*command, kind))
+        for (auto& [kind, names] : mNames) {
+            names.sure.clear();
+            if (command ? may_make(*command, kind) : kind != command_entity())
                 give_up(kind);
         }
     }
 
+    struct Names
+    {
+        /** Those that there may be. */
+        QSet<QString> possible;
+        /** Those of them that there are, so that they cannot be given once more. */
+        QSet<QString> sure;
+    };
+
     const CommandRegistry& mRegistry;
     CommandVariables mVariables;
-    /** The names that there may be, by kind; those of kinds that are looked up are offered as entities. */
-    std::map<QString, QSet<QString>> mNames;
+    /** By kind; those of kinds that are looked up are offered as entities. */
+    std::map<QString, Names> mNames;
     CommandEntities mEntities;
     QStringList mParameters;
     /** Whether parameters may still be declared. */

@@ -25,8 +25,10 @@ struct JournalFault
  * and words that do not fit what their command declares.
  *
  * Names are those that are there when it is checked and those that the lines ahead give (NewName); behind a
- * line that may give others, as one that makes something without a name (Command::makes), any will do. Names
- * of kinds that no command can give are not looked at, nor whether what had a name is gone.
+ * line that may give others, as one that makes something without a name (Command::makes), any will do, and
+ * behind one that may bring commands any command. A name cannot be given twice unless a line in between that
+ * changes the model may have freed it. Numbers from 1 on may stand for anything. What had a name and is gone
+ * is not found.
  *
  * Variables have the values that the lines ahead set. Behind a line that runs other commands
  * (Command::runs_commands), which may set others, a line with a variable that is not known is passed over.

@@ -13,7 +13,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString owner = u"workbench"_s;
-const QString item_entity = u"item"_s;
 
 /** All ids if the only name is "all", none if it is "none". A repeated name counts once. */
 QList<int> items(const QStringList& names, const Scene& scene)
@@ -39,10 +38,15 @@ void select(CommandCall& call, const CommandArguments& arguments, Scene& scene)
 
 } // namespace
 
+QString item_entity()
+{
+    return u"item"_s;
+}
+
 bool register_select_command(CommandRegistry& registry, Scene& scene)
 {
     CommandEntities& entities = registry.entities();
-    entities.offer(item_entity, owner, [&scene] {
+    entities.offer(item_entity(), owner, [&scene] {
         QStringList names;
         for (const auto& [id, item] : scene.items())
             names << item.name;
@@ -50,7 +54,7 @@ bool register_select_command(CommandRegistry& registry, Scene& scene)
     });
     entities.offer_selection(item_entity, [&scene] { return scene.selection(); });
     QObject::connect(&scene, &Scene::item_changed, &entities,
-                     [&entities] { entities.tell_changed(item_entity); });
+                     [&entities] { entities.tell_changed(item_entity()); });
     const Command command{
         .name = u"select"_s,
         .summary = u"Selects what is named, and nothing else."_s,
@@ -65,7 +69,7 @@ bool register_select_command(CommandRegistry& registry, Scene& scene)
                                                .what = u"the name of an item"_s,
                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Items"),
                                                .choices = {u"all"_s, u"none"_s},
-                                               .entity = item_entity,
+                                               .entity = item_entity(),
                                                .repeated = true})}}}};
     return registry.add(command) == CommandRegistry::AddResult::Added;
 }

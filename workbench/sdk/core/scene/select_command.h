@@ -5,8 +5,13 @@
 
 #include "workbench/sdk/core/export.h"
 
+#include <QString>
+
 class CommandRegistry;
 class Scene;
+
+/** The kind of entities that items of the scene are, by their names. */
+FENNAR_CORE_EXPORT QString item_entity();
 
 /**
  * Adds the command "select", which works on @p scene.

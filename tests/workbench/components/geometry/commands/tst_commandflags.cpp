@@ -10,6 +10,7 @@
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/sdk/core/commands/ApplicationServices.h"
 #include "workbench/sdk/core/commands/CommandSession.h"
+#include "workbench/sdk/core/commands/step_commands.h"
 
 #include <QDir>
 #include <QMap>
@@ -48,7 +49,6 @@ const QMap<QString, QString>& calls()
         {u"save"_s, u"save other.mdl"_s},
         {u"sphere"_s, u"sphere 2 at 50 0 0"_s},
         {u"statistics"_s, u"statistics"_s},
-        {u"steps"_s, u"steps"_s},
         {u"subtract"_s, u"subtract b from a"_s},
         {u"torus"_s, u"torus 10 2 at 50 0 0"_s},
         {u"undo"_s, u"undo"_s},
@@ -115,8 +115,9 @@ void TstCommandFlags::set_up()
                                   [this](const QString& file) { mDocument->save(file); }};
     QVERIFY(register_geometry_commands(registry, u"geometry"_s, *mModel, mServices,
                                        QDir(QStringLiteral(FENNAR_PROGRAMS))));
-    QVERIFY(register_document_commands(registry, u"geometry"_s, *mModel, actions));
+    QVERIFY(register_document_commands(registry, u"geometry"_s, actions));
     QVERIFY(register_file_commands(registry, u"geometry"_s, *mModel, *mExchange, mServices));
+    register_step_commands(registry, u"fennari19"_s);
 }
 
 void TstCommandFlags::tear_down()

@@ -333,8 +333,8 @@ void TstGeometryCommands::every_command_is_explained()
         for (const QString& line : lines)
             QVERIFY2(line.size() <= 110, qPrintable(line));
     }
-    QCOMPARE(count, 20);
-    QCOMPARE(mSession->registry.remove_owner(u"geometry"_s), 20);
+    QCOMPARE(count, 17);
+    QCOMPARE(mSession->registry.remove_owner(u"geometry"_s), 17);
 }
 
 void TstGeometryCommands::taken_name_of_a_command_adds_none()

@@ -6,7 +6,6 @@
 #include "workbench/components/geometry/commands/geometry_entities.h"
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
-#include "workbench/components/geometry/model/ModelSteps.h"
 #include "workbench/components/geometry/programs/mesh_arrays.h"
 #include "workbench/sdk/core/commands/ApplicationServices.h"
 #include "workbench/sdk/core/commands/CommandError.h"
@@ -251,7 +250,7 @@ private slots:
         QCOMPARE(entities().name_of(brick), u"ground"_s);
         value(u"delete ground"_s);
         QCOMPARE(entities().name_of(brick), QString());
-        mModel->steps().undo(true);
+        mSession->registry.steps().undo(true);
         QCOMPARE(entities().name_of(brick), u"ground"_s);
     }
 
@@ -288,7 +287,7 @@ private slots:
         QVERIFY(fine != coarse);
         QCOMPARE(entities().name_of(coarse), QString());
         QCOMPARE(entities().name_of(fine), u"mesh"_s);
-        mModel->steps().undo(true);
+        mSession->registry.steps().undo(true);
         QCOMPARE(entities().name_of(coarse), u"mesh"_s);
         QCOMPARE(mSession->errors, QString());
     }

@@ -109,7 +109,7 @@ void TstGeometryDocument::set_up()
     mInterpreter->set_error_output([this](const QString& text) { mOutput += text; });
     QVERIFY(register_geometry_commands(*mRegistry, u"geometry"_s, *mModel, mServices,
                                        QDir(QStringLiteral(FENNAR_PROGRAMS))));
-    QVERIFY(register_document_commands(*mRegistry, u"geometry"_s, *mModel,
+    QVERIFY(register_document_commands(*mRegistry, u"geometry"_s,
                                        {[this](bool discard) {
                                             mDiscarded << discard;
                                             mDocument->clear();
@@ -490,7 +490,7 @@ void TstGeometryDocument::taken_command_refuses_all()
 {
     CommandRegistry registry;
     registry.add(plain_command(u"save"_s, u"other"_s, [](CommandCall&) {}));
-    QVERIFY(!register_document_commands(registry, u"geometry"_s, *mModel, {}));
+    QVERIFY(!register_document_commands(registry, u"geometry"_s, {}));
     QCOMPARE(registry.names(), QStringList(u"save"_s));
 }
 

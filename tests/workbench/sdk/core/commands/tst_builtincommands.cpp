@@ -66,9 +66,10 @@ private slots:
 void TstBuiltinCommands::all_are_registered_under_one_owner()
 {
     BuiltinSession session;
-    QCOMPARE(session.registry.names(), QStringList({u"check"_s, u"echo"_s, u"help"_s, u"history"_s, u"note"_s,
-                                                    u"parameter"_s, u"play"_s, u"quit"_s, u"set"_s}));
-    QCOMPARE(session.registry.remove_owner(u"fennari19"_s), 8);
+    QCOMPARE(session.registry.names(),
+             QStringList({u"check"_s, u"echo"_s, u"help"_s, u"history"_s, u"note"_s, u"parameter"_s,
+                          u"play"_s, u"quit"_s, u"redo"_s, u"set"_s, u"undo"_s}));
+    QCOMPARE(session.registry.remove_owner(u"fennari19"_s), 10);
 }
 
 void TstBuiltinCommands::each_has_usage_and_summary()
@@ -99,8 +100,8 @@ void TstBuiltinCommands::help_lists_commands_with_summaries()
     Playback playback(session.interpreter);
     BuiltinServices services;
     register_builtin_commands(session.interpreter, playback, services);
-    for (const QString& name :
-         {u"check"_s, u"echo"_s, u"history"_s, u"note"_s, u"parameter"_s, u"play"_s, u"quit"_s, u"set"_s})
+    for (const QString& name : {u"check"_s, u"echo"_s, u"history"_s, u"note"_s, u"parameter"_s, u"play"_s,
+                                u"quit"_s, u"redo"_s, u"set"_s, u"undo"_s})
         session.registry.remove(name);
     session.registry.add({.name = u"cylinder"_s,
                           .summary = u"Makes a cylinder."_s,
@@ -235,12 +236,11 @@ void TstBuiltinCommands::history_wants_a_positive_count()
 {
     BuiltinSession session;
     const QString expected =
-        u"ERROR: history: column 9: expected how many lines (a whole number from 1 on), found "_s;
-    QCOMPARE(session.printed(u"history 0"_s), expected + u"\"0\"\n"_s);
-    QCOMPARE(
-        session.printed(u"history all"_s),
-        u"ERROR: history: column 9: expected how many lines (a whole number from 1 on) or the end of the "
-        "line, found \"all\"\n"_s);
+        u"ERROR: history: column 9: expected how many lines (a whole number from 1 on) or "_s;
+    QCOMPARE(session.printed(u"history 0"_s), expected + u"\"steps\", found \"0\"\n"_s);
+    QCOMPARE(session.printed(u"history all"_s), u"ERROR: history: column 9: expected how many lines (a whole "
+                                                u"number from 1 on), \"steps\" or the end of the "
+                                                "line, found \"all\"\n"_s);
 }
 
 void TstBuiltinCommands::play_plays_a_file()

@@ -69,6 +69,19 @@ void TstCheckJournal::set_up()
          .perform = nothing,
          .forms = {
              {.clauses = {required_value({.name = u"DOOR"_s, .kind = Kind::Entity, .entity = u"door"_s})}}}});
+    mSession->registry.add({.name = u"burst"_s,
+                            .perform = nothing,
+                            .forms = {{.clauses = {required_value({.name = u"BALL"_s,
+                                                                   .kind = Kind::Entity,
+                                                                   .choices = {u"all"_s},
+                                                                   .entity = u"ball"_s,
+                                                                   .repeated = true})}}},
+                            .changes_model = true});
+    mSession->registry.add({.name = u"clear"_s, .perform = nothing, .changes_model = true});
+    mSession->registry.add({.name = u"bring"_s,
+                            .perform = nothing,
+                            .forms = {{.clauses = {required_value({.name = u"WHAT"_s})}}},
+                            .makes = {u"command"_s}});
     for (const QString& kind : {u"ball"_s, u"door"_s})
         mSession->registry.entities().offer(kind, u"test"_s, [] { return QStringList(u"here"_s); });
 }
@@ -96,6 +109,7 @@ void TstCheckJournal::faults_are_told_by_line_data()
         QTest::newRow(name) << text << expected;
     };
     const QString radius = u"expected RADIUS (a number from 1 on), found "_s;
+    const QString taken = u"%1: ball: column 13: there is a ball \"b\" already"_s;
     row("empty", {}, {});
     row("all right", u"# a comment\n\nball 5 name b\r\nroll b # it\n"_s, {});
     row("each wrong line", u"ball\nball 2\nball x"_s,
@@ -104,13 +118,24 @@ void TstCheckJournal::faults_are_told_by_line_data()
     row("no such command", u"\nbal 2\n"_s,
         {u"2: bal: column 1: expected a command, found \"bal\"; did you mean \"ball\"?"_s});
     row("nothing for names", u"roll\n"_s, {u"1: roll: column 5: expected BALL, found the end of the line"_s});
-    const QString there = u"; there are \"b\" and \"here\""_s;
+    const QString there = u"; there are \"here\" and \"b\""_s;
     row("name of nothing", u"roll here\nroll nobody\n"_s,
         {u"2: roll: column 6: expected BALL, found \"nobody\"; there is \"here\""_s});
     row("names are followed", u"ball 1 name b\nroll b here\nroll c\n"_s,
         {u"3: roll: column 6: expected BALL, found \"c\""_s + there});
     row("numbers are not known", u"roll 7\n"_s, {});
-    row("name may be free again", u"ball 1 name here\nball 1 name here\n"_s, {});
+    row("number of nothing", u"roll 0\n"_s,
+        {u"1: roll: column 6: expected BALL, found \"0\"; there is \"here\""_s});
+    row("name is there", u"ball 1 name here\nball 1 name b\nball 1 name b\n"_s, {taken.arg(3)});
+    row("name may be free again", u"ball 1 name b\nroll b\nburst b\nball 1 name b\n"_s, {});
+    row("name of another is not", u"ball 1 name b\nball 1 name c\nburst c\nball 1 name b\n"_s,
+        {taken.arg(4)});
+    row("number may be any", u"ball 1 name b\nburst 7\nball 1 name b\n"_s, {});
+    row("all may be free again", u"ball 1 name b\nburst all\nball 1 name b\n"_s, {});
+    row("all without a word may be free again", u"ball 1 name b\nclear\nball 1 name b\n"_s, {});
+    row("others may have freed a name", u"ball 1 name b\nplay other.jou\nball 1 name b\n"_s, {});
+    row("wrong line may have freed a name", u"ball 1 name b\nburst b c\nball 1 name b\n"_s,
+        {u"2: burst: column 9: expected BALL, found \"c\"; there are \"here\" and \"b\""_s});
     row("what has no name may have any", u"ball 1\nroll nobody\n"_s, {});
     row("others may be found", u"find\nroll nobody\n"_s, {});
     row("others may be made", u"play other.jou\nroll nobody\n"_s, {});
@@ -121,7 +146,15 @@ void TstCheckJournal::faults_are_told_by_line_data()
     row("wrong line that gives no names", u"roll\nroll b\n"_s,
         {u"1: roll: column 5: expected BALL, found the end of the line"_s,
          u"2: roll: column 6: expected BALL, found \"b\"; there is \"here\""_s});
-    row("names of kinds that are not given", u"help nobody\nunlock nobody\n"_s, {});
+    row("names of kinds that are not given", u"help echa\nunlock nobody\nunlock here\n"_s,
+        {u"1: help: column 6: expected a command, found \"echa\"; did you mean \"echo\"?"_s,
+         u"2: unlock: column 8: expected DOOR, found \"nobody\"; there is \"here\""_s});
+    row("commands may come", u"bring balls\nthrow 1\nhelp throw\nball x\n"_s,
+        {u"4: ball: column 6: "_s + radius + u"\"x\""_s});
+    row("wrong line may have brought commands", u"bring\nthrow 1\n"_s,
+        {u"1: bring: column 6: expected WHAT, found the end of the line"_s});
+    row("no commands come by a journal", u"play other.jou\nbal 1\n"_s,
+        {u"2: bal: column 1: expected a command, found \"bal\"; did you mean \"ball\"?"_s});
     row("what is no name", u"ball 1 name 5x\n"_s,
         {u"1: ball: column 13: expected NAME (a letter, then letters, digits, \"_\", \"-\" and \".\"), found \"5x\""_s});
     row("quotes", u"ball 'x\nball 1\n"_s,

@@ -6,9 +6,9 @@
 #include "workbench/components/geometry/exchange/model_format.h"
 #include "workbench/components/geometry/model/GeometryDocument.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
-#include "workbench/components/geometry/model/ModelSteps.h"
 #include "workbench/sdk/core/commands/ApplicationServices.h"
 #include "workbench/sdk/core/commands/CommandSession.h"
+#include "workbench/sdk/core/commands/step_commands.h"
 
 #include <QCryptographicHash>
 #include <QSignalSpy>
@@ -20,7 +20,7 @@
 using namespace Qt::StringLiterals;
 
 /** Undo and redo, by the commands. */
-class TstModelSteps : public TestCase
+class TstModelChanges : public TestCase
 {
     Q_OBJECT
 
@@ -39,7 +39,6 @@ private slots:
     void mesh_comes_back_as_young_as_it_was();
     void another_model_ends_the_steps();
     void modified_mark_follows_to_the_saved_state();
-    void steps_are_listed();
     void texts_count_as_memory();
     void memory_is_bounded();
     void thousand_random_commands_are_undone_and_redone_to_the_bit();
@@ -50,6 +49,7 @@ private:
         mSession->interpreter.run(line);
         return mSession->take_output() + mSession->take_errors();
     }
+    UndoSteps& steps() { return mSession->registry.steps(); }
     QByteArray saved() const { return write_model(mModel->contents()).join(); }
     QStringList names() const
     {
@@ -65,23 +65,24 @@ private:
     int mJournal = 0;
 };
 
-void TstModelSteps::set_up()
+void TstModelChanges::set_up()
 {
     mModel = std::make_unique<GeometryModel>();
     mSession = std::make_unique<CommandSession>();
     mJournal = 0;
-    mModel->steps().set_journal([this] { return mJournal; });
+    register_step_commands(mSession->registry, u"fennari19"_s);
+    steps().set_journal([this] { return mJournal; });
     QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s, *mModel, mServices,
                                        QDir(QStringLiteral(FENNAR_PROGRAMS))));
 }
 
-void TstModelSteps::tear_down()
+void TstModelChanges::tear_down()
 {
     mSession.reset();
     mModel.reset();
 }
 
-void TstModelSteps::undo_takes_back_each_kind_of_command_data()
+void TstModelChanges::undo_takes_back_each_kind_of_command_data()
 {
     QTest::addColumn<QString>("line");
     for (const char* line : {"brick 1", "cylinder 1 2", "sphere 1", "cone 1 2", "torus 2 1",
@@ -90,7 +91,7 @@ void TstModelSteps::undo_takes_back_each_kind_of_command_data()
         QTest::newRow(line) << QString::fromLatin1(line);
 }
 
-void TstModelSteps::undo_takes_back_each_kind_of_command()
+void TstModelChanges::undo_takes_back_each_kind_of_command()
 {
     QFETCH(const QString, line);
     run(u"brick 2 name a"_s);
@@ -111,25 +112,25 @@ void TstModelSteps::undo_takes_back_each_kind_of_command()
     QVERIFY(run(u"list b"_s).contains(u" b "));
 }
 
-void TstModelSteps::commands_that_change_nothing_are_no_steps()
+void TstModelChanges::commands_that_change_nothing_are_no_steps()
 {
     run(u"brick 1 name a"_s);
-    for (const char* line : {"list", "brick 0", "rename a a", "nonsense", "unite a", "steps",
-                             "mesh a size 1e-5", "move a by 0 0 0", "rotate a by 360"})
+    for (const char* line : {"list", "brick 0", "rename a a", "nonsense", "unite a", "mesh a size 1e-5",
+                             "move a by 0 0 0", "rotate a by 360"})
         run(QString::fromLatin1(line));
-    QCOMPARE(mModel->steps().steps().size(), 1U);
+    QCOMPARE(steps().steps().size(), 1U);
 }
 
-void TstModelSteps::change_behind_an_undo_ends_what_could_be_redone()
+void TstModelChanges::change_behind_an_undo_ends_what_could_be_redone()
 {
     run(u"brick 1 name a"_s);
     run(u"brick 2 name b"_s);
     run(u"undo"_s);
-    QVERIFY(mModel->steps().can_redo());
+    QVERIFY(steps().can_redo());
     run(u"list"_s);
-    QVERIFY(mModel->steps().can_redo());
+    QVERIFY(steps().can_redo());
     run(u"brick 3 name c"_s);
-    QVERIFY(!mModel->steps().can_redo());
+    QVERIFY(!steps().can_redo());
     QCOMPARE(mModel->ids(), QList<int>({1, 2}));
     run(u"undo"_s);
     run(u"undo"_s);
@@ -139,14 +140,13 @@ void TstModelSteps::change_behind_an_undo_ends_what_could_be_redone()
     QCOMPARE(names(), QStringList({u"a"_s, u"c"_s}));
 }
 
-void TstModelSteps::nothing_to_undo_or_redo_is_told()
+void TstModelChanges::nothing_to_undo_or_redo_is_told()
 {
     QCOMPARE(run(u"undo"_s), u"ERROR: undo: column 1: there is nothing to undo\n"_s);
     QCOMPARE(run(u"redo"_s), u"ERROR: redo: column 1: there is nothing to redo\n"_s);
-    QCOMPARE(run(u"steps"_s), u"There are no steps.\n"_s);
 }
 
-void TstModelSteps::journal_is_taken_back_as_a_whole_or_step_by_step()
+void TstModelChanges::journal_is_taken_back_as_a_whole_or_step_by_step()
 {
     run(u"brick 1 name a"_s);
     for (mJournal = 1; mJournal < 3; ++mJournal) {
@@ -169,7 +169,7 @@ void TstModelSteps::journal_is_taken_back_as_a_whole_or_step_by_step()
     QCOMPARE(names(), QStringList({u"a"_s, u"b1"_s, u"c1"_s, u"d1"_s}));
 }
 
-void TstModelSteps::journal_can_take_back_its_own_last_command()
+void TstModelChanges::journal_can_take_back_its_own_last_command()
 {
     run(u"brick 1 name a"_s);
     mJournal = 7;
@@ -179,7 +179,7 @@ void TstModelSteps::journal_can_take_back_its_own_last_command()
     QCOMPARE(names(), QStringList({u"a"_s, u"b"_s}));
 }
 
-void TstModelSteps::mesh_comes_back_as_young_as_it_was()
+void TstModelChanges::mesh_comes_back_as_young_as_it_was()
 {
     run(u"brick 1 name a"_s);
     run(u"mesh size 1"_s);
@@ -196,22 +196,22 @@ void TstModelSteps::mesh_comes_back_as_young_as_it_was()
     QCOMPARE(mModel->mesh(), mesh);
 }
 
-void TstModelSteps::another_model_ends_the_steps()
+void TstModelChanges::another_model_ends_the_steps()
 {
     run(u"brick 1 name a"_s);
     run(u"brick 2 name b"_s);
     run(u"undo"_s);
-    QSignalSpy changed(&mModel->steps(), &ModelSteps::changed);
+    QSignalSpy changed(&steps(), &UndoSteps::changed);
     mModel->replace(mModel->contents());
-    QVERIFY(!mModel->steps().can_undo() && !mModel->steps().can_redo());
-    QCOMPARE(mModel->steps().memory(), 0);
+    QVERIFY(!steps().can_undo() && !steps().can_redo());
+    QCOMPARE(steps().memory(), 0);
     QCOMPARE(changed.size(), 1);
     run(u"brick 3 name c"_s);
     run(u"undo"_s);
     QCOMPARE(names(), QStringList(u"a"_s));
 }
 
-void TstModelSteps::modified_mark_follows_to_the_saved_state()
+void TstModelChanges::modified_mark_follows_to_the_saved_state()
 {
     const QTemporaryDir directory;
     GeometryDocument document(*mModel);
@@ -234,65 +234,50 @@ void TstModelSteps::modified_mark_follows_to_the_saved_state()
     QVERIFY(document.is_modified());
 }
 
-void TstModelSteps::steps_are_listed()
+void TstModelChanges::texts_count_as_memory()
 {
     run(u"brick 1 name a"_s);
-    mJournal = 1;
-    run(u"move 'a' by 1 0 0"_s);
-    mJournal = 0;
-    run(u"sphere 1"_s);
-    run(u"undo"_s);
-    QCOMPARE(run(u"steps"_s), u"1                   brick 1 name a\n"
-                              "2          journal  move a by 1 0 0\n"
-                              "3  undone           sphere 1\n"_s);
-}
-
-void TstModelSteps::texts_count_as_memory()
-{
-    run(u"brick 1 name a"_s);
-    ModelSteps& steps = mModel->steps();
-    steps.set_limit(1 << 20);
+    steps().set_limit(1 << 20);
     for (const char16_t letter : {u'b', u'c', u'd', u'e', u'f'}) {
         run(u"rename 1 "_s + QString(200'000, QChar(letter)));
-        QVERIFY(steps.memory() <= 1 << 20);
+        QVERIFY(steps().memory() <= 1 << 20);
     }
     // Two texts of 400,000 bytes each for a command and the name that it took away.
-    QCOMPARE(steps.steps().size(), 1U);
+    QCOMPARE(steps().steps().size(), 1U);
 }
 
-void TstModelSteps::memory_is_bounded()
+void TstModelChanges::memory_is_bounded()
 {
     run(u"brick 1 name a"_s);
     for (int i = 0; i < 20; ++i)
         run(u"move a by 1 0 0"_s);
-    ModelSteps& steps = mModel->steps();
-    const qint64 all = steps.memory();
+    const qint64 all = steps().memory();
     QVERIFY(all > 20'000);
-    steps.set_limit(all / 2);
-    QVERIFY(steps.memory() <= all / 2 && steps.memory() > all / 4);
-    const std::size_t left = steps.steps().size();
+    steps().set_limit(all / 2);
+    QVERIFY(steps().memory() <= all / 2 && steps().memory() > all / 4);
+    const std::size_t left = steps().steps().size();
     QVERIFY(left < 15 && left > 5);
     // The nearest are left: as many as there are can be undone and redone.
     const QByteArray before = saved();
     for (std::size_t i = 0; i < left; ++i)
         QCOMPARE(run(u"undo"_s), u"Undone: move a by 1 0 0\n"_s);
-    QVERIFY(!steps.can_undo());
-    QVERIFY(steps.memory() <= all / 2);
-    while (steps.can_redo())
+    QVERIFY(!steps().can_undo());
+    QVERIFY(steps().memory() <= all / 2);
+    while (steps().can_redo())
         run(u"redo"_s);
     QCOMPARE(saved(), before);
     // What takes more than all of it cannot be undone, and works.
-    steps.set_limit(0);
-    QVERIFY(!steps.can_undo());
+    steps().set_limit(0);
+    QVERIFY(!steps().can_undo());
     QCOMPARE(run(u"move a by 1 0 0"_s), QString());
-    QVERIFY(!steps.can_undo());
-    QCOMPARE(steps.memory(), 0);
-    steps.set_limit(ModelSteps::usual_limit);
+    QVERIFY(!steps().can_undo());
+    QCOMPARE(steps().memory(), 0);
+    steps().set_limit(UndoSteps::usual_limit);
     run(u"move a by 1 0 0"_s);
-    QVERIFY(steps.can_undo());
+    QVERIFY(steps().can_undo());
 }
 
-void TstModelSteps::thousand_random_commands_are_undone_and_redone_to_the_bit()
+void TstModelChanges::thousand_random_commands_are_undone_and_redone_to_the_bit()
 {
     constexpr unsigned seed = 20261122;
     qInfo("seed %u", seed);
@@ -335,8 +320,7 @@ void TstModelSteps::thousand_random_commands_are_undone_and_redone_to_the_bit()
     };
     const auto digest = [this] { return QCryptographicHash::hash(saved(), QCryptographicHash::Sha256); };
 
-    ModelSteps& steps = mModel->steps();
-    steps.set_limit(std::numeric_limits<qint64>::max());
+    steps().set_limit(std::numeric_limits<qint64>::max());
     QList<QByteArray> states{digest()};
     int redone = 0;
     for (int i = 0; i < 1000; ++i) {
@@ -345,37 +329,37 @@ void TstModelSteps::thousand_random_commands_are_undone_and_redone_to_the_bit()
             mesh->nodes = i;
             mesh->revision = mModel->revision();
             mModel->set_mesh(mesh);
-            steps.commit(u"mesh"_s);
+            steps().commit(u"mesh"_s);
         } else {
             run(command());
         }
         // Failed commands and those that only look are no steps.
-        if (steps.done() == std::size_t(states.size()))
+        if (steps().done() == std::size_t(states.size()))
             states << digest();
-        QCOMPARE(steps.done() + 1, std::size_t(states.size()));
+        QCOMPARE(steps().done() + 1, std::size_t(states.size()));
         QCOMPARE(digest(), states.last());
     }
     QVERIFY2(states.size() > 500, qPrintable(QString::number(states.size())));
     for (int round = 0; round < 2; ++round) {
-        while (steps.can_undo()) {
-            steps.undo(true);
-            QCOMPARE(digest(), states[qsizetype(steps.done())]);
+        while (steps().can_undo()) {
+            steps().undo(true);
+            QCOMPARE(digest(), states[qsizetype(steps().done())]);
             // Back and forth on the way.
-            if (number(0, 19) == 0 && steps.redo(true) == 1) {
-                QCOMPARE(digest(), states[qsizetype(steps.done())]);
-                steps.undo(true);
+            if (number(0, 19) == 0 && steps().redo(true) == 1) {
+                QCOMPARE(digest(), states[qsizetype(steps().done())]);
+                steps().undo(true);
                 ++redone;
             }
         }
         QVERIFY(mModel->ids().isEmpty() && !mModel->mesh());
         QCOMPARE(saved(), write_model({}).join());
-        while (steps.can_redo())
-            steps.redo(true);
+        while (steps().can_redo())
+            steps().redo(true);
         QCOMPARE(digest(), states.last());
     }
     QVERIFY(redone > 0);
 }
 
-OSTREL_TEST(TstModelSteps)
+OSTREL_TEST(TstModelChanges)
 
-#include "tst_modelsteps.moc"
+#include "tst_modelchanges.moc"
