@@ -4,8 +4,9 @@
 
 """Checks that a library exports its public classes and nothing else:  exported_symbols.py ROOT LIBRARY
 
-The library is that of the shell, or the kit of components. The classes, and namespaces of functions, are those below. They must be the ones
-that the headers mark, and each must be in the library. The type information of the host's classes must not be there, but asked of the host.
+The library is that of the shell, or one of the kit of components. The classes, and namespaces of functions, are those below; in the kit's
+core, which has many, the ones that its headers mark. They must be the ones that the headers mark, and each must be in the library. The type
+information of the host's classes must not be there, but asked of the host.
 """
 
 import glob
@@ -33,6 +34,7 @@ OF_THE_HOST = {"ComponentTracker", "OstrelGUI", "OutputHandler"}
 
 SHELL = ("frame", "console", "files", "journal", "menus", "options", "resources")
 KIT = ("workbench/sdk/component",)
+CORE = ("workbench/sdk/core/*",)
 
 # What the compiler makes for a class beside its members.
 MADE_FOR = r"(?:(?:vtable|VTT|typeinfo|typeinfo name|guard variable) for|(?:non-virtual|virtual) thunk to) "
@@ -44,6 +46,9 @@ FOREIGN_TEMPLATE = re.compile(rf"(?:{MADE_FOR})?(?:[\w:<>,&* ()]+ )?(?:std|__gnu
 # The same of Qt's classes, where the sanitizers look at types.
 FOREIGN_TYPE = re.compile(r"typeinfo (?:name )?for Q[A-Z]\w*$")
 
+# What std::function keeps of the type of a function, weak and visible as its library's templates.
+FUNCTION_TYPE = re.compile(r"typeinfo (?:name )?for \w+ (?:\(\*\))?\(")
+
 
 def owner(name):
     """The class that a demangled symbol belongs to, or None."""
@@ -51,6 +56,14 @@ def owner(name):
     if m and (m.group(2) or name != m.group(1)):
         return m.group(1)
     return None
+
+
+def judge_core(lines, classes, functions):
+    """The same as judge() of the kit's core, which exports functions, too."""
+    seen, strays = judge(lines, classes)
+    called = {re.match(r"\w*", name).group() for name in strays if "(" in name and "::" not in name.split("(")[0]}
+    return seen | (called & functions), [name for name in strays if not FUNCTION_TYPE.match(name) and
+                                         re.match(r"\w*", name).group() not in called & functions]
 
 
 def judge(lines, public=frozenset(PUBLIC), namespace=""):
@@ -97,6 +110,10 @@ def prove():
             "0000000000001000 T fennar::modal_dialogs::show_message(QMessageBox::Icon)"]
     stray = ["0000000000001000 T fennar::helper()", "0000000000001000 T fennar::Other::f()", "0000000000001000 T Component::f()",
              "0000000000001000 V typeinfo for fennar::Other", "0000000000001000 T other::Component::f()"]
+    core = ["0000000000001000 T tokenize(QStringView)", "0000000000001000 T Scene::items() const"]
+    stray_core = ["0000000000001000 T untold(QString)", "0000000000001000 T Scenery::f()", "0000000000001000 B counter"]
+    if judge_core(core + stray_core, {"Scene"}, {"tokenize"}) != ({"Scene", "tokenize"}, ["untold(QString)", "Scenery::f()", "counter"]):
+        faults.append("misjudged the kit's core")
     seen, strays = judge(fine, KIT_PUBLIC, KIT_NAMESPACE)
     if seen != KIT_PUBLIC or strays:
         faults.append(f"misjudged what is fine in the kit: {seen}, {strays}")
@@ -117,9 +134,42 @@ def marked_classes(root, folders, mark):
     return marked
 
 
+def marked_names(root, folders, mark):
+    """The classes that the headers mark, or have members that they mark, and the functions."""
+    classes, functions = set(), set()
+    for folder in folders:
+        for path in glob.glob(os.path.join(root, folder, "*.h")):
+            within = None
+            with open(path, encoding="utf-8") as file:
+                text = file.read()
+            for m in re.finditer(rf"^(?:class|struct) (?:({mark}) )?(\w+)[^;\n]*$|^( *)(?:\[\[nodiscard\]\] )?{mark} [^;(]*?(\w+)\(", text, re.M):
+                if m.group(2):
+                    within = m.group(2)
+                    classes |= {within} if m.group(1) else set()
+                elif m.group(3):
+                    classes.add(within)
+                else:
+                    functions.add(m.group(4))
+    return classes, functions
+
+
+def check_core(root, lines):
+    """What is wrong with the library of the kit's core."""
+    classes, functions = marked_names(root, CORE, "FENNAR_CORE_EXPORT")
+    seen, strays = judge_core(lines, classes, functions)
+    # A class may have nothing but what its header defines.
+    return ([f"marked for export, but not in the library: {name}" for name in sorted(functions - seen)] +
+            [f"exported without a mark: {name}" for name in strays])
+
+
 def main():
     root, library = sys.argv[1:]
     faults = prove()
+    if os.path.basename(library).startswith("libfennar_core."):
+        lines = subprocess.run(["nm", "-DC", "--defined-only", library], capture_output=True, text=True, check=True).stdout.splitlines()
+        faults += check_core(root, lines)
+        print(*faults, f"{len(lines)} symbols: {len(faults)} faults", sep="\n")
+        sys.exit(1 if faults else 0)
     is_kit = os.path.basename(library).startswith("libfennar_component.")
     public = KIT_PUBLIC if is_kit else PUBLIC
     marked = marked_classes(root, KIT, "FENNAR_COMPONENT_EXPORT") if is_kit else marked_classes(root, SHELL, "OSTRELGUI_EXPORT")

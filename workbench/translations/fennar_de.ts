@@ -110,10 +110,6 @@
         <translation>Schließt ein anderes Fenster als das Hauptfenster.</translation>
     </message>
     <message>
-        <source>Lists the lines typed so far, or the last COUNT of them.</source>
-        <translation>Listet die bisher eingegebenen Zeilen auf oder die letzten davon.</translation>
-    </message>
-    <message>
         <source>Reads solids or a mesh from a file.</source>
         <translation>Liest Körper oder ein Netz aus einer Datei.</translation>
     </message>
@@ -214,10 +210,6 @@
         <translation>Zählt die Knoten und Elemente des Netzes.</translation>
     </message>
     <message>
-        <source>Lists the steps that can be undone and redone.</source>
-        <translation>Zeigt die Schritte, die rückgängig gemacht und wiederholt werden können.</translation>
-    </message>
-    <message>
         <source>Takes the tools away from a solid.</source>
         <translation>Zieht die Werkzeugkörper von einem Körper ab.</translation>
     </message>
@@ -240,6 +232,10 @@
     <message>
         <source>Looks at the solids from that side, and shows all of them.</source>
         <translation>Blickt von dieser Seite auf die Körper und zeigt sie alle.</translation>
+    </message>
+    <message>
+        <source>Lists the lines typed so far, or the steps that can be undone and redone.</source>
+        <translation>Listet die bisher eingegebenen Zeilen auf oder die Schritte, die rückgängig gemacht und wiederholt werden können.</translation>
     </message>
 </context>
 <context>
@@ -1722,10 +1718,6 @@
     <message>
         <source>Redo</source>
         <translation>Wiederholen</translation>
-    </message>
-    <message>
-        <source>Steps</source>
-        <translation>Schritte</translation>
     </message>
     <message>
         <source>Declare Parameter</source>

@@ -110,10 +110,6 @@
         <translation>关闭主窗口以外的窗口。</translation>
     </message>
     <message>
-        <source>Lists the lines typed so far, or the last COUNT of them.</source>
-        <translation>列出至今输入的各行，或其中最后几行。</translation>
-    </message>
-    <message>
         <source>Reads solids or a mesh from a file.</source>
         <translation>从文件读取实体或网格。</translation>
     </message>
@@ -214,10 +210,6 @@
         <translation>统计网格的节点和单元。</translation>
     </message>
     <message>
-        <source>Lists the steps that can be undone and redone.</source>
-        <translation>列出可以撤销和重做的步骤。</translation>
-    </message>
-    <message>
         <source>Takes the tools away from a solid.</source>
         <translation>从实体中减去工具实体。</translation>
     </message>
@@ -240,6 +232,10 @@
     <message>
         <source>Looks at the solids from that side, and shows all of them.</source>
         <translation>从该侧观察实体，并显示全部。</translation>
+    </message>
+    <message>
+        <source>Lists the lines typed so far, or the steps that can be undone and redone.</source>
+        <translation>列出迄今输入过的行，或者可以撤销和重做的步骤。</translation>
     </message>
 </context>
 <context>
@@ -1721,10 +1717,6 @@
     <message>
         <source>Redo</source>
         <translation>重做</translation>
-    </message>
-    <message>
-        <source>Steps</source>
-        <translation>步骤</translation>
     </message>
     <message>
         <source>Declare Parameter</source>

@@ -7,7 +7,6 @@
 #include "ui_UndoOptions.h"
 #include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/component/disabled_reason.h"
-#include "workbench/sdk/core/commands/CommandSink.h"
 #include "workbench/sdk/core/commands/UndoSteps.h"
 
 #include <QAction>
@@ -44,7 +43,7 @@ fennar::OptionsPage make_page(UndoSteps& steps)
 QAction* make_action(fennar::ComponentContext& context, const QString& command, const QString& text,
                      const QKeySequence& key, const QString& disabled_reason)
 {
-    QAction* const action = context.make_action(text, [command] { send_command(command); });
+    QAction* const action = context.make_command_action(text, command, fennar::CommandUse::Run);
     action->setObjectName(u"fennar_"_s + command);
     // Fields for text take these keys before the window does.
     action->setShortcut(key);

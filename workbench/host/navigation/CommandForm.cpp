@@ -67,6 +67,12 @@ QStringList split(const QString& line)
     return found.error ? QStringList() : words;
 }
 
+QStringList sorted(QStringList words)
+{
+    words.sort();
+    return words;
+}
+
 /** The way to write the command that a run takes the line for; -1 if it takes it for none. */
 int right_way(const Command& command, const QString& line)
 {
@@ -258,7 +264,8 @@ bool CommandForm::read_line(const QString& line)
     QList<int> ways;
     for (int way = 0; way < mCommand->forms.size(); ++way)
         ways << way;
-    if (const int right = right_way(*mCommand, line); right > 0)
+    const int right = right_way(*mCommand, line);
+    if (right > 0)
         ways.move(right, 0);
     for (const int way : ways) {
         const CommandSyntax& form = mCommand->forms[way];
@@ -269,7 +276,9 @@ bool CommandForm::read_line(const QString& line)
             show_way(way);
             for (qsizetype i = 0; i < mRows.size(); ++i)
                 mRows[i]->fill(values->value(i));
-            return true;
+            // Nor can it hold an empty text, so that a line may come out as another one.
+            return right < 0 || sorted(split(command_line(mCommand->name, form, this->values()))) ==
+                                    sorted(QStringList(mCommand->name) + words);
         }
     }
     return false;

@@ -178,7 +178,7 @@ QString FormField::text() const
 /** Whether the text is words of the command language, and not one value. */
 bool FormField::is_raw() const
 {
-    return mParameter.kind == Kind::Words || (mParameter.kind == Kind::Entity && mParameter.repeated);
+    return mParameter.kind == Kind::Words || mParameter.repeated;
 }
 
 QStringList FormField::words() const
@@ -205,7 +205,7 @@ void FormField::set_words(const QStringList& words)
         return;
     }
     QStringList quoted = words;
-    if (mParameter.kind == Kind::Entity && mParameter.repeated) {
+    if (mParameter.repeated) {
         for (QString& word : quoted) {
             if (!is_variable_reference(word))
                 word = quote_word(word);

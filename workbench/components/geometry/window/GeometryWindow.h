@@ -17,8 +17,8 @@ class GeometryModel;
 class QAction;
 
 /**
- * All that the component has in the main window: the menus "Geometry" and "Edit", a toolbar, the dock
- * "Model", and an entry in the help menu. Whatever a user chooses is sent to the console as a command.
+ * All that the component has in the main window: the menu "Geometry", a toolbar, the dock "Model",
+ * and an entry in the help menu. Whatever a user chooses is sent to the console as a command.
  */
 class GeometryWindow : public QObject
 {

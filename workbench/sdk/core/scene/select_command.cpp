@@ -52,7 +52,7 @@ bool register_select_command(CommandRegistry& registry, Scene& scene)
             names << item.name;
         return names;
     });
-    entities.offer_selection(item_entity, [&scene] { return scene.selection(); });
+    entities.offer_selection(item_entity(), [&scene] { return scene.selection(); });
     QObject::connect(&scene, &Scene::item_changed, &entities,
                      [&entities] { entities.tell_changed(item_entity()); });
     const Command command{
