@@ -1955,5 +1955,13 @@ Möchten Sie die Datei ersetzen?</translation>
         <source>Loading the main window</source>
         <translation>Das Hauptfenster wird geladen</translation>
     </message>
+    <message>
+        <source>Commands: %1</source>
+        <translation>Befehle: %1</translation>
+    </message>
+    <message>
+        <source>Needs: %1</source>
+        <translation>Braucht: %1</translation>
+    </message>
 </context>
 </TS>

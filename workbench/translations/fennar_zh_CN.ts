@@ -1954,5 +1954,13 @@ Do you want to replace it?</source>
         <source>Loading the main window</source>
         <translation>正在加载主窗口</translation>
     </message>
+    <message>
+        <source>Commands: %1</source>
+        <translation>命令：%1</translation>
+    </message>
+    <message>
+        <source>Needs: %1</source>
+        <translation>需要：%1</translation>
+    </message>
 </context>
 </TS>

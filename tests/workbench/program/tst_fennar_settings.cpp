@@ -311,7 +311,8 @@ void TstFennarSettings::console_tells_what_was_wrong_at_the_start()
     QStringList titles;
     for (int i = 0; i < pages->topLevelItemCount(); ++i)
         titles << pages->topLevelItem(i)->text(0);
-    QCOMPARE(titles, QStringList({u"General"_s, u"Journal Editor"_s, u"Layout"_s, u"Panel"_s, u"Plugins"_s}));
+    QCOMPARE(titles, QStringList({u"General"_s, u"Journal Editor"_s, u"Layout"_s, u"Panel"_s, u"Plugins"_s,
+                                  u"Undo"_s}));
     workbench.console()->run_line(u"echo one"_s);
     QVERIFY(content(u"data of its own/history"_s).contains("echo one"_L1));
     workbench.unload();

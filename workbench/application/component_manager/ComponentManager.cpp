@@ -7,6 +7,7 @@
 #include "frame/Ostrel.h"
 #include "workbench/application/component_manager/component_commands.h"
 #include "workbench/application/component_manager/component_settings.h"
+#include "workbench/application/component_manager/component_tool_tip.h"
 #include "workbench/host/navigation/NavigationComponents.h"
 #include "workbench/sdk/component/Component.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
@@ -93,6 +94,8 @@ void ComponentManager::Entry::look_into_file()
     metadata = ComponentMetadata::read(about.file);
     about.name = metadata.name.isEmpty() ? name_of_file(about.file) : metadata.name;
     about.version = metadata.version;
+    about.commands = metadata.fault.isEmpty() ? metadata.commands : QStringList();
+    about.needs = metadata.needs;
 }
 
 ComponentManager::ComponentManager(CommandInterpreter& interpreter, const QString& notes)
@@ -194,16 +197,11 @@ ComponentManager::Entry* ComponentManager::entry_named(const QString& name) cons
 
 QString ComponentManager::hint_for_command(const QString& name)
 {
-    if (!mBusy)
-        search();
-    for (const auto& entry : mEntries) {
-        const Component& about = entry->about;
-        if (about.state != State::Unloaded || !entry->metadata.fault.isEmpty() ||
-            !entry->metadata.commands.contains(name))
-            continue;
-        const QString where = u"it comes with the component \"%1\", which "_s.arg(about.name);
-        return where + (about.refusal.isEmpty() ? u"\"load %1\" loads"_s.arg(about.name)
-                                                : u"is refused: "_s + about.refusal);
+    for (const Component& about : components()) {
+        if (about.state == State::Unloaded && about.commands.contains(name))
+            return u"it comes with the component \"%1\", which %2"_s.arg(
+                about.name, about.refusal.isEmpty() ? u"\"load %1\" loads"_s.arg(about.name)
+                                                    : u"is refused: "_s + about.refusal);
     }
     return {};
 }
@@ -226,8 +224,8 @@ std::vector<ComponentRecord> ComponentManager::component_records()
 {
     std::vector<ComponentRecord> records;
     for (const Component& component : components())
-        records.push_back(
-            {component.name, component.version, component.file, state_word(component.state), 0});
+        records.push_back({component.name, component.version, component_tool_tip(component),
+                           state_word(component.state), 0});
     return records;
 }
 

@@ -53,6 +53,9 @@ public:
         /** The whole path. */
         QString file;
         State state = State::Unloaded;
+        /** The commands that it would add, and the components that it needs, as its metadata tell. */
+        QStringList commands = {};
+        QStringList needs = {};
         /** Why it is not loaded, if it should be; empty otherwise. */
         QString refusal;
         /** The user has switched it off. */

@@ -48,8 +48,15 @@ void list_components(CommandCall& call, ComponentManager& manager)
         for (qsizetype column = 0; column < widths.size(); ++column)
             text += rows[i][column].leftJustified(widths[column]);
         text += rows[i].last() + u'\n';
-        if (const QString& refusal = components[std::size_t(i)].refusal; !refusal.isEmpty())
-            text += u"    "_s + refusal + u'\n';
+        const ComponentManager::Component& component = components[std::size_t(i)];
+        if (!component.refusal.isEmpty())
+            text += u"    "_s + component.refusal + u'\n';
+        if (component.state != ComponentManager::State::Unloaded)
+            continue;
+        if (!component.commands.isEmpty())
+            text += u"    commands: "_s + component.commands.join(u", "_s) + u'\n';
+        if (!component.needs.isEmpty())
+            text += u"    needs: "_s + component.needs.join(u", "_s) + u'\n';
     }
     const QStringList directories = manager.component_path().split(u';', Qt::SkipEmptyParts);
     if (directories.isEmpty())
@@ -80,7 +87,8 @@ Command components_command(ComponentManager& manager)
 {
     return {.name = u"components"_s,
             .summary = u"Lists the components."_s,
-            .help = u"Each with its state, version and file; below it, why it is not loaded.\n"
+            .help = u"Each with its state, version and file; below it, why it is not loaded, and what it "
+                    u"would bring.\n"
                     "    loaded    it works\n"
                     "    unloaded  it has been found since the start\n"
                     "    off       unloaded by the user; it stays so at the next start\n"

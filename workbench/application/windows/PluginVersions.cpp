@@ -11,8 +11,10 @@
 
 #include <QChildEvent>
 #include <QDialog>
+#include <QHelpEvent>
 #include <QListWidget>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -30,6 +32,16 @@ public:
         Broker::instance()->get_components(mComponents);
     }
 
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override
+    {
+        const auto row = std::size_t(index.row());
+        if (event->type() != QEvent::ToolTip || !index.isValid() || row >= mComponents.size())
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        QToolTip::showText(event->globalPos(), mComponents[row].text3, view);
+        return true;
+    }
+
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
@@ -40,7 +52,7 @@ protected:
     }
 
 private:
-    /** As the tool lists them; the second text is the version. */
+    /** As the tool lists them; the second text is the version, the third tells more. */
     std::vector<ComponentRecord> mComponents;
 };
 

@@ -188,6 +188,9 @@ void TstComponentNeeds::command_of_a_component_that_cannot_be_loaded_names_nothi
 void TstComponentNeeds::command_of_a_component_that_has_failed_tells_why()
 {
     offer({u"needing_failing"_s, u"throwing"_s});
+    const std::vector<ComponentRecord> records = mManager->component_records();
+    QVERIFY2(records[0].text3.endsWith(u"/needing_failing.so\nCommands: needing_failing\nNeeds: throwing"_s),
+             qPrintable(records[0].text3));
     QVERIFY(run_line(u"needing_failing"_s).contains(u"which \"load needing_failing\" loads"_s));
     const QString reason = mManager->load(u"needing_failing"_s);
     QVERIFY(!reason.isEmpty());

@@ -8,11 +8,14 @@
 #include "workbench/host/ostrelfw/HostMediator.h"
 #include "workbench/sdk/component/shell_parts.h"
 
+#include <QApplication>
 #include <QDialog>
+#include <QHelpEvent>
 #include <QListWidget>
 #include <QStyleOptionViewItem>
 #include <QStyledItemDelegate>
 #include <QTest>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -61,6 +64,7 @@ protected:
 
 private slots:
     void versions_stand_behind_the_names();
+    void tool_tip_tells_more();
     void states_are_still_found_by_name();
 
 private:
@@ -92,6 +96,18 @@ void TstPluginVersions::versions_stand_behind_the_names()
     plugin_tool(&window())->hide();
     mSource.records = {{u"plain"_s, u"3"_s, {}, u"unloaded"_s}};
     QCOMPARE(shown(open()), QStringList{u"plain 3"_s});
+}
+
+void TstPluginVersions::tool_tip_tells_more()
+{
+    mSource.records = {{u"plain"_s, u"3"_s, u"/lib/plain.so\nCommands: plain"_s, u"unloaded"_s}};
+    QListWidget* const list = open();
+    const QPoint place = list->visualItemRect(list->item(0)).center();
+    QHelpEvent help(QEvent::ToolTip, place, list->viewport()->mapToGlobal(place));
+    QApplication::sendEvent(list->viewport(), &help);
+    QCOMPARE(QToolTip::text(), u"/lib/plain.so\nCommands: plain"_s);
+    QToolTip::hideText();
+    QTRY_VERIFY(!QToolTip::isVisible());
 }
 
 void TstPluginVersions::states_are_still_found_by_name()

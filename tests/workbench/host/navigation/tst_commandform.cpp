@@ -112,6 +112,7 @@ private slots:
     void escape_goes_back_to_the_entry();
     void first_field_has_the_keyboard();
     void tab_goes_through_all_fields();
+    void tab_goes_round_every_form();
     void everything_has_a_name_to_be_read_out();
     void form_may_go_while_it_applies();
     void nothing_is_clipped_in_a_narrow_dock();
@@ -874,6 +875,33 @@ void TstCommandForm::tab_goes_through_all_fields()
     }
     QCOMPARE(visited, QStringList({u"valueSOLID"_s, u"addSOLID"_s, u"valuequick"_s, u"commandLine"_s,
                                    u"editLine"_s, u"applyButton"_s}));
+}
+
+void TstCommandForm::tab_goes_round_every_form()
+{
+    QStandardItem* page = add_page(*mModel, u"Make"_s);
+    CommandButtonPanel panel(nullptr);
+    panel.set_model(mModel.get(), {});
+    QVERIFY(show_active(&panel));
+    for (const QString& name : mRegistry->names()) {
+        panel.set_current_index(add_command(page, name, name)->index());
+        const auto* form = panel.findChild<CommandForm*>();
+        QWidgetList controls;
+        for (QWidget* control : form->controls()) {
+            if (control->isVisibleTo(form) && control->isEnabled())
+                controls << control;
+        }
+        QVERIFY(!controls.isEmpty());
+        controls.first()->setFocus();
+        QWidgetList missed = controls;
+        for (int step = 0; step < 60 && !missed.isEmpty(); ++step) {
+            for (QWidget* focus = QApplication::focusWidget(); focus; focus = focus->parentWidget())
+                missed.removeOne(focus);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        QVERIFY2(missed.isEmpty(),
+                 qPrintable(name + u": "_s + (missed.isEmpty() ? QString() : missed.first()->objectName())));
+    }
 }
 
 void TstCommandForm::everything_has_a_name_to_be_read_out()

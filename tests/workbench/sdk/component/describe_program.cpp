@@ -42,6 +42,8 @@ void describe_registries(QStringList& rows)
         rows << u"command "_s + name;
     for (const QString& kind : registry.entities().kinds())
         rows << u"entities "_s + kind;
+    for (const QString& owner : registry.steps().owners())
+        rows << u"undo "_s + owner;
     for (const auto& format : FormatRegistry::instance().formats())
         rows << u"format "_s + format->name;
     for (const UnsavedWork& work : UnsavedWorks::instance().works())

@@ -203,7 +203,7 @@ def check(file: str | _os.PathLike[str]) -> None:
 def components() -> None:
     """Lists the components.
 
-    Each with its state, version and file; below it, why it is not loaded.
+    Each with its state, version and file; below it, why it is not loaded, and what it would bring.
         loaded    it works
         unloaded  it has been found since the start
         off       unloaded by the user; it stays so at the next start

@@ -68,15 +68,15 @@ QString written(const CommandParameter& parameter, const QString& value)
     }
 }
 
-/** The words at these places; those of a text of several words as one. */
+/** The words at these places; those that are written as they are typed as one. */
 QStringList values_of(const CommandParameter& parameter, const QStringList& words,
                       const QList<qsizetype>& places)
 {
-    const bool one = parameter.kind == Kind::Words || (parameter.kind == Kind::Text && parameter.repeated);
+    const bool one = parameter.kind == Kind::Words;
     QStringList values;
     for (const qsizetype place : places) {
         const QString& word = words[place];
-        const bool plain = parameter.kind != Kind::Words || is_variable_reference(word);
+        const bool plain = !one || is_variable_reference(word);
         values << (plain ? word : quote_word(word));
     }
     return one && !values.isEmpty() ? QStringList(values.join(u' ')) : values;

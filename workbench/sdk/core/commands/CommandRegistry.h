@@ -119,6 +119,8 @@ public:
     const CommandEntities& entities() const { return mEntities; }
     /** What can be undone of what commands have changed. */
     UndoSteps& steps() { return mSteps; }
+    /** The same, for looking only. */
+    const UndoSteps& steps() const { return mSteps; }
 
 private:
     CommandEntities mEntities;

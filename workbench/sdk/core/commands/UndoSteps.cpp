@@ -34,6 +34,14 @@ void UndoSteps::remove_owner(const QString& owner)
         clear();
 }
 
+QStringList UndoSteps::owners() const
+{
+    QStringList owners;
+    for (const OwnedSource& source : mSources)
+        owners << source.owner;
+    return owners;
+}
+
 void UndoSteps::clear()
 {
     // One of the steps may be at work.

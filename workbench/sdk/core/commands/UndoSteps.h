@@ -7,6 +7,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -67,6 +68,9 @@ public:
     void add_source(const QString& owner, const Source& source);
     /** Asks the sources of @p owner no more. If there are any, all steps are dropped. */
     void remove_owner(const QString& owner);
+
+    /** The owners of the sources. */
+    QStringList owners() const;
 
     /** Says how to find the number of the journal that is played, 0 for none. Null for none ever. */
     void set_journal(const std::function<int()>& journal) { mJournal = journal; }

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
+#include "workbench/components/geometry/commands/file_commands.h"
 #include "workbench/components/geometry/commands/geometry_commands.h"
+#include "workbench/components/geometry/exchange/FileExchange.h"
 #include "workbench/components/geometry/exchange/model_format.h"
 #include "workbench/components/geometry/model/GeometryDocument.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
@@ -60,6 +62,7 @@ private:
     }
 
     std::unique_ptr<GeometryModel> mModel;
+    std::unique_ptr<FileExchange> mExchange;
     std::unique_ptr<CommandSession> mSession;
     ApplicationServices mServices;
     int mJournal = 0;
@@ -74,11 +77,14 @@ void TstModelChanges::set_up()
     steps().set_journal([this] { return mJournal; });
     QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s, *mModel, mServices,
                                        QDir(QStringLiteral(FENNAR_PROGRAMS))));
+    mExchange = std::make_unique<FileExchange>(*mModel, QDir(QStringLiteral(FENNAR_PROGRAMS)));
+    QVERIFY(register_file_commands(mSession->registry, u"geometry"_s, *mModel, *mExchange, mServices));
 }
 
 void TstModelChanges::tear_down()
 {
     mSession.reset();
+    mExchange.reset();
     mModel.reset();
 }
 
@@ -282,6 +288,13 @@ void TstModelChanges::thousand_random_commands_are_undone_and_redone_to_the_bit(
     constexpr unsigned seed = 20261122;
     qInfo("seed %u", seed);
     std::mt19937 random(seed);
+    const QTemporaryDir directory;
+    const QString file = directory.filePath(u"part.step"_s);
+    run(u"brick 1 name part"_s);
+    QCOMPARE(run(u"export \"%1\" part"_s.arg(file)), QString());
+    run(u"undo"_s);
+    steps().clear();
+    int meshes = 0;
     const auto number = [&random](int least, int most) {
         return least + int(random() % unsigned(most - least + 1));
     };
@@ -324,37 +337,39 @@ void TstModelChanges::thousand_random_commands_are_undone_and_redone_to_the_bit(
     QList<QByteArray> states{digest()};
     int redone = 0;
     for (int i = 0; i < 1000; ++i) {
-        if (i % 100 == 99) { // now and then a mesh, without the mesher
-            auto mesh = std::make_shared<Mesh>();
-            mesh->nodes = i;
-            mesh->revision = mModel->revision();
-            mModel->set_mesh(mesh);
-            steps().commit(u"mesh"_s);
-        } else {
-            run(command());
-        }
+        // Now and then a journal of up to 20 commands.
+        mJournal = i % 60 < 20 ? i / 60 + 1 : 0;
+        const QString line = i % 100 == 99   ? u"mesh %1 size 2"_s.arg(any())
+                             : i % 100 == 49 ? u"import \"%1\""_s.arg(file)
+                                             : command();
+        run(line);
+        meshes += mModel->mesh() && i % 100 == 99 ? 1 : 0;
         // Failed commands and those that only look are no steps.
         if (steps().done() == std::size_t(states.size()))
             states << digest();
         QCOMPARE(steps().done() + 1, std::size_t(states.size()));
         QCOMPARE(digest(), states.last());
     }
+    mJournal = 0;
+    QVERIFY(meshes > 3);
     QVERIFY2(states.size() > 500, qPrintable(QString::number(states.size())));
     for (int round = 0; round < 2; ++round) {
         while (steps().can_undo()) {
-            steps().undo(true);
+            // First one by one, then journals as a whole.
+            const bool single = round == 0;
+            steps().undo(single);
             QCOMPARE(digest(), states[qsizetype(steps().done())]);
             // Back and forth on the way.
-            if (number(0, 19) == 0 && steps().redo(true) == 1) {
+            if (number(0, 19) == 0 && steps().redo(single) > 0) {
                 QCOMPARE(digest(), states[qsizetype(steps().done())]);
-                steps().undo(true);
+                steps().undo(single);
                 ++redone;
             }
         }
         QVERIFY(mModel->ids().isEmpty() && !mModel->mesh());
         QCOMPARE(saved(), write_model({}).join());
         while (steps().can_redo())
-            steps().redo(true);
+            steps().redo(round == 0);
         QCOMPARE(digest(), states.last());
     }
     QVERIFY(redone > 0);
