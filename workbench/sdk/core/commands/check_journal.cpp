@@ -106,11 +106,11 @@ private:
             return names.possible.contains(word) || number ? word : mRegistry.entities().find(kind, word);
         };
         mEntities.offer(kind, kind, sure, meaning, [this, kind, &names](const QString& word) {
-            const QStringList present = mRegistry.entities().names(kind);
+            const QStringList now = mRegistry.entities().names(kind);
             QStringList given(names.possible.begin(), names.possible.end());
-            given.removeIf([&present](const QString& name) { return present.contains(name); });
+            given.removeIf([&now](const QString& name) { return now.contains(name); });
             given.sort();
-            const QStringList known = present + given;
+            const QStringList known = now + given;
             const QString remedy = CommandEntities::remedy_among(word, known);
             return remedy.isEmpty() ? mRegistry.entities().remedy(kind, word) : remedy;
         });
