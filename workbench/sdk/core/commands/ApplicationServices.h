@@ -18,12 +18,12 @@ struct ApplicationServices
      * Gives the application its turn, so that the window stays alive and its cancel button works. For
      * commands that take their time, to be called as often as they like.
      */
-    std::function<void()> turn;
+    std::function<void()> turn = {};
     /**
      * Opens a dialog with the form of a command, which sends the line as though it were typed and deletes
      * itself when it is closed.
      *
      * @param title  may be the text of a menu entry: what marks its key, and "...", is left out.
      */
-    std::function<QWidget*(const QString& command, const QString& title)> open_form;
+    std::function<QWidget*(const QString& command, const QString& title)> open_form = {};
 };
