@@ -12,7 +12,7 @@ UndoSteps::Change::~Change() = default;
 
 qint64 UndoSteps::Step::memory(bool done) const
 {
-    qint64 bytes = sizeof(Step) + command.size() * qint64(sizeof(QChar));
+    qint64 bytes = qint64(sizeof(Step)) + command.size() * qint64(sizeof(QChar));
     for (const auto& change : changes)
         bytes += change->memory(done);
     return bytes;

@@ -182,8 +182,9 @@ private:
             names.possible += QSet<QString>(given.begin(), given.end());
             // What a command changes may be gone or have another name behind it. With a number, with what
             // stands for several, and where nothing is named, it may be any.
-            const bool all_known = std::all_of(used.begin(), used.end(), [&names](const QString& name) {
-                return names.possible.contains(name);
+            const QSet<QString>& possible = names.possible;
+            const bool all_known = std::all_of(used.begin(), used.end(), [&possible](const QString& name) {
+                return possible.contains(name);
             });
             if (command.runs_commands ||
                 (command.changes_model && (!all_known || (used.isEmpty() && given.isEmpty()))))
