@@ -9,6 +9,7 @@
 #include "workbench/application/console/ConsoleOwner.h"
 #include "workbench/application/console/line_interpreters.h"
 #include "workbench/application/python/commands_for_python.h"
+#include "workbench/application/windows/undo_parts.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
 #include "workbench/host/fennar_python/make_python_interpreter.h"
 #include "workbench/host/ostrelfw/FrameworkInterpreters.h"
@@ -108,6 +109,7 @@ void Workbench::begin_without_window(const std::function<void(const QString&)>& 
         tell_of_start();
     // A script must not change what the user finds at the next start.
     mComponents->set_remembering(false);
+    read_undo_limit(Fennar::instance().registry().steps());
     if (mWithComponents)
         mComponents->load_all();
 }

@@ -45,6 +45,7 @@ private slots:
     void window_run_keeps_everything_in_the_file_and_beside_it();
     void journal_sees_the_users_own_settings_without_the_argument();
     void component_path_and_components_switched_off_are_in_the_file();
+    void memory_for_undo_holds_without_a_window();
     void damaged_file_of_the_user_is_kept_and_named();
     void useless_settings_do_not_reach_the_window();
     void file_that_cannot_be_written_is_told_and_the_program_runs_on_data();
@@ -163,6 +164,19 @@ void TstFennarSettings::component_path_and_components_switched_off_are_in_the_fi
     const Run on = run({u"--batch"_s, u"--play"_s, once}, path(u"components"_s));
     QVERIFY2(on.code == 0, qPrintable(on.errors));
     QVERIFY(on.output.contains("The demo counts to 3."_L1));
+}
+
+void TstFennarSettings::memory_for_undo_holds_without_a_window()
+{
+    set(u"fennar/components/path"_s, QStringLiteral(TREE_COMPONENTS));
+    const QString journal = write(u"undo.jou"_s, "brick 1\nundo\n");
+    const QStringList batch{u"--settings"_s, path(u"my.ini"_s), u"--batch"_s, u"--play"_s, journal};
+    const Run usual = run(batch);
+    QVERIFY2(usual.code == 0, qPrintable(usual.errors));
+    set(u"fennar/undo/memory"_s, 0);
+    const Run none = run(batch);
+    QCOMPARE(none.code, 1);
+    QVERIFY2(none.errors.contains(u"there is nothing to undo"_s), qPrintable(none.errors));
 }
 
 void TstFennarSettings::damaged_file_of_the_user_is_kept_and_named()
