@@ -18,6 +18,8 @@
 #include <cstdio>
 #include <numbers>
 
+using namespace fennar;
+using namespace fennar::graphics;
 using namespace Qt::StringLiterals;
 
 namespace {

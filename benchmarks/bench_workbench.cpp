@@ -45,6 +45,7 @@
 #include <utility>
 #include <vector>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -31,6 +31,7 @@
 #include <limits>
 #include <vector>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -20,6 +20,7 @@
 #include <cstring>
 #include <optional>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -7,6 +7,7 @@
 #include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

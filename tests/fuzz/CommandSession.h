@@ -14,14 +14,14 @@ class CommandSession
 public:
     CommandSession();
 
-    CommandInterpreter& interpreter() { return mInterpreter; }
+    fennar::CommandInterpreter& interpreter() { return mInterpreter; }
     const QString& output() const { return mOutput; }
     /** The errors, each of which must be one line. */
     const QString& errors() const { return mErrors; }
 
 private:
-    CommandRegistry mRegistry;
-    CommandInterpreter mInterpreter{mRegistry};
+    fennar::CommandRegistry mRegistry;
+    fennar::CommandInterpreter mInterpreter{mRegistry};
     QString mOutput;
     QString mErrors;
 };

@@ -7,6 +7,8 @@
 #include "fuzz/fuzz_text.h"
 #include "workbench/host/ostrelfw/CommandLine.h"
 
+using namespace fennar;
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QStringList words = fuzz_text(data, size).split(QChar::Null);

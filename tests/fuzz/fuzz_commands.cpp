@@ -8,6 +8,7 @@
 #include "fuzz/fuzz_text.h"
 #include "workbench/sdk/core/commands/check_journal.h"
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 using Result = CommandInterpreter::Result;
 

@@ -11,6 +11,8 @@
 
 #include <algorithm>
 
+using namespace fennar;
+using namespace fennar::geometry;
 using namespace Qt::StringLiterals;
 using Kind = CommandParameter::Kind;
 

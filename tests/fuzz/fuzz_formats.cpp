@@ -6,6 +6,7 @@
 #include "fuzz/fuzz_target.h"
 #include "workbench/components/geometry/exchange/Format.h"
 
+using namespace fennar::geometry;
 using namespace Qt::StringLiterals;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)

@@ -8,6 +8,8 @@
 
 #include <QBuffer>
 
+using namespace fennar;
+
 namespace {
 
 QStringList read(QByteArray bytes)

@@ -13,6 +13,7 @@
 #include <sstream>
 #include <string>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -15,6 +15,8 @@
 #include <cmath>
 #include <optional>
 
+using namespace fennar::geometry;
+
 namespace {
 
 std::optional<GeometryContents> read(QByteArray bytes)

@@ -9,6 +9,7 @@
 
 #include <QBuffer>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

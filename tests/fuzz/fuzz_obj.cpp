@@ -9,6 +9,9 @@
 #include <cmath>
 #include <stdexcept>
 
+using namespace fennar;
+using namespace fennar::obj_format;
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));

@@ -10,6 +10,7 @@
 #include <QBuffer>
 #include <QStringDecoder>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

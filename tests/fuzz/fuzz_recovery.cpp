@@ -6,6 +6,8 @@
 #include "fuzz/fuzz_target.h"
 #include "workbench/components/recovery/KeptDocument.h"
 
+using namespace fennar::recovery;
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));

@@ -8,6 +8,7 @@
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/programs/engine_process.h"
 
+using namespace fennar::geometry;
 using namespace Qt::StringLiterals;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)

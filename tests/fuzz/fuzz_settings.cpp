@@ -15,6 +15,7 @@
 
 #include <algorithm>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

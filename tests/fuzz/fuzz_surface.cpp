@@ -9,6 +9,9 @@
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/mesh_shape.h"
 
+using namespace fennar;
+using namespace fennar::geometry;
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));

@@ -11,6 +11,7 @@
 
 #include <QStringList>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -309,6 +309,22 @@ def shell_is_reached_in_one_place(tree):
                   for p in seen for m in re.finditer(pattern, tree[p])]
 
 
+def workbench_has_a_namespace(tree):
+    """What the workbench's headers declare is in the namespace fennar, a component's in one of its own in that; classes that a
+    face of the host names are in none."""
+    named_by_host = {name for p in tree if folder_of(p) == "host" for name in re.findall(r"(?m)^(?:class|struct) (\w+);", tree[p])}
+    seen = [p for p in tree if p.startswith("workbench/") and p.endswith(".h")]
+    bad = []
+    for path in seen:
+        component = re.match(r"workbench/components/(\w+)/", path)
+        own = "fennar::" + component.group(1) if component else r"fennar(?:::\w+)?"
+        outside = re.sub(rf"(?ms)^namespace ({own}) \{{\n.*?^\}} // namespace \1$", lambda m: "\n" * m.group(0).count("\n"), tree[path])
+        for m in re.finditer(r"(?m)^(?:class|struct|enum|enum class) (?:[A-Z_]+_EXPORT )?(\w+)(?: final)?(?: :.*)?(?:\n\{| \{)", outside):
+            if m.group(1) not in named_by_host:
+                bad.append((path, outside.count("\n", 0, m.start()) + 1, f"{m.group(1)} is not in the namespace {own.split('(')[0]}"))
+    return seen, bad
+
+
 def sources_are_built(tree):
     """Every source is named in the CMakeLists.txt of its folder or of one above it; a test that is not never runs."""
     seen = [p for p in tree if p.endswith(".cpp")]
@@ -408,7 +424,7 @@ GOOD = {
     "frame/Box.h": SPDX + '#pragma once\n\n#include "host/a/Lid.h"\n\n#include <QObject>\n\nclass OSTRELGUI_EXPORT Box\n{\n};\n',
     "frame/Hidden.h": SPDX + "#pragma once\n\nclass Hidden\n{\n};\n",
     "frame/Box.cpp": SPDX + '#include "frame/Box.h"\n\nvoid f() { connect(a, &A::b, c, &C::d); }\n',
-    "host/a/Lid.h": SPDX + "#pragma once\n",
+    "host/a/Lid.h": SPDX + "#pragma once\n\nclass Hinge;\n",
     "tests/frame/boxes.h": SPDX + "#pragma once\n",
     "tests/support/wait.h": SPDX + "#pragma once\n",
     "tests/frame/CMakeLists.txt": HASH_SPDX + "ostrel_add_test(tst_box)\n",
@@ -422,14 +438,16 @@ GOOD = {
                                       '#include "tst_box.moc"\n',
     "workbench/CMakeLists.txt": HASH_SPDX + "add_executable(fennar main.cpp)\n",
     "workbench/main.cpp": SPDX + '#include "frame/Box.h"\n#include "workbench/application/Main.h"\n',
-    "workbench/sdk/core/words/Word.h": SPDX + "#pragma once\n",
+    "workbench/sdk/core/words/Word.h": SPDX + "#pragma once\n\nnamespace fennar {\n\nclass Word\n{\n};\n\n} // namespace fennar\n",
     "workbench/sdk/component/Context.h": SPDX + '#pragma once\n\n#include "frame/Box.h"\n#include "workbench/sdk/core/words/Word.h"\n',
-    "workbench/host/a/Bolt.h": SPDX + '#pragma once\n\n#include "host/a/Lid.h"\n#include "workbench/sdk/core/words/Word.h"\n',
+    "workbench/host/a/Bolt.h": SPDX + '#pragma once\n\n#include "host/a/Lid.h"\n#include "workbench/sdk/core/words/Word.h"\n'
+                                        "\nclass Hinge\n{\n};\n",
     "workbench/application/Main.h": SPDX + '#pragma once\n\n#include "frame/Hidden.h"\n#include "workbench/host/a/Bolt.h"\n'
                                            '#include "workbench/sdk/component/Context.h"\n',
     "workbench/components/one/one.h": SPDX + '#pragma once\n\n#include "frame/Box.h"\n#include "workbench/sdk/component/Context.h"\n'
                                              '#include "workbench/sdk/core/words/Word.h"\n',
-    "workbench/components/two/two.h": SPDX + "#pragma once\n",
+    "workbench/components/two/two.h": SPDX + "#pragma once\n\nclass QWidget;\n\nnamespace fennar {\nclass Word;\n}\n\nnamespace fennar::two {\n\n"
+                                             "struct Two\n{\n};\n\n} // namespace fennar::two\n",
     "workbench/components/two/two.cpp": SPDX + "class Two\n{\n" + "    int f();\n" * 80 + "};\n\nint f()\n{\n" + "    g();\n" * 57
                                         + "    {\n        h();\n    }\n}\n\nnamespace {\n" + "int i;\n" * 200 + "} // namespace\n",
     "workbench/components/two/CMakeLists.txt": HASH_SPDX + "fennar_component(two two.cpp)\n",
@@ -530,6 +548,12 @@ BAD = {
         "class Two\n{\n    int f()\n    {\n" + "        g();\n" * 61 + "    }\n};\n",
         "int f()\n{\n    g(R\"(\n}\n)\");\n" + "    g();\n" * 58 + "}\n",
         "Two::Two()\n    : mOne(1)\n{\n" + "    const Table one{\n        1,\n    };\n" * 21 + "}\n")],
+    workbench_has_a_namespace: [{path: SPDX + "#pragma once\n\n" + text + "\n"} for path, text in (
+        ("workbench/sdk/core/words/Word.h", "class Word\n{\n};"),
+        ("workbench/sdk/core/words/Word.h", "struct CORE_EXPORT Word final : public QObject\n{\n};"),
+        ("workbench/application/Main.h", "enum class Kind { One };"),
+        ("workbench/application/Main.h", "namespace fennar {\n\nclass Word;\n\n} // namespace fennar\n\nclass Word\n{\n};"),
+        ("workbench/components/two/two.h", "namespace fennar {\n\nclass Word\n{\n};\n\n} // namespace fennar"))],
     sources_are_built: [
         {"tests/frame/tst_lid.cpp": SPDX},
         {"tests/frame/CMakeLists.txt": HASH_SPDX + "ostrel_add_test(tst_boxes)\n"},

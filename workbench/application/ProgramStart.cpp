@@ -18,6 +18,8 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace fennar {
+
 namespace {
 
 /** How long, in milliseconds, the start waits for the splash screen to be seen. */
@@ -100,3 +102,5 @@ void ProgramStart::play(bool opened)
         line += u' ' + quote_word(QString(setting.name + u'=' + setting.value));
     mSteps.run_line(line, {});
 }
+
+} // namespace fennar

@@ -11,6 +11,8 @@
 
 #include <functional>
 
+namespace fennar {
+
 /** Lets the windows that have been shown, which is the splash screen, come to the screen and be painted. */
 void wait_for_windows();
 
@@ -54,3 +56,5 @@ private:
     /** Whether the components are loaded, and lines need not wait for them. */
     bool mReady = false;
 };
+
+} // namespace fennar

@@ -11,6 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /**
@@ -91,3 +93,5 @@ void Translations::install(const QString& catalogue, const QString& directory)
     QCoreApplication::installTranslator(translator.get());
     mTranslators.push_back(std::move(translator));
 }
+
+} // namespace fennar

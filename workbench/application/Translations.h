@@ -12,6 +12,8 @@
 
 class QTranslator;
 
+namespace fennar {
+
 /**
  * What users read in their own language: installs the translations of Qt, of the shell and of the workbench
  * in the application for as long as it lives.
@@ -49,3 +51,5 @@ private:
     QStringList mMissing;
     std::vector<std::unique_ptr<QTranslator>> mTranslators;
 };
+
+} // namespace fennar

@@ -63,6 +63,8 @@ static void init_resources()
     Q_INIT_RESOURCE(workbench);
 }
 
+namespace fennar {
+
 namespace {
 
 /** The field for a file in the forms of commands. */
@@ -469,3 +471,5 @@ void Workbench::end_run()
     stop_running();
     mFrame.end_application();
 }
+
+} // namespace fennar

@@ -21,12 +21,15 @@
 #include <mutex>
 #include <optional>
 
+class OutputHandler;
+
+namespace fennar {
+
 class ColourScheme;
 class ComponentManager;
 class ConsoleOwner;
 class JournalPlayer;
 class LineInterpreter;
-class OutputHandler;
 class WindowCommands;
 class WindowParts;
 
@@ -196,3 +199,5 @@ private:
     /** What commands print is dropped. */
     bool mQuiet = false;
 };
+
+} // namespace fennar

@@ -19,6 +19,8 @@
 
 #include <QScopedValueRollback>
 
+namespace fennar {
+
 void Workbench::set_up_python()
 {
     PythonHooks hooks;
@@ -120,3 +122,5 @@ void Workbench::end_without_window()
     PythonRuntime::deliver_output();
     OutputRouter::instance().set_fallback(nullptr);
 }
+
+} // namespace fennar

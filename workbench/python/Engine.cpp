@@ -21,6 +21,8 @@
 namespace py = pybind11;
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** While it lives, the thread holds Python's lock. Not pybind11's own class, which keeps a count of its own.
@@ -120,3 +122,5 @@ void Engine::end_call()
         throw raised;
     }
 }
+
+} // namespace fennar

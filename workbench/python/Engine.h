@@ -10,6 +10,9 @@
 #include <optional>
 
 class QCoreApplication;
+
+namespace fennar {
+
 class Workbench;
 
 /**
@@ -49,3 +52,5 @@ private:
     std::unique_ptr<Workbench> mWorkbench;
     std::optional<pybind11::error_already_set> mRaised;
 };
+
+} // namespace fennar

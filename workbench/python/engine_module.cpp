@@ -13,6 +13,8 @@
 
 namespace py = pybind11;
 
+using namespace fennar;
+
 namespace {
 
 /** The engine of this process; null until start() and after stop(). Not destroyed with the static objects:

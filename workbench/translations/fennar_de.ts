@@ -2,48 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
-    <name>ClauseRow</name>
-    <message>
-        <source>%1 (optional):</source>
-        <translation>%1 (optional):</translation>
-    </message>
-    <message>
-        <source>%1:</source>
-        <translation>%1:</translation>
-    </message>
-    <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
-    </message>
-    <message>
-        <source>%1 must be filled in.</source>
-        <translation>%1 muss ausgefüllt werden.</translation>
-    </message>
-    <message>
-        <source>%1 must be filled in, too.</source>
-        <translation>%1 muss ebenfalls ausgefüllt werden.</translation>
-    </message>
-    <message>
-        <source>%1: the numbers must not all be 0.</source>
-        <translation>%1: die Zahlen dürfen nicht alle 0 sein.</translation>
-    </message>
-</context>
-<context>
-    <name>ColourScheme</name>
-    <message>
-        <source>S&amp;ystem Colors</source>
-        <translation>S&amp;ystemfarben</translation>
-    </message>
-    <message>
-        <source>Li&amp;ght Colors</source>
-        <translation>Helle F&amp;arben</translation>
-    </message>
-    <message>
-        <source>&amp;Dark Colors</source>
-        <translation>Dun&amp;kle Farben</translation>
-    </message>
-</context>
-<context>
     <name>Command</name>
     <message>
         <source>Makes a brick, or a cube.</source>
@@ -236,56 +194,6 @@
     <message>
         <source>Lists the lines typed so far, or the steps that can be undone and redone.</source>
         <translation>Listet die bisher eingegebenen Zeilen auf oder die Schritte, die rückgängig gemacht und wiederholt werden können.</translation>
-    </message>
-</context>
-<context>
-    <name>CommandFinder</name>
-    <message>
-        <source>&amp;Find Command...</source>
-        <translation>Befehl &amp;finden...</translation>
-    </message>
-    <message>
-        <source>Journal Editor</source>
-        <translation>Journal-Editor</translation>
-    </message>
-    <message>
-        <source>Not while a command is running.</source>
-        <translation>Nicht, während ein Befehl läuft.</translation>
-    </message>
-    <message>
-        <source>No loaded component does this.</source>
-        <translation>Keine geladene Komponente kann das.</translation>
-    </message>
-</context>
-<context>
-    <name>CommandForm</name>
-    <message>
-        <source>Apply</source>
-        <translation>Anwenden</translation>
-    </message>
-    <message>
-        <source>Command line</source>
-        <translation>Befehlszeile</translation>
-    </message>
-    <message>
-        <source>Run the command line</source>
-        <translation>Die Befehlszeile ausführen</translation>
-    </message>
-    <message>
-        <source>Apply %1</source>
-        <translation>%1 anwenden</translation>
-    </message>
-    <message>
-        <source>Edit the line</source>
-        <translation>Zeile bearbeiten</translation>
-    </message>
-    <message>
-        <source>Way to use the command</source>
-        <translation>Form des Befehls</translation>
-    </message>
-    <message>
-        <source>Write the command line yourself</source>
-        <translation>Die Befehlszeile selbst schreiben</translation>
     </message>
 </context>
 <context>
@@ -653,35 +561,6 @@
         <source>Recent file in %1</source>
         <translation>Zuletzt verwendet, in %1</translation>
     </message>
-    <message>
-        <source>Nothing found.</source>
-        <translation>Nichts gefunden.</translation>
-    </message>
-</context>
-<context>
-    <name>ConsoleOwner</name>
-    <message>
-        <source>Command</source>
-        <translation>Befehl</translation>
-    </message>
-    <message>
-        <source>Errors</source>
-        <translation>Fehler</translation>
-    </message>
-    <message>
-        <source>&amp;Commands of the Console</source>
-        <translation>&amp;Befehle der Konsole</translation>
-    </message>
-    <message>
-        <source>&amp;Errors of the Console</source>
-        <translation>&amp;Fehler der Konsole</translation>
-    </message>
-    <message>
-        <source>The command history cannot be written; it will be lost at the end.
-</source>
-        <translation>Der Befehlsverlauf kann nicht geschrieben werden; er geht am Ende verloren.
-</translation>
-    </message>
 </context>
 <context>
     <name>DemoWindow</name>
@@ -739,332 +618,6 @@
     </message>
 </context>
 <context>
-    <name>DocumentKeeper</name>
-    <message>
-        <source>Unsaved journals cannot be kept for a recovery: %1. It will be tried again.</source>
-        <translation>Nicht gespeicherte Journale können nicht für eine Wiederherstellung aufbewahrt werden: %1. Es wird erneut versucht.</translation>
-    </message>
-</context>
-<context>
-    <name>EditorOptions</name>
-    <message>
-        <source>Journal Editor</source>
-        <translation>Journal-Editor</translation>
-    </message>
-</context>
-<context>
-    <name>ErrorPage</name>
-    <message>
-        <source>Double-click an error, or press Enter on it, to see its line in the journal editor.</source>
-        <translation>Ein Doppelklick auf einen Fehler oder die Eingabetaste zeigt seine Zeile im Journal-Editor.</translation>
-    </message>
-    <message>
-        <source>&amp;Show in Journal Editor</source>
-        <translation>Im Journal-Editor &amp;zeigen</translation>
-    </message>
-</context>
-<context>
-    <name>FormField</name>
-    <message>
-        <source>%1 in %2</source>
-        <translation>%1 in %2</translation>
-    </message>
-    <message>
-        <source>not given</source>
-        <translation>ohne</translation>
-    </message>
-    <message>
-        <source>Add to %1</source>
-        <translation>Zu %1 hinzufügen</translation>
-    </message>
-    <message>
-        <source>Choose %1</source>
-        <translation>%1 wählen</translation>
-    </message>
-    <message>
-        <source>There is nothing to choose.</source>
-        <translation>Es gibt nichts auszuwählen.</translation>
-    </message>
-    <message>
-        <source>%1: a quote is not closed, or a variable is not set.</source>
-        <translation>%1: ein Anführungszeichen ist nicht geschlossen oder eine Variable nicht gesetzt.</translation>
-    </message>
-    <message>
-        <source>%1: there is no variable %2.</source>
-        <translation>%1: die Variable %2 gibt es nicht.</translation>
-    </message>
-    <message>
-        <source>%1: there is no &quot;%2&quot;.</source>
-        <translation>%1: „%2“ gibt es nicht.</translation>
-    </message>
-    <message>
-        <source>%1: a letter, then letters, digits, &quot;_&quot;, &quot;-&quot; and &quot;.&quot;.</source>
-        <translation>%1: ein Buchstabe, dann Buchstaben, Ziffern, „_“, „-“ und „.“.</translation>
-    </message>
-    <message>
-        <source>%1: &quot;%2&quot; has a meaning of its own.</source>
-        <translation>%1: „%2“ hat eine eigene Bedeutung.</translation>
-    </message>
-    <message>
-        <source>%1: there is a &quot;%2&quot; already.</source>
-        <translation>%1: „%2“ gibt es schon.</translation>
-    </message>
-    <message>
-        <source>%1: a letter, then letters, digits and &quot;_&quot;.</source>
-        <translation>%1: ein Buchstabe, dann Buchstaben, Ziffern und „_“.</translation>
-    </message>
-    <message>
-        <source>%1: there is no file %2.</source>
-        <translation>%1: die Datei %2 gibt es nicht.</translation>
-    </message>
-    <message>
-        <source>%1: there is no folder %2.</source>
-        <translation>%1: den Ordner %2 gibt es nicht.</translation>
-    </message>
-    <message>
-        <source>%1: %2 is a folder.</source>
-        <translation>%1: %2 ist ein Ordner.</translation>
-    </message>
-    <message>
-        <source>%1: a whole number from %2 to %3.</source>
-        <translation>%1: eine ganze Zahl von %2 bis %3.</translation>
-    </message>
-    <message>
-        <source>%1: a number from %2 to %3.</source>
-        <translation>%1: eine Zahl von %2 bis %3.</translation>
-    </message>
-    <message>
-        <source>%1: a whole number from %2 on.</source>
-        <translation>%1: eine ganze Zahl ab %2.</translation>
-    </message>
-    <message>
-        <source>%1: a number from %2 on.</source>
-        <translation>%1: eine Zahl ab %2.</translation>
-    </message>
-    <message>
-        <source>%1: a whole number.</source>
-        <translation>%1: eine ganze Zahl.</translation>
-    </message>
-    <message>
-        <source>%1: a number, as 2.5 or 1e-3.</source>
-        <translation>%1: eine Zahl wie 2.5 oder 1e-3.</translation>
-    </message>
-    <message>
-        <source>%1: &quot;%2&quot; stands alone.</source>
-        <translation>%1: „%2“ steht allein.</translation>
-    </message>
-    <message>
-        <source>%1: each one only once.</source>
-        <translation>%1: jeder nur einmal.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%1: at least %n.</source>
-        <translation>
-            <numerusform>%1: mindestens %n.</numerusform>
-            <numerusform>%1: mindestens %n.</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>GeometryDock</name>
-    <message>
-        <source>Model</source>
-        <translation>Modell</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>Name</translation>
-    </message>
-    <message>
-        <source>Volume</source>
-        <translation>Volumen</translation>
-    </message>
-    <message>
-        <source>Solids</source>
-        <translation>Körper</translation>
-    </message>
-    <message>
-        <source>Mesh</source>
-        <translation>Netz</translation>
-    </message>
-    <message>
-        <source>none</source>
-        <translation>keines</translation>
-    </message>
-    <message>
-        <source>of an earlier model</source>
-        <translation>zu einem früheren Modell</translation>
-    </message>
-    <message>
-        <source>Nodes</source>
-        <translation>Knoten</translation>
-    </message>
-</context>
-<context>
-    <name>GeometryFileHandler</name>
-    <message>
-        <source>Model Files (*.mdl)</source>
-        <translation>Modelldateien (*.mdl)</translation>
-    </message>
-    <message>
-        <source>All Files (*)</source>
-        <translation>Alle Dateien (*)</translation>
-    </message>
-    <message>
-        <source>Set Directory</source>
-        <translation>Verzeichnis festlegen</translation>
-    </message>
-</context>
-<context>
-    <name>GeometryWindow</name>
-    <message>
-        <source>&amp;Cylinder...</source>
-        <translation>&amp;Zylinder...</translation>
-    </message>
-    <message>
-        <source>&amp;Sphere...</source>
-        <translation>&amp;Kugel...</translation>
-    </message>
-    <message>
-        <source>C&amp;one...</source>
-        <translation>K&amp;egel...</translation>
-    </message>
-    <message>
-        <source>&amp;Torus...</source>
-        <translation>&amp;Torus...</translation>
-    </message>
-    <message>
-        <source>&amp;Move...</source>
-        <translation>&amp;Verschieben...</translation>
-    </message>
-    <message>
-        <source>&amp;Rotate...</source>
-        <translation>&amp;Drehen...</translation>
-    </message>
-    <message>
-        <source>Co&amp;py...</source>
-        <translation>K&amp;opieren...</translation>
-    </message>
-    <message>
-        <source>Re&amp;name...</source>
-        <translation>&amp;Umbenennen...</translation>
-    </message>
-    <message>
-        <source>&amp;Unite</source>
-        <translation>Vere&amp;inigen</translation>
-    </message>
-    <message>
-        <source>Su&amp;btract...</source>
-        <translation>&amp;Abziehen...</translation>
-    </message>
-    <message>
-        <source>&amp;Intersect</source>
-        <translation>Vers&amp;chneiden</translation>
-    </message>
-    <message>
-        <source>&amp;Delete</source>
-        <translation>Lösc&amp;hen</translation>
-    </message>
-    <message>
-        <source>M&amp;esh...</source>
-        <translation>Ver&amp;netzen...</translation>
-    </message>
-    <message>
-        <source>&amp;List</source>
-        <translation>Au&amp;flisten</translation>
-    </message>
-    <message>
-        <source>Mesh St&amp;atistics</source>
-        <translation>Netz&amp;statistik</translation>
-    </message>
-    <message>
-        <source>Mesh &amp;Quality</source>
-        <translation>Netzqua&amp;lität</translation>
-    </message>
-    <message>
-        <source>&amp;Geometry</source>
-        <translation>&amp;Geometrie</translation>
-    </message>
-    <message>
-        <source>&amp;Geometry Commands</source>
-        <translation>&amp;Geometriebefehle</translation>
-    </message>
-    <message>
-        <source>Geometry Tools</source>
-        <translation>Geometrie-Werkzeuge</translation>
-    </message>
-    <message>
-        <source>Bric&amp;k...</source>
-        <translation>&amp;Quader...</translation>
-    </message>
-    <message>
-        <source>No solid is selected.</source>
-        <translation>Es ist kein Körper ausgewählt.</translation>
-    </message>
-    <message>
-        <source>Fewer than two solids are selected.</source>
-        <translation>Es sind weniger als zwei Körper ausgewählt.</translation>
-    </message>
-</context>
-<context>
-    <name>GraphicsView</name>
-    <message>
-        <source>Graphics</source>
-        <translation>Grafik</translation>
-    </message>
-</context>
-<context>
-    <name>GraphicsWindow</name>
-    <message>
-        <source>&amp;Front</source>
-        <translation>&amp;Vorne</translation>
-    </message>
-    <message>
-        <source>B&amp;ack</source>
-        <translation>&amp;Hinten</translation>
-    </message>
-    <message>
-        <source>&amp;Left</source>
-        <translation>&amp;Links</translation>
-    </message>
-    <message>
-        <source>&amp;Right</source>
-        <translation>&amp;Rechts</translation>
-    </message>
-    <message>
-        <source>T&amp;op</source>
-        <translation>&amp;Oben</translation>
-    </message>
-    <message>
-        <source>&amp;Bottom</source>
-        <translation>&amp;Unten</translation>
-    </message>
-    <message>
-        <source>&amp;Isometric</source>
-        <translation>&amp;Isometrisch</translation>
-    </message>
-    <message>
-        <source>Fi&amp;t</source>
-        <translation>&amp;Einpassen</translation>
-    </message>
-    <message>
-        <source>&amp;Shaded</source>
-        <translation>&amp;Schattiert</translation>
-    </message>
-    <message>
-        <source>&amp;Wireframe</source>
-        <translation>&amp;Drahtgitter</translation>
-    </message>
-    <message>
-        <source>&amp;Mesh</source>
-        <translation>&amp;Netz</translation>
-    </message>
-    <message>
-        <source>Graphics Tools</source>
-        <translation>Grafik-Werkzeuge</translation>
-    </message>
-</context>
-<context>
     <name>Hello</name>
     <message>
         <source>&amp;Greet the World</source>
@@ -1085,17 +638,6 @@
     <message>
         <source>Hello</source>
         <translation>Hallo</translation>
-    </message>
-</context>
-<context>
-    <name>HistorySearch</name>
-    <message>
-        <source>Not in the history: %1</source>
-        <translation>Nicht im Verlauf: %1</translation>
-    </message>
-    <message>
-        <source>Search in the history: %1</source>
-        <translation>Suche im Verlauf: %1</translation>
     </message>
 </context>
 <context>
@@ -1122,165 +664,6 @@
     <message>
         <source>Description</source>
         <translation>Beschreibung</translation>
-    </message>
-    <message>
-        <source>&amp;Insert</source>
-        <translation>&amp;Einfügen</translation>
-    </message>
-    <message>
-        <source>Command</source>
-        <translation>Befehl</translation>
-    </message>
-    <message>
-        <source>Summary</source>
-        <translation>Kurzbeschreibung</translation>
-    </message>
-</context>
-<context>
-    <name>JournalCheck</name>
-    <message>
-        <source>Chec&amp;k</source>
-        <translation>Prü&amp;fen</translation>
-    </message>
-</context>
-<context>
-    <name>JournalFiles</name>
-    <message>
-        <source>it is not a regular file, and cannot be compared with the text</source>
-        <translation>sie ist keine gewöhnliche Datei und lässt sich nicht mit dem Text vergleichen</translation>
-    </message>
-    <message>
-        <source>it cannot be read back</source>
-        <translation>sie lässt sich nicht zurücklesen</translation>
-    </message>
-    <message>
-        <source>it has only %1 of %2 bytes</source>
-        <translation>sie hat nur %1 von %2 Bytes</translation>
-    </message>
-    <message>
-        <source>%1 does not hold the whole journal: %2</source>
-        <translation>%1 enthält nicht das ganze Journal: %2</translation>
-    </message>
-    <message>
-        <source>Journal Not Saved</source>
-        <translation>Journal nicht gespeichert</translation>
-    </message>
-    <message>
-        <source>The disk may be full. The journal counts as unsaved, and stays in the editor.</source>
-        <translation>Vielleicht ist der Datenträger voll. Das Journal gilt als ungespeichert und bleibt im Editor.</translation>
-    </message>
-    <message>
-        <source>Journal Changed on Disk</source>
-        <translation>Journal auf dem Datenträger geändert</translation>
-    </message>
-    <message>
-        <source>%1 was changed by another program.</source>
-        <translation>%1 wurde von einem anderen Programm geändert.</translation>
-    </message>
-    <message>
-        <source>The journal has unsaved changes, too.</source>
-        <translation>Auch das Journal hat ungespeicherte Änderungen.</translation>
-    </message>
-    <message>
-        <source>Until you decide, the journal is not saved. Reloading can be undone.</source>
-        <translation>Bis zu Ihrer Entscheidung wird das Journal nicht gespeichert. Das Neuladen lässt sich rückgängig machen.</translation>
-    </message>
-    <message>
-        <source>&amp;Reload</source>
-        <translation>&amp;Neu laden</translation>
-    </message>
-    <message>
-        <source>&amp;Keep the Journal</source>
-        <translation>Journal &amp;behalten</translation>
-    </message>
-    <message>
-        <source>&amp;Compare...</source>
-        <translation>&amp;Vergleichen...</translation>
-    </message>
-    <message>
-        <source>&amp;Later</source>
-        <translation>&amp;Später</translation>
-    </message>
-    <message>
-        <source>%1 cannot be read</source>
-        <translation>%1 kann nicht gelesen werden</translation>
-    </message>
-    <message>
-        <source>Differences of %1</source>
-        <translation>Unterschiede in %1</translation>
-    </message>
-    <message>
-        <source>Differences</source>
-        <translation>Unterschiede</translation>
-    </message>
-    <message>
-        <source>- only in the journal
-+ only in the file</source>
-        <translation>- nur im Journal
-+ nur in der Datei</translation>
-    </message>
-</context>
-<context>
-    <name>JournalPlayer</name>
-    <message>
-        <source>Untitled</source>
-        <translation>Unbenannt</translation>
-    </message>
-    <message>
-        <source>select from line %1 on in the journal editor and press Ctrl+F5</source>
-        <translation>im Journal-Editor ab Zeile %1 auswählen und Strg+F5 drücken</translation>
-    </message>
-    <message>
-        <source>ERROR: a journal of the editor is being played; %1 is not
-</source>
-        <translation>ERROR: ein Journal des Editors wird abgespielt, %1 daher nicht
-</translation>
-    </message>
-    <message>
-        <source>Playing %1</source>
-        <translation>%1 wird abgespielt</translation>
-    </message>
-    <message>
-        <source>Play Journal File</source>
-        <translation>Journaldatei abspielen</translation>
-    </message>
-    <message>
-        <source>Journal Files (*.jou *.py);;All Files (*.*)</source>
-        <translation>Journaldateien (*.jou *.py);;Alle Dateien (*.*)</translation>
-    </message>
-    <message>
-        <source>Show Error</source>
-        <translation>Fehler zeigen</translation>
-    </message>
-    <message>
-        <source>The document that was played has been closed and is in no file.</source>
-        <translation>Das abgespielte Dokument wurde geschlossen und steht in keiner Datei.</translation>
-    </message>
-</context>
-<context>
-    <name>KeptDocument</name>
-    <message>
-        <source>Untitled</source>
-        <translation>Unbenannt</translation>
-    </message>
-    <message>
-        <source>%1 (changed %2)</source>
-        <translation>%1 (geändert %2)</translation>
-    </message>
-    <message>
-        <source>Untitled model</source>
-        <translation>Unbenanntes Modell</translation>
-    </message>
-</context>
-<context>
-    <name>LevelView</name>
-    <message>
-        <source>Commands</source>
-        <translation>Befehle</translation>
-    </message>
-    <message>
-        <source>Go to %1</source>
-        <translation>Zu %1 gehen</translation>
     </message>
 </context>
 <context>
@@ -1732,20 +1115,6 @@
     </message>
 </context>
 <context>
-    <name>PanelOptions</name>
-    <message>
-        <source>Panel</source>
-        <translation>Befehlsleiste</translation>
-    </message>
-</context>
-<context>
-    <name>PanelView</name>
-    <message>
-        <source>There are no commands.</source>
-        <translation>Es gibt keine Befehle.</translation>
-    </message>
-</context>
-<context>
     <name>QtCommandSearch</name>
     <message>
         <source>Find command</source>
@@ -1838,50 +1207,10 @@
     </message>
 </context>
 <context>
-    <name>RecoveryOffer</name>
-    <message>
-        <source>&amp;Restore All</source>
-        <translation>Alle &amp;wiederherstellen</translation>
-    </message>
-    <message>
-        <source>&amp;Discard</source>
-        <translation>&amp;Verwerfen</translation>
-    </message>
-    <message>
-        <source>&amp;Keep for Later</source>
-        <translation>Für später &amp;behalten</translation>
-    </message>
-    <message>
-        <source>and %1 more</source>
-        <translation>und %1 weitere</translation>
-    </message>
-    <message>
-        <source>Recover Unsaved Work</source>
-        <translation>Nicht Gespeichertes wiederherstellen</translation>
-    </message>
-    <message>
-        <source>Unsaved work was kept when the program ended unexpectedly:</source>
-        <translation>Als das Programm unerwartet endete, wurde nicht Gespeichertes aufbewahrt:</translation>
-    </message>
-</context>
-<context>
     <name>RecoveryWriter</name>
     <message>
         <source>no folder can be made in &quot;%1&quot;</source>
         <translation>in „%1“ kann kein Ordner angelegt werden</translation>
-    </message>
-</context>
-<context>
-    <name>SaveQuestion</name>
-    <message>
-        <source>Replace File</source>
-        <translation>Datei ersetzen</translation>
-    </message>
-    <message>
-        <source>%1 already exists.
-Do you want to replace it?</source>
-        <translation>%1 ist bereits vorhanden.
-Möchten Sie die Datei ersetzen?</translation>
     </message>
 </context>
 <context>
@@ -1924,24 +1253,6 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
 </context>
 <context>
-    <name>WindowKeys</name>
-    <message>
-        <source>&amp;Next Pane</source>
-        <translation>Nä&amp;chster Bereich</translation>
-    </message>
-    <message>
-        <source>&amp;Previous Pane</source>
-        <translation>Vorheri&amp;ger Bereich</translation>
-    </message>
-</context>
-<context>
-    <name>WorkKeeper</name>
-    <message>
-        <source>Unsaved work cannot be kept for a recovery: %1. It will be tried again.</source>
-        <translation>Nicht Gespeichertes kann nicht für eine Wiederherstellung aufbewahrt werden: %1. Es wird erneut versucht.</translation>
-    </message>
-</context>
-<context>
     <name>Workbench</name>
     <message>
         <source>Version %1, the workbench of Ostrel</source>
@@ -1962,6 +1273,701 @@ Möchten Sie die Datei ersetzen?</translation>
     <message>
         <source>Needs: %1</source>
         <translation>Braucht: %1</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::ClauseRow</name>
+    <message>
+        <source>%1 (optional):</source>
+        <translation>%1 (optional):</translation>
+    </message>
+    <message>
+        <source>%1:</source>
+        <translation>%1:</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>%1 must be filled in.</source>
+        <translation>%1 muss ausgefüllt werden.</translation>
+    </message>
+    <message>
+        <source>%1 must be filled in, too.</source>
+        <translation>%1 muss ebenfalls ausgefüllt werden.</translation>
+    </message>
+    <message>
+        <source>%1: the numbers must not all be 0.</source>
+        <translation>%1: die Zahlen dürfen nicht alle 0 sein.</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::ColourScheme</name>
+    <message>
+        <source>S&amp;ystem Colors</source>
+        <translation>S&amp;ystemfarben</translation>
+    </message>
+    <message>
+        <source>Li&amp;ght Colors</source>
+        <translation>Helle F&amp;arben</translation>
+    </message>
+    <message>
+        <source>&amp;Dark Colors</source>
+        <translation>Dun&amp;kle Farben</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::CommandFinder</name>
+    <message>
+        <source>&amp;Find Command...</source>
+        <translation>Befehl &amp;finden...</translation>
+    </message>
+    <message>
+        <source>Journal Editor</source>
+        <translation>Journal-Editor</translation>
+    </message>
+    <message>
+        <source>Not while a command is running.</source>
+        <translation>Nicht, während ein Befehl läuft.</translation>
+    </message>
+    <message>
+        <source>No loaded component does this.</source>
+        <translation>Keine geladene Komponente kann das.</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::CommandForm</name>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
+    <message>
+        <source>Command line</source>
+        <translation>Befehlszeile</translation>
+    </message>
+    <message>
+        <source>Run the command line</source>
+        <translation>Die Befehlszeile ausführen</translation>
+    </message>
+    <message>
+        <source>Apply %1</source>
+        <translation>%1 anwenden</translation>
+    </message>
+    <message>
+        <source>Edit the line</source>
+        <translation>Zeile bearbeiten</translation>
+    </message>
+    <message>
+        <source>Way to use the command</source>
+        <translation>Form des Befehls</translation>
+    </message>
+    <message>
+        <source>Write the command line yourself</source>
+        <translation>Die Befehlszeile selbst schreiben</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::CommandSearch</name>
+    <message>
+        <source>Nothing found.</source>
+        <translation>Nichts gefunden.</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::ConsoleOwner</name>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Errors</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>&amp;Commands of the Console</source>
+        <translation>&amp;Befehle der Konsole</translation>
+    </message>
+    <message>
+        <source>&amp;Errors of the Console</source>
+        <translation>&amp;Fehler der Konsole</translation>
+    </message>
+    <message>
+        <source>The command history cannot be written; it will be lost at the end.
+</source>
+        <translation>Der Befehlsverlauf kann nicht geschrieben werden; er geht am Ende verloren.
+</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::EditorOptions</name>
+    <message>
+        <source>Journal Editor</source>
+        <translation>Journal-Editor</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::ErrorPage</name>
+    <message>
+        <source>Double-click an error, or press Enter on it, to see its line in the journal editor.</source>
+        <translation>Ein Doppelklick auf einen Fehler oder die Eingabetaste zeigt seine Zeile im Journal-Editor.</translation>
+    </message>
+    <message>
+        <source>&amp;Show in Journal Editor</source>
+        <translation>Im Journal-Editor &amp;zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::FormField</name>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1 in %2</translation>
+    </message>
+    <message>
+        <source>not given</source>
+        <translation>ohne</translation>
+    </message>
+    <message>
+        <source>Add to %1</source>
+        <translation>Zu %1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>Choose %1</source>
+        <translation>%1 wählen</translation>
+    </message>
+    <message>
+        <source>There is nothing to choose.</source>
+        <translation>Es gibt nichts auszuwählen.</translation>
+    </message>
+    <message>
+        <source>%1: a quote is not closed, or a variable is not set.</source>
+        <translation>%1: ein Anführungszeichen ist nicht geschlossen oder eine Variable nicht gesetzt.</translation>
+    </message>
+    <message>
+        <source>%1: there is no variable %2.</source>
+        <translation>%1: die Variable %2 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>%1: there is no &quot;%2&quot;.</source>
+        <translation>%1: „%2“ gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>%1: a letter, then letters, digits, &quot;_&quot;, &quot;-&quot; and &quot;.&quot;.</source>
+        <translation>%1: ein Buchstabe, dann Buchstaben, Ziffern, „_“, „-“ und „.“.</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; has a meaning of its own.</source>
+        <translation>%1: „%2“ hat eine eigene Bedeutung.</translation>
+    </message>
+    <message>
+        <source>%1: there is a &quot;%2&quot; already.</source>
+        <translation>%1: „%2“ gibt es schon.</translation>
+    </message>
+    <message>
+        <source>%1: a letter, then letters, digits and &quot;_&quot;.</source>
+        <translation>%1: ein Buchstabe, dann Buchstaben, Ziffern und „_“.</translation>
+    </message>
+    <message>
+        <source>%1: there is no file %2.</source>
+        <translation>%1: die Datei %2 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>%1: there is no folder %2.</source>
+        <translation>%1: den Ordner %2 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is a folder.</source>
+        <translation>%1: %2 ist ein Ordner.</translation>
+    </message>
+    <message>
+        <source>%1: a whole number from %2 to %3.</source>
+        <translation>%1: eine ganze Zahl von %2 bis %3.</translation>
+    </message>
+    <message>
+        <source>%1: a number from %2 to %3.</source>
+        <translation>%1: eine Zahl von %2 bis %3.</translation>
+    </message>
+    <message>
+        <source>%1: a whole number from %2 on.</source>
+        <translation>%1: eine ganze Zahl ab %2.</translation>
+    </message>
+    <message>
+        <source>%1: a number from %2 on.</source>
+        <translation>%1: eine Zahl ab %2.</translation>
+    </message>
+    <message>
+        <source>%1: a whole number.</source>
+        <translation>%1: eine ganze Zahl.</translation>
+    </message>
+    <message>
+        <source>%1: a number, as 2.5 or 1e-3.</source>
+        <translation>%1: eine Zahl wie 2.5 oder 1e-3.</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; stands alone.</source>
+        <translation>%1: „%2“ steht allein.</translation>
+    </message>
+    <message>
+        <source>%1: each one only once.</source>
+        <translation>%1: jeder nur einmal.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: at least %n.</source>
+        <translation>
+            <numerusform>%1: mindestens %n.</numerusform>
+            <numerusform>%1: mindestens %n.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>fennar::HistorySearch</name>
+    <message>
+        <source>Not in the history: %1</source>
+        <translation>Nicht im Verlauf: %1</translation>
+    </message>
+    <message>
+        <source>Search in the history: %1</source>
+        <translation>Suche im Verlauf: %1</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::JournalCheck</name>
+    <message>
+        <source>Chec&amp;k</source>
+        <translation>Prü&amp;fen</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::JournalFiles</name>
+    <message>
+        <source>it is not a regular file, and cannot be compared with the text</source>
+        <translation>sie ist keine gewöhnliche Datei und lässt sich nicht mit dem Text vergleichen</translation>
+    </message>
+    <message>
+        <source>it cannot be read back</source>
+        <translation>sie lässt sich nicht zurücklesen</translation>
+    </message>
+    <message>
+        <source>it has only %1 of %2 bytes</source>
+        <translation>sie hat nur %1 von %2 Bytes</translation>
+    </message>
+    <message>
+        <source>%1 does not hold the whole journal: %2</source>
+        <translation>%1 enthält nicht das ganze Journal: %2</translation>
+    </message>
+    <message>
+        <source>Journal Not Saved</source>
+        <translation>Journal nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>The disk may be full. The journal counts as unsaved, and stays in the editor.</source>
+        <translation>Vielleicht ist der Datenträger voll. Das Journal gilt als ungespeichert und bleibt im Editor.</translation>
+    </message>
+    <message>
+        <source>Journal Changed on Disk</source>
+        <translation>Journal auf dem Datenträger geändert</translation>
+    </message>
+    <message>
+        <source>%1 was changed by another program.</source>
+        <translation>%1 wurde von einem anderen Programm geändert.</translation>
+    </message>
+    <message>
+        <source>The journal has unsaved changes, too.</source>
+        <translation>Auch das Journal hat ungespeicherte Änderungen.</translation>
+    </message>
+    <message>
+        <source>Until you decide, the journal is not saved. Reloading can be undone.</source>
+        <translation>Bis zu Ihrer Entscheidung wird das Journal nicht gespeichert. Das Neuladen lässt sich rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>&amp;Reload</source>
+        <translation>&amp;Neu laden</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the Journal</source>
+        <translation>Journal &amp;behalten</translation>
+    </message>
+    <message>
+        <source>&amp;Compare...</source>
+        <translation>&amp;Vergleichen...</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Später</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>%1 kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Differences of %1</source>
+        <translation>Unterschiede in %1</translation>
+    </message>
+    <message>
+        <source>Differences</source>
+        <translation>Unterschiede</translation>
+    </message>
+    <message>
+        <source>- only in the journal
++ only in the file</source>
+        <translation>- nur im Journal
++ nur in der Datei</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::JournalPlayer</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Unbenannt</translation>
+    </message>
+    <message>
+        <source>select from line %1 on in the journal editor and press Ctrl+F5</source>
+        <translation>im Journal-Editor ab Zeile %1 auswählen und Strg+F5 drücken</translation>
+    </message>
+    <message>
+        <source>ERROR: a journal of the editor is being played; %1 is not
+</source>
+        <translation>ERROR: ein Journal des Editors wird abgespielt, %1 daher nicht
+</translation>
+    </message>
+    <message>
+        <source>Playing %1</source>
+        <translation>%1 wird abgespielt</translation>
+    </message>
+    <message>
+        <source>Play Journal File</source>
+        <translation>Journaldatei abspielen</translation>
+    </message>
+    <message>
+        <source>Journal Files (*.jou *.py);;All Files (*.*)</source>
+        <translation>Journaldateien (*.jou *.py);;Alle Dateien (*.*)</translation>
+    </message>
+    <message>
+        <source>Show Error</source>
+        <translation>Fehler zeigen</translation>
+    </message>
+    <message>
+        <source>The document that was played has been closed and is in no file.</source>
+        <translation>Das abgespielte Dokument wurde geschlossen und steht in keiner Datei.</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::LevelView</name>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>Go to %1</source>
+        <translation>Zu %1 gehen</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::PanelOptions</name>
+    <message>
+        <source>Panel</source>
+        <translation>Befehlsleiste</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::PanelView</name>
+    <message>
+        <source>There are no commands.</source>
+        <translation>Es gibt keine Befehle.</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::WindowKeys</name>
+    <message>
+        <source>&amp;Next Pane</source>
+        <translation>Nä&amp;chster Bereich</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Pane</source>
+        <translation>Vorheri&amp;ger Bereich</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::geometry::GeometryDock</name>
+    <message>
+        <source>Model</source>
+        <translation>Modell</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volumen</translation>
+    </message>
+    <message>
+        <source>Solids</source>
+        <translation>Körper</translation>
+    </message>
+    <message>
+        <source>Mesh</source>
+        <translation>Netz</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keines</translation>
+    </message>
+    <message>
+        <source>of an earlier model</source>
+        <translation>zu einem früheren Modell</translation>
+    </message>
+    <message>
+        <source>Nodes</source>
+        <translation>Knoten</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::geometry::GeometryFileHandler</name>
+    <message>
+        <source>Model Files (*.mdl)</source>
+        <translation>Modelldateien (*.mdl)</translation>
+    </message>
+    <message>
+        <source>All Files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Set Directory</source>
+        <translation>Verzeichnis festlegen</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::geometry::GeometryWindow</name>
+    <message>
+        <source>&amp;Cylinder...</source>
+        <translation>&amp;Zylinder...</translation>
+    </message>
+    <message>
+        <source>&amp;Sphere...</source>
+        <translation>&amp;Kugel...</translation>
+    </message>
+    <message>
+        <source>C&amp;one...</source>
+        <translation>K&amp;egel...</translation>
+    </message>
+    <message>
+        <source>&amp;Torus...</source>
+        <translation>&amp;Torus...</translation>
+    </message>
+    <message>
+        <source>&amp;Move...</source>
+        <translation>&amp;Verschieben...</translation>
+    </message>
+    <message>
+        <source>&amp;Rotate...</source>
+        <translation>&amp;Drehen...</translation>
+    </message>
+    <message>
+        <source>Co&amp;py...</source>
+        <translation>K&amp;opieren...</translation>
+    </message>
+    <message>
+        <source>Re&amp;name...</source>
+        <translation>&amp;Umbenennen...</translation>
+    </message>
+    <message>
+        <source>&amp;Unite</source>
+        <translation>Vere&amp;inigen</translation>
+    </message>
+    <message>
+        <source>Su&amp;btract...</source>
+        <translation>&amp;Abziehen...</translation>
+    </message>
+    <message>
+        <source>&amp;Intersect</source>
+        <translation>Vers&amp;chneiden</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>Lösc&amp;hen</translation>
+    </message>
+    <message>
+        <source>M&amp;esh...</source>
+        <translation>Ver&amp;netzen...</translation>
+    </message>
+    <message>
+        <source>&amp;List</source>
+        <translation>Au&amp;flisten</translation>
+    </message>
+    <message>
+        <source>Mesh St&amp;atistics</source>
+        <translation>Netz&amp;statistik</translation>
+    </message>
+    <message>
+        <source>Mesh &amp;Quality</source>
+        <translation>Netzqua&amp;lität</translation>
+    </message>
+    <message>
+        <source>&amp;Geometry</source>
+        <translation>&amp;Geometrie</translation>
+    </message>
+    <message>
+        <source>&amp;Geometry Commands</source>
+        <translation>&amp;Geometriebefehle</translation>
+    </message>
+    <message>
+        <source>Geometry Tools</source>
+        <translation>Geometrie-Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Bric&amp;k...</source>
+        <translation>&amp;Quader...</translation>
+    </message>
+    <message>
+        <source>No solid is selected.</source>
+        <translation>Es ist kein Körper ausgewählt.</translation>
+    </message>
+    <message>
+        <source>Fewer than two solids are selected.</source>
+        <translation>Es sind weniger als zwei Körper ausgewählt.</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::geometry::SaveQuestion</name>
+    <message>
+        <source>Replace File</source>
+        <translation>Datei ersetzen</translation>
+    </message>
+    <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 ist bereits vorhanden.
+Möchten Sie die Datei ersetzen?</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::graphics::GraphicsView</name>
+    <message>
+        <source>Graphics</source>
+        <translation>Grafik</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::graphics::GraphicsWindow</name>
+    <message>
+        <source>&amp;Front</source>
+        <translation>&amp;Vorne</translation>
+    </message>
+    <message>
+        <source>B&amp;ack</source>
+        <translation>&amp;Hinten</translation>
+    </message>
+    <message>
+        <source>&amp;Left</source>
+        <translation>&amp;Links</translation>
+    </message>
+    <message>
+        <source>&amp;Right</source>
+        <translation>&amp;Rechts</translation>
+    </message>
+    <message>
+        <source>T&amp;op</source>
+        <translation>&amp;Oben</translation>
+    </message>
+    <message>
+        <source>&amp;Bottom</source>
+        <translation>&amp;Unten</translation>
+    </message>
+    <message>
+        <source>&amp;Isometric</source>
+        <translation>&amp;Isometrisch</translation>
+    </message>
+    <message>
+        <source>Fi&amp;t</source>
+        <translation>&amp;Einpassen</translation>
+    </message>
+    <message>
+        <source>&amp;Shaded</source>
+        <translation>&amp;Schattiert</translation>
+    </message>
+    <message>
+        <source>&amp;Wireframe</source>
+        <translation>&amp;Drahtgitter</translation>
+    </message>
+    <message>
+        <source>&amp;Mesh</source>
+        <translation>&amp;Netz</translation>
+    </message>
+    <message>
+        <source>Graphics Tools</source>
+        <translation>Grafik-Werkzeuge</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::insert_command::InsertCommandDialog</name>
+    <message>
+        <source>&amp;Insert</source>
+        <translation>&amp;Einfügen</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>Kurzbeschreibung</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::recovery::DocumentKeeper</name>
+    <message>
+        <source>Unsaved journals cannot be kept for a recovery: %1. It will be tried again.</source>
+        <translation>Nicht gespeicherte Journale können nicht für eine Wiederherstellung aufbewahrt werden: %1. Es wird erneut versucht.</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::recovery::KeptDocument</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Unbenannt</translation>
+    </message>
+    <message>
+        <source>%1 (changed %2)</source>
+        <translation>%1 (geändert %2)</translation>
+    </message>
+    <message>
+        <source>Untitled model</source>
+        <translation>Unbenanntes Modell</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::recovery::RecoveryOffer</name>
+    <message>
+        <source>&amp;Restore All</source>
+        <translation>Alle &amp;wiederherstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>&amp;Verwerfen</translation>
+    </message>
+    <message>
+        <source>&amp;Keep for Later</source>
+        <translation>Für später &amp;behalten</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>Recover Unsaved Work</source>
+        <translation>Nicht Gespeichertes wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Unsaved work was kept when the program ended unexpectedly:</source>
+        <translation>Als das Programm unerwartet endete, wurde nicht Gespeichertes aufbewahrt:</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::recovery::WorkKeeper</name>
+    <message>
+        <source>Unsaved work cannot be kept for a recovery: %1. It will be tried again.</source>
+        <translation>Nicht Gespeichertes kann nicht für eine Wiederherstellung aufbewahrt werden: %1. Es wird erneut versucht.</translation>
     </message>
 </context>
 </TS>

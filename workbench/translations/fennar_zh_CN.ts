@@ -2,48 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
-    <name>ClauseRow</name>
-    <message>
-        <source>%1 (optional):</source>
-        <translation>%1（可选）：</translation>
-    </message>
-    <message>
-        <source>%1:</source>
-        <translation>%1：</translation>
-    </message>
-    <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
-    </message>
-    <message>
-        <source>%1 must be filled in.</source>
-        <translation>必须填写“%1”。</translation>
-    </message>
-    <message>
-        <source>%1 must be filled in, too.</source>
-        <translation>还必须填写“%1”。</translation>
-    </message>
-    <message>
-        <source>%1: the numbers must not all be 0.</source>
-        <translation>%1：数值不能全为 0。</translation>
-    </message>
-</context>
-<context>
-    <name>ColourScheme</name>
-    <message>
-        <source>S&amp;ystem Colors</source>
-        <translation>系统配色(&amp;Y)</translation>
-    </message>
-    <message>
-        <source>Li&amp;ght Colors</source>
-        <translation>浅色(&amp;G)</translation>
-    </message>
-    <message>
-        <source>&amp;Dark Colors</source>
-        <translation>深色(&amp;K)</translation>
-    </message>
-</context>
-<context>
     <name>Command</name>
     <message>
         <source>Makes a brick, or a cube.</source>
@@ -236,56 +194,6 @@
     <message>
         <source>Lists the lines typed so far, or the steps that can be undone and redone.</source>
         <translation>列出迄今输入过的行，或者可以撤销和重做的步骤。</translation>
-    </message>
-</context>
-<context>
-    <name>CommandFinder</name>
-    <message>
-        <source>&amp;Find Command...</source>
-        <translation>查找命令(&amp;F)...</translation>
-    </message>
-    <message>
-        <source>Journal Editor</source>
-        <translation>日志脚本编辑器</translation>
-    </message>
-    <message>
-        <source>Not while a command is running.</source>
-        <translation>命令运行期间不可用。</translation>
-    </message>
-    <message>
-        <source>No loaded component does this.</source>
-        <translation>没有已加载的组件提供此功能。</translation>
-    </message>
-</context>
-<context>
-    <name>CommandForm</name>
-    <message>
-        <source>Apply</source>
-        <translation>应用</translation>
-    </message>
-    <message>
-        <source>Command line</source>
-        <translation>命令行</translation>
-    </message>
-    <message>
-        <source>Run the command line</source>
-        <translation>运行命令行</translation>
-    </message>
-    <message>
-        <source>Apply %1</source>
-        <translation>应用“%1”</translation>
-    </message>
-    <message>
-        <source>Edit the line</source>
-        <translation>编辑命令行</translation>
-    </message>
-    <message>
-        <source>Way to use the command</source>
-        <translation>命令的用法</translation>
-    </message>
-    <message>
-        <source>Write the command line yourself</source>
-        <translation>自行编写命令行</translation>
     </message>
 </context>
 <context>
@@ -653,35 +561,6 @@
         <source>Recent file in %1</source>
         <translation>最近使用的文件，位于 %1</translation>
     </message>
-    <message>
-        <source>Nothing found.</source>
-        <translation>没有找到。</translation>
-    </message>
-</context>
-<context>
-    <name>ConsoleOwner</name>
-    <message>
-        <source>Command</source>
-        <translation>命令</translation>
-    </message>
-    <message>
-        <source>Errors</source>
-        <translation>错误</translation>
-    </message>
-    <message>
-        <source>&amp;Commands of the Console</source>
-        <translation>控制台命令(&amp;C)</translation>
-    </message>
-    <message>
-        <source>&amp;Errors of the Console</source>
-        <translation>控制台错误(&amp;E)</translation>
-    </message>
-    <message>
-        <source>The command history cannot be written; it will be lost at the end.
-</source>
-        <translation>无法写入命令历史；退出时将会丢失。
-</translation>
-    </message>
 </context>
 <context>
     <name>DemoWindow</name>
@@ -739,331 +618,6 @@
     </message>
 </context>
 <context>
-    <name>DocumentKeeper</name>
-    <message>
-        <source>Unsaved journals cannot be kept for a recovery: %1. It will be tried again.</source>
-        <translation>无法保留未保存的日志脚本以供恢复：%1。稍后将重试。</translation>
-    </message>
-</context>
-<context>
-    <name>EditorOptions</name>
-    <message>
-        <source>Journal Editor</source>
-        <translation>日志脚本编辑器</translation>
-    </message>
-</context>
-<context>
-    <name>ErrorPage</name>
-    <message>
-        <source>Double-click an error, or press Enter on it, to see its line in the journal editor.</source>
-        <translation>双击错误或按 Enter 键，可在日志脚本编辑器中查看对应的行。</translation>
-    </message>
-    <message>
-        <source>&amp;Show in Journal Editor</source>
-        <translation>在日志脚本编辑器中显示(&amp;S)</translation>
-    </message>
-</context>
-<context>
-    <name>FormField</name>
-    <message>
-        <source>%1 in %2</source>
-        <translation>%1（%2）</translation>
-    </message>
-    <message>
-        <source>not given</source>
-        <translation>未指定</translation>
-    </message>
-    <message>
-        <source>Add to %1</source>
-        <translation>添加到“%1”</translation>
-    </message>
-    <message>
-        <source>Choose %1</source>
-        <translation>选择“%1”</translation>
-    </message>
-    <message>
-        <source>There is nothing to choose.</source>
-        <translation>没有可选择的内容。</translation>
-    </message>
-    <message>
-        <source>%1: a quote is not closed, or a variable is not set.</source>
-        <translation>%1：引号未闭合，或变量未设置。</translation>
-    </message>
-    <message>
-        <source>%1: there is no variable %2.</source>
-        <translation>%1：没有变量 %2。</translation>
-    </message>
-    <message>
-        <source>%1: there is no &quot;%2&quot;.</source>
-        <translation>%1：没有“%2”。</translation>
-    </message>
-    <message>
-        <source>%1: a letter, then letters, digits, &quot;_&quot;, &quot;-&quot; and &quot;.&quot;.</source>
-        <translation>%1：以字母开头，其后为字母、数字、“_”、“-”和“.”。</translation>
-    </message>
-    <message>
-        <source>%1: &quot;%2&quot; has a meaning of its own.</source>
-        <translation>%1：“%2”有特殊含义。</translation>
-    </message>
-    <message>
-        <source>%1: there is a &quot;%2&quot; already.</source>
-        <translation>%1：已存在“%2”。</translation>
-    </message>
-    <message>
-        <source>%1: a letter, then letters, digits and &quot;_&quot;.</source>
-        <translation>%1：以字母开头，其后为字母、数字和“_”。</translation>
-    </message>
-    <message>
-        <source>%1: there is no file %2.</source>
-        <translation>%1：没有文件 %2。</translation>
-    </message>
-    <message>
-        <source>%1: there is no folder %2.</source>
-        <translation>%1：没有文件夹 %2。</translation>
-    </message>
-    <message>
-        <source>%1: %2 is a folder.</source>
-        <translation>%1：%2 是文件夹。</translation>
-    </message>
-    <message>
-        <source>%1: a whole number from %2 to %3.</source>
-        <translation>%1：%2 到 %3 之间的整数。</translation>
-    </message>
-    <message>
-        <source>%1: a number from %2 to %3.</source>
-        <translation>%1：%2 到 %3 之间的数。</translation>
-    </message>
-    <message>
-        <source>%1: a whole number from %2 on.</source>
-        <translation>%1：不小于 %2 的整数。</translation>
-    </message>
-    <message>
-        <source>%1: a number from %2 on.</source>
-        <translation>%1：不小于 %2 的数。</translation>
-    </message>
-    <message>
-        <source>%1: a whole number.</source>
-        <translation>%1：整数。</translation>
-    </message>
-    <message>
-        <source>%1: a number, as 2.5 or 1e-3.</source>
-        <translation>%1：数值，例如 2.5 或 1e-3。</translation>
-    </message>
-    <message>
-        <source>%1: &quot;%2&quot; stands alone.</source>
-        <translation>%1：“%2”必须单独使用。</translation>
-    </message>
-    <message>
-        <source>%1: each one only once.</source>
-        <translation>%1：每项只能出现一次。</translation>
-    </message>
-    <message numerus="yes">
-        <source>%1: at least %n.</source>
-        <translation>
-            <numerusform>%1：至少 %n 个。</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>GeometryDock</name>
-    <message>
-        <source>Model</source>
-        <translation>模型</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>名称</translation>
-    </message>
-    <message>
-        <source>Volume</source>
-        <translation>体积</translation>
-    </message>
-    <message>
-        <source>Solids</source>
-        <translation>实体</translation>
-    </message>
-    <message>
-        <source>Mesh</source>
-        <translation>网格</translation>
-    </message>
-    <message>
-        <source>none</source>
-        <translation>无</translation>
-    </message>
-    <message>
-        <source>of an earlier model</source>
-        <translation>属于较早的模型</translation>
-    </message>
-    <message>
-        <source>Nodes</source>
-        <translation>节点</translation>
-    </message>
-</context>
-<context>
-    <name>GeometryFileHandler</name>
-    <message>
-        <source>Model Files (*.mdl)</source>
-        <translation>模型文件 (*.mdl)</translation>
-    </message>
-    <message>
-        <source>All Files (*)</source>
-        <translation>所有文件 (*)</translation>
-    </message>
-    <message>
-        <source>Set Directory</source>
-        <translation>设置目录</translation>
-    </message>
-</context>
-<context>
-    <name>GeometryWindow</name>
-    <message>
-        <source>&amp;Cylinder...</source>
-        <translation>圆柱体(&amp;C)...</translation>
-    </message>
-    <message>
-        <source>&amp;Sphere...</source>
-        <translation>球体(&amp;S)...</translation>
-    </message>
-    <message>
-        <source>C&amp;one...</source>
-        <translation>圆锥体(&amp;O)...</translation>
-    </message>
-    <message>
-        <source>&amp;Torus...</source>
-        <translation>圆环体(&amp;T)...</translation>
-    </message>
-    <message>
-        <source>&amp;Move...</source>
-        <translation>移动(&amp;M)...</translation>
-    </message>
-    <message>
-        <source>&amp;Rotate...</source>
-        <translation>旋转(&amp;R)...</translation>
-    </message>
-    <message>
-        <source>Co&amp;py...</source>
-        <translation>复制(&amp;P)...</translation>
-    </message>
-    <message>
-        <source>Re&amp;name...</source>
-        <translation>重命名(&amp;N)...</translation>
-    </message>
-    <message>
-        <source>&amp;Unite</source>
-        <translation>合并(&amp;U)</translation>
-    </message>
-    <message>
-        <source>Su&amp;btract...</source>
-        <translation>相减(&amp;B)...</translation>
-    </message>
-    <message>
-        <source>&amp;Intersect</source>
-        <translation>相交(&amp;I)</translation>
-    </message>
-    <message>
-        <source>&amp;Delete</source>
-        <translation>删除(&amp;D)</translation>
-    </message>
-    <message>
-        <source>M&amp;esh...</source>
-        <translation>划分网格(&amp;E)...</translation>
-    </message>
-    <message>
-        <source>&amp;List</source>
-        <translation>列表(&amp;L)</translation>
-    </message>
-    <message>
-        <source>Mesh St&amp;atistics</source>
-        <translation>网格统计(&amp;A)</translation>
-    </message>
-    <message>
-        <source>Mesh &amp;Quality</source>
-        <translation>网格质量(&amp;Q)</translation>
-    </message>
-    <message>
-        <source>&amp;Geometry</source>
-        <translation>几何(&amp;G)</translation>
-    </message>
-    <message>
-        <source>&amp;Geometry Commands</source>
-        <translation>几何命令(&amp;G)</translation>
-    </message>
-    <message>
-        <source>Geometry Tools</source>
-        <translation>几何工具</translation>
-    </message>
-    <message>
-        <source>Bric&amp;k...</source>
-        <translation>长方体(&amp;K)...</translation>
-    </message>
-    <message>
-        <source>No solid is selected.</source>
-        <translation>未选择任何实体。</translation>
-    </message>
-    <message>
-        <source>Fewer than two solids are selected.</source>
-        <translation>选择的实体少于两个。</translation>
-    </message>
-</context>
-<context>
-    <name>GraphicsView</name>
-    <message>
-        <source>Graphics</source>
-        <translation>图形</translation>
-    </message>
-</context>
-<context>
-    <name>GraphicsWindow</name>
-    <message>
-        <source>&amp;Front</source>
-        <translation>前视图(&amp;F)</translation>
-    </message>
-    <message>
-        <source>B&amp;ack</source>
-        <translation>后视图(&amp;A)</translation>
-    </message>
-    <message>
-        <source>&amp;Left</source>
-        <translation>左视图(&amp;L)</translation>
-    </message>
-    <message>
-        <source>&amp;Right</source>
-        <translation>右视图(&amp;R)</translation>
-    </message>
-    <message>
-        <source>T&amp;op</source>
-        <translation>俯视图(&amp;O)</translation>
-    </message>
-    <message>
-        <source>&amp;Bottom</source>
-        <translation>仰视图(&amp;B)</translation>
-    </message>
-    <message>
-        <source>&amp;Isometric</source>
-        <translation>等轴测视图(&amp;I)</translation>
-    </message>
-    <message>
-        <source>Fi&amp;t</source>
-        <translation>适合窗口(&amp;T)</translation>
-    </message>
-    <message>
-        <source>&amp;Shaded</source>
-        <translation>着色(&amp;S)</translation>
-    </message>
-    <message>
-        <source>&amp;Wireframe</source>
-        <translation>线框(&amp;W)</translation>
-    </message>
-    <message>
-        <source>&amp;Mesh</source>
-        <translation>网格(&amp;M)</translation>
-    </message>
-    <message>
-        <source>Graphics Tools</source>
-        <translation>图形工具</translation>
-    </message>
-</context>
-<context>
     <name>Hello</name>
     <message>
         <source>&amp;Greet the World</source>
@@ -1084,17 +638,6 @@
     <message>
         <source>Hello</source>
         <translation>你好</translation>
-    </message>
-</context>
-<context>
-    <name>HistorySearch</name>
-    <message>
-        <source>Not in the history: %1</source>
-        <translation>历史中没有：%1</translation>
-    </message>
-    <message>
-        <source>Search in the history: %1</source>
-        <translation>在历史中搜索：%1</translation>
     </message>
 </context>
 <context>
@@ -1121,165 +664,6 @@
     <message>
         <source>Description</source>
         <translation>说明</translation>
-    </message>
-    <message>
-        <source>&amp;Insert</source>
-        <translation>插入(&amp;I)</translation>
-    </message>
-    <message>
-        <source>Command</source>
-        <translation>命令</translation>
-    </message>
-    <message>
-        <source>Summary</source>
-        <translation>摘要</translation>
-    </message>
-</context>
-<context>
-    <name>JournalCheck</name>
-    <message>
-        <source>Chec&amp;k</source>
-        <translation>检查(&amp;K)</translation>
-    </message>
-</context>
-<context>
-    <name>JournalFiles</name>
-    <message>
-        <source>it is not a regular file, and cannot be compared with the text</source>
-        <translation>它不是普通文件，无法与文本比较</translation>
-    </message>
-    <message>
-        <source>it cannot be read back</source>
-        <translation>无法将其读回</translation>
-    </message>
-    <message>
-        <source>it has only %1 of %2 bytes</source>
-        <translation>它只有 %1 字节，应有 %2 字节</translation>
-    </message>
-    <message>
-        <source>%1 does not hold the whole journal: %2</source>
-        <translation>%1 未包含完整的日志脚本：%2</translation>
-    </message>
-    <message>
-        <source>Journal Not Saved</source>
-        <translation>日志脚本未保存</translation>
-    </message>
-    <message>
-        <source>The disk may be full. The journal counts as unsaved, and stays in the editor.</source>
-        <translation>磁盘可能已满。该日志脚本仍视为未保存，并保留在编辑器中。</translation>
-    </message>
-    <message>
-        <source>Journal Changed on Disk</source>
-        <translation>磁盘上的日志脚本已更改</translation>
-    </message>
-    <message>
-        <source>%1 was changed by another program.</source>
-        <translation>%1 已被其他程序更改。</translation>
-    </message>
-    <message>
-        <source>The journal has unsaved changes, too.</source>
-        <translation>该日志脚本也有未保存的更改。</translation>
-    </message>
-    <message>
-        <source>Until you decide, the journal is not saved. Reloading can be undone.</source>
-        <translation>在您决定之前，不会保存该日志脚本。重新载入可以撤消。</translation>
-    </message>
-    <message>
-        <source>&amp;Reload</source>
-        <translation>重新载入(&amp;R)</translation>
-    </message>
-    <message>
-        <source>&amp;Keep the Journal</source>
-        <translation>保留日志脚本(&amp;K)</translation>
-    </message>
-    <message>
-        <source>&amp;Compare...</source>
-        <translation>比较(&amp;C)...</translation>
-    </message>
-    <message>
-        <source>&amp;Later</source>
-        <translation>以后(&amp;L)</translation>
-    </message>
-    <message>
-        <source>%1 cannot be read</source>
-        <translation>无法读取 %1</translation>
-    </message>
-    <message>
-        <source>Differences of %1</source>
-        <translation>%1 的差异</translation>
-    </message>
-    <message>
-        <source>Differences</source>
-        <translation>差异</translation>
-    </message>
-    <message>
-        <source>- only in the journal
-+ only in the file</source>
-        <translation>- 仅在日志脚本中
-+ 仅在文件中</translation>
-    </message>
-</context>
-<context>
-    <name>JournalPlayer</name>
-    <message>
-        <source>Untitled</source>
-        <translation>未命名</translation>
-    </message>
-    <message>
-        <source>select from line %1 on in the journal editor and press Ctrl+F5</source>
-        <translation>在日志脚本编辑器中从第 %1 行开始选择，然后按 Ctrl+F5</translation>
-    </message>
-    <message>
-        <source>ERROR: a journal of the editor is being played; %1 is not
-</source>
-        <translation>ERROR: 正在播放编辑器中的日志脚本，因此未播放 %1
-</translation>
-    </message>
-    <message>
-        <source>Playing %1</source>
-        <translation>正在播放 %1</translation>
-    </message>
-    <message>
-        <source>Play Journal File</source>
-        <translation>播放日志脚本文件</translation>
-    </message>
-    <message>
-        <source>Journal Files (*.jou *.py);;All Files (*.*)</source>
-        <translation>日志脚本文件 (*.jou *.py);;所有文件 (*.*)</translation>
-    </message>
-    <message>
-        <source>Show Error</source>
-        <translation>显示错误</translation>
-    </message>
-    <message>
-        <source>The document that was played has been closed and is in no file.</source>
-        <translation>所播放的文档已关闭，且未保存到文件。</translation>
-    </message>
-</context>
-<context>
-    <name>KeptDocument</name>
-    <message>
-        <source>Untitled</source>
-        <translation>未命名</translation>
-    </message>
-    <message>
-        <source>%1 (changed %2)</source>
-        <translation>%1（修改于 %2）</translation>
-    </message>
-    <message>
-        <source>Untitled model</source>
-        <translation>未命名模型</translation>
-    </message>
-</context>
-<context>
-    <name>LevelView</name>
-    <message>
-        <source>Commands</source>
-        <translation>命令</translation>
-    </message>
-    <message>
-        <source>Go to %1</source>
-        <translation>转到“%1”</translation>
     </message>
 </context>
 <context>
@@ -1731,20 +1115,6 @@
     </message>
 </context>
 <context>
-    <name>PanelOptions</name>
-    <message>
-        <source>Panel</source>
-        <translation>命令面板</translation>
-    </message>
-</context>
-<context>
-    <name>PanelView</name>
-    <message>
-        <source>There are no commands.</source>
-        <translation>没有命令。</translation>
-    </message>
-</context>
-<context>
     <name>QtCommandSearch</name>
     <message>
         <source>Find command</source>
@@ -1837,50 +1207,10 @@
     </message>
 </context>
 <context>
-    <name>RecoveryOffer</name>
-    <message>
-        <source>&amp;Restore All</source>
-        <translation>全部恢复(&amp;R)</translation>
-    </message>
-    <message>
-        <source>&amp;Discard</source>
-        <translation>放弃(&amp;D)</translation>
-    </message>
-    <message>
-        <source>&amp;Keep for Later</source>
-        <translation>留待以后(&amp;K)</translation>
-    </message>
-    <message>
-        <source>and %1 more</source>
-        <translation>以及另外 %1 个</translation>
-    </message>
-    <message>
-        <source>Recover Unsaved Work</source>
-        <translation>恢复未保存的工作</translation>
-    </message>
-    <message>
-        <source>Unsaved work was kept when the program ended unexpectedly:</source>
-        <translation>程序意外结束时保留了未保存的工作：</translation>
-    </message>
-</context>
-<context>
     <name>RecoveryWriter</name>
     <message>
         <source>no folder can be made in &quot;%1&quot;</source>
         <translation>无法在“%1”中创建文件夹</translation>
-    </message>
-</context>
-<context>
-    <name>SaveQuestion</name>
-    <message>
-        <source>Replace File</source>
-        <translation>替换文件</translation>
-    </message>
-    <message>
-        <source>%1 already exists.
-Do you want to replace it?</source>
-        <translation>%1 已存在。
-是否替换？</translation>
     </message>
 </context>
 <context>
@@ -1923,24 +1253,6 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
-    <name>WindowKeys</name>
-    <message>
-        <source>&amp;Next Pane</source>
-        <translation>下一个窗格(&amp;N)</translation>
-    </message>
-    <message>
-        <source>&amp;Previous Pane</source>
-        <translation>上一个窗格(&amp;P)</translation>
-    </message>
-</context>
-<context>
-    <name>WorkKeeper</name>
-    <message>
-        <source>Unsaved work cannot be kept for a recovery: %1. It will be tried again.</source>
-        <translation>无法保留未保存的工作以供恢复：%1。稍后将重试。</translation>
-    </message>
-</context>
-<context>
     <name>Workbench</name>
     <message>
         <source>Version %1, the workbench of Ostrel</source>
@@ -1961,6 +1273,700 @@ Do you want to replace it?</source>
     <message>
         <source>Needs: %1</source>
         <translation>需要：%1</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::ClauseRow</name>
+    <message>
+        <source>%1 (optional):</source>
+        <translation>%1（可选）：</translation>
+    </message>
+    <message>
+        <source>%1:</source>
+        <translation>%1：</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>%1 must be filled in.</source>
+        <translation>必须填写“%1”。</translation>
+    </message>
+    <message>
+        <source>%1 must be filled in, too.</source>
+        <translation>还必须填写“%1”。</translation>
+    </message>
+    <message>
+        <source>%1: the numbers must not all be 0.</source>
+        <translation>%1：数值不能全为 0。</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::ColourScheme</name>
+    <message>
+        <source>S&amp;ystem Colors</source>
+        <translation>系统配色(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Li&amp;ght Colors</source>
+        <translation>浅色(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Dark Colors</source>
+        <translation>深色(&amp;K)</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::CommandFinder</name>
+    <message>
+        <source>&amp;Find Command...</source>
+        <translation>查找命令(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>Journal Editor</source>
+        <translation>日志脚本编辑器</translation>
+    </message>
+    <message>
+        <source>Not while a command is running.</source>
+        <translation>命令运行期间不可用。</translation>
+    </message>
+    <message>
+        <source>No loaded component does this.</source>
+        <translation>没有已加载的组件提供此功能。</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::CommandForm</name>
+    <message>
+        <source>Apply</source>
+        <translation>应用</translation>
+    </message>
+    <message>
+        <source>Command line</source>
+        <translation>命令行</translation>
+    </message>
+    <message>
+        <source>Run the command line</source>
+        <translation>运行命令行</translation>
+    </message>
+    <message>
+        <source>Apply %1</source>
+        <translation>应用“%1”</translation>
+    </message>
+    <message>
+        <source>Edit the line</source>
+        <translation>编辑命令行</translation>
+    </message>
+    <message>
+        <source>Way to use the command</source>
+        <translation>命令的用法</translation>
+    </message>
+    <message>
+        <source>Write the command line yourself</source>
+        <translation>自行编写命令行</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::CommandSearch</name>
+    <message>
+        <source>Nothing found.</source>
+        <translation>没有找到。</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::ConsoleOwner</name>
+    <message>
+        <source>Command</source>
+        <translation>命令</translation>
+    </message>
+    <message>
+        <source>Errors</source>
+        <translation>错误</translation>
+    </message>
+    <message>
+        <source>&amp;Commands of the Console</source>
+        <translation>控制台命令(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Errors of the Console</source>
+        <translation>控制台错误(&amp;E)</translation>
+    </message>
+    <message>
+        <source>The command history cannot be written; it will be lost at the end.
+</source>
+        <translation>无法写入命令历史；退出时将会丢失。
+</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::EditorOptions</name>
+    <message>
+        <source>Journal Editor</source>
+        <translation>日志脚本编辑器</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::ErrorPage</name>
+    <message>
+        <source>Double-click an error, or press Enter on it, to see its line in the journal editor.</source>
+        <translation>双击错误或按 Enter 键，可在日志脚本编辑器中查看对应的行。</translation>
+    </message>
+    <message>
+        <source>&amp;Show in Journal Editor</source>
+        <translation>在日志脚本编辑器中显示(&amp;S)</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::FormField</name>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>not given</source>
+        <translation>未指定</translation>
+    </message>
+    <message>
+        <source>Add to %1</source>
+        <translation>添加到“%1”</translation>
+    </message>
+    <message>
+        <source>Choose %1</source>
+        <translation>选择“%1”</translation>
+    </message>
+    <message>
+        <source>There is nothing to choose.</source>
+        <translation>没有可选择的内容。</translation>
+    </message>
+    <message>
+        <source>%1: a quote is not closed, or a variable is not set.</source>
+        <translation>%1：引号未闭合，或变量未设置。</translation>
+    </message>
+    <message>
+        <source>%1: there is no variable %2.</source>
+        <translation>%1：没有变量 %2。</translation>
+    </message>
+    <message>
+        <source>%1: there is no &quot;%2&quot;.</source>
+        <translation>%1：没有“%2”。</translation>
+    </message>
+    <message>
+        <source>%1: a letter, then letters, digits, &quot;_&quot;, &quot;-&quot; and &quot;.&quot;.</source>
+        <translation>%1：以字母开头，其后为字母、数字、“_”、“-”和“.”。</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; has a meaning of its own.</source>
+        <translation>%1：“%2”有特殊含义。</translation>
+    </message>
+    <message>
+        <source>%1: there is a &quot;%2&quot; already.</source>
+        <translation>%1：已存在“%2”。</translation>
+    </message>
+    <message>
+        <source>%1: a letter, then letters, digits and &quot;_&quot;.</source>
+        <translation>%1：以字母开头，其后为字母、数字和“_”。</translation>
+    </message>
+    <message>
+        <source>%1: there is no file %2.</source>
+        <translation>%1：没有文件 %2。</translation>
+    </message>
+    <message>
+        <source>%1: there is no folder %2.</source>
+        <translation>%1：没有文件夹 %2。</translation>
+    </message>
+    <message>
+        <source>%1: %2 is a folder.</source>
+        <translation>%1：%2 是文件夹。</translation>
+    </message>
+    <message>
+        <source>%1: a whole number from %2 to %3.</source>
+        <translation>%1：%2 到 %3 之间的整数。</translation>
+    </message>
+    <message>
+        <source>%1: a number from %2 to %3.</source>
+        <translation>%1：%2 到 %3 之间的数。</translation>
+    </message>
+    <message>
+        <source>%1: a whole number from %2 on.</source>
+        <translation>%1：不小于 %2 的整数。</translation>
+    </message>
+    <message>
+        <source>%1: a number from %2 on.</source>
+        <translation>%1：不小于 %2 的数。</translation>
+    </message>
+    <message>
+        <source>%1: a whole number.</source>
+        <translation>%1：整数。</translation>
+    </message>
+    <message>
+        <source>%1: a number, as 2.5 or 1e-3.</source>
+        <translation>%1：数值，例如 2.5 或 1e-3。</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; stands alone.</source>
+        <translation>%1：“%2”必须单独使用。</translation>
+    </message>
+    <message>
+        <source>%1: each one only once.</source>
+        <translation>%1：每项只能出现一次。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: at least %n.</source>
+        <translation>
+            <numerusform>%1：至少 %n 个。</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>fennar::HistorySearch</name>
+    <message>
+        <source>Not in the history: %1</source>
+        <translation>历史中没有：%1</translation>
+    </message>
+    <message>
+        <source>Search in the history: %1</source>
+        <translation>在历史中搜索：%1</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::JournalCheck</name>
+    <message>
+        <source>Chec&amp;k</source>
+        <translation>检查(&amp;K)</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::JournalFiles</name>
+    <message>
+        <source>it is not a regular file, and cannot be compared with the text</source>
+        <translation>它不是普通文件，无法与文本比较</translation>
+    </message>
+    <message>
+        <source>it cannot be read back</source>
+        <translation>无法将其读回</translation>
+    </message>
+    <message>
+        <source>it has only %1 of %2 bytes</source>
+        <translation>它只有 %1 字节，应有 %2 字节</translation>
+    </message>
+    <message>
+        <source>%1 does not hold the whole journal: %2</source>
+        <translation>%1 未包含完整的日志脚本：%2</translation>
+    </message>
+    <message>
+        <source>Journal Not Saved</source>
+        <translation>日志脚本未保存</translation>
+    </message>
+    <message>
+        <source>The disk may be full. The journal counts as unsaved, and stays in the editor.</source>
+        <translation>磁盘可能已满。该日志脚本仍视为未保存，并保留在编辑器中。</translation>
+    </message>
+    <message>
+        <source>Journal Changed on Disk</source>
+        <translation>磁盘上的日志脚本已更改</translation>
+    </message>
+    <message>
+        <source>%1 was changed by another program.</source>
+        <translation>%1 已被其他程序更改。</translation>
+    </message>
+    <message>
+        <source>The journal has unsaved changes, too.</source>
+        <translation>该日志脚本也有未保存的更改。</translation>
+    </message>
+    <message>
+        <source>Until you decide, the journal is not saved. Reloading can be undone.</source>
+        <translation>在您决定之前，不会保存该日志脚本。重新载入可以撤消。</translation>
+    </message>
+    <message>
+        <source>&amp;Reload</source>
+        <translation>重新载入(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the Journal</source>
+        <translation>保留日志脚本(&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;Compare...</source>
+        <translation>比较(&amp;C)...</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>以后(&amp;L)</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>无法读取 %1</translation>
+    </message>
+    <message>
+        <source>Differences of %1</source>
+        <translation>%1 的差异</translation>
+    </message>
+    <message>
+        <source>Differences</source>
+        <translation>差异</translation>
+    </message>
+    <message>
+        <source>- only in the journal
++ only in the file</source>
+        <translation>- 仅在日志脚本中
++ 仅在文件中</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::JournalPlayer</name>
+    <message>
+        <source>Untitled</source>
+        <translation>未命名</translation>
+    </message>
+    <message>
+        <source>select from line %1 on in the journal editor and press Ctrl+F5</source>
+        <translation>在日志脚本编辑器中从第 %1 行开始选择，然后按 Ctrl+F5</translation>
+    </message>
+    <message>
+        <source>ERROR: a journal of the editor is being played; %1 is not
+</source>
+        <translation>ERROR: 正在播放编辑器中的日志脚本，因此未播放 %1
+</translation>
+    </message>
+    <message>
+        <source>Playing %1</source>
+        <translation>正在播放 %1</translation>
+    </message>
+    <message>
+        <source>Play Journal File</source>
+        <translation>播放日志脚本文件</translation>
+    </message>
+    <message>
+        <source>Journal Files (*.jou *.py);;All Files (*.*)</source>
+        <translation>日志脚本文件 (*.jou *.py);;所有文件 (*.*)</translation>
+    </message>
+    <message>
+        <source>Show Error</source>
+        <translation>显示错误</translation>
+    </message>
+    <message>
+        <source>The document that was played has been closed and is in no file.</source>
+        <translation>所播放的文档已关闭，且未保存到文件。</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::LevelView</name>
+    <message>
+        <source>Commands</source>
+        <translation>命令</translation>
+    </message>
+    <message>
+        <source>Go to %1</source>
+        <translation>转到“%1”</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::PanelOptions</name>
+    <message>
+        <source>Panel</source>
+        <translation>命令面板</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::PanelView</name>
+    <message>
+        <source>There are no commands.</source>
+        <translation>没有命令。</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::WindowKeys</name>
+    <message>
+        <source>&amp;Next Pane</source>
+        <translation>下一个窗格(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Pane</source>
+        <translation>上一个窗格(&amp;P)</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::geometry::GeometryDock</name>
+    <message>
+        <source>Model</source>
+        <translation>模型</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>体积</translation>
+    </message>
+    <message>
+        <source>Solids</source>
+        <translation>实体</translation>
+    </message>
+    <message>
+        <source>Mesh</source>
+        <translation>网格</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>of an earlier model</source>
+        <translation>属于较早的模型</translation>
+    </message>
+    <message>
+        <source>Nodes</source>
+        <translation>节点</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::geometry::GeometryFileHandler</name>
+    <message>
+        <source>Model Files (*.mdl)</source>
+        <translation>模型文件 (*.mdl)</translation>
+    </message>
+    <message>
+        <source>All Files (*)</source>
+        <translation>所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>Set Directory</source>
+        <translation>设置目录</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::geometry::GeometryWindow</name>
+    <message>
+        <source>&amp;Cylinder...</source>
+        <translation>圆柱体(&amp;C)...</translation>
+    </message>
+    <message>
+        <source>&amp;Sphere...</source>
+        <translation>球体(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>C&amp;one...</source>
+        <translation>圆锥体(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>&amp;Torus...</source>
+        <translation>圆环体(&amp;T)...</translation>
+    </message>
+    <message>
+        <source>&amp;Move...</source>
+        <translation>移动(&amp;M)...</translation>
+    </message>
+    <message>
+        <source>&amp;Rotate...</source>
+        <translation>旋转(&amp;R)...</translation>
+    </message>
+    <message>
+        <source>Co&amp;py...</source>
+        <translation>复制(&amp;P)...</translation>
+    </message>
+    <message>
+        <source>Re&amp;name...</source>
+        <translation>重命名(&amp;N)...</translation>
+    </message>
+    <message>
+        <source>&amp;Unite</source>
+        <translation>合并(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Su&amp;btract...</source>
+        <translation>相减(&amp;B)...</translation>
+    </message>
+    <message>
+        <source>&amp;Intersect</source>
+        <translation>相交(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>删除(&amp;D)</translation>
+    </message>
+    <message>
+        <source>M&amp;esh...</source>
+        <translation>划分网格(&amp;E)...</translation>
+    </message>
+    <message>
+        <source>&amp;List</source>
+        <translation>列表(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Mesh St&amp;atistics</source>
+        <translation>网格统计(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Mesh &amp;Quality</source>
+        <translation>网格质量(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>&amp;Geometry</source>
+        <translation>几何(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Geometry Commands</source>
+        <translation>几何命令(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Geometry Tools</source>
+        <translation>几何工具</translation>
+    </message>
+    <message>
+        <source>Bric&amp;k...</source>
+        <translation>长方体(&amp;K)...</translation>
+    </message>
+    <message>
+        <source>No solid is selected.</source>
+        <translation>未选择任何实体。</translation>
+    </message>
+    <message>
+        <source>Fewer than two solids are selected.</source>
+        <translation>选择的实体少于两个。</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::geometry::SaveQuestion</name>
+    <message>
+        <source>Replace File</source>
+        <translation>替换文件</translation>
+    </message>
+    <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 已存在。
+是否替换？</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::graphics::GraphicsView</name>
+    <message>
+        <source>Graphics</source>
+        <translation>图形</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::graphics::GraphicsWindow</name>
+    <message>
+        <source>&amp;Front</source>
+        <translation>前视图(&amp;F)</translation>
+    </message>
+    <message>
+        <source>B&amp;ack</source>
+        <translation>后视图(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Left</source>
+        <translation>左视图(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Right</source>
+        <translation>右视图(&amp;R)</translation>
+    </message>
+    <message>
+        <source>T&amp;op</source>
+        <translation>俯视图(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Bottom</source>
+        <translation>仰视图(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Isometric</source>
+        <translation>等轴测视图(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Fi&amp;t</source>
+        <translation>适合窗口(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Shaded</source>
+        <translation>着色(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Wireframe</source>
+        <translation>线框(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Mesh</source>
+        <translation>网格(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Graphics Tools</source>
+        <translation>图形工具</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::insert_command::InsertCommandDialog</name>
+    <message>
+        <source>&amp;Insert</source>
+        <translation>插入(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>命令</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>摘要</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::recovery::DocumentKeeper</name>
+    <message>
+        <source>Unsaved journals cannot be kept for a recovery: %1. It will be tried again.</source>
+        <translation>无法保留未保存的日志脚本以供恢复：%1。稍后将重试。</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::recovery::KeptDocument</name>
+    <message>
+        <source>Untitled</source>
+        <translation>未命名</translation>
+    </message>
+    <message>
+        <source>%1 (changed %2)</source>
+        <translation>%1（修改于 %2）</translation>
+    </message>
+    <message>
+        <source>Untitled model</source>
+        <translation>未命名模型</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::recovery::RecoveryOffer</name>
+    <message>
+        <source>&amp;Restore All</source>
+        <translation>全部恢复(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>放弃(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Keep for Later</source>
+        <translation>留待以后(&amp;K)</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>以及另外 %1 个</translation>
+    </message>
+    <message>
+        <source>Recover Unsaved Work</source>
+        <translation>恢复未保存的工作</translation>
+    </message>
+    <message>
+        <source>Unsaved work was kept when the program ended unexpectedly:</source>
+        <translation>程序意外结束时保留了未保存的工作：</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::recovery::WorkKeeper</name>
+    <message>
+        <source>Unsaved work cannot be kept for a recovery: %1. It will be tried again.</source>
+        <translation>无法保留未保存的工作以供恢复：%1。稍后将重试。</translation>
     </message>
 </context>
 </TS>

@@ -13,6 +13,8 @@
 
 #include <QApplication>
 
+using namespace fennar;
+
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);

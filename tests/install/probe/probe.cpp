@@ -18,6 +18,7 @@
 #include <QTextStream>
 #include <QToolBar>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

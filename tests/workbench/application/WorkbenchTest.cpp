@@ -12,6 +12,8 @@
 #include <QApplication>
 #include <QTest>
 
+using namespace fennar;
+
 WorkbenchTest::WorkbenchTest() = default;
 WorkbenchTest::~WorkbenchTest() = default;
 

@@ -8,9 +8,12 @@
 
 #include <memory>
 
-class CommandWidget;
+namespace fennar {
 class ConsoleOwner;
 class Workbench;
+} // namespace fennar
+
+class CommandWidget;
 
 /**
  * A test of the whole application: one workbench serves all functions of a class, since Python can be started
@@ -26,7 +29,7 @@ protected:
     ~WorkbenchTest() override;
 
     /** Called with the workbench before its window comes up. Does nothing here. */
-    virtual void prepare(Workbench&) {}
+    virtual void prepare(fennar::Workbench&) {}
     /** Called once, with the window active, before the first function. Does nothing here. */
     virtual void set_up_class() {}
     /** Called once, after the last function, while the window is still there. Does nothing here. */
@@ -37,7 +40,7 @@ protected:
     virtual void after_workbench() {}
 
     /** The one workbench; to be used from set_up_class() to tear_down_class(). */
-    Workbench& workbench() const { return *mWorkbench; }
+    fennar::Workbench& workbench() const { return *mWorkbench; }
     static Ostrel& window() { return *Ostrel::instance(); }
     /** The console's page for commands and Python. */
     CommandWidget* page() const;
@@ -57,7 +60,7 @@ protected slots:
     virtual void cleanupTestCase() final;
 
 private:
-    std::unique_ptr<Workbench> mWorkbench;
+    std::unique_ptr<fennar::Workbench> mWorkbench;
 };
 
 /** Runs a line where there is no console, and returns all that it has printed. */

@@ -44,6 +44,7 @@
 
 #include <stdexcept>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

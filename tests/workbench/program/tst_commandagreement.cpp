@@ -27,6 +27,7 @@
 #include <algorithm>
 #include <random>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -18,6 +18,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 using Kind = CommandParameter::Kind;
 using Result = CommandInterpreter::Result;

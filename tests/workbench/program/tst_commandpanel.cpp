@@ -35,6 +35,7 @@
 #include <QTest>
 #include <QTreeWidget>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 using Kind = CommandParameter::Kind;
 

@@ -16,6 +16,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** A disk that fills up while the program saves a journal. */

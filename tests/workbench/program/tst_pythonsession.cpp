@@ -17,6 +17,7 @@
 #include <QTimer>
 #include <QToolButton>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** A session in the console's Python mode, as a journal and as a script. */

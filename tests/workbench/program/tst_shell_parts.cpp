@@ -22,6 +22,7 @@
 #include <QToolBar>
 #include <QTreeWidgetItem>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** That the kit and the program find what they need of the shell's windows, by the names that the shell gives

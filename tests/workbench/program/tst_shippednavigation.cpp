@@ -9,6 +9,7 @@
 #include <QRegularExpression>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** The navigation files that come with the workbench, read from where the executable looks for them. */

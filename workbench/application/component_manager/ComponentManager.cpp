@@ -26,12 +26,13 @@
 #include <chrono>
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
+
+namespace fennar {
 
 namespace {
 
 /** How long the start waits for a command that runs before it looks again. */
-constexpr auto command_patience = 50ms;
+constexpr std::chrono::milliseconds command_patience(50);
 
 QString name_of_file(const QString& file)
 {
@@ -70,7 +71,7 @@ struct ComponentManager::Entry
     qint64 file_size = -1;
     ComponentMetadata metadata;
     /** Exists while the component is loaded. */
-    std::unique_ptr<fennar::ComponentContext> context;
+    std::unique_ptr<ComponentContext> context;
 
     /** Reads what the file tells, unless that has been done and it is the same. */
     void look_into_file();
@@ -130,12 +131,12 @@ QString ComponentManager::component_directory() const
 
 QString ComponentManager::component_path() const
 {
-    return ::component_path();
+    return fennar::component_path();
 }
 
 void ComponentManager::set_component_path(const QString& path)
 {
-    ::set_component_path(path);
+    fennar::set_component_path(path);
 }
 
 void ComponentManager::search()
@@ -392,7 +393,7 @@ QString ComponentManager::run_load(Entry& entry)
     mInterpreter.registry().remove_owner(entry.about.name);
     entry.about.state = State::Loading;
     tell(&ComponentTracker::component_loading, entry);
-    entry.context = std::make_unique<fennar::ComponentContext>(
+    entry.context = std::make_unique<ComponentContext>(
         entry.about.name, [this, &entry](const QString& text) { report(entry, text); });
     try {
         entry.component->load(*entry.context);
@@ -495,3 +496,5 @@ void ComponentManager::remember_off(const QString& name, bool off) const
     if (mRemember)
         set_component_off(name, off);
 }
+
+} // namespace fennar

@@ -14,6 +14,8 @@
 #include <memory>
 #include <vector>
 
+namespace fennar {
+
 class CommandInterpreter;
 
 /**
@@ -160,3 +162,5 @@ private:
     bool mBusy = false;
     std::unique_ptr<QObject> mTurns;
 };
+
+} // namespace fennar

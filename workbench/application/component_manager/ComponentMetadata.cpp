@@ -13,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** Owner marks that are not for components. */
@@ -85,3 +87,5 @@ ComponentMetadata ComponentMetadata::read(const QString& file)
     result.commands = strings(own.value("commands"_L1));
     return result;
 }
+
+} // namespace fennar

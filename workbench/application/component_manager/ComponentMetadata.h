@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+namespace fennar {
+
 /** What the file of a component tells of it before any of its code runs. */
 struct ComponentMetadata
 {
@@ -30,3 +32,5 @@ struct ComponentMetadata
     /** The commands that it adds. */
     QStringList commands;
 };
+
+} // namespace fennar

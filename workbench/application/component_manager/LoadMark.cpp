@@ -9,6 +9,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 const auto note_ending = u".loading"_s;
@@ -91,3 +93,5 @@ QStringList LoadMark::take_crashed()
     }
     return files;
 }
+
+} // namespace fennar

@@ -9,6 +9,8 @@
 
 #include <memory>
 
+namespace fennar {
+
 /**
  * Notes on disk which component is being loaded, so that the next start knows it if the program does not
  * survive that.
@@ -43,3 +45,5 @@ private:
     /** Held from the first note until the end: making it costs more than a note. */
     std::unique_ptr<QLockFile> mLock;
 };
+
+} // namespace fennar

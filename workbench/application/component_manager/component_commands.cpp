@@ -12,6 +12,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 QList<CommandFileFilter> component_filters()
@@ -165,3 +167,5 @@ void register_component_commands(CommandRegistry& registry, ComponentManager& ma
     offer(other_component, false);
     registry.add_all(owner, {components_command(manager), load_command(manager), unload_command(manager)});
 }
+
+} // namespace fennar

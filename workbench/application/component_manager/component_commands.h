@@ -5,6 +5,8 @@
 
 #include <QLatin1StringView>
 
+namespace fennar {
+
 class CommandRegistry;
 class ComponentManager;
 
@@ -14,3 +16,5 @@ inline constexpr QLatin1StringView other_component("unloaded component");
 
 /** Adds load, unload and components to @p registry, with the owner "workbench". The manager outlives them. */
 void register_component_commands(CommandRegistry& registry, ComponentManager& manager);
+
+} // namespace fennar

@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 const auto path_key = u"/fennar/components/path"_s;
@@ -99,3 +101,5 @@ void set_component_crashed(const QString& file, bool crashed)
 {
     store(crashed_key, file, crashed);
 }
+
+} // namespace fennar

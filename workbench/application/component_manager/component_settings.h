@@ -5,6 +5,8 @@
 
 #include <QString>
 
+namespace fennar {
+
 // What is kept of components from one start to the next.
 
 /** The directories that are searched, joined with ";". The environment's stand above those in the settings.
@@ -26,3 +28,5 @@ void set_component_off(const QString& name, bool off);
 bool has_component_crashed(const QString& file);
 /** Keeps that, or forgets it. */
 void set_component_crashed(const QString& file, bool crashed);
+
+} // namespace fennar

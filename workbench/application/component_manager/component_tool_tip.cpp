@@ -7,6 +7,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 QString component_tool_tip(const ComponentManager::Component& component)
 {
     QStringList lines{component.file};
@@ -17,3 +19,5 @@ QString component_tool_tip(const ComponentManager::Component& component)
         lines << QCoreApplication::translate("Workbench", "Needs: %1").arg(component.needs.join(u", "_s));
     return lines.join(u'\n');
 }
+
+} // namespace fennar

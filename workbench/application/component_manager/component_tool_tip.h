@@ -7,6 +7,10 @@
 
 #include <QString>
 
+namespace fennar {
+
 /** What the plugin tool tells of a component beside its name and version, loaded or not: lines in the user's
  * language. */
 QString component_tool_tip(const ComponentManager::Component& component);
+
+} // namespace fennar

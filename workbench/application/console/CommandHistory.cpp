@@ -13,6 +13,8 @@
 #include <tuple>
 #include <utility>
 
+namespace fennar {
+
 namespace {
 
 /** Entries that may gather in the file beyond the limit before it is written anew. */
@@ -131,3 +133,5 @@ void CommandHistory::reset_position()
     mPosition = mEntries.size();
     mTyped.clear();
 }
+
+} // namespace fennar

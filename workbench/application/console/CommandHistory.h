@@ -8,6 +8,8 @@
 
 class QIODevice;
 
+namespace fennar {
+
 /**
  * The commands entered so far, oldest first, and the place in them that Up and Down have reached.
  *
@@ -68,3 +70,5 @@ private:
     qsizetype mPosition = 0;
     QString mTyped;
 };
+
+} // namespace fennar

@@ -14,6 +14,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** Blanks between two columns. */
@@ -121,3 +123,5 @@ QString in_columns(const QStringList& names, qsizetype width)
     }
     return text;
 }
+
+} // namespace fennar

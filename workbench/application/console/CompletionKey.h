@@ -14,6 +14,8 @@
 class CommandWidget;
 class QPlainTextEdit;
 
+namespace fennar {
+
 /**
  * Completes on Tab what is typed ahead of the caret.
  *
@@ -59,3 +61,5 @@ void replace_typed(QPlainTextEdit* page, qsizetype start, qsizetype caret, const
 
 /** @p names in columns, down the first one and on in the next, in lines of at most @p width characters. */
 QString in_columns(const QStringList& names, qsizetype width);
+
+} // namespace fennar

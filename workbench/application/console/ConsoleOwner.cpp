@@ -19,6 +19,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** The owner mark of the pages in the journal editor. */
@@ -265,3 +267,5 @@ void ConsoleOwner::forget_pending()
     mIncomplete = false;
     mIndent.clear();
 }
+
+} // namespace fennar

@@ -17,9 +17,12 @@
 
 class CommandWidget;
 class CommandWindow;
+class JournalEditor;
+
+namespace fennar {
+
 class CompletionKey;
 class HistorySearch;
-class JournalEditor;
 class LineInterpreter;
 class OutputDrag;
 
@@ -139,3 +142,5 @@ private:
     QString mIndent;
     bool mHistoryBroken = false;
 };
+
+} // namespace fennar

@@ -18,6 +18,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** What the page knows about a line of its text. */
@@ -188,3 +190,5 @@ bool ErrorPage::activate(const QTextBlock& block)
         emit place_activated(*place);
     return place.has_value();
 }
+
+} // namespace fennar

@@ -14,6 +14,8 @@
 
 class QTextBlock;
 
+namespace fennar {
+
 /** A line of a journal, in a file or in a document of the editor that may have none. */
 struct JournalPlace
 {
@@ -80,3 +82,5 @@ private:
     /** Tells the lines of one error from those of the next. */
     int mError = 0;
 };
+
+} // namespace fennar

@@ -20,6 +20,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** How far the hint's text stands from its left side, in pixels. */
@@ -245,3 +247,5 @@ void HistorySearch::place_hint()
     const int lowest = std::max(mPage->viewport()->height() - mHint->height(), 0);
     mHint->move(0, std::clamp(above >= 0 ? above : line.bottom() + 1, 0, lowest));
 }
+
+} // namespace fennar

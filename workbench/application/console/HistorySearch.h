@@ -6,10 +6,13 @@
 #include <QObject>
 #include <QString>
 
-class CommandHistory;
 class CommandWidget;
 class QKeyEvent;
 class QLabel;
+
+namespace fennar {
+
+class CommandHistory;
 
 /**
  * Searches the history from the command line: Ctrl+R begins, each key typed narrows, Ctrl+R again goes to an
@@ -65,3 +68,5 @@ private:
     bool mActive = false;
     bool mFailed = false;
 };
+
+} // namespace fennar

@@ -7,6 +7,8 @@
 
 #include <QString>
 
+namespace fennar {
+
 /** What runs the lines of one console mode. The console owner knows no more of it than this. */
 class LineInterpreter
 {
@@ -34,3 +36,5 @@ public:
         return {.start = caret};
     }
 };
+
+} // namespace fennar

@@ -11,6 +11,8 @@
 #include <QMouseEvent>
 #include <QTextDocumentFragment>
 
+namespace fennar {
+
 OutputDrag::OutputDrag(CommandWidget* page) : mPage(page)
 {
     page->viewport()->installEventFilter(this);
@@ -70,3 +72,5 @@ void OutputDrag::drag()
     // The page may be gone when this returns.
     drag->exec(Qt::CopyAction);
 }
+
+} // namespace fennar

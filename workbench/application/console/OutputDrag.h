@@ -9,6 +9,8 @@
 
 class CommandWidget;
 
+namespace fennar {
+
 /**
  * Lets output be dragged out of a console page as a copy only.
  *
@@ -35,3 +37,5 @@ private:
     QTextCursor mSelected;
     QPoint mPressed;
 };
+
+} // namespace fennar

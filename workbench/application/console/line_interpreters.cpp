@@ -9,6 +9,8 @@
 #include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/commands/complete_command.h"
 
+namespace fennar {
+
 namespace {
 
 class CommandLines : public LineInterpreter
@@ -77,3 +79,5 @@ LineCompletion complete_python(const QString& line, qsizetype caret, const QStri
     const PythonConsole console(PythonRuntime::user_namespace());
     return completion_of(console.complete(line, caret, before));
 }
+
+} // namespace fennar

@@ -9,6 +9,8 @@
 
 #include <memory>
 
+namespace fennar {
+
 /** Runs lines of the command language, and completes them. */
 std::unique_ptr<LineInterpreter> make_command_lines();
 /** Runs lines of Python as the user, and completes them. */
@@ -17,3 +19,5 @@ std::unique_ptr<LineInterpreter> make_python_lines();
 /** Completes a line of Python that is not on the console, by the user's names. @p before has the lines ahead
  * of it in its statement. */
 LineCompletion complete_python(const QString& line, qsizetype caret, const QString& before);
+
+} // namespace fennar

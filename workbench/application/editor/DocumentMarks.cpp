@@ -13,6 +13,8 @@
 
 #include <algorithm>
 
+namespace fennar {
+
 namespace {
 
 /** The state of a line that ends a command; Qt's for a line that has none. */
@@ -159,3 +161,5 @@ void DocumentMarks::underline(int length)
         setFormat(start, end - start, wrong);
     }
 }
+
+} // namespace fennar

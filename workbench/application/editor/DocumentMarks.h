@@ -8,6 +8,8 @@
 #include <QList>
 #include <QSyntaxHighlighter>
 
+namespace fennar {
+
 class CommandRegistry;
 
 /**
@@ -72,3 +74,5 @@ private:
     const CommandRegistry* mRegistry = nullptr;
     bool mDark = false;
 };
+
+} // namespace fennar

@@ -14,6 +14,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 EditorCompletion::EditorCompletion(QPlainTextEdit* page, const Complete& complete)
     : QObject(page), mPage(page), mComplete(complete)
 {
@@ -109,3 +111,5 @@ void EditorCompletion::choose(int row)
         replace_typed(mPage, mListed.start, mPage->textCursor().positionInBlock(),
                       mListed.candidates[row].inserted);
 }
+
+} // namespace fennar

@@ -14,6 +14,8 @@
 class QPlainTextEdit;
 class QTextCursor;
 
+namespace fennar {
+
 /**
  * Completes on Tab what is typed ahead of the caret of a document, as the console does.
  *
@@ -48,3 +50,5 @@ private:
     QStringListModel mNames;
     QCompleter mList;
 };
+
+} // namespace fennar

@@ -20,6 +20,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 bool is_python(const QPlainTextEdit* document)
@@ -217,3 +219,5 @@ LineCompletion EditorLanguage::complete(const QPlainTextEdit* document, const QT
     const QTextBlock line = caret.block();
     return mCompletePython(line.text(), caret.positionInBlock(), begun_statement(line));
 }
+
+} // namespace fennar

@@ -12,11 +12,14 @@
 
 #include <functional>
 
-class CommandInterpreter;
 class JournalEditor;
 class QPlainTextEdit;
 class QTabWidget;
 class QTextCursor;
+
+namespace fennar {
+
+class CommandInterpreter;
 
 /**
  * Makes the journal editor know the languages of its documents: their words are colored, those of commands
@@ -80,3 +83,5 @@ private:
     /** When the commands have changed, of which many may come at a time. */
     QTimer mCommandsChanged;
 };
+
+} // namespace fennar

@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 constexpr auto colors_key = "/fennar/editor/colors"_L1;
@@ -46,3 +48,5 @@ void EditorOptions::save()
     settings.setValue(colors_key, mForm->cbColors->isChecked());
     settings.setValue(completes_key, mForm->cbCompletes->isChecked());
 }
+
+} // namespace fennar

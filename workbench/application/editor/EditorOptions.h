@@ -11,6 +11,8 @@ namespace Ui {
 class QtEditorOptions;
 }
 
+namespace fennar {
+
 /** The page "Journal Editor" of the options dialog: what the editor does with what it knows of languages. */
 class EditorOptions : public QWidget
 {
@@ -33,3 +35,5 @@ public:
 private:
     const std::unique_ptr<Ui::QtEditorOptions> mForm;
 };
+
+} // namespace fennar

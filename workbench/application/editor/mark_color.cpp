@@ -3,6 +3,8 @@
 
 #include "workbench/application/editor/mark_color.h"
 
+namespace fennar {
+
 QRgb mark_color(LineMark::Kind kind, bool dark)
 {
     switch (kind) {
@@ -23,3 +25,5 @@ QRgb mark_color(LineMark::Kind kind, bool dark)
     }
     return dark ? 0xffc0c6ce : 0xff5f6570;
 }
+
+} // namespace fennar

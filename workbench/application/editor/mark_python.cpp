@@ -8,6 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 using Kind = LineMark::Kind;
@@ -157,3 +159,5 @@ PythonLine mark_python(const QString& line, PythonString string)
 {
     return Marker(line).run(string);
 }
+
+} // namespace fennar

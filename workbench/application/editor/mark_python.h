@@ -8,6 +8,8 @@
 #include <QList>
 #include <QString>
 
+namespace fennar {
+
 /** The string of Python that a line ends in. */
 enum class PythonString {
     None,
@@ -37,3 +39,5 @@ struct PythonLine
  * @param string  what the line before has ended in.
  */
 PythonLine mark_python(const QString& line, PythonString string = PythonString::None);
+
+} // namespace fennar

@@ -17,6 +17,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 JournalCheck::JournalCheck(JournalEditor* editor, CommandInterpreter& interpreter, const Print& print,
                            const Print& print_error)
     : mEditor(editor),
@@ -76,3 +78,5 @@ void JournalCheck::check()
     journal->setTextCursor(QTextCursor(journal->document()->findBlockByNumber(int(faults.first().line) - 1)));
     journal->centerCursor();
 }
+
+} // namespace fennar

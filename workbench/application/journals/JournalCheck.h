@@ -9,9 +9,12 @@
 
 #include <functional>
 
-class CommandInterpreter;
 class JournalEditor;
 class QAction;
+
+namespace fennar {
+
+class CommandInterpreter;
 
 /**
  * Looks for errors in the journals of the editor without running them: the entry "Check" in the context menu
@@ -48,3 +51,5 @@ private:
     Print mPrintError;
     QAction* mAction;
 };
+
+} // namespace fennar

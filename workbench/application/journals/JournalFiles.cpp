@@ -32,6 +32,8 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace fennar {
+
 namespace {
 
 /** How long a file is left alone after a change. */
@@ -463,3 +465,5 @@ bool asks_before_it_closes(const JournalEditor* editor)
     }
     return false;
 }
+
+} // namespace fennar

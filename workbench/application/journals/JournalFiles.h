@@ -22,6 +22,8 @@ class QAction;
 class QPlainTextEdit;
 class QTabWidget;
 
+namespace fennar {
+
 /**
  * Sees to it that the journals of the editor and their files do not part unnoticed.
  *
@@ -117,3 +119,5 @@ private:
 
 /** Whether the editor asks about unsaved journals before it closes. Not null. */
 bool asks_before_it_closes(const JournalEditor* editor);
+
+} // namespace fennar

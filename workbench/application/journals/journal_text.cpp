@@ -5,6 +5,8 @@
 
 #include <QList>
 
+namespace fennar {
+
 QString journal_text(const QByteArray& bytes)
 {
     QString text;
@@ -12,3 +14,5 @@ QString journal_text(const QByteArray& bytes)
         text += QString::fromUtf8(line.constData()) + u'\n';
     return text;
 }
+
+} // namespace fennar

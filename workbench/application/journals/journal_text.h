@@ -6,6 +6,10 @@
 #include <QByteArray>
 #include <QString>
 
+namespace fennar {
+
 /** The text that the editor makes of a file: each line up to its first NUL, and a line feed behind the last.
  */
 QString journal_text(const QByteArray& bytes);
+
+} // namespace fennar

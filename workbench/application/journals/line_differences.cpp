@@ -8,6 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 constexpr qsizetype context = 3;
@@ -89,3 +91,5 @@ QStringList line_differences(const QStringList& before, const QStringList& after
         shown << u"..."_s;
     return shown;
 }
+
+} // namespace fennar

@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+namespace fennar {
+
 /**
  * How two texts differ, line by line: "- " leads a line that only @p before has, "+ " one that only @p after
  * has, and two blanks one of up to three equal lines around a difference; "..." stands for those left out.
@@ -13,3 +15,5 @@
  * follow those of the other.
  */
 QStringList line_differences(const QStringList& before, const QStringList& after);
+
+} // namespace fennar

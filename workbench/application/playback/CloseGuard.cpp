@@ -8,6 +8,8 @@
 
 #include <utility>
 
+namespace fennar {
+
 void CloseGuard::watch(QWidget* window, const Hold& hold)
 {
     mWindows.append({window, hold});
@@ -39,3 +41,5 @@ bool CloseGuard::eventFilter(QObject* object, QEvent* event)
     }
     return false;
 }
+
+} // namespace fennar

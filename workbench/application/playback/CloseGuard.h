@@ -11,6 +11,8 @@
 
 class QWidget;
 
+namespace fennar {
+
 /**
  * Puts off the closing of windows while something runs.
  *
@@ -45,3 +47,5 @@ private:
     QList<Window> mWindows;
     bool mRunning = false;
 };
+
+} // namespace fennar

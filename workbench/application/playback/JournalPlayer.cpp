@@ -24,6 +24,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** The editor puts an empty element ahead of lines that do not begin with the document's first, or if that is
@@ -157,9 +159,8 @@ void JournalPlayer::play(const QStringList& lines, const Source& source, const P
 void JournalPlayer::play_file()
 {
     const Alive alive(this);
-    const QString file =
-        fennar::modal_dialogs::ask_open_file(mWindow, tr("Play Journal File"), OstrelFileMenu::mPath,
-                                             tr("Journal Files (*.jou *.py);;All Files (*.*)"));
+    const QString file = modal_dialogs::ask_open_file(mWindow, tr("Play Journal File"), OstrelFileMenu::mPath,
+                                                      tr("Journal Files (*.jou *.py);;All Files (*.*)"));
     if (file.isEmpty() || !alive)
         return;
     OstrelFileMenu::set_path_from_file(file);
@@ -188,9 +189,9 @@ void JournalPlayer::show_place(const JournalPlace& place)
     if (tab >= 0) {
         tabs->setCurrentIndex(tab);
     } else if (place.file.isEmpty()) {
-        fennar::modal_dialogs::show_message(
-            QMessageBox::Information, mWindow, tr("Show Error"),
-            tr("The document that was played has been closed and is in no file."), QMessageBox::Ok);
+        modal_dialogs::show_message(QMessageBox::Information, mWindow, tr("Show Error"),
+                                    tr("The document that was played has been closed and is in no file."),
+                                    QMessageBox::Ok);
         return;
     } else {
         editor->open_file(place.file);
@@ -209,3 +210,5 @@ void JournalPlayer::show_place(const JournalPlace& place)
         mark_line(document, place.line);
     }
 }
+
+} // namespace fennar

@@ -14,8 +14,11 @@
 #include <memory>
 #include <optional>
 
-class ConsoleOwner;
 class Ostrel;
+
+namespace fennar {
+
+class ConsoleOwner;
 
 /**
  * Plays what the user asks the window to play: the journal editor's documents and selections, and the files
@@ -69,3 +72,5 @@ private:
     QString mName;
     JournalPlace mOrigin;
 };
+
+} // namespace fennar

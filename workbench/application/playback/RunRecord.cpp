@@ -17,6 +17,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 QJsonObject json_of_entity(const CommandValue::EntityReference& entity, const CommandEntities& entities,
@@ -224,3 +226,5 @@ void RunRecord::end(const CommandRun& run)
         mFailure = {};
     mOwnTime += mClock.nsecsElapsed() - now;
 }
+
+} // namespace fennar

@@ -16,6 +16,8 @@
 
 #include <utility>
 
+namespace fennar {
+
 class CommandEntities;
 struct PythonScriptFailure;
 
@@ -75,3 +77,5 @@ private:
     /** How much of the time was spent for the record. */
     qint64 mOwnTime = 0;
 };
+
+} // namespace fennar

@@ -21,6 +21,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 using Outcome = Playback::Outcome;
@@ -105,3 +107,5 @@ int play_job(const BatchJob& job, BatchListener& listener, const std::function<v
     }
     return outcome == Outcome::Refused ? 2 : outcome == Outcome::Played ? 0 : 1;
 }
+
+} // namespace fennar

@@ -10,6 +10,8 @@
 
 #include <functional>
 
+namespace fennar {
+
 struct PythonScriptFailure;
 
 /** What a batch run is to do. */
@@ -45,3 +47,5 @@ struct BatchListener
  */
 int play_job(const BatchJob& job, BatchListener& listener, const std::function<void(const QString&)>& report,
              const std::function<bool()>& quitting);
+
+} // namespace fennar

@@ -12,6 +12,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 /** Whether reading from the file has to wait for others. */
 static bool is_pipe(const QString& path)
 {
@@ -31,3 +33,5 @@ Playback::Outcome play_from_anywhere(Playback& playback, const QString& journal,
         return playback.play_device(file, journal, settings);
     return playback.play(journal, 1, settings);
 }
+
+} // namespace fennar

@@ -7,6 +7,8 @@
 
 #include <QString>
 
+namespace fennar {
+
 /**
  * Plays a journal that may come from another program.
  *
@@ -15,3 +17,5 @@
  */
 Playback::Outcome play_from_anywhere(Playback& playback, const QString& journal,
                                      const QList<JournalSetting>& settings);
+
+} // namespace fennar

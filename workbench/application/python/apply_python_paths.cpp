@@ -13,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** What is wrong with a directory, to stand behind its name; empty if nothing is. */
@@ -65,3 +67,5 @@ QStringList apply_python_paths(FennarPythonInterpreter* python)
     }
     return errors;
 }
+
+} // namespace fennar

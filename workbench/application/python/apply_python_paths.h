@@ -8,6 +8,8 @@
 
 class FennarPythonInterpreter;
 
+namespace fennar {
+
 /** The directories in a text in which ";" parts them. Blanks around a name, and empty names, do not count. */
 QStringList split_python_paths(const QString& paths);
 
@@ -19,3 +21,5 @@ QStringList split_python_paths(const QString& paths);
  * @return a line for the user for each directory that could not be added; empty if all went well.
  */
 QStringList apply_python_paths(FennarPythonInterpreter* python);
+
+} // namespace fennar

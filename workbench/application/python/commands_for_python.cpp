@@ -11,6 +11,8 @@
 
 #include <stdexcept>
 
+namespace fennar {
+
 std::optional<PythonCommandFailure> CommandsForPython::run(const QString& text) const
 {
     CommandInterpreter& interpreter = Fennar::instance().interpreter();
@@ -39,3 +41,5 @@ void CommandsForPython::extend(struct _object* module) const
                                  .picture = &draw_picture,
                                  .check_caller = &PythonRuntime::require_gui_thread});
 }
+
+} // namespace fennar

@@ -11,6 +11,10 @@
 #include <functional>
 #include <optional>
 
+struct _object; // NOLINT(bugprone-reserved-identifier): the name that Python gives it
+
+namespace fennar {
+
 /** What running commands for Python needs of the application. */
 struct CommandsForPython
 {
@@ -26,3 +30,5 @@ struct CommandsForPython
     /** For PythonHooks::extend: actions, and a function for each command. */
     void extend(struct _object* module) const;
 };
+
+} // namespace fennar

@@ -17,6 +17,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** How often it is looked whether all is there, in milliseconds. */
@@ -94,3 +96,5 @@ QByteArray draw_picture(const PythonPicture& picture)
         throw CommandError(u"the picture could not be drawn"_s);
     return file.data();
 }
+
+} // namespace fennar

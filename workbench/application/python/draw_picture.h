@@ -5,6 +5,8 @@
 
 #include "workbench/host/fennar_python/commands/python_commands.h"
 
+namespace fennar {
+
 /**
  * Draws what there is to see, for the function view() of Python: waits for shapes that are still to come, and
  * lets the application have its turns meanwhile. For PythonCommandServices::picture.
@@ -12,3 +14,5 @@
  * @return the picture as a PNG file. Throws a CommandError if something of it is not there, or nobody draws.
  */
 QByteArray draw_picture(const PythonPicture& picture);
+
+} // namespace fennar

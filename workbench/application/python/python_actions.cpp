@@ -20,6 +20,8 @@
 
 namespace py = pybind11;
 
+namespace fennar {
+
 namespace {
 
 /** What must not outlive Python. Touched with Python's lock held. */
@@ -208,3 +210,5 @@ void add_python_actions(PyObject* module)
                "remove_menu_items(component)\n\nRemoves what was added under that name.");
     py::module_::import("atexit").attr("register")(py::cpp_function(&let_go));
 }
+
+} // namespace fennar

@@ -5,6 +5,8 @@
 
 struct _object; // NOLINT(bugprone-reserved-identifier): the name that Python gives it
 
+namespace fennar {
+
 /**
  * Gives the Python module @p module what scripts need to add entries to the menus: the class PyAction and the
  * functions is_loaded(), add_to_menu() and remove_menu_items(). To be used as PythonHooks::extend.
@@ -13,3 +15,5 @@ struct _object; // NOLINT(bugprone-reserved-identifier): the name that Python gi
  * removed or Python ends, which removes them.
  */
 void add_python_actions(struct _object* module);
+
+} // namespace fennar

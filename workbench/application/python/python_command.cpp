@@ -11,6 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** "python STATEMENT...": the words, joined with blanks, are one Python source. */
@@ -44,3 +46,5 @@ void register_python_command(CommandRegistry& registry)
          .runs_commands = true,
          .long_running = true});
 }
+
+} // namespace fennar

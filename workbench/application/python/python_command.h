@@ -3,7 +3,11 @@
 
 #pragma once
 
+namespace fennar {
+
 class CommandRegistry;
 
 /** Adds the command "python", which runs a statement as the user's own, to @p registry. */
 void register_python_command(CommandRegistry& registry);
+
+} // namespace fennar

@@ -5,6 +5,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 QString python_literal(QString text)
 {
     text.replace(u'\\', u"\\\\"_s);
@@ -13,3 +15,5 @@ QString python_literal(QString text)
     text.replace(u'\r', u"\\r"_s);
     return u'\'' + text + u'\'';
 }
+
+} // namespace fennar

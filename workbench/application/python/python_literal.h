@@ -5,5 +5,9 @@
 
 #include <QString>
 
+namespace fennar {
+
 /** @p text as a string literal of Python. */
 QString python_literal(QString text);
+
+} // namespace fennar

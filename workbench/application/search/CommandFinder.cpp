@@ -26,6 +26,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** The owner mark of the entry in the menu. */
@@ -61,7 +63,7 @@ CommandFinder::CommandFinder(Ostrel* window, const CommandRegistry& registry, co
     window->tools_menu()->add_item(mAction, owner);
     window->journal_editor()->addAction(mAction);
     for (QAction* action : file_actions(window))
-        fennar::set_disabled_reason(action, tr("No loaded component does this."));
+        set_disabled_reason(action, tr("No loaded component does this."));
     // Any number of changes in one turn are one for the list.
     mRefresh.setSingleShot(true);
     connect(&mRefresh, &QTimer::timeout, this, &CommandFinder::refresh);
@@ -218,3 +220,5 @@ void CommandFinder::show_page(const QString& page)
     if (option_pages(mWindow->options()).contains(page))
         mWindow->options()->show_panel(page);
 }
+
+} // namespace fennar

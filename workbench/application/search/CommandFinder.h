@@ -10,10 +10,13 @@
 #include <QPointer>
 #include <QTimer>
 
-class CommandRegistry;
-class CommandSearch;
 class Ostrel;
 class QAction;
+
+namespace fennar {
+
+class CommandRegistry;
+class CommandSearch;
 
 /**
  * The entry "Find Command..." of the menu "Tools", whose key also works in the journal editor: it opens the
@@ -74,3 +77,5 @@ private:
     QTimer mRefresh;
     bool mBusy = false;
 };
+
+} // namespace fennar

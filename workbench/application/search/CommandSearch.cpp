@@ -19,6 +19,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** How many rows there is room for in a window that is high enough. */
@@ -279,3 +281,5 @@ bool CommandSearch::focusNextPrevChild(bool)
 {
     return true;
 }
+
+} // namespace fennar

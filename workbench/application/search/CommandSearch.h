@@ -14,10 +14,14 @@
 #include <memory>
 
 class QMainWindow;
-class SearchModel;
+
 namespace Ui {
 class QtCommandSearch;
 }
+
+namespace fennar {
+
+class SearchModel;
 
 /**
  * The field of the command search with the list of what it has found, which hangs below the menu bar of a
@@ -74,3 +78,5 @@ private:
     /** What each column needs, in pixels. */
     std::array<int, 3> mWidths = {};
 };
+
+} // namespace fennar

@@ -7,6 +7,8 @@
 
 #include <functional>
 
+namespace fennar {
+
 /** One thing that the command search finds. */
 struct SearchEntry
 {
@@ -31,3 +33,5 @@ inline QString search_id(const SearchEntry& entry)
 {
     return entry.place + QStringLiteral(" > ") + entry.text;
 }
+
+} // namespace fennar

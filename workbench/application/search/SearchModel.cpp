@@ -11,6 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** Where a word stands in a text, the best place first. */
@@ -157,3 +159,5 @@ void SearchModel::find()
     for (const Found& one : found)
         mRows << one.index;
 }
+
+} // namespace fennar

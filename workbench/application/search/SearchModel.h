@@ -9,6 +9,8 @@
 #include <QList>
 #include <QStringList>
 
+namespace fennar {
+
 /**
  * The entries of the command search that have the words sought, the best first: a row for each, with what it
  * is called, its place and its keys.
@@ -69,3 +71,5 @@ private:
     /** The indices of the entries shown. */
     QList<qsizetype> mRows;
 };
+
+} // namespace fennar

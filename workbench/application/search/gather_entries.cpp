@@ -20,6 +20,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 QString translated(const char* text)
@@ -37,7 +39,7 @@ QString refusal_of(const QAction* action, const QList<QPointer<QMenu>>& path)
                                        [](const QAction* one) { return !one || !one->isEnabled(); });
     if (disabled == above.end())
         return {};
-    const QString reason = *disabled ? fennar::disabled_reason(*disabled) : QString();
+    const QString reason = *disabled ? disabled_reason(*disabled) : QString();
     return reason.isEmpty() ? translated(QT_TRANSLATE_NOOP("CommandSearch", "Not available now.")) : reason;
 }
 
@@ -183,3 +185,5 @@ QList<SearchEntry> gather_recent_files(const QList<std::pair<QString, QAction*>>
     }
     return entries;
 }
+
+} // namespace fennar

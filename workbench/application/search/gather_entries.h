@@ -13,11 +13,14 @@
 
 #include <utility>
 
-class CommandRegistry;
 class QAbstractItemModel;
 class QAction;
 class QMenu;
 class QMenuBar;
+
+namespace fennar {
+
+class CommandRegistry;
 struct Command;
 
 // What the command search offers, from where it stands. What the entries run is looked for again when they
@@ -38,7 +41,7 @@ QString plain_menu_text(const QString& text);
 
 /**
  * The entries of the menus of @p bar that are not hidden. Those that are disabled, or stand in a menu that
- * is, cannot be run, and say why as fennar::disabled_reason() has it.
+ * is, cannot be run, and say why as disabled_reason() has it.
  *
  * @param above    stands in front of the places; empty for nothing.
  * @param without  entries that are left out.
@@ -61,3 +64,5 @@ QList<SearchEntry> gather_pages(const QStringList& pages, const UseName& show);
 
 /** Recent files, from their names and their entries in the menu "File". */
 QList<SearchEntry> gather_recent_files(const QList<std::pair<QString, QAction*>>& files);
+
+} // namespace fennar

@@ -12,6 +12,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace fennar {
+
 /**
  * Settings in memory for QSettings to read, which wants a name. Each has a time of its own: Qt keeps what it
  * has read once under a name, and tells the first reader alone what was wrong, until the file has another
@@ -43,3 +45,5 @@ private:
     int mFile;
     bool mIsValid = false;
 };
+
+} // namespace fennar

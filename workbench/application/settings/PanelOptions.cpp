@@ -16,6 +16,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 const QString size_key = u"/fennar/commandpanel/largeicons"_s;
@@ -77,3 +79,5 @@ void PanelOptions::read_navigation(bool by_entity)
     for (const QString& message : std::as_const(reader.messages))
         Broker::command << message << u"\n"_s;
 }
+
+} // namespace fennar

@@ -8,9 +8,12 @@
 #include <memory>
 
 class Ostrel;
+
 namespace Ui {
 class QtPanelOptions;
 }
+
+namespace fennar {
 
 /**
  * The page "Panel" of the options dialog: the kind of command panel, the size of its pictures, and how the
@@ -39,3 +42,5 @@ private:
     const std::unique_ptr<Ui::QtPanelOptions> mForm;
     Ostrel* mWindow;
 };
+
+} // namespace fennar

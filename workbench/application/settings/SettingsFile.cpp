@@ -14,6 +14,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 enum class Use { ReadAndWrite, ReadOnly, None };
@@ -93,3 +95,5 @@ SettingsFile::SettingsFile(const QString& file)
     mError = verdict.error;
     mDataDirectory = verdict.use == Use::ReadAndWrite ? path + u".data"_s : directory + u"/data"_s;
 }
+
+} // namespace fennar

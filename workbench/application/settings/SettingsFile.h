@@ -7,6 +7,8 @@
 
 #include <QString>
 
+namespace fennar {
+
 /**
  * Makes one file, chosen by the user, the place of all settings of the program instead of the user's own.
  *
@@ -41,3 +43,5 @@ private:
     QString mError;
     QString mDataDirectory;
 };
+
+} // namespace fennar

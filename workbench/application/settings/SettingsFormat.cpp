@@ -16,6 +16,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 bool is_hexadecimal_digit(QChar c)
@@ -199,3 +201,5 @@ QByteArray ini_text(const QSettings::SettingsMap& settings)
     }
     return parts.join('\n');
 }
+
+} // namespace fennar

@@ -6,6 +6,8 @@
 #include <QByteArray>
 #include <QSettings>
 
+namespace fennar {
+
 /**
  * The format of settings files: files ending in ".conf" as Qt's own formats on Linux, where they are read and
  * written in the same way. But a write that fails leaves the old file: some versions of Qt do not notice if
@@ -17,3 +19,5 @@ QSettings::Format settings_format();
 
 /** @p settings as the text of a file in the INI format of QSettings. */
 QByteArray ini_text(const QSettings::SettingsMap& settings);
+
+} // namespace fennar

@@ -16,6 +16,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** The largest that the options offer. */
@@ -130,3 +132,5 @@ void bound_settings(QSettings& settings, const QRect& screens)
     if (read_setting(settings, font_size, 0) > largest_font)
         settings.setValue(font_size, largest_font);
 }
+
+} // namespace fennar

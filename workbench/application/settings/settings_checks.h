@@ -10,6 +10,8 @@
 
 class QSettings;
 
+namespace fennar {
+
 /** Whether all of @p path, which must exist, can be read as settings; true if that cannot be found out. */
 bool are_readable_settings(const QString& path);
 
@@ -45,3 +47,5 @@ QString tell_unwritable_settings();
 void bound_settings(const QRect& screens);
 /** The same for @p settings. */
 void bound_settings(QSettings& settings, const QRect& screens);
+
+} // namespace fennar

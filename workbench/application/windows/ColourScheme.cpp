@@ -28,6 +28,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 using Scheme = ColourScheme::Scheme;
@@ -171,3 +173,5 @@ void ColourScheme::update_actions()
             mActions[i]->setChecked(mScheme == Scheme(i));
     }
 }
+
+} // namespace fennar

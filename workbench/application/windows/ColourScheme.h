@@ -8,9 +8,12 @@
 
 #include <array>
 
-class CommandRegistry;
 class Ostrel;
 class QAction;
+
+namespace fennar {
+
+class CommandRegistry;
 
 /**
  * The colours of all windows: those of the system, or light or dark ones of the program's own, which come
@@ -52,3 +55,5 @@ private:
     QString mSystemStyle;
     std::array<QAction*, 3> mActions = {};
 };
+
+} // namespace fennar

@@ -25,6 +25,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 QStringList local_files(const QMimeData* data)
@@ -165,3 +167,5 @@ void FileDrops::open_or_import(const QString& file)
         mReport(u"ERROR: %1 is no model, no journal, and of no format for import\n"_s.arg(
             CommandError::shown(file, file.size())));
 }
+
+} // namespace fennar

@@ -9,9 +9,12 @@
 
 #include <functional>
 
-class ConsoleOwner;
 class Ostrel;
 class QPoint;
+
+namespace fennar {
+
+class ConsoleOwner;
 
 /**
  * Takes files that are dropped on the windows.
@@ -55,3 +58,5 @@ private:
     TakeText mRun;
     TakeText mReport;
 };
+
+} // namespace fennar

@@ -11,6 +11,8 @@
 #include <QScreen>
 #include <QSettings>
 
+namespace fennar {
+
 /** The size of the main window at the first start, where the screen has room for it: all buttons of the
  * toolbars are seen, and most errors are not cut on the console. */
 static constexpr QSize first_size(1200, 880);
@@ -32,3 +34,5 @@ bool FirstSize::eventFilter(QObject* object, QEvent* event)
         window->resize(window->size().expandedTo(first_size.boundedTo(window->screen()->availableSize())));
     return false;
 }
+
+} // namespace fennar

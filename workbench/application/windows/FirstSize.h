@@ -5,6 +5,8 @@
 
 #include <QObject>
 
+namespace fennar {
+
 /** Gives the main window its first size just before it is shown, unless the settings have one. To be there
  * while the window is loaded. */
 class FirstSize : public QObject
@@ -13,3 +15,5 @@ public:
     FirstSize();
     bool eventFilter(QObject* object, QEvent* event) override;
 };
+
+} // namespace fennar

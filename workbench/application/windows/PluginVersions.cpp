@@ -16,6 +16,7 @@
 #include <QStyledItemDelegate>
 #include <QToolTip>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -7,6 +7,8 @@
 
 class Ostrel;
 
+namespace fennar {
+
 /** Shows the versions of the components behind their names in the plugin tool, as they are when that opens.
  */
 class PluginVersions : public QObject
@@ -19,3 +21,5 @@ public:
 private:
     Ostrel* const mWindow;
 };
+
+} // namespace fennar

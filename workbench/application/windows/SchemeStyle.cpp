@@ -9,6 +9,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 SchemeStyle::SchemeStyle() : QProxyStyle(u"fusion"_s) {}
 
 void SchemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
@@ -51,3 +53,5 @@ QIcon SchemeStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
     }
     return coloured;
 }
+
+} // namespace fennar

@@ -5,6 +5,8 @@
 
 #include <QProxyStyle>
 
+namespace fennar {
+
 /**
  * Fusion with two changes for dark grounds. Its boxes to be ticked and its radio buttons get an outline, as
  * theirs is darker than the ground. And its sign that a toolbar has more buttons, which is nearly black, is
@@ -21,3 +23,5 @@ public:
                        const QWidget* widget) const override;
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
 };
+
+} // namespace fennar

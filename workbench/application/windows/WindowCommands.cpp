@@ -33,6 +33,9 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+
+namespace fennar {
+
 using Kind = CommandParameter::Kind;
 
 namespace {
@@ -388,3 +391,5 @@ void WindowCommands::wait_until_complete(const CommandCall& call, const QWidget*
         mTurn();
     }
 }
+
+} // namespace fennar

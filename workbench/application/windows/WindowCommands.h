@@ -8,10 +8,13 @@
 
 #include <functional>
 
+class QWidget;
+
+namespace fennar {
+
 class CommandArguments;
 class CommandCall;
 class CommandRegistry;
-class QWidget;
 
 /**
  * The commands "show", "hide", "edit", "form" and "picture": they open the program's windows, and take
@@ -47,3 +50,5 @@ private:
     std::function<void()> mTurn;
     std::function<void(const QString&)> mReport;
 };
+
+} // namespace fennar

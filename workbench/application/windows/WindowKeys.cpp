@@ -24,6 +24,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** The owner mark of what is added to the window. */
@@ -176,3 +178,5 @@ void WindowKeys::go(int step)
         }
     }
 }
+
+} // namespace fennar

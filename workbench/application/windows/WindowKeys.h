@@ -13,6 +13,8 @@ class QAction;
 class QShortcut;
 class QTabWidget;
 
+namespace fennar {
+
 /**
  * What makes the main window usable without a mouse beyond what the shell has keys for: F6 and Shift+F6 go
  * from pane to pane, and while a command runs, Escape cancels it and Pause pauses the journal or goes on with
@@ -49,3 +51,5 @@ private:
     /** Those of the journal editor. */
     QPointer<QTabWidget> mJournals;
 };
+
+} // namespace fennar

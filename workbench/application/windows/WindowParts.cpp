@@ -30,6 +30,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** Fills the about dialog in. */
@@ -84,7 +86,7 @@ void follow_unloaded_components(Ostrel* window)
 } // namespace
 
 WindowParts::WindowParts(Ostrel* window, ConsoleOwner* console, const Services& services)
-    : mContext(std::make_unique<fennar::ComponentContext>(u"fennar"_s)),
+    : mContext(std::make_unique<ComponentContext>(u"fennar"_s)),
       mJournalFiles(std::make_unique<JournalFiles>(
           window->journal_editor(),
           [report = services.report](const QString& text) { report(u"ERROR: "_s + text + u'\n'); })),
@@ -114,3 +116,5 @@ void WindowParts::set_busy(bool busy)
     mKeys->set_busy(busy);
     mFinder->set_busy(busy);
 }
+
+} // namespace fennar

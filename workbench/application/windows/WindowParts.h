@@ -10,19 +10,19 @@
 #include <functional>
 #include <memory>
 
+class Ostrel;
+
+namespace fennar {
+
 class CommandFinder;
+class ComponentContext;
 class ConsoleOwner;
 class EditorLanguage;
 class FileDrops;
 class JournalCheck;
 class JournalFiles;
-class Ostrel;
 class PluginVersions;
 class WindowKeys;
-
-namespace fennar {
-class ComponentContext;
-}
 
 /**
  * What the program adds to the shell's main window and journal editor: its name and product, pages of the
@@ -54,7 +54,7 @@ public:
 
 private:
     /** What is added to the window as components add theirs. */
-    const std::unique_ptr<fennar::ComponentContext> mContext;
+    const std::unique_ptr<ComponentContext> mContext;
     const std::unique_ptr<JournalFiles> mJournalFiles;
     const std::unique_ptr<JournalCheck> mJournalCheck;
     const std::unique_ptr<EditorLanguage> mEditorLanguage;
@@ -63,3 +63,5 @@ private:
     const std::unique_ptr<CommandFinder> mFinder;
     const std::unique_ptr<PluginVersions> mPluginVersions;
 };
+
+} // namespace fennar

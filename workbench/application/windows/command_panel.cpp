@@ -10,6 +10,8 @@
 #include <QAbstractItemModel>
 #include <QDockWidget>
 
+namespace fennar {
+
 static void collect_navigation(const QAbstractItemModel& navigation, const QModelIndex& parent,
                                QHash<QString, QPersistentModelIndex>& entries)
 {
@@ -41,3 +43,5 @@ void show_in_panel(Ostrel& window, const QModelIndex& entry)
     }
     panel->set_current_index(entry);
 }
+
+} // namespace fennar

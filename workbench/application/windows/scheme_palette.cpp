@@ -5,6 +5,8 @@
 
 #include <utility>
 
+namespace fennar {
+
 namespace {
 
 using Colours = std::initializer_list<std::pair<QPalette::ColorRole, QRgb>>;
@@ -77,3 +79,5 @@ QPalette scheme_palette(bool dark)
                          {QPalette::Highlight, 0xb9bcc0},
                          {QPalette::HighlightedText, 0x4d5258}});
 }
+
+} // namespace fennar

@@ -5,5 +5,9 @@
 
 #include <QPalette>
 
+namespace fennar {
+
 /** The program's own colours: dark text on a light ground, or with @p dark light text on a dark ground. */
 QPalette scheme_palette(bool dark);
+
+} // namespace fennar

@@ -15,13 +15,15 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 constexpr auto memory_key = "/fennar/undo/memory"_L1;
 constexpr int most_memory = 65536; // as the form has it
 constexpr double mebibyte = 1 << 20;
 
-fennar::OptionsPage make_page(UndoSteps& steps)
+OptionsPage make_page(UndoSteps& steps)
 {
     auto* page = new QWidget;
     const auto form = std::make_shared<Ui::UndoOptions>();
@@ -40,18 +42,18 @@ fennar::OptionsPage make_page(UndoSteps& steps)
 }
 
 /** An action that sends the command of its name. */
-QAction* make_action(fennar::ComponentContext& context, const QString& command, const QString& text,
+QAction* make_action(ComponentContext& context, const QString& command, const QString& text,
                      const QKeySequence& key, const QString& disabled_reason)
 {
-    QAction* const action = context.make_command_action(text, command, fennar::CommandUse::Run);
+    QAction* const action = context.make_command_action(text, command, CommandUse::Run);
     action->setObjectName(u"fennar_"_s + command);
     // Fields for text take these keys before the window does.
     action->setShortcut(key);
-    fennar::set_disabled_reason(action, disabled_reason);
+    set_disabled_reason(action, disabled_reason);
     return action;
 }
 
-void add_edit_menu(fennar::ComponentContext& context, const UndoSteps& steps)
+void add_edit_menu(ComponentContext& context, const UndoSteps& steps)
 {
     QAction* const undo = make_action(
         context, u"undo"_s, QCoreApplication::translate("UndoOptions", "&Undo"), Qt::CTRL | Qt::Key_Z,
@@ -82,10 +84,12 @@ void read_undo_limit(UndoSteps& steps)
                                                                : UndoSteps::usual_limit);
 }
 
-void add_undo_parts(fennar::ComponentContext& context, UndoSteps& steps)
+void add_undo_parts(ComponentContext& context, UndoSteps& steps)
 {
     read_undo_limit(steps);
     add_edit_menu(context, steps);
     context.add_options_page(QCoreApplication::translate("UndoOptions", "Undo"),
                              [&steps] { return make_page(steps); });
 }
+
+} // namespace fennar

@@ -3,11 +3,10 @@
 
 #pragma once
 
-class UndoSteps;
-
 namespace fennar {
+
 class ComponentContext;
-}
+class UndoSteps;
 
 /** Gives the steps the limit that the user has chosen. */
 void read_undo_limit(UndoSteps& steps);
@@ -18,4 +17,6 @@ void read_undo_limit(UndoSteps& steps);
  *
  * @param steps  outlives the context.
  */
-void add_undo_parts(fennar::ComponentContext& context, UndoSteps& steps);
+void add_undo_parts(ComponentContext& context, UndoSteps& steps);
+
+} // namespace fennar

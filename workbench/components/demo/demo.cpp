@@ -25,9 +25,8 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
-using fennar::FixedMenu;
-using fennar::OptionsPage;
 
 namespace {
 
@@ -53,16 +52,16 @@ class DemoWindow : public QObject
     Q_OBJECT
 
 public:
-    DemoWindow(fennar::ComponentContext& context, Ostrel* window);
+    DemoWindow(ComponentContext& context, Ostrel* window);
 
 private:
     QAction* make_action(const char* name, const QString& text, QStyle::StandardPixmap icon,
-                         const fennar::ComponentContext::Step& run);
+                         const ComponentContext::Step& run);
     QWidget* make_dock_content();
     OptionsPage make_options() const;
     void show_dialog();
 
-    fennar::ComponentContext& mContext;
+    ComponentContext& mContext;
     Ostrel* mWindow;
     /** The user may close it. */
     QPointer<QDialog> mDialog;
@@ -70,7 +69,7 @@ private:
     QPointer<QSpinBox> mNumber;
 };
 
-DemoWindow::DemoWindow(fennar::ComponentContext& context, Ostrel* window) : mContext(context), mWindow(window)
+DemoWindow::DemoWindow(ComponentContext& context, Ostrel* window) : mContext(context), mWindow(window)
 {
     // Opened from the View menu.
     context
@@ -103,7 +102,7 @@ DemoWindow::DemoWindow(fennar::ComponentContext& context, Ostrel* window) : mCon
 }
 
 QAction* DemoWindow::make_action(const char* name, const QString& text, QStyle::StandardPixmap icon,
-                                 const fennar::ComponentContext::Step& run)
+                                 const ComponentContext::Step& run)
 {
     QAction* action = mContext.make_action(text, run);
     action->setObjectName(QLatin1StringView(name));

@@ -26,6 +26,8 @@
 #include <dlfcn.h>
 #include <optional>
 
+using namespace fennar;
+using namespace fennar::geometry;
 using namespace Qt::StringLiterals;
 
 namespace {

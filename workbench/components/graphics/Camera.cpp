@@ -7,6 +7,8 @@
 #include <cmath>
 #include <numbers>
 
+namespace fennar::graphics {
+
 namespace {
 
 constexpr double degrees_per_pixel = 0.5;
@@ -141,3 +143,5 @@ void Camera::set_angles(double turn, double rise)
     mBack = {sine(mTurn) * cosine(mRise), -cosine(mTurn) * cosine(mRise), sine(mRise)};
     mUp = cross(mBack, mRight);
 }
+
+} // namespace fennar::graphics

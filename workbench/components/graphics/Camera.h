@@ -8,6 +8,8 @@
 #include <QPointF>
 #include <QSizeF>
 
+namespace fennar::graphics {
+
 /**
  * From where the scene is looked at, and how large: a parallel projection, upright (z never points down on
  * the screen).
@@ -80,3 +82,5 @@ private:
     Point3 mUp;
     Point3 mBack;
 };
+
+} // namespace fennar::graphics

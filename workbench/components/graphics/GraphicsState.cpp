@@ -3,6 +3,8 @@
 
 #include "workbench/components/graphics/GraphicsState.h"
 
+namespace fennar::graphics {
+
 void GraphicsState::set_camera(const Camera& camera)
 {
     if (camera == mCamera)
@@ -41,3 +43,5 @@ void GraphicsState::fit()
     camera.fit(mScene.box());
     set_camera(camera);
 }
+
+} // namespace fennar::graphics

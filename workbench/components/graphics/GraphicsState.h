@@ -8,6 +8,8 @@
 
 #include <QObject>
 
+namespace fennar::graphics {
+
 /** What the commands change and the view shows: the camera and what is displayed. It needs no window. */
 class GraphicsState : public QObject
 {
@@ -46,3 +48,5 @@ private:
     bool mWantsOpenGl = true;
     bool mHasOpenGl = false;
 };
+
+} // namespace fennar::graphics

@@ -18,6 +18,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::graphics {
+
 namespace {
 
 /** How long, in milliseconds, the hand rests before the picture is made smooth. */
@@ -301,3 +303,5 @@ void GraphicsView::paint_axes(QPainter& painter) const
     }
     painter.setRenderHint(QPainter::Antialiasing, false);
 }
+
+} // namespace fennar::graphics

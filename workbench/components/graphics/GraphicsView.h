@@ -11,6 +11,8 @@
 
 #include <memory>
 
+namespace fennar::graphics {
+
 /**
  * Shows the scene.
  *
@@ -75,3 +77,5 @@ private:
     QPointF mLast;
     bool mDragged = false;
 };
+
+} // namespace fennar::graphics

@@ -14,6 +14,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::graphics {
+
 namespace {
 
 constexpr auto shaded_key = "/graphics/shaded"_L1;
@@ -23,7 +25,7 @@ constexpr auto opengl_key = "/graphics/opengl"_L1;
 
 } // namespace
 
-GraphicsWindow::GraphicsWindow(fennar::ComponentContext& context, GraphicsState& state) : mState(state)
+GraphicsWindow::GraphicsWindow(ComponentContext& context, GraphicsState& state) : mState(state)
 {
     setObjectName(u"GraphicsWindow"_s);
     restore_display();
@@ -43,7 +45,7 @@ GraphicsWindow::GraphicsWindow(fennar::ComponentContext& context, GraphicsState&
     };
     auto* const view = new GraphicsView(state);
     context.set_graphics_widget(view);
-    context.add_to_menu(fennar::FixedMenu::View, actions);
+    context.add_to_menu(FixedMenu::View, actions);
     context.add_to_toolbar("GraphicsTools", tr("Graphics Tools"), actions);
     connect(&state, &GraphicsState::display_changed, this, &GraphicsWindow::update_switches);
     connect(&state, &GraphicsState::display_changed, this, &GraphicsWindow::keep_display);
@@ -100,3 +102,5 @@ void GraphicsWindow::keep_display() const
     settings.setValue(mesh_key, mState.display().mesh);
     settings.setValue(opengl_key, mState.wants_opengl());
 }
+
+} // namespace fennar::graphics

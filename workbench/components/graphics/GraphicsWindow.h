@@ -5,12 +5,15 @@
 
 #include <QObject>
 
-class GraphicsState;
 class QAction;
 
 namespace fennar {
 class ComponentContext;
 }
+
+namespace fennar::graphics {
+
+class GraphicsState;
 
 /**
  * All that the component has in the main window: the graphics view, a toolbar, and entries in the View menu.
@@ -24,7 +27,7 @@ class GraphicsWindow : public QObject
 
 public:
     /** Both must outlive this object. There is a window. The state takes over what is kept. */
-    GraphicsWindow(fennar::ComponentContext& context, GraphicsState& state);
+    GraphicsWindow(ComponentContext& context, GraphicsState& state);
 
 private:
     /** An action that sends a command. */
@@ -41,3 +44,5 @@ private:
     QAction* mWireframe = nullptr;
     QAction* mMesh = nullptr;
 };
+
+} // namespace fennar::graphics

@@ -18,6 +18,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::graphics {
+
 namespace {
 
 constexpr int position_attribute = 0;
@@ -339,3 +341,5 @@ QString OpenGlRenderer::device() const
     mDevice->context.doneCurrent();
     return device;
 }
+
+} // namespace fennar::graphics

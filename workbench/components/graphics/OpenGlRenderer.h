@@ -7,6 +7,8 @@
 
 #include <memory>
 
+namespace fennar::graphics {
+
 /**
  * Draws by OpenGL, or OpenGL ES 2, into a buffer off the screen whose content is handed over as an image.
  *
@@ -31,3 +33,5 @@ private:
 
     std::unique_ptr<Device> mDevice;
 };
+
+} // namespace fennar::graphics

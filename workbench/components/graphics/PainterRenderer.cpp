@@ -9,6 +9,8 @@
 #include <limits>
 #include <vector>
 
+namespace fennar::graphics {
+
 namespace {
 
 /** A corner as it lies in the picture. */
@@ -265,3 +267,5 @@ QImage PainterRenderer::render(const Picture& picture)
     image.setDevicePixelRatio(picture.ratio);
     return image;
 }
+
+} // namespace fennar::graphics

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace fennar::graphics {
+
 double Picture::depth() const
 {
     double depth = 0;
@@ -38,3 +40,5 @@ PictureParts PictureParts::of(const Scene::Item& item, const Picture& picture)
     parts.edge_colour = item.selected ? colours.selected_edge : colours.edge;
     return parts;
 }
+
+} // namespace fennar::graphics

@@ -10,6 +10,8 @@
 #include <QImage>
 #include <QString>
 
+namespace fennar::graphics {
+
 /** What of the items is shown. */
 struct DisplayOptions
 {
@@ -92,3 +94,5 @@ struct PictureParts
 
     static PictureParts of(const Scene::Item& item, const Picture& picture);
 };
+
+} // namespace fennar::graphics

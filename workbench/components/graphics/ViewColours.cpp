@@ -5,6 +5,8 @@
 
 #include <QPalette>
 
+namespace fennar::graphics {
+
 ViewColours ViewColours::light()
 {
     return {QColor(0xf7, 0xf9, 0xfb), QColor(0xc6, 0xd1, 0xde), QColor(0x9c, 0xc0, 0xea),
@@ -22,3 +24,5 @@ ViewColours ViewColours::fitting(const QPalette& palette)
                 QColor(0xdd, 0x8b, 0x22), QColor(0xff, 0xe3, 0xb5), QColor(0xe0, 0xe6, 0xee)};
     return light();
 }
+
+} // namespace fennar::graphics

@@ -7,6 +7,8 @@
 
 class QPalette;
 
+namespace fennar::graphics {
+
 /** The colours of a view. */
 struct ViewColours
 {
@@ -26,3 +28,5 @@ struct ViewColours
     /** Those that go with a palette, be it light or dark. */
     static ViewColours fitting(const QPalette& palette);
 };
+
+} // namespace fennar::graphics

@@ -8,6 +8,8 @@
 #include <QLinearGradient>
 #include <QPainter>
 
+namespace fennar::graphics {
+
 QImage draw_scene(const Scene& scene, const QSize& size)
 {
     Camera camera;
@@ -28,3 +30,5 @@ QImage draw_scene(const Scene& scene, const QSize& size)
     painter.drawImage(QPointF(0, 0), drawn);
     return picture;
 }
+
+} // namespace fennar::graphics

@@ -5,8 +5,12 @@
 
 #include "workbench/sdk/core/scene/Scene.h"
 
+namespace fennar::graphics {
+
 /**
  * Draws a scene without a window and without the help of the display: from the right, front and above, all of
  * it, in the colors of a light view. To be used as Scene::Painter.
  */
 QImage draw_scene(const Scene& scene, const QSize& size);
+
+} // namespace fennar::graphics

@@ -9,6 +9,9 @@
 #include "workbench/components/graphics/graphics_commands.h"
 #include "workbench/sdk/component/ComponentContext.h"
 
+using namespace fennar;
+using namespace fennar::graphics;
+
 void fennar::load_component(ComponentContext& context)
 {
     auto& state = context.make<GraphicsState>(Scene::instance());

@@ -13,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::graphics {
+
 namespace {
 
 using Kind = CommandParameter::Kind;
@@ -113,3 +115,5 @@ bool register_graphics_commands(CommandRegistry& registry, const QString& owner,
     };
     return registry.add_all(owner, commands);
 }
+
+} // namespace fennar::graphics

@@ -5,7 +5,12 @@
 
 #include <QString>
 
+namespace fennar {
 class CommandRegistry;
+}
+
+namespace fennar::graphics {
+
 class GraphicsState;
 
 /**
@@ -15,3 +20,5 @@ class GraphicsState;
  * @return false, with none of them added, if one of the names is taken.
  */
 bool register_graphics_commands(CommandRegistry& registry, const QString& owner, GraphicsState& state);
+
+} // namespace fennar::graphics

@@ -5,6 +5,8 @@
 
 #include <limits>
 
+namespace fennar::graphics {
+
 namespace {
 
 /** Whether a surface could be seen at the point of the view. */
@@ -65,3 +67,5 @@ int pick(const Scene& scene, const Camera& camera, const DisplayOptions& display
     }
     return result;
 }
+
+} // namespace fennar::graphics

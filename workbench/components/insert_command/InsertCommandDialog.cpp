@@ -10,6 +10,8 @@
 #include <QKeyEvent>
 #include <QPushButton>
 
+namespace fennar::insert_command {
+
 namespace {
 
 constexpr int name_role = Qt::UserRole;
@@ -85,3 +87,5 @@ QString InsertCommandDialog::selected(int role) const
 {
     return ui->mCommands->currentIndex().siblingAtColumn(0).data(role).toString();
 }
+
+} // namespace fennar::insert_command

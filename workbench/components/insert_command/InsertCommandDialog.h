@@ -9,11 +9,15 @@
 
 #include <memory>
 
-class CommandRegistry;
-
 namespace Ui {
 class InsertCommandDialog;
 }
+
+namespace fennar {
+class CommandRegistry;
+}
+
+namespace fennar::insert_command {
 
 /**
  * Asks for a command of the command language: a list with usage and summary, which a filter narrows.
@@ -46,3 +50,5 @@ private:
     QStandardItemModel mCommands;
     QSortFilterProxyModel mShown;
 };
+
+} // namespace fennar::insert_command

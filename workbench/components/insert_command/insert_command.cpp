@@ -16,6 +16,8 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 
+using namespace fennar;
+using namespace fennar::insert_command;
 using namespace Qt::StringLiterals;
 
 namespace {

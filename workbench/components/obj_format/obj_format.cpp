@@ -7,6 +7,8 @@
 #include "workbench/components/obj_format/obj_text.h"
 #include "workbench/sdk/component/ComponentContext.h"
 
+using namespace fennar;
+using namespace fennar::obj_format;
 using namespace Qt::StringLiterals;
 
 void fennar::load_component(ComponentContext& context)

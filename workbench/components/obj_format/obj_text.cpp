@@ -13,6 +13,8 @@
 #include <utility>
 #include <vector>
 
+namespace fennar::obj_format {
+
 namespace {
 
 [[noreturn]] void fail(std::size_t line, const std::string& what)
@@ -140,3 +142,5 @@ QByteArray write_obj(const Surface& surface)
     }
     return text;
 }
+
+} // namespace fennar::obj_format

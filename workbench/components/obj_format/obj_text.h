@@ -7,6 +7,8 @@
 
 #include <QByteArray>
 
+namespace fennar::obj_format {
+
 /**
  * Reads the vertices and faces of an OBJ file; faces of more than three corners become fans of triangles.
  * What else there may be (normals, textures, groups, materials) is passed over.
@@ -17,3 +19,5 @@ Surface read_obj(const QByteArray& text);
 
 /** Writes vertices and faces, the coordinates exact. */
 QByteArray write_obj(const Surface& surface);
+
+} // namespace fennar::obj_format

@@ -19,6 +19,8 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace fennar::recovery {
+
 namespace {
 
 /** How long the user's input waits, in milliseconds, while texts are taken. */
@@ -248,3 +250,5 @@ void DocumentKeeper::forget_origin(QPlainTextEdit* document, Watched& watched)
         mTabs->setTabToolTip(mTabs->indexOf(document), {});
     watched.earlier_file.clear();
 }
+
+} // namespace fennar::recovery

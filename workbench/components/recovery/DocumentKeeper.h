@@ -20,6 +20,9 @@
 class JournalEditor;
 class QPlainTextEdit;
 class QTabWidget;
+
+namespace fennar::recovery {
+
 class RecoveryWriter;
 class TextCopy;
 
@@ -112,3 +115,5 @@ private:
     /** Of one thread, so that things are done in the order in which they are asked for. */
     QThreadPool mPool;
 };
+
+} // namespace fennar::recovery

@@ -3,7 +3,6 @@
 
 #include "workbench/components/recovery/KeptDocument.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -11,6 +10,8 @@
 #include <QStringEncoder>
 
 using namespace Qt::StringLiterals;
+
+namespace fennar::recovery {
 
 namespace {
 
@@ -22,11 +23,6 @@ const auto changed_key = u"changed"_s;
 const auto encoding_key = u"encoding"_s;
 const auto kind_key = u"kind"_s;
 const auto utf16 = u"UTF-16LE"_s;
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("KeptDocument", text);
-}
 
 /** A text of the first line, without the marks of a byte order that it begins with: the reader of JSON leaves
  * one out each time. */
@@ -95,3 +91,5 @@ QString KeptDocument::title(const QDateTime& now) const
     const bool today = local.date() == now.toLocalTime().date();
     return tr("%1 (changed %2)").arg(name, local.toString(today ? u"HH:mm"_s : u"yyyy-MM-dd HH:mm"_s));
 }
+
+} // namespace fennar::recovery

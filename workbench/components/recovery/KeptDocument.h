@@ -4,8 +4,11 @@
 #pragma once
 
 #include <QByteArrayList>
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QString>
+
+namespace fennar::recovery {
 
 /** A document of the journal editor, or the work of a component, as it is kept on disk. */
 struct KeptDocument
@@ -34,4 +37,8 @@ struct KeptDocument
 
     /** Its name for the user: that of its file, and when it was changed, seen from @p now. */
     QString title(const QDateTime& now = QDateTime::currentDateTime()) const;
+
+    Q_DECLARE_TR_FUNCTIONS(fennar::recovery::KeptDocument)
 };
+
+} // namespace fennar::recovery

@@ -15,6 +15,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::recovery {
+
 namespace {
 
 const auto journal_ending = u".journal"_s;
@@ -165,3 +167,5 @@ bool RecoveryFolder::remove_if_empty()
     remove_all();
     return true;
 }
+
+} // namespace fennar::recovery

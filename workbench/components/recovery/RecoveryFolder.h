@@ -13,6 +13,8 @@
 #include <optional>
 #include <vector>
 
+namespace fennar::recovery {
+
 /**
  * A folder of kept documents that belongs to one program, this one: as long as the object lives, no other
  * can have it.
@@ -72,3 +74,5 @@ private:
     /** Null once the folder is removed. */
     std::unique_ptr<QLockFile> mLock;
 };
+
+} // namespace fennar::recovery

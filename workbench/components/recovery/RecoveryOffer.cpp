@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::recovery {
+
 namespace {
 
 /** How many documents are named; more would make the box higher than a screen. */
@@ -83,3 +85,5 @@ void RecoveryOffer::tell_answer()
     else
         emit answered(Answer::Later);
 }
+
+} // namespace fennar::recovery

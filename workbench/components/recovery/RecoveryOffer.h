@@ -11,6 +11,8 @@
 #include <memory>
 #include <vector>
 
+namespace fennar::recovery {
+
 /**
  * The box that offers what programs that ended unexpectedly have kept.
  *
@@ -52,3 +54,5 @@ private:
     QPushButton* mRestore;
     QPushButton* mDiscard;
 };
+
+} // namespace fennar::recovery

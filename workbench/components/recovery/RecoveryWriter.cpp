@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QDir>
 
+namespace fennar::recovery {
+
 QString RecoveryWriter::write(int number, const KeptDocument& document, bool& lost)
 {
     lost = mFolder && !mFolder->exists();
@@ -30,3 +32,5 @@ void RecoveryWriter::remove_all()
     mFolder.reset();
     QDir().rmdir(mRoot);
 }
+
+} // namespace fennar::recovery

@@ -9,6 +9,8 @@
 
 #include <memory>
 
+namespace fennar::recovery {
+
 /** Writes and removes copies in a folder that it makes with the first one. Any thread, one at a time. */
 class RecoveryWriter
 {
@@ -27,3 +29,5 @@ private:
     QString mRoot;
     std::unique_ptr<RecoveryFolder> mFolder;
 };
+
+} // namespace fennar::recovery

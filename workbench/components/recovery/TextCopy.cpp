@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace fennar::recovery {
+
 namespace {
 
 /** How many lines are copied between two looks at the clock, which costs as much as a line. */
@@ -63,3 +65,5 @@ void TextCopy::follow(int from, int removed, int added)
         text += mDocument->characterAt(from + i);
     mText.replace(from, std::min(removed, copied - from), text);
 }
+
+} // namespace fennar::recovery

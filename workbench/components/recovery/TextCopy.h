@@ -10,6 +10,8 @@
 
 class QTextDocument;
 
+namespace fennar::recovery {
+
 /**
  * A copy of the text of a document, taken bit by bit, so that a long one does not hold the user up.
  *
@@ -36,3 +38,5 @@ private:
     QPointer<QTextDocument> mDocument;
     QString mText;
 };
+
+} // namespace fennar::recovery

@@ -9,6 +9,8 @@
 #include <QEvent>
 #include <QTimer>
 
+namespace fennar::recovery {
+
 WorkKeeper::WorkKeeper(const QString& root, std::chrono::milliseconds interval, const Report& report)
     : mReport(report), mWriter(root)
 {
@@ -102,3 +104,5 @@ void WorkKeeper::fail(const QString& kind, const QString& error)
     if (!told)
         mReport(tr("Unsaved work cannot be kept for a recovery: %1. It will be tried again.").arg(error));
 }
+
+} // namespace fennar::recovery

@@ -14,6 +14,8 @@
 #include <functional>
 #include <optional>
 
+namespace fennar::recovery {
+
 /**
  * Keeps the unsaved work of components on disk, as DocumentKeeper does with journals: a copy that goes as
  * soon as the work is saved or given up, and with the keeper. It is written on another thread.
@@ -63,3 +65,5 @@ private:
     /** Of one thread, so that things are done in the order in which they are asked for. */
     QThreadPool mPool;
 };
+
+} // namespace fennar::recovery

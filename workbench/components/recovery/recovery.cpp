@@ -25,6 +25,8 @@
 #include <utility>
 #include <vector>
 
+using namespace fennar;
+using namespace fennar::recovery;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 

@@ -15,6 +15,7 @@
 #include <QPushButton>
 #include <QSettings>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -50,7 +51,7 @@ QWidget* make_dock()
     return button;
 }
 
-fennar::OptionsPage make_options()
+OptionsPage make_options()
 {
     auto* page = new QWidget;
     auto* name = new QLineEdit(page);

@@ -17,6 +17,8 @@
 
 namespace py = pybind11;
 
+using namespace fennar;
+
 struct FennarPythonInterpreter::Private
 {
     PythonNamespace& names;
@@ -68,7 +70,7 @@ int FennarPythonInterpreter::version_micro()
     return static_cast<int>(Py_Version >> 8 & 0xff);
 }
 
-std::unique_ptr<FennarPythonInterpreter> make_python_interpreter(PythonNamespace& names)
+std::unique_ptr<FennarPythonInterpreter> fennar::make_python_interpreter(PythonNamespace& names)
 {
     return std::make_unique<FennarPythonInterpreter>(
         std::make_unique<FennarPythonInterpreter::Private>(FennarPythonInterpreter::Private{names}));

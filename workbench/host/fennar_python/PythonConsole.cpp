@@ -10,6 +10,8 @@
 
 namespace py = pybind11;
 
+namespace fennar {
+
 PythonConsole::Outcome PythonConsole::enter(const QString& line)
 {
     QString text = line;
@@ -81,3 +83,5 @@ PythonConsole::Names PythonConsole::complete(const QString& line, qsizetype care
     }
     return result;
 }
+
+} // namespace fennar

@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringList>
 
+namespace fennar {
+
 class PythonNamespace;
 
 /**
@@ -75,3 +77,5 @@ private:
     QStringList mPending;
     int mCompilerFlags = 0;
 };
+
+} // namespace fennar

@@ -7,6 +7,8 @@
 
 #include <unistd.h>
 
+namespace fennar {
+
 PythonState& PythonState::get()
 {
     // Never destroyed: a thread of Python's may still write while the process ends.
@@ -40,3 +42,5 @@ PythonEntry::~PythonEntry()
     if (last && state.stopWhenIdle)
         PythonRuntime::stop();
 }
+
+} // namespace fennar

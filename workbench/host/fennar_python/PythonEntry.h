@@ -15,6 +15,8 @@
 #include <optional>
 #include <thread>
 
+namespace fennar {
+
 /** What the parts of this library share about the running Python. */
 struct PythonState
 {
@@ -59,3 +61,5 @@ public:
 private:
     PyGILState_STATE mLock;
 };
+
+} // namespace fennar

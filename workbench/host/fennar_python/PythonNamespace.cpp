@@ -7,6 +7,8 @@
 
 namespace py = pybind11;
 
+namespace fennar {
+
 void PythonNamespace::open()
 {
     const auto module =
@@ -22,3 +24,5 @@ void PythonNamespace::close()
 {
     Py_CLEAR(mDictionary);
 }
+
+} // namespace fennar

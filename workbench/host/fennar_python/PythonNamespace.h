@@ -9,6 +9,8 @@
 
 struct _object; // NOLINT(bugprone-reserved-identifier): the name that Python gives it
 
+namespace fennar {
+
 /** The global names of some Python code: the dictionary of a module. PythonRuntime owns the two there are. */
 class FENNAR_PYTHON_EXPORT PythonNamespace
 {
@@ -32,3 +34,5 @@ private:
     QByteArray mModule;
     struct _object* mDictionary = nullptr;
 };
+
+} // namespace fennar

@@ -10,6 +10,8 @@
 #include <unistd.h>
 #include <utility>
 
+namespace fennar {
+
 namespace {
 
 /** Small writes are joined up to this many characters, so that a busy thread does not cost a call for each.
@@ -112,3 +114,5 @@ void PythonOutput::call(const PythonHooks& hooks, Stream stream, const QString& 
     if (hook)
         hook(text);
 }
+
+} // namespace fennar

@@ -11,6 +11,8 @@
 #include <memory>
 #include <mutex>
 
+namespace fennar {
+
 struct PythonHooks;
 
 /**
@@ -66,3 +68,5 @@ private:
     std::deque<Piece> mWaiting;
     bool mAnnounced = false;
 };
+
+} // namespace fennar

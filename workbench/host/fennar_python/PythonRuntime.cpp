@@ -20,6 +20,8 @@ namespace py = pybind11;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace fennar {
+
 namespace {
 
 /** PyConfig frees its strings only when asked to. */
@@ -424,3 +426,5 @@ PythonNamespace& PythonRuntime::user_namespace()
     static PythonNamespace names("__main__");
     return names;
 }
+
+} // namespace fennar

@@ -12,6 +12,8 @@
 #include <functional>
 #include <optional>
 
+namespace fennar {
+
 /** Why a command has failed: what fennar.CommandError tells. */
 struct PythonCommandFailure
 {
@@ -175,3 +177,5 @@ public:
     /** Where the user's Python code runs: the module __main__, which has fennar imported. */
     static PythonNamespace& user_namespace();
 };
+
+} // namespace fennar

@@ -7,6 +7,8 @@
 
 using namespace std::chrono_literals;
 
+namespace fennar {
+
 PythonTicker::PythonTicker(Function function) : mFunction(function), mThread(&PythonTicker::run, this) {}
 
 PythonTicker::~PythonTicker()
@@ -46,3 +48,5 @@ void PythonTicker::run()
         lock.lock();
     }
 }
+
+} // namespace fennar

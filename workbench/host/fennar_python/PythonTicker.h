@@ -7,6 +7,8 @@
 #include <mutex>
 #include <thread>
 
+namespace fennar {
+
 /**
  * Asks Python to call a function on the GUI thread about ten times a second while code runs there. It is
  * called between two instructions of that code, with Python's lock held.
@@ -32,3 +34,5 @@ private:
     bool mEnding = false;
     std::thread mThread;
 };
+
+} // namespace fennar

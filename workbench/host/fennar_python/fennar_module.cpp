@@ -17,6 +17,8 @@
 namespace py = pybind11;
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 PyObject* command_error = nullptr;
@@ -79,3 +81,5 @@ void release_fennar_module()
 {
     Py_CLEAR(command_error);
 }
+
+} // namespace fennar

@@ -8,7 +8,11 @@
 
 #include <memory>
 
+namespace fennar {
+
 class PythonNamespace;
 
 /** An interpreter object that runs its source in @p names, which must outlive it. */
 FENNAR_PYTHON_EXPORT std::unique_ptr<FennarPythonInterpreter> make_python_interpreter(PythonNamespace& names);
+
+} // namespace fennar

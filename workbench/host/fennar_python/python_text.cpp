@@ -7,6 +7,8 @@
 
 namespace py = pybind11;
 
+namespace fennar {
+
 namespace {
 
 void replace_lone_surrogates(QString& text)
@@ -55,3 +57,5 @@ py::str to_python(const QString& text)
         throw py::error_already_set();
     return py::reinterpret_steal<py::str>(result);
 }
+
+} // namespace fennar

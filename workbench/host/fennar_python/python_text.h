@@ -6,6 +6,8 @@
 #include <QString>
 #include <pybind11/pybind11.h>
 
+namespace fennar {
+
 // Both are called with Python's lock held.
 
 /** The text of a Python string. A lone surrogate, which no Qt text may hold, becomes U+FFFD. */
@@ -13,3 +15,5 @@ QString to_qstring(const pybind11::str& text);
 
 /** The Python string of @p text. */
 pybind11::str to_python(const QString& text);
+
+} // namespace fennar

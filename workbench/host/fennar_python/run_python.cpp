@@ -10,6 +10,8 @@
 namespace py = pybind11;
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** The last resort where Python itself cannot show an exception. */
@@ -73,3 +75,5 @@ void report(py::error_already_set& error, bool withTrace)
         report_unshown(error);
     }
 }
+
+} // namespace fennar

@@ -7,6 +7,8 @@
 
 #include <functional>
 
+namespace fennar {
+
 // All functions here are called with Python's lock held, on the GUI thread where they run code.
 
 /** Takes an exception before it is reported. */
@@ -26,3 +28,5 @@ bool run_code(PyObject* names, const pybind11::object& code, const TakeException
 
 /** Prints an exception on sys.stderr. @p withTrace false leaves out where it came from. */
 void report(pybind11::error_already_set& error, bool withTrace = true);
+
+} // namespace fennar

@@ -5,6 +5,8 @@
 
 #include <pybind11/pybind11.h>
 
+namespace fennar {
+
 /**
  * Calls @p function without Python's lock. Takes it again in plain sight instead of in a destructor: a thread
  * that Python ends at this point is unwound, which a destructor would turn into the end of the process.
@@ -21,3 +23,5 @@ void without_python_lock(Function&& function)
     }
     PyEval_RestoreThread(thread);
 }
+
+} // namespace fennar

@@ -5,6 +5,8 @@
 
 #include "workbench/sdk/core/commands/Interrupt.h"
 
+using namespace fennar;
+
 void AppUtil::set_interrupt(bool interrupt)
 {
     if (interrupt)

@@ -6,6 +6,8 @@
 #include "host/fennar_util/AppUtil.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 
+using namespace fennar;
+
 std::shared_ptr<AppUtil> FennarInterface::app_util()
 {
     static const auto util = std::make_shared<AppUtil>();

@@ -6,6 +6,8 @@
 #include "host/navigation/NavigationModel.h"
 #include "workbench/host/navigation/LevelView.h"
 
+using namespace fennar;
+
 struct BreadcrumbsPanel::Private
 {
     LevelView* view; // a child of the panel

@@ -12,6 +12,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 constexpr int NarrowestButton = 28;
@@ -65,3 +67,5 @@ QWidgetList ButtonRows::level_controls() const
         controls << row.buttons->buttons();
     return controls;
 }
+
+} // namespace fennar

@@ -7,8 +7,11 @@
 
 #include <vector>
 
-class EntryButtons;
 class QFrame;
+
+namespace fennar {
+
+class EntryButtons;
 
 /** The inside of a CommandButtonPanel: a row of buttons for each level, the path marked by buttons that are
  * down. */
@@ -35,3 +38,5 @@ private:
     std::vector<Row> mRows;
     int mButtonWidth;
 };
+
+} // namespace fennar

@@ -17,6 +17,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 QString translated_parameter(const char* text)
 {
     return text ? QCoreApplication::translate("CommandParameter", text) : QString();
@@ -165,3 +167,5 @@ QWidgetList ClauseRow::controls() const
         result << field->controls();
     return result;
 }
+
+} // namespace fennar

@@ -11,9 +11,12 @@
 #include <QString>
 #include <QWidgetList>
 
-class FormField;
 class QCheckBox;
 class QFormLayout;
+
+namespace fennar {
+
+class FormField;
 
 /**
  * What stands in a form for one clause of a command: a field for each of its values, or a check box for a
@@ -64,3 +67,5 @@ private:
 
 /** A label or tip of a description in the user's language; empty for null. */
 QString translated_parameter(const char* text);
+
+} // namespace fennar

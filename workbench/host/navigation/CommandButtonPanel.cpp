@@ -7,6 +7,8 @@
 #include "host/navigation/NavigationModel.h"
 #include "workbench/host/navigation/ButtonRows.h"
 
+using namespace fennar;
+
 struct CommandButtonPanel::Private
 {
     explicit Private(CommandButtonPanel* panel)

@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 CommandDialog::CommandDialog(const QString& command, const QString& title, QWidget* parent) : QDialog(parent)
 {
     setObjectName(u"commandDialog_"_s + command);
@@ -26,3 +28,5 @@ CommandDialog::CommandDialog(const QString& command, const QString& title, QWidg
     form->set_command(command);
     form->focus_first();
 }
+
+} // namespace fennar

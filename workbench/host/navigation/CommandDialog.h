@@ -5,6 +5,8 @@
 
 #include <QDialog>
 
+namespace fennar {
+
 /**
  * The form of a command in a dialog, which closes when the line is applied. It is not modal, and deletes
  * itself when it is closed.
@@ -16,3 +18,5 @@ class CommandDialog : public QDialog
 public:
     CommandDialog(const QString& command, const QString& title, QWidget* parent);
 };
+
+} // namespace fennar

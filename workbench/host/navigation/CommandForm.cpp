@@ -30,6 +30,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 QLabel* new_label(const QString& name, QWidget* parent)
@@ -482,3 +484,5 @@ void CommandForm::apply()
     // Nothing may follow: the receiver is free to delete the panel.
     send_command(line);
 }
+
+} // namespace fennar

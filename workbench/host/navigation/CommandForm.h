@@ -13,13 +13,16 @@
 
 #include <memory>
 
-class ClauseRow;
 class QCheckBox;
 class QComboBox;
 class QDialogButtonBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+
+namespace fennar {
+
+class ClauseRow;
 struct Command;
 
 /**
@@ -112,3 +115,5 @@ private:
     QSet<QString> mChangedEntities;
     QTimer mRefresh;
 };
+
+} // namespace fennar

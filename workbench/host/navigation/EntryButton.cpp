@@ -13,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** Titles longer than this are broken into two lines below their picture. */
@@ -116,3 +118,5 @@ bool EntryButton::has_arrow() const
     return toolButtonStyle() == Qt::ToolButtonTextBesideIcon && mEntry.isValid() &&
            entry_kind(mEntry) != NavigationKind::Command;
 }
+
+} // namespace fennar

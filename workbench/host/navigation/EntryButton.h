@@ -6,6 +6,8 @@
 #include <QPersistentModelIndex>
 #include <QToolButton>
 
+namespace fennar {
+
 /** The button of one entry of a navigation model: its picture and title, and what it is for as tool tip.
  * Where the title stands beside the picture, an arrow marks an entry that leads to others. */
 class EntryButton : public QToolButton
@@ -32,3 +34,5 @@ private:
 
     QPersistentModelIndex mEntry;
 };
+
+} // namespace fennar

@@ -7,6 +7,8 @@
 
 #include <QHash>
 
+namespace fennar {
+
 EntryButtons::EntryButtons(QWidget* parent) : QWidget(parent), mLayout(new FlowLayout(this))
 {
     mLayout->set_arrangement(mArrangement);
@@ -66,3 +68,5 @@ QWidgetList EntryButtons::buttons() const
 {
     return {mButtons.begin(), mButtons.end()};
 }
+
+} // namespace fennar

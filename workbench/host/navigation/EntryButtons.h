@@ -9,6 +9,8 @@
 #include <QPersistentModelIndex>
 #include <QWidget>
 
+namespace fennar {
+
 class EntryButton;
 
 /** One level of a navigation model as buttons. A button stays the same object as long as its entry is shown,
@@ -43,3 +45,5 @@ private:
     int mIconSize = 24;
     int mButtonWidth = 0;
 };
+
+} // namespace fennar

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+namespace fennar {
+
 namespace {
 
 /** The width below which a line is not expected to be used. */
@@ -141,3 +143,5 @@ int FlowLayout::lay_out(const QRect& rectangle, bool apply) const
     }
     return y - area.top() + contentsMargins().top() + contentsMargins().bottom();
 }
+
+} // namespace fennar

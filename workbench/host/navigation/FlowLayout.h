@@ -9,6 +9,8 @@
 #include <memory>
 #include <vector>
 
+namespace fennar {
+
 /** Lays items out line by line, as many in a line as the width takes. No item is ever wider than the line. */
 class FlowLayout : public QLayout
 {
@@ -45,3 +47,5 @@ private:
     std::vector<std::unique_ptr<QLayoutItem>> mItems;
     Arrangement mArrangement = Arrangement::Flowing;
 };
+
+} // namespace fennar

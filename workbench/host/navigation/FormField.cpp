@@ -22,6 +22,9 @@
 #include <cmath>
 
 using namespace Qt::StringLiterals;
+
+namespace fennar {
+
 using Kind = CommandParameter::Kind;
 
 namespace {
@@ -361,3 +364,5 @@ QString FormField::list_problem(const QStringList& given) const
         return tr("%1: at least %n.", nullptr, mParameter.at_least).arg(mLabel);
     return tr("%1: each one only once.").arg(mLabel);
 }
+
+} // namespace fennar

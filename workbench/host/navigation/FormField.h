@@ -11,6 +11,8 @@ class QComboBox;
 class QLineEdit;
 class QToolButton;
 
+namespace fennar {
+
 /** The field for one value of a command, of the kind that the value needs; its unit stands behind it. */
 class FormField : public QWidget
 {
@@ -70,3 +72,5 @@ private:
     QToolButton* mButton = nullptr;
     QStringList mNames;
 };
+
+} // namespace fennar

@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 FormServices& services()
@@ -53,3 +55,5 @@ std::optional<CommandError> find_fault(const CommandSyntax& form, const QList<Cl
     }
     return std::nullopt;
 }
+
+} // namespace fennar

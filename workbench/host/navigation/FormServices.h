@@ -11,9 +11,12 @@
 #include <functional>
 #include <optional>
 
+class QWidget;
+
+namespace fennar {
+
 class CommandRegistry;
 class CommandVariables;
-class QWidget;
 
 /** What the forms of commands are made from. Nothing is owned. */
 struct FormServices
@@ -48,3 +51,5 @@ QHash<QString, QString>& applied_lines();
  * @param values  one entry for each clause of the form.
  */
 std::optional<CommandError> find_fault(const CommandSyntax& form, const QList<ClauseValues>& values);
+
+} // namespace fennar

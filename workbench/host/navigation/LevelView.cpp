@@ -14,6 +14,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** A step of the way shows at most this many average letters of its title. */
@@ -140,3 +142,5 @@ bool LevelView::has_keyboard() const
 {
     return isAncestorOf(QApplication::focusWidget());
 }
+
+} // namespace fennar

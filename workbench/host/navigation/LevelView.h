@@ -5,8 +5,11 @@
 
 #include "workbench/host/navigation/PanelView.h"
 
-class EntryButtons;
 class QToolButton;
+
+namespace fennar {
+
+class EntryButtons;
 
 /** The inside of a BreadcrumbsPanel: one level as buttons, and above it the way that led there. */
 class LevelView : public PanelView
@@ -36,3 +39,5 @@ private:
     EntryButtons* mEntries;
     QWidgetList mCrumbButtons;
 };
+
+} // namespace fennar

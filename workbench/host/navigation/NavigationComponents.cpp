@@ -5,6 +5,8 @@
 
 #include <QSet>
 
+namespace fennar {
+
 namespace {
 
 QSet<QString>& loaded_components()
@@ -29,3 +31,5 @@ bool is_component_loaded(const QString& name)
 {
     return loaded_components().contains(name);
 }
+
+} // namespace fennar

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+namespace fennar {
+
 /**
  * Tells the navigation library that the component @p name is loaded, or that it no longer is.
  *
@@ -16,3 +18,5 @@ void set_component_loaded(const QString& name, bool loaded);
 
 /** Whether set_component_loaded() last said that @p name is loaded; false for a name never told. */
 bool is_component_loaded(const QString& name);
+
+} // namespace fennar

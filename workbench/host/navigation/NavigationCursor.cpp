@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace fennar {
+
 NavigationCursor::NavigationCursor(QObject* parent) : QObject(parent)
 {
     mChange.setSingleShot(true);
@@ -101,3 +103,5 @@ void NavigationCursor::note_change()
 {
     mChange.start();
 }
+
+} // namespace fennar

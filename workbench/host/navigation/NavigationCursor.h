@@ -10,6 +10,8 @@
 
 class NavigationModel;
 
+namespace fennar {
+
 /**
  * The place that a command panel has reached in a model, kept true while the model changes.
  *
@@ -55,3 +57,5 @@ private:
     QPersistentModelIndex mPlace;
     QTimer mChange;
 };
+
+} // namespace fennar

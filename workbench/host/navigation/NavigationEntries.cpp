@@ -5,6 +5,8 @@
 
 #include <QAbstractItemModel>
 
+namespace fennar {
+
 NavigationKind entry_kind(const QModelIndex& entry)
 {
     const QVariant kind = entry.data(NavigationRole::Kind);
@@ -35,3 +37,5 @@ QModelIndexList shown_entries(const QAbstractItemModel& model, const QModelIndex
             entries << entry;
     return entries;
 }
+
+} // namespace fennar

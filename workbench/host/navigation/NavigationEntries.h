@@ -9,6 +9,8 @@
 
 class QAbstractItemModel;
 
+namespace fennar {
+
 /** What @p entry is. An entry whose model does not say is a group if it has entries below it, else a command.
  */
 NavigationKind entry_kind(const QModelIndex& entry);
@@ -21,3 +23,5 @@ bool is_entry_shown(const QModelIndex& entry);
 
 /** The entries below @p parent (invalid: the top level) that are shown, in order. */
 QModelIndexList shown_entries(const QAbstractItemModel& model, const QModelIndex& parent);
+
+} // namespace fennar

@@ -17,6 +17,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** How many groups may stand in each other. More than anyone can find a way through, and few enough that a
@@ -389,3 +391,5 @@ void NavigationFiles::tell_unreadable(const QString& reason)
 {
     mMessages->append(u"%1: the file cannot be read: %2"_s.arg(QDir::toNativeSeparators(mPath), reason));
 }
+
+} // namespace fennar

@@ -15,6 +15,8 @@
 class QIODevice;
 class QXmlStreamReader;
 
+namespace fennar {
+
 /**
  * Reads navigation files, one after another, into one tree. The format, and how files merge, are described in
  * docs/navigation-files.md.
@@ -75,3 +77,5 @@ private:
     qint64 mLine = 0;
     qint64 mColumn = 0;
 };
+
+} // namespace fennar

@@ -9,6 +9,8 @@
 
 #include <utility>
 
+using namespace fennar;
+
 NavigationPicture::NavigationPicture(const QString& file) : mFile(file) {}
 
 const QIcon& NavigationPicture::icon()
@@ -59,7 +61,7 @@ NavigationKind NavigationNode::kind() const
     return static_cast<NavigationKind>(data(NavigationRole::Kind).toInt());
 }
 
-void recheck_components(QStandardItem* entry)
+void fennar::recheck_components(QStandardItem* entry)
 {
     if (!entry)
         return;

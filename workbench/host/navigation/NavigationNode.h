@@ -10,6 +10,8 @@
 
 #include <memory>
 
+namespace fennar {
+
 /** A picture in a file. Making an icon reads the file, so that is left until the icon is asked for. */
 class NavigationPicture
 {
@@ -23,15 +25,18 @@ private:
     QIcon mIcon;
 };
 
+} // namespace fennar
+
 /**
  * An entry that was read from a navigation file: a page, a group or a command.
  *
- * Users cannot edit it. The model, or the node above, owns it.
+ * Users cannot edit it. The model, or the node above, owns it. The host's interface names it, so it is in no
+ * namespace.
  */
 class NavigationNode : public QStandardItem
 {
 public:
-    NavigationNode(NavigationKind kind, const QString& title);
+    NavigationNode(fennar::NavigationKind kind, const QString& title);
 
     int type() const override;
 
@@ -39,20 +44,24 @@ public:
      * summary. */
     QVariant data(int role = Qt::UserRole + 1) const override;
 
-    NavigationKind kind() const;
+    fennar::NavigationKind kind() const;
 
     /** Null without a picture. Entries with the same picture share it. */
-    const std::shared_ptr<NavigationPicture>& picture() const { return mPicture; }
-    void set_picture(std::shared_ptr<NavigationPicture> picture);
+    const std::shared_ptr<fennar::NavigationPicture>& picture() const { return mPicture; }
+    void set_picture(std::shared_ptr<fennar::NavigationPicture> picture);
 
 private:
     QVariant summary() const;
 
-    std::shared_ptr<NavigationPicture> mPicture;
+    std::shared_ptr<fennar::NavigationPicture> mPicture;
 };
+
+namespace fennar {
 
 /**
  * Decides again whether @p entry and all entries below it wait for a component: an entry is enabled exactly
  * when it names no component or one that is loaded. Null does nothing.
  */
 void recheck_components(QStandardItem* entry);
+
+} // namespace fennar

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <functional>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 NavigationReader::NavigationReader() = default;

@@ -6,6 +6,8 @@
 #include "host/navigation/NavigationModel.h"
 #include "workbench/host/navigation/NavigationNode.h"
 
+using namespace fennar;
+
 NavigationResourcesDelay::NavigationResourcesDelay() = default;
 
 NavigationResourcesDelay::~NavigationResourcesDelay() = default;

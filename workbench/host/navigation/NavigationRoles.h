@@ -5,6 +5,8 @@
 
 #include <Qt>
 
+namespace fennar {
+
 /** What an entry of a NavigationModel is; stored as an int under NavigationRole::Kind. */
 enum class NavigationKind {
     Page,   ///< a top-level entry; holds groups and commands
@@ -28,3 +30,5 @@ inline constexpr int IconName = Qt::UserRole + 4;
 /** QString: the component without which the entry is not shown; empty for none. */
 inline constexpr int Component = Qt::UserRole + 5;
 } // namespace NavigationRole
+
+} // namespace fennar

@@ -13,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** Around the contents, in pixels: narrow, since docks are. */
@@ -123,3 +125,5 @@ void PanelView::showEvent(QShowEvent* event)
     if (mOutdated)
         show_place();
 }
+
+} // namespace fennar

@@ -7,9 +7,12 @@
 
 #include <QScrollArea>
 
-class CommandForm;
 class QLabel;
 class QVBoxLayout;
+
+namespace fennar {
+
+class CommandForm;
 
 /**
  * The inside of a command panel: what both kinds of panel have in common.
@@ -60,3 +63,5 @@ private:
     CommandForm* mForm;
     bool mOutdated = true;
 };
+
+} // namespace fennar

@@ -6,6 +6,8 @@
 #include "workbench/host/ostrelfw/HostMediator.h"
 #include "workbench/host/ostrelfw/OutputRouter.h"
 
+using namespace fennar;
+
 BrokerCommand Broker::command;
 
 Mediator* Broker::instance()

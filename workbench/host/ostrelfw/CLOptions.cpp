@@ -5,6 +5,8 @@
 
 #include "workbench/host/ostrelfw/CommandLine.h"
 
+using namespace fennar;
+
 CLParser* CLOptions::instance()
 {
     return &CommandLine::of_application();

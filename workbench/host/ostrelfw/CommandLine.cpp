@@ -8,6 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 /** Whether the two are names of one file; a device is none. */
 static bool is_file(const QString& one, const QString& other)
 {
@@ -153,3 +155,5 @@ bool CommandLine::batch_mode()
 {
     return mBatch;
 }
+
+} // namespace fennar

@@ -11,6 +11,8 @@
 
 #include <utility>
 
+namespace fennar {
+
 /** The workbench's command line. */
 class CommandLine : public CLParser
 {
@@ -78,3 +80,5 @@ private:
     bool mHelp = false;
     bool mVersion = false;
 };
+
+} // namespace fennar

@@ -14,8 +14,8 @@ std::unique_ptr<FennarPythonInterpreter> user_interpreter;
 
 } // namespace
 
-void set_framework_interpreters(std::unique_ptr<FennarPythonInterpreter> framework,
-                                std::unique_ptr<FennarPythonInterpreter> user)
+void fennar::set_framework_interpreters(std::unique_ptr<FennarPythonInterpreter> framework,
+                                        std::unique_ptr<FennarPythonInterpreter> user)
 {
     framework_interpreter = std::move(framework);
     user_interpreter = std::move(user);

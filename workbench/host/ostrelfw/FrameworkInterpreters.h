@@ -7,6 +7,8 @@
 
 #include <memory>
 
+namespace fennar {
+
 /**
  * Sets what Framework hands out. To be called once before the shell is loaded.
  *
@@ -15,3 +17,5 @@
  */
 void set_framework_interpreters(std::unique_ptr<FennarPythonInterpreter> framework,
                                 std::unique_ptr<FennarPythonInterpreter> user);
+
+} // namespace fennar

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+namespace fennar {
+
 HostMediator& HostMediator::instance()
 {
     static HostMediator mediator;
@@ -91,3 +93,5 @@ void HostMediator::get_component_directory(QString& directory)
 {
     directory = mSource ? mSource->component_directory() : QCoreApplication::applicationDirPath();
 }
+
+} // namespace fennar

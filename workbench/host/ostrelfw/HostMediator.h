@@ -11,6 +11,8 @@
 
 #include <functional>
 
+namespace fennar {
+
 /** Knows the components: what HostMediator asks on behalf of the shell. */
 class ComponentSource
 {
@@ -76,3 +78,5 @@ private:
     QString mComponentPath;
     bool mChangeDirOnPlayback = false;
 };
+
+} // namespace fennar

@@ -8,6 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** As the page does: each begins a new block. */
@@ -86,3 +88,5 @@ std::optional<QString> LineFolder::line(int number) const
                                     [number](const Line& line) { return line.number == number; });
     return found == mLines.end() ? std::nullopt : std::optional(found->text);
 }
+
+} // namespace fennar

@@ -8,6 +8,8 @@
 
 #include <optional>
 
+namespace fennar {
+
 /**
  * Cuts lines that are too long to be shown, and may keep them whole.
  *
@@ -56,3 +58,5 @@ private:
     QList<Line> mLines;
     int mCount = 0;
 };
+
+} // namespace fennar

@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** Painting may take this part of the time in the long run. */
@@ -137,3 +139,5 @@ void OutputRouter::end_folded_line()
     if (mWindow && !mark.isEmpty())
         mWindow->print_data(mark);
 }
+
+} // namespace fennar

@@ -14,6 +14,8 @@
 
 class OutputHandler;
 
+namespace fennar {
+
 /**
  * Takes the framework's text to where the user reads it: to the console while the shell shows one, else to
  * the fallback. Behind Broker::command. GUI thread only.
@@ -96,3 +98,5 @@ private:
     /** The last text did not end its line. */
     bool mLineOpen = false;
 };
+
+} // namespace fennar

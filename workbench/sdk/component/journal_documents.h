@@ -10,6 +10,8 @@
 #include <QString>
 #include <QTabWidget>
 
+namespace fennar {
+
 // The documents of the journal editor, whose class the shell does not export.
 
 /** The editor's tabs, whose pages are its documents. They live as long as the editor; null if there is none.
@@ -43,3 +45,5 @@ __attribute__((no_sanitize("vptr"))) inline QString journal_file(const QWidget* 
     return page && page->inherits("JournalDocument") ? static_cast<const JournalDocument*>(page)->file_name()
                                                      : QString();
 }
+
+} // namespace fennar

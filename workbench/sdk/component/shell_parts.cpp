@@ -24,6 +24,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 void collect_pages(const QTreeWidgetItem* item, const QString& above, QStringList& pages)
@@ -138,3 +140,5 @@ QString main_menu_title(const char* english)
 {
     return QCoreApplication::translate("Ostrel", english);
 }
+
+} // namespace fennar

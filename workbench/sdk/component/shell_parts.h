@@ -19,6 +19,8 @@ class QMenu;
 class QToolBar;
 class QTreeWidgetItem;
 
+namespace fennar {
+
 // Parts of the shell's windows that it does not hand out, for the kit and the program. Their windows own
 // them. Null where there is no such window, or the window has no such part. What components ask for as well
 // is in journal_documents.h.
@@ -47,3 +49,5 @@ QList<QAction*> file_actions(const Ostrel* window);
 /** The title of a menu of the main window in the user's language, by its English one, as "&Tools"; other
  * titles as they are. */
 QString main_menu_title(const char* english);
+
+} // namespace fennar

@@ -7,6 +7,8 @@
 
 #include <cstdlib>
 
+using namespace fennar;
+
 void fennar::load_component(ComponentContext&)
 {
     std::abort();

@@ -8,6 +8,7 @@
 #include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/plain_command.h"
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

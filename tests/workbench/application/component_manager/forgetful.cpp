@@ -37,6 +37,7 @@
 
 #include <stdexcept>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

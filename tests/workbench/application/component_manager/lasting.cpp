@@ -14,6 +14,7 @@
 #include <QPointer>
 #include <QTimer>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -6,6 +6,7 @@
 #include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 void fennar::load_component(ComponentContext& context)

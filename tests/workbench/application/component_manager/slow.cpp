@@ -7,6 +7,8 @@
 
 #include <QFile>
 
+using namespace fennar;
+
 void fennar::load_component(ComponentContext&)
 {
     const QString gate = qEnvironmentVariable("TEST_COMPONENT_GATE");

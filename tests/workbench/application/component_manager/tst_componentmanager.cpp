@@ -45,6 +45,7 @@
 #include <QToolButton>
 #include <QTreeWidget>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -6,6 +6,7 @@
 
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 class TstComponentMetadata : public TestCase

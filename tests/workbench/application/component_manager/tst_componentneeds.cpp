@@ -13,6 +13,7 @@
 
 #include <memory>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** Components that need each other, and what is told of those that are not loaded. Without a window. */

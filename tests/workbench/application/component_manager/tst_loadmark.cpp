@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 class TstLoadMark : public TestCase

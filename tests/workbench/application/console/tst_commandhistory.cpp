@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 class TstCommandHistory : public TestCase

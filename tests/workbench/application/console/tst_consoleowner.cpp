@@ -23,6 +23,7 @@
 #include <functional>
 #include <stdexcept>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

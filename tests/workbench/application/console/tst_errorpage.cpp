@@ -14,6 +14,7 @@
 #include <QTest>
 #include <QTextBlock>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

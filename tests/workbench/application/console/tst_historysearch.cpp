@@ -15,6 +15,7 @@
 #include <QTest>
 #include <QTextBlock>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 class TstHistorySearch : public TestCase

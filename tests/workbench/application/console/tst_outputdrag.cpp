@@ -10,6 +10,7 @@
 #include <QHBoxLayout>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** Drags that begin on a console page; they need a real window system. */

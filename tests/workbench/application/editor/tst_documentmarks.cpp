@@ -16,6 +16,7 @@
 
 #include <memory>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 class TstDocumentMarks : public TestCase

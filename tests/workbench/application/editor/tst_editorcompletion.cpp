@@ -14,6 +14,7 @@
 
 #include <memory>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 class TstEditorCompletion : public TestCase

@@ -23,6 +23,7 @@
 #include <cmath>
 #include <memory>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -8,6 +8,7 @@
 #include <QSettings>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 class TstEditorOptions : public TestCase

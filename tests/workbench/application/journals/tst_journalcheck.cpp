@@ -22,6 +22,7 @@
 #include <memory>
 #include <utility>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** The entry "Check" of the journal editor, in the whole application. */

@@ -25,6 +25,7 @@
 #include <cstdio>
 #include <memory>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 

@@ -8,6 +8,7 @@
 #include <QRandomGenerator>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -35,6 +35,7 @@
 #include <QTimer>
 #include <QToolButton>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** Journals are played from the editor and the menu, and what is checked is what the user reads and what ran.

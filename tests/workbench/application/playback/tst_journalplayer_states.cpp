@@ -28,6 +28,7 @@
 
 #include <chrono>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 

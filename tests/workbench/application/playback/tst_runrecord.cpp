@@ -15,6 +15,7 @@
 
 #include <limits>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 using Kind = CommandType::Kind;
 

@@ -12,6 +12,7 @@
 #include <QMenuBar>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /**

@@ -19,6 +19,7 @@
 
 #include <algorithm>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 void SearchTest::prepare(Workbench& workbench)

@@ -7,7 +7,10 @@
 
 #include <memory>
 
+namespace fennar {
 class CommandSearch;
+}
+
 class QAction;
 class QLineEdit;
 class QTreeView;
@@ -19,7 +22,7 @@ class SearchTest : public WorkbenchTest
     Q_OBJECT
 
 protected:
-    void prepare(Workbench& workbench) override;
+    void prepare(fennar::Workbench& workbench) override;
     void set_up() override;
     /** Closes what is open. */
     void tear_down() override;
@@ -31,7 +34,7 @@ protected:
     int zebra_runs() const { return mRuns; }
 
     /** The search that is open; null if none is. */
-    static CommandSearch* search();
+    static fennar::CommandSearch* search();
     /** Its parts; it must be open. */
     static QLineEdit* field();
     static QTreeView* list();

@@ -18,6 +18,7 @@
 #include <QTest>
 #include <QTreeView>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** The command search as the user sees it, by its keys. */

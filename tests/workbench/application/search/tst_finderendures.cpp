@@ -25,6 +25,7 @@
 
 #include <algorithm>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** The command search bears whatever happens while it is open and whatever runs, and runs nothing that may

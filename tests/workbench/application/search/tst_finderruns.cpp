@@ -23,6 +23,7 @@
 #include <QTest>
 #include <QTreeView>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -15,6 +15,7 @@
 #include <QStandardItemModel>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** What the command search takes from menus, commands, option pages and recent files. */
@@ -127,7 +128,7 @@ void TstGatherEntries::refusal_tells_the_reason_that_was_given()
     };
     QCOMPARE(refusals(),
              QStringList({u"On: "_s, u"Off: Nothing is selected."_s, u"Inside: There is no model."_s}));
-    fennar::set_disabled_reason(off, {});
+    set_disabled_reason(off, {});
     QCOMPARE(refusals().at(1), u"Off: Not available now."_s);
 }
 

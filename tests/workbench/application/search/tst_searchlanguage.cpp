@@ -6,6 +6,7 @@
 
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** The command search of a user who reads German. */

@@ -7,6 +7,7 @@
 #include <QAbstractItemModelTester>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** What the command search finds, and in which order. */

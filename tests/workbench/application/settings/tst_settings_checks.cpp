@@ -10,6 +10,7 @@
 #include <QSettings>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

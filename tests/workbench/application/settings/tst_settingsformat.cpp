@@ -13,6 +13,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 class TstSettingsFormat : public TestCase

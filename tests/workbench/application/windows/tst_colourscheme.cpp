@@ -24,6 +24,7 @@
 
 #include <cmath>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -23,6 +23,7 @@
 #include <QTabWidget>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

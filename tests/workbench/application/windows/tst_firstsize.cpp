@@ -12,6 +12,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** How large the main window is when it is shown for the first time. */

@@ -17,6 +17,7 @@
 #include <QTest>
 #include <QToolTip>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -20,6 +20,7 @@
 #include <QSpinBox>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -33,6 +33,7 @@
 #include <QTimer>
 #include <QTreeWidget>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** The commands that open and photograph windows, in the whole application. */

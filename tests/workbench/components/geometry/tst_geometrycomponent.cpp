@@ -35,6 +35,7 @@
 #include <QToolButton>
 #include <QTreeWidget>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** The component in the whole application, as a user meets it. */

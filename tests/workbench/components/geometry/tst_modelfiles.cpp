@@ -30,6 +30,7 @@
 #include <QTreeWidget>
 #include <QtEndian>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

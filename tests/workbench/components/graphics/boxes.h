@@ -11,9 +11,9 @@
 #include <numbers>
 
 /** A box with flat faces and its twelve edges. */
-inline std::shared_ptr<SceneShape> make_box(const Point3& center, const Point3& size)
+inline std::shared_ptr<fennar::SceneShape> make_box(const fennar::Point3& center, const fennar::Point3& size)
 {
-    auto shape = std::make_shared<SceneShape>();
+    auto shape = std::make_shared<fennar::SceneShape>();
     shape->origin = center;
     const auto corner = [&size](int x, int y, int z) {
         return QVector3D(float((x ? 0.5 : -0.5) * size.x), float((y ? 0.5 : -0.5) * size.y),
@@ -40,7 +40,8 @@ inline std::shared_ptr<SceneShape> make_box(const Point3& center, const Point3& 
 }
 
 /** Adds a box to the scene and returns its id. */
-inline int add_box(Scene& scene, const QString& name, const Point3& center, const Point3& size)
+inline int add_box(fennar::Scene& scene, const QString& name, const fennar::Point3& center,
+                   const fennar::Point3& size)
 {
     const int id = scene.add(name);
     scene.set_shape(id, make_box(center, size));
@@ -48,9 +49,9 @@ inline int add_box(Scene& scene, const QString& name, const Point3& center, cons
 }
 
 /** A sphere of radius 1, which has no edges. */
-inline std::shared_ptr<SceneShape> make_ball(const Point3& center)
+inline std::shared_ptr<fennar::SceneShape> make_ball(const fennar::Point3& center)
 {
-    auto shape = std::make_shared<SceneShape>();
+    auto shape = std::make_shared<fennar::SceneShape>();
     shape->origin = center;
     constexpr int pieces = 24;
     const auto corner = [](int turn, int rise) {

@@ -7,6 +7,8 @@
 #include <QRandomGenerator>
 #include <QTest>
 
+using namespace fennar;
+using namespace fennar::graphics;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -9,6 +9,8 @@
 
 #include <QTest>
 
+using namespace fennar;
+using namespace fennar::graphics;
 using namespace Qt::StringLiterals;
 
 class TstGraphicsCommands : public TestCase

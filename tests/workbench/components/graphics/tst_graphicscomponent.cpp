@@ -23,6 +23,7 @@
 #include <QToolBar>
 #include <QTreeWidget>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** The component in the whole application, with the solids of another one and without. */

@@ -9,6 +9,8 @@
 #include <QTest>
 #include <QWheelEvent>
 
+using namespace fennar;
+using namespace fennar::graphics;
 using namespace Qt::StringLiterals;
 
 class TstGraphicsView : public TestCase

@@ -10,6 +10,8 @@
 #include <QPalette>
 #include <QTest>
 
+using namespace fennar;
+using namespace fennar::graphics;
 using namespace Qt::StringLiterals;
 
 /** The two ways to draw, side by side. */

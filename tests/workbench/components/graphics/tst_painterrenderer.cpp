@@ -9,6 +9,8 @@
 #include <QPalette>
 #include <QTest>
 
+using namespace fennar;
+using namespace fennar::graphics;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -26,6 +26,7 @@
 #include <QTest>
 #include <QTreeView>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** The component, loaded into the workbench's window. */

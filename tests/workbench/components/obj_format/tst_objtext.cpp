@@ -9,6 +9,8 @@
 #include <limits>
 #include <stdexcept>
 
+using namespace fennar;
+using namespace fennar::obj_format;
 using namespace Qt::StringLiterals;
 
 /** OBJ files as text. */

@@ -20,6 +20,7 @@
 
 #include <algorithm>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -19,6 +19,7 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace fennar::recovery;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 

@@ -6,6 +6,7 @@
 
 #include <QTest>
 
+using namespace fennar::recovery;
 using namespace Qt::StringLiterals;
 
 class TstKeptDocument : public TestCase

@@ -26,6 +26,8 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace fennar;
+using namespace fennar::recovery;
 using namespace Qt::StringLiterals;
 
 /** The component, loaded into the main window. */

@@ -12,6 +12,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace fennar::recovery;
 using namespace Qt::StringLiterals;
 
 namespace {

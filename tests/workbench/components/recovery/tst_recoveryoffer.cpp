@@ -13,6 +13,7 @@
 
 #include <algorithm>
 
+using namespace fennar::recovery;
 using namespace Qt::StringLiterals;
 
 class TstRecoveryOffer : public TestCase

@@ -13,6 +13,8 @@
 
 #include <memory>
 
+using namespace fennar;
+using namespace fennar::recovery;
 using namespace Qt::StringLiterals;
 
 namespace {

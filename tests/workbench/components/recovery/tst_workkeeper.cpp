@@ -14,6 +14,8 @@
 
 #include <stdexcept>
 
+using namespace fennar;
+using namespace fennar::recovery;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 

@@ -22,20 +22,20 @@ class PythonCommandsTest : public TestCase
 protected:
     void start_python()
     {
-        PythonHooks hooks = mRecorder.hooks();
+        fennar::PythonHooks hooks = mRecorder.hooks();
         hooks.extend = [this](struct _object* module) {
             const auto call = [this](const QString& line, bool quiet) {
                 lines << line;
                 quiet_lines << (quiet ? line : QString());
                 return interpreter.call(line);
             };
-            add_python_commands(
-                module,
-                {.registry = &registry, .call = call, .check_caller = &PythonRuntime::require_gui_thread});
+            fennar::add_python_commands(module, {.registry = &registry,
+                                                 .call = call,
+                                                 .check_caller = &fennar::PythonRuntime::require_gui_thread});
         };
         interpreter.set_error_output([this](const QString& text) { reported += text; });
-        QVERIFY2(PythonRuntime::start(hooks), qPrintable(mRecorder.errors));
-        mUser = make_python_interpreter(PythonRuntime::user_namespace());
+        QVERIFY2(fennar::PythonRuntime::start(hooks), qPrintable(mRecorder.errors));
+        mUser = fennar::make_python_interpreter(fennar::PythonRuntime::user_namespace());
     }
 
     void set_up() override
@@ -61,16 +61,16 @@ protected:
     QString last_line(const QByteArray& source) { return shown(source).trimmed().split(QChar(u'\n')).last(); }
 
     /** Adds a command that writes its words down and returns @p result. */
-    void add(const char* name, const QList<CommandSyntax>& forms, const char* owner = "test",
-             const CommandType& type = {}, const CommandValue& result = {})
+    void add(const char* name, const QList<fennar::CommandSyntax>& forms, const char* owner = "test",
+             const fennar::CommandType& type = {}, const fennar::CommandValue& result = {})
     {
         registry.add({.name = QString::fromUtf8(name),
                       .summary = QStringLiteral("Does something."),
                       .owner = QString::fromUtf8(owner),
                       .perform =
-                          [this, result](CommandCall& call, const CommandArguments&) {
+                          [this, result](fennar::CommandCall& call, const fennar::CommandArguments&) {
                               QStringList words;
-                              for (const CommandWord& word : call.words())
+                              for (const fennar::CommandWord& word : call.words())
                                   words << word.text;
                               words_performed << words;
                               performed << words.join(QChar(u'|'));
@@ -80,8 +80,8 @@ protected:
                       .result = type});
     }
 
-    CommandRegistry registry;
-    CommandInterpreter interpreter{registry};
+    fennar::CommandRegistry registry;
+    fennar::CommandInterpreter interpreter{registry};
     /** The command lines that were handed over. */
     QStringList lines;
     /** The same, but empty for those whose output is to be shown. */

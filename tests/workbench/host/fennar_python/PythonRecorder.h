@@ -24,12 +24,12 @@ struct PythonRecorder
     std::function<void(const QString&)> onError;
     std::function<bool(const QString&)> onCommand;
     /** What is told of a command for which onCommand returns false. */
-    PythonCommandFailure failure;
+    fennar::PythonCommandFailure failure;
     std::function<void()> onTurn;
 
-    PythonHooks hooks()
+    fennar::PythonHooks hooks()
     {
-        PythonHooks hooks;
+        fennar::PythonHooks hooks;
         hooks.output = [this](const QString& text) {
             output += text;
             calls += QStringLiteral("out:") + text;

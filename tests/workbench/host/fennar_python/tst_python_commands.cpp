@@ -6,6 +6,7 @@
 
 #include <QRandomGenerator>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 using Kind = CommandParameter::Kind;
 

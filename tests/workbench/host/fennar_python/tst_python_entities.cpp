@@ -6,6 +6,7 @@
 
 #include <QMap>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 using Kind = CommandParameter::Kind;
 using TypeKind = CommandType::Kind;

@@ -19,6 +19,7 @@
 #include <cstdio>
 #include <thread>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -14,6 +14,7 @@
 #include <cstdio>
 #include <thread>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 

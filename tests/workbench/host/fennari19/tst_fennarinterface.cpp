@@ -13,6 +13,7 @@
 
 #include <thread>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 class TstFennarInterface : public TestCase

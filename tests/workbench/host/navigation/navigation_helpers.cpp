@@ -13,6 +13,7 @@
 
 #include <algorithm>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -46,10 +46,10 @@ QStandardItem* add_group(QStandardItem* parent, const QString& title);
 QStandardItem* add_command(QStandardItem* parent, const QString& title, const QString& command);
 
 /** The visible entry buttons of @p panel, row by row. */
-QList<EntryButton*> entry_buttons(const QWidget& panel);
+QList<fennar::EntryButton*> entry_buttons(const QWidget& panel);
 /** The titles on these buttons. */
 QStringList entry_titles(const QWidget& panel);
 /** The titles on those that are down. */
 QStringList chosen_titles(const QWidget& panel);
 /** The visible entry button titled @p title; null if there is none. */
-EntryButton* entry_button(const QWidget& panel, const QString& title);
+fennar::EntryButton* entry_button(const QWidget& panel, const QString& title);

@@ -18,6 +18,7 @@
 
 #include <memory>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** The panel of one level and the way that led there. */

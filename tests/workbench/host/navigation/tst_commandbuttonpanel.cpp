@@ -27,6 +27,7 @@
 #include <memory>
 #include <vector>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** The panel of rows of buttons, and the form of a command, which both panels share. */

@@ -16,6 +16,7 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 class TstCommandDialog : public TestCase

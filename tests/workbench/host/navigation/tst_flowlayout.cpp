@@ -7,6 +7,7 @@
 #include <QTest>
 #include <QWidget>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

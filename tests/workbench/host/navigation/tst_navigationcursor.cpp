@@ -10,6 +10,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** The place in a model that changes under it. */

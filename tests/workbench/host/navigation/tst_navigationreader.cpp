@@ -20,6 +20,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** What is read, what is left out, and what is said about it. */

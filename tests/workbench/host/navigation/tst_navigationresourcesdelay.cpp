@@ -11,6 +11,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 class TstNavigationResourcesDelay : public TestCase

@@ -7,6 +7,7 @@
 
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 class TstCommandLine : public TestCase

@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 class TstHostMediator : public TestCase

@@ -12,6 +12,7 @@
 
 #include <chrono>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 

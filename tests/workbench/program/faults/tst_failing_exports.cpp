@@ -19,6 +19,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace fennar;
+using namespace fennar::geometry;
+using namespace fennar::obj_format;
 using namespace Qt::StringLiterals;
 
 /** Each call of the system that could fail during an export does: in the program, and in the converter. */

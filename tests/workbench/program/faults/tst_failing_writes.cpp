@@ -23,6 +23,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace fennar;
+using namespace fennar::geometry;
+using namespace fennar::recovery;
 using namespace Qt::StringLiterals;
 
 /** Each call of the system that could fail while something is written does. */

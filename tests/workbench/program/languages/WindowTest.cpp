@@ -47,6 +47,8 @@
 
 #include <algorithm>
 
+using namespace fennar;
+using namespace fennar::recovery;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -31,7 +31,7 @@ public:
     explicit WindowTest(const QString& language) : mLanguage(language) {}
 
 protected:
-    void prepare(Workbench& workbench) override;
+    void prepare(fennar::Workbench& workbench) override;
     void set_up_class() override;
     void tear_down_class() override;
     void after_workbench() override;
@@ -66,7 +66,7 @@ private:
     QAction* action(const QString& name) const;
 
     const QString mLanguage;
-    std::unique_ptr<Translations> mTranslations;
+    std::unique_ptr<fennar::Translations> mTranslations;
     std::unique_ptr<Catalogue> mCatalogue;
     QStringList mVisited;
     qsizetype mTexts = 0;

@@ -23,6 +23,7 @@
 #include <QTabWidget>
 #include <QTreeWidget>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

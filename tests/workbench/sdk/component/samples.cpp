@@ -17,10 +17,8 @@
 #include <QPushButton>
 #include <QShortcut>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
-using fennar::ComponentContext;
-using fennar::FixedMenu;
-using fennar::OptionsPage;
 
 Command command(const QString& name)
 {

@@ -15,11 +15,11 @@
 inline const QString owner = QStringLiteral("sample");
 
 /** A command that does nothing. */
-Command command(const QString& name);
+fennar::Command command(const QString& name);
 /** A format whose ending is its name. */
-FileFormat format(const QString& name);
+fennar::FileFormat format(const QString& name);
 /** Work of which nothing is unsaved. */
-UnsavedWork work(const QString& kind);
+fennar::UnsavedWork work(const QString& kind);
 
 /** Opens and saves nothing. */
 class Files : public IdleDocuments

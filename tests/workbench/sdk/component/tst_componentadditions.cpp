@@ -27,9 +27,8 @@
 
 #include <memory>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
-using fennar::ComponentContext;
-using fennar::OptionsPage;
 
 namespace {
 

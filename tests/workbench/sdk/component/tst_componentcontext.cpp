@@ -14,8 +14,8 @@
 #include <memory>
 #include <stdexcept>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
-using fennar::ComponentContext;
 
 class TstComponentContext : public TestCase
 {

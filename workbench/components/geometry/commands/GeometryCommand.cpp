@@ -11,6 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 QList<int> solids(const CommandCall& call, const CommandArguments& arguments, const GeometryModel& model,
                   QLatin1StringView key)
 {
@@ -51,3 +53,5 @@ QString table(const QList<QStringList>& rows, const QList<bool>& right)
     }
     return text;
 }
+
+} // namespace fennar::geometry

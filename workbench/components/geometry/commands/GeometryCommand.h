@@ -12,10 +12,15 @@
 #include <QString>
 #include <QStringList>
 
+namespace fennar {
 class CommandArguments;
 class CommandCall;
-class GeometryModel;
 struct ApplicationServices;
+} // namespace fennar
+
+namespace fennar::geometry {
+
+class GeometryModel;
 
 /** A command that works on the model. */
 struct GeometryCommand
@@ -54,3 +59,5 @@ QString shown_number(double value);
 
 /** Lines up the cells of a table, the first line being its head. Numbers stand to the @p right. */
 QString table(const QList<QStringList>& rows, const QList<bool>& right);
+
+} // namespace fennar::geometry

@@ -11,6 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 LongWork::LongWork(CommandCall& call, const ApplicationServices& services, const char* title, bool verbose)
     : mCall(call), mServices(services), mTitle(title), mVerbose(verbose)
 {
@@ -72,3 +74,5 @@ void LongWork::print(const MesherReport::Message& message)
         break;
     }
 }
+
+} // namespace fennar::geometry

@@ -5,8 +5,12 @@
 
 #include "workbench/components/geometry/programs/engine_process.h"
 
+namespace fennar {
 class CommandCall;
 struct ApplicationServices;
+} // namespace fennar
+
+namespace fennar::geometry {
 
 /** What a command that waits for the engine shows meanwhile: the shell's progress bar, and the engine's lines
  * on the console. */
@@ -41,3 +45,5 @@ private:
     bool mVerbose;
     QString mLastError;
 };
+
+} // namespace fennar::geometry

@@ -15,6 +15,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 CommandParameter model_file(CommandParameter::Kind kind)
@@ -99,3 +101,5 @@ bool register_document_commands(CommandRegistry& registry, const QString& owner,
     };
     return registry.add_all(owner, commands);
 }
+
+} // namespace fennar::geometry

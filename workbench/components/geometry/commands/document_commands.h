@@ -7,7 +7,12 @@
 
 #include <functional>
 
+namespace fennar {
 class CommandRegistry;
+}
+
+namespace fennar::geometry {
+
 class GeometryModel;
 
 /** What the commands "new", "open" and "save" do; each may throw a GeometryError. */
@@ -29,3 +34,5 @@ struct DocumentActions
  */
 bool register_document_commands(CommandRegistry& registry, const QString& owner,
                                 const DocumentActions& actions);
+
+} // namespace fennar::geometry

@@ -22,6 +22,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 enum class Direction { Import, Export };
@@ -308,3 +310,5 @@ QString recent_import_command(const QString& file, const QString& format)
     }
     return with_format(u"import "_s + words, file, format);
 }
+
+} // namespace fennar::geometry

@@ -7,10 +7,15 @@
 
 #include <functional>
 
+namespace fennar {
 class CommandRegistry;
+struct ApplicationServices;
+} // namespace fennar
+
+namespace fennar::geometry {
+
 class FileExchange;
 class GeometryModel;
-struct ApplicationServices;
 
 /** Is told how an import has ended. @p file is absolute. */
 using ImportListener = std::function<void(const QString& file, bool done)>;
@@ -38,3 +43,5 @@ QString export_command(const QString& file, const QString& format);
  * of a folder above the file.
  */
 QString recent_import_command(const QString& file, const QString& format);
+
+} // namespace fennar::geometry

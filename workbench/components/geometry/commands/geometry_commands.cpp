@@ -20,6 +20,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 using Context = GeometryCommand::Context;
@@ -448,3 +450,5 @@ bool register_geometry_commands(CommandRegistry& registry, const QString& owner,
     QObject::connect(&model, &GeometryModel::replaced, &registry.steps(), &UndoSteps::clear);
     return registry.add_all(owner, commands);
 }
+
+} // namespace fennar::geometry

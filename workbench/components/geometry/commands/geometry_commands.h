@@ -6,9 +6,14 @@
 #include <QDir>
 #include <QString>
 
+namespace fennar {
 class CommandRegistry;
-class GeometryModel;
 struct ApplicationServices;
+} // namespace fennar
+
+namespace fennar::geometry {
+
+class GeometryModel;
 
 /**
  * Adds the commands that make, change and mesh solids.
@@ -19,3 +24,5 @@ struct ApplicationServices;
  */
 bool register_geometry_commands(CommandRegistry& registry, const QString& owner, GeometryModel& model,
                                 const ApplicationServices& services, const QDir& programs);
+
+} // namespace fennar::geometry

@@ -17,6 +17,9 @@
 #include <optional>
 
 using namespace Qt::StringLiterals;
+
+namespace fennar::geometry {
+
 using Kind = CommandType::Kind;
 
 namespace {
@@ -327,3 +330,5 @@ void offer_geometry_entities(CommandEntities& entities, GeometryModel& model, co
         return mesh && QString::number(mesh->number) == key ? mesh_entity() : QString();
     });
 }
+
+} // namespace fennar::geometry

@@ -8,9 +8,15 @@
 #include <QList>
 #include <QString>
 
-class CommandEntities;
-class GeometryModel;
 class QDir;
+
+namespace fennar {
+class CommandEntities;
+}
+
+namespace fennar::geometry {
+
+class GeometryModel;
 struct Mesh;
 
 /** The kind of the model's mesh. */
@@ -35,3 +41,5 @@ CommandValue mesh_qualities(const Mesh& mesh, const QString& wanted);
  */
 void offer_geometry_entities(CommandEntities& entities, GeometryModel& model, const QDir& programs,
                              const QString& owner);
+
+} // namespace fennar::geometry

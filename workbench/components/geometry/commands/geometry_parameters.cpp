@@ -6,6 +6,9 @@
 #include "workbench/components/geometry/model/GeometryModel.h"
 
 using namespace Qt::StringLiterals;
+
+namespace fennar::geometry {
+
 using Kind = CommandParameter::Kind;
 
 namespace {
@@ -116,3 +119,5 @@ CommandClause name_clause()
         QT_TRANSLATE_NOOP("CommandParameter", "Without one the solid is named after its kind and number.");
     return {.keyword = u"name"_s, .parameters = {name}, .optional = true};
 }
+
+} // namespace fennar::geometry

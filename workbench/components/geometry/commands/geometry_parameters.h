@@ -5,6 +5,8 @@
 
 #include "workbench/sdk/core/commands/CommandDescription.h"
 
+namespace fennar::geometry {
+
 // What the commands of the component take.
 
 /** Words that cannot name solids, since commands give them a meaning. */
@@ -29,3 +31,5 @@ CommandClause axis_clause();
 CommandParameter new_name_parameter();
 /** "[name NAME]" */
 CommandClause name_clause();
+
+} // namespace fennar::geometry

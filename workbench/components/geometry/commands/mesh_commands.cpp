@@ -17,6 +17,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 using Context = GeometryCommand::Context;
@@ -185,3 +187,5 @@ QList<GeometryCommand> mesh_commands()
          .result = map_type(map_type({.kind = CommandType::Kind::Number}))},
     };
 }
+
+} // namespace fennar::geometry

@@ -18,6 +18,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 /** Other components read a whole file at once. */
@@ -292,3 +294,5 @@ std::optional<QByteArray> FileExchange::convert(const Format& format, const QLis
         throw GeometryError(u"the converter has left a part of it; the disk may be full"_s);
     return content;
 }
+
+} // namespace fennar::geometry

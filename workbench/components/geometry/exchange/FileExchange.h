@@ -14,6 +14,8 @@
 #include <memory>
 #include <optional>
 
+namespace fennar::geometry {
+
 class GeometryModel;
 class Shape;
 
@@ -76,3 +78,5 @@ private:
     GeometryModel& mModel;
     QDir mPrograms;
 };
+
+} // namespace fennar::geometry

@@ -12,6 +12,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 QList<Format> engine_formats()
@@ -122,3 +124,5 @@ bool ends_brep(const QByteArray& end)
     static const QRegularExpression last_line(u"\\n\\n[-+][0-9]+ [0-9]+ \\n?$"_s);
     return last_line.match(QString::fromLatin1(end)).hasMatch();
 }
+
+} // namespace fennar::geometry

@@ -12,6 +12,8 @@
 #include <memory>
 #include <optional>
 
+namespace fennar::geometry {
+
 /** A file format that can be imported or exported now. */
 struct Format
 {
@@ -64,3 +66,5 @@ bool is_whole(const Format& format, const QByteArray& content);
 /** Whether a BREP file could end with these bytes, up to 64: an empty line, then one where the shape itself
  * begins. */
 bool ends_brep(const QByteArray& end);
+
+} // namespace fennar::geometry

@@ -17,6 +17,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 constexpr auto checksum_method = QCryptographicHash::Sha256;
@@ -290,3 +292,5 @@ GeometryContents read_model(QIODevice& device)
 {
     return Reader(device).run();
 }
+
+} // namespace fennar::geometry

@@ -7,6 +7,8 @@
 
 class QIODevice;
 
+namespace fennar::geometry {
+
 /** The version of the format that write_model() writes, and the newest that read_model() reads. */
 constexpr int model_format_version = 1;
 
@@ -20,3 +22,5 @@ QByteArrayList write_model(const GeometryContents& contents);
  * wrong and at which byte, counted from 0.
  */
 GeometryContents read_model(QIODevice& device);
+
+} // namespace fennar::geometry

@@ -9,6 +9,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 template <typename Item>
@@ -66,3 +68,5 @@ Surface unpack_surface(const QByteArray& data)
     check_corners(surface);
     return surface;
 }
+
+} // namespace fennar::geometry

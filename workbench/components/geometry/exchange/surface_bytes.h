@@ -7,6 +7,8 @@
 
 #include <QByteArray>
 
+namespace fennar::geometry {
+
 /** Throws a GeometryError if a triangle has a corner that does not exist. */
 void check_corners(const Surface& surface);
 
@@ -17,3 +19,5 @@ QByteArray pack_surface(const Surface& surface);
 /** The surface that pack_surface() has packed; all corners exist. Throws a GeometryError if @p data is
  * anything else. */
 Surface unpack_surface(const QByteArray& data);
+
+} // namespace fennar::geometry

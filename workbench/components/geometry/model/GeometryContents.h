@@ -11,6 +11,8 @@
 
 #include <memory>
 
+namespace fennar::geometry {
+
 /** All of a GeometryModel as plain data: what a file of the model holds. */
 struct GeometryContents
 {
@@ -31,3 +33,5 @@ struct GeometryContents
     /** How many changes the model has had since it was meshed; 0 for none. */
     qint64 mesh_age = 0;
 };
+
+} // namespace fennar::geometry

@@ -17,6 +17,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 /** The longest file name that a message shows whole. */
@@ -107,3 +109,5 @@ void GeometryDocument::set_unmodified(const QString& file)
     mSavedState = mModel.state();
     emit settled();
 }
+
+} // namespace fennar::geometry

@@ -9,6 +9,8 @@
 #include <QObject>
 #include <QString>
 
+namespace fennar::geometry {
+
 /**
  * The model as a document: the file it belongs to, and whether it has changed since it was read or written.
  *
@@ -64,3 +66,5 @@ private:
     /** GeometryModel::state() when nothing was unsaved; -1 if that will not come back. */
     qint64 mSavedState;
 };
+
+} // namespace fennar::geometry

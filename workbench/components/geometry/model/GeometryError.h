@@ -8,6 +8,8 @@
 
 #include <stdexcept>
 
+namespace fennar::geometry {
+
 /** Why an operation on the model or a mesh has failed, in one line. Nothing has changed. */
 class GeometryError : public std::runtime_error
 {
@@ -21,3 +23,5 @@ public:
 private:
     QString mMessage;
 };
+
+} // namespace fennar::geometry

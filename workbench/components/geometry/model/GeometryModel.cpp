@@ -14,6 +14,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 void check_length(double length, const QString& what)
@@ -434,3 +436,5 @@ void GeometryModel::replace(const GeometryContents& contents)
     emit mesh_changed();
     emit replaced();
 }
+
+} // namespace fennar::geometry

@@ -15,6 +15,8 @@
 #include <memory>
 #include <optional>
 
+namespace fennar::geometry {
+
 /**
  * The solids and the mesh that was made of them.
  *
@@ -172,3 +174,5 @@ private:
     /** The greatest number of a state so far. */
     qint64 mLastState = 0;
 };
+
+} // namespace fennar::geometry

@@ -6,7 +6,11 @@
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
+namespace fennar::geometry {
+
 bool GeometryModel::is_name(const QString& text)
 {
     return CommandRegistry::is_name(text);
 }
+
+} // namespace fennar::geometry

@@ -17,6 +17,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 /** For how long, in milliseconds, shapes are copied at a time: nobody must feel it. */
@@ -203,3 +205,5 @@ void GeometryScene::end_if_done()
     if (!is_busy())
         emit finished();
 }
+
+} // namespace fennar::geometry

@@ -14,8 +14,13 @@
 #include <map>
 #include <memory>
 
-class GeometryModel;
+namespace fennar {
 class Scene;
+}
+
+namespace fennar::geometry {
+
+class GeometryModel;
 
 /**
  * Keeps the solids of the model in the scene: one item each, with its name, its shape and its part of the
@@ -81,3 +86,5 @@ private:
     /** Tells it that nobody waits any more. */
     std::atomic<bool> mStop = false;
 };
+
+} // namespace fennar::geometry

@@ -11,6 +11,8 @@
 
 #include <optional>
 
+namespace fennar::geometry {
+
 /** A mesh and what is known of it. Lengths are in the units of the model. */
 struct Mesh
 {
@@ -59,3 +61,5 @@ struct Mesh
     /** GeometryModel::revision() of the model that was meshed. */
     qint64 revision = 0;
 };
+
+} // namespace fennar::geometry

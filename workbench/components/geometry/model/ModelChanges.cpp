@@ -7,6 +7,8 @@
 
 #include <utility>
 
+namespace fennar::geometry {
+
 namespace {
 
 using Part = GeometryModel::Part;
@@ -100,3 +102,5 @@ void ModelChanges::restore(const Part& part)
     mModel.restore(part);
     mNow = mModel.part(mModel.ids());
 }
+
+} // namespace fennar::geometry

@@ -11,6 +11,8 @@
 
 #include <memory>
 
+namespace fennar::geometry {
+
 /**
  * Finds what has changed in the model from step to step: solids with their shapes, names and ids, and the
  * mesh. GUI thread only.
@@ -43,3 +45,5 @@ private:
     QSet<int> mTouched;
     bool mRestoring = false;
 };
+
+} // namespace fennar::geometry

@@ -37,6 +37,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 /** What a face, an edge or a corner takes with its geometry, on the average: so it was with bricks and tori.
@@ -407,3 +409,5 @@ const bool is_quiet = [] {
 }();
 
 } // namespace
+
+} // namespace fennar::geometry

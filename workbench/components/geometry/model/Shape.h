@@ -11,6 +11,8 @@
 #include <functional>
 #include <memory>
 
+namespace fennar::geometry {
+
 /** What can be said of a solid. */
 struct SolidMeasures
 {
@@ -109,3 +111,5 @@ private:
 
     std::shared_ptr<const Kernel> mKernel;
 };
+
+} // namespace fennar::geometry

@@ -14,6 +14,8 @@
 #include <TopoDS_Compound.hxx>
 #include <optional>
 
+namespace fennar::geometry {
+
 struct Shape::Kernel
 {
     /** Of solids, and nothing but solids. */
@@ -45,3 +47,5 @@ auto call_kernel(const Work& work)
         throw refused(error.what());
     }
 }
+
+} // namespace fennar::geometry

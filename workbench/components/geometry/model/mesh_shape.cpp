@@ -3,6 +3,8 @@
 
 #include "workbench/components/geometry/model/mesh_shape.h"
 
+namespace fennar::geometry {
+
 std::shared_ptr<const SceneShape> mesh_shape(const Surface& surface)
 {
     auto shape = std::make_shared<SceneShape>();
@@ -37,3 +39,5 @@ std::shared_ptr<const SceneShape> mesh_shape(const Surface& surface)
     shape->update_box();
     return shape;
 }
+
+} // namespace fennar::geometry

@@ -8,6 +8,8 @@
 
 #include <memory>
 
+namespace fennar::geometry {
+
 /**
  * The surface of a mesh as it is shown: each triangle is flat, and its edges are lines.
  *
@@ -17,3 +19,5 @@
  * May be called on any thread.
  */
 std::shared_ptr<const SceneShape> mesh_shape(const Surface& surface);
+
+} // namespace fennar::geometry

@@ -24,6 +24,8 @@
 #include <array>
 #include <numbers>
 
+namespace fennar::geometry {
+
 namespace {
 
 /** A full circle gets so many pieces. */
@@ -180,3 +182,5 @@ Tessellation prepare_tessellation(const Shape& shape)
         };
     });
 }
+
+} // namespace fennar::geometry

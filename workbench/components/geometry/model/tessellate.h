@@ -10,6 +10,8 @@
 #include <functional>
 #include <memory>
 
+namespace fennar::geometry {
+
 /** Finds the triangles and edges of a shape, on any thread. Null if that fails or @p stop is set meanwhile.
  */
 using Tessellation = std::function<std::shared_ptr<const SceneShape>(const std::atomic<bool>& stop)>;
@@ -21,3 +23,5 @@ using Tessellation = std::function<std::shared_ptr<const SceneShape>(const std::
  * @param shape  must not be empty. GUI thread only.
  */
 Tessellation prepare_tessellation(const Shape& shape);
+
+} // namespace fennar::geometry

@@ -9,6 +9,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 struct Stage
@@ -95,3 +97,5 @@ void MesherReport::advance(double part)
     if (percent > mPercent)
         mPercent = int(percent);
 }
+
+} // namespace fennar::geometry

@@ -8,6 +8,8 @@
 
 #include <optional>
 
+namespace fennar::geometry {
+
 /** Makes sense of what the mesher writes, line by line: how far it is and what the user should read. */
 class MesherReport
 {
@@ -44,3 +46,5 @@ private:
     double mNodesBefore = 0;
     double mNodes = 0;
 };
+
+} // namespace fennar::geometry

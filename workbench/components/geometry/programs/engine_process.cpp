@@ -13,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 /** How long, in milliseconds, a turn waits for the program to say something. */
@@ -127,3 +129,5 @@ bool run_engine_process(const QString& program, const QString& job, const QStrin
         throw GeometryError(failure(name, process, report, error));
     return true;
 }
+
+} // namespace fennar::geometry

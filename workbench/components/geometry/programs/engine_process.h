@@ -12,6 +12,8 @@
 
 #include <functional>
 
+namespace fennar::geometry {
+
 /** What the caller of a program with the engine is told meanwhile; each may be null. */
 struct MesherListener
 {
@@ -47,3 +49,5 @@ void read_statistics(const QByteArray& text, const QString& name, Mesh& mesh);
  * there or make no sense.
  */
 void read_mesh_files(const QDir& folder, const QString& name, Mesh& mesh);
+
+} // namespace fennar::geometry

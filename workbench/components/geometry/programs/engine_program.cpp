@@ -12,6 +12,8 @@
 #include <utility>
 #include <vector>
 
+namespace fennar::geometry {
+
 bool has_elements(int dimension, int entity)
 {
     std::vector<int> types;
@@ -142,3 +144,5 @@ int run_engine_program(int argc, char** argv, const std::function<bool(const std
         return understood;
     });
 }
+
+} // namespace fennar::geometry

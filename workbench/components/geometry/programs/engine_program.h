@@ -12,6 +12,8 @@
 #include <utility>
 #include <vector>
 
+namespace fennar::geometry {
+
 // What the programs have in common that use the engine.
 
 /** Whether the current mesh has elements of the dimension: in one of its entities, or anywhere. */
@@ -56,3 +58,5 @@ void write_surface(const Triangles& surface, const std::string& path);
 
 /** As run_file_program(), with the engine started. */
 int run_engine_program(int argc, char** argv, const std::function<bool(const std::string& job)>& run);
+
+} // namespace fennar::geometry

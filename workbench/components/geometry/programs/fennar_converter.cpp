@@ -42,6 +42,8 @@
 #include <utility>
 #include <vector>
 
+using namespace fennar::geometry;
+
 namespace {
 
 namespace occ = gmsh::model::occ;

@@ -32,6 +32,8 @@
 #include <string>
 #include <vector>
 
+using namespace fennar::geometry;
+
 namespace {
 
 struct MeshJob

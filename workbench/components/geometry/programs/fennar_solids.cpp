@@ -36,6 +36,8 @@
 #include <TopoDS_Solid.hxx>
 #include <string>
 
+using namespace fennar::geometry;
+
 namespace {
 
 const char* const is_damaged = "it is damaged, or of another format";

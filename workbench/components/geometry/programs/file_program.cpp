@@ -18,6 +18,8 @@
 #include <unistd.h>
 #endif
 
+namespace fennar::geometry {
+
 namespace {
 
 /** The process that started this one may die without a word, and nobody would want the result any more. */
@@ -96,3 +98,5 @@ int run_file_program(int argc, char** argv, const std::function<bool(const std::
     }
     return 1;
 }
+
+} // namespace fennar::geometry

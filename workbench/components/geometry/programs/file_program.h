@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <string>
 
+namespace fennar::geometry {
+
 // What all programs have in common that do a job in a process of their own.
 
 /** A message for the user; "what" is all that he is told. */
@@ -49,3 +51,5 @@ void check_written(const std::string& path);
  * @return the exit status: 0 for success, 1 if the job cannot be done, 2 for a bad job.
  */
 int run_file_program(int argc, char** argv, const std::function<bool(const std::string& job)>& run);
+
+} // namespace fennar::geometry

@@ -7,6 +7,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace fennar::geometry {
+
 bool is_written(const char* path)
 {
     // Where the engine has met the limit, more does not fit either.
@@ -20,3 +22,5 @@ bool is_written(const char* path)
                       ftruncate(file, size) == 0;
     return close(file) == 0 && good;
 }
+
+} // namespace fennar::geometry

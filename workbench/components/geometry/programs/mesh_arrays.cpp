@@ -11,6 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 const auto converter_name = u"the converter"_s;
@@ -80,3 +82,5 @@ std::optional<MeshArrays> read_mesh_arrays(const Mesh& mesh, const QDir& program
     return unpack_arrays(
         read_job_file(folder.path(u"arrays"_s), u"the converter has left no nodes and elements"_s));
 }
+
+} // namespace fennar::geometry

@@ -9,6 +9,8 @@
 #include <optional>
 #include <vector>
 
+namespace fennar::geometry {
+
 /** The nodes and elements of a mesh as plain numbers. */
 struct MeshArrays
 {
@@ -44,3 +46,5 @@ std::optional<MeshArrays> read_mesh_arrays(const Mesh& mesh, const QDir& program
 /** What the program has left; all nodes of elements exist. Throws a GeometryError if @p data is anything
  * else. */
 MeshArrays unpack_arrays(const QByteArray& data);
+
+} // namespace fennar::geometry

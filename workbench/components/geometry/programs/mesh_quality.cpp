@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 const auto converter_name = u"the converter"_s;
@@ -52,3 +54,5 @@ bool measure_quality(const Mesh& mesh, const QDir& programs, const MesherListene
         read_quality(read_job_file(folder.path(u"quality"_s), u"the converter has left no measures"_s));
     return true;
 }
+
+} // namespace fennar::geometry

@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 QString solid_file(int id)
@@ -59,3 +61,5 @@ std::shared_ptr<const Mesh> run_mesher(const QString& program, const GeometryMod
                                         u"the mesher has left no surface"_s);
     return mesh;
 }
+
+} // namespace fennar::geometry

@@ -10,6 +10,8 @@
 
 #include <memory>
 
+namespace fennar::geometry {
+
 class GeometryModel;
 
 /** What the elements of a mesh are to be like, and how they are made. */
@@ -36,3 +38,5 @@ struct MeshSettings
 std::shared_ptr<const Mesh> run_mesher(const QString& program, const GeometryModel& model,
                                        const QList<int>& ids, const MeshSettings& settings,
                                        const MesherListener& listener = {});
+
+} // namespace fennar::geometry

@@ -17,6 +17,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 class FileMenuFormats::Importer : public ImportExportHandler
 {
 public:
@@ -60,7 +62,7 @@ private:
     QString mFormat;
 };
 
-FileMenuFormats::FileMenuFormats(const fennar::ComponentContext& context) : mEntries(context.name())
+FileMenuFormats::FileMenuFormats(const ComponentContext& context) : mEntries(context.name())
 {
     build();
     connect(&FormatRegistry::instance(), &FormatRegistry::changed, this, &FileMenuFormats::build);
@@ -88,3 +90,5 @@ void FileMenuFormats::imported(const QString& file, bool done)
     if (Ostrel* window = mEntries.window(); window && done)
         window->file_menu()->recent_import(recent_import_command(file, format));
 }
+
+} // namespace fennar::geometry

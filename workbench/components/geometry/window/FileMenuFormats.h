@@ -9,6 +9,8 @@
 #include <QObject>
 #include <QStringList>
 
+namespace fennar::geometry {
+
 /**
  * The formats in the "File" menu: an entry in the dialogs for import and export for each that there is, also
  * for those that other components bring.
@@ -22,7 +24,7 @@ class FileMenuFormats : public QObject
 
 public:
     /** There is a window. */
-    explicit FileMenuFormats(const fennar::ComponentContext& context);
+    explicit FileMenuFormats(const ComponentContext& context);
 
     /** To be told of the end of each import. */
     void imported(const QString& file, bool done);
@@ -35,7 +37,7 @@ private:
 
     SaveQuestion mQuestion;
     /** What is in the menu now: it comes and goes with the formats. */
-    fennar::ComponentContext mEntries;
+    ComponentContext mEntries;
     struct Chosen
     {
         QString file;
@@ -44,3 +46,5 @@ private:
     /** Imports that were sent to the console and have not ended yet. */
     QList<Chosen> mChosen;
 };
+
+} // namespace fennar::geometry

@@ -18,6 +18,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar::geometry {
+
 namespace {
 
 constexpr int id_role = Qt::UserRole;
@@ -193,3 +195,5 @@ void GeometryDock::update_mesh()
     for (const Mesh::Elements& elements : mesh->elements)
         add(QCoreApplication::translate("MeshElements", elements.kind.toUtf8().constData()), elements.count);
 }
+
+} // namespace fennar::geometry

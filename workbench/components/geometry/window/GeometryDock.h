@@ -9,10 +9,13 @@
 #include <QStringList>
 #include <QTimer>
 
-class GeometryModel;
 class QMenu;
 class QTreeWidget;
 class QTreeWidgetItem;
+
+namespace fennar::geometry {
+
+class GeometryModel;
 
 /**
  * The dock "Model": a tree of the solids with their volumes, and of the mesh.
@@ -58,3 +61,5 @@ private:
     /** One command for all that is selected at once. */
     QTimer mSend;
 };
+
+} // namespace fennar::geometry

@@ -15,7 +15,6 @@
 #include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QPointer>
@@ -23,14 +22,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("GeometryFileHandler", text);
-}
-
-} // namespace
+namespace fennar::geometry {
 
 GeometryFileHandler::GeometryFileHandler(Ostrel* window, GeometryDocument& document)
     : mWindow(window), mDocument(document)
@@ -126,7 +118,7 @@ void GeometryFileHandler::set_directory()
     QString start;
     OstrelFileMenu::get_path(start);
     const std::weak_ptr<void> life = mLife;
-    const QString directory = fennar::modal_dialogs::ask_directory(mWindow, tr("Set Directory"), start);
+    const QString directory = modal_dialogs::ask_directory(mWindow, tr("Set Directory"), start);
     if (directory.isEmpty() || life.expired() || !Ostrel::instance())
         return;
     if (!QDir::setCurrent(directory)) {
@@ -229,3 +221,5 @@ void GeometryFileHandler::run_for_command(const std::function<void()>& flow)
     if (!mFailure.isEmpty())
         throw GeometryError(mFailure);
 }
+
+} // namespace fennar::geometry

@@ -6,14 +6,18 @@
 #include "files/OpenSaveHandler.h"
 #include "workbench/components/geometry/window/SaveQuestion.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <functional>
 #include <memory>
 
-class GeometryDocument;
 class Ostrel;
 class OstrelFileMenu;
+
+namespace fennar::geometry {
+
+class GeometryDocument;
 
 /**
  * Opens and saves the model through the file menu, and for commands in the same way.
@@ -25,6 +29,8 @@ class OstrelFileMenu;
  */
 class GeometryFileHandler : public OpenSaveHandler
 {
+    Q_DECLARE_TR_FUNCTIONS(fennar::geometry::GeometryFileHandler)
+
 public:
     /** Both must outlive it. It is for the caller to plug in. */
     GeometryFileHandler(Ostrel* window, GeometryDocument& document);
@@ -76,3 +82,5 @@ private:
     /** Expires with this object. */
     std::shared_ptr<void> mLife = std::make_shared<bool>();
 };
+
+} // namespace fennar::geometry

@@ -16,9 +16,10 @@
 #include <QMenu>
 
 using namespace Qt::StringLiterals;
-using fennar::CommandUse;
 
-GeometryWindow::GeometryWindow(fennar::ComponentContext& context, const GeometryModel& model)
+namespace fennar::geometry {
+
+GeometryWindow::GeometryWindow(ComponentContext& context, const GeometryModel& model)
     : mContext(context), mDock(new GeometryDock(model, context.window()))
 {
     setObjectName(u"GeometryWindow"_s);
@@ -50,8 +51,8 @@ QAction* GeometryWindow::make_selection_action(const char* command, const QStrin
     const auto declared = Fennar::instance().registry().find(QLatin1StringView(command));
     const int least = declared->forms.first().clauses.first().parameters.first().at_least;
     mSelectionActions.append({action, least});
-    fennar::set_disabled_reason(action, least == 1 ? tr("No solid is selected.")
-                                                   : tr("Fewer than two solids are selected."));
+    set_disabled_reason(action,
+                        least == 1 ? tr("No solid is selected.") : tr("Fewer than two solids are selected."));
     return action;
 }
 
@@ -98,8 +99,8 @@ void GeometryWindow::make_mesh_actions()
 void GeometryWindow::add_menu()
 {
     mContext.add_to_menu(tr("&Geometry"), mMenuActions);
-    QAction* const help = mContext.add_menu_entry(
-        fennar::FixedMenu::Manuals, tr("&Geometry Commands"), [owner = mContext.name()] {
+    QAction* const help =
+        mContext.add_menu_entry(FixedMenu::Manuals, tr("&Geometry Commands"), [owner = mContext.name()] {
             const CommandRegistry& registry = Fennar::instance().registry();
             for (const QString& name : registry.names()) {
                 if (const auto command = registry.find(name); command && command->owner == owner)
@@ -126,3 +127,5 @@ void GeometryWindow::update_actions()
     for (const auto& [action, least] : std::as_const(mSelectionActions))
         action->setEnabled(count >= least);
 }
+
+} // namespace fennar::geometry

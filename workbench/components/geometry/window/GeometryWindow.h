@@ -12,9 +12,12 @@
 #include <utility>
 #include <vector>
 
+class QAction;
+
+namespace fennar::geometry {
+
 class GeometryDock;
 class GeometryModel;
-class QAction;
 
 /**
  * All that the component has in the main window: the menu "Geometry", a toolbar, the dock "Model",
@@ -26,11 +29,11 @@ class GeometryWindow : public QObject
 
 public:
     /** Both must outlive this object. There is a window. */
-    GeometryWindow(fennar::ComponentContext& context, const GeometryModel& model);
+    GeometryWindow(ComponentContext& context, const GeometryModel& model);
 
 private:
     QAction* make_action(const char* command, const QString& text, const char* icon = nullptr,
-                         fennar::CommandUse use = fennar::CommandUse::Form);
+                         CommandUse use = CommandUse::Form);
     /** One that runs a command on the selected solids, and is disabled while they are too few. */
     QAction* make_selection_action(const char* command, const QString& text, const char* icon = nullptr);
     void make_solid_actions();
@@ -40,7 +43,7 @@ private:
     void add_dock();
     void update_actions();
 
-    fennar::ComponentContext& mContext;
+    ComponentContext& mContext;
     /** The window owns it, and so it may go before this object. */
     QPointer<GeometryDock> mDock;
     /** Null stands for a separator. */
@@ -50,3 +53,5 @@ private:
     /** Actions that need so many selected solids. */
     QList<std::pair<QAction*, int>> mSelectionActions;
 };
+
+} // namespace fennar::geometry

@@ -12,6 +12,8 @@
 
 #include <utility>
 
+namespace fennar::geometry {
+
 SaveQuestion::SaveQuestion()
 {
     QCoreApplication::instance()->installEventFilter(this);
@@ -46,3 +48,5 @@ bool SaveQuestion::eventFilter(QObject* object, QEvent* event)
     }
     return false;
 }
+
+} // namespace fennar::geometry

@@ -8,6 +8,8 @@
 
 class QWidget;
 
+namespace fennar::geometry {
+
 /**
  * Asks before a file is replaced of which its file dialog has not asked.
  *
@@ -33,3 +35,5 @@ public:
 private:
     QString mChosen;
 };
+
+} // namespace fennar::geometry

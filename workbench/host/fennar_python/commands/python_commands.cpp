@@ -23,6 +23,8 @@ static void init_resources()
     Q_INIT_RESOURCE(python_commands);
 }
 
+namespace fennar {
+
 namespace {
 
 py::list to_list(const QStringList& texts)
@@ -421,3 +423,5 @@ void add_python_commands(PyObject* module, const PythonCommandServices& services
     const py::object code = builtins.attr("compile")(source(u"commands.py"_s), names["__file__"], "exec");
     builtins.attr("exec")(code, names);
 }
+
+} // namespace fennar

@@ -14,6 +14,8 @@
 
 struct _object; // NOLINT(bugprone-reserved-identifier): the name that Python gives it
 
+namespace fennar {
+
 /** What the function view() shows. */
 struct PythonPicture
 {
@@ -65,3 +67,5 @@ struct PythonCommandServices
  * pybind11 throws.
  */
 void add_python_commands(struct _object* module, const PythonCommandServices& services);
+
+} // namespace fennar

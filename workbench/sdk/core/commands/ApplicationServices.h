@@ -9,6 +9,8 @@ class OstrelGUI;
 class QString;
 class QWidget;
 
+namespace fennar {
+
 /** What commands of components need from the application; each may be null. */
 struct ApplicationServices
 {
@@ -27,3 +29,5 @@ struct ApplicationServices
      */
     std::function<QWidget*(const QString& command, const QString& title)> open_form = {};
 };
+
+} // namespace fennar

@@ -7,6 +7,8 @@
 #include <memory>
 #include <utility>
 
+namespace fennar {
+
 template <typename Signature>
 class Callback;
 
@@ -37,3 +39,5 @@ public:
 private:
     std::shared_ptr<const Function> mFunction;
 };
+
+} // namespace fennar

@@ -17,6 +17,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 using Kind = CommandParameter::Kind;
@@ -366,3 +368,5 @@ qsizetype CommandArguments::word(QLatin1StringView key, qsizetype i) const
     const qsizetype word = keyword_only ? mStarts[found.clause] : values(key).value(i).word;
     return word > 0 ? word : mCount;
 }
+
+} // namespace fennar

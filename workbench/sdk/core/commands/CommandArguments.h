@@ -12,6 +12,8 @@
 #include <QString>
 #include <QStringList>
 
+namespace fennar {
+
 class CommandEntities;
 struct CommandWords;
 
@@ -84,3 +86,5 @@ private:
     /** The words with which the clauses begin; 0 for one that is left out. */
     QList<qsizetype> mStarts;
 };
+
+} // namespace fennar

@@ -8,6 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 CommandCall::CommandCall(const CommandWords& words, CommandInterpreter& interpreter)
     : mWords(words), mInterpreter(interpreter)
 {}
@@ -32,3 +34,5 @@ bool CommandCall::interrupted() const
 {
     return interrupt_requested();
 }
+
+} // namespace fennar

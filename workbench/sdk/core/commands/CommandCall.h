@@ -9,6 +9,8 @@
 
 #include <QAnyStringView>
 
+namespace fennar {
+
 class CommandInterpreter;
 
 /**
@@ -54,3 +56,5 @@ private:
     CommandInterpreter& mInterpreter;
     CommandValue mResult;
 };
+
+} // namespace fennar

@@ -12,6 +12,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 using Kind = CommandParameter::Kind;
@@ -164,3 +166,5 @@ std::optional<QList<ClauseValues>> read_values(const CommandSyntax& form, const 
     }
     return values;
 }
+
+} // namespace fennar

@@ -13,6 +13,8 @@
 #include <limits>
 #include <optional>
 
+namespace fennar {
+
 /** A kind of files, as file dialogs offer it. */
 struct CommandFileFilter
 {
@@ -162,3 +164,5 @@ FENNAR_CORE_EXPORT QString command_line(const QString& name, const CommandSyntax
  */
 FENNAR_CORE_EXPORT std::optional<QList<ClauseValues>> read_values(const CommandSyntax& form,
                                                                   const QStringList& words);
+
+} // namespace fennar

@@ -12,6 +12,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** So many names are told all. */
@@ -124,3 +126,5 @@ QList<ClauseValues> selected_values(const CommandSyntax& form, const CommandEnti
     }
     return values;
 }
+
+} // namespace fennar

@@ -15,6 +15,8 @@
 
 #include <functional>
 
+namespace fennar {
+
 /** What can be asked of an entity by a caller that is a program. Names, kinds and owners are not translated.
  */
 struct EntityProperty
@@ -122,3 +124,5 @@ private:
  */
 FENNAR_CORE_EXPORT QList<ClauseValues> selected_values(const CommandSyntax& form,
                                                        const CommandEntities& entities);
+
+} // namespace fennar

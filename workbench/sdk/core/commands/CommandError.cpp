@@ -5,6 +5,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 CommandError::CommandError(const QString& message, qsizetype column)
     : mMessage(message), mUtf8(message.toUtf8()), mColumn(column)
 {}
@@ -58,3 +60,5 @@ QString CommandError::shown(QStringView text, qsizetype most)
     result += u'"';
     return result;
 }
+
+} // namespace fennar

@@ -10,6 +10,8 @@
 
 #include <exception>
 
+namespace fennar {
+
 /**
  * What a command throws to end with an error.
  *
@@ -61,3 +63,5 @@ private:
     qsizetype mColumn;
     bool mReported = false;
 };
+
+} // namespace fennar

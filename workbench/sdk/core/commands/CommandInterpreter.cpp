@@ -16,6 +16,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** Messages are one line, whatever an exception's text holds. */
@@ -287,3 +289,5 @@ void CommandInterpreter::report_at(const Call* call, const CommandError& error) 
     }
     print_error(text + mLastFailure.message + u'\n');
 }
+
+} // namespace fennar

@@ -15,9 +15,11 @@
 #include <functional>
 #include <optional>
 
-struct Command;
+namespace fennar {
+
 class CommandError;
 class CommandRegistry;
+struct Command;
 
 /** Why a line has failed, for a caller that is a program. */
 struct CommandFailure
@@ -186,3 +188,5 @@ private:
     QList<const Call*> mCalls;
     mutable CommandFailure mLastFailure;
 };
+
+} // namespace fennar

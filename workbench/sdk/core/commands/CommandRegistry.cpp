@@ -13,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 QString command_entity()
 {
     return u"command"_s;
@@ -136,3 +138,5 @@ QString CommandRegistry::line_for_selection(const QString& name) const
     }
     return command_line(name, form, values);
 }
+
+} // namespace fennar

@@ -18,6 +18,8 @@
 #include <functional>
 #include <memory>
 
+namespace fennar {
+
 class CommandArguments;
 class CommandCall;
 
@@ -127,3 +129,5 @@ private:
     UndoSteps mSteps;
     QMap<QString, std::shared_ptr<const Command>> mCommands;
 };
+
+} // namespace fennar

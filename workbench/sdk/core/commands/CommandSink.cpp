@@ -3,6 +3,8 @@
 
 #include "workbench/sdk/core/commands/CommandSink.h"
 
+namespace fennar {
+
 namespace {
 
 std::function<void(const QString&)>& command_sink()
@@ -26,3 +28,5 @@ void send_command(const QString& line)
     if (sink)
         sink(text);
 }
+
+} // namespace fennar

@@ -9,6 +9,8 @@
 
 #include <functional>
 
+namespace fennar {
+
 /**
  * Sets who receives the command lines that users apply in a command panel; one for all panels. An empty
  * function drops them, which is also the state before the first call.
@@ -19,3 +21,5 @@ FENNAR_CORE_EXPORT void set_command_sink(std::function<void(const QString&)> sin
 
 /** Hands @p line to the sink. */
 FENNAR_CORE_EXPORT void send_command(const QString& line);
+
+} // namespace fennar

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace fennar {
+
 bool CommandType::fits(const CommandValue& value) const
 {
     if (value.data.index() != std::size_t(kind))
@@ -72,3 +74,5 @@ CommandType record_type(const QString& name, const QList<std::pair<QString, Comm
     }
     return type;
 }
+
+} // namespace fennar

@@ -14,6 +14,8 @@
 #include <variant>
 #include <vector>
 
+namespace fennar {
+
 /**
  * What a command returns, or a property of an entity is, to a caller that is a program.
  *
@@ -94,3 +96,5 @@ FENNAR_CORE_EXPORT CommandType array_type(CommandType::Kind of);
 /** The type of a record; each field has a name that an EntityProperty could have, and a type. */
 FENNAR_CORE_EXPORT CommandType record_type(const QString& name,
                                            const QList<std::pair<QString, CommandType>>& fields);
+
+} // namespace fennar

@@ -5,6 +5,8 @@
 
 #include "workbench/sdk/core/commands/tokenize.h"
 
+namespace fennar {
+
 bool CommandVariables::set(const QString& name, const QString& value)
 {
     if (!is_variable_name(name))
@@ -20,3 +22,5 @@ std::optional<QString> CommandVariables::value(QStringView name) const
         return std::nullopt;
     return *found;
 }
+
+} // namespace fennar

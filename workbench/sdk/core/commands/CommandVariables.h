@@ -12,6 +12,8 @@
 
 #include <optional>
 
+namespace fennar {
+
 /** The variables of the command language, by name. Names are case-sensitive. */
 class FENNAR_CORE_EXPORT CommandVariables
 {
@@ -28,3 +30,5 @@ public:
 private:
     QMap<QString, QString> mValues;
 };
+
+} // namespace fennar

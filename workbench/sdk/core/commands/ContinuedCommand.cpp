@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace fennar {
+
 bool ContinuedCommand::add(QStringView line)
 {
     if (line.endsWith(u'\n'))
@@ -39,3 +41,5 @@ ContinuedCommand::Position ContinuedCommand::position(qsizetype column) const
     }
     return {line, characters + 1};
 }
+
+} // namespace fennar

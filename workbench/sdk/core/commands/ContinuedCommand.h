@@ -9,6 +9,8 @@
 #include <QString>
 #include <QStringView>
 
+namespace fennar {
+
 /**
  * One command while its lines come in: a line whose last character is a backslash continues on the next one.
  *
@@ -53,3 +55,5 @@ private:
     QList<qsizetype> mStarts;
     bool mIncomplete = false;
 };
+
+} // namespace fennar

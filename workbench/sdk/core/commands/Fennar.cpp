@@ -3,6 +3,8 @@
 
 #include "workbench/sdk/core/commands/Fennar.h"
 
+namespace fennar {
+
 Fennar& Fennar::instance()
 {
     static Fennar fennar;
@@ -14,3 +16,5 @@ Fennar::Fennar() : mInterpreter(mRegistry), mPlayback(mInterpreter)
     mRegistry.steps().set_journal([this] { return mPlayback.journal_number(); });
     register_builtin_commands(mInterpreter, mPlayback, mServices);
 }
+
+} // namespace fennar

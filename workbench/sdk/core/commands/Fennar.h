@@ -10,6 +10,8 @@
 #include "workbench/sdk/core/commands/builtin_commands.h"
 #include "workbench/sdk/core/export.h"
 
+namespace fennar {
+
 /** The command side of the application, behind FennarInterface. GUI thread only. */
 class FENNAR_CORE_EXPORT Fennar
 {
@@ -43,3 +45,5 @@ private:
     ApplicationServices mApplication;
     bool mPythonMode = false;
 };
+
+} // namespace fennar

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+namespace fennar {
+
 namespace {
 
 using Kind = CommandParameter::Kind;
@@ -213,3 +215,5 @@ FormReading read_form(const CommandSyntax& form, const QStringList& words, Missi
 {
     return FormReader(form, words, missing).read();
 }
+
+} // namespace fennar

@@ -10,6 +10,8 @@
 
 #include <optional>
 
+namespace fennar {
+
 /** The words after a command's name, assigned to the clauses of one form. Words count from 0. */
 struct FormReading
 {
@@ -53,3 +55,5 @@ enum class Missing {
  * - An optional clause that begins with a number is skipped if the word is neither a number nor a variable.
  */
 FormReading read_form(const CommandSyntax& form, const QStringList& words, Missing missing);
+
+} // namespace fennar

@@ -5,6 +5,8 @@
 
 #include <atomic>
 
+namespace fennar {
+
 namespace {
 
 std::atomic<int> requests = 0;
@@ -43,3 +45,5 @@ InterruptScope::~InterruptScope()
     if (--open_scopes == 0)
         clear_interrupt();
 }
+
+} // namespace fennar

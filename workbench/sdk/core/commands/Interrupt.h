@@ -5,6 +5,8 @@
 
 #include "workbench/sdk/core/export.h"
 
+namespace fennar {
+
 /** Whether the user has asked the running work to stop. Cheap, and safe from any thread. */
 FENNAR_CORE_EXPORT bool interrupt_requested();
 
@@ -31,3 +33,5 @@ public:
     InterruptScope(const InterruptScope&) = delete;
     InterruptScope& operator=(const InterruptScope&) = delete;
 };
+
+} // namespace fennar

@@ -6,6 +6,8 @@
 #include <QList>
 #include <QString>
 
+namespace fennar {
+
 /** What could stand at the caret of a half-typed line. */
 struct LineCompletion
 {
@@ -30,3 +32,5 @@ struct LineCompletion
     /** A line that tells what could be typed where nothing can be listed; empty for none. */
     QString hint = {};
 };
+
+} // namespace fennar

@@ -18,6 +18,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** Where line @p number begins; the text's size if there is no such line. */
@@ -386,3 +388,5 @@ void Playback::set_paused(bool paused)
     mPaused = paused;
     mPauseChanged(paused);
 }
+
+} // namespace fennar

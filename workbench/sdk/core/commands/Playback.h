@@ -16,8 +16,11 @@
 
 #include <functional>
 
-class CommandInterpreter;
 class QIODevice;
+
+namespace fennar {
+
+class CommandInterpreter;
 
 /**
  * Plays journals: runs their commands one after the other, and can be paused and stopped in between.
@@ -248,3 +251,5 @@ private:
     /** Whether that was a Python script, which can only be run anew. */
     bool mInnerPython = false;
 };
+
+} // namespace fennar

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace fennar {
+
 UndoSteps::Change::~Change() = default;
 
 qint64 UndoSteps::Step::memory(bool done) const
@@ -148,3 +150,5 @@ void UndoSteps::drop_surplus()
         mDone -= oldest ? 1 : 0;
     }
 }
+
+} // namespace fennar

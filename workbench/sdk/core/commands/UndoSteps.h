@@ -13,6 +13,8 @@
 #include <memory>
 #include <vector>
 
+namespace fennar {
+
 /**
  * What commands have done to the model, step by step, and what of it was undone.
  *
@@ -131,3 +133,5 @@ private:
     qint64 mMemory = 0;
     qint64 mLimit = usual_limit;
 };
+
+} // namespace fennar

@@ -5,6 +5,8 @@
 
 #include "workbench/sdk/core/commands/Callback.h"
 
+namespace fennar {
+
 namespace {
 
 Callback<QString(const QString&)>& told_by()
@@ -24,3 +26,5 @@ QString absent_command_hint(const QString& name)
 {
     return told_by()(name);
 }
+
+} // namespace fennar

@@ -9,6 +9,8 @@
 
 #include <functional>
 
+namespace fennar {
+
 /** Tells how a command that is not there can be had, as the end of a sentence; empty if nobody brings it. */
 using AbsentCommandHint = std::function<QString(const QString& name)>;
 
@@ -18,3 +20,5 @@ FENNAR_CORE_EXPORT void set_absent_command_hint(const AbsentCommandHint& hint);
 
 /** What is told of the command @p name; empty if nobody tells anything. */
 FENNAR_CORE_EXPORT QString absent_command_hint(const QString& name);
+
+} // namespace fennar

@@ -18,6 +18,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 using Kind = CommandParameter::Kind;
@@ -333,3 +335,5 @@ void register_builtin_commands(CommandInterpreter& interpreter, Playback& playba
     registry.add_all(owner, plain_commands(services) + journal_commands(playback, services));
     register_step_commands(registry, owner);
 }
+
+} // namespace fennar

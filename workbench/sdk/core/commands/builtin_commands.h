@@ -12,6 +12,8 @@
 
 #include <functional>
 
+namespace fennar {
+
 class CommandInterpreter;
 class Playback;
 
@@ -36,3 +38,5 @@ FENNAR_CORE_EXPORT QList<CommandFileFilter> journal_filters();
  */
 FENNAR_CORE_EXPORT void register_builtin_commands(CommandInterpreter& interpreter, Playback& playback,
                                                   const BuiltinServices& services);
+
+} // namespace fennar

@@ -18,6 +18,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 using Kind = CommandParameter::Kind;
@@ -241,3 +243,5 @@ QList<JournalFault> check_journal(const QString& text, const CommandRegistry& re
 {
     return Checker(registry, variables).check(text);
 }
+
+} // namespace fennar

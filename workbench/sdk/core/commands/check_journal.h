@@ -9,6 +9,8 @@
 #include <QList>
 #include <QString>
 
+namespace fennar {
+
 class CommandRegistry;
 
 /** What is wrong with a line of a journal. */
@@ -39,3 +41,5 @@ struct JournalFault
  */
 FENNAR_CORE_EXPORT QList<JournalFault> check_journal(const QString& text, const CommandRegistry& registry,
                                                      CommandVariables variables);
+
+} // namespace fennar

@@ -18,6 +18,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 using Kind = CommandParameter::Kind;
@@ -404,3 +406,5 @@ LineCompletion complete_command(const QString& line, qsizetype caret, const Comm
         result.hint = u"Usage: "_s + command->usage();
     return result;
 }
+
+} // namespace fennar

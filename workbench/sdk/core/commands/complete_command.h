@@ -8,6 +8,8 @@
 
 #include <QString>
 
+namespace fennar {
+
 class CommandRegistry;
 class CommandVariables;
 
@@ -22,3 +24,5 @@ class CommandVariables;
 FENNAR_CORE_EXPORT LineCompletion complete_command(const QString& line, qsizetype caret,
                                                    const CommandRegistry& registry,
                                                    const CommandVariables& variables);
+
+} // namespace fennar

@@ -12,6 +12,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 using Kind = CommandParameter::Kind;
@@ -212,3 +214,5 @@ JournalHead read_journal_head(QStringView text, CommandVariables variables,
     }
     return head;
 }
+
+} // namespace fennar

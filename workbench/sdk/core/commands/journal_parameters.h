@@ -14,6 +14,8 @@
 
 #include <optional>
 
+namespace fennar {
+
 class CommandArguments;
 class CommandVariables;
 struct CommandWord;
@@ -77,3 +79,5 @@ struct JournalHead
  */
 FENNAR_CORE_EXPORT JournalHead read_journal_head(QStringView text, CommandVariables variables,
                                                  const QMap<QString, QString>& given = {});
+
+} // namespace fennar

@@ -15,6 +15,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 using Kind = LineMark::Kind;
@@ -150,3 +152,5 @@ QList<LineMark> mark_command(const QString& line, const CommandRegistry& registr
     mark_rest(marks, line, words);
     return marks + variables;
 }
+
+} // namespace fennar

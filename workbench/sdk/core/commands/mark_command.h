@@ -8,6 +8,8 @@
 #include <QList>
 #include <QString>
 
+namespace fennar {
+
 class CommandRegistry;
 
 /** A part of a line, and what it is, for those who color it. */
@@ -49,3 +51,5 @@ struct LineMark
  * @return in the order of the line, except that variables come last: they may lie within other parts.
  */
 FENNAR_CORE_EXPORT QList<LineMark> mark_command(const QString& line, const CommandRegistry& registry);
+
+} // namespace fennar

@@ -7,6 +7,8 @@
 #include <numeric>
 #include <vector>
 
+namespace fennar {
+
 namespace {
 
 // No name is as long; a pasted paragraph would only cost time.
@@ -52,3 +54,5 @@ QString nearest_name(const QString& typed, const QStringList& names)
     }
     return nearest;
 }
+
+} // namespace fennar

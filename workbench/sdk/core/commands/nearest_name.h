@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringList>
 
+namespace fennar {
+
 /**
  * The name of @p names that @p typed most likely was meant to be; empty if none is near.
  *
@@ -15,3 +17,5 @@
  * the typed word may be wrong, and always one. Of equally near names the first wins.
  */
 FENNAR_CORE_EXPORT QString nearest_name(const QString& typed, const QStringList& names);
+
+} // namespace fennar

@@ -7,6 +7,8 @@
 
 #include <charconv>
 
+namespace fennar {
+
 namespace {
 
 bool is_digit(QChar c)
@@ -84,3 +86,5 @@ std::optional<qint64> parse_integer(QStringView text)
         return std::nullopt;
     return value;
 }
+
+} // namespace fennar

@@ -9,6 +9,8 @@
 
 #include <optional>
 
+namespace fennar {
+
 /**
  * Reads a decimal number: an optional sign, digits with at most one decimal point, an optional exponent.
  *
@@ -19,3 +21,5 @@ FENNAR_CORE_EXPORT std::optional<double> parse_number(QStringView text);
 
 /** Reads a whole number: an optional sign and digits, nothing else. Empty also if it does not fit. */
 FENNAR_CORE_EXPORT std::optional<qint64> parse_integer(QStringView text);
+
+} // namespace fennar

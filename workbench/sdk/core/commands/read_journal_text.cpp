@@ -11,6 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** Names the line, so that it can be found and mended. */
@@ -61,3 +63,5 @@ JournalText read_journal_text(const QString& path)
         return {{}, u"cannot read %1: %2"_s.arg(shown, file.errorString())};
     return read_journal_text(file, shown);
 }
+
+} // namespace fennar

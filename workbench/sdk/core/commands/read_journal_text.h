@@ -7,6 +7,8 @@
 
 class QIODevice;
 
+namespace fennar {
+
 /** The text of a journal or script. */
 struct JournalText
 {
@@ -20,3 +22,5 @@ struct JournalText
 JournalText read_journal_text(const QString& path);
 /** Reads what is left in an open device; @p shown is what that is called in messages. */
 JournalText read_journal_text(QIODevice& device, const QString& shown);
+
+} // namespace fennar

@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** Tells which step was taken back or made again, or how many. @p index is that of the last of them. */
@@ -88,3 +90,5 @@ void list_steps(CommandCall& call, const UndoSteps& steps)
     }
     call.print(text);
 }
+
+} // namespace fennar

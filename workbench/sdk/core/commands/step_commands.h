@@ -7,6 +7,8 @@
 
 #include <QString>
 
+namespace fennar {
+
 class CommandCall;
 class CommandRegistry;
 class UndoSteps;
@@ -16,3 +18,5 @@ FENNAR_CORE_EXPORT void register_step_commands(CommandRegistry& registry, const 
 
 /** Prints the steps, those that were undone with a mark. */
 FENNAR_CORE_EXPORT void list_steps(CommandCall& call, const UndoSteps& steps);
+
+} // namespace fennar

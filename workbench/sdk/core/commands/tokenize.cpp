@@ -5,6 +5,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 // Letters and digits of the language are those of ASCII, as its blanks are.
@@ -247,3 +249,5 @@ bool is_variable_name(QStringView name)
 {
     return !name.isEmpty() && is_name_start(name[0]) && std::all_of(name.begin(), name.end(), is_name_part);
 }
+
+} // namespace fennar

@@ -13,6 +13,8 @@
 #include <functional>
 #include <optional>
 
+namespace fennar {
+
 /** One word of a command. */
 struct CommandWord
 {
@@ -64,3 +66,5 @@ FENNAR_CORE_EXPORT QString quote_word(QStringView word);
 
 /** Whether @p name can name a variable: a letter or "_", then letters, digits and "_", all of them ASCII. */
 FENNAR_CORE_EXPORT bool is_variable_name(QStringView name);
+
+} // namespace fennar

@@ -5,6 +5,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 QString file_filter(const QString& name, const QStringList& endings)
 {
     QStringList patterns;
@@ -12,3 +14,5 @@ QString file_filter(const QString& name, const QStringList& endings)
         patterns << u"*."_s + ending;
     return u"%1 (%2)"_s.arg(name, patterns.join(u' '));
 }
+
+} // namespace fennar

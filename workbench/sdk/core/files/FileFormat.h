@@ -12,6 +12,8 @@
 
 #include <functional>
 
+namespace fennar {
+
 /**
  * A file format for surfaces of triangles.
  *
@@ -34,3 +36,5 @@ struct FileFormat
 
 /** The entry of a file dialog for such files, as "STEP (*.step *.stp)". */
 FENNAR_CORE_EXPORT QString file_filter(const QString& name, const QStringList& endings);
+
+} // namespace fennar

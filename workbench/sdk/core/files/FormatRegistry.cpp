@@ -9,6 +9,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 bool is_complete(const FileFormat& format)
@@ -55,3 +57,5 @@ void FormatRegistry::remove_owner(const QString& owner)
     if (mFormats.removeIf([&owner](const auto& format) { return format->owner == owner; }) > 0)
         emit changed();
 }
+
+} // namespace fennar

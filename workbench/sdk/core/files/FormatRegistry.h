@@ -11,6 +11,8 @@
 
 #include <memory>
 
+namespace fennar {
+
 /**
  * The file formats that components bring, for the component that has the model.
  *
@@ -48,3 +50,5 @@ signals:
 private:
     QList<std::shared_ptr<const FileFormat>> mFormats;
 };
+
+} // namespace fennar

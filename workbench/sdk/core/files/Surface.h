@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <vector>
 
+namespace fennar {
+
 /** Triangles in space. Lengths are in millimetres. */
 struct Surface
 {
@@ -15,3 +17,5 @@ struct Surface
     /** Three indices of points each, counterclockwise as seen from outside. */
     std::vector<std::array<std::uint32_t, 3>> triangles;
 };
+
+} // namespace fennar

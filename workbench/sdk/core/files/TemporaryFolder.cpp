@@ -15,6 +15,8 @@
 #include <thread>
 #include <unistd.h>
 
+namespace fennar {
+
 namespace {
 
 /** All folders there are. Never deleted: static objects may have folders. */
@@ -130,3 +132,5 @@ void TemporaryFolder::end_by_caught_signal()
     while (true)
         pause();
 }
+
+} // namespace fennar

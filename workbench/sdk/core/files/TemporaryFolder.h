@@ -9,6 +9,8 @@
 
 #include <memory>
 
+namespace fennar {
+
 /**
  * A new folder for temporary files. It is removed with the object, and also if a signal ends the program; see
  * remove_on_signals(). Any thread.
@@ -49,3 +51,5 @@ public:
 private:
     std::unique_ptr<QTemporaryDir> mFolder;
 };
+
+} // namespace fennar

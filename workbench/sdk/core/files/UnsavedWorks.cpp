@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace fennar {
+
 UnsavedWorks::UnsavedWorks() = default;
 UnsavedWorks::~UnsavedWorks() = default;
 
@@ -43,3 +45,5 @@ std::optional<UnsavedWork> UnsavedWorks::find(const QString& kind) const
                                     [&kind](const UnsavedWork& work) { return work.kind == kind; });
     return found == mWorks.end() ? std::nullopt : std::optional(*found);
 }
+
+} // namespace fennar

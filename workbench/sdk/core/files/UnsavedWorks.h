@@ -13,6 +13,8 @@
 #include <functional>
 #include <optional>
 
+namespace fennar {
+
 /** What a component has in memory, and what is lost with the program unless somebody keeps it: a model. */
 struct UnsavedWork
 {
@@ -67,3 +69,5 @@ signals:
 private:
     QList<UnsavedWork> mWorks;
 };
+
+} // namespace fennar

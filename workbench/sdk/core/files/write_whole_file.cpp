@@ -18,6 +18,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 /** As many links as the system itself follows. */
@@ -191,3 +193,5 @@ QString write_whole_file(const QString& path, const QByteArrayList& parts)
         return qt_error_string(error.code().value());
     }
 }
+
+} // namespace fennar

@@ -8,6 +8,8 @@
 #include <QByteArrayList>
 #include <QString>
 
+namespace fennar {
+
 /**
  * Writes @p parts, one behind the other, as the new content of @p path: all of it or nothing.
  *
@@ -20,3 +22,5 @@
  * was at @p path is as it was, unless it is a device.
  */
 [[nodiscard]] FENNAR_CORE_EXPORT QString write_whole_file(const QString& path, const QByteArrayList& parts);
+
+} // namespace fennar

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <limits>
 
+namespace fennar {
+
 /** A point or a direction, in the units of the model. */
 struct Point3
 {
@@ -85,3 +87,5 @@ struct Box3
         return {i & 1 ? most.x : least.x, i & 2 ? most.y : least.y, i & 4 ? most.z : least.z};
     }
 };
+
+} // namespace fennar

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace fennar {
+
 Scene::~Scene() = default;
 
 Scene& Scene::instance()
@@ -121,3 +123,5 @@ void Scene::end_work()
     if (mWorkers > 0)
         --mWorkers;
 }
+
+} // namespace fennar

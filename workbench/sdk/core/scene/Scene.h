@@ -17,6 +17,8 @@
 #include <map>
 #include <memory>
 
+namespace fennar {
+
 /**
  * What there is to see and to select, between those who have something to show and those who show it.
  *
@@ -114,3 +116,5 @@ private:
     int mWorkers = 0;
     Painter mPainter;
 };
+
+} // namespace fennar

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace fennar {
+
 namespace {
 
 /** The least difference of two normals, squared, that makes a triangle part of something curved. */
@@ -52,3 +54,5 @@ void SceneShape::update_curves()
             cut(&corners[i], axis, middle[axis], slack, curves);
     }
 }
+
+} // namespace fennar

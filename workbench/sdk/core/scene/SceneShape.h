@@ -10,6 +10,8 @@
 
 #include <vector>
 
+namespace fennar {
+
 /**
  * Triangles and lines to be shown. All coordinates but the origin's are relative to the origin, so that
  * single precision is enough also far from 0.
@@ -40,3 +42,5 @@ struct FENNAR_CORE_EXPORT SceneShape
      */
     void update_curves();
 };
+
+} // namespace fennar

@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace fennar {
+
 namespace {
 
 const QString owner = u"workbench"_s;
@@ -73,3 +75,5 @@ bool register_select_command(CommandRegistry& registry, Scene& scene)
                                                .repeated = true})}}}};
     return registry.add(command) == CommandRegistry::AddResult::Added;
 }
+
+} // namespace fennar

@@ -7,6 +7,8 @@
 
 #include <QString>
 
+namespace fennar {
+
 class CommandRegistry;
 class Scene;
 
@@ -20,3 +22,5 @@ FENNAR_CORE_EXPORT QString item_entity();
  * @return false if there is a command of that name already.
  */
 FENNAR_CORE_EXPORT bool register_select_command(CommandRegistry& registry, Scene& scene);
+
+} // namespace fennar

@@ -20,6 +20,8 @@
 #include <memory>
 #include <tuple>
 
+using namespace fennar;
+using namespace fennar::geometry;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -25,6 +25,9 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+using namespace fennar;
+using namespace fennar::geometry;
+using namespace fennar::obj_format;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -17,6 +17,8 @@
 
 #include <csignal>
 
+using namespace fennar;
+using namespace fennar::geometry;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -18,6 +18,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace fennar;
+using namespace fennar::geometry;
 using namespace Qt::StringLiterals;
 using Reference = CommandValue::EntityReference;
 

@@ -7,6 +7,9 @@
 
 #include <QTest>
 
+using namespace fennar;
+using namespace fennar::geometry;
+
 /** Surfaces on their way to and from the converter. */
 class TstSurfaceBytes : public TestCase
 {

@@ -25,6 +25,8 @@
 #include <csignal>
 #include <sys/resource.h>
 
+using namespace fennar;
+using namespace fennar::geometry;
 using namespace Qt::StringLiterals;
 
 namespace {

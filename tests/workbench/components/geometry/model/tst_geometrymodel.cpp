@@ -30,6 +30,8 @@
 #include <string>
 #include <unistd.h>
 
+using namespace fennar;
+using namespace fennar::geometry;
 using namespace Qt::StringLiterals;
 
 using std::numbers::pi;

@@ -15,6 +15,8 @@
 
 #include <cmath>
 
+using namespace fennar;
+using namespace fennar::geometry;
 using namespace Qt::StringLiterals;
 
 /** Solids on their way into the scene: with tessellations that wait until a test lets them go on. */

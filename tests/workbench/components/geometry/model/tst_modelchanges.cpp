@@ -19,6 +19,8 @@
 
 #include <random>
 
+using namespace fennar;
+using namespace fennar::geometry;
 using namespace Qt::StringLiterals;
 
 /** Undo and redo, by the commands. */

@@ -6,6 +6,8 @@
 
 #include <QTest>
 
+using namespace fennar;
+using namespace fennar::geometry;
 using namespace Qt::StringLiterals;
 
 using Kind = MesherReport::Message::Kind;

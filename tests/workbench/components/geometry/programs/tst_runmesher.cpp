@@ -19,6 +19,8 @@
 #include <stdexcept>
 #include <utility>
 
+using namespace fennar;
+using namespace fennar::geometry;
 using namespace Qt::StringLiterals;
 
 /** The mesher in its own process, from the side of the program that waits for it. */

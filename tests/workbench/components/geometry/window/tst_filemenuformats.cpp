@@ -28,6 +28,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

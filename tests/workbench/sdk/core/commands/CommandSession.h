@@ -15,15 +15,16 @@ struct CommandSession
     {
         interpreter.set_output([this](const QString& text) { output += text; });
         interpreter.set_error_output([this](const QString& text) { errors += text; });
-        add("note", [this](CommandCall& call) {
+        add("note", [this](fennar::CommandCall& call) {
             QStringList words;
-            for (const CommandWord& word : call.words().sliced(1))
+            for (const fennar::CommandWord& word : call.words().sliced(1))
                 words << word.text;
             notes << words.join(u'|');
         });
     }
 
-    void add(const char* name, const std::function<void(CommandCall&)>& run, const char* owner = "test")
+    void add(const char* name, const std::function<void(fennar::CommandCall&)>& run,
+             const char* owner = "test")
     {
         registry.add(plain_command(QString::fromUtf8(name), QString::fromUtf8(owner), run));
     }
@@ -32,8 +33,8 @@ struct CommandSession
     QString take_output() { return std::exchange(output, QString()); }
     QStringList take_notes() { return std::exchange(notes, QStringList()); }
 
-    CommandRegistry registry;
-    CommandInterpreter interpreter{registry};
+    fennar::CommandRegistry registry;
+    fennar::CommandInterpreter interpreter{registry};
     QString output;
     QString errors;
     QStringList notes;

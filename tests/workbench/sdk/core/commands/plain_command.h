@@ -7,12 +7,13 @@
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
 /** A command that takes any words and finds them in its call. */
-inline Command plain_command(const QString& name, const QString& component,
-                             const std::function<void(CommandCall&)>& run)
+inline fennar::Command plain_command(const QString& name, const QString& component,
+                                     const std::function<void(fennar::CommandCall&)>& run)
 {
-    const CommandParameter words{.name = QStringLiteral("WORD"), .kind = CommandParameter::Kind::Words};
+    const fennar::CommandParameter words{.name = QStringLiteral("WORD"),
+                                         .kind = fennar::CommandParameter::Kind::Words};
     return {.name = name,
             .owner = component,
-            .perform = [run](CommandCall& call, const CommandArguments&) { run(call); },
-            .forms = {{.clauses = {optional_value(words)}}}};
+            .perform = [run](fennar::CommandCall& call, const fennar::CommandArguments&) { run(call); },
+            .forms = {{.clauses = {fennar::optional_value(words)}}}};
 }

@@ -20,6 +20,7 @@
 #include <cstdlib>
 #include <memory>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 using Kind = CommandParameter::Kind;
 

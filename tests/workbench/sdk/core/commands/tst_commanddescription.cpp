@@ -11,6 +11,7 @@
 
 #include <limits>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 using Kind = CommandParameter::Kind;
 

@@ -12,6 +12,7 @@
 
 #include <stdexcept>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 using Result = CommandInterpreter::Result;
 

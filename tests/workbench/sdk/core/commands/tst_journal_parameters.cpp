@@ -13,6 +13,7 @@
 
 #include <memory>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 using Outcome = Playback::Outcome;
 

@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <memory>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -17,6 +17,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 using Outcome = Playback::Outcome;
 

@@ -17,6 +17,7 @@
 #include <locale>
 #include <sstream>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

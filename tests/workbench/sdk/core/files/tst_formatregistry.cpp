@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 /** The meeting place of components that know formats. */

@@ -16,6 +16,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -9,6 +9,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace fennar;
 using namespace Qt::StringLiterals;
 
 class TstScene : public TestCase
