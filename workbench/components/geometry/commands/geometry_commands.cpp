@@ -402,6 +402,7 @@ QList<GeometryCommand> combining_commands()
          .perform = unite,
          .forms = {{.clauses = {required_value(solids_parameter(2))}}},
          .changes_model = true,
+         .long_running = true,
          .result = entity_type(solid_entity())},
         {.name = "subtract"_L1,
          .summary = "Takes the tools away from a solid."_L1,
@@ -410,6 +411,7 @@ QList<GeometryCommand> combining_commands()
          .forms = {{.clauses = {required_value(tools()),
                                 {.keyword = u"from"_s, .parameters = {one_solid()}}}}},
          .changes_model = true,
+         .long_running = true,
          .result = entity_type(solid_entity())},
         {.name = "intersect"_L1,
          .summary = "Keeps what several solids have in common."_L1,
@@ -417,6 +419,7 @@ QList<GeometryCommand> combining_commands()
          .perform = intersect,
          .forms = {{.clauses = {required_value(solids_parameter(2))}}},
          .changes_model = true,
+         .long_running = true,
          .result = entity_type(solid_entity())},
     };
 }

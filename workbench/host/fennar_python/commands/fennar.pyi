@@ -410,7 +410,7 @@ def import_(file: str | _os.PathLike[str], *, as_: Entity | str | None = None) -
 def intersect(*solid: Solid | str | int | _Iterable[Solid | str | int]) -> Solid:
     """Keeps what several solids have in common.
 
-    It changes the model.
+    It changes the model. It may take long, and can be cancelled.
 
     The result has the name and id of the first solid; the others are gone. It may have several pieces.
 
@@ -733,7 +733,7 @@ def statistics() -> _builtins.dict[str, int]:
 def subtract(*tool: Solid | str | int | _Iterable[Solid | str | int], from_: Solid | str | int) -> Solid:
     """Takes the tools away from a solid.
 
-    It changes the model.
+    It changes the model. It may take long, and can be cancelled.
 
     The tools are gone then. The solid may fall into several pieces, which stay one solid.
 
@@ -781,7 +781,7 @@ def undo(*, step: bool = False) -> None:
 def unite(*solid: Solid | str | int | _Iterable[Solid | str | int]) -> Solid:
     """Makes one solid of several.
 
-    It changes the model.
+    It changes the model. It may take long, and can be cancelled.
 
     The result has the name and id of the first solid; the others are gone. It may have several pieces.
 

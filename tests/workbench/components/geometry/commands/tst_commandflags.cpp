@@ -149,7 +149,10 @@ void TstCommandFlags::flags_are_what_commands_do()
         run(calls()[name]);
         const std::shared_ptr<const Command> command = mSession->registry.find(name);
         QVERIFY2(command->changes_model == (state(*mModel) != before), qPrintable(name));
-        QVERIFY2(command->long_running == (mTurns > 0), qPrintable(name));
+        // Those that the kernel does in this process give turns once they have taken a while, which shows in
+        // a time only; all else waits for a program, at least for a moment.
+        const bool in_kernel = name == u"intersect" || name == u"subtract" || name == u"unite";
+        QVERIFY2(in_kernel ? command->long_running : command->long_running == (mTurns > 0), qPrintable(name));
     }
 }
 
