@@ -47,7 +47,7 @@ FOREIGN_TEMPLATE = re.compile(rf"(?:{MADE_FOR})?(?:[\w:<>,&* ()]+ )?(?:std|__gnu
 FOREIGN_TYPE = re.compile(r"typeinfo (?:name )?for Q[A-Z]\w*$")
 
 # What std::function keeps of the type of a function, weak and visible as its library's templates.
-FUNCTION_TYPE = re.compile(r"typeinfo (?:name )?for \w+ (?:\(\*\))?\(")
+FUNCTION_TYPE = re.compile(r"typeinfo (?:name )?for [\w:]+ (?:\(\*\))?\(")
 
 
 def owner(name):
@@ -60,10 +60,10 @@ def owner(name):
 
 def judge_core(lines, classes, functions):
     """The same as judge() of the kit's core, which exports functions, too."""
-    seen, strays = judge(lines, classes)
-    called = {re.match(r"\w*", name).group() for name in strays if "(" in name and "::" not in name.split("(")[0]}
-    return seen | (called & functions), [name for name in strays if not FUNCTION_TYPE.match(name) and
-                                         re.match(r"\w*", name).group() not in called & functions]
+    seen, strays = judge(lines, classes, KIT_NAMESPACE)
+    called = {name: re.match(rf"{KIT_NAMESPACE}(\w+)\(", name) for name in strays}
+    called = {name: found.group(1) for name, found in called.items() if found and found.group(1) in functions}
+    return seen | set(called.values()), [name for name in strays if not FUNCTION_TYPE.match(name) and name not in called]
 
 
 def judge(lines, public=frozenset(PUBLIC), namespace=""):
@@ -110,9 +110,10 @@ def prove():
             "0000000000001000 T fennar::modal_dialogs::show_message(QMessageBox::Icon)"]
     stray = ["0000000000001000 T fennar::helper()", "0000000000001000 T fennar::Other::f()", "0000000000001000 T Component::f()",
              "0000000000001000 V typeinfo for fennar::Other", "0000000000001000 T other::Component::f()"]
-    core = ["0000000000001000 T tokenize(QStringView)", "0000000000001000 T Scene::items() const"]
-    stray_core = ["0000000000001000 T untold(QString)", "0000000000001000 T Scenery::f()", "0000000000001000 B counter"]
-    if judge_core(core + stray_core, {"Scene"}, {"tokenize"}) != ({"Scene", "tokenize"}, ["untold(QString)", "Scenery::f()", "counter"]):
+    core = ["0000000000001000 T fennar::tokenize(QStringView)", "0000000000001000 T fennar::Scene::items() const"]
+    stray_core = ["fennar::untold(QString)", "fennar::Scenery::f()", "Scene::f()", "tokenize(QStringView)", "counter"]
+    judged = judge_core(core + ["0000000000001000 T " + name for name in stray_core], {"Scene"}, {"tokenize"})
+    if judged != ({"Scene", "tokenize"}, stray_core):
         faults.append("misjudged the kit's core")
     seen, strays = judge(fine, KIT_PUBLIC, KIT_NAMESPACE)
     if seen != KIT_PUBLIC or strays:
@@ -130,7 +131,7 @@ def marked_classes(root, folders, mark):
                 text = file.read()
             marked |= set(re.findall(rf"^(?:class|struct) {mark} (\w+)", text, re.M))
             if re.search(rf"^{mark} ", text, re.M):
-                marked |= set(re.findall(r"^namespace (?:fennar::)?(\w+) \{", text, re.M))
+                marked |= set(re.findall(r"^namespace (?:fennar::)?(?!fennar )(\w+) \{", text, re.M))
     return marked
 
 
