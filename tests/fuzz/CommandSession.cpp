@@ -38,7 +38,7 @@ void add(CommandCall& call, const CommandArguments& arguments)
 void count(CommandCall& call, const CommandArguments& arguments)
 {
     if (arguments.integer("MOST"_L1) < arguments.integer("LEAST"_L1))
-        throw call.expected(arguments.word("MOST"_L1), u"the last");
+        throw arguments.words().expected(arguments.word("MOST"_L1), u"the last"_s);
     call.print(QString::number(arguments.integer("MOST"_L1) / arguments.integer("STEP"_L1)) + u'\n');
 }
 

@@ -22,6 +22,7 @@
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QFileInfo>
+#include <QImageWriter>
 #include <QPixmap>
 #include <QTimer>
 #include <QWindow>
@@ -208,6 +209,14 @@ Command form_command()
                                                    .example = u"help"_s})}}}};
 }
 
+void verify_picture(const CommandArguments& arguments, const CommandEntities&)
+{
+    const QString ending = QFileInfo(arguments.text("FILE"_L1)).suffix().toLower();
+    if (!QImageWriter::supportedImageFormats().contains(ending.toLatin1()))
+        throw arguments.error(arguments.word("FILE"_L1),
+                              u"the ending of the file tells no format of pictures, as .png or .jpg does"_s);
+}
+
 Command picture_command()
 {
     return {.name = u"picture"_s,
@@ -237,7 +246,8 @@ Command picture_command()
                                                     .least = 0,
                                                     .most = longest_delay,
                                                     .example = u"0"_s}},
-                                    .optional = true}}}}};
+                                    .optional = true}},
+                       .verify = &verify_picture}}};
 }
 
 } // namespace

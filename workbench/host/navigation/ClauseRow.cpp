@@ -140,7 +140,7 @@ QString ClauseRow::problem() const
             return problem;
     }
     // Each number is right by itself.
-    if (mClause.not_zero && find_fault({.clauses = {mClause}}, {values()}))
+    if (mClause.not_zero && find_fault({{.clauses = {mClause}}}, {values()}))
         return tr("%1: the numbers must not all be 0.").arg(translated_parameter(mClause.label));
     return {};
 }

@@ -356,7 +356,7 @@ QString CommandForm::problem() const
             return before->missing_too();
         before = row;
     }
-    const auto fault = find_fault(form(), values());
+    const auto fault = find_fault(mCommand->forms, values(), mWay);
     return fault ? fault->message() : QString();
 }
 

@@ -294,7 +294,7 @@ bool FormField::is_right(const QStringList& words, int at_least) const
 {
     CommandParameter parameter = mParameter;
     parameter.at_least = at_least;
-    return !find_fault({.clauses = {required_value(parameter)}}, {QList<QStringList>{words}});
+    return !find_fault({{.clauses = {required_value(parameter)}}}, {QList<QStringList>{words}});
 }
 
 /** What is wrong with one of the words. */
@@ -309,6 +309,8 @@ QString FormField::word_problem(const QString& word) const
         return file_problem(*value);
     if (is_right({word}, 1))
         return {};
+    if (!word.isEmpty() && word == mParameter.all)
+        return list_problem({word});
     switch (mParameter.kind) {
     case Kind::Number:
     case Kind::WholeNumber:
@@ -357,10 +359,11 @@ QString FormField::number_problem() const
 QString FormField::list_problem(const QStringList& given) const
 {
     for (const QString& word : given) {
-        if (mParameter.choices.contains(word))
+        if (given.size() > 1 && mParameter.choices.contains(word))
             return tr("%1: \"%2\" stands alone.").arg(mLabel, word);
     }
-    if (given.size() < mParameter.at_least)
+    // What stands for all may be too few.
+    if (given.size() < mParameter.at_least || given.first() == mParameter.all)
         return tr("%1: at least %n.", nullptr, mParameter.at_least).arg(mLabel);
     return tr("%1: each one only once.").arg(mLabel);
 }

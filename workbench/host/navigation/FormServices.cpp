@@ -39,17 +39,18 @@ QHash<QString, QString>& applied_lines()
     return lines;
 }
 
-std::optional<CommandError> find_fault(const CommandSyntax& form, const QList<ClauseValues>& values)
+std::optional<CommandError> find_fault(const QList<CommandSyntax>& forms, const QList<ClauseValues>& values,
+                                       qsizetype way)
 {
     const CommandVariables* variables = services().variables;
     const CommandWords words =
-        tokenize(command_line(u"command"_s, form, values),
+        tokenize(command_line(u"command"_s, forms[way], values),
                  [variables](QStringView name) { return variables ? variables->value(name) : std::nullopt; });
     if (words.error)
         return words.error;
     try {
-        const CommandArguments arguments(words, {form},
-                                         services().registry ? &services().registry->entities() : nullptr);
+        const CommandArguments arguments(
+            words, forms, services().registry ? &services().registry->entities() : nullptr, way);
     } catch (const CommandError& error) {
         return error;
     }

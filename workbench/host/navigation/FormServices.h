@@ -48,8 +48,11 @@ QHash<QString, QString>& applied_lines();
  * What is wrong with values, as the reader of the arguments of all commands finds it; nothing if they are
  * right.
  *
+ * @param forms   the ways to write the command.
  * @param values  one entry for each clause of the form.
+ * @param way     the index of the form that the values are of.
  */
-std::optional<CommandError> find_fault(const CommandSyntax& form, const QList<ClauseValues>& values);
+std::optional<CommandError> find_fault(const QList<CommandSyntax>& forms, const QList<ClauseValues>& values,
+                                       qsizetype way = 0);
 
 } // namespace fennar

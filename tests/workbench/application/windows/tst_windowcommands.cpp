@@ -403,7 +403,7 @@ void TstWindowCommands::wrong_words_are_named_data()
     QTest::newRow("no place") << u"picture /no/such/a.png"_s
                               << u"picture: column 9: the picture cannot be written to"_s;
     QTest::newRow("no format") << u"picture /tmp/a.nothing"_s
-                               << u"picture: column 9: the picture cannot be written to"_s;
+                               << u"picture: column 9: the ending of the file tells no format of pictures"_s;
 }
 
 void TstWindowCommands::wrong_words_are_named()

@@ -85,6 +85,7 @@ private slots:
     void long_line_is_sent_whole();
     void apply_is_off_while_something_is_wrong_data();
     void apply_is_off_while_something_is_wrong();
+    void all_of_too_few_are_refused();
     void missing_coordinates_are_the_defaults();
     void direction_of_zeros_is_refused();
     void values_of_a_clause_need_each_other();
@@ -171,6 +172,7 @@ void TstCommandForm::set_up()
     CommandParameter solids = solid;
     solids.label = "Solids";
     solids.choices = {u"all"_s};
+    solids.all = u"all"_s;
     solids.repeated = true;
     CommandParameter any_solids = solids;
     solids.distinct = true;
@@ -402,6 +404,21 @@ void TstCommandForm::apply_is_off_while_something_is_wrong_data()
         u"File: there is no folder /no/such."_s);
     row("folder", u"save"_s, u"FILE"_s, u"/"_s, u"File: / is a folder."_s);
     row("no file", u"open"_s, u"FILE"_s, u"/no/file"_s, u"File: there is no file /no/file."_s);
+}
+
+void TstCommandForm::all_of_too_few_are_refused()
+{
+    mSolids = {u"pin"_s};
+    show(u"join"_s);
+    give(u"SOLID"_s, u"all"_s);
+    QCOMPARE(message(), u"Solids: at least 2."_s);
+    mSolids.clear();
+    show(u"delete"_s);
+    give(u"SOLID"_s, u"all"_s);
+    QCOMPARE(message(), u"Solids: at least 1."_s);
+    mSolids = {u"pin"_s};
+    mRegistry->entities().tell_changed(u"solid"_s);
+    QTRY_COMPARE(message(), QString());
 }
 
 void TstCommandForm::apply_is_off_while_something_is_wrong()

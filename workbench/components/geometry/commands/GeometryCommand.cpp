@@ -5,7 +5,6 @@
 
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
-#include "workbench/sdk/core/commands/CommandCall.h"
 
 #include <algorithm>
 
@@ -13,15 +12,11 @@ using namespace Qt::StringLiterals;
 
 namespace fennar::geometry {
 
-QList<int> solids(const CommandCall& call, const CommandArguments& arguments, const GeometryModel& model,
-                  QLatin1StringView key)
+QList<int> solids(const CommandArguments& arguments, const GeometryModel& model, QLatin1StringView key)
 {
     const QStringList names = arguments.texts(key);
-    if (names == QStringList(u"all"_s)) {
-        if (model.ids().isEmpty())
-            throw call.error(arguments.word(key), u"there is no solid"_s);
+    if (names == QStringList(u"all"_s))
         return model.ids();
-    }
     QList<int> ids;
     for (const QString& name : names)
         ids << model.find(name)->id;

@@ -51,7 +51,7 @@ struct GeometryCommand
 QList<GeometryCommand> mesh_commands();
 
 /** The solids that an argument names, or all of them for "all". */
-QList<int> solids(const CommandCall& call, const CommandArguments& arguments, const GeometryModel& model,
+QList<int> solids(const CommandArguments& arguments, const GeometryModel& model,
                   QLatin1StringView key = QLatin1StringView("SOLID"));
 
 /** A measure with six digits. */

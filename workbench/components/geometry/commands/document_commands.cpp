@@ -45,13 +45,13 @@ void start_new(CommandCall&, const CommandArguments& arguments, const DocumentAc
     actions.start_new(arguments.has("discard"_L1));
 }
 
-void open(CommandCall& call, const CommandArguments& arguments, const DocumentActions& actions)
+void open(CommandCall&, const CommandArguments& arguments, const DocumentActions& actions)
 {
     const QString file = whole_path(arguments);
     // Before anybody is asked about unsaved changes.
     if (!QFileInfo::exists(file))
-        throw call.error(arguments.word("FILE"_L1),
-                         u"there is no file %1"_s.arg(CommandError::shown(file, 300)));
+        throw arguments.error(arguments.word("FILE"_L1),
+                              u"there is no file %1"_s.arg(CommandError::shown(file, 300)));
     actions.open(file);
 }
 

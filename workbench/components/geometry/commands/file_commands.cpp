@@ -88,22 +88,49 @@ QList<CommandClause> file_clauses(Direction direction)
              .optional = true}};
 }
 
-/** What "as" tells, or the ending of the file. */
-Format read_format(const CommandCall& call, const CommandArguments& arguments, Direction direction)
+/** What "as" tells, or the ending of the file; nothing if that is no format. */
+std::optional<Format> told_format(const CommandArguments& arguments)
 {
-    const bool told = arguments.has("as"_L1);
-    const std::optional<Format> format =
-        told ? find_format(arguments.text("as"_L1)) : format_of_file(arguments.text("FILE"_L1));
-    const qsizetype word = arguments.word(told ? "as"_L1 : "FILE"_L1);
+    return arguments.has("as"_L1) ? find_format(arguments.text("as"_L1))
+                                  : format_of_file(arguments.text("FILE"_L1));
+}
+
+void verify_format(const CommandArguments& arguments, const CommandEntities& entities, Direction direction)
+{
+    // Behind what may load a component, the format may be one of that.
+    if (!entities.has(format_entity(direction)))
+        return;
+    const std::optional<Format> format = told_format(arguments);
+    const qsizetype word = arguments.word(arguments.has("as"_L1) ? "as"_L1 : "FILE"_L1);
     if (!format)
-        throw call.error(word,
-                         u"the ending of the file tells no format; say which one with \"as\" (%1)"_s.arg(
-                             format_names(direction).join(u", "_s)));
+        throw arguments.error(word,
+                              u"the ending of the file tells no format; say which one with \"as\" (%1)"_s.arg(
+                                  format_names(direction).join(u", "_s)));
     if (!(direction == Direction::Import ? format->reads : format->writes))
-        throw call.error(word, direction == Direction::Import
-                                   ? u"files of the format %1 cannot be read"_s.arg(format->name)
-                                   : u"files of the format %1 cannot be written"_s.arg(format->name));
-    return *format;
+        throw arguments.error(word, direction == Direction::Import
+                                        ? u"files of the format %1 cannot be read"_s.arg(format->name)
+                                        : u"files of the format %1 cannot be written"_s.arg(format->name));
+}
+
+void verify_import(const CommandArguments& arguments, const CommandEntities& entities)
+{
+    verify_format(arguments, entities, Direction::Import);
+}
+
+void verify_export(const CommandArguments& arguments, const CommandEntities& entities)
+{
+    verify_format(arguments, entities, Direction::Export);
+    const std::optional<Format> format = told_format(arguments);
+    const bool named = arguments.has("SOLID"_L1);
+    const bool sized = arguments.has("size"_L1);
+    const bool mesh = arguments.has("mesh"_L1);
+    if (format && format->content == Format::Content::Mesh && (named || sized))
+        throw arguments.words().expected(
+            named ? arguments.word("SOLID"_L1) : arguments.word("size"_L1) - 1,
+            u"the end of the line (%1 files hold the last mesh)"_s.arg(format->name));
+    if (format && format->content == Format::Content::Solids && (mesh || sized))
+        throw arguments.words().expected(mesh ? arguments.word("mesh"_L1) : arguments.word("size"_L1) - 1,
+                                         u"the end of the line (%1 files hold solids)"_s.arg(format->name));
 }
 
 QString absolute_path(const CommandArguments& arguments)
@@ -147,7 +174,7 @@ void import_file(CommandCall& call, const CommandArguments& arguments, Context& 
         if (context.imported)
             context.imported(file, done);
     });
-    const Format format = read_format(call, arguments, Direction::Import);
+    const Format format = told_format(arguments).value();
     std::optional<FileExchange::Imported> imported;
     {
         LongWork work(call, context.services, "Import");
@@ -161,29 +188,18 @@ void import_file(CommandCall& call, const CommandArguments& arguments, Context& 
 }
 
 /** What goes into a file of the format. */
-FileExchange::Source source_of(const CommandCall& call, const CommandArguments& arguments,
-                               const Format& format, const GeometryModel& model)
+FileExchange::Source source_of(const CommandArguments& arguments, const Format& format,
+                               const GeometryModel& model)
 {
-    const bool named = arguments.has("SOLID"_L1);
-    const bool sized = arguments.has("size"_L1);
     FileExchange::Source source;
-    source.mesh = arguments.has("mesh"_L1);
-    if (format.content == Format::Content::Mesh) {
-        if (named || sized)
-            throw call.expected(named ? arguments.word("SOLID"_L1) : arguments.word("size"_L1) - 1,
-                                u"the end of the line (%1 files hold the last mesh)"_s.arg(format.name));
-        source.mesh = true;
-    } else if (format.content == Format::Content::Solids && (source.mesh || sized)) {
-        throw call.expected(source.mesh ? arguments.word("mesh"_L1) : arguments.word("size"_L1) - 1,
-                            u"the end of the line (%1 files hold solids)"_s.arg(format.name));
-    }
+    source.mesh = arguments.has("mesh"_L1) || format.content == Format::Content::Mesh;
     if (source.mesh)
         return source;
-    if (named)
-        source.solids = solids(call, arguments, model);
+    if (arguments.has("SOLID"_L1))
+        source.solids = solids(arguments, model);
     else if (format.content == Format::Content::Surface) // what an imported surface is for
         source.mesh = model.ids().isEmpty() && model.mesh();
-    if (sized)
+    if (arguments.has("size"_L1))
         source.size = arguments.number("size"_L1);
     return source;
 }
@@ -191,8 +207,8 @@ FileExchange::Source source_of(const CommandCall& call, const CommandArguments& 
 void export_file(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
     const QString file = absolute_path(arguments);
-    const Format format = read_format(call, arguments, Direction::Export);
-    const FileExchange::Source source = source_of(call, arguments, format, context.model);
+    const Format format = told_format(arguments).value();
+    const FileExchange::Source source = source_of(arguments, format, context.model);
     bool done = false;
     {
         LongWork work(call, context.services, "Export");
@@ -240,7 +256,7 @@ bool register_file_commands(CommandRegistry& registry, const QString& owner, Geo
              "components\n"
              "bring, hold a mesh, which takes the place of the last one. Lengths become millimetres."_s,
          .perform = with(&import_file),
-         .forms = {{.clauses = file_clauses(Direction::Import)}},
+         .forms = {{.clauses = file_clauses(Direction::Import), .verify = &verify_import}},
          .changes_model = true,
          .makes = {solid_entity(), item_entity()},
          .long_running = true,
@@ -264,9 +280,11 @@ bool register_file_commands(CommandRegistry& registry, const QString& owner, Geo
                                              u"SIZE"_s, u"a size of the triangles"_s,
                                              QT_TRANSLATE_NOOP("CommandParameter", "Size of the triangles"))},
                                          .optional = true}},
-                    .title = QT_TRANSLATE_NOOP("CommandParameter", "Solids")},
+                    .title = QT_TRANSLATE_NOOP("CommandParameter", "Solids"),
+                    .verify = &verify_export},
                    {.clauses = file_clauses(Direction::Export) + QList{CommandClause{.keyword = u"mesh"_s}},
-                    .title = QT_TRANSLATE_NOOP("CommandParameter", "Mesh")}},
+                    .title = QT_TRANSLATE_NOOP("CommandParameter", "Mesh"),
+                    .verify = &verify_export}},
          .long_running = true},
     };
     CommandEntities& entities = registry.entities();

@@ -48,15 +48,6 @@ QString shown(const Point3& vector)
     return shown_coordinate(vector.x) + u' ' + shown_coordinate(vector.y) + u' ' + shown_coordinate(vector.z);
 }
 
-/** Two solids or more. */
-QList<int> several(const CommandCall& call, const CommandArguments& arguments, const GeometryModel& model)
-{
-    const QList<int> ids = solids(call, arguments, model);
-    if (ids.size() < 2)
-        throw call.expected(call.count(), u"another solid");
-    return ids;
-}
-
 /** Tells of the solid that a command has made or changed, and returns it. */
 void tell_solid(CommandCall& call, const GeometryModel& model, int id)
 {
@@ -103,24 +94,28 @@ void cone(CommandCall& call, const CommandArguments& arguments, Context& context
 
 void torus(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    const double radius = arguments.number("RADIUS"_L1);
-    const double tube = arguments.number("TUBE_RADIUS"_L1);
-    if (tube >= radius)
-        throw call.expected(arguments.word("TUBE_RADIUS"_L1),
-                            u"a radius of the tube (less than %1)"_s.arg(radius));
     tell_solid(call, context.model,
-               context.model.torus(radius, tube, vector(arguments, "at"_L1), vector(arguments, "along"_L1),
+               context.model.torus(arguments.number("RADIUS"_L1), arguments.number("TUBE_RADIUS"_L1),
+                                   vector(arguments, "at"_L1), vector(arguments, "along"_L1),
                                    arguments.text("name"_L1)));
 }
 
-void move(CommandCall& call, const CommandArguments& arguments, Context& context)
+void verify_torus(const CommandArguments& arguments, const CommandEntities&)
 {
-    context.model.move(solids(call, arguments, context.model), vector(arguments, "by"_L1));
+    const double radius = arguments.number("RADIUS"_L1);
+    if (arguments.number("TUBE_RADIUS"_L1) >= radius)
+        throw arguments.words().expected(arguments.word("TUBE_RADIUS"_L1),
+                                         u"a radius of the tube (less than %1)"_s.arg(radius));
 }
 
-void rotate(CommandCall& call, const CommandArguments& arguments, Context& context)
+void move(CommandCall&, const CommandArguments& arguments, Context& context)
 {
-    context.model.rotate(solids(call, arguments, context.model), arguments.number("by"_L1),
+    context.model.move(solids(arguments, context.model), vector(arguments, "by"_L1));
+}
+
+void rotate(CommandCall&, const CommandArguments& arguments, Context& context)
+{
+    context.model.rotate(solids(arguments, context.model), arguments.number("by"_L1),
                          vector(arguments, "about"_L1), vector(arguments, "along"_L1));
 }
 
@@ -158,38 +153,35 @@ private:
 
 void unite(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    const QList<int> ids = several(call, arguments, context.model);
+    const QList<int> ids = solids(arguments, context.model);
     context.model.unite(ids, LongOperation(call, context, "Unite").listener());
     tell_solid(call, context.model, ids.first());
 }
 
 void subtract(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    const QList<int> tools = solids(call, arguments, context.model, "TOOL"_L1);
     const int id = solid(arguments, context.model, "from"_L1);
-    if (tools.contains(id))
-        throw call.error(arguments.word("from"_L1),
-                         u"\"%1\" was named already"_s.arg(context.model.solid(id)->name));
-    context.model.subtract(id, tools, LongOperation(call, context, "Subtract").listener());
+    context.model.subtract(id, solids(arguments, context.model, "TOOL"_L1),
+                           LongOperation(call, context, "Subtract").listener());
     tell_solid(call, context.model, id);
 }
 
 void intersect(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
-    const QList<int> ids = several(call, arguments, context.model);
+    const QList<int> ids = solids(arguments, context.model);
     context.model.intersect(ids, LongOperation(call, context, "Intersect").listener());
     tell_solid(call, context.model, ids.first());
 }
 
-void remove(CommandCall& call, const CommandArguments& arguments, Context& context)
+void remove(CommandCall&, const CommandArguments& arguments, Context& context)
 {
-    context.model.remove(solids(call, arguments, context.model));
+    context.model.remove(solids(arguments, context.model));
 }
 
 void list(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
     const GeometryModel& model = context.model;
-    const QList<int> ids = arguments.has("SOLID"_L1) ? solids(call, arguments, model) : model.ids();
+    const QList<int> ids = arguments.has("SOLID"_L1) ? solids(arguments, model) : model.ids();
     call.set_result(solids_value(model, ids));
     if (ids.isEmpty()) {
         call.print(u"There are no solids.\n"_s);
@@ -225,12 +217,25 @@ CommandParameter top_radius()
     return result;
 }
 
+CommandParameter one_solid()
+{
+    return solid_parameter(QT_TRANSLATE_NOOP("CommandParameter", "Solid"), u"SOLID"_s);
+}
+
 CommandParameter tools()
 {
     CommandParameter result = solids_parameter();
     result.name = u"TOOL"_s;
     result.label = QT_TRANSLATE_NOOP("CommandParameter", "Tools");
     result.choices.clear();
+    return result;
+}
+
+/** What tools are taken away from, which is none of them. */
+CommandParameter other_solid()
+{
+    CommandParameter result = one_solid();
+    result.distinct = true;
     return result;
 }
 
@@ -291,11 +296,6 @@ CommandClause angle()
                             .example = u"30"_s}}};
 }
 
-CommandParameter one_solid()
-{
-    return solid_parameter(QT_TRANSLATE_NOOP("CommandParameter", "Solid"), u"SOLID"_s);
-}
-
 /** Those that make a solid. */
 QList<GeometryCommand> making_commands()
 {
@@ -338,7 +338,8 @@ QList<GeometryCommand> making_commands()
          .help = axis_help,
          .perform = torus,
          .forms = {{.clauses = {required_value(ring_radius()), required_value(tube_radius()), center(),
-                                axis_clause(), name_clause()}}},
+                                axis_clause(), name_clause()},
+                    .verify = &verify_torus}},
          .changes_model = true,
          .result = entity_type(solid_entity())},
     };
@@ -409,7 +410,7 @@ QList<GeometryCommand> combining_commands()
          .help = "The tools are gone then. The solid may fall into several pieces, which stay one solid."_L1,
          .perform = subtract,
          .forms = {{.clauses = {required_value(tools()),
-                                {.keyword = u"from"_s, .parameters = {one_solid()}}}}},
+                                {.keyword = u"from"_s, .parameters = {other_solid()}}}}},
          .changes_model = true,
          .long_running = true,
          .result = entity_type(solid_entity())},

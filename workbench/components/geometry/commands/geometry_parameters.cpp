@@ -74,7 +74,8 @@ CommandParameter solid_parameter(const char* label, const QString& name)
 CommandParameter solids_parameter(int at_least)
 {
     CommandParameter result = solid_parameter(QT_TRANSLATE_NOOP("CommandParameter", "Solids"), u"SOLID"_s);
-    result.choices = {u"all"_s};
+    result.all = u"all"_s;
+    result.choices = {result.all};
     result.repeated = true;
     result.at_least = at_least;
     result.distinct = true;

@@ -42,18 +42,15 @@ QString summary(const Mesh& mesh)
 void mesh(CommandCall& call, const CommandArguments& arguments, Context& context)
 {
     GeometryModel& model = context.model;
-    const QList<int> ids = arguments.has("SOLID"_L1) ? solids(call, arguments, model) : model.ids();
+    const QList<int> ids = solids(arguments, model);
     const double size = arguments.number("size"_L1);
-    if (ids.isEmpty())
-        throw call.error(0, u"there is no solid to mesh"_s);
-
     double nodes = 0;
     for (const int id : ids) {
         const SolidMeasures measures = model.measures(id);
         nodes += measures.volume / std::pow(size, 3) + measures.area / std::pow(size, 2);
     }
     if (nodes > most_nodes)
-        throw call.error(
+        throw arguments.error(
             arguments.word("size"_L1),
             u"elements so small would need about %1 nodes; %2 is the most"_s.arg(nodes, 0, 'g', 2)
                 .arg(most_nodes));
@@ -123,6 +120,13 @@ void quality(CommandCall& call, const CommandArguments& arguments, Context& cont
     call.print(table(rows, {false, true, true, true}) + age(mesh, context.model));
 }
 
+CommandParameter solids_or_all()
+{
+    CommandParameter result = solids_parameter();
+    result.default_value = result.all;
+    return result;
+}
+
 } // namespace
 
 QList<GeometryCommand> mesh_commands()
@@ -140,7 +144,7 @@ QList<GeometryCommand> mesh_commands()
              "that\n"
              "the mesher has to say."_L1,
          .perform = mesh,
-         .forms = {{.clauses = {optional_value(solids_parameter()),
+         .forms = {{.clauses = {optional_value(solids_or_all()),
                                 {.keyword = u"size"_s,
                                  .parameters = {length_parameter(
                                      u"SIZE"_s, u"a size of the elements"_s,

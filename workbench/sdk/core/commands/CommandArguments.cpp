@@ -10,8 +10,11 @@
 #include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QHash>
+#include <QSet>
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -89,6 +92,8 @@ public:
         for (qsizetype i = 0; i < mForm.clauses.size(); ++i) {
             if (mReading.clauses[i])
                 check_clause(mForm.clauses[i], *mReading.clauses[i]);
+            else
+                check_defaults(mForm.clauses[i], mReading.starts[i]);
         }
         if (!mFault && (mReading.next < mTexts.size() || !mReading.may_end))
             tell(unexpected());
@@ -129,11 +134,21 @@ private:
             for (const qsizetype word : values[i]) {
                 if (const auto fault = check(parameter, word, values[i]))
                     tell(*fault);
-                zero = zero && parse_number(mTexts[word]).value_or(1) == 0;
+                zero = zero &&
+                       std::abs(parse_number(mTexts[word]).value_or(1)) < std::numeric_limits<double>::min();
             }
         }
         if (zero && values.size() == clause.parameters.size() && !values.first().isEmpty())
             tell({values.first().first(), {}, {}, u"a direction must not be 0 0 0"_s});
+    }
+
+    /** Of a clause that would begin with the word. */
+    void check_defaults(const CommandClause& clause, qsizetype word)
+    {
+        for (const CommandParameter& parameter : clause.parameters) {
+            if (const auto fault = check_all(parameter, parameter.default_value, word))
+                tell(*fault);
+        }
     }
 
     std::optional<Fault> check(const CommandParameter& parameter, qsizetype word, const QList<qsizetype>& all)
@@ -180,12 +195,32 @@ private:
         return std::nullopt;
     }
 
+    /** Whether there is enough of what @p text stands for, if that is all there is. */
+    std::optional<Fault> check_all(const CommandParameter& parameter, const QString& text,
+                                   qsizetype word) const
+    {
+        if (parameter.all.isEmpty() || text != parameter.all || !mEntities ||
+            !mEntities->has(parameter.entity))
+            return std::nullopt;
+        const qsizetype count = mEntities->possible(parameter.entity).size();
+        if (count >= parameter.at_least)
+            return std::nullopt;
+        return Fault{word,
+                     {},
+                     {},
+                     count == 0
+                         ? u"there is no %1"_s.arg(parameter.entity)
+                         : u"at least %1 are needed, and \"%2\" stands for %3"_s.arg(parameter.at_least)
+                               .arg(text)
+                               .arg(count)};
+    }
+
     std::optional<Fault> check_entity(const CommandParameter& parameter, qsizetype word,
                                       const QList<qsizetype>& all)
     {
         QString text = mTexts[word];
         if (all.size() == 1 && parameter.choices.contains(text))
-            return std::nullopt;
+            return check_all(parameter, text, word);
         if (mEntities && mEntities->has(parameter.entity)) {
             const QString name = mEntities->find(parameter.entity, text);
             if (name.isEmpty()) {
@@ -194,10 +229,12 @@ private:
             mNamed.insert(word, name);
             text = name;
         }
-        for (const qsizetype other : all) {
-            if (parameter.distinct && other < word && value(other) == text)
-                return Fault{word, {}, {}, u"\"%1\" was named already"_s.arg(text)};
-        }
+        if (!parameter.distinct)
+            return std::nullopt;
+        const std::pair named(parameter.entity, text);
+        if (mDistinct.contains(named))
+            return Fault{word, {}, {}, u"\"%1\" was named already"_s.arg(text)};
+        mDistinct << named;
         return std::nullopt;
     }
 
@@ -207,6 +244,8 @@ private:
     FormReading mReading;
     /** The names of entities, which may be given by number. */
     QHash<qsizetype, QString> mNamed;
+    /** Kinds and names of those that cannot be named once more. */
+    QSet<std::pair<QString, QString>> mDistinct;
     std::optional<Fault> mFault;
 };
 
@@ -231,25 +270,22 @@ void merge(std::optional<Fault>& all, const Fault& other)
         all->remedy = other.remedy;
 }
 
-CommandError error(const Fault& fault, const CommandWords& words)
+CommandError as_error(const Fault& fault, const CommandWords& words)
 {
-    const bool at_end = fault.word + 1 >= words.words.size();
-    const qsizetype column = at_end ? words.end_column : words.words[fault.word + 1].column;
     if (fault.expected.isEmpty())
-        return CommandError(fault.message, column);
-    const QString found = at_end ? end_of_line : CommandError::shown(words.words[fault.word + 1].text);
-    return CommandError::expected(either(fault.expected), found, column, fault.remedy);
+        return CommandError(fault.message, words.column(fault.word + 1));
+    return words.expected(fault.word + 1, either(fault.expected), fault.remedy);
 }
 
 } // namespace
 
 CommandArguments::CommandArguments(const CommandWords& words, const QList<CommandSyntax>& forms,
-                                   const CommandEntities* entities)
-    : mForms(&forms), mCount(words.words.size())
+                                   const CommandEntities* entities, qsizetype only)
+    : mForms(&forms), mWords(words)
 {
     Q_ASSERT(!forms.isEmpty());
     std::optional<Fault> all;
-    for (qsizetype i = 0; i < forms.size(); ++i) {
+    for (qsizetype i = std::max<qsizetype>(0, only); i < (only < 0 ? forms.size() : only + 1); ++i) {
         Checker checker(words, forms[i], entities);
         if (const std::optional<Fault> fault = checker.fault()) {
             merge(all, *fault);
@@ -271,9 +307,11 @@ CommandArguments::CommandArguments(const CommandWords& words, const QList<Comman
             mValues << clause;
             mStarts << (read ? checker.reading().starts[j] + 1 : 0);
         }
+        if (const CommandEntities nobody; forms[i].verify)
+            forms[i].verify(*this, entities ? *entities : nobody);
         return;
     }
-    throw error(*all, words);
+    throw as_error(*all, words);
 }
 
 CommandArguments::Place CommandArguments::place(QLatin1StringView key) const
@@ -366,7 +404,7 @@ qsizetype CommandArguments::word(QLatin1StringView key, qsizetype i) const
     const Place found = place(key);
     const bool keyword_only = found.clause >= 0 && mValues[found.clause].isEmpty();
     const qsizetype word = keyword_only ? mStarts[found.clause] : values(key).value(i).word;
-    return word > 0 ? word : mCount;
+    return word > 0 ? word : mWords.words.size();
 }
 
 } // namespace fennar

@@ -5,6 +5,7 @@
 
 #include "workbench/sdk/core/commands/CommandDescription.h"
 #include "workbench/sdk/core/commands/CommandError.h"
+#include "workbench/sdk/core/commands/tokenize.h"
 #include "workbench/sdk/core/export.h"
 
 #include <QLatin1StringView>
@@ -15,7 +16,6 @@
 namespace fennar {
 
 class CommandEntities;
-struct CommandWords;
 
 /**
  * The arguments of one call of a command, checked by what the command has declared.
@@ -29,15 +29,16 @@ class FENNAR_CORE_EXPORT CommandArguments
 public:
     /**
      * Checks a line. Throws a CommandError for the first word that is wrong, with its column and all that
-     * could stand there.
+     * could stand there; then what CommandSyntax::verify throws.
      *
      * @param words     the whole line, the command's name being word 0.
      * @param forms     the ways to write the command; at least one. They are kept by reference.
      * @param entities  what there is to name; null if names are not to be looked up, so that any will do. So
      *                  will those of kinds that nobody offers.
+     * @param only      the index of the one form that is looked at; -1 for all of them.
      */
     CommandArguments(const CommandWords& words, const QList<CommandSyntax>& forms,
-                     const CommandEntities* entities);
+                     const CommandEntities* entities, qsizetype only = -1);
 
     /** The index of the form that the line has. */
     qsizetype form() const { return mForm; }
@@ -57,9 +58,16 @@ public:
     /** All values in the line of parameters of that kind and, unless it is empty, for these entities. */
     QStringList texts(CommandParameter::Kind kind, const QString& entity = {}) const;
 
-    /** The index in CommandCall::words() of the value with index @p i, or of a keyword that has none; the
+    /** The index in words() of the value with index @p i, or of a keyword that has none; the
      * number of words if it is not given. */
     qsizetype word(QLatin1StringView key, qsizetype i = 0) const;
+    /** The whole line. */
+    const CommandWords& words() const { return mWords; }
+    /** An error at word @p i. To be thrown. */
+    CommandError error(qsizetype i, const QString& message) const
+    {
+        return CommandError(message, mWords.column(i));
+    }
 
 private:
     struct Value
@@ -80,7 +88,7 @@ private:
 
     const QList<CommandSyntax>* mForms;
     qsizetype mForm = 0;
-    qsizetype mCount;
+    CommandWords mWords;
     /** One for each clause of the form; a clause that is left out has no list. */
     QList<QList<QList<Value>>> mValues;
     /** The words with which the clauses begin; 0 for one that is left out. */

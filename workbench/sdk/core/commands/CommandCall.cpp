@@ -14,12 +14,6 @@ CommandCall::CommandCall(const CommandWords& words, CommandInterpreter& interpre
     : mWords(words), mInterpreter(interpreter)
 {}
 
-CommandError CommandCall::expected(qsizetype i, QAnyStringView what) const
-{
-    const QString found = i < count() ? CommandError::shown(mWords.words[i].text) : u"the end of the line"_s;
-    return CommandError::expected(what.toString(), found, column(i));
-}
-
 CommandError CommandCall::error(qsizetype i, const QString& message) const
 {
     return CommandError(message, column(i));

@@ -7,8 +7,6 @@
 #include "workbench/sdk/core/commands/tokenize.h"
 #include "workbench/sdk/core/export.h"
 
-#include <QAnyStringView>
-
 namespace fennar {
 
 class CommandInterpreter;
@@ -29,10 +27,8 @@ public:
     /** All words, the command's name included. */
     const QList<CommandWord>& words() const { return mWords.words; }
     /** Where word @p i begins, from 1; the end of the line if there is no such word. */
-    qsizetype column(qsizetype i) const { return i < count() ? mWords.words[i].column : mWords.end_column; }
+    qsizetype column(qsizetype i) const { return mWords.column(i); }
 
-    /** An error at word @p i: "expected WHAT, found WORD". To be thrown. */
-    CommandError expected(qsizetype i, QAnyStringView what) const;
     /** An error at word @p i with a message of its own. To be thrown. */
     CommandError error(qsizetype i, const QString& message) const;
 

@@ -15,6 +15,9 @@
 
 namespace fennar {
 
+class CommandArguments;
+class CommandEntities;
+
 /** A kind of files, as file dialogs offer it. */
 struct CommandFileFilter
 {
@@ -75,6 +78,9 @@ struct CommandParameter
     double most = std::numeric_limits<double>::infinity();
     /** What a choice can be, or what stands for entities besides their names, as "all". */
     QStringList choices = {};
+    /** The choice that stands for all entities of the kind, of which there must be at_least; empty for none.
+     */
+    QString all = {};
     /** The kind of entities, for Entity, NewName and Variable. */
     QString entity = {};
     /** Whether an entity may also be named by a whole number. */
@@ -85,7 +91,7 @@ struct CommandParameter
     bool repeated = false;
     /** The least number of values where several can follow each other. */
     int at_least = 1;
-    /** Whether each of several entities can be named once only. */
+    /** Whether an entity can be named once only, be it by another such parameter of the line. */
     bool distinct = false;
     /** What a file dialog offers; null for all files. */
     std::function<QList<CommandFileFilter>()> filters = {};
@@ -123,6 +129,15 @@ struct CommandSyntax
     QList<CommandClause> clauses = {};
     /** What tells it from the command's other ways, as CommandParameter::label; null if there are none. */
     const char* title = nullptr;
+    /**
+     * Throws a CommandError, which tells what to do about it, if values that are right by themselves do not
+     * go together. Null if they all do.
+     *
+     * It is asked ahead of each run, by the check of journals, by forms and by completion, and so judges by
+     * its arguments alone: by what the command has declared, and by the names that there are. What it asks
+     * for that nobody offers (CommandEntities::has()) may be any.
+     */
+    std::function<void(const CommandArguments& arguments, const CommandEntities& entities)> verify = {};
 };
 
 /** What numbers a parameter takes, as "a whole number from 1 on". */

@@ -40,6 +40,18 @@ void CommandEntities::offer_properties(const QString& kind, const QList<EntityPr
     offer->name_of_key = name_of_key;
 }
 
+void CommandEntities::offer_possible(const QString& kind, const Names& possible)
+{
+    if (const auto offer = mOffers.find(kind); offer != mOffers.end())
+        offer->possible = possible;
+}
+
+QStringList CommandEntities::possible(const QString& kind) const
+{
+    const Names possible = mOffers.value(kind).possible;
+    return possible ? possible() : names(kind);
+}
+
 void CommandEntities::offer_selection(const QString& kind, const Names& selected)
 {
     if (const auto offer = mOffers.find(kind); offer != mOffers.end())

@@ -74,6 +74,11 @@ public:
      */
     void offer_properties(const QString& kind, const QList<EntityProperty>& properties,
                           const Meaning& name_of_key = {});
+    /** Tells the names that there may be, where names() are those that there are for sure, as in the check of
+     * what is yet to run. It goes when the kind is withdrawn. */
+    void offer_possible(const QString& kind, const Names& possible);
+    /** The names that there may be: names() if nobody tells others. */
+    QStringList possible(const QString& kind) const;
     /** Tells which entities of a kind that was offered are selected, for forms to begin with. It goes when
      * the kind is withdrawn. */
     void offer_selection(const QString& kind, const Names& selected);
@@ -114,6 +119,7 @@ private:
         QList<EntityProperty> properties = {};
         Meaning name_of_key = {};
         Names selected = {};
+        Names possible = {};
     };
     QMap<QString, Offer> mOffers;
 };

@@ -84,10 +84,19 @@ void set(CommandCall& call, const CommandArguments& arguments)
         call.interpreter().registry().entities().tell_changed(variable_entity);
         return;
     }
-    const std::optional<QString> value = variables.value(name);
-    if (!value)
-        throw call.error(1, u"unknown variable %1"_s.arg(CommandError::shown(name)));
-    call.print(set_line(name, *value));
+    call.print(set_line(name, variables.value(name).value_or(QString())));
+}
+
+/** One that is to be shown must be set. */
+void verify_set(const CommandArguments& arguments, const CommandEntities& entities)
+{
+    const QString name = arguments.text("NAME"_L1);
+    if (name.isEmpty() || arguments.has("VALUE"_L1) || !entities.has(variable_entity) ||
+        !entities.find(variable_entity, name).isEmpty())
+        return;
+    const QString remedy = entities.remedy(variable_entity, name);
+    throw arguments.words().expected(1, u"a variable that is set"_s,
+                                     remedy.isEmpty() ? u"a value behind it would set it"_s : remedy);
 }
 
 void history(CommandCall& call, const CommandArguments& arguments, const HistorySource& source)
@@ -110,33 +119,50 @@ void history(CommandCall& call, const CommandArguments& arguments, const History
 /** "parameter NAME TYPE DEFAULT ..." */
 void parameter(CommandCall& call, const CommandArguments& arguments, Playback& playback)
 {
-    const CommandParameter parameter = declared_parameter(call.words(), arguments);
+    const CommandParameter parameter = declared_parameter(arguments);
     const Playback::Declaration declaration = playback.declare(parameter.name);
     if (declaration.late)
         throw late_declaration();
     if (declaration.again)
-        throw declared_twice(call.words());
+        throw declared_twice(arguments);
     call.interpreter().variables().set(parameter.name, declaration.value.value_or(parameter.default_value));
     call.interpreter().registry().entities().tell_changed(variable_entity);
 }
 
+void verify_play(const CommandArguments& arguments, const CommandEntities&)
+{
+    const QStringList settings = arguments.texts("with"_L1);
+    for (qsizetype i = 0; i < settings.size(); ++i) {
+        if (!read_setting(settings[i]))
+            throw arguments.words().expected(arguments.word("with"_L1, i),
+                                             u"a parameter and its value as NAME=VALUE"_s);
+    }
+    if (arguments.integer("LINE"_L1) != 1 && !settings.isEmpty())
+        throw arguments.error(arguments.word("LINE"_L1),
+                              u"only a journal that is played from line 1 takes values"_s);
+}
+
 /** "play FILE [LINE] [with SETTING...]" */
-void play(CommandCall& call, const CommandArguments& arguments, Playback& playback)
+void play(const CommandArguments& arguments, Playback& playback)
 {
     QList<JournalSetting> settings;
     const QStringList texts = arguments.texts("with"_L1);
-    for (qsizetype i = 0; i < texts.size(); ++i) {
-        const std::optional<JournalSetting> setting = read_setting(texts[i]);
-        if (!setting)
-            throw call.expected(arguments.word("with"_L1, i), "a parameter and its value as NAME=VALUE");
-        settings << *setting;
-    }
-    const int line = arguments.integer("LINE"_L1);
-    if (line != 1 && !settings.isEmpty())
-        throw call.error(arguments.word("LINE"_L1),
-                         u"only a journal that is played from line 1 takes values"_s);
-    if (playback.play(arguments.text("FILE"_L1), line, settings) != Playback::Outcome::Played)
+    for (const QString& text : texts)
+        settings << read_setting(text).value();
+    if (playback.play(arguments.text("FILE"_L1), arguments.integer("LINE"_L1), settings) !=
+        Playback::Outcome::Played)
         throw CommandError::reported();
+}
+
+CommandError not_to_be_checked(const CommandArguments& arguments)
+{
+    return arguments.error(arguments.word("FILE"_L1), u"a Python script cannot be checked"_s);
+}
+
+void verify_check(const CommandArguments& arguments, const CommandEntities&)
+{
+    if (arguments.text("FILE"_L1).endsWith(".py"_L1))
+        throw not_to_be_checked(arguments);
 }
 
 /** "check FILE" */
@@ -146,8 +172,8 @@ void check(CommandCall& call, const CommandArguments& arguments)
     const JournalText read = read_journal_text(path);
     if (!read.error.isEmpty())
         throw CommandError(read.error);
-    if (path.endsWith(".py"_L1) || Playback::is_python(read.text))
-        throw call.error(1, u"a Python script cannot be checked"_s);
+    if (Playback::is_python(read.text))
+        throw not_to_be_checked(arguments);
     CommandInterpreter& interpreter = call.interpreter();
     const QList<JournalFault> faults =
         check_journal(read.text, interpreter.registry(), interpreter.variables());
@@ -203,7 +229,8 @@ QList<Command> plain_commands(const BuiltinServices& services)
                                                 .kind = Kind::Words,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Value"),
                                                 .tip = words_tip,
-                                                .example = u"2.5"_s})}}}},
+                                                .example = u"2.5"_s})},
+                    .verify = &verify_set}}},
         {.name = u"history"_s,
          .summary = u"Lists the lines typed so far, or the steps that can be undone and redone."_s,
          .help = u"With COUNT, the last lines of that number. The oldest is the first. Steps that take more "
@@ -250,8 +277,8 @@ Command play_command(Playback& playback)
             "With LINE, a journal is played from that line on. With SETTING, as size=2, a parameter that it\n"
             "declares has that value and not its default.\n"
             "Files named *.py, and files whose first line is #!python, are run as Python."_s,
-        .perform = [&playback](CommandCall& call,
-                               const CommandArguments& arguments) { play(call, arguments, playback); },
+        .perform = [&playback](CommandCall&,
+                               const CommandArguments& arguments) { play(arguments, playback); },
         .forms = {{.clauses = {required_value(
                                    {.name = u"FILE"_s,
                                     .kind = Kind::InputFile,
@@ -276,7 +303,8 @@ Command play_command(Playback& playback)
                                                 .repeated = true,
                                                 .example = u"size=2"_s,
                                                 .beginnings = &settings_of_journal}},
-                                .optional = true}}}},
+                                .optional = true}},
+                   .verify = &verify_play}},
         .runs_commands = true,
         .long_running = true};
 }
@@ -308,7 +336,8 @@ QList<Command> journal_commands(Playback& playback, const BuiltinServices& servi
                                                 .what = u"a journal"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal"),
                                                 .filters = [] { return journal_filters().mid(0, 1); },
-                                                .example = u"example.jou"_s})}}}},
+                                                .example = u"example.jou"_s})},
+                    .verify = &verify_check}}},
         {.name = u"quit"_s,
          .summary = u"Ends the application."_s,
          .help = u"A journal in play is stopped."_s,

@@ -54,6 +54,7 @@ public:
     Checker(const CommandRegistry& registry, const CommandVariables& variables)
         : mRegistry(registry), mVariables(variables)
     {
+        mEntities.offer(variable_entity, variable_entity, [this] { return mVariables.names(); });
         for (const QString& kind : registry.entities().kinds()) {
             if (kind != variable_entity)
                 follow_names_of(kind);
@@ -116,6 +117,8 @@ private:
             const QString remedy = CommandEntities::remedy_among(word, known);
             return remedy.isEmpty() ? mRegistry.entities().remedy(kind, word) : remedy;
         });
+        mEntities.offer_possible(
+            kind, [&names] { return QStringList(names.possible.begin(), names.possible.end()); });
     }
 
     /** Any name may be one from now on. */
@@ -124,13 +127,16 @@ private:
     /** Whether commands may have come that are not there now. */
     bool is_any_command() const { return !mEntities.has(command_entity()); }
 
+    /** Whether variables may have been set that are not known. */
+    bool is_any_variable() const { return !mEntities.has(variable_entity); }
+
     void check_command(const ContinuedCommand& lines, qsizetype first)
     {
         bool unknown = false;
         const auto lookup = [&](QStringView name) -> std::optional<QString> {
             const std::optional<QString> value = mVariables.value(name);
             unknown = unknown || !value;
-            return value || !mAnyVariable ? value : QString();
+            return value || !is_any_variable() ? value : QString();
         };
         const CommandWords words = tokenize(lines.text(), lookup);
         if (!words.error && words.words.isEmpty())
@@ -138,7 +144,7 @@ private:
         const QString name = words.words.isEmpty() ? QString() : words.words[0].text;
         const std::shared_ptr<const Command> command = mRegistry.find(name);
         try {
-            if (unknown && mAnyVariable) {
+            if (unknown && is_any_variable()) {
                 follow_unknown(command.get());
                 return;
             }
@@ -152,7 +158,7 @@ private:
                 throw mRegistry.not_found(name, words.words[0].column);
             const CommandArguments arguments(words, command->forms, &mEntities);
             if (name == parameter_command)
-                declare(words, arguments);
+                declare(arguments);
             else
                 mInHead = false;
             follow(*command, arguments);
@@ -164,13 +170,13 @@ private:
         }
     }
 
-    void declare(const CommandWords& words, const CommandArguments& arguments)
+    void declare(const CommandArguments& arguments)
     {
-        const CommandParameter parameter = declared_parameter(words.words, arguments);
+        const CommandParameter parameter = declared_parameter(arguments);
         if (!mInHead)
             throw late_declaration();
         if (mParameters.contains(parameter.name))
-            throw declared_twice(words.words);
+            throw declared_twice(arguments);
         mParameters << parameter.name;
         mVariables.set(parameter.name, parameter.default_value);
     }
@@ -197,7 +203,8 @@ private:
             if (given.isEmpty() && may_make(command, kind))
                 give_up(kind);
         }
-        mAnyVariable = mAnyVariable || command.runs_commands;
+        if (command.runs_commands)
+            give_up(variable_entity);
         const QStringList variables = arguments.texts(Kind::Variable);
         const QStringList value = arguments.texts(Kind::Words);
         if (!variables.isEmpty() && !value.isEmpty())
@@ -207,7 +214,8 @@ private:
     /** @param command  null if there is none. */
     void follow_unknown(const Command* command)
     {
-        mAnyVariable = mAnyVariable || (command && command->runs_commands);
+        if (command && command->runs_commands)
+            give_up(variable_entity);
         for (auto& [kind, names] : mNames) {
             names.sure.clear();
             if (command ? may_make(*command, kind) : kind != command_entity())
@@ -231,8 +239,6 @@ private:
     QStringList mParameters;
     /** Whether parameters may still be declared. */
     bool mInHead = true;
-    /** Whether others may be set. */
-    bool mAnyVariable = false;
     QList<JournalFault> mFaults;
 };
 

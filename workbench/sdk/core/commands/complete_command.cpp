@@ -3,6 +3,7 @@
 
 #include "workbench/sdk/core/commands/complete_command.h"
 
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/CommandVariables.h"
 #include "workbench/sdk/core/commands/FormReader.h"
@@ -115,6 +116,8 @@ struct Expected
         const CommandParameter* parameter;
         /** The values that it has already. */
         QStringList given = {};
+        /** Those that it cannot have, as they must be distinct. */
+        QStringList taken = {};
     };
 
     /** The words behind the command's name that were typed. */
@@ -123,15 +126,16 @@ struct Expected
     QList<Value> values = {};
 };
 
-/** The words that a parameter has got in a line; none if it has no value yet. */
-QStringList given_to(const CommandParameter* parameter, const CommandSyntax& form, const FormReading& reading,
+/** The words that the wanted parameters have got in a line; none if they have no values yet. */
+template <typename Wanted>
+QStringList given_to(const Wanted& wanted, const CommandSyntax& form, const FormReading& reading,
                      const QStringList& words)
 {
     QStringList given;
     for (qsizetype i = 0; i < form.clauses.size(); ++i) {
         const FormReading::Clause values = reading.clauses[i].value_or(FormReading::Clause());
         for (qsizetype j = 0; j < values.size(); ++j) {
-            if (&form.clauses[i].parameters[j] != parameter)
+            if (!wanted(form.clauses[i].parameters[j]))
                 continue;
             for (const qsizetype word : values[j])
                 given << words[word];
@@ -298,8 +302,14 @@ Expected expected_next(const Command& command, const Typed& typed)
         const FormReading reading = read_form(form, given, Missing::End);
         if (reading.next == given.size() && holds_numbers(form, reading, given)) {
             expected.keywords << reading.keywords;
-            for (const CommandParameter* parameter : reading.parameters)
-                expected.values.append({parameter, given_to(parameter, form, reading, given)});
+            for (const CommandParameter* parameter : reading.parameters) {
+                const auto same = [parameter](const CommandParameter& p) { return &p == parameter; };
+                const auto shut_out = [parameter](const CommandParameter& p) {
+                    return p.distinct && parameter->distinct && p.entity == parameter->entity;
+                };
+                expected.values.append({parameter, given_to(same, form, reading, given),
+                                        given_to(shut_out, form, reading, given)});
+            }
         }
     }
     return expected;
@@ -312,32 +322,62 @@ void add_all(Collector& collector, const QStringList& texts)
 }
 
 /** The names that can still be given; each once only where they must be distinct. */
-QStringList names_left(const CommandParameter& parameter, const QStringList& given,
+QStringList names_left(const CommandParameter& parameter, const QStringList& taken,
                        const CommandEntities& entities)
 {
     QStringList names = entities.names(parameter.entity);
-    if (parameter.distinct) {
-        for (const QString& word : given)
-            names.removeAll(entities.find(parameter.entity, word));
-    }
+    for (const QString& word : taken)
+        names.removeAll(entities.find(parameter.entity, word));
     return names;
 }
 
-/** Adds the words that are expected, but for the names of files. */
-void add_expected(Collector& collector, const Expected& expected, const CommandEntities& entities)
+/**
+ * The first word of a line with which the reader of arguments finds it wrong; the number of words, or more,
+ * if words that follow could put it right.
+ *
+ * @param texts     the words behind the command's name, from 1.
+ * @param entities  null if names are not to be looked up.
+ */
+qsizetype wrong_word(const Command& command, const QStringList& texts, const CommandEntities* entities)
 {
-    add_all(collector, expected.keywords);
-    for (const auto& [parameter, given] : expected.values) {
+    // The columns only tell the words apart.
+    CommandWords words;
+    words.words.append({command.name, 0});
+    for (const QString& text : texts)
+        words.words.append({text, words.end_column++});
+    try {
+        const CommandArguments arguments(words, command.forms, entities);
+    } catch (const CommandError& error) {
+        return error.column();
+    }
+    return words.end_column;
+}
+
+/** Adds the words that are expected, but for the names of files. */
+void add_expected(Collector& collector, const Command& command, const Expected& expected,
+                  const CommandEntities& entities)
+{
+    const QStringList& typed = expected.words;
+    const bool is_wrong = wrong_word(command, typed, &entities) <= typed.size();
+    // Values that were given may not go together with what is expected by the form alone.
+    const auto add_taken = [&](const QStringList& texts, const CommandEntities* known) {
+        for (const QString& text : texts) {
+            if (is_wrong || wrong_word(command, typed + QStringList(text), known) > typed.size() + 1)
+                collector.add(text);
+        }
+    };
+    add_taken(expected.keywords, &entities);
+    for (const auto& [parameter, given, taken] : expected.values) {
         // What stands for entities must be the only value.
         if (parameter->kind != Kind::Entity || given.isEmpty())
-            add_all(collector, parameter->choices);
+            add_taken(parameter->choices, &entities);
         for (const QString& text :
              parameter->beginnings ? parameter->beginnings(expected.words) : QStringList())
             collector.add(text, true);
         if (parameter->kind == Kind::Variable && parameter->entity.isEmpty())
-            add_all(collector, entities.names(u"variable"_s));
+            add_taken(entities.names(u"variable"_s), nullptr);
         else if (parameter->kind == Kind::Entity || parameter->kind == Kind::Variable)
-            add_all(collector, names_left(*parameter, given, entities));
+            add_taken(names_left(*parameter, taken, entities), nullptr);
     }
 }
 
@@ -395,7 +435,8 @@ LineCompletion complete_command(const QString& line, qsizetype caret, const Comm
     }
     const std::shared_ptr<const Command> command = registry.find(typed.words[0].text);
     const Expected expected = command ? expected_next(*command, typed) : Expected();
-    add_expected(words, expected, registry.entities());
+    if (command)
+        add_expected(words, *command, expected, registry.entities());
     LineCompletion result = words.result();
     const CommandParameter* const file = expected_file(expected);
     if (result.candidates.isEmpty() && (file || !command))

@@ -68,18 +68,6 @@ CommandClause about_clause()
     return text_clause(u"about"_s, u"TEXT"_s, QT_TRANSLATE_NOOP("CommandParameter", "Description"));
 }
 
-CommandSyntax number_form(Kind kind, const QString& type, const char* title)
-{
-    return {.clauses = {name_clause(), type_clause(type), default_clause(kind, u"2"_s),
-                        bound_clause(u"min"_s, kind, u"LEAST"_s,
-                                     QT_TRANSLATE_NOOP("CommandParameter", "Minimum"), u"1"_s),
-                        bound_clause(u"max"_s, kind, u"MOST"_s,
-                                     QT_TRANSLATE_NOOP("CommandParameter", "Maximum"), u"10"_s),
-                        text_clause(u"unit"_s, u"UNIT"_s, QT_TRANSLATE_NOOP("CommandParameter", "Unit")),
-                        about_clause()},
-            .title = title};
-}
-
 /** One that is looked at as the only value of a command. */
 CommandWords as_line(const QString& value, qsizetype column)
 {
@@ -92,6 +80,30 @@ void check_value(const CommandParameter& parameter, const QString& value, qsizet
 {
     const QList<CommandSyntax> forms{{.clauses = {required_value(parameter)}}};
     const CommandArguments checked(as_line(value, column), forms, nullptr);
+}
+
+/** Throws if the default is not among the values, or these are none. */
+void verify_declaration(const CommandArguments& arguments, const CommandEntities&)
+{
+    const CommandParameter parameter = declared_parameter(arguments);
+    if (parameter.kind == Kind::Choice && parameter.choices.isEmpty())
+        throw arguments.error(arguments.word("of"_L1), u"there is nothing to choose from"_s);
+    if (parameter.least > parameter.most)
+        throw arguments.error(arguments.word("max"_L1), u"the maximum is less than the minimum"_s);
+    check_value(parameter, parameter.default_value, arguments.words().column(arguments.word("DEFAULT"_L1)));
+}
+
+CommandSyntax number_form(Kind kind, const QString& type, const char* title)
+{
+    return {.clauses = {name_clause(), type_clause(type), default_clause(kind, u"2"_s),
+                        bound_clause(u"min"_s, kind, u"LEAST"_s,
+                                     QT_TRANSLATE_NOOP("CommandParameter", "Minimum"), u"1"_s),
+                        bound_clause(u"max"_s, kind, u"MOST"_s,
+                                     QT_TRANSLATE_NOOP("CommandParameter", "Maximum"), u"10"_s),
+                        text_clause(u"unit"_s, u"UNIT"_s, QT_TRANSLATE_NOOP("CommandParameter", "Unit")),
+                        about_clause()},
+            .title = title,
+            .verify = &verify_declaration};
 }
 
 /** Whether the line, which has not been read yet, is one of the head; throws if it is a wrong declaration. */
@@ -107,10 +119,10 @@ bool take_line(const QString& line, CommandVariables& variables, const QMap<QStr
     if (words.error)
         throw *words.error;
     const CommandArguments arguments(words, parameter_forms(), nullptr);
-    const CommandParameter parameter = declared_parameter(words.words, arguments);
+    const CommandParameter parameter = declared_parameter(arguments);
     for (const CommandParameter& other : std::as_const(parameters)) {
         if (other.name == parameter.name)
-            throw declared_twice(words.words);
+            throw declared_twice(arguments);
     }
     const QString value = given.value(parameter.name, parameter.default_value);
     try {
@@ -140,7 +152,8 @@ const QList<CommandSyntax>& parameter_forms()
         number_form(Kind::WholeNumber, u"whole"_s, QT_TRANSLATE_NOOP("CommandParameter", "Whole number")),
         {.clauses = {name_clause(), type_clause(u"text"_s), default_clause(Kind::Text, u"gear"_s),
                      about_clause()},
-         .title = QT_TRANSLATE_NOOP("CommandParameter", "Text")},
+         .title = QT_TRANSLATE_NOOP("CommandParameter", "Text"),
+         .verify = &verify_declaration},
         {.clauses = {name_clause(),
                      type_clause(u"choice"_s),
                      default_clause(Kind::Text, u"fine"_s),
@@ -152,13 +165,13 @@ const QList<CommandSyntax>& parameter_forms()
                                       .tip = QT_TRANSLATE_NOOP("CommandParameter", "Parted by blanks"),
                                       .example = u"fine coarse"_s}}},
                      about_clause()},
-         .title = QT_TRANSLATE_NOOP("CommandParameter", "Choice")}};
+         .title = QT_TRANSLATE_NOOP("CommandParameter", "Choice"),
+         .verify = &verify_declaration}};
     return forms;
 }
 
-CommandParameter declared_parameter(const QList<CommandWord>& words, const CommandArguments& arguments)
+CommandParameter declared_parameter(const CommandArguments& arguments)
 {
-    const auto column = [&](QLatin1StringView key) { return words[arguments.word(key)].column; };
     CommandParameter parameter{.name = arguments.text("NAME"_L1),
                                .kind = kinds[std::size_t(arguments.form())],
                                .unit = arguments.text("unit"_L1),
@@ -169,17 +182,12 @@ CommandParameter declared_parameter(const QList<CommandWord>& words, const Comma
         parameter.least = arguments.number("min"_L1);
     if (arguments.has("max"_L1))
         parameter.most = arguments.number("max"_L1);
-    if (parameter.kind == Kind::Choice && parameter.choices.isEmpty())
-        throw CommandError(u"there is nothing to choose from"_s, column("of"_L1));
-    if (parameter.least > parameter.most)
-        throw CommandError(u"the maximum is less than the minimum"_s, column("max"_L1));
-    check_value(parameter, parameter.default_value, column("DEFAULT"_L1));
     return parameter;
 }
 
-CommandError declared_twice(const QList<CommandWord>& words)
+CommandError declared_twice(const CommandArguments& second)
 {
-    return CommandError(u"%1 is declared already"_s.arg(CommandError::shown(words[1].text)), words[1].column);
+    return second.error(1, u"%1 is declared already"_s.arg(CommandError::shown(second.text("NAME"_L1))));
 }
 
 CommandError late_declaration()

@@ -18,7 +18,6 @@ namespace fennar {
 
 class CommandArguments;
 class CommandVariables;
-struct CommandWord;
 
 /*
  * The parameters of a journal are variables that it declares at its beginning, ahead of all other commands,
@@ -44,20 +43,14 @@ inline constexpr QLatin1StringView parameter_command{"parameter"};
 /** The ways to write that command: one for each type. */
 FENNAR_CORE_EXPORT const QList<CommandSyntax>& parameter_forms();
 
-/**
- * The parameter that a line declares: its kind is Number, WholeNumber, Text or Choice, its default_value what
- * the line gives. Throws a CommandError if the default is not among its values, or these are none.
- *
- * @param words      the line, the command's name being word 0.
- * @param arguments  the same line, read by parameter_forms().
- */
-FENNAR_CORE_EXPORT CommandParameter declared_parameter(const QList<CommandWord>& words,
-                                                       const CommandArguments& arguments);
+/** The parameter that a line, read by parameter_forms(), declares: its kind is Number, WholeNumber, Text or
+ * Choice, its default_value what the line gives, which is among its values. */
+FENNAR_CORE_EXPORT CommandParameter declared_parameter(const CommandArguments& arguments);
 
 /** The error of a declaration behind other commands of the journal. */
 FENNAR_CORE_EXPORT CommandError late_declaration();
-/** The error of a second declaration of one name, of which these are the words. */
-FENNAR_CORE_EXPORT CommandError declared_twice(const QList<CommandWord>& words);
+/** The error of a second declaration of one name. */
+FENNAR_CORE_EXPORT CommandError declared_twice(const CommandArguments& second);
 
 /** The beginning of a journal: declarations of parameters, empty lines and comments. */
 struct JournalHead

@@ -27,10 +27,10 @@ using WordKind = std::optional<Kind>;
 
 /** The column up to which the words fit the form, as a run would tell it; the greatest number if they all do.
  */
-qsizetype fit(const CommandSyntax& form, const CommandWords& words)
+qsizetype fit(const QList<CommandSyntax>& forms, qsizetype way, const CommandWords& words)
 {
     try {
-        const CommandArguments arguments(words, {form}, nullptr);
+        const CommandArguments arguments(words, forms, nullptr, way);
         return std::numeric_limits<qsizetype>::max();
     } catch (const CommandError& error) {
         return error.column();
@@ -42,8 +42,8 @@ const CommandSyntax& fitting_form(const QList<CommandSyntax>& forms, const Comma
 {
     if (forms.size() == 1)
         return forms.first();
-    return *std::max_element(forms.begin(), forms.end(), [&words](const auto& a, const auto& b) {
-        return fit(a, words) < fit(b, words);
+    return *std::max_element(forms.begin(), forms.end(), [&](const auto& a, const auto& b) {
+        return fit(forms, &a - forms.data(), words) < fit(forms, &b - forms.data(), words);
     });
 }
 

@@ -203,6 +203,12 @@ private:
 
 } // namespace
 
+CommandError CommandWords::expected(qsizetype i, const QString& what, const QString& remedy) const
+{
+    const QString found = i < words.size() ? CommandError::shown(words[i].text) : u"the end of the line"_s;
+    return CommandError::expected(what, found, column(i), remedy);
+}
+
 CommandWords tokenize(QStringView line, const VariableLookup& variable)
 {
     return Tokenizer(line, variable).run();

@@ -38,6 +38,12 @@ struct CommandWords
     qsizetype end_column = 1;
     /** What is wrong with the line, if anything. The words in front of the fault are kept. */
     std::optional<CommandError> error;
+
+    /** Where word @p i begins, from 1; the end of the line if there is no such word. */
+    qsizetype column(qsizetype i) const { return i < words.size() ? words[i].column : end_column; }
+    /** An error at word @p i: "expected WHAT, found WORD; REMEDY". */
+    FENNAR_CORE_EXPORT CommandError expected(qsizetype i, const QString& what,
+                                             const QString& remedy = {}) const;
 };
 
 /** The value of a variable; empty if there is no variable of that name, which is a part of the line itself.

@@ -187,6 +187,7 @@ void TstGeometryCommands::errors_tell_the_column_data()
     row("sphere 1 along 0 0 1", "sphere: column 10: expected \"at\", \"name\" or the end of the line, found "
                                 "\"along\"");
     row("cylinder 1 1 along 0 0 0", "cylinder: column 20: a direction must not be 0 0 0");
+    row("cylinder 1 1 along 0 1e-320 0", "cylinder: column 20: a direction must not be 0 0 0");
     row("brick 1 name", "brick: column 13: expected a name (a letter, then letters, digits, \"_\", \"-\" and "
                         "\".\"), found the end of the line");
     row("brick 1 name 5x",
@@ -269,7 +270,10 @@ void TstGeometryCommands::solids_are_named_by_name_or_id()
 void TstGeometryCommands::all_stands_for_all_solids()
 {
     QCOMPARE(error(u"delete all"_s), u"ERROR: delete: column 8: there is no solid\n"_s);
-    make({u"brick 1"_s, u"sphere 1"_s, u"move all by 1 0 0"_s});
+    make({u"brick 1"_s});
+    QCOMPARE(error(u"unite all"_s),
+             u"ERROR: unite: column 7: at least 2 are needed, and \"all\" stands for 1\n"_s);
+    make({u"sphere 1"_s, u"move all by 1 0 0"_s});
     QCOMPARE(mModel->measures(1).center.x, 1.0);
     make({u"delete all"_s});
     QVERIFY(mModel->ids().isEmpty());
@@ -391,7 +395,7 @@ void TstGeometryCommands::quality_shows_one_measure_or_both()
 
 void TstGeometryCommands::mesh_without_solids_is_an_error()
 {
-    QCOMPARE(error(u"mesh size 1"_s), u"ERROR: mesh: column 1: there is no solid to mesh\n"_s);
+    QCOMPARE(error(u"mesh size 1"_s), u"ERROR: mesh: column 6: there is no solid\n"_s);
 }
 
 void TstGeometryCommands::mesh_of_too_many_elements_is_refused()

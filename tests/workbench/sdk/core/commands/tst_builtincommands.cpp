@@ -197,8 +197,12 @@ void TstBuiltinCommands::set_reports_bad_names_and_unknown_variables()
     BuiltinSession session;
     QCOMPARE(session.printed(u"set = 5"_s), u"ERROR: set: column 5: expected a name, found \"=\"\n"_s);
     QCOMPARE(session.printed(u"set 1a"_s), u"ERROR: set: column 5: expected a name, found \"1a\"\n"_s);
-    QCOMPARE(session.printed(u"set nix"_s), u"ERROR: set: column 5: unknown variable \"nix\"\n"_s);
+    QCOMPARE(session.printed(u"set nix"_s), u"ERROR: set: column 5: expected a variable that is set, found "
+                                            "\"nix\"; a value behind it would set it\n"_s);
     QVERIFY(session.interpreter.variables().names().isEmpty());
+    session.printed(u"set nixe 1"_s);
+    QCOMPARE(session.printed(u"set nix"_s), u"ERROR: set: column 5: expected a variable that is set, found "
+                                            "\"nix\"; did you mean \"nixe\"?\n"_s);
 }
 
 void TstBuiltinCommands::doubling_a_variable_ends_in_an_error()

@@ -78,6 +78,23 @@ void TstCheckJournal::set_up()
                                                                    .entity = u"ball"_s,
                                                                    .repeated = true})}}},
                             .changes_model = true});
+    mSession->registry.add({.name = u"glue"_s,
+                            .perform = nothing,
+                            .forms = {{.clauses = {required_value({.name = u"BALL"_s,
+                                                                   .kind = Kind::Entity,
+                                                                   .choices = {u"all"_s},
+                                                                   .all = u"all"_s,
+                                                                   .entity = u"ball"_s,
+                                                                   .repeated = true,
+                                                                   .at_least = 2,
+                                                                   .distinct = true}),
+                                                   {.keyword = u"to"_s,
+                                                    .parameters = {{.name = u"BALL"_s,
+                                                                    .kind = Kind::Entity,
+                                                                    .entity = u"ball"_s,
+                                                                    .distinct = true}},
+                                                    .optional = true}}}},
+                            .changes_model = true});
     mSession->registry.add({.name = u"clear"_s, .perform = nothing, .changes_model = true});
     mSession->registry.add({.name = u"bring"_s,
                             .perform = nothing,
@@ -167,6 +184,23 @@ void TstCheckJournal::faults_are_told_by_line_data()
     row("variables are followed", u"set r 5\nball $r\nset r x\nball $r\n"_s,
         {u"4: ball: column 6: "_s + radius + u"\"x\""_s});
     row("unknown variable", u"ball $r\n"_s, {u"1: ball: column 6: unknown variable \"r\""_s});
+    const QString unset = u"%1: set: column 5: expected a variable that is set, found \"r\"; %2"_s;
+    row("unset variable to be shown", u"set q 1\nset q\nset r\nset r 1\nset r\nset\n"_s,
+        {unset.arg(3).arg(u"there is \"q\""_s)});
+    row("no variable to be shown", u"set r\n"_s, {unset.arg(1).arg(u"a value behind it would set it"_s)});
+    row("others may set the variable that is shown", u"play other.jou\nset r\n"_s, {});
+    row("parameter that is shown", u"parameter r number 1\nset r\n"_s, {});
+    const QString few = u"%1: glue: column 6: at least 2 are needed, and \"all\" stands for 1"_s;
+    row("all are too few", u"glue all\n"_s, {few.arg(1)});
+    row("all are enough", u"ball 1 name b\nglue all\n"_s, {});
+    row("all may be enough without a name", u"ball 1\nglue all\n"_s, {});
+    row("all may be enough by others", u"play other.jou\nglue all\n"_s, {});
+    row("named by another value", u"ball 1 name b\nglue here b to here\n"_s,
+        {u"2: glue: column 16: \"here\" was named already"_s});
+    row("values that do not go together", u"play a.jou 2 with b=1\nplay a.jou with b\ncheck a.py\n"_s,
+        {u"1: play: column 12: only a journal that is played from line 1 takes values"_s,
+         u"2: play: column 17: expected a parameter and its value as NAME=VALUE, found \"b\""_s,
+         u"3: check: column 7: a Python script cannot be checked"_s});
     row("others may set variables", u"play other.jou\nball $r\nball x\n"_s,
         {u"3: ball: column 6: "_s + radius + u"\"x\""_s});
 }

@@ -516,13 +516,10 @@ void TstCommandInterpreter::errors_of_a_command_stand_at_a_word_data()
                         const QString& error) { QTest::newRow(name) << run << error; };
     // Every row runs: all x 12
     row(
-        "own expectation", [](CommandCall& c) { throw c.expected(2, u"\"on\" or \"off\""); },
-        u"column 7: expected \"on\" or \"off\", found \"12\""_s);
+        "behind the last word", [](CommandCall& c) { throw c.error(3, u"more is needed"_s); },
+        u"column 9: more is needed"_s);
     row(
-        "behind the last word", [](CommandCall& c) { throw c.expected(3, u"more"); },
-        u"column 9: expected more, found the end of the line"_s);
-    row(
-        "own message", [](CommandCall& c) { throw c.error(2, u"there is no volume 12"_s); },
+        "at a word", [](CommandCall& c) { throw c.error(2, u"there is no volume 12"_s); },
         u"column 7: there is no volume 12"_s);
 }
 
