@@ -185,10 +185,9 @@ void fennar::load_component(ComponentContext& context)
 {
     // A run without a window has no journals that could get lost.
     Ostrel* const window = context.window();
-    if (!window || !window->journal_editor())
-        return;
     // It stands above the command that reaches it.
-    const QPointer<Recovery> recovery = &context.make<Recovery>(window);
+    const QPointer<Recovery> recovery =
+        window && window->journal_editor() ? &context.make<Recovery>(window) : nullptr;
     context.add_command(
         {.name = u"recover"_s,
          .summary = u"Offers the unsaved work that was kept for later."_s,
@@ -196,12 +195,15 @@ void fennar::load_component(ComponentContext& context)
                  "unexpectedly."_s,
          .perform =
              [recovery](CommandCall& call, const CommandArguments&) {
-                 if (!recovery || !recovery->offer())
+                 if (!recovery)
+                     throw call.error(0, u"there is no window to offer it in; start the program with one"_s);
+                 if (!recovery->offer())
                      call.print(u"There is nothing to recover.\n"_s);
              },
          .changes_model = true,
          .runs_commands = true}); // restoring is what other components do
-    recovery->offer();
+    if (recovery)
+        recovery->offer();
 }
 
 #include "recovery.moc"

@@ -324,8 +324,11 @@ void TstFennarRecovery::batch_run_leaves_all_alone()
     const QStringList before = folders();
     const auto process = start("recover\n", {u"--batch"_s});
     QVERIFY(process->waitForFinished(patience_ms));
-    // There is no such command.
     QCOMPARE(process->exitCode(), 1);
+    const QString errors = QString::fromUtf8(process->readAll());
+    QVERIFY2(errors.contains(u"recover: column 1: there is no window to offer it in"), qPrintable(errors));
+    // A journal for the window can be checked there.
+    QCOMPARE(run("check \"" + journal("recover\n").toUtf8() + "\"\n", {u"--batch"_s}), 0);
     QCOMPARE(run({}, {u"--batch"_s}), 0);
     QCOMPARE(folders(), before);
     QCOMPARE(run_and_report({}).offer.size(), 1);
