@@ -62,16 +62,21 @@ endfunction()
 # Declares a test: a class, in a source file of the test's name, that a test program runs in a home directory of its own
 # under the build tree.
 #
-#   ostrel_add_test(tst_name IN program [STARTS_PROGRAM] [DISPLAY] [TIMEOUT seconds])
+#   ostrel_add_test(tst_name IN program [STARTS_PROGRAM] [DISPLAY] [TIMEOUT seconds] [OPTIMIZED [file...]])
 #
 # STARTS_PROGRAM  starts the program fennar itself; the leak check then records whole stacks, so that leaks.supp can name
 #                 what the threads of Qt's drawing still hold when the program ends
 # DISPLAY         needs a real window system: runs under a virtual display with a window manager, label "display"
 # TIMEOUT         default 120 seconds, with the sanitizers three times that. When nine tenths are over Qt Test names the function
 #                 that runs, with its stack
+# OPTIMIZED       spends most of its time in its own code, or in the files named, of the same directory: these are optimized
 function(ostrel_add_test name)
-    cmake_parse_arguments(arg "STARTS_PROGRAM;DISPLAY" "IN;TIMEOUT" "" ${ARGN})
+    cmake_parse_arguments(arg "STARTS_PROGRAM;DISPLAY" "IN;TIMEOUT" "OPTIMIZED" ${ARGN})
     target_sources(${arg_IN} PRIVATE ${name}.cpp)
+    if(arg_OPTIMIZED OR "OPTIMIZED" IN_LIST arg_KEYWORDS_MISSING_VALUES)
+        # The precompiled headers are for code that is not.
+        set_source_files_properties(${name}.cpp ${arg_OPTIMIZED} PROPERTIES COMPILE_OPTIONS -O2 SKIP_PRECOMPILE_HEADERS ON)
+    endif()
     if(arg_DISPLAY)
         ostrel_declare_test(${name} ${ARGN} COMMAND ${CMAKE_SOURCE_DIR}/tests/support/with-display $<TARGET_FILE:${arg_IN}> ${name})
     else()
