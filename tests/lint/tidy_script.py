@@ -33,6 +33,8 @@ SOURCES = ["frame/Box.cpp", "menus/Menu.cpp", "tests/frame/tst_box.cpp"]
 
 
 class Tidy(unittest.TestCase):
+    repository = None
+
     def setUp(self):
         self.root = os.path.realpath(tempfile.mkdtemp(prefix="tidy_script."))
         self.addCleanup(shutil.rmtree, self.root)
@@ -49,8 +51,21 @@ class Tidy(unittest.TestCase):
                     f"c++ -DA -Werror -std=gnu++20 -Winvalid-pch -include {build}/a/cmake_pch.hxx -fpch-preprocess -c {file}"}
                    for file in [os.path.join(self.root, s) for s in [*SOURCES, SOURCES[0]]] + [build + "/mocs_compilation.cpp"]]
         self.write("build/release/compile_commands.json", json.dumps(entries))
-        self.git("init", "--initial-branch=main")
+        # What is called python3 may be a script that looks for one among many.
+        os.symlink(sys.executable, os.path.join(self.root, "path/python3"))
+        self.begin()
+
+    def begin(self):
+        """The first commit, made once for all tests."""
+        repository = os.path.join(self.root, ".git")
+        if Tidy.repository:
+            shutil.copytree(Tidy.repository, repository)
+            return
+        self.git("init", "--template=", "--initial-branch=main")
         self.commit("the beginning")
+        Tidy.repository = tempfile.mkdtemp(prefix="tidy_script.")
+        self.addClassCleanup(shutil.rmtree, Tidy.repository)
+        shutil.copytree(repository, Tidy.repository, dirs_exist_ok=True)
 
     def write(self, path, text):
         path = os.path.join(self.root, path)
@@ -72,7 +87,7 @@ class Tidy(unittest.TestCase):
     def git(self, *arguments):
         environment = {**os.environ, "GIT_CONFIG_GLOBAL": "/dev/null", "GIT_CONFIG_SYSTEM": "/dev/null",
                        **{f"GIT_{role}_{what}": "a" for role in ("AUTHOR", "COMMITTER") for what in ("NAME", "EMAIL")}}
-        subprocess.run(["git", "-C", self.root, *arguments], env=environment, check=True, capture_output=True)
+        subprocess.run(["git", "-C", self.root, "-c", "maintenance.auto=false", *arguments], env=environment, check=True, capture_output=True)
 
     def commit(self, *changes):
         self.change(*[c for c in changes if c in TREE])
