@@ -67,7 +67,7 @@ def main():
         def configure(name, *options):
             out = os.path.join(folder, name + "-build")
             run(cmake, "-G", "Ninja", "-S", os.path.join(folder, name), "-B", out, f"-DCMAKE_PREFIX_PATH={prefix}",
-                "-DCMAKE_BUILD_TYPE=Debug", f"-DCMAKE_CXX_FLAGS=-Wall -Wextra -Werror", *options)
+                "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG=-g0", "-DCMAKE_CXX_FLAGS=-Wall -Wextra -Werror", *options)
             run(cmake, "--build", out)
             return out
 
