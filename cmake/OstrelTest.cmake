@@ -24,11 +24,24 @@ endif()
 ostrel_add_precompiled(test LIBRARIES ostrel_test_house Qt6::Widgets Qt6::Test
     HEADERS ${ostrel_widgets_headers} <QSignalSpy> <QTemporaryDir> <QTest>)
 
+# Those that take longest, by what they take a processor. They begin first, also where no earlier run has told how long tests
+# take; one that begins last would run on alone.
+set(OSTREL_LONG_TESTS
+    installed_program debian_package guides tst_filecommands tst_matrix_windows installed_package tst_matrix_panels sweep_cluster
+    sweep_slurm python_module tst_runmesher tst_matrix_files tst_tour sweep tst_matrix_journals tst_fennar_recovery
+    tst_commanddescriptions tst_commandwidget_property tst_filemenuformats tst_monkey tst_failing_exports tst_fennar
+    tst_matrix_field tst_modelfiles tst_fennar_options python_notebooks python_types_plate_functions tst_componentmanager)
+
 # Gives a test that is declared a home directory of its own under the build tree.
 function(ostrel_sandbox_test name platform)
     set(sandbox ${CMAKE_BINARY_DIR}/sandbox/${name})
     file(MAKE_DIRECTORY ${sandbox}/config ${sandbox}/config-dirs ${sandbox}/data ${sandbox}/run ${sandbox}/tmp)
     file(CHMOD ${sandbox}/run PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+    list(FIND OSTREL_LONG_TESTS ${name} rank)
+    if(NOT rank EQUAL -1)
+        math(EXPR cost "1000 - ${rank}")
+        set_tests_properties(${name} PROPERTIES COST ${cost})
+    endif()
     set_tests_properties(${name} PROPERTIES
         ENVIRONMENT "HOME=${sandbox};XDG_CONFIG_HOME=${sandbox}/config;XDG_CONFIG_DIRS=${sandbox}/config-dirs;\
 XDG_DATA_HOME=${sandbox}/data;XDG_RUNTIME_DIR=${sandbox}/run;TMPDIR=${sandbox}/tmp;QT_QPA_PLATFORM=${platform};\
