@@ -4,18 +4,19 @@
 # Declares a component of the workbench: a shared object NAME.so.
 #
 #   fennar_add_component(NAME VERSION version SOURCES file... [LIBRARIES target...]
-#                        [REQUIRES component...] [COMMANDS command...])
+#                        [REQUIRES component...] [COMMANDS command...] [TRANSLATIONS file...])
 #
-# NAME      is the component's name: a lower-case letter, then lower-case letters, digits, "_" and "-"
-# VERSION   is its own version, for people to read
-# LIBRARIES what it needs beside the shell, the command language and Qt
-# REQUIRES  components that are loaded before it, and cannot be unloaded while it is loaded
-# COMMANDS  the commands that it adds, by which users find it while it is not loaded
+# NAME         is the component's name: a lower-case letter, then lower-case letters, digits, "_" and "-"
+# VERSION      is its own version, for people to read
+# LIBRARIES    what it needs beside the shell, the command language and Qt
+# REQUIRES     components that are loaded before it, and cannot be unloaded while it is loaded
+# COMMANDS     the commands that it adds, by which users find it while it is not loaded
+# TRANSLATIONS its texts in other languages, NAME_<language>.ts each; these need Qt's LinguistTools
 #
 # Other files of the target, as resources, are added with CMake's own commands. `cmake --install` puts the component
-# where the workbench looks for it, below the prefix.
+# where the workbench looks for it, below the prefix, and its translations beside those of the workbench.
 function(fennar_add_component name)
-    cmake_parse_arguments(arg "" "VERSION" "SOURCES;LIBRARIES;REQUIRES;COMMANDS" ${ARGN})
+    cmake_parse_arguments(arg "" "VERSION" "SOURCES;LIBRARIES;REQUIRES;COMMANDS;TRANSLATIONS" ${ARGN})
     add_library(${name} MODULE ${arg_SOURCES})
     fennar_describe_component(${name} NAME ${name} VERSION "${arg_VERSION}" KIT "${FennarSdk_VERSION}"
         REQUIRES ${arg_REQUIRES} COMMANDS ${arg_COMMANDS})
@@ -29,6 +30,26 @@ function(fennar_add_component name)
         LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib/components
         INSTALL_RPATH "$ORIGIN/../..")
     install(TARGETS ${name} LIBRARY DESTINATION ${FennarSdk_COMPONENT_DIR})
+    if(arg_TRANSLATIONS)
+        find_package(Qt6 6.4 REQUIRED COMPONENTS LinguistTools)
+    endif()
+    foreach(source IN LISTS arg_TRANSLATIONS)
+        cmake_path(GET source STEM LAST_ONLY catalogue)
+        if(NOT catalogue MATCHES "^${name}_[a-z]+(_[A-Z]+)?$")
+            message(FATAL_ERROR "The translations of ${name} are files ${name}_<language>.ts, and not ${source}")
+        endif()
+        cmake_path(ABSOLUTE_PATH source)
+        set(folder ${CMAKE_BINARY_DIR}/share/fennar/translations)
+        file(MAKE_DIRECTORY ${folder})
+        # Texts without a translation stay out of the result, and so in English.
+        add_custom_command(OUTPUT ${folder}/${catalogue}.qm
+            COMMAND Qt6::lrelease -silent -nounfinished ${source} -qm ${folder}/${catalogue}.qm
+            DEPENDS ${source}
+            COMMENT "Compiling ${catalogue}.ts"
+            VERBATIM)
+        target_sources(${name} PRIVATE ${folder}/${catalogue}.qm)
+        install(FILES ${folder}/${catalogue}.qm DESTINATION ${FennarSdk_TRANSLATIONS_DIR})
+    endforeach()
 endfunction()
 
 # Makes a shared object a component: writes its metadata, and the source of the object that Qt's plugins have.

@@ -118,6 +118,8 @@ FennarSdk, and a file for pkg-config. With them hosts of the shell are built,
 and components of the workbench fennar.")
 set(CPACK_DEBIAN_LIBOSTRELGUI_PACKAGE_DEPENDS
     "fennar (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}), qt6-base-dev (>= 6.4), libgl-dev")
+# What compiles the translations of components.
+set(CPACK_DEBIAN_LIBOSTRELGUI_PACKAGE_RECOMMENDS "qt6-tools-dev, qt6-tools-dev-tools, qt6-l10n-tools")
 set(CPACK_DEBIAN_LIBOSTRELGUI_PACKAGE_SUGGESTS "cmake (>= 3.25), pkgconf")
 
 include(CPack)

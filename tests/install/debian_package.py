@@ -96,6 +96,17 @@ class DebianPackage(unittest.TestCase):
         needs = development.field("Depends")
         self.assertIn(f"fennar (= {version}-1)", needs)
         self.assertIn("qt6-base-dev", needs)
+        # Components compile their translations.
+        self.assertLessEqual({"qt6-tools-dev", "qt6-l10n-tools"}, set(development.alternatives("Recommends")))
+
+    def test_each_component_brings_its_translations(self):
+        tree = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "workbench")
+        sources = [os.path.splitext(os.path.basename(path))[0]
+                   for path in glob.glob(os.path.join(tree, "**", "translations", "*.ts"), recursive=True)
+                   if "/template/" not in path]
+        self.assertGreater(len(sources), 10)
+        self.assertEqual([os.path.basename(path) for path in program.names if "/fennar/translations/" in path],
+                         [name + ".qm" for name in sorted(sources)])
 
     def test_the_module_goes_with_this_very_program_and_its_own_python(self):
         needs = module.field("Depends")

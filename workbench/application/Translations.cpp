@@ -48,22 +48,29 @@ QString name_in_files(const QString& language)
 
 } // namespace
 
-Translations::Translations(const QStringList& languages)
+Translations::Translations(const QStringList& languages, const QString& directory)
 {
     for (const QString& language : languages) {
         const QString name = name_in_files(language);
         if (name == u"en")
             return;
-        if (name.isEmpty() || !QFileInfo::exists(workbench_directory() + u"/fennar_%1.qm"_s.arg(name)))
+        if (name.isEmpty() || !QFileInfo::exists(directory + u"/fennar_%1.qm"_s.arg(name)))
             continue;
         mLanguage = name;
         break;
     }
     if (mLanguage.isEmpty())
         return;
-    install(u"qtbase"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-    install(u"ostrelgui"_s, shell_directory());
-    install(u"fennar"_s, workbench_directory());
+    // What is installed last is asked first.
+    const QString own = u"fennar_%1.qm"_s.arg(mLanguage);
+    const QStringList files =
+        QDir(directory).entryList({u"*_%1.qm"_s.arg(mLanguage)}, QDir::Files, QDir::Name);
+    for (auto file = files.rbegin(); file != files.rend(); ++file)
+        if (*file != own)
+            install(directory, *file);
+    install(QLibraryInfo::path(QLibraryInfo::TranslationsPath), u"qtbase_%1.qm"_s.arg(mLanguage));
+    install(shell_directory(), u"ostrelgui_%1.qm"_s.arg(mLanguage));
+    install(directory, own);
 }
 
 Translations::~Translations()
@@ -82,9 +89,9 @@ QString Translations::workbench_directory()
     return find_directory({u"" FENNAR_WORKBENCH_TRANSLATIONS ""_s, u"share/fennar/translations"_s});
 }
 
-void Translations::install(const QString& catalogue, const QString& directory)
+void Translations::install(const QString& directory, const QString& name)
 {
-    const QString file = directory + u"/%1_%2.qm"_s.arg(catalogue, mLanguage);
+    const QString file = directory + u'/' + name;
     auto translator = std::make_unique<QTranslator>();
     if (!translator->load(file)) {
         mMissing << file;

@@ -4,10 +4,6 @@
 <context>
     <name>Command</name>
     <message>
-        <source>Makes a brick, or a cube.</source>
-        <translation>Erstellt einen Quader oder Würfel.</translation>
-    </message>
-    <message>
         <source>Looks for errors in a journal without running it.</source>
         <translation>Sucht in einem Journal nach Fehlern, ohne es auszuführen.</translation>
     </message>
@@ -16,44 +12,12 @@
         <translation>Listet die Komponenten auf.</translation>
     </message>
     <message>
-        <source>Makes a cone, or a part of one.</source>
-        <translation>Erstellt einen Kegel oder Kegelstumpf.</translation>
-    </message>
-    <message>
-        <source>Copies a solid.</source>
-        <translation>Kopiert einen Körper.</translation>
-    </message>
-    <message>
-        <source>Makes a cylinder.</source>
-        <translation>Erstellt einen Zylinder.</translation>
-    </message>
-    <message>
-        <source>Deletes solids.</source>
-        <translation>Löscht Körper.</translation>
-    </message>
-    <message>
-        <source>Counts.</source>
-        <translation>Zählt.</translation>
-    </message>
-    <message>
-        <source>Tells or sets what the graphics view shows.</source>
-        <translation>Nennt oder bestimmt, was die Grafikansicht zeigt.</translation>
-    </message>
-    <message>
         <source>Prints its words.</source>
         <translation>Gibt seine Wörter aus.</translation>
     </message>
     <message>
         <source>Opens a journal or a Python script in the journal editor.</source>
         <translation>Öffnet ein Journal oder Python-Skript im Journal-Editor.</translation>
-    </message>
-    <message>
-        <source>Writes solids or the mesh to a file.</source>
-        <translation>Schreibt Körper oder das Netz in eine Datei.</translation>
-    </message>
-    <message>
-        <source>Shows all solids, from the same side.</source>
-        <translation>Zeigt alle Körper von derselben Seite.</translation>
     </message>
     <message>
         <source>Shows a command in the command panel.</source>
@@ -68,36 +32,8 @@
         <translation>Schließt ein anderes Fenster als das Hauptfenster.</translation>
     </message>
     <message>
-        <source>Reads solids or a mesh from a file.</source>
-        <translation>Liest Körper oder ein Netz aus einer Datei.</translation>
-    </message>
-    <message>
-        <source>Keeps what several solids have in common.</source>
-        <translation>Behält, was mehreren Körpern gemeinsam ist.</translation>
-    </message>
-    <message>
-        <source>Lists solids with their measures.</source>
-        <translation>Listet Körper mit ihren Maßen auf.</translation>
-    </message>
-    <message>
         <source>Loads a component, now and at each start.</source>
         <translation>Lädt eine Komponente, jetzt und bei jedem Start.</translation>
-    </message>
-    <message>
-        <source>Fills solids with tetrahedra.</source>
-        <translation>Füllt Körper mit Tetraedern.</translation>
-    </message>
-    <message>
-        <source>Moves solids.</source>
-        <translation>Verschiebt Körper.</translation>
-    </message>
-    <message>
-        <source>Starts an empty model.</source>
-        <translation>Beginnt ein leeres Modell.</translation>
-    </message>
-    <message>
-        <source>Opens a model that was saved.</source>
-        <translation>Öffnet ein gespeichertes Modell.</translation>
     </message>
     <message>
         <source>Declares a variable that whoever plays the journal may set.</source>
@@ -116,32 +52,12 @@
         <translation>Führt eine Python-Anweisung aus.</translation>
     </message>
     <message>
-        <source>Measures the volume elements of the mesh.</source>
-        <translation>Misst die Volumenelemente des Netzes.</translation>
-    </message>
-    <message>
         <source>Ends the application.</source>
         <translation>Beendet die Anwendung.</translation>
     </message>
     <message>
-        <source>Offers the unsaved work that was kept for later.</source>
-        <translation>Bietet nicht Gespeichertes an, das für später aufbewahrt wurde.</translation>
-    </message>
-    <message>
         <source>Makes again what was undone last.</source>
         <translation>Stellt wieder her, was zuletzt rückgängig gemacht wurde.</translation>
-    </message>
-    <message>
-        <source>Gives a solid another name.</source>
-        <translation>Gibt einem Körper einen anderen Namen.</translation>
-    </message>
-    <message>
-        <source>Turns solids.</source>
-        <translation>Dreht Körper.</translation>
-    </message>
-    <message>
-        <source>Saves the model.</source>
-        <translation>Speichert das Modell.</translation>
     </message>
     <message>
         <source>Tells or sets the colors of the windows.</source>
@@ -160,36 +76,12 @@
         <translation>Zeigt ein Fenster oder eine Seite der Optionen.</translation>
     </message>
     <message>
-        <source>Makes a sphere.</source>
-        <translation>Erstellt eine Kugel.</translation>
-    </message>
-    <message>
-        <source>Counts the nodes and elements of the mesh.</source>
-        <translation>Zählt die Knoten und Elemente des Netzes.</translation>
-    </message>
-    <message>
-        <source>Takes the tools away from a solid.</source>
-        <translation>Zieht die Werkzeugkörper von einem Körper ab.</translation>
-    </message>
-    <message>
-        <source>Makes a torus.</source>
-        <translation>Erstellt einen Torus.</translation>
-    </message>
-    <message>
         <source>Takes back the last command that has changed the model.</source>
         <translation>Nimmt den letzten Befehl zurück, der das Modell geändert hat.</translation>
     </message>
     <message>
-        <source>Makes one solid of several.</source>
-        <translation>Macht aus mehreren Körpern einen.</translation>
-    </message>
-    <message>
         <source>Unloads a component, now and at each start.</source>
         <translation>Entlädt eine Komponente, jetzt und bei jedem Start.</translation>
-    </message>
-    <message>
-        <source>Looks at the solids from that side, and shows all of them.</source>
-        <translation>Blickt von dieser Seite auf die Körper und zeigt sie alle.</translation>
     </message>
     <message>
         <source>Lists the lines typed so far, or the steps that can be undone and redone.</source>
@@ -217,154 +109,6 @@
     <message>
         <source>Number</source>
         <translation>Anzahl</translation>
-    </message>
-    <message>
-        <source>Model</source>
-        <translation>Modell</translation>
-    </message>
-    <message>
-        <source>Model Files</source>
-        <translation>Modelldateien</translation>
-    </message>
-    <message>
-        <source>File</source>
-        <translation>Datei</translation>
-    </message>
-    <message>
-        <source>Format</source>
-        <translation>Format</translation>
-    </message>
-    <message>
-        <source>Needed only where the ending of the file does not tell it.</source>
-        <translation>Nur nötig, wenn die Dateiendung es nicht verrät.</translation>
-    </message>
-    <message>
-        <source>Size of the triangles</source>
-        <translation>Größe der Dreiecke</translation>
-    </message>
-    <message>
-        <source>Solids</source>
-        <translation>Körper</translation>
-    </message>
-    <message>
-        <source>Mesh</source>
-        <translation>Netz</translation>
-    </message>
-    <message>
-        <source>Radius of the top</source>
-        <translation>Oberer Radius</translation>
-    </message>
-    <message>
-        <source>Without it the cone ends in a point.</source>
-        <translation>Ohne ihn endet der Kegel in einer Spitze.</translation>
-    </message>
-    <message>
-        <source>Tools</source>
-        <translation>Werkzeuge</translation>
-    </message>
-    <message>
-        <source>Width</source>
-        <translation>Breite</translation>
-    </message>
-    <message>
-        <source>Depth</source>
-        <translation>Tiefe</translation>
-    </message>
-    <message>
-        <source>Height</source>
-        <translation>Höhe</translation>
-    </message>
-    <message>
-        <source>Without depth and height it is a cube.</source>
-        <translation>Ohne Tiefe und Höhe ist es ein Würfel.</translation>
-    </message>
-    <message>
-        <source>Center</source>
-        <translation>Mittelpunkt</translation>
-    </message>
-    <message>
-        <source>Radius</source>
-        <translation>Radius</translation>
-    </message>
-    <message>
-        <source>Radius of the tube</source>
-        <translation>Radius des Rohrs</translation>
-    </message>
-    <message>
-        <source>Offset</source>
-        <translation>Verschiebung</translation>
-    </message>
-    <message>
-        <source>Angle</source>
-        <translation>Winkel</translation>
-    </message>
-    <message>
-        <source>Point on the axis</source>
-        <translation>Punkt auf der Achse</translation>
-    </message>
-    <message>
-        <source>Solid</source>
-        <translation>Körper</translation>
-    </message>
-    <message>
-        <source>Size of the elements</source>
-        <translation>Größe der Elemente</translation>
-    </message>
-    <message>
-        <source>Show all messages of the mesher</source>
-        <translation>Alle Meldungen des Vernetzers zeigen</translation>
-    </message>
-    <message>
-        <source>Measure</source>
-        <translation>Maß</translation>
-    </message>
-    <message>
-        <source>X</source>
-        <translation>X</translation>
-    </message>
-    <message>
-        <source>Y</source>
-        <translation>Y</translation>
-    </message>
-    <message>
-        <source>Z</source>
-        <translation>Z</translation>
-    </message>
-    <message>
-        <source>Axis</source>
-        <translation>Achse</translation>
-    </message>
-    <message>
-        <source>The direction; its length does not matter.</source>
-        <translation>Die Richtung; ihre Länge ist gleichgültig.</translation>
-    </message>
-    <message>
-        <source>New name</source>
-        <translation>Neuer Name</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>Name</translation>
-    </message>
-    <message>
-        <source>Without one the solid is named after its kind and number.</source>
-        <translation>Ohne Namen heißt der Körper nach seiner Art und Nummer.</translation>
-    </message>
-    <message>
-        <source>Side</source>
-        <translation>Seite</translation>
-    </message>
-    <message>
-        <source>What</source>
-        <translation>Was</translation>
-    </message>
-    <message>
-        <source>State</source>
-        <translation>Zustand</translation>
-    </message>
-    <message>
-        <source>Whom to greet</source>
-        <translation>Wer gegrüßt wird</translation>
     </message>
     <message>
         <source>Quotes keep blanks; $NAME is a variable.</source>
@@ -459,20 +203,8 @@
         <translation>Eine gefaltete Zeile der Konsole</translation>
     </message>
     <message>
-        <source>Drop unsaved changes</source>
-        <translation>Ungespeicherte Änderungen verwerfen</translation>
-    </message>
-    <message>
         <source>One step of a journal</source>
         <translation>Ein Schritt eines Journals</translation>
-    </message>
-    <message>
-        <source>Algorithm</source>
-        <translation>Algorithmus</translation>
-    </message>
-    <message>
-        <source>Threads</source>
-        <translation>Threads</translation>
     </message>
     <message>
         <source>Parameters</source>
@@ -560,176 +292,6 @@
     <message>
         <source>Recent file in %1</source>
         <translation>Zuletzt verwendet, in %1</translation>
-    </message>
-</context>
-<context>
-    <name>DemoWindow</name>
-    <message>
-        <source>&amp;Count</source>
-        <translation>&amp;Zählen</translation>
-    </message>
-    <message>
-        <source>&amp;Reset</source>
-        <translation>Zu&amp;rücksetzen</translation>
-    </message>
-    <message>
-        <source>&amp;More</source>
-        <translation>&amp;Mehr</translation>
-    </message>
-    <message>
-        <source>&amp;Less</source>
-        <translation>&amp;Weniger</translation>
-    </message>
-    <message>
-        <source>Demo component</source>
-        <translation>Demo-Komponente</translation>
-    </message>
-    <message>
-        <source>&amp;Demo</source>
-        <translation>De&amp;mo</translation>
-    </message>
-    <message>
-        <source>Demo &amp;Help</source>
-        <translation>Demo-&amp;Hilfe</translation>
-    </message>
-    <message>
-        <source>Demo Tools</source>
-        <translation>Demo-Werkzeuge</translation>
-    </message>
-    <message>
-        <source>Demo</source>
-        <translation>Demo</translation>
-    </message>
-    <message>
-        <source>This dialog goes with its component.</source>
-        <translation>Dieser Dialog verschwindet mit seiner Komponente.</translation>
-    </message>
-    <message>
-        <source>Number</source>
-        <translation>Anzahl</translation>
-    </message>
-    <message>
-        <source>D&amp;emo Dialog...</source>
-        <translation>De&amp;mo-Dialog...</translation>
-    </message>
-    <message>
-        <source>Count to, unless told</source>
-        <translation>Zählen bis, wenn nicht angegeben</translation>
-    </message>
-</context>
-<context>
-    <name>Hello</name>
-    <message>
-        <source>&amp;Greet the World</source>
-        <translation>Die &amp;Welt grüßen</translation>
-    </message>
-    <message>
-        <source>&amp;Hello</source>
-        <translation>Ha&amp;llo</translation>
-    </message>
-    <message>
-        <source>Greet</source>
-        <translation>Grüßen</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>Name</translation>
-    </message>
-    <message>
-        <source>Hello</source>
-        <translation>Hallo</translation>
-    </message>
-</context>
-<context>
-    <name>InsertCommand</name>
-    <message>
-        <source>Insert command...</source>
-        <translation>Befehl einfügen...</translation>
-    </message>
-</context>
-<context>
-    <name>InsertCommandDialog</name>
-    <message>
-        <source>Insert Command</source>
-        <translation>Befehl einfügen</translation>
-    </message>
-    <message>
-        <source>Filter</source>
-        <translation>Filter</translation>
-    </message>
-    <message>
-        <source>Commands</source>
-        <translation>Befehle</translation>
-    </message>
-    <message>
-        <source>Description</source>
-        <translation>Beschreibung</translation>
-    </message>
-</context>
-<context>
-    <name>MeshElements</name>
-    <message>
-        <source>Point</source>
-        <translation>Punkt</translation>
-    </message>
-    <message>
-        <source>Line 2</source>
-        <translation>Linie 2</translation>
-    </message>
-    <message>
-        <source>Triangle 3</source>
-        <translation>Dreieck 3</translation>
-    </message>
-    <message>
-        <source>Quadrilateral 4</source>
-        <translation>Viereck 4</translation>
-    </message>
-    <message>
-        <source>Tetrahedron 4</source>
-        <translation>Tetraeder 4</translation>
-    </message>
-    <message>
-        <source>Hexahedron 8</source>
-        <translation>Hexaeder 8</translation>
-    </message>
-    <message>
-        <source>Prism 6</source>
-        <translation>Prisma 6</translation>
-    </message>
-    <message>
-        <source>Pyramid 5</source>
-        <translation>Pyramide 5</translation>
-    </message>
-</context>
-<context>
-    <name>MesherReport</name>
-    <message>
-        <source>reading the file</source>
-        <translation>Datei wird gelesen</translation>
-    </message>
-    <message>
-        <source>reading the solids</source>
-        <translation>Körper werden gelesen</translation>
-    </message>
-    <message>
-        <source>meshing edges</source>
-        <translation>Kanten werden vernetzt</translation>
-    </message>
-    <message>
-        <source>meshing faces</source>
-        <translation>Flächen werden vernetzt</translation>
-    </message>
-    <message>
-        <source>meshing volumes</source>
-        <translation>Volumen werden vernetzt</translation>
-    </message>
-    <message>
-        <source>measuring</source>
-        <translation>Messen</translation>
-    </message>
-    <message>
-        <source>writing</source>
-        <translation>Schreiben</translation>
     </message>
 </context>
 <context>
@@ -867,196 +429,12 @@
         <translation>Der Python-Interpreter der Anwendung.</translation>
     </message>
     <message>
-        <source>Make</source>
-        <translation>Erstellen</translation>
-    </message>
-    <message>
-        <source>Make solids.</source>
-        <translation>Körper erstellen.</translation>
-    </message>
-    <message>
-        <source>Brick</source>
-        <translation>Quader</translation>
-    </message>
-    <message>
-        <source>Cylinder</source>
-        <translation>Zylinder</translation>
-    </message>
-    <message>
-        <source>Sphere</source>
-        <translation>Kugel</translation>
-    </message>
-    <message>
-        <source>Cone</source>
-        <translation>Kegel</translation>
-    </message>
-    <message>
-        <source>Torus</source>
-        <translation>Torus</translation>
-    </message>
-    <message>
-        <source>Copy Solid</source>
-        <translation>Körper kopieren</translation>
-    </message>
-    <message>
-        <source>Modify</source>
-        <translation>Verändern</translation>
-    </message>
-    <message>
-        <source>Change solids and combine them.</source>
-        <translation>Körper ändern und kombinieren.</translation>
-    </message>
-    <message>
-        <source>Combine</source>
-        <translation>Kombinieren</translation>
-    </message>
-    <message>
-        <source>Make one solid of several.</source>
-        <translation>Aus mehreren Körpern einen machen.</translation>
-    </message>
-    <message>
-        <source>Unite</source>
-        <translation>Vereinigen</translation>
-    </message>
-    <message>
-        <source>Subtract</source>
-        <translation>Abziehen</translation>
-    </message>
-    <message>
-        <source>Intersect</source>
-        <translation>Verschneiden</translation>
-    </message>
-    <message>
-        <source>Move Solids</source>
-        <translation>Körper verschieben</translation>
-    </message>
-    <message>
-        <source>Rotate Solids</source>
-        <translation>Körper drehen</translation>
-    </message>
-    <message>
-        <source>Rename Solid</source>
-        <translation>Körper umbenennen</translation>
-    </message>
-    <message>
-        <source>Delete Solids</source>
-        <translation>Körper löschen</translation>
-    </message>
-    <message>
-        <source>Mesh</source>
-        <translation>Netz</translation>
-    </message>
-    <message>
-        <source>Make a mesh and look at its numbers.</source>
-        <translation>Ein Netz erstellen und seine Kennzahlen ansehen.</translation>
-    </message>
-    <message>
-        <source>Mesh Solids</source>
-        <translation>Körper vernetzen</translation>
-    </message>
-    <message>
-        <source>Mesh Statistics</source>
-        <translation>Netzstatistik</translation>
-    </message>
-    <message>
-        <source>Mesh Quality</source>
-        <translation>Netzqualität</translation>
-    </message>
-    <message>
-        <source>Look</source>
-        <translation>Ansehen</translation>
-    </message>
-    <message>
-        <source>Choose what the graphics view shows.</source>
-        <translation>Wählen, was die Grafikansicht zeigt.</translation>
-    </message>
-    <message>
-        <source>Look From</source>
-        <translation>Blickrichtung</translation>
-    </message>
-    <message>
-        <source>Fit</source>
-        <translation>Einpassen</translation>
-    </message>
-    <message>
-        <source>Display</source>
-        <translation>Anzeige</translation>
-    </message>
-    <message>
-        <source>Files</source>
-        <translation>Dateien</translation>
-    </message>
-    <message>
-        <source>Open and save models, exchange them with other programs.</source>
-        <translation>Modelle öffnen, speichern und mit anderen Programmen austauschen.</translation>
-    </message>
-    <message>
-        <source>New Model</source>
-        <translation>Neues Modell</translation>
-    </message>
-    <message>
-        <source>Open Model</source>
-        <translation>Modell öffnen</translation>
-    </message>
-    <message>
-        <source>Save Model</source>
-        <translation>Modell speichern</translation>
-    </message>
-    <message>
-        <source>Import</source>
-        <translation>Importieren</translation>
-    </message>
-    <message>
-        <source>Export</source>
-        <translation>Exportieren</translation>
-    </message>
-    <message>
         <source>Count</source>
         <translation>Zählen</translation>
     </message>
     <message>
         <source>List Solids</source>
         <translation>Körper auflisten</translation>
-    </message>
-    <message>
-        <source>Solids</source>
-        <translation>Körper</translation>
-    </message>
-    <message>
-        <source>The solids of the model.</source>
-        <translation>Die Körper des Modells.</translation>
-    </message>
-    <message>
-        <source>New Solid</source>
-        <translation>Neuer Körper</translation>
-    </message>
-    <message>
-        <source>Simple solids to begin with.</source>
-        <translation>Einfache Körper für den Anfang.</translation>
-    </message>
-    <message>
-        <source>One solid of several.</source>
-        <translation>Ein Körper aus mehreren.</translation>
-    </message>
-    <message>
-        <source>The mesh that was made last.</source>
-        <translation>Das zuletzt erstellte Netz.</translation>
-    </message>
-    <message>
-        <source>Model</source>
-        <translation>Modell</translation>
-    </message>
-    <message>
-        <source>The model as a whole, and its files.</source>
-        <translation>Das Modell als Ganzes und seine Dateien.</translation>
-    </message>
-    <message>
-        <source>View</source>
-        <translation>Ansicht</translation>
-    </message>
-    <message>
-        <source>What the graphics view shows.</source>
-        <translation>Was die Grafikansicht zeigt.</translation>
     </message>
     <message>
         <source>Windows</source>
@@ -1193,24 +571,6 @@
     <message>
         <source>By what you &amp;work on</source>
         <translation>Nach dem, womit Sie &amp;arbeiten</translation>
-    </message>
-</context>
-<context>
-    <name>Recovery</name>
-    <message>
-        <source>Not all that was kept could be read. It stays in %1.</source>
-        <translation>Nicht alles Aufbewahrte konnte gelesen werden. Es bleibt in %1.</translation>
-    </message>
-    <message>
-        <source>%1 stays kept. The command &quot;recover&quot; offers it again.</source>
-        <translation>%1 bleibt aufbewahrt. Der Befehl „recover“ bietet es wieder an.</translation>
-    </message>
-</context>
-<context>
-    <name>RecoveryWriter</name>
-    <message>
-        <source>no folder can be made in &quot;%1&quot;</source>
-        <translation>in „%1“ kann kein Ordner angelegt werden</translation>
     </message>
 </context>
 <context>
@@ -1685,289 +1045,6 @@
     <message>
         <source>&amp;Previous Pane</source>
         <translation>Vorheri&amp;ger Bereich</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::geometry::GeometryDock</name>
-    <message>
-        <source>Model</source>
-        <translation>Modell</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>Name</translation>
-    </message>
-    <message>
-        <source>Volume</source>
-        <translation>Volumen</translation>
-    </message>
-    <message>
-        <source>Solids</source>
-        <translation>Körper</translation>
-    </message>
-    <message>
-        <source>Mesh</source>
-        <translation>Netz</translation>
-    </message>
-    <message>
-        <source>none</source>
-        <translation>keines</translation>
-    </message>
-    <message>
-        <source>of an earlier model</source>
-        <translation>zu einem früheren Modell</translation>
-    </message>
-    <message>
-        <source>Nodes</source>
-        <translation>Knoten</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::geometry::GeometryFileHandler</name>
-    <message>
-        <source>Model Files (*.mdl)</source>
-        <translation>Modelldateien (*.mdl)</translation>
-    </message>
-    <message>
-        <source>All Files (*)</source>
-        <translation>Alle Dateien (*)</translation>
-    </message>
-    <message>
-        <source>Set Directory</source>
-        <translation>Verzeichnis festlegen</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::geometry::GeometryWindow</name>
-    <message>
-        <source>&amp;Cylinder...</source>
-        <translation>&amp;Zylinder...</translation>
-    </message>
-    <message>
-        <source>&amp;Sphere...</source>
-        <translation>&amp;Kugel...</translation>
-    </message>
-    <message>
-        <source>C&amp;one...</source>
-        <translation>K&amp;egel...</translation>
-    </message>
-    <message>
-        <source>&amp;Torus...</source>
-        <translation>&amp;Torus...</translation>
-    </message>
-    <message>
-        <source>&amp;Move...</source>
-        <translation>&amp;Verschieben...</translation>
-    </message>
-    <message>
-        <source>&amp;Rotate...</source>
-        <translation>&amp;Drehen...</translation>
-    </message>
-    <message>
-        <source>Co&amp;py...</source>
-        <translation>K&amp;opieren...</translation>
-    </message>
-    <message>
-        <source>Re&amp;name...</source>
-        <translation>&amp;Umbenennen...</translation>
-    </message>
-    <message>
-        <source>&amp;Unite</source>
-        <translation>Vere&amp;inigen</translation>
-    </message>
-    <message>
-        <source>Su&amp;btract...</source>
-        <translation>&amp;Abziehen...</translation>
-    </message>
-    <message>
-        <source>&amp;Intersect</source>
-        <translation>Vers&amp;chneiden</translation>
-    </message>
-    <message>
-        <source>&amp;Delete</source>
-        <translation>Lösc&amp;hen</translation>
-    </message>
-    <message>
-        <source>M&amp;esh...</source>
-        <translation>Ver&amp;netzen...</translation>
-    </message>
-    <message>
-        <source>&amp;List</source>
-        <translation>Au&amp;flisten</translation>
-    </message>
-    <message>
-        <source>Mesh St&amp;atistics</source>
-        <translation>Netz&amp;statistik</translation>
-    </message>
-    <message>
-        <source>Mesh &amp;Quality</source>
-        <translation>Netzqua&amp;lität</translation>
-    </message>
-    <message>
-        <source>&amp;Geometry</source>
-        <translation>&amp;Geometrie</translation>
-    </message>
-    <message>
-        <source>&amp;Geometry Commands</source>
-        <translation>&amp;Geometriebefehle</translation>
-    </message>
-    <message>
-        <source>Geometry Tools</source>
-        <translation>Geometrie-Werkzeuge</translation>
-    </message>
-    <message>
-        <source>Bric&amp;k...</source>
-        <translation>&amp;Quader...</translation>
-    </message>
-    <message>
-        <source>No solid is selected.</source>
-        <translation>Es ist kein Körper ausgewählt.</translation>
-    </message>
-    <message>
-        <source>Fewer than two solids are selected.</source>
-        <translation>Es sind weniger als zwei Körper ausgewählt.</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::geometry::SaveQuestion</name>
-    <message>
-        <source>Replace File</source>
-        <translation>Datei ersetzen</translation>
-    </message>
-    <message>
-        <source>%1 already exists.
-Do you want to replace it?</source>
-        <translation>%1 ist bereits vorhanden.
-Möchten Sie die Datei ersetzen?</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::graphics::GraphicsView</name>
-    <message>
-        <source>Graphics</source>
-        <translation>Grafik</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::graphics::GraphicsWindow</name>
-    <message>
-        <source>&amp;Front</source>
-        <translation>&amp;Vorne</translation>
-    </message>
-    <message>
-        <source>B&amp;ack</source>
-        <translation>&amp;Hinten</translation>
-    </message>
-    <message>
-        <source>&amp;Left</source>
-        <translation>&amp;Links</translation>
-    </message>
-    <message>
-        <source>&amp;Right</source>
-        <translation>&amp;Rechts</translation>
-    </message>
-    <message>
-        <source>T&amp;op</source>
-        <translation>&amp;Oben</translation>
-    </message>
-    <message>
-        <source>&amp;Bottom</source>
-        <translation>&amp;Unten</translation>
-    </message>
-    <message>
-        <source>&amp;Isometric</source>
-        <translation>&amp;Isometrisch</translation>
-    </message>
-    <message>
-        <source>Fi&amp;t</source>
-        <translation>&amp;Einpassen</translation>
-    </message>
-    <message>
-        <source>&amp;Shaded</source>
-        <translation>&amp;Schattiert</translation>
-    </message>
-    <message>
-        <source>&amp;Wireframe</source>
-        <translation>&amp;Drahtgitter</translation>
-    </message>
-    <message>
-        <source>&amp;Mesh</source>
-        <translation>&amp;Netz</translation>
-    </message>
-    <message>
-        <source>Graphics Tools</source>
-        <translation>Grafik-Werkzeuge</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::insert_command::InsertCommandDialog</name>
-    <message>
-        <source>&amp;Insert</source>
-        <translation>&amp;Einfügen</translation>
-    </message>
-    <message>
-        <source>Command</source>
-        <translation>Befehl</translation>
-    </message>
-    <message>
-        <source>Summary</source>
-        <translation>Kurzbeschreibung</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::recovery::DocumentKeeper</name>
-    <message>
-        <source>Unsaved journals cannot be kept for a recovery: %1. It will be tried again.</source>
-        <translation>Nicht gespeicherte Journale können nicht für eine Wiederherstellung aufbewahrt werden: %1. Es wird erneut versucht.</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::recovery::KeptDocument</name>
-    <message>
-        <source>Untitled</source>
-        <translation>Unbenannt</translation>
-    </message>
-    <message>
-        <source>%1 (changed %2)</source>
-        <translation>%1 (geändert %2)</translation>
-    </message>
-    <message>
-        <source>Untitled model</source>
-        <translation>Unbenanntes Modell</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::recovery::RecoveryOffer</name>
-    <message>
-        <source>&amp;Restore All</source>
-        <translation>Alle &amp;wiederherstellen</translation>
-    </message>
-    <message>
-        <source>&amp;Discard</source>
-        <translation>&amp;Verwerfen</translation>
-    </message>
-    <message>
-        <source>&amp;Keep for Later</source>
-        <translation>Für später &amp;behalten</translation>
-    </message>
-    <message>
-        <source>and %1 more</source>
-        <translation>und %1 weitere</translation>
-    </message>
-    <message>
-        <source>Recover Unsaved Work</source>
-        <translation>Nicht Gespeichertes wiederherstellen</translation>
-    </message>
-    <message>
-        <source>Unsaved work was kept when the program ended unexpectedly:</source>
-        <translation>Als das Programm unerwartet endete, wurde nicht Gespeichertes aufbewahrt:</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::recovery::WorkKeeper</name>
-    <message>
-        <source>Unsaved work cannot be kept for a recovery: %1. It will be tried again.</source>
-        <translation>Nicht Gespeichertes kann nicht für eine Wiederherstellung aufbewahrt werden: %1. Es wird erneut versucht.</translation>
     </message>
 </context>
 </TS>

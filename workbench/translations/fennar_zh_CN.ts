@@ -4,10 +4,6 @@
 <context>
     <name>Command</name>
     <message>
-        <source>Makes a brick, or a cube.</source>
-        <translation>创建长方体或立方体。</translation>
-    </message>
-    <message>
         <source>Looks for errors in a journal without running it.</source>
         <translation>在不运行日志脚本的情况下查找其中的错误。</translation>
     </message>
@@ -16,44 +12,12 @@
         <translation>列出组件。</translation>
     </message>
     <message>
-        <source>Makes a cone, or a part of one.</source>
-        <translation>创建圆锥体或圆台。</translation>
-    </message>
-    <message>
-        <source>Copies a solid.</source>
-        <translation>复制一个实体。</translation>
-    </message>
-    <message>
-        <source>Makes a cylinder.</source>
-        <translation>创建圆柱体。</translation>
-    </message>
-    <message>
-        <source>Deletes solids.</source>
-        <translation>删除实体。</translation>
-    </message>
-    <message>
-        <source>Counts.</source>
-        <translation>计数。</translation>
-    </message>
-    <message>
-        <source>Tells or sets what the graphics view shows.</source>
-        <translation>说明或设置图形视图显示的内容。</translation>
-    </message>
-    <message>
         <source>Prints its words.</source>
         <translation>输出给出的词。</translation>
     </message>
     <message>
         <source>Opens a journal or a Python script in the journal editor.</source>
         <translation>在日志脚本编辑器中打开日志或 Python 脚本。</translation>
-    </message>
-    <message>
-        <source>Writes solids or the mesh to a file.</source>
-        <translation>将实体或网格写入文件。</translation>
-    </message>
-    <message>
-        <source>Shows all solids, from the same side.</source>
-        <translation>从同一方向显示所有实体。</translation>
     </message>
     <message>
         <source>Shows a command in the command panel.</source>
@@ -68,36 +32,8 @@
         <translation>关闭主窗口以外的窗口。</translation>
     </message>
     <message>
-        <source>Reads solids or a mesh from a file.</source>
-        <translation>从文件读取实体或网格。</translation>
-    </message>
-    <message>
-        <source>Keeps what several solids have in common.</source>
-        <translation>保留多个实体的公共部分。</translation>
-    </message>
-    <message>
-        <source>Lists solids with their measures.</source>
-        <translation>列出实体及其度量值。</translation>
-    </message>
-    <message>
         <source>Loads a component, now and at each start.</source>
         <translation>立即加载组件，并在每次启动时加载。</translation>
-    </message>
-    <message>
-        <source>Fills solids with tetrahedra.</source>
-        <translation>用四面体填充实体。</translation>
-    </message>
-    <message>
-        <source>Moves solids.</source>
-        <translation>移动实体。</translation>
-    </message>
-    <message>
-        <source>Starts an empty model.</source>
-        <translation>新建空模型。</translation>
-    </message>
-    <message>
-        <source>Opens a model that was saved.</source>
-        <translation>打开已保存的模型。</translation>
     </message>
     <message>
         <source>Declares a variable that whoever plays the journal may set.</source>
@@ -116,32 +52,12 @@
         <translation>执行一条 Python 语句。</translation>
     </message>
     <message>
-        <source>Measures the volume elements of the mesh.</source>
-        <translation>测量网格的体单元。</translation>
-    </message>
-    <message>
         <source>Ends the application.</source>
         <translation>结束应用程序。</translation>
     </message>
     <message>
-        <source>Offers the unsaved work that was kept for later.</source>
-        <translation>提供先前保留下来的未保存工作。</translation>
-    </message>
-    <message>
         <source>Makes again what was undone last.</source>
         <translation>重做最近撤销的内容。</translation>
-    </message>
-    <message>
-        <source>Gives a solid another name.</source>
-        <translation>更改实体的名称。</translation>
-    </message>
-    <message>
-        <source>Turns solids.</source>
-        <translation>旋转实体。</translation>
-    </message>
-    <message>
-        <source>Saves the model.</source>
-        <translation>保存模型。</translation>
     </message>
     <message>
         <source>Tells or sets the colors of the windows.</source>
@@ -160,36 +76,12 @@
         <translation>显示一个窗口，或选项的一页。</translation>
     </message>
     <message>
-        <source>Makes a sphere.</source>
-        <translation>创建球体。</translation>
-    </message>
-    <message>
-        <source>Counts the nodes and elements of the mesh.</source>
-        <translation>统计网格的节点和单元。</translation>
-    </message>
-    <message>
-        <source>Takes the tools away from a solid.</source>
-        <translation>从实体中减去工具实体。</translation>
-    </message>
-    <message>
-        <source>Makes a torus.</source>
-        <translation>创建圆环体。</translation>
-    </message>
-    <message>
         <source>Takes back the last command that has changed the model.</source>
         <translation>撤回最近一条更改模型的命令。</translation>
     </message>
     <message>
-        <source>Makes one solid of several.</source>
-        <translation>将多个实体合为一个。</translation>
-    </message>
-    <message>
         <source>Unloads a component, now and at each start.</source>
         <translation>立即卸载组件，以后启动时也不加载。</translation>
-    </message>
-    <message>
-        <source>Looks at the solids from that side, and shows all of them.</source>
-        <translation>从该侧观察实体，并显示全部。</translation>
     </message>
     <message>
         <source>Lists the lines typed so far, or the steps that can be undone and redone.</source>
@@ -217,154 +109,6 @@
     <message>
         <source>Number</source>
         <translation>数量</translation>
-    </message>
-    <message>
-        <source>Model</source>
-        <translation>模型</translation>
-    </message>
-    <message>
-        <source>Model Files</source>
-        <translation>模型文件</translation>
-    </message>
-    <message>
-        <source>File</source>
-        <translation>文件</translation>
-    </message>
-    <message>
-        <source>Format</source>
-        <translation>格式</translation>
-    </message>
-    <message>
-        <source>Needed only where the ending of the file does not tell it.</source>
-        <translation>仅当文件扩展名无法说明格式时才需要。</translation>
-    </message>
-    <message>
-        <source>Size of the triangles</source>
-        <translation>三角形尺寸</translation>
-    </message>
-    <message>
-        <source>Solids</source>
-        <translation>实体</translation>
-    </message>
-    <message>
-        <source>Mesh</source>
-        <translation>网格</translation>
-    </message>
-    <message>
-        <source>Radius of the top</source>
-        <translation>顶面半径</translation>
-    </message>
-    <message>
-        <source>Without it the cone ends in a point.</source>
-        <translation>不指定时圆锥收于一点。</translation>
-    </message>
-    <message>
-        <source>Tools</source>
-        <translation>工具</translation>
-    </message>
-    <message>
-        <source>Width</source>
-        <translation>宽度</translation>
-    </message>
-    <message>
-        <source>Depth</source>
-        <translation>深度</translation>
-    </message>
-    <message>
-        <source>Height</source>
-        <translation>高度</translation>
-    </message>
-    <message>
-        <source>Without depth and height it is a cube.</source>
-        <translation>不指定深度和高度时为立方体。</translation>
-    </message>
-    <message>
-        <source>Center</source>
-        <translation>中心</translation>
-    </message>
-    <message>
-        <source>Radius</source>
-        <translation>半径</translation>
-    </message>
-    <message>
-        <source>Radius of the tube</source>
-        <translation>管半径</translation>
-    </message>
-    <message>
-        <source>Offset</source>
-        <translation>位移</translation>
-    </message>
-    <message>
-        <source>Angle</source>
-        <translation>角度</translation>
-    </message>
-    <message>
-        <source>Point on the axis</source>
-        <translation>轴上的点</translation>
-    </message>
-    <message>
-        <source>Solid</source>
-        <translation>实体</translation>
-    </message>
-    <message>
-        <source>Size of the elements</source>
-        <translation>单元尺寸</translation>
-    </message>
-    <message>
-        <source>Show all messages of the mesher</source>
-        <translation>显示网格生成器的所有消息</translation>
-    </message>
-    <message>
-        <source>Measure</source>
-        <translation>度量</translation>
-    </message>
-    <message>
-        <source>X</source>
-        <translation>X</translation>
-    </message>
-    <message>
-        <source>Y</source>
-        <translation>Y</translation>
-    </message>
-    <message>
-        <source>Z</source>
-        <translation>Z</translation>
-    </message>
-    <message>
-        <source>Axis</source>
-        <translation>轴</translation>
-    </message>
-    <message>
-        <source>The direction; its length does not matter.</source>
-        <translation>方向；长度无关紧要。</translation>
-    </message>
-    <message>
-        <source>New name</source>
-        <translation>新名称</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>名称</translation>
-    </message>
-    <message>
-        <source>Without one the solid is named after its kind and number.</source>
-        <translation>不指定时按实体的种类和编号命名。</translation>
-    </message>
-    <message>
-        <source>Side</source>
-        <translation>侧面</translation>
-    </message>
-    <message>
-        <source>What</source>
-        <translation>内容</translation>
-    </message>
-    <message>
-        <source>State</source>
-        <translation>状态</translation>
-    </message>
-    <message>
-        <source>Whom to greet</source>
-        <translation>问候对象</translation>
     </message>
     <message>
         <source>Quotes keep blanks; $NAME is a variable.</source>
@@ -459,20 +203,8 @@
         <translation>控制台中折叠的行</translation>
     </message>
     <message>
-        <source>Drop unsaved changes</source>
-        <translation>放弃未保存的更改</translation>
-    </message>
-    <message>
         <source>One step of a journal</source>
         <translation>日志脚本中的一步</translation>
-    </message>
-    <message>
-        <source>Algorithm</source>
-        <translation>算法</translation>
-    </message>
-    <message>
-        <source>Threads</source>
-        <translation>线程数</translation>
     </message>
     <message>
         <source>Parameters</source>
@@ -560,176 +292,6 @@
     <message>
         <source>Recent file in %1</source>
         <translation>最近使用的文件，位于 %1</translation>
-    </message>
-</context>
-<context>
-    <name>DemoWindow</name>
-    <message>
-        <source>&amp;Count</source>
-        <translation>计数(&amp;C)</translation>
-    </message>
-    <message>
-        <source>&amp;Reset</source>
-        <translation>重置(&amp;R)</translation>
-    </message>
-    <message>
-        <source>&amp;More</source>
-        <translation>增加(&amp;M)</translation>
-    </message>
-    <message>
-        <source>&amp;Less</source>
-        <translation>减少(&amp;L)</translation>
-    </message>
-    <message>
-        <source>Demo component</source>
-        <translation>演示组件</translation>
-    </message>
-    <message>
-        <source>&amp;Demo</source>
-        <translation>演示(&amp;D)</translation>
-    </message>
-    <message>
-        <source>Demo &amp;Help</source>
-        <translation>演示帮助(&amp;H)</translation>
-    </message>
-    <message>
-        <source>Demo Tools</source>
-        <translation>演示工具</translation>
-    </message>
-    <message>
-        <source>Demo</source>
-        <translation>演示</translation>
-    </message>
-    <message>
-        <source>This dialog goes with its component.</source>
-        <translation>此对话框随其组件一起关闭。</translation>
-    </message>
-    <message>
-        <source>Number</source>
-        <translation>数量</translation>
-    </message>
-    <message>
-        <source>D&amp;emo Dialog...</source>
-        <translation>演示对话框(&amp;E)...</translation>
-    </message>
-    <message>
-        <source>Count to, unless told</source>
-        <translation>默认计数上限</translation>
-    </message>
-</context>
-<context>
-    <name>Hello</name>
-    <message>
-        <source>&amp;Greet the World</source>
-        <translation>问候世界(&amp;G)</translation>
-    </message>
-    <message>
-        <source>&amp;Hello</source>
-        <translation>你好(&amp;L)</translation>
-    </message>
-    <message>
-        <source>Greet</source>
-        <translation>问候</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>名称</translation>
-    </message>
-    <message>
-        <source>Hello</source>
-        <translation>你好</translation>
-    </message>
-</context>
-<context>
-    <name>InsertCommand</name>
-    <message>
-        <source>Insert command...</source>
-        <translation>插入命令...</translation>
-    </message>
-</context>
-<context>
-    <name>InsertCommandDialog</name>
-    <message>
-        <source>Insert Command</source>
-        <translation>插入命令</translation>
-    </message>
-    <message>
-        <source>Filter</source>
-        <translation>筛选</translation>
-    </message>
-    <message>
-        <source>Commands</source>
-        <translation>命令</translation>
-    </message>
-    <message>
-        <source>Description</source>
-        <translation>说明</translation>
-    </message>
-</context>
-<context>
-    <name>MeshElements</name>
-    <message>
-        <source>Point</source>
-        <translation>点</translation>
-    </message>
-    <message>
-        <source>Line 2</source>
-        <translation>线 2</translation>
-    </message>
-    <message>
-        <source>Triangle 3</source>
-        <translation>三角形 3</translation>
-    </message>
-    <message>
-        <source>Quadrilateral 4</source>
-        <translation>四边形 4</translation>
-    </message>
-    <message>
-        <source>Tetrahedron 4</source>
-        <translation>四面体 4</translation>
-    </message>
-    <message>
-        <source>Hexahedron 8</source>
-        <translation>六面体 8</translation>
-    </message>
-    <message>
-        <source>Prism 6</source>
-        <translation>棱柱 6</translation>
-    </message>
-    <message>
-        <source>Pyramid 5</source>
-        <translation>棱锥 5</translation>
-    </message>
-</context>
-<context>
-    <name>MesherReport</name>
-    <message>
-        <source>reading the file</source>
-        <translation>正在读取文件</translation>
-    </message>
-    <message>
-        <source>reading the solids</source>
-        <translation>正在读取实体</translation>
-    </message>
-    <message>
-        <source>meshing edges</source>
-        <translation>正在划分边网格</translation>
-    </message>
-    <message>
-        <source>meshing faces</source>
-        <translation>正在划分面网格</translation>
-    </message>
-    <message>
-        <source>meshing volumes</source>
-        <translation>正在划分体网格</translation>
-    </message>
-    <message>
-        <source>measuring</source>
-        <translation>正在测量</translation>
-    </message>
-    <message>
-        <source>writing</source>
-        <translation>正在写入</translation>
     </message>
 </context>
 <context>
@@ -867,196 +429,12 @@
         <translation>应用程序的 Python 解释器。</translation>
     </message>
     <message>
-        <source>Make</source>
-        <translation>创建</translation>
-    </message>
-    <message>
-        <source>Make solids.</source>
-        <translation>创建实体。</translation>
-    </message>
-    <message>
-        <source>Brick</source>
-        <translation>长方体</translation>
-    </message>
-    <message>
-        <source>Cylinder</source>
-        <translation>圆柱体</translation>
-    </message>
-    <message>
-        <source>Sphere</source>
-        <translation>球体</translation>
-    </message>
-    <message>
-        <source>Cone</source>
-        <translation>圆锥体</translation>
-    </message>
-    <message>
-        <source>Torus</source>
-        <translation>圆环体</translation>
-    </message>
-    <message>
-        <source>Copy Solid</source>
-        <translation>复制实体</translation>
-    </message>
-    <message>
-        <source>Modify</source>
-        <translation>修改</translation>
-    </message>
-    <message>
-        <source>Change solids and combine them.</source>
-        <translation>修改和组合实体。</translation>
-    </message>
-    <message>
-        <source>Combine</source>
-        <translation>组合</translation>
-    </message>
-    <message>
-        <source>Make one solid of several.</source>
-        <translation>将多个实体合为一个。</translation>
-    </message>
-    <message>
-        <source>Unite</source>
-        <translation>合并</translation>
-    </message>
-    <message>
-        <source>Subtract</source>
-        <translation>相减</translation>
-    </message>
-    <message>
-        <source>Intersect</source>
-        <translation>相交</translation>
-    </message>
-    <message>
-        <source>Move Solids</source>
-        <translation>移动实体</translation>
-    </message>
-    <message>
-        <source>Rotate Solids</source>
-        <translation>旋转实体</translation>
-    </message>
-    <message>
-        <source>Rename Solid</source>
-        <translation>重命名实体</translation>
-    </message>
-    <message>
-        <source>Delete Solids</source>
-        <translation>删除实体</translation>
-    </message>
-    <message>
-        <source>Mesh</source>
-        <translation>网格</translation>
-    </message>
-    <message>
-        <source>Make a mesh and look at its numbers.</source>
-        <translation>划分网格并查看其数据。</translation>
-    </message>
-    <message>
-        <source>Mesh Solids</source>
-        <translation>划分实体网格</translation>
-    </message>
-    <message>
-        <source>Mesh Statistics</source>
-        <translation>网格统计</translation>
-    </message>
-    <message>
-        <source>Mesh Quality</source>
-        <translation>网格质量</translation>
-    </message>
-    <message>
-        <source>Look</source>
-        <translation>查看</translation>
-    </message>
-    <message>
-        <source>Choose what the graphics view shows.</source>
-        <translation>选择图形视图显示的内容。</translation>
-    </message>
-    <message>
-        <source>Look From</source>
-        <translation>观察方向</translation>
-    </message>
-    <message>
-        <source>Fit</source>
-        <translation>适合窗口</translation>
-    </message>
-    <message>
-        <source>Display</source>
-        <translation>显示</translation>
-    </message>
-    <message>
-        <source>Files</source>
-        <translation>文件</translation>
-    </message>
-    <message>
-        <source>Open and save models, exchange them with other programs.</source>
-        <translation>打开和保存模型，并与其他程序交换。</translation>
-    </message>
-    <message>
-        <source>New Model</source>
-        <translation>新建模型</translation>
-    </message>
-    <message>
-        <source>Open Model</source>
-        <translation>打开模型</translation>
-    </message>
-    <message>
-        <source>Save Model</source>
-        <translation>保存模型</translation>
-    </message>
-    <message>
-        <source>Import</source>
-        <translation>导入</translation>
-    </message>
-    <message>
-        <source>Export</source>
-        <translation>导出</translation>
-    </message>
-    <message>
         <source>Count</source>
         <translation>计数</translation>
     </message>
     <message>
         <source>List Solids</source>
         <translation>列出实体</translation>
-    </message>
-    <message>
-        <source>Solids</source>
-        <translation>实体</translation>
-    </message>
-    <message>
-        <source>The solids of the model.</source>
-        <translation>模型的实体。</translation>
-    </message>
-    <message>
-        <source>New Solid</source>
-        <translation>新建实体</translation>
-    </message>
-    <message>
-        <source>Simple solids to begin with.</source>
-        <translation>用于起步的简单实体。</translation>
-    </message>
-    <message>
-        <source>One solid of several.</source>
-        <translation>由多个实体得到一个实体。</translation>
-    </message>
-    <message>
-        <source>The mesh that was made last.</source>
-        <translation>最近生成的网格。</translation>
-    </message>
-    <message>
-        <source>Model</source>
-        <translation>模型</translation>
-    </message>
-    <message>
-        <source>The model as a whole, and its files.</source>
-        <translation>整个模型及其文件。</translation>
-    </message>
-    <message>
-        <source>View</source>
-        <translation>视图</translation>
-    </message>
-    <message>
-        <source>What the graphics view shows.</source>
-        <translation>图形视图显示的内容。</translation>
     </message>
     <message>
         <source>Windows</source>
@@ -1193,24 +571,6 @@
     <message>
         <source>By what you &amp;work on</source>
         <translation>按操作对象(&amp;W)</translation>
-    </message>
-</context>
-<context>
-    <name>Recovery</name>
-    <message>
-        <source>Not all that was kept could be read. It stays in %1.</source>
-        <translation>部分保留的内容无法读取，它们保留在 %1 中。</translation>
-    </message>
-    <message>
-        <source>%1 stays kept. The command &quot;recover&quot; offers it again.</source>
-        <translation>%1 仍被保留。命令“recover”会再次提供。</translation>
-    </message>
-</context>
-<context>
-    <name>RecoveryWriter</name>
-    <message>
-        <source>no folder can be made in &quot;%1&quot;</source>
-        <translation>无法在“%1”中创建文件夹</translation>
     </message>
 </context>
 <context>
@@ -1684,289 +1044,6 @@
     <message>
         <source>&amp;Previous Pane</source>
         <translation>上一个窗格(&amp;P)</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::geometry::GeometryDock</name>
-    <message>
-        <source>Model</source>
-        <translation>模型</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>名称</translation>
-    </message>
-    <message>
-        <source>Volume</source>
-        <translation>体积</translation>
-    </message>
-    <message>
-        <source>Solids</source>
-        <translation>实体</translation>
-    </message>
-    <message>
-        <source>Mesh</source>
-        <translation>网格</translation>
-    </message>
-    <message>
-        <source>none</source>
-        <translation>无</translation>
-    </message>
-    <message>
-        <source>of an earlier model</source>
-        <translation>属于较早的模型</translation>
-    </message>
-    <message>
-        <source>Nodes</source>
-        <translation>节点</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::geometry::GeometryFileHandler</name>
-    <message>
-        <source>Model Files (*.mdl)</source>
-        <translation>模型文件 (*.mdl)</translation>
-    </message>
-    <message>
-        <source>All Files (*)</source>
-        <translation>所有文件 (*)</translation>
-    </message>
-    <message>
-        <source>Set Directory</source>
-        <translation>设置目录</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::geometry::GeometryWindow</name>
-    <message>
-        <source>&amp;Cylinder...</source>
-        <translation>圆柱体(&amp;C)...</translation>
-    </message>
-    <message>
-        <source>&amp;Sphere...</source>
-        <translation>球体(&amp;S)...</translation>
-    </message>
-    <message>
-        <source>C&amp;one...</source>
-        <translation>圆锥体(&amp;O)...</translation>
-    </message>
-    <message>
-        <source>&amp;Torus...</source>
-        <translation>圆环体(&amp;T)...</translation>
-    </message>
-    <message>
-        <source>&amp;Move...</source>
-        <translation>移动(&amp;M)...</translation>
-    </message>
-    <message>
-        <source>&amp;Rotate...</source>
-        <translation>旋转(&amp;R)...</translation>
-    </message>
-    <message>
-        <source>Co&amp;py...</source>
-        <translation>复制(&amp;P)...</translation>
-    </message>
-    <message>
-        <source>Re&amp;name...</source>
-        <translation>重命名(&amp;N)...</translation>
-    </message>
-    <message>
-        <source>&amp;Unite</source>
-        <translation>合并(&amp;U)</translation>
-    </message>
-    <message>
-        <source>Su&amp;btract...</source>
-        <translation>相减(&amp;B)...</translation>
-    </message>
-    <message>
-        <source>&amp;Intersect</source>
-        <translation>相交(&amp;I)</translation>
-    </message>
-    <message>
-        <source>&amp;Delete</source>
-        <translation>删除(&amp;D)</translation>
-    </message>
-    <message>
-        <source>M&amp;esh...</source>
-        <translation>划分网格(&amp;E)...</translation>
-    </message>
-    <message>
-        <source>&amp;List</source>
-        <translation>列表(&amp;L)</translation>
-    </message>
-    <message>
-        <source>Mesh St&amp;atistics</source>
-        <translation>网格统计(&amp;A)</translation>
-    </message>
-    <message>
-        <source>Mesh &amp;Quality</source>
-        <translation>网格质量(&amp;Q)</translation>
-    </message>
-    <message>
-        <source>&amp;Geometry</source>
-        <translation>几何(&amp;G)</translation>
-    </message>
-    <message>
-        <source>&amp;Geometry Commands</source>
-        <translation>几何命令(&amp;G)</translation>
-    </message>
-    <message>
-        <source>Geometry Tools</source>
-        <translation>几何工具</translation>
-    </message>
-    <message>
-        <source>Bric&amp;k...</source>
-        <translation>长方体(&amp;K)...</translation>
-    </message>
-    <message>
-        <source>No solid is selected.</source>
-        <translation>未选择任何实体。</translation>
-    </message>
-    <message>
-        <source>Fewer than two solids are selected.</source>
-        <translation>选择的实体少于两个。</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::geometry::SaveQuestion</name>
-    <message>
-        <source>Replace File</source>
-        <translation>替换文件</translation>
-    </message>
-    <message>
-        <source>%1 already exists.
-Do you want to replace it?</source>
-        <translation>%1 已存在。
-是否替换？</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::graphics::GraphicsView</name>
-    <message>
-        <source>Graphics</source>
-        <translation>图形</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::graphics::GraphicsWindow</name>
-    <message>
-        <source>&amp;Front</source>
-        <translation>前视图(&amp;F)</translation>
-    </message>
-    <message>
-        <source>B&amp;ack</source>
-        <translation>后视图(&amp;A)</translation>
-    </message>
-    <message>
-        <source>&amp;Left</source>
-        <translation>左视图(&amp;L)</translation>
-    </message>
-    <message>
-        <source>&amp;Right</source>
-        <translation>右视图(&amp;R)</translation>
-    </message>
-    <message>
-        <source>T&amp;op</source>
-        <translation>俯视图(&amp;O)</translation>
-    </message>
-    <message>
-        <source>&amp;Bottom</source>
-        <translation>仰视图(&amp;B)</translation>
-    </message>
-    <message>
-        <source>&amp;Isometric</source>
-        <translation>等轴测视图(&amp;I)</translation>
-    </message>
-    <message>
-        <source>Fi&amp;t</source>
-        <translation>适合窗口(&amp;T)</translation>
-    </message>
-    <message>
-        <source>&amp;Shaded</source>
-        <translation>着色(&amp;S)</translation>
-    </message>
-    <message>
-        <source>&amp;Wireframe</source>
-        <translation>线框(&amp;W)</translation>
-    </message>
-    <message>
-        <source>&amp;Mesh</source>
-        <translation>网格(&amp;M)</translation>
-    </message>
-    <message>
-        <source>Graphics Tools</source>
-        <translation>图形工具</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::insert_command::InsertCommandDialog</name>
-    <message>
-        <source>&amp;Insert</source>
-        <translation>插入(&amp;I)</translation>
-    </message>
-    <message>
-        <source>Command</source>
-        <translation>命令</translation>
-    </message>
-    <message>
-        <source>Summary</source>
-        <translation>摘要</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::recovery::DocumentKeeper</name>
-    <message>
-        <source>Unsaved journals cannot be kept for a recovery: %1. It will be tried again.</source>
-        <translation>无法保留未保存的日志脚本以供恢复：%1。稍后将重试。</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::recovery::KeptDocument</name>
-    <message>
-        <source>Untitled</source>
-        <translation>未命名</translation>
-    </message>
-    <message>
-        <source>%1 (changed %2)</source>
-        <translation>%1（修改于 %2）</translation>
-    </message>
-    <message>
-        <source>Untitled model</source>
-        <translation>未命名模型</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::recovery::RecoveryOffer</name>
-    <message>
-        <source>&amp;Restore All</source>
-        <translation>全部恢复(&amp;R)</translation>
-    </message>
-    <message>
-        <source>&amp;Discard</source>
-        <translation>放弃(&amp;D)</translation>
-    </message>
-    <message>
-        <source>&amp;Keep for Later</source>
-        <translation>留待以后(&amp;K)</translation>
-    </message>
-    <message>
-        <source>and %1 more</source>
-        <translation>以及另外 %1 个</translation>
-    </message>
-    <message>
-        <source>Recover Unsaved Work</source>
-        <translation>恢复未保存的工作</translation>
-    </message>
-    <message>
-        <source>Unsaved work was kept when the program ended unexpectedly:</source>
-        <translation>程序意外结束时保留了未保存的工作：</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::recovery::WorkKeeper</name>
-    <message>
-        <source>Unsaved work cannot be kept for a recovery: %1. It will be tried again.</source>
-        <translation>无法保留未保存的工作以供恢复：%1。稍后将重试。</translation>
     </message>
 </context>
 </TS>

@@ -47,6 +47,11 @@ def main():
         place = os.path.dirname(glob.glob(os.path.join(prefix, "lib*", "**", "components", "demo.so"), recursive=True)[0])
         installed = {os.path.basename(path) for path in glob.glob(os.path.join(place, "*.so"))}
         shutil.rmtree(place)
+        translations = os.path.join(prefix, "share", "fennar", "translations")
+        translated = set(os.listdir(translations))
+        for name in translated:
+            if not name.startswith("fennar_"):
+                os.remove(os.path.join(translations, name))
 
         copy = os.path.join(folder, "tree", "workbench", "components")
         shutil.copytree(sources, copy)
@@ -62,6 +67,10 @@ def main():
         # The template is there to be built, but not as a component of the program.
         if built != installed | {"hello.so"} or len(built) < 7:
             sys.exit(f"installed were {sorted(installed)}, built are {sorted(built)}")
+
+        found = set(os.listdir(translations))
+        if found != translated | {"hello_de.qm", "hello_zh_CN.qm"} or len(found) < 10:
+            sys.exit(f"translations were {sorted(translated)}, and are {sorted(found)}")
 
         journal = os.path.join(folder, "all.jou")
         with open(journal, "w", encoding="utf-8") as file:

@@ -5,7 +5,7 @@
 """Installs a build and builds components against what was installed:  installed_package.py CMAKE BUILD_DIR COMPONENTS_DIR
 
 The demo component is copied out of the tree, built and installed with its own CMake file, and run in the installed
-program. All installed headers must be usable as well. The other components are built by installed_components.py.
+program. Another component includes all installed headers, and says in German what it is translated to. The other components are built by installed_components.py.
 """
 
 import glob
@@ -16,16 +16,38 @@ import subprocess
 import sys
 import tempfile
 
-HEADERS_PROJECT = """
+SPEAKER_PROJECT = """
 cmake_minimum_required(VERSION 3.25)
-project(headers LANGUAGES CXX)
+project(speaker LANGUAGES CXX)
 find_package(FennarSdk 0.2 REQUIRED)
-add_library(headers OBJECT headers.cpp)
-target_compile_features(headers PRIVATE cxx_std_20)
+fennar_add_component(speaker VERSION 1 SOURCES speaker.cpp TRANSLATIONS speaker_de.ts)
 if(NOT EXISTS "${OstrelGui_TRANSLATIONS_DIR}/ostrelgui_de.qm")
     message(FATAL_ERROR "no translations in ${OstrelGui_TRANSLATIONS_DIR}")
 endif()
-target_link_libraries(headers PRIVATE FennarSdk::component)
+"""
+
+SPEAKER = """
+#include <QCoreApplication>
+#include <cstdio>
+
+void fennar::load_component(fennar::ComponentContext&)
+{
+    std::puts(qPrintable(QCoreApplication::translate("Speaker", "It is English that is spoken here.")));
+    std::fflush(stdout);
+}
+"""
+
+SPEAKER_DE = """<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>Speaker</name>
+    <message>
+        <source>It is English that is spoken here.</source>
+        <translation>Hier wird Deutsch gesprochen.</translation>
+    </message>
+</context>
+</TS>
 """
 
 
@@ -53,6 +75,9 @@ def main():
         component = glob.glob(os.path.join(prefix, "lib*", "**", "fennar", "components", "demo.so"), recursive=True)
         check(len(component) == 1, f"the demo component is installed as {component}")
         os.remove(component[0])
+        translations = os.path.join(prefix, "share", "fennar", "translations")
+        for language in ("de", "zh_CN"):
+            os.remove(os.path.join(translations, f"demo_{language}.qm"))
         environment = dict(os.environ)
         environment.pop("FENNAR_COMPONENT_PATH", None)
         program = os.path.join(prefix, "bin", "fennar")
@@ -86,9 +111,9 @@ def main():
         check(os.path.getsize(picture) > 0, "no picture")
 
         # The translations are found where they have been moved to.
-        for name in ("ostrelgui", "fennar"):
+        for part, name in (("ostrelgui", "ostrelgui"), ("fennar", "fennar"), ("fennar", "demo")):
             for language in ("de", "zh_CN"):
-                check(os.path.isfile(os.path.join(prefix, "share", name, "translations", f"{name}_{language}.qm")),
+                check(os.path.isfile(os.path.join(prefix, "share", part, "translations", f"{name}_{language}.qm")),
                       f"{name} is not translated to {language}")
         pictures = []
         for language in ("en", "de", "zh_CN"):
@@ -107,12 +132,24 @@ def main():
             with open(os.path.join(include, header), encoding="utf-8") as file:
                 missing = [name for name in own.findall(file.read()) if name not in headers]
             check(not missing, f"{header} includes what is not installed: {missing}")
-        os.mkdir(os.path.join(folder, "headers"))
-        with open(os.path.join(folder, "headers", "CMakeLists.txt"), "w", encoding="utf-8") as file:
-            file.write(HEADERS_PROJECT)
-        with open(os.path.join(folder, "headers", "headers.cpp"), "w", encoding="utf-8") as file:
-            file.writelines(f'#include "{header}"\n' for header in headers)
-        configure("headers")
+        os.mkdir(os.path.join(folder, "speaker"))
+        for name, text in (("CMakeLists.txt", SPEAKER_PROJECT), ("speaker_de.ts", SPEAKER_DE),
+                           ("speaker.cpp", "".join(f'#include "{header}"\n' for header in headers) + SPEAKER)):
+            with open(os.path.join(folder, "speaker", name), "w", encoding="utf-8") as file:
+                file.write(text)
+        run(cmake, "--install", configure("speaker"), "--prefix", prefix)
+        with open(journal, "w", encoding="utf-8") as file:
+            file.write("quit\n")
+
+        def spoken(language):
+            return run(program, "--play", journal, env=environment | {"LANGUAGE": language})
+
+        english = "It is English that is spoken here.\n"
+        check(spoken("en") == english, "the component says something else in English")
+        check(spoken("de") == "Hier wird Deutsch gesprochen.\n", "the component's own translation is not found")
+        with open(os.path.join(translations, "speaker_de.qm"), "wb") as file:
+            file.write(b"no translations")
+        check(spoken("de") == english, "a component's broken translation does harm")
 
 
 if __name__ == "__main__":

@@ -4,6 +4,7 @@
 #include "Catalogue.h"
 
 #include <QCoreApplication>
+#include <QDirIterator>
 #include <QFile>
 #include <QTextDocumentFragment>
 #include <QXmlStreamReader>
@@ -130,10 +131,22 @@ QStringList read_forms(QXmlStreamReader& xml)
 
 } // namespace
 
+QStringList catalogue_files(const QString& language)
+{
+    const QString root = QStringLiteral(OSTREL_SOURCE_DIR);
+    QStringList files{root + u"/translations/ostrelgui_%1.ts"_s.arg(language),
+                      root + u"/workbench/translations/fennar_%1.ts"_s.arg(language)};
+    QDirIterator components(root + u"/workbench/components"_s, {u"*_%1.ts"_s.arg(language)}, QDir::Files,
+                            QDirIterator::Subdirectories);
+    while (components.hasNext())
+        files << components.next();
+    return files;
+}
+
 Catalogue::Catalogue(const QString& language)
 {
-    for (const auto* name : {"translations/ostrelgui", "workbench/translations/fennar"}) {
-        QFile file(QStringLiteral(OSTREL_SOURCE_DIR) + u"/%1_%2.ts"_s.arg(QLatin1StringView(name), language));
+    for (const QString& name : catalogue_files(language)) {
+        QFile file(name);
         if (!file.open(QIODevice::ReadOnly)) {
             mErrors << file.fileName() + u": "_s + file.errorString();
             continue;

@@ -9,6 +9,9 @@
 #include <QString>
 #include <QStringList>
 
+/** The translation files of the tree for @p language, those of its components included. */
+QStringList catalogue_files(const QString& language);
+
 /** What the translation files of one language say, to judge texts by that are read off the screen. */
 class Catalogue
 {

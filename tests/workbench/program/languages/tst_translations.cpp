@@ -1,12 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "Catalogue.h"
 #include "support/TestCase.h"
 #include "workbench/application/Translations.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -40,6 +42,20 @@ QImage menu_bar(const QString& language)
     return window.copy(0, 0, window.width(), 18);
 }
 
+/** Puts the translations of the tree in @p file into @p directory, under the name @p copy. */
+bool copy_translations(const QString& file, const QTemporaryDir& directory, const QString& copy)
+{
+    return QFile::copy(Translations::workbench_directory() + u'/' + file, directory.filePath(copy));
+}
+
+/** A text of the workbench's own, and one each of two components. */
+QStringList texts_of_all()
+{
+    return {QCoreApplication::translate("Navigation", "Play Journal"),
+            QCoreApplication::translate("Command", "Counts."),
+            QCoreApplication::translate("Command", "Copies a solid.")};
+}
+
 } // namespace
 
 class TstTranslations : public TestCase
@@ -51,6 +67,10 @@ private slots:
     void language_is_the_first_that_there_is_a_translation_for();
     void all_texts_are_translated_while_it_lives();
     void files_lie_in_the_tree_as_they_are_installed();
+    void file_that_cannot_be_read_leaves_its_component_in_english_data();
+    void file_that_cannot_be_read_leaves_its_component_in_english();
+    void texts_of_the_workbench_win_over_those_of_components();
+    void components_are_asked_in_the_order_of_their_names();
     void program_speaks_the_language_of_the_system();
 };
 
@@ -88,20 +108,23 @@ void TstTranslations::all_texts_are_translated_while_it_lives()
     const auto texts = [] {
         return QStringList{QCoreApplication::translate("QPlatformTheme", "Cancel"),
                            QCoreApplication::translate("OstrelFileMenu", "&Open..."),
+                           // Of components: none of them is loaded here.
                            QCoreApplication::translate("CommandParameter", "Width"),
+                           QCoreApplication::translate("Command", "Counts."),
                            QCoreApplication::translate("Navigation", "Play Journal")};
     };
-    const QStringList english{u"Cancel"_s, u"&Open..."_s, u"Width"_s, u"Play Journal"_s};
+    const QStringList english{u"Cancel"_s, u"&Open..."_s, u"Width"_s, u"Counts."_s, u"Play Journal"_s};
     QCOMPARE(texts(), english);
     {
         const Translations translations({u"de"_s});
-        QCOMPARE(texts(),
-                 QStringList({u"Abbrechen"_s, u"Ö&ffnen..."_s, u"Breite"_s, u"Journal abspielen"_s}));
+        QCOMPARE(texts(), QStringList({u"Abbrechen"_s, u"Ö&ffnen..."_s, u"Breite"_s, u"Zählt."_s,
+                                       u"Journal abspielen"_s}));
     }
     QCOMPARE(texts(), english);
     {
         const Translations translations({u"zh-CN"_s});
-        QCOMPARE(texts(), QStringList({u"取消"_s, u"打开(&O)..."_s, u"宽度"_s, u"播放日志脚本"_s}));
+        QCOMPARE(texts(),
+                 QStringList({u"取消"_s, u"打开(&O)..."_s, u"宽度"_s, u"计数。"_s, u"播放日志脚本"_s}));
     }
     QCOMPARE(texts(), english);
 }
@@ -109,12 +132,75 @@ void TstTranslations::all_texts_are_translated_while_it_lives()
 void TstTranslations::files_lie_in_the_tree_as_they_are_installed()
 {
     for (const QString& language : {u"de"_s, u"zh_CN"_s}) {
-        const QString shell = Translations::shell_directory() + u"/ostrelgui_%1.qm"_s.arg(language);
-        const QString workbench = Translations::workbench_directory() + u"/fennar_%1.qm"_s.arg(language);
-        QVERIFY2(QFile::exists(shell), qPrintable(shell));
-        QVERIFY2(QFile::exists(workbench), qPrintable(workbench));
-        QVERIFY(shell.endsWith(u"/share/ostrelgui/translations/ostrelgui_%1.qm"_s.arg(language)));
-        QVERIFY(workbench.endsWith(u"/share/fennar/translations/fennar_%1.qm"_s.arg(language)));
+        QStringList sources = catalogue_files(language);
+        // The template is there to be copied, and is not built.
+        sources.removeIf([](const QString& source) { return source.contains(u"/template/"_s); });
+        QVERIFY(sources.size() > 5);
+        for (const QString& source : sources) {
+            const QString name = QFileInfo(source).completeBaseName();
+            const bool of_shell = name.startsWith(u"ostrelgui"_s);
+            const QString file =
+                (of_shell ? Translations::shell_directory() : Translations::workbench_directory()) +
+                u"/%1.qm"_s.arg(name);
+            QVERIFY2(QFile::exists(file), qPrintable(file));
+        }
+    }
+    QVERIFY(Translations::shell_directory().endsWith(u"/share/ostrelgui/translations"_s));
+    QVERIFY(Translations::workbench_directory().endsWith(u"/share/fennar/translations"_s));
+}
+
+void TstTranslations::file_that_cannot_be_read_leaves_its_component_in_english_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+
+    QFile file(Translations::workbench_directory() + u"/geometry_de.qm"_s);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray whole = file.readAll();
+    QTest::newRow("something else") << QByteArray("<TS version=\"2.1\"></TS>\n");
+    QTest::newRow("cut short") << whole.first(whole.size() / 2);
+    QTest::newRow("empty") << QByteArray("");
+    QTest::newRow("none") << QByteArray();
+}
+
+void TstTranslations::file_that_cannot_be_read_leaves_its_component_in_english()
+{
+    QFETCH(const QByteArray, bytes);
+    const QTemporaryDir directory;
+    for (const QString& name : {u"fennar_de.qm"_s, u"demo_de.qm"_s})
+        QVERIFY(copy_translations(name, directory, name));
+    QFile file(directory.filePath(u"geometry_de.qm"_s));
+    if (!bytes.isNull()) {
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(bytes), bytes.size());
+        file.close();
+    }
+    const Translations translations({u"de"_s}, directory.path());
+    QCOMPARE(translations.language(), u"de"_s);
+    // Of one that is not there nobody knows that it could be.
+    QCOMPARE(translations.missing(), bytes.isNull() ? QStringList() : QStringList{file.fileName()});
+    QCOMPARE(texts_of_all(), QStringList({u"Journal abspielen"_s, u"Zählt."_s, u"Copies a solid."_s}));
+}
+
+void TstTranslations::texts_of_the_workbench_win_over_those_of_components()
+{
+    const QTemporaryDir directory;
+    QVERIFY(copy_translations(u"fennar_de.qm"_s, directory, u"fennar_de.qm"_s));
+    for (const QString& name : {u"a_de.qm"_s, u"z_de.qm"_s})
+        QVERIFY(copy_translations(u"fennar_zh_CN.qm"_s, directory, name));
+    const Translations translations({u"de"_s}, directory.path());
+    QCOMPARE(translations.missing(), QStringList());
+    QCOMPARE(texts_of_all().first(), u"Journal abspielen"_s);
+}
+
+void TstTranslations::components_are_asked_in_the_order_of_their_names()
+{
+    for (const bool german_first : {true, false}) {
+        const QTemporaryDir directory;
+        QVERIFY(copy_translations(u"fennar_de.qm"_s, directory, u"fennar_de.qm"_s));
+        QVERIFY(copy_translations(u"demo_de.qm"_s, directory, german_first ? u"a_de.qm"_s : u"z_de.qm"_s));
+        QVERIFY(copy_translations(u"demo_zh_CN.qm"_s, directory, german_first ? u"z_de.qm"_s : u"a_de.qm"_s));
+        const Translations translations({u"de"_s}, directory.path());
+        QCOMPARE(texts_of_all().at(1), german_first ? u"Zählt."_s : u"计数。"_s);
     }
 }
 

@@ -1,0 +1,123 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>Command</name>
+    <message>
+        <source>Tells or sets what the graphics view shows.</source>
+        <translation>说明或设置图形视图显示的内容。</translation>
+    </message>
+    <message>
+        <source>Shows all solids, from the same side.</source>
+        <translation>从同一方向显示所有实体。</translation>
+    </message>
+    <message>
+        <source>Looks at the solids from that side, and shows all of them.</source>
+        <translation>从该侧观察实体，并显示全部。</translation>
+    </message>
+</context>
+<context>
+    <name>CommandParameter</name>
+    <message>
+        <source>Side</source>
+        <translation>侧面</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>内容</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状态</translation>
+    </message>
+</context>
+<context>
+    <name>Navigation</name>
+    <message>
+        <source>Look</source>
+        <translation>查看</translation>
+    </message>
+    <message>
+        <source>Choose what the graphics view shows.</source>
+        <translation>选择图形视图显示的内容。</translation>
+    </message>
+    <message>
+        <source>Look From</source>
+        <translation>观察方向</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>适合窗口</translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation>显示</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>视图</translation>
+    </message>
+    <message>
+        <source>What the graphics view shows.</source>
+        <translation>图形视图显示的内容。</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::graphics::GraphicsView</name>
+    <message>
+        <source>Graphics</source>
+        <translation>图形</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::graphics::GraphicsWindow</name>
+    <message>
+        <source>&amp;Front</source>
+        <translation>前视图(&amp;F)</translation>
+    </message>
+    <message>
+        <source>B&amp;ack</source>
+        <translation>后视图(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Left</source>
+        <translation>左视图(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Right</source>
+        <translation>右视图(&amp;R)</translation>
+    </message>
+    <message>
+        <source>T&amp;op</source>
+        <translation>俯视图(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Bottom</source>
+        <translation>仰视图(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Isometric</source>
+        <translation>等轴测视图(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Fi&amp;t</source>
+        <translation>适合窗口(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Shaded</source>
+        <translation>着色(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Wireframe</source>
+        <translation>线框(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Mesh</source>
+        <translation>网格(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Graphics Tools</source>
+        <translation>图形工具</translation>
+    </message>
+</context>
+</TS>
