@@ -84,6 +84,10 @@ function(fennar_describe_component target)
 
 #include <QObject>
 
+namespace fennar {
+void load_component(ComponentContext& context);
+}
+
 namespace {
 
 class Plugin : public QObject, public fennar::Component

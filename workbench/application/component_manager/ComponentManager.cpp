@@ -10,6 +10,7 @@
 #include "workbench/application/component_manager/component_tool_tip.h"
 #include "workbench/host/navigation/NavigationComponents.h"
 #include "workbench/sdk/component/Component.h"
+#include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/absent_command.h"
@@ -102,8 +103,7 @@ void ComponentManager::Entry::look_into_file()
 ComponentManager::ComponentManager(CommandInterpreter& interpreter, const QString& notes)
     : mInterpreter(interpreter), mMark(notes), mTurns(std::make_unique<QObject>())
 {
-    const QStringList crashed = mMark.take_crashed();
-    for (const QString& file : crashed)
+    for (const QStringList crashed = mMark.take_crashed(); const QString& file : crashed)
         set_component_crashed(file, true);
     HostMediator::instance().set_component_source(this);
     set_absent_command_hint([this](const QString& name) { return hint_for_command(name); });

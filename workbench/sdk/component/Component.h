@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/component/export.h"
 
 #include <QtPlugin>
@@ -12,6 +11,8 @@
 #define FENNAR_COMPONENT_INTERFACE "fennar.Component"
 
 namespace fennar {
+
+class ComponentContext;
 
 /**
  * What the workbench sees of a component: the one object of a plugin of Qt's.
