@@ -407,29 +407,32 @@ private slots:
     {
         LineMaker maker(random_seed(), mRegistry.entities());
         qsizetype candidates = 0;
-        for (const QString& name : mRegistry.names()) {
-            for (const CommandSyntax& way : mRegistry.find(name)->forms) {
-                for (int i = 0; i < 10; ++i) {
-                    const std::optional<QStringList> words = maker.right_words(way);
-                    if (!words)
-                        break;
-                    const qsizetype given = maker.number(0, int(words->size()));
-                    const QString line = line_of(name, words->first(given)) + u' ';
-                    is_run(line);
-                    // What does not go together stays wrong.
-                    if (mColumn > 0 && mColumn < line.size())
-                        continue;
-                    const LineCompletion completion =
-                        complete_command(line, line.size(), mRegistry, mInterpreter.variables());
-                    for (const LineCompletion::Candidate& candidate : completion.candidates) {
-                        // Where no file has the right ending, all are offered.
-                        if (QFile::exists(candidate.shown))
+        // How many there are is chance: where they were few, once more.
+        for (int round = 0; round < 5 && candidates <= 1000; ++round) {
+            for (const QString& name : mRegistry.names()) {
+                for (const CommandSyntax& way : mRegistry.find(name)->forms) {
+                    for (int i = 0; i < 10; ++i) {
+                        const std::optional<QStringList> words = maker.right_words(way);
+                        if (!words)
+                            break;
+                        const qsizetype given = maker.number(0, int(words->size()));
+                        const QString line = line_of(name, words->first(given)) + u' ';
+                        is_run(line);
+                        // What does not go together stays wrong.
+                        if (mColumn > 0 && mColumn < line.size())
                             continue;
-                        const QString more = line.first(completion.start) + candidate.inserted;
-                        is_run(more);
-                        QVERIFY2(mColumn == 0 || mColumn > more.size(),
-                                 qPrintable(more + u": "_s + mMessage));
-                        ++candidates;
+                        const LineCompletion completion =
+                            complete_command(line, line.size(), mRegistry, mInterpreter.variables());
+                        for (const LineCompletion::Candidate& candidate : completion.candidates) {
+                            // Where no file has the right ending, all are offered.
+                            if (QFile::exists(candidate.shown))
+                                continue;
+                            const QString more = line.first(completion.start) + candidate.inserted;
+                            is_run(more);
+                            QVERIFY2(mColumn == 0 || mColumn > more.size(),
+                                     qPrintable(more + u": "_s + mMessage));
+                            ++candidates;
+                        }
                     }
                 }
             }

@@ -363,7 +363,7 @@ QString FormField::list_problem(const QStringList& given) const
             return tr("%1: \"%2\" stands alone.").arg(mLabel, word);
     }
     // What stands for all may be too few.
-    if (given.size() < mParameter.at_least || given.first() == mParameter.all)
+    if (given.size() < mParameter.at_least || given.value(0) == mParameter.all)
         return tr("%1: at least %n.", nullptr, mParameter.at_least).arg(mLabel);
     return tr("%1: each one only once.").arg(mLabel);
 }

@@ -93,6 +93,7 @@ constexpr SameText same_texts[] = {
     {"MSH", "the name of a file format"},
     {"VTK", "the name of a file format"},
     {"OBJ", "the name of a file format"},
+    {"all", "a word of the commands, which a form has where nothing is given"},
     {"Switch to Fennar command mode (Alt+C)", "a fixed tool tip of the shell, which no translation reaches"},
     {"Switch to Python statement mode (Alt+P)",
      "a fixed tool tip of the shell, which no translation reaches"},
