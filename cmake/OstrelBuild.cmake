@@ -21,6 +21,8 @@ find_program(OSTREL_CCACHE ccache)
 if(OSTREL_CCACHE)
     set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros
         CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${OSTREL_CCACHE})
+    execute_process(COMMAND ${OSTREL_CCACHE} --get-config cache_dir OUTPUT_VARIABLE OSTREL_CCACHE_DIR
+        OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 endif()
 
 # The 76 links of a release build, with all else built, took `ninja -j2` 24 seconds with the usual linker and 4 with this one,

@@ -51,6 +51,18 @@ LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_sup
 UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()
 
+# Says that declared tests build projects with CMake, which then use the compiler cache of this build. Their folders, of another
+# name each time, are below that for temporary files.
+function(ostrel_test_compiles)
+    if(NOT OSTREL_CCACHE)
+        return()
+    endif()
+    foreach(name ${ARGN})
+        set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT CMAKE_CXX_COMPILER_LAUNCHER=${OSTREL_CCACHE}
+            CCACHE_DIR=${OSTREL_CCACHE_DIR} CCACHE_BASEDIR=${CMAKE_BINARY_DIR}/sandbox/${name}/tmp CCACHE_NOHASHDIR=1)
+    endforeach()
+endfunction()
+
 # Declares an executable for related test classes.
 #
 #   ostrel_add_test_program(name [SHELL] [SOURCES file...] [LIBRARIES target...] [DEFINITIONS definition...] [DEPENDS target...])
