@@ -277,6 +277,17 @@ CommandError as_error(const Fault& fault, const CommandWords& words)
     return words.expected(fault.word + 1, either(fault.expected), fault.remedy);
 }
 
+/** Forms and completion ask, too, where nobody would catch what is no CommandError. */
+void verify(const CommandSyntax& form, const CommandArguments& arguments, const CommandEntities* entities)
+{
+    const CommandEntities nobody;
+    try {
+        form.verify(arguments, entities ? *entities : nobody);
+    } catch (...) {
+        throw CommandError::caught();
+    }
+}
+
 } // namespace
 
 CommandArguments::CommandArguments(const CommandWords& words, const QList<CommandSyntax>& forms,
@@ -307,8 +318,8 @@ CommandArguments::CommandArguments(const CommandWords& words, const QList<Comman
             mValues << clause;
             mStarts << (read ? checker.reading().starts[j] + 1 : 0);
         }
-        if (const CommandEntities nobody; forms[i].verify)
-            forms[i].verify(*this, entities ? *entities : nobody);
+        if (forms[i].verify)
+            verify(forms[i], *this, entities);
         return;
     }
     throw as_error(*all, words);

@@ -131,7 +131,7 @@ struct CommandSyntax
     const char* title = nullptr;
     /**
      * Throws a CommandError, which tells what to do about it, if values that are right by themselves do not
-     * go together. Null if they all do.
+     * go together. What else it throws becomes such an error. Null if they all do.
      *
      * It is asked ahead of each run, by the check of journals, by forms and by completion, and so judges by
      * its arguments alone: by what the command has declared, and by the names that there are. What it asks

@@ -3,6 +3,8 @@
 
 #include "workbench/sdk/core/commands/CommandError.h"
 
+#include <new>
+
 using namespace Qt::StringLiterals;
 
 namespace fennar {
@@ -28,6 +30,21 @@ CommandError CommandError::reported()
     CommandError error(u"reported before"_s);
     error.mReported = true;
     return error;
+}
+
+CommandError CommandError::caught()
+{
+    try {
+        throw;
+    } catch (const CommandError& error) {
+        return error;
+    } catch (const std::bad_alloc&) {
+        return CommandError(u"out of memory"_s);
+    } catch (const std::exception& error) {
+        return CommandError(QString::fromUtf8(error.what()));
+    } catch (...) {
+        return CommandError(u"failed for an unknown reason"_s);
+    }
 }
 
 const char* CommandError::what() const noexcept

@@ -37,6 +37,9 @@ public:
     /** Ends a command whose failure has been reported already: nothing more is printed. */
     static CommandError reported();
 
+    /** What has been thrown, whatever it is, as an error. Only to be called in a catch block. */
+    static CommandError caught();
+
     /** The line that the constructor was given. */
     const QString& message() const { return mMessage; }
     /** The character at fault, from 1; 0 for none. */

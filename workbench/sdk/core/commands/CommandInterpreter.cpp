@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <new>
 
 using namespace Qt::StringLiterals;
 
@@ -176,14 +175,8 @@ CommandInterpreter::Result CommandInterpreter::execute(const Source& source, Out
     const auto leave = qScopeGuard([this] { mCalls.removeLast(); });
     try {
         ended.value = dispatch(call);
-    } catch (const CommandError& error) {
-        fail(error);
-    } catch (const std::bad_alloc&) {
-        fail(CommandError(u"out of memory"_s));
-    } catch (const std::exception& error) {
-        fail(CommandError(QString::fromUtf8(error.what())));
     } catch (...) {
-        fail(CommandError(u"failed for an unknown reason"_s));
+        fail(CommandError::caught());
     }
     commit_step(call);
     const Result result = ended.failure ? Result::Failed : Result::Done;

@@ -18,7 +18,9 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <memory>
+#include <stdexcept>
 
 using namespace fennar;
 using namespace Qt::StringLiterals;
@@ -117,6 +119,8 @@ private slots:
     void value_behind_one_that_is_left_out_is_wrong();
     void names_that_nobody_offers_may_be_any();
     void word_may_stand_for_a_name();
+    void values_that_do_not_go_together_are_told_everywhere_data();
+    void values_that_do_not_go_together_are_told_everywhere();
     void what_is_not_declared_cannot_be_asked_for();
 
 private:
@@ -498,6 +502,59 @@ void TstCommandArguments::word_may_stand_for_a_name()
     const CommandArguments arguments = read(u"make stl fast"_s);
     QCOMPARE(arguments.text("FORMAT"_L1), u"STL"_s);
     QCOMPARE(arguments.word("fast"_L1), 2);
+}
+
+void TstCommandArguments::values_that_do_not_go_together_are_told_everywhere_data()
+{
+    using Verify = std::function<void(const CommandArguments&, const CommandEntities&)>;
+    QTest::addColumn<Verify>("verify");
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("an error of commands")
+        << Verify([](const CommandArguments& arguments, const CommandEntities&) {
+               if (arguments.number("MOST"_L1) < arguments.number("LEAST"_L1))
+                   throw arguments.error(arguments.word("MOST"_L1), u"there is nothing between"_s);
+           })
+        << u"column 8: there is nothing between"_s;
+    QTest::newRow("an exception of another kind")
+        << Verify([](const CommandArguments& arguments, const CommandEntities&) {
+               if (arguments.number("MOST"_L1) < arguments.number("LEAST"_L1))
+                   throw std::runtime_error("the table is broken");
+           })
+        << u"the table is broken"_s;
+    QTest::newRow("no exception") << Verify([](const CommandArguments& arguments, const CommandEntities&) {
+        if (arguments.number("MOST"_L1) < arguments.number("LEAST"_L1))
+            throw 1;
+    }) << u"failed for an unknown reason"_s;
+}
+
+void TstCommandArguments::values_that_do_not_go_together_are_told_everywhere()
+{
+    QFETCH(const std::function<void(const CommandArguments&, const CommandEntities&)>, verify);
+    QFETCH(const QString, message);
+    int performed = 0;
+    mSession->registry.add({.name = u"fill"_s,
+                            .owner = u"test"_s,
+                            .perform = [&](CommandCall&, const CommandArguments&) { ++performed; },
+                            .forms = {{.clauses = {required_value({.name = u"LEAST"_s, .kind = Kind::Number}),
+                                                   required_value({.name = u"MOST"_s, .kind = Kind::Number}),
+                                                   {.keyword = u"fast"_s, .optional = true}},
+                                       .verify = verify}}});
+
+    QCOMPARE(mSession->interpreter.run(u"fill 1 2"_s), CommandInterpreter::Result::Done);
+    QCOMPARE(performed, 1);
+    QCOMPARE(mSession->interpreter.run(u"fill 2 1"_s), CommandInterpreter::Result::Failed);
+    QCOMPARE(performed, 1);
+    QCOMPARE(mSession->take_errors(), u"ERROR: fill: %1\n"_s.arg(message));
+
+    QCOMPARE(check_journal(u"fill 1 2"_s, mSession->registry, {}).size(), 0);
+    const QList<JournalFault> faults = check_journal(u"fill 2 1\nfill 1 2"_s, mSession->registry, {});
+    QCOMPARE(faults.size(), 1);
+    QCOMPARE(faults[0].message, u"fill: "_s + message);
+
+    // What is wrong already gets no worse.
+    for (const QString& line : {u"fill 1 2 "_s, u"fill 2 1 "_s})
+        QCOMPARE(complete_command(line, line.size(), mSession->registry, {}).candidates.size(), 1);
 }
 
 void TstCommandArguments::what_is_not_declared_cannot_be_asked_for()
