@@ -6,6 +6,7 @@
 #include "workbench/sdk/core/commands/CommandError.h"
 #include "workbench/sdk/core/commands/nearest_name.h"
 
+#include <QDebug>
 #include <QHash>
 
 #include <utility>
@@ -18,6 +19,24 @@ namespace {
 
 /** So many names are told all. */
 constexpr qsizetype most_names = 8;
+
+/**
+ * Asks who offers a kind. Forms and completion ask at moments when nobody would catch what is thrown: then
+ * there is no answer, and a warning.
+ *
+ * @param function  the caller's copy, since it may offer another in its own place; null for no answer.
+ */
+template <typename Answer, typename... Words>
+Answer ask(const QString& kind, const std::function<Answer(Words...)>& function, Words... words)
+{
+    try {
+        return function ? function(words...) : Answer();
+    } catch (...) {
+        qWarning().noquote() << u"The entities of kind \"%1\" cannot be told: %2"_s.arg(
+            kind, CommandError::caught().message());
+        return {};
+    }
+}
 
 } // namespace
 
@@ -49,7 +68,7 @@ void CommandEntities::offer_possible(const QString& kind, const Names& possible)
 QStringList CommandEntities::possible(const QString& kind) const
 {
     const Names possible = mOffers.value(kind).possible;
-    return possible ? possible() : names(kind);
+    return possible ? ask(kind, possible) : names(kind);
 }
 
 void CommandEntities::offer_selection(const QString& kind, const Names& selected)
@@ -60,14 +79,13 @@ void CommandEntities::offer_selection(const QString& kind, const Names& selected
 
 QStringList CommandEntities::selected(const QString& kind) const
 {
-    const Names selected = mOffers.value(kind).selected;
-    return selected ? selected() : QStringList();
+    return ask(kind, mOffers.value(kind).selected);
 }
 
 QString CommandEntities::name_of(const CommandValue::EntityReference& entity) const
 {
     if (const Meaning name_of_key = mOffers.value(entity.kind).name_of_key)
-        return name_of_key(entity.key);
+        return ask<QString, const QString&>(entity.kind, name_of_key, entity.key);
     return find(entity.kind, entity.key);
 }
 
@@ -86,23 +104,20 @@ void CommandEntities::withdraw(const QString& owner)
 
 QStringList CommandEntities::names(const QString& kind) const
 {
-    // A copy: the function may offer another in its own place.
-    const Names names = mOffers.value(kind).names;
-    return names ? names() : QStringList();
+    return ask(kind, mOffers.value(kind).names);
 }
 
 QString CommandEntities::find(const QString& kind, const QString& word) const
 {
     if (names(kind).contains(word))
         return word;
-    const Meaning meaning = mOffers.value(kind).meaning;
-    return meaning ? meaning(word) : QString();
+    return ask<QString, const QString&>(kind, mOffers.value(kind).meaning, word);
 }
 
 QString CommandEntities::remedy(const QString& kind, const QString& word) const
 {
     if (const Remedy remedy = mOffers.value(kind).remedy)
-        return remedy(word);
+        return ask<QString, const QString&>(kind, remedy, word);
     return remedy_among(word, names(kind));
 }
 

@@ -119,6 +119,7 @@ private slots:
     void value_behind_one_that_is_left_out_is_wrong();
     void names_that_nobody_offers_may_be_any();
     void word_may_stand_for_a_name();
+    void names_that_cannot_be_told_are_none();
     void values_that_do_not_go_together_are_told_everywhere_data();
     void values_that_do_not_go_together_are_told_everywhere();
     void what_is_not_declared_cannot_be_asked_for();
@@ -502,6 +503,30 @@ void TstCommandArguments::word_may_stand_for_a_name()
     const CommandArguments arguments = read(u"make stl fast"_s);
     QCOMPARE(arguments.text("FORMAT"_L1), u"STL"_s);
     QCOMPARE(arguments.word("fast"_L1), 2);
+}
+
+void TstCommandArguments::names_that_cannot_be_told_are_none()
+{
+    const auto broken = [](const auto&...) -> QString { throw std::runtime_error("no file"); };
+    const auto broken_names = []() -> QStringList { throw std::runtime_error("no file"); };
+    CommandEntities& entities = mSession->registry.entities();
+    entities.offer(u"thing"_s, u"test"_s, broken_names, broken, broken);
+    entities.offer_possible(u"thing"_s, broken_names);
+    entities.offer_selection(u"thing"_s, broken_names);
+    entities.offer_properties(u"thing"_s, {}, broken);
+    const QRegularExpression told(uR"(^The entities of kind "thing" cannot be told: no file$)"_s);
+    const auto expect = [&told](int times) {
+        for (int i = 0; i < times; ++i)
+            QTest::ignoreMessage(QtWarningMsg, told);
+    };
+    expect(6);
+    QCOMPARE(entities.names(u"thing"_s), QStringList());
+    QCOMPARE(entities.possible(u"thing"_s), QStringList());
+    QCOMPARE(entities.selected(u"thing"_s), QStringList());
+    QCOMPARE(entities.remedy(u"thing"_s, u"plate"_s), QString());
+    QCOMPARE(entities.name_of({.kind = u"thing"_s, .key = u"1"_s}), QString());
+    expect(1);
+    QCOMPARE(entities.find(u"thing"_s, u"plate"_s), QString());
 }
 
 void TstCommandArguments::values_that_do_not_go_together_are_told_everywhere_data()
