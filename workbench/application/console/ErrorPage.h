@@ -66,7 +66,7 @@ public:
 
 signals:
     /** The user wants to see the line. */
-    void place_activated(const JournalPlace& place);
+    void place_activated(const fennar::JournalPlace& place);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

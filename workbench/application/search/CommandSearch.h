@@ -52,7 +52,7 @@ public:
 signals:
     /** The user has chosen an entry that can be run. The search is hidden, and the focus is back where it
      * was. */
-    void chosen(const SearchEntry& entry);
+    void chosen(const fennar::SearchEntry& entry);
 
 protected:
     void hideEvent(QHideEvent* event) override;

@@ -44,7 +44,7 @@ public:
     void give_up();
 
 signals:
-    void answered(RecoveryOffer::Answer answer);
+    void answered(fennar::recovery::RecoveryOffer::Answer answer);
 
 private:
     void tell_answer();
