@@ -84,7 +84,7 @@ SettingsFile::SettingsFile(const QString& file)
     QSettings::setPath(settings_format(), QSettings::UserScope, directory + u"/user"_s);
     QSettings::setPath(settings_format(), QSettings::SystemScope, directory + u"/none"_s);
     const QString place = QSettings().fileName();
-    const bool ready = QDir().mkpath(QFileInfo(place).path());
+    const bool ready = mDirectory.make_folder(QFileInfo(place).path());
 
     if (verdict.use == Use::ReadAndWrite && (!ready || !QFile::link(path, place)))
         verdict = {Use::None,

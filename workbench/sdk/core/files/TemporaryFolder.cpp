@@ -75,8 +75,8 @@ void wait_for_signal()
     folders.mutex.lock();
     for (const QString& path : std::as_const(folders.paths)) {
         constexpr int attempts = 1000;
-        for (int i = 0; i < attempts && !QDir(path).removeRecursively() && QDir(path).exists(); ++i)
-            std::this_thread::yield();
+        for (int i = 0; i < attempts && QDir(path).exists(); ++i)
+            QDir(path).removeRecursively();
     }
     end_by(signal);
 }
@@ -99,6 +99,12 @@ TemporaryFolder::~TemporaryFolder()
     Folders& folders = Folders::all();
     const std::scoped_lock lock(folders.mutex);
     folders.paths.remove(path);
+}
+
+bool TemporaryFolder::make_folder(const QString& name) const
+{
+    const std::scoped_lock lock(Folders::all().mutex);
+    return is_valid() && QDir(path()).mkpath(name);
 }
 
 void TemporaryFolder::remove_on_signals()

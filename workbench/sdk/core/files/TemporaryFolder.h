@@ -31,6 +31,11 @@ public:
     QString path() const { return mFolder->path(); }
     /** The path of a file in it. */
     QString path(const QString& name) const { return mFolder->filePath(name); }
+    /**
+     * Makes a folder in it, with those on the way there, and tells whether it is there. One that is made
+     * another way while a signal removes the whole may stay.
+     */
+    bool make_folder(const QString& name) const;
 
     /**
      * From now on SIGINT, SIGTERM and SIGHUP remove all these folders before they end the program, which they
