@@ -256,8 +256,6 @@ void triangulate(double size)
     gmsh::option::setNumber("Mesh.MeshSizeFromCurvature", 24);
     if (size > 0)
         gmsh::option::setNumber("Mesh.MeshSizeMax", size);
-    for (const auto& volume : volumes())
-        gmsh::model::mesh::setOutwardOrientation(volume.second);
     stage("1D");
     gmsh::model::mesh::generate(1);
     stage("2D");

@@ -127,11 +127,8 @@ std::vector<std::vector<int>> read_solids(const MeshJob& job)
     expected *= 0.65 / std::pow(job.size, 3);
     std::printf("@expect %.0f\n", std::clamp(expected, 1.0, 1e12));
     std::vector<std::vector<int>> result;
-    for (const auto& group : groups) {
+    for (const auto& group : groups)
         result.push_back(group.second);
-        for (const int volume : group.second)
-            gmsh::model::mesh::setOutwardOrientation(volume);
-    }
     return result;
 }
 

@@ -21,13 +21,18 @@
 
 #include <BRepBuilderAPI_MakeSolid.hxx>
 #include <BRepBuilderAPI_Sewing.hxx>
+#include <BRepGProp.hxx>
 #include <BRepLib.hxx>
 #include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
+#include <GProp_GProps.hxx>
 #include <IGESControl_Reader.hxx>
 #include <Interface_Static.hxx>
 #include <STEPControl_Reader.hxx>
 #include <STEPControl_Writer.hxx>
+#include <ShapeAnalysis_Shell.hxx>
+#include <ShapeFix_Shell.hxx>
+#include <ShapeFix_Solid.hxx>
 #include <Standard_Failure.hxx>
 #include <TopExp.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
@@ -101,6 +106,22 @@ TopTools_IndexedMapOfShape solids_of(const TopoDS_Shape& shape)
     return solids;
 }
 
+/** The solid with its faces outwards, which volume, picture and mesh rely on: some other program may have
+ * written the file. The readers of the other formats see to that themselves. */
+TopoDS_Shape facing_outwards(const TopoDS_Shape& solid)
+{
+    ShapeAnalysis_Shell orientation;
+    orientation.LoadShells(solid);
+    GProp_GProps volume;
+    BRepGProp::VolumeProperties(solid, volume);
+    if (!orientation.CheckOrientedShells(solid) && volume.Mass() > 0)
+        return solid;
+    ShapeFix_Solid fix(TopoDS::Solid(solid));
+    fix.FixShellTool()->FixFaceMode() = 0;
+    fix.Perform();
+    return fix.Solid();
+}
+
 void read_file(const Job& job)
 {
     stage("open");
@@ -112,8 +133,8 @@ void read_file(const Job& job)
         throw Failure("it holds no solid");
     for (int i = 1; i <= solids.Extent(); ++i) {
         const std::string path = job.output + std::to_string(i) + ".brep";
-        BRepTools::Write(solids(i), path.c_str(), Standard_False, Standard_False,
-                         TopTools_FormatVersion_CURRENT);
+        const TopoDS_Shape solid = job.kind == "brep" ? facing_outwards(solids(i)) : solids(i);
+        BRepTools::Write(solid, path.c_str(), Standard_False, Standard_False, TopTools_FormatVersion_CURRENT);
         check_written(path);
     }
 }

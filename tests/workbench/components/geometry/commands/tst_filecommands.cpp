@@ -139,6 +139,8 @@ private slots:
     void solids_come_back_with_their_measures_data();
     void solids_come_back_with_their_measures();
     void pieces_come_back_as_solids();
+    void faces_of_a_file_are_turned_outwards_data();
+    void faces_of_a_file_are_turned_outwards();
     void only_the_solids_named_are_written();
     void lengths_become_millimetres_data();
     void lengths_become_millimetres();
@@ -310,6 +312,42 @@ void TstFileCommands::pieces_come_back_as_solids()
     make({u"brick 1 name a"_s, u"brick 2 at 9 0 0 name b"_s, u"unite a b"_s, u"export a.brep"_s,
           u"delete all"_s, u"import a.brep"_s});
     QCOMPARE(volumes(), QStringList({u"a3 1"_s, u"a4 8"_s}));
+}
+
+void TstFileCommands::faces_of_a_file_are_turned_outwards_data()
+{
+    QTest::addColumn<QString>("solid");
+    QTest::addColumn<int>("turned");
+    QTest::addColumn<double>("volume");
+    const QString hollow = u"brick 10\nbrick 5 name d\nsubtract d from 1"_s;
+    QTest::newRow("none") << u"brick 10"_s << 0 << 1000.0;
+    QTest::newRow("one") << u"brick 10"_s << 1 << 1000.0;
+    QTest::newRow("all") << u"brick 10"_s << 6 << 1000.0;
+    QTest::newRow("one of a cylinder") << u"cylinder 4 10"_s << 1 << 502.65;
+    QTest::newRow("one beside a cavity") << hollow << 1 << 875.0;
+}
+
+void TstFileCommands::faces_of_a_file_are_turned_outwards()
+{
+    QFETCH(const QString, solid);
+    QFETCH(const int, turned);
+    QFETCH(const double, volume);
+    make({solid, u"export a.brep"_s, u"delete all"_s});
+    // The faces of a shell stand in one line, each with a sign that tells its side.
+    QByteArray content = read(u"a.brep"_s);
+    qsizetype at = content.indexOf("\nSh\n");
+    at = content.indexOf("00\n", at) + 3;
+    for (int i = 0; i < turned; ++i) {
+        content[at] = content[at] == '+' ? '-' : '+';
+        at = content.indexOf(" 0 ", at) + 3;
+    }
+    write(u"b.brep"_s, content);
+    make({u"import b.brep"_s, u"mesh size 2"_s, u"export m.stl mesh"_s});
+    QVERIFY(std::abs(mModel->measures(mModel->ids()[0]).volume - volume) < 1e-3 * volume);
+    const QString answer = output(u"import m.stl"_s);
+    const auto told = QRegularExpression(u"closed, volume ([\\d.]+)\\n$"_s).match(answer);
+    QVERIFY2(told.hasMatch(), qPrintable(answer));
+    QVERIFY2(std::abs(told.captured(1).toDouble() - volume) < 0.2 * volume, qPrintable(answer));
 }
 
 void TstFileCommands::only_the_solids_named_are_written()
