@@ -11,6 +11,7 @@
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/geometry/model/GeometryScene.h"
+#include "workbench/components/geometry/programs/program_folder.h"
 #include "workbench/components/geometry/window/FileMenuFormats.h"
 #include "workbench/components/geometry/window/GeometryFileHandler.h"
 #include "workbench/components/geometry/window/GeometryWindow.h"
@@ -19,11 +20,6 @@
 #include "workbench/sdk/core/files/UnsavedWorks.h"
 #include "workbench/sdk/core/scene/Scene.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
-#include <dlfcn.h>
 #include <optional>
 
 using namespace fennar;
@@ -31,15 +27,6 @@ using namespace fennar::geometry;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/** The programs lie in a folder beside this shared object, or beside what a link to it stands for. */
-QDir program_folder()
-{
-    Dl_info info = {};
-    if (!dladdr(reinterpret_cast<const void*>(&program_folder), &info) || !info.dli_fname)
-        return {};
-    return QFileInfo(QFile::decodeName(info.dli_fname)).canonicalPath() + u"/libexec"_s;
-}
 
 /** What the commands that open and save do: with a window the same as the file menu. */
 DocumentActions document_actions(GeometryDocument& document, GeometryFileHandler* handler)

@@ -7,6 +7,7 @@
 #include "workbench/components/geometry/exchange/surface_bytes.h"
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
+#include "workbench/components/geometry/model/ShapeKernel.h"
 #include "workbench/sdk/core/files/TemporaryFolder.h"
 #include "workbench/sdk/core/files/write_whole_file.h"
 
@@ -187,7 +188,13 @@ std::optional<FileExchange::Imported> FileExchange::read_solids(const QString& f
     ConverterJob job("read " + ending.toUtf8());
     job.add_input(file, u"input."_s + ending);
     job.add("output solid");
-    if (!job.run(program(format), listener))
+    // The kernel gets ready while the program does.
+    MesherListener waiting = listener;
+    waiting.go_on = [&listener] {
+        ShapeKernel::get();
+        return !listener.go_on || listener.go_on();
+    };
+    if (!job.run(program(format), waiting))
         return std::nullopt;
     QList<Shape> shapes;
     for (int i = 1; QFile::exists(job.path(u"solid%1.brep"_s.arg(i))); ++i)

@@ -27,13 +27,16 @@ void check_length(double length, const QString& what)
                                 .arg(length));
 }
 
+bool is_near(const Point3& position)
+{
+    const auto fits = [](double value) { return std::abs(value) <= GeometryModel::farthest; };
+    return fits(position.x) && fits(position.y) && fits(position.z);
+}
+
 void check_position(const Point3& position, const QString& what)
 {
-    for (const double value : {position.x, position.y, position.z}) {
-        if (!(std::abs(value) <= GeometryModel::farthest))
-            throw GeometryError(
-                u"%1 must be within %2 of the origin"_s.arg(what).arg(GeometryModel::farthest));
-    }
+    if (!is_near(position))
+        throw GeometryError(u"%1 must be within %2 of the origin"_s.arg(what).arg(GeometryModel::farthest));
 }
 
 /** @p vector with the length 1. */
@@ -50,11 +53,13 @@ const Shape& checked(const Shape& shape)
 {
     if (shape.empty())
         throw GeometryError(u"the result is no solid"_s);
-    const SolidMeasures& measures = shape.measures();
-    if (!std::isfinite(measures.volume) || !(measures.volume > 0))
+    if (!std::isfinite(shape.volume()) || !(shape.volume() > 0))
         throw GeometryError(u"the result has no volume"_s);
-    check_position(measures.least, u"the solid"_s);
-    check_position(measures.most, u"the solid"_s);
+    const Box3 outer = shape.outer_box();
+    if (!is_near(outer.least) || !is_near(outer.most)) {
+        check_position(shape.measures().least, u"the solid"_s);
+        check_position(shape.measures().most, u"the solid"_s);
+    }
     return shape;
 }
 

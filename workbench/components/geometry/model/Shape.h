@@ -48,13 +48,14 @@ struct ShapeListener
  * The shape of a solid, in one piece or several: a value that never changes. Copies share it, so they cost
  * nothing, and whoever keeps one keeps what it was.
  *
- * The kernel stays behind this class and tessellate(). What it refuses is thrown as a GeometryError, and so
- * is an operation that the listener has ended. Lengths are in millimeters. GUI thread only.
+ * The kernel stays behind this class and prepare_tessellation(). What it refuses is thrown as a
+ * GeometryError, and so is an operation that the listener has ended. Lengths are in millimeters. GUI thread
+ * only.
  */
 class Shape
 {
 public:
-    struct Kernel;
+    class Body;
 
     /** None at all: to be assigned to, and for nothing else. */
     Shape() = default;
@@ -83,9 +84,14 @@ public:
     static Shape joined(const QList<Shape>& shapes);
 
     /** Whether there is not one piece. */
-    bool empty() const { return !mKernel; }
+    bool empty() const { return !mBody; }
     /** Measured once. The shape must not be empty. */
     const SolidMeasures& measures() const;
+    /** As among its measures, in far less time. */
+    double volume() const;
+    /** A box along the axes that holds the shape, and may be a tenth larger than it needs to be, in far less
+     * time. */
+    Box3 outer_box() const;
 
     /** Measured anew each time, in the kernel's order, which is the same for the same shape. A face between
      * two pieces counts once. The shape must not be empty. */
@@ -103,13 +109,14 @@ public:
     /** Whether it is the very same shape, not one that looks the same. */
     bool operator==(const Shape&) const = default;
 
-    /** For the sources that know the kernel; null if there is none. */
-    const Kernel* kernel() const { return mKernel.get(); }
+    // For the kernel.
+
+    /** Empty with null. */
+    explicit Shape(std::shared_ptr<const Body> body) : mBody(std::move(body)) {}
+    const Body* body() const { return mBody.get(); }
 
 private:
-    explicit Shape(std::shared_ptr<const Kernel> kernel) : mKernel(std::move(kernel)) {}
-
-    std::shared_ptr<const Kernel> mKernel;
+    std::shared_ptr<const Body> mBody;
 };
 
 } // namespace fennar::geometry

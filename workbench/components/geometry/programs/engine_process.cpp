@@ -119,10 +119,10 @@ bool run_engine_process(const QString& program, const QString& job, const QStrin
     MesherReport report;
     QString error;
     while (process.state() != QProcess::NotRunning) {
-        process.waitForReadyRead(patience);
-        read_lines(process, report, listener, error, false);
         if (listener.go_on && !listener.go_on())
             return false;
+        process.waitForReadyRead(patience);
+        read_lines(process, report, listener, error, false);
     }
     read_lines(process, report, listener, error, true);
     if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)

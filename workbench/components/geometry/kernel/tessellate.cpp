@@ -1,9 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/components/geometry/model/tessellate.h"
-
-#include "workbench/components/geometry/model/ShapeKernel.h"
+#include "workbench/components/geometry/kernel/KernelShape.h"
 
 #include <BRepAdaptor_Surface.hxx>
 #include <BRepBndLib.hxx>
@@ -169,10 +167,10 @@ std::shared_ptr<const SceneShape> tessellate(const TopoDS_Shape& shape, const st
 
 } // namespace
 
-Tessellation prepare_tessellation(const Shape& shape)
+Tessellation KernelShape::prepare_tessellation() const
 {
-    return call_kernel([&shape] {
-        const TopoDS_Shape own = BRepBuilderAPI_Copy(shape.kernel()->solids, Standard_True).Shape();
+    return call_kernel([this] {
+        const TopoDS_Shape own = BRepBuilderAPI_Copy(solids, Standard_True).Shape();
         return [own](const std::atomic<bool>& stop) -> std::shared_ptr<const SceneShape> {
             try {
                 return call_kernel([&] { return tessellate(own, stop); });
