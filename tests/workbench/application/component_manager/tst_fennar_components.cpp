@@ -49,6 +49,7 @@ private slots:
     void component_that_still_loads_elsewhere_has_not_crashed();
     void journal_waits_for_the_components();
     void unloaded_component_is_off_at_the_next_start();
+    void command_tells_of_a_kernel_that_is_missing();
     void ends_cleanly_with_a_component_at_work_data();
     void ends_cleanly_with_a_component_at_work();
 
@@ -238,6 +239,17 @@ void TstFennarComponents::unloaded_component_is_off_at_the_next_start()
     QCOMPARE(run({u"--play"_s, journal("load plain\nquit\n")}).code, 0);
     const Run on = run({u"--batch"_s, u"--play"_s, journal("components\n")});
     QVERIFY2(on.output.contains(u"plain  loaded"_s), qPrintable(on.output));
+}
+
+void TstFennarComponents::command_tells_of_a_kernel_that_is_missing()
+{
+    QVERIFY(QFile::copy(QStringLiteral(GEOMETRY), mDirectory->filePath(u"components/geometry.so"_s)));
+    const Run told = run({u"--batch"_s, u"--play"_s, journal("echo one\nbrick 1\n")});
+    QCOMPARE(told.code, 1);
+    QVERIFY2(told.output.contains("one\n"_L1), qPrintable(told.output));
+    QVERIFY2(told.errors.contains("brick: the CAD kernel cannot be loaded: "_L1) &&
+                 told.errors.contains("fennar-kernel.so"_L1),
+             qPrintable(told.errors));
 }
 
 void TstFennarComponents::ends_cleanly_with_a_component_at_work_data()
