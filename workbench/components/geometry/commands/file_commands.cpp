@@ -143,7 +143,7 @@ QString described(const GeometryModel& model, const FileExchange::Imported& impo
     QString text;
     for (const int id : imported.solids)
         text += u"%1: volume %2\n"_s.arg(model.solid(id)->name,
-                                         QString::number(model.shape(id).volume(), 'g', 6));
+                                         QString::number(model.measures(id).volume, 'g', 6));
     if (imported.mesh) {
         QStringList parts{u"%1 nodes"_s.arg(imported.mesh->nodes)};
         for (const Mesh::Elements& elements : imported.mesh->elements) {

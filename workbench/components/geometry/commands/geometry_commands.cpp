@@ -190,9 +190,10 @@ void list(CommandCall& call, const CommandArguments& arguments, Context& context
     QList<QStringList> rows{{u"id"_s, u"name"_s, u"volume"_s, u"area"_s, u"pieces"_s, u"center"_s, u"box"_s}};
     for (const int id : ids) {
         const SolidMeasures measures = model.measures(id);
+        const Box3 box = model.box(id);
         rows.append({QString::number(id), model.solid(id)->name, shown_number(measures.volume),
                      shown_number(measures.area), QString::number(measures.pieces), shown(measures.center),
-                     shown(measures.least) + u" to "_s + shown(measures.most)});
+                     shown(box.least) + u" to "_s + shown(box.most)});
     }
     call.print(table(rows, {true, false, true, true, true, false, false}));
 }

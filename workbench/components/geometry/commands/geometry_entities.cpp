@@ -192,9 +192,11 @@ QList<EntityProperty> solid_properties(const GeometryModel& model)
          .summary = u"The least and the greatest corner of the box around it"_s,
          .unit = u"mm"_s,
          .type = list_type(point_type),
-         .value = measured([](const SolidMeasures& measures) {
-             return CommandValue{.data = CommandValue::List{value(measures.least), value(measures.most)}};
-         })},
+         .value =
+             [&model](const QString& key, const QStringList&) {
+                 const Box3 box = model.box(solid_of_key(model, key)->id);
+                 return CommandValue{.data = CommandValue::List{value(box.least), value(box.most)}};
+             }},
         {.name = u"faces"_s,
          .summary = u"Its faces, with number (from 1), area (mm\u00b2) and center (mm) of each"_s,
          .type = list_type(face_type),

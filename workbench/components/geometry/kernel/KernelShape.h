@@ -26,7 +26,7 @@ public:
     Shape moved(const Point3& by) const override;
     Shape rotated(double angle, const Point3& point, const Point3& axis) const override;
     const SolidMeasures& measures() const override;
-    double volume() const override;
+    const Box3& box() const override;
     Box3 outer_box() const override;
     QList<FaceMeasures> faces() const override;
     QByteArray brep() const override;
@@ -41,7 +41,7 @@ public:
 
 private:
     mutable std::optional<SolidMeasures> mMeasures;
-    mutable std::optional<double> mVolume;
+    mutable std::optional<Box3> mBox;
     mutable qint64 mMemory = 0;
 };
 

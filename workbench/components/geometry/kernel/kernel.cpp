@@ -132,6 +132,13 @@ TopTools_ListOfShape pieces(const QList<Shape>& shapes)
     return list;
 }
 
+Box3 box_of(const Bnd_Box& bounds)
+{
+    Box3 box;
+    bounds.Get(box.least.x, box.least.y, box.least.z, box.most.x, box.most.y, box.most.z);
+    return box;
+}
+
 double volume_of(const TopoDS_Shape& shape)
 {
     GProp_GProps volume;
@@ -332,21 +339,21 @@ const SolidMeasures& KernelShape::measures() const
         // What is between two pieces counts once.
         BRepGProp::SurfaceProperties(solids, area, Standard_True);
         measures.area = area.Mass();
-        Bnd_Box box;
-        // The quicker box is far too large around parts of spheres and tori.
-        BRepBndLib::AddOptimal(solids, box, Standard_False, Standard_False);
-        box.Get(measures.least.x, measures.least.y, measures.least.z, measures.most.x, measures.most.y,
-                measures.most.z);
         measures.pieces = solids.NbChildren();
         return measures;
     }));
 }
 
-double KernelShape::volume() const
+const Box3& KernelShape::box() const
 {
-    if (!mVolume)
-        mVolume = call_kernel([this] { return volume_of(solids); });
-    return *mVolume;
+    if (mBox)
+        return *mBox;
+    return mBox.emplace(call_kernel([this] {
+        Bnd_Box box;
+        // The quicker box is far too large around parts of spheres and tori.
+        BRepBndLib::AddOptimal(solids, box, Standard_False, Standard_False);
+        return box_of(box);
+    }));
 }
 
 Box3 KernelShape::outer_box() const
@@ -354,9 +361,7 @@ Box3 KernelShape::outer_box() const
     return call_kernel([this] {
         Bnd_Box box;
         BRepBndLib::Add(solids, box, Standard_False);
-        Box3 result;
-        box.Get(result.least.x, result.least.y, result.least.z, result.most.x, result.most.y, result.most.z);
-        return result;
+        return box_of(box);
     });
 }
 

@@ -53,12 +53,13 @@ const Shape& checked(const Shape& shape)
 {
     if (shape.empty())
         throw GeometryError(u"the result is no solid"_s);
-    if (!std::isfinite(shape.volume()) || !(shape.volume() > 0))
+    const double volume = shape.measures().volume;
+    if (!std::isfinite(volume) || !(volume > 0))
         throw GeometryError(u"the result has no volume"_s);
     const Box3 outer = shape.outer_box();
     if (!is_near(outer.least) || !is_near(outer.most)) {
-        check_position(shape.measures().least, u"the solid"_s);
-        check_position(shape.measures().most, u"the solid"_s);
+        check_position(shape.box().least, u"the solid"_s);
+        check_position(shape.box().most, u"the solid"_s);
     }
     return shape;
 }

@@ -75,6 +75,7 @@ public:
     Shape shape(int id) const { return entry(id).shape; }
     /** Measured once after each change, so that asking again costs nothing. */
     SolidMeasures measures(int id) const { return entry(id).shape.measures(); }
+    Box3 box(int id) const { return entry(id).shape.box(); }
 
     // Solids are made around their center. Each function returns the new solid's id; an empty name stands for
     // the kind of the solid with the id behind it, as "brick1".

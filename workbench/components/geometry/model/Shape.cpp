@@ -131,9 +131,9 @@ const SolidMeasures& Shape::measures() const
     return mBody->measures();
 }
 
-double Shape::volume() const
+const Box3& Shape::box() const
 {
-    return mBody->volume();
+    return mBody->box();
 }
 
 Box3 Shape::outer_box() const

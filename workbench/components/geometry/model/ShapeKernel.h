@@ -16,7 +16,7 @@ public:
     virtual Shape moved(const Point3& by) const = 0;
     virtual Shape rotated(double angle, const Point3& point, const Point3& axis) const = 0;
     virtual const SolidMeasures& measures() const = 0;
-    virtual double volume() const = 0;
+    virtual const Box3& box() const = 0;
     virtual Box3 outer_box() const = 0;
     virtual QList<FaceMeasures> faces() const = 0;
     virtual QByteArray brep() const = 0;

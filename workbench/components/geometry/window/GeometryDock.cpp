@@ -170,7 +170,7 @@ void GeometryDock::update_solid(int id)
     }
     item->setText(0, solid->name);
     try {
-        item->setText(1, QString::number(mModel.shape(id).volume(), 'g', 6));
+        item->setText(1, QString::number(mModel.measures(id).volume, 'g', 6));
     } catch (const GeometryError& error) {
         item->setText(1, u"?"_s);
         item->setToolTip(1, error.message());

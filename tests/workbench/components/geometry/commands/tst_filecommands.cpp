@@ -403,7 +403,7 @@ void TstFileCommands::surfaces_of_an_iges_file_become_a_solid()
     const double volume = 24 * scale * scale * scale;
     QVERIFY2(std::abs(mModel->measures(1).volume - volume) < 1e-6 * volume, qPrintable(answer));
     QCOMPARE(mModel->measures(1).pieces, 1);
-    QVERIFY(std::abs(mModel->measures(1).most.z - 4 * scale) < 1e-5);
+    QVERIFY(std::abs(mModel->box(1).most.z - 4 * scale) < 1e-5);
 }
 
 void TstFileCommands::surface_is_closed_and_faces_outwards_data()

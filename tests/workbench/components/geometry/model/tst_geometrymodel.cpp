@@ -60,7 +60,7 @@ QString describe(const GeometryModel& model)
         const SolidMeasures m = model.measures(id);
         text +=
             u"%1 %2 %3 %4 %5"_s.arg(id).arg(model.solid(id)->name).arg(m.volume).arg(m.area).arg(m.pieces);
-        for (const Point3& v : {m.least, m.most, m.center})
+        for (const Point3& v : {model.box(id).least, model.box(id).most, m.center})
             text += u" (%1 %2 %3)"_s.arg(v.x).arg(v.y).arg(v.z);
         text += u'\n';
     }
@@ -159,18 +159,16 @@ void TstGeometryModel::solids_lie_around_their_center()
     const QList<int> ids{model.brick({1, 2, 3}, center), model.cylinder(2, 5, center),
                          model.sphere(3, center), model.torus(3, 1, center), model.cone(1, 1, 2, center)};
     for (const int id : ids) {
-        const SolidMeasures measures = model.measures(id);
-        QVERIFY(near(measures.center, center));
-        QVERIFY(near((measures.least.x + measures.most.x) / 2, center.x));
-        QVERIFY(near((measures.least.z + measures.most.z) / 2, center.z));
+        const Box3 box = model.box(id);
+        QVERIFY(near(model.measures(id).center, center));
+        QVERIFY(near(box.center(), center));
     }
-    const SolidMeasures cone = model.measures(model.cone(3, 0, 4, center));
-    QVERIFY(near(cone.least.z, 28));
-    QVERIFY(near(cone.most.z, 32));
-    QVERIFY(near(cone.center, {10, -20, 29})); // a quarter above the bottom
-    const SolidMeasures brick = model.measures(ids[0]);
-    QVERIFY(near(brick.least, {9.5, -21, 28.5}));
-    QVERIFY(near(brick.most, {10.5, -19, 31.5}));
+    const int cone = model.cone(3, 0, 4, center);
+    QVERIFY(near(model.box(cone).least.z, 28));
+    QVERIFY(near(model.box(cone).most.z, 32));
+    QVERIFY(near(model.measures(cone).center, {10, -20, 29})); // a quarter above the bottom
+    QVERIFY(near(model.box(ids[0]).least, {9.5, -21, 28.5}));
+    QVERIFY(near(model.box(ids[0]).most, {10.5, -19, 31.5}));
 }
 
 void TstGeometryModel::axes_point_where_they_are_told_data()
@@ -339,7 +337,7 @@ void TstGeometryModel::move_and_rotate_keep_the_volume()
     QVERIFY(near(model.measures(other).center, {}));
     model.rotate({id}, 90, {}, {0, 0, 2});
     QVERIFY(near(model.measures(id).center, {-20, 10, 30}));
-    QVERIFY(near(model.measures(id).most, {-19, 10.5, 31.5}));
+    QVERIFY(near(model.box(id).most, {-19, 10.5, 31.5}));
     model.rotate({id}, 360 * 1000 + 180, {-20, 10, 30}, {1, 0, 0});
     QVERIFY(near(model.measures(id).center, {-20, 10, 30}));
     QVERIFY(near(model.measures(id).volume, 6));
@@ -399,7 +397,7 @@ void TstGeometryModel::unite_loses_no_face_at_a_seam()
     // Six caps look out of the cube.
     const double cap = pi * 1 * 1 * (3 * 5 - 1) / 3;
     QVERIFY(near(model.measures(ball).volume, 512 + 6 * cap));
-    QVERIFY(std::abs(model.measures(ball).most.x - 5) < 1e-5);
+    QVERIFY(std::abs(model.box(ball).most.x - 5) < 1e-5);
 }
 
 void TstGeometryModel::unite_takes_a_torus_and_a_brick()
@@ -409,7 +407,7 @@ void TstGeometryModel::unite_takes_a_torus_and_a_brick()
     model.unite({ring, model.brick({8, 8, 8})});
     QCOMPARE(model.measures(ring).pieces, 1);
     QVERIFY(model.measures(ring).volume > 512);
-    QVERIFY(std::abs(model.measures(ring).most.x - 6) < 1e-5);
+    QVERIFY(std::abs(model.box(ring).most.x - 6) < 1e-5);
 }
 
 void TstGeometryModel::combined_volumes_add_up_data()
@@ -471,7 +469,7 @@ void TstGeometryModel::unite_keeps_what_does_not_touch_as_pieces()
     QCOMPARE(model.measures(3).pieces, 2);
     // Pieces go on together.
     model.move({3}, {0, 1, 0});
-    QVERIFY(near(model.measures(3).most, {11, 2, 1}));
+    QVERIFY(near(model.box(3).most, {11, 2, 1}));
     QCOMPARE(model.measures(model.copy(3)).pieces, 2);
 }
 
@@ -481,18 +479,18 @@ void TstGeometryModel::box_around_parts_of_round_solids_is_tight()
     // The cap of a sphere, cut off across y, on a brick that reaches into it.
     const int cap = model.sphere(5);
     model.subtract(cap, {model.brick({20, 20, 20}, {0, -7, 0})});
-    QVERIFY(near(model.measures(cap).least, {-4, 3, -4}));
-    QVERIFY(near(model.measures(cap).most, {4, 5, 4}));
+    QVERIFY(near(model.box(cap).least, {-4, 3, -4}));
+    QVERIFY(near(model.box(cap).most, {4, 5, 4}));
     model.unite({cap, model.brick({2, 2, 2}, {0, 3, 0})});
-    QVERIFY(near(model.measures(cap).least, {-4, 2, -4}));
-    QVERIFY(near(model.measures(cap).most, {4, 5, 4}));
+    QVERIFY(near(model.box(cap).least, {-4, 2, -4}));
+    QVERIFY(near(model.box(cap).most, {4, 5, 4}));
     // What a sphere leaves of a brick.
     const int rest = model.brick({8, 8, 8});
     model.subtract(rest, {model.sphere(5)});
-    QVERIFY(near(model.measures(rest).least, {-4, -4, -4}));
-    QVERIFY(near(model.measures(rest).most, {4, 4, 4}));
+    QVERIFY(near(model.box(rest).least, {-4, -4, -4}));
+    QVERIFY(near(model.box(rest).most, {4, 4, 4}));
     const int ring = model.torus(5, 2, {}, {1, 1, 0});
-    QVERIFY(near(model.measures(ring).most.z, 7));
+    QVERIFY(near(model.box(ring).most.z, 7));
 }
 
 void TstGeometryModel::subtract_makes_a_hole()
