@@ -23,7 +23,7 @@ OWN_FOLDERS = SHELL + ("host", "workbench", "tests", "benchmarks", "tools")
 # Who may include from whom: for each part of the tree those that it uses beside itself. Tests of a part use what the part
 # uses; tests of components, which run in the program, use the program. A name that ends in "/" is all below it.
 PART = re.compile(r"host(?=/)|benchmarks(?=/)|tools(?=/)|tests/(?:support|hostdouble|fuzz|install/host|install/probe)(?=/)"
-                  r"|workbench/main\.cpp$|workbench/python(?=/)|tests/workbench/program(?=/)"
+                  r"|workbench/main\.cpp$|tests/workbench/program(?=/)"
                   r"|(?:tests/)?workbench/(?:sdk/core|sdk/component|host|application|components/[\w-]+)(?=/)")
 PROGRAM = ("host", "shell", "workbench/sdk/core", "workbench/sdk/component", "workbench/host")
 USES = {
@@ -35,7 +35,6 @@ USES = {
     "workbench/components": ("host", "shell", "workbench/sdk/core", "workbench/sdk/component"),
     "workbench/application": PROGRAM,
     "workbench/main.cpp": PROGRAM + ("workbench/application",),
-    "workbench/python": PROGRAM + ("workbench/application",),
     "tools": PROGRAM + ("workbench/application",),
     "benchmarks": PROGRAM + ("workbench/application", "workbench/components/", "tests/hostdouble"),
     "tests": ("host", "shell", "tests/support", "tests/hostdouble"),

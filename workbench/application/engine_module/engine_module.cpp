@@ -3,7 +3,7 @@
 
 // The module fennar._engine: starts the workbench for the package fennar, and ends it with Python.
 
-#include "workbench/python/Engine.h"
+#include "workbench/application/engine_module/Engine.h"
 
 #include <QString>
 

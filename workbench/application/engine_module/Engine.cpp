@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/python/Engine.h"
+#include "workbench/application/engine_module/Engine.h"
 
 #include "workbench/application/Workbench.h"
 #include "workbench/application/component_manager/component_settings.h"
