@@ -4,13 +4,10 @@
 #include "workbench/components/recovery/DocumentKeeper.h"
 
 #include "journal/JournalEditor.h"
-#include "workbench/components/recovery/RecoveryWriter.h"
 #include "workbench/components/recovery/TextCopy.h"
 #include "workbench/sdk/component/journal_documents.h"
 
-#include <QCoreApplication>
 #include <QDir>
-#include <QEvent>
 #include <QPlainTextEdit>
 #include <QTabWidget>
 #include <QTextDocument>
@@ -37,25 +34,13 @@ QString label_of(const QTabWidget* tabs, int tab)
 
 DocumentKeeper::DocumentKeeper(JournalEditor* editor, const QString& root, std::chrono::milliseconds interval,
                                const Report& report)
-    : mEditor(editor),
-      mTabs(journal_tabs(editor)),
-      mReport(report),
-      mWriter(std::make_unique<RecoveryWriter>(root))
-{
-    mPool.setMaxThreadCount(1);
-    if (interval.count() > 0) {
-        auto* timer = new QTimer(this);
-        connect(timer, &QTimer::timeout, this, &DocumentKeeper::keep);
-        timer->start(interval);
-    }
-}
+    : Keeper(root, interval, report), mEditor(editor), mTabs(journal_tabs(editor))
+{}
 
 DocumentKeeper::~DocumentKeeper()
 {
     for (auto one = mWatched.begin(); mTabs && one != mWatched.end(); ++one)
         forget_origin(static_cast<QPlainTextEdit*>(one.key()), *one);
-    mPool.waitForDone();
-    mWriter->remove_all();
 }
 
 void DocumentKeeper::open(const KeptDocument& kept)
@@ -103,9 +88,7 @@ void DocumentKeeper::keep()
 bool DocumentKeeper::finish()
 {
     take_texts(QDeadlineTimer(QDeadlineTimer::Forever));
-    mPool.waitForDone();
-    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
-    return mFailing.isEmpty();
+    return Keeper::finish();
 }
 
 void DocumentKeeper::watch(QPlainTextEdit* document)
@@ -172,12 +155,12 @@ bool DocumentKeeper::take_texts(const QDeadlineTimer& deadline)
         if (!complete || !one->taken->advance(deadline))
             complete = false;
         else
-            write(static_cast<QPlainTextEdit*>(one.key()), *one);
+            write_document(static_cast<QPlainTextEdit*>(one.key()), *one);
     }
     return complete;
 }
 
-void DocumentKeeper::write(QPlainTextEdit* document, Watched& watched)
+void DocumentKeeper::write_document(QPlainTextEdit* document, Watched& watched)
 {
     KeptDocument copy{{}, watched.time, watched.taken->text()};
     watched.taken.reset();
@@ -191,18 +174,12 @@ void DocumentKeeper::write(QPlainTextEdit* document, Watched& watched)
     watched.label = label_of(mTabs, tab);
     watched.writing = true;
     watched.kept = true;
-    mPool.start([this, document = static_cast<QObject*>(document), number = watched.number,
-                 copy = std::move(copy)]() mutable {
-        copy.text.replace(QChar::ParagraphSeparator, u'\n');
-        bool lost = false;
-        const QString error = mWriter->write(number, copy, lost);
-        QMetaObject::invokeMethod(
-            this, [this, document, number, error, lost] { written(document, number, error, lost); },
-            Qt::QueuedConnection);
-    });
+    write(watched.number, std::move(copy),
+          [this, document = static_cast<QObject*>(document), number = watched.number](
+              const QString& error, bool lost) { document_written(document, number, error, lost); });
 }
 
-void DocumentKeeper::written(QObject* document, int number, const QString& error, bool lost)
+void DocumentKeeper::document_written(QObject* document, int number, const QString& error, bool lost)
 {
     if (lost) {
         for (Watched& one : mWatched)
@@ -214,14 +191,12 @@ void DocumentKeeper::written(QObject* document, int number, const QString& error
         return;
     watched->writing = false;
     if (error.isEmpty() || !watched->kept) {
-        mFailing.remove(number);
+        set_written(number);
         return;
     }
     watched->changed = true;
-    const bool told = !mFailing.isEmpty();
-    mFailing.insert(number);
-    if (!told)
-        mReport(tr("Unsaved journals cannot be kept for a recovery: %1. It will be tried again.").arg(error));
+    set_failed(number,
+               tr("Unsaved journals cannot be kept for a recovery: %1. It will be tried again.").arg(error));
 }
 
 void DocumentKeeper::drop_copy(Watched& watched)
@@ -231,8 +206,7 @@ void DocumentKeeper::drop_copy(Watched& watched)
         return;
     watched.kept = false;
     watched.changed = true;
-    mFailing.remove(watched.number);
-    mPool.start([this, number = watched.number] { mWriter->remove(RecoveryFolder::name_of(number)); });
+    remove(watched.number);
 }
 
 void DocumentKeeper::forget(QObject* document)

@@ -3,19 +3,13 @@
 
 #pragma once
 
-#include "workbench/components/recovery/KeptDocument.h"
+#include "workbench/components/recovery/Keeper.h"
 
 #include <QDeadlineTimer>
 #include <QHash>
-#include <QObject>
 #include <QPointer>
-#include <QSet>
-#include <QThreadPool>
 
-#include <chrono>
-#include <functional>
 #include <memory>
-#include <utility>
 
 class JournalEditor;
 class QPlainTextEdit;
@@ -23,36 +17,24 @@ class QTabWidget;
 
 namespace fennar::recovery {
 
-class RecoveryWriter;
 class TextCopy;
 
 /**
- * Keeps the text of all modified documents of the journal editor on disk, in a folder of this program's own,
- * for the case that the program does not come to its end.
+ * Keeps the text of all modified documents of the journal editor, for the case that the program does not come
+ * to its end.
  *
  * A copy goes as soon as its document is saved or closed, and all of them with the keeper. It stays if the
  * document has become modified again by the time that the keeper is told, since its file does not hold it.
- * The text is taken in short turns on the GUI thread, and written on another, so that nobody who types has to
- * wait.
- *
- * GUI thread only.
+ * The text is taken in short turns, so that nobody who types has to wait.
  */
-class DocumentKeeper : public QObject
+class DocumentKeeper : public Keeper
 {
     Q_OBJECT
 
 public:
-    /** Is given a message for the user, of one line. */
-    using Report = std::function<void(const QString& text)>;
-
-    /**
-     * @param editor    whose documents are kept; stays the caller's, and may go earlier.
-     * @param root      where the folder is made, once there is something to keep.
-     * @param interval  the time from one pass to the next; 0 leaves it to the caller to call keep().
-     */
+    /** As a Keeper. @param editor  whose documents are kept; stays the caller's, and may go earlier. */
     DocumentKeeper(JournalEditor* editor, const QString& root, std::chrono::milliseconds interval,
                    const Report& report);
-    /** Removes all that is kept. */
     ~DocumentKeeper() override;
 
     /**
@@ -64,10 +46,8 @@ public:
     void open(const KeptDocument& kept);
 
 public slots:
-    /** Keeps what has changed since the last pass. What could not be written then is tried again. */
-    void keep();
-    /** Brings the pass that is under way to its end. Returns whether all could be written. */
-    bool finish();
+    void keep() override;
+    bool finish() override;
 
 private:
     struct Watched
@@ -94,26 +74,19 @@ private:
     void look_at(QPlainTextEdit* document);
     void go_on();
     bool take_texts(const QDeadlineTimer& deadline);
-    void write(QPlainTextEdit* document, Watched& watched);
+    void write_document(QPlainTextEdit* document, Watched& watched);
     void drop_copy(Watched& watched);
     void forget(QObject* document);
     void forget_origin(QPlainTextEdit* document, Watched& watched);
-    void written(QObject* document, int number, const QString& error, bool lost);
+    void document_written(QObject* document, int number, const QString& error, bool lost);
 
     QPointer<JournalEditor> mEditor;
     /** The editor's; null if it has none. */
     QPointer<QTabWidget> mTabs;
-    Report mReport;
     QHash<QObject*, Watched> mWatched;
     int mLastNumber = 0;
     /** Whether go_on() is to be called from the event loop. */
     bool mGoingOn = false;
-    /** The numbers of the documents that could not be written, of which the user has been told. */
-    QSet<int> mFailing;
-    /** Used on the pool's thread only. */
-    std::unique_ptr<RecoveryWriter> mWriter;
-    /** Of one thread, so that things are done in the order in which they are asked for. */
-    QThreadPool mPool;
 };
 
 } // namespace fennar::recovery

@@ -5,28 +5,14 @@
 
 #include "workbench/sdk/core/files/UnsavedWorks.h"
 
-#include <QCoreApplication>
-#include <QEvent>
-#include <QTimer>
+#include <utility>
 
 namespace fennar::recovery {
 
 WorkKeeper::WorkKeeper(const QString& root, std::chrono::milliseconds interval, const Report& report)
-    : mReport(report), mWriter(root)
+    : Keeper(root, interval, report)
 {
-    mPool.setMaxThreadCount(1);
     connect(&UnsavedWorks::instance(), &UnsavedWorks::settled, this, &WorkKeeper::drop);
-    if (interval.count() > 0) {
-        auto* timer = new QTimer(this);
-        connect(timer, &QTimer::timeout, this, &WorkKeeper::keep);
-        timer->start(interval);
-    }
-}
-
-WorkKeeper::~WorkKeeper()
-{
-    mPool.waitForDone();
-    mWriter.remove_all();
 }
 
 void WorkKeeper::keep()
@@ -43,36 +29,23 @@ void WorkKeeper::keep()
         // A disk that does not keep up is not given more to do.
         if (kept.writing || kept.state == state)
             continue;
+        if (kept.number == 0)
+            kept.number = int(mKept.size());
         KeptDocument copy{work.file(), QDateTime::currentDateTimeUtc(), {}, work.kind};
         try {
             copy.data = work.take();
         } catch (const std::exception& error) {
-            fail(work.kind, QString::fromUtf8(error.what()));
+            fail(kept, QString::fromUtf8(error.what()));
             continue;
         }
-        if (kept.number == 0)
-            kept.number = int(mKept.size());
         kept.state = state;
         kept.writing = true;
-        mPool.start([this, copy = std::move(copy), number = kept.number, state] {
-            bool lost = false;
-            const QString error = mWriter.write(number, copy, lost);
-            QMetaObject::invokeMethod(
-                this, [this, kind = copy.kind, state, error, lost] { written(kind, state, error, lost); },
-                Qt::QueuedConnection);
-        });
+        write(kept.number, std::move(copy),
+              [this, kind = work.kind](const QString& error, bool lost) { work_written(kind, error, lost); });
     }
 }
 
-bool WorkKeeper::finish()
-{
-    mPool.waitForDone();
-    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
-    return mFailing.isEmpty();
-}
-
-void WorkKeeper::written(const QString& kind, const std::optional<qint64>& state, const QString& error,
-                         bool lost)
+void WorkKeeper::work_written(const QString& kind, const QString& error, bool lost)
 {
     for (Kept& one : mKept) {
         if (lost && !one.writing)
@@ -80,29 +53,27 @@ void WorkKeeper::written(const QString& kind, const std::optional<qint64>& state
     }
     Kept& kept = mKept[kind];
     kept.writing = false;
-    if (error.isEmpty() || kept.state != state) // or it is saved by now
-        mFailing.remove(kind);
+    if (error.isEmpty() || !kept.state) // or it is saved by now
+        set_written(kept.number);
     else
-        fail(kind, error);
+        fail(kept, error);
 }
 
 void WorkKeeper::drop(const QString& kind)
 {
     const auto kept = mKept.find(kind);
-    mFailing.remove(kind);
-    if (kept == mKept.end() || !kept->state)
+    if (kept == mKept.end())
         return;
-    kept->state.reset();
-    mPool.start([this, name = RecoveryFolder::name_of(kept->number, kind)] { mWriter.remove(name); });
+    set_written(kept->number);
+    if (std::exchange(kept->state, {}))
+        remove(kept->number, kind);
 }
 
-void WorkKeeper::fail(const QString& kind, const QString& error)
+void WorkKeeper::fail(Kept& kept, const QString& error)
 {
-    mKept[kind].state.reset();
-    const bool told = !mFailing.isEmpty();
-    mFailing.insert(kind);
-    if (!told)
-        mReport(tr("Unsaved work cannot be kept for a recovery: %1. It will be tried again.").arg(error));
+    kept.state.reset();
+    set_failed(kept.number,
+               tr("Unsaved work cannot be kept for a recovery: %1. It will be tried again.").arg(error));
 }
 
 } // namespace fennar::recovery

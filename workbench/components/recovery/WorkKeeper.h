@@ -3,43 +3,25 @@
 
 #pragma once
 
-#include "workbench/components/recovery/RecoveryWriter.h"
+#include "workbench/components/recovery/Keeper.h"
 
 #include <QHash>
-#include <QObject>
-#include <QSet>
-#include <QThreadPool>
 
-#include <chrono>
-#include <functional>
 #include <optional>
 
 namespace fennar::recovery {
 
-/**
- * Keeps the unsaved work of components on disk, as DocumentKeeper does with journals: a copy that goes as
- * soon as the work is saved or given up, and with the keeper. It is written on another thread.
- *
- * GUI thread only.
- */
-class WorkKeeper : public QObject
+/** Keeps the unsaved work of components; a copy goes as soon as the work is saved or given up. */
+class WorkKeeper : public Keeper
 {
     Q_OBJECT
 
 public:
-    /** Is given a message for the user, of one line. */
-    using Report = std::function<void(const QString& text)>;
-
-    /** As those of DocumentKeeper. */
+    /** As a Keeper. */
     WorkKeeper(const QString& root, std::chrono::milliseconds interval, const Report& report);
-    /** Removes all that is kept. */
-    ~WorkKeeper() override;
 
 public slots:
-    /** Keeps what has changed since the last pass. What could not be written then is tried again. */
-    void keep();
-    /** Brings what is being written to its end. Returns whether all could be kept. */
-    bool finish();
+    void keep() override;
 
 private:
     struct Kept
@@ -51,19 +33,12 @@ private:
         bool writing = false;
     };
 
-    void written(const QString& kind, const std::optional<qint64>& state, const QString& error, bool lost);
+    void work_written(const QString& kind, const QString& error, bool lost);
     void drop(const QString& kind);
-    void fail(const QString& kind, const QString& error);
+    void fail(Kept& kept, const QString& error);
 
-    Report mReport;
     /** By kind. */
     QHash<QString, Kept> mKept;
-    /** What could not be kept, of which the user has been told. */
-    QSet<QString> mFailing;
-    /** Used on the pool's thread only. */
-    RecoveryWriter mWriter;
-    /** Of one thread, so that things are done in the order in which they are asked for. */
-    QThreadPool mPool;
 };
 
 } // namespace fennar::recovery

@@ -20,17 +20,17 @@
     </message>
 </context>
 <context>
-    <name>RecoveryWriter</name>
-    <message>
-        <source>no folder can be made in &quot;%1&quot;</source>
-        <translation>in „%1“ kann kein Ordner angelegt werden</translation>
-    </message>
-</context>
-<context>
     <name>fennar::recovery::DocumentKeeper</name>
     <message>
         <source>Unsaved journals cannot be kept for a recovery: %1. It will be tried again.</source>
         <translation>Nicht gespeicherte Journale können nicht für eine Wiederherstellung aufbewahrt werden: %1. Es wird erneut versucht.</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::recovery::Keeper</name>
+    <message>
+        <source>no folder can be made in &quot;%1&quot;</source>
+        <translation>in „%1“ kann kein Ordner angelegt werden</translation>
     </message>
 </context>
 <context>

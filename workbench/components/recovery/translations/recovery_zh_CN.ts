@@ -20,17 +20,17 @@
     </message>
 </context>
 <context>
-    <name>RecoveryWriter</name>
-    <message>
-        <source>no folder can be made in &quot;%1&quot;</source>
-        <translation>无法在“%1”中创建文件夹</translation>
-    </message>
-</context>
-<context>
     <name>fennar::recovery::DocumentKeeper</name>
     <message>
         <source>Unsaved journals cannot be kept for a recovery: %1. It will be tried again.</source>
         <translation>无法保留未保存的日志脚本以供恢复：%1。稍后将重试。</translation>
+    </message>
+</context>
+<context>
+    <name>fennar::recovery::Keeper</name>
+    <message>
+        <source>no folder can be made in &quot;%1&quot;</source>
+        <translation>无法在“%1”中创建文件夹</translation>
     </message>
 </context>
 <context>
