@@ -5,7 +5,6 @@
 
 #include "frame/Ostrel.h"
 #include "menus/OstrelViewMenu.h"
-#include "workbench/application/windows/SchemeStyle.h"
 #include "workbench/application/windows/scheme_palette.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
@@ -15,9 +14,11 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
+#include <QPainter>
+#include <QProxyStyle>
 #include <QSettings>
-#include <QStyle>
 #include <QStyleHints>
+#include <QStyleOption>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -50,6 +51,58 @@ std::optional<Scheme> scheme_of(const QString& name)
     const auto found = std::find(names.begin(), names.end(), name);
     return found == names.end() ? std::nullopt : std::optional(Scheme(found - names.begin()));
 }
+
+/**
+ * Fusion with two changes for dark grounds. Its boxes to be ticked and its radio buttons get an outline, as
+ * theirs is darker than the ground. And its sign that a toolbar has more buttons, which is nearly black, is
+ * drawn in the colour of the window's text as that is when the style is set.
+ */
+class SchemeStyle : public QProxyStyle
+{
+public:
+    SchemeStyle() : QProxyStyle(u"fusion"_s) {}
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override
+    {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        const bool box = element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck;
+        const bool round = element == PE_IndicatorRadioButton;
+        const QPalette& palette = option->palette;
+        if ((!box && !round) ||
+            palette.color(QPalette::Window).lightness() > palette.color(QPalette::WindowText).lightness())
+            return;
+        painter->save();
+        painter->setPen(palette.color(QPalette::PlaceholderText));
+        painter->setBrush(Qt::NoBrush);
+        const QRectF rect = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+        if (round) {
+            painter->setRenderHint(QPainter::Antialiasing);
+            painter->drawEllipse(rect);
+        } else {
+            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        }
+        painter->restore();
+    }
+
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override
+    {
+        const QIcon plain = QProxyStyle::standardIcon(icon, option, widget);
+        if (icon != SP_ToolBarHorizontalExtensionButton && icon != SP_ToolBarVerticalExtensionButton)
+            return plain;
+        QIcon coloured;
+        const QList<QSize> sizes = plain.availableSizes();
+        for (const QSize& size : sizes) {
+            QPixmap pixmap = plain.pixmap(size, 1.0);
+            QPainter painter(&pixmap);
+            painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+            painter.fillRect(pixmap.rect(), QApplication::palette().color(QPalette::WindowText));
+            painter.end();
+            coloured.addPixmap(pixmap);
+        }
+        return coloured;
+    }
+};
 
 /** The buttons of toolbars that lack room take their sign from the style once only. */
 void renew_extension_signs()
