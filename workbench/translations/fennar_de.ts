@@ -760,13 +760,6 @@
     </message>
 </context>
 <context>
-    <name>fennar::EditorOptions</name>
-    <message>
-        <source>Journal Editor</source>
-        <translation>Journal-Editor</translation>
-    </message>
-</context>
-<context>
     <name>fennar::ErrorPage</name>
     <message>
         <source>Double-click an error, or press Enter on it, to see its line in the journal editor.</source>
@@ -1020,13 +1013,6 @@
     <message>
         <source>Go to %1</source>
         <translation>Zu %1 gehen</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::PanelOptions</name>
-    <message>
-        <source>Panel</source>
-        <translation>Befehlsleiste</translation>
     </message>
 </context>
 <context>

@@ -760,13 +760,6 @@
     </message>
 </context>
 <context>
-    <name>fennar::EditorOptions</name>
-    <message>
-        <source>Journal Editor</source>
-        <translation>日志脚本编辑器</translation>
-    </message>
-</context>
-<context>
     <name>fennar::ErrorPage</name>
     <message>
         <source>Double-click an error, or press Enter on it, to see its line in the journal editor.</source>
@@ -1019,13 +1012,6 @@
     <message>
         <source>Go to %1</source>
         <translation>转到“%1”</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::PanelOptions</name>
-    <message>
-        <source>Panel</source>
-        <translation>命令面板</translation>
     </message>
 </context>
 <context>

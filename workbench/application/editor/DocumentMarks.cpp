@@ -3,7 +3,6 @@
 
 #include "workbench/application/editor/DocumentMarks.h"
 
-#include "workbench/application/editor/mark_color.h"
 #include "workbench/application/editor/mark_python.h"
 #include "workbench/sdk/core/commands/ContinuedCommand.h"
 
@@ -41,6 +40,26 @@ private:
 };
 
 } // namespace
+
+QRgb mark_color(LineMark::Kind kind, bool dark)
+{
+    struct Color
+    {
+        QRgb light;
+        QRgb dark;
+    };
+    static constexpr Color colors[] = {
+        {0xff0b4fb3, 0xff9ccbff}, // Command
+        {0xff7a1fa2, 0xffd9b8ff}, // Keyword
+        {0xff9a3c00, 0xffffbd8a}, // Number
+        {0xff1b6b24, 0xffa9dc9a}, // String
+        {0xff00646b, 0xff7fdcd4}, // Name
+        {0xffa8144a, 0xffffb0c8}, // Variable
+        {0xff5f6570, 0xffc0c6ce}, // Comment
+    };
+    const Color& color = colors[std::size_t(kind)];
+    return dark ? color.dark : color.light;
+}
 
 DocumentMarks::DocumentMarks(QTextDocument* document) : QSyntaxHighlighter(document) {}
 

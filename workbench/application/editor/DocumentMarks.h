@@ -6,11 +6,18 @@
 #include "workbench/sdk/core/commands/mark_command.h"
 
 #include <QList>
+#include <QRgb>
 #include <QSyntaxHighlighter>
 
 namespace fennar {
 
 class CommandRegistry;
+
+/**
+ * The color of text that is so marked, on a light ground or with @p dark on a dark one. It can be read there,
+ * on the current line as well: the contrast is at least 4.5 to 1.
+ */
+QRgb mark_color(LineMark::Kind kind, bool dark);
 
 /**
  * The marks of one document: colors for the words of its language, and wrong lines underlined. There is one

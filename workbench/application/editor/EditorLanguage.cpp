@@ -5,7 +5,7 @@
 
 #include "journal/JournalEditor.h"
 #include "workbench/application/editor/EditorCompletion.h"
-#include "workbench/application/editor/EditorOptions.h"
+#include "workbench/application/editor/editor_options.h"
 #include "workbench/application/editor/mark_python.h"
 #include "workbench/sdk/component/journal_documents.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
@@ -130,8 +130,8 @@ EditorLanguage::~EditorLanguage()
 
 void EditorLanguage::read_settings()
 {
-    mColors = EditorOptions::colors();
-    mCompletes = EditorOptions::completes();
+    mColors = editor_colors();
+    mCompletes = editor_completes();
     look_at_all();
 }
 

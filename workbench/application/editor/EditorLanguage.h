@@ -50,7 +50,7 @@ public:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 public slots:
-    /** Takes over what the settings of EditorOptions say. */
+    /** Takes over what editor_colors() and editor_completes() say. */
     void read_settings();
 
 private slots:

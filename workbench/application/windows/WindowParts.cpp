@@ -9,15 +9,14 @@
 #include "host/ostrelfw/Broker.h"
 #include "menus/HelpAboutOstrel.h"
 #include "menus/OstrelHelpMenu.h"
-#include "options/OptionsPanel.h"
 #include "workbench/application/component_manager/component_commands.h"
 #include "workbench/application/console/ConsoleOwner.h"
 #include "workbench/application/editor/EditorLanguage.h"
-#include "workbench/application/editor/EditorOptions.h"
+#include "workbench/application/editor/editor_options.h"
 #include "workbench/application/journals/JournalCheck.h"
 #include "workbench/application/journals/JournalFiles.h"
 #include "workbench/application/search/CommandFinder.h"
-#include "workbench/application/settings/PanelOptions.h"
+#include "workbench/application/settings/panel_options.h"
 #include "workbench/application/windows/FileDrops.h"
 #include "workbench/application/windows/PluginVersions.h"
 #include "workbench/application/windows/WindowKeys.h"
@@ -43,29 +42,6 @@ void describe_product(Ostrel* window)
                               .arg(QCoreApplication::applicationVersion()));
     // The dialog takes a path as it stands only if "fennargui" is in it.
     about->setIconPath(u":/fennargui/product.png"_s);
-}
-
-/** The window owns the page. */
-void add_panel_options(Ostrel* window)
-{
-    OptionsPanel* options = window->options();
-    auto* page = new PanelOptions(window);
-    options->add_panel(PanelOptions::tr("Panel"), page);
-    QObject::connect(options, &OptionsPanel::refreshSettings, page, &PanelOptions::refresh);
-    QObject::connect(options, &OptionsPanel::saveSettings, page, &PanelOptions::save);
-    page->apply_stored_size();
-}
-
-/** The window owns the page. */
-void add_editor_options(Ostrel* window, EditorLanguage* language)
-{
-    OptionsPanel* options = window->options();
-    auto* page = new EditorOptions;
-    options->add_panel(EditorOptions::tr("Journal Editor"), page);
-    QObject::connect(options, &OptionsPanel::refreshSettings, page, &EditorOptions::refresh);
-    QObject::connect(options, &OptionsPanel::saveSettings, page, &EditorOptions::save);
-    // Behind the page.
-    QObject::connect(options, &OptionsPanel::saveSettings, language, &EditorLanguage::read_settings);
 }
 
 /** The shell looks for entries that are shown from now on. Those that are no longer are for the host to find.
@@ -104,8 +80,12 @@ WindowParts::WindowParts(Ostrel* window, ConsoleOwner* console, const Services& 
     window->set_title(u"Fennar"_s);
     describe_product(window);
     add_undo_parts(*mContext, Fennar::instance().registry().steps());
-    add_panel_options(window);
-    add_editor_options(window, mEditorLanguage.get());
+    mContext->add_options_page(QCoreApplication::translate("QtPanelOptions", "Panel"),
+                               [window] { return make_panel_options(window); });
+    apply_panel_options(window);
+    mContext->add_options_page(QCoreApplication::translate("QtEditorOptions", "Journal Editor"), [this] {
+        return make_editor_options([this] { mEditorLanguage->read_settings(); });
+    });
     follow_unloaded_components(window);
 }
 

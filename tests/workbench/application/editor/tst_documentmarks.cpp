@@ -3,7 +3,6 @@
 
 #include "support/TestCase.h"
 #include "workbench/application/editor/DocumentMarks.h"
-#include "workbench/application/editor/mark_color.h"
 #include "workbench/sdk/core/commands/plain_command.h"
 
 #include <QAbstractTextDocumentLayout>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
-#include "workbench/application/editor/EditorOptions.h"
+#include "workbench/application/editor/editor_options.h"
 
 #include <QCheckBox>
 #include <QSettings>
@@ -10,6 +10,17 @@
 
 using namespace fennar;
 using namespace Qt::StringLiterals;
+
+/** The page as the dialog has it when it opens. */
+struct Page : OptionsPage
+{
+    explicit Page(const std::function<void()>& saved = [] {}) : OptionsPage(make_editor_options(saved))
+    {
+        refresh();
+    }
+    ~Page() { delete widget; }
+    Q_DISABLE_COPY_MOVE(Page)
+};
 
 class TstEditorOptions : public TestCase
 {
@@ -23,35 +34,34 @@ private slots:
 
 void TstEditorOptions::all_is_on_at_first()
 {
-    QVERIFY(EditorOptions::colors());
-    QVERIFY(EditorOptions::completes());
-    EditorOptions page;
-    page.refresh();
-    for (const QCheckBox* box : page.findChildren<QCheckBox*>())
+    QVERIFY(editor_colors());
+    QVERIFY(editor_completes());
+    const Page page;
+    for (const QCheckBox* box : page.widget->findChildren<QCheckBox*>())
         QVERIFY(box->isChecked());
 }
 
 void TstEditorOptions::settings_that_make_no_sense_count_as_none()
 {
     QSettings().setValue(u"/fennar/editor/colors"_s, QStringList({u"a"_s, u"b"_s}));
-    QVERIFY(EditorOptions::colors());
+    QVERIFY(editor_colors());
 }
 
 void TstEditorOptions::page_loads_and_stores_the_settings()
 {
-    EditorOptions page;
-    page.refresh();
-    page.findChild<QCheckBox*>(u"cbColors"_s)->setChecked(false);
-    QVERIFY(EditorOptions::colors());
+    int saved = 0;
+    const Page page([&saved] { ++saved; });
+    page.widget->findChild<QCheckBox*>(u"cbColors"_s)->setChecked(false);
+    QVERIFY(editor_colors());
     page.save();
-    QVERIFY(!EditorOptions::colors());
-    QVERIFY(EditorOptions::completes());
-    EditorOptions other;
-    other.refresh();
-    QVERIFY(!other.findChild<QCheckBox*>(u"cbColors"_s)->isChecked());
-    other.findChild<QCheckBox*>(u"cbCompletes"_s)->setChecked(false);
+    QCOMPARE(saved, 1);
+    QVERIFY(!editor_colors());
+    QVERIFY(editor_completes());
+    const Page other;
+    QVERIFY(!other.widget->findChild<QCheckBox*>(u"cbColors"_s)->isChecked());
+    other.widget->findChild<QCheckBox*>(u"cbCompletes"_s)->setChecked(false);
     other.save();
-    QVERIFY(!EditorOptions::completes());
+    QVERIFY(!editor_completes());
 }
 
 OSTREL_TEST(TstEditorOptions)
