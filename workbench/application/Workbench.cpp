@@ -20,6 +20,7 @@
 #include "workbench/application/console/line_interpreters.h"
 #include "workbench/application/journals/JournalFiles.h"
 #include "workbench/application/playback/JournalPlayer.h"
+#include "workbench/application/playback/RunRecord.h"
 #include "workbench/application/python/apply_python_paths.h"
 #include "workbench/application/python/python_command.h"
 #include "workbench/application/python/python_literal.h"
@@ -162,8 +163,8 @@ void Workbench::set_up_commands()
     fennar.playback().set_python_hook([this](const Playback::PythonScript& script) {
         PythonScriptFailure failure;
         const bool done = PythonRuntime::run_file(script.path, script.source, script.piece, &failure);
-        if (!done && mListener.script_failed)
-            mListener.script_failed(script.path, failure);
+        if (!done && mRecord)
+            mRecord->add_script_failure(script.path, failure);
         return done;
     });
     fennar.playback().set_change_directory([] { return Broker::instance()->change_dir_on_playback(); });
@@ -299,8 +300,7 @@ int Workbench::play_batch(const BatchJob& job)
     const bool json = job.record == CommandLine::standard_output;
     return run_batch(json ? stderr : stdout, [&] {
         return play_job(
-            job, mListener, [this](const QString& text) { report_error(text); },
-            [this] { return mQuitting; });
+            job, mRecord, [this](const QString& text) { report_error(text); }, [this] { return mQuitting; });
     });
 }
 
@@ -345,8 +345,8 @@ void Workbench::set_console(OutputHandler* window)
 
 void Workbench::report_error(const QString& text)
 {
-    if (mListener.error)
-        mListener.error(text);
+    if (mRecord)
+        mRecord->add_error(text);
     if (!mConsole) {
         // That "quit" has stopped the journal it stands in is what was asked for.
         if (mProcess.error_output)

@@ -169,8 +169,8 @@ private:
     QSettings mSettings;
     /** What to tell the user once there is a place for it. */
     QStringList mErrors;
-    /** Of a batch run. */
-    BatchListener mListener;
+    /** Of a batch run that keeps one, while it runs. */
+    RunRecord* mRecord = nullptr;
     MainFrame mFrame;
     std::unique_ptr<LineInterpreter> mCommands;
     std::unique_ptr<LineInterpreter> mPython;

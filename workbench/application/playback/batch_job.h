@@ -12,7 +12,7 @@
 
 namespace fennar {
 
-struct PythonScriptFailure;
+class RunRecord;
 
 /** What a batch run is to do. */
 struct BatchJob
@@ -27,25 +27,17 @@ struct BatchJob
     QString record = {};
 };
 
-/** What a run with a record is told of. Each is null without one. */
-struct BatchListener
-{
-    /** Takes each error that the user is told. */
-    std::function<void(const QString& text)> error = {};
-    /** Takes why a Python script has ended; @p script is its name as played. */
-    std::function<void(const QString& script, const PythonScriptFailure& failure)> script_failed = {};
-};
-
 /**
  * Opens the model, plays the journal and writes the record. With a record, the first signal that would end
  * the program cancels the journal, so that it is written; see TemporaryFolder::end_by_caught_signal().
  *
- * @param listener  is set, while the job runs, to what is to be told.
+ * @param watching  is set, while the job runs, to its record, which is to be told of errors; null if there is
+ * none.
  * @param report    tells the user of an error; whole lines.
  * @param quitting  tells whether the journal has asked for the end of the program.
  * @return the exit status, as Workbench::play_batch() has it.
  */
-int play_job(const BatchJob& job, BatchListener& listener, const std::function<void(const QString&)>& report,
+int play_job(const BatchJob& job, RunRecord*& watching, const std::function<void(const QString&)>& report,
              const std::function<bool()>& quitting);
 
 } // namespace fennar
