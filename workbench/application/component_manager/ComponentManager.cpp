@@ -7,7 +7,6 @@
 #include "frame/Ostrel.h"
 #include "workbench/application/component_manager/component_commands.h"
 #include "workbench/application/component_manager/component_settings.h"
-#include "workbench/application/component_manager/component_tool_tip.h"
 #include "workbench/host/navigation/NavigationComponents.h"
 #include "workbench/sdk/component/Component.h"
 #include "workbench/sdk/component/ComponentContext.h"
@@ -51,6 +50,27 @@ QString caught()
     } catch (...) {
         return u"an exception of an unknown kind"_s;
     }
+}
+
+/** What the plugin tool tells of a component beside its name and version, loaded or not: lines in the user's
+ * language. */
+QString tool_tip(const ComponentManager::Component& component)
+{
+    QStringList lines{component.file};
+    if (!component.commands.isEmpty())
+        lines
+            << QCoreApplication::translate("Workbench", "Commands: %1").arg(component.commands.join(u", "_s));
+    if (!component.needs.isEmpty())
+        lines << QCoreApplication::translate("Workbench", "Needs: %1").arg(component.needs.join(u", "_s));
+    return lines.join(u'\n');
+}
+
+/** The entry of a file; the end if there is none. */
+template <typename Entries>
+auto find_file(Entries& entries, const QString& file)
+{
+    return std::ranges::find_if(entries,
+                                [&](const auto& entry) { return entry && entry->about.file == file; });
 }
 
 /** Whether there is a dialog or menu that the user has to close first. */
@@ -104,7 +124,7 @@ ComponentManager::ComponentManager(CommandInterpreter& interpreter, const QStrin
     : mInterpreter(interpreter), mMark(notes), mTurns(std::make_unique<QObject>())
 {
     for (const QStringList crashed = mMark.take_crashed(); const QString& file : crashed)
-        set_component_crashed(file, true);
+        components_crashed.set(file, true);
     HostMediator::instance().set_component_source(this);
     set_absent_command_hint([this](const QString& name) { return hint_for_command(name); });
 }
@@ -139,26 +159,19 @@ void ComponentManager::set_component_path(const QString& path)
     fennar::set_component_path(path);
 }
 
-void ComponentManager::search()
+QStringList ComponentManager::search()
 {
     std::vector<std::unique_ptr<Entry>> known = std::exchange(mEntries, {});
     const QStringList directories = component_path().split(u';', Qt::SkipEmptyParts);
-    const auto keep = [&](const QString& file) {
-        const auto found = std::find_if(known.begin(), known.end(), [&](const auto& entry) {
-            return entry && entry->about.file == file;
-        });
-        if (found != known.end())
-            mEntries.push_back(std::move(*found));
-        entry_of_file(file);
-    };
     for (const QString& directory : directories) {
         const QFileInfoList files = QDir(directory).entryInfoList({u"*.so"_s}, QDir::Files, QDir::Name);
         for (const QFileInfo& file : files) {
             const QString path = file.canonicalFilePath();
-            const bool seen = std::any_of(mEntries.begin(), mEntries.end(),
-                                          [&](const auto& entry) { return entry->about.file == path; });
-            if (!seen && !path.isEmpty())
-                keep(path);
+            if (path.isEmpty() || find_file(mEntries, path) != mEntries.end())
+                continue;
+            if (const auto found = find_file(known, path); found != known.end())
+                mEntries.push_back(std::move(*found));
+            entry_of_file(path);
         }
     }
     // Whatever was mapped is known for good.
@@ -166,17 +179,19 @@ void ComponentManager::search()
         if (entry && (entry->component || entry->about.state != State::Unloaded))
             mEntries.push_back(std::move(entry));
     }
+    QStringList files;
+    for (const auto& entry : mEntries)
+        files << entry->about.file;
+    return files;
 }
 
 ComponentManager::Entry& ComponentManager::entry_of_file(const QString& file)
 {
-    const auto found = std::find_if(mEntries.begin(), mEntries.end(),
-                                    [&](const auto& entry) { return entry->about.file == file; });
+    auto found = find_file(mEntries, file);
     if (found == mEntries.end()) {
         mEntries.push_back(std::make_unique<Entry>());
         mEntries.back()->about.file = file;
-        mEntries.back()->look_into_file();
-        return *mEntries.back();
+        found = std::prev(mEntries.end());
     }
     (*found)->look_into_file();
     return **found;
@@ -214,8 +229,8 @@ std::vector<ComponentManager::Component> ComponentManager::components()
     std::vector<Component> result;
     for (const auto& entry : mEntries) {
         Component about = entry->about;
-        about.off = is_component_off(about.name);
-        about.crashed = has_component_crashed(about.file);
+        about.off = components_off.contains(about.name);
+        about.crashed = components_crashed.contains(about.file);
         result.push_back(about);
     }
     return result;
@@ -225,17 +240,14 @@ std::vector<ComponentRecord> ComponentManager::component_records()
 {
     std::vector<ComponentRecord> records;
     for (const Component& component : components())
-        records.push_back({component.name, component.version, component_tool_tip(component),
-                           state_word(component.state), 0});
+        records.push_back(
+            {component.name, component.version, tool_tip(component), state_word(component.state), 0});
     return records;
 }
 
 void ComponentManager::start(const std::function<void()>& done)
 {
-    search();
-    mWaiting.clear();
-    for (const auto& entry : mEntries)
-        mWaiting << entry->about.file;
+    mWaiting = search();
     mDone = done;
     QTimer::singleShot(0, mTurns.get(), [this] { load_next(); });
 }
@@ -251,36 +263,29 @@ void ComponentManager::load_next()
             done();
         return;
     }
-    Entry& entry = entry_of_file(mWaiting.takeFirst());
-    if (is_wanted(entry))
-        load_entry(entry, false);
+    load_if_wanted(mWaiting.takeFirst());
     QTimer::singleShot(0, mTurns.get(), [this] { load_next(); });
 }
 
 void ComponentManager::load_all()
 {
-    search();
-    QStringList files;
-    for (const auto& entry : mEntries)
-        files << entry->about.file;
-    for (const QString& file : std::as_const(files)) {
-        Entry& entry = entry_of_file(file);
-        if (is_wanted(entry))
-            load_entry(entry, false);
-    }
+    for (const QStringList files = search(); const QString& file : files)
+        load_if_wanted(file);
 }
 
-bool ComponentManager::is_wanted(Entry& entry)
+void ComponentManager::load_if_wanted(const QString& file)
 {
-    if (entry.about.state != State::Unloaded || is_component_off(entry.about.name))
-        return false;
-    if (!has_component_crashed(entry.about.file))
-        return true;
+    Entry& entry = entry_of_file(file);
+    if (entry.about.state != State::Unloaded || components_off.contains(entry.about.name))
+        return;
+    if (!components_crashed.contains(file)) {
+        load_entry(entry, false);
+        return;
+    }
     entry.about.refusal =
         u"left out, since the program ended while it was being loaded; \"load %1\" turns it "
         "on again"_s.arg(entry.about.name);
     report(entry, entry.about.refusal);
-    return false;
 }
 
 QString ComponentManager::load(const QString& what, QString* name)
@@ -310,7 +315,7 @@ QString ComponentManager::load(const QString& what, QString* name)
 QString ComponentManager::load_entry(Entry& entry, bool asked_for)
 {
     if (asked_for)
-        set_component_crashed(entry.about.file, false);
+        components_crashed.set(entry.about.file, false);
     const QScopedValueRollback<bool> busy(mBusy, true);
     entry.look_into_file();
     entry.about.refusal = entry.metadata.fault;
@@ -319,8 +324,8 @@ QString ComponentManager::load_entry(Entry& entry, bool asked_for)
     if (entry.about.refusal.isEmpty())
         entry.about.refusal = load_noted(entry);
     if (entry.about.refusal.isEmpty()) {
-        if (asked_for)
-            remember_off(entry.about.name, false);
+        if (asked_for && mRemember)
+            components_off.set(entry.about.name, false);
     } else if (!asked_for) {
         report(entry, u"not loaded: "_s + entry.about.refusal);
     }
@@ -340,7 +345,7 @@ QString ComponentManager::load_needed(Entry& entry, bool asked_for)
             continue;
         if (std::find(mNeeding.begin(), mNeeding.end(), needed) != mNeeding.end())
             return reason + u"needs it in turn"_s;
-        if (!asked_for && (is_component_off(name) || has_component_crashed(needed->about.file)))
+        if (!asked_for && (components_off.contains(name) || components_crashed.contains(needed->about.file)))
             return reason + u"is off"_s;
         if (!load_entry(*needed, asked_for).isEmpty())
             return reason + u"is refused: "_s + needed->about.refusal;
@@ -434,7 +439,8 @@ QString ComponentManager::unload(const QString& name)
     if (!may_lose_data(*entry))
         return u"the component \"%1\" holds unsaved data"_s.arg(name);
     run_unload(*entry);
-    remember_off(name, true);
+    if (mRemember)
+        components_off.set(name, true);
     return {};
 }
 
@@ -489,12 +495,6 @@ void ComponentManager::tell_names_changed() const
     CommandEntities& entities = mInterpreter.registry().entities();
     entities.tell_changed(loaded_component);
     entities.tell_changed(other_component);
-}
-
-void ComponentManager::remember_off(const QString& name, bool off) const
-{
-    if (mRemember)
-        set_component_off(name, off);
 }
 
 } // namespace fennar

@@ -126,11 +126,12 @@ public:
 private:
     struct Entry;
 
-    void search();
+    /** Looks into the directories; returns the files of all that is known then. */
+    QStringList search();
     Entry& entry_of_file(const QString& file);
     Entry* entry_named(const QString& name) const;
     void load_next();
-    bool is_wanted(Entry& entry);
+    void load_if_wanted(const QString& file);
     QString load_entry(Entry& entry, bool asked_for);
     QString load_needed(Entry& entry, bool asked_for);
     QString load_noted(Entry& entry);
@@ -142,7 +143,6 @@ private:
     void report(const Entry& entry, const QString& text) const;
     void tell(void (ComponentTracker::*step)(const char*), const Entry& entry) const;
     void tell_names_changed() const;
-    void remember_off(const QString& name, bool off) const;
 
     CommandInterpreter& mInterpreter;
     LoadMark mMark;

@@ -68,23 +68,6 @@ void list_components(CommandCall& call, ComponentManager& manager)
     call.print(text);
 }
 
-void load_component(CommandCall& call, const CommandArguments& arguments, ComponentManager& manager)
-{
-    const QString what = arguments.text(arguments.has("NAME"_L1) ? "NAME"_L1 : "FILE"_L1);
-    QString name;
-    if (const QString refusal = manager.load(what, &name); !refusal.isEmpty())
-        throw call.error(1, refusal);
-    call.print(u"The component \"%1\" is loaded.\n"_s.arg(name));
-}
-
-void unload_component(CommandCall& call, const CommandArguments& arguments, ComponentManager& manager)
-{
-    const QString name = arguments.text("NAME"_L1);
-    if (const QString refusal = manager.unload(name); !refusal.isEmpty())
-        throw call.error(1, refusal);
-    call.print(u"The component \"%1\" is unloaded.\n"_s.arg(name));
-}
-
 Command components_command(ComponentManager& manager)
 {
     return {.name = u"components"_s,
@@ -111,7 +94,11 @@ Command load_command(ComponentManager& manager)
             "component path is not found again at the next start. Components that it needs are loaded first."_s,
         .perform =
             [&manager](CommandCall& call, const CommandArguments& arguments) {
-                load_component(call, arguments, manager);
+                const QString what = arguments.text(arguments.has("NAME"_L1) ? "NAME"_L1 : "FILE"_L1);
+                QString name;
+                if (const QString refusal = manager.load(what, &name); !refusal.isEmpty())
+                    throw call.error(1, refusal);
+                call.print(u"The component \"%1\" is loaded.\n"_s.arg(name));
             },
         .forms = {{.clauses = {required_value({.name = u"NAME"_s,
                                                .kind = CommandParameter::Kind::Entity,
@@ -138,7 +125,10 @@ Command unload_command(ComponentManager& manager)
                 "that others need stays until they are unloaded."_s,
         .perform =
             [&manager](CommandCall& call, const CommandArguments& arguments) {
-                unload_component(call, arguments, manager);
+                const QString name = arguments.text("NAME"_L1);
+                if (const QString refusal = manager.unload(name); !refusal.isEmpty())
+                    throw call.error(1, refusal);
+                call.print(u"The component \"%1\" is unloaded.\n"_s.arg(name));
             },
         .forms = {{.clauses = {required_value({.name = u"NAME"_s,
                                                .kind = CommandParameter::Kind::Entity,

@@ -15,33 +15,10 @@ namespace fennar {
 namespace {
 
 const auto path_key = u"/fennar/components/path"_s;
-const auto off_key = u"/fennar/components/off"_s;
-const auto crashed_key = u"/fennar/components/crashed"_s;
 constexpr auto path_variable = "FENNAR_COMPONENT_PATH";
 
 /** Empty if it is the executable's. */
 QString program_directory;
-
-bool is_stored(const QString& key, const QString& value)
-{
-    return QSettings().value(key).toStringList().contains(value);
-}
-
-void store(const QString& key, const QString& value, bool contained)
-{
-    QSettings settings;
-    QStringList values = settings.value(key).toStringList();
-    if (values.contains(value) == contained)
-        return;
-    if (contained)
-        values << value;
-    else
-        values.removeAll(value);
-    if (values.isEmpty())
-        settings.remove(key);
-    else
-        settings.setValue(key, values);
-}
 
 } // namespace
 
@@ -82,24 +59,25 @@ void set_program_directory(const QString& directory)
     program_directory = directory;
 }
 
-bool is_component_off(const QString& name)
+bool KeptList::contains(const QString& text) const
 {
-    return is_stored(off_key, name);
+    return QSettings().value(key).toStringList().contains(text);
 }
 
-void set_component_off(const QString& name, bool off)
+void KeptList::set(const QString& text, bool contained) const
 {
-    store(off_key, name, off);
-}
-
-bool has_component_crashed(const QString& file)
-{
-    return is_stored(crashed_key, file);
-}
-
-void set_component_crashed(const QString& file, bool crashed)
-{
-    store(crashed_key, file, crashed);
+    QSettings settings;
+    QStringList texts = settings.value(key).toStringList();
+    if (texts.contains(text) == contained)
+        return;
+    if (contained)
+        texts << text;
+    else
+        texts.removeAll(text);
+    if (texts.isEmpty())
+        settings.remove(key);
+    else
+        settings.setValue(key, texts);
 }
 
 } // namespace fennar

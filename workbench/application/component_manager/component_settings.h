@@ -19,14 +19,18 @@ QString default_component_directory();
 /** Sets the program's folder, for a process that another executable has started. */
 void set_program_directory(const QString& directory);
 
-/** Whether the user has switched a component off, by its name. */
-bool is_component_off(const QString& name);
-/** Keeps that, or forgets it. */
-void set_component_off(const QString& name, bool off);
+/** A list of texts in the settings. */
+struct KeptList
+{
+    const char* key;
 
-/** Whether the program has gone down while a component was loaded, by its whole path. */
-bool has_component_crashed(const QString& file);
-/** Keeps that, or forgets it. */
-void set_component_crashed(const QString& file, bool crashed);
+    bool contains(const QString& text) const;
+    void set(const QString& text, bool contained) const;
+};
+
+/** The components that the user has switched off, by their names. */
+inline constexpr KeptList components_off{"/fennar/components/off"};
+/** Those with which the program has gone down while they were loaded, by their whole paths. */
+inline constexpr KeptList components_crashed{"/fennar/components/crashed"};
 
 } // namespace fennar
