@@ -17,7 +17,7 @@
 #include "workbench/application/component_manager/ComponentManager.h"
 #include "workbench/application/component_manager/component_commands.h"
 #include "workbench/application/console/ConsoleOwner.h"
-#include "workbench/application/console/line_interpreters.h"
+#include "workbench/application/console/LineInterpreter.h"
 #include "workbench/application/journals/JournalFiles.h"
 #include "workbench/application/playback/JournalPlayer.h"
 #include "workbench/application/playback/RunRecord.h"

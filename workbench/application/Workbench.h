@@ -30,8 +30,10 @@ class ComponentManager;
 class ConsoleOwner;
 class JournalPlayer;
 class LineInterpreter;
+class RunRecord;
 class WindowCommands;
 class WindowParts;
+struct PythonCommandFailure;
 
 /**
  * The reference application: joins the shell, the command interpreter, Python and the console owner.
@@ -134,8 +136,12 @@ private:
     /** Loads the components for work without a window, whose output goes to @p output. */
     void begin_without_window(const std::function<void(const QString&)>& output);
     void end_without_window();
-    /** Runs a command line that a function of Python stands for. */
+    /** Runs command lines for fennar.cmd(); returns why that has failed. */
+    std::optional<PythonCommandFailure> run_for_python(const QString& text);
+    /** Runs a command line that a function of the module fennar stands for; see PythonCommandServices. */
     CommandInterpreter::Outcome call_for_python(const QString& line, bool quiet);
+    /** A command has failed: ends the Python code that has called it, if the user has interrupted. */
+    void end_caller();
     /** Python is about to run this: tells the user of the program. */
     void begin_call(QString text);
     /** Python has run this without an error: keeps it for the history of another process. */

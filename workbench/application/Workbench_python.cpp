@@ -7,10 +7,12 @@
 #include "workbench/application/Workbench.h"
 #include "workbench/application/component_manager/ComponentManager.h"
 #include "workbench/application/console/ConsoleOwner.h"
-#include "workbench/application/console/line_interpreters.h"
-#include "workbench/application/python/commands_for_python.h"
+#include "workbench/application/console/LineInterpreter.h"
+#include "workbench/application/python/draw_picture.h"
+#include "workbench/application/python/python_actions.h"
 #include "workbench/application/windows/undo_parts.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
+#include "workbench/host/fennar_python/commands/python_commands.h"
 #include "workbench/host/fennar_python/make_python_interpreter.h"
 #include "workbench/host/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/host/ostrelfw/OutputRouter.h"
@@ -18,6 +20,8 @@
 #include "workbench/sdk/core/commands/Interrupt.h"
 
 #include <QScopedValueRollback>
+
+#include <stdexcept>
 
 namespace fennar {
 
@@ -30,22 +34,16 @@ void Workbench::set_up_python()
         if (mProcess.end_call)
             mProcess.end_call();
     };
-    const CommandsForPython commands{
-        [this] {
-            if (interrupt_requested()) {
-                mInterruptsPassedOn = interrupt_requests();
-                PythonRuntime::request_interrupt();
-            }
-        },
-        [this](const QString& line, bool quiet) { return call_for_python(line, quiet); }, hooks.end_call};
-    hooks.run_command = [this, commands](const QString& text) {
-        begin_call(text);
-        const auto failure = commands.run(text);
-        if (!failure)
-            end_call(text);
-        return failure;
+    hooks.run_command = [this](const QString& text) { return run_for_python(text); };
+    hooks.extend = [this, end_call = hooks.end_call](struct _object* module) {
+        add_python_actions(module);
+        add_python_commands(
+            module, {.registry = &Fennar::instance().registry(),
+                     .call = [this](const QString& line, bool quiet) { return call_for_python(line, quiet); },
+                     .end_call = end_call,
+                     .picture = &draw_picture,
+                     .check_caller = &PythonRuntime::require_gui_thread});
     };
-    hooks.extend = [commands](struct _object* module) { commands.extend(module); };
     hooks.wake = [this] { announce_output(); };
     hooks.turn = [this] {
         give_turn();
@@ -60,14 +58,40 @@ void Workbench::set_up_python()
     mPython = make_python_lines();
 }
 
+std::optional<PythonCommandFailure> Workbench::run_for_python(const QString& text)
+{
+    CommandInterpreter& interpreter = Fennar::instance().interpreter();
+    begin_call(text);
+    if (interpreter.run(text) == CommandInterpreter::Result::Done) {
+        end_call(text);
+        return std::nullopt;
+    }
+    end_caller();
+    const CommandFailure& failure = interpreter.last_failure();
+    return PythonCommandFailure{failure.message, failure.command, failure.column, failure.remedy};
+}
+
 CommandInterpreter::Outcome Workbench::call_for_python(const QString& line, bool quiet)
 {
+    // Code that outlives its Python for a moment finds no application any more.
+    if (!PythonRuntime::running())
+        throw std::runtime_error("Python ends");
     begin_call(line);
     const QScopedValueRollback rollback(mQuiet, quiet && mProcess.output);
     CommandInterpreter::Outcome outcome = Fennar::instance().interpreter().call(line);
-    if (!outcome.failure)
+    if (outcome.failure)
+        end_caller();
+    else
         end_call(line);
     return outcome;
+}
+
+void Workbench::end_caller()
+{
+    if (!interrupt_requested())
+        return;
+    mInterruptsPassedOn = interrupt_requests();
+    PythonRuntime::request_interrupt();
 }
 
 void Workbench::begin_call(QString text)

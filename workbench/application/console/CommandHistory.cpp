@@ -28,14 +28,6 @@ void make_one_line(QString& entry)
         [](QChar c) { return c == u'\n' || c == u'\r' || c == QChar::ParagraphSeparator; }, u' ');
 }
 
-QStringList read_lines(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    return CommandHistory::read(file);
-}
-
 /** Adds @p line to the end of a file. Returns false if that fails; no part of the line is there then. */
 bool append(const QString& path, const QByteArray& line)
 {
@@ -56,8 +48,8 @@ bool append(const QString& path, const QByteArray& line)
 
 CommandHistory::CommandHistory(const QString& file) : mFile(file)
 {
-    if (!mFile.isEmpty())
-        mEntries = read_lines(mFile);
+    if (QFile device(mFile); !mFile.isEmpty() && device.open(QIODevice::ReadOnly))
+        mEntries = read(device);
     const qsizetype surplus = mEntries.size() - limit;
     if (surplus > 0)
         mEntries.remove(0, surplus);

@@ -16,12 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace fennar {
 
-namespace {
-
 /** Blanks between two columns. */
-constexpr qsizetype column_gap = 2;
-
-} // namespace
+static constexpr qsizetype column_gap = 2;
 
 CompletionKey::CompletionKey(CommandWidget* page, Complete complete)
     : mPage(page), mComplete(std::move(complete))

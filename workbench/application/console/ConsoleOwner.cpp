@@ -21,12 +21,8 @@ using namespace Qt::StringLiterals;
 
 namespace fennar {
 
-namespace {
-
 /** The owner mark of the pages in the journal editor. */
-constexpr auto import_owner = "workbench console";
-
-} // namespace
+static constexpr auto import_owner = "workbench console";
 
 ConsoleOwner::ConsoleOwner(CommandWindow* window, const QString& history_file)
     : mWindow(window),
@@ -86,16 +82,6 @@ void ConsoleOwner::set_interpreters(LineInterpreter* commands, LineInterpreter* 
     mPython = python;
 }
 
-void ConsoleOwner::set_mode_handler(std::function<void(bool)> handler)
-{
-    mModeHandler = std::move(handler);
-}
-
-void ConsoleOwner::set_busy_handler(std::function<void(bool)> handler)
-{
-    mBusyHandler = std::move(handler);
-}
-
 void ConsoleOwner::offer_pages(JournalEditor* editor)
 {
     mEditor = editor;
@@ -118,7 +104,7 @@ void ConsoleOwner::run_line(const QString& line, const Then& then)
 
 void ConsoleOwner::run_work(const QString& title, const std::function<void()>& work)
 {
-    run_soon({title, work, nullptr});
+    run_soon({title, work});
 }
 
 LineCompletion ConsoleOwner::complete(const QString& line, qsizetype caret) const
@@ -146,10 +132,10 @@ void ConsoleOwner::run_entered(const QString& line)
 {
     // The page has opened a new line already. What cannot run now is shown again when its turn comes.
     if (mRunning) {
-        mWaiting.push_back({line, nullptr, nullptr});
+        mWaiting.push_back({line});
         return;
     }
-    run_now({line, nullptr, nullptr});
+    run_now({line});
     run_waiting();
 }
 
@@ -176,7 +162,7 @@ void ConsoleOwner::run_pasted(const QStringList& lines)
             typed.insert(caret < 0 ? typed.size() : std::min(caret, typed.size()), commands.first());
     }
     for (const QString& command : std::as_const(commands))
-        mWaiting.push_back({command, nullptr, nullptr});
+        mWaiting.push_back({command});
     if (!mRunning)
         run_waiting();
 }
@@ -234,11 +220,6 @@ void ConsoleOwner::set_running(bool running)
     mRunning = running;
     if (mBusyHandler)
         mBusyHandler(running);
-}
-
-void ConsoleOwner::forget_waiting()
-{
-    mWaiting.clear();
 }
 
 void ConsoleOwner::report_error(const QString& text)

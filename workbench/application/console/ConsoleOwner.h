@@ -14,6 +14,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <utility>
 
 class CommandWidget;
 class CommandWindow;
@@ -53,10 +54,10 @@ public:
      * reply. */
     void set_interpreters(LineInterpreter* commands, LineInterpreter* python);
     /** Is told of each change of mode that the user asks for, before the prompt changes. */
-    void set_mode_handler(std::function<void(bool python)> handler);
+    void set_mode_handler(std::function<void(bool python)> handler) { mModeHandler = std::move(handler); }
 
     /** Is told when a line begins to run, and when it has ended. */
-    void set_busy_handler(std::function<void(bool busy)> handler);
+    void set_busy_handler(std::function<void(bool busy)> handler) { mBusyHandler = std::move(handler); }
 
     /** Offers the pages in the import menu of @p editor, until they go. To be called once; not null. */
     void offer_pages(JournalEditor* editor);
@@ -86,7 +87,7 @@ public:
     bool is_running() const { return mRunning; }
 
     /** Gives up the lines and the work that wait for the running one. */
-    void forget_waiting();
+    void forget_waiting() { mWaiting.clear(); }
 
     /**
      * Keeps @p text on the page of errors, below the line that led to it, and puts a warning on the page's
@@ -104,8 +105,8 @@ private:
     struct Task
     {
         QString line;
-        std::function<void()> work;
-        Then then;
+        std::function<void()> work = {};
+        Then then = {};
     };
 
     LineCompletion complete(const QString& line, qsizetype caret) const;

@@ -129,23 +129,18 @@ std::optional<JournalPlace> ErrorPage::place_at(const QTextBlock& block) const
     const BlockPlace* here = place_of(block);
     if (!here)
         return std::nullopt;
-    const auto same_error = [here](const QTextBlock& other) {
-        const BlockPlace* known = place_of(other);
-        return known && known->error == here->error ? known : nullptr;
+    const auto nearest = [&](QTextBlock (QTextBlock::*step)() const) {
+        QTextBlock other = block;
+        const BlockPlace* known = here;
+        while (known && known->error == here->error && !known->place) {
+            other = (other.*step)();
+            known = place_of(other);
+        }
+        return known && known->error == here->error ? known->place : std::nullopt;
     };
     // What a traceback says last it says about the last place above.
-    QTextBlock other = block;
-    for (const BlockPlace* known = here; known; other = other.previous(), known = same_error(other)) {
-        if (known->place)
-            return known->place;
-    }
-    other = block.next();
-    for (const BlockPlace* known = same_error(other); known;
-         other = other.next(), known = same_error(other)) {
-        if (known->place)
-            return known->place;
-    }
-    return std::nullopt;
+    const std::optional<JournalPlace> above = nearest(&QTextBlock::previous);
+    return above ? above : nearest(&QTextBlock::next);
 }
 
 void ErrorPage::keyPressEvent(QKeyEvent* event)

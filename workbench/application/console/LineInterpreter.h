@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <memory>
+
 namespace fennar {
 
 /** What runs the lines of one console mode. The console owner knows no more of it than this. */
@@ -36,5 +38,14 @@ public:
         return {.start = caret};
     }
 };
+
+/** Runs lines of the command language, and completes them. */
+std::unique_ptr<LineInterpreter> make_command_lines();
+/** Runs lines of Python as the user, and completes them. */
+std::unique_ptr<LineInterpreter> make_python_lines();
+
+/** Completes a line of Python that is not on the console, by the user's names. @p before has the lines ahead
+ * of it in its statement. */
+LineCompletion complete_python(const QString& line, qsizetype caret, const QString& before);
 
 } // namespace fennar

@@ -8,6 +8,13 @@
 namespace fennar {
 
 /** @p text as a string literal of Python. */
-QString python_literal(QString text);
+inline QString python_literal(QString text)
+{
+    text.replace(u'\\', QStringLiteral("\\\\"));
+    text.replace(u'\'', QStringLiteral("\\'"));
+    text.replace(u'\n', QStringLiteral("\\n"));
+    text.replace(u'\r', QStringLiteral("\\r"));
+    return u'\'' + text + u'\'';
+}
 
 } // namespace fennar

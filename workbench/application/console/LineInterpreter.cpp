@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/application/console/line_interpreters.h"
+#include "workbench/application/console/LineInterpreter.h"
 
 #include "workbench/host/fennar_python/PythonConsole.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
