@@ -37,9 +37,11 @@ using namespace std::chrono_literals;
 
 namespace fennar {
 
-using Kind = CommandParameter::Kind;
-
 namespace {
+
+using Kind = CommandParameter::Kind;
+using Turn = std::function<void()>;
+using Report = std::function<void(const QString&)>;
 
 constexpr auto owner = "workbench"_L1;
 constexpr auto command_names = {"show"_L1, "hide"_L1, "edit"_L1, "form"_L1, "picture"_L1};
@@ -55,22 +57,9 @@ constexpr double longest_delay = 3600;
 
 constexpr auto page_entity = "options page"_L1;
 
-const QStringList& windows_to_show()
+QStringList windows()
 {
-    static const QStringList names = {u"main"_s, u"editor"_s, u"options"_s, u"plugins"_s, u"about"_s};
-    return names;
-}
-
-const QStringList& windows_to_hide()
-{
-    static const QStringList names = windows_to_show().sliced(1);
-    return names;
-}
-
-const QStringList& windows_to_photograph()
-{
-    static const QStringList names = windows_to_show() + QStringList{u"active"_s};
-    return names;
+    return {u"main"_s, u"editor"_s, u"options"_s, u"plugins"_s, u"about"_s};
 }
 
 /** The window of that name; null if it has not been made yet. There must be a main window. */
@@ -152,7 +141,7 @@ Command show_command()
                     "options  the options; PAGE is a name from their list, or its number in the list\n"
                     "plugins  the plugin tool\n"
                     "about    the version of the program"_s,
-            .forms = {{.clauses = {required_value(window_parameter(windows_to_show()))},
+            .forms = {{.clauses = {required_value(window_parameter(windows()))},
                        .title = QT_TRANSLATE_NOOP("CommandParameter", "A window")},
                       {.clauses = {{.keyword = u"options"_s,
                                     .parameters = {{.name = u"PAGE"_s,
@@ -169,7 +158,7 @@ Command hide_command()
     return {.name = u"hide"_s,
             .summary = u"Closes a window other than the main window."_s,
             .help = u"The names are those of \"show\". What is not saved in the options is dropped."_s,
-            .forms = {{.clauses = {required_value(window_parameter(windows_to_hide()))}}}};
+            .forms = {{.clauses = {required_value(window_parameter(windows().sliced(1)))}}}};
 }
 
 Command edit_command()
@@ -235,7 +224,7 @@ Command picture_command()
                                                    .filters = &picture_filters,
                                                    .example = u"window.png"_s}),
                                    {.keyword = u"of"_s,
-                                    .parameters = {window_parameter(windows_to_photograph(), u"main"_s)},
+                                    .parameters = {window_parameter(windows() << u"active"_s, u"main"_s)},
                                     .optional = true},
                                    {.keyword = u"after"_s,
                                     .parameters = {{.name = u"SECONDS"_s,
@@ -250,35 +239,23 @@ Command picture_command()
                        .verify = &verify_picture}}};
 }
 
-} // namespace
-
-WindowCommands::WindowCommands(CommandRegistry& registry, const std::function<void()>& turn,
-                               const std::function<void(const QString&)>& report)
-    : mRegistry(registry), mTurn(turn), mReport(report)
+/** Waits until the window is on the screen, where it has been laid out, and nothing in it is to come. */
+void wait_until_complete(const CommandCall& call, const QWidget* window, const Turn& turn)
 {
-    // Without windows any page will do, since the command is passed over.
-    if (qobject_cast<QApplication*>(QCoreApplication::instance()))
-        registry.entities().offer(page_entity, owner, &present_pages, &numbered_page);
-    const auto with = [this](Command command, auto function) {
-        command.perform = [this, function](CommandCall& call, const CommandArguments& arguments) {
-            (this->*function)(call, arguments);
-        };
-        return command;
+    const QDeadlineTimer window_deadline(window_patience);
+    const QDeadlineTimer shape_deadline(shape_patience);
+    const auto incomplete = [&] {
+        return (!window->windowHandle()->isExposed() && !window_deadline.hasExpired()) ||
+               (Scene::instance().is_awaited() && !shape_deadline.hasExpired());
     };
-    registry.add_all(owner, {with(show_command(), &WindowCommands::show_window),
-                             with(hide_command(), &WindowCommands::hide_window),
-                             with(edit_command(), &WindowCommands::edit),
-                             with(form_command(), &WindowCommands::show_form),
-                             with(picture_command(), &WindowCommands::take_picture)});
+    turn();
+    while (incomplete() && !call.interrupted()) {
+        std::this_thread::sleep_for(rest);
+        turn();
+    }
 }
 
-WindowCommands::~WindowCommands()
-{
-    for (const QLatin1StringView name : command_names)
-        mRegistry.remove(name);
-}
-
-void WindowCommands::show_window(CommandCall& call, const CommandArguments& arguments)
+void show_window(CommandCall& call, const CommandArguments& arguments, const Turn& turn)
 {
     if (!has_window(call))
         return;
@@ -305,10 +282,10 @@ void WindowCommands::show_window(CommandCall& call, const CommandArguments& argu
         find_window(name)->show();
         find_window(name)->raise();
     }
-    wait_until_complete(call, find_window(name));
+    wait_until_complete(call, find_window(name), turn);
 }
 
-void WindowCommands::hide_window(CommandCall& call, const CommandArguments& arguments)
+void hide_window(CommandCall& call, const CommandArguments& arguments)
 {
     if (!has_window(call))
         return;
@@ -316,38 +293,29 @@ void WindowCommands::hide_window(CommandCall& call, const CommandArguments& argu
         window->close();
 }
 
-void WindowCommands::edit(CommandCall& call, const CommandArguments& arguments)
+void edit(CommandCall& call, const CommandArguments& arguments, const Turn& turn)
 {
-    if (arguments.has("line"_L1)) {
-        edit_line(call, arguments);
-        return;
-    }
+    const bool folded = arguments.has("line"_L1);
     const QString name = arguments.text("FILE"_L1);
     const QFileInfo file(name);
-    if (!file.isFile() || !file.isReadable())
+    if (!folded && (!file.isFile() || !file.isReadable()))
         throw call.error(1, u"cannot read \"%1\""_s.arg(name));
     if (!has_window(call))
         return;
-    Ostrel* main = Ostrel::instance();
-    main->tools_menu()->show_journal_editor();
-    main->journal_editor()->open_file(file.absoluteFilePath());
-    wait_until_complete(call, main->journal_editor());
-}
-
-void WindowCommands::edit_line(CommandCall& call, const CommandArguments& arguments)
-{
-    if (!has_window(call))
-        return;
-    const std::optional<QString> line = OutputRouter::instance().folded_line(arguments.integer("line"_L1));
-    if (!line)
+    const auto line =
+        folded ? OutputRouter::instance().folded_line(arguments.integer("line"_L1)) : std::nullopt;
+    if (folded && !line)
         throw call.error(2, u"there is no such line, or it is no longer kept"_s);
     Ostrel* main = Ostrel::instance();
     main->tools_menu()->show_journal_editor();
-    main->journal_editor()->add_document(*line);
-    wait_until_complete(call, main->journal_editor());
+    if (folded)
+        main->journal_editor()->add_document(*line);
+    else
+        main->journal_editor()->open_file(file.absoluteFilePath());
+    wait_until_complete(call, main->journal_editor(), turn);
 }
 
-void WindowCommands::show_form(CommandCall& call, const CommandArguments& arguments)
+void show_form(CommandCall& call, const CommandArguments& arguments)
 {
     if (!has_window(call))
         return;
@@ -359,7 +327,8 @@ void WindowCommands::show_form(CommandCall& call, const CommandArguments& argume
     show_in_panel(*main, entry);
 }
 
-void WindowCommands::take_picture(CommandCall& call, const CommandArguments& arguments)
+void take_picture(CommandCall& call, const CommandArguments& arguments, const Turn& turn,
+                  const Report& report)
 {
     if (!has_window(call))
         return;
@@ -369,37 +338,51 @@ void WindowCommands::take_picture(CommandCall& call, const CommandArguments& arg
         const auto delay = std::chrono::milliseconds(qint64(arguments.number("after"_L1) * 1000));
         // The current directory may be another one then.
         const QString path = QFileInfo(file).absoluteFilePath();
-        QTimer::singleShot(delay, Ostrel::instance(), [=, this] {
+        QTimer::singleShot(delay, Ostrel::instance(), [=] {
             QWidget* window = find_window(name);
             if (!window || !window->isVisible())
-                mReport(u"ERROR: picture: the window \"%1\" is not shown\n"_s.arg(name));
+                report(u"ERROR: picture: the window \"%1\" is not shown\n"_s.arg(name));
             else if (!save_picture(window, path))
-                mReport(u"ERROR: picture: %1\n"_s.arg(cannot_be_written(path)));
+                report(u"ERROR: picture: %1\n"_s.arg(cannot_be_written(path)));
         });
         return;
     }
     QWidget* window = find_window(name);
     if (!window || !window->isVisible())
         throw call.error(0, u"the window is not shown; use \"show %1\" before"_s.arg(name));
-    wait_until_complete(call, window);
+    wait_until_complete(call, window, turn);
     if (!save_picture(window, file))
         throw call.error(1, cannot_be_written(file));
 }
 
-/** Waits until the window is on the screen, where it has been laid out, and nothing in it is to come. */
-void WindowCommands::wait_until_complete(const CommandCall& call, const QWidget* window) const
+} // namespace
+
+WindowCommands::WindowCommands(CommandRegistry& registry, const Turn& turn, const Report& report)
+    : mRegistry(registry)
 {
-    const QDeadlineTimer window_deadline(window_patience);
-    const QDeadlineTimer shape_deadline(shape_patience);
-    const auto incomplete = [&] {
-        return (!window->windowHandle()->isExposed() && !window_deadline.hasExpired()) ||
-               (Scene::instance().is_awaited() && !shape_deadline.hasExpired());
+    // Without windows any page will do, since the command is passed over.
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()))
+        registry.entities().offer(page_entity, owner, &present_pages, &numbered_page);
+    const auto with = [](Command command, const auto& perform) {
+        command.perform = perform;
+        return command;
     };
-    mTurn();
-    while (incomplete() && !call.interrupted()) {
-        std::this_thread::sleep_for(rest);
-        mTurn();
-    }
+    registry.add_all(
+        owner,
+        {with(show_command(),
+              [turn](auto& call, const auto& arguments) { show_window(call, arguments, turn); }),
+         with(hide_command(), &hide_window),
+         with(edit_command(), [turn](auto& call, const auto& arguments) { edit(call, arguments, turn); }),
+         with(form_command(), &show_form),
+         with(picture_command(), [turn, report](auto& call, const auto& arguments) {
+             take_picture(call, arguments, turn, report);
+         })});
+}
+
+WindowCommands::~WindowCommands()
+{
+    for (const QLatin1StringView name : command_names)
+        mRegistry.remove(name);
 }
 
 } // namespace fennar

@@ -3,17 +3,12 @@
 
 #pragma once
 
-#include <QObject>
 #include <QString>
 
 #include <functional>
 
-class QWidget;
-
 namespace fennar {
 
-class CommandArguments;
-class CommandCall;
 class CommandRegistry;
 
 /**
@@ -22,10 +17,8 @@ class CommandRegistry;
  *
  * Without a window, as in a batch run, they say that they are passed over. GUI thread only.
  */
-class WindowCommands : public QObject
+class WindowCommands
 {
-    Q_OBJECT
-
 public:
     /**
      * @param registry  must outlive this object.
@@ -35,20 +28,11 @@ public:
     WindowCommands(CommandRegistry& registry, const std::function<void()>& turn,
                    const std::function<void(const QString&)>& report);
     /** Takes the commands away. */
-    ~WindowCommands() override;
+    ~WindowCommands();
+    Q_DISABLE_COPY_MOVE(WindowCommands)
 
 private:
-    void show_window(CommandCall& call, const CommandArguments& arguments);
-    void hide_window(CommandCall& call, const CommandArguments& arguments);
-    void edit(CommandCall& call, const CommandArguments& arguments);
-    void edit_line(CommandCall& call, const CommandArguments& arguments);
-    void show_form(CommandCall& call, const CommandArguments& arguments);
-    void take_picture(CommandCall& call, const CommandArguments& arguments);
-    void wait_until_complete(const CommandCall& call, const QWidget* window) const;
-
     CommandRegistry& mRegistry;
-    std::function<void()> mTurn;
-    std::function<void(const QString&)> mReport;
 };
 
 } // namespace fennar
