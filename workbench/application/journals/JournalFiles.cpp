@@ -82,6 +82,18 @@ void store_recent(const QString& file)
     settings.sync();
 }
 
+/** One that is not modal, and deletes itself when it is closed. */
+QMessageBox* make_box(QMessageBox::Icon icon, const QString& name, const QString& title, QWidget* parent)
+{
+    auto* const box = new QMessageBox(icon, title, {}, QMessageBox::NoButton, parent);
+    box->setObjectName(name);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setModal(false);
+    // File names may look like markup.
+    box->setTextFormat(Qt::PlainText);
+    return box;
+}
+
 QPushButton* add_button(QMessageBox* box, const QString& name, const QString& text,
                         QMessageBox::ButtonRole role)
 {
@@ -97,13 +109,11 @@ JournalFiles::State JournalFiles::State::of(const QString& file)
     struct stat found = {};
     if (file.isEmpty() || ::stat(QFile::encodeName(file).constData(), &found) != 0)
         return {};
-    return {true, S_ISREG(found.st_mode), found.st_size, found.st_mtim, found.st_ino};
-}
-
-bool JournalFiles::State::operator==(const State& other) const
-{
-    return exists == other.exists && size == other.size && changed.tv_sec == other.changed.tv_sec &&
-           changed.tv_nsec == other.changed.tv_nsec && inode == other.inode;
+    return {true,
+            S_ISREG(found.st_mode),
+            found.st_size,
+            {found.st_mtim.tv_sec, found.st_mtim.tv_nsec},
+            found.st_ino};
 }
 
 void JournalFiles::Watched::close_boxes() const
@@ -177,17 +187,16 @@ bool JournalFiles::eventFilter(QObject* object, QEvent* event)
         return true;
     }
     // Other events come from within the editor's end, too.
-    const bool closes = event->type() == QEvent::Close;
-    if ((!closes && event->type() != QEvent::WindowActivate) || object != mEditor)
-        return false;
-    if (!closes) {
+    if (event->type() == QEvent::WindowActivate && object == mEditor)
         mPatience.start();
+    if (event->type() != QEvent::Close || object != mEditor)
         return false;
-    }
-    if (look_at_modified())
-        return false;
-    event->ignore();
-    return true;
+    bool may_close_all = true;
+    for (const QPointer<Document>& document : documents())
+        may_close_all = may_close(document) && may_close_all;
+    if (!may_close_all)
+        event->ignore();
+    return !may_close_all;
 }
 
 QList<QPointer<QPlainTextEdit>> JournalFiles::documents() const
@@ -212,8 +221,11 @@ JournalFiles::Watched& JournalFiles::watch(Document* document)
     Watched& watched = mWatched[document];
     if (is_new) {
         document->installEventFilter(this);
-        connect(document->document(), &QTextDocument::modificationChanged, this,
-                [this, document] { modification_changed(document); });
+        // It may also be that the user does not want the changes any more. Then nothing was written.
+        connect(document->document(), &QTextDocument::modificationChanged, this, [this, document] {
+            if (!document->document()->isModified())
+                verify(document);
+        });
         connect(document->document(), &QObject::destroyed, this,
                 [this, document] { mWatched.take(document).close_boxes(); });
     }
@@ -235,13 +247,6 @@ void JournalFiles::accept_state(Watched& watched)
         watched.fingerprint = fingerprint_of(*bytes);
     // One that was replaced is not watched any more.
     mWatcher.addPaths({watched.file, QFileInfo(watched.file).absolutePath()});
-}
-
-void JournalFiles::modification_changed(Document* document)
-{
-    // It may also be that the user does not want the changes any more. Then nothing was written.
-    if (!document->document()->isModified())
-        verify(document);
 }
 
 void JournalFiles::verify(Document* document)
@@ -302,16 +307,6 @@ bool JournalFiles::may_close(QWidget* page)
     return !document || !document->document()->isModified() || look_at(document, true);
 }
 
-bool JournalFiles::look_at_modified()
-{
-    bool all = true;
-    for (const QPointer<Document>& document : documents()) {
-        if (!may_close(document))
-            all = false;
-    }
-    return all;
-}
-
 bool JournalFiles::look_at(Document* document, bool insist)
 {
     Watched& watched = watch(document);
@@ -334,7 +329,7 @@ bool JournalFiles::look_at(Document* document, bool insist)
         delete watched.question;
         return true;
     }
-    if (insist || !(now == watched.asked))
+    if (insist || now != watched.asked)
         ask(document, insist);
     return false;
 }
@@ -344,13 +339,8 @@ void JournalFiles::complain(Document* document, const QString& reason)
     Watched& watched = watch(document);
     const QString message = tr("%1 does not hold the whole journal: %2").arg(shown(watched.file), reason);
     delete watched.complaint;
-    auto* const box =
-        new QMessageBox(QMessageBox::Critical, tr("Journal Not Saved"), {}, QMessageBox::Ok, mEditor);
-    box->setObjectName(u"journalNotSaved"_s);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setModal(false);
-    // File names may look like markup.
-    box->setTextFormat(Qt::PlainText);
+    auto* const box = make_box(QMessageBox::Critical, u"journalNotSaved"_s, tr("Journal Not Saved"), mEditor);
+    box->addButton(QMessageBox::Ok);
     box->setText(message + u"\n\n"_s +
                  tr("The disk may be full. The journal counts as unsaved, and stays in the editor."));
     watched.complaint = box;
@@ -372,12 +362,8 @@ void JournalFiles::ask(Document* document, bool insist)
         }
         return;
     }
-    auto* const box = new QMessageBox(QMessageBox::Question, tr("Journal Changed on Disk"), {},
-                                      QMessageBox::NoButton, mEditor);
-    box->setObjectName(u"journalChanged"_s);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setModal(false);
-    box->setTextFormat(Qt::PlainText);
+    auto* const box =
+        make_box(QMessageBox::Question, u"journalChanged"_s, tr("Journal Changed on Disk"), mEditor);
     QString text = tr("%1 was changed by another program.").arg(shown(watched.file));
     if (document->document()->isModified())
         text += u'\n' + tr("The journal has unsaved changes, too.");
@@ -394,7 +380,7 @@ void JournalFiles::ask(Document* document, bool insist)
     connect(keep_button, &QPushButton::clicked, this, [this, document, asked] {
         Watched& kept = watch(document);
         // The user has not decided on what came behind the question.
-        if (!(State::of(kept.file) == asked)) {
+        if (State::of(kept.file) != asked) {
             kept.question.clear();
             look_at(document, true);
             return;

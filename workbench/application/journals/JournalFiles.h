@@ -16,6 +16,7 @@
 #include <ctime>
 #include <functional>
 #include <optional>
+#include <utility>
 
 class JournalEditor;
 class QAction;
@@ -60,11 +61,12 @@ private:
         bool exists = false;
         bool is_regular = false;
         qint64 size = 0;
-        std::timespec changed{};
+        /** In seconds, and the nanoseconds above them. */
+        std::pair<std::time_t, long> changed;
         quint64 inode = 0;
 
         static State of(const QString& file);
-        bool operator==(const State& other) const;
+        bool operator==(const State&) const = default;
     };
     struct Watched
     {
@@ -85,7 +87,6 @@ private:
     bool eventFilter(QObject* object, QEvent* event) override;
     void follow_documents();
     Watched& watch(Document* document);
-    void modification_changed(Document* document);
     /** Compares the file of a document with its text if it has been written just now. */
     void verify(Document* document);
     /**
@@ -94,7 +95,6 @@ private:
      * @param insist  asks again what the user has put off.
      */
     bool look_at(Document* document, bool insist);
-    bool look_at_modified();
     bool may_close(QWidget* page);
     /** Answers the editor that is about to write a document. */
     bool may_save(Document* document);

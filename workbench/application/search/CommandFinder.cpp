@@ -107,15 +107,9 @@ void CommandFinder::open()
 
 bool CommandFinder::eventFilter(QObject*, QEvent* event)
 {
-    switch (event->type()) {
-    case QEvent::ActionAdded:
-    case QEvent::ActionChanged:
-    case QEvent::ActionRemoved:
+    const QEvent::Type type = event->type();
+    if (type == QEvent::ActionAdded || type == QEvent::ActionChanged || type == QEvent::ActionRemoved)
         mRefresh.start();
-        break;
-    default:
-        break;
-    }
     return false;
 }
 

@@ -6,8 +6,8 @@
 #include <QHash>
 
 #include <algorithm>
+#include <compare>
 #include <optional>
-#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -142,7 +142,7 @@ void SearchModel::find()
         bool refused;
         qsizetype recent;
         qsizetype index;
-        auto key() const { return std::tie(misfit, length, refused, recent, index); }
+        auto operator<=>(const Found&) const = default;
     };
     QList<Found> found;
     for (qsizetype i = 0; i < mFolded.size(); ++i) {
@@ -153,7 +153,7 @@ void SearchModel::find()
         else if (fit)
             found << Found{*fit, entry.text.size(), !mEntries[i].refusal.isEmpty(), entry.recent, i};
     }
-    std::sort(found.begin(), found.end(), [](const Found& a, const Found& b) { return a.key() < b.key(); });
+    std::ranges::sort(found);
     mRows.clear();
     mRows.reserve(found.size());
     for (const Found& one : found)

@@ -119,7 +119,6 @@ void Recovery::restore(const RecoveryOffer& offer)
 {
     std::vector<RecoveryOffer::Entry> opened;
     std::size_t unreadable = 0;
-    bool journals = false;
     QStringList kinds;
     // Backwards, since of one kind the work that was changed last comes back; journals in their order.
     std::vector<std::pair<RecoveryOffer::Entry, KeptDocument>> documents;
@@ -139,7 +138,6 @@ void Recovery::restore(const RecoveryOffer& offer)
     for (auto document = documents.rbegin(); document != documents.rend(); ++document) {
         mKeeper.open(document->second);
         opened.push_back(document->first);
-        journals = true;
     }
     // The old copies go only once there are new ones.
     mKeeper.keep();
@@ -152,7 +150,7 @@ void Recovery::restore(const RecoveryOffer& offer)
     if (unreadable > 0)
         print_error(
             tr("Not all that was kept could be read. It stays in %1.").arg(QDir::toNativeSeparators(mRoot)));
-    if (!journals)
+    if (documents.empty())
         return;
     JournalEditor* const editor = mWindow->journal_editor();
     if (editor->isMinimized())
