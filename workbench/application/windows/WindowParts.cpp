@@ -7,6 +7,8 @@
 #include "host/navigation/NavigationModel.h"
 #include "host/navigation/NavigationResourcesDelay.h"
 #include "host/ostrelfw/Broker.h"
+#include "host/ostrelfw/ComponentRecord.h"
+#include "host/ostrelfw/Mediator.h"
 #include "menus/HelpAboutOstrel.h"
 #include "menus/OstrelHelpMenu.h"
 #include "workbench/application/component_manager/component_commands.h"
@@ -18,20 +20,62 @@
 #include "workbench/application/search/CommandFinder.h"
 #include "workbench/application/settings/panel_options.h"
 #include "workbench/application/windows/FileDrops.h"
-#include "workbench/application/windows/PluginVersions.h"
 #include "workbench/application/windows/WindowKeys.h"
 #include "workbench/application/windows/undo_parts.h"
 #include "workbench/sdk/component/ComponentContext.h"
+#include "workbench/sdk/component/shell_parts.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 
+#include <QChildEvent>
 #include <QCoreApplication>
+#include <QDialog>
+#include <QHelpEvent>
+#include <QListWidget>
+#include <QStyledItemDelegate>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
 namespace fennar {
 
 namespace {
+
+/** The items themselves keep their text: the tool finds components by it. */
+class VersionDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void update()
+    {
+        mComponents.clear();
+        Broker::instance()->get_components(mComponents);
+    }
+
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override
+    {
+        const auto row = std::size_t(index.row());
+        if (event->type() != QEvent::ToolTip || !index.isValid() || row >= mComponents.size())
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        QToolTip::showText(event->globalPos(), mComponents[row].text3, view);
+        return true;
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const auto row = std::size_t(index.row());
+        if (row < mComponents.size() && mComponents[row].name == option->text)
+            option->text = u"%1 %2"_s.arg(option->text, mComponents[row].text2).trimmed();
+    }
+
+private:
+    /** As the tool lists them; the second text is the version, the third tells more. */
+    std::vector<ComponentRecord> mComponents;
+};
 
 /** Fills the about dialog in. */
 void describe_product(Ostrel* window)
@@ -60,6 +104,34 @@ void follow_unloaded_components(Ostrel* window)
 }
 
 } // namespace
+
+/** Shows the versions of the components behind their names in the plugin tool, as they are when that opens.
+ */
+class WindowParts::PluginVersions : public QObject
+{
+public:
+    /** @param window  not null; outlives this object. */
+    explicit PluginVersions(Ostrel* window) : mWindow(window) { window->installEventFilter(this); }
+
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        QDialog* const tool = plugin_tool(mWindow);
+        QListWidget* const list = plugin_list(tool);
+        // The tool is made when it is shown for the first time.
+        if (list && object == mWindow && event->type() == QEvent::ChildPolished &&
+            static_cast<QChildEvent*>(event)->child() == tool) {
+            list->setItemDelegate(new VersionDelegate(list));
+            tool->installEventFilter(this);
+        }
+        // Just before it fills its list.
+        if (list && object == tool && event->type() == QEvent::Show)
+            static_cast<VersionDelegate*>(list->itemDelegate())->update();
+        return QObject::eventFilter(object, event);
+    }
+
+private:
+    Ostrel* const mWindow;
+};
 
 WindowParts::WindowParts(Ostrel* window, ConsoleOwner* console, const Services& services)
     : mContext(std::make_unique<ComponentContext>(u"fennar"_s)),

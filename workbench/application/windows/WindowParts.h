@@ -21,7 +21,6 @@ class EditorLanguage;
 class FileDrops;
 class JournalCheck;
 class JournalFiles;
-class PluginVersions;
 class WindowKeys;
 
 /**
@@ -53,6 +52,8 @@ public:
     void set_busy(bool busy);
 
 private:
+    class PluginVersions;
+
     /** What is added to the window as components add theirs. */
     const std::unique_ptr<ComponentContext> mContext;
     const std::unique_ptr<JournalFiles> mJournalFiles;
