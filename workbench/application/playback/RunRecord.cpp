@@ -21,36 +21,6 @@ namespace fennar {
 
 namespace {
 
-QJsonObject json_of_entity(const CommandValue::EntityReference& entity, const CommandEntities& entities,
-                           bool properties);
-
-QJsonValue json_of(const CommandValue& value, const CommandEntities& entities, bool properties)
-{
-    // JSON knows neither infinity nor what is not a number.
-    if (const auto* number = std::get_if<double>(&value.data))
-        return std::isfinite(*number) ? QJsonValue(*number) : QJsonValue();
-    if (const auto* whole = std::get_if<qint64>(&value.data))
-        return *whole;
-    if (const auto* text = std::get_if<QString>(&value.data))
-        return *text;
-    if (const auto* list = std::get_if<CommandValue::List>(&value.data)) {
-        QJsonArray array;
-        for (const CommandValue& item : *list)
-            array.append(json_of(item, entities, properties));
-        return array;
-    }
-    const auto* record = std::get_if<CommandValue::Record>(&value.data);
-    if (const auto* map = record ? &record->fields : std::get_if<CommandValue::Map>(&value.data)) {
-        QJsonObject object;
-        for (const auto& [key, item] : *map)
-            object.insert(key, json_of(item, entities, properties));
-        return object;
-    }
-    if (const auto* entity = std::get_if<CommandValue::EntityReference>(&value.data))
-        return json_of_entity(*entity, entities, properties);
-    return {};
-}
-
 /** Whether values of the type are told: arrays are large, and not asked for. */
 bool is_told(const CommandType& type)
 {
@@ -105,22 +75,42 @@ QJsonObject json_of(const CommandFailure& failure, const CommandRun& run)
             {u"remedy"_s, text_or_null(failure.remedy)}};
 }
 
-QJsonObject json_of(const std::pair<CommandParameter, QString>& setting, QJsonObject object)
+QJsonValue json_of(const CommandParameter& parameter, const QString& value)
 {
-    const auto& [parameter, value] = setting;
-    const bool number = parameter.kind == CommandParameter::Kind::Number;
     if (parameter.kind == CommandParameter::Kind::WholeNumber)
-        object.insert(parameter.name, parse_integer(value).value_or(0));
-    else
-        object.insert(parameter.name, number ? QJsonValue(parse_number(value).value_or(0)) : value);
-    return object;
+        return parse_integer(value).value_or(0);
+    if (parameter.kind == CommandParameter::Kind::Number)
+        return parse_number(value).value_or(0);
+    return value;
 }
 
 } // namespace
 
-QJsonValue json_of(const CommandValue& value, const CommandEntities& entities)
+QJsonValue json_of(const CommandValue& value, const CommandEntities& entities, bool properties)
 {
-    return json_of(value, entities, true);
+    // JSON knows neither infinity nor what is not a number.
+    if (const auto* number = std::get_if<double>(&value.data))
+        return std::isfinite(*number) ? QJsonValue(*number) : QJsonValue();
+    if (const auto* whole = std::get_if<qint64>(&value.data))
+        return *whole;
+    if (const auto* text = std::get_if<QString>(&value.data))
+        return *text;
+    if (const auto* list = std::get_if<CommandValue::List>(&value.data)) {
+        QJsonArray array;
+        for (const CommandValue& item : *list)
+            array.append(json_of(item, entities, properties));
+        return array;
+    }
+    const auto* record = std::get_if<CommandValue::Record>(&value.data);
+    if (const auto* map = record ? &record->fields : std::get_if<CommandValue::Map>(&value.data)) {
+        QJsonObject object;
+        for (const auto& [key, item] : *map)
+            object.insert(key, json_of(item, entities, properties));
+        return object;
+    }
+    if (const auto* entity = std::get_if<CommandValue::EntityReference>(&value.data))
+        return json_of_entity(*entity, entities, properties);
+    return {};
 }
 
 RunRecord::RunRecord(CommandInterpreter& interpreter, const QString& journal)
@@ -163,8 +153,8 @@ QByteArray RunRecord::text(const QString& status,
                            const QList<std::pair<CommandParameter, QString>>& parameters) const
 {
     QJsonObject values;
-    for (const auto& setting : parameters)
-        values = json_of(setting, values);
+    for (const auto& [parameter, value] : parameters)
+        values.insert(parameter.name, json_of(parameter, value));
     QJsonValue failure;
     const bool failed = status != "done"_L1 && status != "running"_L1;
     if (failed && !mFailure.isEmpty())

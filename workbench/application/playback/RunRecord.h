@@ -22,8 +22,9 @@ class CommandEntities;
 struct PythonScriptFailure;
 
 /** What a command has returned, for another program: an entity is an object with its kind, its name and its
- * properties that take no arguments; of an entity within these only kind and name are told. */
-QJsonValue json_of(const CommandValue& value, const CommandEntities& entities);
+ * properties that take no arguments; of an entity within these, or without @p properties, only kind and name
+ * are told. */
+QJsonValue json_of(const CommandValue& value, const CommandEntities& entities, bool properties = true);
 
 /**
  * What the commands of a run have returned, how long they took, and why the run has failed, as JSON;

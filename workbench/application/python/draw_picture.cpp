@@ -13,6 +13,7 @@
 #include <QBuffer>
 #include <QEventLoop>
 #include <QImage>
+#include <QScopeGuard>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -24,35 +25,24 @@ namespace {
 /** How often it is looked whether all is there, in milliseconds. */
 constexpr int patience = 5;
 
-/** Shapes are made while somebody looks. */
-class Viewer
+/** Waits for the shapes that are still to come. */
+void wait_for(const Scene& scene)
 {
-public:
-    explicit Viewer(Scene& scene) : mScene(scene) { mScene.add_viewer(); }
-    ~Viewer() { mScene.remove_viewer(); }
-    Q_DISABLE_COPY_MOVE(Viewer)
-
-    void wait()
-    {
-        if (!mScene.is_awaited())
-            return;
-        QEventLoop loop;
-        QTimer look;
-        QObject::connect(&look, &QTimer::timeout, &loop, [this, &loop] {
-            if (const auto& turn = Fennar::instance().application().turn)
-                turn();
-            if (!mScene.is_awaited() || interrupt_requested())
-                loop.quit();
-        });
-        look.start(patience);
-        loop.exec(QEventLoop::ExcludeUserInputEvents);
-        if (interrupt_requested())
-            throw CommandError(u"interrupted"_s);
-    }
-
-private:
-    Scene& mScene;
-};
+    if (!scene.is_awaited())
+        return;
+    QEventLoop loop;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &loop, [&] {
+        if (const auto& turn = Fennar::instance().application().turn)
+            turn();
+        if (!scene.is_awaited() || interrupt_requested())
+            loop.quit();
+    });
+    look.start(patience);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    if (interrupt_requested())
+        throw CommandError(u"interrupted"_s);
+}
 
 /** What of the scene is in the picture. */
 void take_items(const Scene& from, const PythonPicture& picture, Scene& to)
@@ -83,8 +73,10 @@ QByteArray draw_picture(const PythonPicture& picture)
         }
     }
     const InterruptScope scope;
-    Viewer viewer(scene);
-    viewer.wait();
+    // Shapes are made while somebody looks.
+    scene.add_viewer();
+    const auto leave = qScopeGuard([&scene] { scene.remove_viewer(); });
+    wait_for(scene);
     Scene shown;
     take_items(scene, picture, shown);
     if (picture.mesh == PythonPicture::Mesh::Only && shown.items().empty())

@@ -120,13 +120,8 @@ QString tell_unwritable_settings()
 
 void bound_settings(const QRect& screens)
 {
-    QSettings settings;
-    bound_settings(settings, screens);
-}
-
-void bound_settings(QSettings& settings, const QRect& screens)
-{
     using namespace settings_keys;
+    QSettings settings;
     bound_window(settings, {x, y, width, height}, screens);
     bound_window(settings, {journal_x, journal_y, journal_width, journal_height}, screens);
     if (read_setting(settings, font_size, 0) > largest_font)

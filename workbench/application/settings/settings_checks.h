@@ -8,8 +8,6 @@
 
 #include <optional>
 
-class QSettings;
-
 namespace fennar {
 
 /** Whether all of @p path, which must exist, can be read as settings; true if that cannot be found out. */
@@ -45,7 +43,5 @@ QString tell_unwritable_settings();
  * @param screens  where windows can be seen.
  */
 void bound_settings(const QRect& screens);
-/** The same for @p settings. */
-void bound_settings(QSettings& settings, const QRect& screens);
 
 } // namespace fennar
