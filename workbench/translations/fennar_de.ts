@@ -295,6 +295,13 @@
     </message>
 </context>
 <context>
+    <name>JournalCheck</name>
+    <message>
+        <source>Chec&amp;k</source>
+        <translation>Prü&amp;fen</translation>
+    </message>
+</context>
+<context>
     <name>Navigation</name>
     <message>
         <source>Run</source>
@@ -881,13 +888,6 @@
     <message>
         <source>Search in the history: %1</source>
         <translation>Suche im Verlauf: %1</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::JournalCheck</name>
-    <message>
-        <source>Chec&amp;k</source>
-        <translation>Prü&amp;fen</translation>
     </message>
 </context>
 <context>

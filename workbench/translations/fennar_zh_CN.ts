@@ -295,6 +295,13 @@
     </message>
 </context>
 <context>
+    <name>JournalCheck</name>
+    <message>
+        <source>Chec&amp;k</source>
+        <translation>检查(&amp;K)</translation>
+    </message>
+</context>
+<context>
     <name>Navigation</name>
     <message>
         <source>Run</source>
@@ -880,13 +887,6 @@
     <message>
         <source>Search in the history: %1</source>
         <translation>在历史中搜索：%1</translation>
-    </message>
-</context>
-<context>
-    <name>fennar::JournalCheck</name>
-    <message>
-        <source>Chec&amp;k</source>
-        <translation>检查(&amp;K)</translation>
     </message>
 </context>
 <context>

@@ -31,8 +31,6 @@ EditorCompletion::EditorCompletion(QPlainTextEdit* page, const Complete& complet
     page->installEventFilter(this);
 }
 
-EditorCompletion::~EditorCompletion() = default;
-
 bool EditorCompletion::eventFilter(QObject* object, QEvent* event)
 {
     if (event->type() != QEvent::KeyPress)

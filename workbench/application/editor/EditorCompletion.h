@@ -33,7 +33,6 @@ public:
 
     /** @param page  owns this object, which may go earlier. */
     EditorCompletion(QPlainTextEdit* page, const Complete& complete);
-    ~EditorCompletion() override;
 
     bool eventFilter(QObject* object, QEvent* event) override;
 

@@ -49,10 +49,6 @@ std::optional<int> misfit(QStringView text, QStringView rest, const QStringList&
 
 } // namespace
 
-SearchModel::SearchModel(QObject* parent) : QAbstractTableModel(parent) {}
-
-SearchModel::~SearchModel() = default;
-
 void SearchModel::set_entries(const QList<SearchEntry>& entries)
 {
     beginResetModel();

@@ -32,8 +32,7 @@ public:
     /** bool: whether the entry can be run. */
     static constexpr int EnabledRole = Qt::UserRole;
 
-    explicit SearchModel(QObject* parent = nullptr);
-    ~SearchModel() override;
+    using QAbstractTableModel::QAbstractTableModel;
 
     /** Replaces all entries; the words sought stay. */
     void set_entries(const QList<SearchEntry>& entries);

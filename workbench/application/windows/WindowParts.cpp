@@ -15,8 +15,8 @@
 #include "workbench/application/console/ConsoleOwner.h"
 #include "workbench/application/editor/EditorLanguage.h"
 #include "workbench/application/editor/editor_options.h"
-#include "workbench/application/journals/JournalCheck.h"
 #include "workbench/application/journals/JournalFiles.h"
+#include "workbench/application/journals/add_journal_check.h"
 #include "workbench/application/search/CommandFinder.h"
 #include "workbench/application/settings/panel_options.h"
 #include "workbench/application/windows/FileDrops.h"
@@ -138,9 +138,6 @@ WindowParts::WindowParts(Ostrel* window, ConsoleOwner* console, const Services& 
       mJournalFiles(std::make_unique<JournalFiles>(
           window->journal_editor(),
           [report = services.report](const QString& text) { report(u"ERROR: "_s + text + u'\n'); })),
-      mJournalCheck(std::make_unique<JournalCheck>(
-          window->journal_editor(), Fennar::instance().interpreter(),
-          [](const QString& text) { Broker::command << text; }, services.report)),
       mEditorLanguage(std::make_unique<EditorLanguage>(
           window->journal_editor(), Fennar::instance().interpreter(), services.complete_python)),
       mKeys(std::make_unique<WindowKeys>(window)),
@@ -151,6 +148,9 @@ WindowParts::WindowParts(Ostrel* window, ConsoleOwner* console, const Services& 
 {
     window->set_title(u"Fennar"_s);
     describe_product(window);
+    add_journal_check(
+        *mContext, Fennar::instance().interpreter(), [](const QString& text) { Broker::command << text; },
+        services.report);
     add_undo_parts(*mContext, Fennar::instance().registry().steps());
     mContext->add_options_page(QCoreApplication::translate("QtPanelOptions", "Panel"),
                                [window] { return make_panel_options(window); });

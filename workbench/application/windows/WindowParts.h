@@ -19,7 +19,6 @@ class ComponentContext;
 class ConsoleOwner;
 class EditorLanguage;
 class FileDrops;
-class JournalCheck;
 class JournalFiles;
 class WindowKeys;
 
@@ -57,7 +56,6 @@ private:
     /** What is added to the window as components add theirs. */
     const std::unique_ptr<ComponentContext> mContext;
     const std::unique_ptr<JournalFiles> mJournalFiles;
-    const std::unique_ptr<JournalCheck> mJournalCheck;
     const std::unique_ptr<EditorLanguage> mEditorLanguage;
     const std::unique_ptr<WindowKeys> mKeys;
     const std::unique_ptr<FileDrops> mDrops;

@@ -7,7 +7,8 @@
 #include "workbench/application/WorkbenchTest.h"
 #include "workbench/application/console/ConsoleOwner.h"
 #include "workbench/application/console/ErrorPage.h"
-#include "workbench/application/journals/JournalCheck.h"
+#include "workbench/application/journals/add_journal_check.h"
+#include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/component/journal_documents.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 
@@ -20,7 +21,6 @@
 #include <QWindow>
 
 #include <memory>
-#include <utility>
 
 using namespace fennar;
 using namespace Qt::StringLiterals;
@@ -146,40 +146,38 @@ void TstJournalCheck::python_is_not_checked()
 
 void TstJournalCheck::listener_may_end_the_check_and_close_the_journal()
 {
-    auto* editor = new JournalEditor;
-    editor->add_document(u"sing\ndance\n"_s);
+    const QPointer<QPlainTextEdit> journal = open(u"sing\ndance\n"_s);
     QStringList told;
-    std::unique_ptr<JournalCheck> check;
-    check = std::make_unique<JournalCheck>(
-        editor, Fennar::instance().interpreter(), [](const QString&) {},
+    auto context = std::make_unique<ComponentContext>(u"test"_s);
+    add_journal_check(
+        *context, Fennar::instance().interpreter(), [](const QString&) {},
         [&](const QString& text) {
             told << text;
-            check.reset();
-            delete std::exchange(editor, nullptr);
+            context.reset();
+            delete journal;
         });
-    check->check();
+    window().journal_editor()->actions().last()->trigger();
     QCOMPARE(told.size(), 1);
-    QVERIFY(!check && !editor);
+    QVERIFY(!context && !journal);
 }
 
 void TstJournalCheck::entry_is_removed_with_the_check()
 {
     const auto ignore = [](const QString&) {};
-    JournalEditor editor;
-    editor.add_document(u"sing\n"_s);
-    const qsizetype keys = editor.actions().size();
-    auto check = std::make_unique<JournalCheck>(&editor, Fennar::instance().interpreter(), ignore, ignore);
-    QCOMPARE(editor.actions().size(), keys + 1);
-    const QPointer<QAction> entry = editor.actions().last();
+    QPlainTextEdit* journal = open(u"sing\n"_s);
+    JournalEditor* editor = window().journal_editor();
+    const qsizetype keys = editor->actions().size();
+    auto context = std::make_unique<ComponentContext>(u"test"_s);
+    add_journal_check(*context, Fennar::instance().interpreter(), ignore, ignore);
+    QCOMPARE(editor->actions().size(), keys + 1);
+    const QPointer<QAction> entry = editor->actions().last();
     entry->trigger();
-    QPlainTextEdit* journal = current_journal(&editor);
     QTRY_COMPARE(marked(journal), QList<int>{1});
-    check.reset();
+    context.reset();
     QVERIFY(!entry);
-    QCOMPARE(editor.actions().size(), keys);
+    QCOMPARE(editor->actions().size(), keys);
     // The marks stay.
     QCOMPARE(marked(journal), QList<int>{1});
-    journal->document()->setModified(false);
 }
 
 void TstJournalCheck::key_checks_too()
