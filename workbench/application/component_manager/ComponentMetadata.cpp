@@ -31,11 +31,6 @@ bool is_name(const QString& name)
     return pattern.match(name).hasMatch();
 }
 
-QStringList strings(const QJsonValue& list)
-{
-    return list.toVariant().toStringList();
-}
-
 /** Why the file cannot be loaded, by what of it Qt has read. */
 QString find_fault(const QJsonObject& all, const QString& error)
 {
@@ -77,15 +72,12 @@ ComponentMetadata ComponentMetadata::read(const QString& file)
     const QPluginLoader plugin(file);
     const QJsonObject all = plugin.metaData();
     const QJsonObject own = all.value("MetaData"_L1).toObject();
-    ComponentMetadata result;
-    result.fault = find_fault(all, plugin.errorString());
     const QString name = own.value("name"_L1).toString();
-    if (is_name(name) && !is_reserved(name))
-        result.name = name;
-    result.version = own.value("version"_L1).toString();
-    result.needs = strings(own.value("requires"_L1));
-    result.commands = strings(own.value("commands"_L1));
-    return result;
+    return {.fault = find_fault(all, plugin.errorString()),
+            .name = is_name(name) && !is_reserved(name) ? name : QString(),
+            .version = own.value("version"_L1).toString(),
+            .needs = own.value("requires"_L1).toVariant().toStringList(),
+            .commands = own.value("commands"_L1).toVariant().toStringList()};
 }
 
 } // namespace fennar
