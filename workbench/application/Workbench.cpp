@@ -239,7 +239,7 @@ bool Workbench::load()
     mParts = std::make_unique<WindowParts>(
         Ostrel::instance(), mConsole.get(),
         WindowParts::Services{[this](const QString& command) { run_panel_command(command); },
-                              [this](const QString& name) { write_command(name); }, &complete_python,
+                              [this](const QString& name) { write_command(name); },
                               [this](const QString& text) { report_error(text); }});
     // The pages of components come below it and go with them; the group stays. Its name sorts behind the
     // pages of the shell, since the dialog opens on the first.

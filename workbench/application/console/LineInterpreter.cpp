@@ -26,13 +26,8 @@ public:
     void reset() override { Fennar::instance().interpreter().reset(); }
     LineCompletion complete(const QString& line, qsizetype caret) override
     {
-        Fennar& fennar = Fennar::instance();
-        const QString& entered = fennar.interpreter().entered();
-        LineCompletion completion = complete_command(entered + line, entered.size() + caret,
-                                                     fennar.registry(), fennar.interpreter().variables());
-        completion.start -= entered.size();
-        // A word that has begun on an earlier line cannot be written anew.
-        return completion.start < 0 ? LineCompletion{.start = caret} : completion;
+        CommandInterpreter& interpreter = Fennar::instance().interpreter();
+        return complete_commands(line, caret, interpreter.entered(), interpreter);
     }
 };
 
@@ -72,6 +67,16 @@ std::unique_ptr<LineInterpreter> make_command_lines()
 std::unique_ptr<LineInterpreter> make_python_lines()
 {
     return std::make_unique<PythonLines>();
+}
+
+LineCompletion complete_commands(const QString& line, qsizetype caret, const QString& before,
+                                 CommandInterpreter& interpreter)
+{
+    LineCompletion completion = complete_command(before + line, before.size() + caret, interpreter.registry(),
+                                                 interpreter.variables());
+    completion.start -= before.size();
+    // A word that has begun on an earlier line cannot be written anew.
+    return completion.start < 0 ? LineCompletion{.start = caret} : completion;
 }
 
 LineCompletion complete_python(const QString& line, qsizetype caret, const QString& before)

@@ -11,6 +11,8 @@
 
 namespace fennar {
 
+class CommandInterpreter;
+
 /** What runs the lines of one console mode. The console owner knows no more of it than this. */
 class LineInterpreter
 {
@@ -44,6 +46,9 @@ std::unique_ptr<LineInterpreter> make_command_lines();
 /** Runs lines of Python as the user, and completes them. */
 std::unique_ptr<LineInterpreter> make_python_lines();
 
+/** Completes a line of commands; @p before has what stands ahead of it in a command that it continues. */
+LineCompletion complete_commands(const QString& line, qsizetype caret, const QString& before,
+                                 CommandInterpreter& interpreter);
 /** Completes a line of Python that is not on the console, by the user's names. @p before has the lines ahead
  * of it in its statement. */
 LineCompletion complete_python(const QString& line, qsizetype caret, const QString& before);

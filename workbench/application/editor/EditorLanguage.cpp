@@ -4,6 +4,7 @@
 #include "workbench/application/editor/EditorLanguage.h"
 
 #include "journal/JournalEditor.h"
+#include "workbench/application/console/LineInterpreter.h"
 #include "workbench/application/editor/EditorCompletion.h"
 #include "workbench/application/editor/editor_options.h"
 #include "workbench/application/editor/mark_python.h"
@@ -12,7 +13,6 @@
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/ContinuedCommand.h"
 #include "workbench/sdk/core/commands/Playback.h"
-#include "workbench/sdk/core/commands/complete_command.h"
 
 #include <QEvent>
 #include <QPlainTextEdit>
@@ -85,19 +85,13 @@ LineCompletion complete_line(const QTextCursor& caret, CommandInterpreter& inter
     ContinuedCommand command;
     for (; first != caret.block(); first = first.next())
         command.add(first.text());
-    const qsizetype before = command.text().size();
-    LineCompletion completion = complete_command(command.text() + line, before + column,
-                                                 interpreter.registry(), interpreter.variables());
-    completion.start -= before;
-    // A word that has begun on an earlier line cannot be written anew.
-    return completion.start < 0 ? LineCompletion{.start = column} : completion;
+    return complete_commands(line, column, command.text(), interpreter);
 }
 
 } // namespace
 
-EditorLanguage::EditorLanguage(JournalEditor* editor, CommandInterpreter& interpreter,
-                               const CompletePython& python)
-    : mEditor(editor), mTabs(journal_tabs(editor)), mInterpreter(interpreter), mCompletePython(python)
+EditorLanguage::EditorLanguage(JournalEditor* editor, CommandInterpreter& interpreter)
+    : mEditor(editor), mTabs(journal_tabs(editor)), mInterpreter(interpreter)
 {
     for (QTimer* timer : {&mLook, &mCommandsChanged}) {
         timer->setSingleShot(true);
@@ -217,7 +211,7 @@ LineCompletion EditorLanguage::complete(const QPlainTextEdit* document, const QT
     if (!is_python(document))
         return complete_line(caret, mInterpreter);
     const QTextBlock line = caret.block();
-    return mCompletePython(line.text(), caret.positionInBlock(), begun_statement(line));
+    return complete_python(line.text(), caret.positionInBlock(), begun_statement(line));
 }
 
 } // namespace fennar

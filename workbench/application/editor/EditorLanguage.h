@@ -10,8 +10,6 @@
 #include <QPointer>
 #include <QTimer>
 
-#include <functional>
-
 class JournalEditor;
 class QPlainTextEdit;
 class QTabWidget;
@@ -34,15 +32,11 @@ class EditorLanguage : public QObject
     Q_OBJECT
 
 public:
-    /** Completes a line of Python, of a statement that has begun on the lines @p before. */
-    using CompletePython =
-        std::function<LineCompletion(const QString& line, qsizetype caret, const QString& before)>;
-
     /**
      * @param editor       stays the caller's, and may go earlier.
      * @param interpreter  has the commands and variables. Not owned; outlives the object.
      */
-    EditorLanguage(JournalEditor* editor, CommandInterpreter& interpreter, const CompletePython& python);
+    EditorLanguage(JournalEditor* editor, CommandInterpreter& interpreter);
     /** Takes the colors and the key away; marks of wrong lines stay, and the current line's color until the
      * caret moves. */
     ~EditorLanguage() override;
@@ -75,7 +69,6 @@ private:
     /** The editor's. */
     QPointer<QTabWidget> mTabs;
     CommandInterpreter& mInterpreter;
-    CompletePython mCompletePython;
     bool mColors = true;
     bool mCompletes = true;
     /** When a document may have become one of another language or size. */

@@ -138,8 +138,8 @@ WindowParts::WindowParts(Ostrel* window, ConsoleOwner* console, const Services& 
       mJournalFiles(std::make_unique<JournalFiles>(
           window->journal_editor(),
           [report = services.report](const QString& text) { report(u"ERROR: "_s + text + u'\n'); })),
-      mEditorLanguage(std::make_unique<EditorLanguage>(
-          window->journal_editor(), Fennar::instance().interpreter(), services.complete_python)),
+      mEditorLanguage(
+          std::make_unique<EditorLanguage>(window->journal_editor(), Fennar::instance().interpreter())),
       mKeys(std::make_unique<WindowKeys>(window)),
       mDrops(std::make_unique<FileDrops>(window, console, services.run, services.report)),
       mFinder(std::make_unique<CommandFinder>(window, Fennar::instance().registry(),

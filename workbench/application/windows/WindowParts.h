@@ -3,8 +3,6 @@
 
 #pragma once
 
-#include "workbench/sdk/core/commands/LineCompletion.h"
-
 #include <QString>
 
 #include <functional>
@@ -36,9 +34,6 @@ public:
         std::function<void(const QString& command)> run;
         /** Puts the command's name where the user types, to be completed. */
         std::function<void(const QString& name)> write;
-        /** Completes a line of Python, of a statement that has begun on the lines @p before. */
-        std::function<LineCompletion(const QString& line, qsizetype caret, const QString& before)>
-            complete_python;
         /** Tells an error; whole lines. */
         std::function<void(const QString& text)> report;
     };

@@ -315,9 +315,7 @@ void TstEditorLanguage::everything_goes_with_it()
     JournalEditor other;
     other.add_document(u"histo"_s);
     QPlainTextEdit* document = current_journal(&other);
-    auto language = std::make_unique<EditorLanguage>(
-        &other, Fennar::instance().interpreter(),
-        [](const QString&, qsizetype caret, const QString&) { return LineCompletion{.start = caret}; });
+    auto language = std::make_unique<EditorLanguage>(&other, Fennar::instance().interpreter());
     flush();
     press_tab(document);
     QCOMPARE(colored(document), QStringList(u"history"_s));
@@ -335,7 +333,7 @@ void TstEditorLanguage::editor_may_go_first()
 {
     auto other = std::make_unique<JournalEditor>();
     other->add_document(u"set x"_s);
-    EditorLanguage language(other.get(), Fennar::instance().interpreter(), {});
+    EditorLanguage language(other.get(), Fennar::instance().interpreter());
     flush();
     other.reset();
     language.read_settings();
