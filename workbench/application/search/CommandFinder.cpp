@@ -136,7 +136,10 @@ QList<SearchEntry> CommandFinder::gather()
                                [this](const QString& name) { use_command(name); });
     QStringList pages = option_pages(mWindow->options());
     pages.removeAll(QCoreApplication::translate("Workbench", "Plugins")); // a group, even without pages
-    entries << gather_pages(pages, [this](const QString& page) { show_page(page); });
+    entries << gather_pages(pages, [this](const QString& page) {
+        if (option_pages(mWindow->options()).contains(page))
+            mWindow->options()->show_panel(page);
+    });
     entries << gather_recent_files(files);
     if (mBusy) {
         for (SearchEntry& entry : entries)
@@ -207,12 +210,6 @@ void CommandFinder::show_form(const QModelIndex& entry)
     panel->activateWindow();
     if (auto* form = panel->findChild<CommandForm*>())
         form->focus_first();
-}
-
-void CommandFinder::show_page(const QString& page)
-{
-    if (option_pages(mWindow->options()).contains(page))
-        mWindow->options()->show_panel(page);
 }
 
 } // namespace fennar

@@ -66,7 +66,6 @@ private:
     void run_later(const SearchEntry& entry);
     void use_command(const QString& name);
     void show_form(const QModelIndex& entry);
-    void show_page(const QString& page);
 
     QPointer<Ostrel> mWindow;
     const CommandRegistry& mRegistry;

@@ -94,7 +94,10 @@ CommandSearch::CommandSearch(QMainWindow* window, const QStringList& recent)
     mModel->set_recent(recent);
     mForm->field->installEventFilter(this);
     window->installEventFilter(this);
-    connect(mForm->field, &QLineEdit::textChanged, this, &CommandSearch::find);
+    connect(mForm->field, &QLineEdit::textChanged, this, [this](const QString& words) {
+        mModel->set_query(words);
+        choose_row(0);
+    });
     connect(mForm->list, &QTreeView::clicked, this, &CommandSearch::run_choice);
     connect(mForm->list->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &CommandSearch::show_choice);
@@ -156,12 +159,6 @@ bool CommandSearch::handle_key(QKeyEvent* event)
     default:
         return false;
     }
-}
-
-void CommandSearch::find(const QString& words)
-{
-    mModel->set_query(words);
-    choose_row(0);
 }
 
 /** Chooses the entry in @p row; none if there is no such row. */

@@ -61,7 +61,6 @@ protected:
 
 private:
     bool handle_key(QKeyEvent* event);
-    void find(const QString& words);
     void choose_row(int row);
     void show_choice();
     void measure(const QList<SearchEntry>& entries);

@@ -70,11 +70,9 @@ void DocumentKeeper::keep()
         if (!document)
             continue;
         shown.insert(document);
-        if (!mWatched.contains(document)) {
-            if (!document->document()->isModified())
-                continue;
-            watch(document);
-        }
+        if (!document->document()->isModified() && !mWatched.contains(document))
+            continue;
+        watch(document);
         look_at(document);
     }
     // A tab that was closed takes its document out of the tabs, not always out of the world.
@@ -103,22 +101,21 @@ void DocumentKeeper::watch(QPlainTextEdit* document)
         own.changed = true;
         own.time = QDateTime::currentDateTimeUtc();
     });
-    connect(document->document(), &QTextDocument::modificationChanged, this,
-            [this, document](bool modified) { modification_changed(document, modified); });
+    connect(document->document(), &QTextDocument::modificationChanged, this, [this, document](bool modified) {
+        Watched& own = mWatched[document];
+        own.changed = true;
+        // Whoever was told before may have found that it was not written whole.
+        if (modified || document->document()->isModified())
+            return;
+        drop_copy(own);
+        if (mTabs)
+            forget_origin(document, own);
+    });
     // Its text goes before it does, and must not be asked for any more.
-    connect(document->document(), &QObject::destroyed, this, [this, document] { forget(document); });
-}
-
-void DocumentKeeper::modification_changed(QPlainTextEdit* document, bool modified)
-{
-    Watched& watched = mWatched[document];
-    watched.changed = true;
-    // Whoever was told before may have found that it was not written whole.
-    if (modified || document->document()->isModified())
-        return;
-    drop_copy(watched);
-    if (mTabs)
-        forget_origin(document, watched);
+    connect(document->document(), &QObject::destroyed, this, [this, document] {
+        Watched gone = mWatched.take(document);
+        drop_copy(gone);
+    });
 }
 
 void DocumentKeeper::look_at(QPlainTextEdit* document)
@@ -207,15 +204,6 @@ void DocumentKeeper::drop_copy(Watched& watched)
     watched.kept = false;
     watched.changed = true;
     remove(watched.number);
-}
-
-void DocumentKeeper::forget(QObject* document)
-{
-    const auto watched = mWatched.find(document);
-    if (watched == mWatched.end())
-        return;
-    drop_copy(*watched);
-    mWatched.remove(document);
 }
 
 void DocumentKeeper::forget_origin(QPlainTextEdit* document, Watched& watched)

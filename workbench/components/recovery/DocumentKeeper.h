@@ -70,13 +70,11 @@ private:
     };
 
     void watch(QPlainTextEdit* document);
-    void modification_changed(QPlainTextEdit* document, bool modified);
     void look_at(QPlainTextEdit* document);
     void go_on();
     bool take_texts(const QDeadlineTimer& deadline);
     void write_document(QPlainTextEdit* document, Watched& watched);
     void drop_copy(Watched& watched);
-    void forget(QObject* document);
     void forget_origin(QPlainTextEdit* document, Watched& watched);
     void document_written(QObject* document, int number, const QString& error, bool lost);
 
