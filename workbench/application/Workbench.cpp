@@ -22,7 +22,6 @@
 #include "workbench/application/playback/JournalPlayer.h"
 #include "workbench/application/playback/RunRecord.h"
 #include "workbench/application/python/apply_python_paths.h"
-#include "workbench/application/python/python_command.h"
 #include "workbench/application/python/python_literal.h"
 #include "workbench/application/search/gather_entries.h"
 #include "workbench/application/windows/ColourScheme.h"
@@ -168,7 +167,6 @@ void Workbench::set_up_commands()
         return done;
     });
     fennar.playback().set_change_directory([] { return Broker::instance()->change_dir_on_playback(); });
-    register_python_command(fennar.registry());
     mWindowCommands = std::make_unique<WindowCommands>(
         fennar.registry(),
         [this] {

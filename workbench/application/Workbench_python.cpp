@@ -3,7 +3,9 @@
 
 // The part of the workbench that deals with Python, its own and that of another process.
 
+#include "host/fennar_python/FennarPythonInterpreter.h"
 #include "host/ostrelfw/Broker.h"
+#include "host/ostrelfw/Framework.h"
 #include "workbench/application/Workbench.h"
 #include "workbench/application/component_manager/ComponentManager.h"
 #include "workbench/application/console/ConsoleOwner.h"
@@ -16,6 +18,9 @@
 #include "workbench/host/fennar_python/make_python_interpreter.h"
 #include "workbench/host/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/host/ostrelfw/OutputRouter.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
+#include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/commands/Interrupt.h"
 
@@ -23,10 +28,48 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace fennar {
+
+namespace {
+
+/** "python STATEMENT...": the words, joined with blanks, are one Python source. */
+void run_python_command(CommandCall& call, const CommandArguments& arguments)
+{
+    const QByteArray source = arguments.texts("STATEMENT"_L1).join(u' ').toUtf8();
+    FennarPythonInterpreter* python = Framework::user_python_interpreter();
+    if (!python || !python->IsInitialized())
+        throw call.error(0, u"Python is not available"_s);
+    if (python->Run_SimpleString(source.constData()) != 0)
+        throw call.error(1, u"the Python statement failed"_s);
+}
+
+/** The command "python", which runs a statement as the user's own. */
+void register_python_command(CommandRegistry& registry)
+{
+    registry.add(
+        {.name = u"python"_s,
+         .summary = u"Runs a Python statement."_s,
+         .help = u"The words are joined with blanks. Quote the statement if it has quotes of its own, as\n"
+                 "    python 'print(\"done\")'"_s,
+         .owner = u"workbench"_s,
+         .perform = &run_python_command,
+         .forms = {{.clauses = {required_value({.name = u"STATEMENT"_s,
+                                                .kind = CommandParameter::Kind::Text,
+                                                .what = u"a Python statement"_s,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Statement"),
+                                                .repeated = true,
+                                                .example = u"print('done')"_s})}}},
+         .runs_commands = true,
+         .long_running = true});
+}
+
+} // namespace
 
 void Workbench::set_up_python()
 {
+    register_python_command(Fennar::instance().registry());
     PythonHooks hooks;
     hooks.output = [](const QString& text) { Broker::command << text; };
     hooks.error_output = [this](const QString& text) { report_error(text); };
