@@ -77,6 +77,34 @@ private:
     std::vector<ComponentRecord> mComponents;
 };
 
+/** Shows the versions of the components behind their names in the plugin tool, as they are when that opens.
+ */
+class PluginVersions : public QObject
+{
+public:
+    /** @param window  not null; outlives this object. */
+    explicit PluginVersions(Ostrel* window) : mWindow(window) { window->installEventFilter(this); }
+
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        QDialog* const tool = plugin_tool(mWindow);
+        QListWidget* const list = plugin_list(tool);
+        // The tool is made when it is shown for the first time.
+        if (list && object == mWindow && event->type() == QEvent::ChildPolished &&
+            static_cast<QChildEvent*>(event)->child() == tool) {
+            list->setItemDelegate(new VersionDelegate(list));
+            tool->installEventFilter(this);
+        }
+        // Just before it fills its list.
+        if (list && object == tool && event->type() == QEvent::Show)
+            static_cast<VersionDelegate*>(list->itemDelegate())->update();
+        return QObject::eventFilter(object, event);
+    }
+
+private:
+    Ostrel* const mWindow;
+};
+
 /** Fills the about dialog in. */
 void describe_product(Ostrel* window)
 {
@@ -105,34 +133,6 @@ void follow_unloaded_components(Ostrel* window)
 
 } // namespace
 
-/** Shows the versions of the components behind their names in the plugin tool, as they are when that opens.
- */
-class WindowParts::PluginVersions : public QObject
-{
-public:
-    /** @param window  not null; outlives this object. */
-    explicit PluginVersions(Ostrel* window) : mWindow(window) { window->installEventFilter(this); }
-
-    bool eventFilter(QObject* object, QEvent* event) override
-    {
-        QDialog* const tool = plugin_tool(mWindow);
-        QListWidget* const list = plugin_list(tool);
-        // The tool is made when it is shown for the first time.
-        if (list && object == mWindow && event->type() == QEvent::ChildPolished &&
-            static_cast<QChildEvent*>(event)->child() == tool) {
-            list->setItemDelegate(new VersionDelegate(list));
-            tool->installEventFilter(this);
-        }
-        // Just before it fills its list.
-        if (list && object == tool && event->type() == QEvent::Show)
-            static_cast<VersionDelegate*>(list->itemDelegate())->update();
-        return QObject::eventFilter(object, event);
-    }
-
-private:
-    Ostrel* const mWindow;
-};
-
 WindowParts::WindowParts(Ostrel* window, ConsoleOwner* console, const Services& services)
     : mContext(std::make_unique<ComponentContext>(u"fennar"_s)),
       mJournalFiles(std::make_unique<JournalFiles>(
@@ -143,8 +143,7 @@ WindowParts::WindowParts(Ostrel* window, ConsoleOwner* console, const Services& 
       mKeys(std::make_unique<WindowKeys>(window)),
       mDrops(std::make_unique<FileDrops>(window, console, services.run, services.report)),
       mFinder(std::make_unique<CommandFinder>(window, Fennar::instance().registry(),
-                                              CommandFinder::Services{services.run, services.write})),
-      mPluginVersions(std::make_unique<PluginVersions>(window))
+                                              CommandFinder::Services{services.run, services.write}))
 {
     window->set_title(u"Fennar"_s);
     describe_product(window);
@@ -158,6 +157,7 @@ WindowParts::WindowParts(Ostrel* window, ConsoleOwner* console, const Services& 
     mContext->add_options_page(QCoreApplication::translate("QtEditorOptions", "Journal Editor"), [this] {
         return make_editor_options([this] { mEditorLanguage->read_settings(); });
     });
+    mContext->make<PluginVersions>(window);
     follow_unloaded_components(window);
 }
 

@@ -46,8 +46,6 @@ public:
     void set_busy(bool busy);
 
 private:
-    class PluginVersions;
-
     /** What is added to the window as components add theirs. */
     const std::unique_ptr<ComponentContext> mContext;
     const std::unique_ptr<JournalFiles> mJournalFiles;
@@ -55,7 +53,6 @@ private:
     const std::unique_ptr<WindowKeys> mKeys;
     const std::unique_ptr<FileDrops> mDrops;
     const std::unique_ptr<CommandFinder> mFinder;
-    const std::unique_ptr<PluginVersions> mPluginVersions;
 };
 
 } // namespace fennar
