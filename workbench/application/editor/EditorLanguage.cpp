@@ -115,7 +115,7 @@ EditorLanguage::EditorLanguage(JournalEditor* editor, CommandInterpreter& interp
 
 EditorLanguage::~EditorLanguage()
 {
-    for (const QPlainTextEdit* document : documents()) {
+    for (const QPlainTextEdit* document : journal_documents(mTabs)) {
         delete document->findChild<EditorCompletion*>();
         if (DocumentMarks* marks = DocumentMarks::find(document->document()))
             marks->set_language(Language::None, nullptr);
@@ -136,19 +136,9 @@ bool EditorLanguage::eventFilter(QObject*, QEvent* event)
     return false;
 }
 
-QList<QPlainTextEdit*> EditorLanguage::documents() const
-{
-    QList<QPlainTextEdit*> all;
-    for (int tab = 0; mTabs && tab < mTabs->count(); ++tab) {
-        if (QPlainTextEdit* document = journal_document(mTabs->widget(tab)))
-            all << document;
-    }
-    return all;
-}
-
 void EditorLanguage::look_at_all()
 {
-    for (QPlainTextEdit* document : documents())
+    for (QPlainTextEdit* document : journal_documents(mTabs))
         look_at(document);
 }
 
@@ -199,7 +189,7 @@ EditorLanguage::Language EditorLanguage::colored_language(const QPlainTextEdit* 
 
 void EditorLanguage::color_commands_again()
 {
-    for (const QPlainTextEdit* document : documents()) {
+    for (const QPlainTextEdit* document : journal_documents(mTabs)) {
         DocumentMarks* marks = DocumentMarks::find(document->document());
         if (marks && marks->language() == Language::Commands)
             marks->color_again();

@@ -56,8 +56,6 @@ private slots:
 private:
     using Language = DocumentMarks::Language;
 
-    /** All that are open. */
-    QList<QPlainTextEdit*> documents() const;
     void look_at_all();
     void look_at(QPlainTextEdit* document);
     /** In which its words are to be colored. */

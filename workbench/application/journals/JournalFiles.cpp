@@ -171,7 +171,7 @@ void JournalFiles::check()
     if (!mTabs)
         return;
     follow_documents();
-    for (const QPointer<Document>& document : documents()) {
+    for (const QPointer<Document>& document : journal_documents(mTabs)) {
         if (document)
             look_at(document, false);
     }
@@ -192,26 +192,16 @@ bool JournalFiles::eventFilter(QObject* object, QEvent* event)
     if (event->type() != QEvent::Close || object != mEditor)
         return false;
     bool may_close_all = true;
-    for (const QPointer<Document>& document : documents())
+    for (const QPointer<Document>& document : journal_documents(mTabs))
         may_close_all = may_close(document) && may_close_all;
     if (!may_close_all)
         event->ignore();
     return !may_close_all;
 }
 
-QList<QPointer<QPlainTextEdit>> JournalFiles::documents() const
-{
-    QList<QPointer<Document>> all;
-    for (int tab = 0; mTabs && tab < mTabs->count(); ++tab) {
-        if (auto* document = qobject_cast<Document*>(mTabs->widget(tab)))
-            all << document;
-    }
-    return all;
-}
-
 void JournalFiles::follow_documents()
 {
-    for (const QPointer<Document>& document : documents())
+    for (const QPointer<Document>& document : journal_documents(mTabs))
         watch(document);
 }
 
@@ -443,13 +433,11 @@ void JournalFiles::compare(Document* document)
 
 bool asks_before_it_closes(const JournalEditor* editor)
 {
-    const QTabWidget* tabs = journal_tabs(editor);
-    for (int i = 0; i < tabs->count(); ++i) {
-        const QPlainTextEdit* document = journal_document(tabs->widget(i));
-        if (document && document->document()->isModified())
-            return JournalEditor::do_save_prompt();
-    }
-    return false;
+    const bool is_modified =
+        std::ranges::any_of(journal_documents(journal_tabs(editor)), [](const QPlainTextEdit* document) {
+            return document->document()->isModified();
+        });
+    return is_modified && JournalEditor::do_save_prompt();
 }
 
 } // namespace fennar

@@ -103,7 +103,6 @@ private:
     void ask(Document* document, bool insist);
     void reload(Document* document);
     void compare(Document* document);
-    QList<QPointer<Document>> documents() const;
 
     QPointer<JournalEditor> mEditor;
     /** The editor's; null if it has none. */

@@ -65,10 +65,7 @@ void DocumentKeeper::keep()
     if (!mTabs)
         return;
     QSet<QObject*> shown;
-    for (int tab = 0; tab < mTabs->count(); ++tab) {
-        auto* document = qobject_cast<QPlainTextEdit*>(mTabs->widget(tab));
-        if (!document)
-            continue;
+    for (QPlainTextEdit* document : journal_documents(mTabs)) {
         shown.insert(document);
         if (!document->document()->isModified() && !mWatched.contains(document))
             continue;

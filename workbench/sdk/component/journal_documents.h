@@ -6,7 +6,9 @@
 #include "journal/JournalDocument.h"
 #include "journal/JournalEditor.h"
 
+#include <QList>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QString>
 #include <QTabWidget>
 
@@ -25,6 +27,18 @@ inline QTabWidget* journal_tabs(const JournalEditor* editor)
 inline QPlainTextEdit* journal_document(QWidget* page)
 {
     return page && page->inherits("JournalDocument") ? qobject_cast<QPlainTextEdit*>(page) : nullptr;
+}
+
+/** The documents on all pages of the editor's tabs; none if that is null. What is done with one may delete
+ * others. */
+inline QList<QPointer<QPlainTextEdit>> journal_documents(const QTabWidget* tabs)
+{
+    QList<QPointer<QPlainTextEdit>> all;
+    for (int tab = 0; tabs && tab < tabs->count(); ++tab) {
+        if (QPlainTextEdit* document = journal_document(tabs->widget(tab)))
+            all << document;
+    }
+    return all;
 }
 
 /** The current document; null if there is none, or no editor. */
