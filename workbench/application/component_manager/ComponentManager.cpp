@@ -12,7 +12,6 @@
 #include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
-#include "workbench/sdk/core/commands/absent_command.h"
 
 #include <QApplication>
 #include <QDir>
@@ -126,13 +125,13 @@ ComponentManager::ComponentManager(CommandInterpreter& interpreter, const QStrin
     for (const QStringList crashed = mMark.take_crashed(); const QString& file : crashed)
         components_crashed.set(file, true);
     HostMediator::instance().set_component_source(this);
-    set_absent_command_hint([this](const QString& name) { return hint_for_command(name); });
+    mInterpreter.registry().set_absent_hint([this](const QString& name) { return hint_for_command(name); });
 }
 
 ComponentManager::~ComponentManager()
 {
     unload_all();
-    set_absent_command_hint(nullptr);
+    mInterpreter.registry().set_absent_hint(nullptr);
     HostMediator::instance().set_component_source(nullptr);
     // Code that has run stays, see the class comment.
 }

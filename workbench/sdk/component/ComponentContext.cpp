@@ -16,6 +16,7 @@
 #include "menus/OstrelToolsMenu.h"
 #include "menus/OstrelViewMenu.h"
 #include "options/OptionsPanel.h"
+#include "workbench/sdk/component/Component.h"
 #include "workbench/sdk/component/shell_parts.h"
 #include "workbench/sdk/core/commands/CommandSink.h"
 #include "workbench/sdk/core/commands/Fennar.h"
@@ -37,10 +38,15 @@ namespace fennar {
 namespace {
 
 /** An owner mark of its own for each addition, so that each step takes away its own and nothing else. */
-QByteArray make_mark(const QString& name)
+QString make_owner(const QString& name)
 {
     static int count = 0;
-    return name.toUtf8() + '#' + QByteArray::number(++count);
+    return name + u'#' + QString::number(++count);
+}
+
+QByteArray make_mark(const QString& name)
+{
+    return make_owner(name).toUtf8();
 }
 
 [[noreturn]] void refuse(const QString& reason)
@@ -71,6 +77,8 @@ Ostrel* present(const QPointer<Ostrel>& window)
 }
 
 } // namespace
+
+Component::~Component() = default;
 
 ComponentContext::ComponentContext(const QString& name, const std::function<void(const QString&)>& report)
     : mName(name), mReport(report), mWindow(Ostrel::instance())
@@ -149,7 +157,7 @@ void ComponentContext::offer_entities(const QString& kind, const CommandEntities
                                       const CommandEntities::Meaning& meaning)
 {
     CommandEntities& entities = Fennar::instance().registry().entities();
-    const QString mark = QString::fromUtf8(make_mark(mName));
+    const QString mark = make_owner(mName);
     on_end([&entities, mark] { entities.withdraw(mark); });
     entities.offer(kind, mark, names, meaning);
 }
@@ -157,14 +165,14 @@ void ComponentContext::offer_entities(const QString& kind, const CommandEntities
 void ComponentContext::add_undo(const UndoSteps::Source& take)
 {
     UndoSteps& steps = Fennar::instance().registry().steps();
-    const QString mark = QString::fromUtf8(make_mark(mName));
+    const QString mark = make_owner(mName);
     on_end([&steps, mark] { steps.remove_owner(mark); });
     steps.add_source(mark, take);
 }
 
 void ComponentContext::add_format(FileFormat format)
 {
-    format.owner = QString::fromUtf8(make_mark(mName));
+    format.owner = make_owner(mName);
     if (!FormatRegistry::instance().add(format))
         refuse(
             u"the format \"%1\", or one of its endings, is there already or not allowed"_s.arg(format.name));
@@ -173,40 +181,38 @@ void ComponentContext::add_format(FileFormat format)
 
 void ComponentContext::add_unsaved_work(UnsavedWork work)
 {
-    work.owner = QString::fromUtf8(make_mark(mName));
+    work.owner = make_owner(mName);
     if (!UnsavedWorks::instance().add(work))
         refuse(u"unsaved work of the kind \"%1\" is there already, or lacks something"_s.arg(work.kind));
     on_end([mark = work.owner] { UnsavedWorks::instance().remove_owner(mark); });
 }
 
-void ComponentContext::add_handler(ImportExportHandler& handler)
+bool ComponentContext::add_handler(std::unique_ptr<ImportExportHandler> handler,
+                                   bool (OstrelFileMenu::*add)(ImportExportHandler*))
 {
-    handler.mComponent = QString::fromUtf8(make_mark(mName));
-    on_end_in_window([mark = handler.mComponent.toUtf8(), added = &handler](Ostrel& window) {
+    Ostrel* const main = window();
+    if (!main || !handler || !(main->file_menu()->*add)(handler.get()))
+        return false;
+    ImportExportHandler* const added = handler.release();
+    added->mComponent = make_owner(mName);
+    on_end_in_window([mark = added->mComponent.toUtf8(), added](Ostrel& window) {
         // The menu has deleted it if it went first.
         if (OstrelFileMenu* const menu = window.file_menu()) {
             menu->remove_component_items(mark.constData());
             delete added;
         }
     });
+    return true;
 }
 
 bool ComponentContext::add_import(std::unique_ptr<ImportExportHandler> handler)
 {
-    Ostrel* const main = window();
-    if (!main || !handler || !main->file_menu()->add_import(handler.get()))
-        return false;
-    add_handler(*handler.release());
-    return true;
+    return add_handler(std::move(handler), &OstrelFileMenu::add_import);
 }
 
 bool ComponentContext::add_export(std::unique_ptr<ImportExportHandler> handler)
 {
-    Ostrel* const main = window();
-    if (!main || !handler || !main->file_menu()->add_export(handler.get()))
-        return false;
-    add_handler(*handler.release());
-    return true;
+    return add_handler(std::move(handler), &OstrelFileMenu::add_export);
 }
 
 void ComponentContext::set_open_save_handler(OpenSaveHandler& handler)
@@ -276,22 +282,15 @@ void ComponentContext::add_to_menu(const MenuPlace& place, const std::vector<QAc
     std::vector<QAction*> entries = actions;
     if (const auto* title = std::get_if<QString>(&place)) {
         main->add_to_menu(*title, entries, mark.constData());
-        return;
-    }
-    switch (std::get<FixedMenu>(place)) {
-    case FixedMenu::View:
+    } else if (place == MenuPlace(FixedMenu::View)) {
         main->view_menu()->add_items(entries, mark.constData());
-        break;
-    case FixedMenu::Tools:
+    } else if (place == MenuPlace(FixedMenu::Tools)) {
         main->tools_menu()->add_items(entries, mark.constData());
-        break;
-    case FixedMenu::Help:
+    } else if (place == MenuPlace(FixedMenu::Help)) {
         main->help_menu()->add_items(entries, mark.constData());
-        break;
-    case FixedMenu::Manuals:
+    } else {
         for (QAction* entry : entries)
             main->help_menu()->add_manual(entry, mark.constData());
-        break;
     }
 }
 
@@ -333,8 +332,7 @@ void ComponentContext::add_dock(QDockWidget* dock, Qt::DockWidgetArea area, Qt::
         return;
     const QByteArray mark = make_mark(mName);
     // The window forgets the entry in its view menu; the dock itself is for the component to delete.
-    QPointer<QDockWidget> own = dock;
-    on_end([own] { delete own; });
+    const QPointer<QDockWidget> own = delete_at_end(dock);
     on_end_in_window([mark, own](Ostrel& window) {
         window.remove_dock_window(mark.constData());
         if (own)
@@ -362,8 +360,7 @@ void ComponentContext::set_graphics_widget(QWidget* widget)
 {
     if (!widget)
         return;
-    const QPointer<QWidget> own = widget;
-    on_end([own] { delete own; });
+    const QPointer<QWidget> own = delete_at_end(widget);
     on_end_in_window([own](Ostrel& window) {
         if (own && window.graphics_widget() == own)
             window.set_graphics_widget(nullptr);
@@ -392,7 +389,7 @@ void ComponentContext::add_options_page(const QString& path, const std::function
     const OptionsPage page = make_page();
     if (!page.widget)
         return;
-    on_end([own = QPointer<QWidget>(page.widget)] { delete own; });
+    delete_at_end(page.widget);
     on_end_in_window([path](Ostrel& window) { window.options()->remove_panel(path); });
     panel->add_panel(path, page.widget);
     if (page.refresh)
@@ -420,8 +417,7 @@ void ComponentContext::add_console_page(const QString& title, QWidget* page)
 {
     if (!page)
         return;
-    const QPointer<QWidget> own = page;
-    on_end([own] { delete own; });
+    const QPointer<QWidget> own = delete_at_end(page);
     on_end_in_window([own](Ostrel& window) { window.command_line()->remove_command_tab(own); });
     if (Ostrel* const main = window())
         main->command_line()->add_command_tab(title, page);

@@ -23,6 +23,7 @@ class ComponentTracker;
 class ImportExportHandler;
 class OpenSaveHandler;
 class Ostrel;
+class OstrelFileMenu;
 class QAction;
 class QKeySequence;
 class QLabel;
@@ -252,7 +253,16 @@ private:
     }
     /** Notes a step that needs the main window, and is passed over once that is gone. */
     void on_end_in_window(const std::function<void(Ostrel& window)>& step);
-    void add_handler(ImportExportHandler& handler);
+    /** Has an object deleted at the end, if it is still there then. */
+    template <typename T>
+    QPointer<T> delete_at_end(T* object)
+    {
+        const QPointer<T> own = object;
+        on_end([own] { delete own; });
+        return own;
+    }
+    bool add_handler(std::unique_ptr<ImportExportHandler> handler,
+                     bool (OstrelFileMenu::*add)(ImportExportHandler*));
 
     QString mName;
     std::function<void(const QString&)> mReport;

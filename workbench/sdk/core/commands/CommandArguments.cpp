@@ -380,11 +380,6 @@ int CommandArguments::integer(QLatin1StringView key) const
     return int(parse_integer(values(key).value(0).text).value_or(0));
 }
 
-QString CommandArguments::text(QLatin1StringView key) const
-{
-    return values(key).value(0).text;
-}
-
 QStringList CommandArguments::texts(QLatin1StringView key) const
 {
     QStringList texts;

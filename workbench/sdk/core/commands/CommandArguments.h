@@ -51,7 +51,7 @@ public:
     int integer(QLatin1StringView key) const;
     /** A text, a choice or the name of an entity, even if that was given by its number or the like; empty if
      * it is not given and has no default. */
-    QString text(QLatin1StringView key) const;
+    QString text(QLatin1StringView key) const { return values(key).value(0).text; }
     /** All values, as text(). */
     QStringList texts(QLatin1StringView key) const;
 

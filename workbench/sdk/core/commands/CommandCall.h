@@ -3,24 +3,25 @@
 
 #pragma once
 
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandValue.h"
+#include "workbench/sdk/core/commands/Interrupt.h"
 #include "workbench/sdk/core/commands/tokenize.h"
-#include "workbench/sdk/core/export.h"
 
 namespace fennar {
-
-class CommandInterpreter;
 
 /**
  * One call of a command, as the command sees it beside its arguments, which are a CommandArguments.
  *
  * Word 0 is the command's name. The object lives as long as the call.
  */
-class FENNAR_CORE_EXPORT CommandCall
+class CommandCall
 {
 public:
     /** For the interpreter. Neither is owned; both outlive the call. */
-    CommandCall(const CommandWords& words, CommandInterpreter& interpreter);
+    CommandCall(const CommandWords& words, CommandInterpreter& interpreter)
+        : mWords(words), mInterpreter(interpreter)
+    {}
 
     /** The number of words, the command's name included. */
     qsizetype count() const { return mWords.words.size(); }
@@ -30,13 +31,13 @@ public:
     qsizetype column(qsizetype i) const { return mWords.column(i); }
 
     /** An error at word @p i with a message of its own. To be thrown. */
-    CommandError error(qsizetype i, const QString& message) const;
+    CommandError error(qsizetype i, const QString& message) const { return CommandError(message, column(i)); }
 
     /** Prints on the interpreter's output; @p text brings its own line ends. In the workbench this gives the
      * shell a turn now and then, so that a command that prints in a loop need only test interrupted(). */
-    void print(const QString& text);
+    void print(const QString& text) { mInterpreter.print(text); }
     /** Whether the user wants the command to stop. A long command tests it and throws. */
-    bool interrupted() const;
+    bool interrupted() const { return interrupt_requested(); }
 
     /** Sets what the command returns to a caller that is a program; it must fit Command::result. Without it,
      * that is nothing. A command that throws returns nothing. */

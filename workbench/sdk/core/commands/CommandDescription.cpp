@@ -101,16 +101,6 @@ QString number_range(const CommandParameter& parameter)
     return text;
 }
 
-CommandClause required_value(const CommandParameter& parameter)
-{
-    return {.parameters = {parameter}};
-}
-
-CommandClause optional_value(const CommandParameter& parameter)
-{
-    return {.parameters = {parameter}, .optional = true};
-}
-
 QString command_usage(const QString& name, const QList<CommandSyntax>& forms)
 {
     QStringList ways;

@@ -144,9 +144,15 @@ struct CommandSyntax
 FENNAR_CORE_EXPORT QString number_range(const CommandParameter& parameter);
 
 /** A clause that must be there. */
-FENNAR_CORE_EXPORT CommandClause required_value(const CommandParameter& parameter);
+inline CommandClause required_value(const CommandParameter& parameter)
+{
+    return {.parameters = {parameter}};
+}
 /** A clause that may be left out. Behind another one without a keyword it needs that one. */
-FENNAR_CORE_EXPORT CommandClause optional_value(const CommandParameter& parameter);
+inline CommandClause optional_value(const CommandParameter& parameter)
+{
+    return {.parameters = {parameter}, .optional = true};
+}
 
 /**
  * How the command is written, as "play FILE [LINE]": brackets around what may be left out, "..." behind what

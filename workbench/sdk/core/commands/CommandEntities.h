@@ -54,9 +54,6 @@ public:
     /** Tells, for the end of an error, what to do about a word that is nothing's name; may be empty. */
     using Remedy = std::function<QString(const QString& word)>;
 
-    CommandEntities() = default;
-    ~CommandEntities() override;
-
     /**
      * Offers a kind, in the place of who has offered it before. The functions are called whenever they are
      * needed.
@@ -123,6 +120,14 @@ private:
     };
     QMap<QString, Offer> mOffers;
 };
+
+/**
+ * The name of @p names that @p typed most likely was meant to be; empty if none is near.
+ *
+ * Counted are letters put in, left out, changed, or swapped with their neighbour. A third of the letters of
+ * the typed word may be wrong, and always one. Of equally near names the first wins.
+ */
+FENNAR_CORE_EXPORT QString nearest_name(const QString& typed, const QStringList& names);
 
 /**
  * What is selected, as values of a form, one entry for each clause: a value that is a single entity takes the

@@ -29,13 +29,6 @@ QString one_line(const QString& text)
     return result;
 }
 
-/** A text that ends in a continued line. */
-CommandError continued(const ContinuedCommand& lines)
-{
-    return CommandError(u"expected another line behind the backslash, found the end of the text"_s,
-                        lines.text().size() + 1);
-}
-
 /** A first word that is longer is no name of a command, and messages do not begin with it. */
 constexpr qsizetype longest_name = 60;
 
@@ -64,8 +57,6 @@ struct CommandInterpreter::Call
 
 CommandInterpreter::CommandInterpreter(CommandRegistry& registry) : mRegistry(registry) {}
 
-CommandInterpreter::~CommandInterpreter() = default;
-
 CommandInterpreter::Result CommandInterpreter::enter(const QString& line)
 {
     if (!mEntered.add(line))
@@ -80,32 +71,24 @@ CommandInterpreter::Result CommandInterpreter::run(const QString& text, const QS
 {
     const InterruptScope scope;
     const bool tell_line = text.indexOf(u'\n') >= 0 && text.indexOf(u'\n') < text.size() - 1;
-    ContinuedCommand lines;
-    qsizetype line_number = first_line;
-    qsizetype command_line = first_line;
-    for (qsizetype start = 0; start < text.size(); ++line_number) {
-        const qsizetype line_end = text.indexOf(u'\n', start);
-        const qsizetype end = line_end < 0 ? text.size() : line_end + 1;
-        if (lines.is_empty()) {
-            command_line = line_number;
-            if (start > 0 && interrupt_requested()) {
-                report_at(nullptr, CommandError(u"interrupted before line %1"_s.arg(line_number)));
-                return Result::Failed;
-            }
+    qsizetype line = first_line;
+    for (qsizetype start = 0; start < text.size();) {
+        if (start > 0 && interrupt_requested()) {
+            report_at(nullptr, CommandError(u"interrupted before line %1"_s.arg(line)));
+            return Result::Failed;
         }
-        if (lines.add(QStringView(text).sliced(start, end - start))) {
-            if (execute({lines, file, command_line, tell_line}) == Result::Failed)
-                return Result::Failed;
-            lines.clear();
+        const ContinuedCommand lines = ContinuedCommand::read(text, start);
+        const Source source{lines, file, line, tell_line};
+        if (lines.is_incomplete()) {
+            const Call call{source, {}, nullptr};
+            report_at(&call, lines.unended());
+            return Result::Failed;
         }
-        start = end;
+        if (execute(source) == Result::Failed)
+            return Result::Failed;
+        line += lines.line_count();
     }
-    if (!lines.is_incomplete())
-        return Result::Done;
-    const Source source{lines, file, command_line, tell_line};
-    const Call call{source, {}, nullptr};
-    report_at(&call, continued(lines));
-    return Result::Failed;
+    return Result::Done;
 }
 
 CommandInterpreter::Outcome CommandInterpreter::call(const QString& line)
@@ -118,19 +101,9 @@ CommandInterpreter::Outcome CommandInterpreter::call(const QString& line)
         execute(source, &outcome);
     } else {
         const Call call{source, {}, nullptr};
-        outcome.failure = failure_of(&call, continued(lines));
+        outcome.failure = failure_of(&call, lines.unended());
     }
     return outcome;
-}
-
-void CommandInterpreter::print(const QString& text) const
-{
-    mOutput(text);
-}
-
-void CommandInterpreter::print_error(const QString& text) const
-{
-    mErrorOutput(text);
 }
 
 void CommandInterpreter::report(const QString& message) const

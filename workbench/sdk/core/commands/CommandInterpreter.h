@@ -88,7 +88,6 @@ public:
 
     /** @param registry  not owned; outlives the interpreter. */
     explicit CommandInterpreter(CommandRegistry& registry);
-    ~CommandInterpreter();
 
     /** Where output goes; null drops it. The texts bring their own line ends. */
     void set_output(const Output& output) { mOutput = output; }
@@ -141,9 +140,9 @@ public:
     const CommandFailure& last_failure() const { return mLastFailure; }
 
     /** Prints on the output. */
-    void print(const QString& text) const;
+    void print(const QString& text) const { mOutput(text); }
     /** Prints on the error output. */
-    void print_error(const QString& text) const;
+    void print_error(const QString& text) const { mErrorOutput(text); }
     /** Reports an error in the name of the command that runs, if any; one line without "ERROR". */
     void report(const QString& message) const;
 

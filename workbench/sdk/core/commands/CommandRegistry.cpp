@@ -3,8 +3,6 @@
 
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
-#include "workbench/sdk/core/commands/absent_command.h"
-#include "workbench/sdk/core/commands/nearest_name.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QCoreApplication>
@@ -20,19 +18,9 @@ QString command_entity()
     return u"command"_s;
 }
 
-bool Command::may_make(const QString& kind) const
-{
-    return runs_commands || makes.contains(kind) || makes.contains(any_kind);
-}
-
 QString Command::translated_summary() const
 {
     return QCoreApplication::translate("Command", summary.toUtf8().constData());
-}
-
-QString Command::usage() const
-{
-    return command_usage(name, forms);
 }
 
 QString Command::notes() const
@@ -60,7 +48,7 @@ CommandRegistry::CommandRegistry()
     mEntities.offer(
         command_entity(), {}, [this] { return names(); }, {},
         [this](const QString& word) {
-            const QString hint = absent_command_hint(word);
+            const QString hint = mAbsentHint(word);
             const QString nearest = hint.isEmpty() ? nearest_name(word, names()) : QString();
             return nearest.isEmpty() ? hint : u"did you mean \"%1\"?"_s.arg(nearest);
         });

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "workbench/sdk/core/commands/Callback.h"
 #include "workbench/sdk/core/commands/CommandDescription.h"
 #include "workbench/sdk/core/commands/CommandEntities.h"
 #include "workbench/sdk/core/commands/CommandError.h"
@@ -60,9 +61,12 @@ struct Command
     /** The summary in the user's language, from the context "Command" of the translators. */
     FENNAR_CORE_EXPORT QString translated_summary() const;
     /** Whether entities of the kind may come by it that its line does not tell. */
-    FENNAR_CORE_EXPORT bool may_make(const QString& kind) const;
+    bool may_make(const QString& kind) const
+    {
+        return runs_commands || makes.contains(kind) || makes.contains(any_kind);
+    }
     /** How the command is written, as "set [NAME [VALUE...]]". */
-    FENNAR_CORE_EXPORT QString usage() const;
+    QString usage() const { return command_usage(name, forms); }
     /** What the flags mean to the user, in whole sentences; empty if none is set. */
     FENNAR_CORE_EXPORT QString notes() const;
 };
@@ -110,6 +114,9 @@ public:
     QStringList names() const { return mCommands.keys(); }
     /** The error that @p name is no command, with the one that was most likely meant. */
     CommandError not_found(const QString& name, qsizetype column) const;
+    /** Sets who tells how a command that is not there can be had, as the end of a sentence; empty for one
+     * that nobody brings. Null for nobody, as at first. */
+    void set_absent_hint(const CommandEntities::Remedy& hint) { mAbsentHint = hint; }
 
     /** The line that runs a command on what is selected, without what may be left out; @p name alone if there
      * is no such command. */
@@ -125,6 +132,7 @@ public:
     const UndoSteps& steps() const { return mSteps; }
 
 private:
+    Callback<QString(const QString&)> mAbsentHint;
     CommandEntities mEntities;
     UndoSteps mSteps;
     QMap<QString, std::shared_ptr<const Command>> mCommands;

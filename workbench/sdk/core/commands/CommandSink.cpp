@@ -3,30 +3,29 @@
 
 #include "workbench/sdk/core/commands/CommandSink.h"
 
+#include "workbench/sdk/core/commands/Callback.h"
+
 namespace fennar {
 
 namespace {
 
-std::function<void(const QString&)>& command_sink()
+Callback<void(const QString&)>& command_sink()
 {
-    static std::function<void(const QString&)> sink;
+    static Callback<void(const QString&)> sink;
     return sink;
 }
 
 } // namespace
 
-void set_command_sink(std::function<void(const QString&)> sink)
+void set_command_sink(const std::function<void(const QString&)>& sink)
 {
-    command_sink() = std::move(sink);
+    command_sink() = sink;
 }
 
 void send_command(const QString& line)
 {
-    // Copies, since the sink may replace itself and delete the owner of the text while it runs.
-    const auto sink = command_sink();
-    const QString text = line;
-    if (sink)
-        sink(text);
+    // A copy, since the sink may delete the owner of the text while it runs.
+    command_sink()(QString(line));
 }
 
 } // namespace fennar

@@ -17,7 +17,7 @@ namespace fennar {
  *
  * The sink runs inside the click on "Apply" and may do anything, also set another sink or delete the panel.
  */
-FENNAR_CORE_EXPORT void set_command_sink(std::function<void(const QString&)> sink);
+FENNAR_CORE_EXPORT void set_command_sink(const std::function<void(const QString&)>& sink);
 
 /** Hands @p line to the sink. */
 FENNAR_CORE_EXPORT void send_command(const QString& line);

@@ -45,26 +45,6 @@ bool CommandType::fits(const CommandValue& value) const
     }
 }
 
-CommandType entity_type(const QString& kind)
-{
-    return {.kind = CommandType::Kind::Entity, .entity = kind};
-}
-
-CommandType list_type(const CommandType& of)
-{
-    return {.kind = CommandType::Kind::List, .of = {of}};
-}
-
-CommandType map_type(const CommandType& of)
-{
-    return {.kind = CommandType::Kind::Map, .of = {of}};
-}
-
-CommandType array_type(CommandType::Kind of)
-{
-    return {.kind = CommandType::Kind::Array, .of = {{.kind = of}}};
-}
-
 CommandType record_type(const QString& name, const QList<std::pair<QString, CommandType>>& fields)
 {
     CommandType type{.kind = CommandType::Kind::Record, .entity = name};

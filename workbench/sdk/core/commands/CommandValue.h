@@ -86,13 +86,25 @@ struct FENNAR_CORE_EXPORT CommandType
 };
 
 /** The type of a reference to an entity of that kind. */
-FENNAR_CORE_EXPORT CommandType entity_type(const QString& kind);
+inline CommandType entity_type(const QString& kind)
+{
+    return {.kind = CommandType::Kind::Entity, .entity = kind};
+}
 /** The type of a list of such values. */
-FENNAR_CORE_EXPORT CommandType list_type(const CommandType& of);
+inline CommandType list_type(const CommandType& of)
+{
+    return {.kind = CommandType::Kind::List, .of = {of}};
+}
 /** The type of a map of such values. */
-FENNAR_CORE_EXPORT CommandType map_type(const CommandType& of);
+inline CommandType map_type(const CommandType& of)
+{
+    return {.kind = CommandType::Kind::Map, .of = {of}};
+}
 /** The type of an array of such numbers, Number or WholeNumber. */
-FENNAR_CORE_EXPORT CommandType array_type(CommandType::Kind of);
+inline CommandType array_type(CommandType::Kind of)
+{
+    return {.kind = CommandType::Kind::Array, .of = {{.kind = of}}};
+}
 /** The type of a record; each field has a name that an EntityProperty could have, and a type. */
 FENNAR_CORE_EXPORT CommandType record_type(const QString& name,
                                            const QList<std::pair<QString, CommandType>>& fields);

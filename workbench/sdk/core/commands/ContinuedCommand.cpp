@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace fennar {
 
 bool ContinuedCommand::add(QStringView line)
@@ -21,9 +23,22 @@ bool ContinuedCommand::add(QStringView line)
     return !mIncomplete;
 }
 
-void ContinuedCommand::clear()
+ContinuedCommand ContinuedCommand::read(QStringView text, qsizetype& start)
 {
-    *this = ContinuedCommand();
+    ContinuedCommand command;
+    for (bool complete = false; !complete && start < text.size();) {
+        const qsizetype found = text.indexOf(u'\n', start);
+        const qsizetype end = found < 0 ? text.size() : found + 1;
+        complete = command.add(text.sliced(start, end - start));
+        start = end;
+    }
+    return command;
+}
+
+CommandError ContinuedCommand::unended() const
+{
+    return CommandError(u"expected another line behind the backslash, found the end of the text"_s,
+                        mText.size() + 1);
 }
 
 ContinuedCommand::Position ContinuedCommand::position(qsizetype column) const

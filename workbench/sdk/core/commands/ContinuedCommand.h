@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "workbench/sdk/core/commands/CommandError.h"
 #include "workbench/sdk/core/export.h"
 
 #include <QList>
@@ -34,17 +35,23 @@ public:
      * @return whether the command is complete.
      */
     bool add(QStringView line);
+    /**
+     * The command that begins at index @p start of a text of several lines, which then is where the next one
+     * begins. It is incomplete if the text ends in a continued line.
+     */
+    static ContinuedCommand read(QStringView text, qsizetype& start);
     /** Forgets all lines. */
-    void clear();
+    void clear() { *this = ContinuedCommand(); }
 
-    /** Whether no line has come yet. */
-    bool is_empty() const { return mStarts.isEmpty(); }
     /** Whether lines have come and another one is needed. */
     bool is_incomplete() const { return mIncomplete; }
     /** How many lines have come. */
     qsizetype line_count() const { return mStarts.size(); }
     /** The lines so far, joined. */
     const QString& text() const { return mText; }
+
+    /** The error that another line is needed, and the text has none. */
+    CommandError unended() const;
 
     /** Where the character at @p column (an index into text(), plus 1) was typed. */
     Position position(qsizetype column) const;

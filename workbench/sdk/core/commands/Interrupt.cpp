@@ -14,11 +14,6 @@ int open_scopes = 0;
 
 } // namespace
 
-bool interrupt_requested()
-{
-    return interrupt_requests() > 0;
-}
-
 int interrupt_requests()
 {
     return requests.load(std::memory_order_relaxed);

@@ -7,11 +7,15 @@
 
 namespace fennar {
 
-/** Whether the user has asked the running work to stop. Cheap, and safe from any thread. */
-FENNAR_CORE_EXPORT bool interrupt_requested();
-
-/** How often he has, which tells a request from the one before it. Safe from any thread. */
+/** How often the user has asked the running work to stop, which tells a request from the one before it.
+ * Cheap, and safe from any thread. */
 FENNAR_CORE_EXPORT int interrupt_requests();
+
+/** Whether he has. Cheap, and safe from any thread. */
+inline bool interrupt_requested()
+{
+    return interrupt_requests() > 0;
+}
 
 /** Asks the running work to stop. Safe from any thread. */
 FENNAR_CORE_EXPORT void request_interrupt();

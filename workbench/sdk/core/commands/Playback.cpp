@@ -6,6 +6,7 @@
 #include "workbench/sdk/core/commands/CommandEntities.h"
 #include "workbench/sdk/core/commands/CommandError.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
+#include "workbench/sdk/core/commands/ContinuedCommand.h"
 #include "workbench/sdk/core/commands/Interrupt.h"
 #include "workbench/sdk/core/commands/read_journal_text.h"
 #include "workbench/sdk/core/commands/tokenize.h"
@@ -41,27 +42,6 @@ bool is_continued(QStringView text, qsizetype start)
         before.chop(1);
     return before.endsWith(u'\\');
 }
-
-/** A line of a text and the lines that it is continued by. */
-struct CommandLines
-{
-    explicit CommandLines(QStringView text)
-    {
-        for (bool continued = true; continued && size < text.size();) {
-            const qsizetype found = text.indexOf(u'\n', size);
-            QStringView line = text.sliced(size, (found < 0 ? text.size() : found) - size);
-            size = found < 0 ? text.size() : found + 1;
-            if (line.endsWith(u'\r'))
-                line.chop(1);
-            continued = line.endsWith(u'\\');
-            lines.append(line.toString());
-        }
-    }
-
-    QStringList lines;
-    /** How much of the text they take, line ends included. */
-    qsizetype size = 0;
-};
 
 QString place_of(const QString& name, qsizetype line)
 {
@@ -167,16 +147,6 @@ void Playback::script_reached(qsizetype line)
     wait_while_paused(line > 0 ? u"in "_s + place_of(script.name, line) : u"in "_s + script.name);
 }
 
-void Playback::pause()
-{
-    set_paused(true);
-}
-
-void Playback::resume()
-{
-    set_paused(false);
-}
-
 void Playback::stop()
 {
     mStop = is_playing();
@@ -266,7 +236,6 @@ Playback::Outcome Playback::play_journal(const Script& script, Parameters& param
     qsizetype line = script.first_line;
     qsizetype last_command = line;
     for (qsizetype start = 0; start < text.size();) {
-        const CommandLines command(text.sliced(start));
         if (mDepth == 1)
             show_progress(script, int(start * 100 / text.size()));
         if (const Outcome outcome = turn_and_wait(place_of(script.name, line)); outcome != Outcome::Played) {
@@ -274,18 +243,20 @@ Playback::Outcome Playback::play_journal(const Script& script, Parameters& param
             hint(script, line);
             return outcome;
         }
-        for (const QString& one : command.lines)
-            mEcho(one);
+        const qsizetype begin = start;
+        const qsizetype line_count = ContinuedCommand::read(text, start).line_count();
+        const QString command = text.sliced(begin, start - begin).toString();
+        const QStringList echoed = command.split(u'\n').first(line_count);
+        for (const QString& one : echoed)
+            mEcho(one.endsWith(u'\r') ? one.chopped(1) : one);
         mInnerEnded = false;
         parameters.lines = line - script.first_line;
-        const bool done = mInterpreter.run(text.sliced(start, command.size).toString(), script.name, line) !=
-                          CommandInterpreter::Result::Failed;
+        const bool done = mInterpreter.run(command, script.name, line) != CommandInterpreter::Result::Failed;
         const Outcome ended = test_end();
         const Outcome outcome = ended == Outcome::Played && !done ? Outcome::Failed : ended;
         const bool inner = mInnerEnded && outcome != Outcome::Played;
         last_command = line;
-        start += command.size;
-        line += command.lines.size();
+        line += line_count;
         if (outcome == Outcome::Played)
             continue;
         if (inner)

@@ -152,9 +152,9 @@ public:
     /** A number for the outermost journal that is being played, which no other gets; 0 if there is none. */
     int journal_number() const { return is_playing() ? mJournals : 0; }
     /** Makes playback wait before its next command. Stays on until resume() or stop(), also between files. */
-    void pause();
+    void pause() { set_paused(true); }
     /** Ends a pause. */
-    void resume();
+    void resume() { set_paused(false); }
     /** Whether playback waits before its next command. */
     bool is_paused() const { return mPaused; }
     /** Ends all levels of playback behind the command that runs. Ends a pause, too. */

@@ -20,10 +20,6 @@ qint64 UndoSteps::Step::memory(bool done) const
     return bytes;
 }
 
-UndoSteps::UndoSteps() = default;
-
-UndoSteps::~UndoSteps() = default;
-
 void UndoSteps::add_source(const QString& owner, const Source& source)
 {
     if (source)
@@ -75,16 +71,6 @@ void UndoSteps::commit(const QString& command)
     ++mDone;
     drop_surplus();
     emit changed();
-}
-
-std::size_t UndoSteps::undo(bool single)
-{
-    return move(true, single);
-}
-
-std::size_t UndoSteps::redo(bool single)
-{
-    return move(false, single);
 }
 
 std::size_t UndoSteps::move(bool back, bool single)

@@ -63,9 +63,6 @@ public:
         qint64 memory(bool done) const;
     };
 
-    UndoSteps();
-    ~UndoSteps() override;
-
     /** Asks @p source from the next step on. Null is ignored. */
     void add_source(const QString& owner, const Source& source);
     /** Asks the sources of @p owner no more. If there are any, all steps are dropped. */
@@ -97,9 +94,9 @@ public:
      * @param single  one step even if it was part of a journal.
      * @return how many steps that were; 0 if there is none, or if it is called by what one of them changes.
      */
-    std::size_t undo(bool single);
+    std::size_t undo(bool single) { return move(true, single); }
     /** The same forwards. */
-    std::size_t redo(bool single);
+    std::size_t redo(bool single) { return move(false, single); }
 
     /** About how many bytes the steps keep from being freed. */
     qint64 memory() const { return mMemory; }

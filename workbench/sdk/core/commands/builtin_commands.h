@@ -14,8 +14,11 @@
 
 namespace fennar {
 
+class CommandCall;
 class CommandInterpreter;
+class CommandRegistry;
 class Playback;
+class UndoSteps;
 
 /** The lines typed so far, the oldest one first. */
 using HistorySource = std::function<QStringList()>;
@@ -38,5 +41,11 @@ FENNAR_CORE_EXPORT QList<CommandFileFilter> journal_filters();
  */
 FENNAR_CORE_EXPORT void register_builtin_commands(CommandInterpreter& interpreter, Playback& playback,
                                                   const BuiltinServices& services);
+
+/** Adds undo and redo of the registry's steps alone. */
+FENNAR_CORE_EXPORT void register_step_commands(CommandRegistry& registry, const QString& owner);
+
+/** Prints the steps, those that were undone with a mark. */
+FENNAR_CORE_EXPORT void list_steps(CommandCall& call, const UndoSteps& steps);
 
 } // namespace fennar

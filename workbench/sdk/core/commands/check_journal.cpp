@@ -63,24 +63,14 @@ public:
 
     QList<JournalFault> check(const QString& text)
     {
-        ContinuedCommand lines;
         qsizetype first = 1;
-        qsizetype number = 1;
-        for (qsizetype start = 0; start < text.size(); ++number) {
-            const qsizetype found = text.indexOf(u'\n', start);
-            const qsizetype end = found < 0 ? text.size() : found + 1;
-            if (lines.is_empty())
-                first = number;
-            if (lines.add(QStringView(text).sliced(start, end - start))) {
+        for (qsizetype start = 0; start < text.size();) {
+            const ContinuedCommand lines = ContinuedCommand::read(text, start);
+            if (lines.is_incomplete())
+                tell(lines, first, {}, lines.unended());
+            else
                 check_command(lines, first);
-                lines.clear();
-            }
-            start = end;
-        }
-        if (lines.is_incomplete()) {
-            tell(lines, first, {},
-                 CommandError(u"expected another line behind the backslash, found the end of the text"_s,
-                              lines.text().size() + 1));
+            first += lines.line_count();
         }
         return mFaults;
     }

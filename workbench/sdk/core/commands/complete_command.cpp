@@ -147,19 +147,24 @@ QStringList given_to(const Wanted& wanted, const CommandSyntax& form, const Form
 /** Whether what was read as numbers is some. */
 bool holds_numbers(const CommandSyntax& form, const FormReading& reading, const QStringList& words)
 {
-    for (qsizetype i = 0; i < form.clauses.size(); ++i) {
-        const FormReading::Clause values = reading.clauses[i].value_or(FormReading::Clause());
-        for (qsizetype j = 0; j < values.size(); ++j) {
-            const Kind kind = form.clauses[i].parameters[j].kind;
-            if (kind != Kind::Number && kind != Kind::WholeNumber)
-                continue;
-            for (const qsizetype word : values[j]) {
-                if (!parse_number(words[word]))
-                    return false;
-            }
-        }
+    const auto is_number = [](const CommandParameter& parameter) {
+        return parameter.kind == Kind::Number || parameter.kind == Kind::WholeNumber;
+    };
+    return std::ranges::all_of(given_to(is_number, form, reading, words),
+                               [](const QString& word) { return parse_number(word).has_value(); });
+}
+
+/** What all texts begin with. */
+QString common_beginning(const QStringList& texts)
+{
+    QString common = texts.value(0);
+    for (const QString& text : texts) {
+        const auto end = std::mismatch(common.begin(), common.end(), text.begin(), text.end()).first;
+        common.truncate(end - common.begin());
     }
-    return true;
+    if (!common.isEmpty() && common.back().isHighSurrogate())
+        common.chop(1);
+    return common;
 }
 
 /** Puts candidates together that begin with what was typed. */
@@ -197,16 +202,8 @@ public:
         mResult.followed = mTexts.size() == 1 && !mMore;
         std::sort(mResult.candidates.begin(), mResult.candidates.end(),
                   [](const auto& a, const auto& b) { return a.shown < b.shown; });
-        if (!mTexts.isEmpty()) {
-            QString common = mTexts.first();
-            for (const QString& text : std::as_const(mTexts)) {
-                const auto end = std::mismatch(common.begin(), common.end(), text.begin(), text.end()).first;
-                common.truncate(end - common.begin());
-            }
-            if (!common.isEmpty() && common.back().isHighSurrogate())
-                common.chop(1);
-            mResult.common = written(common, mQuote, false);
-        }
+        if (!mTexts.isEmpty())
+            mResult.common = written(common_beginning(mTexts), mQuote, false);
         return mResult;
     }
 
@@ -274,20 +271,11 @@ LineCompletion complete_variable(const QString& before, qsizetype start, const C
     result.start = start;
     const QString typed = before.sliced(start);
     const bool brace = before[start - 1] == u'{';
-    const QStringList names = variables.names();
-    for (const QString& name : names) {
-        if (!name.startsWith(typed))
-            continue;
+    QStringList names = variables.names();
+    names.removeIf([&typed](const QString& name) { return !name.startsWith(typed); });
+    for (const QString& name : std::as_const(names))
         result.candidates << LineCompletion::Candidate{name, brace ? name + u'}' : name};
-        if (result.candidates.size() == 1) {
-            result.common = name;
-            continue;
-        }
-        qsizetype same = 0;
-        while (same < std::min(result.common.size(), name.size()) && result.common[same] == name[same])
-            ++same;
-        result.common.truncate(same);
-    }
+    result.common = common_beginning(names);
     return result;
 }
 
@@ -313,12 +301,6 @@ Expected expected_next(const Command& command, const Typed& typed)
         }
     }
     return expected;
-}
-
-void add_all(Collector& collector, const QStringList& texts)
-{
-    for (const QString& text : texts)
-        collector.add(text);
 }
 
 /** The names that can still be given; each once only where they must be distinct. */
@@ -430,7 +412,8 @@ LineCompletion complete_command(const QString& line, qsizetype caret, const Comm
 
     Collector words(typed.word, typed.start, Quote::None);
     if (typed.words.isEmpty()) {
-        add_all(words, registry.names());
+        for (const QString& name : registry.names())
+            words.add(name);
         return words.result();
     }
     const std::shared_ptr<const Command> command = registry.find(typed.words[0].text);

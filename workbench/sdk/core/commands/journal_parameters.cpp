@@ -200,25 +200,16 @@ JournalHead read_journal_head(QStringView text, CommandVariables variables,
                               const QMap<QString, QString>& given)
 {
     JournalHead head;
-    ContinuedCommand command;
-    qsizetype lines = 0;
     for (qsizetype start = 0; start < text.size();) {
-        const qsizetype found = text.indexOf(u'\n', start);
-        const qsizetype end = found < 0 ? text.size() : found + 1;
-        ++lines;
-        const bool complete = command.add(text.sliced(start, end - start));
-        start = end;
-        if (!complete)
-            continue;
+        const ContinuedCommand command = ContinuedCommand::read(text, start);
         try {
-            if (!take_line(command.text(), variables, given, head.parameters))
+            if (command.is_incomplete() || !take_line(command.text(), variables, given, head.parameters))
                 return head;
         } catch (const CommandError& error) {
             head.error = error;
             return head;
         }
-        command.clear();
-        head.lines = lines;
+        head.lines += command.line_count();
     }
     return head;
 }

@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include "workbench/sdk/core/export.h"
 #include "workbench/sdk/core/files/Surface.h"
 
 #include <QByteArray>
@@ -35,6 +34,9 @@ struct FileFormat
 };
 
 /** The entry of a file dialog for such files, as "STEP (*.step *.stp)". */
-FENNAR_CORE_EXPORT QString file_filter(const QString& name, const QStringList& endings);
+inline QString file_filter(const QString& name, const QStringList& endings)
+{
+    return QStringLiteral("%1 (*.%2)").arg(name, endings.join(QStringLiteral(" *.")));
+}
 
 } // namespace fennar

@@ -32,9 +32,6 @@ bool share(const FileFormat& a, const FileFormat& b)
 
 } // namespace
 
-FormatRegistry::FormatRegistry() = default;
-FormatRegistry::~FormatRegistry() = default;
-
 FormatRegistry& FormatRegistry::instance()
 {
     // Never deleted: components may still say goodbye when static objects go.

@@ -25,9 +25,6 @@ class FENNAR_CORE_EXPORT FormatRegistry : public QObject
     Q_OBJECT
 
 public:
-    FormatRegistry();
-    ~FormatRegistry() override;
-
     /** The one object; made at the first call. */
     static FormatRegistry& instance();
 

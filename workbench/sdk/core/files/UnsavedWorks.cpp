@@ -7,9 +7,6 @@
 
 namespace fennar {
 
-UnsavedWorks::UnsavedWorks() = default;
-UnsavedWorks::~UnsavedWorks() = default;
-
 UnsavedWorks& UnsavedWorks::instance()
 {
     // Never deleted: components may still say goodbye when static objects go.

@@ -44,9 +44,6 @@ class FENNAR_CORE_EXPORT UnsavedWorks : public QObject
     Q_OBJECT
 
 public:
-    UnsavedWorks();
-    ~UnsavedWorks() override;
-
     /** The one object; made at the first call. */
     static UnsavedWorks& instance();
 

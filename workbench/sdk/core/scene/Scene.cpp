@@ -7,8 +7,6 @@
 
 namespace fennar {
 
-Scene::~Scene() = default;
-
 Scene& Scene::instance()
 {
     static Scene scene;
@@ -35,31 +33,29 @@ void Scene::remove(int id)
         emit selection_changed();
 }
 
-void Scene::set_name(int id, const QString& name)
+template <typename Value>
+void Scene::set(int id, Value Item::*part, const Value& value)
 {
     const auto found = mItems.find(id);
-    if (found == mItems.end() || found->second.name == name)
+    if (found == mItems.end() || found->second.*part == value)
         return;
-    found->second.name = name;
+    found->second.*part = value;
     emit item_changed(id);
+}
+
+void Scene::set_name(int id, const QString& name)
+{
+    set(id, &Item::name, name);
 }
 
 void Scene::set_shape(int id, const std::shared_ptr<const SceneShape>& shape)
 {
-    const auto found = mItems.find(id);
-    if (found == mItems.end() || found->second.shape == shape)
-        return;
-    found->second.shape = shape;
-    emit item_changed(id);
+    set(id, &Item::shape, shape);
 }
 
 void Scene::set_mesh(int id, const std::shared_ptr<const SceneShape>& mesh)
 {
-    const auto found = mItems.find(id);
-    if (found == mItems.end() || found->second.mesh == mesh)
-        return;
-    found->second.mesh = mesh;
-    emit item_changed(id);
+    set(id, &Item::mesh, mesh);
 }
 
 int Scene::find(const QString& name) const
@@ -111,17 +107,6 @@ void Scene::remove_viewer()
 {
     if (mViewers > 0 && --mViewers == 0)
         emit viewers_changed();
-}
-
-void Scene::begin_work()
-{
-    ++mWorkers;
-}
-
-void Scene::end_work()
-{
-    if (mWorkers > 0)
-        --mWorkers;
 }
 
 } // namespace fennar

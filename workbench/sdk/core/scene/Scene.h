@@ -13,6 +13,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <memory>
@@ -49,9 +50,6 @@ public:
         /** Whether it is selected. */
         bool selected = false;
     };
-
-    Scene() = default;
-    ~Scene() override;
 
     /** The application's scene; made at the first call. */
     static Scene& instance();
@@ -97,9 +95,9 @@ public:
     const Painter& painter() const { return mPainter; }
 
     /** To be called by an owner of items when it begins to make what viewers want. */
-    void begin_work();
+    void begin_work() { ++mWorkers; }
     /** To be called when all of it is there or nobody wants it; once for each begin_work(). */
-    void end_work();
+    void end_work() { mWorkers = std::max(0, mWorkers - 1); }
 
 signals:
     /** The item has come, has changed, or has gone. A change of what is selected does not count. */
@@ -110,6 +108,9 @@ signals:
     void viewers_changed();
 
 private:
+    template <typename Value>
+    void set(int id, Value Item::*part, const Value& value);
+
     std::map<int, Item> mItems;
     int mLastId = 0;
     int mViewers = 0;

@@ -10,7 +10,7 @@
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/sdk/core/commands/ApplicationServices.h"
 #include "workbench/sdk/core/commands/CommandSession.h"
-#include "workbench/sdk/core/commands/step_commands.h"
+#include "workbench/sdk/core/commands/builtin_commands.h"
 
 #include <QDir>
 #include <QMap>

@@ -3,7 +3,6 @@
 
 #include "CommandSession.h"
 #include "support/TestCase.h"
-#include "workbench/sdk/core/commands/nearest_name.h"
 
 #include <QTest>
 

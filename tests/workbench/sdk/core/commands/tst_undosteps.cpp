@@ -4,7 +4,7 @@
 #include "support/TestCase.h"
 #include "workbench/sdk/core/commands/CommandSession.h"
 #include "workbench/sdk/core/commands/UndoSteps.h"
-#include "workbench/sdk/core/commands/step_commands.h"
+#include "workbench/sdk/core/commands/builtin_commands.h"
 
 #include <QSignalSpy>
 #include <QTest>
