@@ -29,7 +29,7 @@
 #include "workbench/application/windows/WindowCommands.h"
 #include "workbench/application/windows/WindowParts.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
-#include "workbench/host/navigation/CommandDialog.h"
+#include "workbench/host/navigation/CommandForm.h"
 #include "workbench/host/navigation/FormServices.h"
 #include "workbench/host/ostrelfw/CommandLine.h"
 #include "workbench/host/ostrelfw/HostMediator.h"
@@ -79,7 +79,7 @@ QWidget* make_file_field(QWidget* parent, bool open, const QList<CommandFileFilt
 
 QWidget* open_form(const QString& command, const QString& title)
 {
-    auto* dialog = new CommandDialog(command, plain_menu_text(title), Ostrel::instance());
+    auto* dialog = new_command_dialog(command, plain_menu_text(title), Ostrel::instance());
     dialog->show();
     dialog->activateWindow();
     return dialog;

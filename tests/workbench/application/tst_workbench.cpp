@@ -17,7 +17,7 @@
 #include "workbench/application/WorkbenchTest.h"
 #include "workbench/application/console/ConsoleOwner.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
-#include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/host/navigation/NavigationEntries.h"
 #include "workbench/host/ostrelfw/OutputRouter.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"

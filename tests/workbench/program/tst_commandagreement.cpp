@@ -7,7 +7,7 @@
 #include "workbench/application/component_manager/ComponentManager.h"
 #include "workbench/host/navigation/CommandForm.h"
 #include "workbench/host/navigation/FormServices.h"
-#include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/host/navigation/NavigationEntries.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"

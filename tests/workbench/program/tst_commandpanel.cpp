@@ -19,7 +19,7 @@
 #include "workbench/host/navigation/CommandForm.h"
 #include "workbench/host/navigation/EntryButton.h"
 #include "workbench/host/navigation/FormField.h"
-#include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/host/navigation/NavigationEntries.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QCheckBox>

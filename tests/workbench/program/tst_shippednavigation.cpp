@@ -4,7 +4,7 @@
 #include "host/navigation/NavigationModel.h"
 #include "host/navigation/NavigationReader.h"
 #include "support/TestCase.h"
-#include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/host/navigation/NavigationEntries.h"
 
 #include <QRegularExpression>
 #include <QTest>

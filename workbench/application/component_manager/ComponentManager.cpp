@@ -7,7 +7,7 @@
 #include "frame/Ostrel.h"
 #include "workbench/application/component_manager/component_commands.h"
 #include "workbench/application/component_manager/component_settings.h"
-#include "workbench/host/navigation/NavigationComponents.h"
+#include "workbench/host/navigation/NavigationEntries.h"
 #include "workbench/sdk/component/Component.h"
 #include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"

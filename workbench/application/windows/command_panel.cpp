@@ -5,7 +5,7 @@
 
 #include "frame/Ostrel.h"
 #include "host/navigation/TaskPanel.h"
-#include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/host/navigation/NavigationEntries.h"
 
 #include <QAbstractItemModel>
 #include <QDockWidget>

@@ -38,12 +38,10 @@ void ButtonRows::show_levels()
         if (entries.isEmpty())
             break;
         if (used == mRows.size()) {
-            const Row row = {new EntryButtons(contents()), new QFrame(contents())};
+            const Row row = {new EntryButtons(contents()), new_line()};
             row.buttons->set_look(FlowLayout::Arrangement::Columns,
                                   std::min(mButtonWidth - Around, LargestIcon), mButtonWidth);
             row.buttons->setObjectName(u"buttonRow%1"_s.arg(used));
-            row.line->setFrameStyle(QFrame::HLine | QFrame::Plain);
-            row.line->setForegroundRole(QPalette::Mid);
             connect(row.buttons, &EntryButtons::chosen, this, &ButtonRows::choose);
             levels()->addWidget(row.buttons);
             levels()->addWidget(row.line);

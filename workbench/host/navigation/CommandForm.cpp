@@ -5,15 +5,15 @@
 
 #include "workbench/host/navigation/ClauseRow.h"
 #include "workbench/host/navigation/FormServices.h"
-#include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/host/navigation/NavigationEntries.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/CommandSink.h"
-#include "workbench/sdk/core/commands/CommandVariables.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QDialogButtonBox>
 #include <QFontDatabase>
 #include <QFormLayout>
@@ -45,13 +45,6 @@ QLabel* new_label(const QString& name, QWidget* parent)
     return label;
 }
 
-/** What the line starts with. A blank follows a command that can go on, so that the user just types. */
-QString first_line(const QString& command, const QString& usage)
-{
-    const bool goes_on = usage.size() > command.size() && usage.startsWith(command);
-    return goes_on ? command + u' ' : command;
-}
-
 void set_text_or_hide(QLabel* label, const QString& text)
 {
     label->setText(text);
@@ -61,8 +54,7 @@ void set_text_or_hide(QLabel* label, const QString& text)
 /** The words of a line, its variables as they are written. */
 QStringList split(const QString& line)
 {
-    const CommandWords found =
-        tokenize(line, [](QStringView name) { return std::optional(u"${"_s + name.toString() + u'}'); });
+    const CommandWords found = tokenize(line, &keep_reference);
     QStringList words;
     for (const CommandWord& word : found.words)
         words << word.text;
@@ -78,13 +70,9 @@ QStringList sorted(QStringList words)
 /** The way to write the command that a run takes the line for; -1 if it takes it for none. */
 int right_way(const Command& command, const QString& line)
 {
-    const FormServices& services = form_services();
-    const auto value = [&services](QStringView name) {
-        return services.variables ? services.variables->value(name) : std::nullopt;
-    };
+    const CommandEntities& entities = form_services().registry->entities();
     try {
-        return int(
-            CommandArguments(tokenize(line, value), command.forms, &services.registry->entities()).form());
+        return int(CommandArguments(tokenize(line, &form_variable), command.forms, &entities).form());
     } catch (const CommandError&) {
         return -1;
     }
@@ -142,9 +130,7 @@ CommandForm::CommandForm(QWidget* parent, QDialogButtonBox* buttons)
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    for (QWidget* widget :
-         {static_cast<QWidget*>(mTitle), static_cast<QWidget*>(mTip), static_cast<QWidget*>(mUsage),
-          static_cast<QWidget*>(mWays), static_cast<QWidget*>(mMessage), static_cast<QWidget*>(mLine)})
+    for (QWidget* widget : std::initializer_list<QWidget*>{mTitle, mTip, mUsage, mWays, mMessage, mLine})
         layout->addWidget(widget);
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(mEdit);
@@ -167,12 +153,13 @@ CommandForm::CommandForm(QWidget* parent, QDialogButtonBox* buttons)
     mRefresh.setSingleShot(true);
     connect(&mRefresh, &QTimer::timeout, this, &CommandForm::refresh);
     if (const CommandRegistry* registry = form_services().registry)
-        connect(&registry->entities(), &CommandEntities::changed, this, &CommandForm::note_change);
+        connect(&registry->entities(), &CommandEntities::changed, this, [this](const QString& kind) {
+            mChangedEntities.insert(kind);
+            mRefresh.start();
+        });
     update_line();
     hide();
 }
-
-CommandForm::~CommandForm() = default;
 
 void CommandForm::set_fonts()
 {
@@ -192,14 +179,13 @@ const CommandSyntax& CommandForm::form() const
 void CommandForm::set_entry(const QModelIndex& entry)
 {
     const QString title = entry.data(Qt::DisplayRole).toString();
-    const QString tip = entry.data(NavigationRole::Tip).toString();
     const QString usage = entry.data(NavigationRole::Usage).toString();
     const QString line = entry.data(NavigationRole::Command).toString();
     // Finding fonts takes time, which the start of the program, where no form is shown, does not have.
     if (entry.isValid() && !std::exchange(mHasFonts, true))
         set_fonts();
     mTitle->setText(title);
-    set_text_or_hide(mTip, tip);
+    set_text_or_hide(mTip, entry.data(NavigationRole::Tip).toString());
     mApply->setAccessibleName(tr("Apply %1").arg(title));
     if (mEntry != entry || mEntryLine != line || mEntryUsage != usage) {
         mEntry = entry;
@@ -246,12 +232,14 @@ void CommandForm::start(const QString& line, const QString& usage)
         show_way(-1);
     mWays->setVisible(mCommand && mCommand->forms.size() > 1);
     mEdit->setVisible(mCommand != nullptr);
-    set_line_read_only(mCommand != nullptr);
+    mLine->setReadOnly(mCommand != nullptr);
+    colour_line();
     set_text_or_hide(mUsage, mCommand ? QString() : usage);
     mLine->setAccessibleDescription(mCommand ? mCommand->usage() : usage);
     mLine->setToolTip(mCommand ? mCommand->usage() : QString());
+    // A blank follows a command that can go on, so that the user just types.
     if (!mCommand)
-        mLine->setText(first_line(line, usage));
+        mLine->setText(usage.size() > line.size() && usage.startsWith(line) ? line + u' ' : line);
     update_line();
     emit controls_changed();
 }
@@ -381,7 +369,8 @@ void CommandForm::set_editing(bool on)
     if (!on)
         read_line(mLine->text());
     mEditing = on;
-    set_line_read_only(!on);
+    mLine->setReadOnly(!on);
+    colour_line();
     mFields->setEnabled(!on);
     mWays->setEnabled(!on);
     update_line();
@@ -390,12 +379,6 @@ void CommandForm::set_editing(bool on)
         mLine->setFocus(Qt::OtherFocusReason);
         mLine->end(false);
     }
-}
-
-void CommandForm::set_line_read_only(bool read_only)
-{
-    mLine->setReadOnly(read_only);
-    colour_line();
 }
 
 /** A line that only shows what will run has the colour of the panel, not that of a field to write in. */
@@ -414,12 +397,6 @@ void CommandForm::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         colour_line();
-}
-
-void CommandForm::note_change(const QString& entities)
-{
-    mChangedEntities.insert(entities);
-    mRefresh.start();
 }
 
 void CommandForm::refresh()
@@ -483,6 +460,25 @@ void CommandForm::apply()
     emit applying();
     // Nothing may follow: the receiver is free to delete the panel.
     send_command(line);
+}
+
+QDialog* new_command_dialog(const QString& command, const QString& title, QWidget* parent)
+{
+    auto* const dialog = new QDialog(parent);
+    dialog->setObjectName(u"commandDialog_"_s + command);
+    dialog->setWindowTitle(title);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, dialog);
+    auto* form = new CommandForm(dialog, buttons);
+    auto* layout = new QVBoxLayout(dialog);
+    layout->addWidget(form);
+    layout->addStretch();
+    QObject::connect(form, &CommandForm::applying, dialog, &QDialog::accept);
+    QObject::connect(form, &CommandForm::left, dialog, &QDialog::reject);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
+    form->set_command(command);
+    form->focus_first();
+    return dialog;
 }
 
 } // namespace fennar

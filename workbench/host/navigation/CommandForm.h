@@ -15,6 +15,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QDialog;
 class QDialogButtonBox;
 class QLabel;
 class QLineEdit;
@@ -43,7 +44,6 @@ public:
     /** @param buttons  of a dialog: "Ok" applies, and the title is left to the dialog; null for a button of
      * the form's own. */
     explicit CommandForm(QWidget* parent, QDialogButtonBox* buttons = nullptr);
-    ~CommandForm() override;
 
     /**
      * Shows the command @p entry; an invalid index empties and hides the form.
@@ -80,9 +80,7 @@ private:
     QList<ClauseValues> values() const;
     QString problem() const;
     void set_editing(bool on);
-    void set_line_read_only(bool read_only);
     void colour_line();
-    void note_change(const QString& entities);
     void refresh();
     void apply();
 
@@ -115,5 +113,11 @@ private:
     QSet<QString> mChangedEntities;
     QTimer mRefresh;
 };
+
+/**
+ * A new dialog with the form of a command, which closes when the line is applied. It is not modal, not shown
+ * yet, and deletes itself when it is closed.
+ */
+QDialog* new_command_dialog(const QString& command, const QString& title, QWidget* parent);
 
 } // namespace fennar

@@ -24,8 +24,6 @@ FlowLayout::FlowLayout(QWidget* parent) : QLayout(parent)
     setSpacing(2);
 }
 
-FlowLayout::~FlowLayout() = default;
-
 void FlowLayout::set_arrangement(Arrangement arrangement)
 {
     if (mArrangement == arrangement)
@@ -43,16 +41,6 @@ void FlowLayout::set_order(const QWidgetList& widgets)
     invalidate();
 }
 
-void FlowLayout::addItem(QLayoutItem* item)
-{
-    mItems.emplace_back(item);
-}
-
-int FlowLayout::count() const
-{
-    return static_cast<int>(mItems.size());
-}
-
 QLayoutItem* FlowLayout::itemAt(int index) const
 {
     return index >= 0 && index < count() ? mItems[static_cast<size_t>(index)].get() : nullptr;
@@ -68,30 +56,10 @@ QLayoutItem* FlowLayout::takeAt(int index)
     return taken;
 }
 
-Qt::Orientations FlowLayout::expandingDirections() const
-{
-    return Qt::Horizontal;
-}
-
-bool FlowLayout::hasHeightForWidth() const
-{
-    return true;
-}
-
-int FlowLayout::heightForWidth(int width) const
-{
-    return lay_out(QRect(0, 0, width, 0), false);
-}
-
 QSize FlowLayout::minimumSize() const
 {
     const QMargins margins = contentsMargins();
     return {NarrowestLine + margins.left() + margins.right(), margins.top() + margins.bottom()};
-}
-
-QSize FlowLayout::sizeHint() const
-{
-    return minimumSize();
 }
 
 void FlowLayout::setGeometry(const QRect& rectangle)

@@ -24,21 +24,20 @@ public:
     };
 
     explicit FlowLayout(QWidget* parent);
-    ~FlowLayout() override;
 
     void set_arrangement(Arrangement arrangement);
     /** Lays the items out in the order of @p widgets, which are those that the layout has. */
     void set_order(const QWidgetList& widgets);
 
-    void addItem(QLayoutItem* item) override;
-    int count() const override;
+    void addItem(QLayoutItem* item) override { mItems.emplace_back(item); }
+    int count() const override { return static_cast<int>(mItems.size()); }
     QLayoutItem* itemAt(int index) const override;
     QLayoutItem* takeAt(int index) override;
-    Qt::Orientations expandingDirections() const override;
-    bool hasHeightForWidth() const override;
-    int heightForWidth(int width) const override;
+    Qt::Orientations expandingDirections() const override { return Qt::Horizontal; }
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override { return lay_out(QRect(0, 0, width, 0), false); }
     QSize minimumSize() const override;
-    QSize sizeHint() const override;
+    QSize sizeHint() const override { return minimumSize(); }
     void setGeometry(const QRect& rectangle) override;
 
 private:

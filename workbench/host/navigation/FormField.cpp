@@ -5,7 +5,6 @@
 
 #include "workbench/host/navigation/FormServices.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
-#include "workbench/sdk/core/commands/CommandVariables.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QComboBox>
@@ -38,19 +37,6 @@ QString shown(double number)
     return QString::number(number, 'g', 10);
 }
 
-/** The value of a variable as the language would put it there; the reference itself stays for reading back.
- */
-std::optional<QString> keep_reference(QStringView name)
-{
-    return u"${"_s + name.toString() + u'}';
-}
-
-std::optional<QString> variable(QStringView name)
-{
-    const CommandVariables* variables = form_services().variables;
-    return variables ? variables->value(name) : std::nullopt;
-}
-
 /** What the word stands for; empty if it is a variable that is not set. */
 std::optional<QString> resolved(const QString& word)
 {
@@ -58,7 +44,7 @@ std::optional<QString> resolved(const QString& word)
         return word;
     QString name = word.sliced(1);
     name.remove(u'{').remove(u'}');
-    return variable(name);
+    return form_variable(name);
 }
 
 } // namespace
@@ -272,7 +258,7 @@ QString FormField::problem() const
     if (given.isEmpty())
         return {};
     if (is_raw()) {
-        const CommandWords split = tokenize(text(), &variable);
+        const CommandWords split = tokenize(text(), &form_variable);
         // A backslash would continue the line.
         if (split.error || text().trimmed().endsWith(u'\\'))
             return tr("%1: a quote is not closed, or a variable is not set.").arg(mLabel);

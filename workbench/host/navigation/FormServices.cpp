@@ -33,6 +33,16 @@ const FormServices& form_services()
     return services();
 }
 
+std::optional<QString> form_variable(QStringView name)
+{
+    return services().variables ? services().variables->value(name) : std::nullopt;
+}
+
+std::optional<QString> keep_reference(QStringView name)
+{
+    return u"${"_s + name.toString() + u'}';
+}
+
 QHash<QString, QString>& applied_lines()
 {
     static QHash<QString, QString> lines;
@@ -42,10 +52,7 @@ QHash<QString, QString>& applied_lines()
 std::optional<CommandError> find_fault(const QList<CommandSyntax>& forms, const QList<ClauseValues>& values,
                                        qsizetype way)
 {
-    const CommandVariables* variables = services().variables;
-    const CommandWords words =
-        tokenize(command_line(u"command"_s, forms[way], values),
-                 [variables](QStringView name) { return variables ? variables->value(name) : std::nullopt; });
+    const CommandWords words = tokenize(command_line(u"command"_s, forms[way], values), &form_variable);
     if (words.error)
         return words.error;
     try {

@@ -41,6 +41,12 @@ void set_form_services(const FormServices& services);
 /** The services set last. */
 const FormServices& form_services();
 
+/** The value of a variable that a form's line may refer to; empty if there is none of that name. */
+std::optional<QString> form_variable(QStringView name);
+
+/** For tokenize(): lets the words of a line keep their variables as they are written. */
+std::optional<QString> keep_reference(QStringView name);
+
 /** The line that a form has applied last for each command, by its name. */
 QHash<QString, QString>& applied_lines();
 

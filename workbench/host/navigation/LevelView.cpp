@@ -28,12 +28,9 @@ LevelView::LevelView(QWidget* panel)
 {
     mCrumbs->setObjectName(u"breadcrumbs"_s);
     mEntries->setObjectName(u"entries"_s);
-    auto* line = new QFrame(contents());
-    line->setFrameStyle(QFrame::HLine | QFrame::Plain);
-    line->setForegroundRole(QPalette::Mid);
     new FlowLayout(mCrumbs);
     levels()->addWidget(mCrumbs);
-    levels()->addWidget(line);
+    levels()->addWidget(new_line());
     levels()->addWidget(mEntries);
     set_large_icons(false);
     connect(mEntries, &EntryButtons::chosen, this, &LevelView::choose);

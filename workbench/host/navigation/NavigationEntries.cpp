@@ -4,8 +4,19 @@
 #include "workbench/host/navigation/NavigationEntries.h"
 
 #include <QAbstractItemModel>
+#include <QSet>
 
 namespace fennar {
+
+namespace {
+
+QSet<QString>& loaded_components()
+{
+    static QSet<QString> names;
+    return names;
+}
+
+} // namespace
 
 NavigationKind entry_kind(const QModelIndex& entry)
 {
@@ -36,6 +47,21 @@ QModelIndexList shown_entries(const QAbstractItemModel& model, const QModelIndex
         if (const QModelIndex entry = model.index(row, 0, parent); is_entry_shown(entry))
             entries << entry;
     return entries;
+}
+
+void set_component_loaded(const QString& name, bool loaded)
+{
+    if (name.isEmpty())
+        return;
+    if (loaded)
+        loaded_components().insert(name);
+    else
+        loaded_components().remove(name);
+}
+
+bool is_component_loaded(const QString& name)
+{
+    return loaded_components().contains(name);
 }
 
 } // namespace fennar

@@ -4,14 +4,12 @@
 #include "workbench/host/navigation/NavigationNode.h"
 
 #include "workbench/host/navigation/FormServices.h"
-#include "workbench/host/navigation/NavigationComponents.h"
+#include "workbench/host/navigation/NavigationEntries.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
 #include <utility>
 
 using namespace fennar;
-
-NavigationPicture::NavigationPicture(const QString& file) : mFile(file) {}
 
 const QIcon& NavigationPicture::icon()
 {
@@ -24,11 +22,6 @@ NavigationNode::NavigationNode(NavigationKind kind, const QString& title) : QSta
 {
     setData(static_cast<int>(kind), NavigationRole::Kind);
     setEditable(false);
-}
-
-int NavigationNode::type() const
-{
-    return UserType;
 }
 
 QVariant NavigationNode::data(int role) const
@@ -54,11 +47,6 @@ void NavigationNode::set_picture(std::shared_ptr<NavigationPicture> picture)
 {
     mPicture = std::move(picture);
     emitDataChanged();
-}
-
-NavigationKind NavigationNode::kind() const
-{
-    return static_cast<NavigationKind>(data(NavigationRole::Kind).toInt());
 }
 
 void fennar::recheck_components(QStandardItem* entry)

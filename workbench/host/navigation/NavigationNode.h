@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/host/navigation/NavigationEntries.h"
 
 #include <QIcon>
 #include <QStandardItem>
@@ -16,7 +16,7 @@ namespace fennar {
 class NavigationPicture
 {
 public:
-    explicit NavigationPicture(const QString& file);
+    explicit NavigationPicture(const QString& file) : mFile(file) {}
 
     const QIcon& icon();
 
@@ -38,13 +38,16 @@ class NavigationNode : public QStandardItem
 public:
     NavigationNode(fennar::NavigationKind kind, const QString& title);
 
-    int type() const override;
+    int type() const override { return UserType; }
 
     /** The icon is that of picture(), if there is one and none has been set. A command without a tip has its
      * summary. */
     QVariant data(int role = Qt::UserRole + 1) const override;
 
-    fennar::NavigationKind kind() const;
+    fennar::NavigationKind kind() const
+    {
+        return static_cast<fennar::NavigationKind>(data(fennar::NavigationRole::Kind).toInt());
+    }
 
     /** Null without a picture. Entries with the same picture share it. */
     const std::shared_ptr<fennar::NavigationPicture>& picture() const { return mPicture; }

@@ -55,14 +55,12 @@ PanelView::PanelView(QWidget* panel)
     connect(mForm, &CommandForm::left, this, &PanelView::leave_form);
 }
 
-QSize PanelView::sizeHint() const
+QFrame* PanelView::new_line()
 {
-    return {240, 400};
-}
-
-QSize PanelView::minimumSizeHint() const
-{
-    return {80, 80};
+    auto* line = new QFrame(mContents);
+    line->setFrameStyle(QFrame::HLine | QFrame::Plain);
+    line->setForegroundRole(QPalette::Mid);
+    return line;
 }
 
 void PanelView::choose(const QModelIndex& entry)

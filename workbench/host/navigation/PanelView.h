@@ -30,8 +30,8 @@ public:
     NavigationCursor& cursor() { return *mCursor; }
     const NavigationCursor& cursor() const { return *mCursor; }
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    QSize sizeHint() const override { return {240, 400}; }
+    QSize minimumSizeHint() const override { return {80, 80}; }
 
 protected:
     /** Shows the levels that lead to the cursor's place, and nothing of the place itself if it is a command.
@@ -51,6 +51,8 @@ protected:
     /** The widget that is scrolled, and where subclasses put their levels. */
     QWidget* contents() const { return mContents; }
     QVBoxLayout* levels() const { return mLevels; }
+    /** A line to be put between levels. */
+    QFrame* new_line();
 
 private:
     void chain_controls();

@@ -21,7 +21,7 @@
 #include "workbench/application/component_manager/component_commands.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
 #include "workbench/host/fennar_python/make_python_interpreter.h"
-#include "workbench/host/navigation/NavigationComponents.h"
+#include "workbench/host/navigation/NavigationEntries.h"
 #include "workbench/host/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/sdk/component/describe_program.h"
 #include "workbench/sdk/core/commands/CommandCall.h"

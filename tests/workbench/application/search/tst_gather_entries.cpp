@@ -5,7 +5,7 @@
 #include "support/TestCase.h"
 #include "workbench/application/search/gather_entries.h"
 #include "workbench/application/windows/command_panel.h"
-#include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/host/navigation/NavigationEntries.h"
 #include "workbench/sdk/component/disabled_reason.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 

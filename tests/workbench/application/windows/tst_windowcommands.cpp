@@ -12,7 +12,7 @@
 #include "workbench/application/Workbench.h"
 #include "workbench/application/WorkbenchTest.h"
 #include "workbench/application/console/ConsoleOwner.h"
-#include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/host/navigation/NavigationEntries.h"
 #include "workbench/host/ostrelfw/OutputRouter.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/commands/plain_command.h"

@@ -3,7 +3,7 @@
 
 #include "support/TestCase.h"
 #include "support/windows.h"
-#include "workbench/host/navigation/CommandDialog.h"
+#include "workbench/host/navigation/CommandForm.h"
 #include "workbench/host/navigation/FormServices.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/CommandSink.h"
@@ -47,7 +47,7 @@ private:
 
     CommandRegistry mRegistry;
     QStringList mSent;
-    QPointer<CommandDialog> mDialog;
+    QPointer<QDialog> mDialog;
 };
 
 void TstCommandDialog::set_up()
@@ -60,7 +60,7 @@ void TstCommandDialog::set_up()
     set_form_services({&mRegistry, nullptr, {}});
     mSent.clear();
     set_command_sink([this](const QString& line) { mSent << line; });
-    mDialog = new CommandDialog(u"brick"_s, u"Brick"_s, nullptr);
+    mDialog = new_command_dialog(u"brick"_s, u"Brick"_s, nullptr);
     QVERIFY(show_active(mDialog));
 }
 
@@ -149,7 +149,7 @@ void TstCommandDialog::tab_goes_on_behind_names_that_can_be_chosen()
                    .perform = [](CommandCall&, const CommandArguments&) {},
                    .forms = {{{required_value(solid), required_value(name)}}}});
     delete mDialog;
-    mDialog = new CommandDialog(u"rename"_s, u"Rename"_s, nullptr);
+    mDialog = new_command_dialog(u"rename"_s, u"Rename"_s, nullptr);
     QVERIFY(show_active(mDialog));
     QStringList visited;
     for (int step = 0; step < 6; ++step) {

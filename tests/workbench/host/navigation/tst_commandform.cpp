@@ -12,7 +12,7 @@
 #include "workbench/host/navigation/CommandForm.h"
 #include "workbench/host/navigation/FormField.h"
 #include "workbench/host/navigation/FormServices.h"
-#include "workbench/host/navigation/NavigationRoles.h"
+#include "workbench/host/navigation/NavigationEntries.h"
 #include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/CommandSink.h"

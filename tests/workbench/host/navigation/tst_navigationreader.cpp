@@ -7,7 +7,7 @@
 #include "support/MarkingTranslator.h"
 #include "support/TestCase.h"
 #include "workbench/host/navigation/FormServices.h"
-#include "workbench/host/navigation/NavigationComponents.h"
+#include "workbench/host/navigation/NavigationEntries.h"
 #include "workbench/host/navigation/NavigationNode.h"
 #include "workbench/host/navigation/navigation_helpers.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"

@@ -4,7 +4,7 @@
 #include "host/navigation/NavigationModel.h"
 #include "host/navigation/NavigationResourcesDelay.h"
 #include "support/TestCase.h"
-#include "workbench/host/navigation/NavigationComponents.h"
+#include "workbench/host/navigation/NavigationEntries.h"
 #include "workbench/host/navigation/NavigationNode.h"
 #include "workbench/host/navigation/navigation_helpers.h"
 
