@@ -43,8 +43,6 @@ CommandLine::CommandLine(const QStringList& words)
     mBatch = mBatch || !mCheck.isEmpty();
 }
 
-CommandLine::~CommandLine() = default;
-
 bool CommandLine::take_value(const QString& argument, const QString& value)
 {
     if (argument == "--set"_L1) {
@@ -144,16 +142,6 @@ QString CommandLine::usage()
            "               keep settings in FILE, and the history in FILE.data, not among the user's own\n"
            "  --version    print the version and end\n"
            "  --help       print this text and end\n"_s;
-}
-
-void CommandLine::set_graphics_state(int state)
-{
-    mGraphicsState = state;
-}
-
-bool CommandLine::batch_mode()
-{
-    return mBatch;
 }
 
 } // namespace fennar

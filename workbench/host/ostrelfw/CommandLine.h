@@ -25,7 +25,6 @@ public:
 
     /** Reads the words behind the program's name. */
     explicit CommandLine(const QStringList& words);
-    ~CommandLine() override;
 
     /** The one that the application was started with, as CLOptions gives it; an application object must
      * exist. */
@@ -57,8 +56,8 @@ public:
     /** What the main window has reported last: 0 nothing, 1 its graphics widget has gone, 2 one has come. */
     int graphics_state() const { return mGraphicsState; }
 
-    void set_graphics_state(int state) override;
-    bool batch_mode() override;
+    void set_graphics_state(int state) override { mGraphicsState = state; }
+    bool batch_mode() override { return mBatch; }
 
 private:
     void take_file(const QString& word);

@@ -15,16 +15,6 @@ HostMediator& HostMediator::instance()
     return mediator;
 }
 
-void HostMediator::set_exit_handler(std::function<void()> handler)
-{
-    mExitHandler = std::move(handler);
-}
-
-void HostMediator::set_event_handler(std::function<void()> handler)
-{
-    mEventHandler = std::move(handler);
-}
-
 void HostMediator::request_exit()
 {
     if (mExitHandler)
@@ -35,16 +25,6 @@ void HostMediator::handle_new_event()
 {
     if (mEventHandler)
         mEventHandler();
-}
-
-void HostMediator::set_change_dir_on_playback(bool change)
-{
-    mChangeDirOnPlayback = change;
-}
-
-bool HostMediator::change_dir_on_playback()
-{
-    return mChangeDirOnPlayback;
 }
 
 void HostMediator::add_component_tracker(ComponentTracker* tracker)

@@ -38,9 +38,9 @@ public:
     static HostMediator& instance();
 
     /** Is called when the user has closed the main window; should end the event loop. Null for none. */
-    void set_exit_handler(std::function<void()> handler);
+    void set_exit_handler(const std::function<void()>& handler) { mExitHandler = handler; }
     /** Does the work that OstrelGUI::new_event() announces, on the GUI thread. Null for none. */
-    void set_event_handler(std::function<void()> handler);
+    void set_event_handler(const std::function<void()>& handler) { mEventHandler = handler; }
 
     /**
      * Sets who knows the components. Not owned; null for none.
@@ -61,8 +61,8 @@ public:
 
     void request_exit() override;
     void handle_new_event() override;
-    void set_change_dir_on_playback(bool change) override;
-    bool change_dir_on_playback() override;
+    void set_change_dir_on_playback(bool change) override { mChangeDirOnPlayback = change; }
+    bool change_dir_on_playback() override { return mChangeDirOnPlayback; }
     void add_component_tracker(ComponentTracker* tracker) override;
     void remove_component_tracker(ComponentTracker* tracker) override;
     void get_components(std::vector<ComponentRecord>& components) override;

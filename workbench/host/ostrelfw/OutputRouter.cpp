@@ -43,16 +43,6 @@ void OutputRouter::set_window(OutputHandler* window)
         mWindow->print_data(mFolder.fold(std::exchange(mWaiting, {})));
 }
 
-void OutputRouter::set_window_listener(std::function<void(OutputHandler*)> listener)
-{
-    mListener = std::move(listener);
-}
-
-void OutputRouter::set_fallback(std::function<void(const QString&)> fallback)
-{
-    mFallback = std::move(fallback);
-}
-
 void OutputRouter::print(const QString& printed)
 {
     if (!printed.isEmpty())

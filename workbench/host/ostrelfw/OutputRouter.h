@@ -45,10 +45,10 @@ public:
     OutputHandler* window() const { return mWindow; }
 
     /** Is told of each console that comes, and with null that it is about to go. Null for none. */
-    void set_window_listener(std::function<void(OutputHandler*)> listener);
+    void set_window_listener(const std::function<void(OutputHandler*)>& listener) { mListener = listener; }
 
     /** Takes text while there is no console. Null, as at first, keeps the text for the next console. */
-    void set_fallback(std::function<void(const QString&)> fallback);
+    void set_fallback(const std::function<void(const QString&)>& fallback) { mFallback = fallback; }
 
     /** How long painting may take at first before texts are gathered. */
     static constexpr std::chrono::milliseconds painting_budget{100};

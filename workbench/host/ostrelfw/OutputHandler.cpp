@@ -1,6 +1,0 @@
-// SPDX-FileCopyrightText: 2026 The Ostrel developers
-// SPDX-License-Identifier: BSD-3-Clause
-
-#include "host/ostrelfw/OutputHandler.h"
-
-OutputHandler::~OutputHandler() = default;
