@@ -15,7 +15,6 @@
 #include "workbench/application/windows/undo_parts.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
 #include "workbench/host/fennar_python/commands/python_commands.h"
-#include "workbench/host/fennar_python/make_python_interpreter.h"
 #include "workbench/host/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/host/ostrelfw/OutputRouter.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"

@@ -7,7 +7,6 @@
 #include "frame/MainFrame.h"
 #include "frame/Ostrel.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
-#include "workbench/host/fennar_python/make_python_interpreter.h"
 #include "workbench/host/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/host/ostrelfw/HostMediator.h"
 

@@ -4,7 +4,6 @@
 #include "workbench/host/fennar_python/PythonConsole.h"
 
 #include "workbench/host/fennar_python/PythonEntry.h"
-#include "workbench/host/fennar_python/PythonNamespace.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
 #include "workbench/host/fennar_python/run_python.h"
 

@@ -9,6 +9,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 
 #include <chrono>
 #include <csignal>
@@ -24,29 +25,6 @@ namespace fennar {
 
 namespace {
 
-/** PyConfig frees its strings only when asked to. */
-class Configuration
-{
-public:
-    Configuration()
-    {
-        PyConfig_InitIsolatedConfig(&mConfig);
-        mConfig.install_signal_handlers = 0;
-    }
-    ~Configuration() { PyConfig_Clear(&mConfig); }
-    Configuration(const Configuration&) = delete;
-    Configuration& operator=(const Configuration&) = delete;
-
-    PyStatus set(wchar_t* PyConfig::*field, const QString& value)
-    {
-        return PyConfig_SetString(&mConfig, &(mConfig.*field), value.toStdWString().c_str());
-    }
-    PyStatus initialize() const { return Py_InitializeFromConfig(&mConfig); }
-
-private:
-    PyConfig mConfig;
-};
-
 PyStatus initialize(const QString& home)
 {
     PyPreConfig early;
@@ -57,14 +35,20 @@ PyStatus initialize(const QString& home)
     if (PyStatus_Exception(status))
         return status;
 
-    // Given both, Python does not look along PATH for itself.
-    Configuration configuration;
-    status = configuration.set(&PyConfig::home, home);
-    if (!PyStatus_Exception(status))
-        status = configuration.set(&PyConfig::executable, QStringLiteral(FENNAR_PYTHON_EXECUTABLE));
-    if (!PyStatus_Exception(status))
-        status = configuration.set(&PyConfig::program_name, QStringLiteral(FENNAR_PYTHON_EXECUTABLE));
-    return PyStatus_Exception(status) ? status : configuration.initialize();
+    PyConfig config;
+    PyConfig_InitIsolatedConfig(&config);
+    config.install_signal_handlers = 0;
+    const auto clear = qScopeGuard([&config] { PyConfig_Clear(&config); });
+    const auto executable = QStringLiteral(FENNAR_PYTHON_EXECUTABLE);
+    // Given all, Python does not look along PATH for itself.
+    for (const auto& [field, value] : {std::pair(&config.home, home),
+                                       {&config.executable, executable},
+                                       {&config.program_name, executable}}) {
+        status = PyConfig_SetString(&config, field, value.toStdWString().c_str());
+        if (PyStatus_Exception(status))
+            return status;
+    }
+    return Py_InitializeFromConfig(&config);
 }
 
 /** Python would do this along with its signal handlers; its libraries rely on it. */
@@ -413,6 +397,22 @@ int PythonRuntime::line_reached(const QString& path)
     }
     PyGILState_Release(lock);
     return line;
+}
+
+void PythonNamespace::open()
+{
+    const auto module =
+        py::reinterpret_borrow<py::object>(PyImport_AddModuleObject(py::str(mModule.toStdString()).ptr()));
+    if (!module)
+        throw py::error_already_set();
+    py::object names = module.attr("__dict__");
+    names["__builtins__"] = py::module_::import("builtins");
+    mDictionary = names.release().ptr();
+}
+
+void PythonNamespace::close()
+{
+    Py_CLEAR(mDictionary);
 }
 
 PythonNamespace& PythonRuntime::framework_namespace()

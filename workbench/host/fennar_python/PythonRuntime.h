@@ -3,14 +3,18 @@
 
 #pragma once
 
-#include "workbench/host/fennar_python/PythonNamespace.h"
 #include "workbench/host/fennar_python/export.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <optional>
+
+class FennarPythonInterpreter;
+struct _object; // NOLINT(bugprone-reserved-identifier): the name that Python gives it
 
 namespace fennar {
 
@@ -72,6 +76,30 @@ struct PythonHooks
      * Python's lock held; an exception makes that fail.
      */
     std::function<void(struct _object* module)> extend;
+};
+
+/** The global names of some Python code: the dictionary of a module. PythonRuntime owns the two there are. */
+class FENNAR_PYTHON_EXPORT PythonNamespace
+{
+public:
+    /** @param module  the module's name, as __main__. */
+    explicit PythonNamespace(const char* module) : mModule(module) {}
+    PythonNamespace(const PythonNamespace&) = delete;
+    PythonNamespace& operator=(const PythonNamespace&) = delete;
+
+    /** The dictionary, borrowed; null while Python does not run. */
+    struct _object* dictionary() const { return mDictionary; }
+
+private:
+    friend class PythonRuntime;
+
+    /** Finds or makes the module. The caller holds Python's lock; throws what pybind11 throws. */
+    void open();
+    /** Lets go of the dictionary. The caller holds Python's lock. */
+    void close();
+
+    QByteArray mModule;
+    struct _object* mDictionary = nullptr;
 };
 
 /**
@@ -177,5 +205,8 @@ public:
     /** Where the user's Python code runs: the module __main__, which has fennar imported. */
     static PythonNamespace& user_namespace();
 };
+
+/** An interpreter object that runs its source in @p names, which must outlive it. */
+FENNAR_PYTHON_EXPORT std::unique_ptr<FennarPythonInterpreter> make_python_interpreter(PythonNamespace& names);
 
 } // namespace fennar

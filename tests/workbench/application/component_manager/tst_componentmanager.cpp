@@ -20,7 +20,6 @@
 #include "workbench/application/component_manager/ComponentManager.h"
 #include "workbench/application/component_manager/component_commands.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
-#include "workbench/host/fennar_python/make_python_interpreter.h"
 #include "workbench/host/navigation/NavigationEntries.h"
 #include "workbench/host/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/sdk/component/describe_program.h"

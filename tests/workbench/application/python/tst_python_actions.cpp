@@ -5,7 +5,6 @@
 #include "support/TestCase.h"
 #include "workbench/application/python/python_actions.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
-#include "workbench/host/fennar_python/make_python_interpreter.h"
 #include "workbench/host/ostrelfw/FrameworkInterpreters.h"
 
 #include <QAction>

@@ -10,7 +10,6 @@
 #include "support/windows.h"
 #include "workbench/application/component_manager/ComponentManager.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
-#include "workbench/host/fennar_python/make_python_interpreter.h"
 #include "workbench/host/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Fennar.h"

@@ -10,7 +10,6 @@
 #include "workbench/application/component_manager/ComponentManager.h"
 #include "workbench/components/recovery/KeptDocument.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
-#include "workbench/host/fennar_python/make_python_interpreter.h"
 #include "workbench/host/ostrelfw/FrameworkInterpreters.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/files/UnsavedWorks.h"

@@ -4,9 +4,10 @@
 #pragma once
 
 #include "PythonRecorder.h"
+#include "host/fennar_python/FennarPythonInterpreter.h"
 #include "support/TestCase.h"
+#include "workbench/host/fennar_python/PythonRuntime.h"
 #include "workbench/host/fennar_python/commands/python_commands.h"
-#include "workbench/host/fennar_python/make_python_interpreter.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"

@@ -3,9 +3,10 @@
 
 #include "ChildProcess.h"
 #include "PythonRecorder.h"
+#include "host/fennar_python/FennarPythonInterpreter.h"
 #include "support/TestCase.h"
 #include "support/patience.h"
-#include "workbench/host/fennar_python/make_python_interpreter.h"
+#include "workbench/host/fennar_python/PythonRuntime.h"
 
 #include <QTest>
 #include <QThread>

@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "PythonRecorder.h"
+#include "host/fennar_python/FennarPythonInterpreter.h"
 #include "support/TestCase.h"
-#include "workbench/host/fennar_python/make_python_interpreter.h"
+#include "workbench/host/fennar_python/PythonRuntime.h"
 
 #include <QTest>
 

@@ -41,40 +41,15 @@ py::str label(const char* text)
     return py::str(text ? text : "");
 }
 
-/** The name of a kind as the enumeration has it. */
-const char* kind_name(CommandParameter::Kind kind)
-{
-    using Kind = CommandParameter::Kind;
-    switch (kind) {
-    case Kind::Number:
-        return "Number";
-    case Kind::WholeNumber:
-        return "WholeNumber";
-    case Kind::Choice:
-        return "Choice";
-    case Kind::Entity:
-        return "Entity";
-    case Kind::NewName:
-        return "NewName";
-    case Kind::Variable:
-        return "Variable";
-    case Kind::InputFile:
-        return "InputFile";
-    case Kind::OutputFile:
-        return "OutputFile";
-    case Kind::Text:
-        return "Text";
-    case Kind::Words:
-        break;
-    }
-    return "Words";
-}
+/** The names of the kinds, in the order of the enumeration. */
+constexpr const char* kind_names[] = {"Number",   "WholeNumber", "Choice",     "Entity", "NewName",
+                                      "Variable", "InputFile",   "OutputFile", "Text",   "Words"};
 
 py::dict described(const CommandParameter& parameter)
 {
     py::dict names;
     names["name"] = to_python(parameter.name.isEmpty() ? u"VALUE"_s : parameter.name);
-    names["kind"] = kind_name(parameter.kind);
+    names["kind"] = kind_names[std::size_t(parameter.kind)];
     names["what"] = to_python(parameter.what.isEmpty() ? parameter.name : parameter.what);
     names["label"] = label(parameter.label);
     names["tip"] = label(parameter.tip);
@@ -307,20 +282,11 @@ private:
     {
         registry(); // checks the caller
         QByteArray file;
-        std::optional<CommandFailure> failure;
-        without_python_lock([&] {
-            try {
-                if (!mServices.picture)
-                    throw CommandError(u"there is nothing to see here"_s);
-                file = mServices.picture(picture);
-            } catch (const CommandError& error) {
-                failure = {error.message(), u"view"_s, 0, error.remedy()};
-            }
+        call(names, u"view"_s, [&] {
+            if (!mServices.picture)
+                throw CommandError(u"there is nothing to see here"_s);
+            file = mServices.picture(picture);
         });
-        if (mServices.end_call)
-            mServices.end_call();
-        if (failure)
-            raise(names, *failure);
         return {file.constData(), std::size_t(file.size())};
     }
 
@@ -331,21 +297,28 @@ private:
             if (offered.name != property)
                 continue;
             CommandValue value;
-            std::optional<CommandFailure> failure;
-            without_python_lock([&] {
-                try {
-                    value = offered.value(key, arguments);
-                } catch (const CommandError& error) {
-                    failure = {error.message(), property, 0, error.remedy()};
-                }
-            });
-            if (mServices.end_call)
-                mServices.end_call();
-            if (failure)
-                raise(names, *failure);
+            call(names, property, [&] { value = offered.value(key, arguments); });
             return python_value(names, value);
         }
         throw py::attribute_error(property.toStdString());
+    }
+
+    /** Calls @p function without Python's lock; its CommandError is raised in the name of @p command. */
+    template <typename Function>
+    void call(const py::handle& names, const QString& command, const Function& function) const
+    {
+        std::optional<CommandFailure> failure;
+        without_python_lock([&] {
+            try {
+                function();
+            } catch (const CommandError& error) {
+                failure = {error.message(), command, 0, error.remedy()};
+            }
+        });
+        if (mServices.end_call)
+            mServices.end_call();
+        if (failure)
+            raise(names, *failure);
     }
 
     [[noreturn]] static void raise(const py::handle& names, const CommandFailure& failure)
