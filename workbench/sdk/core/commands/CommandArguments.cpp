@@ -90,10 +90,12 @@ public:
     std::optional<Fault> fault()
     {
         for (qsizetype i = 0; i < mForm.clauses.size(); ++i) {
-            if (mReading.clauses[i])
+            if (mReading.clauses[i]) {
                 check_clause(mForm.clauses[i], *mReading.clauses[i]);
-            else
-                check_defaults(mForm.clauses[i], mReading.starts[i]);
+                continue;
+            }
+            for (const CommandParameter& parameter : mForm.clauses[i].parameters)
+                check_all(parameter, parameter.default_value, mReading.starts[i]);
         }
         if (!mFault && (mReading.next < mTexts.size() || !mReading.may_end))
             tell(unexpected());
@@ -110,6 +112,7 @@ private:
         if (!mFault || fault.word < mFault->word)
             mFault = fault;
     }
+    void tell(qsizetype word, const QString& message) { tell({word, {}, {}, message}); }
 
     Fault unexpected() const
     {
@@ -130,112 +133,95 @@ private:
     {
         bool zero = clause.not_zero;
         for (qsizetype i = 0; i < values.size(); ++i) {
-            const CommandParameter& parameter = clause.parameters[i];
             for (const qsizetype word : values[i]) {
-                if (const auto fault = check(parameter, word, values[i]))
-                    tell(*fault);
+                check(clause.parameters[i], word, values[i]);
                 zero = zero &&
                        std::abs(parse_number(mTexts[word]).value_or(1)) < std::numeric_limits<double>::min();
             }
         }
         if (zero && values.size() == clause.parameters.size() && !values.first().isEmpty())
-            tell({values.first().first(), {}, {}, u"a direction must not be 0 0 0"_s});
+            tell(values.first().first(), u"a direction must not be 0 0 0"_s);
     }
 
-    /** Of a clause that would begin with the word. */
-    void check_defaults(const CommandClause& clause, qsizetype word)
-    {
-        for (const CommandParameter& parameter : clause.parameters) {
-            if (const auto fault = check_all(parameter, parameter.default_value, word))
-                tell(*fault);
-        }
-    }
-
-    std::optional<Fault> check(const CommandParameter& parameter, qsizetype word, const QList<qsizetype>& all)
+    void check(const CommandParameter& parameter, qsizetype word, const QList<qsizetype>& all)
     {
         const QString& text = mTexts[word];
-        const auto wrong_unless = [&](bool right) {
-            return right ? std::nullopt : std::optional(Fault{word, {what_of(parameter)}, {}, {}});
-        };
+        bool right = true;
         switch (parameter.kind) {
         case Kind::Number: {
             const double number = parse_number(text).value_or(std::nan(""));
-            return wrong_unless(number >= parameter.least && number <= parameter.most);
+            right = number >= parameter.least && number <= parameter.most;
+            break;
         }
         case Kind::WholeNumber: {
             const std::optional<qint64> number = parse_integer(text);
-            return wrong_unless(number && *number == int(*number) && double(*number) >= parameter.least &&
-                                double(*number) <= parameter.most);
+            right = number && *number == int(*number) && double(*number) >= parameter.least &&
+                    double(*number) <= parameter.most;
+            break;
         }
         case Kind::Choice:
-            return wrong_unless(parameter.choices.contains(text));
+            right = parameter.choices.contains(text);
+            break;
         case Kind::Variable:
-            return wrong_unless(is_variable_name(text));
+            right = is_variable_name(text);
+            break;
         case Kind::InputFile:
         case Kind::OutputFile:
-            return wrong_unless(!text.isEmpty() && !text.contains(QChar::Null));
+            right = !text.isEmpty() && !text.contains(QChar::Null);
+            break;
         case Kind::NewName:
-            return check_new_name(parameter, word);
+            right = CommandRegistry::is_name(text) && !parameter.reserved.contains(text);
+            if (right && mEntities && mEntities->names(parameter.entity).contains(text))
+                tell(word, u"there is a %1 \"%2\" already"_s.arg(parameter.entity, text));
+            break;
         case Kind::Entity:
-            return check_entity(parameter, word, all);
+            check_entity(parameter, word, all);
+            break;
         case Kind::Text:
         case Kind::Words:
             break;
         }
-        return std::nullopt;
-    }
-
-    std::optional<Fault> check_new_name(const CommandParameter& parameter, qsizetype word) const
-    {
-        const QString& text = mTexts[word];
-        if (!CommandRegistry::is_name(text) || parameter.reserved.contains(text))
-            return Fault{word, {what_of(parameter)}, {}, {}};
-        if (mEntities && mEntities->names(parameter.entity).contains(text))
-            return Fault{word, {}, {}, u"there is a %1 \"%2\" already"_s.arg(parameter.entity, text)};
-        return std::nullopt;
+        if (!right)
+            tell({word, {what_of(parameter)}, {}, {}});
     }
 
     /** Whether there is enough of what @p text stands for, if that is all there is. */
-    std::optional<Fault> check_all(const CommandParameter& parameter, const QString& text,
-                                   qsizetype word) const
+    void check_all(const CommandParameter& parameter, const QString& text, qsizetype word)
     {
         if (parameter.all.isEmpty() || text != parameter.all || !mEntities ||
             !mEntities->has(parameter.entity))
-            return std::nullopt;
+            return;
         const qsizetype count = mEntities->possible(parameter.entity).size();
-        if (count >= parameter.at_least)
-            return std::nullopt;
-        return Fault{word,
-                     {},
-                     {},
-                     count == 0
-                         ? u"there is no %1"_s.arg(parameter.entity)
-                         : u"at least %1 are needed, and \"%2\" stands for %3"_s.arg(parameter.at_least)
-                               .arg(text)
-                               .arg(count)};
+        if (count == 0 && parameter.at_least > 0)
+            tell(word, u"there is no %1"_s.arg(parameter.entity));
+        else if (count < parameter.at_least)
+            tell(word, u"at least %1 are needed, and \"%2\" stands for %3"_s.arg(parameter.at_least)
+                           .arg(text)
+                           .arg(count));
     }
 
-    std::optional<Fault> check_entity(const CommandParameter& parameter, qsizetype word,
-                                      const QList<qsizetype>& all)
+    void check_entity(const CommandParameter& parameter, qsizetype word, const QList<qsizetype>& all)
     {
         QString text = mTexts[word];
-        if (all.size() == 1 && parameter.choices.contains(text))
-            return check_all(parameter, text, word);
+        if (all.size() == 1 && parameter.choices.contains(text)) {
+            check_all(parameter, text, word);
+            return;
+        }
         if (mEntities && mEntities->has(parameter.entity)) {
             const QString name = mEntities->find(parameter.entity, text);
             if (name.isEmpty()) {
-                return Fault{word, {what_of(parameter)}, mEntities->remedy(parameter.entity, text), {}};
+                tell({word, {what_of(parameter)}, mEntities->remedy(parameter.entity, text), {}});
+                return;
             }
             mNamed.insert(word, name);
             text = name;
         }
         if (!parameter.distinct)
-            return std::nullopt;
+            return;
         const std::pair named(parameter.entity, text);
         if (mDistinct.contains(named))
-            return Fault{word, {}, {}, u"\"%1\" was named already"_s.arg(text)};
+            tell(word, u"\"%1\" was named already"_s.arg(text));
         mDistinct << named;
-        return std::nullopt;
     }
 
     const CommandSyntax& mForm;

@@ -15,6 +15,7 @@
 #include <QFileInfo>
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -54,19 +55,14 @@ Playback::Playback(CommandInterpreter& interpreter) : mInterpreter(interpreter) 
 
 bool Playback::is_python(QStringView text)
 {
-    while (!text.isEmpty()) {
-        const qsizetype end = text.indexOf(u'\n');
-        const QStringView line = (end < 0 ? text : text.first(end)).trimmed();
-        if (!line.isEmpty())
-            return line == "#!python"_L1;
-        text = end < 0 ? QStringView() : text.sliced(end + 1);
-    }
-    return false;
+    const QStringView rest = text.trimmed();
+    const qsizetype end = rest.indexOf(u'\n');
+    return (end < 0 ? rest : rest.first(end)).trimmed() == "#!python"_L1;
 }
 
 Playback::Outcome Playback::play(const QString& path, qsizetype from, const QList<JournalSetting>& settings)
 {
-    if (mDepth >= depth_limit)
+    if (mScripts.size() >= depth_limit)
         return fail(u"journals are nested deeper than %1"_s.arg(depth_limit));
     const JournalText read = read_journal_text(path);
     if (!read.error.isNull())
@@ -85,8 +81,14 @@ Playback::Outcome Playback::play(const QString& path, qsizetype from, const QLis
         return again + u' ' + QString::number(line);
     };
     const QFileInfo file(path);
-    return play_text({read.text.sliced(start), path, from, go_on, file.absoluteFilePath(), false, settings},
-                     python, file.absolutePath());
+    return play_text({.text = read.text.sliced(start),
+                      .name = path,
+                      .python = python,
+                      .first_line = from,
+                      .go_on = go_on,
+                      .file = file.absoluteFilePath(),
+                      .directory = file.absolutePath(),
+                      .settings = settings});
 }
 
 Playback::Outcome Playback::play_device(QIODevice& device, const QString& name,
@@ -95,51 +97,64 @@ Playback::Outcome Playback::play_device(QIODevice& device, const QString& name,
     const JournalText read = read_journal_text(device, CommandError::shown(name, name.size()));
     if (!read.error.isNull())
         return fail(read.error);
-    return play_text({read.text, name, 1, {}, {}, false, settings},
-                     name.endsWith(".py"_L1) || is_python(read.text), {});
+    return play_text({.text = read.text,
+                      .name = name,
+                      .python = name.endsWith(".py"_L1) || is_python(read.text),
+                      .settings = settings});
 }
 
 Playback::Outcome Playback::play_lines(const QStringList& lines, const QString& name, const Origin& origin)
 {
-    if (mDepth >= depth_limit)
+    if (mScripts.size() >= depth_limit)
         return fail(u"journals are nested deeper than %1"_s.arg(depth_limit));
     const QString text = lines.join(u'\n');
-    return play_text({text, name, origin.first_line, origin.go_on, {}, origin.piece},
-                     origin.python || is_python(text), origin.directory);
+    return play_text({.text = text,
+                      .name = name,
+                      .python = origin.python || is_python(text),
+                      .first_line = origin.first_line,
+                      .go_on = origin.go_on,
+                      .directory = origin.directory,
+                      .piece = origin.piece});
+}
+
+const Playback::Script* Playback::python_script() const
+{
+    const auto found =
+        std::find_if(mScripts.rbegin(), mScripts.rend(), [](const Script* script) { return script->python; });
+    return found == mScripts.rend() ? nullptr : *found;
 }
 
 QString Playback::script_in_play() const
 {
-    return mPythonScripts.isEmpty() ? QString() : mPythonScripts.last()->name;
+    const Script* const script = python_script();
+    return script ? script->name : QString();
 }
 
 QString Playback::file_in_play(const QString& name) const
 {
-    for (auto it = mScripts.rbegin(); it != mScripts.rend(); ++it) {
-        if ((*it)->name == name)
-            return (*it)->file;
-    }
-    return {};
+    const auto found = std::find_if(mScripts.rbegin(), mScripts.rend(),
+                                    [&name](const Script* script) { return script->name == name; });
+    return found == mScripts.rend() ? QString() : (*found)->file;
 }
 
 Playback::Declaration Playback::declare(const QString& name)
 {
-    if (mScriptParameters.isEmpty() || !mScriptParameters.last())
+    if (mScripts.isEmpty() || mScripts.last()->python)
         return {};
-    Parameters& parameters = *mScriptParameters.last();
-    const bool again = parameters.declared.contains(name);
-    parameters.declared << name;
-    const auto given = parameters.given.constFind(name);
-    return {given == parameters.given.constEnd() ? std::nullopt : std::optional(*given),
-            parameters.lines >= parameters.head_lines, again};
+    Script& script = *mScripts.last();
+    const bool again = script.declared.contains(name);
+    script.declared << name;
+    const auto given = script.given.constFind(name);
+    return {given == script.given.constEnd() ? std::nullopt : std::optional(*given),
+            script.lines >= script.head_lines, again};
 }
 
 void Playback::script_reached(qsizetype line)
 {
-    if (mPythonScripts.isEmpty())
+    if (!python_script())
         return;
     // By value: what the wait lets in may end the run.
-    const Script script = *mPythonScripts.last();
+    const Script script = *python_script();
     const qsizetype lines = script.text.count(u'\n') + 1;
     const qsizetype done = line - script.first_line;
     if (done > 0 && done < lines && mScripts.size() == 1)
@@ -153,90 +168,84 @@ void Playback::stop()
     set_paused(false);
 }
 
-Playback::Outcome Playback::play_text(const Script& script, bool python, const QString& directory)
+Playback::Outcome Playback::play_text(Script script)
 {
     const InterruptScope scope;
-    Parameters parameters;
-    if (const QString wrong = read_parameters(script, python, parameters); !wrong.isEmpty()) {
+    if (const QString wrong = read_parameters(script); !wrong.isEmpty()) {
         fail(wrong);
         return Outcome::Refused;
     }
     const QString before = QDir::currentPath();
-    const bool change = !directory.isEmpty() && mChangeDirectory();
-    if (change && !QDir::setCurrent(directory))
+    const bool change = !script.directory.isEmpty() && mChangeDirectory();
+    if (change && !QDir::setCurrent(script.directory))
         return fail(u"cannot change to the directory %1 of %2"_s.arg(
-            CommandError::shown(directory, directory.size()),
+            CommandError::shown(script.directory, script.directory.size()),
             CommandError::shown(script.name, script.name.size())));
-    if (mDepth++ == 0) {
+    mScripts.append(&script);
+    if (mScripts.size() == 1) {
         ++mJournals;
         mDirectory = before;
         mPercent = 0;
         mProgress(script.name, 0);
     }
-    mScripts.append(&script);
-    mScriptParameters.append(python ? nullptr : &parameters);
-    if (python)
-        mPythonScripts.append(&script);
     const auto leave = qScopeGuard([&] {
         mScripts.removeLast();
-        mScriptParameters.removeLast();
-        if (python)
-            mPythonScripts.removeLast();
         if (change)
             QDir::setCurrent(before);
-        if (--mDepth > 0)
+        if (is_playing())
             return;
         mStop = false;
         mProgress(script.name, 100);
     });
-    const Outcome outcome = python ? play_python(script) : play_journal(script, parameters);
+    const Outcome outcome = script.python ? play_python(script) : play_journal(script);
     mInnerEnded = outcome != Outcome::Played;
-    mInnerPython = python;
+    mInnerPython = script.python;
     return outcome;
 }
 
-QString Playback::read_parameters(const Script& script, bool python, Parameters& parameters)
+QString Playback::read_parameters(Script& script)
 {
-    for (const JournalSetting& setting : script.settings) {
-        if (parameters.given.contains(setting.name))
+    for (const JournalSetting& setting : std::as_const(script.settings)) {
+        if (script.given.contains(setting.name))
             return u"a value for %1 is given twice"_s.arg(CommandError::shown(setting.name));
-        parameters.given.insert(setting.name, setting.value);
+        script.given.insert(setting.name, setting.value);
     }
     const QString name = CommandError::shown(script.name, script.name.size());
-    if (python && !parameters.given.isEmpty())
+    if (script.python && !script.given.isEmpty())
         return u"%1 is a Python script, which has no parameters"_s.arg(name);
-    const JournalHead head =
-        python ? JournalHead() : read_journal_head(script.text, mInterpreter.variables(), parameters.given);
+    const JournalHead head = script.python
+                                 ? JournalHead()
+                                 : read_journal_head(script.text, mInterpreter.variables(), script.given);
     // Without settings the run comes to it, and tells more.
-    if (head.error && !parameters.given.isEmpty())
+    if (head.error && !script.given.isEmpty())
         return place_of(script.name, script.first_line + head.lines) + ": "_L1 + head.error->message();
-    parameters.head_lines = head.error ? script.text.size() : head.lines;
+    script.head_lines = head.error ? script.text.size() : head.lines;
     QStringList names;
     QList<std::pair<CommandParameter, QString>> values;
     for (const CommandParameter& parameter : head.parameters) {
         names << parameter.name;
-        values.append({parameter, parameters.given.value(parameter.name, parameter.default_value)});
+        values.append({parameter, script.given.value(parameter.name, parameter.default_value)});
     }
-    for (const JournalSetting& setting : script.settings) {
+    for (const JournalSetting& setting : std::as_const(script.settings)) {
         if (names.contains(setting.name))
             continue;
         const QString remedy = CommandEntities::remedy_among(setting.name, names);
         return u"%1 has no parameter %2"_s.arg(name, CommandError::shown(setting.name)) +
                (remedy.isEmpty() ? QString() : u"; "_s + remedy);
     }
-    if (mDepth == 0)
+    if (!is_playing())
         mParameters = values;
     return {};
 }
 
-Playback::Outcome Playback::play_journal(const Script& script, Parameters& parameters)
+Playback::Outcome Playback::play_journal(Script& script)
 {
     // The commands that run may play journals themselves: nothing of this walk is a member.
     const QStringView text = script.text;
     qsizetype line = script.first_line;
     qsizetype last_command = line;
     for (qsizetype start = 0; start < text.size();) {
-        if (mDepth == 1)
+        if (mScripts.size() == 1)
             show_progress(script, int(start * 100 / text.size()));
         if (const Outcome outcome = turn_and_wait(place_of(script.name, line)); outcome != Outcome::Played) {
             report_end(outcome, place_of(script.name, last_command));
@@ -250,7 +259,7 @@ Playback::Outcome Playback::play_journal(const Script& script, Parameters& param
         for (const QString& one : echoed)
             mEcho(one.endsWith(u'\r') ? one.chopped(1) : one);
         mInnerEnded = false;
-        parameters.lines = line - script.first_line;
+        script.lines = line - script.first_line;
         const bool done = mInterpreter.run(command, script.name, line) != CommandInterpreter::Result::Failed;
         const Outcome ended = test_end();
         const Outcome outcome = ended == Outcome::Played && !done ? Outcome::Failed : ended;
@@ -342,7 +351,7 @@ void Playback::hint(const Script& script, qsizetype line) const
 QString Playback::name_from_here(const QString& path) const
 {
     const QString absolute = QFileInfo(path).absoluteFilePath();
-    const bool same = mDepth == 0 || QFileInfo(QDir(mDirectory), path).absoluteFilePath() == absolute;
+    const bool same = !is_playing() || QFileInfo(QDir(mDirectory), path).absoluteFilePath() == absolute;
     return same ? path : absolute;
 }
 

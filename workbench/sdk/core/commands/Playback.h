@@ -59,18 +59,6 @@ public:
         /** Whether it is a piece of a script, whose lines may all be indented. */
         bool piece = false;
     };
-    /** Gives the application its turn. */
-    using Turn = std::function<void()>;
-    /** Takes a line that is about to run. */
-    using Echo = std::function<void(const QString& line)>;
-    /**
-     * Runs a Python script, reports its errors itself, and returns whether it went well.
-     *
-     * While it runs the script it calls script_reached() now and then.
-     */
-    using PythonHook = std::function<bool(const PythonScript& script)>;
-    /** Takes a journal's name and how much of it is done; see set_progress(). */
-    using Progress = std::function<void(const QString& name, int percent)>;
 
     /** Where lines come from that are not read from a file. */
     struct Origin
@@ -148,7 +136,7 @@ public:
     const QList<std::pair<CommandParameter, QString>>& parameters() const { return mParameters; }
 
     /** Whether a journal is being played, paused or not. */
-    bool is_playing() const { return mDepth > 0; }
+    bool is_playing() const { return !mScripts.isEmpty(); }
     /** A number for the outermost journal that is being played, which no other gets; 0 if there is none. */
     int journal_number() const { return is_playing() ? mJournals : 0; }
     /** Makes playback wait before its next command. Stays on until resume() or stop(), also between files. */
@@ -161,22 +149,26 @@ public:
     void stop();
 
     /** Called with each line ahead of its command, without line end. */
-    void set_echo(const Echo& echo) { mEcho = echo; }
+    void set_echo(const std::function<void(const QString& line)>& echo) { mEcho = echo; }
     /** Called ahead of each command. */
-    void set_turn(const Turn& turn) { mTurn = turn; }
+    void set_turn(const std::function<void()>& turn) { mTurn = turn; }
     /** Called again and again while paused. Without it a pause is not waited for: nothing could end it. */
-    void set_wait(const Turn& wait) { mWait = wait; }
+    void set_wait(const std::function<void()>& wait) { mWait = wait; }
     /** Called with the new state when is_paused() changes. */
     void set_pause_changed(const std::function<void(bool)>& changed) { mPauseChanged = changed; }
-    /** Without it a Python script is an error. */
-    void set_python_hook(const PythonHook& hook) { mPythonHook = hook; }
+    /** Called to run a Python script: it reports its errors itself, calls script_reached() now and then, and
+     * returns whether the script went well. Without it a Python script is an error. */
+    void set_python_hook(const std::function<bool(const PythonScript& script)>& hook) { mPythonHook = hook; }
     /** Asked at the start of each file; on true its directory is the current one while it plays. */
     void set_change_directory(const std::function<bool()>& asked) { mChangeDirectory = asked; }
     /**
      * Called with the outermost journal's name and 0 when it begins, with a percentage below 100 as it gets
      * on, and with 100 when it has ended, be it that an error has ended it.
      */
-    void set_progress(const Progress& progress) { mProgress = progress; }
+    void set_progress(const std::function<void(const QString& name, int percent)>& progress)
+    {
+        mProgress = progress;
+    }
     /** Whether a journal that ends before its last line tells how to play on. At first it does not. */
     void set_hints(bool hints) { mHints = hints; }
 
@@ -186,29 +178,30 @@ private:
     {
         QString text;
         QString name;
-        qsizetype first_line;
-        std::function<QString(qsizetype)> go_on;
+        bool python;
+        qsizetype first_line = 1;
+        std::function<QString(qsizetype)> go_on = {};
         /** The absolute path of the file; empty if it is none. */
-        QString file;
+        QString file = {};
+        /** The current directory while it plays; empty for any. */
+        QString directory = {};
         bool piece = false;
         QList<JournalSetting> settings = {};
-    };
-    /** The parameters of a text in play. */
-    struct Parameters
-    {
-        /** Those that do not have their default, by name. */
-        QMap<QString, QString> given;
-        QStringList declared;
-        /** How many of its lines may declare some. */
+        /** The parameters of a journal that do not have their default, by name. */
+        QMap<QString, QString> given = {};
+        QStringList declared = {};
+        /** How many of its lines may declare parameters. */
         qsizetype head_lines = 0;
-        /** How many have run. */
+        /** How many lines have run. */
         qsizetype lines = 0;
     };
 
-    Outcome play_text(const Script& script, bool python, const QString& directory);
+    Outcome play_text(Script script);
+    /** The innermost Python script in play; null if there is none. */
+    const Script* python_script() const;
     /** Reads the declarations at the beginning; what is wrong with the settings, or nothing. */
-    QString read_parameters(const Script& script, bool python, Parameters& parameters);
-    Outcome play_journal(const Script& script, Parameters& parameters);
+    QString read_parameters(Script& script);
+    Outcome play_journal(Script& script);
     Outcome play_python(const Script& script);
     /** Played unless the journal is to end here. */
     Outcome turn_and_wait(const QString& next);
@@ -231,15 +224,10 @@ private:
     Callback<void(const QString&, int)> mProgress;
     /** The current directory when the outermost journal began. */
     QString mDirectory;
-    int mDepth = 0;
     /** How many outermost journals have begun. */
     int mJournals = 0;
     /** The scripts in play, the outermost one first. */
-    QList<const Script*> mScripts;
-    /** The Python scripts among them. */
-    QList<const Script*> mPythonScripts;
-    /** Those of the journals among them, the outermost one first; null for Python scripts. */
-    QList<Parameters*> mScriptParameters;
+    QList<Script*> mScripts;
     QList<std::pair<CommandParameter, QString>> mParameters;
     /** What was shown last of the outermost one. */
     int mPercent = 0;

@@ -99,41 +99,31 @@ void verify_set(const CommandArguments& arguments, const CommandEntities& entiti
                                      remedy.isEmpty() ? u"a value behind it would set it"_s : remedy);
 }
 
-/** Tells which step was taken back or made again, or how many. @p index is that of the last of them. */
-void print_moved(CommandCall& call, const QString& done, std::size_t count, const UndoSteps& steps,
-                 std::size_t index)
+/** Takes steps back or makes them again, and tells which one or how many. */
+void move_steps(CommandCall& call, const CommandArguments& arguments, UndoSteps& steps, bool back)
 {
+    const bool single = arguments.has("step"_L1);
+    const std::size_t count = back ? steps.undo(single) : steps.redo(single);
+    if (count == 0)
+        throw call.error(0, back ? u"there is nothing to undo"_s : u"there is nothing to redo"_s);
+    const QString done = back ? u"Undone: "_s : u"Redone: "_s;
+    const std::size_t last = back ? steps.done() : steps.done() - 1;
     if (count > 1)
-        call.print(u"%1: %2 steps of a journal\n"_s.arg(done).arg(count));
-    else if (index < steps.steps().size()) // not forgotten meanwhile
-        call.print(done + u": "_s + steps.steps()[index].command + u'\n');
+        call.print(done + u"%1 steps of a journal\n"_s.arg(count));
+    else if (last < steps.steps().size()) // not forgotten meanwhile
+        call.print(done + steps.steps()[last].command + u'\n');
 }
 
-void undo(CommandCall& call, const CommandArguments& arguments, UndoSteps& steps)
-{
-    const std::size_t count = steps.undo(arguments.has("step"_L1));
-    if (count == 0)
-        throw call.error(0, u"there is nothing to undo"_s);
-    print_moved(call, u"Undone"_s, count, steps, steps.done());
-}
-
-void redo(CommandCall& call, const CommandArguments& arguments, UndoSteps& steps)
-{
-    const std::size_t count = steps.redo(arguments.has("step"_L1));
-    if (count == 0)
-        throw call.error(0, u"there is nothing to redo"_s);
-    print_moved(call, u"Redone"_s, count, steps, steps.done() - 1);
-}
-
-Command step_command(const QString& name, const QString& summary, const QString& help, UndoSteps& steps,
-                     void (*perform)(CommandCall&, const CommandArguments&, UndoSteps&))
+Command step_command(const QString& name, const QString& summary, const QString& help, UndoSteps& steps)
 {
     return {
         .name = name,
         .summary = summary,
         .help = help,
-        .perform = [perform, &steps](CommandCall& call,
-                                     const CommandArguments& arguments) { perform(call, arguments, steps); },
+        .perform =
+            [&steps, back = name == "undo"_L1](CommandCall& call, const CommandArguments& arguments) {
+                move_steps(call, arguments, steps, back);
+            },
         .forms = {{.clauses = {{.keyword = u"step"_s,
                                 .optional = true,
                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "One step of a journal")}}}},
@@ -405,11 +395,11 @@ void register_step_commands(CommandRegistry& registry, const QString& owner)
              u"undo"_s, u"Takes back the last command that has changed the model."_s,
              u"A journal that was played is taken back as a whole; with \"step\", its last command "
              "alone. What starts\nanother model, as \"new\" and \"open\" do, cannot be taken back."_s,
-             steps, undo),
+             steps),
          step_command(u"redo"_s, u"Makes again what was undone last."_s,
                       u"A journal is made again as a whole; with \"step\", its next command alone. The first "
                       "change after an undo\nends it."_s,
-                      steps, redo)});
+                      steps)});
 }
 
 void list_steps(CommandCall& call, const UndoSteps& steps)
