@@ -17,7 +17,7 @@
 #include "workbench/application/component_manager/ComponentManager.h"
 #include "workbench/application/console/ConsoleOwner.h"
 #include "workbench/host/navigation/CommandForm.h"
-#include "workbench/host/navigation/EntryButton.h"
+#include "workbench/host/navigation/EntryButtons.h"
 #include "workbench/host/navigation/FormField.h"
 #include "workbench/host/navigation/NavigationEntries.h"
 #include "workbench/sdk/core/commands/Fennar.h"

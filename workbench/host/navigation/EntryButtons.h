@@ -7,11 +7,36 @@
 
 #include <QModelIndexList>
 #include <QPersistentModelIndex>
-#include <QWidget>
+#include <QToolButton>
 
 namespace fennar {
 
-class EntryButton;
+/** The button of one entry of a navigation model: its picture and title, and what it is for as tool tip.
+ * Where the title stands beside the picture, an arrow marks an entry that leads to others. */
+class EntryButton : public QToolButton
+{
+    Q_OBJECT
+
+public:
+    EntryButton(const QModelIndex& entry, QWidget* parent);
+
+    /** The entry; invalid once it was removed. */
+    QModelIndex entry() const { return mEntry; }
+
+    /** Takes title, picture and tool tip from the entry as it is now. */
+    void update_texts();
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool has_arrow() const;
+
+    QPersistentModelIndex mEntry;
+};
 
 /** One level of a navigation model as buttons. A button stays the same object as long as its entry is shown,
  * so that a keyboard user keeps the place when the model changes. */

@@ -4,7 +4,7 @@
 #include "workbench/host/navigation/PanelView.h"
 
 #include "workbench/host/navigation/CommandForm.h"
-#include "workbench/host/navigation/EntryButton.h"
+#include "workbench/host/navigation/EntryButtons.h"
 #include "workbench/host/navigation/NavigationEntries.h"
 
 #include <QLabel>

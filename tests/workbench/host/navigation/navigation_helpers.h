@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "workbench/host/navigation/EntryButton.h"
+#include "workbench/host/navigation/EntryButtons.h"
 
 #include <QByteArray>
 #include <QList>
