@@ -5,7 +5,7 @@
 
 #include "workbench/host/fennar_python/PythonOutput.h"
 #include "workbench/host/fennar_python/PythonTicker.h"
-#include "workbench/host/fennar_python/without_python_lock.h"
+#include "workbench/host/fennar_python/python_tools.h"
 
 #include <pybind11/pybind11.h>
 
@@ -61,5 +61,12 @@ public:
 private:
     PyGILState_STATE mLock;
 };
+
+/** Gives the module fennar cmd() and CommandError. Called with Python's lock held; throws what pybind11
+ * throws. */
+void fill_fennar_module(PyObject* fennar);
+
+/** Lets go of what the module fennar holds outside Python. Called with Python's lock held, before the end. */
+void release_fennar_module();
 
 } // namespace fennar

@@ -4,10 +4,8 @@
 #include "workbench/host/fennar_python/PythonRuntime.h"
 
 #include "workbench/host/fennar_python/PythonEntry.h"
-#include "workbench/host/fennar_python/fennar_module.h"
 #include "workbench/host/fennar_python/run_python.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QScopeGuard>
 
@@ -84,25 +82,15 @@ py::ssize_t write(PythonOutput::Stream stream, const py::object& object)
 /** Runs support.py, which puts the streams in place. */
 void install_support()
 {
-    QFile file(u":/fennar_python/support.py"_s);
-    if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("support.py is missing from the library");
     py::dict names;
-    names["__builtins__"] = py::module_::import("builtins");
     names["__name__"] = "fennar_support";
-    names["__file__"] = "<fennar>";
     names["executable"] = FENNAR_PYTHON_EXECUTABLE;
     names["write_output"] = py::cpp_function(
         [](const py::object& text) { return write(PythonOutput::Stream::Output, text); }, py::name("write"));
     names["write_error"] = py::cpp_function(
         [](const py::object& text) { return write(PythonOutput::Stream::Error, text); }, py::name("write"));
     names["become_child"] = py::cpp_function([] { PythonState::get().output.become_child(); });
-    const py::object code = py::module_::import("builtins")
-                                .attr("compile")(file.readAll().toStdString(), names["__file__"], "exec");
-    const auto result =
-        py::reinterpret_steal<py::object>(PyEval_EvalCode(code.ptr(), names.ptr(), names.ptr()));
-    if (!result)
-        throw py::error_already_set();
+    run_resource(u":/fennar_python/support.py"_s, names);
     if (!PythonState::get().guest)
         names["take_streams"]();
     PythonState::get().support = names.release().ptr();

@@ -1,18 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/host/fennar_python/fennar_module.h"
-
 #include "workbench/host/fennar_python/PythonEntry.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
 #include "workbench/host/fennar_python/run_python.h"
 
-#include <QFile>
-#include <pybind11/eval.h>
-#include <pybind11/pybind11.h>
-
 #include <optional>
-#include <stdexcept>
 
 namespace py = pybind11;
 using namespace Qt::StringLiterals;
@@ -48,19 +41,6 @@ void cmd(const py::str& text)
     throw py::error_already_set();
 }
 
-/** The class CommandError. */
-py::object make_command_error()
-{
-    QFile file(u":/fennar_python/command_error.py"_s);
-    if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("command_error.py is missing from the library");
-    py::dict names;
-    names["__builtins__"] = py::module_::import("builtins");
-    names["__name__"] = "fennar";
-    py::exec(file.readAll().toStdString(), names);
-    return names["CommandError"];
-}
-
 } // namespace
 
 void fill_fennar_module(PyObject* fennar)
@@ -69,7 +49,10 @@ void fill_fennar_module(PyObject* fennar)
     py::options options;
     options.disable_function_signatures();
     module.attr("__version__") = OSTREL_VERSION;
-    command_error = make_command_error().release().ptr();
+    py::dict names;
+    names["__name__"] = "fennar";
+    run_resource(u":/fennar_python/command_error.py"_s, names);
+    command_error = py::object(names["CommandError"]).release().ptr();
     module.attr("CommandError") = py::handle(command_error);
     module.def("cmd", &cmd, py::arg("text"),
                "cmd(text)\n\n"

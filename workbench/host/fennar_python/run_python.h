@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "workbench/host/fennar_python/python_text.h"
+#include "workbench/host/fennar_python/python_tools.h"
 
 #include <functional>
 

@@ -3,12 +3,9 @@
 
 #include "workbench/host/fennar_python/commands/python_commands.h"
 
-#include "workbench/host/fennar_python/python_text.h"
-#include "workbench/host/fennar_python/without_python_lock.h"
+#include "workbench/host/fennar_python/python_tools.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/tokenize.h"
-
-#include <QFile>
 
 #include <memory>
 #include <stdexcept>
@@ -369,32 +366,21 @@ private:
     QMetaObject::Connection mConnection;
 };
 
-py::object source(const QString& name)
-{
-    QFile file(u":/python_commands/"_s + name);
-    if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("a part of the module fennar is missing: " + name.toStdString());
-    return py::str(file.readAll().toStdString());
-}
-
 } // namespace
 
 void add_python_commands(PyObject* module, const PythonCommandServices& services)
 {
     init_resources();
     const auto fennar = py::reinterpret_borrow<py::module_>(module);
-    const py::dict names;
-    const auto builtins = py::module_::import("builtins");
-    names["__builtins__"] = builtins;
+    py::dict names;
     names["__name__"] = "fennar_commands";
-    names["__file__"] = "<fennar>"; // which tracebacks leave out
     names["module"] = fennar;
     names["CommandError"] = fennar.attr("CommandError");
-    names["python_source"] = py::cpp_function([](const py::str& name) { return source(to_qstring(name)); });
+    names["python_source"] = py::cpp_function(
+        [](const py::str& name) { return resource_text(u":/python_commands/"_s + to_qstring(name)); });
     NumberBuffer::add_to(fennar);
     std::make_shared<Access>(services)->add_to(names);
-    const py::object code = builtins.attr("compile")(source(u"commands.py"_s), names["__file__"], "exec");
-    builtins.attr("exec")(code, names);
+    run_resource(u":/python_commands/commands.py"_s, names);
 }
 
 } // namespace fennar

@@ -1,9 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/host/fennar_python/python_text.h"
+#include "workbench/host/fennar_python/python_tools.h"
 
 #include <QChar>
+#include <QFile>
+
+#include <stdexcept>
 
 namespace py = pybind11;
 
@@ -56,6 +59,23 @@ py::str to_python(const QString& text)
     if (!result)
         throw py::error_already_set();
     return py::reinterpret_steal<py::str>(result);
+}
+
+py::str resource_text(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw std::runtime_error("the library has no " + path.toStdString());
+    return py::str(file.readAll().toStdString());
+}
+
+void run_resource(const QString& path, py::dict& names)
+{
+    const auto builtins = py::module_::import("builtins");
+    names["__builtins__"] = builtins;
+    names["__file__"] = "<fennar>";
+    const py::object code = builtins.attr("compile")(resource_text(path), names["__file__"], "exec");
+    builtins.attr("exec")(code, names);
 }
 
 } // namespace fennar
