@@ -58,16 +58,9 @@ QString usage(const QString& name, const CommandSyntax& form)
 
 QString written(const CommandParameter& parameter, const QString& value)
 {
-    switch (parameter.kind) {
-    case Kind::Words:
-        return value;
-    case Kind::Text:
-    case Kind::InputFile:
-    case Kind::OutputFile:
-        return quote_word(value);
-    default:
-        return is_variable_reference(value) ? value : quote_word(value);
-    }
+    const bool literal = parameter.kind == Kind::Text || parameter.is_file();
+    const bool as_it_is = parameter.kind == Kind::Words || (!literal && is_variable_reference(value));
+    return as_it_is ? value : quote_word(value);
 }
 
 /** The words at these places; those that are written as they are typed as one. */

@@ -100,6 +100,11 @@ struct CommandParameter
     /** What else can be completed behind the words that are given, as "size=" with its value to follow; null
      * for nothing. It may be slow, as it is asked for at the user's key only, and must not throw. */
     std::function<QStringList(const QStringList& given)> beginnings = {};
+
+    /** Whether it is a number, whole or not. */
+    bool is_number() const { return kind == Kind::Number || kind == Kind::WholeNumber; }
+    /** Whether it is the name of a file, or of a directory. */
+    bool is_file() const { return kind == Kind::InputFile || kind == Kind::OutputFile; }
 };
 
 /** Values of a command that are written together or not at all, with a keyword in front if they have one. */

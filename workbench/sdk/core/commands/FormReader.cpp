@@ -16,8 +16,7 @@ using Kind = CommandParameter::Kind;
 /** Whether any word can be its value. */
 bool is_free(const CommandParameter& parameter)
 {
-    return parameter.kind == Kind::Words || parameter.kind == Kind::Text ||
-           parameter.kind == Kind::InputFile || parameter.kind == Kind::OutputFile;
+    return parameter.kind == Kind::Words || parameter.kind == Kind::Text || parameter.is_file();
 }
 
 bool is_repeated(const CommandParameter& parameter)
@@ -120,9 +119,8 @@ private:
     /** Whether the clause begins with a number and the next word is not a number. */
     bool misses_number(const CommandClause& clause) const
     {
-        const Kind kind = clause.parameters.first().kind;
         // In a form variables stand as they are.
-        return (kind == Kind::Number || kind == Kind::WholeNumber) && !parse_number(word()) &&
+        return clause.parameters.first().is_number() && !parse_number(word()) &&
                !is_variable_reference(word());
     }
 

@@ -24,26 +24,6 @@ namespace fennar {
 
 namespace {
 
-/** Where line @p number begins; the text's size if there is no such line. */
-qsizetype start_of_line(QStringView text, qsizetype number)
-{
-    qsizetype start = 0;
-    for (; number > 1 && start < text.size(); --number) {
-        const qsizetype end = text.indexOf(u'\n', start);
-        start = end < 0 ? text.size() : end + 1;
-    }
-    return start;
-}
-
-/** Whether the line that ends ahead of @p start is continued. */
-bool is_continued(QStringView text, qsizetype start)
-{
-    QStringView before = text.first(std::max(start - 1, qsizetype(0)));
-    if (before.endsWith(u'\r'))
-        before.chop(1);
-    return before.endsWith(u'\\');
-}
-
 QString place_of(const QString& name, qsizetype line)
 {
     return name + u':' + QString::number(line);
@@ -70,15 +50,18 @@ Playback::Outcome Playback::play(const QString& path, qsizetype from, const QLis
 
     const bool python = path.endsWith(".py"_L1) || is_python(read.text);
     const QString shown = CommandError::shown(path, path.size());
-    const qsizetype start = start_of_line(read.text, from);
+    qsizetype start = 0;
+    qsizetype line = 1;
+    while (line < from && start < read.text.size())
+        line += ContinuedCommand::read(read.text, start).line_count();
     if (from != 1 && python)
         return fail(u"%1 is a Python script, which is only run as a whole"_s.arg(shown));
-    if (from != 1 && (from < 1 || start == read.text.size()))
+    if (from < 1 || (from > 1 && line <= from && start == read.text.size()))
         return fail(u"%1 has no line %2"_s.arg(shown).arg(from));
-    if (is_continued(read.text, start))
+    if (line > from)
         return fail(u"line %1 of %2 continues the line before it"_s.arg(from).arg(shown));
-    const auto go_on = [again = u"play "_s + quote_word(name_from_here(path))](qsizetype line) {
-        return again + u' ' + QString::number(line);
+    const auto go_on = [again = u"play "_s + quote_word(name_from_here(path))](qsizetype next) {
+        return again + u' ' + QString::number(next);
     };
     const QFileInfo file(path);
     return play_text({.text = read.text.sliced(start),

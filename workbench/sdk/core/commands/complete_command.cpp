@@ -147,10 +147,7 @@ QStringList given_to(const Wanted& wanted, const CommandSyntax& form, const Form
 /** Whether what was read as numbers is some. */
 bool holds_numbers(const CommandSyntax& form, const FormReading& reading, const QStringList& words)
 {
-    const auto is_number = [](const CommandParameter& parameter) {
-        return parameter.kind == Kind::Number || parameter.kind == Kind::WholeNumber;
-    };
-    return std::ranges::all_of(given_to(is_number, form, reading, words),
+    return std::ranges::all_of(given_to(std::mem_fn(&CommandParameter::is_number), form, reading, words),
                                [](const QString& word) { return parse_number(word).has_value(); });
 }
 
@@ -366,10 +363,8 @@ void add_expected(Collector& collector, const Command& command, const Expected& 
 /** The file that is expected, the last one if several are; null if none is. */
 const CommandParameter* expected_file(const Expected& expected)
 {
-    const auto is_file = [](const Expected::Value& value) {
-        return value.parameter->kind == Kind::InputFile || value.parameter->kind == Kind::OutputFile;
-    };
-    const auto found = std::find_if(expected.values.rbegin(), expected.values.rend(), is_file);
+    const auto found = std::find_if(expected.values.rbegin(), expected.values.rend(),
+                                    [](const Expected::Value& value) { return value.parameter->is_file(); });
     return found == expected.values.rend() ? nullptr : found->parameter;
 }
 

@@ -48,24 +48,17 @@ CommandClause default_clause(Kind kind, const QString& example)
                            .example = example});
 }
 
-CommandClause bound_clause(const QString& keyword, Kind kind, const QString& name, const char* label,
-                           const QString& example)
+CommandClause optional_clause(const QString& keyword, const QString& name, const char* label,
+                              Kind kind = Kind::Text, const QString& example = {})
 {
     return {.keyword = keyword,
             .parameters = {{.name = name, .kind = kind, .label = label, .example = example}},
             .optional = true};
 }
 
-CommandClause text_clause(const QString& keyword, const QString& name, const char* label)
-{
-    return {.keyword = keyword,
-            .parameters = {{.name = name, .kind = Kind::Text, .label = label}},
-            .optional = true};
-}
-
 CommandClause about_clause()
 {
-    return text_clause(u"about"_s, u"TEXT"_s, QT_TRANSLATE_NOOP("CommandParameter", "Description"));
+    return optional_clause(u"about"_s, u"TEXT"_s, QT_TRANSLATE_NOOP("CommandParameter", "Description"));
 }
 
 /** One that is looked at as the only value of a command. */
@@ -96,11 +89,11 @@ void verify_declaration(const CommandArguments& arguments, const CommandEntities
 CommandSyntax number_form(Kind kind, const QString& type, const char* title)
 {
     return {.clauses = {name_clause(), type_clause(type), default_clause(kind, u"2"_s),
-                        bound_clause(u"min"_s, kind, u"LEAST"_s,
-                                     QT_TRANSLATE_NOOP("CommandParameter", "Minimum"), u"1"_s),
-                        bound_clause(u"max"_s, kind, u"MOST"_s,
-                                     QT_TRANSLATE_NOOP("CommandParameter", "Maximum"), u"10"_s),
-                        text_clause(u"unit"_s, u"UNIT"_s, QT_TRANSLATE_NOOP("CommandParameter", "Unit")),
+                        optional_clause(u"min"_s, u"LEAST"_s,
+                                        QT_TRANSLATE_NOOP("CommandParameter", "Minimum"), kind, u"1"_s),
+                        optional_clause(u"max"_s, u"MOST"_s, QT_TRANSLATE_NOOP("CommandParameter", "Maximum"),
+                                        kind, u"10"_s),
+                        optional_clause(u"unit"_s, u"UNIT"_s, QT_TRANSLATE_NOOP("CommandParameter", "Unit")),
                         about_clause()},
             .title = title,
             .verify = &verify_declaration};

@@ -113,25 +113,11 @@ private:
         const qsizetype start = mAt++;
         if (at_end())
             throw unterminated(u'"', quote);
-        switch (mLine[mAt].unicode()) {
-        case u'"':
-        case u'\\':
-        case u'$':
-            mWord.text += mLine[mAt];
-            break;
-        case u'n':
-            mWord.text += u'\n';
-            break;
-        case u'r':
-            mWord.text += u'\r';
-            break;
-        case u't':
-            mWord.text += u'\t';
-            break;
-        default:
+        const qsizetype which = QStringView(u"\"\\$nrt").indexOf(mLine[mAt]);
+        if (which < 0)
             throw CommandError::expected(uR"(an escape (\" \\ \$ \n \r \t))"_s,
                                          CommandError::shown(character(start, 1)), start + 1);
-        }
+        mWord.text += QStringView(u"\"\\$\n\r\t")[which];
         ++mAt;
     }
 
@@ -223,32 +209,15 @@ QString quote_word(QStringView word)
     if (!word.isEmpty() && std::all_of(word.begin(), word.end(), is_plain))
         return word.toString();
 
-    QString result;
-    result.reserve(word.size() + 2);
-    result += u'"';
-    for (const QChar c : word) {
-        switch (c.unicode()) {
-        case u'"':
-        case u'\\':
-        case u'$':
-            result += u'\\';
-            result += c;
-            break;
-        case u'\n':
-            result += "\\n"_L1;
-            break;
-        case u'\r':
-            result += "\\r"_L1;
-            break;
-        case u'\t':
-            result += "\\t"_L1;
-            break;
-        default:
-            result += c;
-        }
-    }
-    result += u'"';
-    return result;
+    QString quoted = word.toString();
+    for (const auto& [character, escape] : {std::pair(u'\\', "\\\\"_L1),
+                                            {u'"', "\\\""_L1},
+                                            {u'$', "\\$"_L1},
+                                            {u'\n', "\\n"_L1},
+                                            {u'\r', "\\r"_L1},
+                                            {u'\t', "\\t"_L1}})
+        quoted.replace(character, escape);
+    return u'"' + quoted + u'"';
 }
 
 bool is_variable_name(QStringView name)
