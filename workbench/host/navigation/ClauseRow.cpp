@@ -7,7 +7,6 @@
 #include "workbench/host/navigation/FormServices.h"
 
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -18,11 +17,6 @@
 using namespace Qt::StringLiterals;
 
 namespace fennar {
-
-QString translated_parameter(const char* text)
-{
-    return text ? QCoreApplication::translate("CommandParameter", text) : QString();
-}
 
 ClauseRow::ClauseRow(const CommandClause& clause, QFormLayout* form)
     : QObject(form->parentWidget()), mClause(clause)

@@ -65,7 +65,4 @@ private:
     QCheckBox* mCheck = nullptr;
 };
 
-/** A label or tip of a description in the user's language; empty for null. */
-QString translated_parameter(const char* text);
-
 } // namespace fennar

@@ -8,7 +8,6 @@
 #include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -57,18 +56,17 @@ FormField::FormField(const CommandParameter& parameter, const QString& label, co
     layout->setContentsMargins(0, 0, 0, 0);
     if (mParameter.kind == Kind::Choice)
         make_choice();
-    else if (mParameter.kind == Kind::InputFile || mParameter.kind == Kind::OutputFile)
+    else if (mParameter.is_file())
         make_file();
     else if (mParameter.kind == Kind::Entity && mParameter.repeated)
         make_list();
     else if (mParameter.kind == Kind::Entity || mParameter.kind == Kind::Variable)
-        make_combo();
+        make_editable_combo();
     else
         make_line();
     if (!mParameter.unit.isEmpty())
         layout->addWidget(new QLabel(mParameter.unit, this));
-    const QString tip =
-        mParameter.tip ? QCoreApplication::translate("CommandParameter", mParameter.tip) : QString();
+    const QString tip = translated_parameter(mParameter.tip);
     const QWidgetList widgets = controls();
     for (QWidget* control : widgets) {
         control->setToolTip(tip);
@@ -83,30 +81,32 @@ FormField::FormField(const CommandParameter& parameter, const QString& label, co
     refresh();
 }
 
-void FormField::make_choice()
+void FormField::make_combo()
 {
     mCombo = new QComboBox(this);
+    mCombo->setMinimumContentsLength(least_width);
+    mCombo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    layout()->addWidget(mCombo);
+}
+
+void FormField::make_choice()
+{
+    make_combo();
     if (mOptional)
         mCombo->addItem(tr("not given"), QString());
     for (const QString& choice : mParameter.choices)
         mCombo->addItem(choice, choice);
-    mCombo->setMinimumContentsLength(least_width);
-    mCombo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(mCombo, &QComboBox::currentIndexChanged, this, &FormField::changed);
-    layout()->addWidget(mCombo);
 }
 
-void FormField::make_combo()
+void FormField::make_editable_combo()
 {
-    mCombo = new QComboBox(this);
+    make_combo();
     mCombo->setEditable(true);
     mCombo->setInsertPolicy(QComboBox::NoInsert);
     // What is typed stays as it is: it may be the beginning of a longer name.
     mCombo->setCompleter(nullptr);
-    mCombo->setMinimumContentsLength(least_width);
-    mCombo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     use_line(mCombo->lineEdit());
-    layout()->addWidget(mCombo);
 }
 
 void FormField::make_list()
@@ -133,7 +133,7 @@ void FormField::make_file()
     }
     QList<CommandFileFilter> filters = mParameter.filters ? mParameter.filters() : QList<CommandFileFilter>();
     for (CommandFileFilter& filter : filters)
-        filter.name = QCoreApplication::translate("CommandParameter", filter.name.toUtf8().constData());
+        filter.name = translated_parameter(filter.name.toUtf8().constData());
     QWidget* field = form_services().file_field(this, mParameter.kind == Kind::InputFile, filters);
     layout()->addWidget(field);
     use_line(field->findChild<QLineEdit*>());
@@ -152,8 +152,7 @@ void FormField::use_line(QLineEdit* line)
 {
     mLine = line;
     // The rest is for the layout to give.
-    const bool number = mParameter.kind == Kind::Number || mParameter.kind == Kind::WholeNumber;
-    const int characters = number || mCombo ? least_width + 2 : least_width_of_text;
+    const int characters = mParameter.is_number() || mCombo ? least_width + 2 : least_width_of_text;
     mLine->setMinimumWidth(mLine->fontMetrics().averageCharWidth() * characters);
     mLine->setPlaceholderText(mParameter.default_value);
     connect(mLine, &QLineEdit::textChanged, this, &FormField::changed);
@@ -172,8 +171,7 @@ bool FormField::is_raw() const
 
 QStringList FormField::words() const
 {
-    const bool literal = mParameter.kind == Kind::InputFile || mParameter.kind == Kind::OutputFile;
-    const QString given = literal ? text() : text().trimmed();
+    const QString given = mParameter.is_file() ? text() : text().trimmed();
     if (given.isEmpty())
         return {};
     if (mParameter.kind == Kind::Words || !is_raw())
@@ -286,12 +284,11 @@ bool FormField::is_right(const QStringList& words, int at_least) const
 /** What is wrong with one of the words. */
 QString FormField::word_problem(const QString& word) const
 {
-    const bool is_file = mParameter.kind == Kind::InputFile || mParameter.kind == Kind::OutputFile;
-    const bool literal = is_file || mParameter.kind == Kind::Text;
+    const bool literal = mParameter.is_file() || mParameter.kind == Kind::Text;
     const std::optional<QString> value = literal ? word : resolved(word);
     if (!value)
         return tr("%1: there is no variable %2.").arg(mLabel, word);
-    if (is_file)
+    if (mParameter.is_file())
         return file_problem(*value);
     if (is_right({word}, 1))
         return {};

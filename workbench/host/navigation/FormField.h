@@ -47,6 +47,7 @@ signals:
 private:
     void make_choice();
     void make_combo();
+    void make_editable_combo();
     void make_list();
     void make_file();
     void make_line();

@@ -8,6 +8,8 @@
 #include "workbench/sdk/core/commands/CommandVariables.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace fennar {
@@ -41,6 +43,11 @@ std::optional<QString> form_variable(QStringView name)
 std::optional<QString> keep_reference(QStringView name)
 {
     return u"${"_s + name.toString() + u'}';
+}
+
+QString translated_parameter(const char* text)
+{
+    return text ? QCoreApplication::translate("CommandParameter", text) : QString();
 }
 
 QHash<QString, QString>& applied_lines()

@@ -47,6 +47,9 @@ std::optional<QString> form_variable(QStringView name);
 /** For tokenize(): lets the words of a line keep their variables as they are written. */
 std::optional<QString> keep_reference(QStringView name);
 
+/** A label or tip of a description in the user's language; empty for null. */
+QString translated_parameter(const char* text);
+
 /** The line that a form has applied last for each command, by its name. */
 QHash<QString, QString>& applied_lines();
 

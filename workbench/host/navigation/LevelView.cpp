@@ -108,23 +108,21 @@ void LevelView::choose(const QModelIndex& entry)
 {
     const bool keyboard = has_keyboard();
     PanelView::choose(entry);
-    if (keyboard)
-        focus_first_entry();
+    focus_first_entry(keyboard);
 }
 
 void LevelView::choose_above(const QModelIndex& entry)
 {
     const bool keyboard = has_keyboard();
     cursor().go_to(entry);
-    if (keyboard)
-        focus_first_entry();
+    focus_first_entry(keyboard);
 }
 
-/** Gives the keyboard back, since the button that had it is gone. */
-void LevelView::focus_first_entry()
+/** Gives the keyboard back if the panel had it, since the button that had it is gone. */
+void LevelView::focus_first_entry(bool had_keyboard)
 {
     const QWidgetList entries = mEntries->buttons();
-    if (!entries.isEmpty())
+    if (had_keyboard && !entries.isEmpty())
         entries.first()->setFocus(Qt::OtherFocusReason);
 }
 

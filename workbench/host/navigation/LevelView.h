@@ -33,7 +33,7 @@ private:
     void choose_above(const QModelIndex& entry);
     void go_up();
     bool has_keyboard() const;
-    void focus_first_entry();
+    void focus_first_entry(bool had_keyboard);
 
     QWidget* mCrumbs;
     EntryButtons* mEntries;

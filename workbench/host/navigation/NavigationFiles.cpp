@@ -13,7 +13,6 @@
 #include <QXmlStreamReader>
 
 #include <algorithm>
-#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -34,8 +33,6 @@ constexpr QLatin1StringView SupportedVersion("1");
 constexpr QLatin1StringView PlaceAttributes[] = {"id"_L1, "title"_L1, "icon"_L1, "tip"_L1, "component"_L1};
 constexpr QLatin1StringView CommandAttributes[] = {"id"_L1,    "title"_L1,     "icon"_L1,   "tip"_L1,
                                                    "usage"_L1, "component"_L1, "command"_L1};
-
-using Names = std::span<const QLatin1StringView>;
 
 QLatin1StringView element_name(NavigationKind kind)
 {
@@ -160,12 +157,8 @@ void NavigationFiles::read_root()
              element(Navigation));
         return;
     }
-    const QXmlStreamAttributes attributes = mXml->attributes();
-    for (const QXmlStreamAttribute& each : attributes)
-        if (each.namespaceUri().isEmpty() && each.qualifiedName() != Version)
-            tell(u"unknown attribute "_s + quoted(each.qualifiedName().toString()) +
-                 u" in <navigation>; expected version"_s);
-    if (!attributes.hasAttribute(Version)) {
+    check_attributes(Navigation, {&Version, 1});
+    if (!mXml->attributes().hasAttribute(Version)) {
         tell(u"missing attribute \"version\" in <navigation>; the file is read as version \"1\""_s);
     } else if (attribute(Version) != SupportedVersion) {
         tell(u"unsupported version "_s + quoted(attribute(Version)) + u"; expected \"1\""_s);
@@ -205,7 +198,8 @@ void NavigationFiles::read_contents(NavigationNode* parent, int depth)
 
 void NavigationFiles::read_entry(NavigationNode* parent, NavigationKind kind, int depth)
 {
-    check_attributes(kind);
+    check_attributes(element_name(kind),
+                     kind == NavigationKind::Command ? Names(CommandAttributes) : Names(PlaceAttributes));
     NavigationNode* node = nullptr;
     if (kind == NavigationKind::Group && depth > DeepestGroup)
         tell(u"groups stand in each other more than %1 deep; this one is left out"_s.arg(DeepestGroup));
@@ -308,21 +302,19 @@ std::unique_ptr<NavigationNode> NavigationFiles::new_node(NavigationKind kind)
     return node;
 }
 
-void NavigationFiles::check_attributes(NavigationKind kind)
+/** Tells of the attributes that the element just begun, @p name, must not have. */
+void NavigationFiles::check_attributes(QLatin1StringView name, Names known)
 {
-    const Names known = kind == NavigationKind::Command ? Names(CommandAttributes) : Names(PlaceAttributes);
     const QXmlStreamAttributes attributes = mXml->attributes();
     for (const QXmlStreamAttribute& each : attributes) {
         // Attributes of a namespace are notes of other programs.
         if (!each.namespaceUri().isEmpty() ||
-            std::ranges::any_of(known, [&](QLatin1StringView name) { return each.qualifiedName() == name; }))
+            std::ranges::any_of(known, [&](QLatin1StringView one) { return each.qualifiedName() == one; }))
             continue;
-        QStringList names;
-        for (const QLatin1StringView name : known)
-            names << name;
+        QStringList names(known.begin(), known.end());
         const QString last = names.takeLast();
-        tell(u"unknown attribute "_s + quoted(each.qualifiedName().toString()) + u" in "_s +
-             element(element_name(kind)) + u"; expected "_s + names.join(u", "_s) + u" or "_s + last);
+        tell(u"unknown attribute "_s + quoted(each.qualifiedName().toString()) + u" in "_s + element(name) +
+             u"; expected "_s + (names.isEmpty() ? last : names.join(u", "_s) + u" or "_s + last));
     }
 }
 

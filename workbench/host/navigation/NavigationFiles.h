@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -46,13 +47,14 @@ private:
         qint64 line;
     };
     using Key = std::pair<NavigationNode*, QString>;
+    using Names = std::span<const QLatin1StringView>;
 
     void read_root();
     void read_contents(NavigationNode* parent, int depth);
     void read_entry(NavigationNode* parent, NavigationKind kind, int depth);
     NavigationNode* merged(NavigationNode* parent, NavigationKind kind);
     std::unique_ptr<NavigationNode> new_node(NavigationKind kind);
-    void check_attributes(NavigationKind kind);
+    void check_attributes(QLatin1StringView name, Names known);
     QString icon_file(const QString& name);
 
     bool next();

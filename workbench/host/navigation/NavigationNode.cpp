@@ -29,18 +29,13 @@ QVariant NavigationNode::data(int role) const
     QVariant value = QStandardItem::data(role);
     if (role == Qt::DecorationRole && mPicture && !value.isValid())
         value = mPicture->icon();
-    if (role == NavigationRole::Tip && !value.isValid())
-        value = summary();
+    const CommandRegistry* const registry = form_services().registry;
+    if (role == NavigationRole::Tip && !value.isValid() && registry) {
+        const QString line = data(NavigationRole::Command).toString();
+        if (const auto command = registry->find(line.section(u' ', 0, 0)))
+            value = command->translated_summary();
+    }
     return value;
-}
-
-/** What the command tells of itself; nothing for other entries, and while it is not there. */
-QVariant NavigationNode::summary() const
-{
-    const CommandRegistry* registry = form_services().registry;
-    const QString name = data(NavigationRole::Command).toString().section(u' ', 0, 0);
-    const auto command = registry && !name.isEmpty() ? registry->find(name) : nullptr;
-    return command ? command->translated_summary() : QVariant();
 }
 
 void NavigationNode::set_picture(std::shared_ptr<NavigationPicture> picture)

@@ -54,8 +54,6 @@ public:
     void set_picture(std::shared_ptr<fennar::NavigationPicture> picture);
 
 private:
-    QVariant summary() const;
-
     std::shared_ptr<fennar::NavigationPicture> mPicture;
 };
 

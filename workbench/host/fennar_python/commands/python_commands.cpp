@@ -12,6 +12,7 @@
 #include <string>
 
 namespace py = pybind11;
+using namespace py::literals;
 using namespace Qt::StringLiterals;
 
 // Nothing else would link the resources of a static library. Not in a namespace, as Qt demands.
@@ -44,48 +45,46 @@ constexpr const char* kind_names[] = {"Number",   "WholeNumber", "Choice",     "
 
 py::dict described(const CommandParameter& parameter)
 {
-    py::dict names;
-    names["name"] = to_python(parameter.name.isEmpty() ? u"VALUE"_s : parameter.name);
-    names["kind"] = kind_names[std::size_t(parameter.kind)];
-    names["what"] = to_python(parameter.what.isEmpty() ? parameter.name : parameter.what);
-    names["label"] = label(parameter.label);
-    names["tip"] = label(parameter.tip);
-    names["unit"] = to_python(parameter.unit);
-    names["default"] = to_python(parameter.default_value);
-    names["range"] = to_python(number_range(parameter));
-    names["choices"] = to_list(parameter.choices);
-    names["entity"] = to_python(parameter.entity);
-    names["by_number"] = parameter.by_number;
-    names["repeated"] = parameter.repeated;
-    return names;
+    return py::dict("name"_a = to_python(parameter.name.isEmpty() ? u"VALUE"_s : parameter.name),
+                    "kind"_a = kind_names[std::size_t(parameter.kind)],
+                    "what"_a = to_python(parameter.what.isEmpty() ? parameter.name : parameter.what),
+                    "label"_a = label(parameter.label), "tip"_a = label(parameter.tip),
+                    "unit"_a = to_python(parameter.unit), "default"_a = to_python(parameter.default_value),
+                    "range"_a = to_python(number_range(parameter)), "choices"_a = to_list(parameter.choices),
+                    "entity"_a = to_python(parameter.entity), "by_number"_a = parameter.by_number,
+                    "repeated"_a = parameter.repeated);
 }
 
-py::list described(const QList<CommandParameter>& parameters)
+py::dict described(const CommandClause& clause);
+py::dict described(const CommandSyntax& form);
+py::dict described(const EntityProperty& property);
+
+template <typename Items>
+py::list described_all(const Items& items)
 {
     py::list list;
-    for (const CommandParameter& parameter : parameters)
-        list.append(described(parameter));
+    for (const auto& item : items)
+        list.append(described(item));
     return list;
 }
 
 py::dict described(const CommandClause& clause)
 {
-    py::dict names;
-    names["keyword"] = to_python(clause.keyword);
-    names["parameters"] = described(clause.parameters);
-    names["optional"] = clause.optional;
-    names["label"] = label(clause.label);
-    names["tip"] = label(clause.tip);
-    return names;
+    return py::dict("keyword"_a = to_python(clause.keyword),
+                    "parameters"_a = described_all(clause.parameters), "optional"_a = clause.optional,
+                    "label"_a = label(clause.label), "tip"_a = label(clause.tip));
+}
+
+py::dict described(const CommandSyntax& form)
+{
+    return py::dict("clauses"_a = described_all(form.clauses));
 }
 
 py::dict described(const CommandType& type)
 {
     static constexpr const char* kinds[] = {"Nothing", "Number", "WholeNumber", "Text", "List",
                                             "Map",     "Entity", "Record",      "Array"};
-    py::dict names;
-    names["kind"] = kinds[std::size_t(type.kind)];
-    names["entity"] = to_python(type.entity);
+    py::dict names("kind"_a = kinds[std::size_t(type.kind)], "entity"_a = to_python(type.entity));
     if (type.kind == CommandType::Kind::Record) {
         py::dict fields;
         for (qsizetype i = 0; i < type.of.size(); ++i)
@@ -99,35 +98,17 @@ py::dict described(const CommandType& type)
 
 py::dict described(const Command& command)
 {
-    py::list forms;
-    for (const CommandSyntax& form : command.forms) {
-        py::list clauses;
-        for (const CommandClause& clause : form.clauses)
-            clauses.append(described(clause));
-        py::dict names;
-        names["clauses"] = clauses;
-        forms.append(names);
-    }
-    py::dict names;
-    names["summary"] = to_python(command.summary);
-    names["help"] = to_python(command.help);
-    names["notes"] = to_python(command.notes());
-    names["usage"] = to_python(command.usage());
-    names["forms"] = forms;
-    names["result"] = described(command.result);
-    names["changes_model"] = command.changes_model;
-    return names;
+    return py::dict("summary"_a = to_python(command.summary), "help"_a = to_python(command.help),
+                    "notes"_a = to_python(command.notes()), "usage"_a = to_python(command.usage()),
+                    "forms"_a = described_all(command.forms), "result"_a = described(command.result),
+                    "changes_model"_a = command.changes_model);
 }
 
 py::dict described(const EntityProperty& property)
 {
-    py::dict names;
-    names["name"] = to_python(property.name);
-    names["summary"] = to_python(property.summary);
-    names["unit"] = to_python(property.unit);
-    names["type"] = described(property.type);
-    names["parameters"] = described(property.parameters);
-    return names;
+    return py::dict("name"_a = to_python(property.name), "summary"_a = to_python(property.summary),
+                    "unit"_a = to_python(property.unit), "type"_a = described(property.type),
+                    "parameters"_a = described_all(property.parameters));
 }
 
 QStringList texts(const py::handle& list)
@@ -200,6 +181,7 @@ public:
 
     void add_to(const py::dict& names)
     {
+        mNames = names;
         const auto self = shared_from_this();
         names["generation"] = py::cpp_function([self] { return *self->mGeneration; });
         names["command_names"] = py::cpp_function([self] { return to_list(self->registry().names()); });
@@ -213,14 +195,13 @@ public:
             });
         names["quote_word"] =
             py::cpp_function([](const py::str& text) { return to_python(quote_word(to_qstring(text))); });
-        names["call_line"] = py::cpp_function(
-            [self, names = py::handle(names)](const py::str& line, const std::string& function, bool quiet) {
-                return self->call_line(names, to_qstring(line), function, quiet);
+        names["call_line"] =
+            py::cpp_function([self](const py::str& line, const std::string& function, bool quiet) {
+                return self->call_line(to_qstring(line), function, quiet);
             });
-        names["draw"] = py::cpp_function(
-            [self, names = py::handle(names)](const py::list& shown, int mesh, int width, int height) {
-                return self->draw(names, {texts(shown), PythonPicture::Mesh(mesh), {width, height}});
-            });
+        names["draw"] = py::cpp_function([self](const py::list& shown, int mesh, int width, int height) {
+            return self->draw({texts(shown), PythonPicture::Mesh(mesh), {width, height}});
+        });
         names["entity_kinds"] = py::cpp_function([self] {
             const CommandEntities& entities = self->registry().entities();
             QStringList kinds = entities.kinds();
@@ -228,20 +209,16 @@ public:
             return to_list(kinds);
         });
         names["entity_properties"] = py::cpp_function([self](const py::str& kind) {
-            py::list list;
-            for (const EntityProperty& property : self->registry().entities().properties(to_qstring(kind)))
-                list.append(described(property));
-            return list;
+            return described_all(self->registry().entities().properties(to_qstring(kind)));
         });
         names["entity_name"] = py::cpp_function([self](const py::str& kind, const py::str& key) {
             return to_python(self->registry().entities().name_of({to_qstring(kind), to_qstring(key)}));
         });
-        names["entity_value"] = py::cpp_function(
-            [self, names = py::handle(names)](const py::str& kind, const py::str& key,
-                                              const py::str& property, const py::list& arguments) {
-                return self->entity_value(names, to_qstring(kind), to_qstring(key), to_qstring(property),
-                                          texts(arguments));
-            });
+        names["entity_value"] = py::cpp_function([self](const py::str& kind, const py::str& key,
+                                                        const py::str& property, const py::list& arguments) {
+            return self->entity_value(to_qstring(kind), to_qstring(key), to_qstring(property),
+                                      texts(arguments));
+        });
     }
 
 private:
@@ -261,8 +238,7 @@ private:
         return to_python(command_line(name, command->forms[form], values));
     }
 
-    py::object call_line(const py::handle& names, const QString& line, const std::string& function,
-                         bool quiet) const
+    py::object call_line(const QString& line, const std::string& function, bool quiet) const
     {
         if (mServices.check_caller)
             mServices.check_caller(function.c_str());
@@ -271,15 +247,15 @@ private:
         if (mServices.end_call)
             mServices.end_call();
         if (outcome.failure)
-            raise(names, *outcome.failure);
-        return python_value(names, outcome.value);
+            raise(*outcome.failure);
+        return python_value(outcome.value);
     }
 
-    py::bytes draw(const py::handle& names, const PythonPicture& picture) const
+    py::bytes draw(const PythonPicture& picture) const
     {
         registry(); // checks the caller
         QByteArray file;
-        call(names, u"view"_s, [&] {
+        call(u"view"_s, [&] {
             if (!mServices.picture)
                 throw CommandError(u"there is nothing to see here"_s);
             file = mServices.picture(picture);
@@ -287,22 +263,22 @@ private:
         return {file.constData(), std::size_t(file.size())};
     }
 
-    py::object entity_value(const py::handle& names, const QString& kind, const QString& key,
-                            const QString& property, const QStringList& arguments) const
+    py::object entity_value(const QString& kind, const QString& key, const QString& property,
+                            const QStringList& arguments) const
     {
         for (const EntityProperty& offered : registry().entities().properties(kind)) {
             if (offered.name != property)
                 continue;
             CommandValue value;
-            call(names, property, [&] { value = offered.value(key, arguments); });
-            return python_value(names, value);
+            call(property, [&] { value = offered.value(key, arguments); });
+            return python_value(value);
         }
         throw py::attribute_error(property.toStdString());
     }
 
     /** Calls @p function without Python's lock; its CommandError is raised in the name of @p command. */
     template <typename Function>
-    void call(const py::handle& names, const QString& command, const Function& function) const
+    void call(const QString& command, const Function& function) const
     {
         std::optional<CommandFailure> failure;
         without_python_lock([&] {
@@ -315,19 +291,19 @@ private:
         if (mServices.end_call)
             mServices.end_call();
         if (failure)
-            raise(names, *failure);
+            raise(*failure);
     }
 
-    [[noreturn]] static void raise(const py::handle& names, const CommandFailure& failure)
+    [[noreturn]] void raise(const CommandFailure& failure) const
     {
-        const py::object type = names["CommandError"];
+        const py::object type = mNames["CommandError"];
         const py::object error = type(to_python(failure.message), to_python(failure.command), failure.column,
                                       to_python(failure.remedy));
         PyErr_SetObject(type.ptr(), error.ptr());
         throw py::error_already_set();
     }
 
-    static py::object python_value(const py::handle& names, const CommandValue& value)
+    py::object python_value(const CommandValue& value) const
     {
         if (const auto* number = std::get_if<double>(&value.data))
             return py::float_(*number);
@@ -338,30 +314,32 @@ private:
         if (const auto* list = std::get_if<CommandValue::List>(&value.data)) {
             py::list result;
             for (const CommandValue& item : *list)
-                result.append(python_value(names, item));
+                result.append(python_value(item));
             return result;
         }
         if (const auto* map = std::get_if<CommandValue::Map>(&value.data))
-            return python_dictionary(names, *map);
+            return python_dictionary(*map);
         if (const auto* record = std::get_if<CommandValue::Record>(&value.data))
-            return py::object(names["make_record"])(to_python(record->name),
-                                                    python_dictionary(names, record->fields));
+            return py::object(mNames["make_record"])(to_python(record->name),
+                                                     python_dictionary(record->fields));
         if (const auto* array = std::get_if<CommandValue::Array>(&value.data))
-            return py::object(names["make_array"])(py::cast(NumberBuffer{*array}));
+            return py::object(mNames["make_array"])(py::cast(NumberBuffer{*array}));
         if (const auto* entity = std::get_if<CommandValue::EntityReference>(&value.data))
-            return py::object(names["make_entity"])(to_python(entity->kind), to_python(entity->key));
+            return py::object(mNames["make_entity"])(to_python(entity->kind), to_python(entity->key));
         return py::none();
     }
 
-    static py::dict python_dictionary(const py::handle& names, const CommandValue::Map& map)
+    py::dict python_dictionary(const CommandValue::Map& map) const
     {
         py::dict result;
         for (const auto& [key, item] : map)
-            result[to_python(key)] = python_value(names, item);
+            result[to_python(key)] = python_value(item);
         return result;
     }
 
     PythonCommandServices mServices;
+    /** The dictionary that owns this. */
+    py::handle mNames;
     std::shared_ptr<int> mGeneration = std::make_shared<int>(0);
     QMetaObject::Connection mConnection;
 };
