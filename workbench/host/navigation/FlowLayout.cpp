@@ -5,7 +5,6 @@
 
 #include <QHash>
 #include <QStyle>
-#include <QWidget>
 
 #include <algorithm>
 

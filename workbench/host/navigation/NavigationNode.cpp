@@ -4,7 +4,6 @@
 #include "workbench/host/navigation/NavigationNode.h"
 
 #include "workbench/host/navigation/FormServices.h"
-#include "workbench/host/navigation/NavigationEntries.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
 #include <utility>

@@ -3,6 +3,7 @@
 
 #include "workbench/host/navigation/PanelView.h"
 
+#include "host/navigation/TaskPanel.h"
 #include "workbench/host/navigation/CommandForm.h"
 #include "workbench/host/navigation/EntryButtons.h"
 #include "workbench/host/navigation/NavigationEntries.h"
@@ -125,3 +126,7 @@ void PanelView::showEvent(QShowEvent* event)
 }
 
 } // namespace fennar
+
+TaskPanel::TaskPanel(QWidget* parent) : QWidget(parent) {}
+
+TaskPanel::~TaskPanel() = default;

@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/host/navigation/LevelView.h"
+#include "host/navigation/BreadcrumbsPanel.h"
 
+#include "host/navigation/NavigationModel.h"
 #include "workbench/host/navigation/EntryButtons.h"
-#include "workbench/host/navigation/NavigationEntries.h"
+#include "workbench/host/navigation/PanelView.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -16,12 +17,37 @@ using namespace Qt::StringLiterals;
 
 namespace fennar {
 
-namespace {
-
 /** A step of the way shows at most this many average letters of its title. */
 constexpr int LongestCrumb = 18;
 
-} // namespace
+/** The inside of a BreadcrumbsPanel: one level as buttons, and above it the way that led there. */
+class LevelView : public PanelView
+{
+    Q_OBJECT
+
+public:
+    explicit LevelView(QWidget* panel);
+
+    /** Large pictures (36 pixels) stand above their titles in columns, small ones (22 pixels) before them in
+     * lines. */
+    void set_large_icons(bool large);
+
+protected:
+    void show_levels() override;
+    QWidgetList level_controls() const override;
+    void choose(const QModelIndex& entry) override;
+
+private:
+    void show_crumbs();
+    void choose_above(const QModelIndex& entry);
+    void go_up();
+    bool has_keyboard() const;
+    void focus_first_entry(bool had_keyboard);
+
+    QWidget* mCrumbs;
+    EntryButtons* mEntries;
+    QWidgetList mCrumbButtons;
+};
 
 LevelView::LevelView(QWidget* panel)
     : PanelView(panel), mCrumbs(new QWidget(contents())), mEntries(new EntryButtons(contents()))
@@ -139,3 +165,44 @@ bool LevelView::has_keyboard() const
 }
 
 } // namespace fennar
+
+using namespace fennar;
+
+struct BreadcrumbsPanel::Private
+{
+    LevelView* view; // a child of the panel
+};
+
+BreadcrumbsPanel::BreadcrumbsPanel(QWidget* parent)
+    : TaskPanel(parent), mPrivate(std::make_unique<Private>(Private{new LevelView(this)}))
+{}
+
+BreadcrumbsPanel::~BreadcrumbsPanel() = default;
+
+void BreadcrumbsPanel::set_model(NavigationModel* model, const QModelIndex& root)
+{
+    mPrivate->view->cursor().set_model(model, root);
+}
+
+QModelIndex BreadcrumbsPanel::root_index() const
+{
+    return mPrivate->view->cursor().root();
+}
+
+QModelIndex BreadcrumbsPanel::current_index() const
+{
+    return mPrivate->view->cursor().current();
+}
+
+void BreadcrumbsPanel::set_current_index(const QModelIndex& index)
+{
+    mPrivate->view->cursor().go_to(index);
+}
+
+void BreadcrumbsPanel::setUsingLargeIcons(bool large)
+{
+    usingLargeIcons = large;
+    mPrivate->view->set_large_icons(large);
+}
+
+#include "BreadcrumbsPanel.moc"
