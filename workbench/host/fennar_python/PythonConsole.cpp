@@ -5,7 +5,6 @@
 
 #include "workbench/host/fennar_python/PythonEntry.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
-#include "workbench/host/fennar_python/run_python.h"
 
 namespace py = pybind11;
 

@@ -11,7 +11,6 @@
 
 #include <atomic>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <thread>
 
@@ -62,11 +61,30 @@ private:
     PyGILState_STATE mLock;
 };
 
-/** Gives the module fennar cmd() and CommandError. Called with Python's lock held; throws what pybind11
- * throws. */
+// All functions below are called with Python's lock held, on the GUI thread where they run code.
+
+/** Takes an exception before it is reported. */
+using TakeException = std::function<void(const pybind11::error_already_set& error)>;
+
+/**
+ * Compiles @p source as a module with the name @p file and runs it in @p names.
+ *
+ * @param raised  is called for an exception; may be null.
+ * @return false if an exception was raised; it has then been reported.
+ */
+bool run_source(PyObject* names, const pybind11::str& source, const pybind11::str& file,
+                const TakeException& raised = nullptr);
+
+/** Runs compiled code in @p names; the rest as in run_source(). */
+bool run_code(PyObject* names, const pybind11::object& code, const TakeException& raised = nullptr);
+
+/** Prints an exception on sys.stderr. @p withTrace false leaves out where it came from. */
+void report(pybind11::error_already_set& error, bool withTrace = true);
+
+/** Gives the module fennar cmd() and CommandError. Throws what pybind11 throws. */
 void fill_fennar_module(PyObject* fennar);
 
-/** Lets go of what the module fennar holds outside Python. Called with Python's lock held, before the end. */
+/** Lets go of what the module fennar holds outside Python. Called before the end. */
 void release_fennar_module();
 
 } // namespace fennar

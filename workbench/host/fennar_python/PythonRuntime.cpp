@@ -4,12 +4,10 @@
 #include "workbench/host/fennar_python/PythonRuntime.h"
 
 #include "workbench/host/fennar_python/PythonEntry.h"
-#include "workbench/host/fennar_python/run_python.h"
 
 #include <QFileInfo>
 #include <QScopeGuard>
 
-#include <chrono>
 #include <csignal>
 #include <stdexcept>
 #include <string>
