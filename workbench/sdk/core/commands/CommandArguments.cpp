@@ -7,7 +7,6 @@
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/FormReader.h"
 #include "workbench/sdk/core/commands/numbers.h"
-#include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QHash>
 #include <QSet>

@@ -3,8 +3,6 @@
 
 #include "workbench/sdk/core/scene/Scene.h"
 
-#include <algorithm>
-
 namespace fennar {
 
 Scene& Scene::instance()
