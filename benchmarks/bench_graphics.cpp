@@ -113,13 +113,13 @@ int main(int argc, char** argv)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
     view.repaint();
 
-    if (view.uses_opengl()) {
+    if (state.has_opengl()) {
         print("turning 100,000 triangles, OpenGL", median_turn(view), aim_ms);
         std::printf("OpenGL was %s.\n", qPrintable(OpenGlRenderer::create()->device()));
     } else {
         std::printf("There was no OpenGL to measure.\n");
     }
-    state.set_wants_opengl(false);
+    state.set_display({.opengl = false});
     view.repaint();
     print("turning 100,000 triangles, painter", median_turn(view), aim_ms);
 

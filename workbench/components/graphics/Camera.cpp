@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace fennar::graphics {
 
@@ -34,6 +35,12 @@ double cosine(double degrees)
     return sine(degrees + 90);
 }
 
+/** How far the box reaches from the target, in view coordinates; less than 0 if it is empty. */
+QSizeF reach(const Box3& seen)
+{
+    return {std::max(seen.most.x, -seen.least.x), std::max(seen.most.y, -seen.least.y)};
+}
+
 } // namespace
 
 Camera::Camera()
@@ -48,22 +55,17 @@ void Camera::set_viewport(const QSizeF& size)
 
 void Camera::set_view(View view)
 {
-    switch (view) {
-    case View::Front:
-        return set_angles(0, 0);
-    case View::Back:
-        return set_angles(180, 0);
-    case View::Left:
-        return set_angles(-90, 0);
-    case View::Right:
-        return set_angles(90, 0);
-    case View::Top:
-        return set_angles(0, 90);
-    case View::Bottom:
-        return set_angles(0, -90);
-    case View::Iso:
-        return set_angles(45, std::atan(std::numbers::sqrt2 / 2) * 180 / std::numbers::pi);
-    }
+    // In the order of the views: the turn and the rise.
+    static const std::pair<double, double> angles[] = {
+        {0, 0},
+        {180, 0},
+        {-90, 0},
+        {90, 0},
+        {0, 90},
+        {0, -90},
+        {45, std::atan(std::numbers::sqrt2 / 2) * 180 / std::numbers::pi}};
+    const auto [turn, rise] = angles[int(view)];
+    set_angles(turn, rise);
 }
 
 void Camera::orbit(const QPointF& pixels)
@@ -93,14 +95,9 @@ void Camera::fit(const Box3& box)
     if (box.empty())
         return;
     mTarget = box.center();
-    double width = 0;
-    double height = 0;
-    for (int i = 0; i < 8; ++i) {
-        const Point3 corner = to_view(box.corner(i));
-        width = std::max(width, 2 * std::abs(corner.x));
-        height = std::max(height, 2 * std::abs(corner.y));
-    }
-    const double unit = std::max(width / mViewport.width(), height / mViewport.height()) / filling;
+    const QSizeF seen = 2 * reach(to_view(box));
+    const double unit =
+        std::max(seen.width() / mViewport.width(), seen.height() / mViewport.height()) / filling;
     mExtent =
         std::clamp(unit * std::min(mViewport.width(), mViewport.height()), least_extent, greatest_extent);
 }
@@ -110,10 +107,12 @@ double Camera::units_per_pixel() const
     return mExtent / std::min(mViewport.width(), mViewport.height());
 }
 
-Point3 Camera::to_view(const Point3& point) const
+Box3 Camera::to_view(const Box3& box) const
 {
-    const Point3 offset = point - mTarget;
-    return {dot(offset, mRight), dot(offset, mUp), dot(offset, mBack)};
+    Box3 seen;
+    for (int i = 0; i < 8 && !box.empty(); ++i)
+        seen.add(to_view(box.corner(i)));
+    return seen;
 }
 
 QPointF Camera::to_pixel(const Point3& point) const
@@ -125,14 +124,9 @@ QPointF Camera::to_pixel(const Point3& point) const
 
 bool Camera::contains(const Box3& box) const
 {
-    if (box.empty())
-        return true;
-    for (int i = 0; i < 8; ++i) {
-        const QPointF pixel = to_pixel(box.corner(i));
-        if (pixel.x() < 0 || pixel.y() < 0 || pixel.x() > mViewport.width() || pixel.y() > mViewport.height())
-            return false;
-    }
-    return true;
+    const QSizeF seen = reach(to_view(box));
+    const QSizeF half = mViewport * (units_per_pixel() / 2);
+    return seen.width() <= half.width() && seen.height() <= half.height();
 }
 
 void Camera::set_angles(double turn, double rise)

@@ -58,8 +58,15 @@ public:
     /** The length of a pixel. */
     double units_per_pixel() const;
 
+    /** A direction in view coordinates. */
+    Point3 turned(const Point3& direction) const
+    {
+        return {dot(direction, mRight), dot(direction, mUp), dot(direction, mBack)};
+    }
     /** From the model's coordinates to view coordinates. */
-    Point3 to_view(const Point3& point) const;
+    Point3 to_view(const Point3& point) const { return turned(point - mTarget); }
+    /** Around the corners of the box, in view coordinates; empty if the box is. */
+    Box3 to_view(const Box3& box) const;
     /** Where a point of the model is shown. */
     QPointF to_pixel(const Point3& point) const;
     /** Whether all of the box is shown; an empty one is. */

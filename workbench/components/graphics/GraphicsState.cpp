@@ -21,14 +21,6 @@ void GraphicsState::set_display(const DisplayOptions& display)
     emit display_changed();
 }
 
-void GraphicsState::set_wants_opengl(bool wants)
-{
-    if (wants == mWantsOpenGl)
-        return;
-    mWantsOpenGl = wants;
-    emit display_changed();
-}
-
 void GraphicsState::set_view(Camera::View view)
 {
     Camera camera = mCamera;

@@ -25,10 +25,7 @@ public:
     void set_camera(const Camera& camera);
     const DisplayOptions& display() const { return mDisplay; }
     void set_display(const DisplayOptions& display);
-    /** Whether pictures are drawn by OpenGL where that is possible. At first they are. */
-    bool wants_opengl() const { return mWantsOpenGl; }
-    void set_wants_opengl(bool wants);
-    /** Whether they are. Kept by the view; false while there is none. */
+    /** Whether pictures are drawn by OpenGL. Kept by the view; false while there is none. */
     bool has_opengl() const { return mHasOpenGl; }
     void set_has_opengl(bool has) { mHasOpenGl = has; }
 
@@ -45,7 +42,6 @@ private:
     Scene& mScene;
     Camera mCamera;
     DisplayOptions mDisplay;
-    bool mWantsOpenGl = true;
     bool mHasOpenGl = false;
 };
 

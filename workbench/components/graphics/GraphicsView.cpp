@@ -8,7 +8,7 @@
 #include "workbench/components/graphics/pick.h"
 
 #include <QApplication>
-#include <QLinearGradient>
+#include <QHash>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
@@ -65,29 +65,12 @@ GraphicsView::~GraphicsView()
     mState.scene().remove_viewer();
 }
 
-bool GraphicsView::uses_opengl() const
-{
-    return mOpenGl;
-}
-
-QSize GraphicsView::sizeHint() const
-{
-    return {640, 480};
-}
-
 bool GraphicsView::event(QEvent* event)
 {
-    // Moved to a screen of another resolution.
-    if (event->type() == QEvent::ScreenChangeInternal)
+    // ScreenChangeInternal: moved to a screen of another resolution.
+    if (event->type() == QEvent::ScreenChangeInternal || event->type() == QEvent::PaletteChange)
         draw_anew();
     return QWidget::event(event);
-}
-
-void GraphicsView::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::PaletteChange)
-        draw_anew();
-    QWidget::changeEvent(event);
 }
 
 void GraphicsView::resizeEvent(QResizeEvent*)
@@ -104,12 +87,8 @@ void GraphicsView::resizeEvent(QResizeEvent*)
 void GraphicsView::paintEvent(QPaintEvent*)
 {
     update_image();
-    const ViewColours colours = ViewColours::fitting(palette());
     QPainter painter(this);
-    QLinearGradient background(0, 0, 0, height());
-    background.setColorAt(0, colours.top);
-    background.setColorAt(1, colours.bottom);
-    painter.fillRect(rect(), background);
+    ViewColours::fitting(palette()).paint_background(painter, rect());
     painter.drawImage(QPointF(0, 0), mImage);
     paint_axes(painter);
     if (hasFocus()) {
@@ -161,33 +140,19 @@ void GraphicsView::keyPressEvent(QKeyEvent* event)
 {
     Camera camera = mState.camera();
     const QPointF middle = QRectF(rect()).center();
-    const bool pan = event->modifiers() & Qt::ShiftModifier;
-    const auto step = [&](double x, double y) {
-        const QPointF pixels(x * key_step, y * key_step);
-        pan ? camera.pan(pixels) : camera.orbit(pixels);
-    };
-    switch (event->key()) {
-    case Qt::Key_Left:
-        step(-1, 0);
-        break;
-    case Qt::Key_Right:
-        step(1, 0);
-        break;
-    case Qt::Key_Up:
-        step(0, -1);
-        break;
-    case Qt::Key_Down:
-        step(0, 1);
-        break;
-    case Qt::Key_Plus:
+    static const QHash<int, QPointF> steps{
+        {Qt::Key_Left, {-1, 0}}, {Qt::Key_Right, {1, 0}}, {Qt::Key_Up, {0, -1}}, {Qt::Key_Down, {0, 1}}};
+    const QPointF pixels = steps.value(event->key()) * key_step;
+    if (event->key() == Qt::Key_Plus)
         camera.zoom(wheel_factor, middle);
-        break;
-    case Qt::Key_Minus:
+    else if (event->key() == Qt::Key_Minus)
         camera.zoom(1 / wheel_factor, middle);
-        break;
-    default:
+    else if (pixels.isNull())
         return QWidget::keyPressEvent(event);
-    }
+    else if (event->modifiers() & Qt::ShiftModifier)
+        camera.pan(pixels);
+    else
+        camera.orbit(pixels);
     move_camera(camera);
 }
 
@@ -238,9 +203,8 @@ void GraphicsView::update_image()
     const Picture picture{mState.scene(), mState.camera(), mState.display(), ViewColours::fitting(palette()),
                           ratio,          mMoving};
     mImage = mRenderer->render(picture);
-    if (mImage.isNull() && mOpenGl) {
+    if (mImage.isNull() && mState.has_opengl()) {
         // A driver that gives up, or a picture too large for it.
-        mOpenGl = false;
         mState.set_has_opengl(false);
         mRenderer = std::make_unique<PainterRenderer>();
         mImage = mRenderer->render(picture);
@@ -251,16 +215,13 @@ void GraphicsView::update_image()
 
 void GraphicsView::update_renderer()
 {
-    if (!mRendererDirty && mRenderer)
-        return;
-    mRendererDirty = false;
-    if (mRenderer && mOpenGl == mState.wants_opengl())
+    const bool wants_opengl = mState.display().opengl;
+    if (!std::exchange(mRendererDirty, false) || (mRenderer && mState.has_opengl() == wants_opengl))
         return;
     mRenderer.reset();
-    if (mState.wants_opengl())
+    if (wants_opengl)
         mRenderer = OpenGlRenderer::create();
-    mOpenGl = mRenderer != nullptr;
-    mState.set_has_opengl(mOpenGl);
+    mState.set_has_opengl(mRenderer != nullptr);
     if (!mRenderer)
         mRenderer = std::make_unique<PainterRenderer>();
 }
@@ -278,14 +239,10 @@ void GraphicsView::paint_axes(QPainter& painter) const
         QString name;
     };
     const Camera& camera = mState.camera();
-    const auto seen = [&camera](const Point3& direction) {
-        return Point3{dot(direction, camera.right()), dot(direction, camera.up()),
-                      dot(direction, camera.back())};
-    };
     std::array<Axis, 3> axes = {{
-        {seen({1, 0, 0}), QColor(0xdc, 0x4f, 0x48), u"x"_s},
-        {seen({0, 1, 0}), QColor(0x2c, 0x9a, 0x58), u"y"_s},
-        {seen({0, 0, 1}), QColor(0x3a, 0x80, 0xd2), u"z"_s},
+        {camera.turned({1, 0, 0}), QColor(0xdc, 0x4f, 0x48), u"x"_s},
+        {camera.turned({0, 1, 0}), QColor(0x2c, 0x9a, 0x58), u"y"_s},
+        {camera.turned({0, 0, 1}), QColor(0x3a, 0x80, 0xd2), u"z"_s},
     }};
     // The nearest one comes last.
     std::sort(axes.begin(), axes.end(),

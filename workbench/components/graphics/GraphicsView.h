@@ -31,9 +31,7 @@ public:
     explicit GraphicsView(GraphicsState& state, QWidget* parent = nullptr);
     ~GraphicsView() override;
 
-    /** Whether the pictures are drawn by OpenGL. Known once the view has been painted. */
-    bool uses_opengl() const;
-    QSize sizeHint() const override;
+    QSize sizeHint() const override { return {640, 480}; }
 
 signals:
     /** The user has clicked: what he wants selected, as a command line. */
@@ -43,7 +41,6 @@ signals:
 
 protected:
     bool event(QEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -67,7 +64,6 @@ private:
     /** Whether the image is out of date. */
     bool mDirty = true;
     bool mRendererDirty = true;
-    bool mOpenGl = false;
     /** The user has not chosen a place to look at; what comes is brought into sight. */
     bool mFollow = true;
     /** A picture that was made in haste is followed by a smooth one when the hand rests. */

@@ -3,7 +3,6 @@
 
 #include "workbench/components/graphics/GraphicsWindow.h"
 
-#include "workbench/components/graphics/GraphicsState.h"
 #include "workbench/components/graphics/GraphicsView.h"
 #include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandSink.h"
@@ -18,10 +17,10 @@ namespace fennar::graphics {
 
 namespace {
 
-constexpr auto shaded_key = "/graphics/shaded"_L1;
-constexpr auto wireframe_key = "/graphics/wireframe"_L1;
-constexpr auto mesh_key = "/graphics/mesh"_L1;
-constexpr auto opengl_key = "/graphics/opengl"_L1;
+QString settings_key(const DisplayOption& option)
+{
+    return u"/graphics/"_s + option.name;
+}
 
 } // namespace
 
@@ -31,17 +30,17 @@ GraphicsWindow::GraphicsWindow(ComponentContext& context, GraphicsState& state) 
     restore_display();
     const std::vector<QAction*> actions = {
         nullptr, // parts it from what other components have in the menu
-        make_action("front", tr("&Front"), "front.svg", "Ctrl+Alt+1", "view front"),
-        make_action("back", tr("B&ack"), "back.svg", "Ctrl+Alt+2", "view back"),
-        make_action("left", tr("&Left"), "left.svg", "Ctrl+Alt+3", "view left"),
-        make_action("right", tr("&Right"), "right.svg", "Ctrl+Alt+4", "view right"),
-        make_action("top", tr("T&op"), "top.svg", "Ctrl+Alt+5", "view top"),
-        make_action("bottom", tr("&Bottom"), "bottom.svg", "Ctrl+Alt+6", "view bottom"),
-        make_action("iso", tr("&Isometric"), "iso.svg", "Ctrl+Alt+7", "view iso"),
-        make_action("fit", tr("Fi&t"), "fit.svg", "Ctrl+Alt+0", "fit"),
-        mShaded = make_switch("shaded", tr("&Shaded"), "shaded.svg"),
-        mWireframe = make_switch("wireframe", tr("&Wireframe"), "wireframe.svg"),
-        mMesh = make_switch("mesh", tr("&Mesh"), "mesh.svg"),
+        make_sender(u"view front"_s, tr("&Front"), "Ctrl+Alt+1"),
+        make_sender(u"view back"_s, tr("B&ack"), "Ctrl+Alt+2"),
+        make_sender(u"view left"_s, tr("&Left"), "Ctrl+Alt+3"),
+        make_sender(u"view right"_s, tr("&Right"), "Ctrl+Alt+4"),
+        make_sender(u"view top"_s, tr("T&op"), "Ctrl+Alt+5"),
+        make_sender(u"view bottom"_s, tr("&Bottom"), "Ctrl+Alt+6"),
+        make_sender(u"view iso"_s, tr("&Isometric"), "Ctrl+Alt+7"),
+        make_sender(u"fit"_s, tr("Fi&t"), "Ctrl+Alt+0"),
+        make_switch(display_options[0], tr("&Shaded")),
+        make_switch(display_options[1], tr("&Wireframe")),
+        make_switch(display_options[2], tr("&Mesh")),
     };
     auto* const view = new GraphicsView(state);
     context.set_graphics_widget(view);
@@ -53,54 +52,56 @@ GraphicsWindow::GraphicsWindow(ComponentContext& context, GraphicsState& state) 
     connect(view, &GraphicsView::command_wanted, this, [](const QString& line) { send_command(line); });
 }
 
-QAction* GraphicsWindow::make_action(const char* name, const QString& text, const char* icon,
-                                     const char* shortcut, const char* command)
+QAction* GraphicsWindow::make_action(const QString& command, const QString& text)
 {
-    auto* action = new QAction(QIcon(u":/graphics/images/light/"_s + QLatin1StringView(icon)), text, this);
-    action->setObjectName(u"graphics_"_s + QLatin1StringView(name));
-    action->setShortcut(QKeySequence(QLatin1StringView(shortcut)));
-    connect(action, &QAction::triggered, this, [command] { send_command(QString::fromLatin1(command)); });
+    const QString name = command.section(u' ', -1);
+    auto* action = new QAction(QIcon(u":/graphics/images/light/%1.svg"_s.arg(name)), text, this);
+    action->setObjectName(u"graphics_"_s + name);
     return action;
 }
 
-QAction* GraphicsWindow::make_switch(const char* name, const QString& text, const char* icon)
+QAction* GraphicsWindow::make_sender(const QString& command, const QString& text, const char* shortcut)
 {
-    auto* action = new QAction(QIcon(u":/graphics/images/light/"_s + QLatin1StringView(icon)), text, this);
-    action->setObjectName(u"graphics_"_s + QLatin1StringView(name));
+    QAction* action = make_action(command, text);
+    action->setShortcut(QKeySequence(QLatin1StringView(shortcut)));
+    connect(action, &QAction::triggered, this, [command] { send_command(command); });
+    return action;
+}
+
+QAction* GraphicsWindow::make_switch(const DisplayOption& option, const QString& text)
+{
+    const QString command = u"display "_s + option.name;
+    QAction* action = make_action(command, text);
     action->setCheckable(true);
-    connect(action, &QAction::triggered, this, [this, name](bool on) {
-        send_command(u"display %1 %2"_s.arg(QLatin1StringView(name), on ? u"on"_s : u"off"_s));
+    connect(action, &QAction::triggered, this, [this, command](bool on) {
+        send_command(command + (on ? u" on"_s : u" off"_s));
         // The command may not have run.
         update_switches();
     });
+    mSwitches.emplace_back(action, option.value);
     return action;
 }
 
 void GraphicsWindow::update_switches()
 {
-    mShaded->setChecked(mState.display().shaded);
-    mWireframe->setChecked(mState.display().wireframe);
-    mMesh->setChecked(mState.display().mesh);
+    for (const auto& [action, value] : mSwitches)
+        action->setChecked(mState.display().*value);
 }
 
 void GraphicsWindow::restore_display()
 {
     const QSettings settings;
     DisplayOptions display = mState.display();
-    display.shaded = settings.value(shaded_key, display.shaded).toBool();
-    display.wireframe = settings.value(wireframe_key, display.wireframe).toBool();
-    display.mesh = settings.value(mesh_key, display.mesh).toBool();
+    for (const DisplayOption& option : display_options)
+        display.*option.value = settings.value(settings_key(option), display.*option.value).toBool();
     mState.set_display(display);
-    mState.set_wants_opengl(settings.value(opengl_key, mState.wants_opengl()).toBool());
 }
 
 void GraphicsWindow::keep_display() const
 {
     QSettings settings;
-    settings.setValue(shaded_key, mState.display().shaded);
-    settings.setValue(wireframe_key, mState.display().wireframe);
-    settings.setValue(mesh_key, mState.display().mesh);
-    settings.setValue(opengl_key, mState.wants_opengl());
+    for (const DisplayOption& option : display_options)
+        settings.setValue(settings_key(option), mState.display().*option.value);
 }
 
 } // namespace fennar::graphics

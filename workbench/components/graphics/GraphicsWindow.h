@@ -3,7 +3,12 @@
 
 #pragma once
 
+#include "workbench/components/graphics/GraphicsState.h"
+
 #include <QObject>
+
+#include <utility>
+#include <vector>
 
 class QAction;
 
@@ -12,8 +17,6 @@ class ComponentContext;
 }
 
 namespace fennar::graphics {
-
-class GraphicsState;
 
 /**
  * All that the component has in the main window: the graphics view, a toolbar, and entries in the View menu.
@@ -30,19 +33,18 @@ public:
     GraphicsWindow(ComponentContext& context, GraphicsState& state);
 
 private:
-    /** An action that sends a command. */
-    QAction* make_action(const char* name, const QString& text, const char* icon, const char* shortcut,
-                         const char* command);
-    /** An action that switches something of "display" on and off. */
-    QAction* make_switch(const char* name, const QString& text, const char* icon);
+    /** An action that is called as the last word of a command, and so is its icon. */
+    QAction* make_action(const QString& command, const QString& text);
+    /** One that sends the command. */
+    QAction* make_sender(const QString& command, const QString& text, const char* shortcut);
+    /** One that switches something of "display" on and off. */
+    QAction* make_switch(const DisplayOption& option, const QString& text);
     void update_switches();
     void restore_display();
     void keep_display() const;
 
     GraphicsState& mState;
-    QAction* mShaded = nullptr;
-    QAction* mWireframe = nullptr;
-    QAction* mMesh = nullptr;
+    std::vector<std::pair<QAction*, bool DisplayOptions::*>> mSwitches;
 };
 
 } // namespace fennar::graphics

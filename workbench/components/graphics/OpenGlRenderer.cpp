@@ -86,163 +86,144 @@ struct OpenGlRenderer::Device
 
     QOpenGLExtraFunctions& gl() const { return *context.extraFunctions(); }
 
-    bool make_program();
-    bool prepare(const QSize& wanted, bool draft);
-    void remove_all();
+    bool make_program()
+    {
+        program = std::make_unique<QOpenGLShaderProgram>();
+        program->bindAttributeLocation("position", position_attribute);
+        program->bindAttributeLocation("normal", normal_attribute);
+        return program->addShaderFromSourceCode(QOpenGLShader::Vertex, vertex_shader) &&
+               program->addShaderFromSourceCode(QOpenGLShader::Fragment, fragment_shader) && program->link();
+    }
 
-    Stored& find(const std::shared_ptr<const SceneShape>& shape);
-    void forget_old();
-    void use(Stored& shape, Content content, int attribute) const;
-    void place(const Picture& picture, const SceneShape& shape, double depth) const;
-    void set_color(const QColor& color, float ambient_part, float direct_part) const;
-    void draw_surface(const Picture& picture, const Scene::Item& item, double depth);
-    void draw_lines(const Picture& picture, const std::shared_ptr<const SceneShape>& shape, Content content,
-                    const QColor& color, double width, double depth);
-};
+    /** Makes sure that there are places of that size, and binds the one to draw into. */
+    bool prepare(const QSize& wanted, bool draft)
+    {
+        const auto make = [&](std::unique_ptr<QOpenGLFramebufferObject>& target, int sample_count) {
+            if (target)
+                return true;
+            QOpenGLFramebufferObjectFormat format;
+            format.setAttachment(QOpenGLFramebufferObject::Depth);
+            format.setInternalTextureFormat(GL_RGBA8);
+            format.setSamples(sample_count);
+            target = std::make_unique<QOpenGLFramebufferObject>(wanted, format);
+            if (!target->isValid())
+                target.reset();
+            return target != nullptr;
+        };
+        if (size != wanted) {
+            smooth.reset();
+            plain.reset();
+            size = wanted;
+        }
+        if (!make(plain, 0))
+            return false;
+        if (!draft && !make(smooth, samples))
+            gl().glGetError(); // it does without
+        return (draft || !smooth ? plain : smooth)->bind();
+    }
 
-bool OpenGlRenderer::Device::make_program()
-{
-    program = std::make_unique<QOpenGLShaderProgram>();
-    program->bindAttributeLocation("position", position_attribute);
-    program->bindAttributeLocation("normal", normal_attribute);
-    return program->addShaderFromSourceCode(QOpenGLShader::Vertex, vertex_shader) &&
-           program->addShaderFromSourceCode(QOpenGLShader::Fragment, fragment_shader) && program->link();
-}
-
-/** Makes sure that there are places of that size, and binds the one to draw into. */
-bool OpenGlRenderer::Device::prepare(const QSize& wanted, bool draft)
-{
-    const auto make = [&](std::unique_ptr<QOpenGLFramebufferObject>& target, int sample_count) {
-        if (target)
-            return true;
-        QOpenGLFramebufferObjectFormat format;
-        format.setAttachment(QOpenGLFramebufferObject::Depth);
-        format.setInternalTextureFormat(GL_RGBA8);
-        format.setSamples(sample_count);
-        target = std::make_unique<QOpenGLFramebufferObject>(wanted, format);
-        if (!target->isValid())
-            target.reset();
-        return target != nullptr;
-    };
-    if (size != wanted) {
+    void remove_all()
+    {
+        for (auto& [key, shape] : stored)
+            shape.remove();
+        stored.clear();
         smooth.reset();
         plain.reset();
-        size = wanted;
+        arrays.destroy();
+        program.reset();
     }
-    if (!make(plain, 0))
-        return false;
-    if (!draft && !make(smooth, samples))
-        gl().glGetError(); // it does without
-    return (draft || !smooth ? plain : smooth)->bind();
-}
 
-void OpenGlRenderer::Device::remove_all()
-{
-    for (auto& [key, shape] : stored)
-        shape.remove();
-    stored.clear();
-    smooth.reset();
-    plain.reset();
-    arrays.destroy();
-    program.reset();
-}
-
-Stored& OpenGlRenderer::Device::find(const std::shared_ptr<const SceneShape>& shape)
-{
-    const auto found = stored.find(shape.get());
-    if (found != stored.end())
-        return found->second;
-    Stored& made = stored[shape.get()];
-    made.shape = shape;
-    std::size_t i = 0;
-    for (const std::vector<QVector3D>* points :
-         {&shape->corners, &shape->normals, &shape->lines, &shape->curves}) {
-        QOpenGLBuffer& buffer = made.buffers[i++];
-        buffer.create();
-        buffer.bind();
-        gl().glBufferData(GL_ARRAY_BUFFER, GLsizeiptr(points->size() * sizeof(QVector3D)), points->data(),
-                          GL_STATIC_DRAW);
+    Stored& find(const std::shared_ptr<const SceneShape>& shape)
+    {
+        const auto found = stored.find(shape.get());
+        if (found != stored.end())
+            return found->second;
+        Stored& made = stored[shape.get()];
+        made.shape = shape;
+        std::size_t i = 0;
+        for (const std::vector<QVector3D>* points :
+             {&shape->corners, &shape->normals, &shape->lines, &shape->curves}) {
+            QOpenGLBuffer& buffer = made.buffers[i++];
+            buffer.create();
+            buffer.bind();
+            gl().glBufferData(GL_ARRAY_BUFFER, GLsizeiptr(points->size() * sizeof(QVector3D)), points->data(),
+                              GL_STATIC_DRAW);
+        }
+        return made;
     }
-    return made;
-}
 
-/** To be called before anything is looked up: another shape may lie where one was. */
-void OpenGlRenderer::Device::forget_old()
-{
-    for (auto entry = stored.begin(); entry != stored.end();) {
-        if (entry->second.shape.expired()) {
-            entry->second.remove();
-            entry = stored.erase(entry);
-        } else {
-            ++entry;
+    /** To be called before anything is looked up: another shape may lie where one was. */
+    void forget_old()
+    {
+        for (auto entry = stored.begin(); entry != stored.end();) {
+            if (entry->second.shape.expired()) {
+                entry->second.remove();
+                entry = stored.erase(entry);
+            } else {
+                ++entry;
+            }
         }
     }
-}
 
-void OpenGlRenderer::Device::use(Stored& shape, Content content, int attribute) const
-{
-    shape.buffers[content].bind();
-    program->setAttributeBuffer(attribute, GL_FLOAT, 0, 3);
-}
+    void use(Stored& shape, Content content, int attribute) const
+    {
+        shape.buffers[content].bind();
+        program->setAttributeBuffer(attribute, GL_FLOAT, 0, 3);
+    }
 
-void OpenGlRenderer::Device::place(const Picture& picture, const SceneShape& shape, double depth) const
-{
-    const Camera& camera = picture.camera;
-    const double unit = camera.units_per_pixel();
-    const double x = 2 / (camera.viewport().width() * unit);
-    // Upside down, since what is read back begins at the bottom.
-    const double y = -2 / (camera.viewport().height() * unit);
-    const double z = -1 / depth;
-    const Point3 origin = camera.to_view(shape.origin);
-    const Point3 right = camera.right();
-    const Point3 up = camera.up();
-    const Point3 back = camera.back();
-    program->setUniformValue(
-        "place",
-        QMatrix4x4(float(right.x * x), float(right.y * x), float(right.z * x), float(origin.x * x), //
-                   float(up.x * y), float(up.y * y), float(up.z * y), float(origin.y * y),          //
-                   float(back.x * z), float(back.y * z), float(back.z * z), float(origin.z * z),    //
-                   0, 0, 0, 1));
-    const float turn[] = {float(right.x), float(right.y), float(right.z), float(up.x),  float(up.y),
-                          float(up.z),    float(back.x),  float(back.y),  float(back.z)};
-    program->setUniformValue("turn", QMatrix3x3(turn));
-}
+    void place(const Picture& picture, const SceneShape& shape, double depth) const
+    {
+        const Camera& camera = picture.camera;
+        const double unit = camera.units_per_pixel();
+        const double x = 2 / (camera.viewport().width() * unit);
+        // Upside down, since what is read back begins at the bottom.
+        const double y = -2 / (camera.viewport().height() * unit);
+        const double z = -1 / depth;
+        const Point3 origin = camera.to_view(shape.origin);
+        const Point3 right = camera.right();
+        const Point3 up = camera.up();
+        const Point3 back = camera.back();
+        program->setUniformValue(
+            "place",
+            QMatrix4x4(float(right.x * x), float(right.y * x), float(right.z * x), float(origin.x * x), //
+                       float(up.x * y), float(up.y * y), float(up.z * y), float(origin.y * y),          //
+                       float(back.x * z), float(back.y * z), float(back.z * z), float(origin.z * z),    //
+                       0, 0, 0, 1));
+        const float turn[] = {float(right.x), float(right.y), float(right.z), float(up.x),  float(up.y),
+                              float(up.z),    float(back.x),  float(back.y),  float(back.z)};
+        program->setUniformValue("turn", QMatrix3x3(turn));
+    }
 
-void OpenGlRenderer::Device::set_color(const QColor& color, float ambient_part, float direct_part) const
-{
-    program->setUniformValue("color", color.redF(), color.greenF(), color.blueF());
-    program->setUniformValue("ambient", ambient_part);
-    program->setUniformValue("direct", direct_part);
-}
+    void set_color(const QColor& color, float ambient_part, float direct_part) const
+    {
+        program->setUniformValue("color", color.redF(), color.greenF(), color.blueF());
+        program->setUniformValue("ambient", ambient_part);
+        program->setUniformValue("direct", direct_part);
+    }
 
-void OpenGlRenderer::Device::draw_surface(const Picture& picture, const Scene::Item& item, double depth)
-{
-    const PictureParts parts = PictureParts::of(item, picture);
-    if (!parts.surface)
-        return;
-    const auto& shape = parts.surface == item.mesh.get() ? item.mesh : item.shape;
-    Stored& buffers = find(shape);
-    place(picture, *shape, depth);
-    set_color(parts.surface_colour, ambient, direct);
-    use(buffers, Corners, position_attribute);
-    use(buffers, Normals, normal_attribute);
-    program->enableAttributeArray(normal_attribute);
-    gl().glDrawArrays(GL_TRIANGLES, 0, GLsizei(shape->corners.size()));
-    program->disableAttributeArray(normal_attribute);
-}
+    void draw_surface(const Picture& picture, const PictureParts::Surface& part, double depth)
+    {
+        Stored& buffers = find(part.shape);
+        place(picture, *part.shape, depth);
+        set_color(part.colour, ambient, direct);
+        use(buffers, Corners, position_attribute);
+        use(buffers, Normals, normal_attribute);
+        program->enableAttributeArray(normal_attribute);
+        gl().glDrawArrays(GL_TRIANGLES, 0, GLsizei(part.shape->corners.size()));
+        program->disableAttributeArray(normal_attribute);
+    }
 
-void OpenGlRenderer::Device::draw_lines(const Picture& picture,
-                                        const std::shared_ptr<const SceneShape>& shape, Content content,
-                                        const QColor& color, double width, double depth)
-{
-    Stored& buffers = find(shape);
-    place(picture, *shape, depth);
-    set_color(color, 1, 0);
-    program->setAttributeValue(normal_attribute, QVector3D(0, 0, 1));
-    use(buffers, content, position_attribute);
-    gl().glLineWidth(float(width * picture.ratio));
-    gl().glDrawArrays(GL_LINES, 0, GLsizei((content == Curves ? shape->curves : shape->lines).size()));
-}
+    void draw_lines(const Picture& picture, const PictureParts::Lines& lines, double depth)
+    {
+        Stored& buffers = find(lines.shape);
+        place(picture, *lines.shape, depth);
+        set_color(lines.colour, 1, 0);
+        program->setAttributeValue(normal_attribute, QVector3D(0, 0, 1));
+        use(buffers, lines.curves ? Curves : Lines, position_attribute);
+        gl().glLineWidth(float(lines.width * picture.ratio));
+        gl().glDrawArrays(GL_LINES, 0, GLsizei(lines.points().size()));
+    }
+};
 
 std::unique_ptr<OpenGlRenderer> OpenGlRenderer::create()
 {
@@ -297,6 +278,7 @@ QImage OpenGlRenderer::render(const Picture& picture)
     gl.glDisable(GL_BLEND);
     gl.glDisable(GL_CULL_FACE);
 
+    const PictureParts parts(picture);
     const double depth = picture.depth();
     device.arrays.bind();
     device.program->bind();
@@ -305,18 +287,11 @@ QImage OpenGlRenderer::render(const Picture& picture)
     // Pushed back a little, so that lines on the surface are seen.
     gl.glEnable(GL_POLYGON_OFFSET_FILL);
     gl.glPolygonOffset(1, 1);
-    for (const auto& [id, item] : picture.scene.items())
-        device.draw_surface(picture, item, depth);
+    for (const auto& surface : parts.surfaces)
+        device.draw_surface(picture, surface, depth);
     gl.glDisable(GL_POLYGON_OFFSET_FILL);
-    for (const auto& [id, item] : picture.scene.items()) {
-        const PictureParts parts = PictureParts::of(item, picture);
-        if (parts.mesh_lines)
-            device.draw_lines(picture, item.mesh, Lines, parts.mesh_line_colour, mesh_line_width, depth);
-        if (parts.edges)
-            device.draw_lines(picture, item.shape, Lines, parts.edge_colour, edge_width, depth);
-        if (parts.curves)
-            device.draw_lines(picture, item.shape, Curves, parts.edge_colour, curve_width, depth);
-    }
+    for (const auto& lines : parts.lines)
+        device.draw_lines(picture, lines, depth);
     device.arrays.release();
     device.program->release();
 

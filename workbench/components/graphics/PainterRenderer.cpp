@@ -3,6 +3,8 @@
 
 #include "workbench/components/graphics/PainterRenderer.h"
 
+#include <QPainter>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -195,21 +197,21 @@ void draw_line(Canvas& canvas, Spot a, Spot b, int width, QRgb colour)
     }
 }
 
-/** @param lines  of @p shape. */
-void draw_lines(Canvas& canvas, const Picture& picture, const SceneShape& shape,
-                const std::vector<QVector3D>& lines, double pixels, double width, const QColor& colour)
+void draw_lines(Canvas& canvas, const Picture& picture, const PictureParts::Lines& lines, double pixels)
 {
-    const Projection projection(picture, shape, pixels);
-    const int line_width = std::max(1, int(std::lround(width * pixels)));
-    for (std::size_t i = 0; i + 1 < lines.size(); i += 2)
-        draw_line(canvas, projection.spot(lines[i]), projection.spot(lines[i + 1]), line_width, colour.rgb());
+    const Projection projection(picture, *lines.shape, pixels);
+    const int width = std::max(1, int(std::lround(lines.width * pixels)));
+    const std::vector<QVector3D>& points = lines.points();
+    for (std::size_t i = 0; i + 1 < points.size(); i += 2)
+        draw_line(canvas, projection.spot(points[i]), projection.spot(points[i + 1]), width,
+                  lines.colour.rgb());
 }
 
-void draw_surface(Canvas& canvas, const Picture& picture, const SceneShape& shape, double pixels,
-                  const QColor& colour)
+void draw_surface(Canvas& canvas, const Picture& picture, const PictureParts::Surface& surface, double pixels)
 {
+    const SceneShape& shape = *surface.shape;
     const Projection projection(picture, shape, pixels);
-    const std::array<QRgb, 256> colours = shades(colour);
+    const std::array<QRgb, 256> colours = shades(surface.colour);
     for (std::size_t i = 0; i + 2 < shape.corners.size(); i += 3)
         fill(canvas,
              {projection.spot(shape.corners[i]), projection.spot(shape.corners[i + 1]),
@@ -248,24 +250,32 @@ QImage PainterRenderer::render(const Picture& picture)
     const QSize size = picture.device_size();
     const double pixels = picture.ratio * oversize;
     Canvas canvas(size * oversize);
-    for (const auto& [id, item] : picture.scene.items()) {
-        const PictureParts parts = PictureParts::of(item, picture);
-        if (parts.surface)
-            draw_surface(canvas, picture, *parts.surface, pixels, parts.surface_colour);
-    }
-    for (const auto& [id, item] : picture.scene.items()) {
-        const PictureParts parts = PictureParts::of(item, picture);
-        if (const SceneShape* mesh = parts.mesh_lines)
-            draw_lines(canvas, picture, *mesh, mesh->lines, pixels, mesh_line_width, parts.mesh_line_colour);
-        if (const SceneShape* shape = parts.edges)
-            draw_lines(canvas, picture, *shape, shape->lines, pixels, edge_width, parts.edge_colour);
-        if (parts.curves)
-            draw_lines(canvas, picture, *parts.edges, parts.edges->curves, pixels, curve_width,
-                       parts.edge_colour);
-    }
+    const PictureParts parts(picture);
+    for (const auto& surface : parts.surfaces)
+        draw_surface(canvas, picture, surface, pixels);
+    for (const auto& lines : parts.lines)
+        draw_lines(canvas, picture, lines, pixels);
     QImage image = oversize == 1 ? canvas.image() : halved(canvas.image(), size);
     image.setDevicePixelRatio(picture.ratio);
     return image;
+}
+
+QImage draw_scene(const Scene& scene, const QSize& size)
+{
+    Camera camera;
+    camera.set_viewport(size);
+    camera.set_view(Camera::View::Iso);
+    camera.fit(scene.box());
+    const ViewColours colours = ViewColours::light();
+    const QImage drawn =
+        PainterRenderer().render({.scene = scene, .camera = camera, .display = {}, .colours = colours});
+    QImage picture(size, QImage::Format_RGB32);
+    if (drawn.isNull() || picture.isNull())
+        return {};
+    QPainter painter(&picture);
+    colours.paint_background(painter, picture.rect());
+    painter.drawImage(QPointF(0, 0), drawn);
+    return picture;
 }
 
 } // namespace fennar::graphics

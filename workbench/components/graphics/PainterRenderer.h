@@ -14,4 +14,10 @@ public:
     QImage render(const Picture& picture) override;
 };
 
+/**
+ * Draws a scene without a window and without the help of the display: from the right, front and above, all of
+ * it, in the colors of a light view. To be used as Scene::Painter.
+ */
+QImage draw_scene(const Scene& scene, const QSize& size);
+
 } // namespace fennar::graphics

@@ -4,11 +4,17 @@
 #pragma once
 
 #include "workbench/components/graphics/Camera.h"
-#include "workbench/components/graphics/ViewColours.h"
 #include "workbench/sdk/core/scene/Scene.h"
 
+#include <QColor>
 #include <QImage>
-#include <QString>
+#include <QLatin1StringView>
+
+#include <memory>
+#include <vector>
+
+class QPainter;
+class QPalette;
 
 namespace fennar::graphics {
 
@@ -21,14 +27,49 @@ struct DisplayOptions
     bool wireframe = true;
     /** The mesh in place of the surfaces, for items that have one. */
     bool mesh = true;
+    /** Whether it is drawn by OpenGL where that is possible. */
+    bool opengl = true;
 
     bool operator==(const DisplayOptions&) const = default;
 
     /** What stands for the surface of @p item; null if it has none yet. */
-    const SceneShape* surface(const Scene::Item& item) const
+    const std::shared_ptr<const SceneShape>& surface(const Scene::Item& item) const
     {
-        return mesh && item.mesh ? item.mesh.get() : item.shape.get();
+        return mesh && item.mesh ? item.mesh : item.shape;
     }
+};
+
+/** An option by the name that commands and settings have for it. */
+struct DisplayOption
+{
+    QLatin1StringView name;
+    bool DisplayOptions::*value;
+};
+inline constexpr DisplayOption display_options[] = {
+    {QLatin1StringView("shaded"), &DisplayOptions::shaded},
+    {QLatin1StringView("wireframe"), &DisplayOptions::wireframe},
+    {QLatin1StringView("mesh"), &DisplayOptions::mesh},
+    {QLatin1StringView("opengl"), &DisplayOptions::opengl}};
+
+/** The colours of a view. */
+struct ViewColours
+{
+    /** The background, which changes from top to bottom. */
+    QColor top;
+    QColor bottom;
+    QColor solid;
+    QColor edge;
+    QColor mesh;
+    QColor mesh_line;
+    QColor selected;
+    QColor selected_edge;
+
+    /** Those of a light view. */
+    static ViewColours light();
+    /** Those that go with a palette, be it light or dark. */
+    static ViewColours fitting(const QPalette& palette);
+
+    void paint_background(QPainter& painter, const QRect& area) const;
 };
 
 /** All that a picture depends on. */
@@ -49,10 +90,35 @@ struct Picture
     double depth() const;
 };
 
+/** What is drawn of a scene, in this order: the surfaces, and then the lines. */
+struct PictureParts
+{
+    struct Surface
+    {
+        std::shared_ptr<const SceneShape> shape;
+        QColor colour;
+    };
+    struct Lines
+    {
+        std::shared_ptr<const SceneShape> shape;
+        /** The curves of the shape rather than its lines. */
+        bool curves = false;
+        QColor colour;
+        /** In pixels of the camera. */
+        double width = 1;
+
+        const std::vector<QVector3D>& points() const { return curves ? shape->curves : shape->lines; }
+    };
+
+    explicit PictureParts(const Picture& picture);
+
+    std::vector<Surface> surfaces;
+    std::vector<Lines> lines;
+};
+
 /**
- * Draws pictures of a scene. There are two kinds, whose pictures agree but for the edges' smoothness.
- *
- * What is in a picture follows from PictureParts; how light it is, from shade().
+ * Draws the PictureParts of pictures. There are two kinds, whose pictures agree but for the edges'
+ * smoothness.
  */
 class Renderer
 {
@@ -70,29 +136,6 @@ public:
     /** How light a surface is that turns away from the light, and how much lighter one is that faces it. */
     static constexpr float ambient = 0.42F;
     static constexpr float direct = 0.58F;
-
-    /** The width of lines in pixels of the camera. */
-    static constexpr double edge_width = 1.4;
-    static constexpr double mesh_line_width = 1.0;
-    static constexpr double curve_width = 1.0;
-};
-
-/** What is drawn of one item, and in which colours. */
-struct PictureParts
-{
-    /** Null if no surface is to be drawn. */
-    const SceneShape* surface = nullptr;
-    QColor surface_colour;
-    /** Whose lines are drawn as the lines of the mesh; null for none. */
-    const SceneShape* mesh_lines = nullptr;
-    QColor mesh_line_colour;
-    /** Whose lines are drawn as edges; null for none. */
-    const SceneShape* edges = nullptr;
-    /** Whether its curves, too: without them a sphere would not be seen where edges are all that is drawn. */
-    bool curves = false;
-    QColor edge_colour;
-
-    static PictureParts of(const Scene::Item& item, const Picture& picture);
 };
 
 } // namespace fennar::graphics

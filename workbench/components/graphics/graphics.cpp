@@ -5,7 +5,7 @@
 
 #include "workbench/components/graphics/GraphicsState.h"
 #include "workbench/components/graphics/GraphicsWindow.h"
-#include "workbench/components/graphics/draw_scene.h"
+#include "workbench/components/graphics/PainterRenderer.h"
 #include "workbench/components/graphics/graphics_commands.h"
 #include "workbench/sdk/component/ComponentContext.h"
 

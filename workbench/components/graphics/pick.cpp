@@ -10,27 +10,19 @@ namespace fennar::graphics {
 namespace {
 
 /** Whether a surface could be seen at the point of the view. */
-bool may_be_at(const Box3& box, const Camera& camera, double x, double y)
+bool may_be_at(const Box3& seen, double x, double y)
 {
-    Box3 seen;
-    for (int i = 0; i < 8; ++i)
-        seen.add(camera.to_view(box.corner(i)));
-    return !box.empty() && x >= seen.least.x && x <= seen.most.x && y >= seen.least.y && y <= seen.most.y;
+    return x >= seen.least.x && x <= seen.most.x && y >= seen.least.y && y <= seen.most.y;
 }
 
 /** The greatest z of the surface at the point of the view; minus infinity if it is not there. */
 double height_at(const SceneShape& shape, const Camera& camera, double x, double y)
 {
     double result = -std::numeric_limits<double>::infinity();
-    const Point3 origin = camera.to_view(shape.origin);
-    const Point3 right = camera.right();
-    const Point3 up = camera.up();
-    const Point3 back = camera.back();
+    const Point3 origin = camera.to_view(shape.origin) - Point3{x, y, 0};
     // The corners relative to the point.
     const auto place = [&](const QVector3D& corner) {
-        const Point3 point{corner.x(), corner.y(), corner.z()};
-        return Point3{origin.x + dot(point, right) - x, origin.y + dot(point, up) - y,
-                      origin.z + dot(point, back)};
+        return origin + camera.turned({corner.x(), corner.y(), corner.z()});
     };
     for (std::size_t i = 0; i + 2 < shape.corners.size(); i += 3) {
         const Point3 a = place(shape.corners[i]);
@@ -56,8 +48,8 @@ int pick(const Scene& scene, const Camera& camera, const DisplayOptions& display
     int result = 0;
     double nearest = -std::numeric_limits<double>::infinity();
     for (const auto& [id, item] : scene.items()) {
-        const SceneShape* surface = display.surface(item);
-        if (!surface || !may_be_at(surface->box, camera, x, y))
+        const auto& surface = display.surface(item);
+        if (!surface || !may_be_at(camera.to_view(surface->box), x, y))
             continue;
         const double height = height_at(*surface, camera, x, y);
         if (height > nearest) {

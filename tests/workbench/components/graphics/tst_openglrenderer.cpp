@@ -188,7 +188,6 @@ void TstOpenGlRenderer::view_uses_it_where_there_is_a_display()
         GraphicsView view(state);
         view.resize(300, 200);
         view.grab();
-        QVERIFY(view.uses_opengl());
         QVERIFY(state.has_opengl());
     }
     QVERIFY(!state.has_opengl());
@@ -202,14 +201,13 @@ void TstOpenGlRenderer::view_changes_over_and_shows_the_same()
     GraphicsView view(state);
     view.resize(300, 200);
     const QColor by_opengl = view.grab().toImage().pixelColor(150, 120);
-    state.set_wants_opengl(false);
+    state.set_display({.opengl = false});
     const QColor by_painter = view.grab().toImage().pixelColor(150, 120);
-    QVERIFY(!view.uses_opengl());
     QVERIFY(!state.has_opengl());
     QVERIFY(std::abs(by_opengl.blue() - by_painter.blue()) < 8);
-    state.set_wants_opengl(true);
+    state.set_display({});
     view.grab();
-    QVERIFY(view.uses_opengl());
+    QVERIFY(state.has_opengl());
 }
 
 OSTREL_TEST(TstOpenGlRenderer)

@@ -4,7 +4,6 @@
 #include "boxes.h"
 #include "support/TestCase.h"
 #include "workbench/components/graphics/PainterRenderer.h"
-#include "workbench/components/graphics/draw_scene.h"
 
 #include <QPalette>
 #include <QTest>
@@ -264,7 +263,7 @@ void TstPainterRenderer::colours_stand_out_in_light_and_dark_schemes()
     const ViewColours colours = ViewColours::fitting(palette(dark));
     QCOMPARE(colours.top.lightness() < 128, dark);
     QCOMPARE(colours.bottom.lightness() < 128, dark);
-    for (const QColor& colour : {colours.edge, colours.mesh_line, colours.text})
+    for (const QColor& colour : {colours.edge, colours.mesh_line})
         QCOMPARE(colour.lightness() > 128, dark);
     const auto apart = [](const QColor& a, const QColor& b) {
         return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) + std::abs(a.blue() - b.blue());
