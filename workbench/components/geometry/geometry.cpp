@@ -3,10 +3,7 @@
 
 // The component "geometry": solids through a CAD kernel and tetrahedral meshes. See docs/geometry.md.
 
-#include "workbench/components/geometry/commands/document_commands.h"
-#include "workbench/components/geometry/commands/file_commands.h"
 #include "workbench/components/geometry/commands/geometry_commands.h"
-#include "workbench/components/geometry/exchange/FileExchange.h"
 #include "workbench/components/geometry/model/GeometryDocument.h"
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
@@ -63,10 +60,9 @@ UnsavedWork unsaved_model(GeometryDocument& document, GeometryFileHandler* handl
 
 void fennar::load_component(ComponentContext& context)
 {
-    ApplicationServices& application = Fennar::instance().application();
+    const ApplicationServices& application = Fennar::instance().application();
     auto& model = context.make<GeometryModel>();
     auto& document = context.make<GeometryDocument>(model);
-    auto& exchange = context.make<FileExchange>(model, program_folder());
     Ostrel* const window = context.window();
     GeometryFileHandler* const handler =
         window ? &context.make<GeometryFileHandler>(window, document) : nullptr;
@@ -76,13 +72,11 @@ void fennar::load_component(ComponentContext& context)
             if (formats)
                 formats->imported(file, done);
         };
-        return register_geometry_commands(registry, owner, model, application, program_folder()) &&
-               register_document_commands(registry, owner, document_actions(document, handler)) &&
-               register_file_commands(registry, owner, model, exchange, application, imported);
+        return register_geometry_commands(registry, owner,
+                                          {model, application, program_folder(), imported}) &&
+               register_document_commands(registry, owner, document_actions(document, handler));
     });
     context.add_unsaved_work(unsaved_model(document, handler));
-    QObject::connect(&document, &GeometryDocument::settled, &document,
-                     [] { UnsavedWorks::instance().tell_settled(u"model"_s); });
     context.make<GeometryScene>(model, Scene::instance());
     if (!window)
         return;

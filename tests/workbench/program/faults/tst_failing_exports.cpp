@@ -4,8 +4,7 @@
 #include "support/TestCase.h"
 #include "support/failing_calls.h"
 #include "sweep.h"
-#include "workbench/components/geometry/commands/file_commands.h"
-#include "workbench/components/geometry/exchange/FileExchange.h"
+#include "workbench/components/geometry/commands/geometry_commands.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/obj_format/obj_text.h"
 #include "workbench/sdk/core/commands/ApplicationServices.h"
@@ -48,7 +47,6 @@ private:
 
     std::unique_ptr<QTemporaryDir> mDirectory;
     std::unique_ptr<GeometryModel> mModel;
-    std::unique_ptr<FileExchange> mExchange;
     std::unique_ptr<CommandSession> mSession;
     ApplicationServices mServices;
 };
@@ -57,9 +55,9 @@ void TstFailingExports::set_up()
 {
     mDirectory = std::make_unique<QTemporaryDir>();
     mModel = std::make_unique<GeometryModel>();
-    mExchange = std::make_unique<FileExchange>(*mModel, QDir(QStringLiteral(FENNAR_PROGRAMS)));
     mSession = std::make_unique<CommandSession>();
-    QVERIFY(register_file_commands(mSession->registry, u"geometry"_s, *mModel, *mExchange, mServices));
+    QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s,
+                                       {*mModel, mServices, QDir(QStringLiteral(FENNAR_PROGRAMS))}));
     QVERIFY(FormatRegistry::instance().add({u"OBJ"_s, {u"obj"_s}, u"test"_s, &read_obj, &write_obj}));
     mModel->brick({1, 2, 3});
 }
@@ -68,7 +66,6 @@ void TstFailingExports::tear_down()
 {
     FormatRegistry::instance().remove_owner(u"test"_s);
     mSession.reset();
-    mExchange.reset();
     mModel.reset();
     mDirectory.reset();
 }

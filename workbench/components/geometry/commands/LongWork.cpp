@@ -57,22 +57,20 @@ void LongWork::show(int percent, const QString& stage)
 
 void LongWork::print(const MesherReport::Message& message)
 {
-    // The engine tells an error where it meets it, and once more when it gives up.
-    if (message.kind == MesherReport::Message::Kind::Error && message.text == mLastError)
+    using Kind = MesherReport::Message::Kind;
+    if (message.kind == Kind::Information && !mVerbose)
         return;
-    switch (message.kind) {
-    case MesherReport::Message::Kind::Information:
-        if (mVerbose)
-            mCall.print(message.text + u'\n');
-        break;
-    case MesherReport::Message::Kind::Warning:
-        mCall.print(u"Warning: "_s + message.text + u'\n');
-        break;
-    case MesherReport::Message::Kind::Error: // the last one ends up in the command's own error
+    if (message.kind == Kind::Error) {
+        // The engine tells an error where it meets it, and once more when it gives up. The last one ends up
+        // in the command's own error.
+        if (message.text == mLastError)
+            return;
         mLastError = message.text;
-        mCall.print(u"Error: "_s + message.text + u'\n');
-        break;
     }
+    const QString mark = message.kind == Kind::Error     ? u"Error: "_s
+                         : message.kind == Kind::Warning ? u"Warning: "_s
+                                                         : QString();
+    mCall.print(mark + message.text + u'\n');
 }
 
 } // namespace fennar::geometry

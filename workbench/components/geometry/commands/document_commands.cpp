@@ -1,13 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/components/geometry/commands/document_commands.h"
-
-#include "workbench/components/geometry/commands/geometry_parameters.h"
-#include "workbench/components/geometry/model/GeometryModel.h"
-#include "workbench/sdk/core/commands/CommandArguments.h"
-#include "workbench/sdk/core/commands/CommandCall.h"
-#include "workbench/sdk/core/commands/CommandRegistry.h"
+#include "workbench/components/geometry/commands/command_parts.h"
 #include "workbench/sdk/core/scene/select_command.h"
 
 #include <QDir>
@@ -40,12 +34,7 @@ QString whole_path(const CommandArguments& arguments)
     return file.isEmpty() ? file : QDir::cleanPath(QDir::current().absoluteFilePath(file));
 }
 
-void start_new(CommandCall&, const CommandArguments& arguments, const DocumentActions& actions)
-{
-    actions.start_new(arguments.has("discard"_L1));
-}
-
-void open(CommandCall&, const CommandArguments& arguments, const DocumentActions& actions)
+void open(const CommandArguments& arguments, const DocumentActions& actions)
 {
     const QString file = whole_path(arguments);
     // Before anybody is asked about unsaved changes.
@@ -55,21 +44,11 @@ void open(CommandCall&, const CommandArguments& arguments, const DocumentActions
     actions.open(file);
 }
 
-void save(CommandCall&, const CommandArguments& arguments, const DocumentActions& actions)
-{
-    actions.save(whole_path(arguments));
-}
-
 } // namespace
 
 bool register_document_commands(CommandRegistry& registry, const QString& owner,
                                 const DocumentActions& actions)
 {
-    const auto with = [&](auto function) {
-        return [actions, function](CommandCall& call, const CommandArguments& arguments) {
-            function(call, arguments, actions);
-        };
-    };
     const QList<Command> commands{
         {.name = u"new"_s,
          .summary = u"Starts an empty model."_s,
@@ -77,7 +56,10 @@ bool register_document_commands(CommandRegistry& registry, const QString& owner,
              u"As \"New\" in the file menu: with a window the question about unsaved changes comes first, "
              u"unless\n"
              "\"discard\" drops them, and the console is emptied."_s,
-         .perform = with(&start_new),
+         .perform =
+             [actions](CommandCall&, const CommandArguments& arguments) {
+                 actions.start_new(arguments.has("discard"_L1));
+             },
          .forms = {{.clauses = {{.keyword = u"discard"_s,
                                  .optional = true,
                                  .label = QT_TRANSLATE_NOOP("CommandParameter", "Drop unsaved changes")}}}},
@@ -87,7 +69,7 @@ bool register_document_commands(CommandRegistry& registry, const QString& owner,
          .help = u"It takes the place of the present model. With a window the question about unsaved changes "
                  u"comes\n"
                  "first. Quote a name with blanks. A relative name is looked up in the current directory."_s,
-         .perform = with(&open),
+         .perform = [actions](CommandCall&, const CommandArguments& arguments) { open(arguments, actions); },
          .forms = {{.clauses = {required_value(model_file(CommandParameter::Kind::InputFile))}}},
          .changes_model = true,
          .makes = {solid_entity(), item_entity()}},
@@ -96,7 +78,8 @@ bool register_document_commands(CommandRegistry& registry, const QString& owner,
          .help = u"Without FILE in the file that it was opened from or saved in last. A file that is there "
                  u"already\n"
                  "is replaced. The name is taken as it is, without an ending of its own."_s,
-         .perform = with(&save),
+         .perform = [actions](CommandCall&,
+                              const CommandArguments& arguments) { actions.save(whole_path(arguments)); },
          .forms = {{.clauses = {optional_value(model_file(CommandParameter::Kind::OutputFile))}}}},
     };
     return registry.add_all(owner, commands);

@@ -1,17 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/components/geometry/commands/file_commands.h"
-
-#include "workbench/components/geometry/commands/GeometryCommand.h"
 #include "workbench/components/geometry/commands/LongWork.h"
+#include "workbench/components/geometry/commands/command_parts.h"
 #include "workbench/components/geometry/commands/geometry_entities.h"
-#include "workbench/components/geometry/commands/geometry_parameters.h"
-#include "workbench/components/geometry/exchange/FileExchange.h"
+#include "workbench/components/geometry/exchange/exchange_files.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
-#include "workbench/sdk/core/commands/CommandArguments.h"
-#include "workbench/sdk/core/commands/CommandCall.h"
-#include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/files/FormatRegistry.h"
 #include "workbench/sdk/core/scene/select_command.h"
 
@@ -138,7 +132,7 @@ QString absolute_path(const CommandArguments& arguments)
     return QFileInfo(arguments.text("FILE"_L1)).absoluteFilePath();
 }
 
-QString described(const GeometryModel& model, const FileExchange::Imported& imported)
+QString described(const GeometryModel& model, const Imported& imported)
 {
     QString text;
     for (const int id : imported.solids)
@@ -158,15 +152,7 @@ QString described(const GeometryModel& model, const FileExchange::Imported& impo
     return text;
 }
 
-struct Context
-{
-    GeometryModel& model;
-    FileExchange& exchange;
-    const ApplicationServices& services;
-    ImportListener imported;
-};
-
-void import_file(CommandCall& call, const CommandArguments& arguments, Context& context)
+void run_import(CommandCall& call, const CommandArguments& arguments, const CommandContext& context)
 {
     const QString file = absolute_path(arguments);
     bool done = false;
@@ -175,10 +161,10 @@ void import_file(CommandCall& call, const CommandArguments& arguments, Context& 
             context.imported(file, done);
     });
     const Format format = told_format(arguments).value();
-    std::optional<FileExchange::Imported> imported;
+    std::optional<Imported> imported;
     {
         LongWork work(call, context.services, "Import");
-        imported = context.exchange.import_file(file, format, work.listener());
+        imported = import_file(file, format, context.model, context.programs, work.listener());
     }
     if (!imported)
         throw CommandError(u"cancelled; nothing has changed"_s);
@@ -188,10 +174,9 @@ void import_file(CommandCall& call, const CommandArguments& arguments, Context& 
 }
 
 /** What goes into a file of the format. */
-FileExchange::Source source_of(const CommandArguments& arguments, const Format& format,
-                               const GeometryModel& model)
+ExportSource source_of(const CommandArguments& arguments, const Format& format, const GeometryModel& model)
 {
-    FileExchange::Source source;
+    ExportSource source;
     source.mesh = arguments.has("mesh"_L1) || format.content == Format::Content::Mesh;
     if (source.mesh)
         return source;
@@ -204,15 +189,15 @@ FileExchange::Source source_of(const CommandArguments& arguments, const Format& 
     return source;
 }
 
-void export_file(CommandCall& call, const CommandArguments& arguments, Context& context)
+void run_export(CommandCall& call, const CommandArguments& arguments, const CommandContext& context)
 {
     const QString file = absolute_path(arguments);
     const Format format = told_format(arguments).value();
-    const FileExchange::Source source = source_of(arguments, format, context.model);
+    const ExportSource source = source_of(arguments, format, context.model);
     bool done = false;
     {
         LongWork work(call, context.services, "Export");
-        done = context.exchange.export_file(file, format, source, work.listener());
+        done = export_file(file, format, source, context.model, context.programs, work.listener());
     }
     if (!done)
         throw CommandError(u"cancelled; no file was written"_s);
@@ -237,17 +222,9 @@ bool stands_in_double_quotes(const QString& text)
 
 } // namespace
 
-bool register_file_commands(CommandRegistry& registry, const QString& owner, GeometryModel& model,
-                            FileExchange& exchange, const ApplicationServices& services,
-                            const ImportListener& imported)
+QList<Command> file_commands(const CommandContext& context)
 {
-    const auto context = std::make_shared<Context>(Context{model, exchange, services, imported});
-    const auto with = [&context](auto function) {
-        return [context, function](CommandCall& call, const CommandArguments& arguments) {
-            function(call, arguments, *context);
-        };
-    };
-    const QList<Command> commands{
+    return {
         {.name = u"import"_s,
          .summary = u"Reads solids or a mesh from a file."_s,
          .help =
@@ -255,10 +232,10 @@ bool register_file_commands(CommandRegistry& registry, const QString& owner, Geo
              "solids, named after the file. STL, MSH and VTK files, and those of formats that other "
              "components\n"
              "bring, hold a mesh, which takes the place of the last one. Lengths become millimetres."_s,
-         .perform = with(&import_file),
+         .perform = performing(&run_import, context),
          .forms = {{.clauses = file_clauses(Direction::Import), .verify = &verify_import}},
          .changes_model = true,
-         .makes = {solid_entity(), item_entity()},
+         .makes = {solid_entity()},
          .long_running = true,
          .result = list_type(entity_type(solid_entity()))},
         {.name = u"export"_s,
@@ -271,7 +248,7 @@ bool register_file_commands(CommandRegistry& registry, const QString& owner, Geo
              "other components bring, hold the surface of solids, in triangles of SIZE at most, or with "
              "\"mesh\"\n"
              "that of the last mesh. A file that exists is replaced."_s,
-         .perform = with(&export_file),
+         .perform = performing(&run_export, context),
          .forms = {{.clauses = file_clauses(Direction::Export) +
                                QList{optional_value(solids_parameter()),
                                      CommandClause{
@@ -287,7 +264,10 @@ bool register_file_commands(CommandRegistry& registry, const QString& owner, Geo
                     .verify = &verify_export}},
          .long_running = true},
     };
-    CommandEntities& entities = registry.entities();
+}
+
+void offer_formats(CommandEntities& entities, const QString& owner)
+{
     // The formats are there longer than these commands: the connection goes with the offers.
     const auto watcher = std::make_shared<QObject>();
     for (const Direction direction : {Direction::Import, Direction::Export}) {
@@ -297,7 +277,6 @@ bool register_file_commands(CommandRegistry& registry, const QString& owner, Geo
         QObject::connect(&FormatRegistry::instance(), &FormatRegistry::changed, watcher.get(),
                          [&entities, direction] { entities.tell_changed(format_entity(direction)); });
     }
-    return registry.add_all(owner, commands);
 }
 
 QString import_command(const QString& file, const QString& format)

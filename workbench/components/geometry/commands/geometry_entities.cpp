@@ -3,17 +3,16 @@
 
 #include "workbench/components/geometry/commands/geometry_entities.h"
 
-#include "workbench/components/geometry/commands/geometry_parameters.h"
-#include "workbench/components/geometry/model/GeometryError.h"
+#include "workbench/components/geometry/commands/command_parts.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/geometry/programs/mesh_arrays.h"
 #include "workbench/components/geometry/programs/mesh_quality.h"
-#include "workbench/sdk/core/commands/CommandEntities.h"
-#include "workbench/sdk/core/commands/CommandError.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/commands/Interrupt.h"
 #include "workbench/sdk/core/commands/numbers.h"
 
+#include <concepts>
+#include <functional>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -30,9 +29,26 @@ const CommandType point_type = list_type(number_type);
 const CommandType face_type = record_type(
     u"face"_s, {{u"number"_s, whole_number_type}, {u"area"_s, number_type}, {u"center"_s, point_type}});
 
+// What is told, as the value of a command.
+
 CommandValue value(double number)
 {
     return {.data = number};
+}
+
+CommandValue value(std::integral auto number)
+{
+    return {.data = qint64(number)};
+}
+
+CommandValue value(const CommandValue& known)
+{
+    return known;
+}
+
+CommandValue value(const QString& text)
+{
+    return {.data = text};
 }
 
 CommandValue value(const Point3& point)
@@ -47,35 +63,24 @@ CommandValue value(const Mesh::Quality& quality)
                                       {u"max"_s, value(quality.most)}}};
 }
 
-CommandValue value(const QStringList& texts)
-{
-    CommandValue::List list;
-    for (const QString& text : texts)
-        list.append({.data = text});
-    return {.data = list};
-}
-
 CommandValue value(const QList<FaceMeasures>& faces)
 {
     CommandValue::List list;
-    for (const FaceMeasures& face : faces) {
+    for (const FaceMeasures& face : faces)
         list.append({.data = CommandValue::Record{face_type.entity,
-                                                  {{u"number"_s, {.data = qint64(list.size() + 1)}},
+                                                  {{u"number"_s, value(list.size() + 1)},
                                                    {u"area"_s, value(face.area)},
                                                    {u"center"_s, value(face.center)}}}});
-    }
     return {.data = list};
 }
 
-/** What @p tell tells; its error is one of the caller's command. */
-template <typename Tell>
-auto told_by(const Tell& tell)
+template <typename Item>
+CommandValue value(const QList<Item>& items)
 {
-    try {
-        return tell();
-    } catch (const GeometryError& error) {
-        throw CommandError(error.message());
-    }
+    CommandValue::List list;
+    for (const Item& item : items)
+        list.append(value(item));
+    return {.data = list};
 }
 
 /** Gives the application its turn while a program tells something of a mesh, and lets the user end that. */
@@ -106,7 +111,7 @@ public:
     {
         if (mNumber != mesh.number) {
             const PatientListener listener;
-            auto arrays = told_by([&] { return read_mesh_arrays(mesh, mPrograms, listener); });
+            auto arrays = read_mesh_arrays(mesh, mPrograms, listener);
             if (!arrays)
                 throw PatientListener::interrupted();
             mArrays = std::move(*arrays);
@@ -160,115 +165,90 @@ QStringList solid_names(const GeometryModel& model)
 
 QList<EntityProperty> solid_properties(const GeometryModel& model)
 {
-    const auto measured = [&model](auto measure) {
-        return [&model, measure](const QString& key, const QStringList&) {
-            return measure(model.measures(solid_of_key(model, key)->id));
-        };
+    const auto property = [&model](const QString& name, const QString& summary, const QString& unit,
+                                   const CommandType& type, auto tell) {
+        return EntityProperty{.name = name,
+                              .summary = summary,
+                              .unit = unit,
+                              .type = type,
+                              .value = [&model, tell](const QString& key, const QStringList&) {
+                                  return value(tell(solid_of_key(model, key)->id));
+                              }};
+    };
+    const auto measured = [&model](auto SolidMeasures::*measure) {
+        return [&model, measure](int id) { return model.measures(id).*measure; };
     };
     return {
-        {.name = u"id"_s,
-         .summary = u"Its number, which is never used again"_s,
-         .type = whole_number_type,
-         .value =
-             [&model](const QString& key, const QStringList&) {
-                 return CommandValue{.data = qint64(solid_of_key(model, key)->id)};
-             }},
-        {.name = u"volume"_s,
-         .summary = u"Its volume"_s,
-         .unit = u"mm\u00b3"_s,
-         .type = number_type,
-         .value = measured([](const SolidMeasures& measures) { return value(measures.volume); })},
-        {.name = u"area"_s,
-         .summary = u"The area of its surface"_s,
-         .unit = u"mm\u00b2"_s,
-         .type = number_type,
-         .value = measured([](const SolidMeasures& measures) { return value(measures.area); })},
-        {.name = u"center"_s,
-         .summary = u"Its center of mass, as x, y and z"_s,
-         .unit = u"mm"_s,
-         .type = point_type,
-         .value = measured([](const SolidMeasures& measures) { return value(measures.center); })},
-        {.name = u"bounding_box"_s,
-         .summary = u"The least and the greatest corner of the box around it"_s,
-         .unit = u"mm"_s,
-         .type = list_type(point_type),
-         .value =
-             [&model](const QString& key, const QStringList&) {
-                 const Box3 box = model.box(solid_of_key(model, key)->id);
-                 return CommandValue{.data = CommandValue::List{value(box.least), value(box.most)}};
-             }},
-        {.name = u"faces"_s,
-         .summary = u"Its faces, with number (from 1), area (mm\u00b2) and center (mm) of each"_s,
-         .type = list_type(face_type),
-         .value =
-             [&model](const QString& key, const QStringList&) {
-                 return value(told_by([&] { return model.shape(solid_of_key(model, key)->id).faces(); }));
-             }},
-        {.name = u"pieces"_s,
-         .summary = u"How many volumes that do not hang together it consists of"_s,
-         .type = whole_number_type,
-         .value = measured(
-             [](const SolidMeasures& measures) { return CommandValue{.data = qint64(measures.pieces)}; })},
+        property(u"id"_s, u"Its number, which is never used again"_s, {}, whole_number_type, std::identity()),
+        property(u"volume"_s, u"Its volume"_s, u"mm\u00b3"_s, number_type, measured(&SolidMeasures::volume)),
+        property(u"area"_s, u"The area of its surface"_s, u"mm\u00b2"_s, number_type,
+                 measured(&SolidMeasures::area)),
+        property(u"center"_s, u"Its center of mass, as x, y and z"_s, u"mm"_s, point_type,
+                 measured(&SolidMeasures::center)),
+        property(u"bounding_box"_s, u"The least and the greatest corner of the box around it"_s, u"mm"_s,
+                 list_type(point_type),
+                 [&model](int id) {
+                     const Box3 box = model.box(id);
+                     return QList{box.least, box.most};
+                 }),
+        property(u"faces"_s, u"Its faces, with number (from 1), area (mm\u00b2) and center (mm) of each"_s,
+                 {}, list_type(face_type), [&model](int id) { return model.shape(id).faces(); }),
+        property(u"pieces"_s, u"How many volumes that do not hang together it consists of"_s, {},
+                 whole_number_type, measured(&SolidMeasures::pieces)),
     };
 }
 
 QList<EntityProperty> mesh_properties(const GeometryModel& model, const QDir& programs)
 {
-    const auto arrays = std::make_shared<KnownArrays>(programs);
-    const auto told = [&model](auto tell) {
-        return [&model, tell](const QString&, const QStringList& arguments) {
-            return tell(*model.mesh(), arguments);
-        };
+    const auto property = [&model](const QString& name, const QString& summary, const QString& unit,
+                                   const CommandType& type, auto tell) {
+        return EntityProperty{.name = name,
+                              .summary = summary,
+                              .unit = unit,
+                              .type = type,
+                              .value = [&model, tell](const QString&, const QStringList&) {
+                                  return value(std::invoke(tell, *model.mesh()));
+                              }};
     };
+    const auto arrays = std::make_shared<KnownArrays>(programs);
     return {
-        {.name = u"size"_s,
-         .summary = u"The length of the elements that was asked for; 0 if it was imported"_s,
-         .unit = u"mm"_s,
-         .type = number_type,
-         .value = told([](const Mesh& mesh, const QStringList&) { return value(mesh.size); })},
-        {.name = u"solids"_s,
-         .summary = u"The names of the solids when they were meshed"_s,
-         .type = list_type({.kind = Kind::Text}),
-         .value = told([](const Mesh& mesh, const QStringList&) { return value(mesh.solids); })},
-        {.name = u"node_count"_s,
-         .summary = u"How many nodes it has"_s,
-         .type = whole_number_type,
-         .value =
-             told([](const Mesh& mesh, const QStringList&) { return CommandValue{.data = mesh.nodes}; })},
-        {.name = u"counts"_s,
-         .summary = u"How many nodes and elements of each kind it has"_s,
-         .type = map_type(whole_number_type),
-         .value = told([](const Mesh& mesh, const QStringList&) { return mesh_counts(mesh); })},
-        {.name = u"nodes"_s,
-         .summary = u"Its nodes, a row with x, y and z for each; an array that cannot be written to"_s,
-         .unit = u"mm"_s,
-         .type = array_type(Kind::Number),
-         .value = told([arrays](const Mesh& mesh, const QStringList&) {
-             return CommandValue{.data = CommandValue::Array{arrays->of(mesh).nodes, 3}};
-         })},
-        {.name = u"elements"_s,
-         .summary =
-             u"Its elements by their kinds, a row for each with the rows of its nodes, from 0; arrays that "
-             u"cannot be written to"_s,
-         .type = map_type(array_type(Kind::WholeNumber)),
-         .value = told(
-             [arrays](const Mesh& mesh, const QStringList&) { return value(arrays->of(mesh).elements); })},
+        property(u"size"_s, u"The length of the elements that was asked for; 0 if it was imported"_s, u"mm"_s,
+                 number_type, &Mesh::size),
+        property(u"solids"_s, u"The names of the solids when they were meshed"_s, {},
+                 list_type({.kind = Kind::Text}), &Mesh::solids),
+        property(u"node_count"_s, u"How many nodes it has"_s, {}, whole_number_type, &Mesh::nodes),
+        property(u"counts"_s, u"How many nodes and elements of each kind it has"_s, {},
+                 map_type(whole_number_type), &mesh_counts),
+        property(u"nodes"_s,
+                 u"Its nodes, a row with x, y and z for each; an array that cannot be written to"_s, u"mm"_s,
+                 array_type(Kind::Number),
+                 [arrays](const Mesh& mesh) {
+                     return CommandValue{.data = CommandValue::Array{arrays->of(mesh).nodes, 3}};
+                 }),
+        property(
+            u"elements"_s,
+            u"Its elements by their kinds, a row for each with the rows of its nodes, from 0; arrays that "
+            u"cannot be written to"_s,
+            {}, map_type(array_type(Kind::WholeNumber)),
+            [arrays](const Mesh& mesh) { return arrays->of(mesh).elements; }),
         {.name = u"quality"_s,
          .summary = u"A measure of its volume elements: min, mean and max"_s,
          .type = map_type(number_type),
          .parameters = {{.name = u"MEASURE"_s,
                          .kind = CommandParameter::Kind::Choice,
                          .choices = {u"ICN"_s, u"IGE"_s}}},
-         .value = told([programs](const Mesh& mesh, const QStringList& arguments) {
-             const PatientListener listener;
-             if (!told_by([&] { return measure_quality(mesh, programs, listener); }))
-                 throw PatientListener::interrupted();
-             for (const Mesh::Quality& quality : *mesh.quality) {
-                 if (quality.measure == arguments.value(0))
-                     return value(quality);
-             }
-             throw CommandError(u"the mesh has no volume elements"_s);
-         })},
+         .value =
+             [&model, programs](const QString&, const QStringList& arguments) {
+                 const std::shared_ptr<const Mesh> mesh = model.mesh();
+                 const PatientListener listener;
+                 if (!measure_quality(*mesh, programs, listener))
+                     throw PatientListener::interrupted();
+                 for (const Mesh::Quality& quality : *mesh->quality) {
+                     if (quality.measure == arguments.value(0))
+                         return value(quality);
+                 }
+                 throw CommandError(u"the mesh has no volume elements"_s);
+             }},
     };
 }
 
@@ -299,9 +279,9 @@ CommandValue mesh_value(const Mesh& mesh)
 
 CommandValue mesh_counts(const Mesh& mesh)
 {
-    CommandValue::Map counts{{u"nodes"_s, {.data = mesh.nodes}}};
+    CommandValue::Map counts{{u"nodes"_s, value(mesh.nodes)}};
     for (const Mesh::Elements& elements : mesh.elements)
-        counts.append({elements.kind, {.data = elements.count}});
+        counts.append({elements.kind, value(elements.count)});
     return {.data = counts};
 }
 

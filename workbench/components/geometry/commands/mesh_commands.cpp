@@ -1,16 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/components/geometry/commands/GeometryCommand.h"
 #include "workbench/components/geometry/commands/LongWork.h"
+#include "workbench/components/geometry/commands/command_parts.h"
 #include "workbench/components/geometry/commands/geometry_entities.h"
-#include "workbench/components/geometry/commands/geometry_parameters.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/geometry/programs/mesh_quality.h"
 #include "workbench/components/geometry/programs/run_mesher.h"
 #include "workbench/sdk/core/commands/ApplicationServices.h"
-#include "workbench/sdk/core/commands/CommandArguments.h"
-#include "workbench/sdk/core/commands/CommandCall.h"
 
 #include <cmath>
 #include <memory>
@@ -20,8 +17,6 @@ using namespace Qt::StringLiterals;
 namespace fennar::geometry {
 
 namespace {
-
-using Context = GeometryCommand::Context;
 
 /** So large a mesh would take all of the memory before anybody saw an error. */
 constexpr double most_nodes = 1e8;
@@ -39,7 +34,7 @@ QString summary(const Mesh& mesh)
     return u"%1 nodes, %2 volume elements\n"_s.arg(mesh.nodes).arg(volumes);
 }
 
-void mesh(CommandCall& call, const CommandArguments& arguments, Context& context)
+void mesh(CommandCall& call, const CommandArguments& arguments, const CommandContext& context)
 {
     GeometryModel& model = context.model;
     const QList<int> ids = solids(arguments, model);
@@ -71,7 +66,7 @@ void mesh(CommandCall& call, const CommandArguments& arguments, Context& context
     call.print(summary(*result));
 }
 
-const Mesh& last_mesh(CommandCall& call, const Context& context)
+const Mesh& last_mesh(CommandCall& call, const CommandContext& context)
 {
     const std::shared_ptr<const Mesh> mesh = context.model.mesh();
     if (!mesh)
@@ -85,7 +80,7 @@ QString age(const Mesh& mesh, const GeometryModel& model)
                                                                      : u"The model has changed since.\n"_s;
 }
 
-void statistics(CommandCall& call, const CommandArguments&, Context& context)
+void statistics(CommandCall& call, const CommandArguments&, const CommandContext& context)
 {
     const Mesh& mesh = last_mesh(call, context);
     call.set_result(mesh_counts(mesh));
@@ -99,7 +94,7 @@ void statistics(CommandCall& call, const CommandArguments&, Context& context)
     call.print(origin + table(rows, {false, true}) + age(mesh, context.model));
 }
 
-void quality(CommandCall& call, const CommandArguments& arguments, Context& context)
+void quality(CommandCall& call, const CommandArguments& arguments, const CommandContext& context)
 {
     const QString wanted = arguments.text("MEASURE"_L1);
     const Mesh& mesh = last_mesh(call, context);
@@ -129,21 +124,21 @@ CommandParameter solids_or_all()
 
 } // namespace
 
-QList<GeometryCommand> mesh_commands()
+QList<Command> mesh_commands(const CommandContext& context)
 {
     return {
-        {.name = "mesh"_L1,
-         .summary = "Fills solids with tetrahedra."_L1,
+        {.name = u"mesh"_s,
+         .summary = u"Fills solids with tetrahedra."_s,
          .help =
-             "Without solids all of them are meshed. SIZE is the length of the elements. The mesh takes the "
+             u"Without solids all of them are meshed. SIZE is the length of the elements. The mesh takes the "
              "place "
              "of\n"
              "the last one. \"hxt\" is a quick algorithm that works in several threads, \"delaunay\" the "
              "usual one;\n"
              "with more than one thread a mesh may differ a little from time to time. \"verbose\" shows all "
              "that\n"
-             "the mesher has to say."_L1,
-         .perform = mesh,
+             "the mesher has to say."_s,
+         .perform = performing(&mesh, context),
          .forms = {{.clauses = {optional_value(solids_or_all()),
                                 {.keyword = u"size"_s,
                                  .parameters = {length_parameter(
@@ -172,17 +167,17 @@ QList<GeometryCommand> mesh_commands()
          .changes_model = true,
          .long_running = true,
          .result = entity_type(mesh_entity())},
-        {.name = "statistics"_L1,
-         .summary = "Counts the nodes and elements of the mesh."_L1,
-         .perform = statistics,
+        {.name = u"statistics"_s,
+         .summary = u"Counts the nodes and elements of the mesh."_s,
+         .perform = performing(&statistics, context),
          .result = map_type({.kind = CommandType::Kind::WholeNumber})},
-        {.name = "quality"_L1,
-         .summary = "Measures the volume elements of the mesh."_L1,
+        {.name = u"quality"_s,
+         .summary = u"Measures the volume elements of the mesh."_s,
          .help =
-             "ICN is the inverse condition number, IGE the inverse gradient error. 1 is the best value, and "
+             u"ICN is the inverse condition number, IGE the inverse gradient error. 1 is the best value, and "
              "elements\n"
-             "of 0 or less are useless."_L1,
-         .perform = quality,
+             "of 0 or less are useless."_s,
+         .perform = performing(&quality, context),
          .forms = {{.clauses = {optional_value({.name = u"MEASURE"_s,
                                                 .kind = CommandParameter::Kind::Choice,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Measure"),

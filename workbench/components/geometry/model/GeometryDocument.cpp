@@ -6,7 +6,7 @@
 #include "workbench/components/geometry/exchange/model_format.h"
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
-#include "workbench/sdk/core/commands/CommandError.h"
+#include "workbench/sdk/core/files/UnsavedWorks.h"
 #include "workbench/sdk/core/files/write_whole_file.h"
 
 #include <QBuffer>
@@ -107,7 +107,7 @@ void GeometryDocument::set_unmodified(const QString& file)
     mFile = file;
     mEarlierFile.clear();
     mSavedState = mModel.state();
-    emit settled();
+    UnsavedWorks::instance().tell_settled(u"model"_s);
 }
 
 } // namespace fennar::geometry

@@ -6,7 +6,6 @@
 #include "workbench/components/geometry/model/GeometryModel.h"
 
 #include <QByteArrayList>
-#include <QObject>
 #include <QString>
 
 namespace fennar::geometry {
@@ -15,12 +14,11 @@ namespace fennar::geometry {
  * The model as a document: the file it belongs to, and whether it has changed since it was read or written.
  *
  * What fails throws a GeometryError that names the file and the reason, and leaves the model, the file and
- * what is known of them as they were. GUI thread only.
+ * what is known of them as they were. It tells UnsavedWorks when nothing is unsaved any more. GUI thread
+ * only.
  */
-class GeometryDocument : public QObject
+class GeometryDocument
 {
-    Q_OBJECT
-
 public:
     /** @param model  outlives the document. An empty one counts as unmodified. */
     explicit GeometryDocument(GeometryModel& model);
@@ -52,10 +50,6 @@ public:
     void recover(const QByteArray& contents, const QString& file);
     /** The file that a recovered model belonged to, until it is saved; empty for another model. */
     QString earlier_file() const { return mEarlierFile; }
-
-signals:
-    /** Nothing is unsaved any more. */
-    void settled();
 
 private:
     void set_unmodified(const QString& file);

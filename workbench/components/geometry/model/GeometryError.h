@@ -3,25 +3,14 @@
 
 #pragma once
 
-#include <QByteArray>
-#include <QString>
-
-#include <stdexcept>
+#include "workbench/sdk/core/commands/CommandError.h"
 
 namespace fennar::geometry {
 
 /** Why an operation on the model or a mesh has failed, in one line. Nothing has changed. */
-class GeometryError : public std::runtime_error
+class GeometryError : public CommandError
 {
-public:
-    explicit GeometryError(const QString& message)
-        : std::runtime_error(message.toUtf8().toStdString()), mMessage(message)
-    {}
-
-    const QString& message() const { return mMessage; }
-
-private:
-    QString mMessage;
+    using CommandError::CommandError;
 };
 
 } // namespace fennar::geometry

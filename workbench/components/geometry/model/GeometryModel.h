@@ -6,6 +6,7 @@
 #include "workbench/components/geometry/model/GeometryContents.h"
 #include "workbench/components/geometry/model/Mesh.h"
 #include "workbench/components/geometry/model/Shape.h"
+#include "workbench/sdk/core/commands/CommandRegistry.h"
 
 #include <QList>
 #include <QObject>
@@ -61,7 +62,7 @@ public:
     };
 
     /** Whether @p text could name a solid: a letter or "_", then letters, digits, "_", "-" and ".". */
-    static bool is_name(const QString& text);
+    static bool is_name(const QString& text) { return CommandRegistry::is_name(text); }
 
     /** All ids, the oldest solid first. */
     QList<int> ids() const;

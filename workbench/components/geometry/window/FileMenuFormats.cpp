@@ -6,7 +6,7 @@
 #include "files/ImportExportHandler.h"
 #include "files/OstrelFileMenu.h"
 #include "frame/Ostrel.h"
-#include "workbench/components/geometry/commands/file_commands.h"
+#include "workbench/components/geometry/commands/geometry_commands.h"
 #include "workbench/components/geometry/exchange/Format.h"
 #include "workbench/sdk/core/commands/CommandSink.h"
 #include "workbench/sdk/core/files/FormatRegistry.h"
@@ -19,48 +19,30 @@ using namespace Qt::StringLiterals;
 
 namespace fennar::geometry {
 
-class FileMenuFormats::Importer : public ImportExportHandler
+namespace {
+
+/** An entry of a dialog, which does something with the file that is chosen. */
+class Entry : public ImportExportHandler
 {
 public:
-    Importer(FileMenuFormats& formats, const Format& format)
-        : ImportExportHandler({}), mFormats(formats), mFormat(format.name)
+    Entry(const Format& format, const std::function<void(const QString& file)>& use)
+        : ImportExportHandler({}), mUse(use)
     {
         mFilters = format.filter();
     }
 
     void execute(const QString& file, const QString&) override
     {
-        mFormats.mChosen.append({QFileInfo(file).absoluteFilePath(), mFormat});
-        // The command may let components come and go, and this object with them.
-        send_command(import_command(file, mFormat));
+        // This object may go meanwhile.
+        const auto use = mUse;
+        use(file);
     }
 
 private:
-    FileMenuFormats& mFormats;
-    QString mFormat;
+    std::function<void(const QString& file)> mUse;
 };
 
-class FileMenuFormats::Exporter : public ImportExportHandler
-{
-public:
-    Exporter(SaveQuestion& question, const Format& format)
-        : ImportExportHandler({}), mQuestion(question), mFormat(format.name)
-    {
-        mFilters = format.filter();
-    }
-
-    void execute(const QString& file, const QString&) override
-    {
-        // This object may go while the question is open.
-        const QString command = export_command(file, mFormat);
-        if (mQuestion.may_write(Ostrel::instance(), file))
-            send_command(command);
-    }
-
-private:
-    SaveQuestion& mQuestion;
-    QString mFormat;
-};
+} // namespace
 
 FileMenuFormats::FileMenuFormats(const ComponentContext& context) : mEntries(context.name())
 {
@@ -72,17 +54,24 @@ void FileMenuFormats::build()
 {
     mEntries.end();
     for (const Format& format : formats()) {
+        const QString name = format.name;
         if (format.reads)
-            mEntries.add_import(std::make_unique<Importer>(*this, format));
+            mEntries.add_import(std::make_unique<Entry>(format, [this, name](const QString& file) {
+                mChosen.append({QFileInfo(file).absoluteFilePath(), name});
+                // The command may let components come and go, and this object with them.
+                send_command(import_command(file, name));
+            }));
         if (format.writes)
-            mEntries.add_export(std::make_unique<Exporter>(mQuestion, format));
+            mEntries.add_export(std::make_unique<Entry>(format, [this, name](const QString& file) {
+                if (mQuestion.may_write(Ostrel::instance(), file))
+                    send_command(export_command(file, name));
+            }));
     }
 }
 
 void FileMenuFormats::imported(const QString& file, bool done)
 {
-    const auto chosen = std::find_if(mChosen.cbegin(), mChosen.cend(),
-                                     [&file](const Chosen& candidate) { return candidate.file == file; });
+    const auto chosen = std::ranges::find(std::as_const(mChosen), file, &Chosen::file);
     if (chosen == mChosen.cend())
         return;
     const QString format = chosen->format;

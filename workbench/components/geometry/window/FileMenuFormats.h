@@ -6,8 +6,9 @@
 #include "workbench/components/geometry/window/SaveQuestion.h"
 #include "workbench/sdk/component/ComponentContext.h"
 
+#include <QList>
 #include <QObject>
-#include <QStringList>
+#include <QString>
 
 namespace fennar::geometry {
 
@@ -30,9 +31,6 @@ public:
     void imported(const QString& file, bool done);
 
 private:
-    class Importer;
-    class Exporter;
-
     void build();
 
     SaveQuestion mQuestion;

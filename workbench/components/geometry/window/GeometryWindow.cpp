@@ -4,7 +4,7 @@
 #include "workbench/components/geometry/window/GeometryWindow.h"
 
 #include "frame/Ostrel.h"
-#include "workbench/components/geometry/commands/geometry_parameters.h"
+#include "workbench/components/geometry/commands/command_parts.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/geometry/window/GeometryDock.h"
 #include "workbench/sdk/component/disabled_reason.h"
@@ -12,6 +12,7 @@
 #include "workbench/sdk/core/commands/Fennar.h"
 
 #include <QAction>
+#include <QFile>
 #include <QIcon>
 #include <QMenu>
 
@@ -25,30 +26,55 @@ GeometryWindow::GeometryWindow(ComponentContext& context, const GeometryModel& m
     setObjectName(u"GeometryWindow"_s);
     Fennar::instance().registry().entities().offer_selection(
         solid_entity(), [dock = mDock] { return dock ? dock->selection() : QStringList(); });
-    make_solid_actions();
-    make_change_actions();
-    make_mesh_actions();
-    add_dock();
-    add_menu();
-    context.add_to_toolbar("GeometryTools", tr("Geometry Tools"), mToolActions);
+    using Actions = QList<QAction*>;
+    const Actions solids{make_action(u"brick"_s, tr("Bric&k...")),
+                         make_action(u"cylinder"_s, tr("&Cylinder...")),
+                         make_action(u"sphere"_s, tr("&Sphere...")), make_action(u"cone"_s, tr("C&one...")),
+                         make_action(u"torus"_s, tr("&Torus..."))};
+    const Actions combinations{make_selection_action(u"unite"_s, tr("&Unite")),
+                               make_action(u"subtract"_s, tr("Su&btract...")),
+                               make_selection_action(u"intersect"_s, tr("&Intersect"))};
+    const Actions changes =
+        Actions{make_action(u"move"_s, tr("&Move...")), make_action(u"rotate"_s, tr("&Rotate...")),
+                make_action(u"copy"_s, tr("Co&py...")), make_action(u"rename"_s, tr("Re&name...")), nullptr} +
+        combinations + Actions{nullptr, make_selection_action(u"delete"_s, tr("&Delete"))};
+    QAction* const mesh = make_action(u"mesh"_s, tr("M&esh..."));
+    const Actions menu = solids + Actions{nullptr} + changes +
+                         Actions{nullptr,
+                                 make_action(u"list"_s, tr("&List"), CommandUse::Run),
+                                 nullptr,
+                                 mesh,
+                                 make_action(u"statistics"_s, tr("Mesh St&atistics"), CommandUse::Run),
+                                 make_action(u"quality"_s, tr("Mesh &Quality"), CommandUse::Run)};
+    const Actions tools = solids + combinations + Actions{mesh};
+
+    context.add_dock(mDock, Qt::LeftDockWidgetArea, Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+    for (QAction* action : changes) {
+        if (action)
+            mDock->context_menu()->addAction(action);
+        else
+            mDock->context_menu()->addSeparator();
+    }
+    context.add_to_menu(tr("&Geometry"), {menu.begin(), menu.end()});
+    add_help();
+    context.add_to_toolbar("GeometryTools", tr("Geometry Tools"), {tools.begin(), tools.end()});
     connect(mDock, &GeometryDock::selection_changed, this, &GeometryWindow::update_actions);
     update_actions();
 }
 
-QAction* GeometryWindow::make_action(const char* command, const QString& text, const char* icon,
-                                     CommandUse use)
+QAction* GeometryWindow::make_action(const QString& command, const QString& text, CommandUse use)
 {
-    QAction* action = mContext.make_command_action(text, QLatin1StringView(command), use);
-    action->setObjectName(u"geometry_"_s + QLatin1StringView(command));
-    if (icon)
-        action->setIcon(QIcon(u":/geometry/images/light/"_s + QLatin1StringView(icon)));
+    QAction* action = mContext.make_command_action(text, command, use);
+    action->setObjectName(u"geometry_"_s + command);
+    if (const QString icon = u":/geometry/images/light/%1.svg"_s.arg(command); QFile::exists(icon))
+        action->setIcon(QIcon(icon));
     return action;
 }
 
-QAction* GeometryWindow::make_selection_action(const char* command, const QString& text, const char* icon)
+QAction* GeometryWindow::make_selection_action(const QString& command, const QString& text)
 {
-    QAction* action = make_action(command, text, icon, CommandUse::Run);
-    const auto declared = Fennar::instance().registry().find(QLatin1StringView(command));
+    QAction* action = make_action(command, text, CommandUse::Run);
+    const auto declared = Fennar::instance().registry().find(command);
     const int least = declared->forms.first().clauses.first().parameters.first().at_least;
     mSelectionActions.append({action, least});
     set_disabled_reason(action,
@@ -56,49 +82,8 @@ QAction* GeometryWindow::make_selection_action(const char* command, const QStrin
     return action;
 }
 
-void GeometryWindow::make_solid_actions()
+void GeometryWindow::add_help()
 {
-    mMenuActions = {make_action("brick", tr("Bric&k..."), "brick.svg"),
-                    make_action("cylinder", tr("&Cylinder..."), "cylinder.svg"),
-                    make_action("sphere", tr("&Sphere..."), "sphere.svg"),
-                    make_action("cone", tr("C&one..."), "cone.svg"),
-                    make_action("torus", tr("&Torus..."), "torus.svg")};
-    mToolActions = mMenuActions;
-}
-
-void GeometryWindow::make_change_actions()
-{
-    QAction* unite = make_selection_action("unite", tr("&Unite"), "unite.svg");
-    QAction* subtract = make_action("subtract", tr("Su&btract..."), "subtract.svg");
-    QAction* intersect = make_selection_action("intersect", tr("&Intersect"), "intersect.svg");
-    mDockActions = {make_action("move", tr("&Move...")),
-                    make_action("rotate", tr("&Rotate...")),
-                    make_action("copy", tr("Co&py...")),
-                    make_action("rename", tr("Re&name...")),
-                    nullptr,
-                    unite,
-                    subtract,
-                    intersect,
-                    nullptr,
-                    make_selection_action("delete", tr("&Delete"))};
-    mMenuActions.push_back(nullptr);
-    mMenuActions.insert(mMenuActions.end(), mDockActions.begin(), mDockActions.end());
-    mToolActions.insert(mToolActions.end(), {unite, subtract, intersect});
-}
-
-void GeometryWindow::make_mesh_actions()
-{
-    QAction* mesh = make_action("mesh", tr("M&esh..."), "mesh.svg");
-    mMenuActions.insert(mMenuActions.end(),
-                        {nullptr, make_action("list", tr("&List"), nullptr, CommandUse::Run), nullptr, mesh,
-                         make_action("statistics", tr("Mesh St&atistics"), nullptr, CommandUse::Run),
-                         make_action("quality", tr("Mesh &Quality"), nullptr, CommandUse::Run)});
-    mToolActions.push_back(mesh);
-}
-
-void GeometryWindow::add_menu()
-{
-    mContext.add_to_menu(tr("&Geometry"), mMenuActions);
     QAction* const help =
         mContext.add_menu_entry(FixedMenu::Manuals, tr("&Geometry Commands"), [owner = mContext.name()] {
             const CommandRegistry& registry = Fennar::instance().registry();
@@ -108,17 +93,6 @@ void GeometryWindow::add_menu()
             }
         });
     help->setObjectName(u"geometry_help"_s);
-}
-
-void GeometryWindow::add_dock()
-{
-    mContext.add_dock(mDock, Qt::LeftDockWidgetArea, Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
-    for (QAction* action : mDockActions) {
-        if (action)
-            mDock->context_menu()->addAction(action);
-        else
-            mDock->context_menu()->addSeparator();
-    }
 }
 
 void GeometryWindow::update_actions()

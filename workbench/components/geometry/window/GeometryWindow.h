@@ -10,7 +10,6 @@
 #include <QPointer>
 
 #include <utility>
-#include <vector>
 
 class QAction;
 
@@ -32,24 +31,16 @@ public:
     GeometryWindow(ComponentContext& context, const GeometryModel& model);
 
 private:
-    QAction* make_action(const char* command, const QString& text, const char* icon = nullptr,
-                         CommandUse use = CommandUse::Form);
+    /** One with the icon of the command, if it has one. */
+    QAction* make_action(const QString& command, const QString& text, CommandUse use = CommandUse::Form);
     /** One that runs a command on the selected solids, and is disabled while they are too few. */
-    QAction* make_selection_action(const char* command, const QString& text, const char* icon = nullptr);
-    void make_solid_actions();
-    void make_change_actions();
-    void make_mesh_actions();
-    void add_menu();
-    void add_dock();
+    QAction* make_selection_action(const QString& command, const QString& text);
+    void add_help();
     void update_actions();
 
     ComponentContext& mContext;
     /** The window owns it, and so it may go before this object. */
     QPointer<GeometryDock> mDock;
-    /** Null stands for a separator. */
-    std::vector<QAction*> mMenuActions;
-    std::vector<QAction*> mToolActions;
-    std::vector<QAction*> mDockActions;
     /** Actions that need so many selected solids. */
     QList<std::pair<QAction*, int>> mSelectionActions;
 };

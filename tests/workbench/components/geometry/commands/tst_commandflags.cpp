@@ -2,10 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
-#include "workbench/components/geometry/commands/document_commands.h"
-#include "workbench/components/geometry/commands/file_commands.h"
 #include "workbench/components/geometry/commands/geometry_commands.h"
-#include "workbench/components/geometry/exchange/FileExchange.h"
 #include "workbench/components/geometry/model/GeometryDocument.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/sdk/core/commands/ApplicationServices.h"
@@ -94,7 +91,6 @@ private:
     QTemporaryDir mDirectory;
     std::unique_ptr<GeometryModel> mModel;
     std::unique_ptr<GeometryDocument> mDocument;
-    std::unique_ptr<FileExchange> mExchange;
     std::unique_ptr<CommandSession> mSession;
     ApplicationServices mServices;
     /** How often a command has given the application its turn, as one does that waits for a program. */
@@ -107,7 +103,6 @@ void TstCommandFlags::set_up()
     QDir::setCurrent(mDirectory.path());
     mModel = std::make_unique<GeometryModel>();
     mDocument = std::make_unique<GeometryDocument>(*mModel);
-    mExchange = std::make_unique<FileExchange>(*mModel, QDir(QStringLiteral(FENNAR_PROGRAMS)));
     mSession = std::make_unique<CommandSession>();
     mServices.turn = [this] { ++mTurns; };
     CommandRegistry& registry = mSession->registry;
@@ -115,17 +110,15 @@ void TstCommandFlags::set_up()
     const DocumentActions actions{[this](bool) { mDocument->clear(); },
                                   [this](const QString& file) { mDocument->open(file); },
                                   [this](const QString& file) { mDocument->save(file); }};
-    QVERIFY(register_geometry_commands(registry, u"geometry"_s, *mModel, mServices,
-                                       QDir(QStringLiteral(FENNAR_PROGRAMS))));
+    QVERIFY(register_geometry_commands(registry, u"geometry"_s,
+                                       {*mModel, mServices, QDir(QStringLiteral(FENNAR_PROGRAMS))}));
     QVERIFY(register_document_commands(registry, u"geometry"_s, actions));
-    QVERIFY(register_file_commands(registry, u"geometry"_s, *mModel, *mExchange, mServices));
     register_step_commands(registry, u"fennari19"_s);
 }
 
 void TstCommandFlags::tear_down()
 {
     mSession.reset();
-    mExchange.reset();
     mDocument.reset();
     mModel.reset();
     QDir::setCurrent(mOldDirectory);

@@ -3,9 +3,8 @@
 
 #include "support/TestCase.h"
 #include "support/leftovers.h"
-#include "workbench/components/geometry/commands/file_commands.h"
 #include "workbench/components/geometry/commands/geometry_commands.h"
-#include "workbench/components/geometry/exchange/FileExchange.h"
+#include "workbench/components/geometry/exchange/Format.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/geometry/programs/mesh_quality.h"
 #include "workbench/components/obj_format/obj_text.h"
@@ -241,7 +240,6 @@ private:
 
     std::unique_ptr<QTemporaryDir> mDirectory;
     std::unique_ptr<GeometryModel> mModel;
-    std::unique_ptr<FileExchange> mExchange;
     std::unique_ptr<CommandSession> mSession;
     ApplicationServices mServices;
     QString mWorkingDirectory;
@@ -258,12 +256,10 @@ void TstFileCommands::set_up()
     mWorkingDirectory = QDir::currentPath();
     QDir::setCurrent(mDirectory->path());
     mModel = std::make_unique<GeometryModel>();
-    mExchange = std::make_unique<FileExchange>(*mModel, QDir(QStringLiteral(FENNAR_PROGRAMS)));
     mSession = std::make_unique<CommandSession>();
     mServices = {};
-    QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s, *mModel, mServices,
-                                       QDir(QStringLiteral(FENNAR_PROGRAMS))));
-    QVERIFY(register_file_commands(mSession->registry, u"geometry"_s, *mModel, *mExchange, mServices));
+    QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s,
+                                       {*mModel, mServices, QDir(QStringLiteral(FENNAR_PROGRAMS))}));
     mTemporaryFiles = temporary_files();
 }
 
@@ -273,7 +269,6 @@ void TstFileCommands::tear_down()
     QCOMPARE(temporary_files(), mTemporaryFiles);
     FormatRegistry::instance().remove_owner(u"test"_s);
     mSession.reset();
-    mExchange.reset();
     mModel.reset();
     QDir::setCurrent(mWorkingDirectory);
     mDirectory.reset();

@@ -124,8 +124,8 @@ void TstGeometryCommands::set_up()
     mSession = std::make_unique<CommandSession>();
     mShell = std::make_unique<RecordingShell>();
     mServices = {mShell.get(), nullptr};
-    QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s, *mModel, mServices,
-                                       QDir(QStringLiteral(FENNAR_PROGRAMS))));
+    QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s,
+                                       {*mModel, mServices, QDir(QStringLiteral(FENNAR_PROGRAMS))}));
 }
 
 void TstGeometryCommands::tear_down()
@@ -339,15 +339,15 @@ void TstGeometryCommands::every_command_is_explained()
         for (const QString& line : lines)
             QVERIFY2(line.size() <= 110, qPrintable(line));
     }
-    QCOMPARE(count, 17);
-    QCOMPARE(mSession->registry.remove_owner(u"geometry"_s), 17);
+    QCOMPARE(count, 19);
+    QCOMPARE(mSession->registry.remove_owner(u"geometry"_s), 19);
 }
 
 void TstGeometryCommands::taken_name_of_a_command_adds_none()
 {
     CommandSession session;
     session.add("quality", [](CommandCall&) {});
-    QVERIFY(!register_geometry_commands(session.registry, u"geometry"_s, *mModel, mServices, {}));
+    QVERIFY(!register_geometry_commands(session.registry, u"geometry"_s, {*mModel, mServices, {}}));
     QCOMPARE(session.registry.names(), QStringList({u"note"_s, u"quality"_s}));
 }
 

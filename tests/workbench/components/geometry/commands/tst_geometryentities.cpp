@@ -13,6 +13,8 @@
 #include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/commands/Interrupt.h"
 
+#include <QDir>
+#include <QTemporaryFile>
 #include <QTest>
 
 #include <algorithm>
@@ -33,8 +35,8 @@ protected:
     {
         mModel = std::make_unique<GeometryModel>();
         mSession = std::make_unique<CommandSession>();
-        QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s, *mModel, mServices,
-                                           QDir(QStringLiteral(FENNAR_PROGRAMS))));
+        QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s,
+                                           {*mModel, mServices, QDir(QStringLiteral(FENNAR_PROGRAMS))}));
     }
     void tear_down() override
     {
@@ -97,6 +99,9 @@ private:
 private slots:
     void results_are_of_the_declared_types()
     {
+        GeometryModel other;
+        QTemporaryFile file(QDir::temp().filePath(u"XXXXXX.brep"_s));
+        QVERIFY(file.open() && file.write(other.shape(other.brick({1, 1, 1})).brep()) > 0 && file.flush());
         QStringList missing;
         for (const QString& name : mSession->registry.names())
             if (mSession->registry.find(name)->result.kind != CommandType::Kind::Nothing)
@@ -105,7 +110,8 @@ private slots:
              {u"brick 4"_s, u"cylinder 1 9"_s, u"sphere 1 at 50 0 0"_s, u"cone 3 2"_s,
               u"torus 3 1 at 20 0 0"_s, u"copy brick1 by 2 0 0"_s, u"unite brick1 brick6"_s,
               u"subtract cylinder2 from brick1"_s, u"intersect brick1 cone4"_s, u"list"_s, u"list all"_s,
-              u"mesh sphere3 size 1"_s, u"statistics"_s, u"quality"_s, u"quality ICN"_s}) {
+              u"mesh sphere3 size 1"_s, u"statistics"_s, u"quality"_s, u"quality ICN"_s,
+              u"import "_s + file.fileName()}) {
             const QString name = line.section(u' ', 0, 0);
             const CommandValue result = value(line);
             QVERIFY2(mSession->errors.isEmpty(), qPrintable(line + u": "_s + mSession->errors));

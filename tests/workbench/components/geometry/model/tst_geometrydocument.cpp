@@ -3,7 +3,6 @@
 
 #include "support/TestCase.h"
 #include "support/leftovers.h"
-#include "workbench/components/geometry/commands/document_commands.h"
 #include "workbench/components/geometry/commands/geometry_commands.h"
 #include "workbench/components/geometry/exchange/model_format.h"
 #include "workbench/components/geometry/model/GeometryDocument.h"
@@ -14,6 +13,7 @@
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/plain_command.h"
 #include "workbench/sdk/core/commands/tokenize.h"
+#include "workbench/sdk/core/files/UnsavedWorks.h"
 
 #include <QDir>
 #include <QFile>
@@ -109,8 +109,8 @@ void TstGeometryDocument::set_up()
     mInterpreter = std::make_unique<CommandInterpreter>(*mRegistry);
     mInterpreter->set_output([this](const QString& text) { mOutput += text; });
     mInterpreter->set_error_output([this](const QString& text) { mOutput += text; });
-    QVERIFY(register_geometry_commands(*mRegistry, u"geometry"_s, *mModel, mServices,
-                                       QDir(QStringLiteral(FENNAR_PROGRAMS))));
+    QVERIFY(register_geometry_commands(*mRegistry, u"geometry"_s,
+                                       {*mModel, mServices, QDir(QStringLiteral(FENNAR_PROGRAMS))}));
     QVERIFY(register_document_commands(*mRegistry, u"geometry"_s,
                                        {[this](bool discard) {
                                             mDiscarded << discard;
@@ -386,7 +386,7 @@ void TstGeometryDocument::recovered_model_is_modified_and_has_no_file()
     QCOMPARE(mDocument->file(), QString());
     QCOMPARE(mDocument->earlier_file(), path());
     // Once it has a file again, nothing is left of the old one.
-    QSignalSpy settled(mDocument.get(), &GeometryDocument::settled);
+    const QSignalSpy settled(&UnsavedWorks::instance(), &UnsavedWorks::settled);
     QCOMPARE(enter(u"save \"%1\""_s.arg(path(u"b.mdl"_s))), QString());
     QVERIFY(!mDocument->is_modified());
     QCOMPARE(mDocument->earlier_file(), QString());

@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
 #include "support/TestCase.h"
-#include "workbench/components/geometry/commands/file_commands.h"
 #include "workbench/components/geometry/commands/geometry_commands.h"
-#include "workbench/components/geometry/exchange/FileExchange.h"
 #include "workbench/components/geometry/exchange/model_format.h"
 #include "workbench/components/geometry/model/GeometryDocument.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
@@ -64,7 +62,6 @@ private:
     }
 
     std::unique_ptr<GeometryModel> mModel;
-    std::unique_ptr<FileExchange> mExchange;
     std::unique_ptr<CommandSession> mSession;
     ApplicationServices mServices;
     int mJournal = 0;
@@ -77,16 +74,13 @@ void TstModelChanges::set_up()
     mJournal = 0;
     register_step_commands(mSession->registry, u"fennari19"_s);
     steps().set_journal([this] { return mJournal; });
-    QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s, *mModel, mServices,
-                                       QDir(QStringLiteral(FENNAR_PROGRAMS))));
-    mExchange = std::make_unique<FileExchange>(*mModel, QDir(QStringLiteral(FENNAR_PROGRAMS)));
-    QVERIFY(register_file_commands(mSession->registry, u"geometry"_s, *mModel, *mExchange, mServices));
+    QVERIFY(register_geometry_commands(mSession->registry, u"geometry"_s,
+                                       {*mModel, mServices, QDir(QStringLiteral(FENNAR_PROGRAMS))}));
 }
 
 void TstModelChanges::tear_down()
 {
     mSession.reset();
-    mExchange.reset();
     mModel.reset();
 }
 

@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/components/geometry/commands/geometry_parameters.h"
+#include "workbench/components/geometry/commands/command_parts.h"
 
 #include "workbench/components/geometry/model/GeometryModel.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -13,17 +15,17 @@ using Kind = CommandParameter::Kind;
 
 namespace {
 
+/** @param defaults  empty if they must be given. */
 QList<CommandParameter> coordinates(const QString& what, const QString& unit, const QStringList& defaults)
 {
     QList<CommandParameter> result;
-    const std::pair<QString, const char*> axes[] = {{u"X"_s, QT_TRANSLATE_NOOP("CommandParameter", "X")},
-                                                    {u"Y"_s, QT_TRANSLATE_NOOP("CommandParameter", "Y")},
-                                                    {u"Z"_s, QT_TRANSLATE_NOOP("CommandParameter", "Z")}};
-    for (const auto& [name, label] : axes) {
-        result.append({.name = name,
+    for (const char* name :
+         {QT_TRANSLATE_NOOP("CommandParameter", "X"), QT_TRANSLATE_NOOP("CommandParameter", "Y"),
+          QT_TRANSLATE_NOOP("CommandParameter", "Z")}) {
+        result.append({.name = QString::fromLatin1(name),
                        .kind = Kind::Number,
-                       .what = name.toLower() + u" of "_s + what,
-                       .label = label,
+                       .what = QString::fromLatin1(name).toLower() + u" of "_s + what,
+                       .label = name,
                        .unit = unit,
                        .default_value = defaults.value(result.size()),
                        .least = -GeometryModel::farthest,
@@ -34,6 +36,51 @@ QList<CommandParameter> coordinates(const QString& what, const QString& unit, co
 }
 
 } // namespace
+
+std::function<void(CommandCall&, const CommandArguments&)> performing(CommandWork work,
+                                                                      const CommandContext& context)
+{
+    return [work, context](CommandCall& call, const CommandArguments& arguments) {
+        work(call, arguments, context);
+    };
+}
+
+QList<int> solids(const CommandArguments& arguments, const GeometryModel& model, QLatin1StringView key)
+{
+    const QStringList names = arguments.texts(key);
+    if (names == QStringList(u"all"_s))
+        return model.ids();
+    QList<int> ids;
+    for (const QString& name : names)
+        ids << model.find(name)->id;
+    return ids;
+}
+
+QString shown_number(double value)
+{
+    return QString::number(value, 'g', 6);
+}
+
+QString table(const QList<QStringList>& rows, const QList<bool>& right)
+{
+    QList<qsizetype> widths(right.size(), 0);
+    for (const QStringList& row : rows) {
+        for (qsizetype i = 0; i < row.size(); ++i)
+            widths[i] = std::max(widths[i], row[i].size());
+    }
+    QString text;
+    for (const QStringList& row : rows) {
+        QString line;
+        for (qsizetype i = 0; i < row.size(); ++i) {
+            line += i > 0 ? u"  "_s : QString();
+            line += right[i] ? row[i].rightJustified(widths[i]) : row[i].leftJustified(widths[i]);
+        }
+        while (line.endsWith(u' '))
+            line.chop(1);
+        text += line + u'\n';
+    }
+    return text;
+}
 
 const QStringList& solid_keywords()
 {
@@ -48,24 +95,25 @@ QString solid_entity()
 }
 
 CommandParameter length_parameter(const QString& name, const QString& what, const char* label,
-                                  const QString& example)
+                                  const QString& example, const char* tip)
 {
     return {.name = name,
             .kind = Kind::Number,
             .what = what,
             .label = label,
+            .tip = tip,
             .unit = u"mm"_s,
             .least = GeometryModel::least_length,
             .most = GeometryModel::greatest_length,
             .example = example.isEmpty() ? u"5"_s : example};
 }
 
-CommandParameter solid_parameter(const char* label, const QString& name)
+CommandParameter solid_parameter()
 {
-    return {.name = name,
+    return {.name = u"SOLID"_s,
             .kind = Kind::Entity,
             .what = u"a solid"_s,
-            .label = label,
+            .label = QT_TRANSLATE_NOOP("CommandParameter", "Solid"),
             .entity = solid_entity(),
             .by_number = true,
             .reserved = solid_keywords()};
@@ -73,7 +121,8 @@ CommandParameter solid_parameter(const char* label, const QString& name)
 
 CommandParameter solids_parameter(int at_least)
 {
-    CommandParameter result = solid_parameter(QT_TRANSLATE_NOOP("CommandParameter", "Solids"), u"SOLID"_s);
+    CommandParameter result = solid_parameter();
+    result.label = QT_TRANSLATE_NOOP("CommandParameter", "Solids");
     result.all = u"all"_s;
     result.choices = {result.all};
     result.repeated = true;
@@ -82,11 +131,11 @@ CommandParameter solids_parameter(int at_least)
     return result;
 }
 
-CommandClause position_clause(const QString& keyword, const QString& what, const char* label, bool optional,
-                              const QString& default_value)
+CommandClause position_clause(const QString& keyword, const QString& what, const char* label, bool optional)
 {
     return {.keyword = keyword,
-            .parameters = coordinates(what, u"mm"_s, default_value.split(u' ')),
+            .parameters =
+                coordinates(what, u"mm"_s, optional ? QStringList{u"0"_s, u"0"_s, u"0"_s} : QStringList()),
             .optional = optional,
             .label = label};
 }

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/components/geometry/exchange/FileExchange.h"
+#include "workbench/components/geometry/exchange/exchange_files.h"
 
-#include "workbench/components/geometry/commands/geometry_parameters.h"
+#include "workbench/components/geometry/commands/command_parts.h"
 #include "workbench/components/geometry/exchange/surface_bytes.h"
 #include "workbench/components/geometry/model/GeometryError.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
@@ -167,22 +167,14 @@ QString solid_name(const QString& file)
     return name.isEmpty() || solid_keywords().contains(name) ? u"solid"_s : name;
 }
 
-} // namespace
-
-std::optional<FileExchange::Imported> FileExchange::import_file(const QString& file, const Format& format,
-                                                                const MesherListener& listener)
+QString program_for(const Format& format, const QDir& programs)
 {
-    check_file(file, format);
-    try {
-        return format.content == Format::Content::Solids ? read_solids(file, format, listener)
-                                                         : read_mesh(file, format, listener);
-    } catch (const GeometryError& error) {
-        throw cannot_import(file, error.message());
-    }
+    return programs.filePath(format.content == Format::Content::Solids ? u"fennar-solids"_s
+                                                                       : u"fennar-converter"_s);
 }
 
-std::optional<FileExchange::Imported> FileExchange::read_solids(const QString& file, const Format& format,
-                                                                const MesherListener& listener)
+std::optional<Imported> read_solids(const QString& file, const Format& format, GeometryModel& model,
+                                    const QDir& programs, const MesherListener& listener)
 {
     const QString ending = format.endings.first();
     ConverterJob job("read " + ending.toUtf8());
@@ -194,7 +186,7 @@ std::optional<FileExchange::Imported> FileExchange::read_solids(const QString& f
         ShapeKernel::get();
         return !listener.go_on || listener.go_on();
     };
-    if (!job.run(program(format), waiting))
+    if (!job.run(program_for(format, programs), waiting))
         return std::nullopt;
     QList<Shape> shapes;
     for (int i = 1; QFile::exists(job.path(u"solid%1.brep"_s.arg(i))); ++i)
@@ -202,12 +194,12 @@ std::optional<FileExchange::Imported> FileExchange::read_solids(const QString& f
     if (shapes.isEmpty())
         throw GeometryError(u"it holds no solid"_s);
     Imported result;
-    result.solids = mModel.add(shapes, solid_name(file));
+    result.solids = model.add(shapes, solid_name(file));
     return result;
 }
 
-std::optional<FileExchange::Imported> FileExchange::read_mesh(const QString& file, const Format& format,
-                                                              const MesherListener& listener)
+std::optional<Imported> read_mesh(const QString& file, const Format& format, GeometryModel& model,
+                                  const QDir& programs, const MesherListener& listener)
 {
     ConverterJob job(format.foreign ? "read surface" : "read mesh");
     if (format.foreign) {
@@ -218,11 +210,11 @@ std::optional<FileExchange::Imported> FileExchange::read_mesh(const QString& fil
     }
     job.add("output mesh.msh");
     job.add("statistics statistics");
-    if (!job.run(program(format), listener))
+    if (!job.run(program_for(format, programs), listener))
         return std::nullopt;
     auto mesh = std::make_shared<Mesh>();
     mesh->file = file;
-    mesh->revision = mModel.revision();
+    mesh->revision = model.revision();
     read_mesh_files(job.folder(), converter_name, *mesh);
     Imported result;
     const QList<QByteArray> surface =
@@ -232,57 +224,19 @@ std::optional<FileExchange::Imported> FileExchange::read_mesh(const QString& fil
         result.volume = surface[1].toDouble();
     }
     result.mesh = mesh;
-    mModel.set_mesh(mesh);
+    model.set_mesh(mesh);
     return result;
 }
 
-bool FileExchange::export_file(const QString& file, const Format& format, const Source& source,
-                               const MesherListener& listener) const
-{
-    check_target(file);
-    if (source.mesh && !mModel.mesh())
-        throw GeometryError(u"there is no mesh"_s);
-    QList<Shape> shapes;
-    if (!source.mesh) {
-        for (const int id : source.solids.isEmpty() ? mModel.ids() : source.solids)
-            shapes << mModel.shape(id);
-        if (shapes.isEmpty())
-            throw GeometryError(u"there is no solid"_s);
-    }
-    try {
-        std::optional<QByteArray> content;
-        // The model has shapes and the mesh in these formats; to start the converter would take longer.
-        const bool is_ready = format.name == u"BREP" || format.name == u"MSH";
-        if (!is_ready)
-            content = convert(format, shapes, source.size, listener);
-        else if (!listener.go_on || listener.go_on())
-            content = source.mesh ? mModel.mesh()->msh : Shape::joined(shapes).brep();
-        if (!content)
-            return false;
-        const QString reason = write_whole_file(file, {*content});
-        if (!reason.isEmpty())
-            throw GeometryError(reason);
-        return true;
-    } catch (const GeometryError& error) {
-        throw cannot_export(file, error.message());
-    }
-}
-
-QString FileExchange::program(const Format& format) const
-{
-    return mPrograms.filePath(format.content == Format::Content::Solids ? u"fennar-solids"_s
-                                                                        : u"fennar-converter"_s);
-}
-
-/** Lets the converter make a file, of shapes or else of the mesh. Empty if the listener has ended it. */
-std::optional<QByteArray> FileExchange::convert(const Format& format, const QList<Shape>& shapes, double size,
-                                                const MesherListener& listener) const
+/** Lets the converter make a file, of shapes or else of a mesh. Empty if the listener has ended it. */
+std::optional<QByteArray> convert(const Format& format, const QList<Shape>& shapes, const Mesh* mesh,
+                                  double size, const QDir& programs, const MesherListener& listener)
 {
     const QString ending = format.foreign ? u"surface"_s : format.endings.first();
     const QString output = u"output."_s + ending;
     ConverterJob job("write " + ending.toUtf8());
     if (shapes.isEmpty()) {
-        write_job_file(job.path(u"mesh.msh"_s), mModel.mesh()->msh);
+        write_job_file(job.path(u"mesh.msh"_s), mesh->msh);
         job.add("mesh mesh.msh");
     } else {
         write_job_file(job.path(u"solids.brep"_s), Shape::joined(shapes).brep());
@@ -290,7 +244,7 @@ std::optional<QByteArray> FileExchange::convert(const Format& format, const QLis
         job.add("size " + QByteArray::number(size, 'g', 17));
     }
     job.add("output " + output.toUtf8());
-    if (!job.run(program(format), listener))
+    if (!job.run(program_for(format, programs), listener))
         return std::nullopt;
     QByteArray content = read_job_file(job.path(output), no_result);
     if (format.foreign) {
@@ -300,6 +254,52 @@ std::optional<QByteArray> FileExchange::convert(const Format& format, const QLis
     if (!is_whole(format, content))
         throw GeometryError(u"the converter has left a part of it; the disk may be full"_s);
     return content;
+}
+
+} // namespace
+
+std::optional<Imported> import_file(const QString& file, const Format& format, GeometryModel& model,
+                                    const QDir& programs, const MesherListener& listener)
+{
+    check_file(file, format);
+    try {
+        const auto read = format.content == Format::Content::Solids ? &read_solids : &read_mesh;
+        return read(file, format, model, programs, listener);
+    } catch (const GeometryError& error) {
+        throw cannot_import(file, error.message());
+    }
+}
+
+bool export_file(const QString& file, const Format& format, const ExportSource& source,
+                 const GeometryModel& model, const QDir& programs, const MesherListener& listener)
+{
+    check_target(file);
+    if (source.mesh && !model.mesh())
+        throw GeometryError(u"there is no mesh"_s);
+    QList<Shape> shapes;
+    if (!source.mesh) {
+        for (const int id : source.solids.isEmpty() ? model.ids() : source.solids)
+            shapes << model.shape(id);
+        if (shapes.isEmpty())
+            throw GeometryError(u"there is no solid"_s);
+    }
+    try {
+        std::optional<QByteArray> content;
+        // The model has shapes and the mesh in these formats; to start the converter would take longer.
+        const bool is_ready = format.name == u"BREP" || format.name == u"MSH";
+        if (!is_ready)
+            content = convert(format, shapes, model.mesh().get(), source.size, programs, listener);
+        else if (!listener.go_on || listener.go_on())
+            content = source.mesh ? model.mesh()->msh : Shape::joined(shapes).brep();
+        if (!content)
+            return false;
+        const QString reason = write_whole_file(file, {*content});
+        if (!reason.isEmpty())
+            throw GeometryError(reason);
+        return true;
+    } catch (const GeometryError& error) {
+        throw cannot_export(file, error.message());
+    }
 }
 
 } // namespace fennar::geometry
