@@ -9,7 +9,6 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
-#include <set>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -432,13 +431,10 @@ void GeometryModel::replace(const GeometryContents& contents)
         mesh->revision = mRevision - contents.mesh_age;
         mMesh = mesh;
     }
-    std::set<int> touched;
-    for (const auto& solid : solids)
-        touched.insert(solid.first);
-    for (const auto& solid : mSolids)
-        touched.insert(solid.first);
-    for (const int id : touched)
-        emit solid_changed(id);
+    // Those that were there and those that are there now.
+    solids.insert(mSolids.begin(), mSolids.end());
+    for (const auto& entry : solids)
+        emit solid_changed(entry.first);
     emit mesh_changed();
     emit replaced();
 }

@@ -156,19 +156,15 @@ std::function<void()> GeometryScene::work_on_solids()
             const auto shape = job.tessellate(mStop);
             if (mStop)
                 return;
-            QMetaObject::invokeMethod(
-                this, [this, id = job.id, version = job.version, shape] { take_shape(id, version, shape); },
-                Qt::QueuedConnection);
+            const auto take = [this, id = job.id, version = job.version, shape] {
+                const auto found = mEntries.find(id);
+                // One that has changed meanwhile gets its present shape next.
+                if (found != mEntries.end() && found->second.version == version)
+                    mScene.set_shape(found->second.item, shape);
+            };
+            QMetaObject::invokeMethod(this, take, Qt::QueuedConnection);
         }
     };
-}
-
-void GeometryScene::take_shape(int id, int version, const std::shared_ptr<const SceneShape>& shape)
-{
-    const auto found = mEntries.find(id);
-    // One that has changed meanwhile gets its present shape next.
-    if (found != mEntries.end() && found->second.version == version)
-        mScene.set_shape(found->second.item, shape);
 }
 
 std::function<void()> GeometryScene::work_on_mesh()

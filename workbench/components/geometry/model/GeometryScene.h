@@ -68,7 +68,6 @@ private:
     void start();
     std::function<void()> work_on_solids();
     std::function<void()> work_on_mesh();
-    void take_shape(int id, int version, const std::shared_ptr<const SceneShape>& shape);
     void end_if_done();
 
     const GeometryModel& mModel;

@@ -3,8 +3,6 @@
 
 #include "workbench/components/geometry/model/ModelChanges.h"
 
-#include <QScopeGuard>
-
 #include <utility>
 
 namespace fennar::geometry {
@@ -58,10 +56,7 @@ private:
 
 ModelChanges::ModelChanges(GeometryModel& model) : mModel(model), mNow(model.part(model.ids()))
 {
-    connect(&model, &GeometryModel::solid_changed, this, [this](int id) {
-        if (!mRestoring)
-            mTouched.insert(id);
-    });
+    connect(&model, &GeometryModel::solid_changed, this, [this](int id) { mTouched.insert(id); });
     connect(&model, &GeometryModel::replaced, this, &ModelChanges::start_anew);
 }
 
@@ -97,10 +92,8 @@ std::unique_ptr<UndoSteps::Change> ModelChanges::take()
 
 void ModelChanges::restore(const Part& part)
 {
-    const auto end = qScopeGuard([this] { mRestoring = false; });
-    mRestoring = true;
     mModel.restore(part);
-    mNow = mModel.part(mModel.ids());
+    start_anew();
 }
 
 } // namespace fennar::geometry

@@ -43,7 +43,6 @@ private:
     GeometryModel::Part mNow;
     /** The solids that have changed since. */
     QSet<int> mTouched;
-    bool mRestoring = false;
 };
 
 } // namespace fennar::geometry
