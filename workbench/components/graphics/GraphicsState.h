@@ -4,7 +4,7 @@
 #pragma once
 
 #include "workbench/components/graphics/Camera.h"
-#include "workbench/components/graphics/Renderer.h"
+#include "workbench/components/graphics/Picture.h"
 
 #include <QObject>
 

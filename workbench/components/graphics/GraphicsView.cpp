@@ -4,7 +4,7 @@
 #include "workbench/components/graphics/GraphicsView.h"
 
 #include "workbench/components/graphics/OpenGlRenderer.h"
-#include "workbench/components/graphics/PainterRenderer.h"
+#include "workbench/components/graphics/paint_picture.h"
 #include "workbench/components/graphics/pick.h"
 
 #include <QApplication>
@@ -53,7 +53,7 @@ GraphicsView::GraphicsView(GraphicsState& state, QWidget* parent) : QWidget(pare
         draw_anew();
     });
     connect(&state, &GraphicsState::display_changed, this, [this] {
-        mRendererDirty = true;
+        mDisplayChanged = true;
         draw_anew();
     });
     scene.add_viewer();
@@ -199,31 +199,20 @@ void GraphicsView::update_image()
     const double ratio = devicePixelRatioF();
     if (!mDirty && mImage.devicePixelRatio() == ratio)
         return;
-    update_renderer();
+    const bool wants_opengl = mState.display().opengl;
+    if (std::exchange(mDisplayChanged, false) && wants_opengl != bool(mOpenGl))
+        mOpenGl = wants_opengl ? OpenGlRenderer::create() : nullptr;
     const Picture picture{mState.scene(), mState.camera(), mState.display(), ViewColours::fitting(palette()),
                           ratio,          mMoving};
-    mImage = mRenderer->render(picture);
-    if (mImage.isNull() && mState.has_opengl()) {
-        // A driver that gives up, or a picture too large for it.
-        mState.set_has_opengl(false);
-        mRenderer = std::make_unique<PainterRenderer>();
-        mImage = mRenderer->render(picture);
+    mImage = mOpenGl ? mOpenGl->render(picture) : QImage();
+    if (mImage.isNull()) {
+        // Without OpenGL, with a driver that gives up, or for a picture too large for it.
+        mOpenGl.reset();
+        mImage = paint_picture(picture);
     }
+    mState.set_has_opengl(bool(mOpenGl));
     mDirty = false;
     emit picture_made();
-}
-
-void GraphicsView::update_renderer()
-{
-    const bool wants_opengl = mState.display().opengl;
-    if (!std::exchange(mRendererDirty, false) || (mRenderer && mState.has_opengl() == wants_opengl))
-        return;
-    mRenderer.reset();
-    if (wants_opengl)
-        mRenderer = OpenGlRenderer::create();
-    mState.set_has_opengl(mRenderer != nullptr);
-    if (!mRenderer)
-        mRenderer = std::make_unique<PainterRenderer>();
 }
 
 /** The directions of the axes, in the lower left corner. */

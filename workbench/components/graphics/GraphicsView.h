@@ -13,6 +13,8 @@
 
 namespace fennar::graphics {
 
+class OpenGlRenderer;
+
 /**
  * Shows the scene.
  *
@@ -55,15 +57,15 @@ private:
     void move_camera(const Camera& camera);
     void click(const QPointF& pixel, bool add);
     void update_image();
-    void update_renderer();
     void paint_axes(QPainter& painter) const;
 
     GraphicsState& mState;
-    std::unique_ptr<Renderer> mRenderer;
+    /** Null where the painter draws. */
+    std::unique_ptr<OpenGlRenderer> mOpenGl;
     QImage mImage;
     /** Whether the image is out of date. */
     bool mDirty = true;
-    bool mRendererDirty = true;
+    bool mDisplayChanged = true;
     /** The user has not chosen a place to look at; what comes is brought into sight. */
     bool mFollow = true;
     /** A picture that was made in haste is followed by a smooth one when the hand rests. */

@@ -205,7 +205,7 @@ struct OpenGlRenderer::Device
     {
         Stored& buffers = find(part.shape);
         place(picture, *part.shape, depth);
-        set_color(part.colour, ambient, direct);
+        set_color(part.colour, Light::ambient, Light::direct);
         use(buffers, Corners, position_attribute);
         use(buffers, Normals, normal_attribute);
         program->enableAttributeArray(normal_attribute);
@@ -282,7 +282,7 @@ QImage OpenGlRenderer::render(const Picture& picture)
     const double depth = picture.depth();
     device.arrays.bind();
     device.program->bind();
-    device.program->setUniformValue("light", light[0], light[1], light[2]);
+    device.program->setUniformValue("light", Light::from[0], Light::from[1], Light::from[2]);
     device.program->enableAttributeArray(position_attribute);
     // Pushed back a little, so that lines on the surface are seen.
     gl.glEnable(GL_POLYGON_OFFSET_FILL);

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "workbench/components/graphics/Renderer.h"
+#include "workbench/components/graphics/Picture.h"
 
 #include <memory>
 
@@ -16,14 +16,16 @@ namespace fennar::graphics {
  * widget of OpenGL in it Qt would make the native window anew, and would put all of it together by OpenGL
  * from then on.
  */
-class OpenGlRenderer : public Renderer
+class OpenGlRenderer
 {
 public:
     /** Null if the platform offers no context or the context lacks what is needed. */
     static std::unique_ptr<OpenGlRenderer> create();
-    ~OpenGlRenderer() override;
+    ~OpenGlRenderer();
+    Q_DISABLE_COPY_MOVE(OpenGlRenderer)
 
-    QImage render(const Picture& picture) override;
+    /** The picture in front of a transparent background, with the picture's ratio set; null if it fails. */
+    QImage render(const Picture& picture);
     /** What draws, as the driver calls itself. */
     QString device() const;
 

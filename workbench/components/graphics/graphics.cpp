@@ -5,8 +5,8 @@
 
 #include "workbench/components/graphics/GraphicsState.h"
 #include "workbench/components/graphics/GraphicsWindow.h"
-#include "workbench/components/graphics/PainterRenderer.h"
 #include "workbench/components/graphics/graphics_commands.h"
+#include "workbench/components/graphics/paint_picture.h"
 #include "workbench/sdk/component/ComponentContext.h"
 
 using namespace fennar;

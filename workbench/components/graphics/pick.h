@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "workbench/components/graphics/Renderer.h"
+#include "workbench/components/graphics/Picture.h"
 
 namespace fennar::graphics {
 

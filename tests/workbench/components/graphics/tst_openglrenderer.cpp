@@ -5,7 +5,7 @@
 #include "support/TestCase.h"
 #include "workbench/components/graphics/GraphicsView.h"
 #include "workbench/components/graphics/OpenGlRenderer.h"
-#include "workbench/components/graphics/PainterRenderer.h"
+#include "workbench/components/graphics/paint_picture.h"
 
 #include <QPalette>
 #include <QTest>
@@ -75,7 +75,7 @@ void TstOpenGlRenderer::both_draw_the_same_picture()
     const auto opengl = OpenGlRenderer::create();
     QVERIFY(opengl);
     const QImage one = opengl->render(picture);
-    const QImage other = PainterRenderer().render(picture);
+    const QImage other = paint_picture(picture);
     QCOMPARE(one.size(), (QSizeF(320, 240) * ratio).toSize());
     QCOMPARE(one.size(), other.size());
     QCOMPARE(one.devicePixelRatio(), ratio);
@@ -116,7 +116,7 @@ void TstOpenGlRenderer::solid_without_edges_is_seen_without_surfaces()
         display.wireframe = wireframe;
         const Picture picture{scene, camera, display, ViewColours::fitting(QPalette()), 1, false};
         const QImage one = opengl->render(picture);
-        const QImage other = PainterRenderer().render(picture);
+        const QImage other = paint_picture(picture);
         int drawn = 0;
         int drawn_by_other = 0;
         int apart = 0;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/components/graphics/Renderer.h"
+#include "workbench/components/graphics/Picture.h"
 
 #include <QLinearGradient>
 #include <QPainter>

@@ -116,23 +116,11 @@ struct PictureParts
     std::vector<Lines> lines;
 };
 
-/**
- * Draws the PictureParts of pictures. There are two kinds, whose pictures agree but for the edges'
- * smoothness.
- */
-class Renderer
+/** The light of all pictures. */
+struct Light
 {
-public:
-    Renderer() = default;
-    virtual ~Renderer() = default;
-    Renderer(const Renderer&) = delete;
-    Renderer& operator=(const Renderer&) = delete;
-
-    /** The picture in front of a transparent background, with the picture's ratio set; null if it fails. */
-    virtual QImage render(const Picture& picture) = 0;
-
-    /** The light comes from there, in view coordinates. */
-    static constexpr float light[3] = {-0.30F, 0.45F, 0.84F};
+    /** It comes from there, in view coordinates. */
+    static constexpr float from[3] = {-0.30F, 0.45F, 0.84F};
     /** How light a surface is that turns away from the light, and how much lighter one is that faces it. */
     static constexpr float ambient = 0.42F;
     static constexpr float direct = 0.58F;

@@ -3,16 +3,13 @@
 
 #pragma once
 
-#include "workbench/components/graphics/Renderer.h"
+#include "workbench/components/graphics/Picture.h"
 
 namespace fennar::graphics {
 
-/** Draws without the help of the display, into an image that a painter can show anywhere. */
-class PainterRenderer : public Renderer
-{
-public:
-    QImage render(const Picture& picture) override;
-};
+/** As OpenGlRenderer::render(), but without the help of the display: what it draws differs in the edges'
+ * smoothness only. */
+QImage paint_picture(const Picture& picture);
 
 /**
  * Draws a scene without a window and without the help of the display: from the right, front and above, all of

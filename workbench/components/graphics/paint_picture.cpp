@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/components/graphics/PainterRenderer.h"
+#include "workbench/components/graphics/paint_picture.h"
 
 #include <QPainter>
 
@@ -81,9 +81,9 @@ public:
     float shade(const QVector3D& normal) const
     {
         const float z = apply(mTurn[2], normal);
-        const float sum = apply(mTurn[0], normal) * Renderer::light[0] +
-                          apply(mTurn[1], normal) * Renderer::light[1] + z * Renderer::light[2];
-        return Renderer::ambient + Renderer::direct * std::max(0.0F, z < 0 ? -sum : sum);
+        const float sum = apply(mTurn[0], normal) * Light::from[0] +
+                          apply(mTurn[1], normal) * Light::from[1] + z * Light::from[2];
+        return Light::ambient + Light::direct * std::max(0.0F, z < 0 ? -sum : sum);
     }
 
 private:
@@ -243,7 +243,7 @@ QImage halved(const QImage& image, const QSize& size)
 
 } // namespace
 
-QImage PainterRenderer::render(const Picture& picture)
+QImage paint_picture(const Picture& picture)
 {
     // Twice as large, and then made smaller: this is what smooths the edges.
     const int oversize = picture.draft ? 1 : 2;
@@ -267,8 +267,7 @@ QImage draw_scene(const Scene& scene, const QSize& size)
     camera.set_view(Camera::View::Iso);
     camera.fit(scene.box());
     const ViewColours colours = ViewColours::light();
-    const QImage drawn =
-        PainterRenderer().render({.scene = scene, .camera = camera, .display = {}, .colours = colours});
+    const QImage drawn = paint_picture({.scene = scene, .camera = camera, .display = {}, .colours = colours});
     QImage picture(size, QImage::Format_RGB32);
     if (drawn.isNull() || picture.isNull())
         return {};

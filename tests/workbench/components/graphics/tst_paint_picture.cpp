@@ -3,7 +3,7 @@
 
 #include "boxes.h"
 #include "support/TestCase.h"
-#include "workbench/components/graphics/PainterRenderer.h"
+#include "workbench/components/graphics/paint_picture.h"
 
 #include <QPalette>
 #include <QTest>
@@ -24,7 +24,7 @@ QPalette palette(bool dark)
 
 } // namespace
 
-class TstPainterRenderer : public TestCase
+class TstPaintPicture : public TestCase
 {
     Q_OBJECT
 
@@ -50,7 +50,7 @@ private slots:
 private:
     QImage draw(double ratio = 1, bool draft = false)
     {
-        return PainterRenderer().render({*mScene, mCamera, mDisplay, mColours, ratio, draft});
+        return paint_picture({*mScene, mCamera, mDisplay, mColours, ratio, draft});
     }
     void look(Camera::View view)
     {
@@ -78,7 +78,7 @@ private:
     ViewColours mColours;
 };
 
-void TstPainterRenderer::set_up()
+void TstPaintPicture::set_up()
 {
     mScene = std::make_unique<Scene>();
     mCamera = {};
@@ -86,7 +86,7 @@ void TstPainterRenderer::set_up()
     mColours = ViewColours::fitting(palette(false));
 }
 
-void TstPainterRenderer::background_is_transparent_and_surface_is_not()
+void TstPaintPicture::background_is_transparent_and_surface_is_not()
 {
     add_box(*mScene, u"a"_s, {0, 0, 0}, {2, 2, 2});
     look(Camera::View::Front);
@@ -100,7 +100,7 @@ void TstPainterRenderer::background_is_transparent_and_surface_is_not()
     QVERIFY2(std::abs(solid - 85) <= 3, qPrintable(QString::number(solid))); // what fit() fills of the height
 }
 
-void TstPainterRenderer::nearer_surface_hides_the_other_whatever_the_order()
+void TstPaintPicture::nearer_surface_hides_the_other_whatever_the_order()
 {
     const int a = add_box(*mScene, u"a"_s, {0, -5, 0}, {2, 1, 2});
     const int b = add_box(*mScene, u"b"_s, {0, 5, 0}, {2, 1, 2});
@@ -116,7 +116,7 @@ void TstPainterRenderer::nearer_surface_hides_the_other_whatever_the_order()
     }
 }
 
-void TstPainterRenderer::surface_towards_the_light_is_lighter()
+void TstPaintPicture::surface_towards_the_light_is_lighter()
 {
     add_box(*mScene, u"a"_s, {0, 0, 0}, {2, 2, 2});
     look(Camera::View::Iso);
@@ -127,7 +127,7 @@ void TstPainterRenderer::surface_towards_the_light_is_lighter()
     QVERIFY2(top > front && front > right, qPrintable(u"%1 %2 %3"_s.arg(top).arg(front).arg(right)));
 }
 
-void TstPainterRenderer::edges_are_seen_on_surfaces_and_hidden_behind_them()
+void TstPaintPicture::edges_are_seen_on_surfaces_and_hidden_behind_them()
 {
     add_box(*mScene, u"a"_s, {0, 0, 0}, {2, 2, 2});
     look(Camera::View::Iso);
@@ -143,7 +143,7 @@ void TstPainterRenderer::edges_are_seen_on_surfaces_and_hidden_behind_them()
     QVERIFY(!dark({-1, 1, -0.6}));
 }
 
-void TstPainterRenderer::options_decide_what_is_drawn()
+void TstPaintPicture::options_decide_what_is_drawn()
 {
     add_box(*mScene, u"a"_s, {0, 0, 0}, {2, 2, 2});
     look(Camera::View::Iso);
@@ -156,7 +156,7 @@ void TstPainterRenderer::options_decide_what_is_drawn()
     QCOMPARE(count(nothing, QColor(0, 0, 0, 0)), 200 * 100);
 }
 
-void TstPainterRenderer::solid_without_edges_is_seen_without_surfaces()
+void TstPaintPicture::solid_without_edges_is_seen_without_surfaces()
 {
     const int id = mScene->add(u"ball"_s);
     mScene->set_shape(id, make_ball({100, 0, 0}));
@@ -182,7 +182,7 @@ void TstPainterRenderer::solid_without_edges_is_seen_without_surfaces()
     QCOMPARE(at(draw(3), {100, 0, 0.5}).alpha(), 0);
 }
 
-void TstPainterRenderer::selected_item_has_another_colour()
+void TstPaintPicture::selected_item_has_another_colour()
 {
     const int id = add_box(*mScene, u"a"_s, {0, 0, 0}, {2, 2, 2});
     look(Camera::View::Top);
@@ -193,7 +193,7 @@ void TstPainterRenderer::selected_item_has_another_colour()
     QVERIFY(count(draw(), mColours.selected_edge) > 50);
 }
 
-void TstPainterRenderer::mesh_takes_the_place_of_the_surface()
+void TstPaintPicture::mesh_takes_the_place_of_the_surface()
 {
     const int id = add_box(*mScene, u"a"_s, {0, 0, 0}, {2, 2, 2});
     mScene->set_mesh(id, make_box({0, 0, 0}, {1, 1, 1}));
@@ -207,7 +207,7 @@ void TstPainterRenderer::mesh_takes_the_place_of_the_surface()
     QVERIFY(mesh.green() > mesh.blue() && mesh.green() > mesh.red());
 }
 
-void TstPainterRenderer::ratio_makes_the_picture_larger_not_different()
+void TstPaintPicture::ratio_makes_the_picture_larger_not_different()
 {
     add_box(*mScene, u"a"_s, {0, 0, 0}, {2, 2, 2});
     look(Camera::View::Iso);
@@ -231,7 +231,7 @@ void TstPainterRenderer::ratio_makes_the_picture_larger_not_different()
     QVERIFY(line_width(two) > line_width(one));
 }
 
-void TstPainterRenderer::draft_has_the_same_outline()
+void TstPaintPicture::draft_has_the_same_outline()
 {
     add_box(*mScene, u"a"_s, {0, 0, 0}, {2, 2, 2});
     look(Camera::View::Iso);
@@ -250,14 +250,14 @@ void TstPainterRenderer::draft_has_the_same_outline()
     QVERIFY2(different * 20 < covered, qPrintable(QString::number(different)));
 }
 
-void TstPainterRenderer::colours_stand_out_in_light_and_dark_schemes_data()
+void TstPaintPicture::colours_stand_out_in_light_and_dark_schemes_data()
 {
     QTest::addColumn<bool>("dark");
     QTest::newRow("light") << false;
     QTest::newRow("dark") << true;
 }
 
-void TstPainterRenderer::colours_stand_out_in_light_and_dark_schemes()
+void TstPaintPicture::colours_stand_out_in_light_and_dark_schemes()
 {
     QFETCH(const bool, dark);
     const ViewColours colours = ViewColours::fitting(palette(dark));
@@ -278,7 +278,7 @@ void TstPainterRenderer::colours_stand_out_in_light_and_dark_schemes()
     QVERIFY(apart(colours.selected, colours.selected_edge) > 100);
 }
 
-void TstPainterRenderer::damaged_numbers_come_to_no_harm()
+void TstPaintPicture::damaged_numbers_come_to_no_harm()
 {
     const int id = add_box(*mScene, u"a"_s, {0, 0, 0}, {2, 2, 2});
     auto shape = std::make_shared<SceneShape>();
@@ -294,7 +294,7 @@ void TstPainterRenderer::damaged_numbers_come_to_no_harm()
     QVERIFY(mScene->items().contains(id));
 }
 
-void TstPainterRenderer::scene_is_drawn_whole_in_front_of_a_background()
+void TstPaintPicture::scene_is_drawn_whole_in_front_of_a_background()
 {
     const ViewColours colours = ViewColours::light();
     const QImage empty = draw_scene(*mScene, {120, 80});
@@ -313,5 +313,5 @@ void TstPainterRenderer::scene_is_drawn_whole_in_front_of_a_background()
     QCOMPARE(draw_scene(*mScene, {1, 1}).size(), QSize(1, 1));
 }
 
-OSTREL_TEST(TstPainterRenderer)
-#include "tst_painterrenderer.moc"
+OSTREL_TEST(TstPaintPicture)
+#include "tst_paint_picture.moc"
