@@ -25,20 +25,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** What the commands that open and save do: with a window the same as the file menu. */
-DocumentActions document_actions(GeometryDocument& document, GeometryFileHandler* handler)
-{
-    if (!handler)
-        return {[&document](bool) { document.clear(); },
-                [&document](const QString& file) { document.open(file); },
-                [&document](const QString& file) { document.save(file); }};
-    return {[handler](bool discard) { handler->start_new(discard); },
-            [handler](const QString& file) { handler->open(file); },
-            [handler](const QString& file) { handler->save(file); }};
-}
-
 /** The model as what is kept while it is unsaved, and comes back after a crash. */
-UnsavedWork unsaved_model(GeometryDocument& document, GeometryFileHandler* handler)
+UnsavedWork unsaved_model(GeometryDocument& document, GeometryFileHandler& handler)
 {
     return {
         .kind = u"model"_s,
@@ -46,9 +34,9 @@ UnsavedWork unsaved_model(GeometryDocument& document, GeometryFileHandler* handl
             [&document] { return document.is_modified() ? std::optional(document.changes()) : std::nullopt; },
         .file = [&document] { return document.file().isEmpty() ? document.earlier_file() : document.file(); },
         .take = [&document] { return document.contents(); },
-        .restore = [&document, handler](const QByteArray& bytes, const QString& file) -> QString {
+        .restore = [&handler](const QByteArray& bytes, const QString& file) -> QString {
             try {
-                handler ? handler->recover(bytes, file) : document.recover(bytes, file);
+                handler.recover(bytes, file);
                 return {};
             } catch (const GeometryError& error) {
                 return error.message();
@@ -64,8 +52,7 @@ void fennar::load_component(ComponentContext& context)
     auto& model = context.make<GeometryModel>();
     auto& document = context.make<GeometryDocument>(model);
     Ostrel* const window = context.window();
-    GeometryFileHandler* const handler =
-        window ? &context.make<GeometryFileHandler>(window, document) : nullptr;
+    auto& handler = context.make<GeometryFileHandler>(window, document);
     QPointer<FileMenuFormats> formats = window ? &context.make<FileMenuFormats>(context) : nullptr;
     context.add_commands([&](CommandRegistry& registry, const QString& owner) {
         const auto imported = [formats](const QString& file, bool done) {
@@ -74,12 +61,15 @@ void fennar::load_component(ComponentContext& context)
         };
         return register_geometry_commands(registry, owner,
                                           {model, application, program_folder(), imported}) &&
-               register_document_commands(registry, owner, document_actions(document, handler));
+               register_document_commands(registry, owner,
+                                          {[&handler](bool discard) { handler.start_new(discard); },
+                                           [&handler](const QString& file) { handler.open(file); },
+                                           [&handler](const QString& file) { handler.save(file); }});
     });
     context.add_unsaved_work(unsaved_model(document, handler));
     context.make<GeometryScene>(model, Scene::instance());
     if (!window)
         return;
     context.make<GeometryWindow>(context, model);
-    context.set_open_save_handler(*handler);
+    context.set_open_save_handler(handler);
 }

@@ -8,7 +8,6 @@
 #include <QPalette>
 
 #include <algorithm>
-#include <cmath>
 
 namespace fennar::graphics {
 

@@ -9,10 +9,9 @@
 #include "workbench/sdk/core/files/FormatRegistry.h"
 #include "workbench/sdk/core/scene/select_command.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QScopeGuard>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -20,14 +19,15 @@ namespace fennar::geometry {
 
 namespace {
 
-enum class Direction { Import, Export };
+/** What a format must be able to do. */
+using Direction = bool Format::*;
+constexpr Direction importing = &Format::reads;
+constexpr Direction exporting = &Format::writes;
 
 QList<Format> formats_for(Direction direction)
 {
     QList<Format> result = formats();
-    result.removeIf([&](const Format& format) {
-        return !(direction == Direction::Import ? format.reads : format.writes);
-    });
+    result.removeIf([direction](const Format& format) { return !(format.*direction); });
     return result;
 }
 
@@ -47,24 +47,17 @@ QList<CommandFileFilter> file_filters(Direction direction)
     return filters;
 }
 
-/** The name of a format in whatever letters; empty if there is no such format. */
-QString format_name(const QString& word)
-{
-    const std::optional<Format> format = find_format(word);
-    return format ? format->name : QString();
-}
-
 QString format_entity(Direction direction)
 {
-    return direction == Direction::Import ? u"import format"_s : u"export format"_s;
+    return direction == importing ? u"import format"_s : u"export format"_s;
 }
 
 /** "FILE [as FORMAT]" */
 QList<CommandClause> file_clauses(Direction direction)
 {
     return {required_value({.name = u"FILE"_s,
-                            .kind = direction == Direction::Import ? CommandParameter::Kind::InputFile
-                                                                   : CommandParameter::Kind::OutputFile,
+                            .kind = direction == importing ? CommandParameter::Kind::InputFile
+                                                           : CommandParameter::Kind::OutputFile,
                             .what = u"the name of a file"_s,
                             .label = QT_TRANSLATE_NOOP("CommandParameter", "File"),
                             .filters = [direction] { return file_filters(direction); },
@@ -100,20 +93,15 @@ void verify_format(const CommandArguments& arguments, const CommandEntities& ent
         throw arguments.error(word,
                               u"the ending of the file tells no format; say which one with \"as\" (%1)"_s.arg(
                                   format_names(direction).join(u", "_s)));
-    if (!(direction == Direction::Import ? format->reads : format->writes))
-        throw arguments.error(word, direction == Direction::Import
+    if (!((*format).*direction))
+        throw arguments.error(word, direction == importing
                                         ? u"files of the format %1 cannot be read"_s.arg(format->name)
                                         : u"files of the format %1 cannot be written"_s.arg(format->name));
 }
 
-void verify_import(const CommandArguments& arguments, const CommandEntities& entities)
-{
-    verify_format(arguments, entities, Direction::Import);
-}
-
 void verify_export(const CommandArguments& arguments, const CommandEntities& entities)
 {
-    verify_format(arguments, entities, Direction::Export);
+    verify_format(arguments, entities, exporting);
     const std::optional<Format> format = told_format(arguments);
     const bool named = arguments.has("SOLID"_L1);
     const bool sized = arguments.has("size"_L1);
@@ -136,8 +124,7 @@ QString described(const GeometryModel& model, const Imported& imported)
 {
     QString text;
     for (const int id : imported.solids)
-        text += u"%1: volume %2\n"_s.arg(model.solid(id)->name,
-                                         QString::number(model.measures(id).volume, 'g', 6));
+        text += u"%1: volume %2\n"_s.arg(model.solid(id)->name, shown_number(model.measures(id).volume));
     if (imported.mesh) {
         QStringList parts{u"%1 nodes"_s.arg(imported.mesh->nodes)};
         for (const Mesh::Elements& elements : imported.mesh->elements) {
@@ -145,7 +132,7 @@ QString described(const GeometryModel& model, const Imported& imported)
                 parts << u"%1 x %2"_s.arg(elements.count).arg(elements.kind);
         }
         if (imported.closed)
-            parts << (*imported.closed ? u"closed, volume "_s + QString::number(imported.volume, 'g', 6)
+            parts << (*imported.closed ? u"closed, volume "_s + shown_number(imported.volume)
                                        : u"not closed"_s);
         text += u"Mesh: "_s + parts.join(u", "_s) + u'\n';
     }
@@ -201,8 +188,7 @@ void run_export(CommandCall& call, const CommandArguments& arguments, const Comm
     }
     if (!done)
         throw CommandError(u"cancelled; no file was written"_s);
-    const std::shared_ptr<const Mesh> mesh = context.model.mesh();
-    if (source.mesh && mesh->file.isEmpty() && mesh->revision != context.model.revision())
+    if (source.mesh && context.model.is_mesh_old())
         call.print(u"The model has changed since the mesh was made.\n"_s);
 }
 
@@ -220,6 +206,37 @@ bool stands_in_double_quotes(const QString& text)
            words.words.size() == 1 && words.words[0].text == text;
 }
 
+CommandParameter model_file(CommandParameter::Kind kind)
+{
+    return {
+        .name = u"FILE"_s,
+        .kind = kind,
+        .what = u"the name of a file"_s,
+        .label = QT_TRANSLATE_NOOP("CommandParameter", "Model"),
+        .filters =
+            [] {
+                return QList<CommandFileFilter>{
+                    {QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Model Files")), u".mdl"_s}};
+            },
+        .example = u"part.mdl"_s};
+}
+
+QString whole_path(const CommandArguments& arguments)
+{
+    const QString file = arguments.text("FILE"_L1);
+    return file.isEmpty() ? file : QDir::cleanPath(QDir::current().absoluteFilePath(file));
+}
+
+void open(const CommandArguments& arguments, const DocumentActions& actions)
+{
+    const QString file = whole_path(arguments);
+    // Before anybody is asked about unsaved changes.
+    if (!QFileInfo::exists(file))
+        throw arguments.error(arguments.word("FILE"_L1),
+                              u"there is no file %1"_s.arg(CommandError::shown(file, 300)));
+    actions.open(file);
+}
+
 } // namespace
 
 QList<Command> file_commands(const CommandContext& context)
@@ -229,11 +246,15 @@ QList<Command> file_commands(const CommandContext& context)
          .summary = u"Reads solids or a mesh from a file."_s,
          .help =
              u"The ending of FILE tells the format unless \"as\" does. STEP, IGES and BREP files add their\n"
-             "solids, named after the file. STL, MSH and VTK files, and those of formats that other "
-             "components\n"
-             "bring, hold a mesh, which takes the place of the last one. Lengths become millimetres."_s,
+             u"solids, named after the file. STL, MSH and VTK files, and those of formats that other "
+             u"components\nbring, hold a mesh, which takes the place of the last one. Lengths become "
+             u"millimetres."_s,
          .perform = performing(&run_import, context),
-         .forms = {{.clauses = file_clauses(Direction::Import), .verify = &verify_import}},
+         .forms = {{.clauses = file_clauses(importing),
+                    .verify =
+                        [](const CommandArguments& arguments, const CommandEntities& offered) {
+                            verify_format(arguments, offered, importing);
+                        }}},
          .changes_model = true,
          .makes = {solid_entity()},
          .long_running = true,
@@ -242,14 +263,11 @@ QList<Command> file_commands(const CommandContext& context)
          .summary = u"Writes solids or the mesh to a file."_s,
          .help =
              u"The ending of FILE tells the format unless \"as\" does. STEP and BREP files hold solids, all "
-             u"of\n"
-             "them if none is named. MSH and VTK files hold the last mesh. STL files, and those of formats "
-             "that\n"
-             "other components bring, hold the surface of solids, in triangles of SIZE at most, or with "
-             "\"mesh\"\n"
-             "that of the last mesh. A file that exists is replaced."_s,
+             u"of\nthem if none is named. MSH and VTK files hold the last mesh. STL files, and those of "
+             u"formats that\nother components bring, hold the surface of solids, in triangles of SIZE at "
+             u"most, or with \"mesh\"\nthat of the last mesh. A file that exists is replaced."_s,
          .perform = performing(&run_export, context),
-         .forms = {{.clauses = file_clauses(Direction::Export) +
+         .forms = {{.clauses = file_clauses(exporting) +
                                QList{optional_value(solids_parameter()),
                                      CommandClause{
                                          .keyword = u"size"_s,
@@ -259,7 +277,7 @@ QList<Command> file_commands(const CommandContext& context)
                                          .optional = true}},
                     .title = QT_TRANSLATE_NOOP("CommandParameter", "Solids"),
                     .verify = &verify_export},
-                   {.clauses = file_clauses(Direction::Export) + QList{CommandClause{.keyword = u"mesh"_s}},
+                   {.clauses = file_clauses(exporting) + QList{CommandClause{.keyword = u"mesh"_s}},
                     .title = QT_TRANSLATE_NOOP("CommandParameter", "Mesh"),
                     .verify = &verify_export}},
          .long_running = true},
@@ -270,10 +288,10 @@ void offer_formats(CommandEntities& entities, const QString& owner)
 {
     // The formats are there longer than these commands: the connection goes with the offers.
     const auto watcher = std::make_shared<QObject>();
-    for (const Direction direction : {Direction::Import, Direction::Export}) {
+    for (const Direction direction : {importing, exporting}) {
         entities.offer(
             format_entity(direction), owner, [direction, watcher] { return format_names(direction); },
-            &format_name);
+            [](const QString& word) { return find_format(word).value_or(Format()).name; });
         QObject::connect(&FormatRegistry::instance(), &FormatRegistry::changed, watcher.get(),
                          [&entities, direction] { entities.tell_changed(format_entity(direction)); });
     }
@@ -306,6 +324,45 @@ QString recent_import_command(const QString& file, const QString& format)
         words = u"\"%1\""_s.arg(file.left(end)) + quote_word(file.sliced(end));
     }
     return with_format(u"import "_s + words, file, format);
+}
+
+bool register_document_commands(CommandRegistry& registry, const QString& owner,
+                                const DocumentActions& actions)
+{
+    const QList<Command> commands{
+        {.name = u"new"_s,
+         .summary = u"Starts an empty model."_s,
+         .help =
+             u"As \"New\" in the file menu: with a window the question about unsaved changes comes first, "
+             u"unless\n"
+             "\"discard\" drops them, and the console is emptied."_s,
+         .perform =
+             [actions](CommandCall&, const CommandArguments& arguments) {
+                 actions.start_new(arguments.has("discard"_L1));
+             },
+         .forms = {{.clauses = {{.keyword = u"discard"_s,
+                                 .optional = true,
+                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Drop unsaved changes")}}}},
+         .changes_model = true},
+        {.name = u"open"_s,
+         .summary = u"Opens a model that was saved."_s,
+         .help = u"It takes the place of the present model. With a window the question about unsaved changes "
+                 u"comes\n"
+                 "first. Quote a name with blanks. A relative name is looked up in the current directory."_s,
+         .perform = [actions](CommandCall&, const CommandArguments& arguments) { open(arguments, actions); },
+         .forms = {{.clauses = {required_value(model_file(CommandParameter::Kind::InputFile))}}},
+         .changes_model = true,
+         .makes = {solid_entity(), item_entity()}},
+        {.name = u"save"_s,
+         .summary = u"Saves the model."_s,
+         .help = u"Without FILE in the file that it was opened from or saved in last. A file that is there "
+                 u"already\n"
+                 "is replaced. The name is taken as it is, without an ending of its own."_s,
+         .perform = [actions](CommandCall&,
+                              const CommandArguments& arguments) { actions.save(whole_path(arguments)); },
+         .forms = {{.clauses = {optional_value(model_file(CommandParameter::Kind::OutputFile))}}}},
+    };
+    return registry.add_all(owner, commands);
 }
 
 } // namespace fennar::geometry

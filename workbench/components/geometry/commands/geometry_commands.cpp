@@ -108,29 +108,21 @@ void rename(CommandCall&, const CommandArguments& arguments, const CommandContex
 }
 
 /** Shows progress and a cancel button from the moment that the kernel has worked for a while. */
-class LongOperation
+ShapeListener when_long(CommandCall& call, const CommandContext& context, const char* title)
 {
-public:
-    LongOperation(CommandCall& call, const CommandContext& context, const char* title)
-        : mListener{[&, title](int percent) {
-                        if (!mWork)
-                            mWork.emplace(call, context.services, title);
-                        mWork->show(percent, {});
-                    },
-                    [this] { return mWork->go_on(); }}
-    {}
-
-    const ShapeListener& listener() const { return mListener; }
-
-private:
-    std::optional<LongWork> mWork;
-    ShapeListener mListener;
-};
+    const auto work = std::make_shared<std::optional<LongWork>>();
+    return {[&call, &context, title, work](int percent) {
+                if (!*work)
+                    work->emplace(call, context.services, title);
+                (*work)->show(percent, {});
+            },
+            [work] { return (*work)->go_on(); }};
+}
 
 int unite(CommandCall& call, const CommandArguments& arguments, const CommandContext& context)
 {
     const QList<int> ids = solids(arguments, context.model);
-    context.model.unite(ids, LongOperation(call, context, "Unite").listener());
+    context.model.unite(ids, when_long(call, context, "Unite"));
     return ids.first();
 }
 
@@ -138,14 +130,14 @@ int subtract(CommandCall& call, const CommandArguments& arguments, const Command
 {
     const int id = solid(arguments, context.model, "from"_L1);
     context.model.subtract(id, solids(arguments, context.model, "TOOL"_L1),
-                           LongOperation(call, context, "Subtract").listener());
+                           when_long(call, context, "Subtract"));
     return id;
 }
 
 int intersect(CommandCall& call, const CommandArguments& arguments, const CommandContext& context)
 {
     const QList<int> ids = solids(arguments, context.model);
-    context.model.intersect(ids, LongOperation(call, context, "Intersect").listener());
+    context.model.intersect(ids, when_long(call, context, "Intersect"));
     return ids.first();
 }
 
@@ -189,10 +181,11 @@ const auto solids_help = "\"all\" stands for all solids."_L1;
 using SolidWork = int (*)(CommandCall& call, const CommandArguments& arguments,
                           const CommandContext& context);
 
-/** The command as one that does this work, and tells of the solid and returns it. */
-Command with_solid(Command command, SolidWork work, const CommandContext& context)
+/** A command that does this work, and tells of the solid and returns it. */
+Command solid_command(const QString& name, const QString& summary, const QString& help,
+                      const CommandSyntax& form, SolidWork work, const CommandContext& context)
 {
-    command.perform = [work, context](CommandCall& call, const CommandArguments& arguments) {
+    const auto perform = [work, context](CommandCall& call, const CommandArguments& arguments) {
         const int id = work(call, arguments, context);
         const GeometryModel& model = context.model;
         call.set_result(solid_value(model, id));
@@ -202,20 +195,19 @@ Command with_solid(Command command, SolidWork work, const CommandContext& contex
             text += u" in %1 pieces"_s.arg(measures.pieces);
         call.print(text + u'\n');
     };
-    command.changes_model = true;
-    command.result = entity_type(solid_entity());
-    return command;
+    return {.name = name,
+            .summary = summary,
+            .help = help,
+            .perform = perform,
+            .forms = {form},
+            .changes_model = true,
+            .result = entity_type(solid_entity())};
 }
 
-CommandParameter radius(const QString& example = {})
+CommandParameter radius_parameter(const QString& example = {})
 {
     return length_parameter(u"RADIUS"_s, u"a radius"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius"),
                             example);
-}
-
-CommandParameter height()
-{
-    return length_parameter(u"HEIGHT"_s, u"a height"_s, QT_TRANSLATE_NOOP("CommandParameter", "Height"));
 }
 
 CommandParameter tools()
@@ -233,21 +225,6 @@ CommandParameter other_solid()
     CommandParameter result = solid_parameter();
     result.distinct = true;
     return result;
-}
-
-/** Those of a brick that may be left out together. */
-CommandClause depth_and_height()
-{
-    return {.parameters = {length_parameter(u"DEPTH"_s, u"a depth"_s,
-                                            QT_TRANSLATE_NOOP("CommandParameter", "Depth")),
-                           height()},
-            .optional = true,
-            .tip = QT_TRANSLATE_NOOP("CommandParameter", "Without depth and height it is a cube.")};
-}
-
-CommandClause center()
-{
-    return position_clause(u"at"_s, u"the center"_s, QT_TRANSLATE_NOOP("CommandParameter", "Center"));
 }
 
 CommandClause offset(bool optional)
@@ -270,47 +247,40 @@ CommandClause angle()
 /** Those that make a solid. */
 QList<Command> making_commands(const CommandContext& context)
 {
+    const CommandParameter height =
+        length_parameter(u"HEIGHT"_s, u"a height"_s, QT_TRANSLATE_NOOP("CommandParameter", "Height"));
+    const CommandClause width = required_value(
+        length_parameter(u"WIDTH"_s, u"a width"_s, QT_TRANSLATE_NOOP("CommandParameter", "Width")));
+    const CommandClause depth_and_height{
+        .parameters = {length_parameter(u"DEPTH"_s, u"a depth"_s,
+                                        QT_TRANSLATE_NOOP("CommandParameter", "Depth")),
+                       height},
+        .optional = true,
+        .tip = QT_TRANSLATE_NOOP("CommandParameter", "Without depth and height it is a cube.")};
+    const CommandClause top_radius = optional_value(length_parameter(
+        u"TOP_RADIUS"_s, u"a top radius"_s, QT_TRANSLATE_NOOP("CommandParameter", "Radius of the top"), {},
+        QT_TRANSLATE_NOOP("CommandParameter", "Without it the cone ends in a point.")));
+    const CommandClause tube_radius =
+        required_value(length_parameter(u"TUBE_RADIUS"_s, u"a radius of the tube"_s,
+                                        QT_TRANSLATE_NOOP("CommandParameter", "Radius of the tube"), u"2"_s));
+    const CommandClause radius = required_value(radius_parameter());
+    const CommandClause center =
+        position_clause(u"at"_s, u"the center"_s, QT_TRANSLATE_NOOP("CommandParameter", "Center"));
+    const CommandClause axis = axis_clause();
+    const CommandClause name = name_clause();
     return {
-        with_solid({.name = u"brick"_s,
-                    .summary = u"Makes a brick, or a cube."_s,
-                    .help = placing_help,
-                    .forms = {{.clauses = {required_value(length_parameter(
-                                               u"WIDTH"_s, u"a width"_s,
-                                               QT_TRANSLATE_NOOP("CommandParameter", "Width"))),
-                                           depth_and_height(), center(), name_clause()}}}},
-                   &brick, context),
-        with_solid({.name = u"cylinder"_s,
-                    .summary = u"Makes a cylinder."_s,
-                    .help = axis_help,
-                    .forms = {{.clauses = {required_value(radius()), required_value(height()), center(),
-                                           axis_clause(), name_clause()}}}},
-                   &cylinder, context),
-        with_solid({.name = u"sphere"_s,
-                    .summary = u"Makes a sphere."_s,
-                    .help = placing_help,
-                    .forms = {{.clauses = {required_value(radius()), center(), name_clause()}}}},
-                   &sphere, context),
-        with_solid({.name = u"cone"_s,
-                    .summary = u"Makes a cone, or a part of one."_s,
-                    .help = axis_help,
-                    .forms = {{.clauses = {required_value(radius()), required_value(height()),
-                                           optional_value(length_parameter(
-                                               u"TOP_RADIUS"_s, u"a top radius"_s,
-                                               QT_TRANSLATE_NOOP("CommandParameter", "Radius of the top"), {},
-                                               QT_TRANSLATE_NOOP("CommandParameter",
-                                                                 "Without it the cone ends in a point."))),
-                                           center(), axis_clause(), name_clause()}}}},
-                   &cone, context),
-        with_solid(
-            {.name = u"torus"_s,
-             .summary = u"Makes a torus."_s,
-             .help = axis_help,
-             .forms = {{.clauses = {required_value(radius(u"10"_s)),
-                                    required_value(length_parameter(
-                                        u"TUBE_RADIUS"_s, u"a radius of the tube"_s,
-                                        QT_TRANSLATE_NOOP("CommandParameter", "Radius of the tube"), u"2"_s)),
-                                    center(), axis_clause(), name_clause()},
-                        .verify = &verify_torus}}},
+        solid_command(u"brick"_s, u"Makes a brick, or a cube."_s, placing_help,
+                      {{width, depth_and_height, center, name}}, &brick, context),
+        solid_command(u"cylinder"_s, u"Makes a cylinder."_s, axis_help,
+                      {{radius, required_value(height), center, axis, name}}, &cylinder, context),
+        solid_command(u"sphere"_s, u"Makes a sphere."_s, placing_help, {{radius, center, name}}, &sphere,
+                      context),
+        solid_command(u"cone"_s, u"Makes a cone, or a part of one."_s, axis_help,
+                      {{radius, required_value(height), top_radius, center, axis, name}}, &cone, context),
+        solid_command(
+            u"torus"_s, u"Makes a torus."_s, axis_help,
+            {.clauses = {required_value(radius_parameter(u"10"_s)), tube_radius, center, axis, name},
+             .verify = &verify_torus},
             &torus, context),
     };
 }
@@ -335,10 +305,8 @@ QList<Command> solid_commands(const CommandContext& context)
                                                 QT_TRANSLATE_NOOP("CommandParameter", "Point on the axis")),
                                 axis_clause()}}},
          .changes_model = true},
-        with_solid({.name = u"copy"_s,
-                    .summary = u"Copies a solid."_s,
-                    .forms = {{.clauses = {required_value(solid_parameter()), offset(true), name_clause()}}}},
-                   &copy, context),
+        solid_command(u"copy"_s, u"Copies a solid."_s, {},
+                      {{required_value(solid_parameter()), offset(true), name_clause()}}, &copy, context),
         {.name = u"rename"_s,
          .summary = u"Gives a solid another name."_s,
          .perform = performing(&rename, context),
@@ -362,29 +330,20 @@ QList<Command> solid_commands(const CommandContext& context)
 /** Those that make one solid of several. */
 QList<Command> combining_commands(const CommandContext& context)
 {
-    return {
-        with_solid({.name = u"unite"_s,
-                    .summary = u"Makes one solid of several."_s,
-                    .help = combine_help,
-                    .forms = {{.clauses = {required_value(solids_parameter(2))}}},
-                    .long_running = true},
-                   &unite, context),
-        with_solid(
-            {.name = u"subtract"_s,
-             .summary = u"Takes the tools away from a solid."_s,
-             .help =
-                 u"The tools are gone then. The solid may fall into several pieces, which stay one solid."_s,
-             .forms = {{.clauses = {required_value(tools()),
-                                    {.keyword = u"from"_s, .parameters = {other_solid()}}}}},
-             .long_running = true},
-            &subtract, context),
-        with_solid({.name = u"intersect"_s,
-                    .summary = u"Keeps what several solids have in common."_s,
-                    .help = combine_help,
-                    .forms = {{.clauses = {required_value(solids_parameter(2))}}},
-                    .long_running = true},
-                   &intersect, context),
+    QList<Command> commands{
+        solid_command(u"unite"_s, u"Makes one solid of several."_s, combine_help,
+                      {{required_value(solids_parameter(2))}}, &unite, context),
+        solid_command(
+            u"subtract"_s, u"Takes the tools away from a solid."_s,
+            u"The tools are gone then. The solid may fall into several pieces, which stay one solid."_s,
+            {{required_value(tools()), {.keyword = u"from"_s, .parameters = {other_solid()}}}}, &subtract,
+            context),
+        solid_command(u"intersect"_s, u"Keeps what several solids have in common."_s, combine_help,
+                      {{required_value(solids_parameter(2))}}, &intersect, context),
     };
+    for (Command& command : commands)
+        command.long_running = true;
+    return commands;
 }
 
 } // namespace

@@ -74,10 +74,9 @@ const Mesh& last_mesh(CommandCall& call, const CommandContext& context)
     return *mesh;
 }
 
-QString age(const Mesh& mesh, const GeometryModel& model)
+QString age(const GeometryModel& model)
 {
-    return mesh.revision == model.revision() || !mesh.file.isEmpty() ? QString()
-                                                                     : u"The model has changed since.\n"_s;
+    return model.is_mesh_old() ? u"The model has changed since.\n"_s : QString();
 }
 
 void statistics(CommandCall& call, const CommandArguments&, const CommandContext& context)
@@ -91,7 +90,7 @@ void statistics(CommandCall& call, const CommandArguments&, const CommandContext
         mesh.file.isEmpty()
             ? u"Mesh of %1, size %2\n"_s.arg(mesh.solids.join(u", "_s), shown_number(mesh.size))
             : u"Mesh from %1\n"_s.arg(CommandError::shown(mesh.file, mesh.file.size()));
-    call.print(origin + table(rows, {false, true}) + age(mesh, context.model));
+    call.print(origin + table(rows, {false, true}) + age(context.model));
 }
 
 void quality(CommandCall& call, const CommandArguments& arguments, const CommandContext& context)
@@ -112,7 +111,7 @@ void quality(CommandCall& call, const CommandArguments& arguments, const Command
             rows.append({quality.measure, QString::number(quality.least, 'g', 4),
                          QString::number(quality.mean, 'g', 4), QString::number(quality.most, 'g', 4)});
     }
-    call.print(table(rows, {false, true, true, true}) + age(mesh, context.model));
+    call.print(table(rows, {false, true, true, true}) + age(context.model));
 }
 
 CommandParameter solids_or_all()
@@ -130,14 +129,10 @@ QList<Command> mesh_commands(const CommandContext& context)
         {.name = u"mesh"_s,
          .summary = u"Fills solids with tetrahedra."_s,
          .help =
-             u"Without solids all of them are meshed. SIZE is the length of the elements. The mesh takes the "
-             "place "
-             "of\n"
-             "the last one. \"hxt\" is a quick algorithm that works in several threads, \"delaunay\" the "
-             "usual one;\n"
-             "with more than one thread a mesh may differ a little from time to time. \"verbose\" shows all "
-             "that\n"
-             "the mesher has to say."_s,
+             u"Without solids all of them are meshed. SIZE is the length of the elements. The mesh takes "
+             u"the place of\nthe last one. \"hxt\" is a quick algorithm that works in several threads, "
+             u"\"delaunay\" the usual one;\nwith more than one thread a mesh may differ a little from time "
+             u"to time. \"verbose\" shows all that\nthe mesher has to say."_s,
          .perform = performing(&mesh, context),
          .forms = {{.clauses = {optional_value(solids_or_all()),
                                 {.keyword = u"size"_s,
@@ -173,10 +168,8 @@ QList<Command> mesh_commands(const CommandContext& context)
          .result = map_type({.kind = CommandType::Kind::WholeNumber})},
         {.name = u"quality"_s,
          .summary = u"Measures the volume elements of the mesh."_s,
-         .help =
-             u"ICN is the inverse condition number, IGE the inverse gradient error. 1 is the best value, and "
-             "elements\n"
-             "of 0 or less are useless."_s,
+         .help = u"ICN is the inverse condition number, IGE the inverse gradient error. 1 is the best value, "
+                 u"and elements\nof 0 or less are useless."_s,
          .perform = performing(&quality, context),
          .forms = {{.clauses = {optional_value({.name = u"MEASURE"_s,
                                                 .kind = CommandParameter::Kind::Choice,

@@ -65,8 +65,7 @@ QList<Format> formats()
     for (const auto& format : foreign) {
         const bool taken = std::any_of(own.begin(), own.end(), [&format](const Format& other) {
             return other.name == format->name ||
-                   std::any_of(other.endings.begin(), other.endings.end(),
-                               [&format](const QString& ending) { return format->endings.contains(ending); });
+                   std::ranges::find_first_of(other.endings, format->endings) != other.endings.end();
         });
         if (!taken)
             result.append({format->name, format->endings, Format::Content::Surface, bool(format->read),

@@ -11,7 +11,6 @@
 #include "workbench/sdk/core/files/TemporaryFolder.h"
 #include "workbench/sdk/core/files/write_whole_file.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -87,11 +86,6 @@ QString shown(const QString& file)
     return u'"' + text + u'"';
 }
 
-GeometryError cannot_import(const QString& file, const QString& reason)
-{
-    return GeometryError(u"%1 cannot be imported: %2"_s.arg(shown(file), reason));
-}
-
 GeometryError cannot_export(const QString& file, const QString& reason)
 {
     return GeometryError(u"%1 cannot be written: %2"_s.arg(shown(file), reason));
@@ -102,17 +96,17 @@ void check_file(const QString& file, const Format& format)
 {
     const QFileInfo info(file);
     if (!info.exists())
-        throw cannot_import(file, u"there is no such file"_s);
+        throw GeometryError(u"there is no such file"_s);
     if (!info.isFile())
-        throw cannot_import(file, info.isDir() ? u"it is a folder"_s : u"it is not a regular file"_s);
+        throw GeometryError(info.isDir() ? u"it is a folder"_s : u"it is not a regular file"_s);
     QFile content(file);
     if (!content.open(QIODevice::ReadOnly))
-        throw cannot_import(file, content.errorString());
+        throw GeometryError(content.errorString());
     const QByteArray begin = content.read(4096);
     content.seek(std::max<qint64>(info.size() - 64, 0));
     const QString reason = mismatch(format, begin, content.readAll(), info.size());
     if (!reason.isEmpty())
-        throw cannot_import(file, reason);
+        throw GeometryError(reason);
 }
 
 void check_target(const QString& file)
@@ -131,8 +125,6 @@ auto foreign(const Work& work)
 {
     try {
         return work();
-    } catch (const GeometryError&) {
-        throw;
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {
@@ -261,12 +253,12 @@ std::optional<QByteArray> convert(const Format& format, const QList<Shape>& shap
 std::optional<Imported> import_file(const QString& file, const Format& format, GeometryModel& model,
                                     const QDir& programs, const MesherListener& listener)
 {
-    check_file(file, format);
     try {
+        check_file(file, format);
         const auto read = format.content == Format::Content::Solids ? &read_solids : &read_mesh;
         return read(file, format, model, programs, listener);
     } catch (const GeometryError& error) {
-        throw cannot_import(file, error.message());
+        throw GeometryError(u"%1 cannot be imported: %2"_s.arg(shown(file), error.message()));
     }
 }
 

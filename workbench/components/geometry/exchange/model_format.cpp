@@ -4,7 +4,6 @@
 #include "workbench/components/geometry/exchange/model_format.h"
 
 #include "workbench/components/geometry/model/GeometryError.h"
-#include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/sdk/core/commands/CommandError.h"
 
 #include <QCryptographicHash>

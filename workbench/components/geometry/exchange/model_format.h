@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "workbench/components/geometry/model/GeometryContents.h"
+#include "workbench/components/geometry/model/GeometryModel.h"
 
 class QIODevice;
 

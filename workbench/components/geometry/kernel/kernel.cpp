@@ -257,11 +257,11 @@ public:
         });
     }
 
-    Shape subtracted(const Shape& from, const QList<Shape>& tools,
-                     const ShapeListener& listener) const override
+    Shape subtracted(const QList<Shape>& shapes, const ShapeListener& listener) const override
     {
         return listened(listener, [&](const Message_ProgressRange& range) {
-            return Shape(solids_of(combine<BRepAlgoAPI_Cut>(pieces({from}), pieces(tools), range)));
+            return Shape(solids_of(
+                combine<BRepAlgoAPI_Cut>(pieces(shapes.first(1)), pieces(shapes.sliced(1)), range)));
         });
     }
 

@@ -5,7 +5,6 @@
 
 #include "workbench/components/geometry/exchange/model_format.h"
 #include "workbench/components/geometry/model/GeometryError.h"
-#include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/sdk/core/files/UnsavedWorks.h"
 #include "workbench/sdk/core/files/write_whole_file.h"
 

@@ -23,8 +23,6 @@ public:
     /** @param model  outlives the document. An empty one counts as unmodified. */
     explicit GeometryDocument(GeometryModel& model);
 
-    GeometryModel& model() const { return mModel; }
-
     /** The file that was opened or saved last; empty if there is none, as after clear(). */
     QString file() const { return mFile; }
     /** Whether the model is another one than after clear(), open() or save(). An undo may make it the same

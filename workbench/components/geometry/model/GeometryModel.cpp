@@ -76,17 +76,13 @@ QList<int> GeometryModel::ids() const
 std::optional<GeometryModel::Solid> GeometryModel::solid(int id) const
 {
     const auto found = mSolids.find(id);
-    if (found == mSolids.end())
-        return std::nullopt;
-    return Solid{id, found->second.name};
+    return found == mSolids.end() ? std::nullopt : std::optional(Solid{id, found->second.name});
 }
 
 std::optional<GeometryModel::Solid> GeometryModel::find(const QString& name) const
 {
     const auto found = mIds.find(name);
-    if (found == mIds.end())
-        return std::nullopt;
-    return Solid{found->second, name};
+    return found == mIds.end() ? std::nullopt : std::optional(Solid{found->second, name});
 }
 
 int GeometryModel::brick(const Point3& size, const Point3& center, const QString& name)
@@ -186,22 +182,18 @@ void GeometryModel::rename(int id, const QString& name)
 
 void GeometryModel::unite(const QList<int>& ids, const ShapeListener& listener)
 {
-    combine(ids, u"nothing would be left"_s,
-            [&](const QList<Shape>& shapes) { return Shape::united(shapes, listener); });
+    combine(ids, u"nothing would be left"_s, &Shape::united, listener);
 }
 
 void GeometryModel::subtract(int id, const QList<int>& tools, const ShapeListener& listener)
 {
     combine(QList<int>{id} + tools, u"nothing would be left of \"%1\""_s.arg(entry(id).name),
-            [&](const QList<Shape>& shapes) {
-                return Shape::subtracted(shapes.first(), shapes.sliced(1), listener);
-            });
+            &Shape::subtracted, listener);
 }
 
 void GeometryModel::intersect(const QList<int>& ids, const ShapeListener& listener)
 {
-    combine(ids, u"the solids have nothing in common"_s,
-            [&](const QList<Shape>& shapes) { return Shape::intersected(shapes, listener); });
+    combine(ids, u"the solids have nothing in common"_s, &Shape::intersected, listener);
 }
 
 void GeometryModel::remove(const QList<int>& ids)
@@ -270,14 +262,6 @@ QString GeometryModel::name_for(const QString& kind, int id) const
     return free;
 }
 
-QList<Shape> GeometryModel::shapes(const QList<int>& ids) const
-{
-    QList<Shape> result;
-    for (const int id : ids)
-        result << shape(id);
-    return result;
-}
-
 template <typename Make>
 int GeometryModel::make(const QString& kind, const QString& name, const Make& make_shape)
 {
@@ -311,14 +295,17 @@ void GeometryModel::transform(const QList<int>& ids, const Change& change)
     }
 }
 
-template <typename Combine>
-void GeometryModel::combine(const QList<int>& ids, const QString& nothing_left, const Combine& combine_shapes)
+void GeometryModel::combine(const QList<int>& ids, const QString& nothing_left, Combine combine_shapes,
+                            const ShapeListener& listener)
 {
     check_ids(ids);
     if (ids.size() < 2)
         throw GeometryError(u"another solid is needed"_s);
+    QList<Shape> shapes;
+    for (const int id : ids)
+        shapes << shape(id);
     const qint64 revision = mRevision;
-    const Shape result = combine_shapes(shapes(ids));
+    const Shape result = combine_shapes(shapes, listener);
     if (result.empty())
         throw GeometryError(nothing_left);
     checked(result);

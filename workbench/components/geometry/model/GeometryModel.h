@@ -3,11 +3,11 @@
 
 #pragma once
 
-#include "workbench/components/geometry/model/GeometryContents.h"
 #include "workbench/components/geometry/model/Mesh.h"
 #include "workbench/components/geometry/model/Shape.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
+#include <QByteArray>
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -17,6 +17,27 @@
 #include <optional>
 
 namespace fennar::geometry {
+
+/** All of a GeometryModel as plain data: what a file of the model holds. */
+struct GeometryContents
+{
+    struct Solid
+    {
+        int id = 0;
+        QString name;
+        /** The shape in the BREP format. */
+        QByteArray brep;
+    };
+
+    /** The greatest id that a solid has ever had; 0 for none. */
+    int last_id = 0;
+    /** The oldest first: their ids grow. */
+    QList<Solid> solids;
+    /** Null if there is none. Mesh::revision does not count here. */
+    std::shared_ptr<const Mesh> mesh;
+    /** How many changes the model has had since it was meshed; 0 for none. */
+    qint64 mesh_age = 0;
+};
 
 /**
  * The solids and the mesh that was made of them.
@@ -112,6 +133,8 @@ public:
 
     /** The last mesh; null if there is none. It stays when solids change, see Mesh::revision. */
     std::shared_ptr<const Mesh> mesh() const { return mMesh; }
+    /** Whether the mesh was made of solids and the model has changed since; not without a mesh. */
+    bool is_mesh_old() const { return mMesh && mMesh->file.isEmpty() && mMesh->revision != mRevision; }
     /** Null removes the mesh. */
     void set_mesh(std::shared_ptr<const Mesh> mesh);
 
@@ -153,14 +176,14 @@ private:
     void check_ids(const QList<int>& ids) const;
     void check_new_name(const QString& name) const;
     QString name_for(const QString& kind, int id) const;
-    QList<Shape> shapes(const QList<int>& ids) const;
     template <typename Make>
     int make(const QString& kind, const QString& name, const Make& make_shape);
     int insert(const QString& kind, const QString& name, const Shape& shape);
     template <typename Change>
     void transform(const QList<int>& ids, const Change& change);
-    template <typename Combine>
-    void combine(const QList<int>& ids, const QString& nothing_left, const Combine& combine_shapes);
+    using Combine = Shape (*)(const QList<Shape>& shapes, const ShapeListener& listener);
+    void combine(const QList<int>& ids, const QString& nothing_left, Combine combine_shapes,
+                 const ShapeListener& listener);
     void forget(int id);
     void set_shape(int id, const Shape& shape);
     void tell(int id);

@@ -58,7 +58,7 @@ void GeometryScene::update_solid(int id)
         if (found != mEntries.end()) {
             const int item = found->second.item;
             mEntries.erase(found);
-            mWaiting.remove(id);
+            mWaiting.erase(id);
             mScene.remove(item);
             // Perhaps it was the last that was waited for.
             go_on();
@@ -67,16 +67,14 @@ void GeometryScene::update_solid(int id)
         return;
     }
     const Shape shape = mModel.shape(id);
-    if (found != mEntries.end() && found->second.shape == shape) { // it has only got another name
-        mScene.set_name(found->second.item, solid->name);
-        return;
-    }
     Entry& entry = mEntries[id];
     if (entry.item == 0)
         entry.item = mScene.add(solid->name);
+    mScene.set_name(entry.item, solid->name);
+    if (entry.shape == shape) // it has only got another name
+        return;
     entry.shape = shape;
     ++entry.version;
-    mScene.set_name(entry.item, solid->name);
     mScene.set_mesh(entry.item, nullptr);
     mWaiting.insert(id);
     go_on();
@@ -112,11 +110,9 @@ void GeometryScene::tell_whether_awaited(bool awaited)
 /** Begins with what waits; what comes meanwhile waits for the next time. */
 void GeometryScene::start()
 {
-    mThread.reset(QThread::create([work = std::vector{work_on_solids(), work_on_mesh()}] {
-        for (const auto& part : work) {
-            if (part)
-                part();
-        }
+    mThread.reset(QThread::create([solids = work_on_solids(), mesh = work_on_mesh()] {
+        solids();
+        mesh();
     }));
     connect(mThread.get(), &QThread::finished, this, [this] {
         mThread->wait();
@@ -138,10 +134,8 @@ std::function<void()> GeometryScene::work_on_solids()
     std::vector<Job> jobs;
     QElapsedTimer time;
     time.start();
-    QList<int> ids(mWaiting.begin(), mWaiting.end());
-    std::sort(ids.begin(), ids.end());
-    for (const int id : std::as_const(ids)) {
-        mWaiting.remove(id);
+    while (!mWaiting.empty()) {
+        const int id = mWaiting.extract(mWaiting.begin()).value();
         jobs.push_back({id, mEntries.at(id).version, [](const std::atomic<bool>&) { return nullptr; }});
         try {
             jobs.back().tessellate = mPrepare(mModel.shape(id));
@@ -171,7 +165,7 @@ std::function<void()> GeometryScene::work_on_mesh()
 {
     const auto mesh = std::exchange(mMeshWanted, false) ? mModel.mesh() : nullptr;
     if (!mesh)
-        return {};
+        return [] {};
     return [this, mesh] {
         std::map<QString, std::shared_ptr<const SceneShape>> surfaces;
         for (qsizetype i = 0; i < std::min(mesh->solids.size(), mesh->surfaces.size()); ++i) {

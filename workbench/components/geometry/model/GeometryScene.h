@@ -6,13 +6,13 @@
 #include "workbench/components/geometry/model/tessellate.h"
 
 #include <QObject>
-#include <QSet>
 #include <QThread>
 
 #include <atomic>
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 
 namespace fennar {
 class Scene;
@@ -46,7 +46,7 @@ public:
     ~GeometryScene() override;
 
     /** Whether shapes are still to come. */
-    bool is_busy() const { return !mWaiting.isEmpty() || mMeshWanted || mThread; }
+    bool is_busy() const { return !mWaiting.empty() || mMeshWanted || mThread; }
 
 signals:
     /** All shapes that could be made are there. */
@@ -76,7 +76,7 @@ private:
     /** By the ids of the solids. */
     std::map<int, Entry> mEntries;
     /** Solids whose shapes are out of date. */
-    QSet<int> mWaiting;
+    std::set<int> mWaiting;
     bool mMeshWanted = false;
     /** What the scene has been told. */
     bool mAwaited = false;

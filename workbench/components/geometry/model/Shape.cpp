@@ -93,9 +93,9 @@ Shape Shape::united(const QList<Shape>& shapes, const ShapeListener& listener)
     return ShapeKernel::get().united(shapes, listener);
 }
 
-Shape Shape::subtracted(const Shape& from, const QList<Shape>& tools, const ShapeListener& listener)
+Shape Shape::subtracted(const QList<Shape>& shapes, const ShapeListener& listener)
 {
-    return ShapeKernel::get().subtracted(from, tools, listener);
+    return ShapeKernel::get().subtracted(shapes, listener);
 }
 
 Shape Shape::intersected(const QList<Shape>& shapes, const ShapeListener& listener)

@@ -74,7 +74,8 @@ public:
     // Empty if nothing is left.
 
     static Shape united(const QList<Shape>& shapes, const ShapeListener& listener);
-    static Shape subtracted(const Shape& from, const QList<Shape>& tools, const ShapeListener& listener);
+    /** The first one without the others. */
+    static Shape subtracted(const QList<Shape>& shapes, const ShapeListener& listener);
     static Shape intersected(const QList<Shape>& shapes, const ShapeListener& listener);
 
     /** All pieces of all shapes together, as they are. */

@@ -42,8 +42,7 @@ public:
     virtual Shape torus(double radius, double tube_radius, const Point3& center,
                         const Point3& axis) const = 0;
     virtual Shape united(const QList<Shape>& shapes, const ShapeListener& listener) const = 0;
-    virtual Shape subtracted(const Shape& from, const QList<Shape>& tools,
-                             const ShapeListener& listener) const = 0;
+    virtual Shape subtracted(const QList<Shape>& shapes, const ShapeListener& listener) const = 0;
     virtual Shape intersected(const QList<Shape>& shapes, const ShapeListener& listener) const = 0;
     virtual Shape joined(const QList<Shape>& shapes) const = 0;
     /** @param brep  is whole. */

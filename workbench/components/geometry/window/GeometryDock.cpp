@@ -14,7 +14,7 @@
 #include <QSignalBlocker>
 #include <QTreeWidget>
 
-#include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -73,13 +73,11 @@ GeometryDock::GeometryDock(const GeometryModel& model, QWidget* parent)
             [this](const QPoint& point) { mMenu->popup(mTree->viewport()->mapToGlobal(point)); });
 
     mSend.setSingleShot(true);
-    mSend.setInterval(0);
     connect(mTree, &QTreeWidget::itemSelectionChanged, &mSend, qOverload<>(&QTimer::start));
     connect(&mSend, &QTimer::timeout, this, &GeometryDock::send_selection);
     connect(&Scene::instance(), &Scene::selection_changed, this, &GeometryDock::take_selection);
 
     mUpdate.setSingleShot(true);
-    mUpdate.setInterval(0);
     connect(&mUpdate, &QTimer::timeout, this, &GeometryDock::update_tree);
     connect(&model, &GeometryModel::solid_changed, this, &GeometryDock::mark);
     connect(&model, &GeometryModel::mesh_changed, this, [this] {
@@ -87,8 +85,7 @@ GeometryDock::GeometryDock(const GeometryModel& model, QWidget* parent)
         mUpdate.start();
     });
     const QList<int> ids = model.ids();
-    for (const int id : ids)
-        mChanged.insert(id);
+    mChanged.insert(ids.begin(), ids.end());
     update_tree();
 }
 
@@ -113,11 +110,8 @@ void GeometryDock::mark(int id)
 
 void GeometryDock::update_tree()
 {
-    QList<int> changed(mChanged.begin(), mChanged.end());
-    std::sort(changed.begin(), changed.end());
-    mChanged.clear();
     mTree->setUpdatesEnabled(false);
-    for (const int id : std::as_const(changed))
+    for (const int id : std::exchange(mChanged, {}))
         update_solid(id);
     mSolids->setText(1, u"(%1)"_s.arg(mItems.size()));
     update_mesh();
@@ -180,8 +174,7 @@ void GeometryDock::update_solid(int id)
 void GeometryDock::update_mesh()
 {
     const std::shared_ptr<const Mesh> mesh = mModel.mesh();
-    const bool old = mesh && mesh->file.isEmpty() && mesh->revision != mModel.revision();
-    mMesh->setText(1, !mesh ? tr("none") : old ? tr("of an earlier model") : QString());
+    mMesh->setText(1, !mesh ? tr("none") : mModel.is_mesh_old() ? tr("of an earlier model") : QString());
     if (!std::exchange(mMeshChanged, false))
         return;
     qDeleteAll(mMesh->takeChildren());

@@ -5,9 +5,10 @@
 
 #include <QDockWidget>
 #include <QHash>
-#include <QSet>
 #include <QStringList>
 #include <QTimer>
+
+#include <set>
 
 class QMenu;
 class QTreeWidget;
@@ -55,7 +56,7 @@ private:
     QMenu* mMenu;
     QHash<int, QTreeWidgetItem*> mItems;
     /** The solids that have changed since the last update. */
-    QSet<int> mChanged;
+    std::set<int> mChanged;
     bool mMeshChanged = true;
     QTimer mUpdate;
     /** One command for all that is selected at once. */

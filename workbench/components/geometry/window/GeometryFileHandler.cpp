@@ -35,7 +35,7 @@ OstrelFileMenu* GeometryFileHandler::menu() const
 
 bool GeometryFileHandler::is_plugged_in() const
 {
-    return menu()->get_open_save_handler() == this;
+    return mWindow && menu()->get_open_save_handler() == this;
 }
 
 void GeometryFileHandler::get_filters(QString& filters, bool saving)
@@ -89,10 +89,10 @@ void GeometryFileHandler::save_file(const QString& file)
 {
     // A command that runs has asked for it, or asks about unsaved changes: another one would have to wait.
     if (!mForCommand && !Fennar::instance().interpreter().is_running()) {
-        const std::weak_ptr<void> life = mLife;
+        const QPointer<SaveQuestion> self = &mQuestion;
         send_command(file == mDocument.file() ? u"save"_s : u"save "_s + quote_word(file));
         // Whatever else has waited for the console has run by now, too.
-        if (!life.expired())
+        if (self)
             mSaveFailed = mDocument.is_modified();
         return;
     }
@@ -117,9 +117,9 @@ void GeometryFileHandler::set_directory()
 {
     QString start;
     OstrelFileMenu::get_path(start);
-    const std::weak_ptr<void> life = mLife;
+    const QPointer<SaveQuestion> self = &mQuestion;
     const QString directory = modal_dialogs::ask_directory(mWindow, tr("Set Directory"), start);
-    if (directory.isEmpty() || life.expired() || !Ostrel::instance())
+    if (directory.isEmpty() || !self || !Ostrel::instance())
         return;
     if (!QDir::setCurrent(directory)) {
         Fennar::instance().interpreter().report(
@@ -203,7 +203,8 @@ void GeometryFileHandler::recover(const QByteArray& contents, const QString& fil
 {
     mDocument.recover(contents, file);
     mDiscarded = -1;
-    show_file();
+    if (mWindow)
+        show_file();
 }
 
 void GeometryFileHandler::show_file()

@@ -10,7 +10,6 @@
 #include <QString>
 
 #include <functional>
-#include <memory>
 
 class Ostrel;
 class OstrelFileMenu;
@@ -32,7 +31,7 @@ class GeometryFileHandler : public OpenSaveHandler
     Q_DECLARE_TR_FUNCTIONS(fennar::geometry::GeometryFileHandler)
 
 public:
-    /** Both must outlive it. It is for the caller to plug in. */
+    /** @param window  null if there is none. Both must outlive it. It is for the caller to plug in. */
     GeometryFileHandler(Ostrel* window, GeometryDocument& document);
 
     void get_filters(QString& filters, bool saving) override;
@@ -46,8 +45,8 @@ public:
     void save_file_as(const QString& file, const QString& selectedFilter) override;
     void set_directory() override;
 
-    // For commands: as the entries of the file menu, but without a file dialog, and what fails throws a
-    // GeometryError.
+    // For commands: as the entries of the file menu if this is plugged in, but without a file dialog, and
+    // what fails throws a GeometryError.
 
     /** @param discard  without the question about unsaved changes. */
     void start_new(bool discard);
@@ -79,8 +78,6 @@ private:
     SaveQuestion mQuestion;
     bool mForCommand = false;
     QString mFailure;
-    /** Expires with this object. */
-    std::shared_ptr<void> mLife = std::make_shared<bool>();
 };
 
 } // namespace fennar::geometry
