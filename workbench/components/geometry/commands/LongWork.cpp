@@ -30,11 +30,9 @@ LongWork::~LongWork()
 
 MesherListener LongWork::listener()
 {
-    MesherListener listener;
-    listener.progress = [this](int percent, const QString& stage) { show(percent, stage); };
-    listener.message = [this](const MesherReport::Message& message) { print(message); };
-    listener.go_on = [this] { return go_on(); };
-    return listener;
+    return {.progress = [this](int percent, const QString& stage) { show(percent, stage); },
+            .message = [this](const MesherReport::Message& message) { print(message); },
+            .go_on = [this] { return go_on(); }};
 }
 
 bool LongWork::go_on()

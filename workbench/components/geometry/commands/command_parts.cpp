@@ -37,8 +37,7 @@ QList<CommandParameter> coordinates(const QString& what, const QString& unit, co
 
 } // namespace
 
-std::function<void(CommandCall&, const CommandArguments&)> performing(CommandWork work,
-                                                                      const CommandContext& context)
+decltype(Command::perform) performing(CommandWork work, const CommandContext& context)
 {
     return [work, context](CommandCall& call, const CommandArguments& arguments) {
         work(call, arguments, context);

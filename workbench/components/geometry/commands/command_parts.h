@@ -15,8 +15,7 @@ namespace fennar::geometry {
 using CommandWork = void (*)(CommandCall& call, const CommandArguments& arguments,
                              const CommandContext& context);
 /** For Command::perform. */
-std::function<void(CommandCall&, const CommandArguments&)> performing(CommandWork work,
-                                                                      const CommandContext& context);
+decltype(Command::perform) performing(CommandWork work, const CommandContext& context);
 
 /** Those that make and measure meshes. */
 QList<Command> mesh_commands(const CommandContext& context);

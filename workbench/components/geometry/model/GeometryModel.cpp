@@ -4,6 +4,7 @@
 #include "workbench/components/geometry/model/GeometryModel.h"
 
 #include "workbench/components/geometry/model/GeometryError.h"
+#include "workbench/components/geometry/model/ShapeKernel.h"
 
 #include <algorithm>
 #include <cmath>
@@ -91,7 +92,7 @@ int GeometryModel::brick(const Point3& size, const Point3& center, const QString
     check_length(size.y, u"the depth"_s);
     check_length(size.z, u"the height"_s);
     check_position(center, u"the center"_s);
-    return make(u"brick"_s, name, [&] { return Shape::brick(size, center); });
+    return make(u"brick"_s, name, [&] { return ShapeKernel::get().brick(size, center); });
 }
 
 int GeometryModel::cylinder(double radius, double height, const Point3& center, const Point3& axis,
@@ -101,14 +102,14 @@ int GeometryModel::cylinder(double radius, double height, const Point3& center, 
     check_length(height, u"the height"_s);
     check_position(center, u"the center"_s);
     const Point3 up = unit(axis);
-    return make(u"cylinder"_s, name, [&] { return Shape::cylinder(radius, height, center, up); });
+    return make(u"cylinder"_s, name, [&] { return ShapeKernel::get().cylinder(radius, height, center, up); });
 }
 
 int GeometryModel::sphere(double radius, const Point3& center, const QString& name)
 {
     check_length(radius, u"the radius"_s);
     check_position(center, u"the center"_s);
-    return make(u"sphere"_s, name, [&] { return Shape::sphere(radius, center); });
+    return make(u"sphere"_s, name, [&] { return ShapeKernel::get().sphere(radius, center); });
 }
 
 int GeometryModel::cone(double bottom_radius, double top_radius, double height, const Point3& center,
@@ -124,8 +125,8 @@ int GeometryModel::cone(double bottom_radius, double top_radius, double height, 
     return make(u"cone"_s, name, [&] {
         // The kernel knows no cone whose sides do not meet.
         if (std::abs(bottom_radius - top_radius) < least_length / 100)
-            return Shape::cylinder(bottom_radius, height, center, up);
-        return Shape::cone(bottom_radius, top_radius, height, center, up);
+            return ShapeKernel::get().cylinder(bottom_radius, height, center, up);
+        return ShapeKernel::get().cone(bottom_radius, top_radius, height, center, up);
     });
 }
 
@@ -138,7 +139,7 @@ int GeometryModel::torus(double radius, double tube_radius, const Point3& center
         throw GeometryError(u"the radius of the tube must be less than the radius of the torus"_s);
     check_position(center, u"the center"_s);
     const Point3 up = unit(axis);
-    return make(u"torus"_s, name, [&] { return Shape::torus(radius, tube_radius, center, up); });
+    return make(u"torus"_s, name, [&] { return ShapeKernel::get().torus(radius, tube_radius, center, up); });
 }
 
 void GeometryModel::move(const QList<int>& ids, const Point3& by)
@@ -182,18 +183,18 @@ void GeometryModel::rename(int id, const QString& name)
 
 void GeometryModel::unite(const QList<int>& ids, const ShapeListener& listener)
 {
-    combine(ids, u"nothing would be left"_s, &Shape::united, listener);
+    combine(ids, u"nothing would be left"_s, &ShapeKernel::united, listener);
 }
 
 void GeometryModel::subtract(int id, const QList<int>& tools, const ShapeListener& listener)
 {
     combine(QList<int>{id} + tools, u"nothing would be left of \"%1\""_s.arg(entry(id).name),
-            &Shape::subtracted, listener);
+            &ShapeKernel::subtracted, listener);
 }
 
 void GeometryModel::intersect(const QList<int>& ids, const ShapeListener& listener)
 {
-    combine(ids, u"the solids have nothing in common"_s, &Shape::intersected, listener);
+    combine(ids, u"the solids have nothing in common"_s, &ShapeKernel::intersected, listener);
 }
 
 void GeometryModel::remove(const QList<int>& ids)
@@ -295,7 +296,7 @@ void GeometryModel::transform(const QList<int>& ids, const Change& change)
     }
 }
 
-void GeometryModel::combine(const QList<int>& ids, const QString& nothing_left, Combine combine_shapes,
+void GeometryModel::combine(const QList<int>& ids, const QString& nothing_left, Operation operation,
                             const ShapeListener& listener)
 {
     check_ids(ids);
@@ -305,7 +306,7 @@ void GeometryModel::combine(const QList<int>& ids, const QString& nothing_left, 
     for (const int id : ids)
         shapes << shape(id);
     const qint64 revision = mRevision;
-    const Shape result = combine_shapes(shapes, listener);
+    const Shape result = (ShapeKernel::get().*operation)(shapes, listener);
     if (result.empty())
         throw GeometryError(nothing_left);
     checked(result);

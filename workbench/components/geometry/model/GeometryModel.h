@@ -18,6 +18,8 @@
 
 namespace fennar::geometry {
 
+class ShapeKernel;
+
 /** All of a GeometryModel as plain data: what a file of the model holds. */
 struct GeometryContents
 {
@@ -181,8 +183,8 @@ private:
     int insert(const QString& kind, const QString& name, const Shape& shape);
     template <typename Change>
     void transform(const QList<int>& ids, const Change& change);
-    using Combine = Shape (*)(const QList<Shape>& shapes, const ShapeListener& listener);
-    void combine(const QList<int>& ids, const QString& nothing_left, Combine combine_shapes,
+    using Operation = Shape (ShapeKernel::*)(const QList<Shape>& shapes, const ShapeListener& listener) const;
+    void combine(const QList<int>& ids, const QString& nothing_left, Operation operation,
                  const ShapeListener& listener);
     void forget(int id);
     void set_shape(int id, const Shape& shape);

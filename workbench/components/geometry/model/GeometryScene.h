@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "workbench/components/geometry/model/tessellate.h"
+#include "workbench/components/geometry/model/Shape.h"
 
 #include <QObject>
 #include <QThread>
@@ -39,10 +39,10 @@ class GeometryScene : public QObject
 public:
     /**
      * @param model, scene  must outlive this object.
-     * @param prepare       prepare_tessellation(), or what tests put in its place.
+     * @param prepare       Shape::prepare_tessellation(), or what tests put in its place.
      */
     GeometryScene(const GeometryModel& model, Scene& scene,
-                  std::function<Tessellation(const Shape& shape)> prepare = &prepare_tessellation);
+                  std::function<Tessellation(const Shape& shape)> prepare = &Shape::prepare_tessellation);
     ~GeometryScene() override;
 
     /** Whether shapes are still to come. */

@@ -62,47 +62,6 @@ const ShapeKernel& ShapeKernel::get()
     return kernel;
 }
 
-Shape Shape::brick(const Point3& size, const Point3& center)
-{
-    return ShapeKernel::get().brick(size, center);
-}
-
-Shape Shape::cylinder(double radius, double height, const Point3& center, const Point3& axis)
-{
-    return ShapeKernel::get().cylinder(radius, height, center, axis);
-}
-
-Shape Shape::sphere(double radius, const Point3& center)
-{
-    return ShapeKernel::get().sphere(radius, center);
-}
-
-Shape Shape::cone(double bottom_radius, double top_radius, double height, const Point3& center,
-                  const Point3& axis)
-{
-    return ShapeKernel::get().cone(bottom_radius, top_radius, height, center, axis);
-}
-
-Shape Shape::torus(double radius, double tube_radius, const Point3& center, const Point3& axis)
-{
-    return ShapeKernel::get().torus(radius, tube_radius, center, axis);
-}
-
-Shape Shape::united(const QList<Shape>& shapes, const ShapeListener& listener)
-{
-    return ShapeKernel::get().united(shapes, listener);
-}
-
-Shape Shape::subtracted(const QList<Shape>& shapes, const ShapeListener& listener)
-{
-    return ShapeKernel::get().subtracted(shapes, listener);
-}
-
-Shape Shape::intersected(const QList<Shape>& shapes, const ShapeListener& listener)
-{
-    return ShapeKernel::get().intersected(shapes, listener);
-}
-
 Shape Shape::joined(const QList<Shape>& shapes)
 {
     return shapes.size() == 1 ? shapes.first() : ShapeKernel::get().joined(shapes);
@@ -114,51 +73,6 @@ Shape Shape::from_brep(const QByteArray& brep)
     const bool is_whole = brep.left(200).contains("CASCADE Topology") && ends_brep(brep.right(64)) &&
                           has_room_for_its_counts(brep);
     return is_whole ? ShapeKernel::get().from_brep(brep) : Shape();
-}
-
-Shape Shape::moved(const Point3& by) const
-{
-    return by == Point3() ? *this : mBody->moved(by);
-}
-
-Shape Shape::rotated(double angle, const Point3& point, const Point3& axis) const
-{
-    return angle == 0 ? *this : mBody->rotated(angle, point, axis);
-}
-
-const SolidMeasures& Shape::measures() const
-{
-    return mBody->measures();
-}
-
-const Box3& Shape::box() const
-{
-    return mBody->box();
-}
-
-Box3 Shape::outer_box() const
-{
-    return mBody->outer_box();
-}
-
-QList<FaceMeasures> Shape::faces() const
-{
-    return mBody->faces();
-}
-
-QByteArray Shape::brep() const
-{
-    return mBody->brep();
-}
-
-qint64 Shape::memory() const
-{
-    return mBody->memory();
-}
-
-Tessellation prepare_tessellation(const Shape& shape)
-{
-    return shape.body()->prepare_tessellation();
 }
 
 } // namespace fennar::geometry

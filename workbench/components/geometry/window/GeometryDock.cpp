@@ -47,8 +47,8 @@ GeometryDock::GeometryDock(const GeometryModel& model, QWidget* parent)
     : QDockWidget(parent),
       mModel(model),
       mTree(new QTreeWidget(this)),
-      mSolids(nullptr),
-      mMesh(nullptr),
+      mSolids(make_branch(mTree, tr("Solids"))),
+      mMesh(make_branch(mTree, tr("Mesh"))),
       mMenu(new QMenu(this))
 {
     setObjectName(u"GeometryModelDock"_s);
@@ -65,8 +65,6 @@ GeometryDock::GeometryDock(const GeometryModel& model, QWidget* parent)
     mTree->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     setWidget(mTree);
     mMenu->setObjectName(u"GeometryModelMenu"_s);
-    mSolids = make_branch(mTree, tr("Solids"));
-    mMesh = make_branch(mTree, tr("Mesh"));
 
     connect(mTree, &QTreeWidget::itemSelectionChanged, this, &GeometryDock::selection_changed);
     connect(mTree, &QWidget::customContextMenuRequested, this,

@@ -79,7 +79,7 @@ void TstGeometryScene::tear_down()
 void TstGeometryScene::make_waiting_scene()
 {
     mSolids = std::make_unique<GeometryScene>(*mModel, *mScene, [this](const Shape& shape) -> Tessellation {
-        return [this, real = prepare_tessellation(shape)](const std::atomic<bool>& stop) {
+        return [this, real = shape.prepare_tessellation()](const std::atomic<bool>& stop) {
             ++mMade;
             while (!mGo.tryAcquire(1, 10)) {
                 if (stop)
@@ -194,7 +194,7 @@ void TstGeometryScene::shape_that_fails_is_none()
     mScene->add_viewer();
     mSolids = std::make_unique<GeometryScene>(*mModel, *mScene, [&](const Shape& shape) -> Tessellation {
         if (shape.measures().volume > 2)
-            return prepare_tessellation(shape);
+            return shape.prepare_tessellation();
         if (at_once)
             throw GeometryError(u"no"_s);
         return [](const std::atomic<bool>&) { return nullptr; };
@@ -256,7 +256,7 @@ void TstGeometryScene::surfaces_face_outwards_and_are_closed()
     }
     mModel->rotate({1}, 77, center, {3, 1, 0});
     const std::atomic<bool> stop = false;
-    const auto shape = prepare_tessellation(mModel->shape(1))(stop);
+    const auto shape = mModel->shape(1).prepare_tessellation()(stop);
     QVERIFY(shape && shape->normals.size() == shape->corners.size());
     double volume = 0;
     for (std::size_t i = 0; i < shape->corners.size(); i += 3) {
@@ -277,7 +277,7 @@ void TstGeometryScene::edges_are_those_that_are_seen()
 {
     const std::atomic<bool> stop = false;
     const auto pieces = [&](int id) {
-        return prepare_tessellation(mModel->shape(id))(stop)->lines.size() / 2;
+        return mModel->shape(id).prepare_tessellation()(stop)->lines.size() / 2;
     };
     QCOMPARE(pieces(mModel->brick({1, 2, 3})), 12U);
     QCOMPARE(pieces(mModel->sphere(1)), 0U);
