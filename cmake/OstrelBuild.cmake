@@ -32,6 +32,12 @@ if(OSTREL_MOLD)
     add_link_options(-fuse-ld=mold)
 endif()
 
+# The interpreter for scripts of the build and of tests. What is called python3 may be a script that looks for one among many,
+# which takes it longer than most of ours run.
+find_program(OSTREL_PYTHON3 python3 REQUIRED)
+execute_process(COMMAND ${OSTREL_PYTHON3} -c "import sys; print(sys.executable, end='')"
+    OUTPUT_VARIABLE OSTREL_PYTHON3 COMMAND_ERROR_IS_FATAL ANY)
+
 add_library(ostrel_house INTERFACE)
 target_compile_features(ostrel_house INTERFACE cxx_std_20)
 target_compile_options(ostrel_house INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
