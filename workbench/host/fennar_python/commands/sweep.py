@@ -9,26 +9,24 @@ leaves a record in JSON. With a client of Dask the cases run on its workers, wit
 
 from __future__ import annotations
 
-import concurrent.futures
 import dataclasses
-import hashlib
 import importlib
 import itertools
 import json
 import math
 import numbers
 import os
-import pathlib
-import queue
 import re
-import shutil
-import subprocess
 import sys
-import tempfile
-import threading
-import uuid
 from collections.abc import Callable, Iterable, Iterator, Mapping, Sequence
-from typing import Any, overload
+from typing import TYPE_CHECKING, Any, overload
+
+# What takes long to load is imported where it is used: the module fennar loads this file, and few of its users sweep.
+if TYPE_CHECKING:
+    import concurrent.futures
+    import pathlib
+    import queue
+    import subprocess
 
 __all__ = ["Row", "Table", "read_records", "sweep"]
 
@@ -168,6 +166,8 @@ def paths_of(paths: Path | Iterable[Path]) -> list[Path]:
 
 def read_records(paths: Path | Iterable[Path]) -> Table:
     """The table of runs that "fennar --batch --json FILE" has recorded in these files, in their order."""
+    import pathlib
+
     return Table(row_of(json.loads(pathlib.Path(path).read_text(encoding="utf-8"))) for path in paths_of(paths))
 
 
@@ -191,6 +191,8 @@ class Case:
 
     def key(self) -> str:
         """The same for cases that would do the same, however the sweep is written."""
+        import hashlib
+
         digest = hashlib.sha256(json.dumps([self.journal, sorted(self.parameters.items())]).encode())
         for name, content in sorted(self.files.items()):
             digest.update(f"\0{name}\0{len(content)}\0".encode() + content)
@@ -199,6 +201,8 @@ class Case:
 
 def program_beside() -> str | None:
     """Where the program is that this file came with, if it came as a file; or the one that runs this Python itself."""
+    import pathlib
+
     file = globals().get("__file__")
     folders = list(pathlib.Path(file).resolve().parents)[:6] if file else []
     found = [folder / "bin" / "fennar" for folder in folders] + [pathlib.Path("/proc/self/exe").resolve()]
@@ -207,6 +211,8 @@ def program_beside() -> str | None:
 
 def find_program(program: str | None, beside: str | None) -> str:
     """The program's path: as given, as the environment says, beside this file, or as the shell would find it."""
+    import shutil
+
     found = program or os.environ.get("FENNAR_PROGRAM")
     path = shutil.which(found or beside or "fennar") or (None if found else shutil.which("fennar"))
     if not path:
@@ -248,6 +254,10 @@ Started = Callable[["subprocess.Popen[str]"], None]
 
 
 def run_once(case: Case, program: str, started: Started | None) -> Record:
+    import pathlib
+    import subprocess
+    import tempfile
+
     # In a folder of its own, so that cases do not write over each other's files.
     with tempfile.TemporaryDirectory(prefix="fennar-sweep-", ignore_cleanup_errors=True) as name:
         folder = pathlib.Path(name)
@@ -350,6 +360,10 @@ def combinations(journal: str, text: str, lists: Mapping[str, Any]) -> list[dict
 
 def run_here(cases: list[Case], workers: int | None) -> Iterator[tuple[int, Record]]:
     """The records of the cases, as they end. A thread waits for each process."""
+    import concurrent.futures
+    import queue
+    import threading
+
     running: set[subprocess.Popen[str]] = set()
     lock = threading.Lock()
     stopped = False
@@ -386,6 +400,8 @@ def run_here(cases: list[Case], workers: int | None) -> Iterator[tuple[int, Reco
 
 def run_on(client: Any, cases: list[Case]) -> Iterator[tuple[int, Record]]:
     """The records of the cases, as they end on the workers of a Dask cluster."""
+    import uuid
+
     cloudpickle: Any = importlib.import_module("cloudpickle")
     distributed: Any = importlib.import_module("distributed")
     # The workers need not have this module: its functions are sent as what they do.
@@ -438,6 +454,8 @@ def run_on(client: Any, cases: list[Case]) -> Iterator[tuple[int, Record]]:
 
 
 def read_files(journal: pathlib.Path, files: Path | Iterable[Path]) -> dict[str, bytes]:
+    import pathlib
+
     content = {journal.name: journal.read_bytes()}
     for name in paths_of(files):
         path = pathlib.PurePath(name)
@@ -490,6 +508,8 @@ def sweep(
     costs that case only: its row tells why. An unknown parameter, and a value that none can have, raise before any case
     begins. TypeError, ValueError, OSError.
     """
+    import pathlib
+
     path = pathlib.Path(journal)
     content = read_files(path, files)
     if workers is not None and workers < 1:
