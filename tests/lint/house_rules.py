@@ -148,10 +148,11 @@ def no_clocks(tree):
     takes long is measured by ./bench. Processor time may be compared with processor time, and deadlines that have
     passed or never come may be handed to what is tested."""
     seen = [p for p in tree if is_code(p) and folder_of(p) == "tests" and p != "tests/support/patience.h"]
-    pattern = (r"\bQElapsedTimer\b|\b(steady|system|high_resolution|file)_clock::now\b|\bQDeadlineTimer::current\b"
-               r"|\bQDeadlineTimer\b(\s+\w+)?\s*[({](?!\s*(0|QDeadlineTimer::Forever)\s*[)}])"
-               r"|\bcurrentM?SecsSinceEpoch\b|\bQTime::currentTime\b|\bn?m?secsElapsed\b|[.>]elapsed\s*\("
-               r"|\bclock_gettime\b|\bgettimeofday\b|\btime\s*\(\s*(nullptr|NULL|0)\s*\)")
+    # One look for the beginning of a word, not one for each of them: this is half the time of all rules.
+    pattern = (r"\b(?:QElapsedTimer\b|(?:steady|system|high_resolution|file)_clock::now\b|QDeadlineTimer::current\b"
+               r"|QDeadlineTimer\b(\s+\w+)?\s*[({](?!\s*(0|QDeadlineTimer::Forever)\s*[)}])"
+               r"|currentM?SecsSinceEpoch\b|QTime::currentTime\b|n?m?secsElapsed\b"
+               r"|clock_gettime\b|gettimeofday\b|time\s*\(\s*(nullptr|NULL|0)\s*\))|[.>]elapsed\s*\(")
     return seen, [b for p in seen for b in matches(pattern, p, without_strings(tree[p]), "asks the clock")]
 
 
