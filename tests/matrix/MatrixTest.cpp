@@ -6,7 +6,6 @@
 #include "Stage.h"
 #include "acts.h"
 #include "frame/Ostrel.h"
-#include "support/KeptIcons.h"
 #include "support/describe_window.h"
 
 #include <QApplication>
@@ -52,7 +51,6 @@ QList<TakenWays> take_ways(std::span<const Flow> flows)
 
 void MatrixTest::initTestCase()
 {
-    QApplication::setStyle(new KeptIcons);
     arm();
     mTaken = take_ways(mFlows);
     disarm();

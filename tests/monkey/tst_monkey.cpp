@@ -6,7 +6,6 @@
 #include "frame/MainFrame.h"
 #include "frame/Ostrel.h"
 #include "journal/JournalFindDialog.h"
-#include "support/KeptIcons.h"
 #include "support/TestCase.h"
 #include "support/random_seed.h"
 #include "support/statics.h"
@@ -102,7 +101,6 @@ QStringList play(quint32 seed)
 void TstMonkey::initTestCase()
 {
     QApplication::setCursorFlashTime(0);
-    QApplication::setStyle(new KeptIcons);
 }
 
 void TstMonkey::shell_bears_acts_inside_acts_data()

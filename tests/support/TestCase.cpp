@@ -3,6 +3,8 @@
 
 #include "support/TestCase.h"
 
+#include "support/KeptIcons.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -142,6 +144,7 @@ int run_test(int argc, char** argv)
     QCoreApplication::setOrganizationName(u"ostrel-tests"_s);
     QCoreApplication::setApplicationName(u"ostrel-tests"_s);
     QApplication application(argc, argv);
+    QApplication::setStyle(new KeptIcons);
     const std::unique_ptr<QObject> test = found->make();
     return QTest::qExec(test.get(), argc, argv);
 }
