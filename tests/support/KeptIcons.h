@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QGuiApplication>
 #include <QHash>
 #include <QIcon>
 #include <QProxyStyle>
@@ -24,6 +25,9 @@ public:
 
     QIcon standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const override
     {
+        // Some are mirrored then.
+        if (QGuiApplication::isRightToLeft())
+            return QProxyStyle::standardIcon(which, option, widget);
         const auto kept = mIcons.constFind(which);
         if (kept != mIcons.cend())
             return *kept;

@@ -16,6 +16,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QTextBlock>
 
 using namespace Qt::StringLiterals;
@@ -72,7 +73,7 @@ void add_journal_check(ComponentContext& context, CommandInterpreter& interprete
     action->setObjectName(u"checkJournal"_s);
     action->setShortcut(Qt::Key_F7);
     action->setShortcutVisibleInContextMenu(true);
-    const JournalEditor* const editor = context.window()->journal_editor();
+    const QPointer<const JournalEditor> editor = context.window()->journal_editor();
     QObject::connect(action, &QAction::triggered, action, [=, &interpreter] {
         if (QPlainTextEdit* const journal = current_journal(editor))
             check(journal, action, interpreter, print, print_error);

@@ -119,6 +119,13 @@ void renew_extension_signs()
     }
 }
 
+/** The name to set the application's style by; that of a style in front of another is that of the other. */
+QString name_of_style()
+{
+    const auto* const proxy = qobject_cast<const QProxyStyle*>(QApplication::style());
+    return (proxy ? proxy->baseStyle() : QApplication::style())->name();
+}
+
 } // namespace
 
 ColourScheme::ColourScheme(CommandRegistry& registry) : mRegistry(registry)
@@ -175,7 +182,7 @@ void ColourScheme::set_scheme(Scheme scheme, bool keep)
     mScheme = scheme;
     const bool own = scheme != Scheme::System;
     if (own && mSystemStyle.isEmpty())
-        mSystemStyle = QApplication::style()->name();
+        mSystemStyle = name_of_style();
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
     QGuiApplication::styleHints()->setColorScheme(own ? scheme == Scheme::Dark ? Qt::ColorScheme::Dark
                                                                                : Qt::ColorScheme::Light

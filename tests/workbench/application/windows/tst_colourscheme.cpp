@@ -174,6 +174,7 @@ void TstColourScheme::command_changes_all_windows_and_is_kept()
     QCOMPARE(kept(), u"dark"_s);
     end();
     QCOMPARE(QApplication::palette(), system);
+    QCOMPARE(QApplication::style()->name(), u"fusion"_s);
 
     start();
     QVERIFY(is_dark(Ostrel::instance()->palette()));
@@ -182,6 +183,7 @@ void TstColourScheme::command_changes_all_windows_and_is_kept()
              scheme_palette(false).color(QPalette::Highlight));
     enter(u"scheme system"_s);
     QCOMPARE(QApplication::palette(), system);
+    QCOMPARE(QApplication::style()->name(), u"fusion"_s);
     QCOMPARE(kept(), u"system"_s);
 }
 

@@ -407,7 +407,7 @@ QByteArray KernelShape::brep() const
 
 } // namespace fennar::geometry
 
-extern "C" Q_DECL_EXPORT const fennar::geometry::ShapeKernel& fennar_shape_kernel()
+extern "C" Q_DECL_EXPORT const fennar::geometry::ShapeKernel& FENNAR_SHAPE_KERNEL()
 {
     static const fennar::geometry::CadKernel kernel = [] {
         fennar::geometry::make_quiet();

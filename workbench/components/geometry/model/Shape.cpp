@@ -18,7 +18,7 @@ namespace fennar::geometry {
 
 namespace {
 
-constexpr auto kernel_function = "fennar_shape_kernel";
+constexpr auto kernel_function = QT_STRINGIFY(FENNAR_SHAPE_KERNEL);
 
 const ShapeKernel& load_kernel()
 {
@@ -26,7 +26,7 @@ const ShapeKernel& load_kernel()
     void* function = dlsym(RTLD_DEFAULT, kernel_function);
     if (!function) {
         const QByteArray path = QFile::encodeName(program_folder().filePath(u"fennar-kernel.so"_s));
-        if (void* const module = dlopen(path.constData(), RTLD_LAZY | RTLD_LOCAL))
+        if (void* const module = dlopen(path.constData(), RTLD_NOW | RTLD_LOCAL))
             function = dlsym(module, kernel_function);
     }
     if (!function)

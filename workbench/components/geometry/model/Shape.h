@@ -98,7 +98,7 @@ public:
     /** The box around it, along the axes, exact to six digits. Measured once: around a torus that takes as
      * long as to load the kernel. */
     const Box3& box() const { return mBody->box(); }
-    /** A box that holds it, too, and may be a tenth larger; in no time. */
+    /** A box that holds it, too, and may be much larger around what is round; in no time. */
     Box3 outer_box() const { return mBody->outer_box(); }
 
     /** Measured anew each time, in the kernel's order, which is the same for the same shape. A face between

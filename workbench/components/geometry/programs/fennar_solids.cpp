@@ -32,14 +32,17 @@
 #include <STEPControl_Writer.hxx>
 #include <ShapeAnalysis_Shell.hxx>
 #include <ShapeFix_Shell.hxx>
-#include <ShapeFix_Solid.hxx>
 #include <Standard_Failure.hxx>
 #include <TopExp.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
 #include <TopoDS.hxx>
 #include <TopoDS_Compound.hxx>
+#include <TopoDS_Iterator.hxx>
 #include <TopoDS_Solid.hxx>
+#include <algorithm>
+#include <cmath>
 #include <string>
+#include <vector>
 
 using namespace fennar::geometry;
 
@@ -106,20 +109,52 @@ TopTools_IndexedMapOfShape solids_of(const TopoDS_Shape& shape)
     return solids;
 }
 
-/** The solid with its faces outwards, which volume, picture and mesh rely on: some other program may have
- * written the file. The readers of the other formats see to that themselves. */
-TopoDS_Shape facing_outwards(const TopoDS_Shape& solid)
+double volume_of(const TopoDS_Shape& shape)
+{
+    GProp_GProps volume;
+    BRepGProp::VolumeProperties(shape, volume);
+    return volume.Mass();
+}
+
+/** The faces of a shell, all on one side of it. */
+TopoDS_Shape in_one_direction(const TopoDS_Shape& shell)
 {
     ShapeAnalysis_Shell orientation;
-    orientation.LoadShells(solid);
-    GProp_GProps volume;
-    BRepGProp::VolumeProperties(solid, volume);
-    if (!orientation.CheckOrientedShells(solid) && volume.Mass() > 0)
-        return solid;
-    ShapeFix_Solid fix(TopoDS::Solid(solid));
-    fix.FixShellTool()->FixFaceMode() = 0;
-    fix.Perform();
-    return fix.Solid();
+    orientation.LoadShells(shell);
+    if (!orientation.CheckOrientedShells(shell))
+        return shell;
+    ShapeFix_Shell fix;
+    fix.FixFaceOrientation(TopoDS::Shell(shell));
+    return fix.Shell();
+}
+
+/** The solid with its faces away from what it is filled with, which volume, picture and mesh rely on: some
+ * other program may have written the file. The readers of the other formats see to that themselves. */
+TopoDS_Shape facing_outwards(const TopoDS_Shape& solid)
+{
+    std::vector<TopoDS_Shape> shells;
+    std::vector<double> volumes;
+    for (TopoDS_Iterator part(solid); part.More(); part.Next()) {
+        if (part.Value().ShapeType() != TopAbs_SHELL)
+            return solid; // a point in it, say, which no reader of ours would mind
+        shells.push_back(in_one_direction(part.Value()));
+        volumes.push_back(volume_of(shells.back()));
+    }
+    // The outer shell holds those of the cavities.
+    const auto smaller = [](double a, double b) { return std::abs(a) < std::abs(b); };
+    const auto outer = std::max_element(volumes.begin(), volumes.end(), smaller) - volumes.begin();
+    TopoDS_Solid result;
+    BRep_Builder builder;
+    builder.MakeSolid(result);
+    bool is_turned = false;
+    TopoDS_Iterator before(solid);
+    for (std::size_t i = 0; i < shells.size(); ++i, before.Next()) {
+        if ((volumes[i] > 0) != (std::ptrdiff_t(i) == outer))
+            shells[i].Reverse();
+        is_turned = is_turned || !shells[i].IsEqual(before.Value());
+        builder.Add(result, shells[i]);
+    }
+    return is_turned ? TopoDS_Shape(result) : solid;
 }
 
 void read_file(const Job& job)

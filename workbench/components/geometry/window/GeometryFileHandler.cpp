@@ -26,7 +26,10 @@ namespace fennar::geometry {
 
 GeometryFileHandler::GeometryFileHandler(Ostrel* window, GeometryDocument& document)
     : mWindow(window), mDocument(document)
-{}
+{
+    if (mWindow)
+        mQuestion.emplace();
+}
 
 OstrelFileMenu* GeometryFileHandler::menu() const
 {
@@ -89,7 +92,7 @@ void GeometryFileHandler::save_file(const QString& file)
 {
     // A command that runs has asked for it, or asks about unsaved changes: another one would have to wait.
     if (!mForCommand && !Fennar::instance().interpreter().is_running()) {
-        const QPointer<SaveQuestion> self = &mQuestion;
+        const QPointer<SaveQuestion> self = &*mQuestion;
         send_command(file == mDocument.file() ? u"save"_s : u"save "_s + quote_word(file));
         // Whatever else has waited for the console has run by now, too.
         if (self)
@@ -104,8 +107,8 @@ void GeometryFileHandler::save_file(const QString& file)
 
 void GeometryFileHandler::save_file_as(const QString& file, const QString&)
 {
-    const QPointer<SaveQuestion> self = &mQuestion;
-    if (mQuestion.may_write(mWindow, file)) {
+    const QPointer<SaveQuestion> self = &*mQuestion;
+    if (mQuestion->may_write(mWindow, file)) {
         save_file(file);
     } else if (self && Ostrel::instance()) {
         mSaveFailed = true;
@@ -117,7 +120,7 @@ void GeometryFileHandler::set_directory()
 {
     QString start;
     OstrelFileMenu::get_path(start);
-    const QPointer<SaveQuestion> self = &mQuestion;
+    const QPointer<SaveQuestion> self = &*mQuestion;
     const QString directory = modal_dialogs::ask_directory(mWindow, tr("Set Directory"), start);
     if (directory.isEmpty() || !self || !Ostrel::instance())
         return;

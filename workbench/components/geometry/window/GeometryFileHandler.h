@@ -75,7 +75,8 @@ private:
     qint64 mDiscarded = -1;
     /** The file menu clears the modified state behind each saving, and must not after one that has failed. */
     bool mSaveFailed = false;
-    SaveQuestion mQuestion;
+    /** None without a window: it follows the dialogs of the whole program. */
+    std::optional<SaveQuestion> mQuestion;
     bool mForCommand = false;
     QString mFailure;
 };

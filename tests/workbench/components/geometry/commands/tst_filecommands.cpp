@@ -312,32 +312,43 @@ void TstFileCommands::pieces_come_back_as_solids()
 void TstFileCommands::faces_of_a_file_are_turned_outwards_data()
 {
     QTest::addColumn<QString>("solid");
+    QTest::addColumn<int>("shell");
     QTest::addColumn<int>("turned");
     QTest::addColumn<double>("volume");
     const QString hollow = u"brick 10\nbrick 5 name d\nsubtract d from 1"_s;
-    QTest::newRow("none") << u"brick 10"_s << 0 << 1000.0;
-    QTest::newRow("one") << u"brick 10"_s << 1 << 1000.0;
-    QTest::newRow("all") << u"brick 10"_s << 6 << 1000.0;
-    QTest::newRow("one of a cylinder") << u"cylinder 4 10"_s << 1 << 502.65;
-    QTest::newRow("one beside a cavity") << hollow << 1 << 875.0;
+    QTest::newRow("none") << u"brick 10"_s << 1 << 0 << 1000.0;
+    QTest::newRow("one") << u"brick 10"_s << 1 << 1 << 1000.0;
+    QTest::newRow("all") << u"brick 10"_s << 1 << 6 << 1000.0;
+    QTest::newRow("one of a cylinder") << u"cylinder 4 10"_s << 1 << 1 << 502.65;
+    QTest::newRow("one of each of two shells") << hollow << 0 << 1 << 875.0;
+    for (const int shell : {1, 2}) {
+        QTest::addRow("one of shell %d of a hollow brick", shell) << hollow << shell << 1 << 875.0;
+        QTest::addRow("shell %d of a hollow brick", shell) << hollow << shell << 6 << 875.0;
+    }
 }
 
 void TstFileCommands::faces_of_a_file_are_turned_outwards()
 {
     QFETCH(const QString, solid);
+    QFETCH(const int, shell);
     QFETCH(const int, turned);
     QFETCH(const double, volume);
     make({solid, u"export a.brep"_s, u"delete all"_s});
     // The faces of a shell stand in one line, each with a sign that tells its side.
     QByteArray content = read(u"a.brep"_s);
-    qsizetype at = content.indexOf("\nSh\n");
-    at = content.indexOf("00\n", at) + 3;
-    for (int i = 0; i < turned; ++i) {
-        content[at] = content[at] == '+' ? '-' : '+';
-        at = content.indexOf(" 0 ", at) + 3;
+    int shells = 0;
+    for (qsizetype at = content.indexOf("\nSh\n"); at >= 0; at = content.indexOf("\nSh\n", at)) {
+        at = content.indexOf("00\n", at) + 3;
+        ++shells;
+        for (int i = 0; i < turned && (shell == 0 || shell == shells); ++i) {
+            content[at] = content[at] == '+' ? '-' : '+';
+            at = content.indexOf(" 0 ", at) + 3;
+        }
     }
+    QVERIFY(shells >= shell);
     write(u"b.brep"_s, content);
     make({u"import b.brep"_s, u"mesh size 2"_s, u"export m.stl mesh"_s});
+    QCOMPARE(mModel->ids().size(), 1);
     QVERIFY(std::abs(mModel->measures(mModel->ids()[0]).volume - volume) < 1e-3 * volume);
     const QString answer = output(u"import m.stl"_s);
     const auto told = QRegularExpression(u"closed, volume ([\\d.]+)\\n$"_s).match(answer);

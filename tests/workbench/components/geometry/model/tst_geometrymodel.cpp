@@ -97,6 +97,7 @@ private slots:
     void bad_dimensions_are_refused();
     void extreme_dimensions_are_made();
     void solid_may_be_moved_as_far_as_the_bound();
+    void exact_box_decides_what_is_too_far_away();
     void ids_grow_and_names_tell_kind_and_id();
     void given_names_are_kept_and_taken_ones_refused();
     void automatic_names_give_way_to_given_ones();
@@ -258,6 +259,17 @@ void TstGeometryModel::solid_may_be_moved_as_far_as_the_bound()
     QCOMPARE(failure([&] { model.move({id}, {GeometryModel::farthest, 0, 0}); }), QString());
     const double beyond = std::nextafter(GeometryModel::farthest, 2 * GeometryModel::farthest);
     QVERIFY(failure([&] { model.move({id}, {-beyond, 0, 0}); }).contains(u"within 1e+07"));
+}
+
+void TstGeometryModel::exact_box_decides_what_is_too_far_away()
+{
+    GeometryModel model;
+    const auto torus = [&model](double x) { model.torus(9e5, 1e5, {x, 0, 0}, {1, 1, 1}); };
+    // It reaches 832 thousand from its center, and the quicker box much farther.
+    QCOMPARE(failure([&] { torus(9'165'000); }), QString());
+    QVERIFY(failure([&] { torus(9'166'000); }).contains(u"within 1e+07"));
+    QCOMPARE(failure([&] { model.sphere(1e6, {8'999'999, 0, 0}); }), QString());
+    QVERIFY(failure([&] { model.sphere(1e6, {9'000'001, 0, 0}); }).contains(u"within 1e+07"));
 }
 
 void TstGeometryModel::ids_grow_and_names_tell_kind_and_id()

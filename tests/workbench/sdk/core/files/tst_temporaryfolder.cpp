@@ -11,6 +11,7 @@
 #include <QTest>
 
 #include <csignal>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -54,6 +55,7 @@ void TstTemporaryFolder::signal_removes_it_while_the_program_makes_folders()
         const QTemporaryDir all;
         const pid_t child = fork();
         if (child == 0) {
+            prctl(PR_SET_PDEATHSIG, SIGKILL);
             std::signal(SIGINT, SIG_DFL); // Qt Test has a handler of its own
             qputenv("TMPDIR", QFile::encodeName(all.path()));
             TemporaryFolder::remove_on_signals();
