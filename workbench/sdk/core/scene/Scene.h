@@ -109,7 +109,7 @@ signals:
 
 private:
     template <typename Value>
-    void set(int id, Value Item::*part, const Value& value);
+    Q_DECL_HIDDEN void set(int id, Value Item::*part, const Value& value);
 
     std::map<int, Item> mItems;
     int mLastId = 0;
