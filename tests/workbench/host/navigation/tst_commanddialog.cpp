@@ -9,6 +9,7 @@
 #include "workbench/sdk/core/commands/CommandSink.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>

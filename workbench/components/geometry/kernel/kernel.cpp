@@ -407,11 +407,11 @@ QByteArray KernelShape::brep() const
 
 } // namespace fennar::geometry
 
-extern "C" Q_DECL_EXPORT const fennar::geometry::ShapeKernel& FENNAR_SHAPE_KERNEL()
+extern "C" Q_DECL_EXPORT const fennar::geometry::ShapeKernel* FENNAR_SHAPE_KERNEL()
 {
     static const fennar::geometry::CadKernel kernel = [] {
         fennar::geometry::make_quiet();
         return fennar::geometry::CadKernel();
     }();
-    return kernel;
+    return &kernel;
 }

@@ -31,7 +31,7 @@ const ShapeKernel& load_kernel()
     }
     if (!function)
         throw GeometryError(u"the CAD kernel cannot be loaded: "_s + QString::fromLocal8Bit(dlerror()));
-    return reinterpret_cast<const ShapeKernel& (*)()>(function)();
+    return *reinterpret_cast<const ShapeKernel* (*)()>(function)();
 }
 
 /** Whether @p brep could hold as many curves, surfaces and so on as it says. The kernel takes each number on
