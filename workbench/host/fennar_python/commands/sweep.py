@@ -390,12 +390,18 @@ def run_here(cases: list[Case], workers: int | None) -> Iterator[tuple[int, Reco
                 continue
             yield indices.pop(future), future.result()
     finally:
-        with lock:
-            stopped = True
-            for process in running:
-                if process.poll() is None:
-                    process.kill()
-        pool.shutdown(cancel_futures=True)
+        # A user may press Cancel more than once; no program stays behind for that.
+        while True:
+            try:
+                with lock:
+                    stopped = True
+                    for process in running:
+                        if process.poll() is None:
+                            process.kill()
+                pool.shutdown(cancel_futures=True)
+                break
+            except KeyboardInterrupt:
+                continue
 
 
 def run_on(client: Any, cases: list[Case]) -> Iterator[tuple[int, Record]]:
