@@ -27,7 +27,8 @@ namespace {
 
 using Print = std::function<void(const QString& text)>;
 
-/** @param action  has been chosen; when it goes, the rest of the errors is not told. */
+/** Checks a journal and prints its errors. Stops printing if @p action, the chosen entry, is deleted
+ * meanwhile. */
 void check(QPlainTextEdit* journal, const QAction* action, CommandInterpreter& interpreter,
            const Print& print, const Print& print_error)
 {

@@ -53,9 +53,9 @@ std::optional<Scheme> scheme_of(const QString& name)
 }
 
 /**
- * Fusion with two changes for dark grounds. Its boxes to be ticked and its radio buttons get an outline, as
- * theirs is darker than the ground. And its sign that a toolbar has more buttons, which is nearly black, is
- * drawn in the colour of the window's text as that is when the style is set.
+ * Fusion with two changes for dark backgrounds. Check boxes and radio buttons get a lighter outline, since
+ * Fusion's is darker than the background. The sign that a toolbar has more buttons is nearly black in Fusion;
+ * here it has the color that the window's text has when the style is set.
  */
 class SchemeStyle : public QProxyStyle
 {
@@ -90,7 +90,7 @@ public:
         const QIcon plain = QProxyStyle::standardIcon(icon, option, widget);
         if (icon != SP_ToolBarHorizontalExtensionButton && icon != SP_ToolBarVerticalExtensionButton)
             return plain;
-        QIcon coloured;
+        QIcon colored;
         const QList<QSize> sizes = plain.availableSizes();
         for (const QSize& size : sizes) {
             QPixmap pixmap = plain.pixmap(size, 1.0);
@@ -98,9 +98,9 @@ public:
             painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
             painter.fillRect(pixmap.rect(), QApplication::palette().color(QPalette::WindowText));
             painter.end();
-            coloured.addPixmap(pixmap);
+            colored.addPixmap(pixmap);
         }
-        return coloured;
+        return colored;
     }
 };
 

@@ -7,14 +7,14 @@ namespace fennar {
 
 namespace {
 
-struct Colour
+struct SchemeColor
 {
     QPalette::ColorRole role;
     QRgb light;
     QRgb dark;
 };
 
-constexpr Colour colours[] = {
+constexpr SchemeColor colors[] = {
     {QPalette::Window, 0xefefef, 0x2b2f36},
     {QPalette::WindowText, 0x17191c, 0xe4e7eb},
     {QPalette::Base, 0xffffff, 0x1e2126},
@@ -38,7 +38,7 @@ constexpr Colour colours[] = {
 };
 
 /** Those that differ where a widget is disabled. */
-constexpr Colour disabled_colours[] = {
+constexpr SchemeColor disabled_colors[] = {
     {QPalette::WindowText, 0x82878e, 0x868e99},      {QPalette::Text, 0x82878e, 0x868e99},
     {QPalette::ButtonText, 0x82878e, 0x868e99},      {QPalette::Highlight, 0xb9bcc0, 0x4a515c},
     {QPalette::HighlightedText, 0x4d5258, 0xb4bac2},
@@ -49,10 +49,10 @@ constexpr Colour disabled_colours[] = {
 QPalette scheme_palette(bool dark)
 {
     QPalette palette;
-    for (const Colour& colour : colours)
-        palette.setColor(colour.role, QColor(dark ? colour.dark : colour.light));
-    for (const Colour& colour : disabled_colours)
-        palette.setColor(QPalette::Disabled, colour.role, QColor(dark ? colour.dark : colour.light));
+    for (const SchemeColor& color : colors)
+        palette.setColor(color.role, QColor(dark ? color.dark : color.light));
+    for (const SchemeColor& color : disabled_colors)
+        palette.setColor(QPalette::Disabled, color.role, QColor(dark ? color.dark : color.light));
     return palette;
 }
 
