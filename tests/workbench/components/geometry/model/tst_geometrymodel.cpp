@@ -113,6 +113,7 @@ private slots:
     void combined_volumes_add_up();
     void unite_keeps_what_does_not_touch_as_pieces();
     void box_around_parts_of_round_solids_is_tight();
+    void box_touches_a_torus();
     void subtract_makes_a_hole();
     void subtract_may_leave_pieces();
     void subtract_of_all_is_refused();
@@ -503,6 +504,21 @@ void TstGeometryModel::box_around_parts_of_round_solids_is_tight()
     QVERIFY(near(model.box(rest).most, {4, 4, 4}));
     const int ring = model.torus(5, 2, {}, {1, 1, 0});
     QVERIFY(near(model.box(ring).most.z, 7));
+}
+
+void TstGeometryModel::box_touches_a_torus()
+{
+    GeometryModel model;
+    const int upright = model.torus(5, 2, {1, 2, 3});
+    QVERIFY(near(model.box(upright).least, {-6, -5, 1}));
+    QVERIFY(near(model.box(upright).most, {8, 9, 5}));
+    const int tilted = model.torus(5, 2, {1, 2, 3}, {1, 2, -2});
+    const Point3 reach{5 * std::sqrt(8.0) / 3 + 2, 5 * std::sqrt(5.0) / 3 + 2, 5 * std::sqrt(5.0) / 3 + 2};
+    QVERIFY(near(model.box(tilted).least, Point3{1, 2, 3} - reach));
+    QVERIFY(near(model.box(tilted).most, Point3{1, 2, 3} + reach));
+    model.subtract(upright, {model.brick({20, 20, 20}, {11, 2, 3})});
+    QVERIFY(near(model.box(upright).least, {-6, -5, 1}));
+    QVERIFY(near(model.box(upright).most, {1, 9, 5}));
 }
 
 void TstGeometryModel::subtract_makes_a_hole()
