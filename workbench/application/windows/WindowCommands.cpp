@@ -17,9 +17,11 @@
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/builtin_commands.h"
+#include "workbench/sdk/core/files/write_whole_file.h"
 #include "workbench/sdk/core/scene/Scene.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QImageWriter>
@@ -107,15 +109,15 @@ bool has_window(CommandCall& call)
     return false;
 }
 
-QString cannot_be_written(const QString& file)
-{
-    return u"the picture cannot be written to \"%1\""_s.arg(file);
-}
-
-bool save_picture(QWidget* window, const QString& file)
+/** Returns why it failed; empty if the whole picture is there. */
+QString save_picture(QWidget* window, const QString& file)
 {
     OutputRouter::instance().flush();
-    return window->grab().save(file);
+    QBuffer picture;
+    QImageWriter writer(&picture, QFileInfo(file).suffix().toLower().toLatin1());
+    const QString reason = writer.write(window->grab().toImage()) ? write_whole_file(file, {picture.data()})
+                                                                  : writer.errorString();
+    return reason.isEmpty() ? reason : u"the picture cannot be written to \"%1\": %2"_s.arg(file, reason);
 }
 
 QList<CommandFileFilter> picture_filters()
@@ -342,8 +344,8 @@ void take_picture(CommandCall& call, const CommandArguments& arguments, const Tu
             QWidget* window = find_window(name);
             if (!window || !window->isVisible())
                 report(u"ERROR: picture: the window \"%1\" is not shown\n"_s.arg(name));
-            else if (!save_picture(window, path))
-                report(u"ERROR: picture: %1\n"_s.arg(cannot_be_written(path)));
+            else if (const QString failure = save_picture(window, path); !failure.isEmpty())
+                report(u"ERROR: picture: %1\n"_s.arg(failure));
         });
         return;
     }
@@ -351,8 +353,8 @@ void take_picture(CommandCall& call, const CommandArguments& arguments, const Tu
     if (!window || !window->isVisible())
         throw call.error(0, u"the window is not shown; use \"show %1\" before"_s.arg(name));
     wait_until_complete(call, window, turn);
-    if (!save_picture(window, file))
-        throw call.error(1, cannot_be_written(file));
+    if (const QString failure = save_picture(window, file); !failure.isEmpty())
+        throw call.error(1, failure);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "journal/JournalEditor.h"
 #include "menus/OstrelToolsMenu.h"
 #include "options/OptionsPanel.h"
+#include "support/FullDisk.h"
 #include "support/windows.h"
 #include "workbench/application/Workbench.h"
 #include "workbench/application/WorkbenchTest.h"
@@ -33,6 +34,8 @@
 #include <QTimer>
 #include <QTreeWidget>
 
+#include <sys/stat.h>
+
 using namespace fennar;
 using namespace Qt::StringLiterals;
 
@@ -54,6 +57,8 @@ private slots:
     void folded_line_is_opened_in_the_editor();
     void typed_text_goes_into_the_journal();
     void form_of_a_command_is_shown();
+    void picture_that_cannot_be_written_whole_leaves_the_old_one();
+    void picture_does_not_wait_for_the_reader_of_a_pipe();
     void later_picture_shows_what_is_there_then();
     void later_picture_of_a_modal_dialog_is_taken_while_it_waits();
     void later_picture_that_fails_is_told();
@@ -267,6 +272,28 @@ void TstWindowCommands::form_of_a_command_is_shown()
     Fennar::instance().registry().remove(u"nowhere"_s);
 }
 
+void TstWindowCommands::picture_that_cannot_be_written_whole_leaves_the_old_one()
+{
+    const QString file = temp_path(u"full.png"_s);
+    enter(u"picture \"%1\""_s.arg(file));
+    QCOMPARE(QImage(file).size(), Ostrel::instance()->size());
+    {
+        const FullDisk disk(100);
+        const QString answer = enter(u"picture \"%1\""_s.arg(file));
+        QVERIFY2(answer.contains(u"cannot be written to \"%1\": File too large"_s.arg(file)),
+                 qPrintable(answer));
+    }
+    QCOMPARE(QImage(file).size(), Ostrel::instance()->size());
+}
+
+void TstWindowCommands::picture_does_not_wait_for_the_reader_of_a_pipe()
+{
+    const QString file = temp_path(u"pipe.png"_s);
+    QCOMPARE(::mkfifo(QFile::encodeName(file).constData(), 0600), 0);
+    const QString answer = enter(u"picture \"%1\""_s.arg(file));
+    QVERIFY2(answer.contains(u"cannot be written to \"%1\": No such device"_s.arg(file)), qPrintable(answer));
+}
+
 void TstWindowCommands::later_picture_shows_what_is_there_then()
 {
     const QString file = temp_path(u"later.png"_s);
@@ -296,7 +323,8 @@ void TstWindowCommands::later_picture_that_fails_is_told()
 {
     enter(u"picture /no/such/directory/a.png after 0"_s);
     QTRY_VERIFY(page()->toPlainText().contains(
-        u"ERROR: picture: the picture cannot be written to \"/no/such/directory/a.png\"\n"_s));
+        u"ERROR: picture: the picture cannot be written to \"/no/such/directory/a.png\": No such "
+        "file or directory\n"_s));
     enter(u"picture \"%1\" of about after 0"_s.arg(temp_path(u"a.png"_s)));
     QTRY_VERIFY(page()->toPlainText().contains(u"ERROR: picture: the window \"about\" is not shown\n"_s));
     QVERIFY(workbench().console()->error_page()->toPlainText().contains(u"\"about\" is not shown"_s));
