@@ -62,9 +62,11 @@ bool CommandLine::take_value(const QString& argument, const QString& value)
     for (const Taken& taken : all) {
         if (argument != taken.argument)
             continue;
-        taken.value = value;
         if (value.isEmpty())
             mError = argument + " needs "_L1 + taken.what;
+        else if (!taken.value.isEmpty())
+            mError = argument + u" is given twice, for \"%1\" and \"%2\""_s.arg(taken.value, value);
+        taken.value = value;
         return true;
     }
     return false;
@@ -87,8 +89,9 @@ void CommandLine::take_setting(const QString& word)
 
 void CommandLine::check_together()
 {
-    if (!mCheck.isEmpty() && (mBatch || !mJournal.isEmpty() || !mFile.isEmpty()))
-        mError = u"--check cannot be combined with --batch, --play or a model"_s;
+    if (!mCheck.isEmpty() &&
+        (mBatch || !mJournal.isEmpty() || !mSet.isEmpty() || !mRecord.isEmpty() || !mFile.isEmpty()))
+        mError = u"--check cannot be combined with --batch, --play, --set, --json or a model"_s;
     else if (mBatch && mJournal.isEmpty() && !mHelp && !mVersion)
         mError = u"--batch needs a journal: add --play FILE"_s;
     else if (!mBatch && mJournal == standard_input)

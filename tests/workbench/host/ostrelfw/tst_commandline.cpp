@@ -127,15 +127,20 @@ void TstCommandLine::mistakes_are_named_data()
         << QStringList{u"--settings"_s, QString()} << u"--settings needs the name of a file"_s;
     QTest::newRow("two models") << QStringList{u"a.mdl"_s, u"b.mdl"_s}
                                 << u"only one model can be opened, and \"b.mdl\" is the second"_s;
+    QTest::newRow("two journals") << QStringList{u"--play"_s, u"a.jou"_s, u"--play"_s, u"b.jou"_s}
+                                  << u"--play is given twice, for \"a.jou\" and \"b.jou\""_s;
     QTest::newRow("model without a name") << QStringList{QString()} << u"the name of a model file is empty"_s;
     QTest::newRow("batch without a journal")
         << QStringList{u"--batch"_s} << u"--batch needs a journal: add --play FILE"_s;
     QTest::newRow("check without a name")
         << QStringList{u"--check"_s} << u"--check needs the name of a journal"_s;
-    const QString alone = u"--check cannot be combined with --batch, --play or a model"_s;
+    const QString alone = u"--check cannot be combined with --batch, --play, --set, --json or a model"_s;
     QTest::newRow("check and batch") << QStringList{u"--batch"_s, u"--check"_s, u"a.jou"_s} << alone;
     QTest::newRow("check and play") << QStringList{u"--check"_s, u"a.jou"_s, u"--play"_s, u"b.jou"_s}
                                     << alone;
+    QTest::newRow("check and set") << QStringList{u"--check"_s, u"a.jou"_s, u"--set"_s, u"size=2"_s} << alone;
+    QTest::newRow("check and record")
+        << QStringList{u"--check"_s, u"a.jou"_s, u"--json"_s, u"a.json"_s} << alone;
     QTest::newRow("check and a model") << QStringList{u"--check"_s, u"a.jou"_s, u"b.mdl"_s} << alone;
     const QString setting = u"--set needs the name of a parameter and its value, as size=2"_s;
     QTest::newRow("set at the end") << QStringList{u"--play"_s, u"a.jou"_s, u"--set"_s} << setting;
