@@ -315,11 +315,14 @@ int Workbench::run_batch(std::FILE* output, const std::function<int()>& work)
     begin_without_window([output](const QString& text) { print_to(output, text); });
     const int status = work();
     end_without_window();
+    // That "quit" has stopped the journal it stands in is what was asked for.
+    if (status != 0)
+        print_to(stderr, mHeldBack.join(QString()));
     if (std::ferror(output)) {
         print_to(stderr, u"ERROR: the output could not be written\n"_s);
         return 1;
     }
-    return mQuitting ? 0 : status;
+    return status;
 }
 
 void Workbench::tell_of_start()
@@ -346,10 +349,11 @@ void Workbench::report_error(const QString& text)
     if (mRecord)
         mRecord->add_error(text);
     if (!mConsole) {
-        // That "quit" has stopped the journal it stands in is what was asked for.
         if (mProcess.error_output)
             mProcess.error_output(text);
-        else if (!mQuitting)
+        else if (mQuitting)
+            mHeldBack << text;
+        else
             print_to(stderr, text);
         return;
     }

@@ -175,6 +175,9 @@ private:
     QSettings mSettings;
     /** What to tell the user once there is a place for it. */
     QStringList mErrors;
+    /** What a batch run has reported behind "quit": that it was stopped, which nobody need know, or a
+     * failure. */
+    QStringList mHeldBack;
     /** Of a batch run that keeps one, while it runs. */
     RunRecord* mRecord = nullptr;
     MainFrame mFrame;

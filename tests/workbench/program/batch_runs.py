@@ -200,6 +200,13 @@ class BatchRuns(unittest.TestCase):
         record = self.record()
         self.assertEqual((record["status"], record["failure"], len(record["commands"])), ("done", None, 2))
 
+    def test_failure_behind_quit_is_one(self):
+        self.write("quit.py", "fennar.quit()\n1 / 0\n")
+        self.assertEqual(self.run_program("--batch", "--json", "run.json", "--play", "quit.py").returncode, 1)
+        record = self.record()
+        self.assertEqual(record["status"], "failed")
+        self.assertEqual(record["failure"]["message"], "ZeroDivisionError: division by zero")
+
     def test_record_on_standard_output_is_alone_there(self):
         self.write("part.jou", PART)
         run = self.run_program("--batch", "--json", "-", "--play", "part.jou")

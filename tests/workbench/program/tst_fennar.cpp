@@ -76,7 +76,10 @@ private slots:
     void signal_ends_the_program_and_leaves_no_temporary_files();
     void ignored_signal_stays_ignored();
     void output_that_cannot_be_written_fails_the_batch_run();
+    void quit_ends_a_batch_run_without_a_word_data();
     void quit_ends_a_batch_run_without_a_word();
+    void quit_hides_no_failure_behind_it_data();
+    void quit_hides_no_failure_behind_it();
     void wrong_argument_is_named_with_the_usage();
     void batch_run_prints_and_succeeds();
     void batch_run_fails_with_file_and_line();
@@ -283,13 +286,52 @@ void TstFennar::output_that_cannot_be_written_fails_the_batch_run()
     QCOMPARE(full.errors, u"ERROR: the output could not be written\n"_s);
 }
 
+void TstFennar::quit_ends_a_batch_run_without_a_word_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("journal") << QByteArray("echo one\nquit\necho never\n");
+    QTest::newRow("journal within") << QByteArray("play inner.jou\necho never\n");
+    QTest::newRow("script") << QByteArray("#!python\nfennar.quit()\n");
+    QTest::newRow("journal within a script")
+        << QByteArray("#!python\nfennar.play('inner.jou')\nprint('never')\n");
+}
+
 void TstFennar::quit_ends_a_batch_run_without_a_word()
 {
-    const QString journal = write(u"quit.jou"_s, "echo one\nquit\necho never\n");
-    const Run ended = run({u"--batch"_s, u"--play"_s, journal});
+    QFETCH(const QByteArray, text);
+    write(u"inner.jou"_s, "quit\necho never\n");
+    const QString journal = write(u"quit.jou"_s, text);
+    const Run ended =
+        run({u"--batch"_s, u"--play"_s, journal}, {}, QStringLiteral(FENNAR), mDirectory->path());
     QCOMPARE(ended.code, 0);
     QCOMPARE(ended.errors, QString());
     QVERIFY(!ended.output.contains("never"_L1));
+}
+
+void TstFennar::quit_hides_no_failure_behind_it_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<QString>("error");
+    QTest::newRow("script") << QByteArray("#!python\nfennar.quit()\n1 / 0\n") << QString()
+                            << u"ZeroDivisionError: division by zero\n"_s;
+    QTest::newRow("statement") << QByteArray("python 'fennar.quit(); 1 / 0'\n") << QString()
+                               << u"quit.jou:1: python: column 8: the Python statement failed\n"_s;
+    QTest::newRow("record") << QByteArray("quit\n") << u"--json - >/dev/full"_s
+                            << u"the record \"-\" could not be written"_s;
+}
+
+void TstFennar::quit_hides_no_failure_behind_it()
+{
+    QFETCH(const QByteArray, text);
+    QFETCH(const QString, arguments);
+    QFETCH(const QString, error);
+    const QString journal = write(u"quit.jou"_s, text);
+    const Run ended =
+        run({u"-c"_s, u"exec \"$0\" --batch --play \"$1\" "_s + arguments, QStringLiteral(FENNAR), journal},
+            {}, u"/bin/sh"_s);
+    QCOMPARE(ended.code, 1);
+    QVERIFY2(ended.errors.contains(error), qPrintable(ended.errors));
 }
 
 void TstFennar::wrong_argument_is_named_with_the_usage()

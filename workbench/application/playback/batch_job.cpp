@@ -58,7 +58,7 @@ int exit_status_of(Outcome outcome)
     return outcome == Outcome::Refused ? 2 : outcome == Outcome::Played ? 0 : 1;
 }
 
-QString status_of(Outcome outcome, bool quitting)
+QString status_of(Outcome outcome)
 {
     switch (outcome) {
     case Outcome::Failed:
@@ -66,9 +66,8 @@ QString status_of(Outcome outcome, bool quitting)
     case Outcome::Refused:
         return u"refused"_s;
     case Outcome::Interrupted:
-        return u"cancelled"_s;
     case Outcome::Stopped:
-        return quitting ? u"done"_s : u"cancelled"_s;
+        return u"cancelled"_s;
     case Outcome::Played:
         break;
     }
@@ -95,8 +94,12 @@ bool write(const QString& file, const QByteArray& text, const std::function<void
 int play_job(const BatchJob& job, RunRecord*& watching, const std::function<void(const QString&)>& report,
              const std::function<bool()>& quitting)
 {
+    const auto played = [&] {
+        const Outcome outcome = play(job, report);
+        return outcome == Outcome::Stopped && quitting() ? Outcome::Played : outcome;
+    };
     if (job.record.isEmpty())
-        return exit_status_of(play(job, report));
+        return exit_status_of(played());
     Fennar& fennar = Fennar::instance();
     RunRecord record(fennar.interpreter(), job.journal);
     // What is left of an earlier run must not be taken for this one's, even if this one crashes.
@@ -109,8 +112,8 @@ int play_job(const BatchJob& job, RunRecord*& watching, const std::function<void
         watching = nullptr;
         TemporaryFolder::cancel_on_first_signal(nullptr);
     });
-    const Outcome outcome = play(job, report);
-    const QByteArray text = record.text(status_of(outcome, quitting()), fennar.playback().parameters());
+    const Outcome outcome = played();
+    const QByteArray text = record.text(status_of(outcome), fennar.playback().parameters());
     return write(job.record, text, report) ? exit_status_of(outcome) : 1;
 }
 

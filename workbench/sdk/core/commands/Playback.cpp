@@ -181,7 +181,7 @@ Playback::Outcome Playback::play_text(Script script)
         mProgress(script.name, 100);
     });
     const Outcome outcome = script.python ? play_python(script) : play_journal(script);
-    mInnerEnded = outcome != Outcome::Played;
+    mInner = outcome;
     mInnerPython = script.python;
     return outcome;
 }
@@ -241,12 +241,11 @@ Playback::Outcome Playback::play_journal(Script& script)
         const QStringList echoed = command.split(u'\n').first(line_count);
         for (const QString& one : echoed)
             mEcho(one.endsWith(u'\r') ? one.chopped(1) : one);
-        mInnerEnded = false;
+        mInner = Outcome::Played;
         script.lines = line - script.first_line;
         const bool done = mInterpreter.run(command, script.name, line) != CommandInterpreter::Result::Failed;
-        const Outcome ended = test_end();
-        const Outcome outcome = ended == Outcome::Played && !done ? Outcome::Failed : ended;
-        const bool inner = mInnerEnded && outcome != Outcome::Played;
+        const Outcome outcome = end_of(done);
+        const bool inner = mInner != Outcome::Played && outcome != Outcome::Played;
         last_command = line;
         line += line_count;
         if (outcome == Outcome::Played)
@@ -273,6 +272,7 @@ Playback::Outcome Playback::play_python(const Script& script)
         return fail(u"%1 is a Python script, and there is no Python here"_s.arg(
             CommandError::shown(name, name.size())));
     bool done = false;
+    mInner = Outcome::Played;
     try {
         // Lines keep their numbers.
         done = mPythonHook({name, QString(script.first_line - 1, u'\n') + script.text, script.piece});
@@ -281,9 +281,7 @@ Playback::Outcome Playback::play_python(const Script& script)
     } catch (...) {
         return fail(u"%1 failed for an unknown reason"_s.arg(CommandError::shown(name, name.size())));
     }
-    if (const Outcome outcome = test_end(); outcome != Outcome::Played)
-        return report_end(outcome, name);
-    return done ? Outcome::Played : Outcome::Failed;
+    return report_end(end_of(done), name);
 }
 
 Playback::Outcome Playback::turn_and_wait(const QString& next)
@@ -312,6 +310,14 @@ Playback::Outcome Playback::test_end() const
     if (interrupt_requested())
         return Outcome::Interrupted;
     return mStop ? Outcome::Stopped : Outcome::Played;
+}
+
+Playback::Outcome Playback::end_of(bool done) const
+{
+    const Outcome ended = test_end();
+    // What goes wrong behind stop() does not come from it, unless that has ended an inner journal.
+    const bool own_fault = ended == Outcome::Stopped && mInner != Outcome::Stopped;
+    return !done && (own_fault || ended == Outcome::Played) ? Outcome::Failed : ended;
 }
 
 Playback::Outcome Playback::report_end(Outcome outcome, const QString& place)

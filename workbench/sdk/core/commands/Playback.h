@@ -208,6 +208,8 @@ private:
     void wait_while_paused(const QString& where);
     void show_progress(const Script& script, int percent);
     Outcome test_end() const;
+    /** How a line or a script has ended, which was done or has failed. */
+    Outcome end_of(bool done) const;
     Outcome report_end(Outcome outcome, const QString& place);
     void hint(const Script& script, qsizetype line) const;
     QString name_from_here(const QString& path) const;
@@ -234,8 +236,8 @@ private:
     bool mHints = false;
     bool mPaused = false;
     bool mStop = false;
-    /** Whether an inner journal has told what ended it. */
-    bool mInnerEnded = false;
+    /** How the inner journal has ended that came last; it has told what ended it. */
+    Outcome mInner = Outcome::Played;
     /** Whether that was a Python script, which can only be run anew. */
     bool mInnerPython = false;
 };

@@ -92,6 +92,7 @@ private slots:
     void interrupt_within_a_failing_command_is_told_behind_its_error();
     void interrupt_from_before_does_not_end_playback();
     void stop_ends_between_commands();
+    void script_that_fails_behind_stop_has_failed();
     void stop_is_over_when_playback_ends();
     void paused_playback_waits_until_resumed();
     void paused_playback_can_be_stopped_and_interrupted();
@@ -372,6 +373,19 @@ void TstPlayback::stop_ends_between_commands()
     session.playback.set_turn([&session] { session.playback.stop(); });
     QCOMPARE(session.play("\nstep 1"), Outcome::Stopped);
     QCOMPARE(session.errors, u"Stopped: a.jou:1\n"_s);
+}
+
+void TstPlayback::script_that_fails_behind_stop_has_failed()
+{
+    PlaybackSession session;
+    session.playback.set_python_hook([&session](const Playback::PythonScript&) {
+        session.playback.stop();
+        return false;
+    });
+    session.write(u"a.py"_s, "1\n");
+    QCOMPARE(session.playback.play(u"a.py"_s), Outcome::Failed);
+    QCOMPARE(session.play("play a.py\nstep 1"), Outcome::Failed);
+    QCOMPARE(session.take_log(), QStringList({u"error"_s}));
 }
 
 void TstPlayback::stop_is_over_when_playback_ends()
@@ -913,11 +927,11 @@ void TstPlayback::cancel_and_stop_end_the_pause_of_a_script()
         else
             session.playback.stop();
     });
-    session.playback.set_python_hook([&session](const Playback::PythonScript&) {
+    session.playback.set_python_hook([&session, cancel](const Playback::PythonScript&) {
         session.playback.pause();
         session.playback.script_reached(0);
         session.log << u"goes on"_s;
-        return false;
+        return !cancel; // which raises an exception; the end of a pause does not
     });
     session.write(u"a.py"_s, "1\n");
     QCOMPARE(session.playback.play(u"a.py"_s), cancel ? Outcome::Interrupted : Outcome::Stopped);
