@@ -137,11 +137,19 @@ class Cases(SweepTest):
                 (TypeError, "size: expected a number or a text", {"size": [[1]]}),
                 (ValueError, "size: expected a number that is finite", {"size": float("nan")}),
                 (ValueError, "NUL", {"label": "a\0b"}),
-                (ValueError, "", {"label": "\ud800"})]:
+                (ValueError, "", {"label": "\ud800"}),
+                (ValueError, "workers: expected a whole number from 1 on, found 0", {"workers": 0}),
+                (TypeError, "workers: expected a whole number from 1 on, found 1.5", {"workers": 1.5}),
+                (TypeError, "workers: expected a whole number from 1 on, found '2'", {"workers": "2"}),
+                (ValueError, "retries: expected a whole number from 0 on, found -1", {"retries": -1})]:
             with self.subTest(values=values), self.assertRaisesRegex(error, message.replace("(", r"\(")):
                 self.sweep(journal, **values)
         with self.assertRaises(FileNotFoundError):
             self.sweep(self.folder / "none.jou")
+        binary = self.folder / "binary.jou"
+        binary.write_bytes(b"\xae\xff")
+        with self.assertRaisesRegex(ValueError, 'binary.jou" is not UTF-8'):
+            self.sweep(binary)
         script = self.write("part.py", "parameter = 1\n")
         with self.assertRaisesRegex(ValueError, "it declares none"):
             self.sweep(script, size=1)
@@ -205,7 +213,9 @@ class Local(SweepTest):
         self.assertEqual(len(self.sweep(self.write("part.jou", PART), size=[])), 0)
 
     def test_journal_without_values_is_one_case(self):
-        (row,) = self.sweep(self.write("part.jou", PART))
+        table = self.sweep(self.write("part.jou", PART))
+        self.assertTrue(repr(table).startswith("1 case, 0 not done\n"), repr(table))
+        (row,) = table
         self.assertEqual((row.parameters["size"], row.status), (4, "done"))
 
     def test_program_is_found_by_the_environment_beside_the_module_and_in_the_path(self):

@@ -15,6 +15,7 @@ import itertools
 import json
 import math
 import numbers
+import operator
 import os
 import re
 import sys
@@ -112,7 +113,7 @@ class Table(Sequence[Row]):
         return pandas.DataFrame(self.records())
 
     def __repr__(self) -> str:
-        lines = [f"{len(self)} cases, {len(self.failed)} of them not done"]
+        lines = [f"{len(self)} case{'' if len(self) == 1 else 's'}, {len(self.failed)} not done"]
         for row in self:
             values = " ".join(f"{name}={value}" for name, value in row.parameters.items())
             place = f" at {row.file}:{row.line}: {row.text}" if row.line else ""
@@ -330,6 +331,15 @@ def plain(name: str, value: Any) -> Value:
     return float(value)
 
 
+def at_least(least: int, name: str, value: Any) -> int:
+    """A count that was given. TypeError or ValueError if it is none."""
+    if not hasattr(value, "__index__"):
+        raise TypeError(f"{name}: expected a whole number from {least} on, found {value!r}")
+    if value < least:
+        raise ValueError(f"{name}: expected a whole number from {least} on, found {value!r}")
+    return operator.index(value)
+
+
 def declared_names(journal: str) -> list[str]:
     """The names of the parameters at the beginning of a journal, as far as they are written plainly."""
     names = []
@@ -471,6 +481,13 @@ def read_files(journal: pathlib.Path, files: Path | Iterable[Path]) -> dict[str,
     return content
 
 
+def text_of(journal: pathlib.Path, content: bytes) -> str:
+    try:
+        return content.decode("utf-8-sig")
+    except UnicodeDecodeError:
+        raise ValueError(f'"{journal}" is not UTF-8') from None
+
+
 def kept_record(path: pathlib.Path) -> Record | None:
     """The record of a case that has ended before; None if it has not, or if it cannot be read."""
     try:
@@ -518,15 +535,16 @@ def sweep(
 
     path = pathlib.Path(journal)
     content = read_files(path, files)
-    if workers is not None and workers < 1:
-        raise ValueError(f"workers: expected a whole number from 1 on, found {workers!r}")
+    if workers is not None:
+        workers = at_least(1, "workers", workers)
+    attempts = at_least(0, "retries", retries) + 1
     given = None if program is None else os.fspath(program)
     beside = program_beside()
     if client is None:
         find_program(given, beside)  # raises if there is none
     cases = [
-        Case(path.name, content, values, given, beside, retries + 1)
-        for values in combinations(path.name, content[path.name].decode("utf-8-sig"), parameters)
+        Case(path.name, content, values, given, beside, attempts)
+        for values in combinations(path.name, text_of(path, content[path.name]), parameters)
     ]
     records: dict[int, Record] = {}
     keys = [case.key() for case in cases]
