@@ -18,12 +18,26 @@
 #include <QPointer>
 #include <QTabWidget>
 
+#include <filesystem>
 #include <fstream>
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/** Whether to open it would wait for another program, and the window with it. */
+bool is_pipe(const QString& name)
+{
+    std::error_code unknown;
+    return std::filesystem::is_fifo(QFile::encodeName(name).constData(), unknown);
+}
+
+} // namespace
+
 std::optional<QString> read_journal_file(const QString& name)
 {
+    if (is_pipe(name))
+        return {};
     std::ifstream stream(QFile::encodeName(name).constData());
     return read_journal(stream);
 }
@@ -41,8 +55,10 @@ void save_document(JournalEditor* editor, JournalDocument* doc, RecentFiles* rec
     QCoreApplication::sendEvent(doc, &event);
     if (!alive || !event.isAccepted())
         return;
-    std::ofstream stream(QFile::encodeName(doc->file_name()).constData());
-    if (!stream) {
+    std::ofstream stream;
+    if (!is_pipe(doc->file_name()))
+        stream.open(QFile::encodeName(doc->file_name()).constData());
+    if (!stream.is_open()) {
         show_message(QMessageBox::Critical, editor, JournalEditor::tr("File Error"),
                      JournalEditor::tr("Unable to save the file."), QMessageBox::Ok);
         return;

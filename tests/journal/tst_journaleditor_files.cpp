@@ -28,6 +28,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -371,6 +373,7 @@ void TstJournalEditorFiles::file_that_cannot_be_read_is_refused_data()
     QTest::newRow("missing") << u"/missing.jou"_s << u"/"_s;
     QTest::newRow("directory missing too") << u"/no/such/a.jou"_s << u"/no/such/"_s;
     QTest::newRow("directory") << u"/folder"_s << u"/"_s;
+    QTest::newRow("pipe") << u"/pipe"_s << u"/"_s;
     QTest::newRow("name too long") << u'/' + QString(300, u'a') << u"/"_s;
 }
 
@@ -379,6 +382,7 @@ void TstJournalEditorFiles::file_that_cannot_be_read_is_refused()
     QFETCH(const QString, name);
     QFETCH(const QString, path_after);
     QVERIFY(QDir(mDirectory->path()).mkdir(u"folder"_s));
+    QCOMPARE(::mkfifo(QFile::encodeName(mDirectory->path() + u"/pipe"_s).constData(), 0600), 0);
     JournalEditor editor;
     QString said;
     const QWidget* parent = nullptr;
@@ -524,6 +528,7 @@ void TstJournalEditorFiles::save_that_fails_keeps_text_and_flag_data()
     QTest::addColumn<QString>("name");
     QTest::newRow("directory missing") << u"/no/such/a.jou"_s;
     QTest::newRow("directory in its place") << u"/folder"_s;
+    QTest::newRow("pipe in its place") << u"/pipe"_s;
     QTest::newRow("name too long") << u'/' + QString(300, u'a');
 }
 
@@ -531,6 +536,7 @@ void TstJournalEditorFiles::save_that_fails_keeps_text_and_flag()
 {
     QFETCH(const QString, name);
     QVERIFY(QDir(mDirectory->path()).mkdir(u"folder"_s));
+    QCOMPARE(::mkfifo(QFile::encodeName(mDirectory->path() + u"/pipe"_s).constData(), 0600), 0);
     JournalEditor editor;
     JournalDocument* const doc = typed_document(editor, u"precious"_s);
     doc->set_file_name(mDirectory->path() + name);
