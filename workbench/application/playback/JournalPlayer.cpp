@@ -6,12 +6,13 @@
 #include "files/OstrelFileMenu.h"
 #include "frame/Alive.h"
 #include "frame/Ostrel.h"
-#include "host/ostrelfw/Broker.h"
 #include "journal/JournalEditor.h"
 #include "menus/OstrelToolsMenu.h"
 #include "workbench/application/console/ConsoleOwner.h"
 #include "workbench/sdk/component/journal_documents.h"
 #include "workbench/sdk/component/modal_dialogs.h"
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
+#include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QAction>
@@ -142,7 +143,8 @@ void JournalPlayer::play(const QStringList& lines, const Source& source, const P
 {
     const QString name = source.name();
     if (!mSnapshot.expired()) {
-        Broker::command << tr("ERROR: a journal of the editor is being played; %1 is not\n").arg(name);
+        Fennar::instance().interpreter().print_error(
+            tr("ERROR: a journal of the editor is being played; %1 is not\n").arg(name));
         return;
     }
     const auto snapshot = std::make_shared<const QStringList>(lines);

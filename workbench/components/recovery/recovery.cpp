@@ -13,6 +13,8 @@
 #include "workbench/components/recovery/WorkKeeper.h"
 #include "workbench/sdk/component/ComponentContext.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
+#include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/files/UnsavedWorks.h"
 
 #include <QDir>
@@ -37,7 +39,7 @@ constexpr auto interval = 15s;
 
 void print_error(const QString& text)
 {
-    Broker::command << u"ERROR: "_s + text + u'\n';
+    Fennar::instance().interpreter().print_error(u"ERROR: "_s + text + u'\n');
 }
 
 /** All that the component has while there is a window; a child of it. */

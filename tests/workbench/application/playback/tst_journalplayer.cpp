@@ -348,6 +348,7 @@ void TstJournalPlayer::another_journal_is_refused_until_the_first_has_ended()
     QCOMPARE(mSteps, QStringList({u"1"_s, u"2"_s}));
     const QString refusal = u"ERROR: a journal of the editor is being played; Untitled is not\n"_s;
     QCOMPARE(text().count(refusal), 2);
+    QCOMPARE(workbench().console()->error_page()->toPlainText().count(refusal.trimmed()), 2);
     mAct = nullptr;
     play_document();
     QCOMPARE(mSteps, QStringList({u"1"_s, u"2"_s, u"1"_s, u"2"_s}));

@@ -11,6 +11,7 @@
 #include "workbench/components/recovery/KeptDocument.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
 #include "workbench/host/ostrelfw/FrameworkInterpreters.h"
+#include "workbench/sdk/core/commands/CommandInterpreter.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/files/UnsavedWorks.h"
 
@@ -83,6 +84,8 @@ private:
     std::unique_ptr<QTemporaryDir> mDirectory;
     QString mReports;
     QString mOutput;
+    /** What the console's page of errors gets, too. */
+    QString mErrors;
     std::optional<qint64> mState;
     /** What went back, as "file data". */
     QStringList mRestored;
@@ -104,6 +107,8 @@ void TstRecovery::set_up()
     mDirectory = std::make_unique<QTemporaryDir>();
     mReports.clear();
     mOutput.clear();
+    mErrors.clear();
+    Fennar::instance().interpreter().set_error_output([this](const QString& text) { mErrors += text; });
     mRestored.clear();
     QDir(root()).removeRecursively();
     qputenv("FENNAR_COMPONENT_PATH", TREE_COMPONENTS);
@@ -123,6 +128,7 @@ void TstRecovery::tear_down()
     UnsavedWorks::instance().remove_owner(u"test"_s);
     mFrame->unload_gui();
     mFrame.reset();
+    Fennar::instance().interpreter().set_error_output({});
     QCOMPARE(mReports, QString());
 }
 
@@ -244,7 +250,7 @@ void TstRecovery::work_that_cannot_go_back_stays()
     QCOMPARE(mRestored, QStringList());
     QVERIFY(QFile::exists(copy));
     QVERIFY(mOutput.contains(" stays kept"_L1));
-    QCOMPARE(mOutput.contains("ERROR: it is damaged\n"_L1), why == "refused"_L1);
+    QCOMPARE(mErrors.contains("ERROR: it is damaged\n"_L1), why == "refused"_L1);
 }
 
 void TstRecovery::component_keeps_every_15_seconds()
@@ -344,9 +350,9 @@ void TstRecovery::old_copies_stay_if_new_ones_cannot_be_written()
     }
     QCOMPARE(texts(), QStringList{QString(10'000, u'x')});
     QVERIFY(QFile::exists(copy));
-    QVERIFY2(mOutput.startsWith("ERROR: Unsaved journals cannot be kept for a recovery: "_L1),
-             qPrintable(mOutput));
-    QCOMPARE(mOutput.count(u"ERROR"_s), 1);
+    QVERIFY2(mErrors.startsWith("ERROR: Unsaved journals cannot be kept for a recovery: "_L1),
+             qPrintable(mErrors));
+    QCOMPARE(mErrors.count(u"ERROR"_s), 1);
 }
 
 void TstRecovery::copy_that_cannot_be_read_stays_and_is_told()
@@ -359,7 +365,7 @@ void TstRecovery::copy_that_cannot_be_read_stays_and_is_told()
     press(u"recoveryRestore"_s);
     QCOMPARE(texts(), QStringList{u"other"_s});
     QVERIFY(!QFile::exists(other));
-    QCOMPARE(mOutput, u"ERROR: Not all that was kept could be read. It stays in %1.\n"_s.arg(root()));
+    QCOMPARE(mErrors, u"ERROR: Not all that was kept could be read. It stays in %1.\n"_s.arg(root()));
 }
 
 OSTREL_TEST(TstRecovery)
