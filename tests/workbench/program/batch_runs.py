@@ -230,6 +230,14 @@ class BatchRuns(unittest.TestCase):
             self.assertIn("would write over", run.stderr)
         self.assertEqual((self.folder / "part.jou").read_text(encoding="utf-8"), PART)
 
+    def test_record_is_not_written_over_the_settings(self):
+        self.write("part.jou", PART)
+        self.write("own.conf", "[fennar]\nscheme=dark\n")
+        run = self.run_program("--batch", "--settings", "own.conf", "--json", "own.conf", "--play", "part.jou")
+        self.assertEqual(run.returncode, 2)
+        self.assertIn('would write over "own.conf"', run.stderr)
+        self.assertIn("scheme=dark", (self.folder / "own.conf").read_text(encoding="utf-8"))
+
     def test_record_takes_the_place_of_an_older_one_as_a_whole(self):
         self.write("part.jou", "python \"print('inside', open('run.json').read())\"\n")
         self.write("run.json", "old")

@@ -100,7 +100,7 @@ void CommandLine::check_together()
         mError = u"--set needs a journal: add --play FILE"_s;
     else if (!mBatch && !mRecord.isEmpty())
         mError = u"--json needs --batch"_s;
-    else if (is_file(mRecord, mJournal) || is_file(mRecord, mFile))
+    else if (is_file(mRecord, mJournal) || is_file(mRecord, mFile) || is_file(mRecord, mSettings))
         mError = u"--json would write over \"%1\""_s.arg(mRecord);
 }
 
