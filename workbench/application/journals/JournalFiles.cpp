@@ -9,7 +9,7 @@
 #include "workbench/application/journals/journal_text.h"
 #include "workbench/application/journals/line_differences.h"
 #include "workbench/sdk/component/journal_documents.h"
-#include "workbench/sdk/component/shell_parts.h"
+#include "workbench/sdk/component/shell_access.h"
 
 #include <QAction>
 #include <QCryptographicHash>

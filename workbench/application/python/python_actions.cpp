@@ -6,7 +6,7 @@
 #include "menus/PyAction.h"
 #include "menus/PyOstrel.h"
 #include "workbench/host/fennar_python/PythonRuntime.h"
-#include "workbench/sdk/component/shell_parts.h"
+#include "workbench/sdk/component/shell_access.h"
 
 #include <QAction>
 #include <QPointer>

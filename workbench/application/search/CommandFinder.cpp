@@ -13,7 +13,7 @@
 #include "workbench/application/windows/command_panel.h"
 #include "workbench/host/navigation/CommandForm.h"
 #include "workbench/sdk/component/disabled_reason.h"
-#include "workbench/sdk/component/shell_parts.h"
+#include "workbench/sdk/component/shell_access.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 
 #include <QAction>

@@ -12,7 +12,7 @@
 #include "options/OptionsPanel.h"
 #include "workbench/application/windows/command_panel.h"
 #include "workbench/host/ostrelfw/OutputRouter.h"
-#include "workbench/sdk/component/shell_parts.h"
+#include "workbench/sdk/component/shell_access.h"
 #include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/CommandCall.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"

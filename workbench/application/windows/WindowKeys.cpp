@@ -9,7 +9,7 @@
 #include "menus/OstrelToolsMenu.h"
 #include "menus/OstrelViewMenu.h"
 #include "workbench/sdk/component/journal_documents.h"
-#include "workbench/sdk/component/shell_parts.h"
+#include "workbench/sdk/component/shell_access.h"
 
 #include <QAction>
 #include <QApplication>

@@ -23,7 +23,7 @@
 #include "workbench/application/windows/WindowKeys.h"
 #include "workbench/application/windows/undo_parts.h"
 #include "workbench/sdk/component/ComponentContext.h"
-#include "workbench/sdk/component/shell_parts.h"
+#include "workbench/sdk/component/shell_access.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 

@@ -17,7 +17,7 @@
 #include "menus/OstrelViewMenu.h"
 #include "options/OptionsPanel.h"
 #include "workbench/sdk/component/Component.h"
-#include "workbench/sdk/component/shell_parts.h"
+#include "workbench/sdk/component/shell_access.h"
 #include "workbench/sdk/core/commands/CommandSink.h"
 #include "workbench/sdk/core/commands/Fennar.h"
 #include "workbench/sdk/core/files/FormatRegistry.h"

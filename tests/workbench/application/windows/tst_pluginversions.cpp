@@ -6,7 +6,7 @@
 #include "workbench/application/WorkbenchTest.h"
 #include "workbench/application/component_manager/ComponentManager.h"
 #include "workbench/host/ostrelfw/HostMediator.h"
-#include "workbench/sdk/component/shell_parts.h"
+#include "workbench/sdk/component/shell_access.h"
 
 #include <QApplication>
 #include <QDialog>

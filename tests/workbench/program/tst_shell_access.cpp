@@ -9,7 +9,7 @@
 #include "workbench/application/Workbench.h"
 #include "workbench/application/WorkbenchTest.h"
 #include "workbench/sdk/component/journal_documents.h"
-#include "workbench/sdk/component/shell_parts.h"
+#include "workbench/sdk/component/shell_access.h"
 #include "workbench/sdk/core/commands/Interrupt.h"
 
 #include <QAbstractButton>
@@ -27,7 +27,7 @@ using namespace Qt::StringLiterals;
 
 /** That the kit and the program find what they need of the shell's windows, by the names that the shell gives
  * them. */
-class TstShellParts : public WorkbenchTest
+class TstShellAccess : public WorkbenchTest
 {
     Q_OBJECT
 
@@ -50,7 +50,7 @@ private slots:
     void nothing_is_found_without_a_window();
 };
 
-void TstShellParts::cancel_button_cancels()
+void TstShellAccess::cancel_button_cancels()
 {
     QAbstractButton* button = cancel_button(&window());
     QVERIFY(button);
@@ -64,7 +64,7 @@ void TstShellParts::cancel_button_cancels()
     clear_interrupt();
 }
 
-void TstShellParts::plugin_tool_is_there_once_it_has_been_opened()
+void TstShellAccess::plugin_tool_is_there_once_it_has_been_opened()
 {
     QVERIFY(!plugin_tool(&window()));
     enter(u"show plugins"_s);
@@ -75,7 +75,7 @@ void TstShellParts::plugin_tool_is_there_once_it_has_been_opened()
     QVERIFY(plugin_list(tool));
 }
 
-void TstShellParts::closing_action_closes_the_document()
+void TstShellAccess::closing_action_closes_the_document()
 {
     JournalEditor* editor = window().journal_editor();
     editor->add_document(u"list\n"_s);
@@ -87,25 +87,25 @@ void TstShellParts::closing_action_closes_the_document()
     QCOMPARE(tabs->count(), count - 1);
 }
 
-void TstShellParts::pages_of_the_options_are_listed_as_they_stand()
+void TstShellAccess::pages_of_the_options_are_listed_as_they_stand()
 {
     OptionsPanel* panel = window().options();
     const QStringList before = option_pages(panel);
     QVERIFY(!before.isEmpty());
     auto* page = new QWidget;
-    panel->add_panel(u"Shell parts/Page"_s, page);
+    panel->add_panel(u"Shell access/Page"_s, page);
     const QStringList now = option_pages(panel);
-    const qsizetype group = now.indexOf(u"Shell parts"_s);
+    const qsizetype group = now.indexOf(u"Shell access"_s);
     QVERIFY(group >= 0);
-    QCOMPARE(now.value(group + 1), u"Shell parts/Page"_s);
+    QCOMPARE(now.value(group + 1), u"Shell access/Page"_s);
     QCOMPARE(now.size(), before.size() + 2);
-    panel->remove_panel(u"Shell parts/Page"_s);
-    panel->remove_panel(u"Shell parts"_s);
+    panel->remove_panel(u"Shell access/Page"_s);
+    panel->remove_panel(u"Shell access"_s);
     delete page;
     QCOMPARE(option_pages(panel), before);
 }
 
-void TstShellParts::entry_of_the_options_is_found_by_its_path()
+void TstShellAccess::entry_of_the_options_is_found_by_its_path()
 {
     OptionsPanel* options = window().options();
     auto* page = new QWidget;
@@ -119,7 +119,7 @@ void TstShellParts::entry_of_the_options_is_found_by_its_path()
     QVERIFY(!options_entry(*options, u"Group"_s));
 }
 
-void TstShellParts::import_menu_has_what_is_added_to_it()
+void TstShellAccess::import_menu_has_what_is_added_to_it()
 {
     QAction action(u"Here"_s);
     window().journal_editor()->add_action_to_import_menu(&action);
@@ -127,7 +127,7 @@ void TstShellParts::import_menu_has_what_is_added_to_it()
     QVERIFY(menu && menu->actions().contains(&action));
 }
 
-void TstShellParts::buttons_of_a_toolbar_that_wait_for_it_are_deleted()
+void TstShellAccess::buttons_of_a_toolbar_that_wait_for_it_are_deleted()
 {
     QToolBar bar;
     QAction* action = bar.addAction(u"Here"_s);
@@ -142,7 +142,7 @@ void TstShellParts::buttons_of_a_toolbar_that_wait_for_it_are_deleted()
     QVERIFY(bar.widgetForAction(other));
 }
 
-void TstShellParts::recent_files_are_found_in_the_menu()
+void TstShellAccess::recent_files_are_found_in_the_menu()
 {
     QCOMPARE(recent_file_actions(&window()).size(), 0);
     const QStringList names = {u"/a/first.mdl"_s, u"/a/rather/long/name/of/a/directory/second.mdl"_s};
@@ -157,7 +157,7 @@ void TstShellParts::recent_files_are_found_in_the_menu()
     QCOMPARE(found[1].second->text(), u"&2 /a/first.mdl"_s);
 }
 
-void TstShellParts::entries_that_need_a_component_are_those_of_the_menu()
+void TstShellAccess::entries_that_need_a_component_are_those_of_the_menu()
 {
     QStringList texts;
     const QList<QAction*> actions = file_actions(&window());
@@ -169,7 +169,7 @@ void TstShellParts::entries_that_need_a_component_are_those_of_the_menu()
                                  u"&Export..."_s}));
 }
 
-void TstShellParts::menus_are_titled_as_in_the_menu_bar()
+void TstShellAccess::menus_are_titled_as_in_the_menu_bar()
 {
     QStringList titles;
     for (const QAction* menu : window().menuBar()->actions())
@@ -181,7 +181,7 @@ void TstShellParts::menus_are_titled_as_in_the_menu_bar()
     QCOMPARE(main_menu_title("&Tools"), u"<&Tools>"_s);
 }
 
-void TstShellParts::tabs_hold_the_documents()
+void TstShellAccess::tabs_hold_the_documents()
 {
     JournalEditor* editor = window().journal_editor();
     editor->add_document(u"# one\n"_s);
@@ -195,7 +195,7 @@ void TstShellParts::tabs_hold_the_documents()
     document->document()->setModified(false);
 }
 
-void TstShellParts::document_tells_its_file()
+void TstShellAccess::document_tells_its_file()
 {
     JournalEditor* editor = window().journal_editor();
     editor->add_document(u"# without a file\n"_s);
@@ -210,7 +210,7 @@ void TstShellParts::document_tells_its_file()
     QVERIFY(journal_file(nullptr).isEmpty());
 }
 
-void TstShellParts::nothing_is_found_without_a_window()
+void TstShellAccess::nothing_is_found_without_a_window()
 {
     QVERIFY(!cancel_button(nullptr));
     QVERIFY(!plugin_tool(nullptr));
@@ -223,6 +223,6 @@ void TstShellParts::nothing_is_found_without_a_window()
     QVERIFY(!journal_document(nullptr));
 }
 
-OSTREL_TEST(TstShellParts)
+OSTREL_TEST(TstShellAccess)
 
-#include "tst_shell_parts.moc"
+#include "tst_shell_access.moc"
