@@ -34,21 +34,21 @@ function(fennar_add_component name)
         find_package(Qt6 6.4 REQUIRED COMPONENTS LinguistTools)
     endif()
     foreach(source IN LISTS arg_TRANSLATIONS)
-        cmake_path(GET source STEM LAST_ONLY catalogue)
-        if(NOT catalogue MATCHES "^${name}_[a-z]+(_[A-Z]+)?$")
+        cmake_path(GET source STEM LAST_ONLY catalog)
+        if(NOT catalog MATCHES "^${name}_[a-z]+(_[A-Z]+)?$")
             message(FATAL_ERROR "The translations of ${name} are files ${name}_<language>.ts, and not ${source}")
         endif()
         cmake_path(ABSOLUTE_PATH source)
         set(folder ${CMAKE_BINARY_DIR}/share/fennar/translations)
         file(MAKE_DIRECTORY ${folder})
         # Texts without a translation stay out of the result, and so in English.
-        add_custom_command(OUTPUT ${folder}/${catalogue}.qm
-            COMMAND Qt6::lrelease -silent -nounfinished ${source} -qm ${folder}/${catalogue}.qm
+        add_custom_command(OUTPUT ${folder}/${catalog}.qm
+            COMMAND Qt6::lrelease -silent -nounfinished ${source} -qm ${folder}/${catalog}.qm
             DEPENDS ${source}
-            COMMENT "Compiling ${catalogue}.ts"
+            COMMENT "Compiling ${catalog}.ts"
             VERBATIM)
-        target_sources(${name} PRIVATE ${folder}/${catalogue}.qm)
-        install(FILES ${folder}/${catalogue}.qm DESTINATION ${FennarSdk_TRANSLATIONS_DIR})
+        target_sources(${name} PRIVATE ${folder}/${catalog}.qm)
+        install(FILES ${folder}/${catalog}.qm DESTINATION ${FennarSdk_TRANSLATIONS_DIR})
     endforeach()
 endfunction()
 

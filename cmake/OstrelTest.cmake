@@ -12,7 +12,7 @@ if(NOT EXISTS ${OSTREL_TEST_LOCALES}/de_DE.UTF-8/LC_NUMERIC)
     endif()
 endif()
 
-# What test code is built with, linked behind ostrel_house. A test spends its time in what it tests; not optimising its own
+# What test code is built with, linked behind ostrel_house. A test spends its time in what it tests; not optimizing its own
 # code halves the time to compile it. Objects of one kind, so that libraries and executables can share precompiled headers.
 add_library(ostrel_test_house INTERFACE)
 target_compile_options(ostrel_test_house INTERFACE -O0 -fPIC)

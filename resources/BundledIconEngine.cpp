@@ -86,7 +86,7 @@ QPixmap BundledIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::St
         return picture;
     if (size.isEmpty())
         return {};
-    // The style draws the other modes in colours of the palette.
+    // The style draws the other modes in colors of the palette.
     const QString key = u"ostrel-icon %1 %2x%3 %4 %5"_s.arg(mPath)
                             .arg(size.width())
                             .arg(size.height())

@@ -65,8 +65,8 @@ public:
     QList<Qt::FocusReason> reasons;
 };
 
-/** A catalogue that has a translation for every text, and notes what it was asked for. */
-class Catalogue : public QTranslator
+/** A catalog that has a translation for every text, and notes what it was asked for. */
+class Catalog : public QTranslator
 {
     Q_OBJECT
 
@@ -415,12 +415,12 @@ void TstCommandWindow::title_is_the_command_line_workspace()
 
 void TstCommandWindow::title_is_translated_and_tool_tips_are_not()
 {
-    Catalogue catalogue;
-    QVERIFY(QCoreApplication::installTranslator(&catalogue));
-    catalogue.asked.clear();
+    Catalog catalog;
+    QVERIFY(QCoreApplication::installTranslator(&catalog));
+    catalog.asked.clear();
     const CommandWindow window;
-    QCoreApplication::removeTranslator(&catalogue);
-    QStringList asked = catalogue.asked.filter(u"CommandWindow/"_s);
+    QCoreApplication::removeTranslator(&catalog);
+    QStringList asked = catalog.asked.filter(u"CommandWindow/"_s);
     asked.sort();
     QCOMPARE(asked, QStringList({u"CommandWindow/Command Line Workspace"_s, u"CommandWindow/Command Mode"_s,
                                  u"CommandWindow/Python Mode"_s}));
@@ -721,7 +721,7 @@ void TstCommandWindow::removing_the_current_page_hands_over_to_a_selected_comman
 
     auto* three = add<CommandWidget>(window, u"three"_s);
     window.remove_command_tab(tabs(window)->widget(1));
-    // Its neighbour is a command page, and the removal selects it.
+    // Its neighbor is a command page, and the removal selects it.
     window.remove_command_tab(three);
     QCOMPARE(tabs(window)->currentWidget(), one);
     QCOMPARE(working_page(window), one);

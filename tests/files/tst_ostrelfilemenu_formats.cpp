@@ -307,7 +307,7 @@ void TstOstrelFileMenuFormats::removal_thins_out_by_filter_data()
     QTest::newRow("part of a handler") << QStringList{ab} << u"B (*.b)"_s << QStringList{u"A (*.a)"_s};
     QTest::newRow("part of two handlers")
         << QStringList{ab, u"B (*.b);;C (*.c)"_s} << u"B (*.b)"_s << QStringList{u"A (*.a)"_s, u"C (*.c)"_s};
-    QTest::newRow("one whole, one in part, not neighbours")
+    QTest::newRow("one whole, one in part, not neighbors")
         << QStringList{u"B (*.b)"_s, u"C (*.c)"_s, ab} << u"B (*.b)"_s
         << QStringList{u"C (*.c)"_s, u"A (*.a)"_s};
     QTest::newRow("inside a longer one")

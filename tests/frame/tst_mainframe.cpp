@@ -60,7 +60,7 @@ QList<QSplashScreen*> splash_screens()
     return found;
 }
 
-// Writes a picture of one colour and returns its path.
+// Writes a picture of one color and returns its path.
 QString make_picture(const QTemporaryDir& directory, const QString& name, const QSize& size)
 {
     QImage picture(size, QImage::Format_RGB32);
@@ -146,10 +146,10 @@ private slots:
     void console_font_is_registered_once();
     void console_font_is_registered_though_another_has_its_number();
     void console_becomes_the_output();
-    void window_that_nearly_fills_the_screen_is_maximised_data();
-    void window_that_nearly_fills_the_screen_is_maximised();
-    void restored_geometry_counts_for_maximising_data();
-    void restored_geometry_counts_for_maximising();
+    void window_that_nearly_fills_the_screen_is_maximized_data();
+    void window_that_nearly_fills_the_screen_is_maximized();
+    void restored_geometry_counts_for_maximizing_data();
+    void restored_geometry_counts_for_maximizing();
     void navigation_directory_follows_the_setting_data();
     void navigation_directory_follows_the_setting();
     void reader_fills_the_model_with_resources_that_know_it();
@@ -425,10 +425,10 @@ void TstMainFrame::console_becomes_the_output()
     QCOMPARE(host().command_window, static_cast<OutputHandler*>(console));
 }
 
-void TstMainFrame::window_that_nearly_fills_the_screen_is_maximised_data()
+void TstMainFrame::window_that_nearly_fills_the_screen_is_maximized_data()
 {
     QTest::addColumn<QSize>("room");
-    QTest::addColumn<bool>("maximised");
+    QTest::addColumn<bool>("maximized");
 
     QTest::newRow("enough room on both axes") << QSize(11, 31) << false;
     QTest::newRow("ten pixels beside it are not enough") << QSize(10, 31) << true;
@@ -439,10 +439,10 @@ void TstMainFrame::window_that_nearly_fills_the_screen_is_maximised_data()
     QTest::newRow("larger than the screen") << QSize(-200, -200) << true;
 }
 
-void TstMainFrame::window_that_nearly_fills_the_screen_is_maximised()
+void TstMainFrame::window_that_nearly_fills_the_screen_is_maximized()
 {
     QFETCH(const QSize, room);
-    QFETCH(const bool, maximised);
+    QFETCH(const bool, maximized);
     const QSize size = QGuiApplication::primaryScreen()->geometry().size() - room;
     {
         QSettings settings;
@@ -451,25 +451,25 @@ void TstMainFrame::window_that_nearly_fills_the_screen_is_maximised()
     }
     LoadedFrame frame;
     QVERIFY(Ostrel::instance()->isVisible());
-    QCOMPARE(Ostrel::instance()->isMaximized(), maximised);
-    // Only an exact size puts the limits to the test. Maximising has not changed it yet.
+    QCOMPARE(Ostrel::instance()->isMaximized(), maximized);
+    // Only an exact size puts the limits to the test. Maximizing has not changed it yet.
     QCOMPARE(Ostrel::instance()->size(), size);
 }
 
-void TstMainFrame::restored_geometry_counts_for_maximising_data()
+void TstMainFrame::restored_geometry_counts_for_maximizing_data()
 {
     QTest::addColumn<QSize>("room");
-    QTest::addColumn<bool>("maximised");
+    QTest::addColumn<bool>("maximized");
 
     QTest::newRow("enough room on both axes") << QSize(11, 31) << false;
     QTest::newRow("ten pixels beside it are not enough") << QSize(10, 31) << true;
     QTest::newRow("thirty pixels below it are not enough") << QSize(11, 30) << true;
 }
 
-void TstMainFrame::restored_geometry_counts_for_maximising()
+void TstMainFrame::restored_geometry_counts_for_maximizing()
 {
     QFETCH(const QSize, room);
-    QFETCH(const bool, maximised);
+    QFETCH(const bool, maximized);
     const QSize size = QGuiApplication::primaryScreen()->geometry().size() - room;
     {
         QWidget like_last_time;
@@ -479,7 +479,7 @@ void TstMainFrame::restored_geometry_counts_for_maximising()
     }
     LoadedFrame frame;
     QVERIFY(Ostrel::instance()->isVisible());
-    QCOMPARE(Ostrel::instance()->isMaximized(), maximised);
+    QCOMPARE(Ostrel::instance()->isMaximized(), maximized);
     QCOMPARE(Ostrel::instance()->size(), size);
 }
 
@@ -1113,10 +1113,10 @@ void TstMainFrame::splash_message_is_white_at_the_bottom_center()
     bool white = false;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
-            const QColor colour = image.pixelColor(x, y);
-            if (colour.value() > 50)
+            const QColor color = image.pixelColor(x, y);
+            if (color.value() > 50)
                 written |= QRect(x, y, 1, 1);
-            white |= colour == Qt::white;
+            white |= color == Qt::white;
         }
     }
     QVERIFY(white);

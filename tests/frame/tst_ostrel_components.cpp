@@ -1278,15 +1278,15 @@ void TstOstrelComponents::window_closed_over_an_open_plugin_tool_takes_it_along(
 void TstOstrelComponents::five_lives_of_a_component_leave_nothing()
 {
     Ostrel window;
-    Component neighbour;
-    neighbour.add_to_menu(window, u"Mesh"_s, {u"n1"_s, u"-"_s, u"n2"_s}, "neighbour");
-    neighbour.add_to_menu(window, u"&Tools"_s, {u"n3"_s}, "neighbour");
-    neighbour.add_to_menu(window, u"&Help"_s, {u"n4"_s}, "neighbour");
-    neighbour.add_to_toolbar(window, "shared", {u"n5"_s, u"n6"_s, u"n7"_s}, "neighbour");
-    QDockWidget* const neighbour_dock = make_dock(u"neighbour dock"_s);
-    window.add_dock_window(neighbour_dock, "neighbour", Qt::LeftDockWidgetArea, Qt::AllDockWidgetAreas);
+    Component neighbor;
+    neighbor.add_to_menu(window, u"Mesh"_s, {u"n1"_s, u"-"_s, u"n2"_s}, "neighbor");
+    neighbor.add_to_menu(window, u"&Tools"_s, {u"n3"_s}, "neighbor");
+    neighbor.add_to_menu(window, u"&Help"_s, {u"n4"_s}, "neighbor");
+    neighbor.add_to_toolbar(window, "shared", {u"n5"_s, u"n6"_s, u"n7"_s}, "neighbor");
+    QDockWidget* const neighbor_dock = make_dock(u"neighbor dock"_s);
+    window.add_dock_window(neighbor_dock, "neighbor", Qt::LeftDockWidgetArea, Qt::AllDockWidgetAreas);
     // The separator before the view menu's general section stays once it is there.
-    neighbour.add_to_menu(window, u"&View"_s, {u"n8"_s}, "former");
+    neighbor.add_to_menu(window, u"&View"_s, {u"n8"_s}, "former");
     window.remove_menu_items("former");
     const QStringList before = describe_window(window);
 

@@ -65,7 +65,7 @@ private:
     std::function<void()> mAction;
 };
 
-// A window with two buttons, one of which has a neighbour below the same parent.
+// A window with two buttons, one of which has a neighbor below the same parent.
 class Window : public QWidget
 {
 public:

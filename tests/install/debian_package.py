@@ -159,7 +159,7 @@ class DebianPackage(unittest.TestCase):
         for path, target in links:
             self.assertIn(os.path.normpath(os.path.join(os.path.dirname(path), target)), names, path)
 
-    def test_licences_and_changes_are_told(self):
+    def test_licenses_and_changes_are_told(self):
         for package in (program, development, module):
             out = tempfile.mkdtemp(dir=folder)
             run("dpkg-deb", "--extract", package.file, out)

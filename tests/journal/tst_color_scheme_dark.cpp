@@ -16,7 +16,7 @@ class TstColorSchemeDark : public TestCase
 
 private slots:
     void dark_desktop_is_noticed();
-    void current_line_is_dark_grey();
+    void current_line_is_dark_gray();
 };
 
 void TstColorSchemeDark::dark_desktop_is_noticed()
@@ -24,7 +24,7 @@ void TstColorSchemeDark::dark_desktop_is_noticed()
     QVERIFY(is_dark_color_scheme());
 }
 
-void TstColorSchemeDark::current_line_is_dark_grey()
+void TstColorSchemeDark::current_line_is_dark_gray()
 {
     JournalEditor editor;
     QTabWidget tabs;

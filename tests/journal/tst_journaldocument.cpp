@@ -90,16 +90,16 @@ private slots:
     void update_of_the_whole_view_sets_the_margin();
     void update_repaints_its_rows_of_the_strip();
     void scrolling_moves_the_strip();
-    void strip_shows_black_numbers_on_light_grey_data();
-    void strip_shows_black_numbers_on_light_grey();
+    void strip_shows_black_numbers_on_light_gray_data();
+    void strip_shows_black_numbers_on_light_gray();
     void strip_cuts_fractions_of_pixels();
     void strip_skips_hidden_lines();
     void strip_paints_only_where_it_is_asked();
-    void strip_keeps_its_colours_in_dark_ones();
+    void strip_keeps_its_colors_in_dark_ones();
     void current_line_is_highlighted();
     void highlight_follows_the_cursor_without_its_selection();
     void read_only_document_has_no_highlight();
-    void colour_of_the_highlight_follows_the_colour_scheme();
+    void color_of_the_highlight_follows_the_color_scheme();
     void mark_on_the_tab_follows_the_modified_flag();
     void mark_replaces_one_that_is_there();
     void one_mark_goes_at_most();
@@ -303,7 +303,7 @@ QImage TstJournalDocument::expected_strip() const
     return image;
 }
 
-void TstJournalDocument::strip_shows_black_numbers_on_light_grey_data()
+void TstJournalDocument::strip_shows_black_numbers_on_light_gray_data()
 {
     QTest::addColumn<int>("blocks");
     QTest::addColumn<int>("scrolled");
@@ -315,7 +315,7 @@ void TstJournalDocument::strip_shows_black_numbers_on_light_grey_data()
     QTest::newRow("scrolled to the end") << 120 << 1000;
 }
 
-void TstJournalDocument::strip_shows_black_numbers_on_light_grey()
+void TstJournalDocument::strip_shows_black_numbers_on_light_gray()
 {
     QFETCH(const int, blocks);
     QFETCH(const int, scrolled);
@@ -368,7 +368,7 @@ void TstJournalDocument::strip_paints_only_where_it_is_asked()
     mTabs->hide();
 }
 
-void TstJournalDocument::strip_keeps_its_colours_in_dark_ones()
+void TstJournalDocument::strip_keeps_its_colors_in_dark_ones()
 {
     QPalette dark(Qt::black);
     dark.setColor(QPalette::WindowText, Qt::white);
@@ -409,8 +409,8 @@ void TstJournalDocument::read_only_document_has_no_highlight()
     QCOMPARE(mDocument->extraSelections().size(), 1);
 }
 
-/** Versions of Qt that tell the colour scheme say that this platform has none; others go by the palette. */
-void TstJournalDocument::colour_of_the_highlight_follows_the_colour_scheme()
+/** Versions of Qt that tell the color scheme say that this platform has none; others go by the palette. */
+void TstJournalDocument::color_of_the_highlight_follows_the_color_scheme()
 {
     QVERIFY(!is_dark_color_scheme());
     const QPalette before = QApplication::palette();

@@ -74,10 +74,10 @@ private slots:
     void document_that_is_searched_is_the_one_that_is_marked();
 
     // Marking.
-    void hit_turns_grey_and_the_document_is_modified();
-    void grey_stays_when_the_search_goes_on();
+    void hit_turns_gray_and_the_document_is_modified();
+    void gray_stays_when_the_search_goes_on();
     void hit_after_wrapping_stays_white();
-    void grey_is_not_saved_with_the_text();
+    void gray_is_not_saved_with_the_text();
 
 private:
     JournalEditor& editor() { return *mWindow->journal_editor(); }
@@ -108,8 +108,8 @@ private:
         const QTextCursor cursor = doc()->textCursor();
         return {cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart()};
     }
-    /** The positions of the characters with a grey background. */
-    QList<int> grey()
+    /** The positions of the characters with a gray background. */
+    QList<int> gray()
     {
         QList<int> positions;
         for (int i = 0; i < doc()->document()->characterCount() - 1; ++i) {
@@ -611,30 +611,30 @@ void TstJournalFindDialog::document_that_is_searched_is_the_one_that_is_marked()
     });
     next();
     QVERIFY(moved > 0);
-    QCOMPARE(grey(), QList<int>({4, 5, 6}));
+    QCOMPARE(gray(), QList<int>({4, 5, 6}));
     QVERIFY(!other->textCursor().hasSelection());
 }
 
-void TstJournalFindDialog::hit_turns_grey_and_the_document_is_modified()
+void TstJournalFindDialog::hit_turns_gray_and_the_document_is_modified()
 {
     show(u"one two"_s, u"two"_s);
     QVERIFY(!doc()->document()->isModified());
     next();
-    QCOMPARE(grey(), QList<int>({4, 5, 6}));
+    QCOMPARE(gray(), QList<int>({4, 5, 6}));
     QVERIFY(doc()->document()->isModified());
     QCOMPARE(tab_texts(editor()), QStringList(u"* Untitled"_s));
     QCOMPARE(doc()->toPlainText(), u"one two"_s);
 }
 
-void TstJournalFindDialog::grey_stays_when_the_search_goes_on()
+void TstJournalFindDialog::gray_stays_when_the_search_goes_on()
 {
     show(u"one two two"_s, u"two"_s);
     next();
     next();
-    QCOMPARE(grey(), QList<int>({4, 5, 6, 8, 9, 10}));
+    QCOMPARE(gray(), QList<int>({4, 5, 6, 8, 9, 10}));
     put_caret(0);
     mDialog->close();
-    QCOMPARE(grey(), QList<int>({4, 5, 6, 8, 9, 10}));
+    QCOMPARE(gray(), QList<int>({4, 5, 6, 8, 9, 10}));
 }
 
 void TstJournalFindDialog::hit_after_wrapping_stays_white()
@@ -643,11 +643,11 @@ void TstJournalFindDialog::hit_after_wrapping_stays_white()
     put_caret(5);
     next();
     QCOMPARE(selection(), QPoint(0, 3));
-    QCOMPARE(grey(), QList<int>());
+    QCOMPARE(gray(), QList<int>());
     QVERIFY(!doc()->document()->isModified());
 }
 
-void TstJournalFindDialog::grey_is_not_saved_with_the_text()
+void TstJournalFindDialog::gray_is_not_saved_with_the_text()
 {
     QTemporaryDir directory;
     show(u"one two"_s, u"two"_s);

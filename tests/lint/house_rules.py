@@ -97,7 +97,7 @@ def is_script(path, text):
     return text.startswith("#!") or path.endswith((".py", ".sh"))
 
 
-def is_licence(path):
+def is_license(path):
     return os.path.basename(path) in ("LICENSE", "OFL.txt")
 
 
@@ -120,7 +120,7 @@ def without_strings(text):
 # --- The rules: each takes the tree and yields the files it looked at and its complaints -----------------------------
 
 def spdx_lines(tree):
-    """Every source file names holder and licence in its first lines."""
+    """Every source file names holder and license in its first lines."""
     seen = [p for p, t in tree.items()
             if is_code(p) or is_script(p, t) or os.path.basename(p) == "CMakeLists.txt"
             or p.endswith((".cmake", ".ui", ".svg"))]
@@ -158,7 +158,7 @@ def no_clocks(tree):
 
 def no_promises(tree):
     """Nothing in the tree puts work off to later."""
-    seen = [p for p in tree if not is_licence(p)]
+    seen = [p for p in tree if not is_license(p)]
     # In pieces, so that this file passes its own rule.
     words = r"\b(TO" + "DO|FIX" + "ME|X" + r"XX|HA" + r"CK)\b"
     return seen, [b for p in seen for b in matches(words, p, tree[p], "a promise of later work")]

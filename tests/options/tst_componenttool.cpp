@@ -248,7 +248,7 @@ void TstComponentTool::what_is_this_texts()
         button(tool, u"mMoveDownButton"_s)->whatsThis(),
         u"Moves a plugin down in the list. The changes will only take effect after saving and restarting "
         "Ostrel."_s);
-    // The misspelt word is part of the text.
+    // The misspelled word is part of the text.
     QCOMPARE(paths(tool)->whatsThis(),
              u"The list of plugins registered with the framework. If the ckeck box in the left column of a "
              "plugin is checked, the plugin will be loaded on startup. If the box is not checked, the plugin "

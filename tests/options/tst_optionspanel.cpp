@@ -317,7 +317,7 @@ void TstOptionsPanel::three_levels_have_reversed_groups()
     QCOMPARE(panel.rows(), (QStringList{u"B"_s, u"  A"_s, u"    C"_s}));
     for (const auto& label : {u"A"_s, u"B"_s, u"C"_s})
         QCOMPARE(panel.shown_at(label), panel.blank);
-    // The map holds the keys in order: a page for the key A lands on the node labelled B.
+    // The map holds the keys in order: a page for the key A lands on the node labeled B.
     auto* page = new QWidget;
     panel.dialog.add_panel(u"A"_s, page);
     QCOMPARE(panel.rows(), (QStringList{u"B"_s, u"  A"_s, u"    C"_s}));

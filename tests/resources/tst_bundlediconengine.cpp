@@ -65,13 +65,13 @@ QImage painted(const QIcon& icon, const QRect& rect, qreal ratio, Qt::Alignment 
     return image;
 }
 
-void write_square(const QString& path, const QByteArray& colour)
+void write_square(const QString& path, const QByteArray& color)
 {
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("<svg xmlns='http://www.w3.org/2000/svg' width='22' height='22' viewBox='0 0 22 22'>"
                "<path fill='" +
-               colour + "' d='M0 0h22v22H0z'/></svg>");
+               color + "' d='M0 0h22v22H0z'/></svg>");
 }
 
 /** A picture of so many pixels, whatever the screens scale by. */

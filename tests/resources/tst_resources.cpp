@@ -105,17 +105,17 @@ bool is_visible(QRgb pixel)
     return qAlpha(pixel) >= 64;
 }
 
-/** The relative luminance of a colour, 0 to 1, as contrast ratios are defined on it. */
-double luminance(QRgb colour)
+/** The relative luminance of a color, 0 to 1, as contrast ratios are defined on it. */
+double luminance(QRgb color)
 {
     const auto linear = [](int channel) {
         const double value = channel / 255.0;
         return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
     };
-    return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour)) + 0.0722 * linear(qBlue(colour));
+    return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) + 0.0722 * linear(qBlue(color));
 }
 
-/** 1 for two colours equally bright, 21 for black and white. */
+/** 1 for two colors equally bright, 21 for black and white. */
 double contrast_ratio(QRgb a, QRgb b)
 {
     const auto [low, high] = std::minmax({luminance(a), luminance(b)});
@@ -143,7 +143,7 @@ Remainder remainder(const QImage& picture, QRgb window, double ratio)
     return {count / (side * side), std::max(box.width(), box.height()) / side};
 }
 
-/** Mean difference of two pictures on a mid-grey window over all pixels and channels, 0 to 255. */
+/** Mean difference of two pictures on a mid-gray window over all pixels and channels, 0 to 255. */
 double difference(const QImage& a, const QImage& b)
 {
     const QImage left = on_window(a, qRgb(128, 128, 128));
@@ -288,17 +288,17 @@ void TstResources::icon_stands_out_from_the_window_data()
     const struct
     {
         const char* label;
-        QRgb colour;
+        QRgb color;
     } windows[] = {{"white", qRgb(0xff, 0xff, 0xff)},
                    {"light", qRgb(0xf5, 0xf5, 0xf5)},
                    {"dark", qRgb(0x2b, 0x2b, 0x2b)}};
     for (const char* name : kIcons) {
         for (const auto& window : windows) {
             QTest::addRow("%s, normal, %s", name, window.label)
-                << QByteArray(name) << window.colour << QIcon::Normal << 2.0;
+                << QByteArray(name) << window.color << QIcon::Normal << 2.0;
             // A disabled icon is meant to recede, but not to vanish.
             QTest::addRow("%s, disabled, %s", name, window.label)
-                << QByteArray(name) << window.colour << QIcon::Disabled << 1.5;
+                << QByteArray(name) << window.color << QIcon::Disabled << 1.5;
         }
     }
 }

@@ -57,10 +57,10 @@ void TstSettingsSandbox::settings_of_every_format_and_scope_lie_in_the_sandbox()
     QFETCH(const QSettings::Format, format);
     QFETCH(const QSettings::Scope, scope);
     const SettingsSandbox sandbox;
-    // The file is .../user/organisation/application.ini.
+    // The file is .../user/organization/application.ini.
     const QString root = QFileInfo(QFileInfo(QFileInfo(sandbox.file()).path()).path()).path();
     QVERIFY(QFileInfo(root).isDir());
-    const QSettings settings(format, scope, u"organisation"_s, u"application"_s);
+    const QSettings settings(format, scope, u"organization"_s, u"application"_s);
     QVERIFY2(settings.fileName().startsWith(root + u'/'), qPrintable(settings.fileName()));
 }
 
@@ -89,16 +89,16 @@ void TstSettingsSandbox::system_wide_settings_do_not_shine_through()
     // What another program has set for all users is read from XDG_CONFIG_DIRS.
     const QString directory = qEnvironmentVariable("XDG_CONFIG_DIRS");
     QVERIFY(!directory.isEmpty());
-    const QString organisation = directory + u"/ostrel-tests"_s;
-    QVERIFY(QDir().mkpath(organisation));
+    const QString organization = directory + u"/ostrel-tests"_s;
+    QVERIFY(QDir().mkpath(organization));
     for (const QString& name : {u"/ostrel-tests.ini"_s, u"/ostrel-tests.conf"_s}) {
-        QFile file(organisation + name);
+        QFile file(organization + name);
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("[General]\nkey=foreign\n");
     }
     const SettingsSandbox sandbox;
     const bool found = QSettings().contains(u"key"_s);
-    QVERIFY(QDir(organisation).removeRecursively());
+    QVERIFY(QDir(organization).removeRecursively());
     QVERIFY(!found);
 }
 

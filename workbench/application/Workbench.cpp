@@ -24,7 +24,7 @@
 #include "workbench/application/python/apply_python_paths.h"
 #include "workbench/application/python/python_literal.h"
 #include "workbench/application/search/gather_entries.h"
-#include "workbench/application/windows/ColourScheme.h"
+#include "workbench/application/windows/ColorScheme.h"
 #include "workbench/application/windows/FirstSize.h"
 #include "workbench/application/windows/WindowCommands.h"
 #include "workbench/application/windows/WindowParts.h"
@@ -174,7 +174,7 @@ void Workbench::set_up_commands()
             pass_interrupt_on();
         },
         [this](const QString& text) { report_error(text); });
-    mScheme = std::make_unique<ColourScheme>(fennar.registry());
+    mScheme = std::make_unique<ColorScheme>(fennar.registry());
     set_form_services({&fennar.registry(), &fennar.interpreter().variables(), &make_file_field});
     register_component_commands(fennar.registry(), *mComponents);
     register_select_command(fennar.registry(), Scene::instance());

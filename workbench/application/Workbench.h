@@ -25,7 +25,7 @@ class OutputHandler;
 
 namespace fennar {
 
-class ColourScheme;
+class ColorScheme;
 class ComponentManager;
 class ConsoleOwner;
 class JournalPlayer;
@@ -188,7 +188,7 @@ private:
     CloseGuard mCloseGuard;
     std::unique_ptr<WindowParts> mParts;
     std::unique_ptr<ComponentManager> mComponents;
-    std::unique_ptr<ColourScheme> mScheme;
+    std::unique_ptr<ColorScheme> mScheme;
     std::unique_ptr<WindowCommands> mWindowCommands;
     QElapsedTimer mLastTurn;
     /** The line that runs on the console. */

@@ -670,7 +670,7 @@
     </message>
 </context>
 <context>
-    <name>fennar::ColourScheme</name>
+    <name>fennar::ColorScheme</name>
     <message>
         <source>S&amp;ystem Colors</source>
         <translation>系统配色(&amp;Y)</translation>

@@ -57,7 +57,7 @@ def free_ports(count):
 
 
 class NoDaemons(Exception):
-    """The machine does not let Slurm's daemons run, as a container without their rights: nothing is learnt of the example."""
+    """The machine does not let Slurm's daemons run, as a container without their rights: nothing is learned of the example."""
 
 
 class Slurm:

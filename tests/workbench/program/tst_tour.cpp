@@ -106,12 +106,12 @@ void TstTour::tour_shows_the_workbench_in_pictures()
         const QImage image(mDirectory->filePath(name));
         QVERIFY2(!image.isNull(), qPrintable(name));
         QVERIFY2(image.width() >= 400 && image.height() >= 300, qPrintable(name));
-        QSet<QRgb> colours;
+        QSet<QRgb> colors;
         for (int y = 0; y < image.height(); y += 2) {
             for (int x = 0; x < image.width(); x += 2)
-                colours.insert(image.pixel(x, y));
+                colors.insert(image.pixel(x, y));
         }
-        QVERIFY2(colours.size() > 40, qPrintable(u"%1 has %2 colours"_s.arg(name).arg(colours.size())));
+        QVERIFY2(colors.size() > 40, qPrintable(u"%1 has %2 colors"_s.arg(name).arg(colors.size())));
         pictures.insert(name, image);
     }
     QVERIFY(pictures.size() >= 8);
@@ -124,13 +124,13 @@ void TstTour::tour_shows_the_workbench_in_pictures()
     QVERIFY(mean_lightness(pictures[u"dark.png"_s]) < 90);
     QVERIFY(mean_lightness(pictures[u"mesh.png"_s]) > 150);
 
-    // The colour of the mesh, and of nothing else that is as large.
+    // The color of the mesh, and of nothing else that is as large.
     const auto green = [](const QImage& image) {
         int pixels = 0;
         for (int y = 0; y < image.height(); ++y) {
             for (int x = 0; x < image.width(); ++x) {
-                const QColor colour = image.pixelColor(x, y);
-                pixels += colour.green() > colour.red() + 15 && colour.green() > colour.blue() + 8;
+                const QColor color = image.pixelColor(x, y);
+                pixels += color.green() > color.red() + 15 && color.green() > color.blue() + 8;
             }
         }
         return pixels;
@@ -143,7 +143,7 @@ void TstTour::tour_shows_the_workbench_in_pictures()
     // What other programs can read is there, too.
     for (const QString& name : {u"tour_flange.step"_s, u"tour_flange.stl"_s, u"tour_flange.mdl"_s})
         QVERIFY2(QFileInfo(mDirectory->filePath(name)).size() > 1000, qPrintable(name));
-    // The user's next start is as it was: in colours, and in what is displayed.
+    // The user's next start is as it was: in colors, and in what is displayed.
     QFile settings(mDirectory->filePath(u"settings.ini"_s));
     QVERIFY(settings.open(QIODevice::ReadOnly));
     const QByteArray kept = settings.readAll();

@@ -14,7 +14,7 @@ namespace fennar {
  *
  * All default-constructed QSettings that are made while the object lives read and write that file: those of
  * the shell, the workbench and the components. The object is made before the first of them, with the names of
- * organisation and application set, and outlives the last. One object at a time, on the GUI thread.
+ * organization and application set, and outlives the last. One object at a time, on the GUI thread.
  *
  * Nothing else of the user's settings is read. What Qt remembers for itself, as the places in its file
  * dialogs, stays where Qt keeps it.

@@ -7,7 +7,7 @@
 
 namespace fennar {
 
-/** The program's own colours: dark text on a light ground, or with @p dark light text on a dark ground. */
+/** The program's own colors: dark text on a light ground, or with @p dark light text on a dark ground. */
 QPalette scheme_palette(bool dark);
 
 } // namespace fennar

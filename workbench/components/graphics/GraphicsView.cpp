@@ -88,7 +88,7 @@ void GraphicsView::paintEvent(QPaintEvent*)
 {
     update_image();
     QPainter painter(this);
-    ViewColours::fitting(palette()).paint_background(painter, rect());
+    ViewColors::fitting(palette()).paint_background(painter, rect());
     painter.drawImage(QPointF(0, 0), mImage);
     paint_axes(painter);
     if (hasFocus()) {
@@ -202,7 +202,7 @@ void GraphicsView::update_image()
     const bool wants_opengl = mState.display().opengl;
     if (std::exchange(mDisplayChanged, false) && wants_opengl != bool(mOpenGl))
         mOpenGl = wants_opengl ? OpenGlRenderer::create() : nullptr;
-    const Picture picture{mState.scene(), mState.camera(), mState.display(), ViewColours::fitting(palette()),
+    const Picture picture{mState.scene(), mState.camera(), mState.display(), ViewColors::fitting(palette()),
                           ratio,          mMoving};
     mImage = mOpenGl ? mOpenGl->render(picture) : QImage();
     if (mImage.isNull()) {
@@ -224,7 +224,7 @@ void GraphicsView::paint_axes(QPainter& painter) const
     struct Axis
     {
         Point3 direction;
-        QColor colour;
+        QColor color;
         QString name;
     };
     const Camera& camera = mState.camera();
@@ -240,7 +240,7 @@ void GraphicsView::paint_axes(QPainter& painter) const
     const QPointF middle(reach * 1.6, height() - reach * 1.6);
     for (const Axis& axis : axes) {
         const QPointF way(axis.direction.x, -axis.direction.y);
-        painter.setPen(QPen(axis.colour, 2, Qt::SolidLine, Qt::RoundCap));
+        painter.setPen(QPen(axis.color, 2, Qt::SolidLine, Qt::RoundCap));
         painter.drawLine(middle, middle + way * reach);
         // An axis that points at the viewer has its letter beside it.
         const QPointF place =

@@ -205,7 +205,7 @@ struct OpenGlRenderer::Device
     {
         Stored& buffers = find(part.shape);
         place(picture, *part.shape, depth);
-        set_color(part.colour, Light::ambient, Light::direct);
+        set_color(part.color, Light::ambient, Light::direct);
         use(buffers, Corners, position_attribute);
         use(buffers, Normals, normal_attribute);
         program->enableAttributeArray(normal_attribute);
@@ -217,7 +217,7 @@ struct OpenGlRenderer::Device
     {
         Stored& buffers = find(lines.shape);
         place(picture, *lines.shape, depth);
-        set_color(lines.colour, 1, 0);
+        set_color(lines.color, 1, 0);
         program->setAttributeValue(normal_attribute, QVector3D(0, 0, 1));
         use(buffers, lines.curves ? Curves : Lines, position_attribute);
         gl().glLineWidth(float(lines.width * picture.ratio));

@@ -20,14 +20,14 @@ constexpr double curve_width = 1.0;
 
 } // namespace
 
-ViewColours ViewColours::light()
+ViewColors ViewColors::light()
 {
     return {QColor(0xf7, 0xf9, 0xfb), QColor(0xc6, 0xd1, 0xde), QColor(0x9c, 0xc0, 0xea),
             QColor(0x1f, 0x3a, 0x5a), QColor(0xa8, 0xd8, 0xbb), QColor(0x1f, 0x5f, 0x3e),
             QColor(0xf7, 0xb0, 0x4a), QColor(0x8a, 0x45, 0x00)};
 }
 
-ViewColours ViewColours::fitting(const QPalette& palette)
+ViewColors ViewColors::fitting(const QPalette& palette)
 {
     const bool dark =
         palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
@@ -38,7 +38,7 @@ ViewColours ViewColours::fitting(const QPalette& palette)
     return light();
 }
 
-void ViewColours::paint_background(QPainter& painter, const QRect& area) const
+void ViewColors::paint_background(QPainter& painter, const QRect& area) const
 {
     QLinearGradient background(0, 0, 0, area.height());
     background.setColorAt(0, top);
@@ -61,23 +61,23 @@ double Picture::depth() const
 PictureParts::PictureParts(const Picture& picture)
 {
     const DisplayOptions& display = picture.display;
-    const ViewColours& colours = picture.colours;
+    const ViewColors& colors = picture.colors;
     for (const auto& [id, item] : picture.scene.items()) {
         const bool meshed = display.mesh && item.mesh;
         const bool shaded = display.shaded && display.surface(item);
         if (shaded)
-            surfaces.push_back({display.surface(item), item.selected ? colours.selected
-                                                       : meshed      ? colours.mesh
-                                                                     : colours.solid});
+            surfaces.push_back({display.surface(item), item.selected ? colors.selected
+                                                       : meshed      ? colors.mesh
+                                                                     : colors.solid});
         if (meshed)
-            lines.push_back({item.mesh, false, item.selected ? colours.selected_edge : colours.mesh_line,
-                             mesh_line_width});
-        const QColor edge_colour = item.selected ? colours.selected_edge : colours.edge;
+            lines.push_back(
+                {item.mesh, false, item.selected ? colors.selected_edge : colors.mesh_line, mesh_line_width});
+        const QColor edge_color = item.selected ? colors.selected_edge : colors.edge;
         if (display.wireframe && item.shape)
-            lines.push_back({item.shape, false, edge_colour, edge_width});
+            lines.push_back({item.shape, false, edge_color, edge_width});
         // Without its curves a sphere would not be seen where edges are all that is drawn.
         if (display.wireframe && item.shape && !shaded && !meshed)
-            lines.push_back({item.shape, true, edge_colour, curve_width});
+            lines.push_back({item.shape, true, edge_color, curve_width});
     }
 }
 

@@ -51,8 +51,8 @@ inline constexpr DisplayOption display_options[] = {
     {QLatin1StringView("mesh"), &DisplayOptions::mesh},
     {QLatin1StringView("opengl"), &DisplayOptions::opengl}};
 
-/** The colours of a view. */
-struct ViewColours
+/** The colors of a view. */
+struct ViewColors
 {
     /** The background, which changes from top to bottom. */
     QColor top;
@@ -65,9 +65,9 @@ struct ViewColours
     QColor selected_edge;
 
     /** Those of a light view. */
-    static ViewColours light();
+    static ViewColors light();
     /** Those that go with a palette, be it light or dark. */
-    static ViewColours fitting(const QPalette& palette);
+    static ViewColors fitting(const QPalette& palette);
 
     void paint_background(QPainter& painter, const QRect& area) const;
 };
@@ -79,7 +79,7 @@ struct Picture
     /** Its viewport is the size of the picture in pixels that do not depend on the device. */
     const Camera& camera;
     DisplayOptions display;
-    ViewColours colours;
+    ViewColors colors;
     /** How many pixels of the device make one of the camera's, in each direction. */
     double ratio = 1;
     /** Quick rather than smooth. */
@@ -96,14 +96,14 @@ struct PictureParts
     struct Surface
     {
         std::shared_ptr<const SceneShape> shape;
-        QColor colour;
+        QColor color;
     };
     struct Lines
     {
         std::shared_ptr<const SceneShape> shape;
         /** The curves of the shape rather than its lines. */
         bool curves = false;
-        QColor colour;
+        QColor color;
         /** In pixels of the camera. */
         double width = 1;
 

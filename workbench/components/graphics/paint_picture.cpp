@@ -41,13 +41,13 @@ public:
     int width() const { return mImage.width(); }
     int height() const { return mImage.height(); }
 
-    void plot(int x, int y, float z, QRgb colour)
+    void plot(int x, int y, float z, QRgb color)
     {
         const std::size_t at = std::size_t(y) * std::size_t(width()) + std::size_t(x);
         if (!(z >= mDepths[at])) // nor if it is no number
             return;
         mDepths[at] = z;
-        mPixels[at] = colour;
+        mPixels[at] = color;
     }
 
 private:
@@ -103,13 +103,13 @@ private:
     std::array<Row, 3> mTurn;
 };
 
-/** The colour in all the shades that can be told apart. */
-std::array<QRgb, 256> shades(const QColor& colour)
+/** The color in all the shades that can be told apart. */
+std::array<QRgb, 256> shades(const QColor& color)
 {
     std::array<QRgb, 256> result;
     for (std::size_t i = 0; i < result.size(); ++i) {
         const auto part = [i](int value) { return int(std::lround(double(value) * double(i) / 255)); };
-        result[i] = qRgb(part(colour.red()), part(colour.green()), part(colour.blue()));
+        result[i] = qRgb(part(color.red()), part(color.green()), part(color.blue()));
     }
     return result;
 }
@@ -123,7 +123,7 @@ std::pair<int, int> pixels_between(float from, float to, int count)
 }
 
 void fill(Canvas& canvas, const std::array<Spot, 3>& spots, const std::array<float, 3>& light,
-          const std::array<QRgb, 256>& colours)
+          const std::array<QRgb, 256>& colors)
 {
     const Spot& a = spots[0];
     const Spot& b = spots[1];
@@ -165,12 +165,12 @@ void fill(Canvas& canvas, const std::array<Spot, 3>& spots, const std::array<flo
             // Slivers have slopes without end.
             const float z = std::clamp(a.z + depth_x * dx + depth_y * dy - push, least, most);
             const float shade = light[0] + shade_x * dx + shade_y * dy;
-            canvas.plot(x, y, z, colours[shade > 0 ? std::size_t(std::min(shade, 1.0F) * 255) : 0]);
+            canvas.plot(x, y, z, colors[shade > 0 ? std::size_t(std::min(shade, 1.0F) * 255) : 0]);
         }
     }
 }
 
-void draw_line(Canvas& canvas, Spot a, Spot b, int width, QRgb colour)
+void draw_line(Canvas& canvas, Spot a, Spot b, int width, QRgb color)
 {
     if (!std::isfinite(a.x + a.y + b.x + b.y))
         return;
@@ -193,7 +193,7 @@ void draw_line(Canvas& canvas, Spot a, Spot b, int width, QRgb colour)
         const int start = int(std::floor(middle - half + 0.5F));
         const float z = a.z + (b.z - a.z) * part;
         for (int j = std::max(0, start); j < std::min(breadth, start + width); ++j)
-            steep ? canvas.plot(j, i, z, colour) : canvas.plot(i, j, z, colour);
+            steep ? canvas.plot(j, i, z, color) : canvas.plot(i, j, z, color);
     }
 }
 
@@ -204,21 +204,21 @@ void draw_lines(Canvas& canvas, const Picture& picture, const PictureParts::Line
     const std::vector<QVector3D>& points = lines.points();
     for (std::size_t i = 0; i + 1 < points.size(); i += 2)
         draw_line(canvas, projection.spot(points[i]), projection.spot(points[i + 1]), width,
-                  lines.colour.rgb());
+                  lines.color.rgb());
 }
 
 void draw_surface(Canvas& canvas, const Picture& picture, const PictureParts::Surface& surface, double pixels)
 {
     const SceneShape& shape = *surface.shape;
     const Projection projection(picture, shape, pixels);
-    const std::array<QRgb, 256> colours = shades(surface.colour);
+    const std::array<QRgb, 256> colors = shades(surface.color);
     for (std::size_t i = 0; i + 2 < shape.corners.size(); i += 3)
         fill(canvas,
              {projection.spot(shape.corners[i]), projection.spot(shape.corners[i + 1]),
               projection.spot(shape.corners[i + 2])},
              {projection.shade(shape.normals[i]), projection.shade(shape.normals[i + 1]),
               projection.shade(shape.normals[i + 2])},
-             colours);
+             colors);
 }
 
 /** Each pixel of the result is the mean of four. */
@@ -266,13 +266,13 @@ QImage draw_scene(const Scene& scene, const QSize& size)
     camera.set_viewport(size);
     camera.set_view(Camera::View::Iso);
     camera.fit(scene.box());
-    const ViewColours colours = ViewColours::light();
-    const QImage drawn = paint_picture({.scene = scene, .camera = camera, .display = {}, .colours = colours});
+    const ViewColors colors = ViewColors::light();
+    const QImage drawn = paint_picture({.scene = scene, .camera = camera, .display = {}, .colors = colors});
     QImage picture(size, QImage::Format_RGB32);
     if (drawn.isNull() || picture.isNull())
         return {};
     QPainter painter(&picture);
-    colours.paint_background(painter, picture.rect());
+    colors.paint_background(painter, picture.rect());
     painter.drawImage(QPointF(0, 0), drawn);
     return picture;
 }

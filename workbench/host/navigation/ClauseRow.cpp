@@ -27,7 +27,7 @@ ClauseRow::ClauseRow(const CommandClause& clause, QFormLayout* form)
         add_together(form);
     } else {
         for (const CommandParameter& parameter : clause.parameters)
-            add_labelled(parameter.label, add_field(parameter, form->parentWidget()), form);
+            add_labeled(parameter.label, add_field(parameter, form->parentWidget()), form);
     }
 }
 
@@ -64,7 +64,7 @@ void ClauseRow::add_together(QFormLayout* form)
     if (const QString& unit = mClause.parameters.last().unit; !unit.isEmpty())
         beside->addWidget(new QLabel(unit, together));
     together->setFocusProxy(mFields.first());
-    add_labelled(mClause.label, together, form);
+    add_labeled(mClause.label, together, form);
 }
 
 QWidget* ClauseRow::add_field(const CommandParameter& parameter, QWidget* parent)
@@ -84,7 +84,7 @@ QWidget* ClauseRow::add_field(const CommandParameter& parameter, QWidget* parent
     return field;
 }
 
-void ClauseRow::add_labelled(const char* label, QWidget* field, QFormLayout* form) const
+void ClauseRow::add_labeled(const char* label, QWidget* field, QFormLayout* form) const
 {
     form->addRow((mClause.optional ? tr("%1 (optional):") : tr("%1:")).arg(translated_parameter(label)),
                  field);

@@ -58,7 +58,7 @@ private:
     void add_check(QFormLayout* form);
     void add_together(QFormLayout* form);
     QWidget* add_field(const CommandParameter& parameter, QWidget* parent);
-    void add_labelled(const char* label, QWidget* field, QFormLayout* form) const;
+    void add_labeled(const char* label, QWidget* field, QFormLayout* form) const;
 
     const CommandClause& mClause;
     QList<FormField*> mFields;

@@ -233,7 +233,7 @@ void CommandForm::start(const QString& line, const QString& usage)
     mWays->setVisible(mCommand && mCommand->forms.size() > 1);
     mEdit->setVisible(mCommand != nullptr);
     mLine->setReadOnly(mCommand != nullptr);
-    colour_line();
+    color_line();
     set_text_or_hide(mUsage, mCommand ? QString() : usage);
     mLine->setAccessibleDescription(mCommand ? mCommand->usage() : usage);
     mLine->setToolTip(mCommand ? mCommand->usage() : QString());
@@ -370,7 +370,7 @@ void CommandForm::set_editing(bool on)
         read_line(mLine->text());
     mEditing = on;
     mLine->setReadOnly(!on);
-    colour_line();
+    color_line();
     mFields->setEnabled(!on);
     mWays->setEnabled(!on);
     update_line();
@@ -381,22 +381,22 @@ void CommandForm::set_editing(bool on)
     }
 }
 
-/** A line that only shows what will run has the colour of the panel, not that of a field to write in. */
-void CommandForm::colour_line()
+/** A line that only shows what will run has the color of the panel, not that of a field to write in. */
+void CommandForm::color_line()
 {
-    QPalette colours;
+    QPalette colors;
     if (mLine->isReadOnly()) {
         for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
-            colours.setBrush(group, QPalette::Base, palette().brush(group, QPalette::Window));
+            colors.setBrush(group, QPalette::Base, palette().brush(group, QPalette::Window));
     }
-    mLine->setPalette(colours);
+    mLine->setPalette(colors);
 }
 
 void CommandForm::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
-        colour_line();
+        color_line();
 }
 
 void CommandForm::refresh()

@@ -80,7 +80,7 @@ private:
     QList<ClauseValues> values() const;
     QString problem() const;
     void set_editing(bool on);
-    void colour_line();
+    void color_line();
     void refresh();
     void apply();
 

@@ -71,7 +71,7 @@ void TstOpenGlRenderer::both_draw_the_same_picture()
     DisplayOptions display;
     display.shaded = shaded;
     display.mesh = mesh;
-    const Picture picture{scene, camera, display, ViewColours::fitting(QPalette()), ratio, draft};
+    const Picture picture{scene, camera, display, ViewColors::fitting(QPalette()), ratio, draft};
     const auto opengl = OpenGlRenderer::create();
     QVERIFY(opengl);
     const QImage one = opengl->render(picture);
@@ -81,24 +81,24 @@ void TstOpenGlRenderer::both_draw_the_same_picture()
     QCOMPARE(one.devicePixelRatio(), ratio);
     int covered = 0;
     int outline = 0;
-    int colours = 0;
+    int colors = 0;
     for (int y = 0; y < one.height(); ++y) {
         for (int x = 0; x < one.width(); ++x) {
             const QColor a = one.pixelColor(x, y);
             const QColor b = other.pixelColor(x, y);
             covered += a.alpha() > 127;
             outline += (a.alpha() > 127) != (b.alpha() > 127);
-            colours += a.alpha() > 127 && b.alpha() > 127 &&
-                       std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) +
-                               std::abs(a.blue() - b.blue()) >
-                           40;
+            colors += a.alpha() > 127 && b.alpha() > 127 &&
+                      std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) +
+                              std::abs(a.blue() - b.blue()) >
+                          40;
         }
     }
-    const QString found = u"%1 covered, outline %2, colours %3"_s.arg(covered).arg(outline).arg(colours);
+    const QString found = u"%1 covered, outline %2, colors %3"_s.arg(covered).arg(outline).arg(colors);
     QVERIFY2(covered > (shaded ? 8000 : 500) * ratio, qPrintable(found));
     // Lines may lie half a pixel apart.
     QVERIFY2(outline < covered / (shaded ? 30 : 2), qPrintable(found));
-    QVERIFY2(colours < covered / (shaded ? 15 : 2), qPrintable(found));
+    QVERIFY2(colors < covered / (shaded ? 15 : 2), qPrintable(found));
 }
 
 void TstOpenGlRenderer::solid_without_edges_is_seen_without_surfaces()
@@ -114,7 +114,7 @@ void TstOpenGlRenderer::solid_without_edges_is_seen_without_surfaces()
         DisplayOptions display;
         display.shaded = false;
         display.wireframe = wireframe;
-        const Picture picture{scene, camera, display, ViewColours::fitting(QPalette()), 1, false};
+        const Picture picture{scene, camera, display, ViewColors::fitting(QPalette()), 1, false};
         const QImage one = opengl->render(picture);
         const QImage other = paint_picture(picture);
         int drawn = 0;
@@ -149,7 +149,7 @@ void TstOpenGlRenderer::changed_shape_is_drawn_anew()
     const auto opengl = OpenGlRenderer::create();
     QVERIFY(opengl);
     const auto draw = [&] {
-        return opengl->render({scene, camera, {}, ViewColours::fitting(QPalette()), 1, false});
+        return opengl->render({scene, camera, {}, ViewColors::fitting(QPalette()), 1, false});
     };
     QCOMPARE(draw().pixelColor(50, 20).alpha(), 255);
     // Over and over, so that new shapes lie where old ones were.
@@ -171,13 +171,13 @@ void TstOpenGlRenderer::picture_changes_its_size()
         Camera camera;
         camera.set_viewport(size);
         camera.fit(scene.box());
-        const QImage image = opengl->render({scene, camera, {}, ViewColours::fitting(QPalette()), 1, false});
+        const QImage image = opengl->render({scene, camera, {}, ViewColors::fitting(QPalette()), 1, false});
         QCOMPARE(image.size(), size);
         QVERIFY(image.pixelColor(size.width() / 2, size.height() / 2).alpha() > 127);
     }
     Camera camera;
     camera.set_viewport({1e6, 10});
-    QVERIFY(opengl->render({scene, camera, {}, ViewColours::fitting(QPalette()), 1, false}).isNull());
+    QVERIFY(opengl->render({scene, camera, {}, ViewColors::fitting(QPalette()), 1, false}).isNull());
 }
 
 void TstOpenGlRenderer::view_uses_it_where_there_is_a_display()

@@ -38,19 +38,19 @@ private slots:
     void edges_are_seen_on_surfaces_and_hidden_behind_them();
     void options_decide_what_is_drawn();
     void solid_without_edges_is_seen_without_surfaces();
-    void selected_item_has_another_colour();
+    void selected_item_has_another_color();
     void mesh_takes_the_place_of_the_surface();
     void ratio_makes_the_picture_larger_not_different();
     void draft_has_the_same_outline();
-    void colours_stand_out_in_light_and_dark_schemes_data();
-    void colours_stand_out_in_light_and_dark_schemes();
+    void colors_stand_out_in_light_and_dark_schemes_data();
+    void colors_stand_out_in_light_and_dark_schemes();
     void damaged_numbers_come_to_no_harm();
     void scene_is_drawn_whole_in_front_of_a_background();
 
 private:
     QImage draw(double ratio = 1, bool draft = false)
     {
-        return paint_picture({*mScene, mCamera, mDisplay, mColours, ratio, draft});
+        return paint_picture({*mScene, mCamera, mDisplay, mColors, ratio, draft});
     }
     void look(Camera::View view)
     {
@@ -62,12 +62,12 @@ private:
     {
         return image.pixelColor((mCamera.to_pixel(point) * image.devicePixelRatio()).toPoint());
     }
-    static int count(const QImage& image, const QColor& colour)
+    static int count(const QImage& image, const QColor& color)
     {
         int result = 0;
         for (int y = 0; y < image.height(); ++y) {
             for (int x = 0; x < image.width(); ++x)
-                result += image.pixelColor(x, y) == colour;
+                result += image.pixelColor(x, y) == color;
         }
         return result;
     }
@@ -75,7 +75,7 @@ private:
     std::unique_ptr<Scene> mScene;
     Camera mCamera;
     DisplayOptions mDisplay;
-    ViewColours mColours;
+    ViewColors mColors;
 };
 
 void TstPaintPicture::set_up()
@@ -83,7 +83,7 @@ void TstPaintPicture::set_up()
     mScene = std::make_unique<Scene>();
     mCamera = {};
     mDisplay = {};
-    mColours = ViewColours::fitting(palette(false));
+    mColors = ViewColors::fitting(palette(false));
 }
 
 void TstPaintPicture::background_is_transparent_and_surface_is_not()
@@ -147,9 +147,9 @@ void TstPaintPicture::options_decide_what_is_drawn()
 {
     add_box(*mScene, u"a"_s, {0, 0, 0}, {2, 2, 2});
     look(Camera::View::Iso);
-    QVERIFY(count(draw(), mColours.edge) > 50);
+    QVERIFY(count(draw(), mColors.edge) > 50);
     mDisplay.wireframe = false;
-    QCOMPARE(count(draw(), mColours.edge), 0);
+    QCOMPARE(count(draw(), mColors.edge), 0);
     QVERIFY(at(draw(), {0, 0, 1}).alpha() == 255);
     mDisplay.shaded = false;
     const QImage nothing = draw();
@@ -161,7 +161,7 @@ void TstPaintPicture::solid_without_edges_is_seen_without_surfaces()
     const int id = mScene->add(u"ball"_s);
     mScene->set_shape(id, make_ball({100, 0, 0}));
     look(Camera::View::Front);
-    QCOMPARE(count(draw(3), mColours.edge), 0); // its surface needs no curves
+    QCOMPARE(count(draw(3), mColors.edge), 0); // its surface needs no curves
     mDisplay.shaded = false;
     const QImage bare = draw(3);
     // The outline at 45 degrees, the circle through the poles seen from the side, and that of the equator.
@@ -182,15 +182,15 @@ void TstPaintPicture::solid_without_edges_is_seen_without_surfaces()
     QCOMPARE(at(draw(3), {100, 0, 0.5}).alpha(), 0);
 }
 
-void TstPaintPicture::selected_item_has_another_colour()
+void TstPaintPicture::selected_item_has_another_color()
 {
     const int id = add_box(*mScene, u"a"_s, {0, 0, 0}, {2, 2, 2});
     look(Camera::View::Top);
     QVERIFY(at(draw(), {0.4, 0, 1}).blue() > at(draw(), {0.4, 0, 1}).red());
     mScene->select({id});
     QVERIFY(at(draw(), {0.4, 0, 1}).red() > at(draw(), {0.4, 0, 1}).blue());
-    QCOMPARE(count(draw(), mColours.edge), 0);
-    QVERIFY(count(draw(), mColours.selected_edge) > 50);
+    QCOMPARE(count(draw(), mColors.edge), 0);
+    QVERIFY(count(draw(), mColors.selected_edge) > 50);
 }
 
 void TstPaintPicture::mesh_takes_the_place_of_the_surface()
@@ -199,9 +199,9 @@ void TstPaintPicture::mesh_takes_the_place_of_the_surface()
     mScene->set_mesh(id, make_box({0, 0, 0}, {1, 1, 1}));
     look(Camera::View::Top);
     mDisplay.mesh = false;
-    QCOMPARE(count(draw(), mColours.mesh_line), 0);
+    QCOMPARE(count(draw(), mColors.mesh_line), 0);
     mDisplay.mesh = true;
-    QVERIFY(count(draw(), mColours.mesh_line) > 50);
+    QVERIFY(count(draw(), mColors.mesh_line) > 50);
     QCOMPARE(at(draw(), {0.8, 0, 1}).alpha(), 0);
     const QColor mesh = at(draw(), {0.1, 0.2, 1});
     QVERIFY(mesh.green() > mesh.blue() && mesh.green() > mesh.red());
@@ -250,32 +250,32 @@ void TstPaintPicture::draft_has_the_same_outline()
     QVERIFY2(different * 20 < covered, qPrintable(QString::number(different)));
 }
 
-void TstPaintPicture::colours_stand_out_in_light_and_dark_schemes_data()
+void TstPaintPicture::colors_stand_out_in_light_and_dark_schemes_data()
 {
     QTest::addColumn<bool>("dark");
     QTest::newRow("light") << false;
     QTest::newRow("dark") << true;
 }
 
-void TstPaintPicture::colours_stand_out_in_light_and_dark_schemes()
+void TstPaintPicture::colors_stand_out_in_light_and_dark_schemes()
 {
     QFETCH(const bool, dark);
-    const ViewColours colours = ViewColours::fitting(palette(dark));
-    QCOMPARE(colours.top.lightness() < 128, dark);
-    QCOMPARE(colours.bottom.lightness() < 128, dark);
-    for (const QColor& colour : {colours.edge, colours.mesh_line})
-        QCOMPARE(colour.lightness() > 128, dark);
+    const ViewColors colors = ViewColors::fitting(palette(dark));
+    QCOMPARE(colors.top.lightness() < 128, dark);
+    QCOMPARE(colors.bottom.lightness() < 128, dark);
+    for (const QColor& color : {colors.edge, colors.mesh_line})
+        QCOMPARE(color.lightness() > 128, dark);
     const auto apart = [](const QColor& a, const QColor& b) {
         return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) + std::abs(a.blue() - b.blue());
     };
-    for (const QColor& ground : {colours.top, colours.bottom}) {
-        for (const QColor& colour : {colours.solid, colours.mesh, colours.selected, colours.edge})
-            QVERIFY(apart(ground, colour) > 60);
+    for (const QColor& ground : {colors.top, colors.bottom}) {
+        for (const QColor& color : {colors.solid, colors.mesh, colors.selected, colors.edge})
+            QVERIFY(apart(ground, color) > 60);
     }
-    QVERIFY(apart(colours.solid, colours.edge) > 150);
-    QVERIFY(apart(colours.solid, colours.selected) > 150);
-    QVERIFY(apart(colours.mesh, colours.mesh_line) > 150);
-    QVERIFY(apart(colours.selected, colours.selected_edge) > 100);
+    QVERIFY(apart(colors.solid, colors.edge) > 150);
+    QVERIFY(apart(colors.solid, colors.selected) > 150);
+    QVERIFY(apart(colors.mesh, colors.mesh_line) > 150);
+    QVERIFY(apart(colors.selected, colors.selected_edge) > 100);
 }
 
 void TstPaintPicture::damaged_numbers_come_to_no_harm()
@@ -296,10 +296,10 @@ void TstPaintPicture::damaged_numbers_come_to_no_harm()
 
 void TstPaintPicture::scene_is_drawn_whole_in_front_of_a_background()
 {
-    const ViewColours colours = ViewColours::light();
+    const ViewColors colors = ViewColors::light();
     const QImage empty = draw_scene(*mScene, {120, 80});
     QCOMPARE(empty.size(), QSize(120, 80));
-    QCOMPARE(empty.pixelColor(60, 0), colours.top);
+    QCOMPARE(empty.pixelColor(60, 0), colors.top);
     QVERIFY(empty.pixelColor(60, 79).lightness() < empty.pixelColor(60, 0).lightness());
 
     add_box(*mScene, u"a"_s, {100, 0, 0}, {20, 20, 20});

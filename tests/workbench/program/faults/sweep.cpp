@@ -26,7 +26,7 @@ void put(const QString& path, const QByteArray& bytes)
         qFatal("the file could not be written");
 }
 
-QStringList neighbours(const QString& path)
+QStringList neighbors(const QString& path)
 {
     return QFileInfo(path).dir().entryList(QDir::AllEntries | QDir::System | QDir::Hidden |
                                            QDir::NoDotAndDotDot);
@@ -65,7 +65,7 @@ QString sweep(const Writing& writing)
     if (const QString told = run(writing, 0, false, count); !told.isEmpty())
         return u"fails by itself: "_s + told;
     const QByteArray written = now();
-    const QStringList files = neighbours(writing.file);
+    const QStringList files = neighbors(writing.file);
     if (count == 0 || written == old)
         return u"%1 calls, and the file is %2"_s.arg(count).arg(written == old ? u"the same"_s : u"new"_s);
     QString wrong;
@@ -82,8 +82,8 @@ QString sweep(const Writing& writing)
             if (found != written && (told.isEmpty() || found != old))
                 wrong += where + u"there are %1 bytes, not %2: "_s.arg(found.size()).arg(written.size()) +
                          (told.isEmpty() ? u"not told\n"_s : told + u'\n');
-            if (neighbours(writing.file) != files)
-                wrong += where + u"left behind: "_s + neighbours(writing.file).join(u", "_s) + u'\n';
+            if (neighbors(writing.file) != files)
+                wrong += where + u"left behind: "_s + neighbors(writing.file).join(u", "_s) + u'\n';
         }
     }
     if (failed == 0)

@@ -97,9 +97,9 @@ void WindowTest::prepare(Workbench&)
     QCOMPARE(mTranslations->language(), mLanguage);
     QCOMPARE(mTranslations->missing(), QStringList());
     if (!mLanguage.isEmpty()) {
-        mCatalogue = std::make_unique<Catalogue>(mLanguage);
-        QCOMPARE(mCatalogue->errors(), QStringList());
-        QVERIFY(mCatalogue->size() > 300);
+        mCatalog = std::make_unique<Catalog>(mLanguage);
+        QCOMPARE(mCatalog->errors(), QStringList());
+        QVERIFY(mCatalog->size() > 300);
     }
 }
 
@@ -146,9 +146,9 @@ void WindowTest::visit(QWidget* window, const QString& name)
     };
     for (const ShownText& shown : shown_texts(window)) {
         ++mTexts;
-        if (!mCatalogue)
+        if (!mCatalog)
             continue;
-        if (const QString wrong = mCatalogue->judge(shown.text); !wrong.isEmpty())
+        if (const QString wrong = mCatalog->judge(shown.text); !wrong.isEmpty())
             add(mUntranslated, {u"%1: \"%2\": %3"_s.arg(shown.place, shown.text, wrong)});
     }
     if (!settled)

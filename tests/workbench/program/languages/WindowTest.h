@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "Catalogue.h"
+#include "Catalog.h"
 #include "workbench/application/Translations.h"
 #include "workbench/application/Workbench.h"
 #include "workbench/application/WorkbenchTest.h"
@@ -67,7 +67,7 @@ private:
 
     const QString mLanguage;
     std::unique_ptr<fennar::Translations> mTranslations;
-    std::unique_ptr<Catalogue> mCatalogue;
+    std::unique_ptr<Catalog> mCatalog;
     QStringList mVisited;
     qsizetype mTexts = 0;
     QStringList mUntranslated;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "Catalogue.h"
+#include "Catalog.h"
 #include "support/TestCase.h"
 #include "workbench/application/Translations.h"
 
@@ -132,7 +132,7 @@ void TstTranslations::all_texts_are_translated_while_it_lives()
 void TstTranslations::files_lie_in_the_tree_as_they_are_installed()
 {
     for (const QString& language : {u"de"_s, u"zh_CN"_s}) {
-        QStringList sources = catalogue_files(language);
+        QStringList sources = catalog_files(language);
         // The template is there to be copied, and is not built.
         sources.removeIf([](const QString& source) { return source.contains(u"/template/"_s); });
         QVERIFY(sources.size() > 5);

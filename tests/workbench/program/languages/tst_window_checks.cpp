@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "Catalogue.h"
+#include "Catalog.h"
 #include "support/TestCase.h"
 #include "support/windows.h"
 #include "window_checks.h"
@@ -77,8 +77,8 @@ private slots:
     void nameless_widgets_are_found();
     void fields_that_tab_leaves_out_are_found();
     void texts_of_all_kinds_are_shown();
-    void catalogue_tells_sources_from_translations_data();
-    void catalogue_tells_sources_from_translations();
+    void catalog_tells_sources_from_translations_data();
+    void catalog_tells_sources_from_translations();
 };
 
 void TstWindowChecks::clipped_texts_are_found()
@@ -201,7 +201,7 @@ void TstWindowChecks::texts_of_all_kinds_are_shown()
     QVERIFY(!texts.contains(u"what the user writes"_s));
 }
 
-void TstWindowChecks::catalogue_tells_sources_from_translations_data()
+void TstWindowChecks::catalog_tells_sources_from_translations_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("translated");
@@ -222,13 +222,13 @@ void TstWindowChecks::catalogue_tells_sources_from_translations_data()
     QTest::newRow("never translated") << u"Brand new text"_s << false;
 }
 
-void TstWindowChecks::catalogue_tells_sources_from_translations()
+void TstWindowChecks::catalog_tells_sources_from_translations()
 {
     QFETCH(const QString, text);
     QFETCH(const bool, translated);
-    const Catalogue catalogue(u"de"_s);
-    QCOMPARE(catalogue.errors(), QStringList());
-    QCOMPARE(catalogue.judge(text).isEmpty(), translated);
+    const Catalog catalog(u"de"_s);
+    QCOMPARE(catalog.errors(), QStringList());
+    QCOMPARE(catalog.judge(text).isEmpty(), translated);
 }
 
 OSTREL_TEST(TstWindowChecks)

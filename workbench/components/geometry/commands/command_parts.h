@@ -39,7 +39,7 @@ const QStringList& solid_keywords();
 /** The kind of entities that solids are. */
 QString solid_entity();
 
-/** A width, radius or the like, in millimetres. @p what as "a radius", as CommandParameter has it. */
+/** A width, radius or the like, in millimeters. @p what as "a radius", as CommandParameter has it. */
 CommandParameter length_parameter(const QString& name, const QString& what, const char* label,
                                   const QString& example = {}, const char* tip = nullptr);
 /** One solid. */

@@ -248,7 +248,7 @@ QList<Command> file_commands(const CommandContext& context)
              u"The ending of FILE tells the format unless \"as\" does. STEP, IGES and BREP files add their\n"
              u"solids, named after the file. STL, MSH and VTK files, and those of formats that other "
              u"components\nbring, hold a mesh, which takes the place of the last one. Lengths become "
-             u"millimetres."_s,
+             u"millimeters."_s,
          .perform = performing(&run_import, context),
          .forms = {{.clauses = file_clauses(importing),
                     .verify =

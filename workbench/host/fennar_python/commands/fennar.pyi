@@ -397,7 +397,7 @@ def import_(file: str | _os.PathLike[str], *, as_: Entity | str | None = None) -
 
     The ending of FILE tells the format unless "as" does. STEP, IGES and BREP files add their
     solids, named after the file. STL, MSH and VTK files, and those of formats that other components
-    bring, hold a mesh, which takes the place of the last one. Lengths become millimetres.
+    bring, hold a mesh, which takes the place of the last one. Lengths become millimeters.
 
     file: File (a file to read)
     as_: Format (a import format or its name). Needed only where the ending of the file does not tell it.

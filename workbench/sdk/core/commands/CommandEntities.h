@@ -124,7 +124,7 @@ private:
 /**
  * The name of @p names that @p typed most likely was meant to be; empty if none is near.
  *
- * Counted are letters put in, left out, changed, or swapped with their neighbour. A third of the letters of
+ * Counted are letters put in, left out, changed, or swapped with their neighbor. A third of the letters of
  * the typed word may be wrong, and always one. Of equally near names the first wins.
  */
 FENNAR_CORE_EXPORT QString nearest_name(const QString& typed, const QStringList& names);

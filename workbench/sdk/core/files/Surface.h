@@ -9,7 +9,7 @@
 
 namespace fennar {
 
-/** Triangles in space. Lengths are in millimetres. */
+/** Triangles in space. Lengths are in millimeters. */
 struct Surface
 {
     /** Their coordinates: x, y, z. */

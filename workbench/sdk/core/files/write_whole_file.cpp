@@ -95,10 +95,10 @@ QString without_links(QString path)
 }
 
 /** A new file beside the one to be written, which vanishes unless it takes that one's place. */
-class Neighbour
+class Neighbor
 {
 public:
-    explicit Neighbour(const QString& directory)
+    explicit Neighbor(const QString& directory)
     {
         int descriptor = -1;
         do {
@@ -108,13 +108,13 @@ public:
         } while (descriptor < 0 && errno == EEXIST);
         mDescriptor.emplace(checked(descriptor));
     }
-    ~Neighbour()
+    ~Neighbor()
     {
         if (!mName.isEmpty())
             ::unlink(mName.constData());
     }
-    Neighbour(const Neighbour&) = delete;
-    Neighbour& operator=(const Neighbour&) = delete;
+    Neighbor(const Neighbor&) = delete;
+    Neighbor& operator=(const Neighbor&) = delete;
 
     Descriptor& descriptor() { return *mDescriptor; }
 
@@ -166,8 +166,8 @@ void replace(const QString& path, const QByteArrayList& parts)
         checked(::faccessat(AT_FDCWD, name.constData(), W_OK, AT_EACCESS));
 
     const QString directory = QFileInfo(file).absolutePath();
-    Neighbour neighbour(directory);
-    Descriptor& descriptor = neighbour.descriptor();
+    Neighbor neighbor(directory);
+    Descriptor& descriptor = neighbor.descriptor();
     if (exists) {
         // The owner first, since that takes rights away. Only the administrator may do it: a file of somebody
         // else becomes the user's own.
@@ -178,7 +178,7 @@ void replace(const QString& path, const QByteArrayList& parts)
     descriptor.write(parts);
     descriptor.sync();
     descriptor.close();
-    neighbour.become(name);
+    neighbor.become(name);
     sync_directory(directory);
 }
 

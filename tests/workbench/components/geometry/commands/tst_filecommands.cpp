@@ -141,8 +141,8 @@ private slots:
     void faces_of_a_file_are_turned_outwards_data();
     void faces_of_a_file_are_turned_outwards();
     void only_the_solids_named_are_written();
-    void lengths_become_millimetres_data();
-    void lengths_become_millimetres();
+    void lengths_become_millimeters_data();
+    void lengths_become_millimeters();
     void surfaces_of_an_iges_file_become_a_solid_data();
     void surfaces_of_an_iges_file_become_a_solid();
     void surface_is_closed_and_faces_outwards_data();
@@ -366,16 +366,16 @@ void TstFileCommands::only_the_solids_named_are_written()
     QVERIFY(sorted.join(u' ').contains(u" 1") && sorted.join(u' ').contains(u" 27"));
 }
 
-void TstFileCommands::lengths_become_millimetres_data()
+void TstFileCommands::lengths_become_millimeters_data()
 {
     QTest::addColumn<QByteArray>("unit");
     QTest::addColumn<double>("volume");
-    QTest::newRow("millimetre") << QByteArray("SI_UNIT(.MILLI.,.METRE.)") << 8.0;
-    QTest::newRow("centimetre") << QByteArray("SI_UNIT(.CENTI.,.METRE.)") << 8e3;
+    QTest::newRow("millimeter") << QByteArray("SI_UNIT(.MILLI.,.METRE.)") << 8.0;
+    QTest::newRow("centimeter") << QByteArray("SI_UNIT(.CENTI.,.METRE.)") << 8e3;
     QTest::newRow("metre") << QByteArray("SI_UNIT($,.METRE.)") << 8e9;
 }
 
-void TstFileCommands::lengths_become_millimetres()
+void TstFileCommands::lengths_become_millimeters()
 {
     QFETCH(const QByteArray, unit);
     QFETCH(const double, volume);
@@ -394,7 +394,7 @@ void TstFileCommands::surfaces_of_an_iges_file_become_a_solid_data()
     QTest::addColumn<int>("unit");
     QTest::addColumn<QByteArray>("unit_name");
     QTest::addColumn<double>("scale");
-    QTest::newRow("millimetres") << 2 << QByteArray("MM") << 1.0;
+    QTest::newRow("millimeters") << 2 << QByteArray("MM") << 1.0;
     QTest::newRow("inches") << 1 << QByteArray("IN") << 25.4;
 }
 

@@ -123,7 +123,7 @@ private slots:
     void results_take_place_name_and_id_of_the_first();
     void bad_lists_of_ids_change_nothing();
     void random_operations_match_a_box_model();
-    void changes_are_signalled_for_each_solid();
+    void changes_are_signaled_for_each_solid();
     void revision_grows_with_shapes_only();
     void shape_stays_what_it_was();
     void brep_comes_back_as_it_was();
@@ -692,7 +692,7 @@ void TstGeometryModel::random_operations_match_a_box_model()
     QVERIFY(!expected.empty());
 }
 
-void TstGeometryModel::changes_are_signalled_for_each_solid()
+void TstGeometryModel::changes_are_signaled_for_each_solid()
 {
     GeometryModel model;
     QSignalSpy changes(&model, &GeometryModel::solid_changed);

@@ -29,13 +29,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/** How light a colour is, from 0 to 1, as the eye has it. */
-double luminance(const QColor& colour)
+/** How light a color is, from 0 to 1, as the eye has it. */
+double luminance(const QColor& color)
 {
     const auto part = [](double value) {
         return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
     };
-    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
+    return 0.2126 * part(color.redF()) + 0.7152 * part(color.greenF()) + 0.0722 * part(color.blueF());
 }
 
 double contrast(const QColor& a, const QColor& b)
@@ -65,8 +65,8 @@ QAction* entry(const char* name)
 
 } // namespace
 
-/** The colours that a user chooses, in the whole application. */
-class TstColourScheme : public TestCase
+/** The colors that a user chooses, in the whole application. */
+class TstColorScheme : public TestCase
 {
     Q_OBJECT
 
@@ -113,19 +113,19 @@ private:
     std::unique_ptr<Workbench> mWorkbench;
 };
 
-void TstColourScheme::tear_down()
+void TstColorScheme::tear_down()
 {
     end();
 }
 
-void TstColourScheme::texts_can_be_read_data()
+void TstColorScheme::texts_can_be_read_data()
 {
     QTest::addColumn<bool>("dark");
     QTest::newRow("light") << false;
     QTest::newRow("dark") << true;
 }
 
-void TstColourScheme::texts_can_be_read()
+void TstColorScheme::texts_can_be_read()
 {
     QFETCH(const bool, dark);
     const QPalette palette = scheme_palette(dark);
@@ -160,7 +160,7 @@ void TstColourScheme::texts_can_be_read()
     }
 }
 
-void TstColourScheme::command_changes_all_windows_and_is_kept()
+void TstColorScheme::command_changes_all_windows_and_is_kept()
 {
     const QPalette system = QApplication::palette();
     start();
@@ -187,7 +187,7 @@ void TstColourScheme::command_changes_all_windows_and_is_kept()
     QCOMPARE(kept(), u"system"_s);
 }
 
-void TstColourScheme::once_is_not_kept()
+void TstColorScheme::once_is_not_kept()
 {
     start();
     enter(u"scheme light"_s);
@@ -196,7 +196,7 @@ void TstColourScheme::once_is_not_kept()
     QCOMPARE(kept(), u"light"_s);
 }
 
-void TstColourScheme::settings_that_make_no_sense_change_nothing()
+void TstColorScheme::settings_that_make_no_sense_change_nothing()
 {
     QSettings().setValue(u"fennar/scheme"_s, u"pink"_s);
     const QPalette system = QApplication::palette();
@@ -205,7 +205,7 @@ void TstColourScheme::settings_that_make_no_sense_change_nothing()
     QVERIFY(entry("system")->isChecked());
 }
 
-void TstColourScheme::entries_of_the_menu_send_the_command_and_show_the_choice()
+void TstColorScheme::entries_of_the_menu_send_the_command_and_show_the_choice()
 {
     start();
     // One holds at a time, and menus and screen readers say so.
@@ -228,7 +228,7 @@ void TstColourScheme::entries_of_the_menu_send_the_command_and_show_the_choice()
     mWorkbench.reset();
 }
 
-void TstColourScheme::current_line_of_the_editor_follows()
+void TstColorScheme::current_line_of_the_editor_follows()
 {
     start();
     const auto* document = Ostrel::instance()->journal_editor()->findChild<QPlainTextEdit*>();
@@ -244,7 +244,7 @@ void TstColourScheme::current_line_of_the_editor_follows()
     QCOMPARE(document->palette().color(QPalette::Text), scheme_palette(false).color(QPalette::Text));
 }
 
-void TstColourScheme::sign_of_crowded_toolbars_is_seen_on_a_dark_ground()
+void TstColorScheme::sign_of_crowded_toolbars_is_seen_on_a_dark_ground()
 {
     start();
     for (const char* name : {"dark", "light"}) {
@@ -264,14 +264,14 @@ void TstColourScheme::sign_of_crowded_toolbars_is_seen_on_a_dark_ground()
     }
 }
 
-void TstColourScheme::boxes_to_be_ticked_are_seen_in_both_schemes_data()
+void TstColorScheme::boxes_to_be_ticked_are_seen_in_both_schemes_data()
 {
     QTest::addColumn<QString>("scheme");
     QTest::newRow("light") << u"light"_s;
     QTest::newRow("dark") << u"dark"_s;
 }
 
-void TstColourScheme::boxes_to_be_ticked_are_seen_in_both_schemes()
+void TstColorScheme::boxes_to_be_ticked_are_seen_in_both_schemes()
 {
     QFETCH(const QString, scheme);
     start();
@@ -296,7 +296,7 @@ void TstColourScheme::boxes_to_be_ticked_are_seen_in_both_schemes()
     }
 }
 
-void TstColourScheme::wrong_words_are_named()
+void TstColorScheme::wrong_words_are_named()
 {
     start();
     QVERIFY(enter(u"scheme once"_s).contains(u"ERROR: scheme: column 8: expected \"system\""_s));
@@ -308,5 +308,5 @@ void TstColourScheme::wrong_words_are_named()
     QVERIFY(!is_dark(Ostrel::instance()->palette()));
 }
 
-OSTREL_TEST(TstColourScheme)
-#include "tst_colourscheme.moc"
+OSTREL_TEST(TstColorScheme)
+#include "tst_colorscheme.moc"

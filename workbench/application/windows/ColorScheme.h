@@ -16,13 +16,13 @@ namespace fennar {
 class CommandRegistry;
 
 /**
- * The colours of all windows: those of the system, or light or dark ones of the program's own, which come
- * with the style Fusion, as others draw by colours of theirs.
+ * The colors of all windows: those of the system, or light or dark ones of the program's own, which come
+ * with the style Fusion, as others draw by colors of theirs.
  *
  * The user's choice is kept as the setting "fennar/scheme". Adds the command "scheme"; without windows, as in
  * a batch run, that does nothing.
  */
-class ColourScheme : public QObject
+class ColorScheme : public QObject
 {
     Q_OBJECT
 
@@ -30,12 +30,12 @@ public:
     enum class Scheme { System, Light, Dark };
 
     /** Nothing is changed yet. @param registry  must outlive this object. */
-    explicit ColourScheme(CommandRegistry& registry);
-    /** Takes the command away, and brings the system's colours back. */
-    ~ColourScheme() override;
+    explicit ColorScheme(CommandRegistry& registry);
+    /** Takes the command away, and brings the system's colors back. */
+    ~ColorScheme() override;
 
     Scheme scheme() const { return mScheme; }
-    /** Takes over what is kept; the system's colours if that is nothing or nothing known. To be called before
+    /** Takes over what is kept; the system's colors if that is nothing or nothing known. To be called before
      * there are windows. */
     void restore();
     /** Changes all windows at once. @param keep  whether the next start shall find it. */

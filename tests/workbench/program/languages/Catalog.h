@@ -10,14 +10,14 @@
 #include <QStringList>
 
 /** The translation files of the tree for @p language, those of its components included. */
-QStringList catalogue_files(const QString& language);
+QStringList catalog_files(const QString& language);
 
 /** What the translation files of one language say, to judge texts by that are read off the screen. */
-class Catalogue
+class Catalog
 {
 public:
     /** Reads the files of the tree for @p language and adds the texts of Qt's that the program shows. */
-    explicit Catalogue(const QString& language);
+    explicit Catalog(const QString& language);
 
     /** What went wrong while reading; empty if nothing did. */
     QStringList errors() const { return mErrors; }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "workbench/application/windows/ColourScheme.h"
+#include "workbench/application/windows/ColorScheme.h"
 
 #include "frame/Ostrel.h"
 #include "menus/OstrelViewMenu.h"
@@ -33,7 +33,7 @@ namespace fennar {
 
 namespace {
 
-using Scheme = ColourScheme::Scheme;
+using Scheme = ColorScheme::Scheme;
 
 constexpr auto scheme_key = "/fennar/scheme"_L1;
 /** In the order of the schemes. */
@@ -128,7 +128,7 @@ QString name_of_style()
 
 } // namespace
 
-ColourScheme::ColourScheme(CommandRegistry& registry) : mRegistry(registry)
+ColorScheme::ColorScheme(CommandRegistry& registry) : mRegistry(registry)
 {
     const QStringList choices(names.begin(), names.end());
     registry.add(
@@ -160,20 +160,20 @@ ColourScheme::ColourScheme(CommandRegistry& registry) : mRegistry(registry)
                                           .choices = {u"once"_s}})}}}});
 }
 
-ColourScheme::~ColourScheme()
+ColorScheme::~ColorScheme()
 {
     mRegistry.remove(u"scheme"_s);
     if (mScheme != Scheme::System)
         set_scheme(Scheme::System, false);
 }
 
-void ColourScheme::restore()
+void ColorScheme::restore()
 {
     const auto kept = scheme_of(QSettings().value(scheme_key).toString());
     set_scheme(kept.value_or(Scheme::System), false);
 }
 
-void ColourScheme::set_scheme(Scheme scheme, bool keep)
+void ColorScheme::set_scheme(Scheme scheme, bool keep)
 {
     if (keep)
         QSettings().setValue(scheme_key, QString(name_of(scheme)));
@@ -198,7 +198,7 @@ void ColourScheme::set_scheme(Scheme scheme, bool keep)
     update_actions();
 }
 
-void ColourScheme::add_to_menu(Ostrel* window)
+void ColorScheme::add_to_menu(Ostrel* window)
 {
     const std::array<QString, 3> texts = {tr("S&ystem Colors"), tr("Li&ght Colors"), tr("&Dark Colors")};
     std::vector<QAction*> actions = {nullptr};
@@ -218,7 +218,7 @@ void ColourScheme::add_to_menu(Ostrel* window)
     update_actions();
 }
 
-void ColourScheme::remove_from_menu(Ostrel* window)
+void ColorScheme::remove_from_menu(Ostrel* window)
 {
     window->view_menu()->remove_component_items(owner);
     if (mActions[0])
@@ -226,7 +226,7 @@ void ColourScheme::remove_from_menu(Ostrel* window)
     mActions = {};
 }
 
-void ColourScheme::update_actions()
+void ColorScheme::update_actions()
 {
     for (std::size_t i = 0; i < mActions.size(); ++i) {
         if (mActions[i])

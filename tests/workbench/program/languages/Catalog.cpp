@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
-#include "Catalogue.h"
+#include "Catalog.h"
 
 #include <QCoreApplication>
 #include <QDirIterator>
@@ -132,7 +132,7 @@ QStringList read_forms(QXmlStreamReader& xml)
 
 } // namespace
 
-QStringList catalogue_files(const QString& language)
+QStringList catalog_files(const QString& language)
 {
     const QString root = QStringLiteral(OSTREL_SOURCE_DIR);
     QStringList files{root + u"/translations/ostrelgui_%1.ts"_s.arg(language),
@@ -144,9 +144,9 @@ QStringList catalogue_files(const QString& language)
     return files;
 }
 
-Catalogue::Catalogue(const QString& language)
+Catalog::Catalog(const QString& language)
 {
-    for (const QString& name : catalogue_files(language)) {
+    for (const QString& name : catalog_files(language)) {
         QFile file(name);
         if (!file.open(QIODevice::ReadOnly)) {
             mErrors << file.fileName() + u": "_s + file.errorString();
@@ -175,7 +175,7 @@ Catalogue::Catalogue(const QString& language)
     }
 }
 
-QString Catalogue::plain(const QString& text)
+QString Catalog::plain(const QString& text)
 {
     // Qt leaves the letter of a Chinese mnemonic in tool tips, as users there are used to.
     static const QRegularExpression mnemonic(u"\\s*\\(&?[A-Z]\\)$"_s);
@@ -187,7 +187,7 @@ QString Catalogue::plain(const QString& text)
     return result.simplified();
 }
 
-void Catalogue::add(const QString& source, const QString& translation)
+void Catalog::add(const QString& source, const QString& translation)
 {
     static const QRegularExpression breaks(u"\n|;;"_s);
     const QStringList sources = source.split(breaks);
@@ -227,7 +227,7 @@ void Catalogue::add(const QString& source, const QString& translation)
     mSources.removeIf([this](const QString& text) { return mTranslations.contains(text); });
 }
 
-QString Catalogue::judge(const QString& text) const
+QString Catalog::judge(const QString& text) const
 {
     const QString lines = text.startsWith(u'<') ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
     for (const QString& line : lines.split(u'\n')) {
@@ -237,7 +237,7 @@ QString Catalogue::judge(const QString& text) const
     return {};
 }
 
-QString Catalogue::judge_line(const QString& line) const
+QString Catalog::judge_line(const QString& line) const
 {
     if (line.size() < 2 || !has_letters(line) || mTranslations.contains(line))
         return {};
