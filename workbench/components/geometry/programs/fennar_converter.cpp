@@ -6,19 +6,17 @@
 // JOB is a text file, one entry a line; paths have no blank and are relative to the folder it lies in. It
 // begins with one of
 //
-//     read mesh            reads "input", a file that the engine knows, and writes the mesh to "output" in
-//     the
-//                          MSH format, its counts to "statistics", and to the file "surface"
+//     read mesh            reads "input", a file that the engine knows, and writes the mesh to "output"
+//                          in the MSH format, its counts to "statistics", and to the file "surface"
 //                          "closed VOLUME" or "open", or nothing if it has no triangles
 //     read surface         the same, for an input of plain triangles
 //     read quality         reads "input", a mesh with volumes in the MSH format, and writes a line for each
-//     measure
-//                          of quality to "output": its name, the least, mean and greatest value
-//     read arrays          reads "input", a mesh in the MSH format, and writes to "output" lines with "nodes
-//     COUNT" and
-//                          for each kind of elements "elements NODES_OF_ONE COUNT KIND", an empty line, and
-//                          then in the machine's own numbers of 64 bits the coordinates of the nodes and,
-//                          kind by kind, the nodes of the elements, told by their places, from 0
+//                          measure of quality to "output": its name, the least, mean and greatest value
+//     read arrays          reads "input", a mesh in the MSH format, and writes to "output" lines with
+//                          "nodes COUNT" and for each kind of elements "elements NODES_OF_ONE COUNT KIND",
+//                          an empty line, and then in the machine's own numbers of 64 bits the coordinates
+//                          of the nodes and, kind by kind, the nodes of the elements, told by their places,
+//                          from 0
 //     write ENDING         writes the "solids", in the BREP format, or the "mesh", in the MSH format, to
 //                          "output" in the format that ENDING tells; "surface" means plain triangles, and
 //                          "size" is the greatest edge of triangles that are made, 0 if it does not matter
