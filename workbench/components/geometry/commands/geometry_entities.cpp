@@ -23,6 +23,8 @@ using Kind = CommandType::Kind;
 
 namespace {
 
+using Solid = GeometryModel::Solid;
+
 const CommandType number_type{.kind = Kind::Number};
 const CommandType whole_number_type{.kind = Kind::WholeNumber};
 const CommandType point_type = list_type(number_type);
@@ -134,14 +136,14 @@ CommandValue value(const std::vector<MeshArrays::Elements>& kinds)
     return {.data = map};
 }
 
-std::optional<GeometryModel::Solid> solid_of(const GeometryModel& model, const QString& word)
+std::optional<Solid> solid_of(const GeometryModel& model, const QString& word)
 {
     const std::optional<qint64> id = parse_integer(word);
     return id && *id == int(*id) ? model.solid(int(*id)) : std::nullopt;
 }
 
 /** The solid of a reference; empty if it is gone. */
-std::optional<GeometryModel::Solid> solid_of_key(const GeometryModel& model, const QString& key)
+std::optional<Solid> solid_of_key(const GeometryModel& model, const QString& key)
 {
     const QString origin = key.section(u'@', 1);
     return origin == QString::number(model.origin()) ? solid_of(model, key.section(u'@', 0, 0))
@@ -149,7 +151,7 @@ std::optional<GeometryModel::Solid> solid_of_key(const GeometryModel& model, con
 }
 
 /** The name of a solid that may be none. */
-QString name_of(const std::optional<GeometryModel::Solid>& solid)
+QString name_of(const std::optional<Solid>& solid)
 {
     return solid ? solid->name : QString();
 }
@@ -163,23 +165,30 @@ QStringList solid_names(const GeometryModel& model)
     return names;
 }
 
-QList<EntityProperty> solid_properties(const GeometryModel& model)
+/** Makes properties that tell of what @p find finds by its reference. */
+template <typename Find>
+auto properties_of(const Find& find)
 {
-    const auto property = [&model](const QString& name, const QString& summary, const QString& unit,
-                                   const CommandType& type, auto tell) {
+    return [find](const QString& name, const QString& summary, const QString& unit, const CommandType& type,
+                  auto tell) {
         return EntityProperty{.name = name,
                               .summary = summary,
                               .unit = unit,
                               .type = type,
-                              .value = [&model, tell](const QString& key, const QStringList&) {
-                                  return value(tell(solid_of_key(model, key)->id));
+                              .value = [find, tell](const QString& key, const QStringList&) {
+                                  return value(std::invoke(tell, *find(key)));
                               }};
     };
+}
+
+QList<EntityProperty> solid_properties(const GeometryModel& model)
+{
+    const auto property = properties_of([&model](const QString& key) { return solid_of_key(model, key); });
     const auto measured = [&model](auto SolidMeasures::*measure) {
-        return [&model, measure](int id) { return model.measures(id).*measure; };
+        return [&model, measure](const Solid& solid) { return model.measures(solid.id).*measure; };
     };
     return {
-        property(u"id"_s, u"Its number, which is never used again"_s, {}, whole_number_type, std::identity()),
+        property(u"id"_s, u"Its number, which is never used again"_s, {}, whole_number_type, &Solid::id),
         property(u"volume"_s, u"Its volume"_s, u"mm\u00b3"_s, number_type, measured(&SolidMeasures::volume)),
         property(u"area"_s, u"The area of its surface"_s, u"mm\u00b2"_s, number_type,
                  measured(&SolidMeasures::area)),
@@ -187,12 +196,13 @@ QList<EntityProperty> solid_properties(const GeometryModel& model)
                  measured(&SolidMeasures::center)),
         property(u"bounding_box"_s, u"The least and the greatest corner of the box around it"_s, u"mm"_s,
                  list_type(point_type),
-                 [&model](int id) {
-                     const Box3 box = model.box(id);
+                 [&model](const Solid& solid) {
+                     const Box3 box = model.box(solid.id);
                      return QList{box.least, box.most};
                  }),
         property(u"faces"_s, u"Its faces, with number (from 1), area (mm\u00b2) and center (mm) of each"_s,
-                 {}, list_type(face_type), [&model](int id) { return model.shape(id).faces(); }),
+                 {}, list_type(face_type),
+                 [&model](const Solid& solid) { return model.shape(solid.id).faces(); }),
         property(u"pieces"_s, u"How many volumes that do not hang together it consists of"_s, {},
                  whole_number_type, measured(&SolidMeasures::pieces)),
     };
@@ -200,16 +210,7 @@ QList<EntityProperty> solid_properties(const GeometryModel& model)
 
 QList<EntityProperty> mesh_properties(const GeometryModel& model, const QDir& programs)
 {
-    const auto property = [&model](const QString& name, const QString& summary, const QString& unit,
-                                   const CommandType& type, auto tell) {
-        return EntityProperty{.name = name,
-                              .summary = summary,
-                              .unit = unit,
-                              .type = type,
-                              .value = [&model, tell](const QString&, const QStringList&) {
-                                  return value(std::invoke(tell, *model.mesh()));
-                              }};
-    };
+    const auto property = properties_of([&model](const QString&) { return model.mesh(); });
     const auto arrays = std::make_shared<KnownArrays>(programs);
     return {
         property(u"size"_s, u"The length of the elements that was asked for; 0 if it was imported"_s, u"mm"_s,
