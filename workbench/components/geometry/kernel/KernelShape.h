@@ -8,6 +8,7 @@
 
 #include <QString>
 
+#include <GProp_GProps.hxx>
 #include <Standard_Failure.hxx>
 #include <TopoDS_Compound.hxx>
 #include <optional>
@@ -38,6 +39,8 @@ public:
     /** As it was read, or written first; empty before. To write what was read is not the same: the kernel may
      * round the last bit of a direction. */
     mutable QByteArray file;
+    /** Its volume, if that was measured when it was read. */
+    std::optional<GProp_GProps> volume;
 
 private:
     mutable std::optional<SolidMeasures> mMeasures;

@@ -4,6 +4,7 @@
 // The module of the CAD kernel: all that calls it but for the programs.
 
 #include "workbench/components/geometry/kernel/KernelShape.h"
+#include "workbench/components/geometry/kernel/facing_outwards.h"
 
 #include <QElapsedTimer>
 
@@ -175,13 +176,6 @@ bool add_whole_torus(const TopoDS_Face& face, Bnd_Box& box)
     return true;
 }
 
-double volume_of(const TopoDS_Shape& shape)
-{
-    GProp_GProps volume;
-    BRepGProp::VolumeProperties(shape, volume);
-    return volume.Mass();
-}
-
 /** The result, with one face where two lay in one plane or on one cylinder. */
 TopoDS_Shape simplified(BRepAlgoAPI_Fuse& operation)
 {
@@ -190,8 +184,8 @@ TopoDS_Shape simplified(BRepAlgoAPI_Fuse& operation)
     // result is right without it.
     try {
         operation.SimplifyResult();
-        const double volume = volume_of(result);
-        if (std::abs(volume_of(operation.Shape()) - volume) <= 1e-6 * volume)
+        const double volume = volume_of(result).Mass();
+        if (std::abs(volume_of(operation.Shape()).Mass() - volume) <= 1e-6 * volume)
             return operation.Shape();
     } catch (const Standard_Failure&) {
     }
@@ -332,8 +326,20 @@ public:
             TopoDS_Shape shape;
             std::istringstream in(brep.toStdString());
             BRepTools::Read(shape, in, BRep_Builder());
-            auto kernel = solids_of(shape);
-            if (kernel)
+            const auto read = solids_of(shape);
+            if (!read)
+                return Shape();
+            auto kernel = std::make_shared<KernelShape>();
+            BRep_Builder builder;
+            builder.MakeCompound(kernel->solids);
+            kernel->volume.emplace();
+            bool is_turned = false;
+            for (TopoDS_Iterator solid(read->solids); solid.More(); solid.Next()) {
+                const TopoDS_Shape right = facing_outwards(solid.Value(), *kernel->volume);
+                is_turned = is_turned || !right.IsEqual(solid.Value());
+                builder.Add(kernel->solids, right);
+            }
+            if (!is_turned)
                 kernel->file = brep;
             return Shape(kernel);
         });
@@ -366,10 +372,9 @@ const SolidMeasures& KernelShape::measures() const
         return *mMeasures;
     return mMeasures.emplace(call_kernel([this] {
         SolidMeasures measures;
-        GProp_GProps volume;
-        BRepGProp::VolumeProperties(solids, volume);
-        measures.volume = volume.Mass();
-        const gp_Pnt center = volume.CentreOfMass();
+        const GProp_GProps filled = volume ? *volume : volume_of(solids);
+        measures.volume = filled.Mass();
+        const gp_Pnt center = filled.CentreOfMass();
         measures.center = {center.X(), center.Y(), center.Z()};
         GProp_GProps area;
         // What is between two pieces counts once.

@@ -7,6 +7,7 @@
 #include "workbench/components/geometry/exchange/Format.h"
 #include "workbench/components/geometry/model/GeometryModel.h"
 #include "workbench/components/geometry/programs/mesh_quality.h"
+#include "workbench/components/geometry/turn_faces.h"
 #include "workbench/components/obj_format/obj_text.h"
 #include "workbench/sdk/core/commands/ApplicationServices.h"
 #include "workbench/sdk/core/commands/CommandSession.h"
@@ -334,18 +335,8 @@ void TstFileCommands::faces_of_a_file_are_turned_outwards()
     QFETCH(const int, turned);
     QFETCH(const double, volume);
     make({solid, u"export a.brep"_s, u"delete all"_s});
-    // The faces of a shell stand in one line, each with a sign that tells its side.
     QByteArray content = read(u"a.brep"_s);
-    int shells = 0;
-    for (qsizetype at = content.indexOf("\nSh\n"); at >= 0; at = content.indexOf("\nSh\n", at)) {
-        at = content.indexOf("00\n", at) + 3;
-        ++shells;
-        for (int i = 0; i < turned && (shell == 0 || shell == shells); ++i) {
-            content[at] = content[at] == '+' ? '-' : '+';
-            at = content.indexOf(" 0 ", at) + 3;
-        }
-    }
-    QVERIFY(shells >= shell);
+    QVERIFY(turn_faces(content, shell, turned) >= shell);
     write(u"b.brep"_s, content);
     make({u"import b.brep"_s, u"mesh size 2"_s, u"export m.stl mesh"_s});
     QCOMPARE(mModel->ids().size(), 1);
