@@ -26,11 +26,16 @@ const ShapeKernel& load_kernel()
     void* function = dlsym(RTLD_DEFAULT, kernel_function);
     if (!function) {
         const QByteArray path = QFile::encodeName(program_folder().filePath(u"fennar-kernel.so"_s));
-        if (void* const module = dlopen(path.constData(), RTLD_NOW | RTLD_LOCAL))
-            function = dlsym(module, kernel_function);
+        void* const module = dlopen(path.constData(), RTLD_NOW | RTLD_LOCAL);
+        if (!module)
+            throw GeometryError(u"the CAD kernel cannot be loaded: "_s + QString::fromLocal8Bit(dlerror()));
+        function = dlsym(module, kernel_function);
+        if (!function) {
+            dlclose(module);
+            throw GeometryError(
+                u"the CAD kernel cannot be loaded: %1 is of another version"_s.arg(QFile::decodeName(path)));
+        }
     }
-    if (!function)
-        throw GeometryError(u"the CAD kernel cannot be loaded: "_s + QString::fromLocal8Bit(dlerror()));
     return *reinterpret_cast<const ShapeKernel* (*)()>(function)();
 }
 
