@@ -28,6 +28,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace fennar;
 using namespace Qt::StringLiterals;
 
@@ -61,6 +63,7 @@ protected:
 
 private slots:
     void components_come_and_go_in_any_order();
+    void without_formats_entries_are_disabled_and_commands_tell_why();
     void handlers_of_others_are_left_alone();
     void export_asks_and_adds_the_ending_of_the_filter_data();
     void export_asks_and_adds_the_ending_of_the_filter();
@@ -183,6 +186,27 @@ void TstFileMenuFormats::components_come_and_go_in_any_order()
         unload(u"obj_format"_s);
         QCOMPARE(filters(), none);
         QCOMPARE(describe_window(*Ostrel::instance()), before);
+    }
+}
+
+void TstFileMenuFormats::without_formats_entries_are_disabled_and_commands_tell_why()
+{
+    const QStringList entries{u"mFileNewAction"_s,    u"mFileOpenAction"_s,   u"mFileSaveAction"_s,
+                              u"mFileSaveAsAction"_s, u"mFileImportAction"_s, u"mFileExportAction"_s};
+    const auto enabled = [&entries] {
+        return std::ranges::count_if(
+            entries, [](const QString& name) { return action(qPrintable(name))->isEnabled(); });
+    };
+    const QString file = temp_path(u"part.stl"_s);
+    enter(u"brick 1"_s);
+    QVERIFY(!enter(u"export "_s + file).contains(u"ERROR"));
+    QCOMPARE(enabled(), entries.size());
+    enter(u"unload geometry"_s);
+    QCOMPARE(enabled(), 0);
+    for (const QString& name : {u"open"_s, u"import"_s, u"export"_s, u"save"_s}) {
+        const QString answer = enter(name + u' ' + file);
+        const QString why = u"expected a command, found \"%1\"; it comes with the component \"geometry\""_s;
+        QVERIFY2(answer.contains(why.arg(name)), qPrintable(answer));
     }
 }
 
