@@ -111,7 +111,7 @@ public:
         return words;
     }
 
-private:
+    /** The words of a clause, none of them wrong; nothing if there is nothing to name. */
     std::optional<QStringList> clause_words(const CommandClause& clause)
     {
         QStringList words = clause.keyword.isEmpty() ? QStringList() : QStringList(clause.keyword);
@@ -124,6 +124,7 @@ private:
         return words;
     }
 
+private:
     std::optional<QStringList> parameter_words(const CommandParameter& parameter)
     {
         if (parameter.kind == Kind::Entity)
@@ -386,8 +387,13 @@ private slots:
         row(1, "unite ", {u"a"_s});
         row(3, "unite ", {u"a"_s, u"all"_s, u"b"_s, u"c"_s});
         row(3, "subtract b from ", {u"a"_s, u"c"_s});
-        row(3, "export part.msh ", {u"as"_s, u"mesh"_s, u"size"_s});
-        row(3, "export part.step ", {u"a"_s, u"all"_s, u"as"_s, u"b"_s, u"c"_s, u"size"_s});
+        row(3, "export part.msh ", {u"as"_s, u"mesh"_s});
+        row(3, "export part.step ", {u"a"_s, u"all"_s, u"as"_s, u"b"_s, u"c"_s});
+        row(3, "export part.stl ", {u"a"_s, u"all"_s, u"as"_s, u"b"_s, u"c"_s, u"mesh"_s, u"size"_s});
+        row(3, "export part.step as STL a ", {u"b"_s, u"c"_s, u"size"_s});
+        row(3, "play there.jou 2 ", {});
+        row(3, "play there.jou 1 ", {u"with"_s});
+        row(3, "parameter x number -5 max 3 ", {u"about"_s, u"min"_s, u"unit"_s});
     }
 
     void limits_are_kept_by_completion()
@@ -431,6 +437,10 @@ private slots:
                             is_run(more);
                             QVERIFY2(mColumn == 0 || mColumn > more.size(),
                                      qPrintable(more + u": "_s + mMessage));
+                            if (const CommandClause* clause =
+                                    clause_of(*mRegistry.find(name), candidate.shown))
+                                QVERIFY2(is_taken(maker, *clause, line.first(completion.start)),
+                                         qPrintable(more + u": "_s + mMessage));
                             ++candidates;
                         }
                     }
@@ -464,6 +474,34 @@ private:
         item->setData(line, NavigationRole::Command);
         model.appendRow(item);
         form.set_entry(item->index());
+    }
+
+    /** The clause with values that has this keyword; null if there is none. */
+    static const CommandClause* clause_of(const Command& command, const QString& keyword)
+    {
+        for (const CommandSyntax& way : command.forms) {
+            for (const CommandClause& clause : way.clauses) {
+                if (clause.keyword == keyword && !clause.parameters.isEmpty())
+                    return &clause;
+            }
+        }
+        return nullptr;
+    }
+
+    /** Whether the clause, with some values, can stand behind @p line. */
+    bool is_taken(LineMaker& maker, const CommandClause& clause, const QString& line)
+    {
+        bool is_made = false;
+        for (int i = 0; i < 50; ++i) {
+            const std::optional<QStringList> words = maker.clause_words(clause);
+            if (!words)
+                continue;
+            is_made = true;
+            const QString more = line + line_of(words->first(), words->sliced(1));
+            if (is_run(more) || mColumn > more.size())
+                return true;
+        }
+        return !is_made;
     }
 
     static QString line_of(const QString& name, const QStringList& words)

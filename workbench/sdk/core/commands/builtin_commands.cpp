@@ -170,7 +170,7 @@ void verify_play(const CommandArguments& arguments, const CommandEntities&)
                                              u"a parameter and its value as NAME=VALUE"_s);
     }
     if (arguments.integer("LINE"_L1) != 1 && !settings.isEmpty())
-        throw arguments.error(arguments.word("LINE"_L1),
+        throw arguments.error(arguments.word("with"_L1) - 1,
                               u"only a journal that is played from line 1 takes values"_s);
 }
 

@@ -332,6 +332,23 @@ qsizetype wrong_word(const Command& command, const QStringList& texts, const Com
     return words.end_column;
 }
 
+/** Whether a keyword is right behind what was typed, with values that its clause could have. */
+bool takes_keyword(const Command& command, const QStringList& typed, const QString& keyword,
+                   const CommandEntities& entities)
+{
+    return std::ranges::any_of(command.forms, [&](const CommandSyntax& form) {
+        return std::ranges::any_of(form.clauses, [&](const CommandClause& clause) {
+            if (clause.keyword != keyword)
+                return false;
+            QStringList words = typed + QStringList(keyword);
+            for (const CommandParameter& parameter : clause.parameters)
+                words << parameter.choices.value(0, parameter.example);
+            // Other values may do where these are wrong, or what is ahead is with them.
+            return wrong_word(command, words, &entities) != typed.size() + 1;
+        });
+    });
+}
+
 /** Adds the words that are expected, but for the names of files. */
 void add_expected(Collector& collector, const Command& command, const Expected& expected,
                   const CommandEntities& entities)
@@ -345,7 +362,10 @@ void add_expected(Collector& collector, const Command& command, const Expected& 
                 collector.add(text);
         }
     };
-    add_taken(expected.keywords, &entities);
+    for (const QString& keyword : expected.keywords) {
+        if (is_wrong || takes_keyword(command, typed, keyword, entities))
+            add_taken({keyword}, &entities);
+    }
     for (const auto& [parameter, given, taken] : expected.values) {
         // What stands for entities must be the only value.
         if (parameter->kind != Kind::Entity || given.isEmpty())

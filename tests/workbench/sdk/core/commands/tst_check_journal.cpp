@@ -198,7 +198,7 @@ void TstCheckJournal::faults_are_told_by_line_data()
     row("named by another value", u"ball 1 name b\nglue here b to here\n"_s,
         {u"2: glue: column 16: \"here\" was named already"_s});
     row("values that do not go together", u"play a.jou 2 with b=1\nplay a.jou with b\ncheck a.py\n"_s,
-        {u"1: play: column 12: only a journal that is played from line 1 takes values"_s,
+        {u"1: play: column 14: only a journal that is played from line 1 takes values"_s,
          u"2: play: column 17: expected a parameter and its value as NAME=VALUE, found \"b\""_s,
          u"3: check: column 7: a Python script cannot be checked"_s});
     row("others may set variables", u"play other.jou\nball $r\nball x\n"_s,

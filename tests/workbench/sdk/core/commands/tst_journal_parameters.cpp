@@ -203,7 +203,7 @@ void TstJournalParameters::play_takes_values()
     const auto result = mSession->interpreter.enter(line.arg(path));
     QCOMPARE(result == CommandInterpreter::Result::Done, error.isEmpty());
     QCOMPARE(mSession->take_notes(), notes);
-    const QString expected = error.contains("%1"_L1) ? error.arg(path.size() + 7) : error;
+    const QString expected = error.contains("%1"_L1) ? error.arg(path.size() + 9) : error;
     QVERIFY2(mSession->errors.contains(expected), qPrintable(mSession->errors));
     QCOMPARE(mSession->take_errors().isEmpty(), error.isEmpty());
 }
