@@ -89,6 +89,85 @@
     </message>
 </context>
 <context>
+    <name>CommandError</name>
+    <message>
+        <source>the ending of the file tells no format of pictures, as .png or .jpg does</source>
+        <translation>die Endung der Datei nennt kein Bildformat, wie es .png oder .jpg tun</translation>
+    </message>
+    <message>
+        <source>a variable that is set</source>
+        <translation>eine Variable, die gesetzt ist</translation>
+    </message>
+    <message>
+        <source>a parameter and its value as NAME=VALUE</source>
+        <translation>ein Parameter und sein Wert als NAME=WERT</translation>
+    </message>
+    <message>
+        <source>only a journal that is played from line 1 takes values</source>
+        <translation>nur ein Journal, das ab Zeile 1 abgespielt wird, nimmt Werte an</translation>
+    </message>
+    <message>
+        <source>a Python script cannot be checked</source>
+        <translation>ein Python-Skript kann nicht geprüft werden</translation>
+    </message>
+    <message>
+        <source>the end of the line</source>
+        <translation>das Ende der Zeile</translation>
+    </message>
+    <message>
+        <source>%1 or %2</source>
+        <translation>%1 oder %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was named already</source>
+        <translation>&quot;%1&quot; wurde schon genannt</translation>
+    </message>
+    <message>
+        <source>a whole number from %1 to %2</source>
+        <translation>eine ganze Zahl von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>a number from %1 to %2</source>
+        <translation>eine Zahl von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>a whole number from %1 on</source>
+        <translation>eine ganze Zahl ab %1</translation>
+    </message>
+    <message>
+        <source>a number from %1 on</source>
+        <translation>eine Zahl ab %1</translation>
+    </message>
+    <message>
+        <source>a whole number up to %1</source>
+        <translation>eine ganze Zahl bis %1</translation>
+    </message>
+    <message>
+        <source>a number up to %1</source>
+        <translation>eine Zahl bis %1</translation>
+    </message>
+    <message>
+        <source>a whole number</source>
+        <translation>eine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation>eine Zahl</translation>
+    </message>
+    <message>
+        <source>expected %1, found %2</source>
+        <translation>erwartet: %1, gefunden: %2</translation>
+    </message>
+    <message>
+        <source>there is nothing to choose from</source>
+        <translation>es gibt nichts zur Auswahl</translation>
+    </message>
+    <message>
+        <source>the maximum is less than the minimum</source>
+        <translation>das Maximum ist kleiner als das Minimum</translation>
+    </message>
+</context>
+<context>
     <name>CommandParameter</name>
     <message>
         <source>Components</source>
@@ -840,30 +919,6 @@
         <translation>%1: %2 ist ein Ordner.</translation>
     </message>
     <message>
-        <source>%1: a whole number from %2 to %3.</source>
-        <translation>%1: eine ganze Zahl von %2 bis %3.</translation>
-    </message>
-    <message>
-        <source>%1: a number from %2 to %3.</source>
-        <translation>%1: eine Zahl von %2 bis %3.</translation>
-    </message>
-    <message>
-        <source>%1: a whole number from %2 on.</source>
-        <translation>%1: eine ganze Zahl ab %2.</translation>
-    </message>
-    <message>
-        <source>%1: a number from %2 on.</source>
-        <translation>%1: eine Zahl ab %2.</translation>
-    </message>
-    <message>
-        <source>%1: a whole number.</source>
-        <translation>%1: eine ganze Zahl.</translation>
-    </message>
-    <message>
-        <source>%1: a number, as 2.5 or 1e-3.</source>
-        <translation>%1: eine Zahl wie 2.5 oder 1e-3.</translation>
-    </message>
-    <message>
         <source>%1: &quot;%2&quot; stands alone.</source>
         <translation>%1: „%2“ steht allein.</translation>
     </message>
@@ -877,6 +932,10 @@
             <numerusform>%1: mindestens %n.</numerusform>
             <numerusform>%1: mindestens %n.</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1: %2.</translation>
     </message>
 </context>
 <context>

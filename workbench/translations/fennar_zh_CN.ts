@@ -89,6 +89,85 @@
     </message>
 </context>
 <context>
+    <name>CommandError</name>
+    <message>
+        <source>the ending of the file tells no format of pictures, as .png or .jpg does</source>
+        <translation>文件扩展名不是图片格式（如 .png 或 .jpg）</translation>
+    </message>
+    <message>
+        <source>a variable that is set</source>
+        <translation>已设置的变量</translation>
+    </message>
+    <message>
+        <source>a parameter and its value as NAME=VALUE</source>
+        <translation>形如“名称=值”的参数和值</translation>
+    </message>
+    <message>
+        <source>only a journal that is played from line 1 takes values</source>
+        <translation>只有从第 1 行开始播放的日志才接受参数值</translation>
+    </message>
+    <message>
+        <source>a Python script cannot be checked</source>
+        <translation>Python 脚本无法检查</translation>
+    </message>
+    <message>
+        <source>the end of the line</source>
+        <translation>行尾</translation>
+    </message>
+    <message>
+        <source>%1 or %2</source>
+        <translation>%1 或 %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was named already</source>
+        <translation>“%1”已经列出</translation>
+    </message>
+    <message>
+        <source>a whole number from %1 to %2</source>
+        <translation>%1 到 %2 之间的整数</translation>
+    </message>
+    <message>
+        <source>a number from %1 to %2</source>
+        <translation>%1 到 %2 之间的数</translation>
+    </message>
+    <message>
+        <source>a whole number from %1 on</source>
+        <translation>不小于 %1 的整数</translation>
+    </message>
+    <message>
+        <source>a number from %1 on</source>
+        <translation>不小于 %1 的数</translation>
+    </message>
+    <message>
+        <source>a whole number up to %1</source>
+        <translation>不大于 %1 的整数</translation>
+    </message>
+    <message>
+        <source>a number up to %1</source>
+        <translation>不大于 %1 的数</translation>
+    </message>
+    <message>
+        <source>a whole number</source>
+        <translation>整数</translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation>数</translation>
+    </message>
+    <message>
+        <source>expected %1, found %2</source>
+        <translation>应为%1，实际为%2</translation>
+    </message>
+    <message>
+        <source>there is nothing to choose from</source>
+        <translation>没有可选项</translation>
+    </message>
+    <message>
+        <source>the maximum is less than the minimum</source>
+        <translation>最大值小于最小值</translation>
+    </message>
+</context>
+<context>
     <name>CommandParameter</name>
     <message>
         <source>Components</source>
@@ -840,30 +919,6 @@
         <translation>%1：%2 是文件夹。</translation>
     </message>
     <message>
-        <source>%1: a whole number from %2 to %3.</source>
-        <translation>%1：%2 到 %3 之间的整数。</translation>
-    </message>
-    <message>
-        <source>%1: a number from %2 to %3.</source>
-        <translation>%1：%2 到 %3 之间的数。</translation>
-    </message>
-    <message>
-        <source>%1: a whole number from %2 on.</source>
-        <translation>%1：不小于 %2 的整数。</translation>
-    </message>
-    <message>
-        <source>%1: a number from %2 on.</source>
-        <translation>%1：不小于 %2 的数。</translation>
-    </message>
-    <message>
-        <source>%1: a whole number.</source>
-        <translation>%1：整数。</translation>
-    </message>
-    <message>
-        <source>%1: a number, as 2.5 or 1e-3.</source>
-        <translation>%1：数值，例如 2.5 或 1e-3。</translation>
-    </message>
-    <message>
         <source>%1: &quot;%2&quot; stands alone.</source>
         <translation>%1：“%2”必须单独使用。</translation>
     </message>
@@ -876,6 +931,10 @@
         <translation>
             <numerusform>%1：至少 %n 个。</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1：%2。</translation>
     </message>
 </context>
 <context>

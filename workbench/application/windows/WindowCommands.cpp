@@ -204,8 +204,10 @@ void verify_picture(const CommandArguments& arguments, const CommandEntities&)
 {
     const QString ending = QFileInfo(arguments.text("FILE"_L1)).suffix().toLower();
     if (!QImageWriter::supportedImageFormats().contains(ending.toLatin1()))
-        throw arguments.error(arguments.word("FILE"_L1),
-                              u"the ending of the file tells no format of pictures, as .png or .jpg does"_s);
+        throw arguments.error(
+            arguments.word("FILE"_L1),
+            QT_TRANSLATE_NOOP("CommandError",
+                              "the ending of the file tells no format of pictures, as .png or .jpg does"));
 }
 
 Command picture_command()

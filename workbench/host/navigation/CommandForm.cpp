@@ -345,7 +345,7 @@ QString CommandForm::problem() const
         before = row;
     }
     const auto fault = find_fault(mCommand->forms, values(), mWay);
-    return fault ? fault->message() : QString();
+    return fault ? fault->translated() : QString();
 }
 
 void CommandForm::update_line()

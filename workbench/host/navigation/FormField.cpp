@@ -17,8 +17,6 @@
 #include <QSignalBlocker>
 #include <QToolButton>
 
-#include <cmath>
-
 using namespace Qt::StringLiterals;
 
 namespace fennar {
@@ -30,11 +28,6 @@ namespace {
 /** In characters: what a field needs at least. Where that is too much beside its label it stands below it. */
 constexpr int least_width = 4;
 constexpr int least_width_of_text = 14;
-
-QString shown(double number)
-{
-    return QString::number(number, 'g', 10);
-}
 
 /** What the word stands for; empty if it is a variable that is not set. */
 std::optional<QString> resolved(const QString& word)
@@ -325,17 +318,7 @@ QString FormField::file_problem(const QString& name) const
 /** What the number must be. */
 QString FormField::number_problem() const
 {
-    const bool whole = mParameter.kind == Kind::WholeNumber;
-    const bool least = std::isfinite(mParameter.least);
-    // What a whole number can hold anyhow is no limit worth telling.
-    const bool most = std::isfinite(mParameter.most) && !(whole && mParameter.most >= 2147483647.0);
-    if (least && most)
-        return (whole ? tr("%1: a whole number from %2 to %3.") : tr("%1: a number from %2 to %3."))
-            .arg(mLabel, shown(mParameter.least), shown(mParameter.most));
-    if (least)
-        return (whole ? tr("%1: a whole number from %2 on.") : tr("%1: a number from %2 on."))
-            .arg(mLabel, shown(mParameter.least));
-    return (whole ? tr("%1: a whole number.") : tr("%1: a number, as 2.5 or 1e-3.")).arg(mLabel);
+    return tr("%1: %2.").arg(mLabel, number_range(mParameter).translated);
 }
 
 /** What is wrong with words each of which would be right. */

@@ -214,6 +214,8 @@ void TstCommandForm::set_up()
                                        .label = "Count",
                                        .default_value = u"3"_s,
                                        .least = 1})}}});
+    add(u"cut"_s,
+        {{{required_value({.name = u"COUNT"_s, .kind = Kind::WholeNumber, .label = "Count", .most = 9})}}});
     add(u"turn"_s, {{{required_value({.name = u"ANGLE"_s, .kind = Kind::Number, .label = "Angle"})}}});
     add(u"open"_s,
         {{{required_value({.name = u"FILE"_s, .kind = Kind::InputFile, .label = "File", .filters = [] {
@@ -374,10 +376,11 @@ void TstCommandForm::apply_is_off_while_something_is_wrong_data()
     row("two words", u"brick"_s, u"WIDTH"_s, u"1 2"_s, range);
     row("nan", u"brick"_s, u"WIDTH"_s, u"nan"_s, range);
     row("any number", u"turn"_s, u"ANGLE"_s, u"-720"_s);
-    row("no number", u"turn"_s, u"ANGLE"_s, u"x"_s, u"Angle: a number, as 2.5 or 1e-3."_s);
+    row("no number", u"turn"_s, u"ANGLE"_s, u"x"_s, u"Angle: a number."_s);
     row("whole", u"count"_s, u"COUNT"_s, u"7"_s);
     row("not whole", u"count"_s, u"COUNT"_s, u"7.5"_s, u"Count: a whole number from 1 on."_s);
     row("below", u"count"_s, u"COUNT"_s, u"0"_s, u"Count: a whole number from 1 on."_s);
+    row("too many", u"cut"_s, u"COUNT"_s, u"10"_s, u"Count: a whole number up to 9."_s);
     row("name that is there", u"load"_s, u"SOLID"_s, u"pin"_s);
     row("number of a solid", u"load"_s, u"SOLID"_s, u"1"_s);
     row("number of none", u"load"_s, u"SOLID"_s, u"12"_s, u"Solid: there is no \"12\"."_s);

@@ -90,13 +90,17 @@ void verify_format(const CommandArguments& arguments, const CommandEntities& ent
     const std::optional<Format> format = told_format(arguments);
     const qsizetype word = arguments.word(arguments.has("as"_L1) ? "as"_L1 : "FILE"_L1);
     if (!format)
-        throw arguments.error(word,
-                              u"the ending of the file tells no format; say which one with \"as\" (%1)"_s.arg(
-                                  format_names(direction).join(u", "_s)));
+        throw arguments.error(
+            word,
+            {QT_TRANSLATE_NOOP("CommandError",
+                               "the ending of the file tells no format; say which one with \"as\" (%1)"),
+             {format_names(direction).join(u", "_s)}});
     if (!((*format).*direction))
-        throw arguments.error(word, direction == importing
-                                        ? u"files of the format %1 cannot be read"_s.arg(format->name)
-                                        : u"files of the format %1 cannot be written"_s.arg(format->name));
+        throw arguments.error(
+            word, {direction == importing
+                       ? QT_TRANSLATE_NOOP("CommandError", "files of the format %1 cannot be read")
+                       : QT_TRANSLATE_NOOP("CommandError", "files of the format %1 cannot be written"),
+                   {format->name}});
 }
 
 void verify_export(const CommandArguments& arguments, const CommandEntities& entities)
@@ -109,10 +113,13 @@ void verify_export(const CommandArguments& arguments, const CommandEntities& ent
     if (format && format->content == Format::Content::Mesh && (named || sized))
         throw arguments.words().expected(
             named ? arguments.word("SOLID"_L1) : arguments.word("size"_L1) - 1,
-            u"the end of the line (%1 files hold the last mesh)"_s.arg(format->name));
+            {QT_TRANSLATE_NOOP("CommandError", "the end of the line (%1 files hold the last mesh)"),
+             {format->name}});
     if (format && format->content == Format::Content::Solids && (mesh || sized))
-        throw arguments.words().expected(mesh ? arguments.word("mesh"_L1) : arguments.word("size"_L1) - 1,
-                                         u"the end of the line (%1 files hold solids)"_s.arg(format->name));
+        throw arguments.words().expected(
+            mesh ? arguments.word("mesh"_L1) : arguments.word("size"_L1) - 1,
+            {QT_TRANSLATE_NOOP("CommandError", "the end of the line (%1 files hold solids)"),
+             {format->name}});
 }
 
 QString absolute_path(const CommandArguments& arguments)

@@ -81,8 +81,10 @@ void verify_torus(const CommandArguments& arguments, const CommandEntities&)
 {
     const double radius = arguments.number("RADIUS"_L1);
     if (arguments.number("TUBE_RADIUS"_L1) >= radius)
-        throw arguments.words().expected(arguments.word("TUBE_RADIUS"_L1),
-                                         u"a radius of the tube (less than %1)"_s.arg(radius));
+        throw arguments.words().expected(
+            arguments.word("TUBE_RADIUS"_L1),
+            {QT_TRANSLATE_NOOP("CommandError", "a radius of the tube (less than %1)"),
+             {QString::number(radius)}});
 }
 
 void move(CommandCall&, const CommandArguments& arguments, const CommandContext& context)

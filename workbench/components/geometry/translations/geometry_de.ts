@@ -93,6 +93,33 @@
     </message>
 </context>
 <context>
+    <name>CommandError</name>
+    <message>
+        <source>the ending of the file tells no format; say which one with &quot;as&quot; (%1)</source>
+        <translation>die Endung der Datei nennt kein Format; &quot;as&quot; gibt eines an (%1)</translation>
+    </message>
+    <message>
+        <source>files of the format %1 cannot be read</source>
+        <translation>Dateien im Format %1 können nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>files of the format %1 cannot be written</source>
+        <translation>Dateien im Format %1 können nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>the end of the line (%1 files hold the last mesh)</source>
+        <translation>das Ende der Zeile (Dateien im Format %1 enthalten das letzte Netz)</translation>
+    </message>
+    <message>
+        <source>the end of the line (%1 files hold solids)</source>
+        <translation>das Ende der Zeile (Dateien im Format %1 enthalten Körper)</translation>
+    </message>
+    <message>
+        <source>a radius of the tube (less than %1)</source>
+        <translation>ein Radius des Rohrs (kleiner als %1)</translation>
+    </message>
+</context>
+<context>
     <name>CommandParameter</name>
     <message>
         <source>Model</source>

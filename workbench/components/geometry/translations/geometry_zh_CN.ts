@@ -93,6 +93,33 @@
     </message>
 </context>
 <context>
+    <name>CommandError</name>
+    <message>
+        <source>the ending of the file tells no format; say which one with &quot;as&quot; (%1)</source>
+        <translation>文件扩展名无法确定格式；请用“as”指明（%1）</translation>
+    </message>
+    <message>
+        <source>files of the format %1 cannot be read</source>
+        <translation>无法读取 %1 格式的文件</translation>
+    </message>
+    <message>
+        <source>files of the format %1 cannot be written</source>
+        <translation>无法写入 %1 格式的文件</translation>
+    </message>
+    <message>
+        <source>the end of the line (%1 files hold the last mesh)</source>
+        <translation>行尾（%1 文件保存最近的网格）</translation>
+    </message>
+    <message>
+        <source>the end of the line (%1 files hold solids)</source>
+        <translation>行尾（%1 文件保存实体）</translation>
+    </message>
+    <message>
+        <source>a radius of the tube (less than %1)</source>
+        <translation>管半径（小于 %1）</translation>
+    </message>
+</context>
+<context>
     <name>CommandParameter</name>
     <message>
         <source>Model</source>

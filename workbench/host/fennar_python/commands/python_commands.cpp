@@ -50,9 +50,9 @@ py::dict described(const CommandParameter& parameter)
                     "what"_a = to_python(parameter.what.isEmpty() ? parameter.name : parameter.what),
                     "label"_a = label(parameter.label), "tip"_a = label(parameter.tip),
                     "unit"_a = to_python(parameter.unit), "default"_a = to_python(parameter.default_value),
-                    "range"_a = to_python(number_range(parameter)), "choices"_a = to_list(parameter.choices),
-                    "entity"_a = to_python(parameter.entity), "by_number"_a = parameter.by_number,
-                    "repeated"_a = parameter.repeated);
+                    "range"_a = to_python(number_range(parameter).english),
+                    "choices"_a = to_list(parameter.choices), "entity"_a = to_python(parameter.entity),
+                    "by_number"_a = parameter.by_number, "repeated"_a = parameter.repeated);
 }
 
 py::dict described(const CommandClause& clause);

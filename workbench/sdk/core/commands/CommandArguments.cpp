@@ -8,6 +8,7 @@
 #include "workbench/sdk/core/commands/FormReader.h"
 #include "workbench/sdk/core/commands/numbers.h"
 
+#include <QCoreApplication>
 #include <QHash>
 #include <QSet>
 
@@ -25,25 +26,33 @@ namespace {
 
 using Kind = CommandParameter::Kind;
 
-const auto end_of_line = u"the end of the line"_s;
+CommandMessage end_of_line()
+{
+    return QT_TRANSLATE_NOOP("CommandError", "the end of the line");
+}
 
 /** "a, b or c" */
-QString either(QStringList choices)
+CommandMessage either(const QList<CommandMessage>& choices)
 {
-    const QString last = choices.takeLast();
-    return choices.isEmpty() ? last : choices.join(u", "_s) + u" or "_s + last;
+    CommandMessage all = choices.first();
+    for (qsizetype i = 1; i < choices.size() - 1; ++i)
+        all = {"%1, %2", {all, choices[i]}};
+    if (choices.size() == 1)
+        return all;
+    return {QT_TRANSLATE_NOOP("CommandError", "%1 or %2"), {all, choices.last()}};
 }
 
 /** Words that are typed as they are, for a message. */
-QStringList quoted(QStringList words)
+QList<CommandMessage> quoted(const QStringList& words)
 {
-    for (QString& word : words)
-        word = u'"' + word + u'"';
-    return words;
+    QList<CommandMessage> result;
+    for (const QString& word : words)
+        result.append(QString(u'"' + word + u'"'));
+    return result;
 }
 
 /** What a value is, for a message. */
-QString what_of(const CommandParameter& parameter, bool another = false)
+CommandMessage what_of(const CommandParameter& parameter, bool another = false)
 {
     QString what = parameter.what.isEmpty() ? parameter.name : parameter.what;
     if (another && what.startsWith("a "_L1))
@@ -51,13 +60,13 @@ QString what_of(const CommandParameter& parameter, bool another = false)
     switch (parameter.kind) {
     case Kind::Number:
     case Kind::WholeNumber:
-        return what + u" ("_s + number_range(parameter) + u')';
+        return {"%1 (%2)", {what, number_range(parameter)}};
     case Kind::Choice:
         return either(quoted(parameter.choices));
     case Kind::NewName:
-        return what + u" (a letter, then letters, digits, \"_\", \"-\" and \".\")"_s;
+        return {what + u" (a letter, then letters, digits, \"_\", \"-\" and \".\")"_s};
     default:
-        return what;
+        return {what};
     }
 }
 
@@ -67,10 +76,10 @@ struct Fault
     /** Words count from 0 behind the command's name. */
     qsizetype word;
     /** All that could stand there, for "expected ..."; none if the message says it. */
-    QStringList expected;
+    QList<CommandMessage> expected;
     /** What to do about it; may be empty. */
     QString remedy;
-    QString message;
+    CommandMessage message = QString();
 };
 
 /** Checks the words of one form. */
@@ -111,11 +120,11 @@ private:
         if (!mFault || fault.word < mFault->word)
             mFault = fault;
     }
-    void tell(qsizetype word, const QString& message) { tell({word, {}, {}, message}); }
+    void tell(qsizetype word, const CommandMessage& message) { tell({word, {}, {}, message}); }
 
     Fault unexpected() const
     {
-        QStringList choices;
+        QList<CommandMessage> choices;
         for (const CommandParameter* parameter : mReading.parameters) {
             if (parameter->kind == Kind::Choice)
                 choices << quoted(parameter->choices);
@@ -124,8 +133,8 @@ private:
         }
         choices << quoted(mReading.keywords);
         if (mReading.may_end)
-            choices << end_of_line;
-        return {mReading.next, choices, {}, {}};
+            choices << end_of_line();
+        return {mReading.next, choices, {}};
     }
 
     void check_clause(const CommandClause& clause, const FormReading::Clause& values)
@@ -181,7 +190,7 @@ private:
             break;
         }
         if (!right)
-            tell({word, {what_of(parameter)}, {}, {}});
+            tell({word, {what_of(parameter)}, {}});
     }
 
     /** Whether there is enough of what @p text stands for, if that is all there is. */
@@ -209,7 +218,7 @@ private:
         if (mEntities && mEntities->has(parameter.entity)) {
             const QString name = mEntities->find(parameter.entity, text);
             if (name.isEmpty()) {
-                tell({word, {what_of(parameter)}, mEntities->remedy(parameter.entity, text), {}});
+                tell({word, {what_of(parameter)}, mEntities->remedy(parameter.entity, text)});
                 return;
             }
             mNamed.insert(word, name);
@@ -219,7 +228,7 @@ private:
             return;
         const std::pair named(parameter.entity, text);
         if (mDistinct.contains(named))
-            tell(word, u"\"%1\" was named already"_s.arg(text));
+            tell(word, {QT_TRANSLATE_NOOP("CommandError", "\"%1\" was named already"), {text}});
         mDistinct << named;
     }
 
@@ -244,13 +253,13 @@ void merge(std::optional<Fault>& all, const Fault& other)
     }
     if (other.word < all->word || all->expected.isEmpty() || other.expected.isEmpty())
         return;
-    const bool may_end = all->expected.removeOne(end_of_line);
-    for (const QString& what : other.expected) {
-        if (!all->expected.contains(what) && what != end_of_line)
+    const bool may_end = all->expected.removeOne(end_of_line());
+    for (const CommandMessage& what : other.expected) {
+        if (!all->expected.contains(what) && what != end_of_line())
             all->expected << what;
     }
-    if (may_end || other.expected.contains(end_of_line))
-        all->expected << end_of_line;
+    if (may_end || other.expected.contains(end_of_line()))
+        all->expected << end_of_line();
     if (all->remedy.isEmpty())
         all->remedy = other.remedy;
 }

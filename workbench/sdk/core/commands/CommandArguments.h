@@ -64,7 +64,7 @@ public:
     /** The whole line. */
     const CommandWords& words() const { return mWords; }
     /** An error at word @p i. To be thrown. */
-    CommandError error(qsizetype i, const QString& message) const
+    CommandError error(qsizetype i, const CommandMessage& message) const
     {
         return CommandError(message, mWords.column(i));
     }

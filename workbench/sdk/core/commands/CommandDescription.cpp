@@ -78,19 +78,29 @@ QStringList values_of(const CommandParameter& parameter, const QStringList& word
 
 } // namespace
 
-QString number_range(const CommandParameter& parameter)
+CommandMessage number_range(const CommandParameter& parameter)
 {
-    QString text = parameter.kind == Kind::WholeNumber ? u"a whole number"_s : u"a number"_s;
+    const bool whole = parameter.kind == CommandParameter::Kind::WholeNumber;
+    // What a whole number can hold anyhow is no limit worth telling.
     const double greatest = std::numeric_limits<int>::max();
-    const bool has_least = parameter.least > (parameter.kind == Kind::WholeNumber ? -greatest : -INFINITY);
-    const bool has_most = parameter.most < (parameter.kind == Kind::WholeNumber ? greatest : INFINITY);
+    const bool has_least = parameter.least > (whole ? -greatest : -INFINITY);
+    const bool has_most = parameter.most < (whole ? greatest : INFINITY);
+    const CommandMessage least(QString::number(parameter.least));
+    const CommandMessage most(QString::number(parameter.most));
     if (has_least && has_most)
-        text += u" from %1 to %2"_s.arg(parameter.least).arg(parameter.most);
-    else if (has_least)
-        text += u" from %1 on"_s.arg(parameter.least);
-    else if (has_most)
-        text += u" up to %1"_s.arg(parameter.most);
-    return text;
+        return {whole ? QT_TRANSLATE_NOOP("CommandError", "a whole number from %1 to %2")
+                      : QT_TRANSLATE_NOOP("CommandError", "a number from %1 to %2"),
+                {least, most}};
+    if (has_least)
+        return {whole ? QT_TRANSLATE_NOOP("CommandError", "a whole number from %1 on")
+                      : QT_TRANSLATE_NOOP("CommandError", "a number from %1 on"),
+                {least}};
+    if (has_most)
+        return {whole ? QT_TRANSLATE_NOOP("CommandError", "a whole number up to %1")
+                      : QT_TRANSLATE_NOOP("CommandError", "a number up to %1"),
+                {most}};
+    return whole ? QT_TRANSLATE_NOOP("CommandError", "a whole number")
+                 : QT_TRANSLATE_NOOP("CommandError", "a number");
 }
 
 QString command_usage(const QString& name, const QList<CommandSyntax>& forms)

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "workbench/sdk/core/commands/CommandError.h"
 #include "workbench/sdk/core/export.h"
 
 #include <QList>
@@ -146,7 +147,7 @@ struct CommandSyntax
 };
 
 /** What numbers a parameter takes, as "a whole number from 1 on". */
-FENNAR_CORE_EXPORT QString number_range(const CommandParameter& parameter);
+FENNAR_CORE_EXPORT CommandMessage number_range(const CommandParameter& parameter);
 
 /** A clause that must be there. */
 inline CommandClause required_value(const CommandParameter& parameter)

@@ -3,24 +3,52 @@
 
 #include "workbench/sdk/core/commands/CommandError.h"
 
+#include <QCoreApplication>
+
 #include <new>
 
 using namespace Qt::StringLiterals;
 
 namespace fennar {
 
-CommandError::CommandError(const QString& message, qsizetype column)
-    : mMessage(message), mUtf8(message.toUtf8()), mColumn(column)
+namespace {
+
+/** @p text with values in the places of "%1" and so on, whatever these hold themselves. */
+QString filled(const QString& text, const QList<CommandMessage>& values, QString CommandMessage::*language)
+{
+    QString result;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const int place = text[i] == u'%' && i + 1 < text.size() ? text[i + 1].digitValue() : 0;
+        if (place > 0 && place <= values.size()) {
+            result += values[place - 1].*language;
+            ++i;
+        } else {
+            result += text[i];
+        }
+    }
+    return result;
+}
+
+} // namespace
+
+CommandMessage::CommandMessage(const char* text, const QList<CommandMessage>& values)
+    : english(filled(QString::fromUtf8(text), values, &CommandMessage::english)),
+      translated(
+          filled(QCoreApplication::translate("CommandError", text), values, &CommandMessage::translated))
 {}
 
-CommandError CommandError::expected(const QString& what, const QString& found, qsizetype column,
+CommandError::CommandError(const CommandMessage& message, qsizetype column)
+    : mMessage(message), mUtf8(message.english.toUtf8()), mColumn(column)
+{}
+
+CommandError CommandError::expected(const CommandMessage& what, const CommandMessage& found, qsizetype column,
                                     const QString& remedy)
 {
-    QString message = u"expected %1, found %2"_s.arg(what, found);
+    CommandMessage message(QT_TRANSLATE_NOOP("CommandError", "expected %1, found %2"), {what, found});
     if (!remedy.isEmpty())
-        message += u"; "_s + remedy;
+        message.english += u"; "_s + remedy;
     CommandError error(message, column);
-    error.mExpected = what;
+    error.mExpected = what.english;
     error.mRemedy = remedy;
     return error;
 }

@@ -95,7 +95,7 @@ void verify_set(const CommandArguments& arguments, const CommandEntities& entiti
         !entities.find(variable_entity, name).isEmpty())
         return;
     const QString remedy = entities.remedy(variable_entity, name);
-    throw arguments.words().expected(1, u"a variable that is set"_s,
+    throw arguments.words().expected(1, QT_TRANSLATE_NOOP("CommandError", "a variable that is set"),
                                      remedy.isEmpty() ? u"a value behind it would set it"_s : remedy);
 }
 
@@ -166,12 +166,14 @@ void verify_play(const CommandArguments& arguments, const CommandEntities&)
     const QStringList settings = arguments.texts("with"_L1);
     for (qsizetype i = 0; i < settings.size(); ++i) {
         if (!read_setting(settings[i]))
-            throw arguments.words().expected(arguments.word("with"_L1, i),
-                                             u"a parameter and its value as NAME=VALUE"_s);
+            throw arguments.words().expected(
+                arguments.word("with"_L1, i),
+                QT_TRANSLATE_NOOP("CommandError", "a parameter and its value as NAME=VALUE"));
     }
     if (arguments.integer("LINE"_L1) != 1 && !settings.isEmpty())
-        throw arguments.error(arguments.word("with"_L1) - 1,
-                              u"only a journal that is played from line 1 takes values"_s);
+        throw arguments.error(
+            arguments.word("with"_L1) - 1,
+            QT_TRANSLATE_NOOP("CommandError", "only a journal that is played from line 1 takes values"));
 }
 
 /** "play FILE [LINE] [with SETTING...]" */
@@ -188,7 +190,8 @@ void play(const CommandArguments& arguments, Playback& playback)
 
 CommandError not_to_be_checked(const CommandArguments& arguments)
 {
-    return arguments.error(arguments.word("FILE"_L1), u"a Python script cannot be checked"_s);
+    return arguments.error(arguments.word("FILE"_L1),
+                           QT_TRANSLATE_NOOP("CommandError", "a Python script cannot be checked"));
 }
 
 void verify_check(const CommandArguments& arguments, const CommandEntities&)

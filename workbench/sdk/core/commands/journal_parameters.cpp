@@ -80,9 +80,11 @@ void verify_declaration(const CommandArguments& arguments, const CommandEntities
 {
     const CommandParameter parameter = declared_parameter(arguments);
     if (parameter.kind == Kind::Choice && parameter.choices.isEmpty())
-        throw arguments.error(arguments.word("of"_L1), u"there is nothing to choose from"_s);
+        throw arguments.error(arguments.word("of"_L1),
+                              QT_TRANSLATE_NOOP("CommandError", "there is nothing to choose from"));
     if (parameter.least > parameter.most)
-        throw arguments.error(arguments.word("max"_L1), u"the maximum is less than the minimum"_s);
+        throw arguments.error(arguments.word("max"_L1),
+                              QT_TRANSLATE_NOOP("CommandError", "the maximum is less than the minimum"));
     check_value(parameter, parameter.default_value, arguments.words().column(arguments.word("DEFAULT"_L1)));
 }
 

@@ -189,9 +189,11 @@ private:
 
 } // namespace
 
-CommandError CommandWords::expected(qsizetype i, const QString& what, const QString& remedy) const
+CommandError CommandWords::expected(qsizetype i, const CommandMessage& what, const QString& remedy) const
 {
-    const QString found = i < words.size() ? CommandError::shown(words[i].text) : u"the end of the line"_s;
+    const CommandMessage found =
+        i < words.size() ? CommandMessage(CommandError::shown(words[i].text))
+                         : CommandMessage(QT_TRANSLATE_NOOP("CommandError", "the end of the line"));
     return CommandError::expected(what, found, column(i), remedy);
 }
 

@@ -42,7 +42,7 @@ struct CommandWords
     /** Where word @p i begins, from 1; the end of the line if there is no such word. */
     qsizetype column(qsizetype i) const { return i < words.size() ? words[i].column : end_column; }
     /** An error at word @p i: "expected WHAT, found WORD; REMEDY". */
-    FENNAR_CORE_EXPORT CommandError expected(qsizetype i, const QString& what,
+    FENNAR_CORE_EXPORT CommandError expected(qsizetype i, const CommandMessage& what,
                                              const QString& remedy = {}) const;
 };
 

@@ -121,7 +121,7 @@ void TstCommandDescription::range_of_numbers_is_told_data()
 void TstCommandDescription::range_of_numbers_is_told()
 {
     QFETCH(const CommandParameter, parameter);
-    QTEST(number_range(parameter), "range");
+    QTEST(number_range(parameter).english, "range");
 }
 
 void TstCommandDescription::command_tells_its_usage()
