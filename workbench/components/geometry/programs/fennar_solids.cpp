@@ -21,28 +21,20 @@
 
 #include <BRepBuilderAPI_MakeSolid.hxx>
 #include <BRepBuilderAPI_Sewing.hxx>
-#include <BRepGProp.hxx>
 #include <BRepLib.hxx>
 #include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
-#include <GProp_GProps.hxx>
 #include <IGESControl_Reader.hxx>
 #include <Interface_Static.hxx>
 #include <STEPControl_Reader.hxx>
 #include <STEPControl_Writer.hxx>
-#include <ShapeAnalysis_Shell.hxx>
-#include <ShapeFix_Shell.hxx>
 #include <Standard_Failure.hxx>
 #include <TopExp.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
 #include <TopoDS.hxx>
 #include <TopoDS_Compound.hxx>
-#include <TopoDS_Iterator.hxx>
 #include <TopoDS_Solid.hxx>
-#include <algorithm>
-#include <cmath>
 #include <string>
-#include <vector>
 
 using namespace fennar::geometry;
 
@@ -109,54 +101,6 @@ TopTools_IndexedMapOfShape solids_of(const TopoDS_Shape& shape)
     return solids;
 }
 
-double volume_of(const TopoDS_Shape& shape)
-{
-    GProp_GProps volume;
-    BRepGProp::VolumeProperties(shape, volume);
-    return volume.Mass();
-}
-
-/** The faces of a shell, all on one side of it. */
-TopoDS_Shape in_one_direction(const TopoDS_Shape& shell)
-{
-    ShapeAnalysis_Shell orientation;
-    orientation.LoadShells(shell);
-    if (!orientation.CheckOrientedShells(shell))
-        return shell;
-    ShapeFix_Shell fix;
-    fix.FixFaceOrientation(TopoDS::Shell(shell));
-    return fix.Shell();
-}
-
-/** The solid with its faces away from what it is filled with, which volume, picture and mesh rely on: some
- * other program may have written the file. The readers of the other formats see to that themselves. */
-TopoDS_Shape facing_outwards(const TopoDS_Shape& solid)
-{
-    std::vector<TopoDS_Shape> shells;
-    std::vector<double> volumes;
-    for (TopoDS_Iterator part(solid); part.More(); part.Next()) {
-        if (part.Value().ShapeType() != TopAbs_SHELL)
-            return solid; // a point in it, say, which no reader of ours would mind
-        shells.push_back(in_one_direction(part.Value()));
-        volumes.push_back(volume_of(shells.back()));
-    }
-    // The outer shell holds those of the cavities.
-    const auto smaller = [](double a, double b) { return std::abs(a) < std::abs(b); };
-    const auto outer = std::max_element(volumes.begin(), volumes.end(), smaller) - volumes.begin();
-    TopoDS_Solid result;
-    BRep_Builder builder;
-    builder.MakeSolid(result);
-    bool is_turned = false;
-    TopoDS_Iterator before(solid);
-    for (std::size_t i = 0; i < shells.size(); ++i, before.Next()) {
-        if ((volumes[i] > 0) != (std::ptrdiff_t(i) == outer))
-            shells[i].Reverse();
-        is_turned = is_turned || !shells[i].IsEqual(before.Value());
-        builder.Add(result, shells[i]);
-    }
-    return is_turned ? TopoDS_Shape(result) : solid;
-}
-
 void read_file(const Job& job)
 {
     stage("open");
@@ -168,8 +112,8 @@ void read_file(const Job& job)
         throw Failure("it holds no solid");
     for (int i = 1; i <= solids.Extent(); ++i) {
         const std::string path = job.output + std::to_string(i) + ".brep";
-        const TopoDS_Shape solid = job.kind == "brep" ? facing_outwards(solids(i)) : solids(i);
-        BRepTools::Write(solid, path.c_str(), Standard_False, Standard_False, TopTools_FormatVersion_CURRENT);
+        BRepTools::Write(solids(i), path.c_str(), Standard_False, Standard_False,
+                         TopTools_FormatVersion_CURRENT);
         check_written(path);
     }
 }
