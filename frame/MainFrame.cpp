@@ -40,7 +40,7 @@ QApplication* gui_application()
     return qobject_cast<QApplication*>(QCoreApplication::instance());
 }
 
-// A window that nearly fills the screen comes up maximised.
+// A window that nearly fills the screen comes up maximized.
 bool fits_with_room(const QSize& window, const QSize& screen)
 {
     return screen.width() > window.width() + 10 && screen.height() > window.height() + 30;

@@ -258,7 +258,7 @@ void JournalDocument::lineNumberAreaPaintEvent(QPaintEvent* event)
 {
     const QRect area = event->rect();
     QPainter painter(mLineNumberArea);
-    // Black on light grey in any colour scheme; intended.
+    // Black on light gray in any color scheme; intended.
     painter.fillRect(area, Qt::lightGray);
     painter.setPen(Qt::black);
     QTextBlock block = firstVisibleBlock();

@@ -17,7 +17,7 @@ class JournalFindDialog;
 /**
  * The modal dialog that searches the current document of the journal editor.
  *
- * Each hit is selected and gets a grey background that stays in the document, which thereby counts as
+ * Each hit is selected and gets a gray background that stays in the document, which thereby counts as
  * modified; a hit found after wrapping around is selected only. A text that is not found is not reported.
  *
  * JournalEditor::editFind() makes one for each call.

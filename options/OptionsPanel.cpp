@@ -129,7 +129,7 @@ void OptionsPanel::remove_panel(const QString& path)
         const QSignalBlocker blocker(list);
         if (entry->item) {
             forget_items_below(entry->item);
-            // The tree selects a neighbour.
+            // The tree selects a neighbor.
             delete entry->item;
         }
         if (entry->page && shown)
