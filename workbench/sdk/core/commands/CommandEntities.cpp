@@ -88,6 +88,19 @@ void CommandEntities::offer_possible(const QString& kind, const Names& possible)
         offer->possible = possible;
 }
 
+void CommandEntities::offer_test(const QString& kind, const Test& is_name)
+{
+    if (const auto offer = mOffers.find(kind); offer != mOffers.end())
+        offer->is_name = is_name;
+}
+
+bool CommandEntities::is_name(const QString& kind, const QString& word) const
+{
+    if (const Test is_name = mOffers.value(kind).is_name)
+        return ask<bool, const QString&>(kind, is_name, word);
+    return names(kind).contains(word);
+}
+
 QStringList CommandEntities::possible(const QString& kind) const
 {
     const Names possible = mOffers.value(kind).possible;
@@ -132,7 +145,7 @@ QStringList CommandEntities::names(const QString& kind) const
 
 QString CommandEntities::find(const QString& kind, const QString& word) const
 {
-    if (names(kind).contains(word))
+    if (is_name(kind, word))
         return word;
     return ask<QString, const QString&>(kind, mOffers.value(kind).meaning, word);
 }

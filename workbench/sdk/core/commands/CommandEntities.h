@@ -51,6 +51,8 @@ public:
     using Names = std::function<QStringList()>;
     /** Tells the name that a word stands for which is none, as its number; empty if it is nothing's. */
     using Meaning = std::function<QString(const QString& word)>;
+    /** Tells whether a word is one of the present names. */
+    using Test = std::function<bool(const QString& word)>;
     /** Tells, for the end of an error, what to do about a word that is nothing's name; may be empty. */
     using Remedy = std::function<QString(const QString& word)>;
 
@@ -74,6 +76,11 @@ public:
     /** Tells the names that there may be, where names() are those that there are for sure, as in the check of
      * what is yet to run. It goes when the kind is withdrawn. */
     void offer_possible(const QString& kind, const Names& possible);
+    /** Tells whether a word is one of names(), which are searched otherwise: for kinds that may have very
+     * many. It goes when the kind is withdrawn. */
+    void offer_test(const QString& kind, const Test& is_name);
+    /** Whether @p word is one of names(). */
+    bool is_name(const QString& kind, const QString& word) const;
     /** The names that there may be: names() if nobody tells others. */
     QStringList possible(const QString& kind) const;
     /** Tells which entities of a kind that was offered are selected, for forms to begin with. It goes when
@@ -117,6 +124,7 @@ private:
         Meaning name_of_key = {};
         Names selected = {};
         Names possible = {};
+        Test is_name = {};
     };
     QMap<QString, Offer> mOffers;
 };

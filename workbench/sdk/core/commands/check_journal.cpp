@@ -100,13 +100,13 @@ private:
         };
         mEntities.offer(kind, kind, sure, meaning, [this, kind, &names](const QString& word) {
             const QStringList now = mRegistry.entities().names(kind);
-            QStringList given(names.possible.begin(), names.possible.end());
-            given.removeIf([&now](const QString& name) { return now.contains(name); });
+            QStringList given = (names.possible - QSet<QString>(now.begin(), now.end())).values();
             given.sort();
             const QStringList known = now + given;
             const QString remedy = CommandEntities::remedy_among(word, known);
             return remedy.isEmpty() ? mRegistry.entities().remedy(kind, word) : remedy;
         });
+        mEntities.offer_test(kind, [&names](const QString& word) { return names.sure.contains(word); });
         mEntities.offer_possible(
             kind, [&names] { return QStringList(names.possible.begin(), names.possible.end()); });
     }

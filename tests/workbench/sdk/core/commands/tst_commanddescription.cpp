@@ -3,8 +3,10 @@
 
 #include "CommandSession.h"
 #include "support/TestCase.h"
+#include "workbench/sdk/core/commands/CommandArguments.h"
 #include "workbench/sdk/core/commands/Playback.h"
 #include "workbench/sdk/core/commands/builtin_commands.h"
+#include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -58,6 +60,7 @@ private slots:
     void variable_references_data();
     void variable_references();
     void entities_are_offered_and_withdrawn();
+    void names_that_can_be_tested_are_not_listed();
     void entities_go_with_their_owner();
     void selection_is_shared_out_to_the_values();
     void selection_goes_with_its_kind();
@@ -252,6 +255,35 @@ void TstCommandDescription::entities_are_offered_and_withdrawn()
     QCOMPARE(entities.names(u"solid"_s), QStringList());
     QCOMPARE(changes.size(), 4);
     QCOMPARE(changes[3], QVariantList{u"solid"_s});
+}
+
+void TstCommandDescription::names_that_can_be_tested_are_not_listed()
+{
+    CommandEntities entities;
+    int lists = 0;
+    entities.offer(u"solid"_s, u"geometry"_s, [&lists] {
+        ++lists;
+        return QStringList{u"a"_s, u"b"_s};
+    });
+    QVERIFY(entities.is_name(u"solid"_s, u"b"_s));
+    QVERIFY(!entities.is_name(u"solid"_s, u"c"_s));
+    QVERIFY(!entities.is_name(u"page"_s, u"b"_s));
+    lists = 0;
+
+    entities.offer_test(u"solid"_s, [](const QString& word) { return word == "c"_L1; });
+    QVERIFY(!entities.is_name(u"solid"_s, u"b"_s));
+    QVERIFY(entities.is_name(u"solid"_s, u"c"_s));
+    QCOMPARE(entities.find(u"solid"_s, u"c"_s), u"c"_s);
+    QCOMPARE(entities.find(u"solid"_s, u"b"_s), QString());
+    const QList<CommandSyntax> forms{
+        {.clauses = {required_value(
+             {.name = u"NAME"_s, .kind = CommandParameter::Kind::NewName, .entity = u"solid"_s})}}};
+    const CommandArguments arguments(tokenize(u"brick b"_s), forms, &entities);
+    QVERIFY_THROWS_EXCEPTION(CommandError, CommandArguments(tokenize(u"brick c"_s), forms, &entities));
+    QCOMPARE(lists, 0);
+
+    entities.withdraw(u"geometry"_s);
+    QVERIFY(!entities.is_name(u"solid"_s, u"c"_s));
 }
 
 void TstCommandDescription::entities_go_with_their_owner()
