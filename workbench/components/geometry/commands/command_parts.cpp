@@ -83,8 +83,8 @@ QString table(const QList<QStringList>& rows, const QList<bool>& right)
 
 const QStringList& solid_keywords()
 {
-    static const QStringList words{u"about"_s, u"all"_s,  u"along"_s, u"as"_s,   u"at"_s,     u"by"_s,
-                                   u"from"_s,  u"mesh"_s, u"name"_s,  u"size"_s, u"verbose"_s};
+    static const QStringList words{u"about"_s, u"all"_s,  u"along"_s, u"as"_s,   u"at"_s,   u"by"_s,
+                                   u"from"_s,  u"mesh"_s, u"name"_s,  u"none"_s, u"size"_s, u"verbose"_s};
     return words;
 }
 

@@ -125,7 +125,14 @@ private:
     Fault unexpected() const
     {
         QList<CommandMessage> choices;
+        const QString found = mTexts.value(mReading.next);
         for (const CommandParameter* parameter : mReading.parameters) {
+            if (parameter->kind == Kind::NewName && parameter->reserved.contains(found))
+                return {
+                    mReading.next,
+                    {},
+                    {},
+                    u"\"%1\" cannot name a %2: it is a word of the commands"_s.arg(found, parameter->entity)};
             if (parameter->kind == Kind::Choice)
                 choices << quoted(parameter->choices);
             else
@@ -179,7 +186,7 @@ private:
             break;
         case Kind::NewName:
             right = CommandRegistry::is_name(text) && !parameter.reserved.contains(text);
-            if (right && mEntities && mEntities->names(parameter.entity).contains(text))
+            if (right && mEntities && mEntities->is_name(parameter.entity, text))
                 tell(word, u"there is a %1 \"%2\" already"_s.arg(parameter.entity, text));
             break;
         case Kind::Entity:

@@ -193,9 +193,9 @@ void TstGeometryCommands::errors_tell_the_column_data()
     row("brick 1 name 5x",
         "brick: column 14: expected a name (a letter, then letters, digits, \"_\", \"-\" and "
         "\".\"), found \"5x\"");
-    row("brick 1 name from",
-        "brick: column 14: expected a name (a letter, then letters, digits, \"_\", \"-\" and "
-        "\".\"), found \"from\"");
+    row("brick 1 name from", "brick: column 14: \"from\" cannot name a solid: it is a word of the commands");
+    // For which "select" would select nothing.
+    row("brick 1 name none", "brick: column 14: \"none\" cannot name a solid: it is a word of the commands");
     row("brick 1 name body", "brick: column 14: there is a solid \"body\" already");
     row("move body", "move: column 10: expected another solid or \"by\", found the end of the line");
     row("move by 1 1 1", "move: column 6: expected a solid, found \"by\"");

@@ -251,6 +251,8 @@ void TstCommandArguments::errors_tell_column_and_remedy_data()
     row("no direction", u"make 1 on at 0 0.0"_s, 14, u"a direction must not be 0 0 0"_s);
     row("no name", u"make 1 on name 5x"_s, 16,
         u"expected a name (a letter, then letters, digits, \"_\", \"-\" and \".\"), found \"5x\""_s);
+    row("reserved name", u"make 1 on name fast"_s, 16,
+        u"\"fast\" cannot name a thing: it is a word of the commands"_s);
     row("name of another", u"make 1 on name pin"_s, 16, u"there is a thing \"pin\" already"_s);
     row("first of two", u"make 1 on at 99 1 name 5x"_s, 14,
         u"expected X (a number from -10 to 10), found \"99\""_s);
