@@ -186,10 +186,6 @@
         <translation>Aus einer Datei</translation>
     </message>
     <message>
-        <source>Number</source>
-        <translation>Anzahl</translation>
-    </message>
-    <message>
         <source>Quotes keep blanks; $NAME is a variable.</source>
         <translation>Anführungszeichen bewahren Leerzeichen; $NAME ist eine Variable.</translation>
     </message>
@@ -348,6 +344,14 @@
     <message>
         <source>Steps of the model</source>
         <translation>Schritte des Modells</translation>
+    </message>
+    <message>
+        <source>Line number</source>
+        <translation>Zeilennummer</translation>
+    </message>
+    <message>
+        <source>Real number</source>
+        <translation>Reelle Zahl</translation>
     </message>
 </context>
 <context>

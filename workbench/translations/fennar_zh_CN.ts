@@ -186,10 +186,6 @@
         <translation>来自文件</translation>
     </message>
     <message>
-        <source>Number</source>
-        <translation>数量</translation>
-    </message>
-    <message>
         <source>Quotes keep blanks; $NAME is a variable.</source>
         <translation>引号可保留空格；$NAME 为变量。</translation>
     </message>
@@ -348,6 +344,14 @@
     <message>
         <source>Steps of the model</source>
         <translation>模型的步骤</translation>
+    </message>
+    <message>
+        <source>Line number</source>
+        <translation>行号</translation>
+    </message>
+    <message>
+        <source>Real number</source>
+        <translation>实数</translation>
     </message>
 </context>
 <context>

@@ -165,27 +165,27 @@ Command hide_command()
 
 Command edit_command()
 {
-    return {.name = u"edit"_s,
-            .summary = u"Opens a journal or a Python script in the journal editor."_s,
-            .help =
-                u"A line that is too long for the console is folded there, and has a number in its mark.\n"
+    return {
+        .name = u"edit"_s,
+        .summary = u"Opens a journal or a Python script in the journal editor."_s,
+        .help = u"A line that is too long for the console is folded there, and has a number in its mark.\n"
                 "The newest ten are kept."_s,
-            .forms = {{.clauses = {required_value({.name = u"FILE"_s,
-                                                   .kind = Kind::InputFile,
-                                                   .what = u"the name of a journal file"_s,
-                                                   .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal"),
-                                                   .filters = &journal_filters,
-                                                   .example = u"example.jou"_s})},
-                       .title = QT_TRANSLATE_NOOP("CommandParameter", "A file")},
-                      {.clauses = {{.keyword = u"line"_s,
-                                    .parameters = {{.name = u"NUMBER"_s,
-                                                    .kind = Kind::WholeNumber,
-                                                    .what = u"the number of a folded line"_s,
-                                                    .label = QT_TRANSLATE_NOOP("CommandParameter", "Number"),
-                                                    .least = 1,
-                                                    .most = std::numeric_limits<int>::max(),
-                                                    .example = u"1"_s}}}},
-                       .title = QT_TRANSLATE_NOOP("CommandParameter", "A folded line of the console")}}};
+        .forms = {{.clauses = {required_value({.name = u"FILE"_s,
+                                               .kind = Kind::InputFile,
+                                               .what = u"the name of a journal file"_s,
+                                               .label = QT_TRANSLATE_NOOP("CommandParameter", "Journal"),
+                                               .filters = &journal_filters,
+                                               .example = u"example.jou"_s})},
+                   .title = QT_TRANSLATE_NOOP("CommandParameter", "A file")},
+                  {.clauses = {{.keyword = u"line"_s,
+                                .parameters = {{.name = u"NUMBER"_s,
+                                                .kind = Kind::WholeNumber,
+                                                .what = u"the number of a folded line"_s,
+                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "Line number"),
+                                                .least = 1,
+                                                .most = std::numeric_limits<int>::max(),
+                                                .example = u"1"_s}}}},
+                   .title = QT_TRANSLATE_NOOP("CommandParameter", "A folded line of the console")}}};
 }
 
 Command form_command()

@@ -36,6 +36,8 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -223,8 +225,13 @@ void WindowTest::visit_panels()
             for (int row = 0; row < model->rowCount(parent); ++row) {
                 const QModelIndex entry = model->index(row, 0, parent);
                 window->command_buttons()->set_current_index(entry);
-                visit(window,
-                      u"panel %1 at %2"_s.arg(rows ? u"of rows"_s : u"of levels"_s, entry.data().toString()));
+                const QString name =
+                    u"panel %1 at %2"_s.arg(rows ? u"of rows"_s : u"of levels"_s, entry.data().toString());
+                visit(window, name);
+                const QScrollBar* bar =
+                    window->command_buttons()->findChild<QScrollArea*>()->horizontalScrollBar();
+                if (!QTest::qWaitFor([bar] { return bar->maximum() == 0; }, settling_ms))
+                    mClipped << u"%1 is %2 pixels too wide"_s.arg(name).arg(bar->maximum());
                 walk(entry);
             }
         };

@@ -131,7 +131,7 @@
     </message>
     <message>
         <source>Drop unsaved changes</source>
-        <translation>Ungespeicherte Änderungen verwerfen</translation>
+        <translation>Änderungen verwerfen</translation>
     </message>
     <message>
         <source>File</source>
@@ -259,7 +259,7 @@
     </message>
     <message>
         <source>Show all messages of the mesher</source>
-        <translation>Alle Meldungen des Vernetzers zeigen</translation>
+        <translation>Alle Meldungen zeigen</translation>
     </message>
     <message>
         <source>Measure</source>

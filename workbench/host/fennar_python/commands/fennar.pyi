@@ -322,7 +322,7 @@ def edit(file: str | _os.PathLike[str] | None = None, *, line: int | None = None
     The newest ten are kept.
 
     file: Journal (a file to read)
-    line: Number (a whole number from 1 on)
+    line: Line number (a whole number from 1 on)
 
     Command: edit FILE | edit line NUMBER
     """

@@ -143,7 +143,7 @@ std::optional<JournalSetting> read_setting(const QString& text)
 const QList<CommandSyntax>& parameter_forms()
 {
     static const QList<CommandSyntax> forms{
-        number_form(Kind::Number, u"number"_s, QT_TRANSLATE_NOOP("CommandParameter", "Number")),
+        number_form(Kind::Number, u"number"_s, QT_TRANSLATE_NOOP("CommandParameter", "Real number")),
         number_form(Kind::WholeNumber, u"whole"_s, QT_TRANSLATE_NOOP("CommandParameter", "Whole number")),
         {.clauses = {name_clause(), type_clause(u"text"_s), default_clause(Kind::Text, u"gear"_s),
                      about_clause()},
