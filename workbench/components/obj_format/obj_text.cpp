@@ -86,7 +86,7 @@ Surface read_obj(const QByteArray& text)
         rest.remove_prefix(std::min(end + 1, rest.size()));
         ++number;
         if (line.find('\0') != std::string_view::npos)
-            fail(number, "the file is no text");
+            fail(number, "the file is not text");
         if (line.ends_with('\r'))
             line.remove_suffix(1);
         if (joined.empty())

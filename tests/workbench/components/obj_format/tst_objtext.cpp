@@ -101,7 +101,7 @@ void TstObjText::errors_tell_the_line_data()
                                << QByteArray("line 4: a corner of a face must be the number of a vertex");
     QTest::newRow("slash alone") << points + "f / 1 2"
                                  << QByteArray("line 4: a corner of a face must be the number of a vertex");
-    QTest::newRow("NUL") << points + QByteArray("f 1 2\0 3", 8) << QByteArray("line 4: the file is no text");
+    QTest::newRow("NUL") << points + QByteArray("f 1 2\0 3", 8) << QByteArray("line 4: the file is not text");
     QTest::newRow("first of continued lines")
         << points + "f 1 \\\n2 \\\n9" << QByteArray("line 4: there is no vertex 9");
 }

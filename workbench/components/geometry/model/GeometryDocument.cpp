@@ -30,7 +30,7 @@ GeometryContents read(const QString& path)
     if (!info.exists())
         throw GeometryError(u"there is no such file"_s);
     if (!info.isFile())
-        throw GeometryError(u"it is no file"_s);
+        throw GeometryError(u"it is not a regular file"_s);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw GeometryError(file.errorString());

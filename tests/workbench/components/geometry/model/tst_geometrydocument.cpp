@@ -511,10 +511,10 @@ void TstGeometryDocument::mistakes_are_named_data()
         << u"open /no/such"_s << u"ERROR: open: column 6: there is no file \"/no/such\"\n"_s;
     QTest::newRow("open a directory")
         << u"open /"_s
-        << u"ERROR: open: the model \"/\" cannot be opened: it is no file; nothing has changed\n"_s;
+        << u"ERROR: open: the model \"/\" cannot be opened: it is not a regular file; nothing has changed\n"_s;
     QTest::newRow("open a device")
         << u"open /dev/zero"_s
-        << u"ERROR: open: the model \"/dev/zero\" cannot be opened: it is no file; nothing has changed\n"_s;
+        << u"ERROR: open: the model \"/dev/zero\" cannot be opened: it is not a regular file; nothing has changed\n"_s;
     QTest::newRow("save in an empty name")
         << u"save ''"_s << u"ERROR: save: column 6: expected the name of a file, found \"\"\n"_s;
     QTest::newRow("new with a word")
