@@ -395,7 +395,9 @@ LineCompletion complete_file(const QString& before, const Typed& typed, const Co
     // Only the part behind the last slash is written anew; what is ahead may hold quotes and variables.
     const qsizetype start = std::max(before.lastIndexOf(u'/') + 1, typed.start);
     const Quote quote = open_quote(QStringView(before).sliced(typed.start, start - typed.start));
-    const QString name = read_words(opening(quote) + before.sliced(start), variables).word;
+    // Within a word a "#" begins no comment.
+    const QString ahead = quote == Quote::None ? u"''"_s : opening(quote);
+    const QString name = read_words(ahead + before.sliced(start), variables).word;
     Collector files(name, start, quote);
     // One with a slash in it is a variable's, and nothing here could go on with it.
     if (!name.contains(u'/'))

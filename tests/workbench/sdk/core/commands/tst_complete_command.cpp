@@ -71,6 +71,8 @@ void TstCompleteCommand::set_up()
     QVERIFY(QDir().mkpath(u"my parts/deep"_s));
     QFile deep(u"my parts/deep/gear"_s);
     QVERIFY(deep.open(QIODevice::WriteOnly));
+    QFile numbered(u"my parts/deep/#1.jou"_s);
+    QVERIFY(numbered.open(QIODevice::WriteOnly));
     QFile inner(u"my parts/gear wheel.jou"_s);
     QVERIFY(inner.open(QIODevice::WriteOnly));
 
@@ -247,6 +249,7 @@ void TstCompleteCommand::files_are_completed_with_quotes_data()
     row("variable ahead stays", u"play $dir/g"_s, u"play $dir/\"gear wheel.jou\"_"_s);
     row("variable behind the slash", u"play my' parts'/${gear}"_s, u"play my' parts'/\"gear wheel.jou\"_"_s);
     row("plain directory", u"play \"my parts/d"_s, u"play \"my parts/deep/"_s);
+    row("no comment behind a slash", u"play $dir/deep/#"_s, u"play $dir/deep/\"#1.jou\"_"_s);
     row("entity with a blank", u"mesh pin"_s, u"mesh \"pin 1\"_"_s);
     row("quote behind the caret", u"play \"plate t^\""_s, u"play \"plate two.jou_\""_s);
 }
