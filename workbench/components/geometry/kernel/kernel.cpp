@@ -39,6 +39,7 @@
 #include <cmath>
 #include <gp_Torus.hxx>
 #include <numbers>
+#include <numeric>
 #include <sstream>
 
 using namespace Qt::StringLiterals;
@@ -176,6 +177,8 @@ bool add_whole_torus(const TopoDS_Face& face, Bnd_Box& box)
     return true;
 }
 
+const auto not_combined = u"the kernel could not combine the solids"_s;
+
 /** The result, with one face where two lay in one plane or on one cylinder. */
 TopoDS_Shape simplified(BRepAlgoAPI_Fuse& operation)
 {
@@ -203,10 +206,29 @@ TopoDS_Shape combine(const TopTools_ListOfShape& objects, const TopTools_ListOfS
     operation.SetNonDestructive(Standard_True); // they are shared
     operation.Build(range);
     if (operation.HasErrors() || !operation.IsDone())
-        throw GeometryError(u"the kernel could not combine the solids"_s);
+        throw GeometryError(not_combined);
     if constexpr (std::is_same_v<Operation, BRepAlgoAPI_Fuse>)
         return simplified(operation);
     return operation.Shape();
+}
+
+/** The result of combine(). The kernel reports success even if it has lost a part of it, as with some tangent
+ * surfaces; where the volume shows that, this throws. */
+Shape verified(const Shape& result, double least, double most)
+{
+    // Volumes within curved faces are integrated.
+    const double tolerance = 0.01 * most;
+    const double volume = result.empty() ? 0 : result.measures().volume;
+    if (!(volume >= least - tolerance && volume <= most + tolerance))
+        throw GeometryError(not_combined);
+    return result;
+}
+
+/** Of all of them, what is common counted each time. */
+double volume_of(const QList<Shape>& shapes)
+{
+    return std::accumulate(shapes.begin(), shapes.end(), 0.0,
+                           [](double sum, const Shape& shape) { return sum + shape.measures().volume; });
 }
 
 /** Runs @p work with a range of progress that the listener is told of. */
@@ -282,16 +304,22 @@ public:
     Shape united(const QList<Shape>& shapes, const ShapeListener& listener) const override
     {
         return listened(listener, [&](const Message_ProgressRange& range) {
-            return Shape(solids_of(
+            const Shape result(solids_of(
                 combine<BRepAlgoAPI_Fuse>(pieces(shapes.first(1)), pieces(shapes.sliced(1)), range)));
+            double largest = 0;
+            for (const Shape& shape : shapes)
+                largest = std::max(largest, shape.measures().volume);
+            return verified(result, largest, volume_of(shapes));
         });
     }
 
     Shape subtracted(const QList<Shape>& shapes, const ShapeListener& listener) const override
     {
         return listened(listener, [&](const Message_ProgressRange& range) {
-            return Shape(solids_of(
+            const Shape result(solids_of(
                 combine<BRepAlgoAPI_Cut>(pieces(shapes.first(1)), pieces(shapes.sliced(1)), range)));
+            const double whole = shapes.first().measures().volume;
+            return verified(result, whole - volume_of(shapes.sliced(1)), whole);
         });
     }
 
@@ -301,9 +329,12 @@ public:
             // One after the other: given together, all but the first would count as one.
             Message_ProgressScope scope(range, "", double(shapes.size() - 1));
             Shape result = shapes.first();
-            for (qsizetype i = 1; i < shapes.size() && !result.empty(); ++i)
-                result = Shape(solids_of(
+            for (qsizetype i = 1; i < shapes.size() && !result.empty(); ++i) {
+                const double most = std::min(result.measures().volume, shapes[i].measures().volume);
+                const Shape common(solids_of(
                     combine<BRepAlgoAPI_Common>(pieces({result}), pieces({shapes[i]}), scope.Next())));
+                result = verified(common, 0, most);
+            }
             return result;
         });
     }
