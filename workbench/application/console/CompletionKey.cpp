@@ -4,6 +4,7 @@
 #include "workbench/application/console/CompletionKey.h"
 
 #include "console/CommandWidget.h"
+#include "workbench/sdk/core/commands/CommandError.h"
 
 #include <QFontMetrics>
 #include <QKeyEvent>
@@ -72,7 +73,7 @@ void CompletionKey::list(const LineCompletion& completion)
     QStringList names;
     for (const LineCompletion::Candidate& candidate :
          completion.candidates.first(std::min(completion.candidates.size(), list_limit)))
-        names << candidate.shown;
+        names << CommandError::shown(candidate.shown, candidate.shown.size()).mid(1).chopped(1);
     const int character = std::max(QFontMetrics(mPage->font()).horizontalAdvance(u'x'), 1);
     QString text = in_columns(names, mPage->viewport()->width() / character);
     if (completion.candidates.size() > list_limit)

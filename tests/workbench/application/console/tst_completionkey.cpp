@@ -31,6 +31,7 @@ private slots:
     void caret_within_the_line_is_completed_there();
     void caret_in_the_output_completes_at_the_end();
     void nothing_that_fits_changes_nothing_and_a_second_tab_tells_the_usage();
+    void name_of_several_lines_is_listed_on_one();
     void long_list_is_cut();
     void tab_with_modifiers_is_left_alone();
     void read_only_page_is_left_alone();
@@ -185,6 +186,15 @@ void TstCompletionKey::nothing_that_fits_changes_nothing_and_a_second_tab_tells_
     mHint = u"Usage: nix"_s;
     key(Qt::Key_Tab);
     QCOMPARE(text(), u"Usage: nix\n$ nix"_s);
+}
+
+void TstCompletionKey::name_of_several_lines_is_listed_on_one()
+{
+    mWords = {u"a\nb"_s, u"a\tc"_s};
+    type(u"a"_s);
+    key(Qt::Key_Tab);
+    key(Qt::Key_Tab);
+    QCOMPARE(text(), u"a\\nb  a\\tc\n$ a"_s);
 }
 
 void TstCompletionKey::long_list_is_cut()
