@@ -13,6 +13,7 @@
 #include <BRepAlgoAPI_Cut.hxx>
 #include <BRepAlgoAPI_Fuse.hxx>
 #include <BRepBndLib.hxx>
+#include <BRepBuilderAPI_Copy.hxx>
 #include <BRepGProp.hxx>
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <BRepPrimAPI_MakeCone.hxx>
@@ -182,9 +183,9 @@ const auto not_combined = u"the kernel could not combine the solids"_s;
 /** The result, with one face where two lay in one plane or on one cylinder. */
 TopoDS_Shape simplified(BRepAlgoAPI_Fuse& operation)
 {
-    const TopoDS_Shape result = operation.Shape();
-    // The kernel may lose a face where it has two sides of a seam to join, and gives up on some tori. The
-    // result is right without it.
+    const TopoDS_Shape result = BRepBuilderAPI_Copy(operation.Shape()).Shape();
+    // The kernel may lose a face where it has two sides of a seam to join, and gives up on some tori, which
+    // it has changed by then. The result is right without it.
     try {
         operation.SimplifyResult();
         const double volume = volume_of(result).Mass();
@@ -195,19 +196,29 @@ TopoDS_Shape simplified(BRepAlgoAPI_Fuse& operation)
     return result;
 }
 
+TopTools_ListOfShape copies(const TopTools_ListOfShape& shapes)
+{
+    TopTools_ListOfShape list;
+    for (const TopoDS_Shape& shape : shapes)
+        list.Append(BRepBuilderAPI_Copy(shape).Shape());
+    return list;
+}
+
 /** @param objects  may touch or cut neither each other nor themselves, but for a union. */
 template <typename Operation>
 TopoDS_Shape combine(const TopTools_ListOfShape& objects, const TopTools_ListOfShape& tools,
                      const Message_ProgressRange& range)
 {
+    // What is made simpler afterwards is changed in place.
+    constexpr bool changes = std::is_same_v<Operation, BRepAlgoAPI_Fuse>;
     Operation operation;
-    operation.SetArguments(objects);
-    operation.SetTools(tools);
+    operation.SetArguments(changes ? copies(objects) : objects);
+    operation.SetTools(changes ? copies(tools) : tools);
     operation.SetNonDestructive(Standard_True); // they are shared
     operation.Build(range);
     if (operation.HasErrors() || !operation.IsDone())
         throw GeometryError(not_combined);
-    if constexpr (std::is_same_v<Operation, BRepAlgoAPI_Fuse>)
+    if constexpr (changes)
         return simplified(operation);
     return operation.Shape();
 }
