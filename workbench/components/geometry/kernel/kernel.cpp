@@ -4,11 +4,11 @@
 // The module of the CAD kernel: all that calls it but for the programs.
 
 #include "workbench/components/geometry/kernel/KernelShape.h"
+#include "workbench/components/geometry/kernel/exact_box.h"
 #include "workbench/components/geometry/kernel/facing_outwards.h"
 
 #include <QElapsedTimer>
 
-#include <BRepAdaptor_Surface.hxx>
 #include <BRepAlgoAPI_Common.hxx>
 #include <BRepAlgoAPI_Cut.hxx>
 #include <BRepAlgoAPI_Fuse.hxx>
@@ -22,7 +22,6 @@
 #include <BRepPrimAPI_MakeTorus.hxx>
 #include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
-#include <BRep_Tool.hxx>
 #include <Bnd_Box.hxx>
 #include <GProp_GProps.hxx>
 #include <Message.hxx>
@@ -31,14 +30,11 @@
 #include <Message_ProgressIndicator.hxx>
 #include <Message_ProgressScope.hxx>
 #include <TopExp.hxx>
-#include <TopExp_Explorer.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
 #include <TopTools_ListOfShape.hxx>
-#include <TopoDS.hxx>
 #include <TopoDS_Iterator.hxx>
 #include <algorithm>
 #include <cmath>
-#include <gp_Torus.hxx>
 #include <numbers>
 #include <numeric>
 #include <sstream>
@@ -146,36 +142,6 @@ Box3 box_of(const Bnd_Box& bounds)
     Box3 box;
     bounds.Get(box.least.x, box.least.y, box.least.z, box.most.x, box.most.y, box.most.z);
     return box;
-}
-
-/**
- * Adds the box of @p face if it is a whole torus; false if it is anything else. The kernel searches for that
- * box, and takes 100 ms where a torus lies along the coordinates.
- */
-bool add_whole_torus(const TopoDS_Face& face, Bnd_Box& box)
-{
-    const BRepAdaptor_Surface surface(face, Standard_False);
-    if (surface.GetType() != GeomAbs_Torus)
-        return false;
-    for (TopExp_Explorer edge(face, TopAbs_EDGE); edge.More(); edge.Next()) {
-        // Where the face meets itself.
-        const bool is_seam = BRep_Tool::IsClosed(TopoDS::Edge(edge.Current()), face);
-        if (!is_seam)
-            return false;
-    }
-    // A circle about the axis, with a ball around each of its points.
-    const gp_Torus torus = surface.Torus();
-    const gp_XYZ axis = torus.Axis().Direction().XYZ();
-    for (int i = 1; i <= 3; ++i) {
-        const double reach =
-            torus.MajorRadius() * std::sqrt(std::max(0.0, 1 - axis.Coord(i) * axis.Coord(i))) +
-            torus.MinorRadius();
-        gp_XYZ step(0, 0, 0);
-        step.SetCoord(i, reach);
-        box.Add(gp_Pnt(torus.Location().XYZ() + step));
-        box.Add(gp_Pnt(torus.Location().XYZ() - step));
-    }
-    return true;
 }
 
 const auto not_combined = u"the kernel could not combine the solids"_s;
@@ -431,15 +397,7 @@ const Box3& KernelShape::box() const
 {
     if (mBox)
         return *mBox;
-    return mBox.emplace(call_kernel([this] {
-        Bnd_Box box;
-        // The quicker box is far too large around parts of spheres and tori.
-        for (TopExp_Explorer face(solids, TopAbs_FACE); face.More(); face.Next()) {
-            if (!add_whole_torus(TopoDS::Face(face.Current()), box))
-                BRepBndLib::AddOptimal(face.Current(), box, Standard_False, Standard_False);
-        }
-        return box_of(box);
-    }));
+    return mBox.emplace(call_kernel([this] { return box_of(exact_box(solids)); }));
 }
 
 Box3 KernelShape::outer_box() const
