@@ -555,7 +555,7 @@ void TstOstrelFileMenuFormats::handler_may_take_its_partner_along_when_it_dies()
     QFETCH(const List, other_list);
     // Whichever goes first.
     std::array pair{new Format(meshes, u"pair"_s), new Format(steps, u"pair"_s)};
-    for (size_t i : {0, 1}) {
+    for (const size_t i : {0U, 1U}) {
         pair[i]->on_end = [this, &pair, i] {
             pair[i] = nullptr;
             mMenu->remove_component_items("pair");

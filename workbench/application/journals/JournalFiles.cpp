@@ -28,6 +28,7 @@
 #include <algorithm>
 #include <chrono>
 #include <sys/stat.h>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -109,10 +110,7 @@ JournalFiles::State JournalFiles::State::of(const QString& file)
     struct stat found = {};
     if (file.isEmpty() || ::stat(QFile::encodeName(file).constData(), &found) != 0)
         return {};
-    return {true,
-            S_ISREG(found.st_mode),
-            found.st_size,
-            {found.st_mtim.tv_sec, found.st_mtim.tv_nsec},
+    return {true,        S_ISREG(found.st_mode), found.st_size, found.st_mtim.tv_sec, found.st_mtim.tv_nsec,
             found.st_ino};
 }
 

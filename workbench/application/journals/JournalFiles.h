@@ -16,7 +16,6 @@
 #include <ctime>
 #include <functional>
 #include <optional>
-#include <utility>
 
 class JournalEditor;
 class QAction;
@@ -61,8 +60,9 @@ private:
         bool exists = false;
         bool is_regular = false;
         qint64 size = 0;
-        /** In seconds, and the nanoseconds above them. */
-        std::pair<std::time_t, long> changed;
+        /** When it was changed, in seconds, and the nanoseconds above them. */
+        std::time_t seconds = 0;
+        long nanoseconds = 0;
         quint64 inode = 0;
 
         static State of(const QString& file);
