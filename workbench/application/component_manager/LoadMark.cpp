@@ -36,8 +36,8 @@ bool LoadMark::begin(const QString& file)
     end();
     if (!QDir().mkpath(mDirectory))
         return false;
-    // Under another name until it is whole and locked: whoever finds a note can read it. It is lost with the
-    // system, as a component's crash is not, so nothing waits for the disk here.
+    // Under another name until it is whole and locked: whoever finds a note can read it. Nothing waits for
+    // the disk: when the program crashes the system still has the note, and only then is it needed.
     const QString path = mDirectory + u'/' + QUuid::createUuid().toString(QUuid::Id128);
     mNote.setFileName(path + u".part"_s);
     const QByteArray text = file.toUtf8();
