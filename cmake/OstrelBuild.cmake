@@ -58,8 +58,23 @@ if(warnings_as_errors)
     target_compile_options(ostrel_house INTERFACE -Werror)
 endif()
 if(OSTREL_SANITIZE)
-    add_compile_options(-fsanitize=${OSTREL_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    add_compile_options(-fsanitize=${OSTREL_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all
+        -fsanitize-ignorelist=${CMAKE_SOURCE_DIR}/tests/support/sanitizers.ignore)
+    # To look at calls through pointers, libraries would export the types of functions. And callers may hand over any number
+    # for an enumeration.
+    add_compile_options(-fno-sanitize=enum,function)
     add_link_options(-fsanitize=${OSTREL_SANITIZE})
+    # One library for a program and all that it loads.
+    add_link_options(-shared-libasan)
+    set(sanitizer libclang_rt.asan-${CMAKE_SYSTEM_PROCESSOR}.so)
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${sanitizer}
+        OUTPUT_VARIABLE OSTREL_SANITIZER OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    if(NOT CMAKE_CXX_COMPILER_ID STREQUAL Clang OR NOT EXISTS ${OSTREL_SANITIZER})
+        message(FATAL_ERROR "Sanitizers need clang and its ${sanitizer}, in Debian's package libclang-rt-dev: "
+            "configure with -DCMAKE_CXX_COMPILER=clang++.")
+    endif()
+    cmake_path(GET OSTREL_SANITIZER PARENT_PATH OSTREL_SANITIZER_DIR)
+    list(APPEND CMAKE_BUILD_RPATH ${OSTREL_SANITIZER_DIR})
 endif()
 
 # Declares the headers that are installed with a library; all among its sources if none are named.
@@ -85,6 +100,12 @@ set(ostrel_widgets_headers
     <QAction> <QApplication> <QDialog> <QDockWidget> <QEvent> <QLabel> <QLayout> <QLineEdit> <QMainWindow> <QMenu> <QMenuBar>
     <QPlainTextEdit> <QPushButton> <QTabWidget> <QTextBlock> <QToolBar> <QToolButton> <QWidget>)
 
+# For ccache.
+set(ostrel_precompiled_option -fpch-preprocess)
+if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+    set(ostrel_precompiled_option "SHELL:-Xclang -fno-pch-timestamp")
+endif()
+
 # Lets a target use precompiled headers: "core", "widgets" or "test", by what of Qt it links. It is to have all macros that
 # they were compiled with, so these belong to targets that have none of their own. What a target hides stands in the headers, too, so
 # there is a second edition for hidden visibility.
@@ -97,7 +118,7 @@ function(ostrel_precompile target headers)
         string(APPEND headers _hidden)
     endif()
     target_precompile_headers(${target} REUSE_FROM ostrel_precompiled_${headers})
-    target_compile_options(${target} PRIVATE -fpch-preprocess)    # for ccache
+    target_compile_options(${target} PRIVATE ${ostrel_precompiled_option})
 endfunction()
 
 # Declares the owners of precompiled headers. LIBRARIES are what their users link, too.
@@ -111,7 +132,7 @@ function(ostrel_add_precompiled headers)
         add_library(${owner} OBJECT EXCLUDE_FROM_ALL ${CMAKE_SOURCE_DIR}/cmake/precompiled.cpp)
         target_link_libraries(${owner} PRIVATE ostrel_house ${arg_LIBRARIES})
         target_precompile_headers(${owner} PRIVATE ${arg_HEADERS})
-        target_compile_options(${owner} PRIVATE -fpch-preprocess)
+        target_compile_options(${owner} PRIVATE ${ostrel_precompiled_option})
         set_target_properties(${owner} PROPERTIES AUTOMOC OFF AUTOUIC OFF)
     endforeach()
     set_target_properties(${owner} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)

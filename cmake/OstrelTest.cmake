@@ -16,6 +16,9 @@ endif()
 # code halves the time to compile it. Objects of one kind, so that libraries and executables can share precompiled headers.
 add_library(ostrel_test_house INTERFACE)
 target_compile_options(ostrel_test_house INTERFACE -O0 -fPIC)
+if(OSTREL_SANITIZE)
+    target_compile_definitions(ostrel_test_house INTERFACE OSTREL_SANITIZED)
+endif()
 if(Qt6_VERSION VERSION_GREATER_EQUAL 6.5)
     # These narrow numbers in the text of their test macros, where the compiler blames the sources that have them.
     target_compile_options(ostrel_test_house INTERFACE -Wno-conversion)
@@ -49,6 +52,10 @@ QT_STYLE_OVERRIDE=Fusion;QT_FONT_DPI=96;QT_LOGGING_RULES=;LC_ALL=C.UTF-8;LANGUAG
 FENNAR_COMPONENT_PATH=;\
 LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0;\
 UBSAN_OPTIONS=print_stacktrace=1")
+    if(OSTREL_SANITIZE)
+        # What is installed finds them nowhere else.
+        set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT LD_LIBRARY_PATH=${OSTREL_SANITIZER_DIR})
+    endif()
 endfunction()
 
 # Says that declared tests build projects with CMake, which then use the compiler cache of this build. Their folders, of another

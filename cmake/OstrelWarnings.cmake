@@ -9,8 +9,8 @@ function(ostrel_is_proven result compiler compiler_version qt_version)
     set(${result} OFF PARENT_SCOPE)
     string(REGEX REPLACE "^([0-9]+).*" "\\1" major ${compiler_version})
     string(REGEX REPLACE "^([0-9]+\\.[0-9]+).*" "\\1" minor ${qt_version})
-    # Debian 12 and Debian 13
-    set(proven "GNU 12 with 6.4" "GNU 14 with 6.8")
+    # Debian 12 and Debian 13; clang is for the sanitizers
+    set(proven "GNU 12 with 6.4" "Clang 14 with 6.4" "GNU 14 with 6.8")
     if("${compiler} ${major} with ${minor}" IN_LIST proven)
         set(${result} ON PARENT_SCOPE)
     endif()

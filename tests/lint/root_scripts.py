@@ -221,6 +221,11 @@ class Scripts(unittest.TestCase):
         self.stand_in("tools/tidy", "exit 1")
         self.assertNotEqual(self.call("check", "tidy").returncode, 0)
 
+    def test_check_fetches_what_compiles_with_sanitizers(self):
+        self.ctest()
+        self.call("check", "asan", CI="")
+        self.assertEqual(self.calls("packages"), ["packages build display check asan"])
+
     def test_check_fetches_what_tidies_only_for_that(self):
         self.ctest()
         self.call("check", CI="")
@@ -254,7 +259,7 @@ class Scripts(unittest.TestCase):
         self.ctest()
         self.stand_in("tools/tidy")
         self.call(".ci/run")
-        self.assertEqual(self.calls("tidy"), ["tidy --at-most=100"])
+        self.assertEqual(self.calls("tidy"), ["tidy --at-most=60"])
 
     def test_ci_fails_on_a_finding_of_tidy(self):
         self.ctest()

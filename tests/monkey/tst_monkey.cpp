@@ -44,7 +44,7 @@ namespace {
 
 constexpr int steps = 120;
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef OSTREL_SANITIZED
 constexpr quint32 usual_seeds = 200;
 #else
 constexpr quint32 usual_seeds = 60;

@@ -205,7 +205,7 @@ void TstTestCase::environment_is_the_tests_own()
         QVERIFY2(directory.isDir() && directory.isWritable(), name);
     }
     QCOMPARE(qEnvironmentVariable("LC_ALL"), u"C.UTF-8"_s);
-#ifdef __SANITIZE_ADDRESS__
+#ifdef OSTREL_SANITIZED
     QCOMPARE(qEnvironmentVariable("QTEST_FUNCTION_TIMEOUT"), u"324000"_s);
 #else
     QCOMPARE(qEnvironmentVariable("QTEST_FUNCTION_TIMEOUT"), u"108000"_s);
