@@ -305,8 +305,16 @@ int Workbench::play_batch(const BatchJob& job)
 int Workbench::check_batch(const QString& journal)
 {
     return run_batch(stdout, [&] {
-        const auto result = Fennar::instance().interpreter().run(u"check "_s + quote_word(journal));
-        return result == CommandInterpreter::Result::Done ? 0 : 1;
+        CommandInterpreter& interpreter = Fennar::instance().interpreter();
+        try {
+            check_file(interpreter, journal);
+        } catch (...) {
+            // No column: nobody has typed a line.
+            if (const CommandError error = CommandError::caught(); !error.is_reported())
+                interpreter.report(error.message());
+            return 1;
+        }
+        return 0;
     });
 }
 

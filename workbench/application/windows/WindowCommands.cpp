@@ -183,7 +183,6 @@ Command edit_command()
                                                 .what = u"the number of a folded line"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Line number"),
                                                 .least = 1,
-                                                .most = std::numeric_limits<int>::max(),
                                                 .example = u"1"_s}}}},
                    .title = QT_TRANSLATE_NOOP("CommandParameter", "A folded line of the console")}}};
 }

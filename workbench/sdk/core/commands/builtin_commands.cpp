@@ -188,35 +188,11 @@ void play(const CommandArguments& arguments, Playback& playback)
         throw CommandError::reported();
 }
 
-CommandError not_to_be_checked(const CommandArguments& arguments)
-{
-    return arguments.error(arguments.word("FILE"_L1),
-                           QT_TRANSLATE_NOOP("CommandError", "a Python script cannot be checked"));
-}
-
 void verify_check(const CommandArguments& arguments, const CommandEntities&)
 {
     if (arguments.text("FILE"_L1).endsWith(".py"_L1))
-        throw not_to_be_checked(arguments);
-}
-
-/** "check FILE" */
-void check(CommandCall& call, const CommandArguments& arguments)
-{
-    const QString path = arguments.text("FILE"_L1);
-    const JournalText read = read_journal_text(path);
-    if (!read.error.isEmpty())
-        throw CommandError(read.error);
-    if (Playback::is_python(read.text))
-        throw not_to_be_checked(arguments);
-    CommandInterpreter& interpreter = call.interpreter();
-    const QList<JournalFault> faults =
-        check_journal(read.text, interpreter.registry(), interpreter.variables());
-    for (const JournalFault& fault : faults)
-        interpreter.print_error(u"ERROR: %1:%2: %3\n"_s.arg(path).arg(fault.line).arg(fault.message));
-    if (!faults.isEmpty())
-        throw CommandError::reported();
-    call.print(u"No errors were found.\n"_s);
+        throw arguments.error(arguments.word("FILE"_L1),
+                              QT_TRANSLATE_NOOP("CommandError", "a Python script cannot be checked"));
 }
 
 void quit(Playback& playback, const std::function<void()>& ask)
@@ -280,7 +256,6 @@ QList<Command> plain_commands(const BuiltinServices& services)
                                                 .what = u"how many lines"_s,
                                                 .label = QT_TRANSLATE_NOOP("CommandParameter", "Lines"),
                                                 .least = 1,
-                                                .most = std::numeric_limits<int>::max(),
                                                 .example = u"10"_s})},
                     .title = QT_TRANSLATE_NOOP("CommandParameter", "Lines typed")},
                    {.clauses = {{.keyword = u"steps"_s,
@@ -326,8 +301,7 @@ Command play_command(Playback& playback)
                                                .what = u"a line number"_s,
                                                .label = QT_TRANSLATE_NOOP("CommandParameter", "From line"),
                                                .default_value = u"1"_s,
-                                               .least = 1,
-                                               .most = std::numeric_limits<int>::max()}),
+                                               .least = 1}),
                                {.keyword = u"with"_s,
                                 .parameters = {{.name = u"SETTING"_s,
                                                 .kind = Kind::Text,
@@ -365,7 +339,10 @@ QList<Command> journal_commands(Playback& playback, const BuiltinServices& servi
                  "now or by a line ahead. Behind a line that may give names which it does not tell, as an "
                  "import\n"
                  "does, names are not looked up."_s,
-         .perform = check,
+         .perform =
+             [](CommandCall& call, const CommandArguments& arguments) {
+                 check_file(call.interpreter(), arguments.text("FILE"_L1));
+             },
          .forms = {{.clauses = {required_value({.name = u"FILE"_s,
                                                 .kind = Kind::InputFile,
                                                 .what = u"a journal"_s,
@@ -387,6 +364,23 @@ QList<CommandFileFilter> journal_filters()
 {
     return {{QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Journals")), u".jou"_s},
             {QString::fromLatin1(QT_TRANSLATE_NOOP("CommandParameter", "Python Scripts")), u".py"_s}};
+}
+
+void check_file(CommandInterpreter& interpreter, const QString& path)
+{
+    const JournalText read = read_journal_text(path);
+    if (!read.error.isEmpty())
+        throw CommandError(read.error);
+    if (path.endsWith(".py"_L1) || Playback::is_python(read.text))
+        throw CommandError(
+            u"%1 is a Python script, which cannot be checked"_s.arg(CommandError::shown(path, path.size())));
+    const QList<JournalFault> faults =
+        check_journal(read.text, interpreter.registry(), interpreter.variables());
+    for (const JournalFault& fault : faults)
+        interpreter.print_error(u"ERROR: %1:%2: %3\n"_s.arg(path).arg(fault.line).arg(fault.message));
+    if (!faults.isEmpty())
+        throw CommandError::reported();
+    interpreter.print(u"No errors were found.\n"_s);
 }
 
 void register_step_commands(CommandRegistry& registry, const QString& owner)

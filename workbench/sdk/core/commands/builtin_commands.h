@@ -36,6 +36,13 @@ struct BuiltinServices
 FENNAR_CORE_EXPORT QList<CommandFileFilter> journal_filters();
 
 /**
+ * Looks for errors in a journal without running it, and prints them or that there are none, as "check" does.
+ *
+ * @throw CommandError  it has errors, which are printed by then, or is none that can be checked.
+ */
+FENNAR_CORE_EXPORT void check_file(CommandInterpreter& interpreter, const QString& path);
+
+/**
  * Adds help, echo, set, history, undo, redo, those about journals and quit to the interpreter's registry,
  * with the owner "fennari19". The arguments outlive the commands.
  */

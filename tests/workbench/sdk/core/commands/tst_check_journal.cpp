@@ -249,7 +249,7 @@ void TstCheckJournal::file_that_is_no_journal_is_told_data()
     QTest::newRow("python by name") << u"a.py"_s << QByteArray("x = 1\n")
                                     << u"a Python script cannot be checked"_s;
     QTest::newRow("python by its first line")
-        << u"a.jou"_s << QByteArray("#!python\n") << u"a Python script cannot be checked"_s;
+        << u"a.jou"_s << QByteArray("#!python\n") << u"a.jou\" is a Python script, which cannot be checked"_s;
     QTest::newRow("binary") << u"a.jou"_s << QByteArray("a\0b", 3) << u"is not a text file"_s;
     QTest::newRow("not UTF-8") << u"a.jou"_s << QByteArray("ball 1\n\xff\n") << u"is not UTF-8 on line 2"_s;
     QTest::newRow("missing") << u""_s << QByteArray() << u"does not exist"_s;
