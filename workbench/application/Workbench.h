@@ -201,6 +201,8 @@ private:
     bool mWithComponents = true;
     ProgramStart mStart;
     bool mQuitting = false;
+    /** Takes what Python tells of errors while the command "python" runs; null otherwise. */
+    QString* mPythonErrors = nullptr;
     /** Empty in the program's own process. */
     Process mProcess;
     /** What Python has run in another. */

@@ -33,19 +33,27 @@ namespace fennar {
 
 namespace {
 
-/** "python STATEMENT...": the words, joined with blanks, are one Python source. */
-void run_python_command(CommandCall& call, const CommandArguments& arguments)
+/**
+ * "python STATEMENT...": the words, joined with blanks, are one Python source.
+ *
+ * @param errors  what Python has told of errors since it began.
+ */
+void run_python_command(CommandCall& call, const CommandArguments& arguments, const QString& errors)
 {
     const QByteArray source = arguments.texts("STATEMENT"_L1).join(u' ').toUtf8();
     FennarPythonInterpreter* python = Framework::user_python_interpreter();
     if (!python || !python->IsInitialized())
         throw call.error(0, u"Python is not available"_s);
-    if (python->Run_SimpleString(source.constData()) != 0)
-        throw call.error(1, u"the Python statement failed"_s);
+    if (python->Run_SimpleString(source.constData()) == 0)
+        return;
+    // The last line of a traceback is the exception.
+    const QString reason = errors.trimmed().section(u'\n', -1);
+    throw call.error(1, u"the Python statement failed"_s + (reason.isEmpty() ? reason : u": "_s + reason));
 }
 
-/** The command "python", which runs a statement as the user's own. */
-void register_python_command(CommandRegistry& registry)
+/** The command "python", which runs a statement as the user's own. While it runs @p errors is where to put
+ * what Python tells of errors. */
+void register_python_command(CommandRegistry& registry, QString*& errors)
 {
     registry.add(
         {.name = u"python"_s,
@@ -53,7 +61,12 @@ void register_python_command(CommandRegistry& registry)
          .help = u"The words are joined with blanks. Quote the statement if it has quotes of its own, as\n"
                  "    python 'print(\"done\")'"_s,
          .owner = u"workbench"_s,
-         .perform = &run_python_command,
+         .perform =
+             [&errors](CommandCall& call, const CommandArguments& arguments) {
+                 QString told;
+                 const QScopedValueRollback rollback(errors, &told);
+                 run_python_command(call, arguments, told);
+             },
          .forms = {{.clauses = {required_value({.name = u"STATEMENT"_s,
                                                 .kind = CommandParameter::Kind::Text,
                                                 .what = u"a Python statement"_s,
@@ -68,10 +81,14 @@ void register_python_command(CommandRegistry& registry)
 
 void Workbench::set_up_python()
 {
-    register_python_command(Fennar::instance().registry());
+    register_python_command(Fennar::instance().registry(), mPythonErrors);
     PythonHooks hooks;
     hooks.output = [](const QString& text) { Broker::command << text; };
-    hooks.error_output = [this](const QString& text) { report_error(text); };
+    hooks.error_output = [this](const QString& text) {
+        if (mPythonErrors)
+            *mPythonErrors += text;
+        report_error(text);
+    };
     hooks.end_call = [this] {
         if (mProcess.end_call)
             mProcess.end_call();

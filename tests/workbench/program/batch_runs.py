@@ -177,6 +177,14 @@ class BatchRuns(unittest.TestCase):
                 failure = self.record()["failure"]
                 self.assertEqual((failure["command"], failure["file"], failure["line"], failure["text"]), ("brick", file, number, text))
 
+    def test_failure_of_a_statement_has_pythons_reason(self):
+        for statement, reason in [("1 / 0", "ZeroDivisionError: division by zero"),
+                                  ("1 +", "SyntaxError: invalid syntax")]:
+            with self.subTest(statement=statement):
+                self.write("part.jou", f'python "{statement}"\n')
+                self.assertEqual(self.run_program("--batch", "--json", "run.json", "--play", "part.jou").returncode, 1)
+                self.assertEqual(self.record()["failure"]["message"], f"the Python statement failed: {reason}")
+
     def test_faces_of_solids_are_told(self):
         self.write("part.jou", "brick 1 2 3\n")
         self.run_program("--batch", "--json", "run.json", "--play", "part.jou")

@@ -70,6 +70,7 @@ private slots:
     void wrong_argument_is_told_without_a_display_data();
     void wrong_argument_is_told_without_a_display();
     void check_tells_the_errors_and_runs_nothing();
+    void check_of_what_is_no_journal_tells_no_column();
     void batch_run_reads_a_pipe_data();
     void batch_run_reads_a_pipe();
     void signal_ends_the_program_and_leaves_no_temporary_files_data();
@@ -177,6 +178,19 @@ void TstFennar::check_tells_the_errors_and_runs_nothing()
     QCOMPARE(none.code, 0);
     QCOMPARE(none.output, u"No errors were found.\n"_s);
     QCOMPARE(none.errors, QString());
+}
+
+void TstFennar::check_of_what_is_no_journal_tells_no_column()
+{
+    const QString script = write_temp(u"script.py"_s, "x = 1\n");
+    const QString text = write_temp(u"script.jou"_s, "#!python\nx = 1\n");
+    for (const QString& file : {script, text}) {
+        const Run refused = run({u"--check"_s, file});
+        QCOMPARE(refused.code, 1);
+        QCOMPARE(refused.errors, u"ERROR: \"%1\" is a Python script, which cannot be checked\n"_s.arg(file));
+    }
+    const QString missing = temp_path(u"missing.jou"_s);
+    QCOMPARE(run({u"--check"_s, missing}).errors, u"ERROR: \"%1\" does not exist\n"_s.arg(missing));
 }
 
 void TstFennar::batch_run_reads_a_pipe_data()
@@ -315,8 +329,9 @@ void TstFennar::quit_hides_no_failure_behind_it_data()
     QTest::addColumn<QString>("error");
     QTest::newRow("script") << QByteArray("#!python\nfennar.quit()\n1 / 0\n") << QString()
                             << u"ZeroDivisionError: division by zero\n"_s;
-    QTest::newRow("statement") << QByteArray("python 'fennar.quit(); 1 / 0'\n") << QString()
-                               << u"quit.jou:1: python: column 8: the Python statement failed\n"_s;
+    QTest::newRow("statement")
+        << QByteArray("python 'fennar.quit(); 1 / 0'\n") << QString()
+        << u"quit.jou:1: python: column 8: the Python statement failed: ZeroDivisionError: division by zero\n"_s;
     QTest::newRow("record") << QByteArray("quit\n") << u"--json - >/dev/full"_s
                             << u"the record \"-\" could not be written"_s;
 }
