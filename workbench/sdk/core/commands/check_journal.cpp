@@ -55,6 +55,8 @@ public:
         : mRegistry(registry), mVariables(variables)
     {
         mEntities.offer(variable_entity, variable_entity, [this] { return mVariables.names(); });
+        mEntities.offer_test(variable_entity,
+                             [this](const QString& name) { return mVariables.value(name).has_value(); });
         for (const QString& kind : registry.entities().kinds()) {
             if (kind != variable_entity)
                 follow_names_of(kind);
@@ -90,8 +92,8 @@ private:
     void follow_names_of(const QString& kind)
     {
         Names& names = mNames[kind];
-        const QStringList present = mRegistry.entities().names(kind);
-        names.possible = {present.begin(), present.end()};
+        names.in_order = mRegistry.entities().names(kind);
+        names.possible = {names.in_order.begin(), names.in_order.end()};
         const auto sure = [&names] { return QStringList(names.sure.begin(), names.sure.end()); };
         const auto meaning = [this, kind, &names](const QString& word) {
             // What number a thing will have is not known.
@@ -99,16 +101,11 @@ private:
             return names.possible.contains(word) || number ? word : mRegistry.entities().find(kind, word);
         };
         mEntities.offer(kind, kind, sure, meaning, [this, kind, &names](const QString& word) {
-            const QStringList now = mRegistry.entities().names(kind);
-            QStringList given = (names.possible - QSet<QString>(now.begin(), now.end())).values();
-            given.sort();
-            const QStringList known = now + given;
-            const QString remedy = CommandEntities::remedy_among(word, known);
+            const QString remedy = CommandEntities::remedy_among(word, names.in_order);
             return remedy.isEmpty() ? mRegistry.entities().remedy(kind, word) : remedy;
         });
         mEntities.offer_test(kind, [&names](const QString& word) { return names.sure.contains(word); });
-        mEntities.offer_possible(
-            kind, [&names] { return QStringList(names.possible.begin(), names.possible.end()); });
+        mEntities.offer_possible(kind, [&names] { return names.in_order; });
     }
 
     /** Any name may be one from now on. */
@@ -177,7 +174,8 @@ private:
         for (auto& [kind, names] : mNames) {
             const QStringList given = arguments.texts(Kind::NewName, kind);
             const QStringList used = arguments.texts(Kind::Entity, kind);
-            names.possible += QSet<QString>(given.begin(), given.end());
+            for (const QString& name : given)
+                names.add_possible(name);
             // What a command changes may be gone or have another name behind it. With a number, with what
             // stands for several, and where nothing is named, it may be any.
             const QSet<QString>& possible = names.possible;
@@ -215,8 +213,18 @@ private:
 
     struct Names
     {
+        void add_possible(const QString& name)
+        {
+            if (!possible.contains(name))
+                in_order << name;
+            possible << name;
+        }
+
         /** Those that there may be. */
         QSet<QString> possible;
+        /** The same, first those that there are, then as they were given: long journals leave no time to
+         * sort them for each error. */
+        QStringList in_order;
         /** Those of them that there are, so that they cannot be given once more. */
         QSet<QString> sure;
     };
