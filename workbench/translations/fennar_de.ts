@@ -556,7 +556,7 @@
     </message>
     <message>
         <source>Recover Unsaved Work</source>
-        <translation>Nicht Gespeichertes wiederherstellen</translation>
+        <translation>Arbeit wiederherstellen</translation>
     </message>
     <message>
         <source>Check Journal</source>
@@ -869,6 +869,10 @@
     <message>
         <source>not given</source>
         <translation>ohne</translation>
+    </message>
+    <message>
+        <source>%1 (default)</source>
+        <translation>%1 (Vorgabe)</translation>
     </message>
     <message>
         <source>Add to %1</source>

@@ -86,7 +86,9 @@ void FormField::make_choice()
 {
     make_combo();
     if (mOptional)
-        mCombo->addItem(tr("not given"), QString());
+        mCombo->addItem(mParameter.default_value.isEmpty() ? tr("not given")
+                                                           : tr("%1 (default)").arg(mParameter.default_value),
+                        QString());
     for (const QString& choice : mParameter.choices)
         mCombo->addItem(choice, choice);
     connect(mCombo, &QComboBox::currentIndexChanged, this, &FormField::changed);
@@ -290,7 +292,7 @@ QString FormField::word_problem(const QString& word) const
     switch (mParameter.kind) {
     case Kind::Number:
     case Kind::WholeNumber:
-        return number_problem();
+        return number_problem(*value);
     case Kind::NewName:
         if (!CommandRegistry::is_name(*value))
             return tr("%1: a letter, then letters, digits, \"_\", \"-\" and \".\".").arg(mLabel);
@@ -315,10 +317,10 @@ QString FormField::file_problem(const QString& name) const
     return file.isDir() ? tr("%1: %2 is a folder.").arg(mLabel, name) : QString();
 }
 
-/** What the number must be. */
-QString FormField::number_problem() const
+/** What the number must be; @p given is wrong. */
+QString FormField::number_problem(const QString& given) const
 {
-    return tr("%1: %2.").arg(mLabel, number_range(mParameter).translated);
+    return tr("%1: %2.").arg(mLabel, number_range(mParameter, given).translated);
 }
 
 /** What is wrong with words each of which would be right. */

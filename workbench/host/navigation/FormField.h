@@ -59,7 +59,7 @@ private:
     bool is_right(const QStringList& words, int at_least) const;
     QString word_problem(const QString& word) const;
     QString file_problem(const QString& name) const;
-    QString number_problem() const;
+    QString number_problem(const QString& given) const;
     QString list_problem(const QStringList& given) const;
 
     const CommandParameter mParameter;

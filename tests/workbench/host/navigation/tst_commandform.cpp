@@ -102,6 +102,7 @@ private slots:
     void file_names_are_quoted();
     void file_must_be_there();
     void entry_can_hold_values();
+    void choice_that_is_not_given_shows_its_default();
     void line_that_is_no_form_is_left_to_the_user();
     void command_that_is_not_there_has_its_line();
     void line_can_be_edited_and_is_read_back();
@@ -204,6 +205,11 @@ void TstCommandForm::set_up()
                                          .kind = Kind::Choice,
                                          .label = "What",
                                          .choices = {u"area"_s, u"volume"_s}})}}});
+    add(u"mesh"_s, {{{optional_value({.name = u"METHOD"_s,
+                                      .kind = Kind::Choice,
+                                      .label = "Method",
+                                      .default_value = u"fine"_s,
+                                      .choices = {u"coarse"_s, u"fine"_s}})}}});
     add(u"set"_s,
         {{{optional_value(
                {.name = u"NAME"_s, .kind = Kind::Variable, .label = "Variable", .entity = u"variable"_s}),
@@ -379,6 +385,8 @@ void TstCommandForm::apply_is_off_while_something_is_wrong_data()
     row("no number", u"turn"_s, u"ANGLE"_s, u"x"_s, u"Angle: a number."_s);
     row("whole", u"count"_s, u"COUNT"_s, u"7"_s);
     row("not whole", u"count"_s, u"COUNT"_s, u"7.5"_s, u"Count: a whole number from 1 on."_s);
+    row("more than a whole number can be", u"count"_s, u"COUNT"_s, u"99999999999"_s,
+        u"Count: a whole number from 1 to 2147483647."_s);
     row("below", u"count"_s, u"COUNT"_s, u"0"_s, u"Count: a whole number from 1 on."_s);
     row("too many", u"cut"_s, u"COUNT"_s, u"10"_s, u"Count: a whole number up to 9."_s);
     row("name that is there", u"load"_s, u"SOLID"_s, u"pin"_s);
@@ -689,6 +697,19 @@ void TstCommandForm::entry_can_hold_values()
     QCOMPARE(line(), u"measure"_s);
     find<QComboBox>(u"valueWHAT"_s)->setCurrentIndex(2);
     QCOMPARE(line(), u"measure volume"_s);
+}
+
+void TstCommandForm::choice_that_is_not_given_shows_its_default()
+{
+    show(u"mesh"_s);
+    auto* const method = find<QComboBox>(u"valueMETHOD"_s);
+    QCOMPARE(method->currentText(), u"fine (default)"_s);
+    QCOMPARE(line(), u"mesh"_s);
+    method->setCurrentIndex(1);
+    QCOMPARE(line(), u"mesh coarse"_s);
+    show(u"mesh fine"_s);
+    QCOMPARE(find<QComboBox>(u"valueMETHOD"_s)->currentText(), u"fine"_s);
+    QCOMPARE(line(), u"mesh fine"_s);
 }
 
 void TstCommandForm::line_that_is_no_form_is_left_to_the_user()

@@ -84,7 +84,7 @@ void verify_torus(const CommandArguments& arguments, const CommandEntities&)
         throw arguments.words().expected(
             arguments.word("TUBE_RADIUS"_L1),
             {QT_TRANSLATE_NOOP("CommandError", "a radius of the tube (less than %1)"),
-             {QString::number(radius)}});
+             {arguments.text("RADIUS"_L1)}});
 }
 
 void move(CommandCall&, const CommandArguments& arguments, const CommandContext& context)

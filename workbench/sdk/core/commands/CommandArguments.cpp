@@ -51,8 +51,8 @@ QList<CommandMessage> quoted(const QStringList& words)
     return result;
 }
 
-/** What a value is, for a message. */
-CommandMessage what_of(const CommandParameter& parameter, bool another = false)
+/** What a value is, for a message; @p found was in its place. */
+CommandMessage what_of(const CommandParameter& parameter, bool another = false, const QString& found = {})
 {
     QString what = parameter.what.isEmpty() ? parameter.name : parameter.what;
     if (another && what.startsWith("a "_L1))
@@ -60,7 +60,7 @@ CommandMessage what_of(const CommandParameter& parameter, bool another = false)
     switch (parameter.kind) {
     case Kind::Number:
     case Kind::WholeNumber:
-        return {"%1 (%2)", {what, number_range(parameter)}};
+        return {"%1 (%2)", {what, number_range(parameter, found)}};
     case Kind::Choice:
         return either(quoted(parameter.choices));
     case Kind::NewName:
@@ -197,7 +197,7 @@ private:
             break;
         }
         if (!right)
-            tell({word, {what_of(parameter)}, {}});
+            tell({word, {what_of(parameter, false, text)}, {}});
     }
 
     /** Whether there is enough of what @p text stands for, if that is all there is. */

@@ -4,10 +4,14 @@
 #include "workbench/sdk/core/commands/CommandDescription.h"
 
 #include "workbench/sdk/core/commands/FormReader.h"
+#include "workbench/sdk/core/commands/numbers.h"
 #include "workbench/sdk/core/commands/tokenize.h"
+
+#include <QLocale>
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -62,6 +66,12 @@ QString written(const CommandParameter& parameter, const QString& value)
     return as_it_is ? value : quote_word(value);
 }
 
+/** A limit with all of its digits. */
+QString told(double limit)
+{
+    return QString::number(limit, 'g', QLocale::FloatingPointShortest);
+}
+
 /** The words at these places; those that are written as they are typed as one. */
 QStringList values_of(const CommandParameter& parameter, const QStringList& words,
                       const QList<qsizetype>& places)
@@ -78,15 +88,16 @@ QStringList values_of(const CommandParameter& parameter, const QStringList& word
 
 } // namespace
 
-CommandMessage number_range(const CommandParameter& parameter)
+CommandMessage number_range(const CommandParameter& parameter, const QString& found)
 {
     const bool whole = parameter.kind == CommandParameter::Kind::WholeNumber;
-    // What a whole number can hold anyhow is no limit worth telling.
-    const double greatest = std::numeric_limits<int>::max();
-    const bool has_least = parameter.least > (whole ? -greatest : -INFINITY);
-    const bool has_most = parameter.most < (whole ? greatest : INFINITY);
-    const CommandMessage least(QString::number(parameter.least));
-    const CommandMessage most(QString::number(parameter.most));
+    const double greatest = whole ? std::numeric_limits<int>::max() : std::numeric_limits<double>::max();
+    const double given = parse_any_number(found).value_or(0);
+    // What a number can hold anyhow is a limit worth telling only where it was passed.
+    const bool has_least = parameter.least > (whole ? -greatest : -INFINITY) || given < -greatest;
+    const bool has_most = parameter.most < (whole ? greatest : INFINITY) || given > greatest;
+    const CommandMessage least(told(std::max(parameter.least, -greatest)));
+    const CommandMessage most(told(std::min(parameter.most, greatest)));
     if (has_least && has_most)
         return {whole ? QT_TRANSLATE_NOOP("CommandError", "a whole number from %1 to %2")
                       : QT_TRANSLATE_NOOP("CommandError", "a number from %1 to %2"),

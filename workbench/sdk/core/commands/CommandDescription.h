@@ -146,8 +146,13 @@ struct CommandSyntax
     std::function<void(const CommandArguments& arguments, const CommandEntities& entities)> verify = {};
 };
 
-/** What numbers a parameter takes, as "a whole number from 1 on". */
-FENNAR_CORE_EXPORT CommandMessage number_range(const CommandParameter& parameter);
+/**
+ * What numbers a parameter takes, as "a whole number from 1 on".
+ *
+ * @param found  what was given in its place. For a number that is too large, whatever the parameter, the
+ * limit of all numbers is told; empty for none.
+ */
+FENNAR_CORE_EXPORT CommandMessage number_range(const CommandParameter& parameter, const QString& found = {});
 
 /** A clause that must be there. */
 inline CommandClause required_value(const CommandParameter& parameter)

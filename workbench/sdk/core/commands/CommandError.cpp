@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <new>
 
 using namespace Qt::StringLiterals;
@@ -29,12 +30,19 @@ QString filled(const QString& text, const QList<CommandMessage>& values, QString
     return result;
 }
 
+/** What only puts values together, as "%1 (%2)", is in no catalog. */
+QString in_language(const char* text)
+{
+    const QString english = QString::fromUtf8(text);
+    const bool has_words = std::any_of(english.begin(), english.end(), [](QChar c) { return c.isLetter(); });
+    return has_words ? QCoreApplication::translate("CommandError", text) : english;
+}
+
 } // namespace
 
 CommandMessage::CommandMessage(const char* text, const QList<CommandMessage>& values)
     : english(filled(QString::fromUtf8(text), values, &CommandMessage::english)),
-      translated(
-          filled(QCoreApplication::translate("CommandError", text), values, &CommandMessage::translated))
+      translated(filled(in_language(text), values, &CommandMessage::translated))
 {}
 
 CommandError::CommandError(const CommandMessage& message, qsizetype column)

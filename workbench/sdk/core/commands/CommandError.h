@@ -19,7 +19,7 @@ struct CommandMessage
     /** The same in all languages, as a name, a number, or what only the console shows. */
     CommandMessage(const QString& text) : english(text), translated(text) {}
     /**
-     * @param text    marked with QT_TRANSLATE_NOOP("CommandError", ...).
+     * @param text    marked with QT_TRANSLATE_NOOP("CommandError", ...), if it has words.
      * @param values  take the places of "%1" to "%9" in it.
      */
     FENNAR_CORE_EXPORT CommandMessage(const char* text, const QList<CommandMessage>& values = {});

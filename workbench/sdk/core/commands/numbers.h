@@ -19,6 +19,9 @@ namespace fennar {
  */
 FENNAR_CORE_EXPORT std::optional<double> parse_number(QStringView text);
 
+/** As parse_number(), but a number that a double cannot hold is infinite, or 0 if it is too small. */
+FENNAR_CORE_EXPORT std::optional<double> parse_any_number(QStringView text);
+
 /** Reads a whole number: an optional sign and digits, nothing else. Empty also if it does not fit. */
 FENNAR_CORE_EXPORT std::optional<qint64> parse_integer(QStringView text);
 

@@ -232,7 +232,17 @@ void TstCommandArguments::errors_tell_column_and_remedy_data()
         u"expected A (a whole number from 1 to 9), found \"10\""_s);
     row("no whole number", u"make 1 1 1.5 on"_s, 10, u"expected B (a whole number), found \"1.5\""_s);
     row("too large for one", u"make 1 1 99999999999 on"_s, 10,
-        u"expected B (a whole number), found \"99999999999\""_s);
+        u"expected B (a whole number up to 2147483647), found \"99999999999\""_s);
+    row("too small for one", u"make 1 1 -99999999999 on"_s, 10,
+        u"expected B (a whole number from -2147483647 on), found \"-99999999999\""_s);
+    row("too large for any", u"make 1 1 1"_s + QString(400, u'0') + u" on"_s, 10,
+        u"expected B (a whole number up to 2147483647), found \"1"_s + QString(59, u'0') + u"...\""_s);
+    row("too large for one with limits of its own", u"make 1 99999999999 1 on"_s, 8,
+        u"expected A (a whole number from 1 to 9), found \"99999999999\""_s);
+    row("too large for a number", u"make 1e400 on"_s, 6,
+        u"expected a size (a number from 1 to 1.7976931348623157e+308) or \"from\", found \"1e400\""_s);
+    row("infinity", u"make inf on"_s, 6,
+        u"expected a size (a number from 1 on) or \"from\", found \"inf\""_s);
     row("half a clause", u"make 1 1"_s, 9, u"expected B (a whole number), found the end of the line"_s);
     row("no choice", u"make 1"_s, 7,
         u"expected A (a whole number from 1 to 9), \"on\" or \"off\", found the end of the line"_s);

@@ -10,6 +10,7 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <QTranslator>
 
 #include <limits>
 
@@ -50,6 +51,7 @@ private slots:
     void usage_is_made_of_the_forms();
     void range_of_numbers_is_told_data();
     void range_of_numbers_is_told();
+    void message_without_words_is_in_no_catalog();
     void command_tells_its_usage();
     void line_is_made_of_the_values_data();
     void line_is_made_of_the_values();
@@ -117,6 +119,7 @@ void TstCommandDescription::range_of_numbers_is_told_data()
     row({.name = u"N"_s, .kind = Kind::WholeNumber}, u"a whole number"_s);
     row({.name = u"N"_s, .kind = Kind::WholeNumber, .least = 1}, u"a whole number from 1 on"_s);
     row({.name = u"N"_s, .kind = Kind::WholeNumber, .most = 9}, u"a whole number up to 9"_s);
+    row({.name = u"N"_s, .kind = Kind::WholeNumber, .most = 1234567}, u"a whole number up to 1234567"_s);
     row({.name = u"N"_s, .kind = Kind::WholeNumber, .least = 1, .most = std::numeric_limits<int>::max()},
         u"a whole number from 1 on"_s);
 }
@@ -125,6 +128,28 @@ void TstCommandDescription::range_of_numbers_is_told()
 {
     QFETCH(const CommandParameter, parameter);
     QTEST(number_range(parameter).english, "range");
+}
+
+void TstCommandDescription::message_without_words_is_in_no_catalog()
+{
+    struct Catalog : QTranslator
+    {
+        bool isEmpty() const override { return false; }
+        QString translate(const char* context, const char* text, const char*, int) const override
+        {
+            if (qstrcmp(context, "CommandError") != 0)
+                return {};
+            asked << QString::fromUtf8(text);
+            return u"eins: %1"_s;
+        }
+        mutable QStringList asked;
+    };
+    Catalog catalog;
+    QVERIFY(QCoreApplication::installTranslator(&catalog));
+    const CommandMessage joined("%1 (%2), ", {u"a"_s, CommandMessage("one: %1", {u"b"_s})});
+    QCOMPARE(joined.english, u"a (one: b), "_s);
+    QCOMPARE(joined.translated, u"a (eins: b), "_s);
+    QCOMPARE(catalog.asked, QStringList{u"one: %1"_s});
 }
 
 void TstCommandDescription::command_tells_its_usage()
