@@ -20,7 +20,8 @@ namespace {
 
 /** Titles longer than this are broken into two lines below their picture. */
 constexpr int LongTitle = 10;
-/** No button wants to be wider than this many average letters; longer titles are shortened. In the usual font
+/** No button wants to be wider than this many average letters; where there is no more room longer titles are
+ * shortened. In the usual font
  * two such buttons stand side by side in a dock of 200 pixels. */
 constexpr int WidestTitle = 14;
 /** The side of the square, in pixels, that holds the arrow. */
@@ -123,6 +124,8 @@ bool EntryButton::has_arrow() const
 EntryButtons::EntryButtons(QWidget* parent) : QWidget(parent), mLayout(new FlowLayout(this))
 {
     mLayout->set_arrangement(mArrangement);
+    mLayout->set_full_width(
+        [](const QWidget& button) { return static_cast<const EntryButton&>(button).full_width(); });
 }
 
 void EntryButtons::set_look(FlowLayout::Arrangement arrangement, int icon_size, int button_width)

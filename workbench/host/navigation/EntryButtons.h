@@ -26,6 +26,8 @@ public:
     /** Takes title, picture and tool tip from the entry as it is now. */
     void update_texts();
 
+    /** What the whole title needs, which may be more than the button wants to be. */
+    int full_width() const { return QToolButton::sizeHint().width(); }
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 

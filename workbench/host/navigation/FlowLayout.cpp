@@ -31,6 +31,12 @@ void FlowLayout::set_arrangement(Arrangement arrangement)
     invalidate();
 }
 
+void FlowLayout::set_full_width(const std::function<int(const QWidget& widget)>& full_width)
+{
+    mFullWidth = full_width;
+    invalidate();
+}
+
 void FlowLayout::set_order(const QWidgetList& widgets)
 {
     QHash<const QWidget*, qsizetype> places;
@@ -67,6 +73,22 @@ void FlowLayout::setGeometry(const QRect& rectangle)
     lay_out(rectangle, true);
 }
 
+/** The width of all columns, which have @p room side by side. */
+int FlowLayout::column_width(const std::vector<QLayoutItem*>& shown, int room) const
+{
+    int liked = 0;
+    int full = 0;
+    for (const QLayoutItem* item : shown) {
+        liked = std::max(liked, item->sizeHint().width());
+        if (const QWidget* widget = item->widget(); widget && mFullWidth)
+            full = std::max(full, mFullWidth(*widget));
+    }
+    const int fitting = (room + spacing()) / (liked + spacing());
+    const int columns = std::clamp(fitting, 1, std::max(1, static_cast<int>(shown.size())));
+    const int share = (room + spacing()) / columns - spacing();
+    return std::max(liked, std::min(full, share));
+}
+
 /** Returns the height used; places the items if @p apply is set. */
 int FlowLayout::lay_out(const QRect& rectangle, bool apply) const
 {
@@ -75,12 +97,10 @@ int FlowLayout::lay_out(const QRect& rectangle, bool apply) const
         parentWidget() ? parentWidget()->layoutDirection() : Qt::LeftToRight;
 
     std::vector<QLayoutItem*> shown;
-    int widest = 0;
     for (const auto& item : mItems)
-        if (!item->isEmpty()) {
+        if (!item->isEmpty())
             shown.push_back(item.get());
-            widest = std::max(widest, item->sizeHint().width());
-        }
+    const int widest = mArrangement == Arrangement::Columns ? column_width(shown, area.width()) : 0;
     const auto width = [&](const QLayoutItem* item) {
         const int wanted = mArrangement == Arrangement::Lines     ? area.width()
                            : mArrangement == Arrangement::Columns ? widest

@@ -6,6 +6,7 @@
 #include <QLayout>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -26,6 +27,9 @@ public:
     explicit FlowLayout(QWidget* parent);
 
     void set_arrangement(Arrangement arrangement);
+    /** How wide a widget must be to show all of itself, if that is more than it likes to be. Columns grow to
+     * it as far as that takes none away. Null for what it likes to be. */
+    void set_full_width(const std::function<int(const QWidget& widget)>& full_width);
     /** Lays the items out in the order of @p widgets, which are those that the layout has. */
     void set_order(const QWidgetList& widgets);
 
@@ -42,8 +46,10 @@ public:
 
 private:
     int lay_out(const QRect& rectangle, bool apply) const;
+    int column_width(const std::vector<QLayoutItem*>& shown, int room) const;
 
     std::vector<std::unique_ptr<QLayoutItem>> mItems;
+    std::function<int(const QWidget& widget)> mFullWidth;
     Arrangement mArrangement = Arrangement::Flowing;
 };
 

@@ -31,6 +31,8 @@ class TstFlowLayout : public TestCase
 private slots:
     void items_are_placed_data();
     void items_are_placed();
+    void columns_show_all_where_there_is_room_data();
+    void columns_show_all_where_there_is_room();
     void right_to_left_is_mirrored();
     void hidden_items_take_no_room();
     void order_can_be_set();
@@ -91,6 +93,36 @@ void TstFlowLayout::items_are_placed()
     for (const Box* box : boxes)
         found << box->geometry();
     QCOMPARE(found, places);
+}
+
+void TstFlowLayout::columns_show_all_where_there_is_room_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("column");
+    QTest::newRow("no room to spare") << 102 << 50;
+    QTest::newRow("some room") << 142 << 70;
+    QTest::newRow("one pixel left over") << 143 << 70;
+    QTest::newRow("room for a third column, which comes first") << 154 << 50;
+    QTest::newRow("room for all") << 400 << 80;
+    QTest::newRow("one column") << 60 << 60;
+    QTest::newRow("narrower than all like to be") << 40 << 40;
+}
+
+void TstFlowLayout::columns_show_all_where_there_is_room()
+{
+    QFETCH(const int, width);
+    QWidget widget;
+    auto* const layout = new FlowLayout(&widget);
+    layout->set_arrangement(FlowLayout::Arrangement::Columns);
+    layout->set_full_width([](const QWidget& box) { return box.sizeHint().width() + 30; });
+    QList<Box*> boxes;
+    for (const int liked : {50, 30, 40, 50}) {
+        boxes << new Box({liked, 20}, &widget);
+        layout->addWidget(boxes.last());
+    }
+    layout->setGeometry({0, 0, width, 200});
+    for (const Box* box : std::as_const(boxes))
+        QTEST(box->width(), "column");
 }
 
 void TstFlowLayout::right_to_left_is_mirrored()
