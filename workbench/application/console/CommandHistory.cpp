@@ -28,13 +28,17 @@ void make_one_line(QString& entry)
         [](QChar c) { return c == u'\n' || c == u'\r' || c == QChar::ParagraphSeparator; }, u' ');
 }
 
-/** Adds @p line to the end of a file. Returns false if that fails; no part of the line is there then. */
-bool append(const QString& path, const QByteArray& line)
+/** Adds @p line to the end of a file, as a line of its own. Returns false if that fails; no part of the line
+ * is there then. */
+bool append(const QString& path, QByteArray line)
 {
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Append | QIODevice::Unbuffered))
         return false;
     const qint64 before = file.size();
+    // The line before may have been cut off, as by a power failure.
+    if (before > 0 && file.seek(before - 1) && file.read(1) != "\n")
+        line.prepend('\n');
     const qint64 written = file.write(line);
     const bool whole = written == line.size();
     // Unless another program has added a line behind it.
@@ -48,13 +52,15 @@ bool append(const QString& path, const QByteArray& line)
 
 CommandHistory::CommandHistory(const QString& file) : mFile(file)
 {
-    if (QFile device(mFile); !mFile.isEmpty() && device.open(QIODevice::ReadOnly))
+    // A pipe or a device may have no end.
+    if (QFile device(mFile); QFileInfo(mFile).isFile() && device.open(QIODevice::ReadOnly))
         mEntries = read(device);
     const qsizetype surplus = mEntries.size() - limit;
     if (surplus > 0)
         mEntries.remove(0, surplus);
     if (surplus > slack) {
-        // A file that stays long does no harm, and add() tells of one that cannot be written.
+        // If that fails the file stays as it is, which loses nothing; add() tells of one that cannot be
+        // written.
         std::ignore = write_whole_file(mFile, {mEntries.join(u'\n').toUtf8(), "\n"});
     }
     mPosition = mEntries.size();

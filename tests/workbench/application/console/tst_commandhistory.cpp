@@ -1,12 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Ostrel developers
 // SPDX-License-Identifier: BSD-3-Clause
 
+#include "support/FullDisk.h"
 #include "support/TestCase.h"
 #include "workbench/application/console/CommandHistory.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <sys/stat.h>
 
 using namespace fennar;
 using namespace Qt::StringLiterals;
@@ -31,6 +34,9 @@ private slots:
     void entries_survive_into_the_next_life();
     void only_the_newest_thousand_are_read();
     void long_file_is_shortened_when_read();
+    void long_file_that_cannot_be_shortened_stays_whole();
+    void line_that_was_cut_off_stays_apart_from_the_next();
+    void file_without_an_end_counts_as_empty();
     void two_programs_share_one_file();
     void missing_directory_is_made();
     void unwritable_file_is_told_and_the_entry_kept();
@@ -196,6 +202,46 @@ void TstCommandHistory::long_file_is_shortened_when_read()
     QCOMPARE(lines.size(), 1001);
     QCOMPARE(lines.constFirst(), "4000");
     QCOMPARE(lines[999], "4999");
+}
+
+void TstCommandHistory::long_file_that_cannot_be_shortened_stays_whole()
+{
+    QByteArray lines;
+    for (int i = 0; i < 5000; ++i)
+        lines += QByteArray::number(i) + '\n';
+    QFile file(path());
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(lines) == lines.size());
+    file.close();
+    const auto full = std::make_unique<FullDisk>(100);
+    CommandHistory history(path());
+    QCOMPARE(history.entries().size(), 1000);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), lines);
+    QVERIFY(!history.add(u"told then"_s));
+}
+
+void TstCommandHistory::line_that_was_cut_off_stays_apart_from_the_next()
+{
+    QFile file(path());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("one\ntw");
+    file.close();
+    CommandHistory history(path());
+    QVERIFY(history.add(u"three"_s));
+    QVERIFY(history.add(u"four"_s));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), "one\ntw\nthree\nfour\n");
+}
+
+void TstCommandHistory::file_without_an_end_counts_as_empty()
+{
+    QCOMPARE(mkfifo(qPrintable(path()), 0600), 0);
+    QCOMPARE(CommandHistory(path()).entries(), QStringList());
+    const QString device = mDirectory.filePath(u"device"_s);
+    QVERIFY(QFile::link(u"/dev/full"_s, device));
+    CommandHistory history(device);
+    QCOMPARE(history.entries(), QStringList());
+    QVERIFY(!history.add(u"one"_s));
 }
 
 void TstCommandHistory::two_programs_share_one_file()
