@@ -871,10 +871,6 @@
         <translation>ohne</translation>
     </message>
     <message>
-        <source>%1 (default)</source>
-        <translation>%1 (Vorgabe)</translation>
-    </message>
-    <message>
         <source>Add to %1</source>
         <translation>Zu %1 hinzufügen</translation>
     </message>

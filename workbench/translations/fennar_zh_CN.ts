@@ -871,10 +871,6 @@
         <translation>未指定</translation>
     </message>
     <message>
-        <source>%1 (default)</source>
-        <translation>%1（默认）</translation>
-    </message>
-    <message>
         <source>Add to %1</source>
         <translation>添加到“%1”</translation>
     </message>

@@ -492,7 +492,8 @@ private:
     bool is_taken(LineMaker& maker, const CommandClause& clause, const QString& line)
     {
         bool is_made = false;
-        for (int i = 0; i < 50; ++i) {
+        // Few values may go with the line, as a maximum above a large default.
+        for (int i = 0; i < 2000; ++i) {
             const std::optional<QStringList> words = maker.clause_words(clause);
             if (!words)
                 continue;

@@ -85,10 +85,11 @@ void FormField::make_combo()
 void FormField::make_choice()
 {
     make_combo();
+    // What is not given shows the default, as an empty line does.
     if (mOptional)
-        mCombo->addItem(mParameter.default_value.isEmpty() ? tr("not given")
-                                                           : tr("%1 (default)").arg(mParameter.default_value),
-                        QString());
+        mCombo->setPlaceholderText(mParameter.default_value);
+    if (mOptional && mParameter.default_value.isEmpty())
+        mCombo->addItem(tr("not given"), QString());
     for (const QString& choice : mParameter.choices)
         mCombo->addItem(choice, choice);
     connect(mCombo, &QComboBox::currentIndexChanged, this, &FormField::changed);
@@ -183,7 +184,8 @@ void FormField::set_words(const QStringList& words)
 {
     const QSignalBlocker blocker(this);
     if (!mLine) {
-        mCombo->setCurrentIndex(std::max(0, mCombo->findData(words.value(0))));
+        const int nothing = mCombo->placeholderText().isEmpty() ? 0 : -1;
+        mCombo->setCurrentIndex(std::max(nothing, mCombo->findData(words.value(0))));
         return;
     }
     QStringList quoted = words;
