@@ -22,6 +22,7 @@
 #include <QTest>
 
 #include <csignal>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 
@@ -169,6 +170,7 @@ private slots:
     void full_disk_leaves_the_old_file_data();
     void full_disk_leaves_the_old_file();
     void link_stays_a_link();
+    void file_that_another_program_has_open_is_replaced();
     void cancel_changes_nothing();
     void crash_of_the_converter_is_told();
     void foreign_format_that_fails_is_told();
@@ -715,6 +717,9 @@ void TstFileCommands::failed_export_leaves_the_old_file_data()
     QTest::newRow("a folder") << u"folder"_s << u"it is a folder"_s;
     QTest::newRow("a file as a folder") << u"old.step/a.step"_s << u"there is no folder"_s;
     QTest::newRow("a pipe") << u"pipe"_s << u"it is not a regular file"_s;
+    QTest::newRow("a link into no folder") << u"lost.step"_s << u"No such file or directory"_s;
+    QTest::newRow("a link to itself") << u"loop.step"_s << u"Too many levels of symbolic links"_s;
+    QTest::newRow("a link to a folder") << u"inside.step"_s << u"it is a folder"_s;
     QTest::newRow("a name too long") << QString(300, u'x') << u"File name too long"_s;
     QTest::newRow("where nothing can be written") << u"/proc/a.step"_s << u""_s;
     QTest::newRow("a device") << u"/dev/full"_s << u"it is not a regular file"_s;
@@ -727,6 +732,9 @@ void TstFileCommands::failed_export_leaves_the_old_file()
     QVERIFY(QDir(mDirectory->path()).mkdir(u"folder"_s));
     write(u"old.step"_s, "old");
     QCOMPARE(mkfifo(qPrintable(path(u"pipe"_s)), 0600), 0);
+    QVERIFY(QFile::link(path(u"none/a.step"_s), path(u"lost.step"_s)));
+    QVERIFY(QFile::link(path(u"loop.step"_s), path(u"loop.step"_s)));
+    QVERIFY(QFile::link(path(u"folder"_s), path(u"inside.step"_s)));
     const auto entries = [this] {
         return QDir(mDirectory->path()).entryList(QDir::AllEntries | QDir::System | QDir::Hidden);
     };
@@ -784,6 +792,21 @@ void TstFileCommands::link_stays_a_link()
     make({u"brick 1"_s, u"export link.step"_s});
     QVERIFY(QFileInfo(path(u"link.step"_s)).isSymLink());
     QVERIFY(read(u"real.step"_s).startsWith("ISO-10303-21"));
+    QVERIFY(QFile::link(path(u"new.step"_s), path(u"ahead.step"_s)));
+    make({u"export ahead.step"_s});
+    QVERIFY(QFileInfo(path(u"ahead.step"_s)).isSymLink());
+    QVERIFY(read(u"new.step"_s).startsWith("ISO-10303-21"));
+}
+
+void TstFileCommands::file_that_another_program_has_open_is_replaced()
+{
+    write(u"a.step"_s, "old");
+    QFile other(path(u"a.step"_s));
+    QVERIFY(other.open(QIODevice::ReadOnly));
+    QCOMPARE(flock(other.handle(), LOCK_EX | LOCK_NB), 0);
+    make({u"brick 1"_s, u"export a.step"_s});
+    QVERIFY(read(u"a.step"_s).startsWith("ISO-10303-21"));
+    QCOMPARE(other.readAll(), "old"); // what it reads does not change below it
 }
 
 void TstFileCommands::cancel_changes_nothing()
