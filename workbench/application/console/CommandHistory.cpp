@@ -32,17 +32,20 @@ void make_one_line(QString& entry)
  * is there then. */
 bool append(const QString& path, QByteArray line)
 {
+    // A device has no end to go to, and nothing of it can be taken back.
+    const bool is_device = QFileInfo::exists(path) && !QFileInfo(path).isFile();
     QFile file(path);
-    if (!file.open(QIODevice::ReadWrite | QIODevice::Append | QIODevice::Unbuffered))
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered |
+                   (is_device ? QIODevice::ExistingOnly : QIODevice::Append)))
         return false;
     const qint64 before = file.size();
     // The line before may have been cut off, as by a power failure.
-    if (before > 0 && file.seek(before - 1) && file.read(1) != "\n")
+    if (!is_device && before > 0 && file.seek(before - 1) && file.read(1) != "\n")
         line.prepend('\n');
     const qint64 written = file.write(line);
     const bool whole = written == line.size();
     // Unless another program has added a line behind it.
-    if (!whole && file.size() == before + std::max<qint64>(written, 0))
+    if (!whole && !is_device && file.size() == before + std::max<qint64>(written, 0))
         file.resize(before);
     file.close();
     return whole && file.error() == QFileDevice::NoError;
