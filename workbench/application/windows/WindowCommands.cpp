@@ -30,7 +30,6 @@
 #include <QWindow>
 
 #include <chrono>
-#include <limits>
 #include <optional>
 #include <thread>
 

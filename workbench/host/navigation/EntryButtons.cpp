@@ -21,8 +21,7 @@ namespace {
 /** Titles longer than this are broken into two lines below their picture. */
 constexpr int LongTitle = 10;
 /** No button wants to be wider than this many average letters; where there is no more room longer titles are
- * shortened. In the usual font
- * two such buttons stand side by side in a dock of 200 pixels. */
+ * shortened. In the usual font two such buttons stand side by side in a dock of 200 pixels. */
 constexpr int WidestTitle = 14;
 /** The side of the square, in pixels, that holds the arrow. */
 constexpr int ArrowSize = 12;
