@@ -317,6 +317,17 @@ class Tidy(unittest.TestCase):
             self.assertEqual([entry["command"] for entry in json.load(file)],
                              [f"c++ -DA -std=gnu++20 -c {self.root}/{source}" for source in SOURCES])
 
+    def test_sources_that_are_compiled_in_one_file_are_looked_at_one_by_one(self):
+        joined = self.write("build/release/a.dir/Unity/unity_0_cxx.cxx",
+                            "".join(f'#include "{self.root}/{source}"\n\n' for source in SOURCES))
+        self.write("build/release/compile_commands.json", json.dumps(
+            [{"directory": self.root, "file": joined, "command": f"c++ -o {joined}.o -c {joined}", "output": joined + ".o"}]))
+        self.assertEqual(self.tidy("--all").stdout, f"{len(SOURCES)} sources\n0 of {len(SOURCES)} sources with findings\n")
+        with open(os.path.join(self.root, "build/tidy/compile_commands.json"), encoding="utf-8") as file:
+            for entry, source in zip(json.load(file), SOURCES, strict=True):
+                self.assertEqual(entry["file"], os.path.join(self.root, source))
+                self.assertTrue(entry["command"].endswith(f" -c {self.root}/{source}"), entry["command"])
+
     def test_headers_of_the_tree_are_looked_at_and_those_generated_are_not(self):
         self.tidy("--all")
         with open(self.log, encoding="utf-8") as log:
