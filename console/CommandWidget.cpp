@@ -46,6 +46,14 @@ QString without_final_newline(const QString& text)
     return text.endsWith(u'\n') ? text.chopped(1) : text;
 }
 
+/** Without what else ends a line for Qt: the beginning of the line behind it would count as the prompt. */
+QString on_one_line(QString text)
+{
+    for (const char16_t end : {u'\r', u'\u2029', u'\uFDD0', u'\uFDD1'})
+        text.replace(QChar(end), u' ');
+    return text;
+}
+
 /**
  * Whether @p line starts with @p prompt, as each line does with an empty one.
  *
@@ -75,6 +83,49 @@ void step_over_prompt(QTextCursor& cursor, qsizetype length, QTextCursor::MoveMo
 {
     cursor.movePosition(QTextCursor::NextCharacter, mode, static_cast<int>(length));
 }
+
+/**
+ * Keeps the text that an input method is composing at the caret, while others insert text ahead of that.
+ *
+ * Qt shows it as a part of the line, but not of its text: when the line is broken ahead of the caret it would
+ * stay behind, on the finished line, for good.
+ */
+class KeptComposition
+{
+public:
+    explicit KeptComposition(QPlainTextEdit* page) : mPage(page)
+    {
+        QTextLayout* const layout = page->textCursor().block().layout();
+        mText = layout->preeditAreaText();
+        if (mText.isEmpty())
+            return;
+        mStart = layout->preeditAreaPosition();
+        mFormats = layout->formats();
+        layout->setPreeditArea(-1, QString());
+        layout->clearFormats();
+    }
+    ~KeptComposition()
+    {
+        if (mText.isEmpty())
+            return;
+        const QTextCursor caret = mPage->textCursor();
+        const int moved = caret.positionInBlock() - mStart;
+        for (QTextLayout::FormatRange& format : mFormats)
+            format.start += moved;
+        QTextLayout* const layout = caret.block().layout();
+        layout->setPreeditArea(caret.positionInBlock(), mText);
+        layout->setFormats(mFormats);
+        mPage->document()->markContentsDirty(caret.block().position(), caret.block().length());
+    }
+    Q_DISABLE_COPY_MOVE(KeptComposition)
+
+private:
+    QPlainTextEdit* mPage;
+    QString mText;
+    /** In its line. */
+    int mStart = 0;
+    QList<QTextLayout::FormatRange> mFormats;
+};
 
 /**
  * Holds lines that are pasted and dropped back until the base class has done its work.
@@ -232,7 +283,8 @@ void CommandWidget::setPrompt(const QString& prompt)
     if (!mPromptShown)
         return;
     QTextCursor cursor(document()->lastBlock());
-    cursor.select(QTextCursor::LineUnderCursor);
+    // A pasted line separator makes several lines of one block.
+    cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
     cursor.insertText(mPrompt);
 }
 
@@ -278,6 +330,7 @@ void CommandWidget::printOutput(const QString& output)
     }
     mOutputLineOpen = !endsLine;
 
+    const KeptComposition kept(this);
     cursor.insertText(text.mid(dropped_at_once(text, document()->maximumBlockCount())));
     scroll_to_end();
 }
@@ -297,6 +350,7 @@ void CommandWidget::addExternalCommand(const QString& command)
     if (!mPromptShown)
         printPrompt();
     setCurrentCommand(shown);
+    const KeptComposition kept(this);
     command_end().insertText(u"\n"_s);
     mPromptShown = false;
 }
@@ -333,6 +387,7 @@ void CommandWidget::printPrompt(bool continuation, const char* indent)
     QTextCursor cursor(document()->lastBlock());
     // First, or a slot that prints a prompt would print another one.
     mPromptShown = true;
+    const KeptComposition kept(this);
     cursor.insertText(continuation ? mContinuationPrompt : mPrompt);
     if (!beginning.isEmpty())
         cursor.insertText(beginning);
@@ -502,7 +557,7 @@ void CommandWidget::insertFromMimeData(const QMimeData* source)
         return;
     }
     const Alive alive(this);
-    insertInCommand(text);
+    insertInCommand(on_one_line(text));
     if (alive)
         HeldLines::show_caret(this);
 }

@@ -334,6 +334,9 @@ void TstCommandWidget::one_prompt_replaces_the_whole_line_if_one_is_shown()
     QCOMPARE(page.text(), u"out\n>>> \n>>> "_s);
     page.setPrompt(QString());
     QCOMPARE(page.text(), u"out\n>>> \n"_s);
+    page.setCurrentCommand(u"one\u2028two"_s);
+    page.setPrompt(u"$ "_s);
+    QCOMPARE(page.text(), u"out\n>>> \n$ "_s);
 }
 
 void TstCommandWidget::one_prompt_leaves_the_screen_if_none_is_shown()
@@ -813,6 +816,10 @@ void TstCommandWidget::pasting_data()
              u"lines: a, b"_s);
     data_row("a carriage return stays on its line", state, u"one\r\ntwo\r\n"_s, state,
              u"lines: one\r, two\r, "_s);
+    data_row("a lone carriage return does not leave the line", state, u"one\rtwo"_s,
+             u"out\n$ comone two|mand"_s);
+    data_row("a paragraph separator does not leave the line", state, u"one\u2029two"_s,
+             u"out\n$ comone two|mand"_s);
     data_row("nothing", state, QString(), state);
 }
 

@@ -49,6 +49,8 @@ void press_and_compare()
 
 constexpr Qt::KeyboardModifiers control_shift = Qt::ControlModifier | Qt::ShiftModifier;
 
+using Print = void (*)(Page&);
+
 struct Place
 {
     const char* name;
@@ -163,6 +165,8 @@ private slots:
     void composing_begins_in_the_command();
     void ending_a_composition_keeps_a_selection_of_output();
     void an_input_method_event_without_text_leaves_the_caret();
+    void composing_goes_on_behind_what_is_printed_data();
+    void composing_goes_on_behind_what_is_printed();
     void replacement_by_an_input_method_stays_in_the_command_data();
     void replacement_by_an_input_method_stays_in_the_command();
 
@@ -771,6 +775,53 @@ void TstCommandWidgetKeys::an_input_method_event_without_text_leaves_the_caret()
     QInputMethodEvent event;
     QCoreApplication::sendEvent(&page, &event);
     QCOMPARE(page.state(), u"o^u|t\n$ command"_s);
+}
+
+void TstCommandWidgetKeys::composing_goes_on_behind_what_is_printed_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<Print>("print");
+    QTest::addColumn<QString>("after");
+    const Print output = [](Page& page) { page.printOutput(u"more\n"_s); };
+    const Print prompt = [](Page& page) { page.printPrompt(); };
+    const Print command = [](Page& page) { page.addExternalCommand(u"ls"_s); };
+    QTest::newRow("output") << u"out\n$ com|mand"_s << output << u"out\nmore\n$ comX|mand"_s;
+    QTest::newRow("output on the first line") << u"$ com|mand"_s << output << u"more\n$ comX|mand"_s;
+    QTest::newRow("a prompt") << u"out\nah|ead"_s << prompt << u"out\n$ ahX|ead"_s;
+    QTest::newRow("a command") << u"out\n$ com|mand"_s << command << u"out\n$ ls\nX|"_s;
+}
+
+void TstCommandWidgetKeys::composing_goes_on_behind_what_is_printed()
+{
+    QFETCH(QString, before);
+    QFETCH(Print, print);
+    QFETCH(QString, after);
+    Page page;
+    page.set_state(before);
+    QTextCharFormat underlined;
+    underlined.setFontUnderline(true);
+    QInputMethodEvent composing(u"ni"_s, {{QInputMethodEvent::TextFormat, 0, 2, underlined}});
+    QCoreApplication::sendEvent(&page, &composing);
+    print(page);
+    const auto composed = [&page] {
+        QStringList lines;
+        for (QTextBlock line = page.document()->begin(); line.isValid(); line = line.next())
+            lines << line.layout()->preeditAreaText();
+        return lines.join(u'|');
+    };
+    const QString nothing_above(page.blockCount() - 1, u'|');
+    QCOMPARE(composed(), nothing_above + u"ni"_s);
+    const QTextLayout* const layout = page.document()->lastBlock().layout();
+    const int caret = page.textCursor().positionInBlock();
+    QCOMPARE(layout->preeditAreaPosition(), caret);
+    QCOMPARE(layout->formats().size(), 1);
+    QCOMPARE(layout->formats().constFirst().start, caret);
+    QVERIFY(layout->formats().constFirst().format.fontUnderline());
+    QInputMethodEvent done;
+    done.setCommitString(u"X"_s);
+    QCoreApplication::sendEvent(&page, &done);
+    QCOMPARE(page.state(), after);
+    QCOMPARE(composed(), nothing_above);
 }
 
 void TstCommandWidgetKeys::replacement_by_an_input_method_stays_in_the_command_data()
