@@ -86,6 +86,8 @@ QMessageBox::StandardButton show_message(QMessageBox::Icon icon, QWidget* parent
                                          const QString& text, QMessageBox::StandardButtons buttons)
 {
     const QPointer<QMessageBox> box = new QMessageBox(icon, title, text, buttons, parent);
+    // The name of a file may look like markup.
+    box->setTextFormat(Qt::PlainText);
     box->exec();
     if (!box)
         return QMessageBox::NoButton;

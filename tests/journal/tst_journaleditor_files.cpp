@@ -150,6 +150,7 @@ private slots:
     void save_as_that_is_cancelled_changes_nothing();
     void save_as_asks_before_replacing_data();
     void save_as_asks_before_replacing();
+    void save_as_asks_about_a_name_that_looks_like_markup();
     void save_as_asks_once_more_than_the_file_dialog();
     void save_as_that_fails_has_taken_the_name();
     void save_as_saves_a_document_that_is_not_modified();
@@ -695,6 +696,23 @@ void TstJournalEditorFiles::save_as_asks_before_replacing()
     QCOMPARE(doc->file_name(), replace ? name : QString());
     QCOMPARE(recent_entries(editor).size(), replace ? 1 : 0);
     QCOMPARE(OstrelFileMenu::mPath, mDirectory->path() + u'/');
+}
+
+void TstJournalEditorFiles::save_as_asks_about_a_name_that_looks_like_markup()
+{
+    write(u"<b>run.jou"_s, "old");
+    JournalEditor editor;
+    typed_document(editor, u"new"_s);
+    Qt::TextFormat format = Qt::AutoText;
+    DialogDriver driver;
+    driver.expect<QFileDialog>([&](QFileDialog* dialog) { choose(dialog, path(u"<b>run"_s)); });
+    driver.expect<QMessageBox>([&](QMessageBox* box) {
+        format = box->textFormat();
+        press(QDialogButtonBox::No)(box);
+    });
+    editor.fileSaveAs();
+    QVERIFY(driver.finish());
+    QCOMPARE(format, Qt::PlainText);
 }
 
 void TstJournalEditorFiles::save_as_asks_once_more_than_the_file_dialog()
