@@ -82,10 +82,13 @@ void GeometryScene::update_solid(int id)
 
 void GeometryScene::update_mesh()
 {
-    for (const auto& [id, entry] : mEntries)
-        mScene.set_mesh(entry.item, nullptr);
     const auto mesh = mModel.mesh();
-    // Which solids an older one still fits is not known.
+    // Solids that have changed have lost theirs: what is left of the same mesh still fits.
+    if (std::exchange(mMesh, mesh) != mesh) {
+        for (const auto& [id, entry] : mEntries)
+            mScene.set_mesh(entry.item, nullptr);
+    }
+    // Which solids an older one fits is not known.
     mMeshWanted = mesh && mesh->revision == mModel.revision();
     go_on();
 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "workbench/components/geometry/model/Mesh.h"
 #include "workbench/components/geometry/model/Shape.h"
 
 #include <QObject>
@@ -77,6 +78,8 @@ private:
     std::map<int, Entry> mEntries;
     /** Solids whose shapes are out of date. */
     std::set<int> mWaiting;
+    /** The model's, whose surfaces are in the scene. */
+    std::shared_ptr<const Mesh> mMesh;
     bool mMeshWanted = false;
     /** What the scene has been told. */
     bool mAwaited = false;

@@ -42,8 +42,15 @@ private slots:
     void edges_are_those_that_are_seen();
     void mesh_is_shown_by_its_surface_unless_that_is_damaged_data();
     void mesh_is_shown_by_its_surface_unless_that_is_damaged();
+    void mesh_stays_when_changes_of_other_solids_are_undone();
 
 private:
+    /** A solid "a" with a mesh, in a scene that is seen and does not wait. */
+    void make_meshed_solid(const QByteArray& surface);
+    std::shared_ptr<const SceneShape> shape_of_mesh() const
+    {
+        return mScene->items().at(mScene->find(u"a"_s)).mesh;
+    }
     /** A scene whose shapes each wait for mGo. */
     void make_waiting_scene();
     std::shared_ptr<const SceneShape> shape(const QString& name) const
@@ -286,21 +293,17 @@ void TstGeometryScene::edges_are_those_that_are_seen()
     QVERIFY2(of_circles >= 48 && of_circles < 64, qPrintable(QString::number(of_circles)));
 }
 
-void TstGeometryScene::mesh_is_shown_by_its_surface_unless_that_is_damaged_data()
+namespace {
+
+Surface tetrahedron()
 {
-    QTest::addColumn<QByteArray>("surface");
-    QTest::addColumn<bool>("shown");
-    const Surface surface{{{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}},
-                          {{0, 2, 1}, {0, 1, 3}, {1, 2, 3}, {0, 3, 2}}};
-    QTest::newRow("whole") << pack_surface(surface) << true;
-    QTest::newRow("cut off") << pack_surface(surface).chopped(1) << false;
-    QTest::newRow("corner that does not exist") << pack_surface({surface.points, {{0, 2, 4}}}) << false;
+    return {{{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}}, {{0, 2, 1}, {0, 1, 3}, {1, 2, 3}, {0, 3, 2}}};
 }
 
-void TstGeometryScene::mesh_is_shown_by_its_surface_unless_that_is_damaged()
+} // namespace
+
+void TstGeometryScene::make_meshed_solid(const QByteArray& surface)
 {
-    QFETCH(const QByteArray, surface);
-    QFETCH(const bool, shown);
     make_waiting_scene();
     mGo.release(1000);
     mScene->add_viewer();
@@ -311,7 +314,23 @@ void TstGeometryScene::mesh_is_shown_by_its_surface_unless_that_is_damaged()
     mesh->revision = mModel->revision();
     mModel->set_mesh(mesh);
     QTRY_VERIFY(!mScene->is_awaited());
-    const auto shape_of_mesh = [this] { return mScene->items().at(mScene->find(u"a"_s)).mesh; };
+}
+
+void TstGeometryScene::mesh_is_shown_by_its_surface_unless_that_is_damaged_data()
+{
+    QTest::addColumn<QByteArray>("surface");
+    QTest::addColumn<bool>("shown");
+    const Surface surface = tetrahedron();
+    QTest::newRow("whole") << pack_surface(surface) << true;
+    QTest::newRow("cut off") << pack_surface(surface).chopped(1) << false;
+    QTest::newRow("corner that does not exist") << pack_surface({surface.points, {{0, 2, 4}}}) << false;
+}
+
+void TstGeometryScene::mesh_is_shown_by_its_surface_unless_that_is_damaged()
+{
+    QFETCH(const QByteArray, surface);
+    QFETCH(const bool, shown);
+    make_meshed_solid(surface);
     if (!shown) {
         QCoreApplication::processEvents();
         QVERIFY(!shape_of_mesh());
@@ -320,6 +339,25 @@ void TstGeometryScene::mesh_is_shown_by_its_surface_unless_that_is_damaged()
     QTRY_VERIFY(shape_of_mesh());
     QCOMPARE(shape_of_mesh()->corners.size(), std::size_t(12));
     QCOMPARE(shape_of_mesh()->lines.size(), std::size_t(12)); // six edges
+}
+
+void TstGeometryScene::mesh_stays_when_changes_of_other_solids_are_undone()
+{
+    make_meshed_solid(pack_surface(tetrahedron()));
+    QTRY_VERIFY(shape_of_mesh());
+    mModel->brick({1, 1, 1}, {5, 0, 0}, u"b"_s);
+    const GeometryModel::Part before = mModel->part({2, 3});
+    mModel->brick({1, 1, 1}, {9, 0, 0}, u"c"_s);
+    QVERIFY(shape_of_mesh());
+    mModel->restore(before);
+    QVERIFY(mModel->is_mesh_old());
+    QVERIFY(shape_of_mesh());
+
+    const GeometryModel::Part unmoved = mModel->part({1});
+    mModel->move({1}, {1, 0, 0});
+    QVERIFY(!shape_of_mesh());
+    mModel->restore(unmoved);
+    QVERIFY(!shape_of_mesh()); // an older mesh may fit it or not
 }
 
 OSTREL_TEST(TstGeometryScene)
