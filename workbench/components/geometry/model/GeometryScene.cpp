@@ -85,11 +85,19 @@ void GeometryScene::update_mesh()
     const auto mesh = mModel.mesh();
     // Solids that have changed have lost theirs: what is left of the same mesh still fits.
     if (std::exchange(mMesh, mesh) != mesh) {
+        mMeshed.clear();
         for (const auto& [id, entry] : mEntries)
             mScene.set_mesh(entry.item, nullptr);
     }
     // Which solids an older one fits is not known.
-    mMeshWanted = mesh && mesh->revision == mModel.revision();
+    if (mesh && mesh->revision == mModel.revision()) {
+        mMeshed.clear();
+        for (qsizetype i = 0; i < std::min(mesh->solids.size(), mesh->surfaces.size()); ++i) {
+            const auto solid = mModel.find(mesh->solids[i]);
+            if (const auto found = mEntries.find(solid ? solid->id : 0); found != mEntries.end())
+                mMeshed.push_back({found->first, found->second.version, i});
+        }
+    }
     go_on();
 }
 
@@ -166,30 +174,23 @@ std::function<void()> GeometryScene::work_on_solids()
 
 std::function<void()> GeometryScene::work_on_mesh()
 {
-    const auto mesh = std::exchange(mMeshWanted, false) ? mModel.mesh() : nullptr;
-    if (!mesh)
+    if (mMeshed.empty())
         return [] {};
-    return [this, mesh] {
-        std::map<QString, std::shared_ptr<const SceneShape>> surfaces;
-        for (qsizetype i = 0; i < std::min(mesh->solids.size(), mesh->surfaces.size()); ++i) {
+    return [this, mesh = mMesh, meshed = std::exchange(mMeshed, {})] {
+        for (const Meshed& part : meshed) {
+            std::shared_ptr<const SceneShape> surface;
             try {
-                surfaces[mesh->solids[i]] = mesh_shape(unpack_surface(mesh->surfaces[i]));
+                surface = mesh_shape(unpack_surface(mesh->surfaces[part.surface]));
             } catch (const GeometryError&) {
-                // The mesh of this one is not to be seen.
+                continue; // The mesh of this one is not to be seen.
             }
+            const auto take = [this, mesh, part, surface] {
+                const auto found = mEntries.find(part.id);
+                if (mesh == mMesh && found != mEntries.end() && found->second.version == part.version)
+                    mScene.set_mesh(found->second.item, surface);
+            };
+            QMetaObject::invokeMethod(this, take, Qt::QueuedConnection);
         }
-        QMetaObject::invokeMethod(
-            this,
-            [this, mesh, surfaces] {
-                const bool fits = mesh == mModel.mesh() && mesh->revision == mModel.revision();
-                for (const auto& [name, surface] : surfaces) {
-                    // Solids may have got other names meanwhile, which only costs the sight of their mesh.
-                    const auto solid = fits ? mModel.find(name) : std::nullopt;
-                    if (const auto found = mEntries.find(solid ? solid->id : 0); found != mEntries.end())
-                        mScene.set_mesh(found->second.item, surface);
-                }
-            },
-            Qt::QueuedConnection);
     };
 }
 

@@ -14,6 +14,7 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <vector>
 
 namespace fennar {
 class Scene;
@@ -47,7 +48,7 @@ public:
     ~GeometryScene() override;
 
     /** Whether shapes are still to come. */
-    bool is_busy() const { return !mWaiting.empty() || mMeshWanted || mThread; }
+    bool is_busy() const { return !mWaiting.empty() || !mMeshed.empty() || mThread; }
 
 signals:
     /** All shapes that could be made are there. */
@@ -61,6 +62,14 @@ private:
         Shape shape;
         /** Grows with each change of the shape. */
         int version = 0;
+    };
+    /** A solid with the shape that was meshed. */
+    struct Meshed
+    {
+        int id;
+        int version;
+        /** Which of the mesh's surfaces is its. */
+        qsizetype surface;
     };
     void update_solid(int id);
     void update_mesh();
@@ -80,7 +89,8 @@ private:
     std::set<int> mWaiting;
     /** The model's, whose surfaces are in the scene. */
     std::shared_ptr<const Mesh> mMesh;
-    bool mMeshWanted = false;
+    /** Surfaces of it that are still to be made. */
+    std::vector<Meshed> mMeshed;
     /** What the scene has been told. */
     bool mAwaited = false;
     /** Makes shapes; null while it has nothing to do. */

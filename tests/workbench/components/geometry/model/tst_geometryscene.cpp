@@ -43,6 +43,7 @@ private slots:
     void mesh_is_shown_by_its_surface_unless_that_is_damaged_data();
     void mesh_is_shown_by_its_surface_unless_that_is_damaged();
     void mesh_stays_when_changes_of_other_solids_are_undone();
+    void mesh_is_shown_on_solids_that_do_not_change_meanwhile();
 
 private:
     /** A solid "a" with a mesh, in a scene that is seen and does not wait. */
@@ -313,7 +314,6 @@ void TstGeometryScene::make_meshed_solid(const QByteArray& surface)
     mesh->surfaces << surface;
     mesh->revision = mModel->revision();
     mModel->set_mesh(mesh);
-    QTRY_VERIFY(!mScene->is_awaited());
 }
 
 void TstGeometryScene::mesh_is_shown_by_its_surface_unless_that_is_damaged_data()
@@ -331,6 +331,7 @@ void TstGeometryScene::mesh_is_shown_by_its_surface_unless_that_is_damaged()
     QFETCH(const QByteArray, surface);
     QFETCH(const bool, shown);
     make_meshed_solid(surface);
+    QTRY_VERIFY(!mScene->is_awaited());
     if (!shown) {
         QCoreApplication::processEvents();
         QVERIFY(!shape_of_mesh());
@@ -358,6 +359,21 @@ void TstGeometryScene::mesh_stays_when_changes_of_other_solids_are_undone()
     QVERIFY(!shape_of_mesh());
     mModel->restore(unmoved);
     QVERIFY(!shape_of_mesh()); // an older mesh may fit it or not
+}
+
+void TstGeometryScene::mesh_is_shown_on_solids_that_do_not_change_meanwhile()
+{
+    make_meshed_solid(pack_surface(tetrahedron()));
+    mModel->brick({1, 1, 1}, {5, 0, 0}, u"b"_s);
+    QTRY_VERIFY(shape_of_mesh());
+
+    mSolids.reset();
+    mModel = std::make_unique<GeometryModel>();
+    make_meshed_solid(pack_surface(tetrahedron()));
+    mModel->move({1}, {1, 0, 0});
+    QTRY_VERIFY(!mScene->is_awaited());
+    QCoreApplication::processEvents();
+    QVERIFY(!shape_of_mesh());
 }
 
 OSTREL_TEST(TstGeometryScene)
