@@ -46,10 +46,10 @@ QString without_final_newline(const QString& text)
     return text.endsWith(u'\n') ? text.chopped(1) : text;
 }
 
-/** Without what else ends a line for Qt: the beginning of the line behind it would count as the prompt. */
+/** With blanks for what ends a line for Qt: the beginning of the line behind would count as the prompt. */
 QString on_one_line(QString text)
 {
-    for (const char16_t end : {u'\r', u'\u2029', u'\uFDD0', u'\uFDD1'})
+    for (const char16_t end : {u'\n', u'\r', u'\u2029', u'\uFDD0', u'\uFDD1'})
         text.replace(QChar(end), u' ');
     return text;
 }
@@ -630,11 +630,11 @@ void CommandWidget::keep_input_in_command(QInputMethodEvent* input)
     if (index < 0 || hasSelectionOutsideCommand()) {
         bring_caret_home(index);
         // What the input method wanted to replace stands where the caret was.
-        input->setCommitString(input->commitString());
+        input->setCommitString(on_one_line(input->commitString()));
         return;
     }
     const int start = command_start().position();
     const int first = std::max(input->replacementStart(), start - textCursor().selectionStart());
     const int behind = input->replacementStart() + input->replacementLength();
-    input->setCommitString(input->commitString(), first, std::max(behind - first, 0));
+    input->setCommitString(on_one_line(input->commitString()), first, std::max(behind - first, 0));
 }

@@ -162,6 +162,8 @@ private slots:
 
     void composed_text_never_alters_output_or_prompt_data();
     void composed_text_never_alters_output_or_prompt();
+    void composed_lines_stay_in_the_command_data();
+    void composed_lines_stay_in_the_command();
     void composing_begins_in_the_command();
     void ending_a_composition_keeps_a_selection_of_output();
     void an_input_method_event_without_text_leaves_the_caret();
@@ -736,6 +738,27 @@ void TstCommandWidgetKeys::composed_text_never_alters_output_or_prompt()
     // As a dead key or a compose sequence delivers its character.
     QInputMethodEvent event;
     event.setCommitString(u"x"_s);
+    QCoreApplication::sendEvent(&page, &event);
+    QCOMPARE(page.state(), after);
+}
+
+void TstCommandWidgetKeys::composed_lines_stay_in_the_command_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("after");
+    QTest::newRow("from the command") << u"out\n$ com|mand"_s << u"out\n$ comone two|mand"_s;
+    QTest::newRow("from the output") << u"o|ut\n$ command"_s << u"out\n$ commandone two|"_s;
+}
+
+void TstCommandWidgetKeys::composed_lines_stay_in_the_command()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, after);
+    Page page;
+    page.set_state(before);
+    // As dictation or a text expander delivers it.
+    QInputMethodEvent event;
+    event.setCommitString(u"one\ntwo"_s);
     QCoreApplication::sendEvent(&page, &event);
     QCOMPARE(page.state(), after);
 }
