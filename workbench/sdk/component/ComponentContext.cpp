@@ -55,8 +55,9 @@ QByteArray make_mark(const QString& name)
 }
 
 /** Why a command was not added. */
-QString reason(CommandRegistry::AddResult result, const QString& name)
+QString reason(CommandRegistry::AddResult result, const Command& command)
 {
+    const QString& name = command.name;
     switch (result) {
     case CommandRegistry::AddResult::NameTaken:
         return u"there is a command \"%1\" already"_s.arg(name);
@@ -64,6 +65,9 @@ QString reason(CommandRegistry::AddResult result, const QString& name)
         return u"\"%1\" is not a valid command name"_s.arg(name);
     case CommandRegistry::AddResult::NothingToRun:
         return u"the command \"%1\" has no function to run"_s.arg(name);
+    case CommandRegistry::AddResult::BadForms:
+        return u"the command \"%1\" declares what cannot be: %2"_s.arg(name,
+                                                                       declaration_fault(command.forms));
     case CommandRegistry::AddResult::Added:
         break;
     }
@@ -136,7 +140,7 @@ void ComponentContext::add_command(Command command)
     command.owner = mName;
     const CommandRegistry::AddResult result = registry.add(command);
     if (result != CommandRegistry::AddResult::Added)
-        refuse(reason(result, command.name));
+        refuse(reason(result, command));
     const std::weak_ptr<const Command> added = registry.find(command.name);
     on_end([&registry, added, name = command.name] {
         if (const auto found = registry.find(name); found && found == added.lock())

@@ -213,6 +213,10 @@ void TstComponentContext::refused_commands_end_the_load_by_name()
     QCOMPARE(refusal([&] { context.add_command(command(u"1"_s)); }), u"\"1\" is not a valid command name"_s);
     QCOMPARE(refusal([&] { context.add_command({.name = u"sample-idle"_s}); }),
              u"the command \"sample-idle\" has no function to run"_s);
+    Command unwritable = command(u"sample-idle"_s);
+    unwritable.forms.clear();
+    QCOMPARE(refusal([&] { context.add_command(unwritable); }),
+             u"the command \"sample-idle\" declares what cannot be: there is no way to write it"_s);
 }
 
 void TstComponentContext::command_of_another_in_the_place_of_a_removed_one_stays()

@@ -16,6 +16,8 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <stdexcept>
+#include <string>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -349,7 +351,8 @@ CommandArguments::Place CommandArguments::place(QLatin1StringView key) const
         if (find(form))
             return {-1, -1};
     }
-    qFatal("A command asks for an argument that it has not declared: %s", key.data());
+    throw std::logic_error("the command asks for an argument that it has not declared: " +
+                           std::string(key.data(), std::size_t(key.size())));
 }
 
 QList<CommandArguments::Value> CommandArguments::values(QLatin1StringView key) const

@@ -22,7 +22,8 @@ class CommandEntities;
  *
  * A value is found by the keyword of its clause, or in a clause without one by the name of the parameter:
  * number("RADIUS"), number("at", 2). A value that is left out is the declared default, if there is one.
- * Asking for a name that is not declared ends the program: it is an error in the command.
+ * Asking for a name that is not declared throws a std::logic_error: it is a fault of the command, which
+ * fails.
  */
 class FENNAR_CORE_EXPORT CommandArguments
 {

@@ -8,6 +8,7 @@
 #include "workbench/sdk/core/commands/tokenize.h"
 
 #include <QLocale>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <cmath>
@@ -86,6 +87,29 @@ QStringList values_of(const CommandParameter& parameter, const QStringList& word
     return one && !values.isEmpty() ? QStringList(values.join(u' ')) : values;
 }
 
+bool is_one_word(const QString& text)
+{
+    const CommandWords words = tokenize(text);
+    return words.words.size() == 1 && words.words.first().text == text;
+}
+
+/** What is wrong with a value in itself, as the end of a sentence; empty if nothing is. */
+QString fault_of(const CommandParameter& parameter)
+{
+    static const QRegularExpression name(u"\\A[A-Z0-9_]+\\z"_s);
+    if (!name.match(parameter.name).hasMatch())
+        return u"is not named by capital letters, digits and \"_\""_s;
+    if (parameter.kind == Kind::Choice && parameter.choices.isEmpty())
+        return u"has no choices"_s;
+    if (parameter.kind == Kind::Entity && parameter.entity.isEmpty() && parameter.choices.isEmpty())
+        return u"has no kind of entities"_s;
+    if (parameter.is_number() && !(parameter.least <= parameter.most))
+        return u"has a least number that is not below the greatest"_s;
+    if (parameter.at_least < 0)
+        return u"wants fewer than no values"_s;
+    return {};
+}
+
 } // namespace
 
 CommandMessage number_range(const CommandParameter& parameter, const QString& found)
@@ -112,6 +136,33 @@ CommandMessage number_range(const CommandParameter& parameter, const QString& fo
                 {most}};
     return whole ? QT_TRANSLATE_NOOP("CommandError", "a whole number")
                  : QT_TRANSLATE_NOOP("CommandError", "a number");
+}
+
+QString declaration_fault(const QList<CommandSyntax>& forms)
+{
+    if (forms.isEmpty())
+        return u"there is no way to write it"_s;
+    for (const CommandSyntax& form : forms) {
+        QStringList keys;
+        for (const CommandClause& clause : form.clauses) {
+            if (!clause.keyword.isEmpty() && !is_one_word(clause.keyword))
+                return u"the keyword \"%1\" is not one plain word"_s.arg(clause.keyword);
+            if (clause.keyword.isEmpty() && clause.parameters.isEmpty())
+                return u"a clause has neither a keyword nor a value"_s;
+            if (!clause.keyword.isEmpty())
+                keys << clause.keyword;
+            for (const CommandParameter& parameter : clause.parameters) {
+                const QString fault = fault_of(parameter);
+                if (!fault.isEmpty())
+                    return u"the value \"%1\" %2"_s.arg(parameter.name, fault);
+                if (clause.keyword.isEmpty())
+                    keys << parameter.name;
+            }
+        }
+        if (keys.removeDuplicates() > 0)
+            return u"two of its keywords or values have the same name"_s;
+    }
+    return {};
 }
 
 QString command_usage(const QString& name, const QList<CommandSyntax>& forms)

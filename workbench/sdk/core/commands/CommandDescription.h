@@ -166,6 +166,12 @@ inline CommandClause optional_value(const CommandParameter& parameter)
 }
 
 /**
+ * What no line could ever fit in the declaration of a command, or nobody could ask for, as "the value COUNT
+ * has no choices". Empty if nothing is wrong.
+ */
+FENNAR_CORE_EXPORT QString declaration_fault(const QList<CommandSyntax>& forms);
+
+/**
  * How the command is written, as "play FILE [LINE]": brackets around what may be left out, "..." behind what
  * may be repeated, " | " between the ways to write it.
  */

@@ -58,8 +58,10 @@ CommandRegistry::AddResult CommandRegistry::add(const Command& command)
 {
     if (!is_name(command.name))
         return AddResult::BadName;
-    if (!command.perform || command.forms.isEmpty())
+    if (!command.perform)
         return AddResult::NothingToRun;
+    if (!declaration_fault(command.forms).isEmpty())
+        return AddResult::BadForms;
     if (mCommands.contains(command.name))
         return AddResult::NameTaken;
     mCommands.insert(command.name, std::make_shared<Command>(command));

@@ -82,8 +82,10 @@ public:
         NameTaken,
         /** The name is no command name. */
         BadName,
-        /** The command has no function to run, or no form. */
+        /** The command has no function to run. */
         NothingToRun,
+        /** What it declares cannot be, see declaration_fault(). */
+        BadForms,
     };
 
     /** Whether @p text could be the name of a command. */

@@ -9,15 +9,11 @@
 #include "workbench/sdk/core/commands/check_journal.h"
 #include "workbench/sdk/core/commands/complete_command.h"
 
-#include <QCoreApplication>
-#include <QProcess>
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QTest>
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <functional>
 #include <memory>
 #include <stdexcept>
@@ -69,25 +65,6 @@ QList<CommandSyntax> forms()
                       .parameters = {{.name = u"FILE"_s, .kind = Kind::InputFile, .what = u"a file"_s}}},
                      required_value({.name = u"TEXT"_s, .kind = Kind::Words})}},
     };
-}
-
-constexpr auto undeclared = "ASK_FOR_WHAT_IS_NOT_DECLARED";
-/** How the process ends then; not by a signal, which would leave its memory on the disk. */
-constexpr int ended = 7;
-
-/** In place of the test, in a process of its own. */
-int ask_for_what_is_not_declared()
-{
-    if (!qEnvironmentVariableIsSet(undeclared))
-        return -1;
-    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
-        std::fputs(qPrintable(text), stderr);
-        if (type == QtFatalMsg)
-            std::_Exit(ended);
-    });
-    const QList<CommandSyntax> way{{.clauses = {required_value({.name = u"SIZE"_s})}}};
-    CommandArguments(tokenize(u"make 1"_s), way, nullptr).text("SIZES"_L1);
-    return 0;
 }
 
 } // namespace
@@ -310,7 +287,7 @@ void TstCommandArguments::command_needs_a_form_to_be_performed()
 {
     const auto nothing = [](CommandCall&, const CommandArguments&) {};
     QCOMPARE(mSession->registry.add({.name = u"a"_s, .perform = nothing, .forms = {}}),
-             CommandRegistry::AddResult::NothingToRun);
+             CommandRegistry::AddResult::BadForms);
     QCOMPARE(mSession->registry.add({.name = u"a"_s, .perform = nothing}), CommandRegistry::AddResult::Added);
 }
 
@@ -596,16 +573,14 @@ void TstCommandArguments::values_that_do_not_go_together_are_told_everywhere()
 
 void TstCommandArguments::what_is_not_declared_cannot_be_asked_for()
 {
-    QProcess child;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QString::fromLatin1(undeclared), u"1"_s);
-    child.setProcessEnvironment(environment);
-    child.start(QCoreApplication::applicationFilePath(), {running_test()});
-    QVERIFY(child.waitForFinished());
-    QCOMPARE(child.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(child.exitCode(), ended);
-    QVERIFY(child.readAllStandardError().contains("argument that it has not declared: SIZES"));
+    mSession->registry.add(
+        {.name = u"slip"_s,
+         .perform = [](CommandCall&, const CommandArguments& arguments) { arguments.text("SIZES"_L1); },
+         .forms = {{.clauses = {required_value({.name = u"SIZE"_s})}}}});
+    const CommandInterpreter::Outcome outcome = mSession->interpreter.call(u"slip 1"_s);
+    QVERIFY(outcome.failure);
+    QCOMPARE(outcome.failure->message, u"the command asks for an argument that it has not declared: SIZES"_s);
 }
 
-OSTREL_TEST(TstCommandArguments, ask_for_what_is_not_declared)
+OSTREL_TEST(TstCommandArguments)
 #include "tst_commandarguments.moc"

@@ -66,6 +66,8 @@ private slots:
     void entities_go_with_their_owner();
     void selection_is_shared_out_to_the_values();
     void selection_goes_with_its_kind();
+    void declaration_that_cannot_be_is_told_data();
+    void declaration_that_cannot_be_is_told();
     void commands_and_variables_are_entities();
 };
 
@@ -380,6 +382,56 @@ void TstCommandDescription::selection_goes_with_its_kind()
     QCOMPARE(entities.selected(u"solid"_s), QStringList(u"a"_s));
     entities.withdraw(u"test"_s);
     QCOMPARE(entities.selected(u"solid"_s), QStringList());
+}
+
+void TstCommandDescription::declaration_that_cannot_be_is_told_data()
+{
+    QTest::addColumn<QList<CommandClause>>("clauses");
+    QTest::addColumn<QString>("fault");
+    const auto values = [](const QList<CommandParameter>& parameters) {
+        return QList<CommandClause>{{.parameters = parameters}};
+    };
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    QTest::newRow("nothing at all") << QList<CommandClause>{} << QString();
+    QTest::newRow("one number only") << values(
+                                            {{.name = u"A"_s, .kind = Kind::Number, .least = 2, .most = 2}})
+                                     << QString();
+    QTest::newRow("empty range") << values({{.name = u"A"_s, .kind = Kind::Number, .least = 5, .most = 1}})
+                                 << u"the value \"A\" has a least number that is not below the greatest"_s;
+    QTest::newRow("limit that is no number")
+        << values({{.name = u"A"_s, .kind = Kind::WholeNumber, .least = none}})
+        << u"the value \"A\" has a least number that is not below the greatest"_s;
+    QTest::newRow("no choices") << values({choice({})}) << u"the value \"IGNORED\" has no choices"_s;
+    QTest::newRow("no kind of entities")
+        << values({entity(u"A"_s, 1)}) << u"the value \"A\" has no kind of entities"_s;
+    QTest::newRow("fewer than none") << values({{.name = u"A"_s, .repeated = true, .at_least = -2}})
+                                     << u"the value \"A\" wants fewer than no values"_s;
+    const QString bad_name = u"the value \"%1\" is not named by capital letters, digits and \"_\""_s;
+    QTest::newRow("no name") << values({{}}) << bad_name.arg(QString());
+    QTest::newRow("name of two words") << values({{.name = u"A B"_s}}) << bad_name.arg(u"A B"_s);
+    QTest::newRow("keyword of two words")
+        << QList<CommandClause>{{.keyword = u"a b"_s}} << u"the keyword \"a b\" is not one plain word"_s;
+    QTest::newRow("neither keyword nor value")
+        << QList<CommandClause>{{}} << u"a clause has neither a keyword nor a value"_s;
+    const QString twice = u"two of its keywords or values have the same name"_s;
+    QTest::newRow("value twice") << values({{.name = u"A"_s}, {.name = u"A"_s}}) << twice;
+    QTest::newRow("keyword twice") << QList<CommandClause>{{.keyword = u"a"_s}, {.keyword = u"a"_s}} << twice;
+    QTest::newRow("values of keywords")
+        << QList<CommandClause>{{.keyword = u"a"_s, .parameters = {{.name = u"X"_s}}},
+                                {.keyword = u"b"_s, .parameters = {{.name = u"X"_s}}}}
+        << QString();
+}
+
+void TstCommandDescription::declaration_that_cannot_be_is_told()
+{
+    QFETCH(const QList<CommandClause>, clauses);
+    QFETCH(const QString, fault);
+    const QList<CommandSyntax> forms{CommandSyntax{.clauses = clauses}};
+    QCOMPARE(declaration_fault(forms), fault);
+    CommandRegistry registry;
+    const Command command{
+        .name = u"make"_s, .perform = [](CommandCall&, const CommandArguments&) {}, .forms = forms};
+    QCOMPARE(registry.add(command) == CommandRegistry::AddResult::Added, fault.isEmpty());
 }
 
 OSTREL_TEST(TstCommandDescription)
