@@ -20,10 +20,29 @@
 #include <cstring>
 #include <optional>
 
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
 using namespace fennar;
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/** Takes the places of standard streams that were closed when the program was started. The files that it
+ * opens first would get them, and what is printed would go there. */
+void hold_closed_streams()
+{
+#ifdef Q_OS_UNIX
+    int descriptor = 0;
+    do {
+        descriptor = open("/dev/null", O_RDONLY); // whoever prints is told that it cannot be
+    } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
+    if (descriptor >= 0)
+        close(descriptor);
+#endif
+}
 
 /** Whether the arguments are wrong for sure. Those that Qt takes out are known to it alone, so with one of
  * them nothing is sure before there is an application. */
@@ -115,6 +134,7 @@ std::unique_ptr<QCoreApplication> make_application(int& argc, char** argv, bool 
 
 int main(int argc, char** argv)
 {
+    hold_closed_streams();
     const bool display = has_display(argc, argv);
     const bool windows = display && !works_without_display(argc, argv);
     const std::unique_ptr<QCoreApplication> application = make_application(argc, argv, windows);
@@ -132,7 +152,6 @@ int main(int argc, char** argv)
         std::puts("fennar " OSTREL_VERSION);
         return 0;
     }
-
     if (!display && !command_line.batch_mode()) {
         std::fputs("fennar: there is no display; without one there is --batch --play FILE\n", stderr);
         return 1;

@@ -77,6 +77,7 @@ private slots:
     void signal_ends_the_program_and_leaves_no_temporary_files();
     void ignored_signal_stays_ignored();
     void output_that_cannot_be_written_fails_the_batch_run();
+    void no_file_takes_the_place_of_a_closed_stream();
     void quit_ends_a_batch_run_without_a_word_data();
     void quit_ends_a_batch_run_without_a_word();
     void quit_hides_no_failure_behind_it_data();
@@ -298,6 +299,24 @@ void TstFennar::output_that_cannot_be_written_fails_the_batch_run()
             u"/bin/sh"_s);
     QCOMPARE(full.code, 1);
     QCOMPARE(full.errors, u"ERROR: the output could not be written\n"_s);
+}
+
+void TstFennar::no_file_takes_the_place_of_a_closed_stream()
+{
+    const QString journal =
+        write(u"closed.jou"_s, "#!python\n"
+                               "import os\n"
+                               "with open('streams', 'w') as streams:\n"
+                               "    for stream in range(3):\n"
+                               "        streams.write(os.readlink(f'/proc/self/fd/{stream}') + ' ')\n"
+                               "print('one')\n");
+    const Run closed =
+        run({u"-c"_s, u"exec \"$0\" --batch --play \"$1\" <&- >&- 2>&-"_s, QStringLiteral(FENNAR), journal},
+            {}, u"/bin/sh"_s, mDirectory->path());
+    QCOMPARE(closed.code, 1);
+    QFile streams(mDirectory->filePath(u"streams"_s));
+    QVERIFY(streams.open(QIODevice::ReadOnly));
+    QCOMPARE(streams.readAll(), "/dev/null /dev/null /dev/null ");
 }
 
 void TstFennar::quit_ends_a_batch_run_without_a_word_data()

@@ -286,6 +286,26 @@ class Module(unittest.TestCase):
                 assert file.read() == picture.png == fennar.view(part, size=(64, 48)).png
             """, "<picture of 64 x 48 pixels>\n")
 
+    def test_a_picture_that_cannot_be_saved_leaves_the_file_as_it_was(self):
+        self.check("""
+            import fennar, os, resource, signal
+            picture = fennar.view()
+            with open("old.png", "wb") as file:
+                file.write(b"old")
+            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+            resource.setrlimit(resource.RLIMIT_FSIZE, (64, resource.RLIM_INFINITY))
+            for path in ("old.png", "new.png", "none/new.png", "/dev/full"):
+                try:
+                    picture.save(path)
+                except OSError as error:
+                    assert f"'{path}' cannot be written: " in str(error), error
+                else:
+                    print("saved", path)
+            with open("old.png", "rb") as file:
+                assert file.read() == b"old"
+            print(os.path.exists("new.png"))
+            """, "False\n")
+
     def test_a_view_shows_what_is_asked_for_as_it_is_now(self):
         self.check("""
             import fennar

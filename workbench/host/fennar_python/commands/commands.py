@@ -19,6 +19,7 @@ entity_properties(kind)             these, as dictionaries
 entity_name(kind, key)              the entity's name; empty if it is gone
 entity_value(kind, key, property, arguments)
 draw(names, mesh, width, height)    a picture as the bytes of a PNG file
+write_file(path, content)           makes the bytes the content of a file, all or nothing; why it failed, or an empty text
 python_source(file)                 another text that lies beside this one
 """
 

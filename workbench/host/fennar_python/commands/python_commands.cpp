@@ -6,10 +6,14 @@
 #include "workbench/host/fennar_python/python_tools.h"
 #include "workbench/sdk/core/commands/CommandRegistry.h"
 #include "workbench/sdk/core/commands/tokenize.h"
+#include "workbench/sdk/core/files/write_whole_file.h"
+
+#include <QFile>
 
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace py = pybind11;
 using namespace py::literals;
@@ -162,6 +166,12 @@ struct NumberBuffer
     }
 };
 
+QByteArray to_bytes(const py::bytes& bytes)
+{
+    const std::string_view view(bytes);
+    return {view.data(), qsizetype(view.size())};
+}
+
 /** The functions that commands.py is given. Its dictionary owns them, the module fennar that one. */
 class Access : public std::enable_shared_from_this<Access>
 {
@@ -201,6 +211,9 @@ public:
             });
         names["draw"] = py::cpp_function([self](const py::list& shown, int mesh, int width, int height) {
             return self->draw({texts(shown), PythonPicture::Mesh(mesh), {width, height}});
+        });
+        names["write_file"] = py::cpp_function([](const py::bytes& path, const py::bytes& content) {
+            return to_python(write_whole_file(QFile::decodeName(to_bytes(path)), {to_bytes(content)}));
         });
         names["entity_kinds"] = py::cpp_function([self] {
             const CommandEntities& entities = self->registry().entities();

@@ -23,9 +23,10 @@ class Picture:
         self.size = size
 
     def save(self, path):
-        """Writes the PNG file."""
-        with open(path, "wb") as file:
-            file.write(self.png)
+        """Writes the PNG file. If that fails with an OSError, a file of that name stays as it was."""
+        fault = write_file(os.fsencode(path), self.png)
+        if fault:
+            raise OSError(f"{os.fsdecode(path)!r} cannot be written: {fault}")
 
     def _repr_png_(self):
         return self.png
