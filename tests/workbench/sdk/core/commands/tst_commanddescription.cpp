@@ -398,7 +398,7 @@ void TstCommandDescription::declaration_that_cannot_be_is_told_data()
                                      << QString();
     QTest::newRow("empty range") << values({{.name = u"A"_s, .kind = Kind::Number, .least = 5, .most = 1}})
                                  << u"the value \"A\" has a least number that is not below the greatest"_s;
-    QTest::newRow("limit that is no number")
+    QTest::newRow("limit that is not a number")
         << values({{.name = u"A"_s, .kind = Kind::WholeNumber, .least = none}})
         << u"the value \"A\" has a least number that is not below the greatest"_s;
     QTest::newRow("no choices") << values({choice({})}) << u"the value \"IGNORED\" has no choices"_s;
